@@ -1,0 +1,56 @@
+# How the targets of this project are made.
+
+# Compiler settings that every target of ours shares.
+add_library(tessaria_settings INTERFACE)
+target_compile_features(tessaria_settings INTERFACE cxx_std_20)
+if(MSVC)
+  target_compile_options(tessaria_settings INTERFACE /W4 /WX /utf-8)
+else()
+  target_compile_options(tessaria_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow=local -Werror)
+endif()
+
+set(TESSARIA_CORE_FOLDERS "" CACHE INTERNAL "")
+
+# tessaria_core_folder(NAME source...): one folder of the core, as objects.
+function(tessaria_core_folder name)
+  add_library(tessaria_${name} OBJECT ${ARGN})
+  set_target_properties(tessaria_${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  target_include_directories(tessaria_${name} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>)
+  target_link_libraries(tessaria_${name} PRIVATE tessaria_settings)
+  set(TESSARIA_CORE_FOLDERS ${TESSARIA_CORE_FOLDERS} ${name} CACHE INTERNAL "")
+endfunction()
+
+# The shared core library, of all folders. Shared, because its per-thread state must exist once.
+function(tessaria_add_core_library)
+  set(objects)
+  foreach(folder ${TESSARIA_CORE_FOLDERS})
+    list(APPEND objects $<TARGET_OBJECTS:tessaria_${folder}>)
+  endforeach()
+  add_library(TessariaCore SHARED ${objects})
+  add_library(Tessaria::Core ALIAS TessariaCore)
+  tessaria_shared_library(TessariaCore)
+  target_include_directories(TessariaCore PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tessaria>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tessaria/include>)
+endfunction()
+
+# What all shared libraries of the project have in common.
+function(tessaria_shared_library target)
+  string(REPLACE "Tessaria" "" export_name ${target})
+  set_target_properties(${target} PROPERTIES
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+    WINDOWS_EXPORT_ALL_SYMBOLS ON EXPORT_NAME ${export_name})
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:tessaria_settings>)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+endfunction()
+
+# tessaria_test(NAME SOURCES source... LIBRARIES library...): one test program.
+function(tessaria_test name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;ENVIRONMENT" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE tessaria_settings ${arg_LIBRARIES} GTest::gtest GTest::gmock)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT "${arg_ENVIRONMENT}")
+endfunction()

@@ -1,0 +1,74 @@
+// Run-time errors by number, and the error object of the thread.
+#pragma once
+
+#include <exception>
+#include <string>
+
+#include "tessaria/string.h"
+
+namespace tessaria {
+
+/// The run-time error numbers that the library raises itself.
+namespace errors {
+inline constexpr Long InvalidArgument = 5;
+inline constexpr Long Overflow = 6;
+inline constexpr Long SubscriptOutOfRange = 9;
+inline constexpr Long DivisionByZero = 11;
+inline constexpr Long TypeMismatch = 13;
+inline constexpr Long FileNotFound = 53;
+inline constexpr Long DeviceUnavailable = 68;
+inline constexpr Long DiskNotReady = 71;
+inline constexpr Long PathNotFound = 76;
+inline constexpr Long ObjectNotSet = 91;
+inline constexpr Long InvalidUseOfNull = 94;
+inline constexpr Long InvalidPropertyValue = 380;
+inline constexpr Long PropertyIsReadOnly = 383;
+inline constexpr Long PropertyIsWriteOnly = 394;
+inline constexpr Long ObjectRequired = 424;
+inline constexpr Long NoSuchMember = 438;
+inline constexpr Long DuplicateKey = 457;
+inline constexpr Long ControlNotFound = 730;
+inline constexpr Long ItemNotFound = 3265;       ///< data layer: no item of that name or ordinal
+inline constexpr Long NoCurrentRecord = 3021;    ///< data layer: BOF or EOF, or the row is deleted
+inline constexpr Long InvalidConnection = 3709;  ///< data layer: closed or no connection
+inline constexpr Long ObjectClosed = 3704;       ///< data layer: the record set is closed
+inline constexpr Long NotUpdatable = 3251;       ///< data layer: the record set cannot be written
+inline constexpr Long RowChanged = -2147217864;  ///< data layer: another user changed the row
+inline constexpr Long ProviderError = -2147467259;  ///< data layer: the driver's own text tells
+}  // namespace errors
+
+/// The system's Portuguese description of a run-time error number.
+/// A number without a text of its own gives "Erro definido pelo aplicativo ou pelo objeto".
+String ErrorDescription(Long number);
+
+/// A run-time error: the number that callers test, the text that the operator reads.
+class HostError : public std::exception {
+ public:
+  /// The error with the system's own description of that number.
+  explicit HostError(Long number);
+  HostError(Long number, String description);
+
+  Long Number() const noexcept { return number_; }
+  const String& Description() const noexcept { return description_; }
+  /// The description in UTF-8.
+  const char* what() const noexcept override { return utf8_.c_str(); }
+
+ private:
+  Long number_;
+  String description_;
+  std::string utf8_;
+};
+
+/// The pending error of a thread: what a trap caught last and has not finished with.
+struct ErrObject {
+  Long Number = 0;
+  String Description;
+
+  void Set(const HostError& error);
+  void Clear();
+};
+
+/// The error object of this thread.
+ErrObject& Err();
+
+}  // namespace tessaria

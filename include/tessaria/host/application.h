@@ -1,0 +1,54 @@
+// What the library asks of the program that hosts it.
+#pragma once
+
+#include <memory>
+
+#include "tessaria/variant.h"
+
+namespace tessaria::host {
+
+/// A picture that a host loaded and its own widgets can show. Opaque to the core.
+class Picture : public Object {};
+
+/// Styles of a message box, added up.
+namespace box {
+inline constexpr Long Ok = 0;
+inline constexpr Long YesNo = 4;
+inline constexpr Long Stop = 16;
+inline constexpr Long Question = 32;
+inline constexpr Long Exclamation = 48;
+}  // namespace box
+
+/// Answers of a message box.
+namespace answer {
+inline constexpr Long Ok = 1;
+inline constexpr Long Yes = 6;
+inline constexpr Long No = 7;
+}  // namespace answer
+
+/// The services of the hosting program. Owned by the host; one per thread (`State().application`).
+class Application {
+ public:
+  Application() = default;
+  Application(const Application&) = delete;
+  Application& operator=(const Application&) = delete;
+  virtual ~Application() = default;
+
+  /// The folder of the hosting program, without a separator at its end.
+  virtual String Path() const = 0;
+  /// The character between the parts of a path on this system.
+  virtual char16_t PathSeparator() const = 0;
+  virtual bool FileExists(const String& path) const = 0;
+  /// Loads a picture file. Errors: 53 when it is missing, 481 when it is no picture.
+  virtual std::shared_ptr<Picture> LoadPicture(const String& path) = 0;
+
+  virtual void Beep() = 0;
+  /// Serves the events that wait, once.
+  virtual void DoEvents() = 0;
+  /// Shows a modal box and waits for its answer.
+  /// `owner` is a window handle as `ControlSite::hWnd` gives it, 0 for none; `style` adds up
+  /// values of `box`. Answers 6 for yes, 7 for no, 1 otherwise. Closing a yes/no box is a no.
+  virtual Long ShowMessageBox(Long owner, const String& text, Long style, const String& title) = 0;
+};
+
+}  // namespace tessaria::host

@@ -1,0 +1,175 @@
+// Database access: connection, record set, fields.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "tessaria/variant.h"
+
+namespace tessaria::host {
+
+/// Data types of fields, by the data layer's numbers.
+namespace type {
+inline constexpr Long SmallInt = 2;
+inline constexpr Long Integer = 3;
+inline constexpr Long Single = 4;
+inline constexpr Long Double = 5;
+inline constexpr Long Currency = 6;
+inline constexpr Long Date = 7;
+inline constexpr Long Boolean = 11;
+inline constexpr Long Decimal = 14;
+inline constexpr Long TinyInt = 16;
+inline constexpr Long Binary = 128;
+inline constexpr Long Char = 129;
+inline constexpr Long WChar = 130;
+inline constexpr Long Numeric = 131;
+inline constexpr Long DBDate = 133;
+inline constexpr Long DBTime = 134;
+inline constexpr Long DBTimeStamp = 135;
+inline constexpr Long VarChar = 200;
+inline constexpr Long VarWChar = 202;
+}  // namespace type
+
+/// Bits of `Field::Attributes`.
+namespace attribute {
+inline constexpr Long IsNullable = 0x20;  ///< the field accepts Null
+inline constexpr Long MayBeNull = 0x40;   ///< the field may read as Null
+inline constexpr Long Updatable = 0x04;   ///< the field can be written
+}  // namespace attribute
+
+/// `State` of connections and record sets.
+namespace state {
+inline constexpr Long Closed = 0;
+inline constexpr Long Open = 1;
+}  // namespace state
+
+enum class CursorType : Long { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
+enum class LockType : Long { ReadOnly = 1, Pessimistic = 2, Optimistic = 3, BatchOptimistic = 4 };
+/// What the pending edit of a record set is.
+enum class EditMode : Long { None = 0, InProgress = 1, Add = 2, Delete = 4 };
+enum class Affect : Long { Current = 1 };
+
+/// One column of a record set, seen at its current row. Never outlives its record set: when
+/// that is closed, every member raises 3704.
+class Field : public Object {
+ public:
+  virtual String Name() const = 0;
+  /// One of the numbers of `type`.
+  virtual Long Type() const = 0;
+  /// Bits of `attribute`.
+  virtual Long Attributes() const = 0;
+  /// Size in characters (text) or bytes. Bounded texts only; 0 when unknown.
+  virtual Long DefinedSize() const = 0;
+  /// Digits in all, for numbers; 0 when unknown.
+  virtual Long Precision() const = 0;
+  /// Digits behind the decimal mark, for numbers.
+  virtual Long NumericScale() const = 0;
+  /// The value in the current row, the pending edit included. Error 3021 at BOF or EOF.
+  virtual Variant Value() const = 0;
+  /// Starts or continues the edit of the current row. A value equal to the present one is no
+  /// edit. Errors: 3021 no row, 3251 not updatable, 13 or -2147217887 a value that the type
+  /// refuses; the row keeps what it had.
+  virtual void Value(const Variant& value) = 0;
+};
+
+using FieldPtr = std::shared_ptr<Field>;
+
+/// The columns of a record set.
+class Fields {
+ public:
+  Fields() = default;
+  Fields(const Fields&) = delete;
+  Fields& operator=(const Fields&) = delete;
+  virtual ~Fields() = default;
+
+  virtual Long Count() const = 0;
+  /// By ordinal, from 0. Error 3265 outside the columns.
+  virtual FieldPtr Item(Long ordinal) const = 0;
+  /// By name, without regard to case. Error 3265 when there is none.
+  virtual FieldPtr Item(const String& name) const = 0;
+};
+
+class Connection;
+
+/// The rows of a statement: static, scrollable, held by the client.
+/// Moving off an edited row writes the edit first; when that is refused the record set stays
+/// on the row with the edit intact and the error is raised.
+class Recordset : public Object {
+ public:
+  /// 0 closed, 1 open (`state`).
+  virtual Long State() const = 0;
+  virtual bool Bof() const = 0;
+  virtual bool Eof() const = 0;
+  virtual host::Fields& Fields() = 0;
+  /// Rows in all. Reads to the end.
+  virtual Long RecordCount() = 0;
+  /// Row number from 1; -1 at BOF (or no rows), -3 at EOF.
+  virtual Long AbsolutePosition() const = 0;
+
+  virtual void MoveFirst() = 0;
+  virtual void MoveLast() = 0;
+  /// Errors of both: 3021 when already behind the end.
+  virtual void MoveNext() = 0;
+  virtual void MovePrevious() = 0;
+  /// To a row number from 1. Error 3021 outside the rows.
+  virtual void AbsolutePosition(Long row) = 0;
+  /// Seeks forward from the current row, which is looked at too, for "field op value"
+  /// (=, <>, <, >, <=, >=, like with * or % at either end). EOF when nothing matches.
+  /// Error 3001 for a criterion that it cannot read.
+  virtual void Find(const String& criteria) = 0;
+  /// Orders the rows: field names, each with " ASC" or " DESC", comma separated; "" restores
+  /// the statement's order. Stands on the first row afterwards. Error 3265 unknown field.
+  virtual void Sort(const String& order) = 0;
+  virtual String Sort() const = 0;
+
+  virtual host::EditMode EditMode() const = 0;
+  /// Starts a new row; its fields read as Null until assigned.
+  virtual void AddNew() = 0;
+  /// Writes the pending edit. Errors: -2147217864 when another user changed or deleted the
+  /// row since it was read (nothing is overwritten), the driver's own for the rest. The edit
+  /// stays pending after an error.
+  virtual void Update() = 0;
+  /// Drops the pending edit; a new row goes away.
+  virtual void CancelUpdate() = 0;
+  /// Deletes the current row in the database. Error -2147217864 as for Update.
+  virtual void Delete() = 0;
+  /// Runs the statement again; stands on the first row. A pending edit is an error (3219).
+  virtual void Requery() = 0;
+  /// Closes the rows. A pending edit is dropped.
+  virtual void Close() = 0;
+
+  /// The statement or table that the rows came from.
+  virtual String Source() const = 0;
+};
+
+using RecordsetPtr = std::shared_ptr<Recordset>;
+
+/// A database connection. Shared with the record sets that it opened.
+class Connection : public Object {
+ public:
+  virtual Long State() const = 0;
+  virtual String ConnectionString() const = 0;
+  virtual void ConnectionString(const String& text) = 0;
+  /// Opens with `ConnectionString`. Errors carry the driver's own text.
+  virtual void Open() = 0;
+  virtual void Close() = 0;
+
+  /// A provider property by name: "DBMS Name", "DBMS Version". Error 3265 for others,
+  /// 3709 when the connection is closed.
+  virtual Variant Properties(const String& name) const = 0;
+  /// Runs one statement. Rows come back as a read-only record set; a statement without rows
+  /// gives a closed one. A text that holds a second statement is refused.
+  virtual RecordsetPtr Execute(const String& statement) = 0;
+  /// Opens rows of one statement. `Optimistic` makes them writable when they come from one
+  /// table and hold its key. `options` -1 leaves open whether the text is a statement.
+  virtual RecordsetPtr OpenRecordset(const String& source, CursorType cursor, LockType lock,
+                                     Long options = -1) = 0;
+
+  virtual void BeginTrans() = 0;
+  virtual void CommitTrans() = 0;
+  virtual void RollbackTrans() = 0;
+};
+
+using ConnectionPtr = std::shared_ptr<Connection>;
+
+}  // namespace tessaria::host

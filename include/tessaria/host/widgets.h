@@ -1,0 +1,123 @@
+// The two widgets that one control is made of.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "tessaria/host/application.h"
+#include "tessaria/variant.h"
+
+namespace tessaria::host {
+
+/// A font. Size in points.
+struct Font : Object {
+  String Name;
+  double Size = 8.25;
+  bool Bold = false;
+  bool Italic = false;
+  bool Underline = false;
+  bool Strikethrough = false;
+  bool operator==(const Font& other) const {
+    return Name == other.Name && Size == other.Size && Bold == other.Bold &&
+           Italic == other.Italic && Underline == other.Underline &&
+           Strikethrough == other.Strikethrough;
+  }
+};
+
+/// System colours by index.
+namespace colour {
+inline constexpr Colour WindowBackground = 0x80000005;
+inline constexpr Colour MenuText = 0x80000007;
+inline constexpr Colour WindowText = 0x80000008;
+inline constexpr Colour ButtonFace = 0x8000000F;
+inline constexpr Colour GrayText = 0x80000011;
+inline constexpr Colour Blue = 0xFF0000;
+inline constexpr Colour White = 0xFFFFFF;
+inline constexpr Colour Green = 32768;
+}  // namespace colour
+
+enum class Alignment : Integer { Left = 0, Right = 1 };
+
+/// A single-line text box. Owned by the host; lives as long as the control that uses it.
+///
+/// Contract: assigning `Text` puts the caret at 0, clears the selection, cuts the text to
+/// `MaxLength` (0 is no limit) and raises `OnChange` once, only when the text differs.
+/// Changing `MaxLength` leaves the present text alone. `SelStart` (from 0) and `SelLength`
+/// clamp to the text; setting `SelStart` empties the selection. Gaining the focus selects
+/// nothing. A key that the handlers leave alone replaces the selection and respects
+/// `MaxLength`. The order of a key is key-down, key-press, change, key-up.
+class TextBox {
+ public:
+  TextBox() = default;
+  TextBox(const TextBox&) = delete;
+  TextBox& operator=(const TextBox&) = delete;
+  virtual ~TextBox() = default;
+
+  virtual String Text() const = 0;
+  virtual void Text(const String& text) = 0;
+  virtual Long SelStart() const = 0;
+  virtual void SelStart(Long position) = 0;
+  virtual Long SelLength() const = 0;
+  virtual void SelLength(Long length) = 0;
+  virtual String SelText() const = 0;
+  /// Replaces the selection and leaves the caret behind the new text.
+  virtual void SelText(const String& text) = 0;
+  virtual Long MaxLength() const = 0;
+  virtual void MaxLength(Long characters) = 0;
+  /// Only the first character counts; "" shows the text itself.
+  virtual String PasswordChar() const = 0;
+  virtual void PasswordChar(const String& text) = 0;
+  virtual host::Alignment Alignment() const = 0;
+  virtual void Alignment(host::Alignment alignment) = 0;
+
+  virtual bool Enabled() const = 0;
+  virtual void Enabled(bool enabled) = 0;
+  virtual bool Visible() const = 0;
+  virtual Colour ForeColor() const = 0;
+  virtual void ForeColor(Colour colour) = 0;
+  virtual Colour BackColor() const = 0;
+  virtual void BackColor(Colour colour) = 0;
+  virtual host::Font Font() const = 0;
+  virtual void Font(const host::Font& font) = 0;
+  /// Twips.
+  virtual Long Width() const = 0;
+  virtual void Width(Long twips) = 0;
+  virtual Long Height() const = 0;
+  virtual void Height(Long twips) = 0;
+  virtual void SetFocus() = 0;
+
+  /// Free text of the box's user.
+  String Tag;
+
+  std::function<void()> OnChange;
+  std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
+  std::function<void(Integer& KeyAscii)> OnKeyPress;
+  std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyUp;
+  std::function<void()> OnGotFocus;
+  std::function<void()> OnLostFocus;
+};
+
+/// A push button with a picture. Owned by the host.
+class CommandButton {
+ public:
+  CommandButton() = default;
+  CommandButton(const CommandButton&) = delete;
+  CommandButton& operator=(const CommandButton&) = delete;
+  virtual ~CommandButton() = default;
+
+  virtual bool Visible() const = 0;
+  virtual void Visible(bool visible) = 0;
+  virtual bool Enabled() const = 0;
+  virtual void Enabled(bool enabled) = 0;
+  /// Twips.
+  virtual Long Left() const = 0;
+  virtual void Left(Long twips) = 0;
+  virtual Long Height() const = 0;
+  virtual void Height(Long twips) = 0;
+  virtual std::shared_ptr<host::Picture> Picture() const = 0;
+  virtual void Picture(std::shared_ptr<host::Picture> picture) = 0;
+
+  std::function<void()> OnClick;
+};
+
+}  // namespace tessaria::host

@@ -1,0 +1,31 @@
+// What all controls of one thread share.
+#pragma once
+
+#include <memory>
+
+#include "tessaria/variant.h"
+
+namespace tessaria {
+
+namespace host {
+class Application;
+class Connection;
+}  // namespace host
+
+/// One instance per thread. A host sets `application` before it creates the first control.
+struct ThreadState {
+  /// The hosting program's services; not owned, outlives every control of the thread.
+  host::Application* application = nullptr;
+  /// The open connection that the last discovery took from a form's `dbForm`.
+  std::shared_ptr<host::Connection> dbConexao;
+  /// The sibling's value as an SQL literal while a description field has the focus.
+  Variant vntValorIrmao = Variant::Null();
+};
+
+/// The state of the calling thread.
+ThreadState& State();
+
+/// The services of the hosting program. Error 91 when no host is installed on this thread.
+host::Application& App();
+
+}  // namespace tessaria

@@ -1,0 +1,59 @@
+// A control of the library as its siblings and the library's own modules see it.
+#pragma once
+
+#include "tessaria/variant.h"
+
+namespace tessaria {
+
+/// Kinds of control. Any other number behaves as Normal.
+enum class TipoControle : Long {
+  Normal = 0,
+  Browse = 1,      ///< key field with a lookup grid
+  Calendario = 2,  ///< date field with a calendar
+  Descricao = 3,   ///< description of its sibling's key
+  Diretorio = 4,   ///< path field with a folder picker
+  Calculadora = 5  ///< number field with a calculator
+};
+
+/// The control from outside. Implemented by `tsText`.
+class _tsText {
+ public:
+  _tsText() = default;
+  _tsText(const _tsText&) = delete;
+  _tsText& operator=(const _tsText&) = delete;
+  virtual ~_tsText() = default;
+
+  virtual Variant Value() const = 0;
+  virtual void Value(const Variant& value) = 0;
+  /// Code of the variant type that an unbound value is held in.
+  virtual Long TipoDado() const = 0;
+  virtual String TxtIrmao() const = 0;
+  virtual bool Enabled() const = 0;
+  virtual void Enabled(bool enabled) = 0;
+  virtual bool LastValidaStatus() const = 0;
+  /// Looks the description up again and hands it to the sibling. With `ApenasTsBrowse` a key
+  /// field leaves its sibling alone; with `DisparaBrowseReturn` the event follows.
+  virtual Variant AtualizaIrmao(bool ApenasTsBrowse = false, bool DisparaBrowseReturn = false) = 0;
+  /// Raises the event of that exact name: "BrowseReturn". Any other text does nothing.
+  virtual Variant DisparaEventos(const String& strEvento) = 0;
+};
+
+/// The events of a control. Arguments by reference may be changed by the handler.
+class tsTextEvents {
+ public:
+  tsTextEvents() = default;
+  tsTextEvents(const tsTextEvents&) = delete;
+  tsTextEvents& operator=(const tsTextEvents&) = delete;
+  virtual ~tsTextEvents() = default;
+
+  /// The first show at run time is complete.
+  virtual void Show() = 0;
+  virtual void Change() = 0;
+  virtual void KeyDown(Integer& KeyCode, Integer& Shift) = 0;
+  virtual void KeyPress(Integer& KeyAscii) = 0;
+  virtual void KeyUp(Integer& KeyCode, Integer& Shift) = 0;
+  /// The field was settled. `LastValue` is the control's own member: the value before.
+  virtual void BrowseReturn(bool& HouveAlteracao, Variant& LastValue) = 0;
+};
+
+}  // namespace tessaria

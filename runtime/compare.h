@@ -1,0 +1,16 @@
+// Comparison of values.
+#pragma once
+
+#include "tessaria/variant.h"
+
+namespace tessaria {
+
+/// Null equals nothing, not even Null. Empty equals "", 0, the date 0 and False. A number
+/// never equals a text when both are variants. Texts compare exactly. Objects: error 13.
+bool Equal(const Variant& a, const Variant& b);
+/// a < b under the same rules; a number is below every text. False when either is Null.
+bool Less(const Variant& a, const Variant& b);
+/// Equal to Empty: "" and 0 are, Null is not.
+bool EqualsEmpty(const Variant& value);
+
+}  // namespace tessaria

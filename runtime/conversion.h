@@ -1,0 +1,61 @@
+// Conversions between kinds of value, under the Brazilian locale: comma decimal, point
+// thousands, day before month. The system's locale plays no part.
+//
+// Errors of all of them: 13 for a text that is no such value and for objects, 6 for a number
+// out of range, 94 for Null.
+#pragma once
+
+#include "tessaria/variant.h"
+
+namespace tessaria {
+
+/// The text of a value. Empty and missing give ""; a number has the comma and up to 15
+/// significant digits (7 for Single); a date is dd/mm/yyyy, with hh:mm:ss when it has a time,
+/// and only the time when it has no day; a Boolean is "Verdadeiro" or "Falso".
+String CStr(const Variant& value);
+/// Empty is 0, True is -1, a date its days. A text may have points for thousands, a comma
+/// for decimals, a sign in front or behind, an exponent and blanks around.
+double CDbl(const Variant& value);
+/// Rounds halves to even, as the next.
+Long CLng(const Variant& value);
+Integer CInt(const Variant& value);
+/// Not 0; a text "Verdadeiro", "Falso", "True", "False" in any case, or a number.
+bool CBool(const Variant& value);
+/// A text may be d/m/y, d/m (this year), m/yyyy (the first of the month), y-m-d, eight digits
+/// (day, month, year), each with or without a time h:m[:s] behind a blank or alone. Separators "/",
+/// "-" and ".". Two-digit years: 00 to 29 are 20xx, 30 to 99 are 19xx. Error 13 for a day that does
+/// not exist.
+Date CDate(const Variant& value);
+Currency CCur(const Variant& value);
+Decimal CDec(const Variant& value);
+
+/// True when CDbl takes the value. A date is no number here; Empty is one.
+bool IsNumeric(const Variant& value);
+/// True when the value is a date or a text that CDate takes.
+bool IsDate(const Variant& value);
+
+/// The number at the start of a text: blanks are skipped, the point is the decimal mark, 0
+/// when there is none.
+double Val(StringView text);
+/// The text of a number with a point for decimals and a leading blank in place of the plus.
+String Str(double value);
+/// The text of a value inside an SQL statement: a number has a point whatever its kind, a
+/// Boolean is -1 or 0; all else is as CStr, and Null gives "".
+String SqlText(const Variant& value);
+
+/// Calendar parts of a date.
+struct CivilTime {
+  int Year = 1899, Month = 12, Day = 30, Hour = 0, Minute = 0, Second = 0;
+};
+/// Rounded to the second.
+CivilTime ToCivil(Date date);
+/// Error 5 outside the years 100 to 9999 or for a day that does not exist.
+Date FromCivil(const CivilTime& time);
+
+/// Exact texts of the two exact kinds, for the data layer: a point, no thousands, and for a
+/// decimal as many decimals as its scale.
+String DecimalText(const Decimal& value);
+/// Takes [sign]digits[.digits]. Error 13 for anything else, 6 above 96 bits.
+Decimal DecimalFromText(StringView text);
+
+}  // namespace tessaria
