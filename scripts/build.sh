@@ -1,0 +1,37 @@
+# Shared by ./demo, ./test and .ci/run: quiet configuring and building.
+# To be sourced from the root of the repository. The caller has set -euo pipefail.
+# shellcheck shell=bash
+
+# run_quietly LOG WHAT COMMAND...: one line of output when all is well, the log's end when not.
+run_quietly() {
+  local log=$1 what=$2 begin=$SECONDS
+  shift 2
+  mkdir -p "$(dirname "$log")"
+  printf '%s ... ' "$what"
+  if "$@" >"$log" 2>&1 </dev/null; then
+    printf 'done in %d s\n' $((SECONDS - begin))
+  else
+    printf 'failed\n'
+    grep -nE -A 12 'error:|Error|FAILED:' "$log" | head -n 80 || true
+    printf '%s\n' "--- the last lines of $log:"
+    tail -n 30 "$log"
+    return 1
+  fi
+}
+
+# configure_preset PRESET
+configure_preset() {
+  local launcher=''
+  if command -v ccache >/dev/null; then launcher=-DCMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
+  run_quietly "build/$1/log/configure.txt" "Configuring ($1)" \
+    cmake --preset "$1" ${launcher:+"$launcher"}
+}
+
+# build_preset PRESET [TARGET...]: all targets when none is named.
+build_preset() {
+  local preset=$1 target=() name
+  shift
+  for name in "$@"; do target+=(--target "$name"); done
+  run_quietly "build/$preset/log/build.txt" "Building ($preset)" \
+    cmake --build "build/$preset" "${target[@]}"
+}
