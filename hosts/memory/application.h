@@ -1,0 +1,82 @@
+// The hosting program, with no screen: boxes are recorded and answered by a script.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <vector>
+
+#include "tessaria/host/application.h"
+
+namespace tessaria::memory {
+
+/// A picture by the file that it came from.
+class Picture final : public host::Picture {
+ public:
+  explicit Picture(String path) : path_(std::move(path)) {}
+  const String& Path() const { return path_; }
+
+ private:
+  String path_;
+};
+
+/// A message box that was shown.
+struct MessageBoxRecord {
+  Long Owner = 0;
+  String Text;
+  Long Style = 0;
+  String Title;
+  bool operator==(const MessageBoxRecord&) const = default;
+};
+
+/// The services of a program that has no screen. While it lives it is the application of its
+/// thread; at its end the former one is back.
+class Application final : public host::Application {
+ public:
+  Application();
+  ~Application() override;
+
+  String Path() const override { return path_; }
+  void Path(const String& path) { path_ = path; }
+  char16_t PathSeparator() const override { return u'\\'; }
+  bool FileExists(const String& path) const override;
+  std::shared_ptr<host::Picture> LoadPicture(const String& path) override;
+  void Beep() override { ++beeps_; }
+  /// Runs what was posted until now, then `OnDoEvents`.
+  void DoEvents() override;
+  /// Answers with the next answer of the script, else with what closing the box answers:
+  /// no for a yes/no box, OK for any other.
+  Long ShowMessageBox(Long owner, const String& text, Long style, const String& title) override;
+
+  // --- The script ------------------------------------------------------------------------------
+  enum class FileKind { Other, Picture };
+  /// Puts a file there, by its whole path; names are compared without regard to case.
+  void AddFile(const String& path, FileKind kind = FileKind::Other);
+  void RemoveFile(const String& path);
+  /// Queues the answer of a box to come.
+  void WillAnswer(Long answer) { answers_.push_back(answer); }
+  /// Queues work that the next event pumping does.
+  void Post(std::function<void()> work) { posted_.push_back(std::move(work)); }
+  /// Runs while a box is open, ahead of its answer.
+  std::function<void(const MessageBoxRecord&)> OnMessageBox;
+  std::function<void()> OnDoEvents;
+
+  // --- What happened ---------------------------------------------------------------------------
+  const std::vector<MessageBoxRecord>& Boxes() const { return boxes_; }
+  /// The boxes since the last call.
+  std::vector<MessageBoxRecord> TakeBoxes();
+  int Beeps() const { return beeps_; }
+  int EventPumps() const { return eventPumps_; }
+
+ private:
+  host::Application* former_;
+  String path_ = u"C:\\Programa";
+  std::map<String, FileKind> files_;  ///< by path in lower case
+  std::deque<Long> answers_;
+  std::deque<std::function<void()>> posted_;
+  std::vector<MessageBoxRecord> boxes_;
+  int beeps_ = 0;
+  int eventPumps_ = 0;
+};
+
+}  // namespace tessaria::memory

@@ -1,0 +1,199 @@
+#include "hosts/memory/text_box.h"
+
+#include <algorithm>
+
+#include "runtime/text.h"
+
+namespace tessaria::memory {
+namespace {
+
+/// Calls a copy of the slot: the handler may destroy its owner.
+template <class Slot, class... Arguments>
+void Raise(const Slot& slot, Arguments&... arguments) {
+  if (const Slot copy = slot) copy(arguments...);
+}
+
+bool IsControlCharacter(char16_t character) { return character < u' '; }
+
+}  // namespace
+
+TextBox::TextBox() { font_.Name = u"MS Sans Serif"; }
+
+TextBox::~TextBox() = default;
+
+Long TextBox::Clamp(Long position) const { return std::clamp<Long>(position, 0, Len(text_)); }
+
+void TextBox::Text(const String& text) {
+  const String cut = maxLength_ > 0 ? Left(text, maxLength_) : text;
+  anchor_ = caret_ = 0;
+  if (cut == text_) return;
+  text_ = cut;
+  Raise(OnChange);
+}
+
+Long TextBox::SelStart() const { return std::min(anchor_, caret_); }
+
+void TextBox::SelStart(Long position) { anchor_ = caret_ = Clamp(position); }
+
+Long TextBox::SelLength() const { return std::abs(caret_ - anchor_); }
+
+void TextBox::SelLength(Long length) {
+  anchor_ = SelStart();
+  caret_ = anchor_ + std::clamp<Long>(length, 0, Len(text_) - anchor_);
+}
+
+String TextBox::SelText() const { return Mid(text_, SelStart() + 1, SelLength()); }
+
+void TextBox::SelText(const String& text) { Enter(text); }
+
+void TextBox::SetFocus() {
+  if (!TakesKeys()) return;
+  if (OnSetFocus) {
+    Raise(OnSetFocus);
+  } else {
+    GainFocus();
+  }
+}
+
+void TextBox::GainFocus() {
+  if (hasFocus_) return;
+  hasFocus_ = true;
+  Raise(OnGotFocus);
+}
+
+void TextBox::LoseFocus() {
+  if (!hasFocus_) return;
+  hasFocus_ = false;
+  Raise(OnLostFocus);
+}
+
+String TextBox::DisplayedText() const {
+  return passwordChar_.empty() ? text_ : String(text_.size(), passwordChar_[0]);
+}
+
+void TextBox::Type(StringView text) {
+  const std::weak_ptr<const bool> alive = alive_;
+  for (char16_t character : String(text)) {
+    for (const Stroke& stroke : StrokesOf(character)) {
+      Hold(stroke);
+      if (alive.expired()) return;
+      Release(stroke);
+      if (alive.expired()) return;
+    }
+  }
+}
+
+void TextBox::Press(Key key, Integer shift) {
+  const std::weak_ptr<const bool> alive = alive_;
+  const Stroke stroke = StrokeOf(key, shift);
+  Hold(stroke);
+  if (!alive.expired()) Release(stroke);
+}
+
+void TextBox::Hold(const Stroke& stroke) {
+  if (!TakesKeys() || !PassesKeyDown(stroke)) return;
+  if (stroke.Character != 0) {
+    PressCharacter(stroke.Character);
+  } else {
+    EditCommand(stroke);
+  }
+}
+
+bool TextBox::PassesKeyDown(const Stroke& stroke) {
+  const std::weak_ptr<const bool> alive = alive_;
+  Integer code = stroke.Code;
+  Integer shift = stroke.Shift;
+  // A character of no key of this keyboard has the code 0 from the start.
+  const auto swallowed = [&] { return alive.expired() || (code == 0 && stroke.Code != 0); };
+  Raise(Surface.OnKeyDown, code, shift);
+  if (swallowed()) return false;
+  Raise(OnKeyDown, code, shift);
+  return !swallowed();
+}
+
+void TextBox::PressCharacter(char16_t character) {
+  const std::weak_ptr<const bool> alive = alive_;
+  const Integer original = AnsiCode(character);
+  Integer code = original;
+  Raise(Surface.OnKeyPress, code);
+  if (alive.expired() || code == 0) return;
+  Raise(OnKeyPress, code);
+  if (alive.expired() || code == 0) return;
+  const char16_t typed = code == original ? character : AnsiCharacter(code);
+  if (typed == u'\b') return Backspace();
+  if (!IsControlCharacter(typed)) Enter(String(1, typed));
+}
+
+void TextBox::Release(const Stroke& stroke) {
+  if (!TakesKeys()) return;
+  const std::weak_ptr<const bool> alive = alive_;
+  Integer code = stroke.Code;
+  Integer shift = stroke.Shift;
+  Raise(Surface.OnKeyUp, code, shift);
+  if (alive.expired()) return;
+  Raise(OnKeyUp, code, shift);
+}
+
+void TextBox::Insert(const String& text) {
+  if (!TakesKeys()) return;
+  const std::weak_ptr<const bool> alive = alive_;
+  Enter(text);
+  if (!alive.expired()) Release(Stroke{});
+}
+
+void TextBox::EditCommand(const Stroke& stroke) {
+  const bool extend = (stroke.Shift & modifier::Shift) != 0;
+  const bool control = (stroke.Shift & modifier::Control) != 0;
+  switch (static_cast<Key>(stroke.Code)) {
+    case Key::Home:
+      return MoveCaret(0, extend);
+    case Key::End:
+      return MoveCaret(Len(text_), extend);
+    case Key::Left:
+      return MoveCaret(!extend && SelLength() > 0 ? SelStart() : caret_ - 1, extend);
+    case Key::Right:
+      return MoveCaret(!extend && SelLength() > 0 ? SelStart() + SelLength() : caret_ + 1, extend);
+    case Key::Delete:
+      return Delete();
+    case Key::A:
+      if (control) SelStart(0), SelLength(Len(text_));
+      return;
+    default:
+      return;
+  }
+}
+
+void TextBox::MoveCaret(Long position, bool extend) {
+  caret_ = Clamp(position);
+  if (!extend) anchor_ = caret_;
+}
+
+void TextBox::Backspace() {
+  if (SelLength() > 0) return Replace(SelStart(), SelLength(), u"");
+  if (caret_ > 0) Replace(caret_ - 1, 1, u"");
+}
+
+void TextBox::Delete() {
+  if (SelLength() > 0) return Replace(SelStart(), SelLength(), u"");
+  if (caret_ < Len(text_)) Replace(caret_, 1, u"");
+}
+
+void TextBox::Enter(const String& text) {
+  const Long start = SelStart();
+  const Long length = SelLength();
+  if (maxLength_ == 0) return Replace(start, length, text);
+  const Long room = std::max<Long>(0, maxLength_ - (Len(text_) - length));
+  const std::weak_ptr<const bool> alive = alive_;
+  const bool noRoom = Len(text) > room;
+  Replace(start, length, Left(text, room));
+  if (noRoom && !alive.expired()) Raise(OnNoRoom);
+}
+
+void TextBox::Replace(Long start, Long length, const String& text) {
+  const String before = text_;
+  text_.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(length), text);
+  anchor_ = caret_ = start + Len(text);
+  if (text_ != before) Raise(OnChange);
+}
+
+}  // namespace tessaria::memory

@@ -1,0 +1,113 @@
+// A text box with no screen that edits as a real one does.
+#pragma once
+
+#include <memory>
+
+#include "hosts/memory/keys.h"
+#include "tessaria/host/widgets.h"
+
+namespace tessaria::memory {
+
+/// The text box of a control, driven by keys. Alone it takes every key; on a form the form
+/// routes the keys and the focus.
+class TextBox final : public host::TextBox {
+ public:
+  TextBox();
+  ~TextBox() override;
+
+  String Text() const override { return text_; }
+  void Text(const String& text) override;
+  Long SelStart() const override;
+  void SelStart(Long position) override;
+  Long SelLength() const override;
+  void SelLength(Long length) override;
+  String SelText() const override;
+  void SelText(const String& text) override;
+  Long MaxLength() const override { return maxLength_; }
+  void MaxLength(Long characters) override { maxLength_ = characters; }
+  String PasswordChar() const override { return passwordChar_; }
+  void PasswordChar(const String& text) override { passwordChar_ = text.substr(0, 1); }
+  host::Alignment Alignment() const override { return alignment_; }
+  void Alignment(host::Alignment alignment) override { alignment_ = alignment; }
+
+  bool Enabled() const override { return enabled_; }
+  void Enabled(bool enabled) override { enabled_ = enabled; }
+  bool Visible() const override { return visible_; }
+  void Visible(bool visible) { visible_ = visible; }
+  Colour ForeColor() const override { return foreColor_; }
+  void ForeColor(Colour colour) override { foreColor_ = colour; }
+  Colour BackColor() const override { return backColor_; }
+  void BackColor(Colour colour) override { backColor_ = colour; }
+  host::Font Font() const override { return font_; }
+  void Font(const host::Font& font) override { font_ = font; }
+  Long Width() const override { return width_; }
+  void Width(Long twips) override { width_ = twips; }
+  Long Height() const override { return height_; }
+  void Height(Long twips) override { height_ = twips; }
+  /// Nothing happens to a box that is disabled or hidden.
+  void SetFocus() override;
+
+  /// What the operator sees: the text, or one password character for each of its characters.
+  String DisplayedText() const;
+  bool HasFocus() const { return hasFocus_; }
+
+  // --- The operator's hands ------------------------------------------------------------------
+  // A disabled or hidden box takes no key. A key whose code or character a handler sets to 0
+  // goes no further into the box; its release is reported all the same.
+
+  /// Types each character with its key, or keys.
+  void Type(StringView text);
+  void Press(Key key, Integer shift = modifier::None);
+  /// Key-down, key-press and the edit.
+  void Hold(const Stroke& stroke);
+  /// Key-up.
+  void Release(const Stroke& stroke);
+  /// Text that comes without a key (menu, drop): replaces the selection; one key-up of code 0.
+  void Insert(const String& text);
+
+  // --- What a surface around the box connects --------------------------------------------------
+  /// Handlers of the surface, called ahead of the box's own.
+  struct Preview {
+    std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
+    std::function<void(Integer& KeyAscii)> OnKeyPress;
+    std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyUp;
+  };
+  Preview Surface;
+  /// Moves the focus here on a form. Without it the box takes the focus by itself.
+  std::function<void()> OnSetFocus;
+  /// The box refused a character that has no room.
+  std::function<void()> OnNoRoom;
+  void GainFocus();
+  void LoseFocus();
+
+ private:
+  bool TakesKeys() const { return enabled_ && visible_; }
+  bool PassesKeyDown(const Stroke& stroke);
+  void PressCharacter(char16_t character);
+  void EditCommand(const Stroke& stroke);
+  void MoveCaret(Long position, bool extend);
+  void Backspace();
+  void Delete();
+  void Enter(const String& text);
+  void Replace(Long start, Long length, const String& text);
+  Long Clamp(Long position) const;
+
+  String text_;
+  Long anchor_ = 0;  ///< the end of the selection that stays
+  Long caret_ = 0;   ///< the end of the selection that moves
+  Long maxLength_ = 0;
+  String passwordChar_;
+  host::Alignment alignment_ = host::Alignment::Left;
+  bool enabled_ = true;
+  bool visible_ = true;
+  bool hasFocus_ = false;
+  Colour foreColor_ = host::colour::WindowText;
+  Colour backColor_ = host::colour::WindowBackground;
+  host::Font font_;
+  Long width_ = 1215;
+  Long height_ = 315;
+  /// Gone when the box is destroyed, so that a key stops when a handler closes the form.
+  std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
+};
+
+}  // namespace tessaria::memory
