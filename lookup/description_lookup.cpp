@@ -1,0 +1,139 @@
+#include "lookup/description_lookup.h"
+
+#include "lookup/dialect.h"
+#include "lookup/query_text.h"
+#include "runtime/compare.h"
+#include "runtime/conversion.h"
+#include "runtime/text.h"
+#include "services/trap.h"
+#include "tessaria/error.h"
+#include "tessaria/host/application.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria::mdlObjTxt {
+namespace {
+
+/// From this release number on a PostgreSQL lookup casts both sides of its comparison.
+constexpr Integer kVersaoComCast = 950;
+
+constexpr Integer kTeclaBackspace = 8;
+
+String Literal(const Variant& valor) {
+  if (const String* texto = valor.TryGet<String>()) return Aspas(*texto);
+  return Trim(SqlText(valor));
+}
+
+/// `BrwCampoIrmao` and `BrwCampoOutros` as one list.
+String CamposDeRetorno(const Browse& browse) {
+  String campos = browse.BrwCampoIrmao();
+  const String outros = browse.BrwCampoOutros();
+  if (!campos.empty() && !outros.empty()) campos += u", ";
+  return campos + outros;
+}
+
+String From(const Browse& browse) {
+  return browse.BrwLeftJoin().empty() ? browse.BrowseTable() : browse.BrwLeftJoin();
+}
+
+/// The group clause and the end of the statement. Two more blanks stand in front of the limit
+/// behind a group clause.
+String FimDaInstrucao(const String& groupBy, StringView limite) {
+  if (groupBy.empty()) return String(limite);
+  String fim = u" " + groupBy;
+  if (!limite.empty()) fim.append(u"  ").append(limite);
+  return fim;
+}
+
+String InstrucaoDeBusca(const Browse& browse, const host::Connection& conexao, String literal,
+                        const String& campos, const String& where) {
+  const bool postgres = EhPostgreSQL(conexao);
+  String chave = TiraAlias(browse.BrwCampo());
+  if (postgres && VersaoPostgreSQL(conexao) >= kVersaoComCast) {
+    literal = u"cast(" + literal + u" as varchar)";
+    chave = u"cast(" + chave + u" as varchar)";
+  }
+  if (!Trim(where).empty()) literal += u" And " + where;
+  const UmaLinha uma = SelecionaUmaLinha(postgres);
+  return String(uma.Select)
+      .append(campos + u" From " + From(browse) + u" Where " + chave + u" = " + literal)
+      .append(FimDaInstrucao(browse.BrwGroupBy(), uma.Limite));
+}
+
+host::RecordsetPtr Executa(host::Connection& conexao, const String& instrucao) {
+  if (conexao.ConnectionString().empty()) throw HostError(errors::ObjectNotSet);
+  return conexao.Execute(instrucao);
+}
+
+void PreencheOutros(ListaOutros& outros, const String& campos, host::Recordset& rs) {
+  for (Long i = 1; i <= outros.Count(); ++i) {
+    const auto campo = outros.Item(i);
+    const bool temLinha = !rs.Bof() && !rs.Eof();
+    const bool selecionado = InStr(campos, campo->Nome()) != 0;
+    campo->Valor(temLinha && selecionado ? rs.Fields().Item(campo->Nome())->Value() : Variant());
+  }
+}
+
+String InstrucaoDeCompletar(bool postgres, const String& texto, const String& tabela,
+                            const String& campo, const Variant& campoIrmao, const String& where) {
+  const UmaLinha uma = SelecionaUmaLinha(postgres);
+  const StringView like = postgres ? u" ilike '" : u" Like '";
+  const String irmao = CStr(campoIrmao);
+  String instrucao = String(uma.Select) + campo;
+  if (!irmao.empty()) instrucao += u", " + irmao;
+  instrucao += u" From " + tabela + u" Where ";
+  if (!where.empty()) instrucao += where + u" And ";
+  instrucao.append(campo).append(like).append(DobraAspas(texto)).append(u"%'");
+  return instrucao.append(uma.Limite);
+}
+
+void PassaAoIrmao(_tsText* irmao, const Variant& valor) {
+  if (!irmao) throw HostError(errors::ObjectNotSet);
+  irmao->Value(valor);
+  irmao->AtualizaIrmao(true, false);
+  irmao->DisparaEventos(u"BrowseReturn");
+}
+
+}  // namespace
+
+Variant AchaDescr(Browse& objBrowse, const Variant& varValor, const String& /*strNomeControle*/,
+                  const String& strWhere, Long /*lngHwnd*/) {
+  Variant descricao;
+  Trap(u"mdlObjTxt", u"AchaDescr", [&] {
+    const auto conexao = ConexaoAtual();
+    const String campos = CamposDeRetorno(objBrowse);
+    const String instrucao =
+        InstrucaoDeBusca(objBrowse, *conexao, Literal(varValor), campos, strWhere);
+    if (campos.empty()) return;
+    const auto rs = Executa(*conexao, instrucao);
+    if (!rs->Bof() && !rs->Eof()) descricao = rs->Fields().Item(0)->Value();
+    PreencheOutros(objBrowse.Outros(), campos, *rs);
+    // A handler may do away with the definition, which is not touched from here on.
+    App().DoEvents();
+  });
+  return descricao;
+}
+
+Variant CompletaDescr(host::TextBox& txtBox, const String& strTabela, const String& strCampo,
+                      const Variant& varTecla, bool blnTemIrmao, const Variant& varCampoIrmao,
+                      _tsText* objIrmao, const String& strWhere) {
+  Trap(u"mdlObjTxt", u"CompletaDescr", [&] {
+    const String digitado = txtBox.Text();
+    if (digitado.empty()) return;
+    const auto conexao = ConexaoAtual();
+    const bool postgres = EhPostgreSQL(*conexao);
+    if (Equal(varTecla, kTeclaBackspace)) txtBox.Text(Left(digitado, Len(digitado) - 1));
+    const String instrucao =
+        InstrucaoDeCompletar(postgres, txtBox.Text(), strTabela, strCampo, varCampoIrmao, strWhere);
+    const auto rs =
+        conexao->OpenRecordset(instrucao, host::CursorType::Static, host::LockType::ReadOnly);
+    if (rs->Bof()) return;
+    const Integer posicao = CInt(Len(txtBox.Text()));
+    txtBox.Text(CStr(rs->Fields().Item(0)->Value()));
+    if (blnTemIrmao) PassaAoIrmao(objIrmao, rs->Fields().Item(1)->Value());
+    txtBox.SelStart(posicao);
+    txtBox.SelLength(Len(txtBox.Text()));
+  });
+  return {};
+}
+
+}  // namespace tessaria::mdlObjTxt

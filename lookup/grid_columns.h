@@ -1,0 +1,67 @@
+// The columns of a lookup grid.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "lookup/bag_reader.h"
+#include "tessaria/host/control.h"
+#include "tessaria/variant.h"
+
+namespace tessaria {
+
+/// How one column of the grid shows a field.
+class ColunaGrid : public Object {
+ public:
+  String Caption() const { return caption_; }
+  void Caption(const String& v) { caption_ = v; }
+  /// The field's name in the rows.
+  String Campo() const { return campo_; }
+  void Campo(const String& v) { campo_ = v; }
+  /// The column's format.
+  String Mascara() const { return mascara_; }
+  void Mascara(const String& v) { mascara_ = v; }
+  /// Twips.
+  float Width() const { return width_; }
+  void Width(float v) { width_ = v; }
+  bool Visible() const { return visible_; }
+  void Visible(bool v) { visible_ = v; }
+
+ private:
+  String caption_;
+  String campo_;
+  String mascara_;
+  float width_ = 0;
+  bool visible_ = true;
+};
+
+/// Columns from left to right. An entry taken from the list stays good when the list changes.
+class ListaColunas : public Object {
+ public:
+  ListaColunas() = default;
+  ListaColunas(const ListaColunas&) = delete;
+  ListaColunas& operator=(const ListaColunas&) = delete;
+
+  Long Count() const { return static_cast<Long>(colunas_.size()); }
+  /// From 1. Error 9 outside the list.
+  std::shared_ptr<ColunaGrid> Item(Long index) const;
+  void Add(const String& Campo, const String& Caption, const String& Mascara, float Width,
+           bool Visible);
+  void Clear() { colunas_.clear(); }
+
+  /// Replaces the list by the stored one; broken values are left to the reader to report.
+  void Read(BagReader& reader);
+  void Write(host::PropertyBag& bag) const;
+
+ private:
+  std::vector<std::shared_ptr<ColunaGrid>> colunas_;
+};
+
+namespace mdlObjTxt {
+
+/// Replaces the columns of `target` by copies of those of `source`, which is emptied afterwards
+/// when `clearSource`.
+void CopiaColunas(ListaColunas& source, ListaColunas& target, bool clearSource);
+
+}  // namespace mdlObjTxt
+}  // namespace tessaria
