@@ -1,0 +1,36 @@
+// The text box of the memory host under the contract of text boxes.
+#include "hosts/memory/text_box.h"
+#include "tests/ports/case_count.h"
+#include "tests/ports/text_box_contract.h"
+
+namespace tessaria::contract {
+namespace {
+
+const bool counted = CountCases("memory");
+
+class MemoryTextBox final : public TextBoxDriver {
+ public:
+  host::TextBox& Box() override { return box_; }
+  void Focus() override { box_.GainFocus(); }
+  void Leave() override { box_.LoseFocus(); }
+  void Type(const String& text) override { box_.Type(text); }
+  void Press(EditKey key, With with) override {
+    box_.Press(static_cast<memory::Key>(key), ModifierOf(with));
+  }
+  void Insert(const String& text) override { box_.Insert(text); }
+
+ private:
+  static Integer ModifierOf(With with) {
+    if (with == With::Shift) return memory::modifier::Shift;
+    return with == With::Control ? memory::modifier::Control : memory::modifier::None;
+  }
+
+  memory::TextBox box_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Memory, TextBoxContract,
+                         testing::Values(TextBoxHost{
+                             "memory", [] { return std::make_unique<MemoryTextBox>(); }}));
+
+}  // namespace
+}  // namespace tessaria::contract
