@@ -3,8 +3,7 @@
 
 #include <memory>
 
-#include "lookup/browse_definition.h"
-#include "lookup/pesquisa_definition.h"
+#include "control/members.h"
 #include "mask/masked_field.h"
 #include "tessaria/host/control.h"
 #include "tessaria/tstext_interface.h"
@@ -14,13 +13,15 @@ namespace tessaria {
 /// A data-entry field: text box and button on one surface.
 ///
 /// A host creates one with the widgets of the surface, then calls the `UserControl_...` entry
-/// points as the surface's events come in: Initialize (the constructor), InitProperties for a
-/// new control or ReadProperties for a stored one, Show at each first appearance, EnterFocus
-/// and ExitFocus around the whole surface, the surface's key events, Resize, Terminate at the
-/// end. The events of the two widgets are connected by the constructor.
+/// points as the surface's events come in: InitProperties for a new control or ReadProperties
+/// for a stored one, Show at each appearance, EnterFocus and ExitFocus around the whole
+/// surface, the surface's key events, Resize, Terminate at the end. The constructor is the
+/// Initialize; it connects the events of the two widgets.
 ///
-/// Property setters raise in the caller what goes wrong in them; the entry points report
-/// their errors themselves, except where a declaration says otherwise.
+/// The names that tie a control to its form (data control, sibling, label) are resolved at the
+/// moment of use. Property setters raise in the caller what goes wrong in them, and end in
+/// `ControlSite::PropertyChanged`; the entry points report their errors themselves, except
+/// where a declaration says otherwise.
 class tsText final : public _tsText, private MaskedField {
  public:
   /// All four outlive the control.
@@ -28,10 +29,14 @@ class tsText final : public _tsText, private MaskedField {
          tsTextEvents& events);
   ~tsText() override;
 
-  // --- What the surface's host calls -------------------------------------------------------
+  // --- What the surface's host calls -----------------------------------------------------------
+
+  /// Start values of a control that is newly placed on a form.
   void UserControl_InitProperties();
+  /// Fills the members straight from the bag, with no side effects.
   void UserControl_ReadProperties(const host::PropertyBag& bag);
   void UserControl_WriteProperties(host::PropertyBag& bag);
+  /// The first call resolves names, loads the row, draws and raises `Show`; later ones do nothing.
   void UserControl_Show();
   void UserControl_Resize();
   void UserControl_EnterFocus();
@@ -42,16 +47,302 @@ class tsText final : public _tsText, private MaskedField {
   void UserControl_KeyUp(Integer& KeyCode, Integer& Shift);
   void UserControl_Terminate();
 
-  // --- Methods -------------------------------------------------------------------------------
+  // --- Methods ---------------------------------------------------------------------------------
+
   /// Resolves all names anew and loads the current row. The result is always Empty.
   Variant Refresh();
-  /// Whether the field may be left; see docs/validation. Shows its own messages.
+  /// Whether the field may be left, judged by which control has taken the focus. Shows its own
+  /// messages and takes the focus back when it refuses. Mostly also kept in `LastValidaStatus`.
   bool Valida();
-  /// The relation check alone: no message for a missing row, no focus work.
+  /// The relation check alone: no message for a missing row, no focus work, no status.
   bool AcionaChecaRelacao();
   Variant AtualizaIrmao(bool ApenasTsBrowse = false, bool DisparaBrowseReturn = false) override;
   Variant DisparaEventos(const String& strEvento) override;
+  /// Sets the value that changes are measured against to Empty.
   void ClearLastValue();
+
+  // --- Surroundings ----------------------------------------------------------------------------
+
+  /// The surface's window handle at run time, 0 at design time.
+  Long hWnd() const;
+  /// The control's name on its form. Assigning shows a message and changes nothing.
+  String Nome() const;
+  void Nome(const String& v);
+  /// Name of the data control on the form; takes effect at the next `Refresh`.
+  String DataSource() const { return m_.DataSource; }
+  void DataSource(const String& v) { Store(m_.DataSource, v, u"DataSource"); }
+  /// Field of its record set, without regard to case; takes effect at the next `Refresh`.
+  String DataField() const { return m_.DataField; }
+  void DataField(const String& v) { Store(m_.DataField, v, u"DataField"); }
+  /// Decimal text of the field's ordinal from 0, a cache that corrects itself.
+  String PosDataField() const { return m_.PosDataField; }
+  void PosDataField(const String& v) { Store(m_.PosDataField, v, u"PosDataField"); }
+  /// Name of the sibling control: a key's description, or a description's key. The control's own
+  /// name is refused with a message. Takes effect at the next `Refresh`.
+  String TxtIrmao() const override { return m_.TxtIrmao; }
+  void TxtIrmao(const String& v);
+  /// Name of the caption label. Can be assigned at design time only, and not the control's own
+  /// name; both refusals show a message.
+  String LabelAssociado() const { return m_.LabelAssociado; }
+  void LabelAssociado(const String& v);
+  /// Number of the tab that the control lies on, trimmed; "" for none.
+  String NumeroTab() const;
+  void NumeroTab(const String& v);
+  /// Name of the control that escapes validation when it takes the focus.
+  String ObjetoCancelar() const { return m_.ObjetoCancelar; }
+  void ObjetoCancelar(const String& v) { Store(m_.ObjetoCancelar, v, u"ObjetoCancelar"); }
+
+  // --- Kind and value ----------------------------------------------------------------------------
+
+  /// Types 2 and 5 also set `PromptInclude`.
+  tessaria::TipoControle TipoControle() const override { return m_.TipoControle; }
+  void TipoControle(tessaria::TipoControle v);
+  /// Type code of an unbound value: 2, 4, 5 number, 7 date, any other text.
+  Long TipoDado() const override { return m_.TipoDado; }
+  void TipoDado(Long v) { Store(m_.TipoDado, v, u"TipoDado"); }
+  /// The typed value. Assigning converts it by the field's type, writes it to the bound field,
+  /// reads it back, shows it through the mask and refreshes the sibling. Refusals show a box.
+  Variant Value() const override { return m_.Value; }
+  void Value(const Variant& v) override;
+  /// Value of the row as it was loaded. Assigning shows a message and changes nothing.
+  Variant OriginalValue() const { return m_.OriginalValue; }
+  void OriginalValue(const Variant& v);
+  /// The value that changes are measured against; write-only.
+  void LastValue(const String& v);
+  /// The typed characters without the mask's literals. Assigning writes the box too: the text,
+  /// or as many password characters.
+  String Texto() const override { return m_.Texto; }
+  void Texto(const String& v) override;
+  /// The box as it stands; no mask work and no effect on `Value`.
+  String Text() const;
+  void Text(const String& v);
+  /// The field may stay blank.
+  bool PodeSerBranco() const { return m_.PodeSerBranco; }
+  void PodeSerBranco(bool v) { Store(m_.PodeSerBranco, v, u"PodeSerBranco"); }
+  /// Validation looks the value up in the lookup's table.
+  bool UsaChecaRelacao() const { return m_.UsaChecaRelacao; }
+  void UsaChecaRelacao(bool v) { Store(m_.UsaChecaRelacao, v, u"UsaChecaRelacao"); }
+  /// Outcome of the last validation; true until there was one.
+  bool LastValidaStatus() const override { return m_.LastValidaStatus; }
+  void LastValidaStatus(bool v) { Store(m_.LastValidaStatus, v, u"LastValidaStatus"); }
+
+  // --- Mask --------------------------------------------------------------------------------------
+
+  /// The mask; "" for none. At run time the box is laid out anew, without touching `Value`.
+  String Mascara() const override { return m_.Mascara; }
+  void Mascara(const String& v);
+  /// The fill character; only the first character is kept.
+  String PromptChar() const override { return m_.PromptChar; }
+  void PromptChar(const String& v);
+  /// The value keeps the mask's literals and fill characters.
+  bool PromptInclude() const { return m_.PromptInclude; }
+  void PromptInclude(bool v) { Store(m_.PromptInclude, v, u"PromptInclude"); }
+  /// Zero fill on leaving: 1 the whole text, any other run by run of the mask.
+  Long TipoStrZero() const { return m_.TipoStrZero; }
+  void TipoStrZero(Long v) { Store(m_.TipoStrZero, v, u"TipoStrZero"); }
+  /// A numeric mask accepts a minus sign. Such a field needs a `MaxLength`.
+  bool ValorNegativo() const override { return m_.ValorNegativo; }
+  void ValorNegativo(bool v) { Store(m_.ValorNegativo, v, u"ValorNegativo"); }
+  /// The box's password character; "" shows the text itself.
+  String PasswordChar() const;
+  void PasswordChar(const String& v);
+  /// Most characters in the box; 0 is no limit there, and no integer digits for a sign.
+  Long MaxLength() const;
+  void MaxLength(Long v);
+  /// Selection in the box: from 0, in characters.
+  Long SelStart() const;
+  void SelStart(Long v);
+  Long SelLength() const;
+  void SelLength(Long v);
+  String SelText() const;
+  void SelText(const String& v);
+
+  // --- Looks -------------------------------------------------------------------------------------
+
+  /// Of the box. A key field hands it on to its description when the two name each other.
+  bool Enabled() const override;
+  void Enabled(bool v) override;
+  Colour Forecolor() const;
+  void Forecolor(Colour v);
+  /// Of the box and the surface.
+  Colour BackColor() const;
+  void BackColor(Colour v);
+  host::Font Font() const;
+  void Font(const host::Font& v);
+  /// Marks the field: green, bold caption.
+  bool eSocial() const { return m_.eSocial; }
+  void eSocial(bool v) { Store(m_.eSocial, v, u"eSocial"); }
+  /// Stored only.
+  bool MultiLine() const { return m_.MultiLine; }
+  void MultiLine(bool v) { Store(m_.MultiLine, v, u"MultiLine"); }
+  /// False only while the first show runs, and after one that failed.
+  bool Carregou() const { return m_.Carregou; }
+
+  // --- Lookup ------------------------------------------------------------------------------------
+
+  /// The lookup's definition; created on first need, never nothing.
+  std::shared_ptr<tessaria::Browse> Browse() const;
+  void Browse(std::shared_ptr<tessaria::Browse> v);
+  /// The eight texts of the lookup: the control's own when not empty, otherwise the definition's.
+  /// Assigning sets both.
+  String BrwTitulo() const;
+  void BrwTitulo(const String& v);
+  String BrowseTable() const;
+  void BrowseTable(const String& v);
+  String BrwCampo() const;
+  void BrwCampo(const String& v);
+  String BrwCampoIrmao() const;
+  void BrwCampoIrmao(const String& v);
+  String BrwCampoOutros() const;
+  void BrwCampoOutros(const String& v);
+  String BrwGroupBy() const;
+  void BrwGroupBy(const String& v);
+  String BrwLeftJoin() const;
+  void BrwLeftJoin(const String& v);
+  String BrwWhere() const;
+  void BrwWhere(const String& v);
+  /// The searches of the lookup's grid; created on first need.
+  std::shared_ptr<tessaria::Pesquisa> Pesquisa() const;
+  void Pesquisa(std::shared_ptr<tessaria::Pesquisa> v);
+  /// The older text form of the searches: one field per search, each closed by character 3.
+  String PesqCaption() const { return m_.PesqCaption; }
+  void PesqCaption(const String& v) { Store(m_.PesqCaption, v, u"PesqCaption"); }
+  String PesqCampo() const { return m_.PesqCampo; }
+  void PesqCampo(const String& v) { Store(m_.PesqCampo, v, u"PesqCampo"); }
+  String PesqMascara() const { return m_.PesqMascara; }
+  void PesqMascara(const String& v) { Store(m_.PesqMascara, v, u"PesqMascara"); }
+  String PesqWidth() const { return m_.PesqWidth; }
+  void PesqWidth(const String& v) { Store(m_.PesqWidth, v, u"PesqWidth"); }
+  String PesqTipo() const { return m_.PesqTipo; }
+  void PesqTipo(const String& v) { Store(m_.PesqTipo, v, u"PesqTipo"); }
+  String PesqLike() const { return m_.PesqLike; }
+  void PesqLike(const String& v) { Store(m_.PesqLike, v, u"PesqLike"); }
+  String PesqMaxLength() const { return m_.PesqMaxLength; }
+  void PesqMaxLength(const String& v) { Store(m_.PesqMaxLength, v, u"PesqMaxLength"); }
+  String PesqCompletaDescr() const { return m_.PesqCompletaDescr; }
+  void PesqCompletaDescr(const String& v) { Store(m_.PesqCompletaDescr, v, u"PesqCompletaDescr"); }
+  String PesqPromptInclude() const { return m_.PesqPromptInclude; }
+  void PesqPromptInclude(const String& v) { Store(m_.PesqPromptInclude, v, u"PesqPromptInclude"); }
+  /// Message of a lookup that finds nothing; blank for the standard one.
+  String MsgBrowse() const { return m_.MsgBrowse; }
+  void MsgBrowse(const String& v) { Store(m_.MsgBrowse, v, u"MsgBrowse"); }
+
+  // --- Folder picker -----------------------------------------------------------------------------
+
+  /// The picker lists files too, and the text is split into folder and file.
+  bool DirVerArquivos() const { return m_.DirVerArquivos; }
+  void DirVerArquivos(bool v) { Store(m_.DirVerArquivos, v, u"DirVerArquivos"); }
+  String DirPattern() const { return m_.DirPattern; }
+  void DirPattern(const String& v) { Store(m_.DirPattern, v, u"DirPattern"); }
+  String DirFilePath() const { return m_.DirFilePath; }
+  void DirFilePath(const String& v) { Store(m_.DirFilePath, v, u"DirFilePath"); }
+  String DirFileName() const { return m_.DirFileName; }
+  void DirFileName(const String& v) { Store(m_.DirFileName, v, u"DirFileName"); }
+
+  // --- For the library's own modules
+  // ---------------------------------------------------------------
+
+  /// The fill character and the literals of the mask, each once.
+  String ItensMascara() const override { return m_.ItensMascara; }
+  void ItensMascara(const String& v) { Store(m_.ItensMascara, v, u"ItensMascara"); }
+  /// The bound field, found by name at each call; nothing when not bound.
+  host::FieldPtr CampoVinculado() const;
+  host::WidgetPtr ContainerDoControle() const;
+  host::FormPtr FormDoControle() const;
+  /// Assigns the bound field.
+  void GravaValorCampo(const Variant& v);
+  /// A message that only a visible form shows. Flags and title as `ExibeMensagem` takes them.
+  void MsgSeVisivel(const String& text, Long flags, const String& title);
+
+ private:
+  friend struct MemberAccess;  // the property table's way to the members
+
+  template <class T>
+  void Store(T& member, const T& v, const char16_t* name) {
+    member = v;
+    site_.PropertyChanged(name);
+  }
+
+  // MaskedField
+  host::TextBox& Box() override { return txtEdit_; }
+  void GuardaTexto(const String& text) override { m_.Texto = text; }
+
+  // Events of the two widgets
+  void txtEdit_Change();
+  void txtEdit_KeyUp(Integer KeyCode);
+  void txtEdit_GotFocus();
+  void txtEdit_LostFocus();
+
+  // Value
+  Variant ConvertUnbound(const Variant& v) const;
+  Variant ConvertBound(const Variant& v) const;
+  void AssignUnbound(const Variant& v, Variant& w);
+  void AssignBound(const Variant& v, Variant& w);
+  void TextoFromValue();
+  void ShowValue(const Variant& w);
+  bool ValueChanged() const;
+  bool EhNumerica() const;
+  String Stripped() const;
+
+  // Sibling
+  void SiblingStep();
+  bool HandsOnToSibling() const;
+  bool LookupIsComplete() const;
+  void EmptyReturnFields();
+  std::shared_ptr<host::TsTextWidget> Sibling() const;
+  String SiblingLiteral() const;
+  void FetchSiblingLiteral();
+  void CompleteDescription(Integer KeyCode);
+
+  // Discovery
+  bool SetarVariaveis(StringView what);
+  bool ConnectDatabase();
+  bool FindDataControl();
+  bool BindField();
+  void LoadRow();
+  void AchaObjetos();
+  void CacheFieldOrdinal(host::DataControl& control);
+  void AtualizaPesquisa();
+  std::shared_ptr<host::DataControl> DataControlByName() const;
+  host::RecordsetPtr BoundRecordset() const;
+
+  // Validation
+  bool CheckRules();
+  bool CheckDate(const String& label);
+  bool CheckRelation(const String& label);
+  bool LookUp(String condition, const String& label, bool tellsMissing, Variant* found,
+              bool buttonIsActive);
+  bool IsForbiddenBlank() const;
+  bool Cancels() const;
+  bool CommandButtonIsActive() const;
+  String LabelPrefix() const;
+  String SearchedText() const;
+  void ReturnFocus();
+  void Refuse(const String& text);
+
+  // Focus
+  void SelectWhole();
+  void AssignTyped();
+  void ReportChange();
+
+  // Looks
+  void AtualizaExibicao();
+  void ShowAtDesignTime();
+  void ShowAtRunTime();
+  void FitMaskToField();
+  bool ShowsButton() const;
+  void LoadButtonPicture();
+  void ColourCaption();
+  void ColourLabel(Colour colour);
+  std::shared_ptr<host::Label> LabelWidget() const;
+
+  host::ControlSite& site_;
+  host::TextBox& txtEdit_;
+  host::CommandButton& btnBrowse_;
+  tsTextEvents& events_;
+  mutable Members m_;  // the definitions are created on first need, reading included
+  bool loading_ = false;
+  bool updatingSibling_ = false;
 };
 
 }  // namespace tessaria

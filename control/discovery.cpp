@@ -1,0 +1,194 @@
+// Finding the connection, the sibling, the data control, the field and the label by name.
+
+#include "control/tstext.h"
+#include "runtime/conversion.h"
+#include "runtime/text.h"
+#include "services/message_box.h"
+#include "services/trap.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria {
+
+namespace {
+
+constexpr Long stopIcon = 16;
+constexpr Long notFound = -1;
+
+/// The error object's number and description as the boxes of this file show them; both are
+/// usually blank, because a name that leads nowhere is no error of its own.
+String PendingDescription() { return u"\r" + Err().Description; }
+String PendingNumber() { return CStr(Variant(Err().Number)); }
+
+bool IsConfigured(const host::DataControl& control) {
+  return !control.ConnectionString().empty() && !control.RecordSource().empty();
+}
+
+bool NamesField(const host::Fields& fields, Long ordinal, const String& name) {
+  return UCase(fields.Item(ordinal)->Name()) == UCase(name);
+}
+
+/// Whether the cached text is the ordinal of the field of that name.
+bool CacheHolds(const host::Fields& fields, const String& cached, const String& name) {
+  if (!IsNumeric(cached)) return false;
+  const double ordinal = CDbl(cached);
+  return ordinal >= 0 && ordinal < fields.Count() &&
+         NamesField(fields, static_cast<Long>(ordinal), name);
+}
+
+Long OrdinalOf(const host::Fields& fields, const String& name) {
+  for (Long ordinal = 0; ordinal < fields.Count(); ++ordinal)
+    if (NamesField(fields, ordinal, name)) return ordinal;
+  return notFound;
+}
+
+}  // namespace
+
+bool tsText::SetarVariaveis(StringView what) {
+  const auto asked = [what](StringView part) { return what == part || what == u"Todos"; };
+  const bool needsDatabase = m_.TipoControle == tessaria::TipoControle::Browse ||
+                             m_.TipoControle == tessaria::TipoControle::Descricao;
+  if (needsDatabase && !ConnectDatabase()) return false;
+
+  bool loaded = false;
+  Trap(u"tsText", u"SetarVariaveis", [&] {
+    if (asked(u"Irmao") && !Trim(m_.TxtIrmao).empty() &&
+        EqualNoCase(site_.Parent()->Controls(m_.TxtIrmao)->TypeName(), u"tsText"))
+      m_.bIrmaoConectado = true;
+    const bool dataControlOk = asked(u"DataSource") && FindDataControl();
+    if (asked(u"Campo") && dataControlOk && BoundRecordset()->State() != host::state::Closed &&
+        BindField()) {
+      LoadRow();
+      loaded = true;
+    }
+    if (asked(u"Label") && !m_.LabelAssociado.empty() &&
+        site_.Parent()->Controls(m_.LabelAssociado)->TypeName() == u"Label")
+      m_.bLabelConectado = true;
+  });
+  return loaded;
+}
+
+bool tsText::ConnectDatabase() {
+  const auto refuse = [this] {
+    mdlMsgBox::ExibeMensagem(
+        hWnd(),
+        u"Não foi Possível Conectar 'dbForm'. Contate Administrador de Sistema." +
+            PendingDescription(),
+        stopIcon, u"Objeto: '" + site_.DisplayName() + u"' Erro: " + PendingNumber());
+  };
+  bool connected = false;
+  Catch(
+      [&] {
+        const Variant dbForm = site_.Parent()->Get(u"dbForm");
+        const bool isNothing = dbForm.IsObject() && !*dbForm.TryGet<ObjectPtr>();
+        if (dbForm.IsEmpty() || dbForm.IsNull() || isNothing) {
+          refuse();
+          return;
+        }
+        State().dbConexao = dbForm.As<host::Connection>();
+        connected = true;
+      },
+      refuse);
+  return connected;
+}
+
+bool tsText::FindDataControl() {
+  if (m_.DataSource.empty() || m_.DataField.empty()) {
+    Value(Variant::Null());
+    return false;
+  }
+  const auto refuse = [this] {
+    mdlMsgBox::ExibeMensagem(hWnd(),
+                             u"Não foi Possível Localizar o Data Control '" + m_.DataSource +
+                                 u"'." + PendingDescription(),
+                             stopIcon,
+                             u"Objeto: '" + site_.DisplayName() + u"' Erro: " + PendingNumber());
+  };
+  bool found = false;
+  Catch(
+      [&] {
+        const auto widget = site_.Parent()->Controls(m_.DataSource);
+        found = EndsWith(widget->TypeName(), u"Adodc") && IsConfigured(*DataControlByName());
+        if (!found) refuse();
+      },
+      refuse);
+  return found;
+}
+
+bool tsText::BindField() {
+  m_.bCampoConectado = false;
+  const auto& fields = BoundRecordset()->Fields();
+  if (!CacheHolds(fields, m_.PosDataField, m_.DataField)) {
+    const Long ordinal = OrdinalOf(fields, m_.DataField);
+    if (ordinal == notFound) {
+      mdlMsgBox::ExibeMensagem(hWnd(),
+                               u"Não Foi Possível Conectar o Objeto '" + site_.DisplayName() +
+                                   u"' ao Campo " + UCase(m_.DataField) + u"." +
+                                   PendingDescription(),
+                               stopIcon, u"Erro: " + PendingNumber());
+      return false;
+    }
+    PosDataField(CStr(Variant(ordinal)));
+  }
+  m_.bCampoConectado = true;
+  return true;
+}
+
+void tsText::LoadRow() {
+  const auto rows = BoundRecordset();
+  if (rows->Eof() || rows->Bof()) {
+    Value(Variant::Null());
+    m_.OriginalValue = Variant::Null();
+    return;
+  }
+  m_.bCarregandoCampo = true;
+  Value(CampoVinculado()->Value());
+  m_.OriginalValue = CampoVinculado()->Value();
+  m_.bCarregandoCampo = false;
+}
+
+void tsText::AchaObjetos() {
+  if (site_.UserMode() || m_.DataSource.empty() || m_.DataField.empty()) return;
+  std::shared_ptr<host::DataControl> control;
+  Trap(u"tsText", u"AchaObjetos", [&] {
+    for (const auto& widget : site_.Parent()->Controls())
+      if (widget->Name() == m_.DataSource) {
+        control = std::dynamic_pointer_cast<host::DataControl>(widget);
+        if (!control) throw HostError(errors::NoSuchMember);
+        break;
+      }
+    if (control && !IsConfigured(*control)) control = nullptr;
+  });
+  if (!control) return;
+  // A record set that is not there yet is opened; an error after that is the caller's.
+  Catch(
+      [&] {
+        if (control->RecordSet()->State() == host::state::Closed) control->Refresh();
+        CacheFieldOrdinal(*control);
+      },
+      [&] {
+        control->Refresh();
+        CacheFieldOrdinal(*control);
+      });
+}
+
+void tsText::CacheFieldOrdinal(host::DataControl& control) {
+  const auto& fields = control.RecordSet()->Fields();
+  if (CacheHolds(fields, m_.PosDataField, m_.DataField)) return;
+  const Long ordinal = OrdinalOf(fields, m_.DataField);
+  if (ordinal != notFound) PosDataField(CStr(Variant(ordinal)));
+}
+
+std::shared_ptr<host::DataControl> tsText::DataControlByName() const {
+  auto control =
+      std::dynamic_pointer_cast<host::DataControl>(site_.Parent()->Controls(m_.DataSource));
+  if (!control) throw HostError(errors::NoSuchMember);
+  return control;
+}
+
+host::RecordsetPtr tsText::BoundRecordset() const {
+  auto rows = DataControlByName()->RecordSet();
+  if (!rows) throw HostError(errors::ObjectNotSet);
+  return rows;
+}
+
+}  // namespace tessaria

@@ -1,0 +1,93 @@
+// The events of the box and the keys of the surface.
+
+#include "control/tstext.h"
+#include "lookup/description_lookup.h"
+#include "mask/form_helpers.h"
+#include "runtime/conversion.h"
+#include "runtime/text.h"
+#include "services/message_box.h"
+#include "services/trap.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria {
+
+namespace {
+
+// Virtual-key codes that start no search of a description.
+constexpr Integer keyShift = 16;
+constexpr Integer keyHome = 36;
+constexpr Integer keyAcute = 219;
+constexpr Integer keyTilde = 222;
+
+}  // namespace
+
+void tsText::UserControl_KeyDown(Integer& KeyCode, Integer& Shift) {
+  events_.KeyDown(KeyCode, Shift);
+}
+
+void tsText::UserControl_KeyPress(Integer& KeyAscii) { events_.KeyPress(KeyAscii); }
+
+void tsText::UserControl_KeyUp(Integer& KeyCode, Integer& Shift) { events_.KeyUp(KeyCode, Shift); }
+
+void tsText::txtEdit_Change() {
+  if (loading_) return;
+  if (m_.TipoControle == tessaria::TipoControle::Diretorio) {
+    const String text = txtEdit_.Text();
+    if (m_.DirVerArquivos && !text.empty()) {
+      const Long p = InStrRev(text, String(1, App().PathSeparator()));
+      m_.DirFilePath = Left(text, p - 1);  // a text without a separator is an invalid argument
+      m_.DirFileName = Mid(text, p + 1);
+    } else {
+      m_.DirFilePath = text;
+      m_.DirFileName.clear();
+    }
+  }
+  events_.Change();
+}
+
+void tsText::txtEdit_KeyUp(Integer KeyCode) {
+  Trap(u"tsText", u"txtEdit_KeyUp", [&] {
+    m_.bCarregandoCampo = true;
+    if (m_.TipoControle != tessaria::TipoControle::Descricao || KeyCode == keyHome ||
+        KeyCode == keyShift)
+      return;
+    CompleteDescription(KeyCode);
+  });
+}
+
+void tsText::CompleteDescription(Integer KeyCode) {
+  if (BrowseTable().empty() || BrwCampo().empty()) {
+    mdlMsgBox::ExibeMensagem(hWnd(),
+                             u"Propriedades da Browse Não Informadas Corretamente. Contate o "
+                             u"Administrador de Sistema.",
+                             16);
+    return;
+  }
+  const auto sibling = m_.bIrmaoConectado ? Sibling() : nullptr;
+  if (KeyCode == keyTilde || KeyCode == keyAcute) return;
+
+  const auto definition = Browse();
+  // The condition is the definition's own; the key's literal narrows it further.
+  String condition = mdlObjTxt::ExpandeParametros(FormDoControle(), definition->BrwWhere());
+  const String& siblingField = BrwCampoIrmao();
+  const String literal = SiblingLiteral();
+  if (!literal.empty() && !siblingField.empty())
+    condition += (condition.empty() ? u"" : u" And ") + siblingField + u" = " + literal;
+
+  mdlObjTxt::CompletaDescr(
+      txtEdit_,
+      definition->BrwLeftJoin().empty() ? definition->BrowseTable() : definition->BrwLeftJoin(),
+      BrwCampo(), KeyCode, m_.bIrmaoConectado, siblingField,
+      sibling ? &sibling->Control() : nullptr, condition);
+}
+
+void tsText::txtEdit_GotFocus() {
+  if (m_.bLabelConectado && (Enabled() || m_.eSocial)) ColourLabel(host::colour::Blue);
+}
+
+void tsText::txtEdit_LostFocus() {
+  if (!Enabled() || !m_.bLabelConectado) return;
+  ColourLabel(m_.eSocial ? host::colour::Green : host::colour::WindowText);
+}
+
+}  // namespace tessaria

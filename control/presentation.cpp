@@ -1,0 +1,169 @@
+// The first show, the layout of box and button, and the colours.
+
+#include "control/tstext.h"
+#include "runtime/text.h"
+#include "services/trap.h"
+#include "tessaria/host/application.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria {
+
+namespace {
+
+// Twips.
+constexpr Long leastHeight = 315;
+constexpr Long buttonInset = 60;
+constexpr Long roomWithButton = 360;
+constexpr Long roomWithoutButton = 70;
+constexpr Long buttonFromRight = 350;
+
+/// The icon file of a kind of control; nullptr for a kind with no button of its own.
+const char16_t* IconFile(TipoControle kind) {
+  switch (kind) {
+    case TipoControle::Browse:
+    case TipoControle::Descricao:
+      return u"TresPontos.ico";
+    case TipoControle::Calendario:
+      return u"Calendario.ico";
+    case TipoControle::Diretorio:
+      return u"Diretorio.ico";
+    case TipoControle::Calculadora:
+      return u"Calculadora.ico";
+    case TipoControle::Normal:
+      break;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+void tsText::UserControl_Show() {
+  if (m_.bMostrado) return;
+  Trap(u"tsText", u"UserControl_Show", [&] {
+    m_.Carregou = false;
+    m_.bMostrado = true;
+    m_.lngForeColorOriginal = Forecolor();
+    if (!site_.UserMode())
+      ShowAtDesignTime();
+    else if (Err().Number != errors::ObjectNotSet)
+      ShowAtRunTime();
+    m_.Carregou = true;
+  });
+}
+
+void tsText::ShowAtDesignTime() {
+  if (!m_.PesqCaption.empty()) AtualizaPesquisa();
+  AchaObjetos();
+  AtualizaExibicao();
+}
+
+void tsText::ShowAtRunTime() {
+  SetarVariaveis(u"Todos");
+  if (EhNumerica())
+    txtEdit_.Alignment(host::Alignment::Right);
+  else if (StartsWith(m_.Mascara, u"A"))
+    FitMaskToField();
+  m_.LastValidaStatus = true;
+  AtualizaExibicao();
+  events_.Show();
+}
+
+void tsText::FitMaskToField() {
+  const Long size = m_.bCampoConectado ? CampoVinculado()->DefinedSize() : txtEdit_.MaxLength();
+  if (size > 0) Mascara(StringOf(size, u"A"));
+}
+
+void tsText::UserControl_Resize() {
+  Trap(u"tsText", u"UserControl_Resize", [&] {
+    if (site_.Height() < leastHeight) site_.Height(leastHeight);
+    if (txtEdit_.Height() != site_.Height()) {
+      txtEdit_.Height(site_.Height());
+      btnBrowse_.Height(site_.Height() - buttonInset);
+    }
+    txtEdit_.Width(site_.Width() - (btnBrowse_.Visible() ? roomWithButton : roomWithoutButton));
+    btnBrowse_.Left(site_.Width() - buttonFromRight);
+  });
+}
+
+void tsText::AtualizaExibicao() {
+  Trap(u"tsText", u"AtualizaExibicao", [&] {
+    btnBrowse_.Visible(ShowsButton());
+    if (btnBrowse_.Visible()) LoadButtonPicture();
+    // Here the type decides, not the button: a description without one keeps the room.
+    const bool isPlain = m_.TipoControle == tessaria::TipoControle::Normal;
+    txtEdit_.Width(site_.Width() - (isPlain ? roomWithoutButton : roomWithButton));
+    btnBrowse_.Enabled(Enabled());
+    site_.TabStop(Enabled());
+    if (Enabled()) {
+      Forecolor(m_.TipoControle == tessaria::TipoControle::Descricao ? host::colour::Blue
+                                                                     : m_.lngForeColorOriginal);
+      BackColor(host::colour::White);
+    } else {
+      BackColor(host::colour::ButtonFace);
+    }
+    ColourCaption();
+  });
+}
+
+bool tsText::ShowsButton() const {
+  if (m_.TipoControle != tessaria::TipoControle::Descricao)
+    return IconFile(m_.TipoControle) != nullptr;
+  const String form = site_.Parent()->Name();
+  return form == u"frmTsPesquisa" || form == u"frmPesquisa";
+}
+
+void tsText::LoadButtonPicture() {
+  const String path = App().Path() + App().PathSeparator() + IconFile(m_.TipoControle);
+  if (App().FileExists(path)) btnBrowse_.Picture(App().LoadPicture(path));
+}
+
+void tsText::ColourCaption() {
+  if (!m_.bLabelConectado) return;
+  ColourLabel(!Enabled()   ? host::colour::GrayText
+              : m_.eSocial ? host::colour::Green
+                           : host::colour::MenuText);
+  if (m_.eSocial) LabelWidget()->FontBold(true);
+}
+
+void tsText::ColourLabel(Colour colour) { LabelWidget()->ForeColor(colour); }
+
+std::shared_ptr<host::Label> tsText::LabelWidget() const {
+  auto label = std::dynamic_pointer_cast<host::Label>(site_.Parent()->Controls(m_.LabelAssociado));
+  if (!label) throw HostError(errors::NoSuchMember);
+  return label;
+}
+
+bool tsText::Enabled() const { return txtEdit_.Enabled(); }
+
+void tsText::Enabled(bool v) {
+  txtEdit_.Enabled(v);
+  site_.TabStop(v);
+  if (m_.TipoControle == tessaria::TipoControle::Browse && m_.bIrmaoConectado) {
+    // Only a pair that names each other both ways, and only a sibling that differs.
+    auto& sibling = Sibling()->Control();
+    if (sibling.TxtIrmao() == site_.DisplayName() && sibling.Enabled() != v) sibling.Enabled(v);
+  }
+  site_.PropertyChanged(u"Enabled");
+  AtualizaExibicao();
+}
+
+Colour tsText::Forecolor() const { return txtEdit_.ForeColor(); }
+void tsText::Forecolor(Colour v) {
+  txtEdit_.ForeColor(v);
+  site_.PropertyChanged(u"ForeColor");
+}
+
+Colour tsText::BackColor() const { return txtEdit_.BackColor(); }
+void tsText::BackColor(Colour v) {
+  txtEdit_.BackColor(v);
+  site_.BackColor(v);
+  site_.PropertyChanged(u"BackColor");
+}
+
+host::Font tsText::Font() const { return txtEdit_.Font(); }
+void tsText::Font(const host::Font& v) {
+  txtEdit_.Font(v);
+  site_.PropertyChanged(u"Font");
+}
+
+}  // namespace tessaria

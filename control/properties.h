@@ -1,0 +1,54 @@
+// Every property of the control, listed once.
+#pragma once
+
+#include <span>
+
+#include "tessaria/host/control.h"
+#include "tessaria/variant.h"
+
+namespace tessaria {
+
+class tsText;
+
+/// What a property holds, for whoever binds the table to another world.
+enum class PropertyType { String, Long, Boolean, Colour, Variant, Object, Font };
+
+/// One property: how programs reach it and how the bag stores it.
+struct Property {
+  StringView Name;
+  PropertyType Type;
+  /// Dispatch number: position in the interface, from 1; 0 when programs do not reach it.
+  int DispatchId;
+  /// nullptr for a property that cannot be read, or written, by programs.
+  Variant (*Get)(const tsText&);
+  /// Errors: 13 for a value of another type, 6 for a number out of range.
+  void (*Let)(tsText&, const Variant&);
+
+  /// The place in the bag.
+  struct Storage {
+    int ReadPosition = 0;   ///< from 1; 0 is not stored
+    int WritePosition = 0;  ///< from 1
+    StringView ReadKey;
+    StringView WriteKey;
+    Variant ReadDefault;
+    Variant WriteDefault;
+    bool DefaultIsAmbientFont = false;
+    /// Straight to and from the member or the box, with no side effects.
+    void (*Load)(tsText&, const Variant&) = nullptr;
+    Variant (*Save)(const tsText&) = nullptr;
+  } Stored;
+};
+
+/// All properties, in the order of the interface.
+std::span<const Property> Properties();
+
+/// The property of that name, without regard to case; nullptr when there is none.
+const Property* FindProperty(StringView name);
+
+/// A property by name, as late-bound programs reach it. Errors: 438 unknown name, 394 it can
+/// only be written.
+Variant GetProperty(const tsText& control, StringView name);
+/// Errors: 438 unknown name, 383 it can only be read, and those of `Property::Let`.
+void LetProperty(tsText& control, StringView name, const Variant& value);
+
+}  // namespace tessaria

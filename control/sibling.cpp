@@ -1,0 +1,142 @@
+// The pair of a key and its description.
+
+#include "control/scoped_flag.h"
+#include "control/tstext.h"
+#include "control/type_codes.h"
+#include "lookup/description_lookup.h"
+#include "mask/form_helpers.h"
+#include "runtime/conversion.h"
+#include "runtime/text.h"
+#include "services/error_box.h"
+#include "services/message_box.h"
+#include "services/trap.h"
+#include "tessaria/host/application.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria {
+
+std::shared_ptr<host::TsTextWidget> tsText::Sibling() const {
+  auto sibling =
+      std::dynamic_pointer_cast<host::TsTextWidget>(site_.Parent()->Controls(m_.TxtIrmao));
+  if (!sibling) throw HostError(errors::NoSuchMember);
+  return sibling;
+}
+
+bool tsText::HandsOnToSibling() const { return !m_.TxtIrmao.empty() && m_.bIrmaoConectado; }
+
+bool tsText::LookupIsComplete() const {
+  const auto definition = Browse();
+  return !definition->BrwCampo().empty() && !definition->BrowseTable().empty() &&
+         !(definition->BrwCampoIrmao().empty() && definition->BrwCampoOutros().empty());
+}
+
+void tsText::EmptyReturnFields() {
+  auto& fields = Browse()->Outros();
+  for (Long i = 1; i <= fields.Count(); ++i) fields.Item(i)->Valor(Variant());
+}
+
+void tsText::SiblingStep() {
+  if (updatingSibling_ || !m_.bCarregandoCampo || !LookupIsComplete()) return;
+  const ScopedFlag running(updatingSibling_);  // a ring of siblings ends here
+
+  if (m_.Value.IsNull()) {
+    if (HandsOnToSibling()) Sibling()->Control().Value(Variant::Null());
+    EmptyReturnFields();
+    return;
+  }
+
+  const auto definition = Browse();
+  const bool isDescription = m_.TipoControle == tessaria::TipoControle::Descricao;
+  String filter;
+  if (isDescription && !definition->BrwCampoIrmao().empty()) {
+    const String literal = SiblingLiteral();
+    if (!literal.empty()) filter = definition->BrwCampoIrmao() + u" = " + literal;
+  }
+  String condition = mdlObjTxt::ExpandeParametros(FormDoControle(), definition->BrwWhere());
+  if (!condition.empty() && !filter.empty()) condition += u" And ";
+  condition += filter;
+
+  const Variant description =
+      mdlObjTxt::AchaDescr(*definition, m_.Value, site_.DisplayName(), condition, hWnd());
+  if (!HandsOnToSibling()) return;
+  Sibling()->Control().Value(description);
+  if (isDescription) {
+    Sibling()->Control().AtualizaIrmao(true);
+    Sibling()->Control().DisparaEventos(u"BrowseReturn");
+  }
+}
+
+Variant tsText::AtualizaIrmao(bool ApenasTsBrowse, bool DisparaBrowseReturn) {
+  // The module and the procedure of this report are one run-on text.
+  Trap(u"tsText",
+       u"Erro ao efetuar a ataulização do campo IrmãoMódulo tsText - Procedimento AtualizaIrmao",
+       [&] {
+         if (!LookupIsComplete()) return;
+         const bool isKeyCalledBack =
+             ApenasTsBrowse && m_.TipoControle == tessaria::TipoControle::Browse;
+         const bool handsOn = !isKeyCalledBack && HandsOnToSibling();
+         if (m_.Value.IsNull()) {
+           if (handsOn) Sibling()->Control().Value(Variant::Null());
+           EmptyReturnFields();
+           return;
+         }
+         const auto definition = Browse();
+         const Variant description = mdlObjTxt::AchaDescr(
+             *definition, m_.Value, site_.DisplayName(),
+             mdlObjTxt::ExpandeParametros(FormDoControle(), definition->BrwWhere()), hWnd());
+         if (handsOn) Sibling()->Control().Value(description);
+         if (DisparaBrowseReturn) DisparaEventos(u"BrowseReturn");
+       });
+  return {};
+}
+
+Variant tsText::DisparaEventos(const String& strEvento) {
+  if (strEvento == u"BrowseReturn") {
+    bool changed = true;
+    events_.BrowseReturn(changed, m_.LastValue);
+  }
+  return {};
+}
+
+String tsText::SiblingLiteral() const {
+  const Variant& literal = State().vntValorIrmao;
+  if (literal.IsNull()) return {};
+  const String text = SqlText(literal);
+  return Trim(Replace(text, u"'", u"")).empty() ? String() : text;
+}
+
+void tsText::FetchSiblingLiteral() {
+  auto& literal = State().vntValorIrmao;
+  literal = Variant();
+  if (Trim(m_.TxtIrmao).empty() || !m_.bIrmaoConectado) return;
+  const auto sibling = Sibling();
+  const Variant value = sibling->Control().Value();
+  if (EhTipoDeCampoNumerico(sibling->Control().TipoDado()))
+    literal = value;
+  else
+    literal = u"'" + Replace(SqlText(value), u"'", u"''") + u"'";
+}
+
+void tsText::TxtIrmao(const String& v) {
+  if (UCase(v) == UCase(site_.DisplayName())) {
+    App().ShowMessageBox(0, u"Como é Que o Componente Consegue ser Irmão Dele Mesmo???",
+                         host::box::Ok, u"Alerta!");
+    return;
+  }
+  Store(m_.TxtIrmao, v, u"TxtIrmao");
+}
+
+void tsText::LabelAssociado(const String& v) {
+  if (site_.UserMode()) {
+    mdlMsgBox::ExibeMensagem(
+        hWnd(), u"Não é possível alterar a propriedade LabelAssociado em Tempo de Execucao", 0);
+    return;
+  }
+  if (UCase(v) == UCase(site_.DisplayName())) {
+    mdlMsgBox::ExibeMensagem(hWnd(), u"Tá Querendo me Enganar é ??", 0);
+    return;
+  }
+  Store(m_.LabelAssociado, v, u"TxtLabelAssociado");  // the name told is no property's
+}
+
+}  // namespace tessaria

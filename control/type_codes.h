@@ -1,0 +1,21 @@
+// How the control sorts the type codes of values and fields.
+#pragma once
+
+#include "tessaria/string.h"
+
+namespace tessaria {
+
+/// `TipoDado` of an unbound date; 2, 4 and 5 are numbers, all other codes are texts.
+inline constexpr Long TipoDadoData = 7;
+bool EhTipoDadoNumerico(Long TipoDado);
+
+/// True for the codes of numeric fields. A sibling's `TipoDado` is compared with them as it
+/// stands, although it is numbered otherwise.
+bool EhTipoDeCampoNumerico(Long type);
+
+enum class FieldFamily { Text, Number, Date, Other };
+
+/// How a bound field of that type code takes a value.
+FieldFamily FamilyOf(Long fieldType);
+
+}  // namespace tessaria

@@ -1,0 +1,142 @@
+// Whether the field may be left.
+
+#include "control/tstext.h"
+#include "lookup/relation_check.h"
+#include "mask/dates.h"
+#include "mask/form_helpers.h"
+#include "mask/masks.h"
+#include "runtime/text.h"
+#include "services/message_box.h"
+#include "services/trap.h"
+
+namespace tessaria {
+
+namespace {
+
+constexpr Long stopIcon = 16;
+
+}  // namespace
+
+bool tsText::Valida() {
+  bool result = false;
+  // The trap is armed for asking which inner widget is active and stays so: the first error
+  // anywhere starts the rules over, a second one is the caller's.
+  Catch(
+      [&] {
+        if (site_.ActiveControlName() == u"btnBrowse")
+          m_.LastValidaStatus = false;
+        else
+          result = CheckRules();
+      },
+      [&] { result = CheckRules(); });
+  return result;
+}
+
+bool tsText::CheckRules() {
+  if (Cancels()) return false;
+  const String label = LabelPrefix();
+
+  if (CommandButtonIsActive() && IsForbiddenBlank()) {
+    m_.LastValidaStatus = false;
+    Refuse(label + u"Não Pode Ser Branco, Verifique Por Favor");
+    if (txtEdit_.Visible()) txtEdit_.SetFocus();
+    return false;
+  }
+  if (mdlObjTxt::EhMascaraDeData(m_.Mascara) && !CheckDate(label)) {
+    ReturnFocus();
+    return false;
+  }
+  // A required blank lets the focus pass to anything but a command button, whose case is
+  // settled above; the status stays as it was.
+  if (IsForbiddenBlank()) return true;
+  if (!m_.UsaChecaRelacao) {
+    m_.LastValidaStatus = true;
+    return true;
+  }
+  m_.LastValidaStatus = CheckRelation(label);
+  if (!m_.LastValidaStatus) ReturnFocus();
+  return m_.LastValidaStatus;
+}
+
+bool tsText::Cancels() const {
+  if (m_.ObjetoCancelar.empty()) return false;
+  const auto active = site_.Parent()->ActiveControl();
+  return active && EqualNoCase(active->Name(), m_.ObjetoCancelar);
+}
+
+bool tsText::CommandButtonIsActive() const {
+  const auto active = site_.Parent()->ActiveControl();
+  return active && active->TypeName() == u"CommandButton";
+}
+
+String tsText::LabelPrefix() const {
+  return m_.bLabelConectado ? LabelWidget()->Caption() + u" " : String();
+}
+
+bool tsText::IsForbiddenBlank() const {
+  if (m_.PodeSerBranco) return false;
+  const String text = Stripped();
+  if (Trim(text).empty()) return true;
+  return EhNumerica() && Trim(Replace(Replace(text, u"0", u""), u",", u"")).empty();
+}
+
+bool tsText::CheckDate(const String& label) {
+  if (!Stripped().empty()) {
+    m_.LastValidaStatus = mdlObjTxt::ChecaData(txtEdit_, m_.Mascara, m_.ItensMascara);
+    if (!m_.LastValidaStatus) Refuse(label + u"Invalido(a), Corrija Por Favor");
+  } else if (CommandButtonIsActive()) {
+    if (!m_.PodeSerBranco) Refuse(label + u"Não Pode Ser Branco(a), Verifique Por Favor");
+    m_.LastValidaStatus = m_.PodeSerBranco;
+  } else {
+    m_.LastValidaStatus = true;
+  }
+  return m_.LastValidaStatus;
+}
+
+bool tsText::CheckRelation(const String& label) {
+  Variant found;
+  const bool exists = LookUp(mdlObjTxt::ExpandeParametros(FormDoControle(), Browse()->BrwWhere()),
+                             label, true, &found, CommandButtonIsActive());
+  if (exists && !found.IsEmpty())
+    txtEdit_.Text(mdlObjTxt::AplicaMascara(found, m_.Mascara, m_.PromptChar, m_.ItensMascara,
+                                           txtEdit_.PasswordChar()));
+  return exists;
+}
+
+bool tsText::AcionaChecaRelacao() {
+  bool exists = false;
+  Trap(u"tsText", u"AcionaChecaRelacao", [&] {
+    exists = LookUp(String(), m_.bLabelConectado ? LabelWidget()->Caption() : String(), false,
+                    nullptr, false);
+  });
+  return exists;
+}
+
+bool tsText::LookUp(String condition, const String& label, bool tellsMissing, Variant* found,
+                    bool buttonIsActive) {
+  const auto definition = Browse();
+  const String from = definition->BrwLeftJoin();
+  return mdlObjTxt::ChecaRelacao(from.empty() ? definition->BrowseTable() : from, BrwCampo(),
+                                 SearchedText(), m_.TipoControle, CampoVinculado().get(),
+                                 m_.bCampoConectado, m_.PodeSerBranco, tellsMissing, condition,
+                                 label, found, hWnd(), buttonIsActive);
+}
+
+String tsText::SearchedText() const {
+  return mdlObjTxt::LimpaMascara(txtEdit_.Text(), m_.Mascara,
+                                 m_.PromptInclude ? m_.PromptChar : m_.ItensMascara);
+}
+
+void tsText::ReturnFocus() {
+  const auto active = site_.Parent()->ActiveControl();
+  // A sibling whose own validation has failed keeps the focus: two failing fields do not fight.
+  const auto other = std::dynamic_pointer_cast<host::TsTextWidget>(active);
+  const bool mayTake = !other || other->Control().LastValidaStatus();
+  if (mayTake && txtEdit_.Visible()) txtEdit_.SetFocus();
+  txtEdit_.SelStart(0);
+  txtEdit_.SelLength(Len(txtEdit_.Text()));
+}
+
+void tsText::Refuse(const String& text) { mdlMsgBox::ExibeMensagem(hWnd(), text, stopIcon); }
+
+}  // namespace tessaria

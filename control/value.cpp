@@ -1,0 +1,142 @@
+// The road of a value: from an assignment to the field, the typed text, the box and the sibling.
+
+#include "control/tstext.h"
+#include "control/type_codes.h"
+#include "mask/masks.h"
+#include "runtime/compare.h"
+#include "runtime/conversion.h"
+#include "runtime/text.h"
+#include "services/message_box.h"
+#include "services/trap.h"
+
+namespace tessaria {
+
+namespace {
+
+constexpr Long stopIcon = 16;
+
+/// The text of a value, with Null as no text.
+String TextOf(const Variant& v) { return v.IsNull() ? String() : CStr(v); }
+
+bool IsBlank(const Variant& v) { return v.IsNull() || EqualsEmpty(v); }
+
+const Variant zero{Integer{0}};
+
+}  // namespace
+
+void tsText::Value(const Variant& argument) {
+  const Variant v = argument;  // the argument may be a member that the steps change
+  Variant w;
+  if (m_.bCampoConectado)
+    AssignBound(v, w);
+  else
+    AssignUnbound(v, w);
+
+  const bool shown = Catch(
+      [&] {
+        ShowValue(w);
+        // At the end of a record set nothing was written: the value stays in memory.
+        if (m_.Value.IsNull()) m_.Value = w;
+        SiblingStep();
+      },
+      [&] {
+        mdlMsgBox::ExibeMensagem(hWnd(), Err().Description, stopIcon, u"Erro ao Atualizar o Campo");
+      });
+  if (shown) site_.PropertyChanged(u"Value");
+}
+
+void tsText::AssignUnbound(const Variant& v, Variant& w) {
+  Catch(
+      [&] {
+        w = ConvertUnbound(v);
+        m_.Value = w;
+        TextoFromValue();
+      },
+      [&] {
+        mdlMsgBox::ExibeMensagem(
+            hWnd(), u"Error: " + CStr(Variant(Err().Number)) + u" - " + Err().Description, stopIcon,
+            u"Erro ao Atualizar o Campo");
+        m_.Value = w;
+        TextoFromValue();
+      });
+}
+
+Variant tsText::ConvertUnbound(const Variant& v) const {
+  if (EhTipoDadoNumerico(m_.TipoDado)) {
+    if (IsBlank(v)) return EhNumerica() ? zero : Variant::Null();
+    return CDbl(v);
+  }
+  if (m_.TipoDado == TipoDadoData) {
+    if (v.IsNull()) return Variant::Null();
+    const String text = CStr(v);
+    if (Trim(mdlObjTxt::LimpaMascara(text, m_.Mascara, m_.ItensMascara)).empty())
+      return Variant::Null();
+    return CDate(v);
+  }
+  return IsBlank(v) ? Variant::Null() : v;
+}
+
+void tsText::AssignBound(const Variant& v, Variant& w) {
+  Catch(
+      [&] {
+        w = ConvertBound(v);
+        const auto rows = BoundRecordset();
+        if (rows->Eof() || rows->Bof()) {
+          Texto(String());
+          m_.Value = Variant::Null();
+          return;
+        }
+        GravaValorCampo(w);
+        m_.Value = CampoVinculado()->Value();
+        TextoFromValue();
+      },
+      [&] {
+        mdlMsgBox::ExibeMensagem(hWnd(), Err().Description, stopIcon,
+                                 u"Erro ao Atualizar o Campo '" + site_.DisplayName() + u"'");
+        m_.Value = CampoVinculado()->Value();
+        TextoFromValue();
+      });
+}
+
+Variant tsText::ConvertBound(const Variant& v) const {
+  const auto field = CampoVinculado();
+  const bool acceptsNull = (field->Attributes() & host::attribute::IsNullable) != 0;
+  switch (FamilyOf(field->Type())) {
+    case FieldFamily::Text:
+      if (IsBlank(v)) return acceptsNull ? Variant::Null() : Variant();
+      return CStr(v);
+    case FieldFamily::Number:
+      if (IsBlank(v)) {
+        if (EhNumerica()) return zero;
+        return acceptsNull ? Variant::Null() : zero;
+      }
+      return CDbl(v);
+    case FieldFamily::Date: {
+      const Variant blank = acceptsNull ? Variant::Null() : Variant();
+      if (v.IsNull()) return blank;
+      const String text = CStr(v);
+      if (Trim(mdlObjTxt::LimpaMascara(text, m_.Mascara, m_.ItensMascara)).empty()) return blank;
+      return CDate(mdlObjTxt::LimpaMascara(text, m_.Mascara, m_.PromptChar));
+    }
+    case FieldFamily::Other:
+      break;
+  }
+  return v;
+}
+
+void tsText::TextoFromValue() {
+  Texto(mdlObjTxt::LimpaMascara(TextOf(m_.Value), m_.Mascara, m_.ItensMascara));
+}
+
+void tsText::ShowValue(const Variant& w) {
+  if (m_.Mascara.empty() && w.IsNull()) return;  // the box stays as the typed text left it
+  txtEdit_.Text(mdlObjTxt::AplicaMascara(w, m_.Mascara, m_.PromptChar, m_.ItensMascara,
+                                         txtEdit_.PasswordChar()));
+}
+
+bool tsText::ValueChanged() const {
+  if (m_.Value.IsNull() || m_.LastValue.IsNull()) return m_.Value.IsNull() != m_.LastValue.IsNull();
+  return !Equal(m_.Value, m_.LastValue);
+}
+
+}  // namespace tessaria
