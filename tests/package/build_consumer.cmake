@@ -1,0 +1,27 @@
+# Builds and runs tests/package/consumer from an empty folder.
+# SOURCE, BUILD: the project. WORK: the folder to work in. COMPONENTS: what was built.
+# SUBDIRECTORY: take the project in as a subdirectory, its core alone, and not as a package.
+
+function(run)
+  execute_process(COMMAND ${ARGN} COMMAND_ECHO STDOUT COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+file(REMOVE_RECURSE ${WORK})
+file(MAKE_DIRECTORY ${WORK})
+
+if(SUBDIRECTORY)
+  set(COMPONENTS Core)
+  set(where -DTESSARIA_SUBDIRECTORY=${SOURCE} -DTESSARIA_QT=OFF -DTESSARIA_ODBC=OFF)
+else()
+  run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/stage)
+  set(where -DCMAKE_PREFIX_PATH=${WORK}/stage)
+endif()
+
+run(${CMAKE_COMMAND} -S ${SOURCE}/tests/package/consumer -B ${WORK}/build -G ${GENERATOR}
+    -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}
+    "-DCOMPONENTS=${COMPONENTS}" ${where})
+run(${CMAKE_COMMAND} --build ${WORK}/build)
+string(TOLOWER "${COMPONENTS}" programs)
+foreach(program ${programs})
+  run(${WORK}/build/use_${program})
+endforeach()
