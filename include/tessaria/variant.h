@@ -3,8 +3,10 @@
 
 #include <array>
 #include <compare>
+#include <concepts>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <variant>
 
 #include "tessaria/string.h"
@@ -35,6 +37,8 @@ struct Decimal {
   std::array<std::uint32_t, 3> Magnitude{};
   std::uint8_t Scale = 0;  ///< digits behind the decimal mark, 0 to 28
   bool Negative = false;
+  /// The same digits: 1.5 and 1.50 differ here. `Equal` compares values.
+  bool operator==(const Decimal&) const = default;
 };
 
 /// A date and time: days since 30 December 1899, the time as the fraction of the day.

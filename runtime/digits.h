@@ -1,0 +1,64 @@
+// A number as its decimal digits: where parsing, rounding, comparing and formatting meet.
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "tessaria/variant.h"
+
+namespace tessaria {
+
+/// The number 0.TEXT times ten to the power of Point.
+struct Digits {
+  bool Negative = false;
+  std::string Text;  ///< "0" to "9" with no zero in front; empty for zero
+  int Point = 0;     ///< places between the start of Text and the decimal mark; may be negative
+
+  bool IsZero() const { return Text.find_first_not_of('0') == std::string::npos; }
+  /// Digits behind the decimal mark, trailing zeros included.
+  int Scale() const;
+  /// Takes the zeros off the front of Text.
+  void DropLeadingZeros();
+  /// Takes the zeros off the end of the fraction.
+  void DropTrailingZeros();
+};
+
+/// The significant digits that a text of a Double or of a Single shows.
+inline constexpr int kDoubleDigits = 15;
+inline constexpr int kSingleDigits = 7;
+
+/// Rounded to `significant` digits. Error 6 for infinity and for what is no number.
+Digits DigitsOf(double value, int significant = kDoubleDigits);
+/// As many digits as tell the value from its neighbours. Error 6 as above.
+Digits ShortestDigits(double value);
+Digits DigitsOf(const Decimal& value);
+/// Of any kind that holds a number, of Empty (0) and of a date (its days).
+Digits DigitsOf(const Variant& value);
+/// value divided by ten to the power of `scale`.
+Digits DigitsOf(std::int64_t value, int scale = 0);
+
+enum class Halves { ToEven, AwayFromZero };
+/// Rounded to `decimals` places; more places change nothing.
+Digits Rounded(Digits value, int decimals, Halves halves);
+
+/// Nothing when out of range.
+std::optional<double> TryToDouble(const Digits& value);
+/// Error 6 when out of range.
+double ToDouble(const Digits& value);
+/// Error 6 when out of range. Decimals that do not fit are rounded, halves to even.
+Decimal ToDecimal(const Digits& value);
+/// The count of units of ten to the power of -decimals, halves to even. Error 6 when it does
+/// not fit.
+std::int64_t ToWhole(const Digits& value, int decimals = 0);
+
+/// The order of the values; the number of trailing zeros does not matter.
+std::strong_ordering Order(const Digits& a, const Digits& b);
+
+/// "-1234.50" with the mark given, always at least one digit in front of it.
+String PlainText(const Digits& value, char16_t mark);
+/// The same, but as "1,5E-05" when the exponent is below -4 or reaches `significant`.
+String GeneralText(const Digits& value, char16_t mark, int significant);
+
+}  // namespace tessaria

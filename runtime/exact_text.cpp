@@ -1,0 +1,30 @@
+// Texts of the exact kinds, for the data layer.
+#include <algorithm>
+
+#include "runtime/conversion.h"
+#include "runtime/digits.h"
+#include "runtime/number_text.h"
+#include "tessaria/error.h"
+
+namespace tessaria {
+
+String DecimalText(const Decimal& value) { return PlainText(DigitsOf(value), u'.'); }
+
+Decimal DecimalFromText(StringView text) {
+  Digits value;
+  value.Negative = text.starts_with(u'-');
+  if (value.Negative || text.starts_with(u'+')) text.remove_prefix(1);
+  const std::size_t point = std::min(text.find(u'.'), text.size());
+  String digits(text);
+  digits.erase(point, 1);
+  const bool endsInPoint = point + 1 == text.size();
+  if (digits.empty() || endsInPoint || !std::ranges::all_of(digits, IsDigit)) {
+    throw HostError(errors::TypeMismatch);
+  }
+  value.Text.assign(digits.begin(), digits.end());
+  value.Point = static_cast<int>(point);
+  value.DropLeadingZeros();
+  return ToDecimal(value);
+}
+
+}  // namespace tessaria

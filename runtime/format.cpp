@@ -1,0 +1,47 @@
+#include "runtime/format.h"
+
+#include "runtime/conversion.h"
+#include "runtime/date_text.h"
+#include "runtime/format_pattern.h"
+#include "runtime/number_text.h"
+
+namespace tessaria {
+
+namespace {
+
+// Texts count as doubles do, so with no more digits than a double's text shows.
+std::optional<Digits> DigitsOfText(const String& text) {
+  const auto number = ReadNumber(text);
+  if (!number) return std::nullopt;
+  const auto value = TryToDouble(number->Value);
+  if (!value) return std::nullopt;
+  return DigitsOf(*value);
+}
+
+String AsNumber(const Variant& value, const Pattern& pattern) {
+  if (const auto* text = value.TryGet<String>()) {
+    const auto digits = DigitsOfText(*text);
+    return digits ? FormatNumber(*digits, pattern) : *text;
+  }
+  return FormatNumber(DigitsOf(value), pattern);
+}
+
+String AsDate(const Variant& value, const Pattern& pattern) {
+  if (const auto* text = value.TryGet<String>()) {
+    const auto date = ReadDate(*text);
+    return date ? FormatDate(*date, pattern) : *text;
+  }
+  return FormatDate(CDate(value), pattern);
+}
+
+}  // namespace
+
+String Format(const Variant& value, StringView pattern) {
+  if (value.IsNull() || value.IsEmpty() || value.IsMissing()) return {};
+  const StringView expanded = ExpandName(pattern);
+  if (expanded.empty()) return CStr(value);
+  const Pattern items = ReadPattern(expanded);
+  return KindOf(items) == PatternKind::Date ? AsDate(value, items) : AsNumber(value, items);
+}
+
+}  // namespace tessaria

@@ -1,0 +1,31 @@
+// Reading numbers from texts.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "runtime/digits.h"
+
+namespace tessaria {
+
+/// What a text says as a number.
+struct NumberText {
+  Digits Value;
+  /// The bit pattern, when the text is hexadecimal ("&H1F") or octal ("&O17").
+  std::optional<std::uint64_t> Bits;
+};
+
+/// The number that the whole text is under the Brazilian locale, or nothing. Blanks around, one
+/// sign in front or behind, "R$" and parentheses for a negative number, points anywhere in the
+/// whole part, one comma, an exponent behind E or D.
+std::optional<NumberText> ReadNumber(StringView text);
+
+/// Blank, tab or line end.
+bool IsWhite(char16_t c);
+bool IsDigit(char16_t c);
+/// The value of a digit in bases up to 16, or 16.
+int DigitValue(char16_t c);
+/// The text without white space around it.
+StringView WithoutWhite(StringView text);
+
+}  // namespace tessaria
