@@ -36,4 +36,5 @@ configure_preset release
 logs=build/release/log
 run_quietly "$logs/lint-scripts.txt" 'Checking the scripts' check_scripts
 run_quietly "$logs/lint-format.txt" 'Checking the layout of the sources' check_format
+run_quietly "$logs/lint-code-map.txt" 'Comparing the code map' scripts/code-map.sh --check
 run_quietly "$logs/lint-core.txt" 'Analysing the core' check_core

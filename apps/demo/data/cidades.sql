@@ -1,4 +1,4 @@
--- The capital comes first in each state.
+-- Cities, with area code and first postcode. The capital comes first in each state.
 insert into cidades (codigo, nome, uf, ddd, cep) values
   (1, 'Rio Branco', 'AC', '68', '69900000'),
   (2, 'Cruzeiro do Sul', 'AC', '68', '69980000'),

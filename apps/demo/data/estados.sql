@@ -1,3 +1,4 @@
+-- The 27 states and their capitals.
 insert into estados (uf, nome, capital) values
   ('AC', 'Acre', 'Rio Branco'),
   ('AL', 'Alagoas', 'Maceió'),

@@ -1,3 +1,4 @@
+-- Terms of payment, and what the company trades in.
 insert into condicoes_pagamento (codigo, descricao, parcelas, primeira, intervalo, acrescimo) values
   (1, 'À vista', 1, 0, 0, 0),
   (2, '7 dias', 1, 7, 0, 0),
