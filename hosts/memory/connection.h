@@ -1,0 +1,87 @@
+// A database connection whose answers a test writes.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "hosts/memory/recordset.h"
+#include "hosts/memory/table.h"
+
+namespace tessaria::memory {
+
+/// A statement is answered, in this order, by the faults, by the fixed answers, by `OnStatement`,
+/// and by the tables (a bare name, or "Select * From name"). Anything else is a provider error.
+class Connection final : public host::Connection, public std::enable_shared_from_this<Connection> {
+ public:
+  /// Closed, with no tables, "DBMS Name" "PostgreSQL" and "DBMS Version" "PostgreSQL 15.0.0".
+  static std::shared_ptr<Connection> Create();
+  /// The same, open.
+  static std::shared_ptr<Connection> CreateOpen();
+  ~Connection() override;
+
+  Long State() const override { return open_ ? host::state::Open : host::state::Closed; }
+  String ConnectionString() const override { return connectionString_; }
+  void ConnectionString(const String& text) override { connectionString_ = text; }
+  void Open() override;
+  void Close() override;
+  Variant Properties(const String& name) const override;
+  host::RecordsetPtr Execute(const String& statement) override;
+  host::RecordsetPtr OpenRecordset(const String& source, host::CursorType cursor,
+                                   host::LockType lock, Long options = -1) override;
+  void BeginTrans() override;
+  void CommitTrans() override;
+  void RollbackTrans() override;
+
+  // --- The database --------------------------------------------------------------------------
+  void SetProperty(const String& name, const Variant& value);
+  TablePtr AddTable(const String& name, std::vector<Column> columns, std::vector<Row> rows = {});
+  /// Error 3265 when there is none of that name.
+  TablePtr TableNamed(const String& name) const;
+  /// The answer of one exact statement.
+  void Answer(const String& statement, Rows rows);
+  /// Answers any statement, or nothing to leave it to the tables; may raise.
+  std::function<std::optional<Rows>(const String& statement)> OnStatement;
+
+  // --- Faults --------------------------------------------------------------------------------
+  /// The next statement, or the next Open, fails with this error; queued.
+  void FailNext(HostError error) { faults_.push_back(std::move(error)); }
+  /// The line breaks: what comes next finds the connection closed.
+  void Drop() { dropped_ = true; }
+
+  // --- What happened -------------------------------------------------------------------------
+  /// All statements and sources sent, in order.
+  const std::vector<String>& Statements() const { return statements_; }
+  /// The statements since the last call.
+  std::vector<String> TakeStatements();
+
+ private:
+  friend class StatementRows;
+
+  Connection();
+  void RequireOpen();
+  void RaiseFault();
+  RowSource::Answer Run(const String& statement, bool writable);
+  RowSource::Answer TableRows(const String& statement, bool writable) const;
+  host::RecordsetPtr OpenRows(const String& statement, bool writable);
+  void CloseRecordsets();
+
+  bool open_ = false;
+  bool dropped_ = false;
+  String connectionString_;
+  std::map<String, Variant> properties_;  ///< by name in lower case
+  std::map<String, TablePtr> tables_;     ///< by name in lower case
+  std::map<String, Rows> answers_;
+  std::deque<HostError> faults_;
+  std::vector<String> statements_;
+  std::vector<std::weak_ptr<Recordset>> recordsets_;
+  std::optional<std::map<String, Table>> savedTables_;  ///< inside a transaction
+};
+
+/// Whether a text holds a second statement behind a semicolon; quoted text does not count.
+bool HoldsSecondStatement(StringView text);
+
+}  // namespace tessaria::memory

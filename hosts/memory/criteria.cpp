@@ -1,0 +1,181 @@
+#include "hosts/memory/criteria.h"
+
+#include <iterator>
+
+#include "runtime/compare.h"
+#include "runtime/conversion.h"
+#include "runtime/text.h"
+
+namespace tessaria::memory {
+namespace {
+
+constexpr Long kInvalidCriterion = 3001;
+
+[[noreturn]] void Refuse(StringView text) {
+  throw HostError(kInvalidCriterion, u"Critério inválido: " + String(text));
+}
+
+std::size_t RequireColumn(const std::vector<Column>& columns, StringView name) {
+  if (const auto column = ColumnByName(columns, name)) return *column;
+  throw HostError(errors::ItemNotFound);
+}
+
+/// A field's name at the start of `text`, plain or in brackets; `text` keeps the rest.
+String TakeName(StringView& text) {
+  const bool bracketed = !text.empty() && text.front() == u'[';
+  const auto end = bracketed ? text.find(u']') : text.find_first_of(u" =<>");
+  if (end == StringView::npos || end == 0) Refuse(text);
+  const String name(bracketed ? text.substr(1, end - 1) : text.substr(0, end));
+  text.remove_prefix(bracketed ? end + 1 : end);
+  return name;
+}
+
+/// The text between quotes, doubled quotes made single.
+String Unquoted(StringView text) {
+  const String quote(1, text.front());
+  if (text.size() < 2 || text.back() != text.front()) Refuse(text);
+  const StringView inner = text.substr(1, text.size() - 2);
+  const String marked = Replace(inner, quote + quote, String(1, u'\0'));
+  if (InStr(marked, quote) > 0) Refuse(text);
+  return Replace(marked, String(1, u'\0'), quote);
+}
+
+Variant ValueFrom(StringView text) {
+  if (text.empty()) Refuse(text);
+  if (EqualNoCase(text, u"null")) return Variant::Null();
+  if (text.front() == u'\'' || text.front() == u'"') return Unquoted(text);
+  if (text.front() == u'#') return CDate(Unquoted(text));
+  if (!IsNumeric(String(text))) Refuse(text);
+  // A point is the decimal mark of a statement, a comma that of an operator.
+  return InStr(text, u",") > 0 ? CDbl(String(text)) : Val(text);
+}
+
+Variant Folded(const Variant& value) {
+  const String* text = value.TryGet<String>();
+  return text != nullptr ? Variant(LCase(*text)) : value;
+}
+
+bool IsWildcard(char16_t c) { return c == u'*' || c == u'%'; }
+
+}  // namespace
+
+Criterion::Criterion(const std::vector<Column>& columns, StringView text) {
+  static constexpr struct {
+    const char16_t* Text;
+    Operator Meaning;
+  } kOperators[] = {
+      {u"<>", Operator::NotEqual},
+      {u"<=", Operator::LessOrEqual},
+      {u">=", Operator::GreaterOrEqual},
+      {u"=", Operator::Equal},
+      {u"<", Operator::Less},
+      {u">", Operator::Greater},
+      {u"like ", Operator::Like},
+  };
+  const String trimmed = Trim(text);
+  StringView rest = trimmed;
+  column_ = RequireColumn(columns, TakeName(rest));
+  const String condition = LTrim(rest);
+  for (const auto& candidate : kOperators) {
+    if (!EqualNoCase(Left(condition, Len(candidate.Text)), candidate.Text)) continue;
+    operator_ = candidate.Meaning;
+    TakeValue(columns[column_], LTrim(Mid(condition, Len(candidate.Text) + 1)));
+    return;
+  }
+  Refuse(text);
+}
+
+void Criterion::TakeValue(const Column& column, StringView text) {
+  value_ = Folded(ValueFrom(text));
+  if (operator_ == Operator::Like) {
+    if (!IsTextType(column.Type) || !value_.IsString()) Refuse(text);
+  } else if (value_.IsString() && !IsTextType(column.Type)) {
+    try {
+      value_ = ValueOfType(column, value_);
+    } catch (const HostError&) {
+      Refuse(text);
+    }
+  } else if (!value_.IsString() && !value_.IsNull() && IsTextType(column.Type)) {
+    value_ = CStr(value_);
+  }
+}
+
+bool Criterion::MatchesPattern(const Variant& cell) const {
+  if (cell.IsNull()) return false;
+  const String text = LCase(CStr(cell));
+  StringView pattern = *value_.TryGet<String>();
+  const bool openStart = !pattern.empty() && IsWildcard(pattern.front());
+  if (openStart) pattern.remove_prefix(1);
+  const bool openEnd = !pattern.empty() && IsWildcard(pattern.back());
+  if (openEnd) pattern.remove_suffix(1);
+  if (openStart && openEnd) return text.find(pattern) != String::npos;
+  if (openStart) return EndsWith(text, pattern);
+  return openEnd ? StartsWith(text, pattern) : text == pattern;
+}
+
+bool Criterion::Matches(const Row& row) const {
+  const Variant cell = Folded(row[column_]);
+  if (operator_ == Operator::Like) return MatchesPattern(cell);
+  if (cell.IsNull() || value_.IsNull()) {
+    const bool same = cell.IsNull() && value_.IsNull();
+    return operator_ == Operator::Equal ? same : operator_ == Operator::NotEqual && !same;
+  }
+  switch (operator_) {
+    case Operator::Equal:
+      return Equal(cell, value_);
+    case Operator::NotEqual:
+      return !Equal(cell, value_);
+    case Operator::Less:
+      return Less(cell, value_);
+    case Operator::Greater:
+      return Less(value_, cell);
+    case Operator::LessOrEqual:
+      return !Less(value_, cell);
+    default:
+      return !Less(cell, value_);
+  }
+}
+
+namespace {
+
+SortKey SortKeyFrom(const std::vector<Column>& columns, const String& text) {
+  const String trimmed = Trim(text);
+  const String padded = trimmed + u" ";
+  StringView rest = padded;
+  SortKey key{RequireColumn(columns, TakeName(rest)), false};
+  const String direction = Trim(rest);
+  key.Descending = EqualNoCase(direction, u"desc");
+  if (!direction.empty() && !key.Descending && !EqualNoCase(direction, u"asc")) Refuse(text);
+  return key;
+}
+
+}  // namespace
+
+std::vector<SortKey> SortKeys(const std::vector<Column>& columns, StringView order) {
+  std::vector<SortKey> keys;
+  String rest(order);
+  while (!Trim(rest).empty()) {
+    const Long comma = InStr(rest, u",");
+    keys.push_back(SortKeyFrom(columns, comma > 0 ? Left(rest, comma - 1) : rest));
+    rest = comma > 0 ? Mid(rest, comma + 1) : String();
+  }
+  return keys;
+}
+
+bool StandsBefore(const std::vector<SortKey>& keys, const Row& a, const Row& b) {
+  for (const SortKey& key : keys) {
+    const Variant& first = key.Descending ? b[key.Column] : a[key.Column];
+    const Variant& second = key.Descending ? a[key.Column] : b[key.Column];
+    if (first.IsNull() || second.IsNull()) {
+      if (first.IsNull() == second.IsNull()) continue;
+      return first.IsNull();
+    }
+    const Variant left = Folded(first);
+    const Variant right = Folded(second);
+    if (Less(left, right)) return true;
+    if (Less(right, left)) return false;
+  }
+  return false;
+}
+
+}  // namespace tessaria::memory

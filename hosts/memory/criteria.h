@@ -1,0 +1,42 @@
+// Seeking and ordering rows.
+#pragma once
+
+#include <vector>
+
+#include "hosts/memory/table.h"
+
+namespace tessaria::memory {
+
+/// A search criterion "field op value". Texts compare without regard to case; Null matches only
+/// "= Null", and "<> Null" matches all else.
+class Criterion {
+ public:
+  /// Errors: 3265 for an unknown field, 3001 for all else that cannot be read; `like` on a field
+  /// that is no text is such a case.
+  Criterion(const std::vector<Column>& columns, StringView text);
+
+  bool Matches(const Row& row) const;
+
+ private:
+  enum class Operator { Equal, NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual, Like };
+
+  void TakeValue(const Column& column, StringView text);
+  bool MatchesPattern(const Variant& cell) const;
+
+  std::size_t column_ = 0;
+  Operator operator_ = Operator::Equal;
+  Variant value_;
+};
+
+/// Row order by one column.
+struct SortKey {
+  std::size_t Column = 0;
+  bool Descending = false;
+};
+
+/// Reads "field [ASC|DESC], ...". Errors: 3265 for an unknown field, 3001 for another word.
+std::vector<SortKey> SortKeys(const std::vector<Column>& columns, StringView order);
+/// Whether `a` stands before `b`. Null stands before every value.
+bool StandsBefore(const std::vector<SortKey>& keys, const Row& a, const Row& b);
+
+}  // namespace tessaria::memory

@@ -1,0 +1,123 @@
+// A form with no screen: its controls, the focus, the keys.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "hosts/memory/keys.h"
+#include "hosts/memory/part.h"
+#include "tessaria/host/form.h"
+
+namespace tessaria::memory {
+
+/// A form that an operator, or a test in his place, works on.
+///
+/// The events of a focus change come in the order of a real form: the new control is already the
+/// active one when the old one's surface is left; then the new surface is entered. A control that
+/// takes the focus back while it is left spares the other one both events, and is entered anew.
+///
+/// Every call of the operator's hands is an event: an error that leaves a handler is shown in a
+/// box, kept in `UnhandledErrors`, and the form goes on. A form closed by a handler is hidden and
+/// its widgets answer 91 at once; its controls end when the outermost event has returned.
+class Form final : public host::Form, public std::enable_shared_from_this<Form> {
+ public:
+  enum class Mode { Run, Design };
+  static std::shared_ptr<Form> Create(String name, Mode mode = Mode::Run);
+  ~Form() override;
+
+  String Name() const override;
+  String TypeName() const override { return u"Form"; }
+  Long Left() const override { return left_; }
+  void Left(Long twips) { left_ = twips; }
+  Long Top() const override { return top_; }
+  void Top(Long twips) { top_ = twips; }
+  Long Height() const override { return height_; }
+  host::WidgetPtr Container() const override { return nullptr; }
+  Variant Get(const String& property) const override;
+  void Let(const String& property, const Variant& value) override;
+  bool Visible() const override { return visible_; }
+  host::WidgetPtr Controls(const String& name) const override;
+  std::vector<host::WidgetPtr> Controls() const override;
+  host::WidgetPtr ActiveControl() const override;
+
+  // --- Building ------------------------------------------------------------------------------
+  bool UserMode() const { return mode_ == Mode::Run; }
+  /// Properties by name, `dbForm` among them once it is set.
+  LateBound& Properties() { return properties_; }
+  /// What `dbForm` yields; Empty for a form that has the property and no connection in it.
+  void DbForm(const Variant& connection) { properties_.AddValue(u"dbForm", connection); }
+  /// Makes a control; on a form that is already shown it shows at once.
+  template <class T, class... Arguments>
+  std::shared_ptr<T> Add(Arguments&&... arguments) {
+    auto part = std::make_shared<T>(std::forward<Arguments>(arguments)...);
+    Place(part);
+    return part;
+  }
+  void Remove(const String& name);
+
+  // --- The life of the form --------------------------------------------------------------------
+  /// The first time: loads the data controls, then gives every control its first show, unbound
+  /// ones ahead of bound ones, then focuses the first that takes it.
+  void Show();
+  void Hide() { visible_ = false; }
+  void Close();
+  bool IsClosed() const { return closed_; }
+
+  // --- The operator's hands ----------------------------------------------------------------------
+  void Type(StringView text);
+  /// Tab and Shift+Tab move the focus and reach no control. Enter and Escape press the default
+  /// and the cancel button where there is one, and otherwise go to the active control.
+  void Press(Key key, Integer shift = modifier::None);
+  /// Moves the focus to the control, where it takes it, and then presses it, unless the focus
+  /// was taken back by the control that was left. Error 730 when there is none of that name.
+  void Click(const String& name);
+  void Focus(const String& name);
+
+  /// The errors that left the handlers of events.
+  const std::vector<HostError>& UnhandledErrors() const { return unhandled_; }
+
+  // --- What its parts call -----------------------------------------------------------------------
+  /// Runs one event: reports an error that leaves it, and ends a closed form behind it.
+  void RunEvent(const std::function<void()>& event);
+  /// Moves the focus; events follow at once, or when the running change of focus is done.
+  void MoveFocusTo(const std::shared_ptr<Part>& part);
+  bool IsActive(const Part& part) const { return active_.get() == &part; }
+
+ private:
+  class Event;
+  using PartPtr = std::shared_ptr<Part>;
+
+  Form(String name, Mode mode);
+  void RequireLife() const;
+  void Place(const PartPtr& part);
+  PartPtr Find(const String& name) const;
+  PartPtr Require(const String& name) const;
+  void Stroke(const memory::Stroke& stroke);
+  void MoveByTab(bool backwards);
+  bool PressButton(bool(IsWanted)(const Part&));
+  void ClickPart(const PartPtr& part);
+  void DeliverFocus();
+  void FirstShow();
+  void Report(const HostError& error);
+  void End();
+
+  String name_;
+  Mode mode_;
+  Long left_ = 0;
+  Long top_ = 0;
+  Long height_ = 6000;
+  LateBound properties_;
+  std::vector<PartPtr> parts_;    ///< in order of creation
+  std::vector<PartPtr> removed_;  ///< taken away while an event runs
+  PartPtr active_;                ///< has the focus, or has just taken it
+  PartPtr entered_;               ///< was told last that it has the focus
+  bool delivering_ = false;
+  bool visible_ = false;
+  bool shown_ = false;
+  bool closed_ = false;
+  int eventDepth_ = 0;
+  std::vector<HostError> unhandled_;
+};
+
+}  // namespace tessaria::memory

@@ -1,0 +1,118 @@
+// What a memory form knows of everything that lies on it.
+#pragma once
+
+#include <memory>
+
+#include "hosts/memory/keys.h"
+#include "hosts/memory/late_bound.h"
+#include "tessaria/error.h"
+#include "tessaria/host/form.h"
+
+namespace tessaria::memory {
+
+class Form;
+
+/// One control of a form, as the form drives it. Plain state, in twips, for tests to set.
+class Part : public std::enable_shared_from_this<Part> {
+ public:
+  struct State {
+    String Name;
+    String TypeName;
+    Long Left = 0;
+    Long Top = 0;
+    Long Width = 1215;
+    Long Height = 315;
+    bool Visible = true;
+    bool Enabled = true;
+    bool TabStop = true;
+    host::WidgetPtr Container;  ///< nothing: the form itself
+  };
+
+  Part(String name, String typeName);
+  Part(const Part&) = delete;
+  Part& operator=(const Part&) = delete;
+  virtual ~Part() = default;
+
+  State& Settings() { return state_; }
+  const State& Settings() const { return state_; }
+  /// The properties by name; a test may add some.
+  LateBound& Properties() { return properties_; }
+  const LateBound& Properties() const { return properties_; }
+
+  virtual host::WidgetPtr AsWidget() = 0;
+  /// The form that the control lies on; nothing when on none, or when it is gone.
+  std::shared_ptr<Form> OwnerForm() const { return owner_.lock(); }
+  bool IsGone() const { return gone_; }
+
+  // --- What the form calls -----------------------------------------------------------------------
+  virtual void PlaceOn(const std::shared_ptr<Form>& form) { owner_ = form; }
+  /// The form is loading: ahead of every first show.
+  virtual void Load() {}
+  virtual void FirstShow() {}
+  /// Bound controls show behind the others.
+  virtual bool IsBound() const { return false; }
+  /// Whether the control can have the focus now.
+  virtual bool TakesFocus() const { return false; }
+  virtual void Enter() {}
+  virtual void Leave() {}
+  virtual void Hold(const Stroke&) {}
+  virtual void Release(const Stroke&) {}
+  virtual void Click() {}
+  /// From here on the widget answers nothing but 91.
+  void MarkGone() { gone_ = true; }
+  virtual void Terminate() {}
+
+ protected:
+  bool CanBeUsed() const { return state_.Visible && state_.Enabled && !gone_; }
+
+ private:
+  State state_;
+  LateBound properties_;
+  std::weak_ptr<Form> owner_;
+  bool gone_ = false;
+};
+
+/// A control that its form sees through the given port.
+template <class Port>
+class PartWith : public Port, public Part {
+ public:
+  using Part::Part;
+
+  host::WidgetPtr AsWidget() override { return std::shared_ptr<Port>(shared_from_this(), this); }
+
+  String Name() const override { return Live().Name; }
+  String TypeName() const override { return Live().TypeName; }
+  Long Left() const override { return Live().Left; }
+  Long Top() const override { return Live().Top; }
+  Long Height() const override { return Live().Height; }
+  host::WidgetPtr Container() const override;
+  Variant Get(const String& property) const override {
+    Live();
+    return Properties().Get(property);
+  }
+  void Let(const String& property, const Variant& value) override {
+    Live();
+    Properties().Let(property, value);
+  }
+
+ protected:
+  /// Error 91 when the widget is gone.
+  const State& Live() const {
+    if (IsGone()) throw HostError(errors::ObjectNotSet);
+    return Settings();
+  }
+  State& Live() {
+    if (IsGone()) throw HostError(errors::ObjectNotSet);
+    return Settings();
+  }
+};
+
+/// The form of a part as a widget.
+host::WidgetPtr FormWidgetOf(const Part& part);
+
+template <class Port>
+host::WidgetPtr PartWith<Port>::Container() const {
+  return Live().Container ? Live().Container : FormWidgetOf(*this);
+}
+
+}  // namespace tessaria::memory

@@ -1,0 +1,102 @@
+// Record sets over vectors.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "hosts/memory/criteria.h"
+#include "hosts/memory/table.h"
+#include "tessaria/host/data.h"
+
+namespace tessaria::memory {
+
+/// Where the rows of a record set come from and go to.
+class RowSource {
+ public:
+  RowSource() = default;
+  RowSource(const RowSource&) = delete;
+  RowSource& operator=(const RowSource&) = delete;
+  virtual ~RowSource() = default;
+
+  struct Answer {
+    std::vector<Column> Columns;
+    std::vector<Table::Stored> Rows;
+    TablePtr Origin;  ///< where edits go; nothing when the rows cannot be written
+  };
+  /// Runs the statement, again for a requery.
+  virtual Answer Run() = 0;
+  /// Raises an error when nothing can be written now.
+  virtual void CheckConnection() const = 0;
+};
+
+class Recordset final : public host::Recordset, public std::enable_shared_from_this<Recordset> {
+ public:
+  /// Runs the source. Rows without columns give a closed record set.
+  static std::shared_ptr<Recordset> Open(std::unique_ptr<RowSource> rows, String source);
+  ~Recordset() override;
+
+  Long State() const override { return open_ ? host::state::Open : host::state::Closed; }
+  bool Bof() const override;
+  bool Eof() const override;
+  host::Fields& Fields() override;
+  Long RecordCount() override;
+  Long AbsolutePosition() const override;
+
+  void MoveFirst() override;
+  void MoveLast() override;
+  void MoveNext() override;
+  void MovePrevious() override;
+  void AbsolutePosition(Long row) override;
+  void Find(const String& criteria) override;
+  void Sort(const String& order) override;
+  String Sort() const override { return order_; }
+
+  host::EditMode EditMode() const override;
+  void AddNew() override;
+  void Update() override;
+  void CancelUpdate() override;
+  void Delete() override;
+  void Requery() override;
+  void Close() override;
+  String Source() const override { return source_; }
+
+  // --- What its fields and its connection ask ----------------------------------------------------
+  /// Closes without a check: the connection went.
+  void Drop();
+  /// Error 3704 when closed.
+  const std::vector<Column>& Columns() const;
+  Variant Value(std::size_t column) const;
+  void Value(std::size_t column, const Variant& value);
+
+ private:
+  class FieldList;
+
+  Recordset(std::unique_ptr<RowSource> rows, String source);
+  void Load();
+  void RequireOpen() const;
+  /// Error 3021 without a current row.
+  void RequireRow() const;
+  void RequireUpdatable() const;
+  bool IsOnRow() const;
+  /// Ahead of a move: writes the pending edit.
+  void Settle();
+  void ApplyOrder();
+  std::ptrdiff_t Count() const { return static_cast<std::ptrdiff_t>(rows_.size()); }
+  const Row& CurrentCells() const;
+
+  std::unique_ptr<RowSource> rowSource_;
+  String source_;
+  bool open_ = false;
+  std::vector<Column> columns_;
+  std::vector<Table::Stored> rows_;  ///< as ordered; the numbers keep the statement's order
+  TablePtr origin_;
+  String order_;
+  std::ptrdiff_t position_ = 0;  ///< -1 at BOF, the count at EOF
+  bool onDeleted_ = false;       ///< the row ahead of `position_` was deleted under the cursor
+  host::EditMode editMode_ = host::EditMode::None;
+  Row edit_;
+  std::unique_ptr<FieldList> fields_;
+};
+
+}  // namespace tessaria::memory

@@ -1,0 +1,96 @@
+// Tables of the memory database.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "tessaria/error.h"
+#include "tessaria/host/data.h"
+
+namespace tessaria::memory {
+
+/// Error number of a value that a field's type refuses.
+inline constexpr Long kRefusedValue = -2147217887;
+
+/// A column as its record sets report it.
+struct Column {
+  String Name;
+  Long Type = host::type::VarWChar;
+  Long DefinedSize = 50;
+  bool Nullable = true;
+  bool Updatable = true;
+  Long Precision = 0;
+  Long NumericScale = 0;
+
+  /// Bits of `host::attribute`.
+  Long Attributes() const;
+};
+
+using Row = std::vector<Variant>;
+
+/// What a statement answers: no columns for a statement that gives no rows.
+struct Rows {
+  std::vector<Column> Columns;
+  std::vector<Row> Cells;
+};
+
+/// Whether a type number is one of the text types.
+bool IsTextType(Long type);
+/// The value as a column of that type holds it; Null for Null, and for a blank in a column that is
+/// no text. Errors: 13 a text that is no such value, 6 out of range, -2147217887 a text that is
+/// too long or Null where it is not allowed.
+Variant ValueOfType(const Column& column, const Variant& value);
+/// Position of a column by name, without regard to case; nothing when there is none.
+std::optional<std::size_t> ColumnByName(const std::vector<Column>& columns, StringView name);
+
+/// A table that record sets read and write and that tests change behind their back.
+/// Values are brought to their columns' types as they come in, with the errors of `ValueOfType`.
+class Table {
+ public:
+  /// A row by its lasting number; the version counts its changes.
+  struct Stored {
+    Long Id = 0;
+    Long Version = 0;
+    Row Cells;
+  };
+
+  explicit Table(std::vector<Column> columns, std::vector<Row> rows = {});
+
+  const std::vector<Column>& Columns() const { return columns_; }
+  const std::vector<Stored>& Rows() const { return rows_; }
+
+  // --- What record sets do: refused by the faults below, -2147217864 for a row that was changed
+  // --- or deleted since `version`.
+  Stored Insert(Row cells);
+  Stored Update(Long id, Long version, Row cells);
+  void Delete(Long id, Long version);
+  /// Raises the error that the column was told to raise.
+  void CheckField(const String& column) const;
+
+  // --- What another user does; rows count from 0.
+  void Append(Row cells);
+  void Change(std::size_t row, const String& column, const Variant& value);
+  void Remove(std::size_t row);
+
+  // --- Faults.
+  void RefuseField(const String& column, HostError error);
+  void AcceptField(const String& column);
+  void RefuseNextWrite(HostError error) { refusal_ = std::move(error); }
+
+ private:
+  void CheckWrite();
+  Row Typed(Row cells) const;
+  std::vector<Stored>::iterator Unchanged(Long id, Long version);
+
+  std::vector<Column> columns_;
+  std::vector<Stored> rows_;
+  Long lastId_ = 0;
+  std::map<String, HostError> refusedFields_;  ///< by name in lower case
+  std::optional<HostError> refusal_;
+};
+
+using TablePtr = std::shared_ptr<Table>;
+
+}  // namespace tessaria::memory

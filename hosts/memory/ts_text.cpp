@@ -1,0 +1,234 @@
+#include "hosts/memory/ts_text.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "control/properties.h"
+#include "runtime/text.h"
+
+namespace tessaria::memory {
+namespace {
+
+constexpr Integer kSpace = 32;
+constexpr Integer kEnter = 13;
+
+/// A window token of its own for each surface.
+Long NextWindow() {
+  static thread_local Long last = 0;
+  return ++last;
+}
+
+}  // namespace
+
+class TsText::Site final : public host::ControlSite {
+ public:
+  explicit Site(TsText& owner) : owner_(owner) {}
+
+  bool UserMode() const override {
+    const auto form = owner_.OwnerForm();
+    return !form || form->UserMode();
+  }
+  String DisplayName() const override { return owner_.Settings().Name; }
+  host::Font AmbientFont() const override {
+    host::Font font;
+    font.Name = u"MS Sans Serif";
+    return font;
+  }
+  host::FormPtr Parent() const override {
+    if (auto form = owner_.OwnerForm()) return form;
+    throw HostError(errors::ObjectNotSet);
+  }
+  host::WidgetPtr Extender() const override { return owner_.AsWidget(); }
+  bool TabStop() const override { return owner_.Settings().TabStop; }
+  void TabStop(bool stop) override { owner_.Settings().TabStop = stop; }
+  Long hWnd() const override { return window_; }
+  Long Width() const override { return owner_.Settings().Width; }
+  Long Height() const override { return owner_.Settings().Height; }
+  void Height(Long twips) override { owner_.Settings().Height = twips; }
+  void BackColor(Colour colour) override { owner_.surfaceColour_ = colour; }
+  String ActiveControlName() const override {
+    if (!owner_.HasFocus()) throw HostError(errors::ObjectNotSet);
+    return owner_.inner_ == Inner::Button ? u"btnBrowse" : u"txtEdit";
+  }
+  void PropertyChanged(const String& name) override { owner_.changed_.push_back(name); }
+
+ private:
+  TsText& owner_;
+  Long window_ = NextWindow();
+};
+
+/// Keeps each event, then hands it to the application's handler.
+class TsText::EventSink final : public tsTextEvents {
+ public:
+  explicit EventSink(TsText& owner) : owner_(owner) {}
+
+  void Show() override { Raise({ControlEvent::Kind::Show}, owner_.OnShow); }
+  void Change() override { Raise({ControlEvent::Kind::Change}, owner_.OnChange); }
+  void KeyDown(Integer& code, Integer& shift) override {
+    Raise({ControlEvent::Kind::KeyDown, code, shift}, owner_.OnKeyDown, code, shift);
+  }
+  void KeyPress(Integer& code) override {
+    Raise({ControlEvent::Kind::KeyPress, code}, owner_.OnKeyPress, code);
+  }
+  void KeyUp(Integer& code, Integer& shift) override {
+    Raise({ControlEvent::Kind::KeyUp, code, shift}, owner_.OnKeyUp, code, shift);
+  }
+  void BrowseReturn(bool& changed, Variant& last) override {
+    Raise({ControlEvent::Kind::BrowseReturn, 0, 0, changed, last}, owner_.OnBrowseReturn, changed,
+          last);
+  }
+
+ private:
+  template <class Slot, class... Arguments>
+  void Raise(ControlEvent event, const Slot& slot, Arguments&... arguments) {
+    owner_.log_.push_back(std::move(event));
+    if (const Slot copy = slot) copy(arguments...);
+  }
+
+  TsText& owner_;
+};
+
+TsText::TsText(String name) : PartWith(std::move(name), u"tsText") {
+  Create();
+  core_->UserControl_InitProperties();
+  core_->UserControl_Resize();
+}
+
+TsText::TsText(String name, const host::PropertyBag& stored)
+    : PartWith(std::move(name), u"tsText") {
+  Create();
+  core_->UserControl_ReadProperties(stored);
+  core_->UserControl_Resize();
+}
+
+TsText::~TsText() { Terminate(); }
+
+void TsText::Create() {
+  site_ = std::make_unique<Site>(*this);
+  sink_ = std::make_unique<EventSink>(*this);
+  core_ = std::make_unique<tsText>(*site_, box_, button_, *sink_);
+  box_.OnSetFocus = [this] { FocusInner(Inner::Box); };
+  box_.Surface.OnKeyDown = [this](Integer& code, Integer& shift) {
+    core_->UserControl_KeyDown(code, shift);
+  };
+  box_.Surface.OnKeyPress = [this](Integer& code) { core_->UserControl_KeyPress(code); };
+  box_.Surface.OnKeyUp = [this](Integer& code, Integer& shift) {
+    core_->UserControl_KeyUp(code, shift);
+  };
+}
+
+void TsText::Terminate() {
+  if (!core_) return;
+  core_->UserControl_Terminate();
+  core_.reset();
+  box_.OnSetFocus = nullptr;
+  box_.Surface = {};
+}
+
+_tsText& TsText::Control() const {
+  Live();
+  return **this;
+}
+
+tsText& TsText::operator*() const {
+  if (!core_) throw HostError(errors::ObjectNotSet);
+  return *core_;
+}
+
+std::vector<ControlEvent> TsText::Events(ControlEvent::Kind kind) const {
+  std::vector<ControlEvent> found;
+  std::copy_if(log_.begin(), log_.end(), std::back_inserter(found),
+               [kind](const ControlEvent& event) { return event.What == kind; });
+  return found;
+}
+
+Variant TsText::Get(const String& property) const {
+  if (Live(); FindProperty(property) == nullptr) return Properties().Get(property);
+  return GetProperty(**this, property);
+}
+
+void TsText::Let(const String& property, const Variant& value) {
+  if (Live(); FindProperty(property) == nullptr) return Properties().Let(property, value);
+  LetProperty(**this, property, value);
+}
+
+void TsText::Resize(Long width, Long height) {
+  Live().Width = width;
+  Settings().Height = height;
+  (*this)->UserControl_Resize();
+}
+
+// --- Focus --------------------------------------------------------------------------------------
+
+void TsText::FirstShow() { (*this)->UserControl_Show(); }
+
+bool TsText::IsBound() const {
+  return !(*this)->DataSource().empty() && !(*this)->DataField().empty();
+}
+
+bool TsText::TakesFocus() const { return CanBeUsed() && box_.Enabled(); }
+
+bool TsText::HasFocus() const {
+  const auto form = OwnerForm();
+  return form && form->IsActive(*this);
+}
+
+void TsText::FocusInner(Inner inner) {
+  const auto form = OwnerForm();
+  if (!form || !TakesFocus()) return;
+  inner_ = inner;
+  form->MoveFocusTo(shared_from_this());
+  if (entered_) ShowInnerFocus();
+}
+
+void TsText::ShowInnerFocus() {
+  if (inner_ == Inner::Box) {
+    box_.GainFocus();
+  } else {
+    box_.LoseFocus();
+  }
+}
+
+void TsText::Enter() {
+  const auto form = OwnerForm();
+  form->RunEvent([this] { (*this)->UserControl_EnterFocus(); });
+  if (!HasFocus()) return;
+  entered_ = true;
+  form->RunEvent([this] { ShowInnerFocus(); });
+}
+
+void TsText::Leave() {
+  const auto form = OwnerForm();
+  entered_ = false;
+  inner_ = Inner::Box;
+  form->RunEvent([this] { box_.LoseFocus(); });
+  form->RunEvent([this] { (*this)->UserControl_ExitFocus(); });
+}
+
+void TsText::ClickButton() {
+  const auto form = OwnerForm();
+  if (!form || !button_.CanBePressed()) return;
+  form->RunEvent([&] {
+    FocusInner(Inner::Button);
+    if (HasFocus()) button_.Press();
+  });
+}
+
+// --- Keys ---------------------------------------------------------------------------------------
+
+void TsText::Hold(const Stroke& stroke) {
+  if (inner_ == Inner::Box) return box_.Hold(stroke);
+  Integer code = stroke.Code;
+  Integer shift = stroke.Shift;
+  (*this)->UserControl_KeyDown(code, shift);
+  if (code == kSpace || code == kEnter) button_.Press();
+}
+
+void TsText::Release(const Stroke& stroke) {
+  if (inner_ == Inner::Box) return box_.Release(stroke);
+  Integer code = stroke.Code;
+  Integer shift = stroke.Shift;
+  (*this)->UserControl_KeyUp(code, shift);
+}
+
+}  // namespace tessaria::memory

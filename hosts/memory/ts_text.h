@@ -1,0 +1,102 @@
+// A whole control on a memory form: surface, box, button and what they drive.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "control/tstext.h"
+#include "hosts/memory/command_button.h"
+#include "hosts/memory/form.h"
+#include "hosts/memory/part.h"
+#include "hosts/memory/text_box.h"
+#include "tessaria/host/control.h"
+
+namespace tessaria::memory {
+
+/// An event that a control raised.
+struct ControlEvent {
+  enum class Kind { Show, Change, KeyDown, KeyPress, KeyUp, BrowseReturn };
+  Kind What;
+  Integer Code = 0;   ///< key events
+  Integer Shift = 0;  ///< key-down and key-up
+  bool HouveAlteracao = false;
+  Variant LastValue = {};  ///< BrowseReturn
+};
+
+/// A control as a form holds it. A key comes to the surface and then to the box, at each of its
+/// steps. The control itself is there until the form ends; its widget answers 91 from the moment
+/// that the form closes.
+class TsText final : public PartWith<host::TsTextWidget> {
+ public:
+  /// A newly placed control.
+  explicit TsText(String name);
+  /// A control loaded from what was stored.
+  TsText(String name, const host::PropertyBag& stored);
+  ~TsText() override;
+
+  _tsText& Control() const override;
+  /// The same with all its properties. Error 91 when the form has ended.
+  tsText& operator*() const;
+  tsText* operator->() const { return &**this; }
+
+  TextBox& txtEdit() { return box_; }
+  CommandButton& btnBrowse() { return button_; }
+  /// Presses the button on the surface, which takes the focus first.
+  void ClickButton();
+  /// A new size for the surface, in twips.
+  void Resize(Long width, Long height);
+
+  // --- What happened -----------------------------------------------------------------------------
+  const std::vector<ControlEvent>& Events() const { return log_; }
+  /// The events of one kind.
+  std::vector<ControlEvent> Events(ControlEvent::Kind kind) const;
+  void ForgetEvents() { log_.clear(); }
+  /// Names of the properties that were reported as changed, in order.
+  const std::vector<String>& ChangedProperties() const { return changed_; }
+  Colour SurfaceColour() const { return surfaceColour_; }
+
+  // --- The application's handlers ----------------------------------------------------------------
+  std::function<void()> OnShow;
+  std::function<void()> OnChange;
+  std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
+  std::function<void(Integer& KeyAscii)> OnKeyPress;
+  std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyUp;
+  std::function<void(bool& HouveAlteracao, Variant& LastValue)> OnBrowseReturn;
+
+  Variant Get(const String& property) const override;
+  void Let(const String& property, const Variant& value) override;
+
+  void FirstShow() override;
+  bool IsBound() const override;
+  bool TakesFocus() const override;
+  void Enter() override;
+  void Leave() override;
+  void Hold(const Stroke& stroke) override;
+  void Release(const Stroke& stroke) override;
+  void Terminate() override;
+
+ private:
+  class Site;
+  class EventSink;
+  enum class Inner { Box, Button };
+
+  /// The part that both constructors share, ahead of the control's own start values.
+  void Create();
+  bool HasFocus() const;
+  void FocusInner(Inner inner);
+  void ShowInnerFocus();
+
+  TextBox box_;
+  CommandButton button_;
+  std::unique_ptr<Site> site_;
+  std::unique_ptr<EventSink> sink_;
+  std::unique_ptr<tsText> core_;
+  Inner inner_ = Inner::Box;  ///< where the focus is when the surface has it
+  bool entered_ = false;
+  std::vector<ControlEvent> log_;
+  std::vector<String> changed_;
+  Colour surfaceColour_ = host::colour::ButtonFace;
+};
+
+}  // namespace tessaria::memory
