@@ -1,0 +1,237 @@
+#include "lookup/dialect.h"
+
+#include "tests/lookup/lookup_fixture.h"
+
+namespace tessaria::test {
+namespace {
+
+using mdlComum::TraduzSQL;
+using mdlObjTxt::sqlFuncao;
+
+using DialectTest = LookupTest;
+
+struct NameCase {
+  const char16_t* provider;
+  FamiliaSql family;
+  bool postgres;
+};
+
+const NameCase kNames[] = {
+    {u"MS JET", FamiliaSql::Access, false},
+    {u"ACCESS", FamiliaSql::Access, false},
+    {u"Access", FamiliaSql::Access, false},
+    {u"Microsoft SQL Server", FamiliaSql::SqlServer, false},
+    {u"PostgreSQL", FamiliaSql::PostgreSQL, true},
+    {u"postgresql", FamiliaSql::PostgreSQL, true},
+    {u"SQLite", FamiliaSql::Desconhecida, false},
+    {u"PostgreSQL ", FamiliaSql::Desconhecida, false},
+    {u"", FamiliaSql::Desconhecida, false},
+};
+
+TEST_F(DialectTest, TheProvidersNameInAnyCaseTellsTheFamily) {
+  for (const auto& row : kNames) {
+    SCOPED_TRACE(ToUtf8(row.provider));
+    connection->Dbms(row.provider);
+    EXPECT_EQ(FamiliaDoDialeto(NomeDialeto(*connection)), row.family);
+    EXPECT_EQ(EhPostgreSQL(*connection), row.postgres);
+  }
+}
+
+TEST_F(DialectTest, TheConnectionIsAskedEachTime) {
+  EXPECT_EQ(TraduzSQL(fragmento::Like), u"Like");
+  connection->Dbms(u"PostgreSQL");
+  EXPECT_EQ(TraduzSQL(fragmento::Like), u"ilike");
+}
+
+TEST_F(DialectTest, TheTwoWayRuleGivesOneRow) {
+  EXPECT_EQ(SelecionaUmaLinha(true).Select, u"Select ");
+  EXPECT_EQ(SelecionaUmaLinha(true).Limite, u" Limit 1");
+  EXPECT_EQ(SelecionaUmaLinha(false).Select, u"Select Top 1 ");
+  EXPECT_EQ(SelecionaUmaLinha(false).Limite, u"");
+}
+
+struct FragmentCase {
+  Long code;
+  Long kind;
+  const char16_t* access;
+  const char16_t* sqlServer;
+  const char16_t* postgres;
+};
+
+const FragmentCase kFragments[] = {
+    {0, 0, u"Mid", u"Substring", u"Substring"},
+    {1, 0, u"IIf(a = 1, 'S', 'N') as flag", u"Case When a = 1 Then 'S' Else 'N' End as flag",
+     u"Case When a = 1 Then 'S' Else 'N' End as flag"},
+    {2, 0, u"Cdate('25/12/2016')", u"'12/25/2016'", u"'2016-12-25'::date"},
+    {3, 0, u"Cint(x)", u"Convert(int, x)", u"x::integer"},
+    {3, 1, u"Cint(x)", u"Convert(SmallInt, x)", u"x::int2"},
+    {3, 2, u"Cint(x)", u"", u""},
+    {3, -1, u"Cint(x)", u"", u""},
+    {4, 0, u"Trim", u"RTrim", u"Trim"},
+    {5, 0, u"", u"", u""},
+    {6, 0, u"&", u"&", u"||"},
+    {7, 0, u"Like", u"Like", u"ilike"},
+    {8, 0, u"", u"", u""},
+    {-1, 0, u"", u"", u""},
+};
+
+TEST_F(DialectTest, EachFragmentInEachFamily) {
+  for (const auto& row : kFragments) {
+    const std::pair<const char16_t*, const char16_t*> cells[] = {
+        {u"MS JET", row.access},
+        {u"ACCESS", row.access},
+        {u"Microsoft SQL Server", row.sqlServer},
+        {u"PostgreSQL", row.postgres},
+        {u"SQLite", u""},
+    };
+    for (const auto& [provider, fragment] : cells) {
+      SCOPED_TRACE(std::to_string(row.code) + " " + std::to_string(row.kind) + " " +
+                   ToUtf8(provider));
+      connection->Dbms(provider);
+      EXPECT_EQ(
+          TraduzSQL(row.code, u"a = 1", u"'S'", u"'N'", u"flag", u"25/12/2016", row.kind, u"x"),
+          fragment);
+    }
+  }
+}
+
+TEST_F(DialectTest, SqlServerConcatenatesWithAnAmpersandNotAPlus) {
+  connection->Dbms(u"Microsoft SQL Server");
+  EXPECT_EQ(TraduzSQL(fragmento::Concatena), u"&");
+  EXPECT_EQ(sqlFuncao(u"Microsoft SQL Server", u"sqlConcat"), u"&");
+}
+
+TEST_F(DialectTest, AnEmptyAliasAppendsNothing) {
+  EXPECT_EQ(TraduzSQL(1, u"a", u"b", u"c", u""), u"IIf(a, b, c)");
+  connection->Dbms(u"PostgreSQL");
+  EXPECT_EQ(TraduzSQL(1, u"a", u"b", u"c", u""), u"Case When a Then b Else c End");
+}
+
+TEST_F(DialectTest, ArgumentsAreNoTemplates) {
+  EXPECT_EQ(TraduzSQL(1, u"{strEntao}", u"{", u"}", u"{strSenao}"),
+            u"IIf({strEntao}, {, }) as {strSenao}");
+}
+
+TEST_F(DialectTest, AccessTakesTheDateAsTyped) {
+  EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, u"1/2/16"), u"Cdate('1/2/16')");
+  EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, u"ontem"), u"Cdate('ontem')");
+}
+
+TEST_F(DialectTest, ATextThatIsNoDateComesBackBetweenApostrophes) {
+  connection->Dbms(u"Microsoft SQL Server");
+  EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, u"ontem"), u"'ontem'");
+  EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, u""), u"''");
+  connection->Dbms(u"PostgreSQL");
+  EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, u"ontem"), u"'ontem'::date");
+}
+
+TEST_F(DialectTest, AnUnknownProviderLeavesASearchWithoutItsKeyword) {
+  connection->Dbms(u"SQLite");
+  EXPECT_EQ(u"campo " + TraduzSQL(7) + u" 'x%'", u"campo  'x%'");
+}
+
+TEST_F(DialectTest, WithoutAConnectionTheErrorReachesTheCaller) {
+  State().dbConexao = nullptr;
+  EXPECT_HOST_ERROR(TraduzSQL(0), errors::ObjectNotSet);
+  State().dbConexao = connection;
+  connection->Close();
+  EXPECT_HOST_ERROR(TraduzSQL(0), errors::InvalidConnection);
+  EXPECT_THAT(app.TakeBoxes(), testing::IsEmpty());
+}
+
+struct FunctionCase {
+  const char16_t* dbms;
+  const char16_t* substring;
+  const char16_t* concat;
+};
+
+const FunctionCase kFunctions[] = {
+    {u"ACCESS", u"Mid", u"&"},
+    {u"access", u"Mid", u"&"},
+    {u"Microsoft SQL Server", u"Substring", u"&"},
+    {u"mIcRoSoFt sql SERVER", u"Substring", u"&"},
+    {u"POSTGRESQL", u"Substring", u"||"},
+    {u"PostgreSQL", u"Substring", u"||"},
+    {u"SQLite", u"", u""},
+    {u"", u"", u""},
+};
+
+TEST(SqlFuncao, GivesTheWordsOfEachDialect) {
+  for (const auto& row : kFunctions) {
+    SCOPED_TRACE(ToUtf8(row.dbms));
+    EXPECT_EQ(sqlFuncao(row.dbms, u"sqlSubstring"), row.substring);
+    EXPECT_EQ(sqlFuncao(row.dbms, u"SQLSUBSTRING"), row.substring);
+    EXPECT_EQ(sqlFuncao(row.dbms, u"sqlConcat"), row.concat);
+    EXPECT_EQ(sqlFuncao(row.dbms, u"sqlconcat"), row.concat);
+    EXPECT_EQ(sqlFuncao(row.dbms, u"sqlTrim"), u"");
+    EXPECT_EQ(sqlFuncao(row.dbms, u""), u"");
+  }
+}
+
+TEST(SqlFuncao, DoesNotKnowMsJet) {
+  EXPECT_EQ(sqlFuncao(u"MS JET", u"sqlSubstring"), u"");
+  EXPECT_EQ(sqlFuncao(u"MS JET", u"sqlConcat"), u"");
+}
+
+TEST(SqlFuncao, NeedsNoConnection) { EXPECT_EQ(sqlFuncao(u"ACCESS", u"sqlConcat"), u"&"); }
+
+struct VersionCase {
+  const char16_t* text;
+  Integer number;
+};
+
+const VersionCase kVersions[] = {
+    {u"PostgreSQL 9.5.3 on x86_64", 953},
+    {u"PostgreSQL 9.4.1 on x86_64", 941},
+    {u"PostgreSQL 9.5.3", 953},
+    {u"PostgreSQL 15.18.0", 1518},
+    {u"Server PostgreSQL 9.6.1 ", 961},
+    {u"0123456789"
+     u"15.0.1",
+     1501},  // without the name the text is cut at its 11th character
+};
+
+TEST_F(DialectTest, TheVersionIsANumberOfItsDigits) {
+  for (const auto& row : kVersions) {
+    SCOPED_TRACE(ToUtf8(row.text));
+    connection->Dbms(u"PostgreSQL", row.text);
+    EXPECT_EQ(VersaoPostgreSQL(*connection), row.number);
+  }
+}
+
+TEST_F(DialectTest, AnOldReleaseOfManyDigitsCountsAsANewOne) {
+  connection->Dbms(u"PostgreSQL", u"PostgreSQL 8.4.22 ");
+  EXPECT_EQ(VersaoPostgreSQL(*connection), 8422);
+}
+
+struct BadVersionCase {
+  const char16_t* text;
+  Long error;
+};
+
+const BadVersionCase kBadVersions[] = {
+    {u"PostgreSQL 10.1 on x", errors::TypeMismatch},
+    {u"x postgresql 9.5.3", errors::TypeMismatch},  // the name counts in its exact case
+    {u"9.5.3", errors::TypeMismatch},
+    {u"PostgreSQL", errors::TypeMismatch},
+    {u"", errors::TypeMismatch},
+    {u"PostgreSQL 999999", errors::Overflow},
+};
+
+TEST_F(DialectTest, AVersionThatIsNoNumberIsAnError) {
+  for (const auto& row : kBadVersions) {
+    SCOPED_TRACE(ToUtf8(row.text));
+    connection->Dbms(u"PostgreSQL", row.text);
+    EXPECT_HOST_ERROR(VersaoPostgreSQL(*connection), row.error);
+  }
+}
+
+TEST(Quoting, DoublesEveryApostrophe) {
+  EXPECT_EQ(Aspas(u"A'1"), u"'A''1'");
+  EXPECT_EQ(Aspas(u"''"), u"''''''");
+  EXPECT_EQ(Aspas(u""), u"''");
+  EXPECT_EQ(DobraAspas(u"d'água d'ouro"), u"d''água d''ouro");
+}
+
+}  // namespace
+}  // namespace tessaria::test

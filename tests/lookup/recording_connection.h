@@ -1,0 +1,79 @@
+// A memory connection that notes how each statement reached it.
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "hosts/memory/connection.h"
+
+namespace tessaria::test {
+
+/// A statement, and the way that it was sent.
+struct SentStatement {
+  String Text;
+  bool Executed = false;  ///< by Execute; the rest tells of OpenRecordset
+  host::CursorType Cursor = host::CursorType::ForwardOnly;
+  host::LockType Lock = host::LockType::ReadOnly;
+  Long Options = 0;
+};
+
+class RecordingConnection final : public host::Connection {
+ public:
+  RecordingConnection() {
+    ConnectionString(u"DSN=teste");
+    inner_->OnStatement = [this](const String&) -> std::optional<memory::Rows> {
+      if (answers_.empty()) return memory::Rows{{{u"vazio"}}, {}};
+      auto rows = std::move(answers_.front());
+      answers_.pop_front();
+      return rows;
+    };
+  }
+
+  /// What the provider says of its database.
+  void Dbms(const String& name, const String& version = u"") {
+    inner_->SetProperty(u"DBMS Name", name);
+    inner_->SetProperty(u"DBMS Version", version);
+  }
+  /// Queues the answer of a statement to come. A statement without one gets no rows, of one text
+  /// column.
+  void WillAnswer(memory::Rows rows) { answers_.push_back(std::move(rows)); }
+  void WillFail(HostError error) { inner_->FailNext(std::move(error)); }
+
+  const std::vector<SentStatement>& Statements() const { return statements_; }
+  std::vector<String> Texts() const {
+    std::vector<String> texts;
+    for (const auto& statement : statements_) texts.push_back(statement.Text);
+    return texts;
+  }
+  /// The record sets that were given out, in order.
+  const std::vector<host::RecordsetPtr>& Recordsets() const { return recordsets_; }
+
+  Long State() const override { return inner_->State(); }
+  String ConnectionString() const override { return inner_->ConnectionString(); }
+  void ConnectionString(const String& text) override { inner_->ConnectionString(text); }
+  void Open() override { inner_->Open(); }
+  void Close() override { inner_->Close(); }
+  Variant Properties(const String& name) const override { return inner_->Properties(name); }
+  host::RecordsetPtr Execute(const String& statement) override {
+    statements_.push_back({statement, true});
+    return recordsets_.emplace_back(inner_->Execute(statement));
+  }
+  host::RecordsetPtr OpenRecordset(const String& source, host::CursorType cursor,
+                                   host::LockType lock, Long options) override {
+    statements_.push_back({source, false, cursor, lock, options});
+    return recordsets_.emplace_back(inner_->OpenRecordset(source, cursor, lock, options));
+  }
+  void BeginTrans() override { inner_->BeginTrans(); }
+  void CommitTrans() override { inner_->CommitTrans(); }
+  void RollbackTrans() override { inner_->RollbackTrans(); }
+
+ private:
+  std::shared_ptr<memory::Connection> inner_ = memory::Connection::CreateOpen();
+  std::deque<memory::Rows> answers_;
+  std::vector<SentStatement> statements_;
+  std::vector<host::RecordsetPtr> recordsets_;
+};
+
+}  // namespace tessaria::test
