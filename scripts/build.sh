@@ -12,9 +12,8 @@ run_quietly() {
     printf 'done in %d s\n' $((SECONDS - begin))
   else
     printf 'failed\n'
-    grep -nE -A 12 'error:|Error|FAILED:' "$log" | head -n 80 || true
-    printf '%s\n' "--- the last lines of $log:"
-    tail -n 30 "$log"
+    { grep -E -A 6 'error:|Error at|FAILED:' "$log" || tail -n 40 "$log"; } | head -n 60
+    printf 'All of it: %s\n' "$log"
     return 1
   fi
 }
