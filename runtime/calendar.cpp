@@ -11,33 +11,33 @@ namespace {
 constexpr int kFirstYear = 100, kLastYear = 9999;
 constexpr int kSecondsOfDay = 24 * 60 * 60;
 
-bool IsLeapYear(int year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
+constexpr bool IsLeapYear(int year) {
+  return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+}
 
-int DaysInMonth(int year, int month) {
-  constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  return month == 2 && IsLeapYear(year) ? 29 : kDays[month - 1];
+constexpr int DaysBeforeMonth(int year, int month) {
+  constexpr int kDays[] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+  return kDays[month - 1] + (month > 2 && IsLeapYear(year) ? 1 : 0);
+}
+
+constexpr int DaysInMonth(int year, int month) {
+  const int end = month == 12 ? 365 + (IsLeapYear(year) ? 1 : 0) : DaysBeforeMonth(year, month + 1);
+  return end - DaysBeforeMonth(year, month);
 }
 
 // Days from 1 January of year 1 to 1 January of a year.
-int DaysBeforeYear(int year) {
+constexpr int DaysBeforeYear(int year) {
   const int past = year - 1;
   return past * 365 + past / 4 - past / 100 + past / 400;
 }
 
-int DaysBeforeMonth(int year, int month) {
-  int days = 0;
-  for (int m = 1; m < month; ++m) days += DaysInMonth(year, m);
-  return days;
-}
-
 // Days from 1 January of year 1.
-int CommonDay(int year, int month, int day) {
+constexpr int CommonDay(int year, int month, int day) {
   return DaysBeforeYear(year) + DaysBeforeMonth(year, month) + day - 1;
 }
 
-int DayNumber(int year, int month, int day) {
-  static const int origin = CommonDay(1899, 12, 30);
-  return CommonDay(year, month, day) - origin;
+constexpr int DayNumber(int year, int month, int day) {
+  return CommonDay(year, month, day) - CommonDay(1899, 12, 30);
 }
 
 bool TimeExists(const CivilTime& time) {
@@ -46,7 +46,7 @@ bool TimeExists(const CivilTime& time) {
 }
 
 void SetDay(CivilTime& time, int number) {
-  // An estimate that is never too late; at most one step is missing.
+  // From the mean length of a year, then stepped to the right one.
   time.Year = 1899 + static_cast<int>(std::floor((number - 2) / 365.25));
   while (DayNumber(time.Year + 1, 1, 1) <= number) ++time.Year;
   while (DayNumber(time.Year, 1, 1) > number) --time.Year;

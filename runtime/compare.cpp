@@ -49,7 +49,7 @@ std::partial_ordering Order(const Variant& a, const Variant& b) {
   };
   const bool textA = isText(a, b), textB = isText(b, a);
   if (textA && textB) return CStr(a).compare(CStr(b)) <=> 0;
-  if (textA != textB) return textB <=> textA;
+  if (textA != textB) return textA <=> textB;
   return OrderNumbers(a, b);
 }
 

@@ -6,7 +6,9 @@
 namespace tessaria {
 
 /// Null equals nothing, not even Null. Empty equals "", 0, the date 0 and False. A number
-/// never equals a text when both are variants. Texts compare exactly. Objects: error 13.
+/// never equals a text when both are variants; a date counts as a number. Texts compare exactly.
+/// A Double beside a Single counts as a Single; beside a Currency or Decimal, a Double counts
+/// with its 15 significant digits. Objects and missing arguments: error 13.
 bool Equal(const Variant& a, const Variant& b);
 /// a < b under the same rules; a number is below every text. False when either is Null.
 bool Less(const Variant& a, const Variant& b);

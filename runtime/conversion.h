@@ -5,28 +5,38 @@
 // out of range, 94 for Null.
 #pragma once
 
+#include "tessaria/string.h"
 #include "tessaria/variant.h"
 
 namespace tessaria {
 
 /// The text of a value. Empty and missing give ""; a number has the comma and up to 15
-/// significant digits (7 for Single); a date is dd/mm/yyyy, with hh:mm:ss when it has a time,
-/// and only the time when it has no day; a Boolean is "Verdadeiro" or "Falso".
+/// significant digits (7 for Single, all for Currency and Decimal), and an exponent ("1,5E-05")
+/// below 0,0001 or with more digits in front of the comma than that; a date is dd/mm/yyyy, with
+/// hh:mm:ss when it has a time, and only the time when it has no day; a Boolean is "Verdadeiro" or
+/// "Falso".
 String CStr(const Variant& value);
-/// Empty is 0, True is -1, a date its days. A text may have points for thousands, a comma
-/// for decimals, a sign in front or behind, an exponent and blanks around.
+/// Empty is 0, True is -1, a date its days. A text may have points for thousands (at any place
+/// of the whole part, so "12.34" is 1234), a comma for decimals, a sign in front or behind,
+/// parentheses for a negative number, "R$", an exponent behind E or D, and blanks around. "&H1F"
+/// and "&O17" are hexadecimal and octal.
 double CDbl(const Variant& value);
-/// Rounds halves to even, as the next.
+/// Rounds halves to even, as the next. A hexadecimal or octal text is a bit pattern of the
+/// result's width: "&HFFFFFFFF" is -1.
 Long CLng(const Variant& value);
 Integer CInt(const Variant& value);
 /// Not 0; a text "Verdadeiro", "Falso", "True", "False" in any case, or a number.
 bool CBool(const Variant& value);
 /// A text may be d/m/y, d/m (this year), m/yyyy (the first of the month), y-m-d, eight digits
 /// (day, month, year), each with or without a time h:m[:s] behind a blank or alone. Separators "/",
-/// "-" and ".". Two-digit years: 00 to 29 are 20xx, 30 to 99 are 19xx. Error 13 for a day that does
-/// not exist.
+/// "-" and ".". Two-digit years: 00 to 29 are 20xx, 30 to 99 are 19xx. Where a form with
+/// separators gives no day, but does with day and month swapped, it is read so: "12/25/2016" is
+/// Christmas. Error 13 for a day that does not exist. A number counts days; error 6 outside the
+/// years 100 to 9999.
 Date CDate(const Variant& value);
+/// Rounds to four decimals, halves to even. A text is taken exactly.
 Currency CCur(const Variant& value);
+/// A double gives its 15 significant digits, a text all that 96 bits hold.
 Decimal CDec(const Variant& value);
 
 /// True when CDbl takes the value. A date is no number here; Empty is one.
@@ -34,10 +44,11 @@ bool IsNumeric(const Variant& value);
 /// True when the value is a date or a text that CDate takes.
 bool IsDate(const Variant& value);
 
-/// The number at the start of a text: blanks are skipped, the point is the decimal mark, 0
-/// when there is none.
+/// The number at the start of a text: blanks are skipped, between digits too, the point is the
+/// decimal mark, 0 when there is none. Takes an exponent, "&H" and "&O". Never an error.
 double Val(StringView text);
-/// The text of a number with a point for decimals and a leading blank in place of the plus.
+/// The text of a number with a point for decimals and a leading blank in place of the plus. No
+/// zero in front of the point: " .5".
 String Str(double value);
 /// The text of a value inside an SQL statement: a number has a point whatever its kind, a
 /// Boolean is -1 or 0; all else is as CStr, and Null gives "".
@@ -47,15 +58,17 @@ String SqlText(const Variant& value);
 struct CivilTime {
   int Year = 1899, Month = 12, Day = 30, Hour = 0, Minute = 0, Second = 0;
 };
-/// Rounded to the second.
+/// Rounded to the second. Of a day before the origin the fraction is the time all the same:
+/// -1.25 is six o'clock of 29/12/1899. Error 6 outside the years 100 to 9999.
 CivilTime ToCivil(Date date);
-/// Error 5 outside the years 100 to 9999 or for a day that does not exist.
+/// Error 5 outside the years 100 to 9999 or for a day or time that does not exist.
 Date FromCivil(const CivilTime& time);
 
 /// Exact texts of the two exact kinds, for the data layer: a point, no thousands, and for a
 /// decimal as many decimals as its scale.
 String DecimalText(const Decimal& value);
-/// Takes [sign]digits[.digits]. Error 13 for anything else, 6 above 96 bits.
+/// Takes [sign]digits[.digits] and [sign].digits. Decimals that do not fit are rounded, halves to
+/// even. Error 13 for anything else, 6 above 96 bits.
 Decimal DecimalFromText(StringView text);
 
 }  // namespace tessaria

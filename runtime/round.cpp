@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "runtime/digits.h"
 #include "runtime/format.h"
 #include "tessaria/error.h"
@@ -7,9 +9,10 @@ namespace tessaria {
 double Round(double value, Long decimals) {
   if (decimals < 0) throw HostError(errors::InvalidArgument);
   // The digits that a reader sees decide what a half is: 2.675 is one, its binary form is not.
-  const Digits digits = DigitsOf(value);
-  if (decimals >= digits.Scale()) return value;
-  return ToDouble(Rounded(digits, decimals, Halves::ToEven));
+  // Where they do not reach as far as the last place, the value's own digits do.
+  Digits digits = DigitsOf(value);
+  if (digits.Point >= kDoubleDigits - decimals) digits = ShortestDigits(value);
+  return ToDouble(Rounded(std::move(digits), decimals, Halves::ToEven));
 }
 
 }  // namespace tessaria

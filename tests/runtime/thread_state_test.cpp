@@ -1,0 +1,49 @@
+// What the controls of a thread share.
+#include "tessaria/thread_state.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "tests/support/printers.h"
+
+namespace tessaria {
+namespace {
+
+TEST(ThreadStates, StartWithNothing) {
+  std::thread([] {
+    EXPECT_EQ(State().application, nullptr);
+    EXPECT_EQ(State().dbConexao, nullptr);
+    EXPECT_SAME(State().vntValorIrmao, Variant::Null());
+  }).join();
+}
+
+TEST(ThreadStates, AreOnePerThread) {
+  State().vntValorIrmao = Variant(u"'7'");
+  ThreadState* mine = &State();
+  std::thread([mine] {
+    EXPECT_NE(&State(), mine);
+    EXPECT_SAME(State().vntValorIrmao, Variant::Null());
+  }).join();
+  EXPECT_EQ(&State(), mine);
+  EXPECT_SAME(State().vntValorIrmao, u"'7'");
+  State().vntValorIrmao = Variant::Null();
+}
+
+TEST(HostServices, AreAnErrorWhenNoHostIsInstalled) {
+  ASSERT_EQ(State().application, nullptr);
+  EXPECT_HOST_ERROR(App(), errors::ObjectNotSet);
+}
+
+TEST(HostServices, AreTheOnesOfTheThread) {
+  // The services are only handed on here, never used.
+  int place = 0;
+  auto* application = reinterpret_cast<host::Application*>(&place);
+  State().application = application;
+  EXPECT_EQ(&App(), application);
+  std::thread([] { EXPECT_HOST_ERROR(App(), errors::ObjectNotSet); }).join();
+  State().application = nullptr;
+}
+
+}  // namespace
+}  // namespace tessaria
