@@ -1,0 +1,86 @@
+// What the tests of the control share: a form with no screen, a connection and field by field
+// the controls on it.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+#include "control/properties.h"
+#include "control/tstext.h"
+#include "hosts/memory/application.h"
+#include "hosts/memory/connection.h"
+#include "hosts/memory/controls.h"
+#include "hosts/memory/form.h"
+#include "hosts/memory/ts_text.h"
+#include "tessaria/thread_state.h"
+#include "tests/support/printers.h"
+
+namespace tessaria::test {
+
+/// Same kind and same value.
+MATCHER_P(IsValue, expected, "") { return Same(arg, Variant(expected)); }
+MATCHER(IsEmptyVariant, "") { return arg.IsEmpty(); }
+MATCHER(IsNullVariant, "") { return arg.IsNull(); }
+
+/// A box with the stop icon, as nearly all are.
+inline memory::MessageBoxRecord StopBox(Long owner, const String& text,
+                                        const String& title = u"Alerta!") {
+  return {owner, text, host::box::Stop, title};
+}
+
+/// The library's error box.
+inline memory::MessageBoxRecord ErrorBox(const HostError& error, const String& procedure,
+                                         const String& module = u"tsText") {
+  return {0, error.Description(), host::box::Stop,
+          u"Erro: " + CStr(Variant(error.Number())) + u" - Função: " + module + u"." + procedure};
+}
+
+class ControlTest : public testing::Test {
+ protected:
+  explicit ControlTest(memory::Form::Mode mode = memory::Form::Mode::Run)
+      : form(memory::Form::Create(u"frmCadastro", mode)) {
+    State().vntValorIrmao = Variant::Null();
+    form->DbForm(connection);
+  }
+  ~ControlTest() override {
+    form->Close();
+    State().vntValorIrmao = Variant::Null();
+    State().dbConexao = nullptr;
+  }
+  ControlTest(const ControlTest&) = delete;
+  ControlTest& operator=(const ControlTest&) = delete;
+
+  using FieldPtr = std::shared_ptr<memory::TsText>;
+  using Events = std::vector<memory::ControlEvent>;
+  using Kind = memory::ControlEvent::Kind;
+
+  FieldPtr AddField(const String& name) { return form->Add<memory::TsText>(name); }
+  /// Data of one table, shown by a data control named "dtcDados".
+  std::shared_ptr<memory::DataControl> AddData(std::vector<memory::Column> columns,
+                                               std::vector<memory::Row> rows) {
+    connection->AddTable(u"dados", std::move(columns), std::move(rows));
+    auto data = form->Add<memory::DataControl>(u"dtcDados");
+    data->Connect(connection, u"dados");
+    return data;
+  }
+  /// Names the data control's field on a control.
+  static void Bind(const FieldPtr& field, const String& column) {
+    (*field)->DataSource(u"dtcDados");
+    (*field)->DataField(column);
+  }
+
+  memory::Application app;
+  std::shared_ptr<memory::Connection> connection = memory::Connection::CreateOpen();
+  std::shared_ptr<memory::Form> form;
+};
+
+/// The same on a form in the designer.
+class DesignTest : public ControlTest {
+ protected:
+  DesignTest() : ControlTest(memory::Form::Mode::Design) {}
+};
+
+}  // namespace tessaria::test
