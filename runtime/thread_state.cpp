@@ -15,4 +15,10 @@ host::Application& App() {
   return *application;
 }
 
+host::Desktop& TheDesktop() {
+  auto* desktop = State().desktop;
+  if (!desktop) throw HostError(errors::ObjectNotSet);
+  return *desktop;
+}
+
 }  // namespace tessaria

@@ -10,12 +10,16 @@ namespace tessaria {
 namespace host {
 class Application;
 class Connection;
+class Desktop;
 }  // namespace host
 
 /// One instance per thread. A host sets `application` before it creates the first control.
 struct ThreadState {
   /// The hosting program's services; not owned, outlives every control of the thread.
   host::Application* application = nullptr;
+  /// The desktop that the library's own windows open on; not owned. Nothing where no window can
+  /// open.
+  host::Desktop* desktop = nullptr;
   /// The open connection that the last discovery took from a form's `dbForm`.
   std::shared_ptr<host::Connection> dbConexao;
   /// The sibling's value as an SQL literal while a description field has the focus.
@@ -27,5 +31,8 @@ ThreadState& State();
 
 /// The services of the hosting program. Error 91 when no host is installed on this thread.
 host::Application& App();
+
+/// The desktop. Error 91 when the host of this thread has none.
+host::Desktop& TheDesktop();
 
 }  // namespace tessaria

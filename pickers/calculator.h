@@ -1,0 +1,44 @@
+// The calculator's window.
+#pragma once
+
+#include "pickers/calculator_machine.h"
+#include "tessaria/host/dialog.h"
+#include "tessaria/host/widgets.h"
+#include "tessaria/variant.h"
+
+namespace tessaria {
+
+/// The calculator of a number field. Made on first need, one per thread.
+class frmCalculadora {
+ public:
+  /// What the window is made of.
+  static const host::DialogDescription& Description();
+
+  frmCalculadora();
+  frmCalculadora(const frmCalculadora&) = delete;
+  frmCalculadora& operator=(const frmCalculadora&) = delete;
+  ~frmCalculadora();
+
+  /// Opens on the number in the box and gives the display's text when the window closes, however
+  /// it closes. `nLi` and `nCi` are the wanted top and left, twips; `cTexto` is the box's text
+  /// without its mask. Error 13 for a box of nothing but fill characters.
+  Variant ExecutaCalculadora(const Variant& nLi, const Variant& nCi, host::TextBox& txtNumero,
+                             const String& cTexto);
+
+ private:
+  void Load();
+  void FormKeyPress(Integer& KeyAscii);
+  void ButtonKeyPress(Integer KeyAscii, bool onDigit);
+  void PressDigit(int digit);
+  void PressComma();
+  void PressOperator(CalculatorMachine::Operator key);
+  void Reset();
+  void ShowDisplay();
+  host::DialogButton& Digit(int digit);
+  host::DialogButton& OperatorButton(CalculatorMachine::Operator key);
+
+  host::DialogPtr dialog_;
+  CalculatorMachine machine_;
+};
+
+}  // namespace tessaria

@@ -1,0 +1,54 @@
+// The pocket calculator behind the calculator's window: keys in, display out.
+#pragma once
+
+#include <functional>
+
+#include "tessaria/string.h"
+
+namespace tessaria {
+
+/// A four-function calculator with one pending operator and a percent key. "=" applies what is
+/// pending and ends it. The comma is the decimal mark.
+class CalculatorMachine {
+ public:
+  /// The keys that are no digits, by their place on the keyboard.
+  enum class Operator { C, CE, Plus, Minus, Times, Divide, Equals, Percent };
+  static constexpr int OperatorCount = 8;
+  /// What stands on a key.
+  static StringView Caption(Operator key);
+
+  /// Back to the start; the operands and the kind of the last entry stay.
+  void Load();
+  /// The first operand, as if it had been typed.
+  void StartWith(double value);
+
+  const String& Display() const { return display_; }
+  void Display(String text) { display_ = std::move(text); }
+
+  /// A digit from 0 to 9; a display of 16 characters takes no more.
+  void Digit(int digit);
+  void Comma();
+  /// True when the key ends the calculation. Errors: 13 when the display is no number, 6 when
+  /// the result is out of range.
+  bool Press(Operator key);
+
+  /// A division by zero was asked for; the first operand stays the result.
+  std::function<void()> OnDivisionByZero;
+
+ private:
+  enum class Entry { None, Number, Operator };
+
+  void Clear(Operator key);
+  double Pending() const;
+  void ShowAccumulator();
+
+  String display_;
+  double accumulator_ = 0;
+  double operand_ = 0;
+  bool hasComma_ = false;
+  int operands_ = 0;
+  Entry last_ = Entry::None;
+  StringView pending_ = u" ";  ///< a key's caption, a blank for none
+};
+
+}  // namespace tessaria

@@ -1,0 +1,33 @@
+// The calendar's window.
+#pragma once
+
+#include "tessaria/host/dialog.h"
+#include "tessaria/host/widgets.h"
+#include "tessaria/variant.h"
+
+namespace tessaria {
+
+/// The date picker of a date field. Made on first need, one per thread.
+class frmCalendario {
+ public:
+  /// What the window is made of.
+  static const host::DialogDescription& Description();
+
+  frmCalendario();
+  frmCalendario(const frmCalendario&) = delete;
+  frmCalendario& operator=(const frmCalendario&) = delete;
+  ~frmCalendario();
+
+  /// Opens on the date of the box, or on today's, which the box then shows, and gives the
+  /// selected date when the window closes, however it closes. `nLi` and `nCi` are the wanted top
+  /// and left, twips; `cTexto` is the box's text without its mask. Error 13 for a text that is
+  /// no date.
+  Variant ExecutaCalendario(const Variant& nLi, const Variant& nCi, host::TextBox& txtData,
+                            const String& cTexto, const String& cMascara,
+                            const String& cItensMascara);
+
+ private:
+  host::DialogPtr dialog_;
+};
+
+}  // namespace tessaria

@@ -1,0 +1,152 @@
+#include "pickers/folder_picker.h"
+
+#include "runtime/conversion.h"
+#include "runtime/text.h"
+#include "services/dialog_placement.h"
+#include "services/message_box.h"
+#include "tessaria/host/application.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria {
+
+namespace {
+
+using host::WidgetKind;
+
+constexpr Integer keyEnter = 13;
+constexpr Long stopIcon = 16;
+constexpr StringView allFiles = u"*.*";
+
+constexpr host::WidgetDescription widgets[] = {
+    {u"lblCaption", WidgetKind::Label, u"Selecione o Diretório"},
+    {u"drvDiretorio", WidgetKind::DriveList, u"Unidade"},
+    {u"btnConfirmar", WidgetKind::CommandButton, u"&Confirmar", u"Confirmar"},
+    {u"btnVoltar", WidgetKind::CommandButton, u"&Voltar", u"Voltar"},
+    {u"dirDiretorio", WidgetKind::FolderList, u"Diretórios"},
+    {u"fileDiretorio", WidgetKind::FileList, u"Arquivos"},
+};
+
+String Separator() { return String(1, App().PathSeparator()); }
+
+void ShowBox(const String& text, Long flags) { mdlMsgBox::ExibeMensagem(0, text, flags); }
+
+}  // namespace
+
+const host::DialogDescription& frmDiretorio::Description() {
+  static const host::DialogDescription description{u"frmDiretorio", u"Diretório", widgets};
+  return description;
+}
+
+frmDiretorio::frmDiretorio()
+    : dialog_(TheDesktop().MakeDialog(Description())),
+      drives_(dialog_->Find<host::DriveList>(u"drvDiretorio")),
+      folders_(dialog_->Find<host::FolderList>(u"dirDiretorio")),
+      files_(dialog_->Find<host::FileList>(u"fileDiretorio")) {
+  const auto confirmOnEnter = [this](Integer& key) {
+    if (key == keyEnter) Confirm(true);
+  };
+  drives_.OnKeyPress = folders_.OnKeyPress = files_.OnKeyPress = confirmOnEnter;
+  drives_.OnChange = [this] { DriveChanged(); };
+  folders_.OnChange = [this] { files_.Path(folders_.Path()); };
+  files_.OnDblClick = [this] { Confirm(true); };
+  dialog_->Find<host::DialogButton>(u"btnConfirmar").OnClick = [this] { Confirm(true); };
+  dialog_->Find<host::DialogButton>(u"btnVoltar").OnClick = [this] { Confirm(false); };
+  dialog_->OnResize = [this] { Resize(); };
+}
+
+frmDiretorio::~frmDiretorio() = default;
+
+Variant frmDiretorio::ExecutaDiretorio(const Variant& nLi, const Variant& nCi, Integer nWidth,
+                                       const String& strConteudo, bool blnTmpVerArquivos,
+                                       const String& strDirPattern) {
+  const auto alive = dialog_;  // the instance may be released while its window is open
+  fileMode_ = blnTmpVerArquivos;
+  confirmed_ = false;
+  PlaceOnScreen(*alive, static_cast<float>(CDbl(nLi)), static_cast<float>(CDbl(nCi)));
+  alive->Width(nWidth);
+  Resize();
+
+  const auto [folder, file] = strConteudo.empty()
+                                  ? SplitPath{App().Path(), String()}
+                                  : SplitForPicker(strConteudo, fileMode_, App().PathSeparator());
+  if (TheDesktop().Dir(folder + Separator() + (file.empty() ? String(allFiles) : file)).empty()) {
+    ShowBox(u"O Caminho Informado Não é Válido, Verifique Por Favor", stopIcon);
+    return strConteudo;
+  }
+  if (StartsWith(folder, Separator() + Separator()))
+    OpenShare(folder);
+  else
+    OpenFolder(folder);
+  files_.Pattern(strDirPattern.empty() ? String(allFiles) : strDirPattern);
+  files_.Path(folder);
+  SelectFile(file);
+
+  alive->ShowModal();
+  const String chosen =
+      fileMode_ ? files_.Path() + Separator() + files_.FileName() : folders_.Path();
+  alive->Hide();
+  return confirmed_ ? chosen : strConteudo;
+}
+
+void frmDiretorio::OpenFolder(const String& folder) {
+  drives_.Drive(folder);
+  folders_.Path(folder);
+}
+
+/// A share is reached through the drive that is mapped to its server.
+void frmDiretorio::OpenShare(const String& share) {
+  const Long end = InStr(3, share, Separator());
+  const String server = end == 0 ? Mid(share, 3) : Mid(share, 3, end - 2);
+  for (const String& drive : drives_.List()) {
+    if (InStr(drive, server) == 0) continue;
+    drives_.Drive(drive);
+    for (Long k = 3; k <= Len(share); ++k) {
+      const String path = Left(drives_.Drive(), 2) + Mid(share, k) + Separator();
+      if (TheDesktop().Dir(path).empty()) continue;
+      folders_.Path(path);
+      break;
+    }
+  }
+}
+
+void frmDiretorio::SelectFile(const String& file) {
+  const auto list = files_.List();
+  for (std::size_t i = 0; i < list.size(); ++i)
+    if (EqualNoCase(list[i], file)) {
+      files_.Select(static_cast<Long>(i));
+      return;
+    }
+}
+
+void frmDiretorio::DriveChanged() {
+  if (TheDesktop().DriveReady(drives_.Drive()))
+    folders_.Path(drives_.Drive());
+  else
+    ShowBox(u"Drive Não Disponível, Verifique Por Favor", 0);
+}
+
+void frmDiretorio::Resize() {
+  const Long width = dialog_->Width();
+  const Long height = dialog_->Height();
+  drives_.Width(width - 930);
+  dialog_->Find<host::DialogLabel>(u"lblCaption").Width(width - 105);
+  dialog_->Find<host::DialogButton>(u"btnConfirmar").Left(width - 480);
+  dialog_->Find<host::DialogButton>(u"btnVoltar").Left(width - 840);
+  folders_.Height(height - 525);
+  files_.Visible(fileMode_);
+  if (!fileMode_) {
+    folders_.Width(width - 105);
+    return;
+  }
+  folders_.Width(width / 2);
+  files_.Width(width - folders_.Width() - 105);
+  files_.Left((width - 105) / 2 + 50);
+  files_.Height(height - 525);
+}
+
+void frmDiretorio::Confirm(bool confirmed) {
+  confirmed_ = confirmed;
+  dialog_->Hide();
+}
+
+}  // namespace tessaria

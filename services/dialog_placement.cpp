@@ -1,0 +1,30 @@
+#include "services/dialog_placement.h"
+
+#include <cmath>
+
+#include "tessaria/host/application.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria {
+
+namespace {
+
+constexpr double step = 10;
+constexpr double lowerMargin = 450;
+constexpr double rightMargin = 150;
+
+/// The place after as many steps back as it takes to end before `limit`.
+Long SteppedBack(double place, double room, double limit) {
+  const double excess = place + room - limit;
+  const double steps = excess > 0 ? std::ceil(excess / step) : 0;
+  return static_cast<Long>(std::lround(place - steps * step));
+}
+
+}  // namespace
+
+void PlaceOnScreen(host::Dialog& dialog, float top, float left) {
+  dialog.Top(SteppedBack(top, dialog.Height() + lowerMargin, TheDesktop().ScreenHeight()));
+  dialog.Left(SteppedBack(left, dialog.Width() + rightMargin, TheDesktop().ScreenWidth()));
+}
+
+}  // namespace tessaria
