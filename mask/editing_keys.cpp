@@ -1,0 +1,54 @@
+#include "mask/editing_keys.h"
+
+#include "mask/key_class.h"
+#include "mask/key_filter.h"
+#include "mask/masks.h"
+#include "runtime/text.h"
+#include "services/trap.h"
+#include "tessaria/host/application.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria {
+
+using namespace mdlObjTxt;
+
+namespace {
+
+constexpr StringView kComma = u",";
+
+/// Whether the selection holds the comma and lies within the number.
+bool SpansComma(const String& selected, const String& text, const String& tail) {
+  return InStr(selected, kComma) > 0 && selected != text && !tail.empty();
+}
+
+void DeleteInNumber(MaskedField& field, Integer& KeyCode) {
+  host::TextBox& box = field.Box();
+  const String text = box.Text(), selected = box.SelText();
+  const Long caret = box.SelStart();
+  const String tail = Right(text, Len(text) - caret - Len(selected));
+  if (SpansComma(selected, text, tail)) {
+    box.Text(Left(text, caret).append(kComma) + tail);
+    box.SelStart(InStr(box.Text(), kComma) - 1);
+    KeyCode = key::None;
+  } else if (Mid(text, caret + 1, 1) == kComma) {
+    // Without its comma the number would have too many integer digits.
+    const Long digits = Len(Replace(text, kComma, u""));
+    if (digits <= CapacidadeInteira(field.Mascara(), box.MaxLength())) return;
+    App().Beep();
+    KeyCode = key::None;
+  }
+}
+
+}  // namespace
+
+void txtEdit_KeyDown(MaskedField& field, Integer& KeyCode, Integer&) {
+  Trap(u"tsText", u"txtEdit_KeyDown", [&] {
+    if (KeyCode == key::Delete && EhMascaraNumerica(field.Mascara())) {
+      DeleteInNumber(field, KeyCode);
+    } else if (KeyCode == key::Delete || KeyCode == key::F9) {
+      txtEdit_KeyPress(field, KeyCode);
+    }
+  });
+}
+
+}  // namespace tessaria

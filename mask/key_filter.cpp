@@ -1,0 +1,107 @@
+#include "mask/key_filter.h"
+
+#include <algorithm>
+
+#include "mask/key_class.h"
+#include "mask/keystroke.h"
+#include "mask/masks.h"
+#include "mask/number_keys.h"
+#include "mask/slot_keys.h"
+#include "runtime/conversion.h"
+#include "runtime/text.h"
+#include "services/trap.h"
+#include "tessaria/host/application.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria {
+
+using namespace mdlObjTxt;
+
+Keystroke::Keystroke(MaskedField& maskedField, Integer& keyCode)
+    : field(maskedField),
+      box(maskedField.Box()),
+      key(keyCode),
+      mask(maskedField.Mascara()),
+      items(maskedField.ItensMascara()),
+      pos(CInt(box.SelStart() + 1)),
+      cnt(CInt(std::max<Long>(1, box.SelLength()))) {}
+
+bool Keystroke::IsLiteral(Long position) const {
+  return EhItemMascara(mask, CInt(position), items);
+}
+
+String Keystroke::MaskAt(Long position) const { return Mid(mask, position, 1); }
+
+Integer Keystroke::Capacity() const { return CapacidadeInteira(mask, box.MaxLength()); }
+
+void Keystroke::Swallow() { key = key::None; }
+
+void Keystroke::SwallowWithBeep() {
+  Swallow();
+  App().Beep();
+}
+
+namespace {
+
+bool IsBehindMask(const Keystroke& k) { return k.pos > Len(k.mask); }
+
+String FirstSlot(const Keystroke& k) {
+  const bool everywhereTheSame = EhMascaraNumerica(k.mask) || Len(k.mask) == 1;
+  return k.MaskAt(everywhereTheSame ? 1 : k.pos);
+}
+
+/// Moves on to the first slot that is no literal. False when the filter lets the key go: the
+/// position is then compared with the length of the mask without its literals, so that a mask
+/// of many literals lets go early.
+bool SkipLiterals(Keystroke& k) {
+  const Long slots = Len(LimpaMascara(k.mask, k.mask, k.items));
+  while (k.IsLiteral(k.pos)) {
+    if (k.pos + 1 > slots) return false;
+    ++k.pos;
+    k.slot = k.MaskAt(k.pos);
+  }
+  return true;
+}
+
+void EditSlots(Keystroke& k) {
+  if (k.key == key::Delete && k.box.SelStart() < Len(k.box.Text())) {
+    DeleteSlots(k);
+  } else if (k.key == key::Backspace) {
+    BackspaceSlots(k);
+  }
+}
+
+/// The key goes into the slot, into the number, or nowhere. Without a beep: a key of the wrong
+/// class simply does nothing. An "x" that its slot refuses goes on to the box.
+void ApplyKey(Keystroke& k) {
+  if (SlotTakes(k.slot, k.key)) {
+    TakeCharacter(k);
+  } else if (k.slot == u"$" && IsNumberKey(k.key)) {
+    EditNumber(k);
+  } else if (k.key != key::F9) {
+    k.Swallow();
+  }
+}
+
+void FilterKey(Keystroke& k) {
+  if (k.mask.empty()) return;
+  const bool numeric = EhMascaraNumerica(k.mask);
+  if (!numeric && IsBehindMask(k) && k.key != key::Backspace) return k.SwallowWithBeep();
+  k.slot = FirstSlot(k);
+  if (!numeric) {
+    if (!SkipLiterals(k)) return;
+    EditSlots(k);
+  }
+  ApplyKey(k);
+}
+
+}  // namespace
+
+void txtEdit_KeyPress(MaskedField& field, Integer& KeyAscii) {
+  Trap(u"tsText", u"txtEdit_Keypress", [&] {
+    Keystroke keystroke(field, KeyAscii);
+    FilterKey(keystroke);
+  });
+}
+
+}  // namespace tessaria

@@ -1,0 +1,31 @@
+// One key on its way through the filter of a masked field.
+#pragma once
+
+#include "mask/masked_field.h"
+#include "tessaria/string.h"
+
+namespace tessaria {
+
+/// The working values of one call. Positions count from 1 and have 16 bits: a step beyond them
+/// is error 6.
+struct Keystroke {
+  /// Reads the field as it stands. Error 6 when the caret lies beyond 16 bits.
+  Keystroke(MaskedField& maskedField, Integer& keyCode);
+
+  MaskedField& field;
+  host::TextBox& box;
+  Integer& key;  ///< set to 0 the key goes no further
+  const String mask, items;
+  Long pos;     ///< the slot under examination
+  Long cnt;     ///< the slots that the selection covers, 1 without one
+  String slot;  ///< the mask character of the slot, "" behind the mask
+
+  /// Whether the mask has a literal at that position. Error 5 for position 0.
+  bool IsLiteral(Long position) const;
+  String MaskAt(Long position) const;
+  Integer Capacity() const;
+  void Swallow();
+  void SwallowWithBeep();
+};
+
+}  // namespace tessaria

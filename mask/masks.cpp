@@ -1,0 +1,180 @@
+#include "mask/masks.h"
+
+#include <algorithm>
+
+#include "runtime/conversion.h"
+#include "runtime/format.h"
+#include "runtime/text.h"
+
+namespace tessaria::mdlObjTxt {
+namespace {
+
+constexpr StringView kSlots = u"0#dmyAaC$XN";
+const String kPoint = u".", kNumber = u"$";
+
+bool IsSlot(char16_t character) { return kSlots.find(character) != StringView::npos; }
+bool Holds(StringView set, char16_t character) { return set.find(character) != StringView::npos; }
+
+String TakeFront(String& text) {
+  const String character = Left(text, 1);
+  text.erase(0, 1);
+  return character;
+}
+
+/// What stands behind the last "$" of a numeric mask. A longer suffix comes out once more for
+/// each of its characters, from that character on: " kg" gives " kgkgg".
+String NumberSuffix(const String& mask) {
+  String suffix;
+  if (EndsWith(mask, kNumber)) return suffix;
+  for (Long position = 1; position <= Len(mask); ++position) {
+    const String character = Mid(mask, position, 1);
+    if (character != kNumber && character != kPoint) suffix += Mid(mask, position);
+  }
+  return suffix;
+}
+
+String LayOutNumber(const String& text, const String& mask) {
+  const String format = FormatoNumero(mask, InStr(mask, kPoint) > 0);
+  return Format(text, format) + NumberSuffix(mask);
+}
+
+String LayOutLeftToRight(String text, const String& mask, const String& fill, const String& items) {
+  const bool fills = !StartsWith(mask, u"X");
+  String result;
+  for (const char16_t place : mask) {
+    if (Holds(items, place)) {
+      result += place;
+    } else if (!text.empty()) {
+      result += TakeFront(text);
+    } else if (fills) {
+      result += fill;
+    }
+  }
+  return result;
+}
+
+/// Where the left-aligned part of a two-sided mask starts; 0 when it has none. Only an "A" makes
+/// a split: "a" and "C" can move it to the front, but make none by themselves.
+Long SplitOf(const String& mask) {
+  Long split = InStr(mask, u"A");
+  for (const StringView earlier : {u"a", u"C"}) {
+    const Long position = InStr(mask, earlier);
+    if (position > 0 && position < split) split = position;
+  }
+  return split;
+}
+
+/// Fills the slots from the right end to the left.
+String LayOutRightToLeft(String text, const String& mask, const String& fill, const String& items) {
+  String result;
+  for (Long position = Len(mask); position >= 1; --position) {
+    const String place = Mid(mask, position, 1);
+    if (Holds(items, place.front())) {
+      result = place + result;
+    } else if (text.empty()) {
+      result = fill + result;
+    } else {
+      result = Right(text, 1) + result;
+      text.pop_back();
+    }
+  }
+  return result;
+}
+
+String LayOutRemainder(String text, const String& mask, const String& fill, const String& items) {
+  String result;
+  for (const char16_t place : mask) {
+    if (Holds(items, place)) {
+      result += place;
+    } else if (Trim(text).empty()) {
+      result += fill;
+    } else {
+      result += TakeFront(text);
+    }
+  }
+  return result;
+}
+
+String LayOutTwoSided(const String& text, const String& mask, const String& fill,
+                      const String& items) {
+  const Long split = SplitOf(mask);
+  if (split == 0) return LayOutRightToLeft(text, mask, fill, items);
+  const String left = LimpaMascara(Left(text, split - 1), mask, items);
+  const Long remaining = Len(text) - split + 1;
+  const String right = remaining < 1 ? Space(Len(mask) - split + 1)
+                                     : LimpaMascara(Right(text, remaining), mask, items);
+  return LayOutRightToLeft(left, Left(mask, split - 1), fill, items) +
+         LayOutRemainder(right, Mid(mask, split), fill, items);
+}
+
+String LayOut(const String& text, const String& mask, const String& fill, const String& items) {
+  if (mask.empty()) return text;
+  if (EhMascaraNumerica(mask)) return LayOutNumber(text, mask);
+  if (StartsWith(mask, u"N")) return LayOutTwoSided(text, mask, fill, items);
+  return LayOutLeftToRight(LimpaMascara(text, mask, items), mask, fill, items);
+}
+
+}  // namespace
+
+String MontaItensMascara(const String& mask, const String& fill) {
+  String items = fill;
+  for (const char16_t character : mask) {
+    if (!IsSlot(character) && !Holds(items, character)) items += character;
+  }
+  return items;
+}
+
+bool EhItemMascara(const String& text, Integer position, const String& items) {
+  const String character = Mid(text, position, 1);
+  return !character.empty() && Holds(items, character.front());
+}
+
+String LimpaMascara(const String& text, const String& mask, const String& items) {
+  if (mask.empty()) return text;
+  String result = text;
+  std::erase_if(result, [&](char16_t character) { return Holds(items, character); });
+  return result;
+}
+
+String AplicaMascara(const Variant& value, const String& mask, const String& fill,
+                     const String& items, const String& password) {
+  const String text = value.IsNull() ? String() : CStr(value);
+  const String result = LayOut(text, mask, fill, items);
+  return password.empty() ? result : StringOf(Len(result), password);
+}
+
+Integer ContaDecimais(const String& text, const String& separator, const String& marker) {
+  const Long found = InStr(text, separator);
+  if (found == 0) return 0;
+  const String tail = Mid(text, found + Len(separator));
+  if (tail.empty()) return 1;  // the count starts at 1 and is only corrected by a character
+  Long count = 0;
+  while (Mid(tail, count + 1, 1) == marker) ++count;
+  return CInt(count);
+}
+
+String FormatoNumero(const String& mask, bool) {
+  const Integer decimals = ContaDecimais(mask, kPoint, kNumber);
+  if (decimals == 0) return u"#,##0";
+  return u"#,##0." + StringOf(decimals, u"0");
+}
+
+Integer CapacidadeInteira(const String& mask, Long MaxLength) {
+  const Long decimals = ContaDecimais(mask, kPoint, kNumber);
+  const Long comma = decimals == 0 ? 0 : 1;
+  const Long suffix = EndsWith(mask, kNumber) ? 0 : 1;
+  const Integer places = CInt(MaxLength - decimals - comma - suffix);
+  const Integer points = std::max<Integer>(0, static_cast<Integer>(places / 4));
+  return static_cast<Integer>(places - points);
+}
+
+bool EhMascaraNumerica(const String& mask) { return StartsWith(mask, kNumber); }
+
+bool EhMascaraDeData(const String& mask) {
+  static constexpr StringView kForms[] = {u"00/00/0000", u"dd/mm/yyyy", u"dd/mm/yy", u"mm/yyyy",
+                                          u"mm/yy"};
+  const String form = LCase(mask);
+  return std::find(std::begin(kForms), std::end(kForms), StringView(form)) != std::end(kForms);
+}
+
+}  // namespace tessaria::mdlObjTxt

@@ -1,0 +1,47 @@
+// The mask language: what a mask holds, and the way of a text out of its mask and back.
+//
+// A mask character of "0#dmyAaC$XN" is a slot, every other one a literal that stands in the box
+// at its place. The first character chooses the family: "$" numbers, "N" two-sided, any other
+// left to right. Positions count from 1.
+#pragma once
+
+#include "tessaria/variant.h"
+
+namespace tessaria::mdlObjTxt {
+
+/// The item set of a mask: the fill character and the literals of the mask, each once.
+String MontaItensMascara(const String& mask, const String& fill);
+
+/// Whether the character at a position of the text is in the item set; false behind the end.
+/// Error 5 for a position below 1.
+bool EhItemMascara(const String& text, Integer position, const String& items);
+
+/// The text without every character of the item set, wherever it stands; with an empty mask the
+/// text as it is.
+String LimpaMascara(const String& text, const String& mask, const String& items);
+
+/// The value laid out in the mask, as the box shows it. Null counts as "". With a password
+/// character the result is its first character, as often as the laid-out text is long.
+/// Errors of CStr.
+String AplicaMascara(const Variant& value, const String& mask, const String& fill,
+                     const String& items, const String& password);
+
+/// How many markers stand right behind the first separator; 0 without one. A text that ends in
+/// the separator counts one.
+Integer ContaDecimais(const String& text, const String& separator, const String& marker);
+
+/// The number format of a numeric mask. The flag says that the mask holds a "." and changes
+/// nothing.
+String FormatoNumero(const String& mask, bool flag);
+
+/// The most integer digits that a numeric mask takes in a box of `MaxLength` characters, so that
+/// the formatted number with its points still fits. 0 characters are not "no limit" here: the
+/// result is then 0 or below. Error 6 above 16 bits.
+Integer CapacidadeInteira(const String& mask, Long MaxLength);
+
+/// Whether the mask makes its field a number.
+bool EhMascaraNumerica(const String& mask);
+/// Whether validation treats the mask as a date; without regard to case.
+bool EhMascaraDeData(const String& mask);
+
+}  // namespace tessaria::mdlObjTxt

@@ -1,0 +1,110 @@
+#include "mask/number_keys.h"
+
+#include <algorithm>
+
+#include "mask/key_class.h"
+#include "mask/masks.h"
+#include "runtime/text.h"
+
+namespace tessaria {
+
+using namespace mdlObjTxt;
+
+namespace {
+
+constexpr StringView kComma = u",";
+constexpr StringView kSign = u"-";
+
+/// "," and "." both: puts the comma in, or jumps behind the one that lies to the right.
+void TypeComma(Keystroke& k) {
+  const String text = k.box.Text();
+  const Long caret = k.box.SelStart();
+  const Long comma = InStr(text, kComma);
+  if (comma > 0 && comma < caret + 1) return k.SwallowWithBeep();
+  if (comma > 0) {
+    k.box.SelStart(comma);
+  } else {
+    k.box.Text(Left(text, caret).append(kComma) + Mid(text, caret + 1));
+    k.box.SelStart(InStr(k.box.Text(), kComma));
+  }
+  k.Swallow();
+}
+
+/// Refuses to take the comma away where the integer part would then hold too many digits.
+void BackspaceNumber(Keystroke& k) {
+  const String text = k.box.Text();
+  if (Mid(text, k.box.SelStart(), 1) != kComma || !EhMascaraNumerica(k.mask)) return;
+  if (Len(Replace(text, kComma, u"")) > k.Capacity()) k.SwallowWithBeep();
+}
+
+/// The text without the selection, except for the selection's first character.
+String TextForSign(const Keystroke& k) {
+  const String text = k.box.Text();
+  return Left(text, k.pos) + Mid(text, k.pos + k.cnt);
+}
+
+/// The sign goes in front of the number wherever the caret stands. The typed text is replaced
+/// even when the key is then refused, here as with the plus.
+void TypeMinus(Keystroke& k) {
+  const bool allSelected = Len(k.box.Text()) == k.box.SelLength();
+  const String typed = allSelected ? String() : TextForSign(k);
+  k.field.GuardaTexto(typed);
+  const Long comma = InStr(typed, kComma);
+  const Long integers = comma > 0 ? comma - 1 : Len(typed);
+  if (!k.field.ValorNegativo() || integers >= k.Capacity()) return k.SwallowWithBeep();
+  if (StartsWith(typed, kSign)) return k.SwallowWithBeep();
+  k.box.Text(String(kSign) + typed);
+  k.box.SelStart(k.pos);
+  k.Swallow();
+}
+
+void TypePlus(Keystroke& k) {
+  const String typed = TextForSign(k);
+  k.field.GuardaTexto(typed);
+  if (!k.field.ValorNegativo()) return k.SwallowWithBeep();
+  if (StartsWith(typed, kSign)) {
+    k.box.Text(Mid(typed, 2));
+    k.box.SelStart(std::max<Long>(0, k.pos - 2));
+  }
+  k.Swallow();
+}
+
+/// The text once the selection is gone. A selection that spans the comma keeps it.
+String TextWithoutSelection(const host::TextBox& box) {
+  const String text = box.Text(), selected = box.SelText();
+  if (selected.empty()) return text;
+  const String before = Left(text, box.SelStart());
+  const bool keepsComma = InStr(selected, kComma) > 0 && selected != text;
+  return before + String(keepsComma ? kComma : StringView()) +
+         Right(text, Len(text) - Len(before) - Len(selected));
+}
+
+/// Digits: the integer part has a limit, the decimals have none but the box's own.
+void TypeDigit(Keystroke& k) {
+  if (k.box.MaxLength() == 0) return;
+  const String text = TextWithoutSelection(k.box);
+  const Long comma = InStr(text, kComma);
+  const Long integerEnd = comma > 0 ? comma : Len(text) + 1;
+  if (integerEnd > k.Capacity() && integerEnd >= k.box.SelStart() + 1) k.SwallowWithBeep();
+}
+
+}  // namespace
+
+void EditNumber(Keystroke& k) {
+  switch (k.key) {
+    case key::Comma:
+    case key::Point:
+      return TypeComma(k);
+    case key::Minus:
+      return TypeMinus(k);
+    case key::Plus:
+      return TypePlus(k);
+    case key::Backspace:
+      // At the start of the field it counts as a digit.
+      return k.box.SelStart() > 0 ? BackspaceNumber(k) : TypeDigit(k);
+    default:
+      return TypeDigit(k);
+  }
+}
+
+}  // namespace tessaria

@@ -1,0 +1,120 @@
+#include "mask/slot_keys.h"
+
+#include "mask/key_class.h"
+#include "mask/masks.h"
+#include "runtime/text.h"
+#include "tessaria/error.h"
+
+namespace tessaria {
+
+using namespace mdlObjTxt;
+
+namespace {
+
+/// What was typed so far: the box's text, or what stands behind its password characters. A value
+/// that came from outside is kept without its literals, so it is laid out again.
+String TypedText(const Keystroke& k) {
+  const String shown = k.box.Text();
+  if (k.box.PasswordChar().empty()) return shown;
+  const String typed = k.field.Texto();
+  if (Len(typed) == Len(shown)) return typed;
+  const String laidOut = AplicaMascara(typed, k.mask, k.field.PromptChar(), k.items, u"");
+  return Len(laidOut) == Len(shown) ? laidOut : typed;
+}
+
+/// The slots of the selection with a character in the first of them; the literals stay.
+String SlotRange(const Keystroke& k, const String& first) {
+  const String prompt = k.field.PromptChar();
+  String range;
+  for (Long i = 1; i <= k.cnt; ++i) {
+    const Long position = k.pos + i - 1;
+    if (k.IsLiteral(position)) {
+      range += k.MaskAt(position);
+    } else {
+      range += i == 1 ? first : prompt;
+    }
+  }
+  return range;
+}
+
+/// Puts the caret of a one-character selection behind it.
+void DropShortSelection(Keystroke& k) {
+  if (k.box.SelLength() != 1) return;
+  k.box.SelStart(k.box.SelStart() + 1);
+  k.pos = k.box.SelStart() + 1;
+}
+
+/// Walks left over literals. At the end of the text there is no walking. With a selection only
+/// the first mask position is looked at, so that the walk would have no end but its counter's.
+void WalkLeft(Keystroke& k) {
+  if (k.box.SelStart() == Len(k.box.Text())) return;
+  if (k.box.SelLength() == 0) {
+    while (k.IsLiteral(k.pos - 1)) --k.pos;
+  } else if (k.IsLiteral(1)) {
+    k.Swallow();
+    throw HostError(errors::Overflow);
+  }
+}
+
+/// The erased slots. Behind a caret the slot examined is the one to the left, yet a literal is
+/// taken from the position of the caret itself.
+String ErasedRange(const Keystroke& k) {
+  const Long offset = k.box.SelLength() == 0 ? 2 : 1;
+  String range;
+  for (Long i = 1; i <= k.cnt; ++i) {
+    const bool literal = k.IsLiteral(k.pos + i - offset);
+    range += literal ? k.MaskAt(k.pos + i - 1) : k.field.PromptChar();
+  }
+  return range;
+}
+
+/// Writes `range` in place of as many slots as it covers, from a position on, and puts the
+/// caret before it.
+void ReplaceSlots(const Keystroke& k, Long position, const String& range) {
+  const String text = TypedText(k);
+  k.field.Texto(Left(text, position - 1) + range + Mid(text, position + k.cnt));
+  k.box.SelStart(position - 1);
+}
+
+String WithCharacter(const Keystroke& k, const String& range) {
+  const String text = TypedText(k);
+  if (k.pos == 1) return range + Mid(text, k.cnt + 1);
+  // A text shorter than its mask grows, and drops its literals until it is laid out again.
+  if (k.box.SelStart() == Len(k.box.Text())) return LimpaMascara(text, k.mask, k.items) + range;
+  return Left(text, k.pos - 1) + range + Mid(text, k.pos + k.cnt);
+}
+
+/// Ends too when the caret stands still at the end of a text shorter than its mask.
+void WalkOverLiterals(const Keystroke& k) {
+  for (Long caret = k.box.SelStart(); k.IsLiteral(caret + 1); caret = k.box.SelStart()) {
+    k.box.SelStart(caret + 1);
+    if (k.box.SelStart() <= caret) return;
+  }
+}
+
+}  // namespace
+
+void DeleteSlots(Keystroke& k) {
+  ReplaceSlots(k, k.pos, SlotRange(k, k.field.PromptChar()));
+  k.Swallow();
+}
+
+void BackspaceSlots(Keystroke& k) {
+  if (k.box.SelLength() == 0 && k.box.SelStart() == 0) return;
+  DropShortSelection(k);
+  WalkLeft(k);
+  const String range = ErasedRange(k);
+  // Only the length tells a single slot, left of the caret, from a selection.
+  ReplaceSlots(k, Len(range) == 1 ? k.pos - 1 : k.pos, range);
+  k.Swallow();
+}
+
+void TakeCharacter(Keystroke& k) {
+  const String range = SlotRange(k, FoldForSlot(k.slot, k.key));
+  k.field.Texto(WithCharacter(k, range));
+  k.box.SelStart(k.pos);
+  WalkOverLiterals(k);
+  k.Swallow();
+}
+
+}  // namespace tessaria

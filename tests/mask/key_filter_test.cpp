@@ -1,0 +1,444 @@
+#include "mask/key_filter.h"
+
+#include <gtest/gtest.h>
+
+#include "hosts/memory/application.h"
+#include "tests/mask/session.h"
+#include "tests/mask/test_field.h"
+#include "tests/support/printers.h"
+
+namespace tessaria {
+namespace {
+
+// --- Typing -------------------------------------------------------------------------------------
+
+TEST(Typing, WritesOverTheSlotsAndWalksOverLiterals) {
+  Session(R"(
+    mask 00/00/0000
+    show |__/__/____
+    1     -> 1|_/__/____ ; texto 1_/__/____ ; key 0
+    2     -> 12/|__/____ ; key 0
+    a     -> 12/|__/____ ; key 0
+    3 4   -> 12/34/|____
+    5 6 7 -> 12/34/567|_
+    8     -> 12/34/5678| ; texto 12/34/5678
+    9     -> 12/34/5678| ; beep ; key 0
+  )");
+}
+
+TEST(Typing, NeverShiftsWhatStandsToTheRight) {
+  Session(R"(
+    mask 00/00/0000
+    show |25/12/2017
+    3 1 -> 31/|12/2017
+  )");
+}
+
+TEST(Typing, OnALiteralGoesIntoTheSlotBehindIt) {
+  Session(R"(
+    mask 00/00/0000
+    show 12|/__/____
+    3 -> 12/3|_/____
+  )");
+}
+
+TEST(Typing, OverASelectionFillsItsFirstSlotAndEmptiesTheRest) {
+  Session(R"(
+    mask 00/00/0000
+    show 0[1/20]/2017
+    9 -> 09/|__/2017 ; texto 09/__/2017
+    show [25/12/2017]
+    3 -> 3|_/__/____
+  )");
+}
+
+TEST(Typing, OverASelectionThatStartsOnALiteralReachesOneSlotFurther) {
+  // Behind the mask too, so that the text outgrows it.
+  Session(R"(
+    mask 00-000
+    show 12[-3]45
+    9 -> 12-9|_5
+    show 12[-345]
+    9 -> 12-9|___
+  )");
+}
+
+TEST(Typing, FoldsByTheMaskCharacter) {
+  Session(R"(
+    mask AaCX
+    show |____
+    b B c d -> BbCd|
+    show |____
+    B c D E -> BcDE|
+  )");
+}
+
+TEST(Typing, TakesBlanksAndDigitsInLetterSlotsButNoAccents) {
+  Session(R"(
+    mask XXXX
+    show |
+    a Space 7 -> a 7|
+    ç á - , ; -> a 7|
+    Z -> a 7Z|
+  )");
+}
+
+TEST(Typing, RefusesLettersInDigitSlotsWithoutABeep) {
+  Session(R"(
+    mask N#0dmy
+    show |______
+    a A Space - Enter Esc Tab Paste -> |______ ; key 0
+    1 2 3 4 5 6 -> 123456|
+  )");
+}
+
+TEST(Typing, GrowsATextWithoutFillCharacters) {
+  Session(R"(
+    mask XX-XX
+    value
+    show |
+    a   -> a| ; texto a
+    b   -> ab| ; texto ab
+    c   -> abc| ; texto abc
+    d   -> abcd|
+    e   -> abcde|
+    f   -> abcde| ; beep
+  )");
+}
+
+TEST(Typing, AtTheEndOfAShorterTextDropsItsLiterals) {
+  Session(R"(
+    mask XX-XX
+    show ab-|
+    c -> abc| ; texto abc
+  )");
+}
+
+TEST(Typing, EndsWhereTheCaretStandsStillBeforeALiteral) {
+  Session(R"(
+    mask X-X-
+    show |
+    a -> a|
+  )");
+}
+
+TEST(Typing, MaskOfOneCharacterTakesOneCharacter) {
+  Session(R"(
+    mask A
+    show |_
+    b -> B|
+    c -> B| ; beep ; key 0
+    mask X
+    show |
+    q -> q|
+    r -> q| ; beep
+  )");
+}
+
+TEST(Typing, UnmaskedFieldIsAnOrdinaryBox) {
+  Session(R"(
+    mask
+    show |
+    a ç . x -> aç.x| ; key 120
+    Back -> aç.| ; key 8
+    type 5
+    F9 -> aç.| ; key 120
+    x -> aç.x| ; key 120
+  )");
+}
+
+TEST(Typing, LetsAKeyGoEarlyInAMaskOfManyLiterals) {
+  // At the last literal, place 16 of 18, there are but 14 slots.
+  Session(R"(
+    mask 00.000.000/0000-00
+    show 12.345.678/0001|-__
+    9 -> 12.345.678/00019|-__ ; key 57
+  )");
+}
+
+TEST(Typing, EndsAtABoxThatIsTooShort) {
+  Session(R"(
+    mask 00/00
+    max 3
+    show |__
+    1 2 -> 12|
+    3   -> 123|
+    4   -> 123|
+  )");
+}
+
+// --- The "x" and F9 -------------------------------------------------------------------------
+
+TEST(KeyX, RefusedByItsSlotReachesTheBox) {
+  Session(R"(
+    mask 00/00
+    show 1|_/__
+    x -> 1x|_/__ ; key 120
+    X -> 1x|_/__ ; key 0
+  )");
+}
+
+TEST(KeyX, GoesIntoALetterSlot) {
+  Session(R"(
+    mask AX
+    type 5
+    show |__
+    x -> X|_ ; key 0
+    x -> Xx| ; key 0
+  )");
+}
+
+TEST(KeyX, ReachesTheBoxOfANumber) {
+  Session(R"(
+    mask $$$
+    show 1|
+    x -> 1x| ; key 120
+  )");
+}
+
+TEST(KeyF9, TypesAnXIntoALetterSlot) {
+  Session(R"(
+    mask AA
+    show |__
+    F9 -> X|_ ; key 0
+    mask 00
+    show |__
+    F9 -> |__ ; key 120
+  )");
+}
+
+// --- Delete and the typed point --------------------------------------------------------------
+
+TEST(Delete, EmptiesTheSlotAtTheCaret) {
+  Session(R"(
+    mask 00/00/0000
+    show |25/12/2017
+    Del -> |_5/12/2017 ; key 0 ; texto _5/12/2017
+    show 25|/12/2017
+    Del -> 25/|_2/2017
+  )");
+}
+
+TEST(Delete, EmptiesTheSelectionAndKeepsItsLiterals) {
+  Session(R"(
+    mask 00/00/0000
+    show 2[5/1]2/2017
+    Del -> 2|_/_2/2017
+    show [25/12/2017]
+    Del -> |__/__/____
+  )");
+}
+
+TEST(Delete, AtTheEndIsSwallowed) {
+  Session(R"(
+    mask 00000
+    show 12|
+    Del -> 12| ; key 0
+    mask XX
+    show 1|
+    Del -> 1| ; key 0
+  )");
+}
+
+TEST(Delete, IsWhatATypedPointDoesToo) {
+  Session(R"(
+    mask 00/00
+    show |25/12
+    . -> |_5/12 ; key 0
+  )");
+}
+
+TEST(Delete, WithoutAFillCharacterTakesTheSlotAway) {
+  Session(R"(
+    mask 00/00
+    prompt
+    show 2|5/12
+    Del -> 2|/12
+  )");
+}
+
+// --- Backspace ----------------------------------------------------------------------------------
+
+TEST(Backspace, EmptiesTheSlotToTheLeft) {
+  Session(R"(
+    mask 00/00/0000
+    show 25|/12/2017
+    Back -> 2|_/12/2017 ; key 0 ; texto 2_/12/2017
+    Back -> |__/12/2017
+    Back -> |__/12/2017 ; key 0
+  )");
+}
+
+TEST(Backspace, BehindALiteralWalksLeftOverIt) {
+  Session(R"(
+    mask 00/00/0000
+    show 25/|12/2017
+    Back -> 2|_/12/2017
+    mask 00--00
+    show 25--|12
+    Back -> 2|_--12
+  )");
+}
+
+TEST(Backspace, BehindTheLastSlotEmptiesIt) {
+  Session(R"(
+    mask 00/00/0000
+    show 25/12/2017|
+    Back -> 25/12/201|_
+    mask A
+    show B|
+    Back -> |_
+  )");
+}
+
+TEST(Backspace, EmptiesASelectionAndKeepsItsLiterals) {
+  Session(R"(
+    mask 00/00/0000
+    show 0[1/2]0/____
+    Back -> 0|_/_0/____ ; key 0
+    show [01/20/2017]
+    Back -> |__/__/____
+  )");
+}
+
+TEST(Backspace, OfOneSelectedCharacterIsABackspaceBehindIt) {
+  Session(R"(
+    mask 00/00/0000
+    show 2[5]/12/2017
+    Back -> 2|_/12/2017
+    show [2]5/12/2017
+    Back -> |_5/12/2017
+  )");
+}
+
+TEST(Backspace, SelectionThatStartsOnALiteralReachesOneSlotFurther) {
+  Session(R"(
+    mask 00/00/0000
+    show 25[/1]2/2017
+    Back -> 25/|__/2017
+  )");
+}
+
+TEST(Backspace, WithoutAFillCharacterTakesTheCharacterAtTheCaretAway) {
+  // The erased text is empty, and only its length tells a slot from a selection.
+  Session(R"(
+    mask 0000
+    prompt
+    show 12|34
+    Back -> 12|4
+    show 1234|
+    Back -> 1234|
+  )");
+}
+
+TEST(Backspace, AtTheEndDoesNotWalkAndPutsTheLiteralDown) {
+  // The place before the end is a literal; what goes down is what the mask has behind it.
+  Session(R"(
+    mask 00-0
+    show 12-|
+    Back -> 12|0
+  )");
+}
+
+TEST(Backspace, NoSlotToTheLeftOfAFirstLiteralIsAnError) {
+  Session(R"(
+    mask (00)00000
+    show (|__)_____
+    Back -> |__)_____ ; error 5 ; key 8
+  )");
+}
+
+TEST(Backspace, SelectionInAMaskThatStartsWithALiteralIsAnOverflow) {
+  Session(R"(
+    mask (00)00000
+    show (1[2)3]4567
+    Back -> (1[2)3]4567 ; error 6 ; key 0
+  )");
+}
+
+TEST(Backspace, OnAnEarlyLiteralIsTheBoxsOwn) {
+  Session(R"(
+    mask (00)
+    show (12|)
+    Back -> (1|) ; key 8
+  )");
+}
+
+TEST(Backspace, SelectionThatLeavesOneErasedCharacterAtTheStartIsAnError) {
+  // Without fill characters only the literal remains, and that counts as a single slot.
+  Session(R"(
+    mask 0/0
+    prompt
+    show [1/]2
+    Back -> |2 ; error 5 ; key 8
+  )");
+}
+
+// --- Password -----------------------------------------------------------------------------------
+
+TEST(Password, TypedTextIsKeptBehindThePasswordCharacters) {
+  Session(R"(
+    mask XXXX
+    password *
+    show |
+    a B 7 -> ***| ; texto aB7
+    Back  -> **|* ; texto aB_
+  )");
+}
+
+TEST(Password, EditsWhatWasTyped) {
+  Session(R"(
+    mask 0000
+    password *
+    value
+    1 2 3 4 -> ****| ; texto 1234
+    Back -> ***|* ; texto 123_
+    9 -> ****| ; texto 1239
+  )");
+}
+
+TEST(Password, LaysOutAValueThatCameWithoutItsLiterals) {
+  Session(R"(
+    mask XX-XX
+    password *
+    value abcd
+    z -> *|**** ; texto zb-cd
+  )");
+}
+
+// --- The handler itself ---------------------------------------------------------------------
+
+TEST(KeyFilter, CaretBeyondSixteenBitsIsAnOverflow) {
+  memory::Application app;
+  TestField field;
+  field.box.Text(String(40000, u'a'));
+  field.box.SelStart(40000);
+  Integer key = u'b';
+  txtEdit_KeyPress(field, key);
+  EXPECT_EQ(key, u'b');
+  ASSERT_EQ(app.Boxes().size(), 1u);
+  EXPECT_EQ(app.Boxes().front().Title, u"Erro: 6 - Função: tsText.txtEdit_Keypress");
+}
+
+TEST(KeyFilter, TakesUnitsAboveFifteenBits) {
+  memory::Application app;
+  TestField field(u"XX");
+  auto key = static_cast<Integer>(u'\xFF21');
+  txtEdit_KeyPress(field, key);
+  EXPECT_EQ(key, 0);
+  EXPECT_EQ(field.box.Text(), u"");
+}
+
+TEST(KeyFilter, ReportsAnErrorOfTheChangeEvent) {
+  memory::Application app;
+  TestField field(u"00");
+  field.Show(u"");
+  field.box.OnChange = [] { throw HostError(13); };
+  Integer key = u'1';
+  txtEdit_KeyPress(field, key);
+  EXPECT_EQ(key, u'1');
+  EXPECT_EQ(app.Boxes().size(), 1u);
+}
+
+}  // namespace
+}  // namespace tessaria

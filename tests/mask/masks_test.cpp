@@ -1,0 +1,238 @@
+#include "mask/masks.h"
+
+#include <gtest/gtest.h>
+
+#include "runtime/text.h"
+#include "tessaria/error.h"
+#include "tests/support/printers.h"
+
+namespace tessaria {
+namespace {
+
+using namespace mdlObjTxt;
+
+/// The value laid out with the item set that belongs to mask and fill character.
+String LaidOut(const Variant& value, const String& mask, const String& fill = u"_",
+               const String& password = u"") {
+  return AplicaMascara(value, mask, fill, MontaItensMascara(mask, fill), password);
+}
+
+struct MaskText {
+  String mask, text;
+};
+
+TEST(MontaItensMascara, HoldsTheFillCharacterThenEachLiteralOnce) {
+  const MaskText kCases[] = {
+      {u"(00) 0000-0000", u"_() -"},
+      {u"", u"_"},
+      {u"00/00/0000", u"_/"},
+      {u"00_00", u"_"},
+      {u"$$$.$$", u"_."},
+      {u"DMYcxn", u"_DMYcxn"},
+      {u"0#dmyAaC$XN", u"_"},
+      {u"é0É", u"_éÉ"},
+  };
+  for (const MaskText& row : kCases) EXPECT_EQ(MontaItensMascara(row.mask, u"_"), row.text);
+}
+
+TEST(MontaItensMascara, HasOnlyLiteralsWithoutAFillCharacter) {
+  EXPECT_EQ(MontaItensMascara(u"00/00", u""), u"/");
+}
+
+TEST(EhItemMascara, LooksAtOnePosition) {
+  EXPECT_FALSE(EhItemMascara(u"00/00", 1, u"_/"));
+  EXPECT_TRUE(EhItemMascara(u"00/00", 3, u"_/"));
+  EXPECT_TRUE(EhItemMascara(u"1_/__", 2, u"_/"));
+  EXPECT_FALSE(EhItemMascara(u"00/", 4, u"_/"));
+  EXPECT_FALSE(EhItemMascara(u"", 1, u"_/"));
+  EXPECT_FALSE(EhItemMascara(u"/", 1, u""));
+}
+
+TEST(EhItemMascara, PositionZeroIsAnError) {
+  EXPECT_HOST_ERROR(EhItemMascara(u"00/00", 0, u"/"), errors::InvalidArgument);
+  EXPECT_HOST_ERROR(EhItemMascara(u"00/00", -1, u"/"), errors::InvalidArgument);
+}
+
+TEST(LimpaMascara, TakesEveryItemOut) {
+  EXPECT_EQ(LimpaMascara(u"25/12/20__", u"00/00/0000", u"_/"), u"251220");
+  EXPECT_EQ(LimpaMascara(u"/__/", u"00", u"_/"), u"");
+  EXPECT_EQ(LimpaMascara(u"12", u"00", u""), u"12");
+}
+
+TEST(LimpaMascara, WithAnEmptyMaskLeavesTheText) {
+  EXPECT_EQ(LimpaMascara(u"25/12", u"", u"_/"), u"25/12");
+}
+
+TEST(LimpaMascara, TakesAFillCharacterThatIsADigitOutOfEveryText) {
+  EXPECT_EQ(LimpaMascara(u"10/20", u"00/00", MontaItensMascara(u"00/00", u"0")), u"12");
+}
+
+TEST(AplicaMascara, EmptyMaskGivesTheText) {
+  EXPECT_EQ(LaidOut(u"25/12", u""), u"25/12");
+  EXPECT_EQ(LaidOut(Variant::Null(), u""), u"");
+  EXPECT_EQ(LaidOut(12.5, u""), u"12,5");
+}
+
+struct LayoutCase {
+  Variant value;
+  String mask, text;
+};
+
+TEST(AplicaMascara, OrdinaryMaskFillsFromLeftToRight) {
+  const LayoutCase kCases[] = {
+      {Variant::Null(), u"00/00", u"__/__"},
+      {Variant(), u"00/00", u"__/__"},
+      {u"1", u"00/00", u"1_/__"},
+      {u"12345", u"00/00", u"12/34"},
+      {u"12/34", u"00/00", u"12/34"},
+      {Long{1234}, u"00/00", u"12/34"},
+      {u"25122017", u"00/00/0000", u"25/12/2017"},
+      {u"", u"dd/mm/yyyy", u"__/__/____"},
+      {u"1133334444", u"(00) 0000-0000", u"(11) 3333-4444"},
+      {u"ab", u"AAA", u"ab_"},
+  };
+  for (const LayoutCase& row : kCases) EXPECT_EQ(LaidOut(row.value, row.mask), row.text);
+}
+
+TEST(AplicaMascara, MaskThatStartsWithXHasNoFillCharacters) {
+  EXPECT_EQ(LaidOut(u"", u"XX-XX"), u"-");
+  EXPECT_EQ(LaidOut(u"abc", u"XX-XX"), u"ab-c");
+  EXPECT_EQ(LaidOut(u"", u"0X"), u"__");
+}
+
+TEST(AplicaMascara, NumericMaskFormatsTheNumber) {
+  const LayoutCase kCases[] = {
+      {u"1234,5", u"$$$$$$$.$$", u"1.234,50"},
+      {1234567.891, u"$$$.$$$", u"1.234.567,891"},
+      {u"1234,5", u"$$$", u"1.235"},
+      {u"-12,5", u"$$.$$", u"-12,50"},
+      {Long{0}, u"$$.$$", u"0,00"},
+      {u"", u"$$.$$", u""},
+      {Variant::Null(), u"$$.$$", u""},
+      {u"abc", u"$$.$$", u"abc"},
+      {u"1234,5", u"$$$.$$%", u"1.234,50%"},
+      {u"1,55", u"$$$.", u"1,6"},
+      {u"12", u"$$$%", u"12%"},
+      {u"1.234,5", u"$$$.$$", u"1.234,50"},
+  };
+  for (const LayoutCase& row : kCases) EXPECT_EQ(LaidOut(row.value, row.mask), row.text);
+}
+
+TEST(AplicaMascara, LongerSuffixComesOutOnceMoreFromEachOfItsCharacters) {
+  EXPECT_EQ(LaidOut(u"12", u"$$$ kg"), u"12 kgkgg");
+}
+
+TEST(AplicaMascara, PointIsNoSuffix) { EXPECT_EQ(LaidOut(u"12", u"$$$."), u"12,0"); }
+
+TEST(AplicaMascara, TwoSidedMaskAlignsItsLeftPartRight) {
+  const LayoutCase kCases[] = {
+      {u"12", u"N00", u"_12"},         {u"", u"N00", u"___"},
+      {u"1234", u"N00", u"234"},       {u"123", u"N0-00", u"_1-23"},
+      {u"_12", u"N00", u"_12"},        {u"1", u"N000A", u"___1_"},
+      {u"1234B", u"N000A", u"1234B"},  {u"12", u"N000A", u"__12_"},
+      {u"1234BC", u"N000A", u"1234B"}, {u"12/34-AB", u"N0/00-AA", u"12/34-AB"},
+  };
+  for (const LayoutCase& row : kCases) {
+    EXPECT_EQ(LaidOut(row.value, row.mask), row.text)
+        << ToUtf8(row.mask) << " of " << ToUtf8(*row.value.TryGet<String>());
+  }
+}
+
+TEST(AplicaMascara, TwoSidedMaskWithoutASplitKeepsLiteralsOfTheText) {
+  // The text is not stripped there, so its "-" takes a slot.
+  EXPECT_EQ(LaidOut(u"1-2", u"N0-00"), u"_1--2");
+}
+
+TEST(AplicaMascara, SplitCountsThePlacesOfTheTextWithItsLiterals) {
+  // Without its "-" the text is cut one place too late.
+  EXPECT_EQ(LaidOut(u"12/34AB", u"N0/00-AA"), u"23/4A-B_");
+}
+
+TEST(AplicaMascara, OnlyAnUpperAMakesASplit) {
+  EXPECT_EQ(LaidOut(u"12", u"N0a"), u"_12");
+  EXPECT_EQ(LaidOut(u"12", u"N0C"), u"_12");
+}
+
+TEST(AplicaMascara, SplitMovesToAnEarlierLetterSlot) {
+  EXPECT_EQ(LaidOut(u"1", u"N0aA"), u"_1__");
+  EXPECT_EQ(LaidOut(u"12xy", u"N0aA"), u"12xy");
+  EXPECT_EQ(LaidOut(u"1", u"N0CA"), u"_1__");
+  EXPECT_EQ(LaidOut(u"1", u"N0CaA"), u"_1___");
+  EXPECT_EQ(LaidOut(u"1", u"N0Aa"), u"_1__");
+}
+
+TEST(AplicaMascara, PasswordCharacterHidesEveryCharacter) {
+  EXPECT_EQ(LaidOut(u"12", u"00/00", u"_", u"*"), u"*****");
+  EXPECT_EQ(LaidOut(u"abc", u"", u"_", u"#*"), u"###");
+  EXPECT_EQ(LaidOut(u"", u"XX", u"_", u"*"), u"");
+}
+
+TEST(AplicaMascara, ObjectHasNoText) {
+  EXPECT_HOST_ERROR(LaidOut(Variant(ObjectPtr()), u"00"), errors::TypeMismatch);
+}
+
+TEST(ContaDecimais, CountsTheMarkersBehindTheSeparator) {
+  struct Case {
+    String mask;
+    Integer count;
+  };
+  const Case kCases[] = {
+      {u"", 0},       {u"$$$", 0},     {u"$$$.$", 1},   {u"$$$.$$", 2}, {u"$$$.$$%", 2},
+      {u"$$$.%$", 0}, {u"$.$.$$$", 1}, {u"$.$$$$$", 5}, {u".$", 1},
+  };
+  for (const Case& row : kCases) EXPECT_EQ(ContaDecimais(row.mask, u".", u"$"), row.count);
+}
+
+TEST(ContaDecimais, MaskThatEndsInItsSeparatorCountsOne) {
+  EXPECT_EQ(ContaDecimais(u"$$$.", u".", u"$"), 1);
+}
+
+TEST(FormatoNumero, HasTheDecimalsOfTheMaskWhateverTheFlag) {
+  for (const bool flag : {false, true}) {
+    EXPECT_EQ(FormatoNumero(u"$$$", flag), u"#,##0");
+    EXPECT_EQ(FormatoNumero(u"$$$.$$", flag), u"#,##0.00");
+    EXPECT_EQ(FormatoNumero(u"$$$.", flag), u"#,##0.0");
+    EXPECT_EQ(FormatoNumero(u"$$$.%", flag), u"#,##0");
+  }
+}
+
+TEST(CapacidadeInteira, LeavesRoomForCommaDecimalsSuffixAndPoints) {
+  struct Case {
+    String mask;
+    Long maxLength;
+    Integer capacity;
+  };
+  const Case kCases[] = {
+      {u"$$$$$$$.$$", 10, 6}, {u"$$$$$$$.$$", 13, 8}, {u"$$$.$$", 6, 3},  {u"$$$.$$", 7, 3},
+      {u"$$$.$$", 8, 4},      {u"$$$.$$%", 10, 5},    {u"$$$", 3, 3},     {u"$$$", 4, 3},
+      {u"$$$", 8, 6},         {u"$$$%", 5, 3},        {u"$$$.$$", 0, -3}, {u"$$$", 0, 0},
+      {u"$$$%", 0, -1},       {u"$$$.$$%", 0, -4},    {u"$$$.", 6, 3},    {u"$", 32767, 24576},
+  };
+  for (const Case& row : kCases) {
+    EXPECT_EQ(CapacidadeInteira(row.mask, row.maxLength), row.capacity)
+        << ToUtf8(row.mask) << " in " << row.maxLength;
+  }
+}
+
+TEST(CapacidadeInteira, OverflowsSixteenBits) {
+  EXPECT_HOST_ERROR(CapacidadeInteira(u"$", 32768), errors::Overflow);
+}
+
+TEST(EhMascaraNumerica, LooksAtTheFirstCharacter) {
+  EXPECT_TRUE(EhMascaraNumerica(u"$"));
+  EXPECT_FALSE(EhMascaraNumerica(u"0$"));
+  EXPECT_FALSE(EhMascaraNumerica(u""));
+}
+
+TEST(EhMascaraDeData, KnowsFiveForms) {
+  for (const StringView mask :
+       {u"00/00/0000", u"dd/mm/yyyy", u"dd/mm/yy", u"mm/yyyy", u"mm/yy", u"DD/MM/YYYY", u"Mm/yY"}) {
+    EXPECT_TRUE(EhMascaraDeData(String(mask)));
+  }
+  for (const StringView mask : {u"", u"00/00/00", u"dd-mm-yyyy", u"yyyy/mm/dd", u"dd/mm/yyyy "}) {
+    EXPECT_FALSE(EhMascaraDeData(String(mask)));
+  }
+}
+
+}  // namespace
+}  // namespace tessaria

@@ -1,0 +1,240 @@
+#include "mask/number_keys.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/mask/session.h"
+#include "tests/support/printers.h"
+
+namespace tessaria {
+namespace {
+
+// A box of 10 characters and two decimals holds 6 integer digits: "123.456,78".
+
+TEST(NumberDigits, AreInsertedByTheBox) {
+  Session(R"(
+    mask $$$$$$$.$$
+    max 10
+    show |
+    1 2 3 -> 123| ; key 51
+    show 1|3
+    2 -> 12|3
+    a / Space -> 12|3 ; key 0
+  )");
+}
+
+TEST(NumberDigits, AtCapacityRefuseTheIntegerPartOnly) {
+  Session(R"(
+    mask $$$$$$$.$$
+    max 10
+    show 123456|
+    7 -> 123456| ; beep ; key 0
+    , -> 123456,|
+    7 8 9 -> 123456,789|
+    0 -> 123456,789| ; key 48
+    show 1|23456,7
+    9 -> 1|23456,7 ; beep
+    show 123456|,7
+    9 -> 123456|,7 ; beep
+  )");
+}
+
+TEST(NumberDigits, ReplaceASelection) {
+  Session(R"(
+    mask $$$$$$$.$$
+    max 10
+    show 12[345]6
+    7 -> 127|6
+    show [123456,78]
+    9 -> 9|
+  )");
+}
+
+TEST(NumberDigits, SelectionThatSpansTheCommaCountsAsIfTheCommaStayed) {
+  Session(R"(
+    mask $$$$$$$.$$
+    max 10
+    show 12345[6,7]89
+    0 -> 123450|89
+    show 123456[,7]8
+    0 -> 123456[,7]8 ; beep
+  )");
+}
+
+TEST(NumberDigits, HaveNoLimitWithoutMaxLength) {
+  Session(R"(
+    mask $$$.$$
+    show 1234567|
+    8 9 -> 123456789|
+  )");
+}
+
+TEST(NumberDigits, LettersKAndMGoToTheBoxLikeDigits) {
+  Session(R"(
+    mask $$$$
+    show 1|
+    k m -> 1km| ; key 109
+  )");
+}
+
+TEST(NumberComma, IsPutInOnce) {
+  Session(R"(
+    mask $$$$$.$$
+    show 12|50
+    , -> 12,|50 ; key 0 ; texto
+    show 12|50
+    . -> 12,|50 ; key 0
+  )");
+}
+
+TEST(NumberComma, JumpsBehindACommaFromTheLeftAndBeepsFromTheRight) {
+  Session(R"(
+    mask $$$$$.$$
+    show |12,50
+    , -> 12,|50
+    , -> 12,|50 ; beep
+    show 12|,50
+    . -> 12,|50 ; key 0
+    show 12,50|
+    . -> 12,50| ; beep ; key 0
+  )");
+}
+
+TEST(NumberComma, LeavesASelectionStanding) {
+  Session(R"(
+    mask $$$$$.$$
+    show 1[25]0
+    , -> 1,|250
+  )");
+}
+
+TEST(NumberBackspace, IsTheBoxsOwn) {
+  Session(R"(
+    mask $$$$$.$$
+    max 9
+    show 12,5|0
+    Back -> 12,|0 ; key 8
+    Back -> 12|0
+  )");
+}
+
+TEST(NumberBackspace, KeepsTheCommaOfALongNumber) {
+  Session(R"(
+    mask $$$$$$$.$$
+    max 10
+    show 12345,|67
+    Back -> 12345,|67 ; beep ; key 0
+    show 1234,|67
+    Back -> 1234|67 ; key 8
+  )");
+}
+
+TEST(NumberBackspace, AtTheStartCountsAsADigit) {
+  Session(R"(
+    mask $$$$$$$.$$
+    max 10
+    show |12345
+    Back -> |12345 ; key 8
+    show |123456
+    Back -> |123456 ; beep ; key 0
+    show [123456]
+    Back -> | ; key 8
+  )");
+}
+
+TEST(NumberMinus, NeedsAFieldThatTakesNegativeValues) {
+  Session(R"(
+    mask $$$$$.$$
+    max 10
+    show 12|,50
+    - -> 12|,50 ; beep ; key 0 ; texto 12,50
+    + -> 12|,50 ; beep ; key 0
+  )");
+}
+
+TEST(NumberMinus, GoesInFrontAndComesOffAgain) {
+  Session(R"(
+    mask $$$$$.$$
+    max 10
+    negative
+    show 12|,50
+    - -> -12|,50 ; texto 12,50 ; key 0
+    - -> -12|,50 ; beep ; key 0
+    + -> 12|,50 ; texto -12,50 ; key 0
+    + -> 12|,50 ; key 0
+    show |12
+    - -> -|12
+    show |-12
+    + -> |12
+  )");
+}
+
+TEST(NumberMinus, ReplacesAWholeSelection) {
+  Session(R"(
+    mask $$$$$.$$
+    max 10
+    negative
+    show [12,50]
+    - -> -| ; texto
+    show |
+    - -> -|
+  )");
+}
+
+TEST(NumberMinus, KeepsTheFirstCharacterOfASelection) {
+  Session(R"(
+    mask $$$$$.$$
+    max 10
+    negative
+    show 1[234]5
+    - -> -1|25 ; texto 125
+    show -1[234]5
+    + -> 1|25 ; texto -125
+  )");
+}
+
+TEST(NumberMinus, PlusOverAWholeSelectionKeepsItsFirstCharacter) {
+  Session(R"(
+    mask $$$$$.$$
+    max 10
+    negative
+    show [-12]
+    + -> | ; texto -
+  )");
+}
+
+TEST(NumberMinus, IsRefusedAtCapacity) {
+  Session(R"(
+    mask $$$$$$$.$$
+    max 10
+    negative
+    show 12345|,67
+    - -> -12345|,67
+    show 123456|,78
+    - -> 123456|,78 ; beep
+    show 123456|
+    - -> 123456| ; beep
+  )");
+}
+
+TEST(NumberMinus, IsAlwaysRefusedWithoutMaxLength) {
+  Session(R"(
+    mask $$$$$.$$
+    negative
+    show |
+    - -> | ; beep
+  )");
+}
+
+TEST(NumberKeys, WorkInADollarSlotOfAnotherMaskToo) {
+  // The box types the digit by itself: nothing limits it.
+  Session(R"(
+    mask 0$0
+    show 1|__
+    5 -> 15|__ ; key 53
+    show 1|__
+    , -> 1,|__
+  )");
+}
+
+}  // namespace
+}  // namespace tessaria

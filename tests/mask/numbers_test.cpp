@@ -1,0 +1,110 @@
+#include "mask/numbers.h"
+
+#include <gtest/gtest.h>
+
+#include "hosts/memory/text_box.h"
+#include "mask/masks.h"
+#include "runtime/text.h"
+#include "tessaria/error.h"
+#include "tests/support/printers.h"
+
+namespace tessaria {
+namespace {
+
+using namespace mdlObjTxt;
+
+struct ZeroCase {
+  Variant value;
+  Integer length, decimals;
+  String text;
+};
+
+TEST(StrZero, PadsWithZeros) {
+  const ZeroCase kCases[] = {
+      {12.5, 6, 2, u"001250"},
+      {u"12,5", 6, 2, u"001250"},
+      {u"", 3, 0, u"000"},
+      {u".", 3, 0, u"000"},
+      {u" . ", 4, 2, u"0000"},
+      {Variant(), 2, 0, u"00"},
+      {Long{7}, 3, 0, u"007"},
+      {u" 7 ", 3, 0, u"007"},
+      {Long{1234}, 4, 0, u"1234"},
+      {Long{1234}, 3, 0, u"***"},
+      {Long{-5}, 4, 0, u"-005"},
+      {Long{-5}, 2, 0, u"-5"},
+      {Long{-5}, 1, 0, u"*"},
+      {Long{0}, 0, 0, u""},
+      {-0.4, 3, 0, u"000"},
+      // Halves go to the even neighbour.
+      {0.5, 2, 0, u"00"},
+      {1.5, 2, 0, u"02"},
+      {2.5, 2, 0, u"02"},
+      {-2.5, 3, 0, u"-02"},
+      // All digits, however many.
+      {u"1234567890123456", 18, 0, u"001234567890123456"},
+      {1e20, 21, 0, u"100000000000000000000"},
+  };
+  for (const ZeroCase& row : kCases) {
+    EXPECT_EQ(StrZero(row.value, row.length, row.decimals), row.text);
+  }
+}
+
+TEST(StrZero, TextThatIsNoNumberIsAnError) {
+  EXPECT_HOST_ERROR(StrZero(u"abc", 3, 0), errors::TypeMismatch);
+}
+
+struct FillCase {
+  String mask, prompt, text, after;
+};
+
+String Filled(const FillCase& row, Long tipoStrZero) {
+  memory::TextBox box;
+  box.Text(row.text);
+  PreencheZeros(box, row.mask, MontaItensMascara(row.mask, row.prompt), row.prompt, tipoStrZero);
+  return box.Text();
+}
+
+TEST(PreencheZeros, FillsTheWholeTextAsOneNumber) {
+  const FillCase kCases[] = {
+      {u"0000/00", u"_", u"12__/3_", u"000123"},
+      {u"0000/00", u"_", u"1___/__", u"000001"},
+      {u"00000", u"_", u"_____", u"00000"},
+      {u"##00", u"_", u"7___", u"0007"},
+  };
+  for (const FillCase& row : kCases) EXPECT_EQ(Filled(row, 1), row.after);
+}
+
+TEST(PreencheZeros, FillsRunByRun) {
+  const FillCase kCases[] = {
+      {u"0000/00", u"_", u"12__/3_", u"0012/03"},
+      {u"0000/00", u"_", u"12__/__", u"0012/__"},
+      {u"0000/00", u"_", u"____/3_", u"____/03"},
+      {u"000.##", u"_", u"1__.2_", u"001.2_"},
+      {u"AA-000", u"_", u"XY-7__", u"XY-007"},
+      {u"0000", u"_", u"__12", u"0012"},
+      {u"0000", u"_", u"12", u"0012"},
+      // A typed 0 fills the run too.
+      {u"000", u"_", u"0__", u"000"},
+      // Without a fill character nothing stands for it.
+      {u"000", u"", u"7", u"007"},
+      {u"00 00", u"", u"1  2", u"01 02"},
+      {u"A 00", u"", u"B 2", u"B 02"},
+  };
+  for (const FillCase& row : kCases) {
+    EXPECT_EQ(Filled(row, 2), row.after) << ToUtf8(row.mask) << " of " << ToUtf8(row.text);
+    EXPECT_EQ(Filled(row, 0), row.after) << "any number but 1 fills run by run";
+  }
+}
+
+TEST(PreencheZeros, ABlankLiteralComesBackAsAFillCharacter) {
+  EXPECT_EQ(Filled({u"(00) 0000", u"_", u"(11) 22__", u""}, 2), u"(11)_0022");
+}
+
+TEST(PreencheZeros, BlankStartBecomesZerosWhenTheFillCharacterIsABlank) {
+  EXPECT_EQ(Filled({u"##00", u" ", u"  12", u""}, 2), u"0012");
+  EXPECT_EQ(Filled({u"00/00", u" ", u"  /1 ", u""}, 2), u"00/01");
+}
+
+}  // namespace
+}  // namespace tessaria

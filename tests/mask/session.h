@@ -1,0 +1,20 @@
+// Transcripts of an operator's session in one field: keys in, state out.
+//
+//   mask 00/00/0000          the mask; "prompt", "max", "negative", "type", "password" alike
+//   show |__/__/____         the box: "|" is the caret, "[1/2]" a selection
+//   value 2512               the box laid out from a value, caret at the start
+//   1 2 -> 12/|__/____       keys, then the box
+//   9   -> 12/|__/____ ; beep ; texto 12/__/____ ; key 0 ; error 6
+//
+// A key is a character or one of Back, Del, F9, Enter, Esc, Tab, Space, Paste. Beeps and error
+// boxes that a line does not name fail it.
+#pragma once
+
+#include <string>
+
+namespace tessaria {
+
+/// Plays a transcript; each failure names the line.
+void Session(const std::string& transcript);
+
+}  // namespace tessaria
