@@ -1,0 +1,39 @@
+// Days and microseconds of the stored dates.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "runtime/conversion.h"
+
+namespace tessaria::odbc {
+
+inline constexpr std::int64_t kMicrosPerSecond = 1'000'000;
+inline constexpr std::int64_t kMicrosPerDay = 86'400 * kMicrosPerSecond;
+
+/// Days since 30 December 1899; nothing for a day outside the years 100 to 9999, which a date
+/// value cannot hold (an infinite date, a year before Christ).
+std::optional<std::int32_t> DayNumber(int year, int month, int day);
+/// Microseconds since midnight.
+std::int64_t MicrosOfDay(int hour, int minute, int second, std::int64_t nanoseconds);
+
+/// Microseconds since midnight of hh:mm[:ss[.f]].
+std::int64_t MicrosOfTime(StringView text);
+
+/// The date value of a day and the microseconds behind its midnight.
+Date DateOf(std::int64_t day, std::int64_t micros);
+/// The day of a moment, and what is left of it.
+struct SplitMoment {
+  std::int64_t day;
+  std::int64_t micros;
+};
+SplitMoment Split(std::int64_t moment);
+/// The moment of a date value, to the second.
+std::int64_t MomentOf(Date date);
+
+/// yyyy-mm-dd.
+String DayText(std::int64_t day);
+/// hh:mm:ss, with six decimals when there is a fraction.
+String TimeText(std::int64_t micros);
+
+}  // namespace tessaria::odbc

@@ -1,0 +1,72 @@
+#include "hosts/odbc/connection.h"
+
+#include "hosts/odbc/diagnostics.h"
+#include "hosts/odbc/odbc_connection.h"
+#include "hosts/odbc/recordset.h"
+#include "runtime/text.h"
+
+namespace tessaria::odbc {
+namespace {
+
+using Control = StatementFacts::Control;
+
+bool IsPlainName(const StatementFacts& facts) {
+  return facts.isName && facts.control == Control::None;
+}
+
+}  // namespace
+
+host::ConnectionPtr CreateConnection() { return std::make_shared<OdbcConnection>(); }
+
+Long OdbcConnection::State() const {
+  return session_->IsOpen() ? host::state::Open : host::state::Closed;
+}
+
+Variant OdbcConnection::Properties(const String& name) const {
+  const Server& server = session_->ServerInfo();
+  if (EqualNoCase(name, u"DBMS Name")) return server.name;
+  if (EqualNoCase(name, u"DBMS Version")) return server.version;
+  throw HostError(errors::ItemNotFound, u"Propriedade não encontrada: " + name);
+}
+
+host::RecordsetPtr OdbcConnection::Execute(const String& statement) {
+  StatementFacts facts = RequireSingleStatement(statement, session_->ServerInfo().dialect);
+  if (RunControl(facts)) return std::make_shared<OdbcRecordset>(session_, statement);
+  return std::make_shared<OdbcRecordset>(session_, std::move(facts), statement,
+                                         host::LockType::ReadOnly);
+}
+
+host::RecordsetPtr OdbcConnection::OpenRecordset(const String& source, host::CursorType,
+                                                 host::LockType lock, Long) {
+  const Dialect dialect = session_->ServerInfo().dialect;
+  StatementFacts facts = RequireSingleStatement(source, dialect);
+  if (IsPlainName(facts)) facts = RequireSingleStatement(u"SELECT * FROM " + facts.text, dialect);
+  if (RunControl(facts)) return std::make_shared<OdbcRecordset>(session_, source);
+  return std::make_shared<OdbcRecordset>(session_, std::move(facts), source, lock);
+}
+
+// A transaction that the application asks for by text is one of this layer's, with its savepoints;
+// the driver alone would give it up at the first failed statement.
+bool OdbcConnection::RunControl(const StatementFacts& facts) {
+  if (!session_->ServerInfo().IsPostgres()) return false;
+  switch (facts.control) {
+    case Control::None:
+      return false;
+    case Control::Begin:
+      session_->BeginTrans();
+      if (!facts.modes.empty()) session_->ExecuteSavepoint(u"SET TRANSACTION " + facts.modes);
+      break;
+    case Control::Commit:
+      session_->CommitTrans();
+      break;
+    case Control::Rollback:
+      session_->RollbackTrans();
+      break;
+    case Control::Savepoint:
+      session_->ExecuteSavepoint(facts.text);
+      break;
+  }
+  return true;
+}
+
+}  // namespace tessaria::odbc

@@ -1,0 +1,48 @@
+// What a driver says about a failed call, as an error.
+#pragma once
+
+#include <sql.h>
+
+#include <string>
+
+#include "tessaria/error.h"
+
+namespace tessaria::odbc {
+
+/// Error numbers of the data layer: the shared ones and those that only this host raises.
+namespace errors {
+using namespace tessaria::errors;
+inline constexpr Long IntegrityViolation = -2147217873;  ///< key, check or reference refused
+inline constexpr Long ErrorsInCommand = -2147217900;     ///< syntax, unknown table or column
+inline constexpr Long AuthenticationFailed = -2147217843;
+inline constexpr Long TimeOut = -2147217871;       ///< time-out, or cancelled by the server
+inline constexpr Long ValueRefused = -2147217887;  ///< a value that the column cannot take
+inline constexpr Long ObjectOpen = 3705;
+inline constexpr Long EditPending = 3219;
+inline constexpr Long InvalidCriteria = 3001;
+}  // namespace errors
+
+/// A failed call. Number by SQLSTATE class, the driver's own text as description.
+class OdbcError : public HostError {
+ public:
+  OdbcError(std::string state, String description);
+
+  /// The five characters of SQLSTATE; "HY000" when the driver gave none.
+  const std::string& SqlState() const noexcept { return state_; }
+  /// The server or the way to it is gone; the connection cannot be used again.
+  bool IsConnectionLoss() const noexcept;
+
+ private:
+  std::string state_;
+};
+
+/// The error number that callers see for an SQLSTATE.
+Long NumberOfState(const std::string& state);
+
+/// The pending diagnostics of a handle.
+OdbcError DiagnosticsOf(SQLSMALLINT type, SQLHANDLE handle);
+
+/// Throws the handle's diagnostics unless the call succeeded or found no data.
+void Check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle);
+
+}  // namespace tessaria::odbc

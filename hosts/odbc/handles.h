@@ -1,0 +1,72 @@
+// ODBC handles that free themselves, and the bridge between SQLWCHAR and our text.
+#pragma once
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <memory>
+#include <utility>
+
+#include "tessaria/string.h"
+
+namespace tessaria::odbc {
+
+static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "wide calls must take UTF-16");
+
+/// Text as the wide calls take it; they never write through an input pointer.
+inline SQLWCHAR* Wide(const char16_t* text) {
+  return reinterpret_cast<SQLWCHAR*>(const_cast<char16_t*>(text));
+}
+inline SQLWCHAR* Wide(char16_t* buffer) { return reinterpret_cast<SQLWCHAR*>(buffer); }
+
+/// Owns one handle of the given type.
+template <SQLSMALLINT type>
+class Handle {
+ public:
+  Handle() = default;
+  explicit Handle(SQLHANDLE parent) { SQLAllocHandle(type, parent, &handle_); }
+  Handle(Handle&& other) noexcept : handle_(std::exchange(other.handle_, SQLHANDLE{})) {}
+  Handle& operator=(Handle&& other) noexcept {
+    std::swap(handle_, other.handle_);
+    return *this;
+  }
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  ~Handle() {
+    if (handle_ != SQL_NULL_HANDLE) SQLFreeHandle(type, handle_);
+  }
+
+  SQLHANDLE get() const { return handle_; }
+
+ private:
+  SQLHANDLE handle_ = SQL_NULL_HANDLE;
+};
+
+/// One physical connection. It stays alive while a statement of it does.
+class Link {
+ public:
+  Link();
+  Link(const Link&) = delete;
+  Link& operator=(const Link&) = delete;
+  ~Link() { SQLDisconnect(connection_.get()); }
+
+  SQLHDBC get() const { return connection_.get(); }
+
+ private:
+  Handle<SQL_HANDLE_ENV> environment_;
+  Handle<SQL_HANDLE_DBC> connection_;
+};
+
+/// One statement handle, with the link that it belongs to.
+class Statement {
+ public:
+  explicit Statement(std::shared_ptr<Link> link) : link_(std::move(link)), handle_(link_->get()) {}
+
+  SQLHSTMT get() const { return handle_.get(); }
+
+ private:
+  std::shared_ptr<Link> link_;
+  Handle<SQL_HANDLE_STMT> handle_;
+};
+
+}  // namespace tessaria::odbc

@@ -1,0 +1,37 @@
+// The connection object; programs make it with `CreateConnection`.
+#pragma once
+
+#include "hosts/odbc/connection.h"
+#include "hosts/odbc/session.h"
+#include "hosts/odbc/statement_guard.h"
+
+namespace tessaria::odbc {
+
+class OdbcConnection final : public host::Connection {
+ public:
+  Long State() const override;
+  String ConnectionString() const override { return text_; }
+  void ConnectionString(const String& text) override { text_ = text; }
+  void Open() override { session_->Open(text_); }
+  void Close() override { session_->Close(); }
+
+  Variant Properties(const String& name) const override;
+  host::RecordsetPtr Execute(const String& statement) override;
+  host::RecordsetPtr OpenRecordset(const String& source, host::CursorType cursor,
+                                   host::LockType lock, Long options) override;
+
+  void BeginTrans() override { session_->BeginTrans(); }
+  void CommitTrans() override { session_->CommitTrans(); }
+  void RollbackTrans() override { session_->RollbackTrans(); }
+
+  /// For the catalogue.
+  const SessionPtr& SharedSession() const { return session_; }
+
+ private:
+  bool RunControl(const StatementFacts& facts);
+
+  String text_;
+  SessionPtr session_ = std::make_shared<Session>();
+};
+
+}  // namespace tessaria::odbc

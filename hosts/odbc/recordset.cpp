@@ -1,0 +1,187 @@
+#include "hosts/odbc/recordset.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "hosts/odbc/diagnostics.h"
+#include "hosts/odbc/find_criterion.h"
+#include "hosts/odbc/sort_order.h"
+
+namespace tessaria::odbc {
+namespace {
+
+constexpr Long kPositionBof = -1;
+constexpr Long kPositionEof = -3;
+
+[[noreturn]] void ThrowNoRow() {
+  throw HostError(errors::NoCurrentRecord, u"Não há registro atual.");
+}
+
+}  // namespace
+
+OdbcRecordset::OdbcRecordset(SessionPtr session, StatementFacts facts, String source,
+                             host::LockType lock)
+    : session_(std::move(session)),
+      facts_(std::move(facts)),
+      source_(std::move(source)),
+      lock_(lock),
+      fields_(*this) {
+  Run();
+}
+
+OdbcRecordset::OdbcRecordset(SessionPtr session, String source)
+    : session_(std::move(session)), source_(std::move(source)), fields_(*this) {}
+
+OdbcRecordset::~OdbcRecordset() = default;
+
+// Runs the statement and stands on the first row.
+void OdbcRecordset::Run() {
+  auto table = std::make_unique<RowTable>(session_, facts_);
+  writer_.reset();
+  order_.reset();
+  unsorted_.clear();
+  sort_.clear();
+  position_ = 0;
+  onDeleted_ = false;
+  table_ = table->TableColumns().empty() ? nullptr : std::move(table);
+  if (!table_) return;
+  fields_.Provide(table_->TableColumns().size());
+  if (lock_ == host::LockType::ReadOnly || !facts_.isSingleTable) return;
+  if (auto key = FindKeyTable(*session_, table_->TableColumns())) {
+    writer_.emplace(session_, table_->TableColumns(), std::move(*key), facts_.text);
+  }
+}
+
+RowTable& OdbcRecordset::Table() const {
+  if (!table_) throw HostError(errors::ObjectClosed, u"O conjunto de registros está fechado.");
+  return *table_;
+}
+
+const Columns& OdbcRecordset::ColumnInfo() const { return Table().TableColumns(); }
+
+Long OdbcRecordset::State() const { return table_ ? host::state::Open : host::state::Closed; }
+
+bool OdbcRecordset::HasRow(std::int64_t position) const {
+  RowTable& table = Table();
+  if (position < 0) return false;
+  if (order_) return position < static_cast<std::int64_t>(order_->size());
+  return table.Reach(static_cast<std::uint32_t>(position));
+}
+
+RowId OdbcRecordset::RowAt(std::int64_t position) const {
+  const auto index = static_cast<std::size_t>(position);
+  return order_ ? (*order_)[index] : static_cast<RowId>(index);
+}
+
+std::int64_t OdbcRecordset::VisibleRows() const {
+  RowTable& table = Table();
+  return order_ ? static_cast<std::int64_t>(order_->size()) : table.RowCount();
+}
+
+bool OdbcRecordset::StandsOnRow() const { return !onDeleted_ && HasRow(position_); }
+
+bool OdbcRecordset::Bof() const {
+  if (edit_ == host::EditMode::Add || onDeleted_) return Table(), false;
+  return !HasRow(0) || position_ == kBof;
+}
+
+bool OdbcRecordset::Eof() const {
+  if (edit_ == host::EditMode::Add || onDeleted_) return Table(), false;
+  return !HasRow(0) || (position_ != kBof && !HasRow(position_));
+}
+
+Long OdbcRecordset::RecordCount() { return static_cast<Long>(VisibleRows()); }
+
+Long OdbcRecordset::AbsolutePosition() const {
+  if (edit_ == host::EditMode::Add) return static_cast<Long>(VisibleRows()) + 1;
+  if (Bof()) return kPositionBof;
+  return Eof() ? kPositionEof : static_cast<Long>(position_) + 1;
+}
+
+// The edit is written before the move, and a target that cannot be read leaves all as it was.
+void OdbcRecordset::MoveTo(std::int64_t position) {
+  position_ = position;
+  onDeleted_ = false;
+}
+
+void OdbcRecordset::MoveFirst() {
+  WriteEdit();
+  if (!HasRow(0)) ThrowNoRow();
+  MoveTo(0);
+}
+
+void OdbcRecordset::MoveLast() {
+  WriteEdit();
+  const std::int64_t rows = VisibleRows();
+  if (rows == 0) ThrowNoRow();
+  MoveTo(rows - 1);
+}
+
+void OdbcRecordset::MoveNext() {
+  WriteEdit();
+  if (Eof()) ThrowNoRow();
+  // The row behind a deleted one has taken its place.
+  const std::int64_t next = onDeleted_ ? position_ : position_ + 1;
+  HasRow(next);
+  MoveTo(next);
+}
+
+void OdbcRecordset::MovePrevious() {
+  WriteEdit();
+  if (Bof()) ThrowNoRow();
+  MoveTo(Eof() ? VisibleRows() - 1 : position_ - 1);
+}
+
+void OdbcRecordset::AbsolutePosition(Long row) {
+  WriteEdit();
+  if (row < 1 || !HasRow(row - 1)) ThrowNoRow();
+  MoveTo(row - 1);
+}
+
+void OdbcRecordset::Find(const String& criteria) {
+  const FindCriterion criterion(ColumnInfo(), criteria);
+  WriteEdit();
+  if (!StandsOnRow()) ThrowNoRow();
+  std::int64_t position = position_;
+  while (HasRow(position) && !criterion.Matches(*table_, RowAt(position))) ++position;
+  MoveTo(position);
+}
+
+// The rows as a list that can be reordered. Reads to the end.
+std::vector<RowId>& OdbcRecordset::Order() {
+  if (!order_) {
+    order_.emplace(Table().RowCount());
+    std::iota(order_->begin(), order_->end(), 0U);
+  }
+  return *order_;
+}
+
+void OdbcRecordset::Sort(const String& order) {
+  const std::vector<SortKey> keys = ParseSortOrder(ColumnInfo(), order);
+  WriteEdit();
+  if (sort_.empty()) unsorted_ = Order();
+  std::vector<RowId> rows = unsorted_;
+  SortRows(*table_, keys, rows);
+  order_ = std::move(rows);
+  if (keys.empty()) unsorted_.clear();
+  sort_ = keys.empty() ? String() : order;
+  MoveTo(0);
+}
+
+void OdbcRecordset::Requery() {
+  Table();
+  if (edit_ == host::EditMode::InProgress || edit_ == host::EditMode::Add) {
+    throw HostError(errors::EditPending, u"Há uma edição pendente no registro atual.");
+  }
+  Run();
+}
+
+void OdbcRecordset::Close() {
+  Table();
+  edit_ = host::EditMode::None;
+  changes_.clear();
+  writer_.reset();
+  table_.reset();
+}
+
+}  // namespace tessaria::odbc

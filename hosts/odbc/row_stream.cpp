@@ -1,0 +1,87 @@
+#include "hosts/odbc/row_stream.h"
+
+#include <string>
+
+#include "runtime/text.h"
+#include "tessaria/error.h"
+
+namespace tessaria::odbc {
+namespace {
+
+// Multiples of every block size. The first rows should show at once; the rest should come fast.
+constexpr std::uint32_t kFirstFetch = 1024;
+constexpr std::uint32_t kFurtherFetch = 4096;
+
+}  // namespace
+
+RowStream::RowStream(Session& session, const StatementFacts& facts)
+    : session_(session), statement_(session.NewStatement()) {
+  cursor_ = facts.isPlainQuery && !facts.isSmallQuery && session.ServerInfo().IsPostgres();
+  try {
+    cursor_ ? OpenCursor(facts.text) : session_.Execute(*statement_, facts.text);
+    columns_ = DescribeColumns(*statement_, session_.ServerInfo().IsPostgres());
+    if (!columns_.empty()) reader_.emplace(*statement_, columns_, session_.ServerInfo().rereads);
+  } catch (...) {
+    Abandon();
+    throw;
+  }
+}
+
+RowStream::~RowStream() {
+  try {
+    if (statement_) Finish();
+  } catch (const HostError&) {
+    Abandon();
+  }
+}
+
+void RowStream::OpenCursor(const String& text) {
+  ownTransaction_ = !session_.InTransaction();
+  if (ownTransaction_) session_.BeginReading();
+  session_.Execute(*statement_, u"DECLARE tessaria_rows NO SCROLL CURSOR FOR " + text);
+  Fetch(kFirstFetch);
+}
+
+void RowStream::Fetch(std::uint32_t rows) {
+  SQLFreeStmt(statement_->get(), SQL_CLOSE);
+  asked_ = rows;
+  received_ = 0;
+  session_.Execute(*statement_,
+                   u"FETCH " + FromUtf8(std::to_string(rows)) + u" FROM tessaria_rows");
+}
+
+bool RowStream::Read(ColumnStore& store) {
+  if (!statement_ || !reader_) return false;
+  try {
+    std::uint32_t rows = reader_->Read(store);
+    if (rows == 0 && cursor_ && received_ == asked_) {
+      Fetch(kFurtherFetch);
+      rows = reader_->Read(store);
+    }
+    received_ += rows;
+    if (rows == 0) Finish();
+    return rows > 0;
+  } catch (...) {
+    Abandon();
+    throw;
+  }
+}
+
+// What the query's functions did stays done, also when not all rows were wanted.
+void RowStream::Finish() {
+  reader_.reset();
+  statement_.reset();
+  if (!cursor_) return;
+  cursor_ = false;
+  if (ownTransaction_) return session_.EndReading();
+  session_.Execute(session_.InnerStatement(), u"CLOSE tessaria_rows");
+}
+
+void RowStream::Abandon() noexcept {
+  reader_.reset();
+  statement_.reset();
+  if (cursor_ && ownTransaction_) session_.AbandonReading();
+  cursor_ = false;
+}
+
+}  // namespace tessaria::odbc

@@ -1,0 +1,251 @@
+#include "hosts/odbc/session.h"
+
+#include <array>
+
+#include "hosts/odbc/connection_text.h"
+#include "hosts/odbc/dbms_version.h"
+#include "hosts/odbc/diagnostics.h"
+#include "runtime/text.h"
+
+namespace tessaria::odbc {
+namespace {
+
+SQLSMALLINT Length(const String& text) { return static_cast<SQLSMALLINT>(text.size()); }
+
+String InfoText(SQLHDBC connection, SQLUSMALLINT what) {
+  std::array<char16_t, 256> buffer{};
+  SQLSMALLINT bytes = 0;
+  Check(SQLGetInfoW(connection, what, buffer.data(), sizeof buffer, &bytes), SQL_HANDLE_DBC,
+        connection);
+  return String(buffer.data());
+}
+
+}  // namespace
+
+// Marks the place to which a failed statement is undone. PostgreSQL would give up the whole
+// transaction, and the driver's own way loses it on a syntax error without a word.
+class Session::Savepoint {
+ public:
+  explicit Savepoint(Session& session)
+      : session_(session), set_(session.inTransaction_ && session.server_.IsPostgres()) {
+    if (set_) session_.RunPlain(u"SAVEPOINT tessaria_statement");
+  }
+  Savepoint(const Savepoint&) = delete;
+  Savepoint& operator=(const Savepoint&) = delete;
+  ~Savepoint() {
+    if (!set_ || session_.lost_) return;
+    try {
+      session_.RunPlain(u"ROLLBACK TO SAVEPOINT tessaria_statement");
+    } catch (const HostError&) {
+      // The statement's own error is on its way and tells more.
+    }
+  }
+
+  void Release() {
+    if (set_) session_.RunPlain(u"RELEASE SAVEPOINT tessaria_statement");
+    set_ = false;
+  }
+  /// Leaves it in the transaction: the statement has dropped it, or stands on it.
+  void Leave() { set_ = false; }
+
+ private:
+  Session& session_;
+  bool set_;
+};
+
+Session::~Session() { Close(); }
+
+void Session::Open(const String& connectionString) {
+  if (IsOpen()) {
+    throw HostError(errors::ObjectOpen, u"Operação não permitida com a conexão aberta.");
+  }
+  Close();
+  auto link = std::make_shared<Link>();
+  const String text = DriverConnectionText(connectionString);
+  odbc::Check(SQLDriverConnectW(link->get(), nullptr, Wide(text.c_str()), Length(text), nullptr, 0,
+                                nullptr, SQL_DRIVER_NOPROMPT),
+              SQL_HANDLE_DBC, link->get());
+  link_ = std::move(link);
+  try {
+    ReadServer();
+  } catch (...) {
+    Close();
+    throw;
+  }
+}
+
+void Session::ReadServer() {
+  server_ = Server();
+  server_.name = InfoText(Handle(), SQL_DBMS_NAME);
+  server_.dialect = DialectOf(server_.name);
+  server_.version = InfoText(Handle(), SQL_DBMS_VER);
+  server_.quote = Trim(InfoText(Handle(), SQL_IDENTIFIER_QUOTE_CHAR));
+  SQLUINTEGER extensions = 0;
+  odbc::Check(SQLGetInfoW(Handle(), SQL_GETDATA_EXTENSIONS, &extensions, 0, nullptr),
+              SQL_HANDLE_DBC, Handle());
+  constexpr SQLUINTEGER kNeeded = SQL_GD_BLOCK | SQL_GD_BOUND | SQL_GD_ANY_COLUMN;
+  server_.rereads = (extensions & kNeeded) == kNeeded;
+  if (!server_.IsPostgres()) return;
+  server_.version = PostgreSqlVersion(server_.version);
+  // The guard against second statements reads '' quotes this way.
+  RunPlain(u"SET standard_conforming_strings = on");
+}
+
+void Session::Close() noexcept {
+  if (pending_ != nullptr) pending_->ReadRest();
+  if (inTransaction_ && IsOpen()) SQLEndTran(SQL_HANDLE_DBC, link_->get(), SQL_ROLLBACK);
+  pending_ = nullptr;
+  inTransaction_ = false;
+  lost_ = false;
+  link_.reset();
+}
+
+std::shared_ptr<Link> Session::RequireLink() const {
+  if (!IsOpen()) {
+    throw HostError(errors::InvalidConnection,
+                    u"A conexão com o banco de dados está fechada ou foi perdida.");
+  }
+  return link_;
+}
+
+const Server& Session::ServerInfo() const {
+  RequireLink();
+  return server_;
+}
+
+SQLHDBC Session::Handle() const { return RequireLink()->get(); }
+
+void Session::Settle() {
+  RequireLink();
+  if (pending_ != nullptr) pending_->ReadRest();
+  RequireLink();
+}
+
+Statement Session::NewStatement() {
+  Settle();
+  return InnerStatement();
+}
+
+Statement Session::InnerStatement() const {
+  Statement statement(RequireLink());
+  odbc::Check(SQLSetStmtAttrW(statement.get(), SQL_ATTR_NOSCAN,
+                              reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0),
+              SQL_HANDLE_STMT, statement.get());
+  return statement;
+}
+
+void Session::Check(SQLRETURN result, const Statement& statement) {
+  if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) Fail(SQL_HANDLE_STMT, statement.get());
+}
+
+// The error of a failed call. A lost link closes the session.
+void Session::Fail(SQLSMALLINT type, SQLHANDLE handle) {
+  const OdbcError error = DiagnosticsOf(type, handle);
+  SQLINTEGER dead = SQL_CD_FALSE;
+  SQLGetConnectAttrW(link_->get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
+  if (error.IsConnectionLoss() || dead == SQL_CD_TRUE) {
+    lost_ = true;
+    inTransaction_ = false;
+  }
+  throw error;
+}
+
+void Session::Execute(const Statement& statement, const String& text) {
+  Savepoint savepoint(*this);
+  Check(SQLExecDirectW(statement.get(), Wide(text.c_str()), static_cast<SQLINTEGER>(text.size())),
+        statement);
+  savepoint.Release();
+}
+
+SQLLEN Session::ExecuteWith(const Statement& statement, const String& text,
+                            const std::vector<String>& values) {
+  std::vector<SQLLEN> lengths(values.size());
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    lengths[i] = static_cast<SQLLEN>(values[i].size() * sizeof(char16_t));
+    Check(SQLBindParameter(statement.get(), static_cast<SQLUSMALLINT>(i + 1), SQL_PARAM_INPUT,
+                           SQL_C_WCHAR, SQL_WVARCHAR, std::max<SQLULEN>(values[i].size(), 1), 0,
+                           Wide(values[i].c_str()), lengths[i], &lengths[i]),
+          statement);
+  }
+  Savepoint savepoint(*this);
+  const SQLRETURN result =
+      SQLExecDirectW(statement.get(), Wide(text.c_str()), static_cast<SQLINTEGER>(text.size()));
+  Check(result, statement);
+  SQLLEN rows = 0;
+  if (result != SQL_NO_DATA) Check(SQLRowCount(statement.get(), &rows), statement);
+  savepoint.Release();
+  return rows;
+}
+
+void Session::ExecuteSavepoint(const String& text) {
+  Settle();
+  Savepoint savepoint(*this);
+  RunPlain(text);
+  savepoint.Leave();
+}
+
+void Session::RunPlain(const String& text) {
+  const Statement statement = InnerStatement();
+  Check(SQLExecDirectW(statement.get(), Wide(text.c_str()), static_cast<SQLINTEGER>(text.size())),
+        statement);
+}
+
+void Session::BeginTrans() {
+  Settle();
+  if (inTransaction_) {
+    throw HostError(errors::ProviderError, u"Já existe uma transação em andamento.");
+  }
+  AutoCommit(false);
+  inTransaction_ = true;
+}
+
+void Session::CommitTrans() { EndTransaction(SQL_COMMIT); }
+
+void Session::RollbackTrans() { EndTransaction(SQL_ROLLBACK); }
+
+void Session::EndTransaction(SQLSMALLINT completion) {
+  Settle();
+  if (!inTransaction_) {
+    throw HostError(errors::ProviderError, u"Não há transação em andamento.");
+  }
+  inTransaction_ = false;
+  const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, Handle(), completion);
+  if (!SQL_SUCCEEDED(result)) {
+    const OdbcError error = DiagnosticsOf(SQL_HANDLE_DBC, Handle());
+    lost_ = error.IsConnectionLoss();
+    // A commit that the server refuses has undone the transaction; what follows is outside it.
+    if (!lost_) SQLEndTran(SQL_HANDLE_DBC, Handle(), SQL_ROLLBACK);
+    if (!lost_) AutoCommit(true);
+    throw error;
+  }
+  AutoCommit(true);
+}
+
+void Session::BeginReading() { AutoCommit(false); }
+
+void Session::EndReading() {
+  const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, Handle(), SQL_COMMIT);
+  if (!SQL_SUCCEEDED(result)) Fail(SQL_HANDLE_DBC, Handle());
+  AutoCommit(true);
+}
+
+void Session::AbandonReading() noexcept {
+  if (!IsOpen()) return;
+  SQLEndTran(SQL_HANDLE_DBC, link_->get(), SQL_ROLLBACK);
+  SQLSetConnectAttrW(link_->get(), SQL_ATTR_AUTOCOMMIT,
+                     reinterpret_cast<SQLPOINTER>(SQL_AUTOCOMMIT_ON), 0);
+}
+
+void Session::AutoCommit(bool on) {
+  const SQLULEN value = on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
+  const SQLRETURN result =
+      SQLSetConnectAttrW(Handle(), SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(value), 0);
+  if (!SQL_SUCCEEDED(result)) Fail(SQL_HANDLE_DBC, Handle());
+}
+
+String QuoteName(const Server& server, StringView name) {
+  if (server.quote.empty()) return String(name);
+  return server.quote + Replace(name, server.quote, server.quote + server.quote) + server.quote;
+}
+
+}  // namespace tessaria::odbc

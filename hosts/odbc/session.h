@@ -1,0 +1,109 @@
+// The state behind a connection object: the link to the server, its transaction, its errors.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "hosts/odbc/handles.h"
+#include "hosts/odbc/sql_scanner.h"
+
+namespace tessaria::odbc {
+
+/// What is known of the server and its driver.
+struct Server {
+  String name;     ///< as the driver gives it
+  String version;  ///< for PostgreSQL in the form that version rules read
+  Dialect dialect = Dialect::Other;
+  String quote;          ///< the quotation mark of names; empty when there is none
+  bool rereads = false;  ///< a cell of a fetched block can be read again in parts
+
+  bool IsPostgres() const { return dialect == Dialect::PostgreSql; }
+};
+
+/// Rows that still arrive over a link. Nothing else may use the link before they are read.
+class PendingRows {
+ public:
+  PendingRows() = default;
+  PendingRows(const PendingRows&) = delete;
+  PendingRows& operator=(const PendingRows&) = delete;
+
+  /// Reads what is left. A failure is kept for whoever asks for the missing rows.
+  virtual void ReadRest() noexcept = 0;
+
+ protected:
+  ~PendingRows() = default;
+};
+
+/// Outlives the link: after a loss the same session is opened again, and the record sets that
+/// hold it can go on writing. Used by one thread at a time.
+class Session {
+ public:
+  Session() = default;
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+  ~Session();
+
+  /// Error 3705 when it is open.
+  void Open(const String& connectionString);
+  /// A transaction under way is undone. Does nothing when closed.
+  void Close() noexcept;
+  bool IsOpen() const noexcept { return link_ != nullptr && !lost_; }
+
+  /// Error 3709 when closed, as all that follow.
+  const Server& ServerInfo() const;
+  SQLHDBC Handle() const;
+  /// A new statement, once the rows of the last one have been read.
+  Statement NewStatement();
+  /// A further statement of the rows that are being read.
+  Statement InnerStatement() const;
+
+  /// Runs a text. Undoes the statement's own work when it fails inside the application's
+  /// transaction.
+  void Execute(const Statement& statement, const String& text);
+  /// Runs a text with values for its "?" and returns the number of rows that it changed.
+  SQLLEN ExecuteWith(const Statement& statement, const String& text,
+                     const std::vector<String>& values);
+  /// Runs savepoint statements, which a savepoint of ours must not enclose.
+  void ExecuteSavepoint(const String& text);
+  /// As the free function; notices a lost connection.
+  void Check(SQLRETURN result, const Statement& statement);
+
+  void BeginTrans();
+  void CommitTrans();
+  void RollbackTrans();
+  bool InTransaction() const { return inTransaction_; }
+  /// A transaction of this layer's own, for a cursor. Not inside the application's.
+  void BeginReading();
+  void EndReading();
+  void AbandonReading() noexcept;
+
+  void Pending(PendingRows* rows) { pending_ = rows; }
+  void Finished(const PendingRows* rows) noexcept {
+    if (pending_ == rows) pending_ = nullptr;
+  }
+
+ private:
+  class Savepoint;
+
+  std::shared_ptr<Link> RequireLink() const;
+  void ReadServer();
+  void Settle();
+  void RunPlain(const String& text);
+  void AutoCommit(bool on);
+  void EndTransaction(SQLSMALLINT completion);
+  [[noreturn]] void Fail(SQLSMALLINT type, SQLHANDLE handle);
+
+  std::shared_ptr<Link> link_;
+  Server server_;
+  PendingRows* pending_ = nullptr;
+  bool lost_ = false;
+  bool inTransaction_ = false;
+};
+
+using SessionPtr = std::shared_ptr<Session>;
+
+/// A name in the server's quotation marks.
+String QuoteName(const Server& server, StringView name);
+
+}  // namespace tessaria::odbc

@@ -1,0 +1,126 @@
+#include "hosts/odbc/sort_order.h"
+
+#include <algorithm>
+#include <memory>
+#include <numeric>
+
+#include "hosts/odbc/diagnostics.h"
+#include "hosts/odbc/find_criterion.h"
+#include "hosts/odbc/text_order.h"
+#include "runtime/conversion.h"
+#include "runtime/text.h"
+
+namespace tessaria::odbc {
+namespace {
+
+// What is compared of one column, computed once for each row. Rows are numbered by their place
+// in the list that is being sorted.
+class KeyColumn {
+ public:
+  KeyColumn(const RowTable& table, const SortKey& key, const std::vector<RowId>& rows)
+      : table_(table), key_(key), rows_(rows) {
+    isText_ = table.TableColumns()[key.column].storage == Storage::Text;
+    nulls_.reserve(rows.size());
+    for (const RowId row : rows) {
+      nulls_.push_back(table.IsNull(row, key.column));
+      isText_ ? TakeText(row) : TakeNumber(row);
+    }
+  }
+
+  int Compare(std::uint32_t a, std::uint32_t b) const {
+    int order = nulls_[a] || nulls_[b] ? static_cast<int>(nulls_[b]) - static_cast<int>(nulls_[a])
+                : isText_              ? CompareTexts(a, b)
+                                       : CompareNumbers(a, b);
+    return key_.descending ? -order : order;
+  }
+
+ private:
+  void TakeText(RowId row) {
+    if (!nulls_.back()) letters_ += BaseKey(FromUtf8(table_.Text(row, key_.column)));
+    ends_.push_back(letters_.size());
+  }
+  void TakeNumber(RowId row) {
+    numbers_.push_back(nulls_.back() ? 0 : CDbl(table_.Value(row, key_.column)));
+  }
+  StringView Letters(std::uint32_t place) const {
+    const std::size_t start = place == 0 ? 0 : ends_[place - 1];
+    return StringView(letters_).substr(start, ends_[place] - start);
+  }
+  // Accents are looked at only where the base letters agree, which is seldom.
+  int CompareTexts(std::uint32_t a, std::uint32_t b) const {
+    const int base = Letters(a).compare(Letters(b));
+    if (base != 0) return base;
+    return CompareText(FromUtf8(table_.Text(rows_[a], key_.column)),
+                       FromUtf8(table_.Text(rows_[b], key_.column)));
+  }
+  int CompareNumbers(std::uint32_t a, std::uint32_t b) const {
+    return numbers_[a] < numbers_[b] ? -1 : numbers_[a] > numbers_[b] ? 1 : 0;
+  }
+
+  const RowTable& table_;
+  SortKey key_;
+  const std::vector<RowId>& rows_;
+  bool isText_ = false;
+  std::vector<bool> nulls_;
+  std::vector<double> numbers_;
+  String letters_;
+  std::vector<std::size_t> ends_;
+};
+
+// At commas outside brackets.
+std::vector<String> Items(const String& text) {
+  std::vector<String> items(1);
+  bool bracketed = false;
+  for (const char16_t c : text) {
+    if (c == u'[') bracketed = true;
+    if (c == u']') bracketed = false;
+    if (c == u',' && !bracketed) {
+      items.emplace_back();
+    } else {
+      items.back() += c;
+    }
+  }
+  return items;
+}
+
+bool CutSuffix(String& text, StringView suffix) {
+  if (!EndsWith(UCase(text), suffix)) return false;
+  text.resize(text.size() - suffix.size());
+  return true;
+}
+
+}  // namespace
+
+std::vector<SortKey> ParseSortOrder(const Columns& columns, const String& text) {
+  std::vector<SortKey> keys;
+  if (Trim(text).empty()) return keys;
+  for (const String& item : Items(text)) {
+    String name = Trim(item);
+    const bool descending = CutSuffix(name, u" DESC");
+    if (!descending) CutSuffix(name, u" ASC");
+    const auto column = ColumnOfName(columns, name);
+    if (!column) throw HostError(errors::ItemNotFound, u"Campo não encontrado: " + name);
+    keys.push_back({*column, descending});
+  }
+  return keys;
+}
+
+void SortRows(const RowTable& table, const std::vector<SortKey>& keys, std::vector<RowId>& rows) {
+  std::vector<std::unique_ptr<KeyColumn>> columns;
+  for (const SortKey& key : keys) columns.push_back(std::make_unique<KeyColumn>(table, key, rows));
+  std::vector<std::uint32_t> places(rows.size());
+  std::iota(places.begin(), places.end(), 0U);
+  std::stable_sort(places.begin(), places.end(), [&](std::uint32_t a, std::uint32_t b) {
+    for (const auto& column : columns) {
+      const int order = column->Compare(a, b);
+      if (order != 0) return order < 0;
+    }
+    return false;
+  });
+  std::vector<RowId> sorted;
+  sorted.reserve(rows.size());
+  for (const std::uint32_t place : places) sorted.push_back(rows[place]);
+  rows = std::move(sorted);
+}
+
+}  // namespace tessaria::odbc
