@@ -185,9 +185,8 @@ void Connection::CommitTrans() {
 void Connection::RollbackTrans() {
   RequireOpen();
   if (!savedTables_) throw HostError(kNoTransaction, u"Nenhuma transação ativa.");
-  for (const auto& [name, table] : *std::exchange(savedTables_, std::nullopt)) {
-    *tables_[name] = table;
-  }
+  const auto saved = std::exchange(savedTables_, std::nullopt);
+  for (const auto& [name, table] : *saved) *tables_[name] = table;
 }
 
 }  // namespace tessaria::memory

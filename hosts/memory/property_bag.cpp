@@ -1,8 +1,14 @@
 #include "hosts/memory/property_bag.h"
 
+#include "lookup/browse_definition.h"
+#include "lookup/pesquisa_definition.h"
 #include "runtime/text.h"
 
 namespace tessaria::memory {
+
+PropertyBag::PropertyBag()
+    : PropertyBag({{Browse().ClassName(), [] { return std::make_shared<Browse>(); }},
+                   {Pesquisa().ClassName(), [] { return std::make_shared<Pesquisa>(); }}}) {}
 
 PropertyBag::PropertyBag(TextPropertyBag::Factories factories) : stored_(std::move(factories)) {}
 

@@ -12,7 +12,9 @@ namespace tessaria::memory {
 /// Stores as the text bag does, keeps the keys in the order of use, and fails on demand.
 class PropertyBag final : public host::PropertyBag {
  public:
-  explicit PropertyBag(TextPropertyBag::Factories factories = {});
+  /// Makes the definition objects of a control again.
+  PropertyBag();
+  explicit PropertyBag(TextPropertyBag::Factories factories);
 
   Variant ReadProperty(const String& name, const Variant& byDefault) const override;
   void WriteProperty(const String& name, const Variant& value, const Variant& byDefault) override;
