@@ -1,0 +1,55 @@
+#include "hosts/qt/application.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QImageReader>
+
+#include "hosts/qt/handles.h"
+#include "hosts/qt/host.h"
+#include "hosts/qt/message_box.h"
+#include "hosts/qt/text.h"
+#include "tessaria/error.h"
+
+namespace tessaria::qt {
+namespace {
+
+constexpr Long kInvalidPicture = 481;
+
+}  // namespace
+
+String Application::Path() const { return fromQt(QCoreApplication::applicationDirPath()); }
+
+// Qt's own paths have "/" on every system.
+char16_t Application::PathSeparator() const { return u'/'; }
+
+bool Application::FileExists(const String& path) const { return QFileInfo(toQt(path)).isFile(); }
+
+std::shared_ptr<host::Picture> Application::LoadPicture(const String& path) {
+  const QString file = toQt(path);
+  if (!FileExists(path)) throw HostError(errors::FileNotFound);
+  QImageReader reader(file);
+  reader.setDecideFormatFromContent(true);
+  QIcon icon;
+  for (QImage image; reader.read(&image); image = QImage())
+    icon.addPixmap(QPixmap::fromImage(image));
+  if (icon.isNull()) throw HostError(kInvalidPicture);
+  return std::make_shared<Picture>(icon);
+}
+
+void Application::Beep() {
+  QApplication::beep();
+  emit host_.beeped();
+}
+
+void Application::DoEvents() { QCoreApplication::processEvents(); }
+
+Long Application::ShowMessageBox(Long owner, const String& text, Long style, const String& title) {
+  QWidget* window = widgetOf(owner);
+  window = window ? window->window() : QApplication::activeWindow();
+  ++host_.boxCount_;
+  emit host_.boxShown(toQt(text), toQt(title), style);
+  return showMessageBox(window, toQt(text), style, toQt(title));
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,20 @@
+// Colours of the object model in Qt: system colours are the theme's own.
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+#include "tessaria/string.h"
+
+namespace tessaria::qt {
+
+bool isSystemColour(Colour colour);
+
+/// A system colour is looked up in the palette; an unknown index is the window's text colour.
+QColor toQColor(Colour colour, const QPalette& palette);
+Colour toColour(const QColor& colour);
+
+/// `fore`, or the nearest to it that can be read on `back`: blended towards black or white.
+QColor readableOn(const QColor& fore, const QColor& back);
+
+}  // namespace tessaria::qt

@@ -1,0 +1,57 @@
+#include "hosts/qt/control_site.h"
+
+#include "hosts/qt/event_boundary.h"
+#include "hosts/qt/fonts.h"
+#include "hosts/qt/form.h"
+#include "hosts/qt/handles.h"
+#include "hosts/qt/text.h"
+#include "hosts/qt/tstext.h"
+#include "hosts/qt/units.h"
+#include "hosts/qt/widget_tree.h"
+#include "tessaria/error.h"
+
+namespace tessaria::qt {
+
+TsText& ControlSite::surface() const {
+  if (!surface_) throw ControlGone{};
+  return *surface_;
+}
+
+bool ControlSite::UserMode() const { return !surface().designMode(); }
+String ControlSite::DisplayName() const { return fromQt(surface().objectName()); }
+host::Font ControlSite::AmbientFont() const { return toFont(surface().font()); }
+
+host::FormPtr ControlSite::Parent() const {
+  if (!surface().parentWidget()) throw HostError(errors::ObjectNotSet);
+  return makeForm(*formOf(&surface()));
+}
+
+host::WidgetPtr ControlSite::Extender() const { return makeWidget(surface()); }
+
+bool ControlSite::TabStop() const {
+  return (surface().focusProxy()->focusPolicy() & Qt::TabFocus) != 0;
+}
+
+void ControlSite::TabStop(bool stop) {
+  surface().focusProxy()->setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+Long ControlSite::hWnd() const { return handleOf(surface()); }
+Long ControlSite::Width() const { return twipsX(surface().width(), surface()); }
+Long ControlSite::Height() const { return twipsY(surface().height(), surface()); }
+
+void ControlSite::Height(Long twips) {
+  surface().resize(surface().width(), pixelsY(twips, surface()));
+}
+
+String ControlSite::ActiveControlName() const {
+  const QWidget* focus = surface().window()->focusWidget();
+  if (!focus || focus->parentWidget() != &surface()) throw HostError(errors::ObjectNotSet);
+  return fromQt(focus->objectName());
+}
+
+void ControlSite::PropertyChanged(const String& name) {
+  emit surface().propertyChanged(toQt(name));
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,67 @@
+// The one place where Qt enters the core, and where no exception leaves it.
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+#include <exception>
+#include <memory>
+
+#include "tessaria/error.h"
+
+namespace tessaria::qt {
+
+/// Thrown by a control's ports when its widget was destroyed by a handler: what the core was
+/// still about to do for it is dropped. Passes every trap and ends at the boundary.
+struct ControlGone {};
+
+/// Whoever wants to hear of the unhandled errors of a widget: our widgets do.
+class ErrorListener {
+ public:
+  virtual void unhandled(int number, const QString& description) = 0;
+
+ protected:
+  ~ErrorListener() = default;
+};
+
+namespace boundary {
+/// Number of an exception that is no run-time error.
+inline constexpr int kInternalError = 51;
+/// Depth of the entries into the core on this thread.
+class Entry {
+ public:
+  Entry();
+  Entry(const Entry&) = delete;
+  Entry& operator=(const Entry&) = delete;
+  ~Entry();
+};
+void report(QWidget* widget, Long number, const QString& description);
+void report(QWidget* widget, const HostError& error);
+}  // namespace boundary
+
+/// Keeps an object alive until the last entry into the core on this thread has returned. With
+/// none on the stack it goes at once.
+void retire(std::shared_ptr<void> object);
+
+/// Runs `body`. An error that comes out of it is an unhandled error of the widget's form: its
+/// signal, a box, and the program goes on. False when the body did not come to its end.
+/// `widget` may be destroyed by the body.
+template <class Body>
+bool guarded(QWidget* widget, Body&& body) {
+  const QPointer<QWidget> owner(widget);
+  const boundary::Entry entry;
+  try {
+    body();
+    return true;
+  } catch (const ControlGone&) {
+  } catch (const HostError& error) {
+    boundary::report(owner, error);
+  } catch (const std::exception& error) {
+    boundary::report(owner, boundary::kInternalError, QString::fromUtf8(error.what()));
+  } catch (...) {
+    boundary::report(owner, boundary::kInternalError, {});
+  }
+  return false;
+}
+
+}  // namespace tessaria::qt

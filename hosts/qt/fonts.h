@@ -1,0 +1,15 @@
+// Fonts between the core and Qt.
+#pragma once
+
+#include <QFont>
+
+#include "tessaria/host/widgets.h"
+
+namespace tessaria::qt {
+
+host::Font toFont(const QFont& font);
+/// Only what differs from the surrounding font is set, so that the rest follows the operator's
+/// theme.
+QFont toQFont(const host::Font& font, const QFont& surrounding);
+
+}  // namespace tessaria::qt

@@ -1,0 +1,19 @@
+// A form and the controls on it, seen through the ports.
+#pragma once
+
+#include <QWidget>
+
+#include "tessaria/host/form.h"
+
+namespace tessaria::qt {
+
+/// The form as its controls see it. `dbForm` is the dynamic property of that name, a QVariant of
+/// a `host::ConnectionPtr`.
+host::FormPtr makeForm(QWidget& form);
+
+/// Any widget, by its kind: TsText is "tsText", Adodc "Adodc", QLabel "Label", QTabWidget
+/// "SSTab", check boxes "CheckBox", radio buttons "OptionButton", every other button
+/// "CommandButton", a form "Form"; all others by their class name.
+host::WidgetPtr makeWidget(QWidget& widget);
+
+}  // namespace tessaria::qt

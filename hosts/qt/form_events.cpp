@@ -1,0 +1,124 @@
+#include "hosts/qt/form_events.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QPointer>
+#include <algorithm>
+
+#include "hosts/qt/adodc.h"
+#include "hosts/qt/dialog_keys.h"
+#include "hosts/qt/focus_cycle.h"
+#include "hosts/qt/host.h"
+#include "hosts/qt/tstext.h"
+#include "hosts/qt/widget_tree.h"
+
+namespace tessaria::qt {
+namespace {
+
+constexpr char kShown[] = "_tessaria_shown";
+
+/// Place of a control in the order of loading.
+int loadRank(const TsText& control) {
+  if (control.dataSource().isEmpty() || control.dataField().isEmpty()) return 0;
+  switch (control.tipoControle()) {
+    case TsText::Browse:
+      return 1;
+    case TsText::Descricao:
+      return 3;
+    default:
+      return 2;
+  }
+}
+
+}  // namespace
+
+FormEvents::FormEvents(Host* host) : QObject(host), host_(*host) {
+  qApp->installEventFilter(this);
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* now) { focusChanged(now); });
+}
+
+bool FormEvents::eventFilter(QObject* object, QEvent* event) {
+  if (!object->isWidgetType()) return false;
+  auto* widget = static_cast<QWidget*>(object);
+  switch (event->type()) {
+    case QEvent::Show:
+      if (isForm(widget)) showFirst(widget);
+      return false;
+    case QEvent::Hide:
+      if (widget->isWindow() && !event->spontaneous())
+        if (FocusCycle* cycle = FocusCycle::existing(widget)) cycle->windowHidden();
+      return false;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return swallowsPress(widget);
+    case QEvent::KeyPress:
+    case QEvent::InputMethod:
+      return swallowsKey(widget);
+    case QEvent::Shortcut:
+      return swallowsMnemonic(widget);
+    default:
+      return false;
+  }
+}
+
+void FormEvents::focusChanged(QWidget* now) {
+  if (!now) return;
+  if (FocusCycle* cycle = FocusCycle::existing(now->window())) cycle->focusMoved();
+}
+
+/// The press has moved the focus already. Answered with a box, its release went elsewhere, and
+/// the widget would stay half pressed.
+bool FormEvents::swallowsPress(QWidget* widget) {
+  FocusCycle* cycle = FocusCycle::existing(widget->window());
+  if (!cycle || !cycle->hasPending()) return false;
+  const QPointer<QWidget> alive(widget);
+  const QPointer<QWidget> focus(widget->window()->focusWidget());
+  const int boxes = host_.boxCount();
+  cycle->settlePending();
+  return !alive || host_.boxCount() != boxes || alive->window()->focusWidget() != focus;
+}
+
+/// A key that was meant for a field which the focus did not reach.
+bool FormEvents::swallowsKey(QWidget* widget) {
+  FocusCycle* cycle = FocusCycle::existing(widget->window());
+  if (!cycle || !cycle->hasPending() || widget->window()->focusWidget() != widget) return false;
+  const QPointer<QWidget> alive(widget);
+  cycle->settlePending();
+  return !alive || alive->window()->focusWidget() != alive;
+}
+
+bool FormEvents::swallowsMnemonic(QWidget* widget) {
+  auto* button = qobject_cast<QAbstractButton*>(widget);
+  if (!button || !button->isVisible() || !button->isEnabled()) return false;
+  return !takeFocusBeforePress(button);
+}
+
+bool wasShown(const QWidget* form) { return form->property(kShown).toBool(); }
+
+QList<TsText*> inLoadOrder(const QWidget* form) {
+  QList<TsText*> controls;
+  if (auto* alone = qobject_cast<TsText*>(const_cast<QWidget*>(form))) controls << alone;
+  for (TsText* control : form->findChildren<TsText*>())
+    if (formOf(control) == form) controls << control;
+  std::stable_sort(controls.begin(), controls.end(),
+                   [](const TsText* a, const TsText* b) { return loadRank(*a) < loadRank(*b); });
+  return controls;
+}
+
+void showFirst(QWidget* form) {
+  if (wasShown(form)) return;
+  QList<QPointer<TsText>> controls;
+  for (TsText* control : inLoadOrder(form)) controls << control;
+  QList<QPointer<Adodc>> dataControls;
+  for (Adodc* data : form->findChildren<Adodc*>())
+    if (formOf(data) == form) dataControls << data;
+  if (controls.isEmpty() && dataControls.isEmpty()) return;
+  form->setProperty(kShown, true);
+  for (const auto& data : dataControls)
+    if (data) data->openAtFirstShow();
+  for (const auto& control : controls)
+    if (control) control->showSurface();
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,42 @@
+// What the controls of a program need to see of its other events.
+#pragma once
+
+#include <QMouseEvent>
+#include <QObject>
+#include <QWidget>
+
+namespace tessaria::qt {
+
+class Host;
+
+/// Watches the whole application: first shows of forms, moves of the focus, and keys, clicks and
+/// mnemonics that must wait until the field before them is settled.
+class FormEvents final : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit FormEvents(Host* host);
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void focusChanged(QWidget* now);
+  bool swallowsPress(QWidget* widget);
+  bool swallowsKey(QWidget* widget);
+  bool swallowsMnemonic(QWidget* widget);
+
+  Host& host_;
+};
+
+/// Tells every control of the form of its first show, those on hidden pages too: unbound
+/// controls first, then keys, then the rest, descriptions last, so that no control wipes what
+/// another one has filled. Data controls open their rows before. Does nothing at a second call.
+void showFirst(QWidget* form);
+/// Whether the form had its first show.
+bool wasShown(const QWidget* form);
+
+/// The controls of a form in that order.
+QList<class TsText*> inLoadOrder(const QWidget* form);
+
+}  // namespace tessaria::qt

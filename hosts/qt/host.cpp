@@ -1,0 +1,39 @@
+#include "hosts/qt/host.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include "hosts/qt/application.h"
+#include "hosts/qt/form_events.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria::qt {
+namespace {
+
+void loadTranslation(QObject* owner) {
+  auto* translator = new QTranslator(owner);
+  if (translator->load(QStringLiteral("qtbase_pt_BR"),
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(translator);
+}
+
+}  // namespace
+
+Host::Host(QObject* parent) : QObject(parent), application_(std::make_unique<Application>(*this)) {
+  loadTranslation(this);
+  new FormEvents(this);
+  State().application = application_.get();
+}
+
+Host::~Host() {
+  if (State().application == application_.get()) State().application = nullptr;
+}
+
+Host& install() {
+  Q_ASSERT_X(qApp, "tessaria::qt::install", "a QApplication must exist");
+  if (auto* host = qApp->findChild<Host*>({}, Qt::FindDirectChildrenOnly)) return *host;
+  return *new Host(qApp);
+}
+
+}  // namespace tessaria::qt

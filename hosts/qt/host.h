@@ -1,0 +1,41 @@
+// The services of a Qt program for the core.
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <memory>
+
+#include "tessaria/host/application.h"
+
+namespace tessaria::qt {
+
+/// The running program as the core sees it, and what the program can watch of it.
+class Host final : public QObject {
+  Q_OBJECT
+
+ public:
+  ~Host() override;
+
+  host::Application& application() { return *application_; }
+  /// Boxes shown so far.
+  int boxCount() const { return boxCount_; }
+
+ signals:
+  /// A message box is about to show. `style` adds up values of `host::box`.
+  void boxShown(const QString& text, const QString& title, int style);
+  void beeped();
+
+ private:
+  explicit Host(QObject* parent);
+  friend Host& install();
+  friend class Application;
+
+  std::unique_ptr<host::Application> application_;
+  int boxCount_ = 0;
+};
+
+/// Makes this program the host of the calling thread, once; every control does so itself. Needs
+/// a QApplication, which owns the host. Loads Qt's own Brazilian texts when they are installed.
+Host& install();
+
+}  // namespace tessaria::qt

@@ -1,0 +1,24 @@
+// Keys of Qt as the virtual-key codes that the core and its applications know.
+#pragma once
+
+#include <QKeyEvent>
+#include <QStringList>
+
+#include "tessaria/string.h"
+
+namespace tessaria::qt {
+
+/// Virtual-key code of the key; 0 for a key that has none. Punctuation has the codes of the
+/// Brazilian layout.
+Integer virtualKey(const QKeyEvent& event);
+
+/// Added up: 1 Shift, 2 Control, 4 Alt.
+Integer shiftState(Qt::KeyboardModifiers modifiers);
+
+/// What the key types, one character a unit (a surrogate pair is one): printable characters, and
+/// the control characters of Backspace, Enter, Escape and of letters with Control.
+QStringList charactersOf(const QKeyEvent& event);
+/// The characters of a text, a surrogate pair as one.
+QStringList charactersOf(const QString& text);
+
+}  // namespace tessaria::qt

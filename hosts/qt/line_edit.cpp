@@ -1,0 +1,367 @@
+#include "hosts/qt/line_edit.h"
+
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <algorithm>
+#include <limits>
+
+#include "hosts/qt/dialog_keys.h"
+#include "hosts/qt/focus_cycle.h"
+#include "hosts/qt/key_codes.h"
+#include "hosts/qt/text.h"
+#include "runtime/text.h"
+
+namespace tessaria::qt {
+namespace {
+
+/// What a character gives as its code when it has none.
+constexpr Integer kOutsideTheWesternCodes = u'?';
+
+bool isNavigation(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+}
+
+bool isDialogKey(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter ||
+         event.key() == Qt::Key_Escape;
+}
+
+/// Keys that print nothing and would change the text past the mask.
+bool bypassesMask(const QKeyEvent& event) {
+  static constexpr QKeySequence::StandardKey kKeys[] = {QKeySequence::Paste,
+                                                        QKeySequence::Cut,
+                                                        QKeySequence::Undo,
+                                                        QKeySequence::Redo,
+                                                        QKeySequence::DeleteEndOfWord,
+                                                        QKeySequence::DeleteStartOfWord,
+                                                        QKeySequence::DeleteEndOfLine,
+                                                        QKeySequence::DeleteCompleteLine};
+  return std::any_of(std::begin(kKeys), std::end(kKeys), [&](auto key) {
+    return const_cast<QKeyEvent&>(event).matches(key);  // not const in Qt, changes nothing
+  });
+}
+
+class Counted {
+ public:
+  explicit Counted(QPointer<LineEdit> owner, int& counter) : owner_(owner), counter_(counter) {
+    ++counter_;
+  }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+  ~Counted() {
+    if (owner_) --counter_;
+  }
+
+ private:
+  QPointer<LineEdit> owner_;
+  int& counter_;
+};
+
+}  // namespace
+
+class LineEdit::Work {
+ public:
+  explicit Work(LineEdit* edit) : edit_(edit) { ++edit->working_; }
+  Work(const Work&) = delete;
+  Work& operator=(const Work&) = delete;
+  ~Work() {
+    if (!edit_) return;
+    --edit_->working_;
+    edit_->flush();
+  }
+
+ private:
+  QPointer<LineEdit> edit_;
+};
+
+LineEdit::LineEdit(QWidget* parent) : QLineEdit(parent) {
+  setMaxLength(std::numeric_limits<int>::max());
+  connect(this, &QLineEdit::textEdited, this, &LineEdit::edited);
+  connect(this, &QLineEdit::textChanged, this, &LineEdit::flush);
+}
+
+MaskInUse LineEdit::maskInUse() const { return events_ ? events_->maskInUse() : MaskInUse{}; }
+
+// --- Text and selection
+// ---------------------------------------------------------------------------
+
+void LineEdit::assignText(const QString& text) {
+  const Work work(this);
+  const QString cut = limit_ > 0 ? text.left(limit_) : text;
+  if (cut != this->text()) setText(cut);
+  setSelStart(0);
+}
+
+void LineEdit::replaceSelection(const QString& text) {
+  const Work work(this);
+  const Counted typing(this, typing_);
+  insert(text);
+}
+
+int LineEdit::selStart() const { return hasSelectedText() ? selectionStart() : cursorPosition(); }
+
+int LineEdit::selLength() const { return hasSelectedText() ? selectionLength() : 0; }
+
+void LineEdit::setSelStart(int position) {
+  deselect();
+  setCursorPosition(std::clamp(position, 0, int(text().size())));
+}
+
+void LineEdit::setSelLength(int length) {
+  const int start = selStart();
+  const int room = int(text().size()) - start;
+  setSelStart(start);
+  if (const int fitting = std::clamp(length, 0, room); fitting > 0) setSelection(start, fitting);
+}
+
+void LineEdit::setLimit(int characters) {
+  limit_ = std::max(characters, 0);
+  fitLimit();
+}
+
+/// Qt cuts the text when its limit falls below it: the limit follows the text down instead.
+void LineEdit::fitLimit() {
+  const int wanted =
+      limit_ == 0 ? std::numeric_limits<int>::max() : std::max(limit_, int(text().size()));
+  if (wanted == maxLength()) return;
+  const Work work(this);
+  const int start = selStart();
+  const int length = selLength();
+  setMaxLength(wanted);
+  setSelStart(start);
+  setSelLength(length);
+}
+
+// --- Changes
+// --------------------------------------------------------------------------------------
+
+/// The operator changed the text. Only the handlers' way leads into a masked text.
+void LineEdit::edited() {
+  if (typing_ > 0) return;
+  if (maskInUse().isEmpty()) {
+    withoutKey_ = true;
+    return;
+  }
+  const int caret = std::min(cursorPosition(), int(known_.size()));
+  setText(known_);
+  setCursorPosition(caret);
+}
+
+void LineEdit::flush() {
+  if (working_ > 0) return;
+  const bool withoutKey = std::exchange(withoutKey_, false);
+  fitLimit();
+  if (text() == known_) return;
+  known_ = text();
+  const QPointer<LineEdit> self(this);
+  if (events_) events_->changed();
+  if (self && withoutKey) reportTextWithoutKey();
+}
+
+void LineEdit::reportTextWithoutKey() {
+  if (events_) events_->keyUp(0, 0);
+}
+
+// --- Keys
+// -----------------------------------------------------------------------------------------
+
+bool LineEdit::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyPress: {
+      auto* key = static_cast<QKeyEvent*>(event);
+      if (isNavigation(*key) || !isEnabled()) break;
+      handleKeyPress(key);
+      return true;
+    }
+    case QEvent::KeyRelease:
+      if (!isEnabled()) break;
+      handleKeyRelease(static_cast<QKeyEvent*>(event));
+      return true;
+    case QEvent::InputMethod:
+      if (!isEnabled()) break;
+      handleInputMethod(static_cast<QInputMethodEvent*>(event));
+      return true;
+    default:
+      break;
+  }
+  const Work work(this);
+  return QLineEdit::event(event);
+}
+
+void LineEdit::handleKeyPress(QKeyEvent* event) {
+  const QPointer<LineEdit> self(this);
+  const Integer code = virtualKey(*event);
+  held_.insert(code);
+  const KeyFate fate =
+      events_ ? events_->keyDown(code, shiftState(event->modifiers())) : KeyFate::LeftAlone;
+  if (!self || fate != KeyFate::LeftAlone) return event->accept();
+
+  const QStringList units = charactersOf(*event);
+  if (!units.isEmpty()) return pressCharacters(event, units);
+  editCommand(event);
+}
+
+void LineEdit::pressCharacters(QKeyEvent* event, const QStringList& units) {
+  const QPointer<LineEdit> self(this);
+  bool takenBySurface = false;
+  for (const QString& unit : units) {
+    if (!self) return event->accept();
+    QString typed;
+    const KeyFate fate = askKeyPress(unit, typed);
+    if (!self) return event->accept();
+    takenBySurface = fate == KeyFate::TakenBySurface;
+    if (fate != KeyFate::LeftAlone) continue;
+    const Work work(this);  // ends the round: the change may destroy the edit
+    const Counted typing(this, typing_);
+    if (typed == unit && units.size() == 1)
+      QLineEdit::keyPressEvent(event);
+    else
+      insertTyped(typed);
+  }
+  if (!self) return event->accept();
+  // The form's default and cancel buttons hear of these keys whatever the filter says.
+  if (isDialogKey(*event) && !takenBySurface)
+    event->setAccepted(pressDialogButton(this, event->key()));
+  else
+    event->accept();
+}
+
+void LineEdit::editCommand(QKeyEvent* event) {
+  if (!maskInUse().isEmpty() && bypassesMask(*event)) return event->accept();
+  const Work work(this);
+  const Counted typing(this, typing_);
+  QLineEdit::keyPressEvent(event);
+}
+
+void LineEdit::handleKeyRelease(QKeyEvent* event) {
+  event->accept();
+  if (event->isAutoRepeat()) return;
+  const Integer code = virtualKey(*event);
+  // A release whose press another widget had is none of this edit.
+  if (!held_.remove(code)) return;
+  if (events_) events_->keyUp(code, shiftState(event->modifiers()));
+}
+
+/// Asks the handlers; `typed` is what the character has become.
+KeyFate LineEdit::askKeyPress(const QString& unit, QString& typed) {
+  typed = unit;
+  if (!events_) return KeyFate::LeftAlone;
+  const Integer original =
+      unit.size() == 1 ? AnsiCode(unit.front().unicode()) : kOutsideTheWesternCodes;
+  Integer code = original;
+  const KeyFate fate = events_->keyPress(code);
+  if (fate == KeyFate::LeftAlone && code != original) {
+    const bool western = code > 0 && code <= 255;
+    typed = western ? QString(QChar(AnsiCharacter(code))) : QString();
+  }
+  return fate;
+}
+
+void LineEdit::insertTyped(const QString& typed) {
+  if (typed == QChar(8)) return backspace();
+  if (!typed.isEmpty() && typed.front() >= QLatin1Char(' ')) insert(typed);
+}
+
+bool LineEdit::typeCharacter(const QString& unit) {
+  const QPointer<LineEdit> self(this);
+  QString typed;
+  const KeyFate fate = askKeyPress(unit, typed);
+  if (!self || fate != KeyFate::LeftAlone) return self;
+  {
+    const Work work(this);
+    const Counted typing(this, typing_);
+    insertTyped(typed);
+  }
+  return self;
+}
+
+bool LineEdit::offerCharacter(const QString& unit) {
+  const QPointer<LineEdit> self(this);
+  QString typed;
+  askKeyPress(unit, typed);
+  return self;
+}
+
+bool LineEdit::typeDelete() {
+  const QPointer<LineEdit> self(this);
+  const KeyFate fate = events_ ? events_->keyDown(46, 0) : KeyFate::LeftAlone;
+  if (!self || fate != KeyFate::LeftAlone) return self;
+  {
+    const Work work(this);
+    const Counted typing(this, typing_);
+    del();
+  }
+  return self;
+}
+
+// --- Input methods
+// --------------------------------------------------------------------------------
+
+void LineEdit::handleInputMethod(QInputMethodEvent* event) {
+  const QPointer<LineEdit> self(this);
+  const bool masked = !maskInUse().isEmpty();
+  const QString commit = event->commitString();
+  event->accept();
+  if (commit.isEmpty()) {
+    // A pre-edit would take the selection out of a mask's slots.
+    if (!masked) {
+      const Work work(this);
+      const Counted typing(this, typing_);
+      QLineEdit::inputMethodEvent(event);
+    }
+    return;
+  }
+  QString left;
+  for (const QString& unit : charactersOf(commit)) {
+    if (masked) {
+      if (!typeCharacter(unit)) return;
+      continue;
+    }
+    QString typed;
+    const KeyFate fate = askKeyPress(unit, typed);
+    if (!self) return;
+    if (fate == KeyFate::LeftAlone) left += typed;
+  }
+  if (!masked) {
+    const Work work(this);
+    const Counted typing(this, typing_);
+    QInputMethodEvent passed(event->preeditString(), event->attributes());
+    passed.setCommitString(left, event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&passed);
+  }
+  if (self) reportTextWithoutKey();
+}
+
+// --- Focus
+// ----------------------------------------------------------------------------------------
+
+void LineEdit::focusInEvent(QFocusEvent* event) {
+  // Qt selects the whole text for these reasons; here only the control selects.
+  const auto reason = event->reason();
+  const bool selects = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                       reason == Qt::ShortcutFocusReason;
+  QFocusEvent quiet(QEvent::FocusIn, selects ? Qt::OtherFocusReason : reason);
+  QLineEdit::focusInEvent(&quiet);
+}
+
+void LineEdit::focusOutEvent(QFocusEvent* event) {
+  held_.clear();
+  QLineEdit::focusOutEvent(event);
+}
+
+void LineEdit::showEvent(QShowEvent* event) {
+  FocusCycle::of(window());
+  QLineEdit::showEvent(event);
+}
+
+void LineEdit::deliverGotFocus() {
+  if (events_) events_->gotFocus();
+}
+
+void LineEdit::deliverLostFocus() {
+  if (events_) events_->lostFocus();
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,116 @@
+// The edit of a control: a QLineEdit whose keys pass through handlers first.
+#pragma once
+
+#include <QLineEdit>
+#include <QPointer>
+#include <QSet>
+
+#include "tessaria/string.h"
+
+class QDropEvent;
+class QInputMethodEvent;
+class QMouseEvent;
+
+namespace tessaria::qt {
+
+/// Where a key ended.
+enum class KeyFate { LeftAlone, TakenBySurface, TakenByBox };
+
+/// The mask that the edit works under; empty for none.
+struct MaskInUse {
+  String mask;
+  String items;
+  String prompt;
+  bool isEmpty() const { return mask.empty(); }
+};
+
+/// What an edit tells the outside. Any of them may destroy the edit.
+class EditEvents {
+ public:
+  virtual ~EditEvents() = default;
+  virtual void changed() = 0;
+  virtual KeyFate keyDown(Integer code, Integer shift) = 0;
+  /// `code` may come back changed.
+  virtual KeyFate keyPress(Integer& code) = 0;
+  virtual void keyUp(Integer code, Integer shift) = 0;
+  virtual void gotFocus() = 0;
+  virtual void lostFocus() = 0;
+  virtual MaskInUse maskInUse() const = 0;
+};
+
+/// Order of a key: key-down, key-press per character, edit, change, key-up; the handlers are
+/// asked before the edit acts. Changes are told after Qt's own work on the event is done, so
+/// that a handler may destroy the edit.
+class LineEdit final : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  explicit LineEdit(QWidget* parent = nullptr);
+
+  /// Not owned; nullptr for none.
+  void setEvents(EditEvents* events) { events_ = events; }
+  MaskInUse maskInUse() const;
+
+  /// Assigns the text: caret at 0, nothing selected, cut to the limit.
+  void assignText(const QString& text);
+  /// Replaces the selection as far as the limit allows; the caret ends behind the text.
+  void replaceSelection(const QString& text);
+  int selStart() const;
+  int selLength() const;
+  void setSelStart(int position);
+  void setSelLength(int length);
+  /// Most characters; 0 is no limit. Leaves the present text alone.
+  int limit() const { return limit_; }
+  void setLimit(int characters);
+
+  /// Sends a character the way of a typed one, key-press and edit. False when the edit is gone.
+  bool typeCharacter(const QString& unit);
+  /// The same, without the edit of the box itself when no handler took the character.
+  bool offerCharacter(const QString& unit);
+  /// Sends Delete as the key does. False when the edit is gone.
+  bool typeDelete();
+  /// One key-up of code 0: text came without a key.
+  void reportTextWithoutKey();
+
+  void deliverGotFocus();
+  void deliverLostFocus();
+
+ public slots:  // NOLINT: Qt's own names, so that callers by name come here
+  void paste();
+  void cut();
+  void undo();
+  void redo();
+
+ protected:
+  bool event(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  class Work;  // a stretch in which changes are kept back
+
+  void handleKeyPress(QKeyEvent* event);
+  void handleKeyRelease(QKeyEvent* event);
+  void handleInputMethod(QInputMethodEvent* event);
+  void pressCharacters(QKeyEvent* event, const QStringList& units);
+  void editCommand(QKeyEvent* event);
+  KeyFate askKeyPress(const QString& unit, QString& typed);
+  void insertTyped(const QString& typed);
+  void edited();
+  void flush();
+  void fitLimit();
+
+  EditEvents* events_ = nullptr;
+  QSet<Integer> held_;  ///< keys whose release is awaited
+  QString known_;       ///< the text as last told
+  int limit_ = 0;
+  int working_ = 0;  ///< depth of `Work`
+  int typing_ = 0;   ///< depth of edits whose text went through the handlers
+  bool withoutKey_ = false;
+};
+
+}  // namespace tessaria::qt

@@ -1,0 +1,95 @@
+// Text that reaches the edit without a key: clipboard, menu, drop, middle mouse button.
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+
+#include "hosts/qt/line_edit.h"
+#include "hosts/qt/masked_paste.h"
+
+namespace tessaria::qt {
+namespace {
+
+void addEntry(QMenu& menu, const QString& text, bool enabled, LineEdit* edit,
+              void (*action)(LineEdit&)) {
+  QAction* entry = menu.addAction(text);
+  entry->setEnabled(enabled);
+  QObject::connect(entry, &QAction::triggered, edit, [edit, action] { action(*edit); });
+}
+
+/// The menu of a masked edit: what the key filter can answer for, and no undo.
+QMenu* maskedMenu(LineEdit* edit) {
+  auto* menu = new QMenu(edit);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  const bool selected = edit->hasSelectedText();
+  const bool visible = edit->echoMode() == QLineEdit::Normal;
+  const bool pastable = !QApplication::clipboard()->text().isEmpty();
+  const auto cut = [](LineEdit& e) { e.cut(); };
+  const auto copy = [](LineEdit& e) { e.copy(); };
+  const auto paste = [](LineEdit& e) { e.paste(); };
+  const auto remove = [](LineEdit& e) {
+    const QPointer<LineEdit> alive(&e);
+    if (e.typeDelete() && alive) alive->reportTextWithoutKey();
+  };
+  const auto selectAll = [](LineEdit& e) { e.selectAll(); };
+  addEntry(*menu, QStringLiteral("Recor&tar"), selected && visible, edit, cut);
+  addEntry(*menu, QStringLiteral("&Copiar"), selected && visible, edit, copy);
+  addEntry(*menu, QStringLiteral("Co&lar"), pastable, edit, paste);
+  addEntry(*menu, QStringLiteral("E&xcluir"), selected, edit, remove);
+  menu->addSeparator();
+  addEntry(*menu, QStringLiteral("&Selecionar tudo"), !edit->text().isEmpty(), edit, selectAll);
+  return menu;
+}
+
+}  // namespace
+
+void LineEdit::paste() {
+  if (maskInUse().isEmpty()) return QLineEdit::paste();
+  pasteThroughMask(*this, QApplication::clipboard()->text());
+}
+
+void LineEdit::cut() {
+  if (maskInUse().isEmpty()) return QLineEdit::cut();
+  if (!hasSelectedText() || echoMode() != QLineEdit::Normal) return;
+  copy();
+  if (typeDelete()) reportTextWithoutKey();
+}
+
+void LineEdit::undo() {
+  if (maskInUse().isEmpty()) QLineEdit::undo();
+}
+
+void LineEdit::redo() {
+  if (maskInUse().isEmpty()) QLineEdit::redo();
+}
+
+void LineEdit::contextMenuEvent(QContextMenuEvent* event) {
+  if (maskInUse().isEmpty()) return QLineEdit::contextMenuEvent(event);
+  maskedMenu(this)->popup(event->globalPos());
+  event->accept();
+}
+
+void LineEdit::dropEvent(QDropEvent* event) {
+  if (maskInUse().isEmpty()) return QLineEdit::dropEvent(event);
+  const QString text = event->mimeData()->text();
+  // A move would take the text out of its source, be it this very edit.
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  setSelStart(cursorPositionAt(event->position().toPoint()));
+  pasteThroughMask(*this, text);
+}
+
+void LineEdit::mouseReleaseEvent(QMouseEvent* event) {
+  const bool pastes = event->button() == Qt::MiddleButton && !maskInUse().isEmpty() &&
+                      QApplication::clipboard()->supportsSelection();
+  if (!pastes) return QLineEdit::mouseReleaseEvent(event);
+  event->accept();
+  setSelStart(cursorPositionAt(event->position().toPoint()));
+  pasteThroughMask(*this, QApplication::clipboard()->text(QClipboard::Selection));
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,143 @@
+#include "hosts/qt/masked_paste.h"
+
+#include <QPointer>
+#include <QRegularExpression>
+
+#include "hosts/qt/key_codes.h"
+#include "hosts/qt/line_edit.h"
+#include "hosts/qt/text.h"
+#include "mask/key_class.h"
+#include "mask/masks.h"
+
+namespace tessaria::qt {
+namespace {
+
+/// One paste into a mask of slots and literals.
+class SlotPaste {
+ public:
+  explicit SlotPaste(LineEdit& edit)
+      : edit_(&edit),
+        mask_(edit.maskInUse()),
+        literals_(mdlObjTxt::MontaItensMascara(mask_.mask, u"")) {}
+
+  /// Whether any slot has a use for any of the characters.
+  bool hasUseFor(const QString& text) const {
+    for (QChar c : text)
+      for (int slot = 0; slot < length(); ++slot)
+        if (slotTakes(slot, c.unicode())) return true;
+    return false;
+  }
+
+  /// Empties the selected slots. False when the edit is gone.
+  bool clearSelection() {
+    if (!edit_->hasSelectedText()) return true;
+    const int end = caret() + edit_->selLength();
+    const int start = slotFrom(caret());
+    edit_->setSelStart(start);
+    edit_->setSelLength(end - start);
+    return start >= end || edit_->typeDelete();
+  }
+
+  /// False when the paste is over: the edit is gone or the mask is full.
+  bool take(const QString& unit) {
+    const char16_t c = unit.size() == 1 ? unit.front().unicode() : u'\0';
+    if (isLiteral(c) && placesCaret(c)) return true;
+    const int slot = slotFrom(caret());
+    if (slot >= length()) return false;
+    edit_->setSelStart(isFill(c) ? slot + 1 : slot);
+    return isFill(c) || !slotTakes(slot, c) || edit_->offerCharacter(unit);
+  }
+
+ private:
+  int caret() const { return edit_->selStart(); }
+  int length() const { return int(mask_.mask.size()); }
+  char16_t maskAt(int position) const { return mask_.mask[std::size_t(position)]; }
+  bool isLiteral(char16_t c) const { return c != 0 && literals_.find(c) != String::npos; }
+  bool isFill(char16_t c) const { return c != 0 && mask_.prompt == String(1, c); }
+  /// The first slot from a position on. The filter walks there too, but gives up before the last
+  /// literals of some masks.
+  int slotFrom(int position) const {
+    while (position < length() && isLiteral(maskAt(position))) ++position;
+    return position;
+  }
+  /// "." would be the delete command and "x" the calculator: only a slot that takes the
+  /// character gets it.
+  bool slotTakes(int slot, char16_t c) const {
+    return c != 0 && c != u'.' && c < 128 &&
+           SlotTakes(String(1, maskAt(slot)), static_cast<Integer>(c));
+  }
+  /// Puts the caret behind the literal, the next in the mask. False when the slot at the caret
+  /// would rather take it as a character.
+  bool placesCaret(char16_t c) {
+    if (standsBeforeCaret(c)) return true;
+    const int here = caret();
+    if (here < length() && slotTakes(here, c)) return false;
+    const auto found = mask_.mask.find(c, std::size_t(here));
+    if (found != String::npos) edit_->setSelStart(int(found) + 1);
+    return true;
+  }
+  /// Among the literals that the caret has just walked over.
+  bool standsBeforeCaret(char16_t c) const {
+    for (int i = caret() - 1; i >= 0 && i < length() && isLiteral(maskAt(i)); --i)
+      if (maskAt(i) == c) return true;
+    return false;
+  }
+
+  QPointer<LineEdit> edit_;
+  const MaskInUse mask_;
+  const String literals_;
+};
+
+/// The number in a text as an operator types it: digits, one comma, a sign. A point is the
+/// decimal mark only when the text has no comma and its groups are not of three digits.
+QString typedNumber(QString text, const String& literals) {
+  for (char16_t c : literals)
+    if (c != u'-' && c != u'+') text.remove(QChar(c));
+  static const QRegularExpression grouped(QStringLiteral("^[^0-9]*[0-9]{1,3}(\\.[0-9]{3})+$"));
+  if (text.contains(QLatin1Char(',')) || grouped.match(text).hasMatch())
+    text.remove(QLatin1Char('.'));
+  else
+    text.replace(QLatin1Char('.'), QLatin1Char(','));
+  QString typed;
+  for (QChar c : text)
+    if (c.unicode() < 128 && (c.isDigit() || QStringLiteral(",+-").contains(c))) typed += c;
+  return typed;
+}
+
+bool pasteNumber(LineEdit& edit, const QString& text, const String& literals) {
+  const QString typed = typedNumber(text, literals);
+  if (typed.isEmpty() || (edit.hasSelectedText() && !edit.typeDelete())) return false;
+  for (QChar c : typed)
+    if (!edit.typeCharacter(c)) return false;
+  return true;
+}
+
+/// False when nothing was pasted, or the edit is gone.
+bool pasteSlots(LineEdit& edit, const QString& text) {
+  const QPointer<LineEdit> alive(&edit);
+  SlotPaste paste(edit);
+  if (!paste.hasUseFor(text) || !paste.clearSelection()) return false;
+  for (const QString& unit : charactersOf(text))
+    if (!paste.take(unit)) break;
+  return alive;
+}
+
+/// The first line that holds something.
+QString firstLine(const QString& text) {
+  static const QRegularExpression ends(QStringLiteral("[\\r\\n]"));
+  return text.trimmed().section(ends, 0, 0).trimmed();
+}
+
+}  // namespace
+
+void pasteThroughMask(LineEdit& edit, const QString& text) {
+  const QString line = firstLine(text);
+  const String mask = edit.maskInUse().mask;
+  if (line.isEmpty() || !edit.isEnabled()) return;
+  const bool pasted = mdlObjTxt::EhMascaraNumerica(mask)
+                          ? pasteNumber(edit, line, mdlObjTxt::MontaItensMascara(mask, u""))
+                          : pasteSlots(edit, line);
+  if (pasted) edit.reportTextWithoutKey();
+}
+
+}  // namespace tessaria::qt

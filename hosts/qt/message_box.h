@@ -1,0 +1,14 @@
+// Message boxes of the core as Qt's own.
+#pragma once
+
+#include <QWidget>
+
+#include "tessaria/string.h"
+
+namespace tessaria::qt {
+
+/// Shows a modal box over `owner`, which may be nullptr, and waits. `style` adds up values of
+/// `host::box`. Answers 6 for yes, 7 for no, 1 otherwise. The box closes with its owner.
+Long showMessageBox(QWidget* owner, const QString& text, Long style, const QString& title);
+
+}  // namespace tessaria::qt

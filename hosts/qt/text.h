@@ -1,0 +1,16 @@
+// Texts between the core and Qt: both count in UTF-16 units.
+#pragma once
+
+#include <QString>
+
+#include "tessaria/string.h"
+
+namespace tessaria::qt {
+
+inline QString toQt(StringView text) {
+  return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+}
+
+inline String fromQt(const QString& text) { return text.toStdU16String(); }
+
+}  // namespace tessaria::qt

@@ -1,0 +1,328 @@
+// The control as a widget: what a program and Qt Designer use.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QStringList>
+#include <QVariant>
+#include <QWidget>
+#include <memory>
+
+#include "hosts/qt/event_boundary.h"
+
+namespace tessaria {
+class tsText;
+}
+
+namespace tessaria::qt {
+
+/// A data-entry field: a box and a button on one surface. Every property of the control is one
+/// of the widget, under the same name.
+///
+/// A setter is an assignment with its side effects, so single properties are not stored in form
+/// files: there a control is the one property `settings`, which fills it with no side effects.
+///
+/// Setters, getters and events never throw. An error that surfaces in the caller, and every
+/// exception of a handler, is shown in a box and told by `unhandledError`; the program goes on.
+/// A handler may change what it gets by reference, and may destroy the control.
+class TsText final : public QWidget, public ErrorListener {
+  Q_OBJECT
+  Q_PROPERTY(QStringList settings READ settings WRITE setSettings)
+  Q_PROPERTY(QString DataSource READ dataSource WRITE setDataSource STORED false)
+  Q_PROPERTY(QString DataField READ dataField WRITE setDataField STORED false)
+  Q_PROPERTY(QString PosDataField READ posDataField WRITE setPosDataField STORED false)
+  Q_PROPERTY(QString TxtIrmao READ txtIrmao WRITE setTxtIrmao STORED false)
+  Q_PROPERTY(QString LabelAssociado READ labelAssociado WRITE setLabelAssociado STORED false)
+  Q_PROPERTY(QString NumeroTab READ numeroTab WRITE setNumeroTab STORED false)
+  Q_PROPERTY(QString ObjetoCancelar READ objetoCancelar WRITE setObjetoCancelar STORED false)
+  Q_PROPERTY(QString Nome READ nome WRITE setNome DESIGNABLE false STORED false)
+  Q_PROPERTY(TipoControle TipoControle READ tipoControle WRITE setTipoControle STORED false)
+  Q_PROPERTY(int TipoDado READ tipoDado WRITE setTipoDado STORED false)
+  Q_PROPERTY(QVariant Value READ value WRITE setValue STORED false)
+  Q_PROPERTY(QVariant OriginalValue READ originalValue WRITE setOriginalValue STORED false)
+  Q_PROPERTY(QString Texto READ texto WRITE setTexto STORED false)
+  Q_PROPERTY(QString Text READ text WRITE setText STORED false)
+  Q_PROPERTY(bool PodeSerBranco READ podeSerBranco WRITE setPodeSerBranco STORED false)
+  Q_PROPERTY(bool UsaChecaRelacao READ usaChecaRelacao WRITE setUsaChecaRelacao STORED false)
+  Q_PROPERTY(bool LastValidaStatus READ lastValidaStatus WRITE setLastValidaStatus STORED false)
+  Q_PROPERTY(QString Mascara READ mascara WRITE setMascara STORED false)
+  Q_PROPERTY(QString PromptChar READ promptChar WRITE setPromptChar STORED false)
+  Q_PROPERTY(bool PromptInclude READ promptInclude WRITE setPromptInclude STORED false)
+  Q_PROPERTY(int TipoStrZero READ tipoStrZero WRITE setTipoStrZero STORED false)
+  Q_PROPERTY(bool ValorNegativo READ valorNegativo WRITE setValorNegativo STORED false)
+  Q_PROPERTY(QString PasswordChar READ passwordChar WRITE setPasswordChar STORED false)
+  Q_PROPERTY(int MaxLength READ maxLength WRITE setMaxLength STORED false)
+  Q_PROPERTY(int SelStart READ selStart WRITE setSelStart DESIGNABLE false STORED false)
+  Q_PROPERTY(int SelLength READ selLength WRITE setSelLength DESIGNABLE false STORED false)
+  Q_PROPERTY(QString SelText READ selText WRITE setSelText DESIGNABLE false STORED false)
+  Q_PROPERTY(bool Enabled READ isFieldEnabled WRITE setEnabled STORED false)
+  Q_PROPERTY(QColor Forecolor READ foreColor WRITE setForeColor STORED false)
+  Q_PROPERTY(QColor BackColor READ backColor WRITE setBackColor STORED false)
+  Q_PROPERTY(QFont Font READ fieldFont WRITE setFieldFont STORED false)
+  Q_PROPERTY(bool eSocial READ eSocial WRITE setESocial STORED false)
+  Q_PROPERTY(bool MultiLine READ multiLine WRITE setMultiLine STORED false)
+  Q_PROPERTY(bool Carregou READ carregou STORED false)
+  Q_PROPERTY(int hWnd READ hWnd DESIGNABLE false STORED false)
+  Q_PROPERTY(QVariant Browse READ browse WRITE setBrowse DESIGNABLE false STORED false)
+  Q_PROPERTY(QString BrwTitulo READ brwTitulo WRITE setBrwTitulo STORED false)
+  Q_PROPERTY(QString BrowseTable READ browseTable WRITE setBrowseTable STORED false)
+  Q_PROPERTY(QString BrwCampo READ brwCampo WRITE setBrwCampo STORED false)
+  Q_PROPERTY(QString BrwCampoIrmao READ brwCampoIrmao WRITE setBrwCampoIrmao STORED false)
+  Q_PROPERTY(QString BrwCampoOutros READ brwCampoOutros WRITE setBrwCampoOutros STORED false)
+  Q_PROPERTY(QString BrwGroupBy READ brwGroupBy WRITE setBrwGroupBy STORED false)
+  Q_PROPERTY(QString BrwLeftJoin READ brwLeftJoin WRITE setBrwLeftJoin STORED false)
+  Q_PROPERTY(QString BrwWhere READ brwWhere WRITE setBrwWhere STORED false)
+  Q_PROPERTY(QVariant Pesquisa READ pesquisa WRITE setPesquisa DESIGNABLE false STORED false)
+  Q_PROPERTY(QString PesqCaption READ pesqCaption WRITE setPesqCaption STORED false)
+  Q_PROPERTY(QString PesqCampo READ pesqCampo WRITE setPesqCampo STORED false)
+  Q_PROPERTY(QString PesqMascara READ pesqMascara WRITE setPesqMascara STORED false)
+  Q_PROPERTY(QString PesqWidth READ pesqWidth WRITE setPesqWidth STORED false)
+  Q_PROPERTY(QString PesqTipo READ pesqTipo WRITE setPesqTipo STORED false)
+  Q_PROPERTY(QString PesqLike READ pesqLike WRITE setPesqLike STORED false)
+  Q_PROPERTY(QString PesqMaxLength READ pesqMaxLength WRITE setPesqMaxLength STORED false)
+  Q_PROPERTY(
+      QString PesqCompletaDescr READ pesqCompletaDescr WRITE setPesqCompletaDescr STORED false)
+  Q_PROPERTY(
+      QString PesqPromptInclude READ pesqPromptInclude WRITE setPesqPromptInclude STORED false)
+  Q_PROPERTY(QString MsgBrowse READ msgBrowse WRITE setMsgBrowse STORED false)
+  Q_PROPERTY(bool DirVerArquivos READ dirVerArquivos WRITE setDirVerArquivos STORED false)
+  Q_PROPERTY(QString DirPattern READ dirPattern WRITE setDirPattern STORED false)
+  Q_PROPERTY(QString DirFilePath READ dirFilePath WRITE setDirFilePath STORED false)
+  Q_PROPERTY(QString DirFileName READ dirFileName WRITE setDirFileName STORED false)
+  Q_PROPERTY(bool enabled READ isFieldEnabled WRITE setEnabled DESIGNABLE false STORED false)
+
+ public:
+  /// Any other number behaves as Normal.
+  enum TipoControle { Normal, Browse, Calendario, Descricao, Diretorio, Calculadora };
+  Q_ENUM(TipoControle)
+
+  explicit TsText(QWidget* parent = nullptr);
+  ~TsText() override;
+
+  /// The property bag as lines of text, the version first. Assigning an empty list does nothing;
+  /// a broken one shows what is wrong with it and leaves the control as it was.
+  QStringList settings() const;
+  void setSettings(const QStringList& lines);
+
+  // Surroundings
+  /// Name of the data control on the form; takes effect at the next `refresh()`.
+  QString dataSource() const;
+  void setDataSource(const QString& v);
+  /// Field of its record set; takes effect at the next `refresh()`.
+  QString dataField() const;
+  void setDataField(const QString& v);
+  /// Decimal text of the field's ordinal from 0, a cache that corrects itself.
+  QString posDataField() const;
+  void setPosDataField(const QString& v);
+  /// Name of the sibling control.
+  QString txtIrmao() const;
+  void setTxtIrmao(const QString& v);
+  /// Name of the caption label; can be assigned at design time only.
+  QString labelAssociado() const;
+  void setLabelAssociado(const QString& v);
+  /// Number of the tab that the control lies on; empty for none.
+  QString numeroTab() const;
+  void setNumeroTab(const QString& v);
+  /// Name of the control that escapes validation when it takes the focus.
+  QString objetoCancelar() const;
+  void setObjetoCancelar(const QString& v);
+  /// The object name. Assigning shows a message and changes nothing.
+  QString nome() const;
+  void setNome(const QString& v);
+
+  // Kind and value
+  /// Types 2 and 5 also set `PromptInclude`.
+  TipoControle tipoControle() const;
+  void setTipoControle(TipoControle v);
+  /// Type code of an unbound value: 2, 4, 5 number, 7 date, any other text.
+  int tipoDado() const;
+  void setTipoDado(int v);
+  /// The typed value; assigning takes the whole road of a value. Null is a null pointer.
+  QVariant value() const;
+  void setValue(const QVariant& v);
+  /// Value of the row as it was loaded. Assigning shows a message, changes nothing.
+  QVariant originalValue() const;
+  void setOriginalValue(const QVariant& v);
+  /// The typed characters without the mask's literals.
+  QString texto() const;
+  void setTexto(const QString& v);
+  /// The box as it stands.
+  QString text() const;
+  void setText(const QString& v);
+  bool podeSerBranco() const;
+  void setPodeSerBranco(bool v);
+  bool usaChecaRelacao() const;
+  void setUsaChecaRelacao(bool v);
+  bool lastValidaStatus() const;
+  void setLastValidaStatus(bool v);
+
+  // Mask
+  QString mascara() const;
+  void setMascara(const QString& v);
+  QString promptChar() const;
+  void setPromptChar(const QString& v);
+  bool promptInclude() const;
+  void setPromptInclude(bool v);
+  /// Zero fill on leaving: 1 the whole text, any other run by run of the mask.
+  int tipoStrZero() const;
+  void setTipoStrZero(int v);
+  bool valorNegativo() const;
+  void setValorNegativo(bool v);
+  QString passwordChar() const;
+  void setPasswordChar(const QString& v);
+  /// Most characters in the box; 0 is no limit.
+  int maxLength() const;
+  void setMaxLength(int v);
+  /// Selection in the box: from 0, in characters.
+  int selStart() const;
+  void setSelStart(int v);
+  int selLength() const;
+  void setSelLength(int v);
+  QString selText() const;
+  void setSelText(const QString& v);
+
+  // Looks
+  /// The control's own flag. Hides the widget's, which would bypass the control.
+  bool isFieldEnabled() const;
+  void setEnabled(bool v);
+  /// Of the box. A colour of the theme reads as its present value.
+  QColor foreColor() const;
+  void setForeColor(const QColor& v);
+  QColor backColor() const;
+  void setBackColor(const QColor& v);
+  /// Of the box.
+  QFont fieldFont() const;
+  void setFieldFont(const QFont& v);
+  bool eSocial() const;
+  void setESocial(bool v);
+  bool multiLine() const;
+  void setMultiLine(bool v);
+  /// False only while the first show runs, and after one that failed.
+  bool carregou() const;
+  /// The surface's window handle, a token; 0 at design time.
+  int hWnd() const;
+
+  // Lookup
+  /// The lookup's definition, a QVariant of an `ObjectPtr`.
+  QVariant browse() const;
+  void setBrowse(const QVariant& v);
+  QString brwTitulo() const;
+  void setBrwTitulo(const QString& v);
+  QString browseTable() const;
+  void setBrowseTable(const QString& v);
+  QString brwCampo() const;
+  void setBrwCampo(const QString& v);
+  QString brwCampoIrmao() const;
+  void setBrwCampoIrmao(const QString& v);
+  QString brwCampoOutros() const;
+  void setBrwCampoOutros(const QString& v);
+  QString brwGroupBy() const;
+  void setBrwGroupBy(const QString& v);
+  QString brwLeftJoin() const;
+  void setBrwLeftJoin(const QString& v);
+  QString brwWhere() const;
+  void setBrwWhere(const QString& v);
+  /// The searches of the lookup's grid, likewise.
+  QVariant pesquisa() const;
+  void setPesquisa(const QVariant& v);
+  QString pesqCaption() const;
+  void setPesqCaption(const QString& v);
+  QString pesqCampo() const;
+  void setPesqCampo(const QString& v);
+  QString pesqMascara() const;
+  void setPesqMascara(const QString& v);
+  QString pesqWidth() const;
+  void setPesqWidth(const QString& v);
+  QString pesqTipo() const;
+  void setPesqTipo(const QString& v);
+  QString pesqLike() const;
+  void setPesqLike(const QString& v);
+  QString pesqMaxLength() const;
+  void setPesqMaxLength(const QString& v);
+  QString pesqCompletaDescr() const;
+  void setPesqCompletaDescr(const QString& v);
+  QString pesqPromptInclude() const;
+  void setPesqPromptInclude(const QString& v);
+  QString msgBrowse() const;
+  void setMsgBrowse(const QString& v);
+
+  // Folder picker
+  bool dirVerArquivos() const;
+  void setDirVerArquivos(bool v);
+  QString dirPattern() const;
+  void setDirPattern(const QString& v);
+  QString dirFilePath() const;
+  void setDirFilePath(const QString& v);
+  QString dirFileName() const;
+  void setDirFileName(const QString& v);
+
+  /// The value that changes are measured against; write-only.
+  void setLastValue(const QString& v);
+
+  /// Resolves all names anew and loads the current row.
+  void refresh();
+  /// Whether the field may be left, judged by which control has taken the focus.
+  bool valida();
+  /// The relation check alone.
+  bool acionaChecaRelacao();
+  void atualizaIrmao(bool apenasTsBrowse = false, bool disparaBrowseReturn = false);
+  void disparaEventos(const QString& evento);
+  void clearLastValue();
+
+  /// The control itself. Its members throw: calls belong inside `guarded()`.
+  tsText& control();
+  const tsText& control() const;
+
+  /// True while a form is drawn: nothing is loaded then.
+  bool designMode() const { return designMode_; }
+  void setDesignMode(bool designing) { designMode_ = designing; }
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+  // What the host's own modules call as the surface's events come in.
+  void showSurface();
+  void enterSurface();
+  void leaveSurface();
+  void unhandled(int number, const QString& description) override;
+
+ signals:
+  /// The first show at run time is complete.
+  void shown();
+  void changed();
+  /// The three keys: a handler connected directly may change them; 0 swallows the key.
+  void keyDown(qint16& keyCode, qint16& shift);
+  void keyPress(qint16& keyAscii);
+  void keyUp(qint16& keyCode, qint16& shift);
+  /// The field was settled. `lastValue` is the value before.
+  void browseReturn(bool& houveAlteracao, QVariant& lastValue);
+  /// An error that nobody handled; the box follows.
+  void unhandledError(int number, const QString& description);
+  void propertyChanged(const QString& name);
+
+ protected:
+  bool event(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+
+ private:
+  struct Parts;
+  class Events;
+
+  template <class Get>
+  auto read(Get&& get) const;
+  template <class Set>
+  void write(Set&& set);
+  QSize hintAround(const QSize& box) const;
+  void nameForAccessibility();
+  void connectKeys();
+
+  std::shared_ptr<Parts> parts_;
+  bool designMode_ = false;
+};
+
+}  // namespace tessaria::qt

@@ -1,0 +1,111 @@
+#include "hosts/qt/variants.h"
+
+#include <QColor>
+#include <QDateTime>
+#include <QFont>
+#include <cmath>
+#include <limits>
+
+#include "hosts/qt/colours.h"
+#include "hosts/qt/fonts.h"
+#include "hosts/qt/text.h"
+#include "runtime/conversion.h"
+#include "tessaria/error.h"
+
+namespace tessaria::qt {
+namespace {
+
+QVariant fromDate(Date date) {
+  const CivilTime t = ToCivil(date);
+  const QDate day(t.Year, t.Month, t.Day);
+  if (date.Days == std::floor(date.Days)) return day;
+  return QDateTime(day, QTime(t.Hour, t.Minute, t.Second));
+}
+
+Date toDate(const QDateTime& moment) {
+  const QDate d = moment.date();
+  const QTime t = moment.time();
+  return FromCivil({d.year(), d.month(), d.day(), t.hour(), t.minute(), t.second()});
+}
+
+Variant fromWhole(qlonglong number) {
+  if (number < std::numeric_limits<Long>::min() || number > std::numeric_limits<Long>::max())
+    return double(number);
+  return static_cast<Long>(number);
+}
+
+Variant fromOther(const QVariant& value) {
+  if (value.metaType() == QMetaType::fromType<ObjectPtr>()) return value.value<ObjectPtr>();
+  if (value.metaType() == QMetaType::fromType<host::ConnectionPtr>())
+    return value.value<host::ConnectionPtr>();
+  if (value.metaType().flags() & QMetaType::IsEnumeration) return fromWhole(value.toLongLong());
+  if (!value.canConvert<QString>()) throw HostError(errors::TypeMismatch);
+  return fromQt(value.toString());
+}
+
+}  // namespace
+
+QVariant toQVariant(const Variant& value) {
+  switch (value.Type()) {
+    case Variant::Kind::Empty:
+    case Variant::Kind::Missing:
+      return {};
+    case Variant::Kind::Null:
+      return QVariant::fromValue(nullptr);
+    case Variant::Kind::Integer:
+    case Variant::Kind::Long:
+      return CLng(value);
+    case Variant::Kind::Single:
+    case Variant::Kind::Double:
+    case Variant::Kind::Currency:
+    case Variant::Kind::Decimal:
+      return CDbl(value);
+    case Variant::Kind::Date:
+      return fromDate(*value.TryGet<Date>());
+    case Variant::Kind::String:
+      return toQt(*value.TryGet<String>());
+    case Variant::Kind::Object:
+      return QVariant::fromValue(*value.TryGet<ObjectPtr>());
+    case Variant::Kind::Boolean:
+      return *value.TryGet<bool>();
+  }
+  return {};
+}
+
+Variant toVariant(const QVariant& value) {
+  switch (value.typeId()) {
+    case QMetaType::UnknownType:
+      return {};
+    case QMetaType::Nullptr:
+      return Variant::Null();
+    case QMetaType::Bool:
+      return value.toBool();
+    case QMetaType::Short:
+      return static_cast<Integer>(value.toInt());
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::UShort:
+    case QMetaType::Long:
+    case QMetaType::Char:
+      return fromWhole(value.toLongLong());
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+      return value.toDouble();
+    case QMetaType::Float:
+      return value.toFloat();
+    case QMetaType::QDate:
+    case QMetaType::QDateTime:
+      return toDate(value.toDateTime());
+    case QMetaType::QTime:
+      return Date{value.toTime().msecsSinceStartOfDay() / 86400000.0};
+    case QMetaType::QColor:
+      return static_cast<Long>(toColour(value.value<QColor>()));
+    case QMetaType::QFont:
+      return std::make_shared<host::Font>(toFont(value.value<QFont>()));
+    default:
+      return fromOther(value);
+  }
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,19 @@
+// Values between the core and Qt.
+#pragma once
+
+#include <QVariant>
+
+#include "hosts/qt/metatypes.h"
+#include "tessaria/variant.h"
+
+namespace tessaria::qt {
+
+/// Empty is an invalid QVariant, Null a QVariant of nullptr. Whole numbers are int, all others
+/// double; a date is a QDate, with a time a QDateTime; an object is an `ObjectPtr`.
+QVariant toQVariant(const Variant& value);
+
+/// The way back. A whole number is a Long when it fits, a colour is its number, a font a
+/// `host::Font`, and an enumeration its number. Error 13 for a kind that has no like.
+Variant toVariant(const QVariant& value);
+
+}  // namespace tessaria::qt
