@@ -1,5 +1,7 @@
 #include "runtime/format.h"
 
+#include <optional>
+
 #include "runtime/conversion.h"
 #include "runtime/date_text.h"
 #include "runtime/format_pattern.h"
@@ -41,7 +43,15 @@ String Format(const Variant& value, StringView pattern) {
   const StringView expanded = ExpandName(pattern);
   if (expanded.empty()) return CStr(value);
   const Pattern items = ReadPattern(expanded);
-  return KindOf(items) == PatternKind::Date ? AsDate(value, items) : AsNumber(value, items);
+  switch (KindOf(items)) {
+    case PatternKind::Date:
+      return AsDate(value, items);
+    case PatternKind::Text:
+      return FormatText(CStr(value), items);
+    case PatternKind::Number:
+      break;
+  }
+  return AsNumber(value, items);
 }
 
 }  // namespace tessaria

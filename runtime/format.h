@@ -24,7 +24,11 @@ double Round(double value, Long decimals = 0);
 /// q, w, ww; "ddddd" a short and "dddddd" a long date, "ttttt" the time, "c" as CStr; "AM/PM",
 /// "am/pm", "A/P", "a/p" for twelve hours; m behind h is minutes. Names are Portuguese.
 ///
-/// Both: text in quotes or a character behind "\" is literal, as is every character with no
+/// Text patterns, for the text of any value: "@" is a character or a blank, "&" a character or
+/// nothing, filled from the right, with "!" from the left; what has no place of its own goes to
+/// the first place, with "!" to the end; ">" and "<" make capital and small letters.
+///
+/// All: text in quotes or a character behind "\" is literal, as is every character with no
 /// meaning. The names "General Number", "Currency", "Fixed", "Standard", "Percent",
 /// "Scientific", "Yes/No", "True/False", "On/Off", "General Date", "Long Date", "Medium Date",
 /// "Short Date", "Long Time", "Medium Time", "Short Time" stand for patterns.

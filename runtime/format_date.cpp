@@ -1,6 +1,9 @@
 // Date patterns of `Format`.
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <string>
+#include <utility>
 
 #include "runtime/conversion.h"
 #include "runtime/date_text.h"

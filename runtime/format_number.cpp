@@ -1,5 +1,8 @@
 // Number patterns of `Format`.
 #include <algorithm>
+#include <cstdlib>
+#include <string>
+#include <utility>
 
 #include "runtime/format_pattern.h"
 

@@ -88,6 +88,7 @@ PatternKind KindOf(const Pattern& pattern) {
   for (std::size_t i = 0; i < pattern.size(); ++i) {
     if (pattern[i].IsOneOf(u"0#.,%")) return PatternKind::Number;
     if (pattern[i].IsOneOf(u"dDmMyYhHnNsScCwWqQ")) return PatternKind::Date;
+    if (pattern[i].IsOneOf(u"@&<>!")) return PatternKind::Text;
     const bool isTime = SmallLetter(pattern[i]) == u't';
     if (isTime && RunLength(pattern, i, kWholeTime) == kWholeTime) return PatternKind::Date;
   }

@@ -36,7 +36,7 @@ std::vector<Pattern> Sections(const Pattern& pattern);
 /// The length of the token for a whole time, "ttttt".
 inline constexpr std::size_t kWholeTime = 5;
 
-enum class PatternKind { Number, Date };
+enum class PatternKind { Number, Date, Text };
 /// What the first character that means something is for. Number when none does.
 PatternKind KindOf(const Pattern& pattern);
 
@@ -46,5 +46,6 @@ StringView ExpandName(StringView text);
 
 String FormatNumber(const Digits& value, const Pattern& pattern);
 String FormatDate(Date value, const Pattern& pattern);
+String FormatText(StringView text, const Pattern& pattern);
 
 }  // namespace tessaria

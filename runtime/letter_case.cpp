@@ -1,5 +1,6 @@
 // Capital and small letters of the Latin alphabets (Latin-1 and Latin Extended-A).
 #include <algorithm>
+#include <iterator>
 
 #include "runtime/text.h"
 

@@ -1,6 +1,7 @@
 #include "runtime/number_text.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "runtime/text.h"
 

@@ -87,7 +87,7 @@ TEST(RandomTexts, AsDates) {
 TEST(RandomTexts, AsPatterns) {
   Random random;
   for (int i = 0; i < kRounds; ++i) {
-    const String pattern = random.Text(u"0#.,%;\"\\Ee+-dmyhnscqwtAMP/: R$", 16);
+    const String pattern = random.Text(u"0#.,%;\"\\Ee+-dmyhnscqwtAMP/: R$@&<>!", 16);
     const Variant values[] = {random.Number(), random.Amount(), Date{random.Amount() / 1E9},
                               Variant(random.Text(u"0123456789,./", 12)), Variant(-0.001)};
     for (const auto& value : values) RaisesOnlyHostErrors([&] { Format(value, pattern); });
