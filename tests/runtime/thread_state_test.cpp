@@ -13,6 +13,7 @@ namespace {
 TEST(ThreadStates, StartWithNothing) {
   std::thread([] {
     EXPECT_EQ(State().application, nullptr);
+    EXPECT_EQ(State().desktop, nullptr);
     EXPECT_EQ(State().dbConexao, nullptr);
     EXPECT_SAME(State().vntValorIrmao, Variant::Null());
   }).join();
@@ -43,6 +44,16 @@ TEST(HostServices, AreTheOnesOfTheThread) {
   EXPECT_EQ(&App(), application);
   std::thread([] { EXPECT_HOST_ERROR(App(), errors::ObjectNotSet); }).join();
   State().application = nullptr;
+}
+
+TEST(Desktops, AreOfTheThreadAndAnErrorWhenThereIsNone) {
+  EXPECT_HOST_ERROR(TheDesktop(), errors::ObjectNotSet);
+  int place = 0;
+  auto* desktop = reinterpret_cast<host::Desktop*>(&place);
+  State().desktop = desktop;
+  EXPECT_EQ(&TheDesktop(), desktop);
+  std::thread([] { EXPECT_HOST_ERROR(TheDesktop(), errors::ObjectNotSet); }).join();
+  State().desktop = nullptr;
 }
 
 }  // namespace

@@ -140,7 +140,6 @@ inline bool Same(const Variant& a, const Variant& b) {
   EXPECT_TRUE(::tessaria::test::RaisesHostError([&] { static_cast<void>(expression); }, number)) \
       << #expression
 /// Checks kind and value of a variant.
-#define EXPECT_SAME(actual, expected)                                                     \
-  EXPECT_PRED2([](const ::tessaria::Variant& a,                                           \
-                  const ::tessaria::Variant& b) { return ::tessaria::test::Same(a, b); }, \
-               ::tessaria::Variant(actual), ::tessaria::Variant(expected))
+#define EXPECT_SAME(actual, expected)                                 \
+  EXPECT_PRED2(::tessaria::test::Same, (::tessaria::Variant(actual)), \
+               (::tessaria::Variant(expected)))
