@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "control/properties.h"
@@ -14,6 +15,7 @@
 #include "hosts/memory/connection.h"
 #include "hosts/memory/controls.h"
 #include "hosts/memory/form.h"
+#include "hosts/memory/property_bag.h"
 #include "hosts/memory/ts_text.h"
 #include "tessaria/thread_state.h"
 #include "tests/support/printers.h"
@@ -58,6 +60,16 @@ class ControlTest : public testing::Test {
   using Kind = memory::ControlEvent::Kind;
 
   FieldPtr AddField(const String& name) { return form->Add<memory::TsText>(name); }
+  /// A control that was stored with these settings; all others are at their defaults.
+  FieldPtr AddStored(const String& name, const std::vector<std::pair<String, Variant>>& settings) {
+    memory::PropertyBag bag;
+    for (const auto& [key, value] : settings) bag.WriteProperty(key, value, Variant::Missing());
+    return form->Add<memory::TsText>(name, bag);
+  }
+  String ActiveName() const {
+    const auto active = form->ActiveControl();
+    return active ? active->Name() : String();
+  }
   /// Data of one table, shown by a data control named "dtcDados".
   std::shared_ptr<memory::DataControl> AddData(std::vector<memory::Column> columns,
                                                std::vector<memory::Row> rows) {

@@ -1,6 +1,5 @@
 // Every property: what assigning it stores, tells and shows.
 
-#include "hosts/memory/property_bag.h"
 #include "tests/control/control_fixture.h"
 
 namespace tessaria::test {
