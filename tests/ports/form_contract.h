@@ -8,9 +8,11 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tessaria/error.h"
+#include "tessaria/host/application.h"
 #include "tessaria/host/form.h"
 #include "tessaria/tstext_interface.h"
 
