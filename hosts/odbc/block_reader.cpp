@@ -19,6 +19,7 @@ constexpr std::size_t kBoundCharacters = 255;
 // A text up to this is bound whole when the driver cannot read it again.
 constexpr Long kBindableCharacters = 4000;
 constexpr std::size_t kNumberCharacters = 63;
+constexpr std::size_t kDayCharacters = 10;
 
 SQLSMALLINT CType(Storage storage) {
   switch (storage) {
@@ -34,11 +35,11 @@ SQLSMALLINT CType(Storage storage) {
       return SQL_C_DOUBLE;
     case Storage::Boolean:
       return SQL_C_BIT;
+    // As text: the structure of a time has no fraction, and a driver that cannot put an infinite
+    // date into a structure leaves the day of today there.
     case Storage::Day:
-      return SQL_C_TYPE_DATE;
+    case Storage::TimeOfDay:
     case Storage::Moment:
-      return SQL_C_TYPE_TIMESTAMP;
-    case Storage::TimeOfDay:  // the structure of a time has no fraction
     case Storage::Money:
     case Storage::Number:
     case Storage::Text:
@@ -57,10 +58,6 @@ std::size_t FixedWidth(SQLSMALLINT type) {
       return sizeof(SQLREAL);
     case SQL_C_BIT:
       return sizeof(SQLCHAR);
-    case SQL_C_TYPE_DATE:
-      return sizeof(SQL_DATE_STRUCT);
-    case SQL_C_TYPE_TIMESTAMP:
-      return sizeof(SQL_TIMESTAMP_STRUCT);
     default:
       return sizeof(std::int64_t);  // SQL_C_SBIGINT and SQL_C_DOUBLE
   }
@@ -78,16 +75,17 @@ T CellAs(const char* cell) {
   return value;
 }
 
-void AppendDay(ColumnStore& store, std::size_t column, const SQL_DATE_STRUCT& date) {
-  const auto day = DayNumber(date.year, date.month, date.day);
-  day ? store.AppendFixed(column, *day) : store.AppendNull(column);
-}
-
-void AppendMoment(ColumnStore& store, std::size_t column, const SQL_TIMESTAMP_STRUCT& at) {
-  const auto day = DayNumber(at.year, at.month, at.day);
-  if (!day) return store.AppendNull(column);
-  store.AppendFixed(column,
-                    *day * kMicrosPerDay + MicrosOfDay(at.hour, at.minute, at.second, at.fraction));
+// yyyy-mm-dd[ hh:mm:ss[.f]]; anything else is Null.
+void AppendDate(ColumnStore& store, std::size_t column, StringView text, bool withTime) {
+  const auto day = DayOfText(text.substr(0, kDayCharacters));
+  if (!day) {
+    store.AppendNull(column);
+  } else if (withTime) {
+    const StringView time = text.substr(std::min(kDayCharacters + 1, text.size()));
+    store.AppendFixed(column, *day * kMicrosPerDay + MicrosOfTime(time));
+  } else {
+    store.AppendFixed(column, *day);
+  }
 }
 
 void AppendFixedCell(ColumnStore& store, std::size_t column, SQLSMALLINT type, const char* cell) {
@@ -100,10 +98,6 @@ void AppendFixedCell(ColumnStore& store, std::size_t column, SQLSMALLINT type, c
       return store.AppendFixed(column, CellAs<float>(cell));
     case SQL_C_BIT:
       return store.AppendFixed(column, CellAs<std::uint8_t>(cell));
-    case SQL_C_TYPE_DATE:
-      return AppendDay(store, column, CellAs<SQL_DATE_STRUCT>(cell));
-    case SQL_C_TYPE_TIMESTAMP:
-      return AppendMoment(store, column, CellAs<SQL_TIMESTAMP_STRUCT>(cell));
     default:  // SQL_C_SBIGINT and SQL_C_DOUBLE
       return store.AppendFixed(column, CellAs<std::int64_t>(cell));
   }
@@ -248,14 +242,18 @@ StringView BlockReader::TextOf(const Buffer& buffer, SQLULEN row) const {
 
 void BlockReader::AppendText(ColumnStore& store, std::size_t column, StringView text) const {
   const Buffer& buffer = buffers_[column];
-  if (buffer.storage == Storage::Money) {
-    store.AppendFixed(column, MoneyFromText(text));
-  } else if (buffer.storage == Storage::TimeOfDay) {
-    store.AppendFixed(column, MicrosOfTime(text));
-  } else if (buffer.lowerCase) {
-    store.AppendText(column, LCase(text));
-  } else {
-    store.AppendText(column, buffer.padded ? WithoutPadding(text) : text);
+  switch (buffer.storage) {
+    case Storage::Money:
+      return store.AppendFixed(column, MoneyFromText(text));
+    case Storage::Day:
+      return AppendDate(store, column, text, false);
+    case Storage::Moment:
+      return AppendDate(store, column, text, true);
+    case Storage::TimeOfDay:
+      return store.AppendFixed(column, MicrosOfTime(text));
+    default:
+      if (buffer.lowerCase) return store.AppendText(column, LCase(text));
+      return store.AppendText(column, buffer.padded ? WithoutPadding(text) : text);
   }
 }
 

@@ -16,8 +16,17 @@ std::optional<std::int32_t> DayNumber(int year, int month, int day) {
   }
 }
 
-std::int64_t MicrosOfDay(int hour, int minute, int second, std::int64_t nanoseconds) {
-  return (hour * 3600 + minute * 60 + second) * kMicrosPerSecond + nanoseconds / 1000;
+std::optional<std::int32_t> DayOfText(StringView text) {
+  int fields[3] = {0, 0, 0};
+  std::size_t field = 0;
+  for (const char16_t c : text) {
+    if (c >= u'0' && c <= u'9') {
+      fields[field] = fields[field] * 10 + (c - u'0');
+    } else if (c != u'-' || ++field > 2) {
+      return std::nullopt;
+    }
+  }
+  return DayNumber(fields[0], fields[1], fields[2]);
 }
 
 std::int64_t MicrosOfTime(StringView text) {
@@ -58,7 +67,7 @@ std::int64_t MomentOf(Date date) {
   const CivilTime civil = ToCivil(date);
   const Date midnight = FromCivil({civil.Year, civil.Month, civil.Day, 0, 0, 0});
   return static_cast<std::int64_t>(midnight.Days) * kMicrosPerDay +
-         MicrosOfDay(civil.Hour, civil.Minute, civil.Second, 0);
+         (civil.Hour * 3600 + civil.Minute * 60 + civil.Second) * kMicrosPerSecond;
 }
 
 String DayText(std::int64_t day) {

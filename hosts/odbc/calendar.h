@@ -14,8 +14,8 @@ inline constexpr std::int64_t kMicrosPerDay = 86'400 * kMicrosPerSecond;
 /// Days since 30 December 1899; nothing for a day outside the years 100 to 9999, which a date
 /// value cannot hold (an infinite date, a year before Christ).
 std::optional<std::int32_t> DayNumber(int year, int month, int day);
-/// Microseconds since midnight.
-std::int64_t MicrosOfDay(int hour, int minute, int second, std::int64_t nanoseconds);
+/// The same of yyyy-mm-dd; nothing for another text.
+std::optional<std::int32_t> DayOfText(StringView text);
 
 /// Microseconds since midnight of hh:mm[:ss[.f]].
 std::int64_t MicrosOfTime(StringView text);

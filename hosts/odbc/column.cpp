@@ -95,6 +95,8 @@ void TakeSizes(Column& column, const Statement& statement, SQLUSMALLINT number, 
 
 void TakeBase(Column& column, const Statement& statement, SQLUSMALLINT number) {
   column.table = TextAttribute(statement, number, SQL_DESC_BASE_TABLE_NAME);
+  // Drivers give an expression its own name as base column, but no table.
+  if (column.table.empty()) return;
   column.baseColumn = TextAttribute(statement, number, SQL_DESC_BASE_COLUMN_NAME);
   column.schema = TextAttribute(statement, number, SQL_DESC_SCHEMA_NAME);
   column.catalogue = TextAttribute(statement, number, SQL_DESC_CATALOG_NAME);

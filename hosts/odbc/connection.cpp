@@ -53,8 +53,7 @@ bool OdbcConnection::RunControl(const StatementFacts& facts) {
     case Control::None:
       return false;
     case Control::Begin:
-      session_->BeginTrans();
-      if (!facts.modes.empty()) session_->ExecuteSavepoint(u"SET TRANSACTION " + facts.modes);
+      session_->BeginTrans(facts.modes);
       break;
     case Control::Commit:
       session_->CommitTrans();

@@ -1,6 +1,7 @@
 #include "hosts/odbc/row_stream.h"
 
 #include <string>
+#include <utility>
 
 #include "runtime/text.h"
 #include "tessaria/error.h"
@@ -74,14 +75,23 @@ void RowStream::Finish() {
   if (!cursor_) return;
   cursor_ = false;
   if (ownTransaction_) return session_.EndReading();
+  CloseCursor();
+}
+
+void RowStream::CloseCursor() {
   session_.Execute(session_.InnerStatement(), u"CLOSE tessaria_rows");
 }
 
 void RowStream::Abandon() noexcept {
   reader_.reset();
   statement_.reset();
-  if (cursor_ && ownTransaction_) session_.AbandonReading();
-  cursor_ = false;
+  if (!std::exchange(cursor_, false)) return;
+  if (ownTransaction_) return session_.AbandonReading();
+  try {
+    CloseCursor();
+  } catch (const HostError&) {
+    // It was never there, or the connection is gone; the first error tells.
+  }
 }
 
 }  // namespace tessaria::odbc

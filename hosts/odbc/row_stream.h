@@ -31,6 +31,7 @@ class RowStream {
  private:
   void OpenCursor(const String& text);
   void Fetch(std::uint32_t rows);
+  void CloseCursor();
   void Finish();
   void Abandon() noexcept;
 

@@ -190,13 +190,20 @@ void Session::RunPlain(const String& text) {
         statement);
 }
 
-void Session::BeginTrans() {
+void Session::BeginTrans(const String& modes) {
   Settle();
   if (inTransaction_) {
     throw HostError(errors::ProviderError, u"Já existe uma transação em andamento.");
   }
   AutoCommit(false);
   inTransaction_ = true;
+  if (modes.empty()) return;
+  try {
+    RunPlain(u"SET TRANSACTION " + modes);
+  } catch (...) {
+    if (IsOpen()) RollbackTrans();
+    throw;
+  }
 }
 
 void Session::CommitTrans() { EndTransaction(SQL_COMMIT); }

@@ -69,7 +69,8 @@ class Session {
   /// As the free function; notices a lost connection.
   void Check(SQLRETURN result, const Statement& statement);
 
-  void BeginTrans();
+  /// `modes` as SET TRANSACTION takes them.
+  void BeginTrans(const String& modes = {});
   void CommitTrans();
   void RollbackTrans();
   bool InTransaction() const { return inTransaction_; }

@@ -1,0 +1,82 @@
+#include "tests/odbc/database_test.h"
+
+namespace tessaria::odbc::test {
+namespace {
+
+class SortTest : public DatabaseTest {
+ protected:
+  void SetUp() override {
+    DatabaseTest::SetUp();
+    if (IsSkipped()) return;
+    Run(u"create table t (codigo int primary key, nome varchar(20), valor numeric,"
+        u" \"Nome Completo\" text)");
+    Run(u"insert into t values (1, 'bruno', 10, 'x'), (2, 'Água', null, 'y'), (3, null, 9, 'x'),"
+        u" (4, 'Ana', 100, 'y'), (5, 'ANA', -1, 'x'), (6, 'azul', 9, 'y')");
+    rows_ = Edit(u"select * from t order by codigo");
+  }
+
+  std::vector<Long> Codes() {
+    std::vector<Long> codes;
+    for (rows_->MoveFirst(); !rows_->Eof(); rows_->MoveNext()) {
+      codes.push_back(CLng(Get(rows_, u"codigo")));
+    }
+    return codes;
+  }
+
+  host::RecordsetPtr rows_;
+};
+
+struct SortCase {
+  StringView order;
+  std::vector<Long> codes;
+};
+
+TEST_F(SortTest, OrdersRowsAndKeepsEqualOnesInPlace) {
+  const SortCase cases[] = {
+      {u"nome", {3, 2, 4, 5, 6, 1}},
+      {u"NOME desc", {1, 6, 4, 5, 2, 3}},
+      {u"valor", {2, 5, 3, 6, 1, 4}},
+      {u"valor ASC, codigo DESC", {2, 5, 6, 3, 1, 4}},
+      {u"Nome Completo, nome", {3, 5, 1, 2, 4, 6}},
+      {u"[Nome Completo] DESC, [codigo] desc", {6, 4, 2, 5, 3, 1}},
+      {u"", {1, 2, 3, 4, 5, 6}},
+  };
+  for (const SortCase& c : cases) {
+    rows_->MoveLast();
+    rows_->Sort(String(c.order));
+    EXPECT_EQ(rows_->AbsolutePosition(), 1);
+    EXPECT_EQ(rows_->Sort(), c.order);
+    EXPECT_EQ(Codes(), c.codes) << ToUtf8(c.order);
+  }
+}
+
+TEST_F(SortTest, UnknownFieldChangesNothing) {
+  rows_->Sort(u"nome");
+  rows_->MoveLast();
+  EXPECT_HOST_ERROR(rows_->Sort(u"nada"), errors::ItemNotFound);
+  EXPECT_EQ(rows_->Sort(), u"nome");
+  EXPECT_EQ(rows_->AbsolutePosition(), 6);
+}
+
+TEST_F(SortTest, KeepsWhatWasAddedAndDeleted) {
+  rows_->Sort(u"nome");
+  rows_->MoveFirst();
+  rows_->Delete();
+  rows_->AddNew();
+  Set(rows_, u"codigo", Long{7});
+  Set(rows_, u"nome", u"Zeca");
+  rows_->Update();
+  rows_->Sort(u"nome desc");
+  EXPECT_EQ(Codes(), (std::vector<Long>{7, 1, 6, 4, 5, 2}));
+  rows_->Sort(u"");
+  EXPECT_EQ(Codes(), (std::vector<Long>{1, 2, 4, 5, 6, 7}));
+}
+
+TEST_F(SortTest, EmptySetStaysEmpty) {
+  const auto rows = Read(u"select codigo from t where 1 = Null");
+  rows->Sort(u"codigo");
+  EXPECT_TRUE(rows->Eof());
+}
+
+}  // namespace
+}  // namespace tessaria::odbc::test

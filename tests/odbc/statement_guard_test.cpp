@@ -1,0 +1,208 @@
+#include "hosts/odbc/statement_guard.h"
+
+#include <gtest/gtest.h>
+
+#include "hosts/odbc/diagnostics.h"
+#include "tests/support/printers.h"
+
+namespace tessaria::odbc {
+namespace {
+
+using Control = StatementFacts::Control;
+
+struct GuardCase {
+  StringView text;
+  bool accepted;
+};
+
+// One statement to PostgreSQL, or not.
+constexpr GuardCase kPostgresCases[] = {
+    {u"select 1", true},
+    {u"select 1;", true},
+    {u"select 1 ; ; -- fim", true},
+    {u"select 1; /* fim */", true},
+    {u"select 1; select 2", false},
+    {u"select 1;drop table t", false},
+    {u"select 1;\r\ndrop table t;", false},
+    {u"", false},
+    {u"  -- nada", false},
+    {u";", false},
+    // quotes
+    {u"select ';'", true},
+    {u"select 'a'';b'", true},
+    {u"select 'a\\'; drop table t --'", false},
+    {u"select E'a\\'; b'", true},
+    {u"select e'a\\\\'; drop table t", false},
+    {u"select E'a'';b'", true},
+    {u"select nomeE'\\'; drop table t; --'", false},
+    {u"select \"a;b\"", true},
+    {u"select \"a\"\";b\"", true},
+    {u"select \"a\"; drop table t", false},
+    {u"select 'sem fim; drop table t", true},
+    {u"select U&'\\0061;'", true},
+    // dollar quotes
+    {u"select $$a;b$$", true},
+    {u"select $x$a;$$;b$x$", true},
+    {u"select $x$a$y$; drop table t; --$x$", true},
+    {u"select $x$a$x$; drop table t", false},
+    {u"select a$b$; drop table t; select a$b$", false},
+    {u"select 1$a$ ' $a$; drop table t; --'", false},
+    {u"select $1; drop table t", false},
+    {u"select $1$a$ ; $a$", true},
+    // numbers end where the server ends them
+    {u"select 1E'\\'; drop table t; --'", true},
+    {u"select 1e5E'a\\''; drop table t; --'", false},
+    {u"select $1e5E'\\'; drop table t; --'", false},
+    {u"select 1.5e-3", true},
+    // comments
+    {u"select 1 -- ; drop table t", true},
+    {u"select 1 -- x\n; drop table t", false},
+    {u"select 1 /* ; */", true},
+    {u"select 1 /* /* */ ; */", true},
+    {u"select 1 /* /* */ */ ; drop table t", false},
+    {u"select '/*'; drop table t; --*/", false},
+    {u"select 1 /*' */ ; drop table t; --'", false},
+    {u"select 1 --'\n; drop table t; --'", false},
+    // brackets are subscripts, not quotes
+    {u"select a['x]'; drop table t; --']", false},
+    {u"select a['x;]']", true},
+    {u"select a[1]; drop table t", false},
+    // what the driver would replace
+    {u"select '?', '{fn now()}', \"a?{b\"", true},
+    {u"select $$?{}$$ /* ? { */ -- ? {", true},
+    {u"select ? ", false},
+    {u"select {fn now()}", false},
+    {u"select 1 }", false},
+    {u"select campo::date", true},
+};
+
+TEST(StatementGuard, RefusesASecondStatementForPostgres) {
+  for (const GuardCase& c : kPostgresCases) {
+    SCOPED_TRACE(ToUtf8(c.text));
+    if (c.accepted) {
+      EXPECT_NO_THROW(RequireSingleStatement(c.text, Dialect::PostgreSql));
+    } else {
+      EXPECT_HOST_ERROR(RequireSingleStatement(c.text, Dialect::PostgreSql),
+                        errors::ErrorsInCommand);
+    }
+  }
+}
+
+// Databases that take statements one after the other without a semicolon, and [names].
+constexpr GuardCase kBracketedCases[] = {
+    {u"Select Top 1 nome From t Where codigo = 15", true},
+    {u"Select [a;b], 'x;y' From t", true},
+    {u"Select [a]];b] From t", true},
+    {u"Select [a]; drop table t", false},
+    {u"Select nome From t Where codigo = 15 drop table t", false},
+    {u"Select nome From t Where codigo = 15 Exec xp", false},
+    {u"Select nome From t Where nome = 'drop table t'", true},
+    {u"Select [drop], \"delete\" From t", true},
+    {u"Update t set a = 1 Where b = (Select 1)", true},
+    {u"Insert into t Select * From u", true},
+    {u"Select {fn now()}, a From t Where b = ?", true},
+    {u"Select 1 /* /* */ ; */", true},
+};
+
+TEST(StatementGuard, FindsStatementsWithoutSemicolonWhereTheDialectTakesThem) {
+  for (const GuardCase& c : kBracketedCases) {
+    SCOPED_TRACE(ToUtf8(c.text));
+    if (c.accepted) {
+      EXPECT_NO_THROW(RequireSingleStatement(c.text, Dialect::Bracketed));
+    } else {
+      EXPECT_HOST_ERROR(RequireSingleStatement(c.text, Dialect::Bracketed),
+                        errors::ErrorsInCommand);
+    }
+  }
+}
+
+TEST(StatementGuard, TakesNoSemicolonInsideWhereTheQuotingIsUnknown) {
+  EXPECT_NO_THROW(RequireSingleStatement(u"select 'a';", Dialect::Other));
+  EXPECT_HOST_ERROR(RequireSingleStatement(u"select 'a;b'", Dialect::Other),
+                    errors::ErrorsInCommand);
+}
+
+TEST(StatementGuard, CutsTheTrailingSemicolon) {
+  EXPECT_EQ(RequireSingleStatement(u"select ';' ; ;", Dialect::PostgreSql).text, u"select ';' ");
+}
+
+struct FactCase {
+  StringView text;
+  bool plain, small, single, name;
+};
+
+constexpr FactCase kFactCases[] = {
+    {u"select a from t", true, false, true, false},
+    {u"Select codigo From t Where codigo = 15 Limit 1", true, true, true, false},
+    {u"select a from t limit 5000", true, false, true, false},
+    {u"select a from t limit all", true, false, true, false},
+    {u"select a from (select b from t limit 1) x", true, false, false, false},
+    {u"values (1), (2)", true, false, false, false},
+    {u"with x as (select 1) select * from x", true, false, false, false},
+    {u"with x as (delete from t returning a) select * from x", false, false, false, false},
+    {u"select a into b from t", false, false, true, false},
+    {u"select a from t for update", false, false, true, false},
+    {u"select a from t, u", true, false, false, false},
+    {u"select a from t join u on t.a = u.a", true, false, false, false},
+    {u"select a from t where a in (select a from u, v)", true, false, true, false},
+    {u"select a from t order by a, b", true, false, true, false},
+    {u"select distinct a from t", true, false, false, false},
+    {u"select a from t group by a", true, false, false, false},
+    {u"select a from t union select b from u", true, false, false, false},
+    {u"update t set a = 1", false, false, false, false},
+    {u"show server_version", false, false, false, false},
+    {u"clientes", false, false, false, true},
+    {u"vendas.\"Clientes Novos\"", false, false, false, true},
+};
+
+TEST(StatementGuard, TellsWhatAStatementIs) {
+  for (const FactCase& c : kFactCases) {
+    SCOPED_TRACE(ToUtf8(c.text));
+    const StatementFacts facts = RequireSingleStatement(c.text, Dialect::PostgreSql);
+    EXPECT_EQ(facts.isPlainQuery, c.plain);
+    EXPECT_EQ(facts.isSmallQuery, c.small);
+    EXPECT_EQ(facts.isSingleTable, c.single);
+    EXPECT_EQ(facts.isName, c.name);
+  }
+}
+
+struct ControlCase {
+  StringView text;
+  Control control;
+};
+
+constexpr ControlCase kControlCases[] = {
+    {u"begin", Control::Begin},
+    {u"Start Transaction", Control::Begin},
+    {u"begin isolation level serializable", Control::Begin},
+    {u"commit work", Control::Commit},
+    {u"end", Control::Commit},
+    {u"rollback", Control::Rollback},
+    {u"abort", Control::Rollback},
+    {u"rollback to savepoint a", Control::Savepoint},
+    {u"savepoint a", Control::Savepoint},
+    {u"release a", Control::Savepoint},
+    {u"commit prepared 'x'", Control::None},
+    {u"select 1", Control::None},
+};
+
+TEST(StatementGuard, KnowsTransactionControl) {
+  for (const ControlCase& c : kControlCases) {
+    EXPECT_EQ(RequireSingleStatement(c.text, Dialect::PostgreSql).control, c.control)
+        << ToUtf8(c.text);
+  }
+  EXPECT_EQ(
+      RequireSingleStatement(u"begin work isolation level serializable", Dialect::PostgreSql).modes,
+      u"ISOLATION LEVEL SERIALIZABLE");
+}
+
+TEST(StatementGuard, KnowsTheFamilies) {
+  EXPECT_EQ(DialectOf(u"PostgreSQL"), Dialect::PostgreSql);
+  for (const StringView name : {u"ACCESS", u"MS Jet", u"Microsoft SQL Server"}) {
+    EXPECT_EQ(DialectOf(name), Dialect::Bracketed) << ToUtf8(name);
+  }
+  EXPECT_EQ(DialectOf(u"SQLite"), Dialect::Other);
+}
+
+}  // namespace
+}  // namespace tessaria::odbc

@@ -1,0 +1,114 @@
+#include "tests/odbc/database_test.h"
+
+namespace tessaria::odbc::test {
+namespace {
+
+class TransactionTest : public DatabaseTest {
+ protected:
+  void SetUp() override {
+    DatabaseTest::SetUp();
+    if (IsSkipped()) return;
+    Run(u"create table t (a int primary key)");
+  }
+
+  /// Rows as another session sees them.
+  Long Committed() {
+    return CLng(Get(NewConnection()->Execute(u"select count(*)::int from t"), 0));
+  }
+};
+
+TEST_F(TransactionTest, CommitKeepsAndRollbackDrops) {
+  connection_->BeginTrans();
+  Run(u"insert into t values (1)");
+  EXPECT_EQ(Committed(), 0);
+  connection_->CommitTrans();
+  EXPECT_EQ(Committed(), 1);
+  connection_->BeginTrans();
+  Run(u"insert into t values (2)");
+  connection_->RollbackTrans();
+  EXPECT_EQ(Committed(), 1);
+  Run(u"insert into t values (3)");
+  EXPECT_EQ(Committed(), 2);
+}
+
+TEST_F(TransactionTest, CannotBeNestedNorEndedTwice) {
+  connection_->BeginTrans();
+  EXPECT_HOST_ERROR(connection_->BeginTrans(), errors::ProviderError);
+  connection_->RollbackTrans();
+  EXPECT_HOST_ERROR(connection_->RollbackTrans(), errors::ProviderError);
+  EXPECT_HOST_ERROR(connection_->CommitTrans(), errors::ProviderError);
+}
+
+// A syntax error in particular: with the driver's own handling it undoes all without a word.
+TEST_F(TransactionTest, FailingStatementLeavesTheTransactionUsable) {
+  for (const StringView settings : {u"", u"Protocol=7.4-0;", u"Protocol=7.4-1;", u"Protocol=7.4-2;",
+                                    u"UseDeclareFetch=1;", u"UseServerSidePrepare=0;"}) {
+    SCOPED_TRACE(ToUtf8(settings));
+    connection_ = NewConnection(String(settings));
+    Run(u"truncate t");
+    connection_->BeginTrans();
+    Run(u"insert into t values (1)");
+    for (const StringView failing :
+         {u"selec 1", u"select nada from t", u"insert into t values (1)", u"insert into t value (",
+          u"select 1/0", u"update nada set a = 1", u"select a/0 from t"}) {
+      EXPECT_ANY_THROW(Run(String(failing))) << ToUtf8(failing);
+      EXPECT_SAME(Scalar(u"select count(*)::int from t"), Long{1}) << ToUtf8(failing);
+    }
+    Run(u"insert into t values (2)");
+    connection_->CommitTrans();
+    EXPECT_EQ(Committed(), 2);
+  }
+}
+
+TEST_F(TransactionTest, CanBeControlledByText) {
+  Run(u"begin");
+  Run(u"insert into t values (1)");
+  EXPECT_ANY_THROW(Run(u"selec"));
+  Run(u"commit");
+  EXPECT_EQ(Committed(), 1);
+  Run(u"Start Transaction isolation level serializable");
+  EXPECT_SAME(Scalar(u"show transaction_isolation"), u"serializable");
+  Run(u"insert into t values (2)");
+  Run(u"rollback");
+  EXPECT_EQ(Committed(), 1);
+}
+
+TEST_F(TransactionTest, HasSavepointsOfTheApplication) {
+  connection_->BeginTrans();
+  Run(u"insert into t values (1)");
+  Run(u"savepoint meu");
+  Run(u"insert into t values (2)");
+  EXPECT_ANY_THROW(Run(u"rollback to savepoint outro"));
+  EXPECT_SAME(Scalar(u"select count(*)::int from t"), Long{2});
+  Run(u"rollback to savepoint meu");
+  EXPECT_SAME(Scalar(u"select count(*)::int from t"), Long{1});
+  Run(u"release savepoint meu");
+  Run(u"insert into t values (3)");
+  connection_->CommitTrans();
+  EXPECT_EQ(Committed(), 2);
+}
+
+TEST_F(TransactionTest, RefusedCommitTellsAndLeavesTheConnectionUsable) {
+  Run(u"alter table t add p int references t deferrable initially deferred");
+  connection_->BeginTrans();
+  Run(u"insert into t values (1, 99)");
+  EXPECT_HOST_ERROR(connection_->CommitTrans(), errors::IntegrityViolation);
+  EXPECT_EQ(Committed(), 0);
+  Run(u"insert into t values (2, 2)");
+  EXPECT_EQ(Committed(), 1);
+  connection_->BeginTrans();
+  connection_->RollbackTrans();
+}
+
+TEST_F(TransactionTest, IsUndoneByClose) {
+  connection_->BeginTrans();
+  Run(u"insert into t values (1)");
+  connection_->Close();
+  connection_->Open();
+  EXPECT_EQ(Committed(), 0);
+  connection_->BeginTrans();
+  connection_->RollbackTrans();
+}
+
+}  // namespace
+}  // namespace tessaria::odbc::test

@@ -1,0 +1,48 @@
+// A PostgreSQL server of the test's own, reached through the real ODBC driver.
+#pragma once
+
+#include <string>
+
+#include "tessaria/string.h"
+
+namespace tessaria::test {
+
+/// Starts with the first call of `Shared` and ends with the program, however that ends: a small
+/// process of its own waits for the end, stops the server and removes its folder.
+class PostgresCluster {
+ public:
+  /// The cluster of this program. Throws std::runtime_error when it cannot be started.
+  static PostgresCluster& Shared();
+  /// Why there can be no cluster on this machine; empty when there can.
+  static std::string Missing();
+
+  PostgresCluster(const PostgresCluster&) = delete;
+  PostgresCluster& operator=(const PostgresCluster&) = delete;
+  ~PostgresCluster();
+
+  /// An ODBC connection string without a data source name.
+  String ConnectionString() const;
+  /// The folder of the socket; data source files may be written there.
+  const std::string& Folder() const { return folder_; }
+  /// Runs SQL by the command line client, outside of any connection of the test.
+  void Run(const std::string& sql) const;
+
+  /// Ends all sessions at once, as a crash of the server's machine would.
+  void Stop();
+  void Start();
+  /// Starts it again if a test has left it stopped.
+  void EnsureRunning();
+
+ private:
+  PostgresCluster();
+  void StartWatcher();
+  std::string AsServerUser(const std::string& command) const;
+
+  std::string binaries_;
+  std::string folder_;
+  bool running_ = false;
+  int watcherPipe_ = -1;
+  int watcher_ = -1;
+};
+
+}  // namespace tessaria::test
