@@ -20,6 +20,15 @@
 #include "tessaria/thread_state.h"
 #include "tests/support/printers.h"
 
+namespace tessaria::memory {
+
+inline void PrintTo(const MessageBoxRecord& box, std::ostream* out) {
+  *out << "[" << ToUtf8(box.Title) << "] " << ToUtf8(box.Text) << " (style " << box.Style
+       << ", owner " << box.Owner << ")";
+}
+
+}  // namespace tessaria::memory
+
 namespace tessaria::test {
 
 /// Same kind and same value.
@@ -45,6 +54,7 @@ class ControlTest : public testing::Test {
   explicit ControlTest(memory::Form::Mode mode = memory::Form::Mode::Run)
       : form(memory::Form::Create(u"frmCadastro", mode)) {
     State().vntValorIrmao = Variant::Null();
+    connection->ConnectionString(u"DSN=teste");
     form->DbForm(connection);
   }
   ~ControlTest() override {
