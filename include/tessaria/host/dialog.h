@@ -136,7 +136,8 @@ class DataGrid : public virtual DialogWidget {
   virtual Long ColumnCount() const = 0;
   /// By position from 0. Error 9 outside the columns.
   virtual GridColumn& Column(Long position) = 0;
-  /// Shows the record set's current row after it was moved from outside.
+  /// Shows the record set's current row after it was moved, or the rows were ordered anew, from
+  /// outside.
   virtual void ShowCurrentRow() = 0;
 
   std::function<void()> OnDblClick;
@@ -236,7 +237,8 @@ class Dialog {
   /// The connection that controls on the dialog find; nothing for none.
   virtual void dbForm(ConnectionPtr connection) = 0;
 
-  /// Shows the window and returns when it is hidden or closed.
+  /// Shows the window and returns when it is hidden or closed. Controls get their first show,
+  /// then come `OnResize`, at the first show, and `OnActivate`, at each.
   virtual void ShowModal() = 0;
   virtual void Hide() = 0;
 
@@ -248,6 +250,7 @@ class Dialog {
   }
 
   std::function<void()> OnActivate;
+  /// Also when the size changes while the window shows, by the operator or by the program.
   std::function<void()> OnResize;
   std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
   std::function<void(Integer& KeyAscii)> OnKeyPress;

@@ -1,0 +1,67 @@
+#include "hosts/memory/dialogs/data_grid.h"
+
+#include "runtime/format.h"
+
+namespace tessaria::memory {
+namespace {
+
+constexpr float kColumnWidth = 1440;
+
+}  // namespace
+
+class DataGrid::FieldColumn final : public host::GridColumn {
+ public:
+  explicit FieldColumn(String field) : field_(std::move(field)), caption_(field_) {}
+
+  String Caption() const override { return caption_; }
+  void Caption(const String& text) override { caption_ = text; }
+  float Width() const override { return width_; }
+  void Width(float twips) override { width_ = twips; }
+  bool Visible() const override { return visible_; }
+  void Visible(bool visible) override { visible_ = visible; }
+  String DataField() const override { return field_; }
+  String Format() const override { return format_; }
+  void Format(const String& pattern) override { format_ = pattern; }
+
+ private:
+  String field_;
+  String caption_;
+  float width_ = kColumnWidth;
+  bool visible_ = true;
+  String format_;
+};
+
+void DataGrid::DataSource(host::RecordsetPtr rows) {
+  rows_ = std::move(rows);
+  columns_.clear();
+  if (!rows_ || rows_->State() == host::state::Closed) return;
+  for (Long i = 0; i < rows_->Fields().Count(); ++i) {
+    columns_.push_back(std::make_unique<FieldColumn>(rows_->Fields().Item(i)->Name()));
+  }
+}
+
+host::GridColumn& DataGrid::Column(Long position) {
+  if (position < 0 || position >= ColumnCount()) throw HostError(errors::SubscriptOutOfRange);
+  return *columns_[static_cast<std::size_t>(position)];
+}
+
+void DataGrid::OwnKey(const Stroke& stroke) {
+  if (!rows_ || stroke.Shift != modifier::None) return;
+  const Long row = rows_->AbsolutePosition();
+  if (stroke.Code == static_cast<Integer>(Key::Up) && row > 1) rows_->MovePrevious();
+  if (stroke.Code == static_cast<Integer>(Key::Down) && row < rows_->RecordCount())
+    rows_->MoveNext();
+}
+
+std::vector<String> DataGrid::Captions() {
+  std::vector<String> captions;
+  for (const auto& column : columns_) captions.push_back(column->Caption());
+  return captions;
+}
+
+String DataGrid::CellText(Long position) {
+  const auto& column = Column(position);
+  return Format(rows_->Fields().Item(column.DataField())->Value(), column.Format());
+}
+
+}  // namespace tessaria::memory

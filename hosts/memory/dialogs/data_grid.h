@@ -1,0 +1,39 @@
+// The grid of memory dialogs.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "hosts/memory/dialogs/dialog_item.h"
+
+namespace tessaria::memory {
+
+/// Columns over a record set. The arrows move its current row.
+class DataGrid final : public DialogItemOf<host::DataGrid> {
+ public:
+  using DialogItemOf::DialogItemOf;
+
+  host::RecordsetPtr DataSource() const override { return rows_; }
+  void DataSource(host::RecordsetPtr rows) override;
+  Long ColumnCount() const override { return static_cast<Long>(columns_.size()); }
+  host::GridColumn& Column(Long position) override;
+  void ShowCurrentRow() override { ++looks_; }
+
+  void OwnKey(const Stroke& stroke) override;
+
+  /// The captions of the columns, in order.
+  std::vector<String> Captions();
+  /// What a column shows of the current row.
+  String CellText(Long position);
+  /// How often the current row was to be shown.
+  int Looks() const { return looks_; }
+
+ private:
+  class FieldColumn;
+
+  host::RecordsetPtr rows_;
+  std::vector<std::unique_ptr<host::GridColumn>> columns_;
+  int looks_ = 0;
+};
+
+}  // namespace tessaria::memory

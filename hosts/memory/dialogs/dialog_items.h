@@ -1,0 +1,108 @@
+// The widgets of memory dialogs that are nothing but what they were told.
+#pragma once
+
+#include <vector>
+
+#include "hosts/memory/dialogs/dialog_item.h"
+#include "hosts/memory/ts_text.h"
+
+namespace tessaria::memory {
+
+class DialogLabel final : public DialogItemOf<host::DialogLabel> {
+ public:
+  DialogLabel(std::shared_ptr<memory::Part> part, StringView caption)
+      : DialogItemOf(std::move(part)), caption_(caption) {}
+
+  String Caption() const override { return caption_; }
+  void Caption(const String& text) override { caption_ = text; }
+
+ private:
+  String caption_;
+};
+
+class DialogButton final : public DialogItemOf<host::DialogButton> {
+ public:
+  DialogButton(std::shared_ptr<memory::Part> part, StringView caption)
+      : DialogItemOf(std::move(part)), caption_(caption) {}
+
+  String Caption() const override { return caption_; }
+  Colour TextColour() const override { return textColour_; }
+  void TextColour(Colour colour) override { textColour_ = colour; }
+
+  /// Enter and the blank press it.
+  void OwnKey(const Stroke& stroke) override;
+
+ private:
+  String caption_;
+  Colour textColour_ = host::colour::WindowText;
+};
+
+class DialogDisplay final : public DialogItemOf<host::DialogDisplay> {
+ public:
+  using DialogItemOf::DialogItemOf;
+
+  String Text() const override { return text_; }
+  void Text(const String& text) override { text_ = text; }
+
+ private:
+  String text_;
+};
+
+/// A whole control on the dialog's form.
+class DialogField final : public DialogItemOf<host::DialogField> {
+ public:
+  explicit DialogField(std::shared_ptr<TsText> control);
+
+  host::TsTextWidget& Control() override { return *control_; }
+  void Width(Long twips) override { control_->Resize(twips, Height()); }
+  void Height(Long twips) override { control_->Resize(Width(), twips); }
+  using DialogItemOf::Height;
+  using DialogItemOf::Width;
+
+  TsText& Whole() { return *control_; }
+
+ private:
+  std::shared_ptr<TsText> control_;
+};
+
+class ToolBar final : public DialogItemOf<host::ToolBar> {
+ public:
+  using DialogItemOf::DialogItemOf;
+
+  bool ButtonEnabled() const override { return buttonEnabled_; }
+  void ButtonEnabled(bool enabled) override { buttonEnabled_ = enabled; }
+  Long MenuCount() const override { return static_cast<Long>(menu_.size()); }
+  host::MenuEntry Menu(Long position) const override { return menu_[Index(position)]; }
+  void Menu(Long position, const host::MenuEntry& entry) override {
+    menu_[Index(position)] = entry;
+  }
+  void AddMenu(const host::MenuEntry& entry) override { menu_.push_back(entry); }
+  void Refresh() override { ++refreshes_; }
+
+  /// The texts of the menu, in order.
+  std::vector<String> MenuTexts() const;
+  int Refreshes() const { return refreshes_; }
+
+ private:
+  std::size_t Index(Long position) const;
+
+  bool buttonEnabled_ = true;
+  std::vector<host::MenuEntry> menu_;
+  int refreshes_ = 0;
+};
+
+class Calendar final : public DialogItemOf<host::Calendar> {
+ public:
+  using DialogItemOf::DialogItemOf;
+
+  Date Value() const override { return value_; }
+  void Value(Date day) override { value_ = day; }
+
+  /// The arrows move the selection by a day or a week.
+  void OwnKey(const Stroke& stroke) override;
+
+ private:
+  Date value_;
+};
+
+}  // namespace tessaria::memory

@@ -1,0 +1,28 @@
+// A widget's place on the form behind a memory dialog: geometry, focus, keys.
+#pragma once
+
+#include <functional>
+
+#include "hosts/memory/part.h"
+
+namespace tessaria::memory {
+
+/// A widget as the dialog's form drives it; the dialog says what a key does.
+class DialogPart final : public PartWith<host::Widget> {
+ public:
+  enum class Focus { Refused, Taken };
+  DialogPart(String name, String typeName, Focus focus)
+      : PartWith(std::move(name), std::move(typeName)), focus_(focus) {}
+
+  std::function<void(const Stroke&)> OnHold;
+
+  bool TakesFocus() const override { return focus_ == Focus::Taken && CanBeUsed(); }
+  void Hold(const Stroke& stroke) override {
+    if (const auto hold = OnHold) hold(stroke);
+  }
+
+ private:
+  Focus focus_;
+};
+
+}  // namespace tessaria::memory

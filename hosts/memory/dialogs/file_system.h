@@ -1,0 +1,54 @@
+// Drives, folders and files that exist only in memory.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "tessaria/string.h"
+
+namespace tessaria::memory {
+
+/// Names are compared without regard to case; "\" divides the parts of a path. A drive is named
+/// by an entry that begins with its letter and a colon: "c: [SISTEMA]", "z: [\\servidor\dados]".
+class FileSystem {
+ public:
+  enum class DriveState { Ready, NotReady };
+  void AddDrive(const String& entry, DriveState state = DriveState::Ready);
+  /// Makes the folder and all above it.
+  void AddFolder(const String& path);
+  /// Makes the file and its folder.
+  void AddFile(const String& path);
+
+  /// The entries, in order of making.
+  std::vector<String> Drives() const;
+  /// The entry of the drive that a path lies on.
+  std::optional<String> DriveOf(const String& path) const;
+  /// Error 68 when there is no such drive.
+  bool DriveReady(const String& drive) const;
+
+  /// The folder of a path or of a drive's entry as it was made, with a separator behind only for
+  /// a drive's root. Error 76 when there is none, or its drive is not ready.
+  String RequireFolder(const String& path) const;
+  /// The folders right below, by name; all that follow are in order of name.
+  std::vector<String> FoldersIn(const String& path) const;
+  /// The files that match one of the patterns, which semicolons divide.
+  std::vector<String> FilesIn(const String& path, const String& patterns) const;
+  /// The first file that a path with wildcards matches; "" for none.
+  String Dir(const String& pattern) const;
+
+ private:
+  struct Folder {
+    String Path;
+    std::map<String, String> Files;  ///< name by name in lower case
+  };
+  const Folder* Find(const String& path) const;
+
+  std::vector<std::pair<String, DriveState>> drives_;
+  std::map<String, Folder> folders_;  ///< by path in lower case
+};
+
+/// Whether a file's name matches a pattern of "*" and "?"; "*.*" matches every name.
+bool MatchesPattern(StringView name, StringView pattern);
+
+}  // namespace tessaria::memory

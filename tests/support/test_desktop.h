@@ -1,0 +1,20 @@
+// A memory desktop whose faults fail the test.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "hosts/memory/dialogs/desktop.h"
+#include "runtime/text.h"
+
+namespace tessaria::test {
+
+class TestDesktop {
+ public:
+  memory::Desktop* operator->() { return &desktop_; }
+  memory::Desktop& operator*() { return desktop_; }
+
+ private:
+  memory::Desktop desktop_{[](const String& message) { ADD_FAILURE() << ToUtf8(message); }};
+};
+
+}  // namespace tessaria::test
