@@ -7,34 +7,36 @@ include(CMakePackageConfigHelpers)
 
 set(tessaria_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Tessaria)
 
-# tessaria_install_headers(folder...): the public headers, those that are not in a "detail" folder.
-function(tessaria_install_headers)
-  foreach(folder ${ARGN})
-    if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/${folder})
-      install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}/
-              DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tessaria/${folder}
-              FILES_MATCHING PATTERN "*.h" PATTERN detail EXCLUDE)
-    endif()
-  endforeach()
-endfunction()
-
-# tessaria_install_component(NAME folder...): the library Tessaria<NAME> with its headers.
+# tessaria_install_component(NAME): the library Tessaria<NAME>.
 function(tessaria_install_component name)
-  if(NOT TARGET Tessaria${name})
-    return()
-  endif()
   set_target_properties(Tessaria${name} PROPERTIES INSTALL_RPATH "$ORIGIN")
   install(TARGETS Tessaria${name} EXPORT Tessaria${name}Targets
           RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
           LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
           ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
   install(EXPORT Tessaria${name}Targets NAMESPACE Tessaria:: DESTINATION ${tessaria_package_dir})
-  tessaria_install_headers(${ARGN})
 endfunction()
 
-tessaria_install_component(Core include ${TESSARIA_CORE_FOLDERS})
-tessaria_install_component(Odbc hosts/odbc)
-tessaria_install_component(Qt hosts/qt)
+# All headers of the core are public. A host's are those that its target names, without their
+# endings, in TESSARIA_PUBLIC_HEADERS.
+function(tessaria_install_host name folder)
+  if(NOT TARGET Tessaria${name})
+    return()
+  endif()
+  tessaria_install_component(${name})
+  get_target_property(headers Tessaria${name} TESSARIA_PUBLIC_HEADERS)
+  list(TRANSFORM headers PREPEND ${PROJECT_SOURCE_DIR}/${folder}/)
+  list(TRANSFORM headers APPEND .h)
+  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tessaria/${folder})
+endfunction()
+
+tessaria_install_component(Core)
+foreach(folder include ${TESSARIA_CORE_FOLDERS})
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}/
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tessaria/${folder} FILES_MATCHING PATTERN "*.h")
+endforeach()
+tessaria_install_host(Odbc hosts/odbc)
+tessaria_install_host(Qt hosts/qt)
 
 configure_package_config_file(
   ${PROJECT_SOURCE_DIR}/cmake/TessariaConfig.cmake.in

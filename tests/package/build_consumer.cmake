@@ -1,5 +1,6 @@
 # Builds and runs tests/package/consumer from an empty folder.
-# SOURCE, BUILD: the project. WORK: the folder to work in. COMPONENTS: what was built.
+# SOURCE, BUILD: the project. WORK: the folder to work in. COMPONENTS: what was built, with
+# commas between.
 # SUBDIRECTORY: take the project in as a subdirectory, its core alone, and not as a package.
 
 function(run)
@@ -19,9 +20,10 @@ endif()
 
 run(${CMAKE_COMMAND} -S ${SOURCE}/tests/package/consumer -B ${WORK}/build -G ${GENERATOR}
     -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}
-    "-DCOMPONENTS=${COMPONENTS}" ${where})
+    -DCOMPONENTS=${COMPONENTS} ${where})
 run(${CMAKE_COMMAND} --build ${WORK}/build)
 string(TOLOWER "${COMPONENTS}" programs)
+string(REPLACE "," ";" programs "${programs}")
 foreach(program ${programs})
   run(${WORK}/build/use_${program})
 endforeach()
