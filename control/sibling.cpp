@@ -2,8 +2,8 @@
 
 #include "control/scoped_flag.h"
 #include "control/tstext.h"
-#include "control/type_codes.h"
 #include "lookup/description_lookup.h"
+#include "lookup/field_types.h"
 #include "mask/form_helpers.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"

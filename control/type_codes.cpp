@@ -8,7 +8,6 @@ namespace tessaria {
 namespace {
 
 constexpr Long unboundNumbers[] = {2, 4, 5};
-constexpr Long numericFields[] = {20, 128, 6, 14, 5, 3, 131, 4, 2, 16, 21, 19, 18, 17, 139};
 
 constexpr Long textFamily[] = {129, 130, 200, 202};
 constexpr Long numberFamily[] = {2, 3, 4, 5, 6, 14, 16, 131};
@@ -22,8 +21,6 @@ bool Holds(const Long (&codes)[N], Long code) {
 }  // namespace
 
 bool EhTipoDadoNumerico(Long TipoDado) { return Holds(unboundNumbers, TipoDado); }
-
-bool EhTipoDeCampoNumerico(Long type) { return Holds(numericFields, type); }
 
 FieldFamily FamilyOf(Long fieldType) {
   if (Holds(textFamily, fieldType)) return FieldFamily::Text;

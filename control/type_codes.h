@@ -9,10 +9,6 @@ namespace tessaria {
 inline constexpr Long TipoDadoData = 7;
 bool EhTipoDadoNumerico(Long TipoDado);
 
-/// True for the codes of numeric fields. A sibling's `TipoDado` is compared with them as it
-/// stands, although it is numbered otherwise.
-bool EhTipoDeCampoNumerico(Long type);
-
 enum class FieldFamily { Text, Number, Date, Other };
 
 /// How a bound field of that type code takes a value.

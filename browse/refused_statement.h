@@ -1,0 +1,13 @@
+// A statement of a lookup that the database refused.
+#pragma once
+
+#include "tessaria/string.h"
+
+namespace tessaria::mdlObjTxt {
+
+/// Shows the pending error of the thread and the statement, laid out for reading, and puts the
+/// statement on the clipboard when the operator says yes. Flags as `ExibeMensagem` takes them.
+void OfereceInstrucao(const String& strInstrucao, const String& strTitulo, Long intFlags,
+                      Long lngHwnd);
+
+}  // namespace tessaria::mdlObjTxt

@@ -1,0 +1,139 @@
+#include "browse/search_prompt.h"
+
+#include <algorithm>
+
+#include "browse/search_clause.h"
+#include "lookup/browse_definition.h"
+#include "lookup/dialect.h"
+#include "runtime/conversion.h"
+#include "runtime/text.h"
+#include "services/trap.h"
+#include "tessaria/host/application.h"
+#include "tessaria/thread_state.h"
+#include "tessaria/tstext_interface.h"
+
+namespace tessaria {
+
+namespace {
+
+using host::WidgetKind;
+
+// Twips.
+constexpr Long kRoomBesideEdit = 500;
+constexpr Long kLeastWidth = 3500;
+constexpr Long kEdge = 100;
+constexpr Long kCancelFromRight = 1700;
+
+constexpr host::WidgetDescription widgets[] = {
+    {u"editPesquisa", WidgetKind::TsText, u"Valor a pesquisar"},
+    {u"btnOk", WidgetKind::CommandButton, u"&Ok"},
+    {u"btnCancelar", WidgetKind::CommandButton, u"&Cancelar"},
+};
+
+}  // namespace
+
+const host::DialogDescription& frmTsPesquisa::Description() {
+  static const host::DialogDescription description{u"frmTsPesquisa", u"Pesquisa", widgets};
+  return description;
+}
+
+frmTsPesquisa::frmTsPesquisa()
+    : dialog_(TheDesktop().MakeDialog(Description())),
+      edit_(dialog_->Find<host::DialogField>(u"editPesquisa")),
+      ok_(dialog_->Find<host::DialogButton>(u"btnOk")),
+      cancel_(dialog_->Find<host::DialogButton>(u"btnCancelar")) {
+  dialog_->dbForm(State().dbConexao);
+  dialog_->OnActivate = [this] { Activate(); };
+  edit_.OnChange = [this] { EditChanged(); };
+  ok_.OnClick = [this] { Answer(ok_, true); };
+  cancel_.OnClick = [this] { Answer(cancel_, false); };
+}
+
+frmTsPesquisa::~frmTsPesquisa() { dialog_->dbForm(nullptr); }
+
+void frmTsPesquisa::Activate() {
+  dialog_->Width(std::max(edit_.Width() + kRoomBesideEdit, kLeastWidth));
+  ok_.Left(kEdge);
+  cancel_.Left(dialog_->Width() - kCancelFromRight);
+  edit_.Left((dialog_->Width() - kEdge - edit_.Width()) / 2);
+  edit_.SetFocus();
+}
+
+void frmTsPesquisa::EditChanged() {
+  auto& control = edit_.Control();
+  const bool whole = CBool(control.Get(u"PromptInclude"));
+  ok_.Enabled(!Trim(CStr(control.Get(whole ? u"Texto" : u"Text"))).empty());
+}
+
+/// The button takes the focus first, so that the field is left and settled.
+void frmTsPesquisa::Answer(host::DialogButton& button, bool confirmed) {
+  button.SetFocus();
+  App().DoEvents();
+  if (confirmed && edit_.Control().Get(u"Value").IsNull()) return;
+  Confirmou = confirmed;
+  dialog_->Hide();
+}
+
+namespace mdlObjTxt {
+namespace {
+
+/// `TipoDado` of the prompt for a kind of search.
+Long TipoDadoDe(Long tipo) {
+  const bool conhecido = tipo == tipo_pesquisa::Data || tipo == tipo_pesquisa::Numero;
+  return conhecido ? tipo : tipo_pesquisa::Texto;
+}
+
+/// The operator's answer as it stands in SQL.
+String ValorDigitado(const host::TsTextWidget& edit, Long tipo, const String& mascara) {
+  if (tipo == tipo_pesquisa::Data)
+    return mdlComum::TraduzSQL(fragmento::Data, {}, {}, {}, {}, CStr(edit.Get(u"Text")));
+  const String valor = CStr(edit.Get(u"Value"));
+  if (StartsWith(mascara, u"$")) return Replace(Replace(valor, u".", u""), u",", u".");
+  return DobraAspas(valor);
+}
+
+}  // namespace
+
+bool tsMostraFormPesquisa(const String& strTabela, String strCampo, Long lngTipo, Long lngLike,
+                          const String& strCaption, Integer intWidth, bool blnCompleta,
+                          const String& strMascara, Integer intMaxLength, bool blnPromptInclude,
+                          const String& strWhere, String& strClausula, bool blnCampoPronto) {
+  bool resultado = true;
+  Trap(u"mdlObjTxt", u"tsMostraFormPesquisa", [&] {
+    frmTsPesquisa form;
+    auto& edit = form.editPesquisa().Control();
+    edit.Let(u"PromptInclude", blnPromptInclude);
+    form.editPesquisa().Width(intWidth);
+    edit.Let(u"TipoDado", TipoDadoDe(lngTipo));
+    edit.Let(u"Mascara", strMascara);
+    edit.Let(u"ObjetoCancelar", u"btnCancelar");
+    if (intMaxLength != 0) edit.Let(u"MaxLength", Long{intMaxLength});
+    // A part of a value is an answer too: it is not looked up, and may be blank.
+    edit.Let(u"UsaChecaRelacao", false);
+    edit.Let(u"PodeSerBranco", true);
+
+    if (blnCompleta && lngTipo == tipo_pesquisa::Texto) {
+      edit.Let(u"TipoControle", static_cast<Long>(TipoControle::Descricao));
+      const auto definicao = edit.Get(u"Browse").As<Browse>();
+      definicao->BrowseTable(strTabela);
+      definicao->BrwCampo(strCampo);
+      definicao->BrwWhere(strWhere);
+    } else if (lngTipo == tipo_pesquisa::Data) {
+      edit.Let(u"TipoControle", static_cast<Long>(TipoControle::Calendario));
+    }
+
+    form.Window().Caption(u"Pesquisa " + strCaption);
+    form.Window().ShowModal();
+    if (!form.Confirmou) {
+      resultado = false;
+      return;
+    }
+    const String valor = ValorDigitado(edit, lngTipo, strMascara);
+    if (!blnCampoPronto) strCampo = QualificaCampo(strCampo, strTabela);
+    strClausula = ClausulaDePesquisa(strCampo, lngTipo, lngLike, valor);
+  });
+  return resultado;
+}
+
+}  // namespace mdlObjTxt
+}  // namespace tessaria

@@ -1,0 +1,12 @@
+// Which fields of the database hold numbers.
+#pragma once
+
+#include "tessaria/string.h"
+
+namespace tessaria {
+
+/// True for the type codes of numeric fields, whose values stand in SQL without quotes. The
+/// `TipoDado` of a sibling is compared with them as it stands, although it is numbered otherwise.
+bool EhTipoDeCampoNumerico(Long type);
+
+}  // namespace tessaria

@@ -1,0 +1,373 @@
+// The run of a lookup, from the place of its window to the key that comes back.
+#include "browse/lookup_run.h"
+
+#include "tests/browse/run_fixture.h"
+
+namespace tessaria::test {
+namespace {
+
+using memory::MessageBoxRecord;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class LookupRun : public RunTest {
+ protected:
+  /// The row on which the list opens.
+  Long StartRow(RunArguments& a) {
+    Long row = 0;
+    Run(a, [&](memory::Dialog& shown) {
+      row = shown.Find<host::DataGrid>(u"grdBrowse").DataSource()->AbsolutePosition();
+      Leave(shown);
+    });
+    return row;
+  }
+  Long StartRow(const Variant& value) {
+    RunArguments a;
+    a.Value = value;
+    return StartRow(a);
+  }
+  std::vector<String> MenuOfAnyList() {
+    std::vector<String> texts;
+    RunArguments a;
+    Run(a, [&](memory::Dialog& shown) {
+      texts = shown.Find<memory::ToolBar>(u"barBrowse").MenuTexts();
+      EXPECT_EQ(shown.Find<memory::ToolBar>(u"barBrowse").ButtonEnabled(), !texts.empty());
+      Leave(shown);
+    });
+    return texts;
+  }
+};
+
+// --- The window ---------------------------------------------------------------------------------
+
+TEST_F(LookupRun, TheTitleIsTheTableUnlessThereIsOne) {
+  const auto titleOf = [&](const String& titulo) {
+    String title;
+    RunArguments a;
+    a.Titulo = titulo;
+    Run(a, [&](memory::Dialog& shown) {
+      title = shown.Find<host::DialogLabel>(u"lblTitulo").Caption();
+      Leave(shown);
+    });
+    return title;
+  };
+  EXPECT_EQ(titleOf(u""), u"clientes");
+  EXPECT_EQ(titleOf(u"Clientes da Loja"), u"Clientes da Loja");
+}
+
+TEST_F(LookupRun, TheWindowKeepsInsideTheScreenByStepsOfTen) {
+  desktop->ScreenSize(12000, 9000);
+  desktop->DialogSize(6000, 4000);
+  const struct {
+    float Top, Left;
+    Long ExpectedTop, ExpectedLeft;
+  } cases[] = {{1000, 2000, 1000, 2000},
+               {4550, 5850, 4550, 5850},
+               {4551, 5851, 4541, 5841},
+               {6000, 9000, 4550, 5850},
+               {6003, 9007, 4543, 5847}};
+  for (const auto& c : cases) {
+    RunArguments a;
+    a.Top = c.Top;
+    a.Left = c.Left;
+    Run(a, [&](memory::Dialog& shown) {
+      EXPECT_EQ(shown.Top(), c.ExpectedTop);
+      EXPECT_EQ(shown.Left(), c.ExpectedLeft);
+      Leave(shown);
+    });
+  }
+}
+
+TEST_F(LookupRun, TheColumnsAreThoseOfTheDefinition) {
+  columns.Add(u"codigo", u"Código", u"000", 900, true);
+  columns.Add(u"nome", u"Nome", u"", 3000, true);
+  RunArguments a;
+  Run(a, [](memory::Dialog& shown) {
+    auto& grid = shown.Find<memory::DataGrid>(u"grdBrowse");
+    EXPECT_THAT(grid.Captions(), ElementsAre(u"Código", u"Nome", u"cidade"));
+    EXPECT_EQ(grid.CellText(0), u"001");
+    Leave(shown);
+  });
+  EXPECT_EQ(columns.Count(), 2);
+}
+
+TEST_F(LookupRun, TheBoxIsMarkedAsTheListOpensSoThatItsFieldDoesNotValidate) {
+  RunArguments a;
+  Run(a, [&](memory::Dialog& shown) {
+    EXPECT_EQ(box.Tag, u"Nao Dispara Valida");
+    Leave(shown);
+  });
+  EXPECT_EQ(box.Tag, u"Nao Dispara Valida");
+}
+
+// --- The menu -----------------------------------------------------------------------------------
+
+TEST_F(LookupRun, WithNoSearchesTheButtonIsDisabled) {
+  EXPECT_THAT(MenuOfAnyList(), IsEmpty());
+  searches = nullptr;
+  EXPECT_THAT(MenuOfAnyList(), IsEmpty());
+}
+
+TEST_F(LookupRun, TheMenuHasTheSearchesASeparatorAndAllRows) {
+  AddSearch(1, u"Nome");
+  AddSearch(2, u"Cidade");
+  EXPECT_THAT(MenuOfAnyList(), ElementsAre(u"Nome", u"Cidade", u"-", u"Traz Todos os Registros"));
+}
+
+TEST_F(LookupRun, SearchesOfOneNumberShareAnEntryWhenTheyFollowEachOther) {
+  AddSearch(1, u"A");
+  AddSearch(1, u"B");
+  AddSearch(2, u"C");
+  AddSearch(1, u"D");
+  RunArguments a;
+  Run(a, [](memory::Dialog& shown) {
+    auto& bar = shown.Find<memory::ToolBar>(u"barBrowse");
+    EXPECT_THAT(bar.MenuTexts(),
+                ElementsAre(u"A + B", u"C", u"D", u"-", u"Traz Todos os Registros"));
+    EXPECT_EQ(bar.Menu(1).Tag, u"1");
+    EXPECT_EQ(bar.Menu(2).Tag, u"2");
+    Leave(shown);
+  });
+}
+
+// --- The row to start on
+// --------------------------------------------------------------------------
+
+TEST_F(LookupRun, ABlankValueTakesTheKeyOfTheFirstRow) {
+  for (const Variant& blank : {Variant(), Variant::Null(), Variant(u"")}) {
+    RunArguments a;
+    a.Value = blank;
+    EXPECT_EQ(StartRow(a), 1);
+    EXPECT_EQ(CStr(a.Value), u"1");  // by reference: the caller sees it
+  }
+}
+
+TEST_F(LookupRun, ANumberIsLookedUpExactly) {
+  EXPECT_EQ(StartRow(Variant(Long{15})), 2);
+  EXPECT_EQ(StartRow(Variant(7.0)), 3);
+  EXPECT_EQ(StartRow(Variant(Long{2})), 1);  // not in the list: the first row
+}
+
+TEST_F(LookupRun, ATextIsLookedUpByItsStart) {
+  rows = NamesFirst();
+  EXPECT_EQ(StartRow(Variant(u"Br")), 2);
+  EXPECT_EQ(StartRow(Variant(u"D'A")), 4);
+  EXPECT_EQ(StartRow(Variant(u"Zulmira")), 1);
+}
+
+TEST_F(LookupRun, ATextOnANumericKeyIsTheProvidersError) {
+  RunArguments a;
+  a.Value = Variant(u"15");
+  EXPECT_EQ(RunUnseen(a), u"");
+  const auto boxes = app.TakeBoxes();
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_EQ(boxes[0].Title, u"Erro: 3001 - Função: mdlObjTxt.VerBrowse");
+  EXPECT_THAT(desktop->Shown(), IsEmpty());
+}
+
+// --- The answer
+// -----------------------------------------------------------------------------------
+
+TEST_F(LookupRun, GivesTheKeyOfTheChosenRow) {
+  RunArguments a;
+  EXPECT_EQ(Run(a,
+                [](memory::Dialog& shown) {
+                  shown.SelectRow(u"grdBrowse", 3);
+                  shown.Click(u"btnConfirmar");
+                }),
+            u"7");
+  EXPECT_TRUE(State().vntValorIrmao.IsEmpty());  // cleared, and set for a description only
+}
+
+TEST_F(LookupRun, ACancelGivesTheOldValue) {
+  const struct {
+    Variant Old;
+    StringView Result;
+  } cases[] = {{Variant(Long{15}), u"15"},
+               {Variant(), u""},
+               {Variant::Null(), u""},
+               {Variant(Long{99}), u"99"}};
+  for (const auto& c : cases) {
+    RunArguments a;
+    a.Value = c.Old;
+    EXPECT_EQ(Run(a, Leave), c.Result);
+  }
+  EXPECT_TRUE(State().vntValorIrmao.IsNull());
+}
+
+TEST_F(LookupRun, ClosingTheWindowIsACancel) {
+  RunArguments a;
+  a.Value = Variant(Long{15});
+  EXPECT_EQ(Run(a, [](memory::Dialog& shown) { shown.CloseWindow(); }), u"15");
+}
+
+TEST_F(LookupRun, ADescriptionLeavesItsKeyAsASqlLiteral) {
+  using namespace host;
+  const struct {
+    Long Type;
+    Variant Key;
+    Variant Literal;
+  } cases[] = {{type::Integer, Variant(Long{15}), Variant(Long{15})},
+               {type::Double, Variant(1.5), Variant(1.5)},
+               {type::VarWChar, Variant(u"B7"), Variant(u"'B7'")},
+               {type::VarWChar, Variant(u"D'A"), Variant(u"'D''A'")},
+               {type::VarWChar, Variant::Null(), Variant(u"''")}};
+  for (const auto& c : cases) {
+    rows = {{{u"nome"}, {u"codigo", c.Type}}, {{u"Ana", c.Key}}};
+    RunArguments a;
+    a.Tipo = TipoControle::Descricao;
+    a.Campo = u"nome";
+    a.CampoIrmao = u"codigo";
+    EXPECT_EQ(Run(a, Confirm), u"Ana");
+    EXPECT_TRUE(Same(State().vntValorIrmao, c.Literal));
+  }
+}
+
+TEST_F(LookupRun, ASiblingFieldThatIsNotAmongTheRowsIsReportedAndTheKeyComesBackAllTheSame) {
+  rows = NamesFirst();
+  RunArguments a;
+  a.Tipo = TipoControle::Descricao;
+  a.CampoIrmao = u"c.codigo";
+  EXPECT_EQ(Run(a, Confirm), u"Ana");
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(ErrorBox(HostError(errors::ItemNotFound), u"VerBrowse")));
+}
+
+// --- What goes wrong
+// ------------------------------------------------------------------------------
+
+TEST_F(LookupRun, AnEmptyTableShowsItsMessageAndNoList) {
+  const StringView standard = u"Não Existem Dados na Tabela Pesquisada, Favor Cadastrar";
+  const struct {
+    StringView Own;
+    StringView Shown;
+  } cases[] = {
+      {u"", standard}, {u"   ", standard}, {u"Cadastre as cidades", u"Cadastre as cidades"}};
+  rows.Cells.clear();
+  for (const auto& c : cases) {
+    RunArguments a;
+    a.Value = Variant(Long{15});
+    a.MsgBrowse = c.Own;
+    EXPECT_EQ(RunUnseen(a), u"");
+    EXPECT_THAT(app.TakeBoxes(),
+                ElementsAre(MessageBoxRecord{kOwner, String(c.Shown), host::box::Ok, u"Alerta!"}));
+  }
+  EXPECT_THAT(desktop->Shown(), IsEmpty());
+  EXPECT_EQ(box.Tag, u"");
+}
+
+TEST_F(LookupRun, ARefusedStatementIsShownWithNoOwnerSinceTheFormHasNoneYet) {
+  connection->FailNext(HostError(errors::ProviderError, u"relação não existe"));
+  RunArguments a;
+  EXPECT_EQ(RunUnseen(a), u"");
+  const String statement =
+      u"SELECT\r\n      codigo,\r\n       nome,\r\n       cidade \r\nFROM\r\n      clientes Where "
+      u"ativo = 1 And codigo Is Not Null  Order by 1";
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(MessageBoxRecord{0, u"relação não existe\r\r" + statement,
+                                           host::box::YesNo + host::box::Stop,
+                                           u"Copiar Para Área de Transferência ?"}));
+  EXPECT_EQ(desktop->Clipboard(), std::nullopt);
+  EXPECT_THAT(desktop->Shown(), IsEmpty());
+
+  connection->FailNext(HostError(errors::ProviderError, u"relação não existe"));
+  app.WillAnswer(host::answer::Yes);
+  EXPECT_EQ(RunUnseen(a), u"");
+  EXPECT_EQ(desktop->Clipboard(), statement);
+}
+
+TEST_F(LookupRun, AClosedConnectionIsToldTwice) {
+  connection->Close();
+  RunArguments a;
+  EXPECT_EQ(RunUnseen(a), u"");
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(MessageBoxRecord{0, u"Conexão ao banco foi encerrada. verifique",
+                                           host::box::Stop, u"Alerta!"},
+                          ErrorBox(HostError(errors::ObjectNotSet), u"VerBrowse")));
+}
+
+TEST_F(LookupRun, NoConnectionAtAllIsARefusedStatement) {
+  State().dbConexao = nullptr;
+  RunArguments a;
+  EXPECT_EQ(RunUnseen(a), u"");
+  const auto boxes = app.TakeBoxes();
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_EQ(boxes[0].Title, u"Copiar Para Área de Transferência ?");
+}
+
+TEST_F(LookupRun, AServerThatGoesWhileTheListIsOpenLosesTheChoiceAndTellsIt) {
+  RunArguments a;
+  a.Value = Variant(Long{15});
+  EXPECT_EQ(Run(a,
+                [&](memory::Dialog& shown) {
+                  connection->Close();
+                  Confirm(shown);
+                }),
+            u"");
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(ErrorBox(HostError(errors::ObjectClosed), u"VerBrowse")));
+}
+
+TEST_F(LookupRun, TheFormMayCloseUnderTheList) {
+  auto field = form->Add<memory::TsText>(u"txtCliente");
+  form->Show();
+  RunArguments a;
+  EXPECT_EQ(Run(a,
+                [&](memory::Dialog& shown) {
+                  form->Close();
+                  form = memory::Form::Create(u"frmOutro");
+                  field = nullptr;
+                  shown.SelectRow(u"grdBrowse", 2);
+                  Confirm(shown);
+                }),
+            u"15");
+}
+
+TEST_F(LookupRun, AThreadWithNoDesktopIsTold) {
+  auto* const kept = std::exchange(State().desktop, nullptr);
+  RunArguments a;
+  EXPECT_EQ(RunUnseen(a), u"");
+  State().desktop = kept;
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(ErrorBox(HostError(errors::ObjectNotSet), u"VerBrowse")));
+}
+
+// --- Search again
+// -----------------------------------------------------------------------------------
+
+TEST_F(LookupRun, AllRowsComeBackWithoutTheFilterOfTheOpening) {
+  AddSearch(1, u"Nome");
+  RunArguments a;
+  a.GroupBy = u"Group By codigo, nome, cidade";
+  Run(a, [](memory::Dialog& shown) {
+    shown.ClickMenu(u"barBrowse", 3);
+    Leave(shown);
+  });
+  EXPECT_THAT(connection->TakeStatements(),
+              ElementsAre(testing::_,
+                          u"Select codigo, nome, cidade From clientes Where ativo = 1 Group By "
+                          u"codigo, nome, cidade Order By 1"));
+}
+
+TEST_F(LookupRun, TheKeyComesFromTheRowsOfTheLastSearch) {
+  AddSearch(1, u"Nome");
+  RunArguments a;
+  EXPECT_EQ(Run(a,
+                [&](memory::Dialog& shown) {
+                  desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
+                    EXPECT_EQ(prompt.Caption(), u"Pesquisa Nome");
+                    prompt.Type(u"b");
+                    prompt.Click(u"btnOk");
+                  });
+                  rows = {{{u"codigo", host::type::Integer}, {u"nome"}}, {{Long{42}, u"beatriz"}}};
+                  shown.ClickMenu(u"barBrowse", 1);
+                  Confirm(shown);
+                }),
+            u"42");
+  EXPECT_EQ(connection->Statements().back(),
+            u"Select codigo, nome, cidade From clientes Where (clientes.nome ilike 'b%') And ativo "
+            u"= 1 Order by nome");
+}
+
+}  // namespace
+}  // namespace tessaria::test

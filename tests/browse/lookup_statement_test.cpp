@@ -1,0 +1,124 @@
+// The statement that opens a list.
+#include "tests/browse/run_fixture.h"
+
+namespace tessaria::test {
+namespace {
+
+using testing::ElementsAre;
+
+class LookupStatement : public RunTest {
+ protected:
+  /// A description whose box holds a text, of which the rest behind the caret was completed.
+  RunArguments Description(const String& text, Long typed) {
+    box.Text(text);
+    box.SelStart(typed);
+    box.SelLength(static_cast<Long>(text.size()) - typed);
+    RunArguments a;
+    a.Tipo = TipoControle::Descricao;
+    a.Campo = u"nome";
+    a.CampoIrmao = u"codigo";
+    a.CampoOutros = u"";
+    return a;
+  }
+  /// The statement of such a description, with its comparison.
+  static String Filtered(StringView comparison) {
+    return u"Select nome, codigo From clientes Where ativo = 1 And nome " + String(comparison) +
+           u" And nome Is Not Null  Order by 1";
+  }
+};
+
+TEST_F(LookupStatement, OfAKey) {
+  EXPECT_EQ(StatementOf({}),
+            u"Select codigo, nome, cidade From clientes Where ativo = 1 And codigo Is Not Null  "
+            u"Order by 1");
+}
+
+TEST_F(LookupStatement, OfADescriptionHoldsWhatWasTypedAndNotWhatWasCompleted) {
+  Dbms(kSqlServer);
+  EXPECT_EQ(StatementOf(Description(u"Maria", 2)),
+            u"Select nome, codigo From clientes Where ativo = 1 And nome Like 'Ma%' And nome Is "
+            u"Not Null  Order by 1");
+}
+
+TEST_F(LookupStatement, ComparesInTheDialect) {
+  const struct {
+    StringView Dbms;
+    StringView Condition;
+  } cases[] = {{kAccess, u"nome Like 'Ma%'"},
+               {u"MS Jet", u"nome Like 'Ma%'"},
+               {kSqlServer, u"nome Like 'Ma%'"},
+               {kPostgres, u"nome ilike 'Ma%'"},
+               {kUnknown, u"nome  'Ma%'"}};
+  for (const auto& c : cases) {
+    Dbms(c.Dbms);
+    auto a = Description(u"Maria", 2);
+    a.Where = u"";
+    EXPECT_EQ(StatementOf(a), u"Select nome, codigo From clientes Where " + String(c.Condition) +
+                                  u" And nome Is Not Null  Order by 1");
+  }
+}
+
+TEST_F(LookupStatement, ACaretAtTheStartTakesTheWholeText) {
+  EXPECT_EQ(StatementOf(Description(u"Maria", 0)), Filtered(u"ilike 'Maria%'"));
+}
+
+TEST_F(LookupStatement, DoublesApostrophesOfWhatWasTyped) {
+  EXPECT_EQ(StatementOf(Description(u"D'Av", 0)), Filtered(u"ilike 'D''Av%'"));
+}
+
+TEST_F(LookupStatement, ABlankBoxAndAKeyAreNotFiltered) {
+  auto a = Description(u"   ", 0);
+  EXPECT_EQ(StatementOf(a),
+            u"Select nome, codigo From clientes Where ativo = 1 And nome Is Not Null  Order by 1");
+  a = Description(u"15", 0);
+  a.Tipo = TipoControle::Browse;
+  EXPECT_EQ(StatementOf(a),
+            u"Select nome, codigo From clientes Where ativo = 1 And nome Is Not Null  Order by 1");
+}
+
+TEST_F(LookupStatement, TheAliasIsTakenOffForTheNotNullRuleOnly) {
+  auto a = Description(u"Ma", 0);
+  a.Campo = u"upper(nome) as n";
+  a.Where = u"";
+  EXPECT_EQ(StatementOf(a),
+            u"Select upper(nome) as n, codigo From clientes Where upper(nome) as n ilike 'Ma%' And "
+            u"upper(nome)  Is Not Null  Order by 1");
+}
+
+TEST_F(LookupStatement, PutsItsPiecesWhereTheyBelong) {
+  RunArguments a;
+  a.CampoIrmao = u"";
+  a.Where = u"";
+  EXPECT_EQ(StatementOf(a),
+            u"Select codigo, cidade From clientes Where codigo Is Not Null  Order by 1");
+  a.CampoOutros = u"";
+  a.GroupBy = u"Group By codigo";
+  EXPECT_EQ(StatementOf(a),
+            u"Select codigo From clientes Where codigo Is Not Null Group By codigo Order by 1");
+  a.LeftJoin = u"clientes Left Join cidades on clientes.cid = cidades.cod";
+  EXPECT_EQ(StatementOf(a),
+            u"Select codigo From clientes Left Join cidades on clientes.cid = cidades.cod Where "
+            u"codigo Is Not Null Group By codigo Order by 1");
+}
+
+TEST_F(LookupStatement, AsksTheFormForItsParameters) {
+  auto city = form->Add<memory::TsText>(u"txtCidade");
+  form->Show();
+  (*city)->Value(Variant(u"Assis"));
+  RunArguments a;
+  a.Where = u"cidade = '@txtCidade@'";
+  EXPECT_EQ(StatementOf(a),
+            u"Select codigo, nome, cidade From clientes Where cidade = 'Assis' And codigo Is Not "
+            u"Null  Order by 1");
+}
+
+TEST_F(LookupStatement, AnUnknownParameterIsReported) {
+  RunArguments a;
+  a.Where = u"cidade = @txtNada@";
+  EXPECT_EQ(RunUnseen(a), u"");
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(ErrorBox(HostError(errors::ControlNotFound), u"VerBrowse")));
+}
+
+}  // namespace
+}  // namespace tessaria::test

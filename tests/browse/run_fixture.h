@@ -1,0 +1,64 @@
+// One run of a lookup, argument by argument.
+#pragma once
+
+#include "browse/grid_form.h"
+#include "browse/lookup_run.h"
+#include "hosts/memory/text_box.h"
+#include "hosts/memory/ts_text.h"
+#include "tests/browse/browse_fixture.h"
+
+namespace tessaria::test {
+
+inline constexpr Long kOwner = 77;
+
+/// The arguments of a run; those of a key field, unless a test says otherwise.
+struct RunArguments {
+  float Top = 0;
+  float Left = 0;
+  Variant Value;
+  String Tabela = u"clientes";
+  String Campo = u"codigo";
+  String CampoIrmao = u"nome";
+  String CampoOutros = u"cidade";
+  String GroupBy;
+  String LeftJoin;
+  String Where = u"ativo = 1";
+  String Titulo;
+  TipoControle Tipo = TipoControle::Browse;
+  String MsgBrowse;
+};
+
+class RunTest : public BrowseTest {
+ protected:
+  ~RunTest() override { form->Close(); }
+
+  /// A list that the script works.
+  String Run(RunArguments& a, memory::ModalScript::Script script) {
+    desktop->WillShow(u"frmBrowse", std::move(script));
+    return RunUnseen(a);
+  }
+  /// A run that shows no list.
+  String RunUnseen(RunArguments& a) {
+    return mdlObjTxt::VerBrowse(a.Top, a.Left, box, a.Value, a.Tabela, a.Campo, a.CampoIrmao,
+                                a.CampoOutros, a.GroupBy, a.LeftJoin, a.Where, a.Titulo, a.Tipo,
+                                form, columns, searches, a.MsgBrowse, kOwner);
+  }
+  /// The statement that opens the list, which is left at once.
+  String StatementOf(RunArguments a) {
+    Run(a, Leave);
+    const auto statements = connection->TakeStatements();
+    return statements.empty() ? String() : statements.front();
+  }
+  static void Leave(memory::Dialog& shown) { shown.Click(u"btnVoltar"); }
+  static void Confirm(memory::Dialog& shown) { shown.Click(u"btnConfirmar"); }
+  void AddSearch(Long indice, const String& caption) {
+    searches->Add(indice, caption, u"nome", 8, 1, u"", 2000, 0, false, false, 0, 0, u"");
+  }
+
+  std::shared_ptr<memory::Form> form = memory::Form::Create(u"frmCadastro");
+  memory::TextBox box;
+  ListaColunas columns;
+  std::shared_ptr<Pesquisa> searches = std::make_shared<Pesquisa>();
+};
+
+}  // namespace tessaria::test

@@ -1,0 +1,192 @@
+// The statement of a search over the rows of a list.
+#include "browse/search_run.h"
+
+#include "tests/browse/browse_fixture.h"
+
+namespace tessaria::test {
+namespace {
+
+using mdlObjTxt::EntradaPesquisa;
+using memory::MessageBoxRecord;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr host::WidgetDescription kWidgets[] = {{u"grade", host::WidgetKind::DataGrid}};
+constexpr host::DialogDescription kGridOnly{u"frmGrade", u"", kWidgets};
+
+class SearchRun : public BrowseTest {
+ protected:
+  SearchRun() {
+    data = connection->Execute(u"Select * From antes");
+    grid.DataSource(data);
+    connection->TakeStatements();
+  }
+
+  static EntradaPesquisa Entry(const String& campo, Long like, const String& orderBy = u"") {
+    EntradaPesquisa entry;
+    entry.Tabela = u"clientes";
+    entry.Campo = campo;
+    entry.Tipo = 8;
+    entry.Like = like;
+    entry.Caption = campo;
+    entry.Width = 2000;
+    entry.OrderBy = orderBy;
+    return entry;
+  }
+  /// "" cancels a prompt.
+  void Search(const std::vector<EntradaPesquisa>& entries, const std::vector<String>& answers) {
+    for (const auto& answer : answers) {
+      desktop->WillShow(u"frmTsPesquisa", [answer](memory::Dialog& prompt) {
+        prompt.Type(answer);
+        prompt.Click(answer.empty() ? u"btnCancelar" : u"btnOk");
+      });
+    }
+    mdlObjTxt::ExecutaPesquisa(entries, campos, from, where, orderBy, groupBy, data, grid, 5);
+  }
+
+  String campos = u"codigo, nome";
+  String from = u"clientes";
+  String where = u"ativo = 1";
+  String orderBy;
+  String groupBy;
+  host::DialogPtr window = TheDesktop().MakeDialog(kGridOnly);
+  host::DataGrid& grid = window->Find<host::DataGrid>(u"grade");
+  host::RecordsetPtr data;
+};
+
+TEST_F(SearchRun, OrdersByTheFieldAsItIsWrittenInTheSearch) {
+  Search({Entry(u"nome", 1)}, {u"Ma"});
+  EXPECT_EQ(OnlyStatement(),
+            u"Select codigo, nome From clientes Where (clientes.nome ilike 'Ma%') And ativo = 1 "
+            u"Order by nome");
+  // Written with its table, the field has it in the order too.
+  Search({Entry(u"clientes.nome", 1)}, {u"Ma"});
+  EXPECT_EQ(OnlyStatement(),
+            u"Select codigo, nome From clientes Where (clientes.nome ilike 'Ma%') And ativo = 1 "
+            u"Order by clientes.nome");
+}
+
+TEST_F(SearchRun, SpeaksEachDialect) {
+  const struct {
+    StringView Dbms, Keyword;
+  } cases[] = {{kAccess, u"Like"}, {kSqlServer, u"Like"}, {kPostgres, u"ilike"}, {kUnknown, u""}};
+  for (const auto& c : cases) {
+    Dbms(c.Dbms);
+    Search({Entry(u"nome", 1)}, {u"Ma"});
+    EXPECT_EQ(OnlyStatement(), u"Select codigo, nome From clientes Where (clientes.nome " +
+                                   String(c.Keyword) + u" 'Ma%') And ativo = 1 Order by nome");
+  }
+}
+
+TEST_F(SearchRun, PutsItsPiecesWhereTheyBelong) {
+  where = u"";
+  groupBy = u"Group By codigo, nome";
+  Search({Entry(u"nome", 0)}, {u"Ana"});
+  EXPECT_EQ(OnlyStatement(),
+            u"Select codigo, nome From clientes Where (clientes.nome = 'Ana') Group By codigo, "
+            u"nome Order by nome");
+  orderBy = u"2, 1";
+  Search({Entry(u"nome", 0)}, {u"Ana"});
+  EXPECT_EQ(OnlyStatement(),
+            u"Select codigo, nome From clientes Where (clientes.nome = 'Ana') Group By codigo, "
+            u"nome Order by 2, 1");
+  Search({Entry(u"nome", 0, u"cidade")}, {u"Ana"});
+  EXPECT_EQ(OnlyStatement(),
+            u"Select codigo, nome From clientes Where (clientes.nome = 'Ana') Group By codigo, "
+            u"nome Order by cidade");
+}
+
+TEST_F(SearchRun, JoinsItsConditionsAndTakesTheRestOfTheLastEntry) {
+  from = u"";
+  campos = u"";
+  auto first = Entry(u"a", 0, u"x");
+  first.Tabela = u"um";
+  auto second = Entry(u"b", 1);
+  second.Tabela = u"dois";
+  Search({first, second}, {u"1", u"x"});
+  EXPECT_EQ(OnlyStatement(),
+            u"Select * From dois Where (um.a = '1' And dois.b ilike 'x%') And ativo = 1 Order by "
+            u"b");
+  EXPECT_EQ(campos, u"*");
+  EXPECT_EQ(from, u"dois");
+}
+
+TEST_F(SearchRun, ShowsTheRowsThatItFound) {
+  rows = NamesFirst();
+  Search({Entry(u"nome", 1)}, {u"b"});
+  EXPECT_EQ(grid.DataSource(), data);
+  EXPECT_EQ(data->RecordCount(), 5);
+  EXPECT_EQ(grid.Column(0).DataField(), u"nome");
+}
+
+TEST_F(SearchRun, WithNoEntryNothingHappens) {
+  Search({}, {});
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+  EXPECT_EQ(grid.DataSource(), data);
+}
+
+TEST_F(SearchRun, ACancelOfTheSecondPromptDiscardsTheFirstAnswerToo) {
+  const auto before = data;
+  campos = u"";
+  Search({Entry(u"a", 0), Entry(u"b", 0), Entry(u"c", 0)}, {u"1", u""});
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+  EXPECT_EQ(grid.DataSource(), before);
+  EXPECT_EQ(campos, u"");
+}
+
+TEST_F(SearchRun, AConditionThatCouldNotBeWrittenIsLeftEmpty) {
+  Search({Entry(u"a", 9), Entry(u"b", 0)}, {u"1", u"2"});
+  EXPECT_EQ(OnlyStatement(),
+            u"Select codigo, nome From clientes Where (clientes.b = '2') And ativo = 1 Order by b");
+  Search({Entry(u"a", 0), Entry(u"b", 9)}, {u"1", u"2"});
+  EXPECT_EQ(OnlyStatement(),
+            u"Select codigo, nome From clientes Where (clientes.a = '1' And ) And ativo = 1 Order "
+            u"by b");
+}
+
+TEST_F(SearchRun, ARefusedStatementIsOfferedAndTheGridIsLeftEmpty) {
+  const auto before = data;
+  const String laidOut =
+      u"SELECT\r\n      codigo,\r\n       nome \r\nFROM\r\n      clientes Where (clientes.nome = "
+      u"'Ana') And ativo = 1 Order by nome";
+  const MessageBoxRecord box{5, u"coluna não existe\r\r" + laidOut,
+                             host::box::YesNo + host::box::Exclamation,
+                             u"Deseja Copiar para Área de Transferencia ?"};
+  connection->FailNext(HostError(errors::ProviderError, u"coluna não existe"));
+  Search({Entry(u"nome", 0)}, {u"Ana"});
+  EXPECT_THAT(app.TakeBoxes(), ElementsAre(box));
+  EXPECT_EQ(desktop->Clipboard(), std::nullopt);
+  EXPECT_EQ(grid.DataSource(), nullptr);
+  EXPECT_EQ(data, before);
+  EXPECT_EQ(Err().Number, 0);
+
+  connection->FailNext(HostError(errors::ProviderError, u"coluna não existe"));
+  app.WillAnswer(host::answer::Yes);
+  Search({Entry(u"nome", 0)}, {u"Ana"});
+  EXPECT_EQ(desktop->Clipboard(), laidOut);
+}
+
+TEST_F(SearchRun, EventsArePumpedOnceAheadOfTheBox) {
+  connection->FailNext(HostError(errors::ProviderError, u"recusado"));
+  std::vector<std::string> order;
+  desktop->WillShow(u"frmTsPesquisa", [&](memory::Dialog& prompt) {
+    prompt.Type(u"x");
+    prompt.Click(u"btnOk");
+    app.OnDoEvents = [&] { order.push_back("pump"); };
+    app.OnMessageBox = [&](const MessageBoxRecord&) { order.push_back("box"); };
+  });
+  Search({Entry(u"nome", 0)}, {});
+  EXPECT_THAT(order, ElementsAre("pump", "box"));
+}
+
+TEST_F(SearchRun, AConnectionThatWentIsARefusal) {
+  connection->Close();
+  Search({Entry(u"nome", 0)}, {u"Ana"});
+  const auto boxes = app.TakeBoxes();
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_EQ(boxes[0].Title, u"Deseja Copiar para Área de Transferencia ?");
+  EXPECT_EQ(grid.DataSource(), nullptr);
+}
+
+}  // namespace
+}  // namespace tessaria::test
