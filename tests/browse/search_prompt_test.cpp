@@ -112,7 +112,8 @@ TEST_F(SearchPrompt, TakesTheSettingsOfTheSearch) {
 }
 
 TEST_F(SearchPrompt, AMaxLengthOfZeroIsNotSet) {
-  const tsText& fresh = **memory::Form::Create(u"f")->Add<memory::TsText>(u"t");
+  const auto form = memory::Form::Create(u"frmCadastro");
+  const tsText& fresh = **form->Add<memory::TsText>(u"txtNovo");
   Look({}, [&](memory::Dialog&, tsText& edit) { EXPECT_EQ(edit.MaxLength(), fresh.MaxLength()); });
 }
 
