@@ -162,7 +162,8 @@ void tsText::AchaObjetos() {
   // A record set that is not there yet is opened; an error after that is the caller's.
   Catch(
       [&] {
-        if (control->RecordSet()->State() == host::state::Closed) control->Refresh();
+        const auto rows = control->RecordSet();
+        if (!rows || rows->State() == host::state::Closed) control->Refresh();
         CacheFieldOrdinal(*control);
       },
       [&] {
@@ -172,7 +173,9 @@ void tsText::AchaObjetos() {
 }
 
 void tsText::CacheFieldOrdinal(host::DataControl& control) {
-  const auto& fields = control.RecordSet()->Fields();
+  const auto rows = control.RecordSet();
+  if (!rows) throw HostError(errors::ObjectNotSet);
+  const auto& fields = rows->Fields();
   if (CacheHolds(fields, m_.PosDataField, m_.DataField)) return;
   const Long ordinal = OrdinalOf(fields, m_.DataField);
   if (ordinal != notFound) PosDataField(CStr(Variant(ordinal)));

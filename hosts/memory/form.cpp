@@ -208,7 +208,10 @@ void Form::Type(StringView text) {
 void Form::Press(Key key, Integer shift) {
   if (closed_) return;
   const Event event(*this);
-  if (key == Key::Tab) return MoveByTab((shift & modifier::Shift) != 0);
+  if (key == Key::Tab) {
+    MoveByTab((shift & modifier::Shift) != 0);
+    return ReleaseKey(StrokeOf(key, shift));
+  }
   const auto isDefault = [](const Part& part) {
     const auto* button = dynamic_cast<const Button*>(&part);
     return button != nullptr && button->Default && button->TakesFocus();
@@ -235,7 +238,11 @@ void Form::Stroke(const memory::Stroke& stroke) {
   if (closed_) return;
   const Event event(*this);
   if (const auto target = active_) RunEvent([&] { target->Hold(stroke); });
-  // The release goes to whatever has the focus by then.
+  ReleaseKey(stroke);
+}
+
+/// The release goes to whatever has the focus by then: that of a Tab to the control it led to.
+void Form::ReleaseKey(const memory::Stroke& stroke) {
   if (const auto target = active_) RunEvent([&] { target->Release(stroke); });
 }
 

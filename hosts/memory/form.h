@@ -94,6 +94,7 @@ class Form final : public host::Form, public std::enable_shared_from_this<Form> 
   PartPtr Find(const String& name) const;
   PartPtr Require(const String& name) const;
   void Stroke(const memory::Stroke& stroke);
+  void ReleaseKey(const memory::Stroke& stroke);
   void MoveByTab(bool backwards);
   bool PressButton(bool(IsWanted)(const Part&));
   void ClickPart(const PartPtr& part);
