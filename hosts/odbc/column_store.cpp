@@ -50,8 +50,18 @@ char* Encode(char32_t c, char* out) {
   return out;
 }
 
+bool IsAscii(std::u16string_view text) {
+  unsigned bits = 0;
+  for (const char16_t unit : text) bits |= unit;
+  return bits < 0x80;
+}
+
 void AppendUtf8(std::vector<char>& bytes, std::u16string_view text) {
   const std::size_t before = bytes.size();
+  if (IsAscii(text)) {
+    bytes.insert(bytes.end(), text.begin(), text.end());
+    return;
+  }
   bytes.resize(before + 3 * text.size());  // three bytes a unit is the most there can be
   char* out = bytes.data() + before;
   for (std::size_t i = 0; i < text.size(); ++i) {
