@@ -105,8 +105,8 @@ void Adodc::openAtFirstShow() {
 }
 
 bool Adodc::refresh() {
-  if (!settleField()) return false;
   const QPointer<Adodc> self(this);
+  if (!settleField() || !mayLeaveRow()) return false;
   if (!guarded(this, [this] { open(); }) || !self) return false;
   loadRow();
   if (self) emit moved();
@@ -122,9 +122,17 @@ bool Adodc::settleField() {
   return settle(this) && self;
 }
 
-bool Adodc::run(const Work& work, void (Adodc::*done)()) {
-  if (!settleField()) return false;
+bool Adodc::mayLeaveRow() {
+  if (!isEditPending()) return true;
   const QPointer<Adodc> self(this);
+  bool refused = false;
+  emit leavingRow(refused);
+  return self && !refused;
+}
+
+bool Adodc::run(const Work& work, void (Adodc::*done)()) {
+  const QPointer<Adodc> self(this);
+  if (!settleField() || !mayLeaveRow()) return false;
   if (!guarded(this, [&] { work(require(recordSet_)); }) || !self) return false;
   loadRow();
   if (self) emit(this->*done)();
@@ -163,6 +171,21 @@ bool Adodc::moveLast() {
         if (hasRow(rows)) rows.MoveLast();
       },
       &Adodc::moved);
+}
+
+bool Adodc::findRow(const QString& criteria) {
+  bool found = false;
+  return run(
+             [&](host::Recordset& rows) {
+               if (!hasRow(rows)) return;
+               const Long before = rows.AbsolutePosition();
+               rows.MoveFirst();
+               rows.Find(fromQt(criteria));
+               found = !rows.Eof();
+               if (!found) rows.AbsolutePosition(before);
+             },
+             &Adodc::moved) &&
+         found;
 }
 
 bool Adodc::isEditPending() const {

@@ -69,6 +69,9 @@ class Adodc final : public QWidget, public ErrorListener {
   bool movePrevious();
   bool moveNext();
   bool moveLast();
+  /// To the first row that matches, as `Recordset::Find` reads it. False when there is none; the
+  /// rows then stay where they are.
+  bool findRow(const QString& criteria);
   /// Starts a new row.
   bool addRow();
   /// Writes the pending edit.
@@ -82,6 +85,9 @@ class Adodc final : public QWidget, public ErrorListener {
   void refreshForm();
 
  signals:
+  /// The pending edit is about to be written, because the row is left or saved. A handler may
+  /// write it itself, or set `refused` to keep the row where it is.
+  void leavingRow(bool& refused);
   void moved();
   void rowAdded();
   void rowSaved();
@@ -94,6 +100,7 @@ class Adodc final : public QWidget, public ErrorListener {
   using Work = std::function<void(host::Recordset&)>;
   bool run(const Work& work, void (Adodc::*done)());
   bool settleField();
+  bool mayLeaveRow();
   void loadRow();
   void showPosition();
   QToolButton* addButton(int icon, const QString& name, bool (Adodc::*move)());

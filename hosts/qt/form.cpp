@@ -82,7 +82,7 @@ class SurfacePort final : public WidgetPort<host::TsTextWidget, TsText> {
 class FormPort final : public WidgetPort<host::Form> {
  public:
   using WidgetPort::WidgetPort;
-  bool Visible() const override { return widget().isVisible(); }
+  bool Visible() const override { return !isGone() && widget().isVisible(); }
   host::WidgetPtr Controls(const String& name) const override {
     for (QWidget* control : controlsOf(&widget()))
       if (EqualNoCase(nameOf(*control), name)) return makeWidget(*control);

@@ -1,9 +1,7 @@
 #include "hosts/qt/line_edit.h"
 
-#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <algorithm>
 #include <limits>
 
@@ -43,37 +41,32 @@ bool bypassesMask(const QKeyEvent& event) {
   });
 }
 
-class Counted {
- public:
-  explicit Counted(QPointer<LineEdit> owner, int& counter) : owner_(owner), counter_(counter) {
-    ++counter_;
-  }
-  Counted(const Counted&) = delete;
-  Counted& operator=(const Counted&) = delete;
-  ~Counted() {
-    if (owner_) --counter_;
-  }
-
- private:
-  QPointer<LineEdit> owner_;
-  int& counter_;
-};
-
 }  // namespace
+
+/// Who changes the text.
+enum class LineEdit::By { Handlers, Qt };
 
 class LineEdit::Work {
  public:
-  explicit Work(LineEdit* edit) : edit_(edit) { ++edit->working_; }
+  Work(LineEdit* edit, By by) : edit_(edit), byHandlers_(by == By::Handlers) {
+    ++edit->working_;
+    if (byHandlers_) ++edit->typing_;
+  }
   Work(const Work&) = delete;
   Work& operator=(const Work&) = delete;
   ~Work() {
     if (!edit_) return;
     --edit_->working_;
+    if (byHandlers_) {
+      --edit_->typing_;
+      edit_->trusted_ = true;
+    }
     edit_->flush();
   }
 
  private:
   QPointer<LineEdit> edit_;
+  const bool byHandlers_;
 };
 
 LineEdit::LineEdit(QWidget* parent) : QLineEdit(parent) {
@@ -88,15 +81,14 @@ MaskInUse LineEdit::maskInUse() const { return events_ ? events_->maskInUse() : 
 // ---------------------------------------------------------------------------
 
 void LineEdit::assignText(const QString& text) {
-  const Work work(this);
+  const Work work(this, By::Handlers);
   const QString cut = limit_ > 0 ? text.left(limit_) : text;
   if (cut != this->text()) setText(cut);
   setSelStart(0);
 }
 
 void LineEdit::replaceSelection(const QString& text) {
-  const Work work(this);
-  const Counted typing(this, typing_);
+  const Work work(this, By::Handlers);
   insert(text);
 }
 
@@ -126,7 +118,7 @@ void LineEdit::fitLimit() {
   const int wanted =
       limit_ == 0 ? std::numeric_limits<int>::max() : std::max(limit_, int(text().size()));
   if (wanted == maxLength()) return;
-  const Work work(this);
+  const Work work(this, By::Handlers);
   const int start = selStart();
   const int length = selLength();
   setMaxLength(wanted);
@@ -137,27 +129,31 @@ void LineEdit::fitLimit() {
 // --- Changes
 // --------------------------------------------------------------------------------------
 
-/// The operator changed the text. Only the handlers' way leads into a masked text.
+/// The operator changed the text by Qt's own means.
 void LineEdit::edited() {
-  if (typing_ > 0) return;
-  if (maskInUse().isEmpty()) {
-    withoutKey_ = true;
-    return;
-  }
+  if (typing_ == 0 && maskInUse().isEmpty()) withoutKey_ = true;
+  flush();
+}
+
+/// Only the handlers' way leads into a masked text: anything else is taken back.
+bool LineEdit::takesBackForeignText() {
+  const bool trusted = std::exchange(trusted_, false);
+  if (trusted || text() == known_ || maskInUse().isEmpty()) return false;
   const int caret = std::min(cursorPosition(), int(known_.size()));
   setText(known_);
   setCursorPosition(caret);
+  return true;
 }
 
 void LineEdit::flush() {
-  if (working_ > 0) return;
-  const bool withoutKey = std::exchange(withoutKey_, false);
-  fitLimit();
-  if (text() == known_) return;
-  known_ = text();
+  if (working_ > 0 || takesBackForeignText()) return;
   const QPointer<LineEdit> self(this);
-  if (events_) events_->changed();
-  if (self && withoutKey) reportTextWithoutKey();
+  fitLimit();
+  if (text() != known_) {
+    known_ = text();
+    if (events_) events_->changed();
+  }
+  if (self && std::exchange(withoutKey_, false)) reportTextWithoutKey();
 }
 
 void LineEdit::reportTextWithoutKey() {
@@ -179,6 +175,10 @@ bool LineEdit::event(QEvent* event) {
       if (!isEnabled()) break;
       handleKeyRelease(static_cast<QKeyEvent*>(event));
       return true;
+    case QEvent::Drop:
+    case QEvent::MouseButtonRelease:
+      if (takesMaskedText(event)) return true;
+      break;
     case QEvent::InputMethod:
       if (!isEnabled()) break;
       handleInputMethod(static_cast<QInputMethodEvent*>(event));
@@ -186,7 +186,7 @@ bool LineEdit::event(QEvent* event) {
     default:
       break;
   }
-  const Work work(this);
+  const Work work(this, By::Qt);
   return QLineEdit::event(event);
 }
 
@@ -213,8 +213,7 @@ void LineEdit::pressCharacters(QKeyEvent* event, const QStringList& units) {
     if (!self) return event->accept();
     takenBySurface = fate == KeyFate::TakenBySurface;
     if (fate != KeyFate::LeftAlone) continue;
-    const Work work(this);  // ends the round: the change may destroy the edit
-    const Counted typing(this, typing_);
+    const Work work(this, By::Handlers);  // told at its end: that may destroy the edit
     if (typed == unit && units.size() == 1)
       QLineEdit::keyPressEvent(event);
     else
@@ -230,8 +229,7 @@ void LineEdit::pressCharacters(QKeyEvent* event, const QStringList& units) {
 
 void LineEdit::editCommand(QKeyEvent* event) {
   if (!maskInUse().isEmpty() && bypassesMask(*event)) return event->accept();
-  const Work work(this);
-  const Counted typing(this, typing_);
+  const Work work(this, By::Handlers);
   QLineEdit::keyPressEvent(event);
 }
 
@@ -270,8 +268,7 @@ bool LineEdit::typeCharacter(const QString& unit) {
   const KeyFate fate = askKeyPress(unit, typed);
   if (!self || fate != KeyFate::LeftAlone) return self;
   {
-    const Work work(this);
-    const Counted typing(this, typing_);
+    const Work work(this, By::Handlers);
     insertTyped(typed);
   }
   return self;
@@ -289,8 +286,7 @@ bool LineEdit::typeDelete() {
   const KeyFate fate = events_ ? events_->keyDown(46, 0) : KeyFate::LeftAlone;
   if (!self || fate != KeyFate::LeftAlone) return self;
   {
-    const Work work(this);
-    const Counted typing(this, typing_);
+    const Work work(this, By::Handlers);
     del();
   }
   return self;
@@ -307,8 +303,7 @@ void LineEdit::handleInputMethod(QInputMethodEvent* event) {
   if (commit.isEmpty()) {
     // A pre-edit would take the selection out of a mask's slots.
     if (!masked) {
-      const Work work(this);
-      const Counted typing(this, typing_);
+      const Work work(this, By::Handlers);
       QLineEdit::inputMethodEvent(event);
     }
     return;
@@ -325,8 +320,7 @@ void LineEdit::handleInputMethod(QInputMethodEvent* event) {
     if (fate == KeyFate::LeftAlone) left += typed;
   }
   if (!masked) {
-    const Work work(this);
-    const Counted typing(this, typing_);
+    const Work work(this, By::Handlers);
     QInputMethodEvent passed(event->preeditString(), event->attributes());
     passed.setCommitString(left, event->replacementStart(), event->replacementLength());
     QLineEdit::inputMethodEvent(&passed);

@@ -7,9 +7,7 @@
 
 #include "tessaria/string.h"
 
-class QDropEvent;
 class QInputMethodEvent;
-class QMouseEvent;
 
 namespace tessaria::qt {
 
@@ -86,11 +84,10 @@ class LineEdit final : public QLineEdit {
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
-  void dropEvent(QDropEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
  private:
+  enum class By;
   class Work;  // a stretch in which changes are kept back
 
   void handleKeyPress(QKeyEvent* event);
@@ -100,6 +97,8 @@ class LineEdit final : public QLineEdit {
   void editCommand(QKeyEvent* event);
   KeyFate askKeyPress(const QString& unit, QString& typed);
   void insertTyped(const QString& typed);
+  bool takesMaskedText(QEvent* event);
+  bool takesBackForeignText();
   void edited();
   void flush();
   void fitLimit();
@@ -108,8 +107,9 @@ class LineEdit final : public QLineEdit {
   QSet<Integer> held_;  ///< keys whose release is awaited
   QString known_;       ///< the text as last told
   int limit_ = 0;
-  int working_ = 0;  ///< depth of `Work`
-  int typing_ = 0;   ///< depth of edits whose text went through the handlers
+  int working_ = 0;       ///< depth of `Work`
+  int typing_ = 0;        ///< depth of `Work` whose text went through the handlers
+  bool trusted_ = false;  ///< the text not told yet came that way
   bool withoutKey_ = false;
 };
 

@@ -73,23 +73,28 @@ void LineEdit::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
 }
 
-void LineEdit::dropEvent(QDropEvent* event) {
-  if (maskInUse().isEmpty()) return QLineEdit::dropEvent(event);
-  const QString text = event->mimeData()->text();
-  // A move would take the text out of its source, be it this very edit.
-  event->setDropAction(Qt::CopyAction);
+/// A drop or the middle mouse button on a masked edit.
+bool LineEdit::takesMaskedText(QEvent* event) {
+  if (maskInUse().isEmpty()) return false;
+  QPoint point;
+  QString text;
+  if (event->type() == QEvent::Drop) {
+    auto* drop = static_cast<QDropEvent*>(event);
+    // A move would take the text out of its source, be it this very edit.
+    drop->setDropAction(Qt::CopyAction);
+    point = drop->position().toPoint();
+    text = drop->mimeData()->text();
+  } else {
+    const auto* release = static_cast<QMouseEvent*>(event);
+    if (release->button() != Qt::MiddleButton || !QApplication::clipboard()->supportsSelection())
+      return false;
+    point = release->position().toPoint();
+    text = QApplication::clipboard()->text(QClipboard::Selection);
+  }
   event->accept();
-  setSelStart(cursorPositionAt(event->position().toPoint()));
+  setSelStart(cursorPositionAt(point));
   pasteThroughMask(*this, text);
-}
-
-void LineEdit::mouseReleaseEvent(QMouseEvent* event) {
-  const bool pastes = event->button() == Qt::MiddleButton && !maskInUse().isEmpty() &&
-                      QApplication::clipboard()->supportsSelection();
-  if (!pastes) return QLineEdit::mouseReleaseEvent(event);
-  event->accept();
-  setSelStart(cursorPositionAt(event->position().toPoint()));
-  pasteThroughMask(*this, QApplication::clipboard()->text(QClipboard::Selection));
+  return true;
 }
 
 }  // namespace tessaria::qt

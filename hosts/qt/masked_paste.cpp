@@ -92,7 +92,7 @@ class SlotPaste {
 /// decimal mark only when the text has no comma and its groups are not of three digits.
 QString typedNumber(QString text, const String& literals) {
   for (char16_t c : literals)
-    if (c != u'-' && c != u'+') text.remove(QChar(c));
+    if (StringView(u".,+-").find(c) == StringView::npos) text.remove(QChar(c));
   static const QRegularExpression grouped(QStringLiteral("^[^0-9]*[0-9]{1,3}(\\.[0-9]{3})+$"));
   if (text.contains(QLatin1Char(',')) || grouped.match(text).hasMatch())
     text.remove(QLatin1Char('.'));

@@ -36,8 +36,10 @@ Variant fromWhole(qlonglong number) {
 
 Variant fromOther(const QVariant& value) {
   if (value.metaType() == QMetaType::fromType<ObjectPtr>()) return value.value<ObjectPtr>();
-  if (value.metaType() == QMetaType::fromType<host::ConnectionPtr>())
-    return value.value<host::ConnectionPtr>();
+  if (value.metaType() == QMetaType::fromType<host::ConnectionPtr>()) {
+    const auto connection = value.value<host::ConnectionPtr>();
+    return connection ? Variant(connection) : Variant();  // a form that has none yet
+  }
   if (value.metaType().flags() & QMetaType::IsEnumeration) return fromWhole(value.toLongLong());
   if (!value.canConvert<QString>()) throw HostError(errors::TypeMismatch);
   return fromQt(value.toString());

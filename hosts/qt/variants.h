@@ -13,7 +13,8 @@ namespace tessaria::qt {
 QVariant toQVariant(const Variant& value);
 
 /// The way back. A whole number is a Long when it fits, a colour is its number, a font a
-/// `host::Font`, and an enumeration its number. Error 13 for a kind that has no like.
+/// `host::Font`, an enumeration its number, and no connection is Empty. Error 13 for a kind that
+/// has no like.
 Variant toVariant(const QVariant& value);
 
 }  // namespace tessaria::qt

@@ -31,6 +31,7 @@ struct TypeRow {
 constexpr TypeRow kTypes[] = {
     {is<TsText>, u"tsText"},
     {is<Adodc>, u"Adodc"},
+    {[](const QWidget& w) { return isForm(&w); }, u"Form"},
     {is<QLabel>, u"Label"},
     {is<QTabWidget>, u"SSTab"},
     {is<QCheckBox>, u"CheckBox"},
@@ -39,7 +40,6 @@ constexpr TypeRow kTypes[] = {
     {is<QLineEdit>, u"TextBox"},
     {is<QComboBox>, u"ComboBox"},
     {is<QGroupBox>, u"Frame"},
-    {[](const QWidget& w) { return isForm(&w); }, u"Form"},
 };
 
 }  // namespace

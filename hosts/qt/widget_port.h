@@ -35,6 +35,7 @@ class WidgetPort : public Port {
   void Let(const String& property, const Variant& value) override;
 
  protected:
+  bool isGone() const { return !widget_; }
   Qt& widget() const {
     if (!widget_) throw HostError(errors::ObjectNotSet);
     return *widget_;

@@ -1,6 +1,12 @@
 #include "hosts/qt/widget_tree.h"
 
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QCalendarWidget>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QStackedWidget>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include "hosts/qt/adodc.h"
@@ -13,9 +19,15 @@ bool isInternalName(const QString& name) {
   return name.isEmpty() || name.startsWith(QLatin1String("qt_"));
 }
 
-/// A control of ours, whose children are its own affair.
+template <class... Classes>
+bool isAnyOf(const QWidget* widget) {
+  return (qobject_cast<const Classes*>(widget) || ...);
+}
+
+/// A control whose children are its own affair.
 bool isClosed(const QWidget* widget) {
-  return qobject_cast<const TsText*>(widget) || qobject_cast<const Adodc*>(widget);
+  return isAnyOf<TsText, Adodc, QAbstractItemView, QAbstractSpinBox, QCalendarWidget, QComboBox,
+                 QLineEdit, QTabBar>(widget);
 }
 
 QTabWidget* tabsOfPage(const QWidget* page) {
@@ -60,8 +72,8 @@ bool isControl(const QWidget* widget) { return !isInternalName(widget->objectNam
 
 QWidget* controlOf(QWidget* widget) {
   QWidget* control = widget;
-  for (QWidget* w = widget; w && !isForm(w); w = w->parentWidget())
-    if (isClosed(w)) return w;
+  for (QWidget* w = widget; !isForm(w); w = w->parentWidget())
+    if (isClosed(w) && isControl(w)) control = w;
   while (!isForm(control) && !isControl(control)) control = control->parentWidget();
   return control;
 }

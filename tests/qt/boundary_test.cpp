@@ -1,0 +1,201 @@
+// No exception leaves the host, and controls survive what their handlers do.
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <stdexcept>
+
+#include "control/tstext.h"
+#include "hosts/qt/event_boundary.h"
+#include "hosts/qt/form.h"
+#include "hosts/qt/text.h"
+#include "tessaria/host/application.h"
+#include "tessaria/thread_state.h"
+#include "tests/qt/field_fixture.h"
+
+namespace tessaria::qt::tests {
+namespace {
+
+class Boundary : public FieldFixture {
+ protected:
+  Boundary() {
+    QObject::connect(first_, &TsText::unhandledError, [this](int number, const QString& text) {
+      errors_ << QStringLiteral("%1 %2").arg(number).arg(text);
+    });
+  }
+  QStringList errors_;
+};
+
+TEST_F(Boundary, ARunTimeErrorOfAHandlerIsShownAndTheProgramGoesOn) {
+  QObject::connect(first_, &TsText::keyPress,
+                   [](qint16&) { throw HostError(errors::InvalidArgument); });
+  show();
+  type(*window_, QStringLiteral("ab"));
+  EXPECT_EQ(first_->text(), QStringLiteral("ab"));
+  ASSERT_EQ(errors_.size(), 2);
+  EXPECT_TRUE(errors_[0].startsWith(QStringLiteral("5 ")));
+  ASSERT_EQ(boxes_.boxes().size(), 2u);
+  EXPECT_EQ(boxes_.boxes()[0].title, QStringLiteral("Erro: 5"));
+  EXPECT_EQ(boxes_.boxes()[0].owner, QStringLiteral("frmTeste"));
+}
+
+TEST_F(Boundary, AnExceptionOfAnotherKindIsShownToo) {
+  QObject::connect(first_, &TsText::changed, [] { throw std::runtime_error("nada feito"); });
+  show();
+  first_->setText(QStringLiteral("x"));
+  EXPECT_EQ(errors_, QStringList({"51 nada feito"}));
+  EXPECT_EQ(boxes_.takeTexts(), QStringList({"nada feito"}));
+  EXPECT_EQ(first_->text(), QStringLiteral("x"));
+}
+
+TEST_F(Boundary, AWrongTypeAssignedIsShown) {
+  show();
+  first_->setBrowse(QVariant(5));
+  ASSERT_EQ(errors_.size(), 1);
+  first_->setPesquisa(QStringLiteral("x"));
+  EXPECT_EQ(errors_.size(), 2);
+}
+
+TEST_F(Boundary, AValueThatCannotBeConvertedShowsTheControlsOwnBox) {
+  first_->setTipoDado(5);
+  show();
+  first_->setValue(QStringLiteral("abc"));
+  ASSERT_EQ(boxes_.boxes().size(), 1u);
+  EXPECT_EQ(boxes_.boxes()[0].title, QStringLiteral("Erro ao Atualizar o Campo"));
+  EXPECT_EQ(errors_, QStringList());
+}
+
+TEST_F(Boundary, AnErrorInAHandlerOfTheExitIsReportedByTheControl) {
+  QObject::connect(first_, &TsText::browseReturn, [] { throw HostError(errors::Overflow); });
+  show();
+  leave();
+  ASSERT_EQ(boxes_.boxes().size(), 1u);
+  EXPECT_EQ(boxes_.boxes()[0].title,
+            QStringLiteral("Erro: 6 - Função: tsText.UserControl_ExitFocus"));
+  EXPECT_EQ(focusedField(), second_);
+}
+
+TEST_F(Boundary, BoxesHavePortugueseButtonsAndTheirOwner) {
+  show();
+  boxes_.willPress(QStringLiteral("Não"));
+  auto& program = *State().application;
+  const Long answer =
+      program.ShowMessageBox(first_->hWnd(), u"Apagar <tudo>?\rSim?", 52, u"Alerta!");
+  EXPECT_EQ(answer, 7);
+  boxes_.willPress(QStringLiteral("Sim"));
+  EXPECT_EQ(program.ShowMessageBox(first_->hWnd(), u"E agora?", 4, u"Alerta!"), 6);
+  EXPECT_EQ(program.ShowMessageBox(0, u"Pronto", 48, u"Alerta!"), 1);
+  EXPECT_EQ(boxes_.boxes()[0].buttons, QStringList({"Sim", "Não"}));
+  EXPECT_EQ(boxes_.boxes()[0].owner, QStringLiteral("frmTeste"));
+  EXPECT_EQ(boxes_.boxes()[2].buttons, QStringList({"OK"}));
+}
+
+TEST_F(Boundary, ClosingAYesNoBoxIsANo) {
+  show();
+  boxes_.whileOpen = [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); };
+  EXPECT_EQ(State().application->ShowMessageBox(0, u"?", 4, u"Alerta!"), 7);
+}
+
+// --- What handlers do to their own control
+// ----------------------------------------------------------
+
+using Destroy = void (*)(TsText*, std::function<void()>);
+struct Event {
+  const char* name;
+  Destroy connectTo;
+};
+void PrintTo(const Event& event, std::ostream* out) { *out << event.name; }
+
+class DestroyedInAHandler : public FieldFixture, public testing::WithParamInterface<Event> {};
+
+TEST_P(DestroyedInAHandler, TheControlAlone) {
+  first_->setMascara(QStringLiteral("AAAA"));
+  QPointer<TsText> field(first_);
+  show();
+  GetParam().connectTo(field, [&] { delete field; });
+  type(*window_, QStringLiteral("ab"));
+  if (field) leave();
+  settleEvents();
+  EXPECT_FALSE(field);
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
+
+TEST_P(DestroyedInAHandler, TheWholeForm) {
+  QPointer<QWidget> window(window_.release());
+  const std::unique_ptr<QWidget, std::function<void(QWidget*)>> cleanUp(
+      window, [&](QWidget*) { delete window; });
+  showActive(*window);
+  first_->setFocus();
+  settleEvents();
+  GetParam().connectTo(first_, [&] { delete window; });
+  commit(*window, QStringLiteral("a"));
+  if (window) type(*window, QStringLiteral("b"));
+  if (window) second_->setFocus();
+  settleEvents();
+  EXPECT_FALSE(window);
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Events, DestroyedInAHandler,
+    testing::Values(Event{"keyDown",
+                          [](TsText* f, auto end) {
+                            QObject::connect(f, &TsText::keyDown, qApp, [end](qint16& code) {
+                              if (code == 'B') end();
+                            });
+                          }},
+                    Event{"keyPress",
+                          [](TsText* f, auto end) {
+                            QObject::connect(f, &TsText::keyPress, qApp, [end] { end(); });
+                          }},
+                    Event{"changed",
+                          [](TsText* f, auto end) {
+                            QObject::connect(f, &TsText::changed, qApp, [end] { end(); });
+                          }},
+                    Event{"keyUp",
+                          [](TsText* f, auto end) {
+                            QObject::connect(f, &TsText::keyUp, qApp, [end] { end(); });
+                          }},
+                    Event{"browseReturn", [](TsText* f, auto end) {
+                            QObject::connect(f, &TsText::browseReturn, qApp, [end] { end(); });
+                          }}));
+
+TEST_F(Boundary, AFormClosedUnderABoxClosesTheBox) {
+  first_->setMascara(QStringLiteral("dd/mm/yyyy"));
+  show();
+  type(*window_, QStringLiteral("31022017"));
+  boxes_.whileOpen = [&] { window_->close(); };
+  leave();
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+}
+
+TEST_F(Boundary, AFormDestroyedUnderABoxTakesItAlong) {
+  first_->setMascara(QStringLiteral("dd/mm/yyyy"));
+  show();
+  type(*window_, QStringLiteral("31022017"));
+  boxes_.whileOpen = [&] { window_.reset(); };
+  second_->setFocus();
+  settleEvents();
+  EXPECT_EQ(window_, nullptr);
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+}
+
+TEST_F(Boundary, AHandleOfADestroyedWidgetOwnsNothing) {
+  show();
+  const int handle = first_->hWnd();
+  EXPECT_NE(handle, 0);
+  EXPECT_EQ(first_->hWnd(), handle);
+  delete first_;
+  EXPECT_EQ(State().application->ShowMessageBox(handle, u"Oi", 0, u"Alerta!"), 1);
+}
+
+TEST_F(Boundary, WidgetsOfADestroyedFormSay91) {
+  const host::WidgetPtr widget = makeWidget(*first_);
+  window_.reset();
+  EXPECT_THROW(widget->Name(), HostError);
+  EXPECT_THROW(widget->Get(u"Value"), HostError);
+}
+
+}  // namespace
+}  // namespace tessaria::qt::tests

@@ -1,0 +1,109 @@
+// The form of the Qt host under the contract of forms, in a real window.
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <map>
+
+#include "hosts/qt/event_boundary.h"
+#include "hosts/qt/form.h"
+#include "hosts/qt/text.h"
+#include "hosts/qt/variants.h"
+#include "tessaria/host/application.h"
+#include "tests/ports/form_contract.h"
+#include "tests/qt/operator.h"
+
+namespace tessaria::contract {
+namespace {
+
+class QtForm final : public FormDriver {
+ public:
+  QtForm() {
+    window_->setObjectName(QStringLiteral("frmDados"));
+    auto* layout = new QVBoxLayout(window_);
+    const auto add = [&](auto* widget, const char* name, QLayout* where) {
+      widget->setObjectName(QLatin1String(name));
+      where->addWidget(widget);
+      return widget;
+    };
+    add(new QLabel(QStringLiteral("Código")), "lblCodigo", layout);
+    handle(add(new qt::TsText, "txtCodigo", layout));
+    auto* tabs = add(new QTabWidget, "tabDados", layout);
+    tabs->addTab(new QWidget, QStringLiteral("Um"));
+    tabs->addTab(new QWidget, QStringLiteral("Dois"));
+    auto* frame = add(new QGroupBox, "fraDados", layout);
+    handle(add(new qt::TsText, "txtNome", new QVBoxLayout(frame)));
+    button_ = add(new QPushButton, "btnGravar", layout);
+    form_ = qt::makeForm(*window_);
+  }
+  ~QtForm() override { delete window_; }
+
+  host::Form& Form() override { return *form_; }
+  void DbForm(const Variant& connection) override {
+    window_->setProperty("dbForm", connection.IsEmpty() ? QVariant::fromValue(host::ConnectionPtr())
+                                                        : qt::toQVariant(connection));
+  }
+  void Bind(const String& name) override {
+    field(name)->setDataSource(QStringLiteral("dcDados"));
+    field(name)->setDataField(QStringLiteral("Codigo"));
+  }
+  void Show() override { qt::tests::showActive(*window_); }
+  void Hide() override { window_->hide(); }
+  void Close() override { delete window_; }
+  void Click(const String& name) override {
+    auto* widget = window_->findChild<QWidget*>(qt::toQt(name));
+    auto* surface = qobject_cast<qt::TsText*>(widget);
+    qt::tests::click(surface ? *qt::tests::editOf(*surface) : *widget);
+  }
+  void PressTab(bool backwards) override {
+    qt::tests::press(*window_, backwards ? Qt::Key_Backtab : Qt::Key_Tab);
+    qt::tests::settleEvents();
+  }
+  void Type(const String& text) override { qt::tests::type(*window_, qt::toQt(text)); }
+  void TakeFocus(const String& name) override { field(name)->setFocus(); }
+  void Handle(const String& name, Handlers handlers) override {
+    handlers_[qt::toQt(name)] = std::move(handlers);
+  }
+  void HandleClick(const String&, std::function<void()> handler) override {
+    // A program's own slot goes through the event boundary as ours do.
+    QObject::connect(button_, &QPushButton::clicked, window_, [this, handler] {
+      if (!qt::guarded(window_, handler)) ++unhandled_;
+    });
+  }
+  int UnhandledErrors() const override { return unhandled_; }
+
+ private:
+  qt::TsText* field(const String& name) const {
+    return window_->findChild<qt::TsText*>(qt::toQt(name));
+  }
+  void handle(qt::TsText* control) {
+    const QString name = control->objectName();
+    const auto key = [this, name] {
+      if (const auto handler = handlers_[name].Key) handler();
+    };
+    QObject::connect(control, &qt::TsText::shown, window_, [this, name] {
+      if (const auto handler = handlers_[name].Show) handler();
+    });
+    QObject::connect(control, &qt::TsText::keyDown, window_, key);
+    QObject::connect(control, &qt::TsText::keyPress, window_, key);
+    QObject::connect(control, &qt::TsText::keyUp, window_, key);
+    QObject::connect(control, &qt::TsText::browseReturn, window_, [this, name](bool& changed) {
+      if (const auto handler = handlers_[name].BrowseReturn) handler(changed);
+    });
+  }
+
+  qt::tests::BoxKeeper boxes_;
+  QPointer<QWidget> window_ = new QWidget;
+  QPushButton* button_ = nullptr;
+  host::FormPtr form_;
+  std::map<QString, Handlers> handlers_;
+  int unhandled_ = 0;
+};
+
+INSTANTIATE_TEST_SUITE_P(Qt, FormContract,
+                         testing::Values(FormHost{"qt",
+                                                  [] { return std::make_unique<QtForm>(); }}));
+
+}  // namespace
+}  // namespace tessaria::contract

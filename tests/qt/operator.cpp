@@ -1,0 +1,155 @@
+#include "tests/qt/operator.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "hosts/qt/host.h"
+
+namespace tessaria::qt::tests {
+namespace {
+
+QString plain(QString text) { return text.remove(QLatin1Char('&')); }
+
+Qt::Key keyOf(QChar c) {
+  const QChar upper = c.toUpper();
+  return upper.unicode() < 0x100 ? Qt::Key(upper.unicode()) : Qt::Key_unknown;
+}
+
+QMenu* openMenu(QLineEdit& edit) {
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2),
+                          edit.mapToGlobal(QPoint(2, 2)));
+  QApplication::sendEvent(&edit, &event);
+  return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+/// The offscreen platform leaves no window active behind a popup.
+void closeMenu(QMenu& menu, QLineEdit& edit) {
+  menu.close();
+  edit.activateWindow();
+  settleEvents();
+}
+
+}  // namespace
+
+BoxKeeper::BoxKeeper() {
+  connect(&install(), &Host::boxShown, this,
+          [this](const QString& text, const QString& title, int style) {
+            boxes_.push_back({text, title, style, {}, {}});
+            QTimer::singleShot(0, this, [this] { answer(); });
+          });
+  connect(&install(), &Host::beeped, this, [this] { ++beeps_; });
+}
+
+void BoxKeeper::answer() {
+  const QPointer<QMessageBox> box(qobject_cast<QMessageBox*>(QApplication::activeModalWidget()));
+  if (!box) {
+    QTimer::singleShot(1, this, [this] { answer(); });
+    return;
+  }
+  if (box->parentWidget()) boxes_.back().owner = box->parentWidget()->objectName();
+  for (QAbstractButton* button : box->buttons()) boxes_.back().buttons << plain(button->text());
+  if (whileOpen) whileOpen();
+  if (!box || !box->isVisible()) return;
+  QAbstractButton* button = box->defaultButton();
+  if (!answers_.empty()) {
+    for (QAbstractButton* candidate : box->buttons())
+      if (plain(candidate->text()) == answers_.front()) button = candidate;
+    answers_.pop_front();
+  }
+  button->click();
+}
+
+QStringList BoxKeeper::takeTexts() {
+  QStringList texts;
+  for (; taken_ < boxes_.size(); ++taken_) texts << boxes_[taken_].text;
+  return texts;
+}
+
+void showActive(QWidget& window) {
+  window.show();
+  window.activateWindow();
+  (void)QTest::qWaitForWindowActive(&window);
+  settleEvents();
+}
+
+void settleEvents() {
+  for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+}
+
+QLineEdit* editOf(TsText& field) { return field.findChild<QLineEdit*>(QStringLiteral("txtEdit")); }
+
+QWidget* focusOf(const QWidget& window) { return window.focusWidget(); }
+
+void type(QWidget& window, const QString& text) {
+  const QPointer<QWidget> alive(&window);
+  for (QChar c : text) {
+    if (!alive || !window.focusWidget()) return;
+    QTest::sendKeyEvent(QTest::Click, window.focusWidget(), keyOf(c), QString(c),
+                        c.isUpper() ? Qt::ShiftModifier : Qt::NoModifier);
+  }
+}
+
+void press(QWidget& window, int key, Qt::KeyboardModifiers modifiers) {
+  const QPointer<QWidget> alive(&window);
+  const auto code = static_cast<Qt::Key>(key);
+  if (window.focusWidget())
+    QTest::sendKeyEvent(QTest::Press, window.focusWidget(), code, QString(), modifiers);
+  if (alive && window.focusWidget())
+    QTest::sendKeyEvent(QTest::Release, window.focusWidget(), code, QString(), modifiers);
+}
+
+void commit(QWidget& window, const QString& text) {
+  QInputMethodEvent event;
+  event.setCommitString(text);
+  QApplication::sendEvent(window.focusWidget(), &event);
+}
+
+void click(QWidget& widget) {
+  const QPointer<QWidget> alive(&widget);
+  QTest::mousePress(&widget, Qt::LeftButton);
+  if (alive) QTest::mouseRelease(&widget, Qt::LeftButton);
+  settleEvents();
+}
+
+void pasteByMenu(QLineEdit& edit, const QString& text) {
+  QApplication::clipboard()->setText(text);
+  QMenu* menu = openMenu(edit);
+  if (!menu) return;
+  for (QAction* action : menu->actions())
+    if (plain(action->text()).startsWith(QLatin1String("Colar"))) action->trigger();
+  closeMenu(*menu, edit);
+}
+
+QStringList menuOf(QLineEdit& edit) {
+  QStringList entries;
+  QMenu* menu = openMenu(edit);
+  if (!menu) return entries;
+  for (QAction* action : menu->actions())
+    if (!action->isSeparator())
+      entries << (action->isEnabled() ? QString() : QStringLiteral("-")) +
+                     plain(action->text()).section(QLatin1Char('\t'), 0, 0);
+  closeMenu(*menu, edit);
+  return entries;
+}
+
+void drop(QLineEdit& edit, const QString& text, int position) {
+  QMimeData data;
+  data.setText(text);
+  edit.setCursorPosition(position);
+  const QPoint point(edit.inputMethodQuery(Qt::ImCursorRectangle).toRectF().center().toPoint().x(),
+                     edit.height() / 2);
+  QDropEvent event(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+  static_cast<QObject&>(edit).event(&event);  // a drag would have to be under way
+  settleEvents();
+}
+
+}  // namespace tessaria::qt::tests

@@ -1,0 +1,191 @@
+// Text that comes without a key: by menu, drop, middle mouse button.
+#include <QApplication>
+#include <QClipboard>
+#include <QTest>
+
+#include "hosts/qt/line_edit.h"
+#include "tests/qt/field_fixture.h"
+
+namespace tessaria::qt::tests {
+namespace {
+
+struct Pasted {
+  const char* name;
+  const char* mask;
+  const char* text;
+  const char* box;
+  int maxLength = 0;
+  bool negative = false;
+};
+
+void PrintTo(const Pasted& row, std::ostream* out) { *out << row.name; }
+
+class PasteIntoMask : public FieldFixture, public testing::WithParamInterface<Pasted> {
+ protected:
+  void Start() {
+    first_->setMascara(QString::fromUtf8(GetParam().mask));
+    first_->setMaxLength(GetParam().maxLength);
+    first_->setValorNegativo(GetParam().negative);
+    show();
+    QObject::connect(first_, &TsText::keyUp, [this](qint16& code) { ups_.push_back(code); });
+  }
+  std::vector<int> ups_;
+};
+
+TEST_P(PasteIntoMask, ByMenu) {
+  Start();
+  pasteByMenu(box(), QString::fromUtf8(GetParam().text));
+  EXPECT_EQ(first_->text(), QString::fromUtf8(GetParam().box));
+  EXPECT_THAT(ups_, testing::ElementsAre(0));
+}
+
+TEST_P(PasteIntoMask, ByDrop) {
+  Start();
+  drop(box(), QString::fromUtf8(GetParam().text), 0);
+  EXPECT_EQ(first_->text(), QString::fromUtf8(GetParam().box));
+  EXPECT_THAT(ups_, testing::ElementsAre(0));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Pasting, PasteIntoMask,
+    testing::Values(
+        Pasted{"CPF with punctuation", "000.000.000-00", "123.456.789-09", "123.456.789-09"},
+        Pasted{"CPF without punctuation", "000.000.000-00", "12345678909", "123.456.789-09"},
+        Pasted{"CPF with blanks around", "000.000.000-00", "  123.456.789-09\n", "123.456.789-09"},
+        Pasted{"CPF with its points only", "000.000.000-00", "123.456.78909", "123.456.789-09"},
+        Pasted{"CNPJ with punctuation", "00.000.000/0000-00", "12.345.678/0001-95",
+               "12.345.678/0001-95"},
+        Pasted{"CNPJ without punctuation", "00.000.000/0000-00", "12345678000195",
+               "12.345.678/0001-95"},
+        Pasted{"telephone with punctuation", "(00) 0000-0000", "(11) 3333-4444", "(11) 3333-4444"},
+        Pasted{"telephone without punctuation", "(00) 0000-0000", "1133334444", "(11) 3333-4444"},
+        Pasted{"postcode", "00000-000", "01310-100", "01310-100"},
+        Pasted{"more than the mask holds", "00000-000", "01310-100999", "01310-100"},
+        Pasted{"date of short parts", "00/00/0000", "1/2/2017", "1_/2_/2017"},
+        Pasted{"masked text with its fill", "00/00/0000", "12/__/2017", "12/__/2017"},
+        Pasted{"letters are refused", "00000", "a1x2", "12___"},
+        Pasted{"text slots fold", "AAA-0000", "abc-1234", "ABC-1234"},
+        Pasted{"text slots take x", "AAAA", "xis", "XIS_"},
+        Pasted{"accents are refused", "AAAA", "ação", "AO__"},
+        Pasted{"number with points", "$$$$$$$.$$", "1.234,56", "1234,56", 10},
+        Pasted{"number with a decimal point", "$$$$$$$.$$", "1234.56", "1234,56", 10},
+        Pasted{"number in thousands", "$$$$$$$.$$", "R$ 1.234", "1234", 10},
+        Pasted{"number with a sign", "$$$$$$$.$$", "-12,50", "-12,50", 10, true},
+        Pasted{"number with its suffix", "$$$.$$ kg", "12,50 kg", "12,50", 10}));
+
+class Pasting : public FieldFixture {};
+
+TEST_F(Pasting, ReplacesTheSelectedSlots) {
+  first_->setMascara(QStringLiteral("000.000.000-00"));
+  show();
+  type(*window_, QStringLiteral("99999999999"));
+  box().selectAll();
+  pasteByMenu(box(), QStringLiteral("123.456"));
+  EXPECT_EQ(first_->text(), QStringLiteral("123.456.___-__"));
+}
+
+TEST_F(Pasting, KeepsTheTextWhenNothingFits) {
+  first_->setMascara(QStringLiteral("00000"));
+  show();
+  type(*window_, QStringLiteral("12345"));
+  box().selectAll();
+  pasteByMenu(box(), QStringLiteral("abc."));
+  EXPECT_EQ(first_->text(), QStringLiteral("12345"));
+}
+
+TEST_F(Pasting, ReplacesASelectedNumber) {
+  first_->setMascara(QStringLiteral("$$$$$.$$"));
+  first_->setMaxLength(9);
+  show();
+  type(*window_, QStringLiteral("99,5"));
+  box().selectAll();
+  pasteByMenu(box(), QStringLiteral("1,25"));
+  EXPECT_EQ(first_->text(), QStringLiteral("1,25"));
+}
+
+TEST_F(Pasting, SettlesLikeTypedText) {
+  bool changed = false;
+  QObject::connect(first_, &TsText::browseReturn, [&](bool& differs) { changed = differs; });
+  first_->setMascara(QStringLiteral("000.000.000-00"));
+  show();
+  pasteByMenu(box(), QStringLiteral("123.456.789-09"));
+  leave();
+  EXPECT_TRUE(changed);
+  EXPECT_EQ(first_->value().toString(), QStringLiteral("12345678909"));
+}
+
+TEST_F(Pasting, APasteThatGoesAroundTheMenuIsTakenBack) {
+  first_->setMascara(QStringLiteral("0000"));
+  show();
+  type(*window_, QStringLiteral("12"));
+  QApplication::clipboard()->setText(QStringLiteral("xyz"));
+  static_cast<QLineEdit&>(box()).QLineEdit::paste();
+  EXPECT_EQ(first_->text(), QStringLiteral("12__"));
+  static_cast<QLineEdit&>(box()).QLineEdit::insert(QStringLiteral("zz"));
+  EXPECT_EQ(first_->text(), QStringLiteral("12__"));
+}
+
+TEST_F(Pasting, APasteByNameGoesThroughTheFilter) {
+  first_->setMascara(QStringLiteral("00/00"));
+  show();
+  QApplication::clipboard()->setText(QStringLiteral("1/23"));
+  QMetaObject::invokeMethod(&box(), "paste");
+  EXPECT_EQ(first_->text(), QStringLiteral("1_/23"));
+}
+
+TEST_F(Pasting, TheMiddleButtonPastesWhereTheSystemHasASelection) {
+  if (!QApplication::clipboard()->supportsSelection())
+    GTEST_SKIP() << "this platform has no selection clipboard";
+  first_->setMascara(QStringLiteral("00/00"));
+  show();
+  QApplication::clipboard()->setText(QStringLiteral("12/34"), QClipboard::Selection);
+  QTest::mouseClick(&box(), Qt::MiddleButton, {}, QPoint(2, box().height() / 2));
+  EXPECT_EQ(first_->text(), QStringLiteral("12/34"));
+}
+
+TEST_F(Pasting, AnUnmaskedFieldTakesEverything) {
+  show();
+  pasteByMenu(box(), QStringLiteral("a.b/x-ção"));
+  EXPECT_EQ(first_->text(), QStringLiteral("a.b/x-ção"));
+  drop(box(), QStringLiteral("12"), 0);
+  EXPECT_EQ(first_->text(), QStringLiteral("12a.b/x-ção"));
+}
+
+TEST_F(Pasting, TypedClipboardKeysWorkInAnUnmaskedField) {
+  show();
+  type(*window_, QStringLiteral("abc"));
+  press(*window_, Qt::Key_A, Qt::ControlModifier);
+  press(*window_, Qt::Key_X, Qt::ControlModifier);
+  EXPECT_EQ(first_->text(), QString());
+  press(*window_, Qt::Key_V, Qt::ControlModifier);
+  press(*window_, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(first_->text(), QStringLiteral("abcabc"));
+}
+
+TEST_F(Pasting, TheMenuOfAMaskedFieldCopiesTheSelection) {
+  first_->setMascara(QStringLiteral("00/00"));
+  show();
+  type(*window_, QStringLiteral("1234"));
+  box().deselect();
+  QApplication::clipboard()->clear();
+  EXPECT_EQ(menuOf(box()),
+            QStringList({"-Recortar", "-Copiar", "-Colar", "-Excluir", "Selecionar tudo"}));
+  box().selectAll();
+  box().copy();
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("12/34"));
+  static_cast<LineEdit&>(box()).cut();
+  EXPECT_EQ(first_->text(), QStringLiteral("__/__"));
+}
+
+TEST_F(Pasting, APasswordIsNotCopiedOut) {
+  first_->setMascara(QStringLiteral("XXXXXX"));
+  first_->setPasswordChar(QStringLiteral("*"));
+  show();
+  type(*window_, QStringLiteral("abc"));
+  box().selectAll();
+  EXPECT_TRUE(menuOf(box()).contains(QStringLiteral("-Copiar")));
+  EXPECT_EQ(first_->texto(), QStringLiteral("abc"));
+}
+
+}  // namespace
+}  // namespace tessaria::qt::tests

@@ -1,0 +1,97 @@
+// The text box of the Qt host under the contract of text boxes, in a real window.
+#include <QApplication>
+#include <QClipboard>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "hosts/qt/host.h"
+#include "hosts/qt/text.h"
+#include "hosts/qt/text_box.h"
+#include "tests/ports/case_count.h"
+#include "tests/ports/text_box_contract.h"
+#include "tests/qt/operator.h"
+
+namespace tessaria::contract {
+namespace {
+
+const bool counted = CountCases("qt");
+
+class QtTextBox final : public TextBoxDriver {
+ public:
+  QtTextBox() {
+    qt::install();
+    auto* layout = new QVBoxLayout(&window_);
+    layout->addWidget(other_ = new QPushButton);
+    surface_ = new QWidget;
+    surface_->setMinimumSize(200, 60);
+    layout->addWidget(surface_);
+    edit_ = new qt::LineEdit(surface_);
+    box_ = std::make_unique<qt::TextBox>(*edit_);
+    qt::tests::showActive(window_);
+    other_->setFocus();
+    qt::tests::settleEvents();
+  }
+
+  host::TextBox& Box() override { return *box_; }
+  void Focus() override {
+    edit_->setFocus(Qt::TabFocusReason);
+    qt::tests::settleEvents();
+  }
+  void Leave() override {
+    other_->setFocus(Qt::TabFocusReason);
+    qt::tests::settleEvents();
+  }
+  void Type(const String& text) override {
+    const QString typed = qt::toQt(text);
+    for (QChar c : typed) {
+      // Keys with an accent arrive as what an input method composed, but for a direct key.
+      if (c == QChar(u'á'))
+        qt::tests::commit(window_, c);
+      else
+        qt::tests::type(window_, c);
+    }
+  }
+  void Press(EditKey key, With with) override {
+    qt::tests::press(window_, keyOf(key),
+                     with == With::Shift     ? Qt::ShiftModifier
+                     : with == With::Control ? Qt::ControlModifier
+                                             : Qt::NoModifier);
+  }
+  void Insert(const String& text) override { qt::tests::pasteByMenu(*edit_, qt::toQt(text)); }
+
+ private:
+  static int keyOf(EditKey key) {
+    switch (key) {
+      case EditKey::Backspace:
+        return Qt::Key_Backspace;
+      case EditKey::Enter:
+        return Qt::Key_Return;
+      case EditKey::End:
+        return Qt::Key_End;
+      case EditKey::Home:
+        return Qt::Key_Home;
+      case EditKey::Left:
+        return Qt::Key_Left;
+      case EditKey::Right:
+        return Qt::Key_Right;
+      case EditKey::Delete:
+        return Qt::Key_Delete;
+      case EditKey::A:
+        return Qt::Key_A;
+    }
+    return 0;
+  }
+
+  QWidget window_;
+  QPushButton* other_ = nullptr;
+  QWidget* surface_ = nullptr;
+  qt::LineEdit* edit_ = nullptr;
+  std::unique_ptr<qt::TextBox> box_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Qt, TextBoxContract,
+                         testing::Values(TextBoxHost{
+                             "qt", [] { return std::make_unique<QtTextBox>(); }}));
+
+}  // namespace
+}  // namespace tessaria::contract
