@@ -4,6 +4,7 @@
 #include "lookup/dialect.h"
 #include "lookup/field_types.h"
 #include "lookup/query_text.h"
+#include "mask/exit_flag.h"
 #include "mask/form_helpers.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
@@ -15,9 +16,6 @@
 
 namespace tessaria::mdlObjTxt {
 namespace {
-
-/// The tag of the box while its list is open.
-constexpr StringView kExitIsSilenced = u"Nao Dispara Valida";
 
 bool EhVazio(const Variant& valor) {
   const String* texto = valor.TryGet<String>();
@@ -147,7 +145,7 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
     form.Pesquisa = objPesquisa;
     MontaMenu(form.barBrowse(), objPesquisa.get());
     Posiciona(Linhas(form), varValor);
-    txtBox.Tag = kExitIsSilenced;
+    txtBox.Tag = exitIsSilenced;
 
     form.ShowModal();
     App().DoEvents();

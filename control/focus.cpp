@@ -1,6 +1,7 @@
 // The focus comes and goes: the box shows an editable text inside, the finished one outside.
 
 #include "control/tstext.h"
+#include "mask/exit_flag.h"
 #include "mask/form_helpers.h"
 #include "mask/masks.h"
 #include "mask/numbers.h"
@@ -11,13 +12,6 @@
 #include "tessaria/thread_state.h"
 
 namespace tessaria {
-
-namespace {
-
-/// The box's tag while a dialog of the button is open.
-constexpr StringView exitIsSilenced = u"Nao Dispara Valida";
-
-}  // namespace
 
 void tsText::UserControl_EnterFocus() {
   Trap(u"tsText", u"UserControl_EnterFocus", [&] {

@@ -13,7 +13,9 @@ namespace tessaria {
 
 namespace {
 
-// Virtual-key codes that start no search of a description.
+// Virtual-key codes.
+constexpr Integer keyPageDown = 34;
+// These start no search of a description.
 constexpr Integer keyShift = 16;
 constexpr Integer keyHome = 36;
 constexpr Integer keyAcute = 219;
@@ -27,7 +29,11 @@ void tsText::UserControl_KeyDown(Integer& KeyCode, Integer& Shift) {
 
 void tsText::UserControl_KeyPress(Integer& KeyAscii) { events_.KeyPress(KeyAscii); }
 
-void tsText::UserControl_KeyUp(Integer& KeyCode, Integer& Shift) { events_.KeyUp(KeyCode, Shift); }
+void tsText::UserControl_KeyUp(Integer& KeyCode, Integer& Shift) {
+  if (KeyCode == keyPageDown && m_.TipoControle != tessaria::TipoControle::Normal)
+    btnBrowse_Click();
+  events_.KeyUp(KeyCode, Shift);
+}
 
 void tsText::txtEdit_Change() {
   if (loading_) return;

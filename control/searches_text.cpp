@@ -48,12 +48,12 @@ void tsText::AtualizaPesquisa() {
       const auto slice = [&](const String& text) { return Trim(Mid(text, start, p - start)); };
       type = TypeOf(slice(m_.PesqTipo), type);
       like = LikeOf(slice(m_.PesqLike), like);
-      allAdded = Pesquisa()->Add(p, slice(m_.PesqCaption), slice(m_.PesqCampo), type, like,
-                                 slice(m_.PesqMascara), NumberOf(slice(m_.PesqWidth)),
-                                 NumberOf(slice(m_.PesqMaxLength)),
-                                 Val(slice(m_.PesqCompletaDescr)) != 0,
-                                 Val(slice(m_.PesqPromptInclude)) != 0, 0, 0, String()) &&
-                 allAdded;
+      allAdded =
+          Pesquisa()->Add(p, slice(m_.PesqCaption), slice(m_.PesqCampo), type, like,
+                          slice(m_.PesqMascara), NumberOf(slice(m_.PesqWidth)),
+                          NumberOf(slice(m_.PesqMaxLength)), Val(slice(m_.PesqCompletaDescr)) != 0,
+                          Val(slice(m_.PesqPromptInclude)) != 0, 0, 0, String()) &&
+          allAdded;
       start = p + 1;
     }
     if (!allAdded) return;

@@ -1,14 +1,29 @@
 #include "control/tstext.h"
 
+#include <utility>
+
 #include "mask/editing_keys.h"
 #include "mask/key_filter.h"
 #include "mask/masks.h"
+#include "pickers/calculator.h"
+#include "pickers/calendar.h"
+#include "pickers/folder_picker.h"
 #include "runtime/text.h"
 #include "services/message_box.h"
 #include "services/trap.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {
+
+namespace {
+
+/// Closes a shared dialog, errors ignored.
+template <class Form>
+void UnloadShared(std::shared_ptr<Form>& shared) {
+  if (const auto form = std::exchange(shared, nullptr)) Catch([&] { form->Unload(); }, [] {});
+}
+
+}  // namespace
 
 tsText::tsText(host::ControlSite& site, host::TextBox& txtEdit, host::CommandButton& btnBrowse,
                tsTextEvents& events)
@@ -21,6 +36,7 @@ tsText::tsText(host::ControlSite& site, host::TextBox& txtEdit, host::CommandBut
   txtEdit_.OnKeyUp = [this](Integer& KeyCode, Integer&) { txtEdit_KeyUp(KeyCode); };
   txtEdit_.OnGotFocus = [this] { txtEdit_GotFocus(); };
   txtEdit_.OnLostFocus = [this] { txtEdit_LostFocus(); };
+  btnBrowse_.OnClick = [this] { btnBrowse_Click(); };
 }
 
 tsText::~tsText() {
@@ -30,11 +46,18 @@ tsText::~tsText() {
   txtEdit_.OnKeyUp = nullptr;
   txtEdit_.OnGotFocus = nullptr;
   txtEdit_.OnLostFocus = nullptr;
+  btnBrowse_.OnClick = nullptr;
 }
 
 void tsText::UserControl_Terminate() {
-  m_.Browse = nullptr;
-  m_.Pesquisa = nullptr;
+  Trap(u"tsText", u"UserControl_Terminate", [&] {
+    m_.Browse = nullptr;
+    m_.Pesquisa = nullptr;
+  });
+  // The dialogs are shared: the end of any control closes them for all.
+  UnloadShared(State().frmCalendario);
+  UnloadShared(State().frmCalculadora);
+  UnloadShared(State().frmDiretorio);
 }
 
 Variant tsText::Refresh() {

@@ -10,6 +10,8 @@
 
 namespace tessaria {
 
+class frmCalculadora;
+
 /// A data-entry field: text box and button on one surface.
 ///
 /// A host creates one with the widgets of the surface, then calls the `UserControl_...` entry
@@ -266,6 +268,7 @@ class tsText final : public _tsText, private MaskedField {
   // MaskedField
   host::TextBox& Box() override { return txtEdit_; }
   void GuardaTexto(const String& text) override { m_.Texto = text; }
+  void AbreCalculadora() override;
 
   // Events of the two widgets
   void txtEdit_Change();
@@ -324,6 +327,20 @@ class tsText final : public _tsText, private MaskedField {
   void SelectWhole();
   void AssignTyped();
   void ReportChange();
+
+  // Button
+  struct DialogPlace {
+    float Top;
+    float Left;
+  };
+  void btnBrowse_Click();
+  DialogPlace PlaceBelow() const;
+  void PickFromList();
+  void PickDate();
+  void PickPath();
+  Variant Calculate(frmCalculadora& calculator);
+  void CalculateChecked();
+  bool CalculationFits();
 
   // Looks
   void AtualizaExibicao();

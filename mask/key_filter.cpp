@@ -72,7 +72,8 @@ void EditSlots(Keystroke& k) {
 }
 
 /// The key goes into the slot, into the number, or nowhere. Without a beep: a key of the wrong
-/// class simply does nothing. An "x" that its slot refuses goes on to the box.
+/// class simply does nothing. An "x" that its slot refuses goes on to the box, in a calculator
+/// field behind the calculator's answer.
 void ApplyKey(Keystroke& k) {
   if (SlotTakes(k.slot, k.key)) {
     TakeCharacter(k);
@@ -80,6 +81,8 @@ void ApplyKey(Keystroke& k) {
     EditNumber(k);
   } else if (k.key != key::F9) {
     k.Swallow();
+  } else if (k.field.TipoControle() == TipoControle::Calculadora) {
+    k.field.AbreCalculadora();
   }
 }
 

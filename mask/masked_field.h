@@ -29,6 +29,8 @@ class MaskedField {
   virtual void Texto(const String& text) = 0;
   /// Assigns the typed text and leaves the box alone.
   virtual void GuardaTexto(const String& text) = 0;
+  /// Opens the calculator on the box's number and assigns its answer.
+  virtual void AbreCalculadora() = 0;
 };
 
 }  // namespace tessaria

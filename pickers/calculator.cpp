@@ -89,6 +89,8 @@ frmCalculadora::frmCalculadora() : dialog_(TheDesktop().MakeDialog(Description()
 
 frmCalculadora::~frmCalculadora() = default;
 
+void frmCalculadora::Unload() { dialog_->Hide(); }
+
 void frmCalculadora::Load() {
   machine_.Load();
   for (int i = 0; i < digitCount; ++i) mdlCorBtn::CorBotao(Digit(i), blue);
@@ -108,9 +110,8 @@ Variant frmCalculadora::ExecutaCalculadora(const Variant& nLi, const Variant& nC
   ShowDisplay();
   PlaceOnScreen(*dialog_, static_cast<float>(CDbl(nLi)), static_cast<float>(CDbl(nCi)));
   OperatorButton(Operator::Equals).SetFocus();
-  const auto alive = dialog_;  // the instance may be released while its window is open
-  alive->ShowModal();
-  return alive->Find<host::DialogDisplay>(u"txtVisor").Text();
+  dialog_->ShowModal();
+  return dialog_->Find<host::DialogDisplay>(u"txtVisor").Text();
 }
 
 void frmCalculadora::FormKeyPress(Integer& KeyAscii) {

@@ -8,7 +8,8 @@
 
 namespace tessaria {
 
-/// The calculator of a number field. Made on first need, one per thread.
+/// The calculator of a number field. Made on first need, one per thread; whoever
+/// runs it holds it until it has answered.
 class frmCalculadora {
  public:
   /// What the window is made of.
@@ -24,6 +25,8 @@ class frmCalculadora {
   /// without its mask. Error 13 for a box of nothing but fill characters.
   Variant ExecutaCalculadora(const Variant& nLi, const Variant& nCi, host::TextBox& txtNumero,
                              const String& cTexto);
+  /// Closes the window, also while it is open.
+  void Unload();
 
  private:
   void Load();

@@ -41,16 +41,17 @@ frmCalendario::frmCalendario() : dialog_(TheDesktop().MakeDialog(Description()))
 
 frmCalendario::~frmCalendario() = default;
 
+void frmCalendario::Unload() { dialog_->Hide(); }
+
 Variant frmCalendario::ExecutaCalendario(const Variant& nLi, const Variant& nCi,
                                          host::TextBox& txtData, const String& cTexto,
                                          const String& cMascara, const String& cItensMascara) {
-  const auto alive = dialog_;  // the instance may be released while its window is open
-  auto& calendar = alive->Find<host::Calendar>(u"Calendario");
+  auto& calendar = dialog_->Find<host::Calendar>(u"Calendario");
   const Date start = StartDate(txtData, cTexto, cMascara, cItensMascara);
   calendar.Value(start);
-  PlaceOnScreen(*alive, static_cast<float>(CDbl(nLi)), static_cast<float>(CDbl(nCi)));
+  PlaceOnScreen(*dialog_, static_cast<float>(CDbl(nLi)), static_cast<float>(CDbl(nCi)));
   txtData.Text(CStr(start));
-  alive->ShowModal();
+  dialog_->ShowModal();
   return calendar.Value();
 }
 

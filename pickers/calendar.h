@@ -7,7 +7,8 @@
 
 namespace tessaria {
 
-/// The date picker of a date field. Made on first need, one per thread.
+/// The date picker of a date field. Made on first need, one per thread; whoever
+/// runs it holds it until it has answered.
 class frmCalendario {
  public:
   /// What the window is made of.
@@ -25,6 +26,8 @@ class frmCalendario {
   Variant ExecutaCalendario(const Variant& nLi, const Variant& nCi, host::TextBox& txtData,
                             const String& cTexto, const String& cMascara,
                             const String& cItensMascara);
+  /// Closes the window, also while it is open.
+  void Unload();
 
  private:
   host::DialogPtr dialog_;

@@ -56,14 +56,15 @@ frmDiretorio::frmDiretorio()
 
 frmDiretorio::~frmDiretorio() = default;
 
+void frmDiretorio::Unload() { dialog_->Hide(); }
+
 Variant frmDiretorio::ExecutaDiretorio(const Variant& nLi, const Variant& nCi, Integer nWidth,
                                        const String& strConteudo, bool blnTmpVerArquivos,
                                        const String& strDirPattern) {
-  const auto alive = dialog_;  // the instance may be released while its window is open
   fileMode_ = blnTmpVerArquivos;
   confirmed_ = false;
-  PlaceOnScreen(*alive, static_cast<float>(CDbl(nLi)), static_cast<float>(CDbl(nCi)));
-  alive->Width(nWidth);
+  PlaceOnScreen(*dialog_, static_cast<float>(CDbl(nLi)), static_cast<float>(CDbl(nCi)));
+  dialog_->Width(nWidth);
   Resize();
 
   const auto [folder, file] = strConteudo.empty()
@@ -81,10 +82,9 @@ Variant frmDiretorio::ExecutaDiretorio(const Variant& nLi, const Variant& nCi, I
   files_.Path(folder);
   SelectFile(file);
 
-  alive->ShowModal();
+  dialog_->ShowModal();
   const String chosen =
       fileMode_ ? files_.Path() + Separator() + files_.FileName() : folders_.Path();
-  alive->Hide();
   return confirmed_ ? chosen : strConteudo;
 }
 

@@ -7,7 +7,8 @@
 
 namespace tessaria {
 
-/// The picker of a path field. Made on first need, one per thread.
+/// The picker of a path field. Made on first need, one per thread; whoever
+/// runs it holds it until it has answered.
 class frmDiretorio {
  public:
   /// What the window is made of.
@@ -25,6 +26,8 @@ class frmDiretorio {
   Variant ExecutaDiretorio(const Variant& nLi, const Variant& nCi, Integer nWidth,
                            const String& strConteudo, bool blnTmpVerArquivos,
                            const String& strDirPattern);
+  /// Closes the window, also while it is open.
+  void Unload();
 
  private:
   void OpenFolder(const String& folder);

@@ -13,6 +13,10 @@ class Connection;
 class Desktop;
 }  // namespace host
 
+class frmCalculadora;
+class frmCalendario;
+class frmDiretorio;
+
 /// One instance per thread. A host sets `application` before it creates the first control.
 struct ThreadState {
   /// The hosting program's services; not owned, outlives every control of the thread.
@@ -24,6 +28,10 @@ struct ThreadState {
   std::shared_ptr<host::Connection> dbConexao;
   /// The sibling's value as an SQL literal while a description field has the focus.
   Variant vntValorIrmao = Variant::Null();
+  /// The dialogs of the fields' buttons, made on first need.
+  std::shared_ptr<tessaria::frmCalendario> frmCalendario;
+  std::shared_ptr<tessaria::frmCalculadora> frmCalculadora;
+  std::shared_ptr<tessaria::frmDiretorio> frmDiretorio;
 };
 
 /// The state of the calling thread.

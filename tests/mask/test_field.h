@@ -51,10 +51,12 @@ class TestField final : public MaskedField {
     box.Text(hidden.empty() ? text : String(text.size(), hidden.front()));
   }
   void GuardaTexto(const String& text) override { typed_ = text; }
+  void AbreCalculadora() override { ++calculators; }
 
   memory::TextBox box;
   bool negative = false;
   tessaria::TipoControle type = tessaria::TipoControle::Normal;
+  int calculators = 0;  ///< how often the calculator was asked for
   Integer lastKey = 0;  ///< the key as the last handler left it
 
  private:

@@ -1,0 +1,165 @@
+// The button: the road to the dialogs of a field.
+
+#include "browse/lookup_run.h"
+#include "control/tstext.h"
+#include "mask/exit_flag.h"
+#include "mask/form_helpers.h"
+#include "pickers/calculator.h"
+#include "pickers/calendar.h"
+#include "pickers/folder_picker.h"
+#include "runtime/conversion.h"
+#include "runtime/text.h"
+#include "services/message_box.h"
+#include "services/scramble.h"
+#include "services/trap.h"
+#include "tessaria/host/application.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria {
+
+namespace {
+
+// Twips from the field to its dialog.
+constexpr float roomAbove = 930;
+constexpr float roomLeft = 30;
+constexpr Long stopIcon = 16;
+
+/// A dialog that the controls of a thread share, made on first need. The caller's reference
+/// keeps it until it has answered.
+template <class Form>
+std::shared_ptr<Form> Shared(std::shared_ptr<Form>& slot) {
+  if (!slot) slot = std::make_shared<Form>();
+  return slot;
+}
+
+template <class Form>
+void Release(const std::shared_ptr<Form>& form, std::shared_ptr<Form>& slot) {
+  form->Unload();
+  slot = nullptr;
+}
+
+double NumberIn(const String& text) { return mdlComum::NuloParaZero(Replace(text, u".", u"")); }
+
+}  // namespace
+
+void tsText::btnBrowse_Click() {
+  Trap(u"tsText", u"btnBrowse_Click", [&] {
+    txtEdit_.Tag = exitIsSilenced;  // stays when the dialog fails, until the next click works
+    switch (m_.TipoControle) {
+      case tessaria::TipoControle::Browse:
+      case tessaria::TipoControle::Descricao:
+        PickFromList();
+        break;
+      case tessaria::TipoControle::Calendario:
+        PickDate();
+        break;
+      case tessaria::TipoControle::Diretorio:
+        PickPath();
+        break;
+      case tessaria::TipoControle::Calculadora:
+        CalculateChecked();
+        break;
+      case tessaria::TipoControle::Normal:
+        break;
+    }
+    bool changed = ValueChanged();
+    events_.BrowseReturn(changed, m_.LastValue);
+    m_.LastValue = m_.Value;
+    txtEdit_.Tag.clear();
+  });
+}
+
+tsText::DialogPlace tsText::PlaceBelow() const {
+  const auto extender = site_.Extender();
+  const auto at = [&](const char16_t* axis) {
+    return static_cast<float>(CDbl(mdlObjTxt::PosicaoNoForm(extender, axis)));
+  };
+  return {at(u"y") + static_cast<float>(extender->Height()) + roomAbove, at(u"x") + roomLeft};
+}
+
+void tsText::PickFromList() {
+  if (BrwCampo().empty() || BrowseTable().empty()) {
+    mdlMsgBox::ExibeMensagem(hWnd(),
+                             u"Propriedades da Browse Não Foram Informadas Corretamente. Contate "
+                             u"o Administrador de Sistema",
+                             stopIcon);
+    return;
+  }
+  const DialogPlace place = PlaceBelow();
+  const bool usesSiblings =
+      m_.TipoControle == tessaria::TipoControle::Descricao && m_.bIrmaoConectado;
+  const auto searches =
+      usesSiblings ? Sibling()->Get(u"Pesquisa").As<tessaria::Pesquisa>() : Pesquisa();
+  Variant value = m_.Value;
+  const String chosen = Trim(mdlObjTxt::VerBrowse(
+      place.Top, place.Left, txtEdit_, value, BrowseTable(), BrwCampo(), BrwCampoIrmao(),
+      BrwCampoOutros(), BrwGroupBy(), BrwLeftJoin(), BrwWhere(), BrwTitulo(), m_.TipoControle,
+      site_.Parent(), Browse()->cgrColGrid(), searches, m_.MsgBrowse, hWnd()));
+  App().DoEvents();
+  m_.bCarregandoCampo = true;
+  Value(MaxLength() != 0 ? Left(chosen, MaxLength()) : chosen);
+  App().DoEvents();
+  if (txtEdit_.Visible()) txtEdit_.SetFocus();
+}
+
+void tsText::PickDate() {
+  const DialogPlace place = PlaceBelow();
+  const auto calendar = Shared(State().frmCalendario);
+  Value(calendar->ExecutaCalendario(place.Top, place.Left, txtEdit_, Trim(Stripped()), m_.Mascara,
+                                    m_.ItensMascara));
+  Release(calendar, State().frmCalendario);
+}
+
+void tsText::PickPath() {
+  const DialogPlace place = PlaceBelow();
+  const auto picker = Shared(State().frmDiretorio);
+  Value(picker->ExecutaDiretorio(place.Top, place.Left, CInt(site_.Width()), txtEdit_.Text(),
+                                 m_.DirVerArquivos, m_.DirPattern));
+  Release(picker, State().frmDiretorio);
+}
+
+Variant tsText::Calculate(frmCalculadora& calculator) {
+  const DialogPlace place = PlaceBelow();
+  return calculator.ExecutaCalculadora(place.Top, place.Left, txtEdit_, Trim(Stripped()));
+}
+
+void tsText::CalculateChecked() {
+  const auto calculator = Shared(State().frmCalculadora);
+  const Variant before = m_.Value;
+  Value(Calculate(*calculator));
+  if (!CalculationFits()) {
+    App().ShowMessageBox(0,
+                         u"Atenção. O resultado do calculo é superior ao tamanho do campo. O Valor "
+                         u"será desconsiderado !",
+                         host::box::Stop, u"Tessaria Sistemas");
+    Value(before);
+  }
+  Release(calculator, State().frmCalculadora);
+}
+
+/// Compares what the field made of the result with what it shows: a result that the mask cut
+/// down is caught here.
+bool tsText::CalculationFits() {
+  if (MaxLength() <= 0) return true;
+  String text = txtEdit_.Text();
+  const Long point = InStr(m_.Mascara, u".");
+  if (point == 0) {
+    if (InStr(text, u".") != 0) return false;
+  } else {
+    if (InStr(text, u",") == 0) text += u",";
+    const Long missing = (Len(m_.Mascara) - point) - (Len(text) - InStr(text, u","));
+    if (missing > 0) text += StringOf(missing, u"0");
+    Value(NumberIn(text));
+    if (Len(text) > MaxLength()) return false;
+  }
+  return NumberIn(text) <= mdlComum::NuloParaZero(m_.Value);
+}
+
+/// The keyboard's road to the calculator takes the answer unchecked.
+void tsText::AbreCalculadora() {
+  const auto calculator = Shared(State().frmCalculadora);
+  Value(Calculate(*calculator));
+  Release(calculator, State().frmCalculadora);
+}
+
+}  // namespace tessaria
