@@ -4,7 +4,6 @@
 
 #include "hosts/odbc/connection_text.h"
 #include "hosts/odbc/dbms_version.h"
-#include "hosts/odbc/diagnostics.h"
 #include "runtime/text.h"
 
 namespace tessaria::odbc {
@@ -141,13 +140,16 @@ void Session::Check(SQLRETURN result, const Statement& statement) {
 // The error of a failed call. A lost link closes the session.
 void Session::Fail(SQLSMALLINT type, SQLHANDLE handle) {
   const OdbcError error = DiagnosticsOf(type, handle);
+  NoteLoss(error);
+  throw error;
+}
+
+void Session::NoteLoss(const OdbcError& error) {
   SQLINTEGER dead = SQL_CD_FALSE;
   SQLGetConnectAttrW(link_->get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
-  if (error.IsConnectionLoss() || dead == SQL_CD_TRUE) {
-    lost_ = true;
-    inTransaction_ = false;
-  }
-  throw error;
+  if (!error.IsConnectionLoss() && dead != SQL_CD_TRUE) return;
+  lost_ = true;
+  inTransaction_ = false;
 }
 
 void Session::Execute(const Statement& statement, const String& text) {
@@ -219,7 +221,7 @@ void Session::EndTransaction(SQLSMALLINT completion) {
   const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, Handle(), completion);
   if (!SQL_SUCCEEDED(result)) {
     const OdbcError error = DiagnosticsOf(SQL_HANDLE_DBC, Handle());
-    lost_ = error.IsConnectionLoss();
+    NoteLoss(error);
     // A commit that the server refuses has undone the transaction; what follows is outside it.
     if (!lost_) SQLEndTran(SQL_HANDLE_DBC, Handle(), SQL_ROLLBACK);
     if (!lost_) AutoCommit(true);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "hosts/odbc/diagnostics.h"
 #include "hosts/odbc/handles.h"
 #include "hosts/odbc/sql_scanner.h"
 
@@ -93,6 +94,7 @@ class Session {
   void RunPlain(const String& text);
   void AutoCommit(bool on);
   void EndTransaction(SQLSMALLINT completion);
+  void NoteLoss(const OdbcError& error);
   [[noreturn]] void Fail(SQLSMALLINT type, SQLHANDLE handle);
 
   std::shared_ptr<Link> link_;
