@@ -44,7 +44,7 @@ constexpr ThemeColour kThemeColours[] = {
 };
 
 /// The least contrast at which a text counts as readable.
-constexpr double kLeastContrast = 3.0;
+constexpr double kLeastContrast = 4.5;
 
 double linear(double channel) {
   return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -83,13 +83,21 @@ Colour toColour(const QColor& colour) {
          static_cast<Colour>(colour.blue()) << 16;
 }
 
-QColor readableOn(const QColor& fore, const QColor& back) {
-  if (contrast(fore, back) >= kLeastContrast) return fore;
+QColor textColourOn(const QColor& back) {
   const QColor black(Qt::black), white(Qt::white);
-  const QColor& end = contrast(black, back) > contrast(white, back) ? black : white;
-  for (double part = 0.25; part < 1; part += 0.25) {
+  return contrast(black, back) > contrast(white, back) ? black : white;
+}
+
+bool isReadableOn(const QColor& fore, const QColor& back) {
+  return contrast(fore, back) >= kLeastContrast;
+}
+
+QColor readableOn(const QColor& fore, const QColor& back) {
+  if (isReadableOn(fore, back)) return fore;
+  const QColor end = textColourOn(back);
+  for (double part = 0.1; part < 1; part += 0.1) {
     const QColor nearer = blend(fore, end, part);
-    if (contrast(nearer, back) >= kLeastContrast) return nearer;
+    if (isReadableOn(nearer, back)) return nearer;
   }
   return end;
 }

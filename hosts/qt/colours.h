@@ -14,6 +14,9 @@ bool isSystemColour(Colour colour);
 QColor toQColor(Colour colour, const QPalette& palette);
 Colour toColour(const QColor& colour);
 
+bool isReadableOn(const QColor& fore, const QColor& back);
+/// Black or white, whichever reads better.
+QColor textColourOn(const QColor& back);
 /// `fore`, or the nearest to it that can be read on `back`: blended towards black or white.
 QColor readableOn(const QColor& fore, const QColor& back);
 

@@ -82,12 +82,18 @@ void TextBox::BackColor(Colour colour) {
   applyColours();
 }
 
+/// A literal background gets a literal text colour beside a theme's that cannot be read on it.
+QColor TextBox::textColour(const QColor& wanted, const QColor& back) const {
+  if (isSystemColour(foreColor_) && !isReadableOn(wanted, back)) return textColourOn(back);
+  return readableOn(wanted, back);
+}
+
 /// The colours belong to the state that the box is in: the theme draws the other one.
 void TextBox::applyColours() {
   const QWidget* around = edit().parentWidget();
   const QPalette theme = around ? around->palette() : QPalette();
   const QColor back = toQColor(backColor_, theme);
-  const QColor fore = readableOn(toQColor(foreColor_, theme), back);
+  const QColor fore = textColour(toQColor(foreColor_, theme), back);
   QPalette palette;
   for (auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
     if ((group == QPalette::Disabled) == Enabled()) continue;

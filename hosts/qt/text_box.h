@@ -71,6 +71,7 @@ class TextBox final : public host::TextBox, public EditEvents {
   MaskInUse maskInUse() const override;
 
   LineEdit& edit() const;
+  QColor textColour(const QColor& wanted, const QColor& back) const;
 
   QPointer<LineEdit> edit_;
   String passwordChar_;

@@ -1,0 +1,239 @@
+// Sizes, colours, icons, accessibility, key codes.
+#include <QAccessible>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QToolButton>
+
+#include "hosts/qt/application.h"
+#include "hosts/qt/colours.h"
+#include "hosts/qt/form.h"
+#include "hosts/qt/host.h"
+#include "hosts/qt/key_codes.h"
+#include "hosts/qt/text.h"
+#include "hosts/qt/units.h"
+#include "tessaria/error.h"
+#include "tests/qt/field_fixture.h"
+
+namespace tessaria::qt::tests {
+namespace {
+
+double contrast(const QColor& a, const QColor& b) {
+  const auto light = [](const QColor& c) { return qGray(c.rgb()) + 12.75; };
+  return std::max(light(a), light(b)) / std::min(light(a), light(b));
+}
+
+QPalette darkTheme() {
+  QPalette dark(QColor(40, 40, 40));
+  dark.setColor(QPalette::Base, QColor(25, 25, 25));
+  dark.setColor(QPalette::Text, QColor(230, 230, 230));
+  dark.setColor(QPalette::WindowText, QColor(230, 230, 230));
+  return dark;
+}
+
+class Looks : public FieldFixture {
+ protected:
+  ~Looks() override { QApplication::setPalette(light_); }
+  QToolButton& browse() { return *first_->findChild<QToolButton*>(QStringLiteral("btnBrowse")); }
+  const QPalette light_ = QApplication::palette();
+};
+
+TEST_F(Looks, TheHintHoldsTheFontWhateverItsSize) {
+  for (int points : {6, 10, 30}) {
+    QFont font = QApplication::font();
+    font.setPointSize(points);
+    first_->setFieldFont(font);
+    const int needed = editOf(*first_)->sizeHint().height();
+    EXPECT_GE(first_->sizeHint().height(), needed);
+    EXPECT_GE(first_->minimumSizeHint().height(), QFontMetrics(first_->fieldFont()).height());
+    EXPECT_GE(twipsY(first_->sizeHint().height(), *first_), 315);
+  }
+}
+
+TEST_F(Looks, ALowControlSnapsToItsLeastHeight) {
+  TsText field(window_.get());
+  field.setGeometry(0, 0, 200, 10);
+  window_->show();
+  field.show();
+  EXPECT_EQ(field.height(), 21);
+}
+
+TEST_F(Looks, TheBoxMakesRoomForTheButton) {
+  TsText field(window_.get());
+  field.setGeometry(0, 0, 200, 30);
+  showActive(*window_);
+  field.show();
+  settleEvents();
+  EXPECT_EQ(editOf(field)->width(), 200 - 5);  // 70 twips
+  field.setTipoControle(TsText::Calendario);
+  EXPECT_EQ(editOf(field)->width(), 200 - 24);  // 360 twips
+  const auto* button = field.findChild<QToolButton*>(QStringLiteral("btnBrowse"));
+  EXPECT_TRUE(button->isVisible());
+  EXPECT_LE(button->geometry().right(), 200);
+  EXPECT_GT(button->x(), editOf(field)->geometry().right());
+}
+
+TEST_F(Looks, ButtonsHaveIconNameAndToolTip) {
+  const std::pair<TsText::TipoControle, const char*> kinds[] = {
+      {TsText::Browse, "Procurar"},
+      {TsText::Calendario, "Calendário"},
+      {TsText::Diretorio, "Pasta"},
+      {TsText::Calculadora, "Calculadora"}};
+  show();
+  for (const auto& [kind, name] : kinds) {
+    first_->setTipoControle(kind);
+    EXPECT_FALSE(browse().isHidden());
+    EXPECT_FALSE(browse().icon().isNull()) << name;
+    EXPECT_FALSE(browse().icon().pixmap(16, 16).isNull()) << name;
+    EXPECT_EQ(browse().accessibleName(), QString::fromUtf8(name));
+    EXPECT_EQ(browse().toolTip(), QString::fromUtf8(name));
+    EXPECT_FALSE(browse().focusPolicy() & Qt::TabFocus & ~Qt::ClickFocus);
+  }
+  first_->setTipoControle(TsText::Normal);
+  EXPECT_TRUE(browse().isHidden());
+}
+
+TEST_F(Looks, AnIconOfTheApplicationsFolderComesFirst) {
+  const QString path = QCoreApplication::applicationDirPath() + QStringLiteral("/Calendario.ico");
+  QImage image(16, 16, QImage::Format_ARGB32);
+  image.fill(Qt::magenta);
+  ASSERT_TRUE(image.save(path, "PNG"));
+  first_->setTipoControle(TsText::Calendario);
+  show();
+  EXPECT_EQ(browse().icon().pixmap(16, 16).toImage().pixelColor(8, 8), QColor(Qt::magenta));
+  QFile::remove(path);
+}
+
+TEST_F(Looks, PicturesThatAreNotThereOrNoneAreErrors) {
+  const QTemporaryDir folder;
+  const String missing = fromQt(folder.filePath(QStringLiteral("nada.ico")));
+  const QString broken = folder.filePath(QStringLiteral("texto.ico"));
+  QFile file(broken);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("nada");
+  file.close();
+  auto& program = install().application();
+  const auto numberOf = [&](const String& path) {
+    try {
+      program.LoadPicture(path);
+    } catch (const HostError& error) {
+      return error.Number();
+    }
+    return Long{0};
+  };
+  EXPECT_EQ(numberOf(missing), 53);
+  EXPECT_EQ(numberOf(fromQt(broken)), 481);
+  EXPECT_FALSE(program.FileExists(fromQt(folder.path())));
+  EXPECT_EQ(program.PathSeparator(), u'/');
+}
+
+TEST_F(Looks, TheLiteralWhiteBoxIsReadableInADarkTheme) {
+  QApplication::setPalette(darkTheme());
+  show();
+  const QPalette palette = box().palette();
+  EXPECT_EQ(palette.color(QPalette::Base), QColor(Qt::white));
+  EXPECT_GT(contrast(palette.color(QPalette::Text), palette.color(QPalette::Base)), 3);
+}
+
+TEST_F(Looks, AChangeOfThemeIsFollowed) {
+  show();
+  QApplication::setPalette(darkTheme());
+  settleEvents();
+  EXPECT_GT(contrast(box().palette().color(QPalette::Text), box().palette().color(QPalette::Base)),
+            3);
+}
+
+TEST_F(Looks, ABlueCaptionIsReadableInADarkTheme) {
+  QApplication::setPalette(darkTheme());
+  show();
+  const auto label = std::dynamic_pointer_cast<host::Label>(makeWidget(*label_));
+  label->ForeColor(0xFF0000);
+  EXPECT_EQ(label->ForeColor(), 0xFF0000u);
+  EXPECT_GT(contrast(label_->palette().color(QPalette::WindowText), QColor(40, 40, 40)), 2);
+}
+
+TEST_F(Looks, ColoursAreBlueGreenRed) {
+  const QPalette palette = QApplication::palette();
+  EXPECT_EQ(toQColor(0x00FF8000, palette), QColor(0x00, 0x80, 0xFF));
+  EXPECT_EQ(toColour(QColor(0x00, 0x80, 0xFF)), 0x00FF8000u);
+  EXPECT_EQ(toQColor(0x80000005, palette), palette.color(QPalette::Base));
+  EXPECT_EQ(toQColor(0x80000008, palette), palette.color(QPalette::Text));
+  EXPECT_EQ(toQColor(0x8000000F, palette), palette.color(QPalette::Button));
+  EXPECT_EQ(toQColor(0x80000011, palette), palette.color(QPalette::Disabled, QPalette::Text));
+  EXPECT_EQ(toQColor(0x800000FF, palette), palette.color(QPalette::WindowText));
+}
+
+TEST_F(Looks, TheEditIsNamedByItsCaption) {
+  first_->setDesignMode(true);
+  first_->setLabelAssociado(QStringLiteral("LBLPRIMEIRO"));
+  first_->setDesignMode(false);
+  show();
+  QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&box());
+  ASSERT_NE(face, nullptr);
+  EXPECT_EQ(face->text(QAccessible::Name), QStringLiteral("Primeiro"));
+  EXPECT_EQ(label_->buddy(), first_);
+}
+
+TEST_F(Looks, ADisabledFieldIsGrayAndComesBack) {
+  show();
+  first_->setEnabled(false);
+  EXPECT_FALSE(first_->isFieldEnabled());
+  EXPECT_FALSE(box().isEnabled());
+  EXPECT_EQ(box().palette().color(QPalette::Disabled, QPalette::Base),
+            box().parentWidget()->palette().color(QPalette::Button));
+  first_->setEnabled(true);
+  EXPECT_EQ(box().palette().color(QPalette::Active, QPalette::Base), QColor(Qt::white));
+  first_->setProperty("enabled", false);
+  EXPECT_FALSE(first_->isFieldEnabled());
+}
+
+TEST_F(Looks, ADescriptionIsBlue) {
+  window_->setProperty("dbForm", QVariant());
+  first_->setTipoControle(TsText::Descricao);
+  show();
+  EXPECT_EQ(first_->foreColor(), QColor(Qt::blue));
+}
+
+// --- Key codes
+// --------------------------------------------------------------------------------------
+
+TEST(KeyCodes, AreTheVirtualKeyCodes) {
+  const std::tuple<int, Qt::KeyboardModifiers, int> keys[] = {
+      {Qt::Key_A, {}, 65},
+      {Qt::Key_9, {}, 57},
+      {Qt::Key_F9, {}, 120},
+      {Qt::Key_PageDown, {}, 34},
+      {Qt::Key_Home, {}, 36},
+      {Qt::Key_Delete, {}, 46},
+      {Qt::Key_Shift, {}, 16},
+      {Qt::Key_Dead_Acute, {}, 219},
+      {Qt::Key_Dead_Tilde, {}, 222},
+      {Qt::Key_Ccedilla, {}, 186},
+      {Qt::Key_Period, {}, 190},
+      {Qt::Key_7, Qt::KeypadModifier, 103},
+      {Qt::Key_Comma, Qt::KeypadModifier, 110},
+      {Qt::Key_Left, Qt::KeypadModifier, 37},
+      {Qt::Key_VolumeUp, {}, 0}};
+  for (const auto& [key, modifiers, code] : keys)
+    EXPECT_EQ(virtualKey(QKeyEvent(QEvent::KeyPress, key, modifiers)), code) << key;
+}
+
+TEST(KeyCodes, CharactersAreWhatTheKeyTypes) {
+  const auto typed = [](int key, Qt::KeyboardModifiers modifiers, const char* text) {
+    return charactersOf(QKeyEvent(QEvent::KeyPress, key, modifiers, QString::fromUtf8(text)));
+  };
+  const auto ctrlAlt = Qt::ControlModifier | Qt::AltModifier;
+  EXPECT_EQ(typed(Qt::Key_A, {}, "a"), QStringList({"a"}));
+  EXPECT_EQ(typed(Qt::Key_C, Qt::ControlModifier, ""), QStringList({QChar(3)}));
+  EXPECT_EQ(typed(Qt::Key_Backspace, {}, "\b"), QStringList({QChar(8)}));
+  EXPECT_EQ(typed(Qt::Key_Enter, Qt::KeypadModifier, "\r"), QStringList({QChar(13)}));
+  EXPECT_EQ(typed(Qt::Key_Escape, {}, "\x1b"), QStringList({QChar(27)}));
+  EXPECT_EQ(typed(Qt::Key_Delete, {}, "\x7f"), QStringList());
+  EXPECT_EQ(typed(Qt::Key_G, Qt::AltModifier, "g"), QStringList());
+  EXPECT_EQ(typed(Qt::Key_section, ctrlAlt, "§"), QStringList({QStringLiteral("§")}));
+  EXPECT_EQ(typed(Qt::Key_unknown, {}, "😀"), QStringList({QStringLiteral("😀")}));
+}
+
+}  // namespace
+}  // namespace tessaria::qt::tests
