@@ -17,6 +17,22 @@ namespace {
 
 constexpr char kShown[] = "_tessaria_shown";
 
+/// First shows pump events, and inside the show of an outer widget Qt still walks its children:
+/// what is deleted meanwhile would be met there. A window is shown last of all, and its forms
+/// with it; a form that is shown later waits for the event loop.
+void formShows(QWidget* widget) {
+  if (!widget->isWindow()) {
+    QMetaObject::invokeMethod(
+        widget, [widget] { showFirst(widget); }, Qt::QueuedConnection);
+    return;
+  }
+  QList<QPointer<QWidget>> forms{widget};
+  for (QWidget* inner : widget->findChildren<QWidget*>())
+    if (isForm(inner) && inner->isVisible()) forms << inner;
+  for (const auto& form : forms)
+    if (form) showFirst(form);
+}
+
 /// Place of a control in the order of loading.
 int loadRank(const TsText& control) {
   if (control.dataSource().isEmpty() || control.dataField().isEmpty()) return 0;
@@ -43,7 +59,7 @@ bool FormEvents::eventFilter(QObject* object, QEvent* event) {
   auto* widget = static_cast<QWidget*>(object);
   switch (event->type()) {
     case QEvent::Show:
-      if (isForm(widget)) showFirst(widget);
+      if (isForm(widget)) formShows(widget);
       return false;
     case QEvent::Hide:
       if (widget->isWindow() && !event->spontaneous())
