@@ -100,7 +100,7 @@ $$;
 insert into clientes (codigo, nome, cpf_cnpj, cep, endereco, cidade, uf, telefone, email,
                       nascimento, limite_credito, condicao, ativo, observacao)
 select
-  codigo,
+  lpad(codigo::text, 5, '0'),
   nome,
   case when empresa then pg_temp.cnpj(codigo) else pg_temp.cpf(codigo) end,
   lpad((primeiro_cep::integer + pg_temp.sorteio(codigo, 'cep', 980))::text, 8, '0'),
@@ -122,7 +122,7 @@ select
   case when pg_temp.sorteio(codigo, 'tem limite', 15) > 0
        then pg_temp.sorteio(codigo, 'limite', case when empresa then 1800 else 240 end) * 50
             + pg_temp.escolhe(codigo, 'centavos', array['0', '0', '0', '49.90', '25.50'])::numeric
-  end,
+       else 0 end,
   1 + pg_temp.sorteio(codigo, 'condição', 8),
   pg_temp.sorteio(codigo, 'ativo', 20) > 0,
   pg_temp.escolhe(codigo, 'observação', array[

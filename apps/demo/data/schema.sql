@@ -37,8 +37,8 @@ create table produtos (
 create index produtos_descricao on produtos (descricao);
 
 create table clientes (
-  codigo         integer       primary key,
-  nome           varchar(60)   not null,
+  codigo         varchar(5)    primary key check (codigo ~ '^[0-9]{5}$'),  -- zero-filled
+  nome           varchar(60)   not null check (trim(nome) <> ''),
   cpf_cnpj       varchar(14),
   cep            varchar(8),
   endereco       varchar(60),
@@ -47,7 +47,7 @@ create table clientes (
   telefone       varchar(11),
   email          varchar(60),
   nascimento     date,
-  limite_credito numeric(11,2) check (limite_credito >= 0),
+  limite_credito numeric(11,2) not null default 0 check (limite_credito >= 0),
   condicao       integer       references condicoes_pagamento,
   senha          varchar(20),
   ativo          boolean       not null default true,

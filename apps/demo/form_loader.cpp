@@ -1,0 +1,43 @@
+#include "apps/demo/form_loader.h"
+
+#include <QFile>
+#include <QUiLoader>
+#include <utility>
+
+#include "hosts/qt/adodc.h"
+#include "hosts/qt/tstext.h"
+
+static void loadResources() { Q_INIT_RESOURCE(demo); }
+
+namespace tessaria::demo {
+namespace {
+
+/// Knows the widgets of the library, with no plugin.
+class Loader final : public QUiLoader {
+ public:
+  explicit Loader(QWidget& form) : form_(&form) {}
+
+  QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
+    QWidget* widget = parent ? nullptr : std::exchange(form_, nullptr);
+    if (className == QLatin1String("tessaria::qt::TsText")) widget = new qt::TsText(parent);
+    if (className == QLatin1String("tessaria::qt::Adodc")) widget = new qt::Adodc(parent);
+    if (!widget) return QUiLoader::createWidget(className, parent, name);
+    widget->setObjectName(name);
+    return widget;
+  }
+
+ private:
+  QWidget* form_;  ///< until the outermost widget is asked for
+};
+
+}  // namespace
+
+void loadForm(const QString& file, QWidget& form) {
+  loadResources();
+  QFile stored(QLatin1String(":/demo/forms/") + file);
+  Loader loader(form);
+  if (!stored.open(QIODevice::ReadOnly) || !loader.load(&stored))
+    qFatal("%s: %s", qPrintable(file), qPrintable(loader.errorString()));
+}
+
+}  // namespace tessaria::demo

@@ -1,0 +1,71 @@
+// The order desk of a small trading company.
+#include <QApplication>
+#include <QIcon>
+#include <cstdio>
+#include <memory>
+
+#include "apps/demo/cluster.h"
+#include "apps/demo/database.h"
+#include "apps/demo/failure.h"
+#include "apps/demo/main_window.h"
+#include "apps/demo/messages.h"
+#include "apps/demo/options.h"
+#include "apps/demo/play/play.h"
+#include "apps/demo/quit_signals.h"
+#include "hosts/qt/host.h"
+
+namespace tessaria::demo {
+namespace {
+
+int runDesk(QApplication& application, const Options& options) {
+  std::unique_ptr<Cluster> server;
+  QString connection = options.connectionString;
+  if (connection.isEmpty()) {
+    server = std::make_unique<Cluster>(options.dataFolder);
+    server->start();
+    connection = server->connectionString();
+  }
+  Database database(connection, server.get());
+  database.open();
+  MainWindow window(database);
+  window.show();
+  return application.exec();
+}
+
+/// On the screen where there is one, and always where a caller can read it.
+int report(const Failure& failure, bool inABox) {
+  std::fprintf(stderr, "%s\n", qPrintable(failure.text()));
+  if (inABox) warn(failure.text());
+  return EXIT_FAILURE;
+}
+
+/// A window without a screen has no size hints to hand on, and Qt says so each time.
+void dropKnownNoise(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (text.contains(QLatin1String("propagateSizeHints"))) return;
+  std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
+bool hasScreen() { return QGuiApplication::platformName() != QLatin1String("offscreen"); }
+
+int run(int argc, char** argv) {
+  qInstallMessageHandler(dropKnownNoise);
+  QApplication application(argc, argv);
+  QCoreApplication::setOrganizationName(QStringLiteral("Tessaria"));
+  QCoreApplication::setApplicationName(QStringLiteral("tessaria-demo"));
+  QGuiApplication::setApplicationDisplayName(QStringLiteral("Tessaria"));
+  qt::install();
+  quitOnSignals(application);
+  Options options;
+  try {
+    options = readOptions(QCoreApplication::arguments());
+    if (!options.playFolder.isEmpty()) return play(options.playFolder);
+    return runDesk(application, options);
+  } catch (const Failure& failure) {
+    return report(failure, options.playFolder.isEmpty() && hasScreen());
+  }
+}
+
+}  // namespace
+}  // namespace tessaria::demo
+
+int main(int argc, char** argv) { return tessaria::demo::run(argc, argv); }

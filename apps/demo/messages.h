@@ -1,0 +1,13 @@
+// Boxes of the program itself, in the looks of the fields' own.
+#pragma once
+
+#include <QString>
+
+namespace tessaria::demo {
+
+void tell(const QString& text);
+void warn(const QString& text);
+/// Yes or no.
+bool ask(const QString& text);
+
+}  // namespace tessaria::demo

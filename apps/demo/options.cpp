@@ -1,0 +1,45 @@
+#include "apps/demo/options.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <cstdio>
+#include <cstdlib>
+
+#include "apps/demo/cluster.h"
+#include "apps/demo/failure.h"
+
+namespace tessaria::demo {
+
+Options readOptions(const QStringList& arguments) {
+  const QCommandLineOption data(
+      QStringLiteral("data"),
+      QStringLiteral("Pasta do banco de dados próprio (a pasta do usuário)."),
+      QStringLiteral("PASTA"), Cluster::defaultFolder());
+  const QCommandLineOption connection(
+      QStringLiteral("connection"),
+      QStringLiteral("Texto de conexão ODBC de outro banco, no lugar do próprio."),
+      QStringLiteral("TEXTO"));
+  const QCommandLineOption play(
+      QStringLiteral("play"),
+      QStringLiteral("Faz sozinho uma sessão de um operador, num banco de dados temporário, e "
+                     "grava as telas na pasta."),
+      QStringLiteral("PASTA"));
+  const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                QStringLiteral("Mostra esta ajuda."));
+  QCommandLineParser parser;
+  parser.setApplicationDescription(QStringLiteral("Mesa de pedidos de uma pequena distribuidora."));
+  parser.addOptions({data, connection, play, help});
+  if (!parser.parse(arguments) || !parser.positionalArguments().isEmpty())
+    throw Failure(QStringLiteral("Opção desconhecida ou incompleta.\n\n") + parser.helpText());
+  if (parser.isSet(help)) {
+    std::fputs(qPrintable(parser.helpText()), stdout);
+    std::exit(EXIT_SUCCESS);
+  }
+  if (parser.isSet(play) && (parser.isSet(connection) || parser.isSet(data)))
+    throw Failure(
+        QStringLiteral("A sessão de --play usa um banco de dados próprio e temporário: não a "
+                       "combine com --connection nem com --data."));
+  return {parser.value(data), parser.value(connection), parser.value(play)};
+}
+
+}  // namespace tessaria::demo

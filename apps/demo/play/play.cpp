@@ -1,0 +1,71 @@
+#include "apps/demo/play/play.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <cstdio>
+
+#include "apps/demo/cluster.h"
+#include "apps/demo/database.h"
+#include "apps/demo/failure.h"
+#include "apps/demo/main_window.h"
+#include "apps/demo/play/customer_session.h"
+#include "tessaria/error.h"
+
+namespace tessaria::demo {
+namespace {
+
+void say(const QString& line) {
+  std::printf("%s\n", qPrintable(line));
+  std::fflush(stdout);
+}
+
+QStringList checkRow(const QString& connectionString, const ExpectedRow& expected) {
+  say(QLatin1Char('\n') + expected.title);
+  const QList<Row> rows = readRows(connectionString, expected.statement);
+  if (rows.size() == 1) return compareAndPrint(rows.first(), expected.row);
+  return {QStringLiteral("%1: há %2 registros, e não um").arg(expected.title).arg(rows.size())};
+}
+
+QStringList checkRows(const QString& connectionString) {
+  QStringList wrong;
+  try {
+    for (const ExpectedRow& row : rowsAfterCustomerSession())
+      wrong += checkRow(connectionString, row);
+  } catch (const HostError& error) {
+    wrong << QString::fromUtf8(error.what());
+  }
+  return wrong;
+}
+
+int verdict(const QStringList& wrong) {
+  if (wrong.isEmpty()) {
+    say(QStringLiteral("\nTudo certo: o banco de dados contém o que foi digitado."));
+    return EXIT_SUCCESS;
+  }
+  say(QStringLiteral("\nErrado:"));
+  for (const QString& line : wrong) say(QStringLiteral("  ") + line);
+  return EXIT_FAILURE;
+}
+
+}  // namespace
+
+int play(const QString& folder) {
+  if (!folder.isEmpty() && !QDir().mkpath(folder))
+    throw Failure(QStringLiteral("A pasta %1 não pode ser criada.").arg(folder));
+  const QTemporaryDir place(QDir::tempPath() + QLatin1String("/tdXXXXXX"));
+  QFile::setPermissions(place.path(), QFile::permissions(place.path()) | QFile::ExeOther);
+  Cluster server(place.filePath(QStringLiteral("mesa")));
+  server.start();
+  Database database(server.connectionString(), &server);
+  database.open();
+  MainWindow window(database);
+  window.show();
+  Player player(window, folder);
+  say(QStringLiteral("Sessão de um operador:"));
+  playCustomerSession(player);
+  const QStringList wrong = player.failures() + checkRows(server.connectionString());
+  if (!folder.isEmpty()) say(QStringLiteral("\nTelas: %1").arg(QDir(folder).absolutePath()));
+  return verdict(wrong);
+}
+
+}  // namespace tessaria::demo

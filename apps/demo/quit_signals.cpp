@@ -1,0 +1,33 @@
+#include "apps/demo/quit_signals.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+#include <csignal>
+
+namespace tessaria::demo {
+namespace {
+
+int pipeEnds[2] = {-1, -1};
+
+/// A handler may do next to nothing: the event loop hears of the signal through a pipe.
+void tellLoop(int signal) {
+  const auto number = static_cast<unsigned char>(signal);
+  [[maybe_unused]] const auto written = write(pipeEnds[1], &number, 1);
+}
+
+}  // namespace
+
+void quitOnSignals(QCoreApplication& application) {
+  if (pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0) return;
+  auto* notifier = new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, &application);
+  QObject::connect(notifier, &QSocketNotifier::activated, &application, [] {
+    unsigned char number = 0;
+    if (read(pipeEnds[0], &number, 1) == 1) QCoreApplication::exit(128 + number);
+  });
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, tellLoop);
+}
+
+}  // namespace tessaria::demo
