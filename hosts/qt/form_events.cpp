@@ -69,6 +69,7 @@ bool FormEvents::eventFilter(QObject* object, QEvent* event) {
     case QEvent::MouseButtonDblClick:
       return swallowsPress(widget);
     case QEvent::KeyPress:
+    case QEvent::KeyRelease:
     case QEvent::InputMethod:
       return swallowsKey(widget);
     case QEvent::Shortcut:

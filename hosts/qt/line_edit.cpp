@@ -237,8 +237,8 @@ void LineEdit::handleKeyRelease(QKeyEvent* event) {
   event->accept();
   if (event->isAutoRepeat()) return;
   const Integer code = virtualKey(*event);
-  // A release whose press another widget had is none of this edit.
-  if (!held_.remove(code)) return;
+  // A release whose press another widget had is none of this edit, but for the Tab that led here.
+  if (!held_.remove(code) && !isNavigation(*event)) return;
   if (events_) events_->keyUp(code, shiftState(event->modifiers()));
 }
 

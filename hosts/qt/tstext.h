@@ -273,7 +273,8 @@ class TsText final : public QWidget, public ErrorListener {
   tsText& control();
   const tsText& control() const;
 
-  /// True while a form is drawn: nothing is loaded then.
+  /// True while a form is drawn: nothing is loaded then. A program that builds a form by hand
+  /// sets it around what can be assigned at design time only.
   bool designMode() const { return designMode_; }
   void setDesignMode(bool designing) { designMode_ = designing; }
 

@@ -76,10 +76,12 @@ TEST_F(Focus, KeysMeantForAFieldThatWasNotReachedAreDropped) {
   refuseDates();
   show();
   type(*window_, QStringLiteral("31022017"));
-  press(*window_, Qt::Key_Tab);
-  type(*window_, QStringLiteral("9"));
+  QTest::sendKeyEvent(QTest::Press, &box(), Qt::Key_Tab, QString(), Qt::NoModifier);
+  QTest::sendKeyEvent(QTest::Click, editOf(*second_), Qt::Key_9, QStringLiteral("9"),
+                      Qt::NoModifier);
   EXPECT_EQ(second_->text(), QString());
   EXPECT_EQ(first_->text(), QStringLiteral("31/02/2017"));
+  EXPECT_EQ(focusedField(), first_);
 }
 
 TEST_F(Focus, AMousePressAnsweredWithABoxIsSwallowed) {
@@ -224,7 +226,8 @@ TEST_F(Focus, TheFieldsOwnButtonIsNoMove) {
   show();
   auto* browse = first_->findChild<QToolButton*>(QStringLiteral("btnBrowse"));
   ASSERT_TRUE(browse->isVisible());
-  click(*browse);
+  browse->setFocus(Qt::MouseFocusReason);
+  settleEvents();
   EXPECT_EQ(left_, QStringList());
   EXPECT_FALSE(first_->valida());  // the focus is on the field's own button
   EXPECT_FALSE(first_->lastValidaStatus());

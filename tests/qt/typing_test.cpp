@@ -154,12 +154,21 @@ TEST_F(Typing, AutoRepeatPressesRepeatedlyAndReleasesOnce) {
   EXPECT_EQ(first_->text(), QStringLiteral("aaaa"));
 }
 
-TEST_F(Typing, AReleaseWhosePressWasElsewhereIsNone) {
-  int ups = 0;
-  QObject::connect(second_, &TsText::keyUp, [&] { ++ups; });
+TEST_F(Typing, OfATabOnlyTheReleaseReachesTheFieldThatItLedTo) {
+  std::vector<int> keys;
+  QObject::connect(second_, &TsText::keyDown, [&] { keys.push_back(0); });
+  QObject::connect(second_, &TsText::keyUp, [&](qint16& code) { keys.push_back(code); });
   show();
   press(*window_, Qt::Key_Tab);
   EXPECT_EQ(focusedField(), second_);
+  EXPECT_THAT(keys, testing::ElementsAre(9));
+}
+
+TEST_F(Typing, AReleaseWhosePressWasElsewhereIsNone) {
+  int ups = 0;
+  QObject::connect(first_, &TsText::keyUp, [&] { ++ups; });
+  show();
+  QTest::sendKeyEvent(QTest::Release, &box(), Qt::Key_Return, QString(), Qt::NoModifier);
   EXPECT_EQ(ups, 0);
 }
 
