@@ -53,6 +53,10 @@ class RawRows final : public host::Recordset, private host::Fields {
   void Delete() override {}
   void Requery() override {}
   void Close() override { Field.IsOpen = false; }
+  Long RowsRead() const override { return 1; }
+  bool Complete() const override { return true; }
+  bool FetchMore(Long) override { return false; }
+  Variant ValueAt(Long, Long) const override { return Field.Value; }
   String Source() const override { return u"crua"; }
 
  private:
