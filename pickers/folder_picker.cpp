@@ -100,6 +100,7 @@ void frmDiretorio::OpenShare(const String& share) {
   for (const String& drive : drives_.List()) {
     if (InStr(drive, server) == 0) continue;
     drives_.Drive(drive);
+    DriveChanged();  // the folders are the drive's, also where the share's folder is not found
     for (Long k = 3; k <= Len(share); ++k) {
       const String path = Left(drives_.Drive(), 2) + Mid(share, k) + Separator();
       if (TheDesktop().Dir(path).empty()) continue;
