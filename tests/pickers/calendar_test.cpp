@@ -1,0 +1,139 @@
+// The calendar's window.
+#include "pickers/calendar.h"
+
+#include "mask/masks.h"
+#include "tests/pickers/picker_fixture.h"
+
+namespace tessaria::test {
+namespace {
+
+using memory::Key;
+using testing::IsEmpty;
+
+Date Day(Integer year, Integer month, Integer day) { return FromCivil({year, month, day}); }
+
+const char16_t* const dayMask = u"dd/mm/yyyy";
+
+class CalendarTest : public PickerTest {
+ protected:
+  /// Runs on a text of the box, as the button of a field does.
+  Date Run(const String& mask, const String& text, Script script) {
+    const String items = mdlObjTxt::MontaItensMascara(mask, u"_");
+    return RunStripped(mask, text, Trim(mdlObjTxt::LimpaMascara(text, mask, items)),
+                       std::move(script));
+  }
+  Date RunStripped(const String& mask, const String& text, const String& stripped, Script script) {
+    box.Text(text);
+    desktop->WillShow(u"frmCalendario", std::move(script));
+    return Execute(mask, stripped);
+  }
+  Date Execute(const String& mask, const String& stripped) {
+    frmCalendario form;
+    const Variant answer = form.ExecutaCalendario(100.0f, 200.0f, box, stripped, mask,
+                                                  mdlObjTxt::MontaItensMascara(mask, u"_"));
+    EXPECT_EQ(answer.Type(), Variant::Kind::Date);
+    return CDate(answer);
+  }
+  static Date Selected(memory::Dialog& shown) {
+    return shown.Find<host::Calendar>(u"Calendario").Value();
+  }
+};
+
+struct Start {
+  const char16_t* Mask;
+  const char16_t* Text;
+  Date Expected;
+};
+
+const Date today = Day(2017, 12, 25);
+
+const Start starts[] = {
+    {u"dd/mm/yyyy", u"", today},
+    {u"dd/mm/yyyy", u"__/__/____", today},
+    {u"dd/mm/yyyy", u"03/05/2016", Day(2016, 5, 3)},
+    {u"dd/mm/yyyy", u"29/02/2016", Day(2016, 2, 29)},
+    {u"dd/mm/yyyy", u"31/02/1999", today},
+    {u"dd/mm/yyyy", u"12/__/____", today},
+    {u"00/00/0000", u"03/05/2016", today},  // a mask whose dates are never valid
+    {u"", u"03/05/2016", today},
+};
+
+TEST_F(CalendarTest, OpensOnTheDateOfTheBoxOrOnToday) {
+  for (const Start& start : starts) {
+    SCOPED_TRACE(ToUtf8(start.Text));
+    EXPECT_EQ(Run(start.Mask, start.Text,
+                  [&](memory::Dialog& shown) {
+                    EXPECT_EQ(Selected(shown), start.Expected);
+                    EXPECT_EQ(box.Text(), CStr(start.Expected));  // ahead of the first look
+                    shown.Press(Key::Escape);
+                  }),
+              start.Expected);
+    EXPECT_EQ(box.Text(), CStr(start.Expected));
+  }
+}
+
+TEST_F(CalendarTest, WithoutSlashesAShortYearOrAMonthAloneIsNoDate) {
+  const char16_t* const rows[][3] = {{u"dd/mm/yy", u"05/03/18", u"050318"},
+                                     {u"mm/yyyy", u"12/2017", u"122017"}};
+  for (const auto& [mask, text, stripped] : rows) {
+    box.Text(text);
+    EXPECT_HOST_ERROR(Execute(mask, stripped), errors::TypeMismatch);
+  }
+  EXPECT_THAT(desktop->Shown(), IsEmpty());
+}
+
+TEST_F(CalendarTest, EightCharactersAreReadAsDigitsWhateverTheyAre) {
+  box.Text(u"31/12/17");
+  EXPECT_HOST_ERROR(Execute(u"dd/mm/yy", u"31/12/17"), errors::TypeMismatch);
+  EXPECT_EQ(box.Text(), u"31/12/2017");  // the test of the date has written the year out
+  EXPECT_THAT(desktop->Shown(), IsEmpty());
+}
+
+TEST_F(CalendarTest, ATextOfAnotherLengthIsReadAsADate) {
+  EXPECT_EQ(RunStripped(dayMask, u"03/05/2016", u"03/05/2016",
+                        [](memory::Dialog& shown) { shown.CloseWindow(); }),
+            Day(2016, 5, 3));
+  box.Text(u"03/05/2016");
+  EXPECT_HOST_ERROR(Execute(dayMask, u"ontem"), errors::TypeMismatch);
+}
+
+TEST_F(CalendarTest, AClickOnADayClosesAndAnswersIt) {
+  EXPECT_EQ(Run(dayMask, u"",
+                [](memory::Dialog& shown) {
+                  shown.PickDay(u"Calendario", Day(2017, 12, 31));
+                  EXPECT_FALSE(shown.IsShown());
+                }),
+            Day(2017, 12, 31));
+  EXPECT_EQ(box.Text(), u"25/12/2017");  // the answer is the caller's to show
+}
+
+TEST_F(CalendarTest, ArrowsMoveTheSelectionAndEnterAndEscapeAnswerIt) {
+  for (const Key key : {Key::Enter, Key::Escape}) {
+    EXPECT_EQ(Run(dayMask, u"",
+                  [&](memory::Dialog& shown) {
+                    shown.Press(Key::Down);
+                    shown.Press(Key::Left);
+                    shown.Type(u"a 5");
+                    EXPECT_TRUE(shown.IsShown());
+                    shown.Press(key);
+                    EXPECT_FALSE(shown.IsShown());
+                  }),
+              Day(2017, 12, 31));
+  }
+}
+
+TEST_F(CalendarTest, ThereIsNoCancel) {
+  EXPECT_EQ(Run(dayMask, u"03/05/2016", [](memory::Dialog& shown) { shown.CloseWindow(); }),
+            Day(2016, 5, 3));
+}
+
+TEST_F(CalendarTest, OpensAtThePlaceThatIsWanted) {
+  Run(dayMask, u"", [](memory::Dialog& shown) {
+    EXPECT_EQ(shown.Top(), 100);
+    EXPECT_EQ(shown.Left(), 200);
+    shown.CloseWindow();
+  });
+}
+
+}  // namespace
+}  // namespace tessaria::test
