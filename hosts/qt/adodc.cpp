@@ -236,7 +236,11 @@ bool Adodc::deleteRow() {
 void Adodc::loadRow() {
   const QPointer<Adodc> self(this);
   showPosition();
-  if (refreshesForm_) refreshForm();
+  if (refreshesForm_) {
+    refreshForm();
+    if (!self) return;
+    if (FocusCycle* cycle = FocusCycle::existing(window())) cycle->enterAgain();
+  }
   if (self) showPosition();
 }
 

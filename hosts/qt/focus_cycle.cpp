@@ -82,6 +82,10 @@ bool FocusCycle::settleField() {
   return accepted;
 }
 
+void FocusCycle::enterAgain() {
+  if (inside_ && !queued_ && !running_) inside_->enterSurface();
+}
+
 void FocusCycle::windowHidden() {
   inside_ = nullptr;
   box_ = nullptr;

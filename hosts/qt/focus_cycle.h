@@ -29,6 +29,8 @@ class FocusCycle final : public QObject {
   /// Has the field that holds the focus checked and assigned as if it were left, and entered
   /// again. False when it refuses.
   bool settleField();
+  /// The control that holds the focus shows another row: enters it anew.
+  void enterAgain();
   /// The window was hidden: nothing is inside any more, and no Exit is told.
   void windowHidden();
 
