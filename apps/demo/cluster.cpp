@@ -67,8 +67,8 @@ void Cluster::start() {
   stopLeftOver();
   makeSocketFolder();
   if (!QFileInfo::exists(dataFolder())) createData();
-  startServer();
   watchOverServer();
+  startServer();
   if (!hasTables()) loadTables();
 }
 
@@ -152,10 +152,12 @@ void Cluster::watchOverServer() {
   watcher_->setStandardOutputFile(QProcess::nullDevice());
   watcher_->setStandardErrorFile(QProcess::nullDevice());
   // In a session of its own: what the terminal sends to the program is not for it.
-  watcher_->start(QStringLiteral("setsid"), QStringList{QStringLiteral("sh"), QStringLiteral("-c"),
-                                                        QStringLiteral("read line; \"$@\""),
-                                                        QStringLiteral("sh"), stop.program} +
-                                                stop.arguments);
+  watcher_->start(
+      QStringLiteral("setsid"),
+      QStringList{QStringLiteral("sh"), QStringLiteral("-c"),
+                  QStringLiteral("read line; folder=$1; shift; \"$@\"; rm -rf \"$folder\""),
+                  QStringLiteral("sh"), sockets_->path(), stop.program} +
+          stop.arguments);
   watcher_->waitForStarted();
 }
 

@@ -160,6 +160,7 @@ void CustomerForm::rowShown() {
     password_->setValue(QVariant::fromValue(nullptr));
     showPasswordState();
   });
+  qt::FocusCycle::of(window())->enterAgain();
 }
 
 void CustomerForm::moveFirst() { rows_->moveFirst(); }
@@ -206,6 +207,13 @@ void CustomerForm::proposeCode() {
                          QStringLiteral("select lpad((coalesce(max(codigo), '0')::integer + 1)"
                                         "::text, 5, '0') from clientes"))
                       .right(kCodeLength));
+}
+
+void CustomerForm::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
+  cancel_->setFocus();
+  qt::FocusCycle::of(window())->settlePending();
+  cancel_->click();
 }
 
 void CustomerForm::cancel() {

@@ -53,6 +53,10 @@ class CustomerForm final : public QWidget {
   /// One line on what has just been done.
   void notice(const QString& text);
 
+ protected:
+  /// Escape cancels, also where no field holds the focus.
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   void findWidgets();
   void connectFields();

@@ -17,7 +17,7 @@
 namespace tessaria::demo {
 namespace {
 
-int runDesk(QApplication& application, const Options& options) {
+int runDesk(const Options& options) {
   std::unique_ptr<Cluster> server;
   QString connection = options.connectionString;
   if (connection.isEmpty()) {
@@ -29,7 +29,7 @@ int runDesk(QApplication& application, const Options& options) {
   database.open();
   MainWindow window(database);
   window.show();
-  return application.exec();
+  return runUntilSignal();
 }
 
 /// On the screen where there is one, and always where a caller can read it.
@@ -59,7 +59,7 @@ int run(int argc, char** argv) {
   try {
     options = readOptions(QCoreApplication::arguments());
     if (!options.playFolder.isEmpty()) return play(options.playFolder);
-    return runDesk(application, options);
+    return runDesk(options);
   } catch (const Failure& failure) {
     return report(failure, options.playFolder.isEmpty() && hasScreen());
   }

@@ -14,6 +14,12 @@
 #include "tessaria/host/application.h"
 
 namespace tessaria::demo {
+namespace {
+
+/// A refusal is soon corrected, and its text then wrong.
+constexpr int kRefusalTime = 8000;  // milliseconds
+
+}  // namespace
 
 MainWindow::MainWindow(Database& database) : database_(database) {
   const auto host = &qt::install();
@@ -23,9 +29,10 @@ MainWindow::MainWindow(Database& database) : database_(database) {
   customers_ = new CustomerForm(database_, forms);
   forms->addWidget(customers_);
 
-  connect(customers_, &CustomerForm::notice, this, &MainWindow::showNotice);
+  connect(customers_, &CustomerForm::notice, this,
+          [this](const QString& text) { showNotice(text); });
   connect(host, &qt::Host::boxShown, this, [this](const QString& text, const QString&, int style) {
-    if ((style & host::box::YesNo) == 0) showNotice(text);
+    if ((style & host::box::YesNo) == 0) showNotice(text, kRefusalTime);
   });
   connectActions();
 }
@@ -59,7 +66,9 @@ void MainWindow::reconnect() {
 }
 
 /// The status bar holds one line.
-void MainWindow::showNotice(const QString& text) { statusBar()->showMessage(text.simplified()); }
+void MainWindow::showNotice(const QString& text, int milliseconds) {
+  statusBar()->showMessage(text.simplified(), milliseconds);
+}
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   const bool leaves =

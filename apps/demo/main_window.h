@@ -23,7 +23,8 @@ class MainWindow final : public QMainWindow {
  private:
   void connectActions();
   void reconnect();
-  void showNotice(const QString& text);
+  /// In the status bar, for a time or, with 0, until the next one.
+  void showNotice(const QString& text, int milliseconds = 0);
 
   Database& database_;
   CustomerForm* customers_;

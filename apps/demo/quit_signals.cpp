@@ -3,7 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QSocketNotifier>
 #include <csignal>
 
@@ -11,6 +11,7 @@ namespace tessaria::demo {
 namespace {
 
 int pipeEnds[2] = {-1, -1};
+int received = 0;
 
 /// A handler may do next to nothing: the event loop hears of the signal through a pipe.
 void tellLoop(int signal) {
@@ -20,14 +21,22 @@ void tellLoop(int signal) {
 
 }  // namespace
 
-void quitOnSignals(QCoreApplication& application) {
+void quitOnSignals(QApplication& application) {
   if (pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0) return;
   auto* notifier = new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, &application);
   QObject::connect(notifier, &QSocketNotifier::activated, &application, [] {
     unsigned char number = 0;
-    if (read(pipeEnds[0], &number, 1) == 1) QCoreApplication::exit(128 + number);
+    if (read(pipeEnds[0], &number, 1) != 1) return;
+    received = number;
+    QCoreApplication::exit();
   });
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, tellLoop);
+}
+
+/// A signal may have come while there was no loop to leave.
+int runUntilSignal() {
+  const int result = received ? 0 : QApplication::exec();
+  return received ? 128 + received : result;
 }
 
 }  // namespace tessaria::demo

@@ -1,12 +1,16 @@
 // Ends the program in good order when the system asks it to end.
 #pragma once
 
-class QCoreApplication;
+class QApplication;
 
 namespace tessaria::demo {
 
-/// From now on SIGINT, SIGTERM and SIGHUP leave the event loop, with 128 and the signal's number
-/// as result, so that the program's own server is stopped.
-void quitOnSignals(QCoreApplication& application);
+/// From now on SIGINT, SIGTERM and SIGHUP end `runUntilSignal`, so that the program's own server
+/// is stopped.
+void quitOnSignals(QApplication& application);
+
+/// Runs the event loop. Gives its result, or 128 and the number of a signal that came since
+/// `quitOnSignals`.
+int runUntilSignal();
 
 }  // namespace tessaria::demo

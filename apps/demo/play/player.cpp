@@ -180,7 +180,7 @@ void Player::answerBox() {
   expected_.reset();
   QWidget* target = box->focusWidget() ? box->focusWidget() : box.data();
   sendKeys(target, answer);
-  if (box && box->isVisible()) {
+  if (!QTest::qWaitFor([&] { return !box || !box->isVisible(); })) {
     fail(QStringLiteral("A caixa \"%1\" não fechou com %2.").arg(box->text(), answer));
     box->reject();
   }

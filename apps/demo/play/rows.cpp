@@ -27,6 +27,7 @@ QList<Row> readRows(const QString& connectionString, const QString& statement) {
   connection->ConnectionString(qt::fromQt(connectionString));
   connection->Open();
   const auto rows = connection->Execute(qt::fromQt(statement));
+  if (rows->State() == host::state::Closed) return {};
   QList<Row> read;
   for (; !rows->Eof(); rows->MoveNext()) read << currentRow(*rows);
   return read;

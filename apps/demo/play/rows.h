@@ -11,7 +11,7 @@ namespace tessaria::demo {
 /// Column and text of a row, in the columns' order; Null is an empty text.
 using Row = QList<std::pair<QString, QString>>;
 
-/// The rows of a statement, all values as the database writes them. Raises `HostError`.
+/// The rows of a statement; none of one that has no rows to give. Raises `HostError`.
 QList<Row> readRows(const QString& connectionString, const QString& statement);
 
 /// Prints a row, one column a line, and says which columns are not as expected.

@@ -1,0 +1,222 @@
+#include <QAction>
+
+#include "hosts/qt/text.h"
+#include "hosts/qt/tstext.h"
+#include "services/scramble.h"
+#include "tests/demo/desk_fixture.h"
+
+namespace tessaria::demo {
+
+std::unique_ptr<ServerFolder> DeskTest::folder_;
+std::unique_ptr<Cluster> DeskTest::server_;
+
+namespace {
+
+const QString kBlankName = QStringLiteral("Nome: Não Pode Ser Branco, Verifique Por Favor");
+const QString kAway = QStringLiteral(
+    "O cliente não foi salvo: o servidor do banco de dados não responde.\n\nO que foi digitado "
+    "continua na tela. Salve de novo quando o servidor voltar, ou use Arquivo, Reconectar ao "
+    "banco de dados.");
+const QString kChanged = QStringLiteral(
+    "O cliente não foi salvo: outro usuário alterou ou excluiu este cliente depois que ele foi "
+    "lido. Nada foi gravado por cima.\n\nO que foi digitado continua na tela. Cancelar mostra o "
+    "cliente como está agora.");
+
+TEST_F(DeskTest, CancelDropsTheNewCustomer) {
+  Player& p = operatorsHands();
+  p.press("Alt+N");
+  p.type("900");
+  p.press("Tab");
+  p.type("Alguém que desistiu");
+  p.press("Tab");
+  p.press("Esc");
+  p.expectText("codigo", "00001");
+  expectNotice("O que foi digitado foi desfeito.");
+  EXPECT_FALSE(window_->findChild<qt::TsText*>("codigo")->isFieldEnabled());
+  EXPECT_EQ(stored("nome", "00900"), "?");
+}
+
+TEST_F(DeskTest, CancelEscapesTheCheckOfAWrongDate) {
+  Player& p = operatorsHands();
+  goTo("00010");
+  const QString before = window_->findChild<qt::TsText*>("nascimento")->text();
+  p.click("documento");
+  p.press("Tab");
+  p.expectFocus("nascimento");
+  p.type("31022000");
+  p.press("Alt+C");
+  p.expectText("nascimento", before);
+}
+
+TEST_F(DeskTest, KeepsTheTextWhileTheServerIsAwayAndSavesWhenItIsBack) {
+  Player& p = operatorsHands();
+  goTo("00020");
+  p.type("Conceição à Espera");
+  server_->stop(Cluster::StopMode::AtOnce);
+  p.expectBox(kAway);
+  p.press("Alt+S");
+  p.expectText("nome", "Conceição à Espera");
+  expectNotice("Não salvo: o servidor do banco de dados não responde.");
+
+  server_->start();
+  p.press("Alt+S");
+  expectNotice("Cliente 00020, Conceição à Espera, salvo.");
+  EXPECT_EQ(stored("nome", "00020"), "Conceição à Espera");
+}
+
+TEST_F(DeskTest, TheMenuStartsTheOwnServerAgain) {
+  Player& p = operatorsHands();
+  goTo("00021");
+  p.type("Religado pelo menu");
+  server_->stop(Cluster::StopMode::AtOnce);
+  p.expectBox(kAway);
+  p.press("Ctrl+S");
+  window_->findChild<QAction*>("acaoReconectar")->trigger();
+  expectNotice("Ligado ao banco de dados.");
+  p.press("Ctrl+S");
+  EXPECT_EQ(stored("nome", "00021"), "Religado pelo menu");
+}
+
+TEST_F(DeskTest, NothingIsWrittenOverAnotherUsersChange) {
+  Player& p = operatorsHands();
+  goTo("00030");
+  p.type("O que eu quis");
+  asAnotherUser("update clientes set nome = 'O que o outro quis' where codigo = '00030'");
+  p.expectBox(kChanged);
+  p.press("Alt+S");
+  p.expectText("nome", "O que eu quis");
+  EXPECT_EQ(stored("nome", "00030"), "O que o outro quis");
+
+  p.press("Esc");
+  p.press("Alt+C");
+  p.expectText("codigo", "00030");
+  p.expectText("nome", "O que o outro quis");
+}
+
+TEST_F(DeskTest, ACustomerIsCheckedBeforeItsRowIsLeft) {
+  Player& p = operatorsHands();
+  goTo("00040");
+  const std::string before = stored("nome", "00040");
+  p.press("Delete");
+  p.expectBox(kBlankName);
+  p.press("Alt+Right");
+  p.expectFocus("nome");
+  p.expectText("codigo", "00040");
+  EXPECT_EQ(stored("nome", "00040"), before);
+  p.type("Nome de novo");
+  p.press("Alt+Right");
+  p.expectText("codigo", "00041");
+  expectNotice("Cliente 00040, Nome de novo, salvo.");
+  EXPECT_EQ(stored("nome", "00040"), "Nome de novo");
+}
+
+TEST_F(DeskTest, ACodeThatIsTakenIsRefused) {
+  Player& p = operatorsHands();
+  const QString owner = QString::fromStdString(stored("nome", "00005"));
+  p.press("Alt+N");
+  p.type("5");
+  p.press("Tab");
+  p.type("Segundo do mesmo código");
+  p.press("Alt+D");
+  p.click("endereco");
+  p.press("Tab");
+  p.expectFocus("uf");
+  p.type("ba");
+  p.expectBox(QStringLiteral("O código 00005 já é do cliente %1.").arg(owner));
+  p.press("Alt+S");
+  p.expectFocus("codigo");
+  p.press("Esc");
+}
+
+TEST_F(DeskTest, AWrongCpfIsRefused) {
+  Player& p = operatorsHands();
+  goTo("00051");
+  p.click("fisica");
+  p.press("Tab");
+  p.expectFocus("documento");
+  p.type("11144477734");
+  p.expectBox("O CPF não confere, Verifique Por Favor");
+  p.press("Alt+S");
+  p.expectFocus("documento");
+  p.type("11144477735");
+  p.press("Alt+S");
+  EXPECT_EQ(stored("cpf_cnpj", "00051"), "11144477735");
+}
+
+// A field of the "X" kind scrambles what it holds each time it is left.
+TEST_F(DeskTest, APasswordIsScrambledOnceHoweverOftenItsFieldIsPassed) {
+  Player& p = operatorsHands();
+  const std::string scrambled = qt::toQt(mdlComum::CodificaTexto(u"Segredo1")).toStdString();
+  goTo("00060");
+  p.press("Alt+R");
+  p.click("senha");
+  p.type("Segredo1");
+  p.press("Tab");
+  p.press("Shift+Tab");
+  p.press("Tab");
+  p.press("Alt+S");
+  EXPECT_EQ(stored("senha", "00060"), scrambled);
+  p.expectShown("situacaoSenha", "Já cadastrada.");
+
+  p.click("senha");
+  p.press("Tab");
+  p.type("Passou pela senha");
+  p.press("Alt+S");
+  EXPECT_EQ(stored("observacao", "00060"), "Passou pela senha");
+  EXPECT_EQ(stored("senha", "00060"), scrambled);
+}
+
+TEST_F(DeskTest, TelephonesOfBothLengthsAreLaidOut) {
+  Player& p = operatorsHands();
+  asAnotherUser("update clientes set telefone = '1133334444' where codigo = '00070'");
+  p.press("F5");
+  goTo("00070");
+  p.expectText("telefone", "(11) 3333-4444");
+  p.press("Alt+D");
+  p.click("email");
+  p.press("Shift+Tab");
+  p.expectFocus("telefone");
+  p.type("11987654321");
+  p.press("Tab");
+  p.expectText("telefone", "(11) 98765-4321");
+  p.press("Alt+C");
+  p.expectText("telefone", "(11) 3333-4444");
+}
+
+TEST_F(DeskTest, DeletingAsksFirst) {
+  Player& p = operatorsHands();
+  asAnotherUser("update clientes set nome = 'José' where codigo = '00080'");
+  p.press("F5");
+  goTo("00080");
+  p.expectBox("Excluir o cliente 00080, José?", {}, "Alt+N");
+  p.press("Alt+E");
+  EXPECT_EQ(stored("nome", "00080"), "José");
+  p.expectBox("Excluir o cliente 00080, José?", {}, "Alt+S");
+  p.press("Alt+E");
+  expectNotice("Cliente 00080 excluído.");
+  p.expectText("codigo", "00081");
+  EXPECT_EQ(stored("nome", "00080"), "?");
+}
+
+TEST_F(DeskTest, ACodeThatAnotherUserAddedIsFound) {
+  asAnotherUser("insert into clientes (codigo, nome, uf) values ('00777', 'Chegou agora', 'AC')");
+  goTo("00777");
+  operatorsHands().expectText("nome", "Chegou agora");
+  operatorsHands().expectText("estado", "Acre");
+}
+
+TEST_F(DeskTest, LeavingWithUnsavedInputAsks) {
+  Player& p = operatorsHands();
+  p.press("Ctrl+L");
+  goTo("00090");
+  p.type("Quase perdido");
+  p.expectBox("O cliente não foi salvo. Sair e perder o que foi digitado?", {}, "Alt+N");
+  p.press("Ctrl+Q");
+  EXPECT_TRUE(window_->isVisible());
+  p.press("Esc");
+  p.press("Ctrl+Q");
+  EXPECT_FALSE(window_->isVisible());
+}
+
+}  // namespace
+}  // namespace tessaria::demo

@@ -1,0 +1,12 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "hosts/qt/host.h"
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  const QApplication application(argc, argv);
+  tessaria::qt::install();
+  return RUN_ALL_TESTS();
+}
