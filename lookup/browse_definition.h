@@ -75,6 +75,8 @@ class Browse : public host::Persistent {
   /// The whole text behind From; replaces `BrowseTable` in every statement when not empty.
   String BrwLeftJoin() const { return brwLeftJoin_; }
   void BrwLeftJoin(const String& v) { brwLeftJoin_ = v; }
+  /// What stands behind From: `BrwLeftJoin`, or the table when that is empty.
+  String From() const { return brwLeftJoin_.empty() ? browseTable_ : brwLeftJoin_; }
   /// A condition without the word Where; may hold @name@ parameters.
   String BrwWhere() const { return brwWhere_; }
   void BrwWhere(const String& v) { brwWhere_ = v; }

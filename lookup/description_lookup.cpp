@@ -31,10 +31,6 @@ String CamposDeRetorno(const Browse& browse) {
   return campos + outros;
 }
 
-String From(const Browse& browse) {
-  return browse.BrwLeftJoin().empty() ? browse.BrowseTable() : browse.BrwLeftJoin();
-}
-
 /// The group clause and the end of the statement. Two more blanks stand in front of the limit
 /// behind a group clause.
 String FimDaInstrucao(const String& groupBy, StringView limite) {
@@ -55,7 +51,7 @@ String InstrucaoDeBusca(const Browse& browse, const host::Connection& conexao, S
   if (!Trim(where).empty()) literal += u" And " + where;
   const UmaLinha uma = SelecionaUmaLinha(postgres);
   return String(uma.Select)
-      .append(campos + u" From " + From(browse) + u" Where " + chave + u" = " + literal)
+      .append(campos + u" From " + browse.From() + u" Where " + chave + u" = " + literal)
       .append(FimDaInstrucao(browse.BrwGroupBy(), uma.Limite));
 }
 

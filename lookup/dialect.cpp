@@ -132,7 +132,10 @@ bool EhPostgreSQL(const host::Connection& conexao) {
 Integer VersaoPostgreSQL(const host::Connection& conexao) {
   const String versao = CStr(conexao.Properties(u"DBMS Version"));
   const Long posicao = InStr(versao, u"PostgreSQL");
-  return CInt(Replace(Mid(versao, posicao + 11, 6), u".", u""));
+  const String digitos = RTrim(Replace(Mid(versao, posicao + 11, 6), u".", u""));
+  const bool soDigitos = digitos.find_first_not_of(u"0123456789") == String::npos;
+  if (digitos.empty() || !soDigitos) throw HostError(errors::TypeMismatch);
+  return CInt(digitos);
 }
 
 UmaLinha SelecionaUmaLinha(bool blnPostgreSQL) {

@@ -32,7 +32,8 @@ FamiliaSql FamiliaDoDialeto(StringView strDialeto);
 bool EhPostgreSQL(const host::Connection& conexao);
 
 /// The release of a PostgreSQL server as a number made of its digits: 9.5.3 is 953, 8.4.22 is
-/// 8422. Errors 13 and 6 when the version text does not cut to a 16-bit number.
+/// 8422. Error 13 when the version text cuts to anything but digits and blanks behind them, 6
+/// when they are too many for 16 bits.
 Integer VersaoPostgreSQL(const host::Connection& conexao);
 
 /// How a statement is told to give one row: the words at its start and at its end.

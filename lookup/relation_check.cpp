@@ -2,6 +2,7 @@
 
 #include "lookup/dialect.h"
 #include "lookup/query_text.h"
+#include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "services/message_box.h"
 #include "services/trap.h"
@@ -9,8 +10,6 @@
 
 namespace tessaria::mdlObjTxt {
 namespace {
-
-constexpr Long kIconeExclamacao = 64;
 
 /// The typed value as it goes into the statement.
 struct Literal {
@@ -23,9 +22,15 @@ bool EhTipoTexto(Long tipo) {
          tipo == host::type::Char;
 }
 
+/// A typed number as SQL writes it: with a point. Without a comma it stays as it was typed.
+String NumeroSql(const String& valor) {
+  const bool temVirgula = InStr(valor, u",") > 0;
+  return temVirgula && IsNumeric(valor) ? SqlText(CDbl(valor)) : valor;
+}
+
 Literal LiteralDoTipo(const String& valor, Long tipo) {
   if (EhTipoTexto(tipo)) return {Aspas(valor), true};
-  return {valor, false};
+  return {NumeroSql(valor), false};
 }
 
 host::RecordsetPtr Abre(host::Connection& conexao, const String& instrucao) {
@@ -102,7 +107,7 @@ bool ChecaRelacao(const String& strTabela, const String& strCampo, const String&
     }
     const auto avisa = [&](const char16_t* texto) {
       const String nome = strLabel.empty() ? strCampo + u" de " + strTabela : strLabel;
-      mdlMsgBox::ExibeMensagem(lngHwnd, nome + texto, kIconeExclamacao);
+      mdlMsgBox::ExibeMensagem(lngHwnd, nome + texto, mdlMsgBox::flag::Information);
     };
     if (strValor.empty()) {
       existe = !blnBotao || blnPodeSerBranco;

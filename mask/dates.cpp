@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "mask/masks.h"
 #include "runtime/conversion.h"
@@ -14,16 +15,16 @@ struct DateText {
   String day, month, year;
 };
 
-bool IsMonthMask(const String& mask) { return mask == u"mm/yyyy" || mask == u"mm/yy"; }
-bool IsDayMask(const String& mask) { return mask == u"dd/mm/yyyy" || mask == u"dd/mm/yy"; }
-
-/// Splits by fixed places. All parts stay empty with a mask that is no date form.
+/// Splits by fixed places. All parts stay empty where only the empty date is valid.
 DateText SplitDate(const String& text, const String& mask, const String& items) {
-  if (IsMonthMask(mask)) {
-    return {u"01", Mid(text, 1, 2), LimpaMascara(Mid(text, 4, 4), mask, items)};
-  }
-  if (IsDayMask(mask)) {
-    return {Mid(text, 1, 2), Mid(text, 4, 2), Trim(LimpaMascara(Mid(text, 7, 4), mask, items))};
+  switch (FormaDaData(mask)) {
+    case FormaDeData::MesAno:
+      return {u"01", Mid(text, 1, 2), LimpaMascara(Mid(text, 4, 4), mask, items)};
+    case FormaDeData::DiaMesAno:
+      return {Mid(text, 1, 2), Mid(text, 4, 2), Trim(LimpaMascara(Mid(text, 7, 4), mask, items))};
+    case FormaDeData::SoVazia:
+    case FormaDeData::Nenhuma:
+      break;
   }
   return {};
 }
@@ -61,7 +62,8 @@ bool ChecaData(host::TextBox& box, const String& mask, const String& items) {
   date.year = ExpandYear(date.year);
   if (!IsValid(date)) return false;
   const String monthAndYear = date.month + u"/" + date.year;
-  box.Text(IsMonthMask(mask) ? monthAndYear : date.day + u"/" + monthAndYear);
+  const bool withoutDay = FormaDaData(mask) == FormaDeData::MesAno;
+  box.Text(withoutDay ? monthAndYear : date.day + u"/" + monthAndYear);
   return true;
 }
 

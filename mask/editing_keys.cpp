@@ -31,9 +31,7 @@ void DeleteInNumber(MaskedField& field, Integer& KeyCode) {
     box.SelStart(InStr(box.Text(), kComma) - 1);
     KeyCode = key::None;
   } else if (Mid(text, caret + 1, 1) == kComma) {
-    // Without its comma the number would have too many integer digits.
-    const Long digits = Len(Replace(text, kComma, u""));
-    if (digits <= CapacidadeInteira(field.Mascara(), box.MaxLength())) return;
+    if (!TiraVirgulaExcede(text, field.Mascara(), box.MaxLength())) return;
     App().Beep();
     KeyCode = key::None;
   }

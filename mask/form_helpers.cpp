@@ -1,5 +1,8 @@
 #include "mask/form_helpers.h"
 
+#include <algorithm>
+#include <memory>
+
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "tessaria/error.h"

@@ -1,6 +1,7 @@
 #include "mask/masks.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "runtime/conversion.h"
 #include "runtime/format.h"
@@ -12,6 +13,16 @@ namespace {
 constexpr StringView kSlots = u"0#dmyAaC$XN";
 const String kPoint = u".", kNumber = u"$";
 
+struct DateForm {
+  StringView mask;
+  FormaDeData form;
+};
+constexpr DateForm kDateForms[] = {
+    {u"dd/mm/yyyy", FormaDeData::DiaMesAno}, {u"dd/mm/yy", FormaDeData::DiaMesAno},
+    {u"mm/yyyy", FormaDeData::MesAno},       {u"mm/yy", FormaDeData::MesAno},
+    {u"00/00/0000", FormaDeData::SoVazia},
+};
+
 bool IsSlot(char16_t character) { return kSlots.find(character) != StringView::npos; }
 bool Holds(StringView set, char16_t character) { return set.find(character) != StringView::npos; }
 
@@ -21,8 +32,9 @@ String TakeFront(String& text) {
   return character;
 }
 
-/// What stands behind the last "$" of a numeric mask. A longer suffix comes out once more for
-/// each of its characters, from that character on: " kg" gives " kgkgg".
+/// The suffix of a numeric mask that does not end in "$": the rest of the mask from each literal
+/// on, one behind another, literals in front of a "$" too. So "%" gives "%", " kg" gives " kgkgg",
+/// and the mask "$$-$$%" gives "-$$%%".
 String NumberSuffix(const String& mask) {
   String suffix;
   if (EndsWith(mask, kNumber)) return suffix;
@@ -159,22 +171,29 @@ String FormatoNumero(const String& mask, bool) {
   return u"#,##0." + StringOf(decimals, u"0");
 }
 
+bool TiraVirgulaExcede(const String& text, const String& mask, Long MaxLength) {
+  return Len(Replace(text, u",", u"")) > CapacidadeInteira(mask, MaxLength);
+}
+
 Integer CapacidadeInteira(const String& mask, Long MaxLength) {
   const Long decimals = ContaDecimais(mask, kPoint, kNumber);
   const Long comma = decimals == 0 ? 0 : 1;
   const Long suffix = EndsWith(mask, kNumber) ? 0 : 1;
-  const Integer places = CInt(MaxLength - decimals - comma - suffix);
+  const Integer places = CInt(CInt(MaxLength) - decimals - comma - suffix);
   const Integer points = std::max<Integer>(0, static_cast<Integer>(places / 4));
   return static_cast<Integer>(places - points);
 }
 
 bool EhMascaraNumerica(const String& mask) { return StartsWith(mask, kNumber); }
 
+FormaDeData FormaDaData(const String& mask) {
+  const auto found = std::find_if(std::begin(kDateForms), std::end(kDateForms),
+                                  [&](const DateForm& row) { return row.mask == mask; });
+  return found == std::end(kDateForms) ? FormaDeData::Nenhuma : found->form;
+}
+
 bool EhMascaraDeData(const String& mask) {
-  static constexpr StringView kForms[] = {u"00/00/0000", u"dd/mm/yyyy", u"dd/mm/yy", u"mm/yyyy",
-                                          u"mm/yy"};
-  const String form = LCase(mask);
-  return std::find(std::begin(kForms), std::end(kForms), StringView(form)) != std::end(kForms);
+  return FormaDaData(LCase(mask)) != FormaDeData::Nenhuma;
 }
 
 }  // namespace tessaria::mdlObjTxt

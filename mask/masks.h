@@ -36,11 +36,23 @@ String FormatoNumero(const String& mask, bool flag);
 
 /// The most integer digits that a numeric mask takes in a box of `MaxLength` characters, so that
 /// the formatted number with its points still fits. 0 characters are not "no limit" here: the
-/// result is then 0 or below. Error 6 above 16 bits.
+/// result is then 0 or below. Error 6 for a length, or a result on the way, beyond 16 bits.
 Integer CapacidadeInteira(const String& mask, Long MaxLength);
+/// Whether the number without its comma would have too many integer digits. Errors as above.
+bool TiraVirgulaExcede(const String& text, const String& mask, Long MaxLength);
 
 /// Whether the mask makes its field a number.
 bool EhMascaraNumerica(const String& mask);
+
+/// What a mask that is a date holds.
+enum class FormaDeData {
+  Nenhuma,    ///< no date
+  DiaMesAno,  ///< "dd/mm/yyyy", "dd/mm/yy"
+  MesAno,     ///< "mm/yyyy", "mm/yy"
+  SoVazia,    ///< "00/00/0000": a date, yet only the empty one is valid
+};
+/// The form of a date mask in this exact case.
+FormaDeData FormaDaData(const String& mask);
 /// Whether validation treats the mask as a date; without regard to case.
 bool EhMascaraDeData(const String& mask);
 

@@ -30,11 +30,11 @@ void TypeComma(Keystroke& k) {
   k.Swallow();
 }
 
-/// Refuses to take the comma away where the integer part would then hold too many digits.
+/// Only in a mask that is a number: the slots of all others take the key before it comes here.
 void BackspaceNumber(Keystroke& k) {
   const String text = k.box.Text();
-  if (Mid(text, k.box.SelStart(), 1) != kComma || !EhMascaraNumerica(k.mask)) return;
-  if (Len(Replace(text, kComma, u"")) > k.Capacity()) k.SwallowWithBeep();
+  if (Mid(text, k.box.SelStart(), 1) != kComma) return;
+  if (TiraVirgulaExcede(text, k.mask, k.box.MaxLength())) k.SwallowWithBeep();
 }
 
 /// The text without the selection, except for the selection's first character.

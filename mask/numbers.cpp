@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <iterator>
 
 #include "mask/masks.h"
 #include "runtime/conversion.h"
@@ -13,7 +14,8 @@ namespace {
 
 constexpr Long kWholeText = 1;
 
-bool IsNothing(const Variant& value) {
+/// Texts that count as 0.
+bool IsBlankNumber(const Variant& value) {
   const String* const text = value.TryGet<String>();
   return text && (text->empty() || Trim(*text) == u".");
 }
@@ -59,7 +61,7 @@ String FillRuns(const String& boxText, const String& mask, const String& promptC
 }  // namespace
 
 String StrZero(const Variant& value, Integer length, Integer decimals) {
-  const double number = IsNothing(value) ? 0 : CDbl(value);
+  const double number = IsBlankNumber(value) ? 0 : CDbl(value);
   const double whole = Round(number * std::pow(10.0, decimals));
   const String sign = whole < 0 ? u"-" : u"";
   const String digits = Digits(std::fabs(whole));

@@ -9,22 +9,22 @@ namespace tessaria {
 
 namespace {
 
-constexpr double step = 10;
-constexpr double lowerMargin = 450;
-constexpr double rightMargin = 150;
+constexpr double kStep = 10;
+constexpr double kLowerMargin = 450;
+constexpr double kRightMargin = 150;
 
 /// The place after as many steps back as it takes to end before `limit`.
 Long SteppedBack(double place, double room, double limit) {
   const double excess = place + room - limit;
-  const double steps = excess > 0 ? std::ceil(excess / step) : 0;
-  return static_cast<Long>(std::lround(place - steps * step));
+  const double steps = excess > 0 ? std::ceil(excess / kStep) : 0;
+  return static_cast<Long>(std::lround(place - steps * kStep));
 }
 
 }  // namespace
 
 void PlaceOnScreen(host::Dialog& dialog, float top, float left) {
-  dialog.Top(SteppedBack(top, dialog.Height() + lowerMargin, TheDesktop().ScreenHeight()));
-  dialog.Left(SteppedBack(left, dialog.Width() + rightMargin, TheDesktop().ScreenWidth()));
+  dialog.Top(SteppedBack(top, dialog.Height() + kLowerMargin, TheDesktop().ScreenHeight()));
+  dialog.Left(SteppedBack(left, dialog.Width() + kRightMargin, TheDesktop().ScreenWidth()));
 }
 
 }  // namespace tessaria

@@ -8,18 +8,18 @@ namespace {
 
 /// What each bit of the flags adds to the style of the box.
 struct FlagStyle {
-  Long flag;
+  Long bit;
   Long style;
 };
-constexpr FlagStyle kStyles[] = {{4, host::box::YesNo},
-                                 {64, host::box::Exclamation},
-                                 {32, host::box::Question},
-                                 {16, host::box::Stop}};
+constexpr FlagStyle kStyles[] = {{flag::YesNo, host::box::YesNo},
+                                 {flag::Stop, host::box::Stop},
+                                 {flag::Question, host::box::Question},
+                                 {flag::Information, host::box::Exclamation}};
 
 Long StyleOf(Long flags) {
   Long style = host::box::Ok;
   for (const FlagStyle& row : kStyles) {
-    if ((flags & row.flag) != 0) style += row.style;
+    if ((flags & row.bit) != 0) style += row.style;
   }
   return style;
 }

@@ -1,9 +1,12 @@
 #include "services/stored_value.h"
 
+#include <algorithm>
 #include <bit>
 #include <charconv>
 #include <cstdlib>
+#include <iterator>
 #include <string>
+#include <utility>
 
 #include "runtime/conversion.h"
 #include "runtime/text.h"
@@ -91,8 +94,7 @@ Result ReadBoolean(StringView text) {
 
 String Padded(int number, Long width) {
   const String digits = NumberToText(number);
-  return Space(0).append(static_cast<std::size_t>(std::max<Long>(0, width - Len(digits))), u'0') +
-         digits;
+  return StringOf(std::max<Long>(0, width - Len(digits)), u"0") + digits;
 }
 
 String CivilText(const CivilTime& time) {

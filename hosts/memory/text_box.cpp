@@ -46,6 +46,8 @@ String TextBox::SelText() const { return Mid(text_, SelStart() + 1, SelLength())
 
 void TextBox::SelText(const String& text) { Enter(text); }
 
+void TextBox::MaxLength(Long characters) { maxLength_ = std::max<Long>(0, characters); }
+
 void TextBox::SetFocus() {
   if (!TakesKeys()) return;
   if (OnSetFocus) {

@@ -24,7 +24,7 @@ class TextBox final : public host::TextBox {
   String SelText() const override;
   void SelText(const String& text) override;
   Long MaxLength() const override { return maxLength_; }
-  void MaxLength(Long characters) override { maxLength_ = characters; }
+  void MaxLength(Long characters) override;
   String PasswordChar() const override { return passwordChar_; }
   void PasswordChar(const String& text) override { passwordChar_ = text.substr(0, 1); }
   host::Alignment Alignment() const override { return alignment_; }

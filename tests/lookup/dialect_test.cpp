@@ -185,6 +185,7 @@ const VersionCase kVersions[] = {
     {u"PostgreSQL 9.4.1 on x86_64", 941},
     {u"PostgreSQL 9.5.3", 953},
     {u"PostgreSQL 15.18.0", 1518},
+    {u"PostgreSQL 12    ", 12},
     {u"Server PostgreSQL 9.6.1 ", 961},
     {u"0123456789"
      u"15.0.1",
@@ -216,6 +217,13 @@ const BadVersionCase kBadVersions[] = {
     {u"PostgreSQL", errors::TypeMismatch},
     {u"", errors::TypeMismatch},
     {u"PostgreSQL 999999", errors::Overflow},
+    {u"PostgreSQL 9,5.3 ", errors::TypeMismatch},  // numbers elsewhere, but no digits
+    {u"PostgreSQL -9.5.3", errors::TypeMismatch},
+    {u"PostgreSQL  9.5.3", errors::TypeMismatch},
+    {u"PostgreSQL &H1F", errors::TypeMismatch},
+    {u"PostgreSQL 9e2", errors::TypeMismatch},
+    {u"PostgreSQL 9 5 3", errors::TypeMismatch},
+    {u"PostgreSQL ......", errors::TypeMismatch},
 };
 
 TEST_F(DialectTest, AVersionThatIsNoNumberIsAnError) {

@@ -209,6 +209,21 @@ const StatementCase kStatements[] = {
     {u"PostgreSQL", host::type::VarWChar, u"A'1", u"ativo = 1",
      u"Select codigo From clientes Where cast(lower(codigo) as varchar) = "
      u"cast(lower('A''1') as varchar) And ativo = 1 Limit 1"},
+    // A number that was typed with a comma goes in with a point; any other text stays.
+    {u"ACCESS", host::type::Double, u"12,5", u"",
+     u"Select Top 1 codigo From clientes Where codigo = 12.5"},
+    {u"Microsoft SQL Server", host::type::Currency, u"1.234,50", u"",
+     u"Select Top 1 codigo From clientes Where codigo = 1234.5"},
+    {u"PostgreSQL", host::type::Numeric, u"-12,5", u"",
+     u"Select codigo From clientes Where cast(codigo as integer) = -12.5 Limit 1"},
+    {u"ACCESS", host::type::Integer, u"00015", u"",
+     u"Select Top 1 codigo From clientes Where codigo = 00015"},
+    {u"ACCESS", host::type::Double, u"1.234", u"",
+     u"Select Top 1 codigo From clientes Where codigo = 1.234"},
+    {u"ACCESS", host::type::Integer, u"1,a", u"",
+     u"Select Top 1 codigo From clientes Where codigo = 1,a"},
+    {u"ACCESS", host::type::VarChar, u"12,5", u"",
+     u"Select Top 1 codigo From clientes Where codigo = '12,5'"},
 };
 
 TEST_F(RelationTest, WritesTheStatementOfEachDialect) {
@@ -295,6 +310,13 @@ TEST_F(RelationTest, TheProbeOnPostgres) {
                           u"Select codigo From clientes Where cast(codigo as integer) = 15 "
                           u"Limit 1"));
   EXPECT_EQ(connection->Recordsets().front()->State(), host::state::Closed);
+}
+
+TEST_F(RelationTest, AProbedNumberHasAPointToo) {
+  value = u"12,5";
+  connection->WillAnswer({{{u"codigo", host::type::Double}}, {}});
+  Check();
+  EXPECT_EQ(connection->Texts().back(), u"Select Top 1 codigo From clientes Where codigo = 12.5");
 }
 
 TEST_F(RelationTest, AProbedTextIsQuotedNotTrimmed) {

@@ -1,7 +1,6 @@
 #include "lookup/statement_layout.h"
 
 #include "lookup/dialect.h"
-#include "lookup/query_text.h"
 #include "tests/lookup/lookup_fixture.h"
 
 namespace tessaria::test {
@@ -10,28 +9,11 @@ namespace {
 using mdlObjTxt::LinhasDeLista;
 using mdlObjTxt::MontaSqlPronta;
 using mdlObjTxt::TermoDePesquisa;
-using mdlObjTxt::TiraAlias;
 
 struct TextCase {
   const char16_t* given;
   const char16_t* expected;
 };
-
-const TextCase kAliases[] = {
-    {u"upper(nome) as n", u"upper(nome) "},
-    {u"codigo", u"codigo"},
-    {u"", u""},
-    {u"a as b as c", u"a "},
-    {u"nome AS n", u"nome AS n"},
-    {u"nome As n", u"nome As n"},
-    {u"nome as", u"nome as"},
-    {u" as n", u" "},
-    {u"nome  as n", u"nome  "},
-};
-
-TEST(TiraAlias, CutsBehindTheBlankInFrontOfTheFirstAs) {
-  for (const auto& row : kAliases) EXPECT_EQ(TiraAlias(row.given), row.expected);
-}
 
 const TextCase kLayouts[] = {
     {u"", u""},

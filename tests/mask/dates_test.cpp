@@ -42,6 +42,9 @@ const DateCase kDates[] = {
     // Years of three digits come out with five.
     {u"dd/mm/yyyy", u"01/01/123_", false, u"01/01/123_"},
     {u"dd/mm/yyyy", u"01/01/012_", false, u"01/01/012_"},
+    // Blanks behind a year are cut off where the mask has a day, and count where it has none.
+    {u"dd/mm/yyyy", u"01/12/17  ", true, u"01/12/2017"},
+    {u"mm/yyyy", u"12/17  ", true, u"12/17  "},
     // Typed in part.
     {u"dd/mm/yyyy", u"12/__/____", false, u"12/__/____"},
     {u"dd/mm/yyyy", u"25/12/____", false, u"25/12/____"},

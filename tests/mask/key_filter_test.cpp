@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "hosts/memory/application.h"
+#include "runtime/text.h"
 #include "tests/mask/session.h"
 #include "tests/mask/test_field.h"
 #include "tests/support/printers.h"
@@ -178,6 +179,22 @@ TEST(KeyX, RefusedByItsSlotReachesTheBox) {
   )");
 }
 
+TEST(KeyX, OpensTheCalculatorOfACalculatorFieldAndReachesTheBoxBehindIt) {
+  Session(R"(
+    mask $$$
+    type 5
+    show 1|
+    x -> 1x| ; key 120 ; calculator
+    X -> 1x| ; key 0
+    mask 00/00
+    show 1|_/__
+    x -> 1x|_/__ ; key 120 ; calculator
+    type 0
+    show 1|_/__
+    x -> 1x|_/__ ; key 120
+  )");
+}
+
 TEST(KeyX, GoesIntoALetterSlot) {
   Session(R"(
     mask AX
@@ -204,6 +221,41 @@ TEST(KeyF9, TypesAnXIntoALetterSlot) {
     mask 00
     show |__
     F9 -> |__ ; key 120
+    type 5
+    mask AA
+    show |__
+    F9 -> X|_ ; key 0
+  )");
+}
+
+TEST(KeyF9, OpensTheCalculatorOfACalculatorField) {
+  Session(R"(
+    mask $$$
+    show 1|
+    F9 -> 1| ; key 120
+    type 5
+    F9 -> 1| ; key 120 ; calculator
+    mask 00
+    show |__
+    F9 -> |__ ; key 120 ; calculator
+  )");
+}
+
+// --- Behind the last slot -----------------------------------------------------------------------
+
+TEST(BehindTheLastSlot, EveryKeyButBackspaceBeeps) {
+  Session(R"(
+    mask 00
+    type 5
+    show 12|
+    Del   -> 12| ; beep ; key 0
+    .     -> 12| ; beep ; key 0
+    F9    -> 12| ; beep ; key 0
+    x     -> 12| ; beep ; key 0
+    Enter -> 12| ; beep ; key 0
+    Esc   -> 12| ; beep ; key 0
+    Tab   -> 12| ; beep ; key 0
+    Back  -> 1|_ ; key 0
   )");
 }
 
@@ -237,6 +289,15 @@ TEST(Delete, AtTheEndIsSwallowed) {
     mask XX
     show 1|
     Del -> 1| ; key 0
+  )");
+}
+
+TEST(Delete, AtTheEndOfAShortTextTypesACommaIntoANumberSlot) {
+  // The code of Delete is that of the point, and a point is a comma there.
+  Session(R"(
+    mask 0$
+    show 1|
+    Del -> 1,| ; key 0
   )");
 }
 
@@ -308,6 +369,12 @@ TEST(Backspace, OfOneSelectedCharacterIsABackspaceBehindIt) {
     Back -> 2|_/12/2017
     show [2]5/12/2017
     Back -> |_5/12/2017
+    show 25/12/201[7]
+    Back -> 25/12/201|_
+    show 25/[1]2/2017
+    Back -> 25/|_2/2017
+    show 25[/]12/2017
+    Back -> 2|_/12/2017
   )");
 }
 
@@ -420,12 +487,16 @@ TEST(KeyFilter, CaretBeyondSixteenBitsIsAnOverflow) {
   EXPECT_EQ(app.Boxes().front().Title, u"Erro: 6 - Função: tsText.txtEdit_Keypress");
 }
 
-TEST(KeyFilter, TakesUnitsAboveFifteenBits) {
+TEST(KeyFilter, TakesCodesOfTheWesternPage) {
   memory::Application app;
   TestField field(u"XX");
-  auto key = static_cast<Integer>(u'\xFF21');
-  txtEdit_KeyPress(field, key);
-  EXPECT_EQ(key, 0);
+  // A letter with an accent, one beyond Latin-1, and "?" for a character that the page lacks.
+  for (const char16_t character : {u'ç', u'\x0160', u'\xFF21'}) {
+    Integer key = AnsiCode(character);
+    txtEdit_KeyPress(field, key);
+    EXPECT_EQ(key, 0);
+  }
+  EXPECT_EQ(AnsiCode(u'\xFF21'), 63);
   EXPECT_EQ(field.box.Text(), u"");
 }
 

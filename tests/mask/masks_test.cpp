@@ -31,6 +31,7 @@ TEST(MontaItensMascara, HoldsTheFillCharacterThenEachLiteralOnce) {
       {u"DMYcxn", u"_DMYcxn"},
       {u"0#dmyAaC$XN", u"_"},
       {u"é0É", u"_éÉ"},
+      {u"+55 (00)", u"_+5 ()"},
   };
   for (const MaskText& row : kCases) EXPECT_EQ(MontaItensMascara(row.mask, u"_"), row.text);
 }
@@ -61,6 +62,17 @@ TEST(LimpaMascara, TakesEveryItemOut) {
 
 TEST(LimpaMascara, WithAnEmptyMaskLeavesTheText) {
   EXPECT_EQ(LimpaMascara(u"25/12", u"", u"_/"), u"25/12");
+}
+
+TEST(LimpaMascara, TakesADigitThatIsALiteralOutOfWhatWasTyped) {
+  const String mask = u"+55 (00) 0000", items = MontaItensMascara(mask, u"_");
+  EXPECT_EQ(LimpaMascara(u"+55 (11) 2345", mask, items), u"11234");
+  EXPECT_EQ(LimpaMascara(u"+55 (55) 5555", mask, items), u"");
+}
+
+TEST(LimpaMascara, ACommaInANumericMaskTakesTheDecimalCommaOut) {
+  const String mask = u"$$$,$$", items = MontaItensMascara(mask, u"_");
+  EXPECT_EQ(LimpaMascara(u"12,50", mask, items), u"1250");
 }
 
 TEST(LimpaMascara, TakesAFillCharacterThatIsADigitOutOfEveryText) {
@@ -120,6 +132,17 @@ TEST(AplicaMascara, NumericMaskFormatsTheNumber) {
 
 TEST(AplicaMascara, LongerSuffixComesOutOnceMoreFromEachOfItsCharacters) {
   EXPECT_EQ(LaidOut(u"12", u"$$$ kg"), u"12 kgkgg");
+}
+
+TEST(AplicaMascara, LiteralsBetweenTheDollarsCountAsSuffixToo) {
+  EXPECT_EQ(LaidOut(u"12", u"$$-$$%"), u"12-$$%%");
+  EXPECT_EQ(LaidOut(u"12", u"$$-$$"), u"12");  // a mask that ends in "$" has no suffix
+}
+
+TEST(AplicaMascara, ANumberThatHasItsSuffixAlreadyGetsAnother) {
+  // With the suffix the text is no number, so that it is not formatted again either.
+  EXPECT_EQ(LaidOut(u"1.234,50%", u"$$$.$$%"), u"1.234,50%%");
+  EXPECT_EQ(LaidOut(u"1234,5%", u"$$$.$$%"), u"1234,5%%");
 }
 
 TEST(AplicaMascara, PointIsNoSuffix) { EXPECT_EQ(LaidOut(u"12", u"$$$."), u"12,0"); }
@@ -215,13 +238,44 @@ TEST(CapacidadeInteira, LeavesRoomForCommaDecimalsSuffixAndPoints) {
 }
 
 TEST(CapacidadeInteira, OverflowsSixteenBits) {
-  EXPECT_HOST_ERROR(CapacidadeInteira(u"$", 32768), errors::Overflow);
+  struct Case {
+    String mask;
+    Long maxLength;
+  };
+  const Case kCases[] = {{u"$", 32768},        {u"$$$.$$", 32768}, {u"$$$.$$%", 32770},
+                         {u"$", -32769},       {u"$$$%", -32768},  {u"$$$.$$", -32766},
+                         {u"$$$.$$%", -32765}, {u"$", -2147483647}};
+  for (const Case& row : kCases) {
+    EXPECT_HOST_ERROR(CapacidadeInteira(row.mask, row.maxLength), errors::Overflow);
+  }
+  EXPECT_EQ(CapacidadeInteira(u"$", -32768), -32768);
+  EXPECT_EQ(CapacidadeInteira(u"$$$.$$", -32765), -32768);
+}
+
+TEST(TiraVirgulaExcede, CountsTheDigitsThatWouldStandWithoutTheComma) {
+  EXPECT_FALSE(TiraVirgulaExcede(u"1234,56", u"$$$$$$$.$$", 10));
+  EXPECT_TRUE(TiraVirgulaExcede(u"12345,67", u"$$$$$$$.$$", 10));
+  EXPECT_TRUE(TiraVirgulaExcede(u"1,2", u"$$$.$$", 0));
 }
 
 TEST(EhMascaraNumerica, LooksAtTheFirstCharacter) {
   EXPECT_TRUE(EhMascaraNumerica(u"$"));
   EXPECT_FALSE(EhMascaraNumerica(u"0$"));
   EXPECT_FALSE(EhMascaraNumerica(u""));
+}
+
+TEST(FormaDaData, TellsTheFormInItsExactCase) {
+  struct Case {
+    String mask;
+    FormaDeData form;
+  };
+  const Case kCases[] = {
+      {u"dd/mm/yyyy", FormaDeData::DiaMesAno}, {u"dd/mm/yy", FormaDeData::DiaMesAno},
+      {u"mm/yyyy", FormaDeData::MesAno},       {u"mm/yy", FormaDeData::MesAno},
+      {u"00/00/0000", FormaDeData::SoVazia},   {u"DD/MM/YYYY", FormaDeData::Nenhuma},
+      {u"00/00/00", FormaDeData::Nenhuma},     {u"", FormaDeData::Nenhuma},
+  };
+  for (const Case& row : kCases) EXPECT_EQ(FormaDaData(row.mask), row.form) << ToUtf8(row.mask);
 }
 
 TEST(EhMascaraDeData, KnowsFiveForms) {

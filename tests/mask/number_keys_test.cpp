@@ -216,6 +216,25 @@ TEST(NumberMinus, IsRefusedAtCapacity) {
   )");
 }
 
+TEST(NumberMinus, ChangesTheTypedTextEvenWhenTheKeyIsRefused) {
+  // The typed text loses the rest of the selection; the box keeps it.
+  Session(R"(
+    mask $$$$$$$.$$
+    max 10
+    show 1[23]4
+    - -> 1[23]4 ; beep ; texto 124
+    show 5[67]8
+    + -> 5[67]8 ; beep ; texto 568
+    negative
+    show 123456[,7]8
+    - -> 123456[,7]8 ; beep ; texto 123456,8
+    show -1[23]4
+    - -> -1[23]4 ; beep ; texto -124
+    show 1[23]5
+    + -> 1[23]5 ; key 0 ; texto 125
+  )");
+}
+
 TEST(NumberMinus, IsAlwaysRefusedWithoutMaxLength) {
   Session(R"(
     mask $$$$$.$$

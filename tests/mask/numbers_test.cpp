@@ -75,6 +75,31 @@ TEST(PreencheZeros, FillsTheWholeTextAsOneNumber) {
   for (const FillCase& row : kCases) EXPECT_EQ(Filled(row, 1), row.after);
 }
 
+TEST(PreencheZeros, AsOneNumberLettersAreAnError) {
+  EXPECT_HOST_ERROR(Filled({u"AA-00", u"_", u"AB-12", u""}, 1), errors::TypeMismatch);
+  EXPECT_HOST_ERROR(Filled({u"AA-00", u"_", u"AB-__", u""}, 1), errors::TypeMismatch);
+}
+
+TEST(PreencheZeros, AsOneNumberATextLongerThanTheMaskBecomesAsterisks) {
+  EXPECT_EQ(Filled({u"0000", u"_", u"12345", u""}, 1), u"****");
+  EXPECT_EQ(Filled({u"00/00", u"_", u"12345", u""}, 1), u"****");
+}
+
+TEST(PreencheZeros, AGapInsideARunIsAnError) {
+  EXPECT_HOST_ERROR(Filled({u"00000", u"_", u"1_2__", u""}, 2), errors::TypeMismatch);
+  EXPECT_HOST_ERROR(Filled({u"00/000", u"_", u"12/3_4", u""}, 2), errors::TypeMismatch);
+  // As one number the gap closes.
+  EXPECT_EQ(Filled({u"00000", u"_", u"1_2__", u""}, 1), u"00012");
+}
+
+TEST(PreencheZeros, ARunOfMoreThanFifteenDigitsLosesTheLastOnes) {
+  // The number goes through a double.
+  const String zeros(20, u'0');
+  EXPECT_EQ(Filled({zeros, u"_", u"12345678901234567890", u""}, 2), u"12345678901234567168");
+  EXPECT_EQ(Filled({zeros, u"_", u"12345678901234567___", u""}, 2), u"00012345678901234568");
+  EXPECT_EQ(Filled({zeros, u"_", u"123456789012345_____", u""}, 2), u"00000123456789012345");
+}
+
 TEST(PreencheZeros, FillsRunByRun) {
   const FillCase kCases[] = {
       {u"0000/00", u"_", u"12__/3_", u"0012/03"},

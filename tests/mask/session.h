@@ -5,9 +5,10 @@
 //   value 2512               the box laid out from a value, caret at the start
 //   1 2 -> 12/|__/____       keys, then the box
 //   9   -> 12/|__/____ ; beep ; texto 12/__/____ ; key 0 ; error 6
+//   F9  -> 12/|__/____ ; calculator
 //
-// A key is a character or one of Back, Del, F9, Enter, Esc, Tab, Space, Paste. Beeps and error
-// boxes that a line does not name fail it.
+// A key is a character or one of Back, Del, F9, Enter, Esc, Tab, Space, Paste. Beeps, error boxes
+// and calculators that a line does not name fail it.
 #pragma once
 
 #include <string>

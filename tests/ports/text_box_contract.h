@@ -135,6 +135,13 @@ TEST_P(TextBoxContract, AMaxLengthOf0IsNoLimit) {
   EXPECT_EQ(Box().Text(), text);
 }
 
+TEST_P(TextBoxContract, ANegativeMaxLengthIsKeptAs0) {
+  Box().MaxLength(-5);
+  EXPECT_EQ(Box().MaxLength(), 0);
+  Box().Text(u"abcdef");
+  EXPECT_EQ(Box().Text(), u"abcdef");
+}
+
 TEST_P(TextBoxContract, AssigningTextRaisesChangeOnceAndOnlyWhenTheTextDiffers) {
   Start(u"abc");
   Box().Text(u"abc");

@@ -33,6 +33,13 @@ TEST(ExibeMensagem, KeepsFourBitsOfTheFlags) {
   }
 }
 
+TEST(ExibeMensagem, TheFlagsHaveNames) {
+  EXPECT_EQ(mdlMsgBox::flag::YesNo, 4);
+  EXPECT_EQ(mdlMsgBox::flag::Stop, 16);
+  EXPECT_EQ(mdlMsgBox::flag::Question, 32);
+  EXPECT_EQ(mdlMsgBox::flag::Information, 64);
+}
+
 TEST(ExibeMensagem, ShowsTextTitleAndOwner) {
   memory::Application app;
   ExibeMensagem(77, u"Não há registros", 16, u"Atenção !!!");

@@ -31,6 +31,12 @@ TEST(CodificaTexto, WrapsAboveThePage) {
   EXPECT_EQ(LastCode(String(1, u'A') + AnsiCharacter(204)), 1);
 }
 
+TEST(CodificaTexto, TwiceThePageIsZero) {
+  // 254 + 50 + 206 = 510
+  EXPECT_EQ(LastCode(String(205, u'A') + AnsiCharacter(254)), 0);
+  EXPECT_EQ(LastCode(String(205, u'A') + AnsiCharacter(255)), 1);
+}
+
 TEST(CodificaTexto, WrapsBelowThePage) {
   EXPECT_EQ(LastCode(String(60, u'A') + AnsiCharacter(10)), 254);
   EXPECT_EQ(LastCode(String(60, u'A') + AnsiCharacter(11)), 0);

@@ -42,10 +42,10 @@ enum class Alignment : Integer { Left = 0, Right = 1 };
 ///
 /// Contract: assigning `Text` puts the caret at 0, clears the selection, cuts the text to
 /// `MaxLength` (0 is no limit) and raises `OnChange` once, only when the text differs.
-/// Changing `MaxLength` leaves the present text alone. `SelStart` (from 0) and `SelLength`
-/// clamp to the text; setting `SelStart` empties the selection. Gaining the focus selects
-/// nothing. A key that the handlers leave alone replaces the selection and respects
-/// `MaxLength`. The order of a key is key-down, key-press, change, key-up.
+/// Changing `MaxLength` leaves the present text alone; a negative one is kept as 0. `SelStart`
+/// (from 0) and `SelLength` clamp to the text; setting `SelStart` empties the selection. Gaining
+/// the focus selects nothing. A key that the handlers leave alone replaces the selection and
+/// respects `MaxLength`. The order of a key is key-down, key-press, change, key-up.
 class TextBox {
  public:
   TextBox() = default;

@@ -1,0 +1,34 @@
+#include "lookup/query_text.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/printers.h"
+
+namespace tessaria::test {
+namespace {
+
+using mdlObjTxt::TiraAlias;
+
+struct AliasCase {
+  const char16_t* given;
+  const char16_t* expected;
+};
+
+const AliasCase kAliases[] = {
+    {u"upper(nome) as n", u"upper(nome) "},
+    {u"codigo", u"codigo"},
+    {u"", u""},
+    {u"a as b as c", u"a "},
+    {u"nome AS n", u"nome AS n"},
+    {u"nome As n", u"nome As n"},
+    {u"nome as", u"nome as"},
+    {u" as n", u" "},
+    {u"nome  as n", u"nome  "},
+};
+
+TEST(TiraAlias, CutsBehindTheBlankInFrontOfTheFirstAs) {
+  for (const auto& row : kAliases) EXPECT_EQ(TiraAlias(row.given), row.expected);
+}
+
+}  // namespace
+}  // namespace tessaria::test
