@@ -6,6 +6,7 @@
 #include "browse/refused_statement.h"
 #include "browse/search_run.h"
 #include "lookup/dialect.h"
+#include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "services/message_box.h"
 #include "services/trap.h"
@@ -18,20 +19,18 @@ namespace {
 
 using host::WidgetKind;
 
-constexpr Long kYesNo = 4;
-constexpr Long kStop = 16;
-
-constexpr Integer keyEnter = 13;
-constexpr Integer keyEscape = 27;
-constexpr Integer keyPageUp = 33;
-constexpr Integer keyPageDown = 34;
-constexpr Integer shiftControl = 2;
+constexpr Integer kKeyEnter = 13;
+constexpr Integer kKeyEscape = 27;
+constexpr Integer kKeyPageUp = 33;
+constexpr Integer kKeyPageDown = 34;
+constexpr Integer kKeyBeforeF1 = 111;
+constexpr Integer kShiftControl = 2;
 
 // Twips.
-constexpr Long besideGrid = 120;
-constexpr Long aboveGrid = 435;
+constexpr Long kBesideGrid = 120;
+constexpr Long kAboveGrid = 435;
 
-constexpr host::WidgetDescription widgets[] = {
+constexpr host::WidgetDescription kWidgets[] = {
     {u"lblTitulo", WidgetKind::Label},
     {u"barBrowse", WidgetKind::ToolBar, u"Pesquisar", u"Pesquisar"},
     {u"grdBrowse", WidgetKind::DataGrid, u"Registros"},
@@ -45,13 +44,19 @@ struct MenuKeys {
   Integer Last;
   Long Position;
 };
-constexpr MenuKeys digits{49, 57, 1};
+constexpr MenuKeys kDigits{49, 57, 1};
 /// F1 and F5 do nothing.
-constexpr MenuKeys functionKeys[] = {{113, 115, 1}, {117, 123, 4}};
+constexpr MenuKeys kFunctionKeys[] = {{113, 115, 1}, {117, 123, 4}};
 
 /// 0 for a key that is not of the run.
 Long PositionOf(const MenuKeys& keys, Integer code) {
   return code >= keys.First && code <= keys.Last ? keys.Position + code - keys.First : 0;
+}
+
+/// 0 for a position that no key of the run has.
+Integer CodeOf(const MenuKeys& keys, Long position) {
+  const Long code = keys.First + position - keys.Position;
+  return code >= keys.First && code <= keys.Last ? static_cast<Integer>(code) : Integer{0};
 }
 
 bool IsTextType(Long type) {
@@ -67,8 +72,17 @@ bool IsJumpCharacter(char16_t c) {
 }  // namespace
 
 const host::DialogDescription& frmBrowse::Description() {
-  static const host::DialogDescription description{u"frmBrowse", u"Pesquisa", widgets};
+  static const host::DialogDescription description{u"frmBrowse", u"Pesquisa", kWidgets};
   return description;
+}
+
+String frmBrowse::TeclasDoMenu(Long posicao) {
+  String keys;
+  for (const auto& run : kFunctionKeys)
+    if (const Integer code = CodeOf(run, posicao); code != 0)
+      keys = u"F" + CStr(Variant(static_cast<Long>(code - kKeyBeforeF1)));
+  if (CodeOf(kDigits, posicao) == 0) return keys;
+  return keys + (keys.empty() ? u"" : u", ") + u"Ctrl+" + CStr(Variant(posicao));
 }
 
 frmBrowse::frmBrowse()
@@ -103,8 +117,8 @@ void frmBrowse::Activate() {
 }
 
 void frmBrowse::Resize() {
-  grid_.Width(dialog_->Width() - besideGrid);
-  grid_.Height(dialog_->Height() - aboveGrid);
+  grid_.Width(dialog_->Width() - kBesideGrid);
+  grid_.Height(dialog_->Height() - kAboveGrid);
 }
 
 // --- Rows ---------------------------------------------------------------------------------------
@@ -115,7 +129,8 @@ void frmBrowse::ConectGrid(const String& strInstrucao, bool& blnOk) {
       [&] {
         const auto connection = ConexaoAtual();
         if (connection->State() == host::state::Closed) {
-          mdlMsgBox::ExibeMensagem(hWndMsgBox, u"Conexão ao banco foi encerrada. verifique", kStop);
+          mdlMsgBox::ExibeMensagem(hWndMsgBox, u"Conexão ao banco foi encerrada. verifique",
+                                   mdlMsgBox::flag::Stop);
           return;
         }
         dcBrowse = connection->Execute(strInstrucao);
@@ -124,7 +139,7 @@ void frmBrowse::ConectGrid(const String& strInstrucao, bool& blnOk) {
       [&] {
         blnOk = false;
         mdlObjTxt::OfereceInstrucao(strInstrucao, u"Copiar Para Área de Transferência ?",
-                                    kYesNo + kStop, hWndMsgBox);
+                                    mdlMsgBox::flag::YesNo + mdlMsgBox::flag::Stop, hWndMsgBox);
       });
 }
 
@@ -204,22 +219,22 @@ void frmBrowse::Search(Long indice) {
 // --- Keys ---------------------------------------------------------------------------------------
 
 void frmBrowse::FormKeyDown(Integer KeyCode, Integer Shift) {
-  if (Shift != shiftControl) return;
-  const Long position = PositionOf(digits, KeyCode);
+  if (Shift != kShiftControl) return;
+  const Long position = PositionOf(kDigits, KeyCode);
   if (position > 0 && position <= bar_.MenuCount()) MenuClick(position);
 }
 
 void frmBrowse::GridKeyDown(Integer KeyCode, Integer Shift) {
-  if (Shift == shiftControl) {
-    if ((KeyCode != keyPageUp && KeyCode != keyPageDown) || !HasRows()) return;
-    if (KeyCode == keyPageUp)
+  if (Shift == kShiftControl) {
+    if ((KeyCode != kKeyPageUp && KeyCode != kKeyPageDown) || !HasRows()) return;
+    if (KeyCode == kKeyPageUp)
       dcBrowse->MoveFirst();
     else
       dcBrowse->MoveLast();
     grid_.ShowCurrentRow();
     return;
   }
-  for (const auto& keys : functionKeys) {
+  for (const auto& keys : kFunctionKeys) {
     const Long position = PositionOf(keys, KeyCode);
     if (position > 0 && position <= bar_.MenuCount()) return MenuClick(position);
   }
@@ -227,9 +242,9 @@ void frmBrowse::GridKeyDown(Integer KeyCode, Integer Shift) {
 
 void frmBrowse::GridKeyPress(Integer KeyAscii) {
   const auto character = static_cast<char16_t>(KeyAscii);
-  if (KeyAscii == keyEnter)
+  if (KeyAscii == kKeyEnter)
     ConfirmClick();
-  else if (KeyAscii == keyEscape)
+  else if (KeyAscii == kKeyEscape)
     Leave(false);
   else if (IsJumpCharacter(character))
     JumpTo(character);

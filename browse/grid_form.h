@@ -15,6 +15,8 @@ class frmBrowse {
  public:
   /// What the window is made of.
   static const host::DialogDescription& Description();
+  /// The keys that choose an entry of the menu, by position from 1; "" for none.
+  static String TeclasDoMenu(Long posicao);
 
   /// Error 91 when no window can open.
   frmBrowse();

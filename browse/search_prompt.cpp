@@ -24,7 +24,7 @@ constexpr Long kLeastWidth = 3500;
 constexpr Long kEdge = 100;
 constexpr Long kCancelFromRight = 1700;
 
-constexpr host::WidgetDescription widgets[] = {
+constexpr host::WidgetDescription kWidgets[] = {
     {u"editPesquisa", WidgetKind::TsText, u"Valor a pesquisar"},
     {u"btnOk", WidgetKind::CommandButton, u"&Ok"},
     {u"btnCancelar", WidgetKind::CommandButton, u"&Cancelar"},
@@ -33,7 +33,7 @@ constexpr host::WidgetDescription widgets[] = {
 }  // namespace
 
 const host::DialogDescription& frmTsPesquisa::Description() {
-  static const host::DialogDescription description{u"frmTsPesquisa", u"Pesquisa", widgets};
+  static const host::DialogDescription description{u"frmTsPesquisa", u"Pesquisa", kWidgets};
   return description;
 }
 

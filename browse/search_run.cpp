@@ -3,15 +3,13 @@
 #include "browse/refused_statement.h"
 #include "browse/search_prompt.h"
 #include "lookup/dialect.h"
+#include "services/message_box.h"
 #include "services/trap.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {
-
-constexpr Long kYesNo = 4;
-constexpr Long kExclamation = 64;
 
 /// The conditions of all entries; false when a prompt was cancelled.
 bool PerguntaTodas(const std::vector<EntradaPesquisa>& entradas, const String& where,
@@ -61,7 +59,7 @@ void ExecutaPesquisa(const std::vector<EntradaPesquisa>& entradas, String& strCa
       [&] {
         App().DoEvents();
         OfereceInstrucao(instrucao, u"Deseja Copiar para Área de Transferencia ?",
-                         kYesNo + kExclamation, lngHwnd);
+                         mdlMsgBox::flag::YesNo + mdlMsgBox::flag::Information, lngHwnd);
       });
 }
 

@@ -1,5 +1,7 @@
 // The button: the road to the dialogs of a field.
 
+#include <algorithm>
+
 #include "browse/lookup_run.h"
 #include "control/tstext.h"
 #include "mask/exit_flag.h"
@@ -20,9 +22,8 @@ namespace tessaria {
 namespace {
 
 // Twips from the field to its dialog.
-constexpr float roomAbove = 930;
-constexpr float roomLeft = 30;
-constexpr Long stopIcon = 16;
+constexpr float kRoomAbove = 930;
+constexpr float kRoomLeft = 30;
 
 /// A dialog that the controls of a thread share, made on first need. The caller's reference
 /// keeps it until it has answered.
@@ -74,7 +75,7 @@ tsText::DialogPlace tsText::PlaceBelow() const {
   const auto at = [&](const char16_t* axis) {
     return static_cast<float>(CDbl(mdlObjTxt::PosicaoNoForm(extender, axis)));
   };
-  return {at(u"y") + static_cast<float>(extender->Height()) + roomAbove, at(u"x") + roomLeft};
+  return {at(u"y") + static_cast<float>(extender->Height()) + kRoomAbove, at(u"x") + kRoomLeft};
 }
 
 void tsText::PickFromList() {
@@ -82,7 +83,7 @@ void tsText::PickFromList() {
     mdlMsgBox::ExibeMensagem(hWnd(),
                              u"Propriedades da Browse Não Foram Informadas Corretamente. Contate "
                              u"o Administrador de Sistema",
-                             stopIcon);
+                             mdlMsgBox::flag::Stop);
     return;
   }
   const DialogPlace place = PlaceBelow();
@@ -112,9 +113,11 @@ void tsText::PickDate() {
 
 void tsText::PickPath() {
   const DialogPlace place = PlaceBelow();
+  // A field may be wider than the picker's 16-bit width tells.
+  const auto width = static_cast<Integer>(std::min<Long>(site_.Width(), 32767));
   const auto picker = Shared(State().frmDiretorio);
-  Value(picker->ExecutaDiretorio(place.Top, place.Left, CInt(site_.Width()), txtEdit_.Text(),
-                                 m_.DirVerArquivos, m_.DirPattern));
+  Value(picker->ExecutaDiretorio(place.Top, place.Left, width, txtEdit_.Text(), m_.DirVerArquivos,
+                                 m_.DirPattern));
   Release(picker, State().frmDiretorio);
 }
 

@@ -1,9 +1,6 @@
 // The two definition objects and the texts that stand in front of them.
 
 #include "control/tstext.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
-#include "services/trap.h"
 
 namespace tessaria {
 

@@ -11,8 +11,7 @@ namespace tessaria {
 
 namespace {
 
-constexpr Long stopIcon = 16;
-constexpr Long notFound = -1;
+constexpr Long kNotFound = -1;
 
 /// The error object's number and description as the boxes of this file show them; both are
 /// usually blank, because a name that leads nowhere is no error of its own.
@@ -38,7 +37,7 @@ bool CacheHolds(const host::Fields& fields, const String& cached, const String& 
 Long OrdinalOf(const host::Fields& fields, const String& name) {
   for (Long ordinal = 0; ordinal < fields.Count(); ++ordinal)
     if (NamesField(fields, ordinal, name)) return ordinal;
-  return notFound;
+  return kNotFound;
 }
 
 }  // namespace
@@ -52,7 +51,7 @@ bool tsText::SetarVariaveis(StringView what) {
   bool loaded = false;
   Trap(u"tsText", u"SetarVariaveis", [&] {
     if (asked(u"Irmao") && !Trim(m_.TxtIrmao).empty() &&
-        EqualNoCase(site_.Parent()->Controls(m_.TxtIrmao)->TypeName(), u"tsText"))
+        site_.Parent()->Controls(m_.TxtIrmao)->TypeName() == u"tsText")
       m_.bIrmaoConectado = true;
     const bool dataControlOk = asked(u"DataSource") && FindDataControl();
     if (asked(u"Campo") && dataControlOk && BoundRecordset()->State() != host::state::Closed &&
@@ -73,7 +72,7 @@ bool tsText::ConnectDatabase() {
         hWnd(),
         u"Não foi Possível Conectar 'dbForm'. Contate Administrador de Sistema." +
             PendingDescription(),
-        stopIcon, u"Objeto: '" + site_.DisplayName() + u"' Erro: " + PendingNumber());
+        mdlMsgBox::flag::Stop, u"Objeto: '" + site_.DisplayName() + u"' Erro: " + PendingNumber());
   };
   bool connected = false;
   Catch(
@@ -100,7 +99,7 @@ bool tsText::FindDataControl() {
     mdlMsgBox::ExibeMensagem(hWnd(),
                              u"Não foi Possível Localizar o Data Control '" + m_.DataSource +
                                  u"'." + PendingDescription(),
-                             stopIcon,
+                             mdlMsgBox::flag::Stop,
                              u"Objeto: '" + site_.DisplayName() + u"' Erro: " + PendingNumber());
   };
   bool found = false;
@@ -116,15 +115,16 @@ bool tsText::FindDataControl() {
 
 bool tsText::BindField() {
   m_.bCampoConectado = false;
-  const auto& fields = BoundRecordset()->Fields();
+  const auto rows = BoundRecordset();
+  const auto& fields = rows->Fields();
   if (!CacheHolds(fields, m_.PosDataField, m_.DataField)) {
     const Long ordinal = OrdinalOf(fields, m_.DataField);
-    if (ordinal == notFound) {
+    if (ordinal == kNotFound) {
       mdlMsgBox::ExibeMensagem(hWnd(),
                                u"Não Foi Possível Conectar o Objeto '" + site_.DisplayName() +
                                    u"' ao Campo " + UCase(m_.DataField) + u"." +
                                    PendingDescription(),
-                               stopIcon, u"Erro: " + PendingNumber());
+                               mdlMsgBox::flag::Stop, u"Erro: " + PendingNumber());
       return false;
     }
     PosDataField(CStr(Variant(ordinal)));
@@ -167,6 +167,7 @@ void tsText::AchaObjetos() {
         CacheFieldOrdinal(*control);
       },
       [&] {
+        Err().Clear();  // steers, reports nothing
         control->Refresh();
         CacheFieldOrdinal(*control);
       });
@@ -178,7 +179,7 @@ void tsText::CacheFieldOrdinal(host::DataControl& control) {
   const auto& fields = rows->Fields();
   if (CacheHolds(fields, m_.PosDataField, m_.DataField)) return;
   const Long ordinal = OrdinalOf(fields, m_.DataField);
-  if (ordinal != notFound) PosDataField(CStr(Variant(ordinal)));
+  if (ordinal != kNotFound) PosDataField(CStr(Variant(ordinal)));
 }
 
 std::shared_ptr<host::DataControl> tsText::DataControlByName() const {

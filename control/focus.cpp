@@ -66,9 +66,7 @@ void tsText::AssignTyped() {
         m_.PromptInclude ? m_.Texto
                          : mdlObjTxt::LimpaMascara(m_.Texto, m_.Mascara, m_.ItensMascara)));
   } else if (m_.PromptInclude) {
-    if (!m_.Mascara.empty())
-      txtEdit_.Text(mdlObjTxt::AplicaMascara(txtEdit_.Text(), m_.Mascara, m_.PromptChar,
-                                             m_.ItensMascara, txtEdit_.PasswordChar()));
+    if (!m_.Mascara.empty()) txtEdit_.Text(LaidOut(txtEdit_.Text()));
     Value(txtEdit_.Text());
   } else {
     Value(Stripped());

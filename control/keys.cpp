@@ -14,12 +14,12 @@ namespace tessaria {
 namespace {
 
 // Virtual-key codes.
-constexpr Integer keyPageDown = 34;
+constexpr Integer kKeyPageDown = 34;
 // These start no search of a description.
-constexpr Integer keyShift = 16;
-constexpr Integer keyHome = 36;
-constexpr Integer keyAcute = 219;
-constexpr Integer keyTilde = 222;
+constexpr Integer kKeyShift = 16;
+constexpr Integer kKeyHome = 36;
+constexpr Integer kKeyAcute = 219;
+constexpr Integer kKeyTilde = 222;
 
 }  // namespace
 
@@ -30,7 +30,7 @@ void tsText::UserControl_KeyDown(Integer& KeyCode, Integer& Shift) {
 void tsText::UserControl_KeyPress(Integer& KeyAscii) { events_.KeyPress(KeyAscii); }
 
 void tsText::UserControl_KeyUp(Integer& KeyCode, Integer& Shift) {
-  if (KeyCode == keyPageDown && m_.TipoControle != tessaria::TipoControle::Normal)
+  if (KeyCode == kKeyPageDown && m_.TipoControle != tessaria::TipoControle::Normal)
     btnBrowse_Click();
   events_.KeyUp(KeyCode, Shift);
 }
@@ -54,8 +54,8 @@ void tsText::txtEdit_Change() {
 void tsText::txtEdit_KeyUp(Integer KeyCode) {
   Trap(u"tsText", u"txtEdit_KeyUp", [&] {
     m_.bCarregandoCampo = true;
-    if (m_.TipoControle != tessaria::TipoControle::Descricao || KeyCode == keyHome ||
-        KeyCode == keyShift)
+    if (m_.TipoControle != tessaria::TipoControle::Descricao || KeyCode == kKeyHome ||
+        KeyCode == kKeyShift)
       return;
     CompleteDescription(KeyCode);
   });
@@ -66,25 +66,22 @@ void tsText::CompleteDescription(Integer KeyCode) {
     mdlMsgBox::ExibeMensagem(hWnd(),
                              u"Propriedades da Browse Não Informadas Corretamente. Contate o "
                              u"Administrador de Sistema.",
-                             16);
+                             mdlMsgBox::flag::Stop);
     return;
   }
   const auto sibling = m_.bIrmaoConectado ? Sibling() : nullptr;
-  if (KeyCode == keyTilde || KeyCode == keyAcute) return;
+  if (KeyCode == kKeyTilde || KeyCode == kKeyAcute) return;
 
   const auto definition = Browse();
   // The condition is the definition's own; the key's literal narrows it further.
   String condition = mdlObjTxt::ExpandeParametros(FormDoControle(), definition->BrwWhere());
-  const String& siblingField = BrwCampoIrmao();
+  const String siblingField = BrwCampoIrmao();
   const String literal = SiblingLiteral();
   if (!literal.empty() && !siblingField.empty())
     condition += (condition.empty() ? u"" : u" And ") + siblingField + u" = " + literal;
 
-  mdlObjTxt::CompletaDescr(
-      txtEdit_,
-      definition->BrwLeftJoin().empty() ? definition->BrowseTable() : definition->BrwLeftJoin(),
-      BrwCampo(), KeyCode, m_.bIrmaoConectado, siblingField,
-      sibling ? &sibling->Control() : nullptr, condition);
+  mdlObjTxt::CompletaDescr(txtEdit_, definition->From(), BrwCampo(), KeyCode, m_.bIrmaoConectado,
+                           siblingField, sibling ? &sibling->Control() : nullptr, condition);
 }
 
 void tsText::txtEdit_GotFocus() {

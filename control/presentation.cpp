@@ -11,11 +11,11 @@ namespace tessaria {
 namespace {
 
 // Twips.
-constexpr Long leastHeight = 315;
-constexpr Long buttonInset = 60;
-constexpr Long roomWithButton = 360;
-constexpr Long roomWithoutButton = 70;
-constexpr Long buttonFromRight = 350;
+constexpr Long kLeastHeight = 315;
+constexpr Long kButtonInset = 60;
+constexpr Long kRoomWithButton = 360;
+constexpr Long kRoomWithoutButton = 70;
+constexpr Long kButtonFromRight = 350;
 
 /// The icon file of a kind of control; nullptr for a kind with no button of its own.
 const char16_t* IconFile(TipoControle kind) {
@@ -75,13 +75,13 @@ void tsText::FitMaskToField() {
 
 void tsText::UserControl_Resize() {
   Trap(u"tsText", u"UserControl_Resize", [&] {
-    if (site_.Height() < leastHeight) site_.Height(leastHeight);
+    if (site_.Height() < kLeastHeight) site_.Height(kLeastHeight);
     if (txtEdit_.Height() != site_.Height()) {
       txtEdit_.Height(site_.Height());
-      btnBrowse_.Height(site_.Height() - buttonInset);
+      btnBrowse_.Height(site_.Height() - kButtonInset);
     }
-    txtEdit_.Width(site_.Width() - (btnBrowse_.Visible() ? roomWithButton : roomWithoutButton));
-    btnBrowse_.Left(site_.Width() - buttonFromRight);
+    txtEdit_.Width(site_.Width() - (btnBrowse_.Visible() ? kRoomWithButton : kRoomWithoutButton));
+    btnBrowse_.Left(site_.Width() - kButtonFromRight);
   });
 }
 
@@ -91,7 +91,7 @@ void tsText::AtualizaExibicao() {
     if (btnBrowse_.Visible()) LoadButtonPicture();
     // Here the type decides, not the button: a description without one keeps the room.
     const bool isPlain = m_.TipoControle == tessaria::TipoControle::Normal;
-    txtEdit_.Width(site_.Width() - (isPlain ? roomWithoutButton : roomWithButton));
+    txtEdit_.Width(site_.Width() - (isPlain ? kRoomWithoutButton : kRoomWithButton));
     btnBrowse_.Enabled(Enabled());
     site_.TabStop(Enabled());
     if (Enabled()) {

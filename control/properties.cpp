@@ -160,9 +160,9 @@ Property InBox(Property property, StringView key, const Place& place, Access) {
 #define BOX_ROW(type, name, id, place) \
   InBox<type>(ReadWrite<type>(u"" #name, id, OF_CONTROL(name)), u"" #name, place, OF_CONTROL(name))
 
-const Variant nothing{ObjectPtr()};
-const Variant systemWindow = static_cast<Long>(host::colour::WindowBackground);
-const Variant systemWindowText = static_cast<Long>(host::colour::WindowText);
+const Variant kNothing{ObjectPtr()};
+const Variant kSystemWindow = static_cast<Long>(host::colour::WindowBackground);
+const Variant kSystemWindowText = static_cast<Long>(host::colour::WindowText);
 
 Property SignRow(int id) {
   Property row = MEMBER_ROW(bool, ValorNegativo, id, ValueAt(44, 14, false));
@@ -171,7 +171,7 @@ Property SignRow(int id) {
 }
 
 Property BrowseRow(int id) {
-  Property row = MEMBER_ROW(std::shared_ptr<Browse>, Browse, id, ValueAt(17, 18, nothing));
+  Property row = MEMBER_ROW(std::shared_ptr<Browse>, Browse, id, ValueAt(17, 18, kNothing));
   // Writing makes the definition if there is none.
   row.Stored.Save = [](const tsText& control) -> Variant { return control.Browse(); };
   return row;
@@ -203,7 +203,7 @@ std::vector<Property> MakeProperties() {
       MEMBER_ROW(String, BrwGroupBy, 11, TextAt(23, 24)),
       MEMBER_ROW(String, BrwLeftJoin, 12, TextAt(24, 25)),
       MEMBER_ROW(String, BrwWhere, 13, TextAt(25, 26)),
-      MEMBER_ROW(std::shared_ptr<Pesquisa>, Pesquisa, 14, ValueAt(34, 35, nothing)),
+      MEMBER_ROW(std::shared_ptr<Pesquisa>, Pesquisa, 14, ValueAt(34, 35, kNothing)),
       MEMBER_ROW(String, PesqCaption, 15, TextAt(35, 36)),
       MEMBER_ROW(String, PesqCampo, 16, TextAt(36, 37)),
       MEMBER_ROW(String, PesqMascara, 17, TextAt(37, 38)),
@@ -247,8 +247,8 @@ std::vector<Property> MakeProperties() {
       ReadWrite<String>(u"Nome", 54, OF_CONTROL(Nome)),
       MEMBER_ROW(String, NumeroTab, 55, TextAt(12, 12)),
       InBox<Colour>(ReadWrite<Colour>(u"Forecolor", 56, OF_CONTROL(Forecolor)), u"ForeColor",
-                    ValueAt(46, 47, systemWindowText), OF_CONTROL(ForeColor)),
-      BOX_ROW(Colour, BackColor, 57, ValueAt(45, 45, systemWindow)),
+                    ValueAt(46, 47, kSystemWindowText), OF_CONTROL(ForeColor)),
+      BOX_ROW(Colour, BackColor, 57, ValueAt(45, 45, kSystemWindow)),
       FontRow(58),
       ReadOnly<bool>(u"Carregou", 59, OF_CONTROL(Carregou)),
       WriteOnly<String>(u"LastValue", 60, OF_CONTROL(LastValue)),

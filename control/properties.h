@@ -17,7 +17,8 @@ enum class PropertyType { String, Long, Boolean, Colour, Variant, Object, Font }
 struct Property {
   StringView Name;
   PropertyType Type;
-  /// Dispatch number: position in the interface, from 1; 0 when programs do not reach it.
+  /// Dispatch number: position among the properties of the interface, from 1; 0 when programs do
+  /// not reach it.
   int DispatchId;
   /// nullptr for a property that cannot be read, or written, by programs.
   Variant (*Get)(const tsText&);

@@ -9,7 +9,7 @@ namespace tessaria {
 
 namespace {
 
-constexpr char16_t fieldEnd = 3;
+constexpr char16_t kFieldEnd = 3;
 
 /// The type code of a letter; `before` for a letter without a meaning.
 Long TypeOf(const String& letter, Long before) {
@@ -43,7 +43,7 @@ void tsText::AtualizaPesquisa() {
     Long type = 0;
     Long like = 0;
     for (Long p = 1; p <= Len(m_.PesqCaption); ++p) {
-      if (m_.PesqCaption[p - 1] != fieldEnd) continue;
+      if (m_.PesqCaption[p - 1] != kFieldEnd) continue;
       // All nine texts are cut at the places of the captions.
       const auto slice = [&](const String& text) { return Trim(Mid(text, start, p - start)); };
       type = TypeOf(slice(m_.PesqTipo), type);

@@ -7,7 +7,6 @@
 #include "mask/form_helpers.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
-#include "services/error_box.h"
 #include "services/message_box.h"
 #include "services/trap.h"
 #include "tessaria/host/application.h"

@@ -99,7 +99,8 @@ void tsText::TipoControle(tessaria::TipoControle v) {
 }
 
 void tsText::OriginalValue(const Variant&) {
-  mdlMsgBox::ExibeMensagem(hWnd(), u"Propriedade Somente Para Leitura", 16, u"Atenção !!!");
+  mdlMsgBox::ExibeMensagem(hWnd(), u"Propriedade Somente Para Leitura", mdlMsgBox::flag::Stop,
+                           u"Atenção !!!");
 }
 
 void tsText::LastValue(const String& v) { m_.LastValue = v; }
@@ -130,8 +131,7 @@ void tsText::Mascara(const String& v) {
     if (v.empty() && mdlObjTxt::LimpaMascara(txtEdit_.Text(), oldMask, oldItems).empty())
       Value(Variant::Null());
     else
-      txtEdit_.Text(mdlObjTxt::AplicaMascara(Stripped(), v, m_.PromptChar, m_.ItensMascara,
-                                             txtEdit_.PasswordChar()));
+      txtEdit_.Text(LaidOut(Stripped()));
   }
   site_.PropertyChanged(u"Mascara");
 }
@@ -173,6 +173,11 @@ void tsText::SelText(const String& v) {
 }
 
 bool tsText::EhNumerica() const { return mdlObjTxt::EhMascaraNumerica(m_.Mascara); }
+
+String tsText::LaidOut(const Variant& v) const {
+  return mdlObjTxt::AplicaMascara(v, m_.Mascara, m_.PromptChar, m_.ItensMascara,
+                                  txtEdit_.PasswordChar());
+}
 
 String tsText::Stripped() const {
   return mdlObjTxt::LimpaMascara(txtEdit_.Text(), m_.Mascara, m_.ItensMascara);

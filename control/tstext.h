@@ -253,6 +253,9 @@ class tsText final : public _tsText, private MaskedField {
   host::FormPtr FormDoControle() const;
   /// Assigns the bound field.
   void GravaValorCampo(const Variant& v);
+  /// Resolves names: "Irmao", "DataSource", "Campo", "Label", or "Todos" for all of them. True
+  /// when a field was bound and loaded, which only "Todos" can do.
+  bool SetarVariaveis(StringView what);
   /// A message that only a visible form shows. Flags and title as `ExibeMensagem` takes them.
   void MsgSeVisivel(const String& text, Long flags, const String& title);
 
@@ -285,6 +288,7 @@ class tsText final : public _tsText, private MaskedField {
   void ShowValue(const Variant& w);
   bool ValueChanged() const;
   bool EhNumerica() const;
+  String LaidOut(const Variant& v) const;
   String Stripped() const;
 
   // Sibling
@@ -298,7 +302,6 @@ class tsText final : public _tsText, private MaskedField {
   void CompleteDescription(Integer KeyCode);
 
   // Discovery
-  bool SetarVariaveis(StringView what);
   bool ConnectDatabase();
   bool FindDataControl();
   bool BindField();
@@ -313,8 +316,8 @@ class tsText final : public _tsText, private MaskedField {
   bool CheckRules();
   bool CheckDate(const String& label);
   bool CheckRelation(const String& label);
-  bool LookUp(String condition, const String& label, bool tellsMissing, Variant* found,
-              bool buttonIsActive);
+  bool RelationHolds(String condition, const String& label, bool tellsMissing, Variant* found,
+                     bool buttonIsActive);
   bool IsForbiddenBlank() const;
   bool Cancels() const;
   bool CommandButtonIsActive() const;

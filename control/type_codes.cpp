@@ -7,11 +7,11 @@ namespace tessaria {
 
 namespace {
 
-constexpr Long unboundNumbers[] = {2, 4, 5};
+constexpr Long kUnboundNumbers[] = {2, 4, 5};
 
-constexpr Long textFamily[] = {129, 130, 200, 202};
-constexpr Long numberFamily[] = {2, 3, 4, 5, 6, 14, 16, 131};
-constexpr Long dateFamily[] = {7, 133, 135};
+constexpr Long kTextFamily[] = {129, 130, 200, 202};
+constexpr Long kNumberFamily[] = {2, 3, 4, 5, 6, 14, 16, 131};
+constexpr Long kDateFamily[] = {7, 133, 135};
 
 template <std::size_t N>
 bool Holds(const Long (&codes)[N], Long code) {
@@ -20,12 +20,12 @@ bool Holds(const Long (&codes)[N], Long code) {
 
 }  // namespace
 
-bool EhTipoDadoNumerico(Long TipoDado) { return Holds(unboundNumbers, TipoDado); }
+bool EhTipoDadoNumerico(Long TipoDado) { return Holds(kUnboundNumbers, TipoDado); }
 
 FieldFamily FamilyOf(Long fieldType) {
-  if (Holds(textFamily, fieldType)) return FieldFamily::Text;
-  if (Holds(numberFamily, fieldType)) return FieldFamily::Number;
-  if (Holds(dateFamily, fieldType)) return FieldFamily::Date;
+  if (Holds(kTextFamily, fieldType)) return FieldFamily::Text;
+  if (Holds(kNumberFamily, fieldType)) return FieldFamily::Number;
+  if (Holds(kDateFamily, fieldType)) return FieldFamily::Date;
   return FieldFamily::Other;
 }
 

@@ -11,12 +11,6 @@
 
 namespace tessaria {
 
-namespace {
-
-constexpr Long stopIcon = 16;
-
-}  // namespace
-
 bool tsText::Valida() {
   bool result = false;
   // The trap is armed for asking which inner widget is active and stays so: the first error
@@ -28,7 +22,10 @@ bool tsText::Valida() {
         else
           result = CheckRules();
       },
-      [&] { result = CheckRules(); });
+      [&] {
+        Err().Clear();  // steers, reports nothing
+        result = CheckRules();
+      });
   return result;
 }
 
@@ -95,31 +92,27 @@ bool tsText::CheckDate(const String& label) {
 
 bool tsText::CheckRelation(const String& label) {
   Variant found;
-  const bool exists = LookUp(mdlObjTxt::ExpandeParametros(FormDoControle(), Browse()->BrwWhere()),
-                             label, true, &found, CommandButtonIsActive());
-  if (exists && !found.IsEmpty())
-    txtEdit_.Text(mdlObjTxt::AplicaMascara(found, m_.Mascara, m_.PromptChar, m_.ItensMascara,
-                                           txtEdit_.PasswordChar()));
+  const bool exists =
+      RelationHolds(mdlObjTxt::ExpandeParametros(FormDoControle(), Browse()->BrwWhere()), label,
+                    true, &found, CommandButtonIsActive());
+  if (exists && !found.IsEmpty()) txtEdit_.Text(LaidOut(found));
   return exists;
 }
 
 bool tsText::AcionaChecaRelacao() {
   bool exists = false;
   Trap(u"tsText", u"AcionaChecaRelacao", [&] {
-    exists = LookUp(String(), m_.bLabelConectado ? LabelWidget()->Caption() : String(), false,
-                    nullptr, false);
+    exists = RelationHolds(String(), m_.bLabelConectado ? LabelWidget()->Caption() : String(),
+                           false, nullptr, false);
   });
   return exists;
 }
 
-bool tsText::LookUp(String condition, const String& label, bool tellsMissing, Variant* found,
-                    bool buttonIsActive) {
-  const auto definition = Browse();
-  const String from = definition->BrwLeftJoin();
-  return mdlObjTxt::ChecaRelacao(from.empty() ? definition->BrowseTable() : from, BrwCampo(),
-                                 SearchedText(), m_.TipoControle, CampoVinculado().get(),
-                                 m_.bCampoConectado, m_.PodeSerBranco, tellsMissing, condition,
-                                 label, found, hWnd(), buttonIsActive);
+bool tsText::RelationHolds(String condition, const String& label, bool tellsMissing, Variant* found,
+                           bool buttonIsActive) {
+  return mdlObjTxt::ChecaRelacao(Browse()->From(), BrwCampo(), SearchedText(), m_.TipoControle,
+                                 CampoVinculado().get(), m_.bCampoConectado, m_.PodeSerBranco,
+                                 tellsMissing, condition, label, found, hWnd(), buttonIsActive);
 }
 
 String tsText::SearchedText() const {
@@ -137,6 +130,8 @@ void tsText::ReturnFocus() {
   txtEdit_.SelLength(Len(txtEdit_.Text()));
 }
 
-void tsText::Refuse(const String& text) { mdlMsgBox::ExibeMensagem(hWnd(), text, stopIcon); }
+void tsText::Refuse(const String& text) {
+  mdlMsgBox::ExibeMensagem(hWnd(), text, mdlMsgBox::flag::Stop);
+}
 
 }  // namespace tessaria

@@ -13,14 +13,12 @@ namespace tessaria {
 
 namespace {
 
-constexpr Long stopIcon = 16;
-
 /// The text of a value, with Null as no text.
 String TextOf(const Variant& v) { return v.IsNull() ? String() : CStr(v); }
 
 bool IsBlank(const Variant& v) { return v.IsNull() || EqualsEmpty(v); }
 
-const Variant zero{Integer{0}};
+const Variant kZero{Integer{0}};
 
 }  // namespace
 
@@ -32,17 +30,18 @@ void tsText::Value(const Variant& argument) {
   else
     AssignUnbound(v, w);
 
-  const bool shown = Catch(
+  Catch(
       [&] {
         ShowValue(w);
         // At the end of a record set nothing was written: the value stays in memory.
         if (m_.Value.IsNull()) m_.Value = w;
         SiblingStep();
+        site_.PropertyChanged(u"Value");
       },
       [&] {
-        mdlMsgBox::ExibeMensagem(hWnd(), Err().Description, stopIcon, u"Erro ao Atualizar o Campo");
+        mdlMsgBox::ExibeMensagem(hWnd(), Err().Description, mdlMsgBox::flag::Stop,
+                                 u"Erro ao Atualizar o Campo");
       });
-  if (shown) site_.PropertyChanged(u"Value");
 }
 
 void tsText::AssignUnbound(const Variant& v, Variant& w) {
@@ -54,8 +53,8 @@ void tsText::AssignUnbound(const Variant& v, Variant& w) {
       },
       [&] {
         mdlMsgBox::ExibeMensagem(
-            hWnd(), u"Error: " + CStr(Variant(Err().Number)) + u" - " + Err().Description, stopIcon,
-            u"Erro ao Atualizar o Campo");
+            hWnd(), u"Error: " + CStr(Variant(Err().Number)) + u" - " + Err().Description,
+            mdlMsgBox::flag::Stop, u"Erro ao Atualizar o Campo");
         m_.Value = w;
         TextoFromValue();
       });
@@ -63,7 +62,7 @@ void tsText::AssignUnbound(const Variant& v, Variant& w) {
 
 Variant tsText::ConvertUnbound(const Variant& v) const {
   if (EhTipoDadoNumerico(m_.TipoDado)) {
-    if (IsBlank(v)) return EhNumerica() ? zero : Variant::Null();
+    if (IsBlank(v)) return EhNumerica() ? kZero : Variant::Null();
     return CDbl(v);
   }
   if (m_.TipoDado == TipoDadoData) {
@@ -91,7 +90,7 @@ void tsText::AssignBound(const Variant& v, Variant& w) {
         TextoFromValue();
       },
       [&] {
-        mdlMsgBox::ExibeMensagem(hWnd(), Err().Description, stopIcon,
+        mdlMsgBox::ExibeMensagem(hWnd(), Err().Description, mdlMsgBox::flag::Stop,
                                  u"Erro ao Atualizar o Campo '" + site_.DisplayName() + u"'");
         m_.Value = CampoVinculado()->Value();
         TextoFromValue();
@@ -107,8 +106,8 @@ Variant tsText::ConvertBound(const Variant& v) const {
       return CStr(v);
     case FieldFamily::Number:
       if (IsBlank(v)) {
-        if (EhNumerica()) return zero;
-        return acceptsNull ? Variant::Null() : zero;
+        if (EhNumerica()) return kZero;
+        return acceptsNull ? Variant::Null() : kZero;
       }
       return CDbl(v);
     case FieldFamily::Date: {
@@ -130,8 +129,7 @@ void tsText::TextoFromValue() {
 
 void tsText::ShowValue(const Variant& w) {
   if (m_.Mascara.empty() && w.IsNull()) return;  // the box stays as the typed text left it
-  txtEdit_.Text(mdlObjTxt::AplicaMascara(w, m_.Mascara, m_.PromptChar, m_.ItensMascara,
-                                         txtEdit_.PasswordChar()));
+  txtEdit_.Text(LaidOut(w));
 }
 
 bool tsText::ValueChanged() const {

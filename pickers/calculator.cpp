@@ -15,13 +15,13 @@ namespace {
 using Operator = CalculatorMachine::Operator;
 using host::WidgetKind;
 
-constexpr Colour blue = 0xFF0000;
-constexpr Colour red = 255;
-constexpr int digitCount = 10;
-constexpr Integer keyEscape = 27;
-constexpr Integer keyComma = 44;
+constexpr Colour kBlue = 0xFF0000;
+constexpr Colour kRed = 255;
+constexpr int kDigitCount = 10;
+constexpr Integer kKeyEscape = 27;
+constexpr Integer kKeyComma = 44;
 
-constexpr host::WidgetDescription widgets[] = {
+constexpr host::WidgetDescription kWidgets[] = {
     {u"txtVisor", WidgetKind::TextBox, u"Visor"},
     {u"btnNumero", WidgetKind::CommandButton, u"0", {}, 0},
     {u"btnNumero", WidgetKind::CommandButton, u"1", {}, 1},
@@ -51,20 +51,20 @@ struct OperatorKey {
   Operator OnOperator;
   Operator OnDigit;
 };
-constexpr OperatorKey operatorKeys[] = {
+constexpr OperatorKey kOperatorKeys[] = {
     {u'=', Operator::Equals, Operator::Equals}, {u'%', Operator::Percent, Operator::Percent},
     {u'X', Operator::Times, Operator::Plus},    {u'x', Operator::Times, Operator::Plus},
     {u'*', Operator::Times, Operator::Plus},    {u'+', Operator::Plus, Operator::CE},
     {u'-', Operator::Minus, Operator::Minus},   {u'/', Operator::Divide, Operator::C},
 };
 /// The keys that start over, on either kind of button.
-constexpr StringView resetOnOperator = u"\bc";
-constexpr StringView resetOnDigit = u"CD";
+constexpr StringView kResetOnOperator = u"\bc";
+constexpr StringView kResetOnDigit = u"CD";
 
 }  // namespace
 
 const host::DialogDescription& frmCalculadora::Description() {
-  static const host::DialogDescription description{u"frmCalculadora", u"Calculadora", widgets};
+  static const host::DialogDescription description{u"frmCalculadora", u"Calculadora", kWidgets};
   return description;
 }
 
@@ -74,7 +74,7 @@ frmCalculadora::frmCalculadora() : dialog_(TheDesktop().MakeDialog(Description()
                          u"Tessaria Sistemas");
   };
   dialog_->OnKeyPress = [this](Integer& key) { FormKeyPress(key); };
-  for (int i = 0; i < digitCount; ++i) {
+  for (int i = 0; i < kDigitCount; ++i) {
     Digit(i).OnClick = [this, i] { PressDigit(i); };
     Digit(i).OnKeyPress = [this](Integer& key) { ButtonKeyPress(key, true); };
   }
@@ -93,9 +93,9 @@ void frmCalculadora::Unload() { dialog_->Hide(); }
 
 void frmCalculadora::Load() {
   machine_.Load();
-  for (int i = 0; i < digitCount; ++i) mdlCorBtn::CorBotao(Digit(i), blue);
+  for (int i = 0; i < kDigitCount; ++i) mdlCorBtn::CorBotao(Digit(i), kBlue);
   for (int i = 0; i < CalculatorMachine::OperatorCount; ++i)
-    mdlCorBtn::CorBotao(OperatorButton(static_cast<Operator>(i)), red);
+    mdlCorBtn::CorBotao(OperatorButton(static_cast<Operator>(i)), kRed);
 }
 
 Variant frmCalculadora::ExecutaCalculadora(const Variant& nLi, const Variant& nCi,
@@ -115,16 +115,16 @@ Variant frmCalculadora::ExecutaCalculadora(const Variant& nLi, const Variant& nC
 }
 
 void frmCalculadora::FormKeyPress(Integer& KeyAscii) {
-  if (KeyAscii == keyEscape) dialog_->Hide();
-  if (KeyAscii == keyComma) PressComma();
+  if (KeyAscii == kKeyEscape) dialog_->Hide();
+  if (KeyAscii == kKeyComma) PressComma();
 }
 
 void frmCalculadora::ButtonKeyPress(Integer KeyAscii, bool onDigit) {
   const auto key = static_cast<char16_t>(KeyAscii);
   if (key >= u'0' && key <= u'9') return PressDigit(key - u'0');
   if (key == u'.') return PressComma();
-  if ((onDigit ? resetOnDigit : resetOnOperator).find(key) != StringView::npos) return Reset();
-  for (const auto& entry : operatorKeys)
+  if ((onDigit ? kResetOnDigit : kResetOnOperator).find(key) != StringView::npos) return Reset();
+  for (const auto& entry : kOperatorKeys)
     if (entry.Key == key) return PressOperator(onDigit ? entry.OnDigit : entry.OnOperator);
 }
 

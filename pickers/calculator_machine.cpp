@@ -10,11 +10,11 @@ namespace tessaria {
 
 namespace {
 
-constexpr Long displayLimit = 16;
-constexpr StringView none = u" ";
+constexpr Long kDisplayLimit = 16;
+constexpr StringView kNone = u" ";
 
-constexpr StringView captions[CalculatorMachine::OperatorCount] = {u"C", u"CE", u"+", u"-",
-                                                                   u"X", u"/",  u"=", u"%"};
+constexpr StringView kCaptions[CalculatorMachine::OperatorCount] = {u"C", u"CE", u"+", u"-",
+                                                                    u"X", u"/",  u"=", u"%"};
 
 double InRange(double value) {
   if (!std::isfinite(value)) throw HostError(errors::Overflow);
@@ -23,12 +23,12 @@ double InRange(double value) {
 
 }  // namespace
 
-StringView CalculatorMachine::Caption(Operator key) { return captions[static_cast<int>(key)]; }
+StringView CalculatorMachine::Caption(Operator key) { return kCaptions[static_cast<int>(key)]; }
 
 void CalculatorMachine::Load() {
   hasComma_ = false;
   operands_ = 0;
-  pending_ = none;
+  pending_ = kNone;
 }
 
 void CalculatorMachine::StartWith(double value) {
@@ -41,7 +41,7 @@ void CalculatorMachine::Digit(int digit) {
     display_.clear();
     hasComma_ = false;
   }
-  if (Len(display_) < displayLimit) display_ += static_cast<char16_t>(u'0' + digit);
+  if (Len(display_) < kDisplayLimit) display_ += static_cast<char16_t>(u'0' + digit);
   last_ = Entry::Number;
 }
 
@@ -66,7 +66,7 @@ bool CalculatorMachine::Press(Operator key) {
   if (isPercent) pending_ = Caption(key);  // the percent key overrides what was pending
   accumulator_ = Pending();
   ShowAccumulator();
-  pending_ = isPercent ? none : Caption(key);
+  pending_ = isPercent ? kNone : Caption(key);
   return key == Operator::Equals;
 }
 
@@ -75,7 +75,7 @@ void CalculatorMachine::Clear(Operator key) {
   if (key == Operator::C) accumulator_ = 0;
   operand_ = 0;
   ShowAccumulator();
-  pending_ = none;
+  pending_ = kNone;
 }
 
 double CalculatorMachine::Pending() const {

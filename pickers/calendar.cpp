@@ -11,10 +11,10 @@ namespace tessaria {
 
 namespace {
 
-constexpr Integer keyEnter = 13;
-constexpr Integer keyEscape = 27;
+constexpr Integer kKeyEnter = 13;
+constexpr Integer kKeyEscape = 27;
 
-constexpr host::WidgetDescription widgets[] = {
+constexpr host::WidgetDescription kWidgets[] = {
     {u"Calendario", host::WidgetKind::Calendar, u"Calendário"},
 };
 
@@ -27,7 +27,7 @@ Date StartDate(host::TextBox& box, const String& text, const String& mask, const
 }  // namespace
 
 const host::DialogDescription& frmCalendario::Description() {
-  static const host::DialogDescription description{u"frmCalendario", u"Calendário", widgets};
+  static const host::DialogDescription description{u"frmCalendario", u"Calendário", kWidgets};
   return description;
 }
 
@@ -35,7 +35,7 @@ frmCalendario::frmCalendario() : dialog_(TheDesktop().MakeDialog(Description()))
   auto& calendar = dialog_->Find<host::Calendar>(u"Calendario");
   calendar.OnClick = [this] { dialog_->Hide(); };
   calendar.OnKeyPress = [this](Integer& key) {
-    if (key == keyEnter || key == keyEscape) dialog_->Hide();
+    if (key == kKeyEnter || key == kKeyEscape) dialog_->Hide();
   };
 }
 

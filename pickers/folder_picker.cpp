@@ -13,11 +13,10 @@ namespace {
 
 using host::WidgetKind;
 
-constexpr Integer keyEnter = 13;
-constexpr Long stopIcon = 16;
-constexpr StringView allFiles = u"*.*";
+constexpr Integer kKeyEnter = 13;
+constexpr StringView kAllFiles = u"*.*";
 
-constexpr host::WidgetDescription widgets[] = {
+constexpr host::WidgetDescription kWidgets[] = {
     {u"lblCaption", WidgetKind::Label, u"Selecione o Diretório"},
     {u"drvDiretorio", WidgetKind::DriveList, u"Unidade"},
     {u"btnConfirmar", WidgetKind::CommandButton, u"&Confirmar", u"Confirmar"},
@@ -33,7 +32,7 @@ void ShowBox(const String& text, Long flags) { mdlMsgBox::ExibeMensagem(0, text,
 }  // namespace
 
 const host::DialogDescription& frmDiretorio::Description() {
-  static const host::DialogDescription description{u"frmDiretorio", u"Diretório", widgets};
+  static const host::DialogDescription description{u"frmDiretorio", u"Diretório", kWidgets};
   return description;
 }
 
@@ -43,7 +42,7 @@ frmDiretorio::frmDiretorio()
       folders_(dialog_->Find<host::FolderList>(u"dirDiretorio")),
       files_(dialog_->Find<host::FileList>(u"fileDiretorio")) {
   const auto confirmOnEnter = [this](Integer& key) {
-    if (key == keyEnter) Confirm(true);
+    if (key == kKeyEnter) Confirm(true);
   };
   drives_.OnKeyPress = folders_.OnKeyPress = files_.OnKeyPress = confirmOnEnter;
   drives_.OnChange = [this] { DriveChanged(); };
@@ -70,15 +69,15 @@ Variant frmDiretorio::ExecutaDiretorio(const Variant& nLi, const Variant& nCi, I
   const auto [folder, file] = strConteudo.empty()
                                   ? SplitPath{App().Path(), String()}
                                   : SplitForPicker(strConteudo, fileMode_, App().PathSeparator());
-  if (TheDesktop().Dir(folder + Separator() + (file.empty() ? String(allFiles) : file)).empty()) {
-    ShowBox(u"O Caminho Informado Não é Válido, Verifique Por Favor", stopIcon);
+  if (TheDesktop().Dir(folder + Separator() + (file.empty() ? String(kAllFiles) : file)).empty()) {
+    ShowBox(u"O Caminho Informado Não é Válido, Verifique Por Favor", mdlMsgBox::flag::Stop);
     return strConteudo;
   }
   if (StartsWith(folder, Separator() + Separator()))
     OpenShare(folder);
   else
     OpenFolder(folder);
-  files_.Pattern(strDirPattern.empty() ? String(allFiles) : strDirPattern);
+  files_.Pattern(strDirPattern.empty() ? String(kAllFiles) : strDirPattern);
   files_.Path(folder);
   SelectFile(file);
 

@@ -231,6 +231,18 @@ Variant Recordset::Value(std::size_t column) const {
   return CurrentCells().at(column);
 }
 
+Long Recordset::RowsRead() const {
+  RequireOpen();
+  return static_cast<Long>(Count());
+}
+
+Variant Recordset::ValueAt(Long row, Long ordinal) const {
+  if (row < 1 || row > RowsRead()) throw HostError(errors::NoCurrentRecord);
+  if (ordinal < 0 || static_cast<std::size_t>(ordinal) >= columns_.size())
+    throw HostError(errors::ItemNotFound);
+  return rows_[static_cast<std::size_t>(row - 1)].Cells[static_cast<std::size_t>(ordinal)];
+}
+
 void Recordset::RequireUpdatable() const {
   if (!origin_) throw HostError(errors::NotUpdatable);
 }

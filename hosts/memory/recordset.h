@@ -59,6 +59,10 @@ class Recordset final : public host::Recordset, public std::enable_shared_from_t
   void Delete() override;
   void Requery() override;
   void Close() override;
+  Long RowsRead() const override;
+  bool Complete() const override { return true; }
+  bool FetchMore(Long) override { return false; }
+  Variant ValueAt(Long row, Long ordinal) const override;
   String Source() const override { return source_; }
 
   // --- What its fields and its connection ask ----------------------------------------------------

@@ -120,7 +120,7 @@ void TsText::Create() {
 void TsText::Terminate() {
   if (!core_) return;
   core_->UserControl_Terminate();
-  core_.reset();
+  retired_ = std::move(core_);  // a call into it may still be on the stack
   box_.OnSetFocus = nullptr;
   box_.Surface = {};
 }
@@ -178,6 +178,7 @@ void TsText::FocusInner(Inner inner) {
   if (!form || !TakesFocus()) return;
   inner_ = inner;
   form->MoveFocusTo(shared_from_this());
+  if (!HasFocus()) inner_ = Inner::Box;  // the field that was left took the focus back
   if (entered_) ShowInnerFocus();
 }
 

@@ -92,7 +92,8 @@ class TsText final : public PartWith<host::TsTextWidget> {
   std::unique_ptr<Site> site_;
   std::unique_ptr<EventSink> sink_;
   std::unique_ptr<tsText> core_;
-  Inner inner_ = Inner::Box;  ///< where the focus is when the surface has it
+  std::unique_ptr<tsText> retired_;  ///< the control of a closed form, until this object goes
+  Inner inner_ = Inner::Box;         ///< where the focus is when the surface has it
   bool entered_ = false;
   std::vector<ControlEvent> log_;
   std::vector<String> changed_;

@@ -168,6 +168,28 @@ void OdbcRecordset::Sort(const String& order) {
   MoveTo(0);
 }
 
+Long OdbcRecordset::RowsRead() const {
+  const RowTable& table = Table();
+  return static_cast<Long>(order_ ? order_->size() : table.RowsRead());
+}
+
+// Rows that were put in an order were read to the end before.
+bool OdbcRecordset::Complete() const { return Table().IsComplete() || order_; }
+
+bool OdbcRecordset::FetchMore(Long rows) {
+  const Long before = RowsRead();
+  if (Complete() || rows < 1) return false;
+  Table().Reach(static_cast<std::uint32_t>(before + rows - 1));
+  return RowsRead() > before;
+}
+
+Variant OdbcRecordset::ValueAt(Long row, Long ordinal) const {
+  if (row < 1 || row > RowsRead()) ThrowNoRow();
+  if (ordinal < 0 || static_cast<std::size_t>(ordinal) >= ColumnInfo().size())
+    throw HostError(errors::ItemNotFound);
+  return table_->Value(RowAt(row - 1), static_cast<std::size_t>(ordinal));
+}
+
 void OdbcRecordset::Requery() {
   Table();
   if (edit_ == host::EditMode::InProgress || edit_ == host::EditMode::Add) {

@@ -87,6 +87,10 @@ class OdbcRecordset final : public host::Recordset,
   void Delete() override;
   void Requery() override;
   void Close() override;
+  Long RowsRead() const override;
+  bool Complete() const override;
+  bool FetchMore(Long rows) override;
+  Variant ValueAt(Long row, Long ordinal) const override;
   String Source() const override { return source_; }
 
   /// For the fields. Errors of all: 3704 when closed.

@@ -28,6 +28,9 @@ class RowTable final : public PendingRows {
   bool Reach(std::uint32_t number);
   /// Reads to the end.
   std::uint32_t RowCount();
+  /// Rows of the statement that were read, and whether they are all: after a failure they are not.
+  std::uint32_t RowsRead() const { return read_->RowCount(); }
+  bool IsComplete() const { return !stream_ && !failure_; }
   void ReadRest() noexcept override;
 
   bool IsNull(RowId row, std::size_t column) const;

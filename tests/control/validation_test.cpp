@@ -65,6 +65,7 @@ TEST_F(ValidationTest, TheOwnButtonIsNoLeavingAndNoSuccess) {
   Control().TipoControle(TipoControle::Calendario);
   RequireText(u"", u"");
   form->Focus(u"txtCodigo");
+  field->btnBrowse().OnClick = nullptr;  // the focus alone is wanted here, not the dialog
   field->ClickButton();
   Control().LastValidaStatus(true);
   EXPECT_FALSE(Control().Valida());

@@ -138,6 +138,18 @@ class Recordset : public Object {
   /// Closes the rows. A pending edit is dropped.
   virtual void Close() = 0;
 
+  // What a list of the rows asks. None of it moves the current row.
+  /// Rows that are held so far, in the present order: those that are read without waiting.
+  virtual Long RowsRead() const = 0;
+  /// Whether `RowsRead` are all rows. Never true after a reading that failed.
+  virtual bool Complete() const = 0;
+  /// Reads up to so many rows more. False when there are no more. The error of a reading that
+  /// failed is raised, again at each call; rows that came before it are held.
+  virtual bool FetchMore(Long rows) = 0;
+  /// Value in a row held, by row number from 1 and ordinal from 0, the pending edit left aside.
+  /// Errors: 3021 outside the rows held, 3265 outside the columns.
+  virtual Variant ValueAt(Long row, Long ordinal) const = 0;
+
   /// The statement or table that the rows came from.
   virtual String Source() const = 0;
 };

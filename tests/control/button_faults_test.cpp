@@ -1,0 +1,198 @@
+// The button when something goes wrong: a fault in a dialog, and forms that close under it.
+
+#include "tests/control/button_fixture.h"
+
+namespace tessaria::test {
+namespace {
+
+using memory::Key;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+const char16_t* const silenced = u"Nao Dispara Valida";
+
+// --- Faults -------------------------------------------------------------------------------------
+
+class ButtonFaults : public ButtonTest {
+ protected:
+  /// The desktop is out of reach: no window can be made.
+  void ClickWithNoDesktop() {
+    const auto former = std::exchange(State().desktop, nullptr);
+    field->btnBrowse().OnClick();
+    State().desktop = former;
+  }
+  memory::MessageBoxRecord Reported(Long error) {
+    return ErrorBox(HostError(error), u"btnBrowse_Click");
+  }
+};
+
+TEST_F(ButtonFaults, AFaultIsReportedAndTheFieldStaysSilentUntilAClickSucceeds) {
+  const struct {
+    TipoControle Kind;
+    StringView Window;
+  } rows[] = {{TipoControle::Calendario, u"frmCalendario"},
+              {TipoControle::Diretorio, u"frmDiretorio"},
+              {TipoControle::Calculadora, u"frmCalculadora"}};
+  Control().DirVerArquivos(false);
+  Show(TipoControle::Normal);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(ToUtf8(row.Window));
+    Control().TipoControle(row.Kind);
+    Control().Value(Variant::Null());
+    field->ForgetEvents();
+    form->Focus(u"txtCampo");
+    ClickWithNoDesktop();
+    EXPECT_THAT(app.TakeBoxes(), ElementsAre(Reported(errors::ObjectNotSet)));
+    EXPECT_EQ(Box().Tag, silenced);
+    EXPECT_THAT(Returns(), IsEmpty());
+
+    // The field no longer validates when it is left, and takes nothing that was typed.
+    Box().Text(u"abc");
+    form->Focus(u"chkAtivo");
+    EXPECT_THAT(Returns(), IsEmpty());
+    EXPECT_THAT(Control().Value(), IsNullVariant());
+    EXPECT_EQ(Box().Tag, silenced);
+
+    Box().Text(u"");
+    Click(row.Window, Close);
+    EXPECT_EQ(Box().Tag, u"");
+    EXPECT_THAT(Returns(), SizeIs(1));
+    EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+  }
+}
+
+TEST_F(ButtonFaults, ABoxOfNothingButFillCharactersIsAFaultOfTheCalculator) {
+  Show(TipoControle::Calculadora);
+  Control().Mascara(u"####");
+  Box().Text(u"____");
+  field->btnBrowse().OnClick();
+  EXPECT_THAT(app.TakeBoxes(), ElementsAre(Reported(errors::TypeMismatch)));
+  EXPECT_EQ(Box().Tag, silenced);
+  EXPECT_THAT(Returns(), IsEmpty());
+  // The window was made and stays for the next click.
+  EXPECT_TRUE(State().frmCalculadora != nullptr);
+  Box().Text(u"12__");
+  Click(u"frmCalculadora", Close);
+  EXPECT_FALSE(State().frmCalculadora);
+  EXPECT_EQ(Box().Tag, u"");
+}
+
+TEST_F(ButtonFaults, ANameWithADotAndNoSeparatorIsAFaultOfThePathPicker) {
+  Control().DirVerArquivos(false);
+  Show(TipoControle::Diretorio);
+  Box().Text(u"carta.txt");
+  Control().DirVerArquivos(true);
+  field->btnBrowse().OnClick();
+  EXPECT_THAT(app.TakeBoxes(), ElementsAre(Reported(errors::InvalidArgument)));
+  EXPECT_EQ(Box().Tag, silenced);
+  EXPECT_THAT(Returns(), IsEmpty());
+}
+
+TEST_F(ButtonFaults, ADateOfSixDigitsIsAFaultOfTheCalendar) {
+  Show(TipoControle::Calendario);
+  Control().Mascara(u"dd/mm/yy");
+  Box().Text(u"05/03/18");
+  field->btnBrowse().OnClick();
+  EXPECT_THAT(app.TakeBoxes(), ElementsAre(Reported(errors::TypeMismatch)));
+  EXPECT_EQ(Box().Tag, silenced);
+}
+
+TEST_F(ButtonFaults, ALookupReportsItsOwnFaultsAndTheClickGoesOn) {
+  Show(TipoControle::Browse);
+  connection->FailNext(HostError(errors::ProviderError, u"a consulta falhou"));
+  field->btnBrowse().OnClick();
+  EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+  EXPECT_THAT(desktop->Shown(), IsEmpty());
+  EXPECT_EQ(Box().Tag, u"");
+  EXPECT_THAT(Returns(), SizeIs(1));
+}
+
+TEST_F(ButtonFaults, AKeyThatIsGoneIsAFaultOfItsDescription) {
+  AddField(u"txtChave");
+  Control().TxtIrmao(u"txtChave");
+  Show(TipoControle::Descricao);
+  form->Remove(u"txtChave");
+  field->btnBrowse().OnClick();
+  EXPECT_THAT(app.TakeBoxes(), ElementsAre(Reported(errors::ControlNotFound)));
+  EXPECT_EQ(Box().Tag, silenced);
+}
+
+// --- The end of controls ------------------------------------------------------------------------
+
+class ClosedUnderADialog : public ButtonTest, public testing::WithParamInterface<TipoControle> {};
+
+INSTANTIATE_TEST_SUITE_P(Button, ClosedUnderADialog,
+                         testing::Values(TipoControle::Browse, TipoControle::Calendario,
+                                         TipoControle::Descricao, TipoControle::Diretorio,
+                                         TipoControle::Calculadora));
+
+TEST_P(ClosedUnderADialog, TheOwnFormMayClose) {
+  Show(GetParam());
+  form->Focus(u"txtCampo");
+  desktop->WillShow(WindowOf(GetParam()), [&](memory::Dialog& shown) {
+    form->Close();
+    EXPECT_TRUE(shown.IsShown());
+    shown.CloseWindow();
+  });
+  form->Press(Key::PageDown);
+  EXPECT_TRUE(form->IsClosed());
+  EXPECT_TRUE(AllReleased());
+  EXPECT_HOST_ERROR(**field, errors::ObjectNotSet);
+}
+
+TEST_P(ClosedUnderADialog, TheControlMayGoAway) {
+  Show(GetParam());
+  form->Focus(u"txtCampo");
+  desktop->WillShow(WindowOf(GetParam()), [&](memory::Dialog& shown) {
+    form->Remove(u"txtCampo");
+    shown.CloseWindow();
+  });
+  form->Press(Key::PageDown);
+  EXPECT_TRUE(AllReleased());
+  EXPECT_HOST_ERROR(**field, errors::ObjectNotSet);
+}
+
+TEST_P(ClosedUnderADialog, AnotherFormMayCloseAndThenTheSharedWindowCloses) {
+  const auto other = memory::Form::Create(u"frmOutro");
+  other->Add<memory::TsText>(u"txtOutro");
+  Show(GetParam());
+  const bool isShared = WindowOf(GetParam()) != u"frmBrowse";
+  Click(WindowOf(GetParam()), [&](memory::Dialog& shown) {
+    other->Close();
+    EXPECT_EQ(shown.IsShown(), !isShared);  // hidden at once
+    EXPECT_TRUE(AllReleased());
+    if (shown.IsShown()) shown.CloseWindow();
+  });
+  EXPECT_THAT(Returns(), SizeIs(1));
+  EXPECT_EQ(Box().Tag, u"");
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
+TEST_F(ButtonTest, ASharedWindowIsDestroyedWhenItsModalLoopHasReturned) {
+  const auto other = memory::Form::Create(u"frmOutro");
+  other->Add<memory::TsText>(u"txtOutro");
+  Show(TipoControle::Calculadora);
+  std::weak_ptr<frmCalculadora> window;
+  Click(u"frmCalculadora", [&](memory::Dialog& shown) {
+    window = State().frmCalculadora;
+    shown.Type(u"12");
+    other->Close();
+    EXPECT_FALSE(window.expired());
+  });
+  EXPECT_TRUE(window.expired());
+  EXPECT_THAT(Control().Value(), IsValue(12.0));  // what stood on the display
+}
+
+TEST_F(ButtonTest, TheEndOfAControlReleasesWindowsThatAFaultLeft) {
+  Show(TipoControle::Calculadora);
+  Control().Mascara(u"####");
+  Box().Text(u"____");
+  field->btnBrowse().OnClick();
+  EXPECT_TRUE(State().frmCalculadora != nullptr);
+  form->Close();
+  EXPECT_TRUE(AllReleased());
+}
+
+}  // namespace
+}  // namespace tessaria::test

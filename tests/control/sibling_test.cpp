@@ -1,0 +1,416 @@
+// A key and its description fill each other; the guards of their names.
+
+#include "tests/control/control_fixture.h"
+
+namespace tessaria::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+/// A key "txtCodigo" and its description "txtNome", connected, on a database that finds
+/// "Ana" for every code and "7" for every name.
+class SiblingTest : public ControlTest {
+ protected:
+  SiblingTest() : key(AddField(u"txtCodigo")), description(AddField(u"txtNome")) {
+    connection->SetProperty(u"DBMS Name", u"ACCESS");
+    connection->OnStatement = [this](const String& statement) { return Answer(statement); };
+    (*key)->TipoControle(TipoControle::Browse);
+    (*key)->TxtIrmao(u"txtNome");
+    Define(key, u"codigo", u"nome");
+    (*description)->TipoControle(TipoControle::Descricao);
+    (*description)->TxtIrmao(u"txtCodigo");
+    Define(description, u"nome", u"codigo");
+    (*key)->Refresh();
+    (*description)->Refresh();
+    Forget();
+  }
+
+  static void Define(const FieldPtr& field, const String& campo, const String& campoIrmao) {
+    const auto definition = (*field)->Browse();
+    definition->BrowseTable(u"clientes");
+    definition->BrwCampo(campo);
+    definition->BrwCampoIrmao(campoIrmao);
+  }
+  memory::Rows Answer(const String& statement) {
+    if (!found) return {{{u"nada"}}, {}};
+    const bool asksForName = StartsWith(statement, u"Select Top 1 nome");
+    if (asksForName) return {{{u"nome"}, {u"cidade"}}, {{u"Ana", u"Campinas"}}};
+    return {{{u"codigo"}}, {{u"7"}}};
+  }
+  void Forget() {
+    connection->TakeStatements();
+    key->ForgetEvents();
+    description->ForgetEvents();
+    app.TakeBoxes();
+  }
+  /// Assigns as behind a typed key.
+  static void AssignTyped(const FieldPtr& field, const Variant& value) {
+    Integer code = 16, shift = 0;  // Shift starts no search
+    field->txtEdit().OnKeyUp(code, shift);
+    (*field)->Value(value);
+  }
+  std::shared_ptr<CampoOutro> AddOutro(const FieldPtr& field, const String& name) {
+    (*field)->Browse()->Outros().Add(name);
+    return (*field)->Browse()->Outros().Item((*field)->Browse()->Outros().Count());
+  }
+
+  bool found = true;
+  FieldPtr key, description;
+};
+
+// --- The step of an assignment
+// ----------------------------------------------------------------------------
+
+TEST_F(SiblingTest, ATypedKeyFetchesTheDescriptionIntoItsSibling) {
+  AssignTyped(key, u"7");
+  EXPECT_THAT(connection->TakeStatements(),
+              ElementsAre(u"Select Top 1 nome From clientes Where codigo = '7'"));
+  EXPECT_THAT((*description)->Value(), IsValue(u"Ana"));
+  EXPECT_THAT(description->Events(Kind::BrowseReturn), IsEmpty());
+}
+
+TEST_F(SiblingTest, AnAssignmentFromAProgramLeavesTheSiblingAlone) {
+  (*key)->Value(u"7");
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+  EXPECT_THAT((*description)->Value(), IsNullVariant());
+}
+
+TEST_F(SiblingTest, ACodeThatIsNotThereEmptiesTheDescription) {
+  (*description)->Value(u"antiga");
+  found = false;
+  AssignTyped(key, u"99");
+  EXPECT_THAT((*description)->Value(), IsNullVariant());
+}
+
+TEST_F(SiblingTest, ANullKeyEmptiesDescriptionAndReturnFieldsWithoutAsking) {
+  const auto cidade = AddOutro(key, u"cidade");
+  cidade->Valor(u"Campinas");
+  (*description)->Value(u"Ana");
+  AssignTyped(key, u"");
+  EXPECT_THAT((*description)->Value(), IsNullVariant());
+  EXPECT_THAT(cidade->Valor(), IsEmptyVariant());
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+}
+
+struct Incomplete {
+  const char16_t* Table;
+  const char16_t* Campo;
+  const char16_t* CampoIrmao;
+  const char16_t* Outros;
+  bool Runs;
+};
+
+const Incomplete definitions[] = {
+    {u"clientes", u"codigo", u"nome", u"", true}, {u"clientes", u"codigo", u"", u"nome", true},
+    {u"", u"codigo", u"nome", u"", false},        {u"clientes", u"", u"nome", u"", false},
+    {u"clientes", u"codigo", u"", u"", false},
+};
+
+TEST_F(SiblingTest, OnlyACompleteDefinitionRuns) {
+  for (const Incomplete& row : definitions) {
+    SCOPED_TRACE(ToUtf8(row.Table) + ", " + ToUtf8(row.Campo) + ", " + ToUtf8(row.CampoIrmao));
+    const auto definition = (*key)->Browse();
+    definition->BrowseTable(row.Table);
+    definition->BrwCampo(row.Campo);
+    definition->BrwCampoIrmao(row.CampoIrmao);
+    definition->BrwCampoOutros(row.Outros);
+    AssignTyped(key, u"7");
+    EXPECT_EQ(connection->TakeStatements().size(), row.Runs ? 1u : 0u);
+    (*key)->AtualizaIrmao();
+    EXPECT_EQ(connection->TakeStatements().size(), row.Runs ? 1u : 0u);
+    (*description)->Value(u"fica");
+    AssignTyped(key, Variant::Null());
+    EXPECT_EQ((*description)->Value().IsNull(), row.Runs);
+  }
+}
+
+// The control's own texts do not count here, only the definition's.
+TEST_F(SiblingTest, TheStepReadsTheDefinitionNotTheControlsOwnTexts) {
+  const auto stored = AddStored(
+      u"txtLido",
+      {{u"BrowseTable", u"clientes"}, {u"BrwCampo", u"codigo"}, {u"BrwCampoIrmao", u"nome"}});
+  ASSERT_EQ((*stored)->BrowseTable(), u"clientes");
+  AssignTyped(stored, u"7");
+  (*stored)->AtualizaIrmao();
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+
+  const auto definition = (*stored)->Browse();
+  definition->BrowseTable(u"fornecedores");
+  definition->BrwCampo(u"id");
+  definition->BrwCampoIrmao(u"razao");
+  AssignTyped(stored, u"7");
+  EXPECT_THAT(connection->TakeStatements(),
+              ElementsAre(u"Select Top 1 razao From fornecedores Where id = '7'"));
+}
+
+TEST_F(SiblingTest, WithoutAConnectedSiblingTheReturnFieldsAreFetchedAllTheSame) {
+  const auto alone = AddField(u"txtSozinho");
+  Define(alone, u"codigo", u"nome");
+  (*alone)->Browse()->BrwCampoOutros(u"cidade");
+  const auto cidade = AddOutro(alone, u"cidade");
+  (*alone)->TxtIrmao(u"txtNome");  // named, and not looked for since
+  AssignTyped(alone, u"7");
+  EXPECT_THAT(cidade->Valor(), IsValue(u"Campinas"));
+  EXPECT_THAT((*description)->Value(), IsNullVariant());
+}
+
+TEST_F(SiblingTest, TheConditionIsExpanded) {
+  (*AddField(u"txtCidade"))->Value(u"3");
+  (*key)->Browse()->BrwWhere(u"cidade = @txtCidade@");
+  AssignTyped(key, u"7");
+  EXPECT_THAT(connection->TakeStatements(),
+              ElementsAre(u"Select Top 1 nome From clientes Where codigo = '7' And cidade = 3"));
+}
+
+// --- A description's step
+// -----------------------------------------------------------------------------------
+
+TEST_F(SiblingTest, ADescriptionFillsItsKeyWhichLooksUpAndTellsButDoesNotWriteBack) {
+  const auto cidade = AddOutro(key, u"cidade");
+  (*key)->Browse()->BrwCampoOutros(u"cidade");
+  found = true;
+  AssignTyped(description, u"Ana Maria");
+  EXPECT_THAT(connection->TakeStatements(),
+              ElementsAre(u"Select Top 1 codigo From clientes Where nome = 'Ana Maria'",
+                          u"Select Top 1 nome, cidade From clientes Where codigo = '7'"));
+  EXPECT_THAT((*key)->Value(), IsValue(u"7"));
+  EXPECT_THAT(cidade->Valor(), IsValue(u"Campinas"));
+  EXPECT_THAT((*description)->Value(), IsValue(u"Ana Maria"));
+  const auto returns = key->Events(Kind::BrowseReturn);
+  ASSERT_EQ(returns.size(), 1u);
+  EXPECT_TRUE(returns[0].HouveAlteracao);
+  EXPECT_THAT(description->Events(Kind::BrowseReturn), IsEmpty());
+}
+
+struct Filter {
+  Variant Literal;
+  const char16_t* Where;
+  const char16_t* Condition;  ///< as it stands behind the code
+};
+
+const Filter filters[] = {
+    {u"'12'", u"", u" And codigo = '12'"},
+    {2.5, u"", u" And codigo = 2.5"},  // a number's text has a point
+    {Long{12}, u"ativo = 1", u" And ativo = 1 And codigo = 12"},
+    {u"'D''Ávila'", u"", u" And codigo = 'D''Ávila'"},
+    {u"''", u"", u""},
+    {u"'  '", u"", u""},
+    {Variant(), u"ativo = 1", u" And ativo = 1"},
+    {Variant::Null(), u"ativo = 1", u" And ativo = 1"},
+};
+
+TEST_F(SiblingTest, ADescriptionIsLookedUpUnderItsKey) {
+  for (const Filter& row : filters) {
+    SCOPED_TRACE(testing::PrintToString(row.Literal));
+    (*description)->Browse()->BrwWhere(row.Where);
+    State().vntValorIrmao = row.Literal;
+    AssignTyped(description, u"Ana");
+    EXPECT_EQ(connection->TakeStatements().at(0),
+              String(u"Select Top 1 codigo From clientes Where nome = 'Ana'") + row.Condition);
+  }
+}
+
+TEST_F(SiblingTest, WithoutASiblingsFieldThereIsNoFilter) {
+  (*description)->Browse()->BrwCampoIrmao(u"");
+  (*description)->Browse()->BrwCampoOutros(u"cidade");
+  State().vntValorIrmao = u"'12'";
+  AssignTyped(description, u"Ana");
+  EXPECT_EQ(connection->TakeStatements().at(0),
+            u"Select Top 1 cidade From clientes Where nome = 'Ana'");
+}
+
+TEST_F(SiblingTest, AKeyIsNotFiltered) {
+  State().vntValorIrmao = u"'12'";
+  AssignTyped(key, u"7");
+  EXPECT_THAT(connection->TakeStatements(),
+              ElementsAre(u"Select Top 1 nome From clientes Where codigo = '7'"));
+}
+
+// --- Rings
+// ----------------------------------------------------------------------------------------------
+
+TEST_F(SiblingTest, ARingOfSiblingsEnds) {
+  (*key)->TipoControle(TipoControle::Descricao);  // both hand on
+  Integer code = 16, shift = 0;
+  key->txtEdit().OnKeyUp(code, shift);
+  AssignTyped(description, u"Ana");
+  EXPECT_THAT((*key)->Value(), IsValue(u"7"));
+  EXPECT_THAT((*description)->Value(), IsValue(u"Ana"));
+  EXPECT_LT(connection->TakeStatements().size(), 6u);
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
+TEST_F(SiblingTest, AControlThatIsItsOwnSiblingByARoundaboutWayEnds) {
+  // Three in a circle.
+  const auto third = AddField(u"txtTerceiro");
+  Define(third, u"nome", u"codigo");
+  (*third)->TxtIrmao(u"txtCodigo");
+  (*description)->TipoControle(TipoControle::Normal);
+  (*description)->TxtIrmao(u"txtTerceiro");
+  (*third)->Refresh();
+  (*description)->Refresh();
+  Forget();
+  Integer code = 16, shift = 0;
+  for (const auto& field : {key, description, third}) field->txtEdit().OnKeyUp(code, shift);
+  (*key)->Value(u"1");
+  EXPECT_EQ(connection->TakeStatements().size(), 3u);
+  EXPECT_THAT((*third)->Value(), IsValue(u"7"));
+}
+
+// --- AtualizaIrmao
+// -------------------------------------------------------------------------------------------
+
+TEST_F(SiblingTest, AtualizaIrmaoFillsTheSiblingWithoutATypedKey) {
+  (*key)->Value(u"7");
+  EXPECT_THAT((*key)->AtualizaIrmao(), IsEmptyVariant());
+  EXPECT_THAT((*description)->Value(), IsValue(u"Ana"));
+  EXPECT_THAT(key->Events(Kind::BrowseReturn), IsEmpty());
+}
+
+TEST_F(SiblingTest, AtualizaIrmaoOnlyForTheKeysLeavesAKeysSiblingAlone) {
+  (*key)->Browse()->BrwCampoOutros(u"cidade");
+  const auto cidade = AddOutro(key, u"cidade");
+  (*key)->Value(u"7");
+  (*key)->AtualizaIrmao(true, true);
+  EXPECT_EQ(connection->TakeStatements().size(), 1u);
+  EXPECT_THAT(cidade->Valor(), IsValue(u"Campinas"));
+  EXPECT_THAT((*description)->Value(), IsNullVariant());
+  EXPECT_EQ(key->Events(Kind::BrowseReturn).size(), 1u);
+}
+
+TEST_F(SiblingTest, AtualizaIrmaoOnlyForTheKeysWritesFromAnyOtherKind) {
+  (*description)->Value(u"Ana");
+  (*description)->AtualizaIrmao(true);
+  EXPECT_THAT((*key)->Value(), IsValue(u"7"));
+}
+
+TEST_F(SiblingTest, AtualizaIrmaoHasNoFilter) {
+  State().vntValorIrmao = u"'12'";
+  (*description)->Browse()->BrwWhere(u"ativo = 1");
+  (*description)->Value(u"Ana");
+  (*description)->AtualizaIrmao();
+  EXPECT_EQ(connection->TakeStatements().at(0),
+            u"Select Top 1 codigo From clientes Where nome = 'Ana' And ativo = 1");
+}
+
+TEST_F(SiblingTest, AtualizaIrmaoOfANullEmptiesAndRaisesNothing) {
+  const auto cidade = AddOutro(key, u"cidade");
+  for (const bool onlyKeys : {false, true}) {
+    cidade->Valor(u"Campinas");
+    (*description)->Value(u"Ana");
+    (*key)->AtualizaIrmao(onlyKeys, true);
+    EXPECT_EQ((*description)->Value().IsNull(), !onlyKeys);
+    EXPECT_THAT(cidade->Valor(), IsEmptyVariant());
+  }
+  EXPECT_THAT(key->Events(Kind::BrowseReturn), IsEmpty());
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+}
+
+TEST_F(SiblingTest, AtualizaIrmaoWithoutATableDoesNothingAtAll) {
+  (*key)->Browse()->BrowseTable(u"");
+  (*key)->Value(u"7");
+  (*key)->AtualizaIrmao(false, true);
+  EXPECT_THAT(key->Events(Kind::BrowseReturn), IsEmpty());
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
+// The module and the procedure of this one report run into each other.
+TEST_F(SiblingTest, AnErrorOfAtualizaIrmaoIsReportedUnderARunOnName) {
+  (*key)->Browse()->BrwWhere(u"x = @txtNada@");
+  (*key)->Value(u"7");
+  (*key)->AtualizaIrmao();
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(memory::MessageBoxRecord{
+                  0, ErrorDescription(errors::ControlNotFound), host::box::Stop,
+                  u"Erro: 730 - Função: tsText.Erro ao efetuar a ataulização do campo "
+                  u"IrmãoMódulo tsText - Procedimento AtualizaIrmao"}));
+}
+
+TEST_F(SiblingTest, AnErrorBehindTheAssignmentLeavesTheSiblingWritten) {
+  (*key)->Value(u"7");
+  key->OnBrowseReturn = [](bool&, Variant&) { throw HostError(11); };
+  (*key)->AtualizaIrmao(false, true);
+  EXPECT_EQ(app.TakeBoxes().size(), 1u);
+  EXPECT_THAT((*description)->Value(), IsValue(u"Ana"));
+}
+
+// --- DisparaEventos
+// --------------------------------------------------------------------------------------------
+
+TEST_F(SiblingTest, DisparaEventosKnowsOneNameExactly) {
+  (*key)->LastValue(u"antes");
+  EXPECT_THAT((*key)->DisparaEventos(u"BrowseReturn"), IsEmptyVariant());
+  for (const char16_t* other : {u"browsereturn", u"Show", u"Change", u"", u"BrowseReturn "})
+    (*key)->DisparaEventos(other);
+  ASSERT_EQ(key->Events().size(), 1u);
+  EXPECT_TRUE(key->Events()[0].HouveAlteracao);
+  EXPECT_THAT(key->Events()[0].LastValue, IsValue(u"antes"));
+}
+
+TEST_F(SiblingTest, TheLastValueOfDisparaEventosIsTheMemberItself) {
+  key->OnBrowseReturn = [](bool&, Variant& last) { last = u"do programa"; };
+  (*key)->DisparaEventos(u"BrowseReturn");
+  key->OnBrowseReturn = nullptr;
+  (*key)->DisparaEventos(u"BrowseReturn");
+  EXPECT_THAT(key->Events().back().LastValue, IsValue(u"do programa"));
+}
+
+TEST_F(SiblingTest, AnErrorOfAHandlerOfDisparaEventosSurfaces) {
+  key->OnBrowseReturn = [](bool&, Variant&) { throw HostError(11); };
+  EXPECT_HOST_ERROR((*key)->DisparaEventos(u"BrowseReturn"), 11);
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
+// --- The guards
+// ------------------------------------------------------------------------------------------------
+
+TEST_F(SiblingTest, AControlIsNotItsOwnSiblingInAnyCase) {
+  for (const char16_t* own : {u"txtCodigo", u"TXTCODIGO", u"txtcodigo"}) {
+    const auto told = key->ChangedProperties().size();
+    (*key)->TxtIrmao(own);
+    EXPECT_THAT(app.TakeBoxes(), ElementsAre(memory::MessageBoxRecord{
+                                     0, u"Como é Que o Componente Consegue ser Irmão Dele Mesmo???",
+                                     host::box::Ok, u"Alerta!"}));
+    EXPECT_EQ((*key)->TxtIrmao(), u"txtNome");
+    EXPECT_EQ(key->ChangedProperties().size(), told);
+  }
+}
+
+TEST_F(SiblingTest, ASiblingMayBeNamedAtRunTime) {
+  (*key)->TxtIrmao(u"txtOutro");
+  EXPECT_EQ((*key)->TxtIrmao(), u"txtOutro");
+  EXPECT_THAT(key->ChangedProperties(), Contains(u"TxtIrmao"));
+}
+
+TEST_F(SiblingTest, ALabelCannotBeNamedAtRunTime) {
+  for (const char16_t* name : {u"lblCodigo", u"txtCodigo"}) {
+    (*key)->LabelAssociado(name);
+    EXPECT_THAT(app.TakeBoxes(),
+                ElementsAre(memory::MessageBoxRecord{
+                    (*key)->hWnd(),
+                    u"Não é possível alterar a propriedade LabelAssociado em Tempo de Execucao",
+                    host::box::Ok, u"Alerta!"}));
+    EXPECT_EQ((*key)->LabelAssociado(), u"");
+  }
+  EXPECT_THAT(key->ChangedProperties(), Not(Contains(u"TxtLabelAssociado")));
+}
+
+class DesignSiblingTest : public DesignTest {};
+
+TEST_F(DesignSiblingTest, AControlIsNotItsOwnLabelInAnyCase) {
+  const auto field = AddField(u"txtCodigo");
+  (*field)->LabelAssociado(u"lblCodigo");
+  for (const char16_t* own : {u"txtCodigo", u"TXTCODIGO"}) {
+    (*field)->LabelAssociado(own);
+    EXPECT_THAT(app.TakeBoxes(),
+                ElementsAre(memory::MessageBoxRecord{0, u"Tá Querendo me Enganar é ??",
+                                                     host::box::Ok, u"Alerta!"}));
+    EXPECT_EQ((*field)->LabelAssociado(), u"lblCodigo");
+  }
+}
+
+}  // namespace
+}  // namespace tessaria::test
