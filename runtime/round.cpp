@@ -1,3 +1,5 @@
+// Rounding, halves to even.
+
 #include <utility>
 
 #include "runtime/digits.h"

@@ -1,3 +1,5 @@
+// The number at the start of a text.
+
 #include <algorithm>
 #include <iterator>
 #include <limits>

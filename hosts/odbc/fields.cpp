@@ -1,3 +1,5 @@
+// The columns of a record set, seen at its current row.
+
 #include "hosts/odbc/diagnostics.h"
 #include "hosts/odbc/find_criterion.h"
 #include "hosts/odbc/recordset.h"

@@ -1,3 +1,5 @@
+// Runs the tests of the Qt host with one application object.
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
