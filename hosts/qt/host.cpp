@@ -5,6 +5,7 @@
 #include <QTranslator>
 
 #include "hosts/qt/application.h"
+#include "hosts/qt/dialogs/desktop.h"
 #include "hosts/qt/form_events.h"
 #include "tessaria/thread_state.h"
 
@@ -20,14 +21,19 @@ void loadTranslation(QObject* owner) {
 
 }  // namespace
 
-Host::Host(QObject* parent) : QObject(parent), application_(std::make_unique<Application>(*this)) {
+Host::Host(QObject* parent)
+    : QObject(parent),
+      application_(std::make_unique<Application>(*this)),
+      desktop_(std::make_unique<Desktop>()) {
   loadTranslation(this);
   new FormEvents(this);
   State().application = application_.get();
+  State().desktop = desktop_.get();
 }
 
 Host::~Host() {
   if (State().application == application_.get()) State().application = nullptr;
+  if (State().desktop == desktop_.get()) State().desktop = nullptr;
 }
 
 Host& install() {

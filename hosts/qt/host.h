@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "tessaria/host/application.h"
+#include "tessaria/host/dialog.h"
 
 namespace tessaria::qt {
 
@@ -31,6 +32,7 @@ class Host final : public QObject {
   friend class Application;
 
   std::unique_ptr<host::Application> application_;
+  std::unique_ptr<host::Desktop> desktop_;
   int boxCount_ = 0;
 };
 

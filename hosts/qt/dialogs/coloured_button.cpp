@@ -1,0 +1,44 @@
+#include "hosts/qt/dialogs/coloured_button.h"
+
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+#include "hosts/qt/colours.h"
+
+namespace tessaria::qt {
+namespace {
+
+/// Pixels by which the caption sinks with the button.
+constexpr int kSink = 1;
+
+}  // namespace
+
+ColouredButton::ColouredButton(const QString& caption, QWidget* parent)
+    : QPushButton(caption, parent), caption_(caption) {}
+
+void ColouredButton::setTextColour(Colour colour) {
+  colour_ = colour;
+  setText(QString(caption_).replace(QLatin1Char('&'), QLatin1String("&&")));
+  update();
+}
+
+/// The colour, moved away from a background on which it could not be read.
+QColor ColouredButton::penColour() const {
+  if (!isEnabled()) return palette().color(QPalette::Disabled, QPalette::ButtonText);
+  const QColor wanted = toQColor(*colour_, palette());
+  return isSystemColour(*colour_) ? wanted : readableOn(wanted, palette().color(QPalette::Button));
+}
+
+void ColouredButton::paintEvent(QPaintEvent* event) {
+  if (!colour_) return QPushButton::paintEvent(event);
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  option.text.clear();
+  QStylePainter painter(this);
+  painter.drawControl(QStyle::CE_PushButton, option);
+  painter.setPen(penColour());
+  const int sink = option.state.testFlag(QStyle::State_Sunken) ? kSink : 0;
+  painter.drawText(rect().translated(sink, sink), Qt::AlignCenter | Qt::TextSingleLine, caption_);
+}
+
+}  // namespace tessaria::qt

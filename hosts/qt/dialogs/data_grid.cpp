@@ -1,0 +1,220 @@
+#include "hosts/qt/dialogs/data_grid.h"
+
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+#include "hosts/qt/text.h"
+#include "runtime/compare.h"
+#include "runtime/text.h"
+
+namespace tessaria::qt {
+namespace {
+
+constexpr int kRowPadding = 6;  // pixels, above and below together
+
+/// The busy pointer while rows are sorted, or read to their end.
+class Busy {
+ public:
+  Busy() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+  ~Busy() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+}  // namespace
+
+// --- View ---------------------------------------------------------------------------------------
+
+GridView::GridView(QWidget* parent) : QTableView(parent) {
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(SingleSelection);
+  setEditTriggers(NoEditTriggers);
+  setTabKeyNavigation(false);
+  setAlternatingRowColors(true);
+  setWordWrap(false);
+  setCornerButtonEnabled(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+  horizontalHeader()->setSectionsClickable(true);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Home) return emit endWanted(false);
+  if (event->key() == Qt::Key_End) return emit endWanted(true);
+  QTableView::keyPressEvent(event);
+}
+
+GridPane::GridPane(QWidget* parent)
+    : QWidget(parent),
+      view_(new GridView(this)),
+      model_(new RecordModel(this)),
+      warning_(new QLabel(this)) {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins({});
+  column->addWidget(view_);
+  column->addWidget(warning_);
+  warning_->setTextFormat(Qt::PlainText);
+  warning_->setWordWrap(true);
+  warning_->hide();
+  view_->setModel(model_);
+  setFocusProxy(view_);
+}
+
+void GridPane::showWarning(const QString& text) {
+  warning_->setText(text);
+  warning_->setVisible(!text.isEmpty());
+}
+
+// --- Columns ------------------------------------------------------------------------------------
+
+class DataGridItem::FieldColumn final : public host::GridColumn {
+ public:
+  FieldColumn(GridPane& pane, int position)
+      : pane_(pane),
+        position_(position),
+        field_(fromQt(pane.model().caption(position))),
+        width_(float(twipsX(wantedPixels(), pane))) {
+    show();
+  }
+
+  const String& field() const { return field_; }
+
+  String Caption() const override { return fromQt(pane_.model().caption(position_)); }
+  void Caption(const String& text) override { pane_.model().setCaption(position_, toQt(text)); }
+  /// The operator may have drawn it wider.
+  float Width() const override {
+    const int now = header().sectionSize(position_);
+    return now == 0 || now == pixels() ? width_ : float(twipsX(now, pane_));
+  }
+  void Width(float twips) override {
+    width_ = twips;
+    show();
+  }
+  bool Visible() const override { return visible_; }
+  void Visible(bool visible) override {
+    visible_ = visible;
+    show();
+  }
+  String DataField() const override { return field_; }
+  String Format() const override { return pane_.model().format(position_); }
+  void Format(const String& pattern) override { pane_.model().setFormat(position_, pattern); }
+
+ private:
+  QHeaderView& header() const { return *pane_.view().horizontalHeader(); }
+  int pixels() const { return pixelsX(static_cast<Long>(width_), pane_); }
+  int wantedPixels() const {
+    return pane_.fontMetrics().averageCharWidth() * pane_.model().charactersOf(position_);
+  }
+  /// A column without width shows nothing.
+  void show() {
+    const bool shows = visible_ && pixels() > 0;
+    header().setSectionHidden(position_, !shows);
+    if (shows) header().resizeSection(position_, pixels());
+  }
+
+  GridPane& pane_;
+  int position_;
+  String field_;
+  float width_;
+  bool visible_ = true;
+};
+
+// --- Grid ---------------------------------------------------------------------------------------
+
+DataGridItem::DataGridItem(GridPane& pane, const DialogGate& gate)
+    : DialogItemOf(pane, gate), pane_(pane) {
+  QObject::connect(pane.view().selectionModel(), &QItemSelectionModel::currentRowChanged, &pane,
+                   [this](const QModelIndex& current) { rowChosen(current.row()); });
+  QObject::connect(&pane.view(), &QTableView::doubleClicked, &pane,
+                   [this] { this->gate().raise(OnDblClick); });
+  QObject::connect(&pane.view(), &GridView::endWanted, &pane, [this](bool last) { goToEnd(last); });
+  QObject::connect(pane.view().horizontalHeader(), &QHeaderView::sectionClicked, &pane,
+                   [this](int column) { headClicked(column); });
+  // Queued: a box may not open in the middle of painting or scrolling.
+  QObject::connect(
+      &pane.model(), &RecordModel::readingFailed, &pane,
+      [this](const std::exception_ptr& failure) { tellFailure(failure); }, Qt::QueuedConnection);
+}
+
+DataGridItem::~DataGridItem() = default;
+
+void DataGridItem::DataSource(host::RecordsetPtr rows) {
+  const QScopedValueRollback echo(following_, true);
+  columns_.clear();
+  pane_.showWarning({});
+  pane_.model().setRows(std::move(rows));
+  for (int i = 0; i < pane_.model().columnCount(); ++i)
+    columns_.push_back(std::make_unique<FieldColumn>(pane_, i));
+  ShowCurrentRow();
+}
+
+host::GridColumn& DataGridItem::Column(Long position) {
+  if (position < 0 || position >= ColumnCount()) throw HostError(errors::SubscriptOutOfRange);
+  return *columns_[static_cast<std::size_t>(position)];
+}
+
+void DataGridItem::ShowCurrentRow() {
+  const QScopedValueRollback echo(following_, true);
+  pane_.model().refresh();
+  showOrder();
+  const auto& rows = pane_.model().rows();
+  const bool open = rows && rows->State() != host::state::Closed;
+  const int row = open ? int(rows->AbsolutePosition()) - 1 : -1;
+  const int column = std::max(0, pane_.view().currentIndex().column());
+  const QModelIndex current = pane_.model().index(row, column);
+  pane_.view().setCurrentIndex(current);
+  if (current.isValid()) pane_.view().scrollTo(current);
+}
+
+/// An arrow on the header tells which column the rows are ordered by.
+void DataGridItem::showOrder() {
+  QHeaderView& header = *pane_.view().horizontalHeader();
+  const auto& rows = pane_.model().rows();
+  const String order = rows && rows->State() != host::state::Closed ? rows->Sort() : String();
+  for (std::size_t i = 0; i < columns_.size() && !order.empty(); ++i) {
+    if (!EqualNoCase(columns_[i]->field(), order)) continue;
+    header.setSortIndicator(int(i), Qt::AscendingOrder);
+    return header.setSortIndicatorShown(true);
+  }
+  header.setSortIndicatorShown(false);
+}
+
+// --- The operator -------------------------------------------------------------------------------
+
+void DataGridItem::rowChosen(int row) {
+  if (following_ || row < 0) return;
+  gate().enter([&] { pane_.model().rows()->AbsolutePosition(row + 1); });
+}
+
+void DataGridItem::headClicked(int column) {
+  const Busy busy;
+  Long position = column;
+  gate().raise(OnHeadClick, position);
+}
+
+void DataGridItem::goToEnd(bool last) {
+  const auto rows = DataSource();
+  if (pane_.model().rowCount() == 0) return;
+  gate().enter([&] {
+    const Busy busy;
+    last ? rows->MoveLast() : rows->MoveFirst();
+    ShowCurrentRow();
+  });
+}
+
+/// The box goes away, the warning stays: the list is not to be taken for all there is.
+void DataGridItem::tellFailure(const std::exception_ptr& failure) {
+  pane_.showWarning(
+      QStringLiteral("Lista incompleta: a leitura parou depois de %1 registros.")
+          .arg(QLocale(QLocale::Portuguese, QLocale::Brazil).toString(pane_.model().rowCount())));
+  gate().enter([&] { std::rethrow_exception(failure); });
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,72 @@
+// The grid of a dialog: a table view over a record set.
+#pragma once
+
+#include <QLabel>
+#include <QTableView>
+#include <memory>
+#include <vector>
+
+#include "hosts/qt/dialogs/dialog_item.h"
+#include "hosts/qt/dialogs/record_model.h"
+
+namespace tessaria::qt {
+
+/// Whole rows, one at a time. Letters are the dialog's; Home and End are the list's ends.
+class GridView final : public QTableView {
+  Q_OBJECT
+
+ public:
+  explicit GridView(QWidget* parent);
+  void keyboardSearch(const QString&) override {}
+
+ signals:
+  void endWanted(bool last);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+};
+
+/// The table, and below it what is wrong with its rows.
+class GridPane final : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit GridPane(QWidget* parent);
+
+  GridView& view() const { return *view_; }
+  RecordModel& model() const { return *model_; }
+  void showWarning(const QString& text);
+
+ private:
+  GridView* view_;
+  RecordModel* model_;
+  QLabel* warning_;
+};
+
+class DataGridItem final : public DialogItemOf<host::DataGrid> {
+ public:
+  DataGridItem(GridPane& pane, const DialogGate& gate);
+  ~DataGridItem() override;
+
+  host::RecordsetPtr DataSource() const override { return pane_.model().rows(); }
+  void DataSource(host::RecordsetPtr rows) override;
+  Long ColumnCount() const override { return static_cast<Long>(columns_.size()); }
+  host::GridColumn& Column(Long position) override;
+  void ShowCurrentRow() override;
+  void aboutToShow() override { ShowCurrentRow(); }
+
+ private:
+  class FieldColumn;
+
+  void rowChosen(int row);
+  void headClicked(int column);
+  void goToEnd(bool last);
+  void tellFailure(const std::exception_ptr& failure);
+  void showOrder();
+
+  GridPane& pane_;
+  std::vector<std::unique_ptr<FieldColumn>> columns_;
+  bool following_ = false;  ///< the view is being told, and not telling, the current row
+};
+
+}  // namespace tessaria::qt

@@ -1,0 +1,22 @@
+// The desktop of a Qt program: where the library's windows open.
+#pragma once
+
+#include "tessaria/host/dialog.h"
+
+namespace tessaria::qt {
+
+class Desktop final : public host::Desktop {
+ public:
+  /// The right and the lower edge of the screen with the active window, as far as windows may
+  /// lie on it: positions count from the corner of the first screen.
+  Long ScreenWidth() const override;
+  Long ScreenHeight() const override;
+  Date Today() const override;
+  host::DialogPtr MakeDialog(const host::DialogDescription& description) override;
+  void ClipboardText(const String& text) override;
+  String Dir(const String& pattern) const override;
+  /// Error 68 for what is no entry of the list of drives.
+  bool DriveReady(const String& drive) const override;
+};
+
+}  // namespace tessaria::qt

@@ -1,0 +1,40 @@
+// The way from Qt's signals into the handlers of a dialog.
+#pragma once
+
+#include <QWidget>
+
+#include "hosts/qt/event_boundary.h"
+
+namespace tessaria::qt {
+
+/// Calls a copy of the slot: the handler may destroy its owner.
+template <class Slot, class... Arguments>
+void callSlot(const Slot& slot, Arguments&... arguments) {
+  if (const Slot copy = slot) copy(arguments...);
+}
+
+/// Owned by a dialog; its widgets raise their events through it. Once closed it raises nothing:
+/// who filled the slots may be gone.
+class DialogGate {
+ public:
+  explicit DialogGate(QWidget& window) : window_(&window) {}
+
+  bool isOpen() const { return open_; }
+  void close() { open_ = false; }
+
+  /// Runs an event at the boundary.
+  template <class Body>
+  void enter(Body&& body) const {
+    if (open_) guarded(window_, std::forward<Body>(body));
+  }
+  template <class Slot, class... Arguments>
+  void raise(const Slot& slot, Arguments&... arguments) const {
+    enter([&] { callSlot(slot, arguments...); });
+  }
+
+ private:
+  QWidget* window_;
+  bool open_ = true;
+};
+
+}  // namespace tessaria::qt

@@ -1,0 +1,110 @@
+#include "hosts/qt/dialogs/dialog_window.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+
+#include "hosts/qt/dialog_keys.h"
+
+namespace tessaria::qt {
+namespace {
+
+QWidget* windowInFront() {
+  QWidget* front = QApplication::activeModalWidget();
+  return front ? front : QApplication::activeWindow();
+}
+
+/// The place between `least` and `most`; `least` when there is no room.
+int within(int place, int least, int most) { return std::max(least, std::min(place, most)); }
+
+}  // namespace
+
+DialogWindow::DialogWindow(const QString& name, const QString& title) {
+  setObjectName(name);
+  setWindowTitle(title);
+  setWindowModality(Qt::ApplicationModal);
+}
+
+void DialogWindow::run(const std::function<void()>& shown) {
+  running_ = true;
+  const QPointer<QWidget> owner(windowInFront());
+  follow(owner);
+  keepOnScreen(owner);
+  show();
+  shown();
+  waitUntilHidden();
+  if (owner) {
+    owner->removeEventFilter(this);
+    disconnect(owner, nullptr, this, nullptr);
+  }
+  // Not every window system gives the focus back by itself.
+  if (owner && owner->isVisible()) owner->activateWindow();
+  running_ = false;
+}
+
+void DialogWindow::follow(QWidget* owner) {
+  create();
+  windowHandle()->setTransientParent(owner ? owner->windowHandle() : nullptr);
+  if (!owner) return;
+  owner->installEventFilter(this);
+  connect(owner, &QObject::destroyed, this, &QWidget::hide);
+}
+
+void DialogWindow::waitUntilHidden() {
+  if (!isVisible()) return;
+  QEventLoop loop;
+  loop_ = &loop;
+  loop.exec(QEventLoop::DialogExec);
+  loop_ = nullptr;
+  hide();  // the program may be quitting
+}
+
+/// Over the middle of its owner unless it was placed, and wholly on the screen.
+void DialogWindow::keepOnScreen(const QWidget* owner) {
+  ensurePolished();
+  if (layout()) resize(size().expandedTo(layout()->totalMinimumSize()));
+  QPoint place = pos();
+  if (!testAttribute(Qt::WA_Moved) && owner)
+    place = owner->frameGeometry().center() - QPoint(width() / 2, height() / 2);
+  const QScreen* screen = QGuiApplication::screenAt(place);
+  if (!screen) screen = owner ? owner->screen() : QWidget::screen();
+  const QRect room = screen->availableGeometry();
+  resize(size().boundedTo(room.size()));
+  move(within(place.x(), room.left(), room.right() + 1 - frameGeometry().width()),
+       within(place.y(), room.top(), room.bottom() + 1 - frameGeometry().height()));
+}
+
+bool DialogWindow::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::Hide && !event->spontaneous()) hide();
+  return false;
+}
+
+void DialogWindow::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  emit sizeChanged();
+}
+
+void DialogWindow::hideEvent(QHideEvent* event) {
+  QDialog::hideEvent(event);
+  if (!event->spontaneous() && loop_) loop_->quit();
+}
+
+void DialogWindow::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Escape:
+      if (!pressDialogButton(this, Qt::Key_Escape)) reject();
+      return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      pressDialogButton(this, Qt::Key_Return);
+      return;
+    default:
+      QDialog::keyPressEvent(event);
+  }
+}
+
+}  // namespace tessaria::qt

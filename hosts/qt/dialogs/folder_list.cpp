@@ -1,0 +1,23 @@
+#include "hosts/qt/dialogs/folder_list.h"
+
+#include "hosts/qt/text.h"
+
+namespace tessaria::qt {
+
+FolderListItem::FolderListItem(FolderTree& tree, const DialogGate& gate)
+    : DialogItemOf(tree, gate), tree_(tree) {
+  QObject::connect(&tree, &FolderTree::chosen, &tree, [this] { this->gate().raise(OnChange); });
+  QObject::connect(&tree, &FolderTree::refused, &tree, [this](const QString& path) {
+    this->gate().enter([&] { requireFolder(path); });
+  });
+}
+
+String FolderListItem::Path() const { return fromQt(tree_.path()); }
+
+void FolderListItem::Path(const String& path) {
+  const QString before = tree_.path();
+  tree_.open(toQt(path));
+  if (tree_.path() != before) callSlot(OnChange);
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,52 @@
+// The list of a lookup, and the prompt of a search.
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include "browse/grid_form.h"
+#include "hosts/qt/dialogs/data_grid.h"
+#include "hosts/qt/dialogs/layouts.h"
+#include "hosts/qt/dialogs/tool_bar.h"
+
+namespace tessaria::qt {
+
+void layOutGridForm(QDialog& window) {
+  auto* title = part<QLabel>(window, "lblTitulo");
+  QFont font = window.font();
+  font.setBold(true);
+  title->setFont(font);
+  auto* bar = part<DialogToolBar>(window, "barBrowse");
+  bar->keysOf = &frmBrowse::TeclasDoMenu;
+  auto* head = new QHBoxLayout;
+  head->addWidget(title, 1);
+  head->addWidget(bar);
+
+  auto* column = new QVBoxLayout(&window);
+  column->addLayout(head);
+  column->addWidget(part(window, "grdBrowse"), 1);
+  column->addLayout(answerRow(window, "btnConfirmar", "btnVoltar"));
+  QWidget::setTabOrder(part(window, "btnVoltar"), &bar->button());
+  part(window, "grdBrowse")->setFocus();
+  window.resize(characters(window, 90), lines(window, 26));
+}
+
+void layOutSearchPrompt(QDialog& window) {
+  auto* ok = part<QPushButton>(window, "btnOk");
+  auto* cancel = part<QPushButton>(window, "btnCancelar");
+  ok->setDefault(true);
+  cancel->setProperty("Cancel", true);
+  auto* answers = new QHBoxLayout;
+  answers->addWidget(ok);
+  answers->addStretch(1);
+  answers->addWidget(cancel);
+
+  auto* column = new QVBoxLayout(&window);
+  column->addStretch(1);
+  column->addWidget(part(window, "editPesquisa"), 0, Qt::AlignHCenter);
+  column->addStretch(1);
+  column->addLayout(answers);
+}
+
+}  // namespace tessaria::qt

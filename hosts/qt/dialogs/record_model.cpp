@@ -1,0 +1,135 @@
+#include "hosts/qt/dialogs/record_model.h"
+
+#include <algorithm>
+
+#include "hosts/qt/text.h"
+#include "lookup/field_types.h"
+#include "runtime/conversion.h"
+#include "runtime/format.h"
+#include "tessaria/error.h"
+
+namespace tessaria::qt {
+namespace {
+
+/// Rows read at a time: half as many as there are, so that the end of a long table is reached
+/// in a few steps.
+constexpr int kLeastRows = 1000;
+
+constexpr int kLeastCharacters = 6;
+constexpr int kMostCharacters = 40;
+constexpr int kNumberCharacters = 12;
+constexpr int kDateCharacters = 11;
+
+bool isDate(Long type) {
+  using namespace host;
+  return type == type::Date || type == type::DBDate || type == type::DBTimeStamp;
+}
+
+}  // namespace
+
+bool RecordModel::isOpen() const { return rows_ && rows_->State() != host::state::Closed; }
+
+void RecordModel::setRows(host::RecordsetPtr rows) {
+  beginResetModel();
+  rows_ = std::move(rows);
+  columns_.clear();
+  shown_ = 0;
+  failed_ = false;
+  if (isOpen()) {
+    for (Long i = 0; i < rows_->Fields().Count(); ++i) {
+      const auto field = rows_->Fields().Item(i);
+      columns_.push_back({toQt(field->Name()), {}, field->Type(), field->DefinedSize()});
+    }
+    shown_ = rows_->RowsRead();
+  }
+  endResetModel();
+}
+
+void RecordModel::refresh() {
+  const int now = isOpen() ? rows_->RowsRead() : 0;
+  if (now > shown_) {
+    beginInsertRows({}, shown_, now - 1);
+    shown_ = now;
+    endInsertRows();
+  } else if (now < shown_) {
+    beginRemoveRows({}, now, shown_ - 1);
+    shown_ = now;
+    endRemoveRows();
+  }
+  if (shown_ > 0) emit dataChanged(index(0, 0), index(shown_ - 1, columnCount() - 1));
+}
+
+void RecordModel::setCaption(int column, const QString& caption) {
+  columns_[std::size_t(column)].caption = caption;
+  emit headerDataChanged(Qt::Horizontal, column, column);
+}
+
+void RecordModel::setFormat(int column, const String& pattern) {
+  columns_[std::size_t(column)].format = pattern;
+  if (shown_ > 0) emit dataChanged(index(0, column), index(shown_ - 1, column));
+}
+
+int RecordModel::charactersOf(int column) const {
+  const Column& c = columns_[std::size_t(column)];
+  const int caption = std::max(kLeastCharacters, int(c.caption.size()) + 2);
+  if (isDate(c.type)) return std::max(caption, kDateCharacters);
+  if (EhTipoDeCampoNumerico(c.type)) return std::max(caption, kNumberCharacters);
+  const int size = c.size > 0 ? int(c.size) : kMostCharacters;
+  return std::max(caption, std::min(size, kMostCharacters));
+}
+
+int RecordModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : shown_; }
+
+int RecordModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : int(columns_.size());
+}
+
+/// A value that the pattern does not fit shows as it is.
+QString RecordModel::text(const QModelIndex& index) const {
+  const Variant value = rows_->ValueAt(index.row() + 1, index.column());
+  try {
+    return toQt(Format(value, format(index.column())));
+  } catch (const HostError&) {
+    return toQt(CStr(value));
+  }
+}
+
+QVariant RecordModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || !isOpen()) return {};
+  if (role == Qt::TextAlignmentRole) {
+    const bool number = EhTipoDeCampoNumerico(columns_[std::size_t(index.column())].type);
+    return QVariant::fromValue((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+  }
+  if (role != Qt::DisplayRole) return {};
+  try {
+    return text(index);
+  } catch (const HostError&) {
+    return {};  // gone since the view asked how many there are
+  }
+}
+
+QVariant RecordModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  return section < int(columns_.size()) ? QVariant(caption(section)) : QVariant();
+}
+
+bool RecordModel::canFetchMore(const QModelIndex& parent) const {
+  return !parent.isValid() && !failed_ && isOpen() && !rows_->Complete();
+}
+
+/// Qt asks in the middle of its own work: a failure is only kept here, for its listener.
+void RecordModel::fetchMore(const QModelIndex& parent) {
+  if (!canFetchMore(parent)) return;
+  std::exception_ptr failure;
+  try {
+    rows_->FetchMore(std::max(kLeastRows, shown_ / 2));
+  } catch (...) {
+    failure = std::current_exception();
+  }
+  refresh();
+  if (!failure) return;
+  failed_ = true;
+  emit readingFailed(failure);
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,59 @@
+// Rows of a record set as a model of Qt's.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <exception>
+#include <vector>
+
+#include "tessaria/host/data.h"
+
+namespace tessaria::qt {
+
+/// Shows the rows that were read; more are read as the view comes to their end. A reading that
+/// fails ends that: it is told once, and the rows count as incomplete from then on.
+class RecordModel final : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  using QAbstractTableModel::QAbstractTableModel;
+
+  const host::RecordsetPtr& rows() const { return rows_; }
+  /// Nothing empties the model. Columns take the names of the fields.
+  void setRows(host::RecordsetPtr rows);
+  /// Takes over what was read, or put in another order, since.
+  void refresh();
+
+  QString caption(int column) const { return columns_[std::size_t(column)].caption; }
+  void setCaption(int column, const QString& caption);
+  const String& format(int column) const { return columns_[std::size_t(column)].format; }
+  void setFormat(int column, const String& pattern);
+  /// Characters that a column needs to show its values.
+  int charactersOf(int column) const;
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  bool canFetchMore(const QModelIndex& parent) const override;
+  void fetchMore(const QModelIndex& parent) override;
+
+ signals:
+  void readingFailed(const std::exception_ptr& failure);
+
+ private:
+  struct Column {
+    QString caption;
+    String format;
+    Long type;
+    Long size;
+  };
+  bool isOpen() const;
+  QString text(const QModelIndex& index) const;
+
+  host::RecordsetPtr rows_;
+  std::vector<Column> columns_;
+  int shown_ = 0;  ///< rows that the view knows of
+  bool failed_ = false;
+};
+
+}  // namespace tessaria::qt

@@ -1,0 +1,106 @@
+#include "hosts/qt/dialogs/simple_items.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "hosts/qt/form.h"
+#include "hosts/qt/text.h"
+#include "hosts/qt/variants.h"
+#include "runtime/conversion.h"
+#include "tessaria/host/widgets.h"
+
+namespace tessaria::qt {
+
+// --- Labels, buttons, displays ------------------------------------------------------------------
+
+LabelItem::LabelItem(QLabel& label, const DialogGate& gate, const QString& caption)
+    : DialogItemOf(label, gate), label_(label) {
+  label.setTextFormat(Qt::PlainText);
+  label.setText(caption);
+}
+
+String LabelItem::Caption() const { return fromQt(label_.text()); }
+void LabelItem::Caption(const String& text) { label_.setText(toQt(text)); }
+
+ButtonItem::ButtonItem(ColouredButton& button, const DialogGate& gate)
+    : DialogItemOf(button, gate), button_(button) {
+  button.setFocusPolicy(Qt::StrongFocus);
+  QObject::connect(&button, &QPushButton::clicked, &button,
+                   [this] { this->gate().raise(OnClick); });
+}
+
+String ButtonItem::Caption() const { return fromQt(button_.caption()); }
+
+Colour ButtonItem::TextColour() const {
+  return button_.textColour().value_or(host::colour::WindowText);
+}
+
+DisplayItem::DisplayItem(QLineEdit& box, const DialogGate& gate)
+    : DialogItemOf(box, gate), box_(box) {
+  box.setReadOnly(true);
+  box.setFocusPolicy(Qt::NoFocus);
+}
+
+String DisplayItem::Text() const { return fromQt(box_.text()); }
+void DisplayItem::Text(const String& text) { box_.setText(toQt(text)); }
+
+// --- Fields -------------------------------------------------------------------------------------
+
+FieldItem::FieldItem(TsText& surface, const DialogGate& gate, const QString& accessibleName)
+    : DialogItemOf(surface, gate),
+      surface_(surface),
+      control_(std::dynamic_pointer_cast<host::TsTextWidget>(makeWidget(surface))) {
+  surface.setAccessibleName(accessibleName);
+  focusTarget().setAccessibleName(accessibleName);
+  QObject::connect(&surface, &TsText::changed, &surface, [this] { this->gate().raise(OnChange); });
+  QObject::connect(&surface, &TsText::keyDown, &surface, [this](qint16& code, qint16& shift) {
+    this->gate().raise(OnKeyDown, code, shift);
+  });
+  QObject::connect(&surface, &TsText::keyPress, &surface,
+                   [this](qint16& code) { this->gate().raise(OnKeyPress, code); });
+}
+
+void FieldItem::Width(Long twips) {
+  DialogItemOf::Width(twips);
+  surface_.setFixedWidth(std::max(pixelsX(twips, surface_), surface_.minimumSizeHint().width()));
+}
+
+// --- Calendars ----------------------------------------------------------------------------------
+
+namespace {
+
+// What a date of the core can hold.
+constexpr int kFirstYear = 100;
+constexpr int kLastYear = 9999;
+
+/// The same day of another month, or that month's last.
+QDate dayIn(int year, int month, int day) {
+  return QDate(year, month, std::min(day, QDate(year, month, 1).daysInMonth()));
+}
+
+}  // namespace
+
+CalendarItem::CalendarItem(QCalendarWidget& calendar, const DialogGate& gate)
+    : DialogItemOf(calendar, gate), calendar_(calendar) {
+  calendar.setLocale(QLocale(QLocale::Portuguese, QLocale::Brazil));
+  calendar.setFirstDayOfWeek(Qt::Sunday);
+  calendar.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  calendar.setDateEditEnabled(false);
+  calendar.setDateRange(QDate(kFirstYear, 1, 1), QDate(kLastYear, 12, 31));
+  QObject::connect(&calendar, &QCalendarWidget::currentPageChanged, &calendar,
+                   [this](int year, int month) {
+                     const QDate day = calendar_.selectedDate();
+                     if (day.year() != year || day.month() != month)
+                       calendar_.setSelectedDate(dayIn(year, month, day.day()));
+                   });
+  QObject::connect(&calendar, &QCalendarWidget::clicked, &calendar,
+                   [this] { this->gate().raise(OnClick); });
+}
+
+Date CalendarItem::Value() const { return CDate(toVariant(calendar_.selectedDate())); }
+
+void CalendarItem::Value(Date day) {
+  calendar_.setSelectedDate(toQVariant(Variant(Date{std::floor(day.Days)})).toDate());
+}
+
+}  // namespace tessaria::qt

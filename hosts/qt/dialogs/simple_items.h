@@ -1,0 +1,75 @@
+// Labels, buttons, displays, fields and calendars of dialogs.
+#pragma once
+
+#include <QCalendarWidget>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "hosts/qt/dialogs/coloured_button.h"
+#include "hosts/qt/dialogs/dialog_item.h"
+#include "hosts/qt/tstext.h"
+
+namespace tessaria::qt {
+
+class LabelItem final : public DialogItemOf<host::DialogLabel> {
+ public:
+  LabelItem(QLabel& label, const DialogGate& gate, const QString& caption);
+
+  String Caption() const override;
+  void Caption(const String& text) override;
+
+ private:
+  QLabel& label_;
+};
+
+class ButtonItem final : public DialogItemOf<host::DialogButton> {
+ public:
+  ButtonItem(ColouredButton& button, const DialogGate& gate);
+
+  String Caption() const override;
+  Colour TextColour() const override;
+  void TextColour(Colour colour) override { button_.setTextColour(colour); }
+
+ private:
+  ColouredButton& button_;
+};
+
+class DisplayItem final : public DialogItemOf<host::DialogDisplay> {
+ public:
+  DisplayItem(QLineEdit& box, const DialogGate& gate);
+
+  String Text() const override;
+  void Text(const String& text) override;
+
+ private:
+  QLineEdit& box_;
+};
+
+/// Its width is the one assigned, but never clips the font.
+class FieldItem final : public DialogItemOf<host::DialogField> {
+ public:
+  FieldItem(TsText& surface, const DialogGate& gate, const QString& accessibleName);
+
+  host::TsTextWidget& Control() override { return *control_; }
+  using DialogItemOf::Width;
+  void Width(Long twips) override;
+  bool tellsOwnKeys() const override { return true; }
+
+ private:
+  TsText& surface_;
+  std::shared_ptr<host::TsTextWidget> control_;
+};
+
+/// A month in Portuguese whose weeks begin on Sunday. Turning the page takes the selection along.
+class CalendarItem final : public DialogItemOf<host::Calendar> {
+ public:
+  CalendarItem(QCalendarWidget& calendar, const DialogGate& gate);
+
+  Date Value() const override;
+  void Value(Date day) override;
+
+ private:
+  QCalendarWidget& calendar_;
+};
+
+}  // namespace tessaria::qt

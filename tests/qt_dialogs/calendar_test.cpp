@@ -1,0 +1,123 @@
+// The calendar's window, worked by keyboard and by mouse.
+#include "pickers/calendar.h"
+
+#include <QAbstractItemView>
+#include <QCalendarWidget>
+#include <QTest>
+#include <QToolButton>
+
+#include "mask/masks.h"
+#include "tests/qt_dialogs/dialog_fixture.h"
+
+namespace tessaria::qt::tests {
+namespace {
+
+const String kMask = u"dd/mm/yyyy";
+
+class CalendarWindow : public DialogFixture {
+ protected:
+  QString run(ModalDriver::Script script, const String& text = u"15/03/2021") {
+    box_.Text(text);
+    driver_.willShow(QStringLiteral("frmCalendario"), std::move(script));
+    frmCalendario form;
+    String stripped;
+    for (char16_t c : text)
+      if (c != u'/') stripped += c;
+    return toQt(CStr(form.ExecutaCalendario(600.0f, 600.0f, box_, stripped, kMask,
+                                            mdlObjTxt::MontaItensMascara(kMask, u"_"))));
+  }
+  static QCalendarWidget& calendar(QDialog& window) {
+    return at<QCalendarWidget>(window, QStringLiteral("Calendario"));
+  }
+  static QAbstractItemView& days(QDialog& window) {
+    return *calendar(window).findChild<QAbstractItemView*>();
+  }
+  /// Presses the mouse on a day of the month that shows.
+  static void clickDay(QDialog& window, int day) {
+    auto& view = days(window);
+    const auto& model = *view.model();
+    for (int row = 2; row < model.rowCount(); ++row)
+      for (int column = 0; column < model.columnCount(); ++column) {
+        const QModelIndex index = model.index(row, column);
+        if (index.data().toInt() != day) continue;
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
+        return;
+      }
+  }
+};
+
+TEST_F(CalendarWindow, EnterGivesTheDayThatStandsSelected) {
+  EXPECT_EQ(run([](QDialog& w) { press(w, Qt::Key_Return); }), QStringLiteral("15/03/2021"));
+}
+
+TEST_F(CalendarWindow, EscapeAndTheCloseButtonGiveItToo) {
+  EXPECT_EQ(run([](QDialog& w) {
+              press(w, Qt::Key_Right);
+              press(w, Qt::Key_Escape);
+            }),
+            QStringLiteral("16/03/2021"));
+  EXPECT_EQ(run([](QDialog& w) { w.close(); }), QStringLiteral("15/03/2021"));
+}
+
+TEST_F(CalendarWindow, TheArrowsMoveTheDayAndCloseNothing) {
+  const struct {
+    int key;
+    const char16_t* day;
+  } kMoves[] = {{Qt::Key_Left, u"14/03/2021"},   {Qt::Key_Right, u"16/03/2021"},
+                {Qt::Key_Up, u"08/03/2021"},     {Qt::Key_Down, u"22/03/2021"},
+                {Qt::Key_PageUp, u"15/02/2021"}, {Qt::Key_PageDown, u"15/04/2021"}};
+  for (const auto& move : kMoves)
+    EXPECT_EQ(run([&](QDialog& w) {
+                press(w, move.key);
+                EXPECT_TRUE(w.isVisible());
+                press(w, Qt::Key_Return);
+              }),
+              toQt(move.day));
+}
+
+TEST_F(CalendarWindow, AClickOnADayCloses) {
+  EXPECT_EQ(run([](QDialog& w) { clickDay(w, 20); }), QStringLiteral("20/03/2021"));
+}
+
+TEST_F(CalendarWindow, TurningThePageTakesTheSelectionAlong) {
+  EXPECT_EQ(run(
+                [](QDialog& w) {
+                  auto* next = w.findChild<QToolButton*>(QStringLiteral("qt_calendar_nextmonth"));
+                  click(*next);
+                  EXPECT_TRUE(w.isVisible());
+                  press(w, Qt::Key_Return);
+                },
+                u"31/01/2021"),
+            QStringLiteral("28/02/2021"));
+}
+
+TEST_F(CalendarWindow, SpeaksPortugueseAndItsWeekBeginsOnSunday) {
+  run([](QDialog& w) {
+    EXPECT_EQ(calendar(w).firstDayOfWeek(), Qt::Sunday);
+    const auto& model = *days(w).model();
+    const QString sunday = model.index(0, 0).data().toString();
+    EXPECT_TRUE(sunday.startsWith(QLatin1String("dom"), Qt::CaseInsensitive))
+        << sunday.toStdString();
+    const auto* month = w.findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"));
+    EXPECT_EQ(month->text(), QStringLiteral("março"));
+    picture(w, QStringLiteral("calendario"));
+    press(w, Qt::Key_Escape);
+  });
+}
+
+TEST_F(CalendarWindow, AnEmptyFieldOpensOnToday) {
+  EXPECT_EQ(run([](QDialog& w) { press(w, Qt::Key_Return); }, u""),
+            QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy")));
+}
+
+TEST_F(CalendarWindow, DigitsOpenNoBoxOverTheMonth) {
+  EXPECT_EQ(run([](QDialog& w) {
+              strike(w, QStringLiteral("2"));
+              EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+              press(w, Qt::Key_Return);
+            }),
+            QStringLiteral("15/03/2021"));
+}
+
+}  // namespace
+}  // namespace tessaria::qt::tests
