@@ -92,12 +92,15 @@ void frmDiretorio::OpenFolder(const String& folder) {
   folders_.Path(folder);
 }
 
-/// A share is reached through the drive that is mapped to its server.
+/// A share is reached through the drive that is mapped to its server, and by its own path where
+/// there is none.
 void frmDiretorio::OpenShare(const String& share) {
   const Long end = InStr(3, share, Separator());
   const String server = end == 0 ? Mid(share, 3) : Mid(share, 3, end - 2);
+  bool isMapped = false;
   for (const String& drive : drives_.List()) {
     if (InStr(drive, server) == 0) continue;
+    isMapped = true;
     drives_.Drive(drive);
     DriveChanged();  // the folders are the drive's, also where the share's folder is not found
     for (Long k = 3; k <= Len(share); ++k) {
@@ -107,6 +110,7 @@ void frmDiretorio::OpenShare(const String& share) {
       break;
     }
   }
+  if (!isMapped) folders_.Path(share);
 }
 
 void frmDiretorio::SelectFile(const String& file) {

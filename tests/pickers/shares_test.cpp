@@ -83,13 +83,15 @@ TEST_F(Shares, AMappedDriveThatIsNotReadyIsTold) {
   EXPECT_EQ(app.Boxes().front().Text, u"Drive Não Disponível, Verifique Por Favor");
 }
 
-TEST_F(Shares, DrivesOfOtherServersAreLeftAlone) {
+TEST_F(Shares, WithNoDriveOfItsServerAShareIsOpenedByItsOwnPath) {
   desktop->Files().AddDrive(u"z: [\\\\servidor2\\dados]");
-  Run(Mode::Files, u"\\\\servidor\\dados\\leia.txt", [](memory::Dialog& shown) {
-    EXPECT_EQ(Drives(shown).Drive(), u"c: [SISTEMA]");
-    EXPECT_EQ(Files(shown).FileName(), u"leia.txt");
-    Leave(shown);
-  });
+  EXPECT_EQ(Run(Mode::Folders, u"\\\\servidor\\dados\\contas",
+                [](memory::Dialog& shown) {
+                  EXPECT_EQ(Drives(shown).Drive(), u"c: [SISTEMA]");
+                  EXPECT_EQ(Folders(shown).Path(), u"\\\\servidor\\dados\\contas");
+                  Confirm(shown);
+                }),
+            u"\\\\servidor\\dados\\contas");
 }
 
 TEST_F(Shares, AShareThatIsNotThereIsTold) {
@@ -168,6 +170,11 @@ TEST_F(SlashPaths, APathIsSplitAndPutTogetherWithTheSystemsSeparator) {
                   Confirm(shown);
                 }),
             u"/home/ana/docs/nota.txt");
+}
+
+TEST_F(SlashPaths, APathThatBeginsWithTwoSeparatorsOpensItself) {
+  desktop->Files().AddFile(Stored(u"//home/ana/carta.txt"));
+  EXPECT_EQ(Run(Mode::Folders, u"//home/ana", Confirm), u"//home/ana");
 }
 
 TEST_F(SlashPaths, TheOtherSeparatorDividesNothing) {
