@@ -1,5 +1,7 @@
 #include "lookup/grid_columns.h"
 
+#include <utility>
+
 #include "tessaria/error.h"
 
 namespace tessaria {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "runtime/text.h"
 #include "tessaria/error.h"

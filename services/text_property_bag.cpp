@@ -1,6 +1,7 @@
 #include "services/text_property_bag.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "runtime/compare.h"
 #include "runtime/conversion.h"

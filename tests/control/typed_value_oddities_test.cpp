@@ -8,7 +8,6 @@ namespace {
 
 using mdlComum::CodificaTexto;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class HiddenTextTest : public ControlTest {
  protected:
@@ -63,7 +62,7 @@ TEST_F(HiddenTextTest, ABoundFieldOfXWritesTheSecondScramblingToItsRow) {
   form->Show();
   Enter(field);
   Leave();
-  EXPECT_THAT(data->Recordset()->Fields().Item(u"senha")->Value(), IsValue(CodificaTexto(once)));
+  EXPECT_THAT(data->RecordSet()->Fields().Item(u"senha")->Value(), IsValue(CodificaTexto(once)));
 }
 
 /// So a field for a new password is unbound and emptied once its value is taken.
@@ -121,9 +120,7 @@ TEST_F(HiddenTextTest, TheZeroFillTakesNoPasswordCharacters) {
   form->Show();
   Type(field, u"12");
   EXPECT_THAT(app.TakeBoxes(), ElementsAre(ErrorBox(HostError(13), u"UserControl_ExitFocus")));
-  EXPECT_THAT((*field)->Value(), IsEmptyVariant());
-  (*field)->Enabled(false);
-  EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+  EXPECT_THAT((*field)->Value(), IsNullVariant());
 }
 
 }  // namespace
