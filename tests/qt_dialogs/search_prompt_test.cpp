@@ -1,0 +1,114 @@
+// The prompt of a search, which holds a whole field.
+#include "browse/search_prompt.h"
+
+#include <QCalendarWidget>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "tests/qt_dialogs/lookup_fixture.h"
+
+namespace tessaria::qt::tests {
+namespace {
+
+class SearchPromptWindow : public LookupFixture {
+ protected:
+  struct Search {
+    Long tipo = 8;
+    Integer width = 2700;
+    bool completes = false;
+    String mask = u"";
+  };
+  /// The condition of the answer; empty for none.
+  QString ask(const Search& search, ModalDriver::Script script) {
+    driver_.willShow(QStringLiteral("frmTsPesquisa"), std::move(script));
+    String clause;
+    const bool answered = mdlObjTxt::tsMostraFormPesquisa(
+        u"clientes", u"nome", search.tipo, 1, u"Nome", search.width, search.completes, search.mask,
+        0, false, u"", clause, false);
+    return answered ? toQt(clause) : QString();
+  }
+  static TsText& field(QDialog& window) {
+    return at<TsText>(window, QStringLiteral("editPesquisa"));
+  }
+  static QPushButton& ok(QDialog& window) {
+    return at<QPushButton>(window, QStringLiteral("btnOk"));
+  }
+};
+
+TEST_F(SearchPromptWindow, EnterAnswersFromTheField) {
+  EXPECT_EQ(ask({},
+                [](QDialog& w) {
+                  EXPECT_EQ(w.focusWidget(), editOf(field(w)));
+                  EXPECT_EQ(w.focusWidget()->accessibleName(), QStringLiteral("Valor a pesquisar"));
+                  strike(w, QStringLiteral("D'Avila"));
+                  press(w, Qt::Key_Return);
+                }),
+            QStringLiteral("clientes.nome ilike 'D''Avila%'"));
+}
+
+TEST_F(SearchPromptWindow, TheButtonsAnswerByMouseAndMnemonic) {
+  EXPECT_EQ(ask({},
+                [](QDialog& w) {
+                  strike(w, QStringLiteral("Ma"));
+                  click(ok(w));
+                }),
+            QStringLiteral("clientes.nome ilike 'Ma%'"));
+  EXPECT_EQ(ask({},
+                [](QDialog& w) {
+                  strike(w, QStringLiteral("Ma"));
+                  press(w, Qt::Key_C, Qt::AltModifier);
+                  QTest::qWait(250);  // a mnemonic shows the button pressed first
+                }),
+            QString());
+}
+
+TEST_F(SearchPromptWindow, EscapeCancels) {
+  EXPECT_EQ(ask({},
+                [](QDialog& w) {
+                  strike(w, QStringLiteral("Ma"));
+                  press(w, Qt::Key_Escape);
+                }),
+            QString());
+  EXPECT_EQ(ask({}, [](QDialog& w) { w.close(); }), QString());
+}
+
+TEST_F(SearchPromptWindow, HasTheWidthThatWasAskedForAndNeverLessThanItNeeds) {
+  ask({.width = 6000}, [](QDialog& w) {
+    EXPECT_EQ(field(w).width(), 400);
+    EXPECT_GE(w.width(), 6500 / 15);
+    w.close();
+  });
+  ask({.width = 0}, [](QDialog& w) {
+    EXPECT_GE(field(w).width(), field(w).minimumSizeHint().width());
+    EXPECT_GE(w.width(), 3500 / 15);
+    picture(w, QStringLiteral("pesquisa_estreita"));
+    w.close();
+  });
+}
+
+TEST_F(SearchPromptWindow, ADateIsTypedUnderItsMaskAndHasItsCalendar) {
+  const Search search{.tipo = 7, .mask = u"dd/mm/yyyy"};
+  EXPECT_EQ(ask(search,
+                [](QDialog& w) {
+                  picture(w, QStringLiteral("pesquisa_data"));
+                  strike(w, QStringLiteral("31122016"));
+                  press(w, Qt::Key_Return);
+                }),
+            QStringLiteral("clientes.nome = '2016-12-31'::date"));
+}
+
+TEST_F(SearchPromptWindow, ATextCompletesFromTheTable) {
+  connection_->OnStatement = [](const String&) -> memory::Rows {
+    return {{{u"nome"}, {u"nome2"}}, {{u"Maria", u"Maria"}}};
+  };
+  ask({.completes = true}, [](QDialog& w) {
+    strike(w, QStringLiteral("Ma"));
+    EXPECT_EQ(editOf(field(w))->text(), QStringLiteral("Maria"));
+    EXPECT_EQ(editOf(field(w))->selectedText(), QStringLiteral("ria"));
+    w.close();
+  });
+}
+
+}  // namespace
+}  // namespace tessaria::qt::tests
