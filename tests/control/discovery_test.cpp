@@ -36,8 +36,7 @@ class DiscoveryTest : public ControlTest {
   FieldPtr field;
 };
 
-// --- The connection
-// ------------------------------------------------------------------------------------
+// --- The connection -----------------------------------------------------------------------------
 
 TEST_F(DiscoveryTest, OnlyKindsThatLookUpAskForTheConnection) {
   form->Properties().Remove(u"dbForm");
@@ -100,8 +99,7 @@ TEST_F(DiscoveryTest, TheThreadsConnectionIsTheLastOneFound) {
   EXPECT_EQ(State().dbConexao, second);
 }
 
-// --- The sibling
-// -----------------------------------------------------------------------------------------
+// --- The sibling --------------------------------------------------------------------------------
 
 class SiblingDiscoveryTest : public DiscoveryTest {
  protected:
@@ -152,8 +150,7 @@ TEST_F(SiblingDiscoveryTest, TheFlagOnlyGoesUp) {
   EXPECT_THAT(app.TakeBoxes(), ElementsAre(ErrorBox(HostError(438), u"UserControl_EnterFocus")));
 }
 
-// --- The data control
-// ---------------------------------------------------------------------------------
+// --- The data control ---------------------------------------------------------------------------
 
 class BindingTest : public DiscoveryTest {
  protected:
@@ -276,8 +273,7 @@ TEST_F(BindingTest, AtTheEndsOfTheRowsBothValuesAreNull) {
   }
 }
 
-// --- The field
-// -------------------------------------------------------------------------------------------
+// --- The field ----------------------------------------------------------------------------------
 
 TEST_F(BindingTest, AFieldThatIsNotThereIsToldInCapitalsWithNumberZero) {
   AddRows();
@@ -373,8 +369,7 @@ TEST_F(FieldTest, ALoadedRowFetchesItsDescriptionAndOnlyThat) {
   EXPECT_THAT(connection->TakeStatements(), IsEmpty());
 }
 
-// --- The label
-// --------------------------------------------------------------------------------------------
+// --- The label ----------------------------------------------------------------------------------
 
 class LabelDiscoveryTest : public DiscoveryTest {
  protected:

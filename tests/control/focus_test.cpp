@@ -42,8 +42,7 @@ class FocusTest : public ControlTest {
   FieldPtr field;
 };
 
-// --- Enter
-// -----------------------------------------------------------------------------------------
+// --- Enter --------------------------------------------------------------------------------------
 
 TEST_F(FocusTest, EnteringTakesTheValueToMeasureAgainst) {
   Show();
@@ -141,8 +140,7 @@ TEST_F(FocusTest, AnAmountIsEditedAtTheLeftAndShownAtTheRight) {
   EXPECT_THAT(Control().Value(), IsValue(1234.5));
 }
 
-// --- The sibling's literal
-// ----------------------------------------------------------------------------
+// --- The sibling's literal ----------------------------------------------------------------------
 
 class SiblingLiteralTest : public FocusTest {
  protected:
@@ -228,8 +226,7 @@ TEST_F(SiblingLiteralTest, AnErrorWhileLeavingKeepsIt) {
   EXPECT_THAT(State().vntValorIrmao, IsValue(literal));
 }
 
-// --- Exit: when nothing happens
-// --------------------------------------------------------------------------
+// --- Exit: when nothing happens -----------------------------------------------------------------
 
 TEST_F(FocusTest, TheFlagInTheTagSilencesTheLeaving) {
   Show();
@@ -260,8 +257,7 @@ TEST_F(FocusTest, ADisabledFieldRaisesNothingWhenLeft) {
   EXPECT_THAT(Returns(), IsEmpty());
 }
 
-// --- Exit: zero fill
-// ----------------------------------------------------------------------------------
+// --- Exit: zero fill ----------------------------------------------------------------------------
 
 struct ZeroFill {
   const char16_t* Mask;
@@ -297,8 +293,7 @@ TEST_F(FocusTest, ZeroFillOnLeaving) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// --- Exit: what becomes the value
-// ------------------------------------------------------------------------
+// --- Exit: what becomes the value ---------------------------------------------------------------
 
 struct ValueRule {
   bool PromptInclude;
@@ -364,8 +359,7 @@ TEST_F(FocusTest, TypedKeysEndInTheValue) {
   EXPECT_EQ(Box().Text(), u"25/12/2017");
 }
 
-// --- Exit: refused
-// -------------------------------------------------------------------------------------
+// --- Exit: refused ------------------------------------------------------------------------------
 
 TEST_F(FocusTest, AFailedValidationKeepsTheTextAndRaisesFalse) {
   Control().Mascara(u"dd/mm/yyyy");
@@ -394,8 +388,7 @@ TEST_F(FocusTest, TheZeroFillComesBeforeTheValidation) {
   EXPECT_THAT(Control().Value(), IsNullVariant());
 }
 
-// --- Exit: the change
-// -----------------------------------------------------------------------------------
+// --- Exit: the change ---------------------------------------------------------------------------
 
 struct Change {
   Variant Before;
@@ -475,8 +468,7 @@ TEST_F(FocusTest, TheEventsLastValueIsTheMemberItself) {
   EXPECT_THAT(LastValue(), IsValue(u"novo"));
 }
 
-// --- Exit: the description
-// ----------------------------------------------------------------------------
+// --- Exit: the description ----------------------------------------------------------------------
 
 class DescriptionOnLeavingTest : public FocusTest {
  protected:

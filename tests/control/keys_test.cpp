@@ -37,8 +37,7 @@ class KeysTest : public ControlTest {
   FieldPtr field;
 };
 
-// --- The events
-// ------------------------------------------------------------------------------------------
+// --- The events ---------------------------------------------------------------------------------
 
 TEST_F(KeysTest, AKeyRaisesItsThreeEventsAndAChange) {
   Show();
@@ -84,8 +83,7 @@ TEST_F(KeysTest, ErrorsOfTheApplicationsHandlersSurface) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// --- Every key-up counts as typing
-// --------------------------------------------------------------------------
+// --- Every key-up counts as typing --------------------------------------------------------------
 
 TEST_F(KeysTest, EveryKeyUpLetsTheNextAssignmentFetchTheDescription) {
   State().dbConexao = connection;
@@ -103,8 +101,7 @@ TEST_F(KeysTest, EveryKeyUpLetsTheNextAssignmentFetchTheDescription) {
   }
 }
 
-// --- Completion
-// -------------------------------------------------------------------------------------------
+// --- Completion ---------------------------------------------------------------------------------
 
 class CompletionTest : public KeysTest {
  protected:

@@ -3,8 +3,12 @@
 #include <functional>
 #include <map>
 
+#include "pickers/calculator.h"
+#include "pickers/calendar.h"
+#include "pickers/folder_picker.h"
 #include "services/text_property_bag.h"
 #include "tests/control/control_fixture.h"
+#include "tests/support/test_desktop.h"
 
 namespace tessaria::test {
 namespace {
@@ -365,7 +369,7 @@ TEST_F(PersistenceTest, StatusAndMeasuredValuesAreNotStored) {
   }
 }
 
-// --- Failures ------------------------------------------------------------------------------------
+// --- Failures -----------------------------------------------------------------------------------
 
 TEST_F(PersistenceTest, AfterAFailedReadTheLaterKeysKeepTheirStartValues) {
   FillBag();
@@ -406,8 +410,7 @@ TEST_F(PersistenceTest, AFailedWriteIsReportedAndEndsTheWalk) {
   EXPECT_EQ(bag.Writes().size(), 27u);
 }
 
-// --- Beginning and end
-// -----------------------------------------------------------------------------
+// --- Beginning and end --------------------------------------------------------------------------
 
 TEST_F(PersistenceTest, ANewControlStartsFromTheTable) {
   FillBag();
@@ -442,6 +445,19 @@ TEST_F(PersistenceTest, TheEndDropsBothDefinitions) {
   Control().UserControl_Terminate();
   EXPECT_TRUE(browse.expired());
   EXPECT_TRUE(pesquisa.expired());
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
+// The dialogs are one for all controls: the end of any control takes them away.
+TEST_F(PersistenceTest, TheEndReleasesTheSharedDialogs) {
+  TestDesktop desktop;
+  State().frmCalendario = std::make_shared<frmCalendario>();
+  State().frmCalculadora = std::make_shared<frmCalculadora>();
+  State().frmDiretorio = std::make_shared<frmDiretorio>();
+  (*AddField(u"txtOutro"))->UserControl_Terminate();
+  EXPECT_EQ(State().frmCalendario, nullptr);
+  EXPECT_EQ(State().frmCalculadora, nullptr);
+  EXPECT_EQ(State().frmDiretorio, nullptr);
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 

@@ -15,8 +15,7 @@ using testing::Not;
 constexpr Colour ownColour = 0x112233;
 constexpr Colour labelsOwn = 0x445566;
 
-// --- The first show
-// -------------------------------------------------------------------------------------
+// --- The first show -----------------------------------------------------------------------------
 
 class FirstShowTest : public ControlTest {
  protected:
@@ -141,8 +140,7 @@ TEST_F(DesignShowTest, AnotherKindShowsItsButtonAndNarrowsTheBoxAtOnce) {
   EXPECT_EQ(field->txtEdit().Width(), width - 360);
 }
 
-// --- The button
-// -------------------------------------------------------------------------------------------
+// --- The button ---------------------------------------------------------------------------------
 
 struct ButtonRow {
   Long Kind;
@@ -199,8 +197,7 @@ TEST_F(FirstShowTest, AFileThatIsNoPictureIsReported) {
   EXPECT_EQ(app.Boxes()[0].Title, u"Erro: 481 - Função: tsText.AtualizaExibicao");
 }
 
-// --- The layout
-// ------------------------------------------------------------------------------------------
+// --- The layout ---------------------------------------------------------------------------------
 
 TEST_F(FirstShowTest, ASurfaceIsAtLeast315High) {
   for (const auto& [asked, height] :
@@ -240,8 +237,7 @@ TEST_F(FirstShowTest, ADescriptionKeepsTheRoomOfAButtonThatItDoesNotHave) {
   EXPECT_EQ(field->txtEdit().Width(), width - 70);
 }
 
-// --- The colours
-// -----------------------------------------------------------------------------------------
+// --- The colours --------------------------------------------------------------------------------
 
 class ColourTest : public ControlTest {
  protected:
@@ -367,8 +363,7 @@ TEST_F(ColourTest, AnErrorWhileDrawingIsReported) {
               ElementsAre(ErrorBox(HostError(errors::ControlNotFound), u"AtualizaExibicao")));
 }
 
-// --- Enabled
-// ----------------------------------------------------------------------------------------------
+// --- Enabled ------------------------------------------------------------------------------------
 
 class EnabledTest : public ControlTest {
  protected:

@@ -129,8 +129,7 @@ class PropertiesTest : public DesignTest {
   FieldPtr field;
 };
 
-// --- Plain pairs
-// ----------------------------------------------------------------------------------
+// --- Plain pairs --------------------------------------------------------------------------------
 
 struct PlainPair {
   const char16_t* Name;
@@ -242,8 +241,7 @@ TEST_F(PropertiesTest, ASystemColourTravelsAsANegativeNumber) {
   EXPECT_SAME(GetProperty(Control(), u"BackColor"), face);
 }
 
-// --- The odd ones
-// ----------------------------------------------------------------------------------
+// --- The odd ones -------------------------------------------------------------------------------
 
 TEST_F(PropertiesTest, ForecolorTellsForeColor) {
   EXPECT_THAT(Told(u"Forecolor", Long{255}), ElementsAre(u"ForeColor"));
@@ -305,8 +303,7 @@ TEST_F(PropertiesTest, ClearLastValueAndLastValueSetWhatChangesAreMeasuredAgains
 
 TEST_F(PropertiesTest, RefreshAnswersEmpty) { EXPECT_THAT(Control().Refresh(), IsEmptyVariant()); }
 
-// --- Refusals
-// ----------------------------------------------------------------------------------------
+// --- Refusals -----------------------------------------------------------------------------------
 
 TEST_F(PropertiesTest, NomeIsTheNameOnTheFormAndCannotBeAssigned) {
   for (int times = 0; times < 2; ++times) {
@@ -329,8 +326,7 @@ TEST_F(PropertiesTest, OriginalValueCannotBeAssigned) {
   EXPECT_THAT(field->ChangedProperties(), Not(Contains(u"OriginalValue")));
 }
 
-// --- The window
-// -----------------------------------------------------------------------------------
+// --- The window ---------------------------------------------------------------------------------
 
 TEST_F(PropertiesTest, TheWindowIsNoneAtDesignTime) { EXPECT_EQ(Control().hWnd(), 0); }
 
@@ -350,8 +346,42 @@ TEST_F(RunningPropertiesTest, RefusalsBelongToTheWindowAtRunTime) {
   EXPECT_EQ(app.Boxes()[0].Owner, (*field)->hWnd());
 }
 
-// --- Definitions
-// ------------------------------------------------------------------------------------
+// --- For the library's own modules ------------------------------------------------------------
+
+TEST_F(RunningPropertiesTest, OnlyAVisibleFormShowsAMessage) {
+  const auto field = AddField(u"txtCampo");
+  (*field)->MsgSeVisivel(u"texto", 64, u"título");
+  EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+  form->Show();
+  (*field)->MsgSeVisivel(u"texto", 64, u"título");
+  EXPECT_THAT(app.TakeBoxes(), ElementsAre(memory::MessageBoxRecord{
+                                   (*field)->hWnd(), u"texto", host::box::Exclamation, u"título"}));
+}
+
+TEST_F(RunningPropertiesTest, TheBoundFieldIsFoundByNameAtEachCall) {
+  const auto data = AddData({{u"nome"}}, {{u"Ana"}});
+  const auto field = AddField(u"txtCampo");
+  EXPECT_EQ((*field)->CampoVinculado(), nullptr);
+  Bind(field, u"nome");
+  form->Show();
+  EXPECT_THAT((*field)->CampoVinculado()->Value(), IsValue(u"Ana"));
+  (*field)->GravaValorCampo(u"Bia");
+  EXPECT_THAT((*field)->CampoVinculado()->Value(), IsValue(u"Bia"));
+  data->RecordSet()->CancelUpdate();
+  data->Refresh();
+  EXPECT_THAT((*field)->CampoVinculado()->Value(), IsValue(u"Ana"));
+}
+
+TEST_F(RunningPropertiesTest, FormAndContainerAreTheSurfacesOwn) {
+  const auto field = AddField(u"txtCampo");
+  EXPECT_EQ((*field)->FormDoControle(), form);
+  EXPECT_EQ((*field)->ContainerDoControle(), form);
+  const auto frame = form->Add<memory::Generic>(u"fraDados", u"Frame");
+  field->Settings().Container = frame;
+  EXPECT_EQ((*field)->ContainerDoControle(), frame);
+}
+
+// --- Definitions --------------------------------------------------------------------------------
 
 const char16_t* const lookupTexts[] = {u"BrwTitulo",     u"BrowseTable",    u"BrwCampo",
                                        u"BrwCampoIrmao", u"BrwCampoOutros", u"BrwGroupBy",
@@ -420,8 +450,7 @@ TEST_F(PropertiesTest, ADefinitionCanBeGivenAndTakenAway) {
   EXPECT_EQ(Control().Pesquisa(), pesquisa);
 }
 
-// --- By name
-// -----------------------------------------------------------------------------------------
+// --- By name ------------------------------------------------------------------------------------
 
 TEST_F(PropertiesTest, ByNameInAnyCase) {
   LetProperty(Control(), u"pODEsERbRANCO", false);

@@ -61,8 +61,7 @@ class SiblingTest : public ControlTest {
   FieldPtr key, description;
 };
 
-// --- The step of an assignment
-// ----------------------------------------------------------------------------
+// --- The step of an assignment ------------------------------------------------------------------
 
 TEST_F(SiblingTest, ATypedKeyFetchesTheDescriptionIntoItsSibling) {
   AssignTyped(key, u"7");
@@ -165,8 +164,7 @@ TEST_F(SiblingTest, TheConditionIsExpanded) {
               ElementsAre(u"Select Top 1 nome From clientes Where codigo = '7' And cidade = 3"));
 }
 
-// --- A description's step
-// -----------------------------------------------------------------------------------
+// --- A description's step -----------------------------------------------------------------------
 
 TEST_F(SiblingTest, ADescriptionFillsItsKeyWhichLooksUpAndTellsButDoesNotWriteBack) {
   const auto cidade = AddOutro(key, u"cidade");
@@ -229,8 +227,7 @@ TEST_F(SiblingTest, AKeyIsNotFiltered) {
               ElementsAre(u"Select Top 1 nome From clientes Where codigo = '7'"));
 }
 
-// --- Rings
-// ----------------------------------------------------------------------------------------------
+// --- Rings --------------------------------------------------------------------------------------
 
 TEST_F(SiblingTest, ARingOfSiblingsEnds) {
   (*key)->TipoControle(TipoControle::Descricao);  // both hand on
@@ -260,8 +257,7 @@ TEST_F(SiblingTest, AControlThatIsItsOwnSiblingByARoundaboutWayEnds) {
   EXPECT_THAT((*third)->Value(), IsValue(u"7"));
 }
 
-// --- AtualizaIrmao
-// -------------------------------------------------------------------------------------------
+// --- AtualizaIrmao ------------------------------------------------------------------------------
 
 TEST_F(SiblingTest, AtualizaIrmaoFillsTheSiblingWithoutATypedKey) {
   (*key)->Value(u"7");
@@ -337,8 +333,7 @@ TEST_F(SiblingTest, AnErrorBehindTheAssignmentLeavesTheSiblingWritten) {
   EXPECT_THAT((*description)->Value(), IsValue(u"Ana"));
 }
 
-// --- DisparaEventos
-// --------------------------------------------------------------------------------------------
+// --- DisparaEventos -----------------------------------------------------------------------------
 
 TEST_F(SiblingTest, DisparaEventosKnowsOneNameExactly) {
   (*key)->LastValue(u"antes");
@@ -364,8 +359,7 @@ TEST_F(SiblingTest, AnErrorOfAHandlerOfDisparaEventosSurfaces) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// --- The guards
-// ------------------------------------------------------------------------------------------------
+// --- The guards ---------------------------------------------------------------------------------
 
 TEST_F(SiblingTest, AControlIsNotItsOwnSiblingInAnyCase) {
   for (const char16_t* own : {u"txtCodigo", u"TXTCODIGO", u"txtcodigo"}) {

@@ -58,8 +58,7 @@ class ValidationTest : public ControlTest {
   FieldPtr field, other;
 };
 
-// --- Own button and cancel
-// ---------------------------------------------------------------------------
+// --- Own button and cancel ----------------------------------------------------------------------
 
 TEST_F(ValidationTest, TheOwnButtonIsNoLeavingAndNoSuccess) {
   Control().TipoControle(TipoControle::Calendario);
@@ -92,8 +91,7 @@ TEST_F(ValidationTest, TheCancellingControlSkipsEverythingAndKeepsTheStatus) {
   EXPECT_EQ(app.Boxes().size(), 1u);
 }
 
-// --- Required fields
-// ---------------------------------------------------------------------------------
+// --- Required fields ----------------------------------------------------------------------------
 
 TEST_F(ValidationTest, ARequiredBlankIsRefusedToACommandButton) {
   RequireText(u"", u"  ");
@@ -165,8 +163,7 @@ TEST_F(ValidationTest, WhatCountsAsBlank) {
   }
 }
 
-// --- Dates
-// ------------------------------------------------------------------------------------------
+// --- Dates --------------------------------------------------------------------------------------
 
 struct DateRow {
   const char16_t* Mask;
@@ -233,8 +230,7 @@ TEST_F(ValidationTest, ARequiredEmptyDateIsRefusedInTheGeneralWords) {
   ExpectRefusal(u"Código: Não Pode Ser Branco, Verifique Por Favor");
 }
 
-// --- The focus comes back
-// ------------------------------------------------------------------------------
+// --- The focus comes back -----------------------------------------------------------------------
 
 TEST_F(ValidationTest, TwoFailingFieldsDoNotFightForTheFocus) {
   Control().Mascara(u"dd/mm/yyyy");
@@ -257,8 +253,7 @@ TEST_F(ValidationTest, AHiddenFieldDoesNotTakeTheFocusBack) {
   ExpectAllSelected();
 }
 
-// --- The relation
-// ----------------------------------------------------------------------------------------
+// --- The relation -------------------------------------------------------------------------------
 
 class RelationTest : public ValidationTest {
  protected:
@@ -419,8 +414,7 @@ TEST_F(RelationTest, ARefusedStatementLeavesTheFieldInvalid) {
   EXPECT_EQ(field->txtEdit().Text(), u"15");
 }
 
-// --- Errors
-// ---------------------------------------------------------------------------------------------
+// --- Errors -------------------------------------------------------------------------------------
 
 /// A control whose value fails a number of times before it can be read.
 void AddFailing(memory::Form& form, int failures) {
@@ -458,8 +452,7 @@ TEST_F(RelationTest, FromOutsideTheFieldTheFirstErrorOfARuleIsTheCallers) {
   EXPECT_HOST_ERROR(Control().Valida(), 91);
 }
 
-// --- The relation alone
-// -----------------------------------------------------------------------------------
+// --- The relation alone -------------------------------------------------------------------------
 
 TEST_F(RelationTest, TheCheckAloneTellsNothingAndTouchesNothing) {
   Control().Browse()->BrwWhere(u"ativo = 1");

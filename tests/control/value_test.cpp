@@ -24,8 +24,7 @@ struct Conversion {
   Variant Result;
 };
 
-// --- Not bound
-// ---------------------------------------------------------------------------------------
+// --- Not bound ----------------------------------------------------------------------------------
 
 class UnboundValueTest : public ControlTest {
  protected:
@@ -204,8 +203,7 @@ TEST_F(UnboundValueTest, AnAssignmentMayComeFromItsOwnMember) {
   EXPECT_THAT((*field)->Value(), IsValue(u"antes"));
 }
 
-// --- Bound
-// --------------------------------------------------------------------------------------------
+// --- Bound --------------------------------------------------------------------------------------
 
 class BoundValueTest : public ControlTest {
  protected:
@@ -304,6 +302,7 @@ TEST_F(BoundValueTest, DateFields) {
                       {dateMask, u"25/12/2017", christmas},
                       {dateMask, u"25122017", christmas},
                       {dateMask, u"_25/12/2017_", christmas},  // only the fill goes
+                      {u"mm/yyyy", u"12/2017", FromCivil({2017, 12, 1})},
                       {u"", christmas, christmas},
                   });
     }
@@ -426,8 +425,7 @@ TEST_F(BoundValueTest, AnAssignmentFromAProgramLeavesOriginalValueAlone) {
   EXPECT_THAT(Control().OriginalValue(), IsValue(u"da linha"));
 }
 
-// --- The later steps
-// --------------------------------------------------------------------------------
+// --- The later steps ----------------------------------------------------------------------------
 
 class LaterStepsTest : public ControlTest {
  protected:
@@ -461,8 +459,7 @@ TEST_F(LaterStepsTest, AnAssignmentFromAProgramFetchesNoDescription) {
   EXPECT_THAT(connection->Statements(), IsEmpty());
 }
 
-// --- A real table
-// ------------------------------------------------------------------------------------
+// --- A real table -------------------------------------------------------------------------------
 
 class TableValueTest : public ControlTest {
  protected:
