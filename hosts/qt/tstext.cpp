@@ -51,6 +51,11 @@ TsText::TsText(QWidget* parent) : QWidget(parent) {
     const tsText& c = parts_->control;
     return MaskInUse{c.Mascara(), c.ItensMascara(), c.PromptChar()};
   };
+  // Also for a kind that was assigned past this widget's own properties.
+  connect(this, &TsText::propertyChanged, this, [this](const QString& name) {
+    if (name == QLatin1String("TipoControle"))
+      parts_->browseButton->setKind(parts_->control.TipoControle());
+  });
   connectKeys();
   write([](tsText& c) { c.UserControl_InitProperties(); });
 }

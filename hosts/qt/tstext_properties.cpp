@@ -101,7 +101,6 @@ TsText::TipoControle TsText::tipoControle() const {
 
 void TsText::setTipoControle(TipoControle v) {
   write([&](tsText& c) { c.TipoControle(static_cast<tessaria::TipoControle>(v)); });
-  parts_->browseButton->setKind(static_cast<tessaria::TipoControle>(v));
 }
 
 QVariant TsText::value() const {

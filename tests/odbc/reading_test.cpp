@@ -108,6 +108,35 @@ TEST_F(ReadingTest, ErrorInALaterRowIsRaisedWhereItIsMet) {
   EXPECT_SAME(Scalar(u"select 1"), Long{1});
 }
 
+TEST_F(ReadingTest, AListReadsOnWithoutMovingTheRow) {
+  const auto rows = Read(u"select * from t order by codigo");
+  const Long first = rows->RowsRead();
+  EXPECT_LT(first, kRows);
+  EXPECT_FALSE(rows->Complete());
+  EXPECT_TRUE(rows->FetchMore(3000));
+  EXPECT_GE(rows->RowsRead(), first + 3000);
+  EXPECT_EQ(rows->AbsolutePosition(), 1);
+  EXPECT_SAME(rows->ValueAt(first + 3000, 0), first + 3000);
+  while (rows->FetchMore(kRows)) continue;
+  EXPECT_TRUE(rows->Complete());
+  EXPECT_EQ(rows->RowsRead(), kRows);
+  rows->Sort(u"codigo desc");
+  EXPECT_SAME(rows->ValueAt(1, 0), kRows);
+  EXPECT_FALSE(rows->FetchMore(1));
+}
+
+TEST_F(ReadingTest, AListThatStopsShortOfAnErrorIsNeverComplete) {
+  const auto rows = Read(u"select n, 1 / (15000 - n) from generate_series(1, 20000) n");
+  const auto readAll = [&] {
+    while (rows->FetchMore(1000)) continue;
+  };
+  EXPECT_HOST_ERROR(readAll(), errors::ValueRefused);
+  EXPECT_HOST_ERROR(rows->FetchMore(1000), errors::ValueRefused);
+  EXPECT_FALSE(rows->Complete());
+  EXPECT_LT(rows->RowsRead(), 15000);
+  EXPECT_SAME(rows->ValueAt(rows->RowsRead(), 0), rows->RowsRead());
+}
+
 TEST_F(ReadingTest, ErrorInALaterRowDoesNotDisturbAnotherStatement) {
   connection_->BeginTrans();
   Run(u"delete from t where codigo = 1");

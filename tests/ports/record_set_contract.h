@@ -217,6 +217,30 @@ TEST_P(RecordSetContract, AnEmptySetStandsAtBothEnds) {
   EXPECT_EQ(ErrorOf([&] { Nome(rows); }), errors::NoCurrentRecord);
 }
 
+TEST_P(RecordSetContract, AListReadsValuesOfAnyRowWithoutMoving) {
+  const auto rows = Writable();
+  rows->MoveNext();
+  while (rows->FetchMore(1)) continue;
+  EXPECT_TRUE(rows->Complete());
+  EXPECT_EQ(rows->RowsRead(), 3);
+  const char16_t* const names[] = {u"Ana", u"Bruno", u"Carla"};
+  for (Long i = 0; i < 3; ++i) EXPECT_EQ(CStr(rows->ValueAt(i + 1, 1)), names[i]);
+  EXPECT_EQ(rows->AbsolutePosition(), 2);
+  EXPECT_EQ(ErrorOf([&] { rows->ValueAt(0, 1); }), errors::NoCurrentRecord);
+  EXPECT_EQ(ErrorOf([&] { rows->ValueAt(4, 1); }), errors::NoCurrentRecord);
+  EXPECT_EQ(ErrorOf([&] { rows->ValueAt(1, 4); }), errors::ItemNotFound);
+  EXPECT_EQ(ErrorOf([&] { rows->ValueAt(1, -1); }), errors::ItemNotFound);
+}
+
+TEST_P(RecordSetContract, AListSeesTheOrderOfTheRowsAndNoPendingEdit) {
+  const auto rows = Writable();
+  rows->Sort(u"Nome DESC");
+  Field(rows, u"Nome")->Value(u"Zilda");
+  EXPECT_EQ(CStr(rows->ValueAt(1, 1)), u"Carla");
+  EXPECT_EQ(CStr(rows->ValueAt(3, 1)), u"Ana");
+  rows->CancelUpdate();
+}
+
 // --- Find and Sort ----------------------------------------------------------------------------
 
 TEST_P(RecordSetContract, FindSeeksForwardFromTheCurrentRow) {

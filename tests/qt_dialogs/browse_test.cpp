@@ -1,6 +1,8 @@
 // The list of a lookup, worked by keyboard and by mouse.
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -41,6 +43,19 @@ TEST_F(BrowseWindow, ShowsWhatTheDefinitionSays) {
     EXPECT_EQ(cell(w, 1, 4), QStringLiteral("98.765,00"));
     EXPECT_EQ(view(w).columnWidth(1), 3600 / 15);
     EXPECT_EQ(view(w).accessibleName(), QStringLiteral("Registros"));
+    press(w, Qt::Key_Escape);
+  });
+}
+
+TEST_F(BrowseWindow, OpensWideEnoughForItsColumnsAndNoWiderThanTheScreen) {
+  look([](QDialog& w) {
+    EXPECT_FALSE(view(w).horizontalScrollBar()->isVisible());
+    press(w, Qt::Key_Escape);
+  });
+  columns_.Item(2)->Width(30000);
+  look([](QDialog& w) {
+    EXPECT_TRUE(view(w).horizontalScrollBar()->isVisible());
+    EXPECT_LE(w.frameGeometry().width(), w.screen()->availableGeometry().width());
     press(w, Qt::Key_Escape);
   });
 }

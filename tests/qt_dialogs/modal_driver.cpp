@@ -45,6 +45,8 @@ void ModalDriver::look() {
   expected_.pop_front();
   const QPointer<QDialog> outer = worked_;
   worked_ = window;
+  (void)QTest::qWaitForWindowActive(window);
+  settleEvents();
   script(*window);
   worked_ = outer;
   if (window && window->isVisible()) {

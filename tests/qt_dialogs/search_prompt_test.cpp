@@ -92,6 +92,7 @@ TEST_F(SearchPromptWindow, ADateIsTypedUnderItsMaskAndHasItsCalendar) {
   EXPECT_EQ(ask(search,
                 [](QDialog& w) {
                   picture(w, QStringLiteral("pesquisa_data"));
+                  EXPECT_FALSE(field(w).findChild<QAbstractButton*>()->icon().isNull());
                   strike(w, QStringLiteral("31122016"));
                   press(w, Qt::Key_Return);
                 }),

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "hosts/qt/text.h"
@@ -42,7 +43,11 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
   horizontalHeader()->setSectionsClickable(true);
   horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+QSize GridView::sizeHint() const {
+  const int around = 2 * frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  return {horizontalHeader()->length() + around, QTableView::sizeHint().height()};
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
@@ -171,6 +176,12 @@ void DataGridItem::ShowCurrentRow() {
   const QModelIndex current = pane_.model().index(row, column);
   pane_.view().setCurrentIndex(current);
   if (current.isValid()) pane_.view().scrollTo(current);
+}
+
+void DataGridItem::aboutToShow() {
+  pane_.view().updateGeometry();
+  pane_.updateGeometry();
+  ShowCurrentRow();
 }
 
 /// An arrow on the header tells which column the rows are ordered by.

@@ -18,6 +18,8 @@ class GridView final : public QTableView {
  public:
   explicit GridView(QWidget* parent);
   void keyboardSearch(const QString&) override {}
+  /// Wide enough for all columns.
+  QSize sizeHint() const override;
 
  signals:
   void endWanted(bool last);
@@ -53,7 +55,7 @@ class DataGridItem final : public DialogItemOf<host::DataGrid> {
   Long ColumnCount() const override { return static_cast<Long>(columns_.size()); }
   host::GridColumn& Column(Long position) override;
   void ShowCurrentRow() override;
-  void aboutToShow() override { ShowCurrentRow(); }
+  void aboutToShow() override;
 
  private:
   class FieldColumn;

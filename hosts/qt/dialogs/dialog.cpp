@@ -108,6 +108,7 @@ void Dialog::ShowModal() {
   if (window_->isRunning()) throw HostError(kAlreadyShown, u"O formulário já está sendo exibido.");
   const auto alive = shared_from_this();
   for (const Entry& entry : entries_) gate_.enter([&] { entry.item->aboutToShow(); });
+  if (!wasShown_ && !width_.holds) window_->widenToHint();
   keys_.watchAll();
   window_->run([this] { shown(); });
 }

@@ -13,9 +13,14 @@
 namespace tessaria::qt {
 namespace {
 
+/// While one dialog follows another no window may be active yet: then it is the former owner.
 QWidget* windowInFront() {
+  static thread_local QPointer<QWidget> former;
   QWidget* front = QApplication::activeModalWidget();
-  return front ? front : QApplication::activeWindow();
+  if (!front) front = QApplication::activeWindow();
+  if (!front && former && former->isVisible()) front = former;
+  former = front;
+  return front;
 }
 
 /// The place between `least` and `most`; `least` when there is no room.
@@ -35,6 +40,7 @@ void DialogWindow::run(const std::function<void()>& shown) {
   follow(owner);
   keepOnScreen(owner);
   show();
+  keepOnScreen(owner);  // its frame is known now
   shown();
   waitUntilHidden();
   if (owner) {
@@ -44,6 +50,11 @@ void DialogWindow::run(const std::function<void()>& shown) {
   // Not every window system gives the focus back by itself.
   if (owner && owner->isVisible()) owner->activateWindow();
   running_ = false;
+}
+
+void DialogWindow::widenToHint() {
+  layout()->invalidate();
+  resize(std::max(width(), layout()->totalSizeHint().width()), height());
 }
 
 void DialogWindow::follow(QWidget* owner) {
@@ -73,7 +84,7 @@ void DialogWindow::keepOnScreen(const QWidget* owner) {
   const QScreen* screen = QGuiApplication::screenAt(place);
   if (!screen) screen = owner ? owner->screen() : QWidget::screen();
   const QRect room = screen->availableGeometry();
-  resize(size().boundedTo(room.size()));
+  resize(size().boundedTo(room.size() - (frameGeometry().size() - size())));
   move(within(place.x(), room.left(), room.right() + 1 - frameGeometry().width()),
        within(place.y(), room.top(), room.bottom() + 1 - frameGeometry().height()));
 }

@@ -20,6 +20,8 @@ class DialogWindow final : public QDialog {
 
   /// Shows the window over the active one, calls `shown`, and returns when it is hidden.
   void run(const std::function<void()>& shown);
+  /// Makes room for all that the widgets would like to show.
+  void widenToHint();
   bool isRunning() const { return running_; }
 
  signals:

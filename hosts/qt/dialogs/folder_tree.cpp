@@ -87,9 +87,10 @@ void FolderTree::reveal(const QString& path) {
     folder = child(folder, name);
     folder->parent()->setExpanded(true);
   }
-  folder->setExpanded(true);
+  fill(folder);
+  folder->setExpanded(folder->childCount() > 0);
   setCurrentItem(folder);
-  scrollToItem(folder);
+  scrollToItem(folder, PositionAtCenter);
 }
 
 // --- The operator -------------------------------------------------------------------------------

@@ -94,12 +94,14 @@ QString RecordModel::text(const QModelIndex& index) const {
   }
 }
 
+QVariant RecordModel::alignment(int column) const {
+  const bool number = EhTipoDeCampoNumerico(columns_[std::size_t(column)].type);
+  return QVariant::fromValue((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
 QVariant RecordModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || !isOpen()) return {};
-  if (role == Qt::TextAlignmentRole) {
-    const bool number = EhTipoDeCampoNumerico(columns_[std::size_t(index.column())].type);
-    return QVariant::fromValue((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-  }
+  if (role == Qt::TextAlignmentRole) return alignment(index.column());
   if (role != Qt::DisplayRole) return {};
   try {
     return text(index);
@@ -109,8 +111,9 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant RecordModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  return section < int(columns_.size()) ? QVariant(caption(section)) : QVariant();
+  if (orientation != Qt::Horizontal || section >= columnCount()) return {};
+  if (role == Qt::TextAlignmentRole) return alignment(section);
+  return role == Qt::DisplayRole ? QVariant(caption(section)) : QVariant();
 }
 
 bool RecordModel::canFetchMore(const QModelIndex& parent) const {

@@ -49,6 +49,7 @@ class RecordModel final : public QAbstractTableModel {
   };
   bool isOpen() const;
   QString text(const QModelIndex& index) const;
+  QVariant alignment(int column) const;
 
   host::RecordsetPtr rows_;
   std::vector<Column> columns_;

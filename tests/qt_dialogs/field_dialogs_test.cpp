@@ -1,0 +1,132 @@
+// The dialogs as a field opens them: by its button and by PageDown, below it, and back.
+#include <QAbstractButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "hosts/memory/connection.h"
+#include "hosts/qt/metatypes.h"
+#include "tests/qt_dialogs/dialog_fixture.h"
+
+namespace tessaria::qt::tests {
+namespace {
+
+class FieldDialogs : public DialogFixture {
+ protected:
+  FieldDialogs() {
+    owner_->setProperty("dbForm", QVariant::fromValue<host::ConnectionPtr>(connection_));
+    owner_->move(100, 80);
+    settleEvents();
+  }
+  ~FieldDialogs() override { State().dbConexao = nullptr; }
+
+  QAbstractButton& button() { return *field_->findChild<QAbstractButton*>(); }
+  void open(const char* name, ModalDriver::Script script) {
+    driver_.willShow(QLatin1String(name), std::move(script));
+  }
+  /// Below the field, and on the screen.
+  void expectBelow(const QDialog& window) {
+    const QPoint below = field_->mapToGlobal(QPoint(0, field_->height()));
+    EXPECT_GE(window.frameGeometry().top(), below.y());
+    EXPECT_LE(window.frameGeometry().top(), below.y() + 100);
+    EXPECT_NEAR(window.frameGeometry().left(), below.x(), 30);
+  }
+
+  std::shared_ptr<memory::Connection> connection_ = memory::Connection::CreateOpen();
+};
+
+TEST_F(FieldDialogs, TheCalculatorComesByButtonAndByPageDown) {
+  field_->setTipoControle(TsText::Calculadora);
+  field_->setTipoDado(5);
+  field_->setMascara(QStringLiteral("$$$$$$$.$$"));
+  open("frmCalculadora", [this](QDialog& w) {
+    expectBelow(w);
+    strike(w, QStringLiteral("12,5*2="));
+  });
+  click(button());
+  EXPECT_EQ(field_->text(), QStringLiteral("25,00"));
+  open("frmCalculadora", [](QDialog& w) { strike(w, QStringLiteral("+1=")); });
+  press(*owner_, Qt::Key_PageDown);
+  EXPECT_EQ(field_->text(), QStringLiteral("26,00"));
+}
+
+TEST_F(FieldDialogs, TheCalendarComesByButtonAndByPageDown) {
+  field_->setTipoControle(TsText::Calendario);
+  field_->setTipoDado(7);
+  field_->setMascara(QStringLiteral("dd/mm/yyyy"));
+  field_->setValue(QStringLiteral("31/12/2016"));
+  open("frmCalendario", [this](QDialog& w) {
+    expectBelow(w);
+    press(w, Qt::Key_Left);
+    press(w, Qt::Key_Return);
+  });
+  press(*owner_, Qt::Key_PageDown);
+  EXPECT_EQ(field_->text(), QStringLiteral("30/12/2016"));
+}
+
+TEST_F(FieldDialogs, TheFolderPickerComesByButtonAndByPageDown) {
+  const QTemporaryDir folder;
+  QFile file(folder.filePath(QStringLiteral("nota.txt")));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  field_->setTipoControle(TsText::Diretorio);
+  field_->setDirVerArquivos(true);
+  field_->setValue(file.fileName());
+  open("frmDiretorio", [this](QDialog& w) {
+    expectBelow(w);
+    press(w, Qt::Key_Return);
+  });
+  press(*owner_, Qt::Key_PageDown);
+  EXPECT_EQ(field_->text(), file.fileName());
+}
+
+TEST_F(FieldDialogs, TheListComesByButtonAndByPageDown) {
+  connection_->OnStatement = [](const String&) -> memory::Rows {
+    return {{{u"codigo", host::type::Integer}, {u"nome"}}, {{Long{1}, u"Ana"}, {Long{2}, u"Bia"}}};
+  };
+  field_->setTipoControle(TsText::Browse);
+  field_->setBrowseTable(QStringLiteral("clientes"));
+  field_->setBrwCampo(QStringLiteral("codigo"));
+  field_->setTipoDado(2);
+  field_->refresh();
+  open("frmBrowse", [this](QDialog& w) {
+    expectBelow(w);
+    press(w, Qt::Key_Down);
+    press(w, Qt::Key_Return);
+  });
+  click(button());
+  EXPECT_EQ(field_->text(), QStringLiteral("2"));
+}
+
+TEST_F(FieldDialogs, TheFormMayBeDestroyedUnderEachOfThem) {
+  const struct {
+    TsText::TipoControle kind;
+    const char* dialog;
+  } kDialogs[] = {{TsText::Calculadora, "frmCalculadora"},
+                  {TsText::Calendario, "frmCalendario"},
+                  {TsText::Diretorio, "frmDiretorio"},
+                  {TsText::Browse, "frmBrowse"}};
+  connection_->OnStatement = [](const String&) -> memory::Rows {
+    return {{{u"codigo", host::type::Integer}}, {{Long{1}}}};
+  };
+  for (const auto& dialog : kDialogs) {
+    auto window = std::make_unique<QWidget>();
+    window->setProperty("dbForm", QVariant::fromValue<host::ConnectionPtr>(connection_));
+    auto* field = new TsText(window.get());
+    field->setObjectName(QStringLiteral("txtOutro"));
+    field->setTipoControle(dialog.kind);
+    field->setBrowseTable(QStringLiteral("t"));
+    field->setBrwCampo(QStringLiteral("codigo"));
+    showActive(*window);
+    field->setFocus();
+    settleEvents();
+    open(dialog.dialog, [&](QDialog& w) {
+      window.reset();
+      EXPECT_FALSE(w.isVisible());
+    });
+    press(*window, Qt::Key_PageDown);
+    EXPECT_FALSE(window) << dialog.dialog;
+  }
+  EXPECT_TRUE(boxes_.boxes().empty());
+}
+
+}  // namespace
+}  // namespace tessaria::qt::tests
