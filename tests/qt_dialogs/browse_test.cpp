@@ -163,6 +163,19 @@ TEST_F(BrowseWindow, AClickOnAHeaderSortsAndTheHeaderSaysSo) {
   });
 }
 
+TEST_F(BrowseWindow, TabGoesRoundItsWidgets) {
+  addSearch(0, u"Nome");
+  look([](QDialog& w) {
+    QWidget* const round[] = {&at(w, QStringLiteral("btnConfirmar")),
+                              &at(w, QStringLiteral("btnVoltar")), &searchButton(w), &view(w)};
+    for (QWidget* next : round) {
+      QTest::keyClick(w.focusWidget(), Qt::Key_Tab);
+      EXPECT_EQ(w.focusWidget(), next);
+    }
+    press(w, Qt::Key_Escape);
+  });
+}
+
 TEST_F(BrowseWindow, GrowsWithItsWindowAndKeepsItsButtonsInSight) {
   look([](QDialog& w) {
     const QSize before = view(w).size();

@@ -234,6 +234,23 @@ TEST_F(FolderPicker, AFolderThatCannotBeReadSaysWhyAndCannotBeChosen) {
   });
   QFile::setPermissions(in("Vendas/2015"), QFile::Permissions(0x7700));
 }
+
+TEST_F(FolderPicker, AFolderBelowOneThatCannotBeListedIsShown) {
+  QFile::setPermissions(root(), QFile::Permissions(0x7755));
+  QFile::setPermissions(in("Vendas"), QFile::Permissions(0x7711));
+  const Unprivileged nobody;
+  pick(Folders, in("Vendas/2016"), [this](QDialog& w) {
+    EXPECT_EQ(tree(w).path(), in("Vendas/2016"));
+    EXPECT_EQ(tree(w).currentItem()->text(0), QStringLiteral("2016"));
+    EXPECT_FALSE(tree(w).currentItem()->isDisabled());
+    press(w, Qt::Key_Up);
+    settleEvents();
+    EXPECT_EQ(boxes_.takeTexts(),
+              QStringList{QStringLiteral("Sem permissão para ler a pasta %1.").arg(in("Vendas"))});
+    EXPECT_EQ(tree(w).currentItem()->text(0), QStringLiteral("2016"));
+    press(w, Qt::Key_Escape);
+  });
+}
 #endif
 
 // --- Hidden folders -----------------------------------------------------------------------------

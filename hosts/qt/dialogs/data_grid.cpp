@@ -205,9 +205,11 @@ void DataGridItem::rowChosen(int row) {
 }
 
 void DataGridItem::headClicked(int column) {
-  const Busy busy;
-  Long position = column;
-  gate().raise(OnHeadClick, position);
+  gate().enter([&] {
+    const Busy busy;
+    Long position = column;
+    callSlot(OnHeadClick, position);
+  });
 }
 
 void DataGridItem::goToEnd(bool last) {

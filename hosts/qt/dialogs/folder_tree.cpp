@@ -58,12 +58,15 @@ QTreeWidgetItem* FolderTree::add(QTreeWidgetItem* parent, const QString& name) {
   return folder;
 }
 
-/// A hidden folder that the path leads through is shown all the same.
+/// A folder that the path leads through is shown though it is hidden, or its parent refuses to be
+/// listed.
 QTreeWidgetItem* FolderTree::child(QTreeWidgetItem* parent, const QString& name) {
   fill(parent);
   const QString path = below(pathOf(parent), name);
   for (int i = 0; i < parent->childCount(); ++i)
     if (pathOf(parent->child(i)) == path) return parent->child(i);
+  parent->setDisabled(false);
+  parent->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
   return add(parent, name);
 }
 

@@ -17,6 +17,7 @@ void layOutGridForm(QDialog& window) {
   QFont font = window.font();
   font.setBold(true);
   title->setFont(font);
+  title->setWordWrap(true);
   auto* bar = part<DialogToolBar>(window, "barBrowse");
   bar->keysOf = &frmBrowse::TeclasDoMenu;
   auto* head = new QHBoxLayout;
