@@ -35,6 +35,8 @@ Options readOptions(const QStringList& arguments) {
     std::fputs(qPrintable(parser.helpText()), stdout);
     std::exit(EXIT_SUCCESS);
   }
+  if (parser.isSet(play) && parser.value(play).isEmpty())
+    throw Failure(QStringLiteral("Falta a pasta das telas de --play."));
   if (parser.isSet(play) && (parser.isSet(connection) || parser.isSet(data)))
     throw Failure(
         QStringLiteral("A sessão de --play usa um banco de dados próprio e temporário: não a "

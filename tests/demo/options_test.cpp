@@ -34,6 +34,7 @@ TEST(Options, ThatCannotBeReadAreRefused) {
   using testing::HasSubstr;
   EXPECT_THAT(refusalOf({"--dta", "x"}), HasSubstr("Opção desconhecida"));
   EXPECT_THAT(refusalOf({"--data"}), HasSubstr("incompleta"));
+  EXPECT_THAT(refusalOf({"--play", ""}), HasSubstr("Falta a pasta"));
   EXPECT_THAT(refusalOf({"lixo"}), HasSubstr("--connection"));
   EXPECT_THAT(refusalOf({"--play", "p", "--connection", "DSN=a"}), HasSubstr("não a combine"));
 }

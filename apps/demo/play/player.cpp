@@ -173,7 +173,7 @@ void Player::fail(const QString& what) {
 /// Runs inside the box's own event loop.
 void Player::answerBox() {
   const QPointer<QMessageBox> box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-  if (!box || box == met_ || !box->isVisible()) return;
+  if (!box || box == met_ || !box->isActiveWindow()) return;
   met_ = box;
   meet(*box);
   const QString answer = expected_ ? expected_->answer : QStringLiteral("Return");
