@@ -9,14 +9,16 @@ std::shared_ptr<tessaria::Browse> tsText::Browse() const {
   return m_.Browse;
 }
 
-void tsText::Browse(std::shared_ptr<tessaria::Browse> v) { Store(m_.Browse, v, u"Browse"); }
+void tsText::Browse(const std::shared_ptr<tessaria::Browse>& v) { Store(m_.Browse, v, u"Browse"); }
 
 std::shared_ptr<tessaria::Pesquisa> tsText::Pesquisa() const {
   if (!m_.Pesquisa) m_.Pesquisa = std::make_shared<tessaria::Pesquisa>();
   return m_.Pesquisa;
 }
 
-void tsText::Pesquisa(std::shared_ptr<tessaria::Pesquisa> v) { Store(m_.Pesquisa, v, u"Pesquisa"); }
+void tsText::Pesquisa(const std::shared_ptr<tessaria::Pesquisa>& v) {
+  Store(m_.Pesquisa, v, u"Pesquisa");
+}
 
 // The eight texts of the lookup: the control's own wins over the definition's.
 #define TESSARIA_LOOKUP_TEXT(name)                                                     \

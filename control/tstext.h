@@ -184,7 +184,7 @@ class tsText final : public _tsText, private MaskedField {
 
   /// The lookup's definition; created on first need, never nothing.
   std::shared_ptr<tessaria::Browse> Browse() const;
-  void Browse(std::shared_ptr<tessaria::Browse> v);
+  void Browse(const std::shared_ptr<tessaria::Browse>& v);
   /// The eight texts of the lookup: the control's own when not empty, otherwise the definition's.
   /// Assigning sets both.
   String BrwTitulo() const;
@@ -205,7 +205,7 @@ class tsText final : public _tsText, private MaskedField {
   void BrwWhere(const String& v);
   /// The searches of the lookup's grid; created on first need.
   std::shared_ptr<tessaria::Pesquisa> Pesquisa() const;
-  void Pesquisa(std::shared_ptr<tessaria::Pesquisa> v);
+  void Pesquisa(const std::shared_ptr<tessaria::Pesquisa>& v);
   /// The older text form of the searches: one field per search, each closed by character 3.
   String PesqCaption() const { return m_.PesqCaption; }
   void PesqCaption(const String& v) { Store(m_.PesqCaption, v, u"PesqCaption"); }

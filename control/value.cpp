@@ -23,7 +23,8 @@ const Variant kZero{Integer{0}};
 }  // namespace
 
 void tsText::Value(const Variant& argument) {
-  const Variant v = argument;  // the argument may be a member that the steps change
+  // The argument may be a member that the steps change.
+  const Variant v = argument;  // NOLINT(performance-unnecessary-copy-initialization)
   Variant w;
   if (m_.bCampoConectado)
     AssignBound(v, w);

@@ -38,6 +38,13 @@ void typeCharacter(QWidget* target, QChar c) {
                       modifiers);
 }
 
+/// What a label or a status bar shows.
+QString textOn(const QWidget* widget) {
+  if (const auto* label = qobject_cast<const QLabel*>(widget)) return label->text();
+  const auto* bar = qobject_cast<const QStatusBar*>(widget);
+  return bar ? bar->currentMessage() : QString();
+}
+
 /// A window's title bar is the window system's, and no part of what the window draws.
 void drawTitle(QPainter& painter, const QRect& place, const QString& title) {
   const QPalette palette = QApplication::palette();
@@ -73,7 +80,7 @@ void Player::step(Action&& action) {
   if (!isPlaying()) return;
   action();
   waitForRest();
-  if (!expected_ || !isPlaying()) return;
+  if (sees([this] { return !expected_; }) || !isPlaying()) return;
   fail(QStringLiteral("A caixa \"%1\" não apareceu.").arg(expected_->text));
   expected_.reset();
 }
@@ -134,27 +141,33 @@ void Player::expectBox(const QString& text, const QString& picture, const QStrin
   expected_ = ExpectedBox{text, picture, answer};
 }
 
+/// An operator looks until it is there; a slow machine takes its time.
+bool Player::sees(const std::function<bool()>& condition) const {
+  return QTest::qWaitFor([&] { return !isPlaying() || condition(); }) && isPlaying();
+}
+
 void Player::expectFocus(const QString& name) {
-  const QWidget* found = focus();
-  while (found && found->objectName() != name) found = found->parentWidget();
-  expect(found, QStringLiteral("O foco não está em \"%1\", mas em \"%2\".")
-                    .arg(name, focus() ? focus()->objectName() : QString()));
+  const auto holds = [&] {
+    const QWidget* found = focus();
+    while (found && found->objectName() != name) found = found->parentWidget();
+    return found != nullptr;
+  };
+  expect(sees(holds), QStringLiteral("O foco não está em \"%1\", mas em \"%2\".")
+                          .arg(name, focus() ? focus()->objectName() : QString()));
 }
 
 void Player::expectText(const QString& field, const QString& text) {
   const auto* found = window_ ? window_->findChild<qt::TsText*>(field) : nullptr;
-  const QString shown = found ? found->text() : QString();
-  expect(found && shown == text,
-         QStringLiteral("O campo \"%1\" mostra \"%2\", e não \"%3\".").arg(field, shown, text));
+  if (!found) return fail(QStringLiteral("Não há o campo \"%1\".").arg(field));
+  expect(sees([&] { return found->text() == text; }),
+         QStringLiteral("O campo \"%1\" mostra \"%2\", e não \"%3\".")
+             .arg(field, found->text(), text));
 }
 
 void Player::expectShown(const QString& name, const QString& text) {
   const auto* found = window_ ? window_->findChild<QWidget*>(name) : nullptr;
-  const auto* label = qobject_cast<const QLabel*>(found);
-  const auto* bar = qobject_cast<const QStatusBar*>(found);
-  const QString shown = label ? label->text() : bar ? bar->currentMessage() : QString();
-  expect(shown == text,
-         QStringLiteral("\"%1\" mostra \"%2\", e não \"%3\".").arg(name, shown, text));
+  expect(sees([&] { return textOn(found) == text; }),
+         QStringLiteral("\"%1\" mostra \"%2\", e não \"%3\".").arg(name, textOn(found), text));
 }
 
 void Player::expect(bool holds, const QString& what) {

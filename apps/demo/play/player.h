@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QTimer>
 #include <QWidget>
+#include <functional>
 #include <optional>
 
 class QMessageBox;
@@ -61,6 +62,7 @@ class Player final : public QObject {
   template <class Action>
   void step(Action&& action);
   void waitForRest();
+  bool sees(const std::function<bool()>& condition) const;
   void sendKeys(QWidget* target, const QString& keys);
   void answerBox();
   void meet(const QMessageBox& box);
