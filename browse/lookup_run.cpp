@@ -117,7 +117,8 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
   String resultado;
   Trap(u"mdlObjTxt", u"VerBrowse", [&] {
     const Variant antigo = varValor;
-    const String irmao = strCampoIrmao;
+    // The definition may be gone when the list has closed.
+    const String irmao = strCampoIrmao;  // NOLINT(performance-unnecessary-copy-initialization)
     frmBrowse form;
     form.lblTitulo().Caption(strTitulo.empty() ? strTabela : strTitulo);
     PlaceOnScreen(form.Window(), sngTop, sngLeft);

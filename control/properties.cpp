@@ -75,8 +75,7 @@ struct Travel<std::shared_ptr<T>> {
 
 // A generic lambda stands for an overload pair: with no argument it reads, with one it writes.
 #define OF_CONTROL(name) ([](auto& control, auto&&... v) { return control.name(v...); })
-#define OF_MEMBERS(name) \
-  [](Members & m) -> auto& { return m.name; }
+#define OF_MEMBERS(name) ([](Members & m) -> auto& { return m.name; })
 
 template <class T, class Access>
 Variant GetBy(const tsText& control) {
