@@ -9,9 +9,11 @@
 namespace tessaria::odbc {
 namespace {
 
-// Multiples of every block size. The first rows should show at once; the rest should come fast.
-constexpr std::uint32_t kFirstFetch = 1024;
-constexpr std::uint32_t kFurtherFetch = 4096;
+// Rows in one FETCH, a multiple of every block size. The first should show at once, so one FETCH
+// goes alone; the rest should come fast, so several go together and the server prepares one while
+// the driver takes in the one before.
+constexpr std::uint32_t kFetchRows = 2048;
+constexpr std::uint32_t kFurtherFetches = 8;
 
 }  // namespace
 
@@ -40,23 +42,34 @@ void RowStream::OpenCursor(const String& text) {
   ownTransaction_ = !session_.InTransaction();
   if (ownTransaction_) session_.BeginReading();
   session_.Execute(*statement_, u"DECLARE tessaria_rows NO SCROLL CURSOR FOR " + text);
-  Fetch(kFirstFetch);
+  Fetch(1);
 }
 
-void RowStream::Fetch(std::uint32_t rows) {
+void RowStream::Fetch(std::uint32_t times) {
   SQLFreeStmt(statement_->get(), SQL_CLOSE);
-  asked_ = rows;
+  asked_ = times * kFetchRows;
   received_ = 0;
-  session_.Execute(*statement_,
-                   u"FETCH " + FromUtf8(std::to_string(rows)) + u" FROM tessaria_rows");
+  const String fetch = u"FETCH " + FromUtf8(std::to_string(kFetchRows)) + u" FROM tessaria_rows;";
+  String text;
+  for (; times > 0; --times) text += fetch;
+  session_.Execute(*statement_, text);
+}
+
+// The rows of the FETCH sent together with the last one. 0 when there is none left.
+std::uint32_t RowStream::ReadNextFetch(ColumnStore& store) {
+  const SQLRETURN result = SQLMoreResults(statement_->get());
+  if (result == SQL_NO_DATA) return 0;
+  session_.Check(result, *statement_);
+  return reader_->Read(store);
 }
 
 bool RowStream::Read(ColumnStore& store) {
   if (!statement_ || !reader_) return false;
   try {
     std::uint32_t rows = reader_->Read(store);
+    if (rows == 0 && cursor_) rows = ReadNextFetch(store);
     if (rows == 0 && cursor_ && received_ == asked_) {
-      Fetch(kFurtherFetch);
+      Fetch(kFurtherFetches);
       rows = reader_->Read(store);
     }
     received_ += rows;

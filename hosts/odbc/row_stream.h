@@ -30,7 +30,8 @@ class RowStream {
 
  private:
   void OpenCursor(const String& text);
-  void Fetch(std::uint32_t rows);
+  void Fetch(std::uint32_t times);
+  std::uint32_t ReadNextFetch(ColumnStore& store);
   void CloseCursor();
   void Finish();
   void Abandon() noexcept;
@@ -41,7 +42,7 @@ class RowStream {
   std::optional<BlockReader> reader_;
   bool cursor_ = false;
   bool ownTransaction_ = false;
-  std::uint32_t asked_ = 0;     // rows of the present FETCH
+  std::uint32_t asked_ = 0;     // rows of the FETCHes under way
   std::uint32_t received_ = 0;  // of them
 };
 

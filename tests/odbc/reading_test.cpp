@@ -99,13 +99,40 @@ TEST_F(ReadingTest, EffectsOfAQueryStayWhenItIsClosedEarly) {
 }
 
 TEST_F(ReadingTest, ErrorInALaterRowIsRaisedWhereItIsMet) {
-  const auto rows = Read(u"select n, 1 / (15000 - n) from generate_series(1, 20000) n");
-  rows->AbsolutePosition(10000);
-  EXPECT_SAME(Get(rows, 0), Long{10000});
+  const auto rows = Read(u"select n, 1 / (35000 - n) from generate_series(1, 40000) n");
+  rows->AbsolutePosition(15000);
+  EXPECT_SAME(Get(rows, 0), Long{15000});
   EXPECT_HOST_ERROR(rows->RecordCount(), errors::ValueRefused);
   EXPECT_HOST_ERROR(rows->MoveLast(), errors::ValueRefused);
-  EXPECT_SAME(Get(rows, 0), Long{10000});
+  EXPECT_SAME(Get(rows, 0), Long{15000});
   EXPECT_SAME(Scalar(u"select 1"), Long{1});
+}
+
+// The server sends rows in portions; wherever in them the error falls, it is told.
+TEST_F(ReadingTest, ErrorInAnyRowIsTold) {
+  for (const bool inTransaction : {false, true}) {
+    for (const int row : {1, 2048, 2049, 4096, 4097, 9000, 18432, 18433, 20480, 20000, 40000}) {
+      SCOPED_TRACE(row);
+      if (inTransaction) connection_->BeginTrans();
+      const String failing = FromUtf8(std::to_string(row));
+      const auto readAll = [&] {
+        Read(u"select n, 1 / (" + failing + u" - n) from generate_series(1, 40000) n")
+            ->RecordCount();
+      };
+      EXPECT_HOST_ERROR(readAll(), errors::ValueRefused);
+      EXPECT_SAME(Scalar(u"select 1"), Long{1});
+      if (inTransaction) connection_->CommitTrans();
+    }
+  }
+}
+
+TEST_F(ReadingTest, EveryNumberOfRowsIsReadWhole) {
+  for (const Long count : {0, 1, 2047, 2048, 2049, 4095, 4096, 4097, 18431, 18432, 18433, 18434,
+                           34816, 34817, 40000}) {
+    const auto rows =
+        Read(u"select n from generate_series(1, " + FromUtf8(std::to_string(count)) + u") n");
+    EXPECT_EQ(rows->RecordCount(), count);
+  }
 }
 
 TEST_F(ReadingTest, AListReadsOnWithoutMovingTheRow) {
