@@ -123,7 +123,8 @@ void tsText::PickPath() {
 
 Variant tsText::Calculate(frmCalculadora& calculator) {
   const DialogPlace place = PlaceBelow();
-  return calculator.ExecutaCalculadora(place.Top, place.Left, txtEdit_, Trim(Stripped()));
+  return calculator.ExecutaCalculadora(place.Top, place.Left, txtEdit_, Trim(Stripped()),
+                                       m_.Mascara, m_.ItensMascara);
 }
 
 void tsText::CalculateChecked() {

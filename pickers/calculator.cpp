@@ -93,13 +93,18 @@ void frmCalculadora::Unload() { dialog_->Hide(); }
 
 void frmCalculadora::Load() {
   machine_.Load();
-  for (int i = 0; i < kDigitCount; ++i) mdlCorBtn::CorBotao(Digit(i), kBlue);
+  for (int i = 0; i < kDigitCount; ++i) {
+    mdlCorBtn::CorBotao(Digit(i), kBlue);
+    Digit(i).BackColor(dialog_->BackColor());
+  }
   for (int i = 0; i < CalculatorMachine::OperatorCount; ++i)
     mdlCorBtn::CorBotao(OperatorButton(static_cast<Operator>(i)), kRed);
 }
 
 Variant frmCalculadora::ExecutaCalculadora(const Variant& nLi, const Variant& nCi,
-                                           host::TextBox& txtNumero, const String& cTexto) {
+                                           host::TextBox& txtNumero, const String& cTexto,
+                                           const String& /*cMascara*/,
+                                           const String& /*cItensMascara*/) {
   double start = 0;
   const String text = txtNumero.Text();
   if (!text.empty() && (IsNumeric(text) || cTexto.empty())) {

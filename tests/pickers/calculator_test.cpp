@@ -30,7 +30,7 @@ class CalculatorTest : public PickerTest {
     frmCalculadora form;
     box.Text(text);
     desktop->WillShow(u"frmCalculadora", std::move(script));
-    const Variant answer = form.ExecutaCalculadora(100.0f, 200.0f, box, stripped);
+    const Variant answer = form.ExecutaCalculadora(100.0f, 200.0f, box, stripped, u"", u"");
     EXPECT_EQ(answer.Type(), Variant::Kind::String);
     return CStr(answer);
   }
@@ -129,7 +129,7 @@ TEST_F(CalculatorTest, OpensOnTheNumberOfTheBox) {
 TEST_F(CalculatorTest, ABoxOfNothingButFillCharactersIsATypeMismatch) {
   frmCalculadora form;
   box.Text(u"___,__");
-  EXPECT_HOST_ERROR(form.ExecutaCalculadora(0.0f, 0.0f, box, u""), errors::TypeMismatch);
+  EXPECT_HOST_ERROR(form.ExecutaCalculadora(0.0f, 0.0f, box, u"", u"", u""), errors::TypeMismatch);
   EXPECT_THAT(desktop->Shown(), IsEmpty());
 }
 
@@ -177,7 +177,7 @@ TEST_F(CalculatorTest, ItGoesOnWhereItStoodUntilItIsMadeAnew) {
       shown.Type(keys);
       if (shown.IsShown()) shown.Press(Key::Escape);
     });
-    return CStr(form.ExecutaCalculadora(0.0f, 0.0f, box, u""));
+    return CStr(form.ExecutaCalculadora(0.0f, 0.0f, box, u"", u"", u""));
   };
   EXPECT_EQ(run(u"7+2"), u"2");
   EXPECT_EQ(run(u"="), u"7");  // 7 + 0: the display starts over, the sum stands
@@ -295,6 +295,19 @@ TEST_F(CalculatorTest, ResetMovesTheFocusToADigitSoThatTheSecondLayoutIsNext) {
                   shown.Type(u"4=");
                 }),
             u"20");
+}
+
+TEST_F(CalculatorTest, DigitsTakeTheFormsBackColor) {
+  Run(u"", [](memory::Dialog& shown) {
+    auto& digit = shown.Find<host::DialogButton>(u"btnNumero", 5);
+    auto& plus = shown.Find<host::DialogButton>(u"btnOperador", 2);
+    EXPECT_EQ(digit.BackColor(), host::colour::ButtonFace);
+    shown.BackColour = 0x00C0FFFF;
+    shown.Type(u"c");  // the load step runs again
+    EXPECT_EQ(digit.BackColor(), 0x00C0FFFFu);
+    EXPECT_EQ(plus.BackColor(), host::colour::ButtonFace);
+    shown.CloseWindow();
+  });
 }
 
 TEST_F(CalculatorTest, ResetColoursTheButtonsAgain) {

@@ -18,7 +18,7 @@ class CalculatorWindow : public DialogFixture {
     box_.Text(text);
     driver_.willShow(QStringLiteral("frmCalculadora"), std::move(script));
     frmCalculadora form;
-    return toQt(CStr(form.ExecutaCalculadora(600.0f, 600.0f, box_, text)));
+    return toQt(CStr(form.ExecutaCalculadora(600.0f, 600.0f, box_, text, u"", u"")));
   }
   static QString display(QDialog& window) {
     return at<QLineEdit>(window, QStringLiteral("txtVisor")).text();

@@ -317,6 +317,20 @@ TEST_F(DialogWindows, AMnemonicIsThePlatformsUnlessTheButtonHasAColour) {
   EXPECT_THAT(log_, ElementsAre("um", "rd"));
 }
 
+TEST_F(DialogWindows, AButtonHasTheSystemsFaceUntilItTakesAColour) {
+  const auto faceOf = [](QPushButton& button) { return button.palette().color(QPalette::Button); };
+  EXPECT_EQ(button(1).BackColor(), host::colour::ButtonFace);
+  show([&](QDialog& window) {
+    QPushButton& face = buttonOf(window, 1);
+    button(1).BackColor(0x00C0FFFF);
+    EXPECT_EQ(button(1).BackColor(), 0x00C0FFFFu);
+    EXPECT_EQ(faceOf(face), QColor(0xFF, 0xFF, 0xC0));
+    button(1).BackColor(host::colour::ButtonFace);
+    EXPECT_EQ(faceOf(face), QGuiApplication::palette().color(QPalette::Button));
+    window.close();
+  });
+}
+
 TEST_F(DialogWindows, AColouredCaptionSinksByAPixelWithThePressedButton) {
   button(1).TextColour(255);
   show([&](QDialog& window) {

@@ -123,7 +123,7 @@ select
        then pg_temp.sorteio(codigo, 'limite', case when empresa then 1800 else 240 end) * 50
             + pg_temp.escolhe(codigo, 'centavos', array['0', '0', '0', '49.90', '25.50'])::numeric
        else 0 end,
-  1 + pg_temp.sorteio(codigo, 'condição', 8),
+  lpad((1 + pg_temp.sorteio(codigo, 'condição', 8))::text, 2, '0'),
   pg_temp.sorteio(codigo, 'ativo', 20) > 0,
   pg_temp.escolhe(codigo, 'observação', array[
     null, null, null, null, null, null, null, null,
@@ -134,7 +134,8 @@ from (
     codigo,
     codigo % 4 = 0 as empresa,
     case when codigo % 4 = 0 then pg_temp.empresa(codigo) else pg_temp.pessoa(codigo) end as nome,
-    1 + pg_temp.sorteio(codigo, 'cidade', (select count(*)::integer from cidades)) as cidade
+    lpad((1 + pg_temp.sorteio(codigo, 'cidade', (select count(*)::integer from cidades)))::text,
+         5, '0') as cidade
   from generate_series(1, 400) as codigo
 ) as sorteados
 join (select codigo as cidade, uf, ddd, cep as primeiro_cep from cidades) as cidades using (cidade)

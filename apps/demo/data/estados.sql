@@ -1,4 +1,4 @@
--- The 27 states and their capitals.
+-- The 27 states and their capitals; EX stands for abroad.
 insert into estados (uf, nome, capital) values
   ('AC', 'Acre', 'Rio Branco'),
   ('AL', 'Alagoas', 'Maceió'),
@@ -26,4 +26,5 @@ insert into estados (uf, nome, capital) values
   ('SC', 'Santa Catarina', 'Florianópolis'),
   ('SE', 'Sergipe', 'Aracaju'),
   ('SP', 'São Paulo', 'São Paulo'),
-  ('TO', 'Tocantins', 'Palmas');
+  ('TO', 'Tocantins', 'Palmas'),
+  ('EX', 'Exterior', '');

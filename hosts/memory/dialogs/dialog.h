@@ -42,10 +42,14 @@ class Dialog final : public host::Dialog, public std::enable_shared_from_this<Di
   void Width(Long twips) override { Size(twips, height_); }
   Long Height() const override { return height_; }
   void Height(Long twips) override { Size(width_, twips); }
+  Colour BackColor() const override { return BackColour; }
   Long hWnd() const override { return window_; }
   void dbForm(host::ConnectionPtr connection) override;
   void ShowModal() override;
   void Hide() override;
+
+  /// What `BackColor` tells.
+  Colour BackColour = host::colour::ButtonFace;
 
   // --- What the operator sees ------------------------------------------------------------------
   StringView Name() const { return description_.Name; }

@@ -28,6 +28,8 @@ class DialogButton final : public DialogItemOf<host::DialogButton> {
   String Caption() const override { return caption_; }
   Colour TextColour() const override { return textColour_; }
   void TextColour(Colour colour) override { textColour_ = colour; }
+  Colour BackColor() const override { return backColor_; }
+  void BackColor(Colour colour) override { backColor_ = colour; }
 
   /// Enter and the blank press it.
   void OwnKey(const Stroke& stroke) override;
@@ -35,6 +37,7 @@ class DialogButton final : public DialogItemOf<host::DialogButton> {
  private:
   String caption_;
   Colour textColour_ = host::colour::WindowText;
+  Colour backColor_ = host::colour::ButtonFace;
 };
 
 class DialogDisplay final : public DialogItemOf<host::DialogDisplay> {

@@ -22,6 +22,15 @@ void ColouredButton::setTextColour(Colour colour) {
   update();
 }
 
+// The system's face needs no palette of its own, and so follows the theme.
+void ColouredButton::setBackColour(Colour colour) {
+  backColour_ = colour;
+  QPalette own;
+  if (colour != host::colour::ButtonFace)
+    own.setColor(QPalette::Button, toQColor(colour, QPalette()));
+  setPalette(own);
+}
+
 /// The colour, moved away from a background on which it could not be read.
 QColor ColouredButton::penColour() const {
   if (!isEnabled()) return palette().color(QPalette::Disabled, QPalette::ButtonText);

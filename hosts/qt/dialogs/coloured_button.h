@@ -1,10 +1,10 @@
-// A push button whose caption has a colour of its own.
+// A push button whose caption and face have colours of their own.
 #pragma once
 
 #include <QPushButton>
 #include <optional>
 
-#include "tessaria/string.h"
+#include "tessaria/host/widgets.h"
 
 namespace tessaria::qt {
 
@@ -19,6 +19,8 @@ class ColouredButton final : public QPushButton {
   const QString& caption() const { return caption_; }
   std::optional<Colour> textColour() const { return colour_; }
   void setTextColour(Colour colour);
+  Colour backColour() const { return backColour_; }
+  void setBackColour(Colour colour);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -28,6 +30,7 @@ class ColouredButton final : public QPushButton {
 
   QString caption_;
   std::optional<Colour> colour_;
+  Colour backColour_ = host::colour::ButtonFace;
 };
 
 }  // namespace tessaria::qt

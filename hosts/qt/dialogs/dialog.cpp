@@ -1,7 +1,9 @@
 #include "hosts/qt/dialogs/dialog.h"
 
+#include <QGuiApplication>
 #include <utility>
 
+#include "hosts/qt/colours.h"
 #include "hosts/qt/dialogs/layouts.h"
 #include "hosts/qt/dialogs/make_item.h"
 #include "hosts/qt/handles.h"
@@ -94,6 +96,13 @@ Long Dialog::Height() const {
 void Dialog::Height(Long twips) {
   height_ = {twips, pixelsY(twips, *window_), true};
   window_->resize(window_->width(), height_.pixel);
+}
+
+// A window that has the application's own colour tells the system's name for it.
+Colour Dialog::BackColor() const {
+  const QColor back = window_->palette().color(QPalette::Window);
+  return back == QGuiApplication::palette().color(QPalette::Window) ? host::colour::ButtonFace
+                                                                    : toColour(back);
 }
 
 Long Dialog::hWnd() const { return handleOf(*window_); }

@@ -26,6 +26,7 @@ class Dialog final : public host::Dialog, public std::enable_shared_from_this<Di
   void Width(Long twips) override;
   Long Height() const override;
   void Height(Long twips) override;
+  Colour BackColor() const override;
   Long hWnd() const override;
   void dbForm(host::ConnectionPtr connection) override;
   void ShowModal() override;

@@ -29,6 +29,8 @@ class ButtonItem final : public DialogItemOf<host::DialogButton> {
   String Caption() const override;
   Colour TextColour() const override;
   void TextColour(Colour colour) override { button_.setTextColour(colour); }
+  Colour BackColor() const override { return button_.backColour(); }
+  void BackColor(Colour colour) override { button_.setBackColour(colour); }
 
  private:
   ColouredButton& button_;

@@ -86,6 +86,9 @@ class DialogButton : public virtual DialogWidget {
   /// The caption's colour; drawn a little lower while the button is pressed.
   virtual Colour TextColour() const = 0;
   virtual void TextColour(Colour colour) = 0;
+  /// The face's colour; the system's own until one is assigned.
+  virtual Colour BackColor() const = 0;
+  virtual void BackColor(Colour colour) = 0;
   std::function<void()> OnClick;
 };
 
@@ -232,6 +235,7 @@ class Dialog {
   virtual void Width(Long twips) = 0;
   virtual Long Height() const = 0;
   virtual void Height(Long twips) = 0;
+  virtual Colour BackColor() const = 0;
   /// A 32-bit token for the window.
   virtual Long hWnd() const = 0;
   /// The connection that controls on the dialog find; nothing for none.
