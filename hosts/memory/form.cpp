@@ -6,6 +6,7 @@
 #include "hosts/memory/controls.h"
 #include "runtime/text.h"
 #include "tessaria/host/application.h"
+#include "tessaria/host/control.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::memory {
@@ -144,6 +145,8 @@ void Form::RunEvent(const std::function<void()>& body) {
   const Event event(*this);
   try {
     body();
+  } catch (const host::ControlGone&) {
+    // The form was closed within the event.
   } catch (const HostError& error) {
     Report(error);
   } catch (const std::exception& error) {

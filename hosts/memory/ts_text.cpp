@@ -35,6 +35,7 @@ class TsText::Site final : public host::ControlSite {
     return font;
   }
   host::FormPtr Parent() const override {
+    if (owner_.IsGone()) throw host::ControlGone{};
     if (auto form = owner_.OwnerForm()) return form;
     throw HostError(errors::ObjectNotSet);
   }

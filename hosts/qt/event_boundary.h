@@ -8,12 +8,11 @@
 #include <memory>
 
 #include "tessaria/error.h"
+#include "tessaria/host/control.h"
 
 namespace tessaria::qt {
 
-/// Thrown by a control's ports when its widget was destroyed by a handler: what the core was
-/// still about to do for it is dropped. Passes every trap and ends at the boundary.
-struct ControlGone {};
+using host::ControlGone;
 
 /// Whoever wants to hear of the unhandled errors of a widget: our widgets do.
 class ErrorListener {

@@ -35,6 +35,11 @@ class Persistent : public Object {
   virtual void WriteProperties(PropertyBag& bag) const = 0;
 };
 
+/// Thrown by a control's ports when its form was closed by a handler: what the core was still
+/// about to do for it is dropped. No run-time error, so it passes every trap; the host's event
+/// ends there, without a word to the operator.
+struct ControlGone {};
+
 /// The surroundings of one control: its ambient, its place on the form, its surface.
 /// Owned by the host; lives as long as the control.
 class ControlSite {
