@@ -12,7 +12,7 @@ packages_of() {
       ;;
     run) echo postgresql unixodbc odbc-postgresql qt6-translations-l10n fonts-dejavu-core ;;
     lint) echo clang-format clang-tidy ;;
-    bench) echo libbenchmark-dev libpq-dev ;;
+    bench) echo libbenchmark-dev libpq-dev libqt6sql6-psql ;;
     *)
       echo "install-dependencies: no group named '$1' (build, run, lint, bench)" >&2
       return 1

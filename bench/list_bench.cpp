@@ -1,0 +1,392 @@
+// The list of a lookup over a million rows, beside a table view over the two SQL models of Qt.
+//
+// Each lap opens the list, reads it to its end, sorts it by the names and leaves; then opens it in
+// the order of the names and jumps to the last letter, with the first rows read (early_jump_ms)
+// and with all of them (jump_ms; the models know no other). Times run from the call or key to the
+// paint event of the view that shows the outcome, last_ms from the call; peak_mb is what the
+// process took on top of what it had, after reading to the end. The best of all laps counts. The
+// window's ratios are to the better model.
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QSqlDatabase>
+#include <QSqlQueryModel>
+#include <QSqlRecord>
+#include <QSqlTableModel>
+#include <QTableView>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <chrono>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "hosts/odbc/connection.h"
+#include "hosts/qt/host.h"
+#include "hosts/qt/metatypes.h"
+#include "hosts/qt/tstext.h"
+#include "tests/support/postgres_cluster.h"
+
+namespace tessaria::bench {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using test::PostgresCluster;
+
+constexpr int kRows = 1'000'000;
+constexpr int kLaps = 5;
+constexpr auto kPatience = std::chrono::minutes(2);
+
+double MsSince(Clock::time_point start, Clock::time_point end = Clock::now()) {
+  return std::chrono::duration<double, std::milli>(end - start).count();
+}
+
+// --- What is measured ---------------------------------------------------------------------------
+
+struct Figures {
+  double firstMs = 1e9;
+  double lastMs = 1e9;
+  double peakMb = 1e9;
+  double sortMs = 1e9;
+  double leaveMs = 1e9;
+  double earlyJumpMs = 1e9;
+  double jumpMs = 1e9;
+
+  void KeepBest(const Figures& lap) {
+    for (const auto member :
+         {&Figures::firstMs, &Figures::lastMs, &Figures::peakMb, &Figures::sortMs,
+          &Figures::leaveMs, &Figures::earlyJumpMs, &Figures::jumpMs})
+      this->*member = std::min(this->*member, lap.*member);
+  }
+};
+
+double StatusMb(const std::string& name) {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    double kilobytes = 0;
+    if (word == name + ":" && status >> kilobytes) return kilobytes / 1024;
+  }
+  return 0;
+}
+
+/// Memory taken since the start.
+class Memory {
+ public:
+  Memory() {
+    malloc_trim(0);
+    std::ofstream("/proc/self/clear_refs") << "5";  // the peak starts over
+    before_ = StatusMb("VmRSS");
+  }
+  double PeakMb() const { return StatusMb("VmHWM") - before_; }
+
+ private:
+  double before_;
+};
+
+/// Notes each time that a table view has painted rows.
+class WatchedApplication final : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    const bool paints = event->type() == QEvent::Paint && ShowsRows(receiver);
+    const bool result = QApplication::notify(receiver, event);
+    if (paints) {
+      ++paints_;
+      paintedAt_ = Clock::now();
+    }
+    return result;
+  }
+
+  /// Runs the action and serves events until rows were painted; the time of both together.
+  double MsToPaint(const std::function<void()>& action) {
+    const auto start = Clock::now();
+    action();
+    AwaitPaint();
+    return MsSince(start, paintedAt_);
+  }
+  void AwaitPaint() {
+    const auto start = Clock::now();
+    for (const int before = paints_; paints_ == before; processEvents())
+      if (Clock::now() - start > kPatience) throw std::runtime_error("nothing was painted");
+  }
+  Clock::time_point PaintedAt() const { return paintedAt_; }
+
+ private:
+  static bool ShowsRows(QObject* receiver) {
+    const auto* view = qobject_cast<QTableView*>(receiver->parent());
+    return view && view->viewport() == receiver && view->model() && view->model()->rowCount() > 0;
+  }
+
+  int paints_ = 0;
+  Clock::time_point paintedAt_;
+};
+
+WatchedApplication& TheApplication() { return *static_cast<WatchedApplication*>(qApp); }
+
+void Key(QWidget& widget, int code, const QString& text = {}) {
+  for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent event(type, code, Qt::NoModifier, text);
+    QApplication::sendEvent(&widget, &event);
+  }
+}
+
+void RequireLastRow(const QTableView& view) {
+  if (view.currentIndex().row() != kRows - 1) throw std::runtime_error("rows are missing");
+}
+
+void RequireLetter(const QTableView& view) {
+  if (!view.currentIndex().data().toString().startsWith("Z"))
+    throw std::runtime_error("the jump missed");
+}
+
+// Makes the table once: keys, names under all letters, cities.
+void Provide() {
+  static const bool done = [] {
+    PostgresCluster::Shared().Run(
+        "create table clientes as select g as codigo, (array['Ana','Bruno','Célia','Davi','Elza',"
+        "'Fábio','Gilda','Heitor','Inês','José','Karen','Luís','Maria','Nélson','Olga','Paulo',"
+        "'Quitéria','Rui','Sônia','Tomás','Ursula','Vítor','Wanda','Xavier','Yara','Zélia'])"
+        "[1 + g * 11 % 26] || ' de Souza ' || g as nome, 'Cidade ' || g % 5000 as cidade"
+        " from generate_series(1, " +
+        std::to_string(kRows) +
+        ") g; alter table clientes add primary key (codigo);"
+        " create index on clientes (nome); analyze clientes");
+    return true;
+  }();
+  benchmark::DoNotOptimize(done);
+}
+
+// --- Our window ---------------------------------------------------------------------------------
+
+/// A form with one field, whose button opens the list.
+class LookupForm {
+ public:
+  LookupForm(const host::ConnectionPtr& connection, const QString& key, const QString& others) {
+    window_.setProperty("dbForm", QVariant::fromValue(connection));
+    field_.setObjectName("txtCliente");
+    field_.setTipoControle(qt::TsText::Browse);
+    field_.setBrowseTable("clientes");
+    field_.setBrwCampo(key);
+    field_.setBrwCampoOutros(others);
+    field_.setUsaChecaRelacao(false);
+    (new QVBoxLayout(&window_))->addWidget(&field_);
+    window_.show();
+    field_.setFocus();
+    QApplication::processEvents();
+  }
+
+  /// Opens the list and runs the script inside its modal loop, once it has painted rows.
+  Figures Open(const std::function<void(QTableView& view, Figures& figures)>& script) {
+    Figures figures;
+    auto* button = field_.findChild<QAbstractButton*>();
+    const auto start = Clock::now();
+    auto left = start;
+    QTimer::singleShot(0, &window_, [&] {
+      TheApplication().AwaitPaint();
+      figures.firstMs = MsSince(start, TheApplication().PaintedAt());
+      QWidget* list = QApplication::activeModalWidget();
+      auto* view = list->findChild<QTableView*>();
+      script(*view, figures);
+      left = Clock::now();
+      Key(*view, Qt::Key_Escape);
+    });
+    button->click();
+    figures.leaveMs = MsSince(left);
+    return figures;
+  }
+
+ private:
+  QWidget window_;
+  qt::TsText& field_ = *new qt::TsText;
+};
+
+void ClickHeader(QTableView& view, int column) {
+  QHeaderView& header = *view.horizontalHeader();
+  const QPointF place(header.sectionViewportPosition(column) + 10, header.height() / 2.0);
+  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    QMouseEvent event(type, place, header.viewport()->mapToGlobal(place), Qt::LeftButton,
+                      type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(header.viewport(), &event);
+  }
+}
+
+Figures WindowLap() {
+  auto& application = TheApplication();
+  const auto connection = odbc::CreateConnection();
+  connection->ConnectionString(PostgresCluster::Shared().ConnectionString());
+  connection->Open();
+  LookupForm byKey(connection, "codigo", "nome, cidade");
+  const Memory memory;
+  Figures figures = byKey.Open([&](QTableView& view, Figures& lap) {
+    lap.lastMs = lap.firstMs + application.MsToPaint([&] { Key(view, Qt::Key_End); });
+    RequireLastRow(view);
+    lap.peakMb = memory.PeakMb();
+    lap.sortMs = application.MsToPaint([&] { ClickHeader(view, 1); });
+  });
+  LookupForm byName(connection, "nome", "codigo, cidade");
+  byName.Open([&](QTableView& view, Figures&) {
+    const auto jump = [&] {
+      const double time = application.MsToPaint([&] { Key(view, Qt::Key_Z, "z"); });
+      RequireLetter(view);
+      return time;
+    };
+    figures.earlyJumpMs = jump();
+    for (const int key : {Qt::Key_End, Qt::Key_Home})
+      application.MsToPaint([&] { Key(view, key); });
+    figures.jumpMs = jump();
+  });
+  return figures;
+}
+
+// --- The models of Qt ---------------------------------------------------------------------------
+
+/// A window with a table view, as a program would write it.
+class PeerList {
+ public:
+  explicit PeerList(QAbstractItemModel& model) {
+    (new QVBoxLayout(&window_))->addWidget(&view_);
+    view_.setModel(&model);
+    view_.setSelectionBehavior(QTableView::SelectRows);
+    window_.resize(700, 500);
+    window_.show();
+  }
+  QTableView& View() { return view_; }
+
+ private:
+  QWidget window_;
+  QTableView& view_ = *new QTableView;
+};
+
+void ReadToTheEnd(QTableView& view) {
+  QAbstractItemModel& model = *view.model();
+  while (model.canFetchMore({})) model.fetchMore({});
+  view.setCurrentIndex(model.index(model.rowCount() - 1, 0));
+}
+
+/// `fill` gives the model the columns of the table, in the order of one of them.
+template <class Model>
+Figures PeerLap(
+    const std::function<void(Model& model, const char* columns, const char* order)>& fill) {
+  auto& application = TheApplication();
+  Figures figures;
+  const Memory memory;
+  {
+    auto model = std::make_unique<Model>();
+    std::unique_ptr<PeerList> list;
+    figures.firstMs = application.MsToPaint([&] {
+      fill(*model, "codigo, nome, cidade", "codigo");
+      list = std::make_unique<PeerList>(*model);
+    });
+    figures.lastMs = figures.firstMs + application.MsToPaint([&] { ReadToTheEnd(list->View()); });
+    RequireLastRow(list->View());
+    figures.peakMb = memory.PeakMb();
+    figures.sortMs = application.MsToPaint([&] { fill(*model, "codigo, nome, cidade", "nome"); });
+    const auto left = Clock::now();
+    list.reset();
+    model.reset();
+    figures.leaveMs = MsSince(left);
+  }
+  Model model;
+  fill(model, "nome, codigo, cidade", "nome");
+  PeerList list(model);
+  application.AwaitPaint();
+  const int column = model.record().indexOf("nome");
+  application.MsToPaint([&] { ReadToTheEnd(list.View()); });
+  list.View().setCurrentIndex(model.index(0, column));
+  application.AwaitPaint();
+  figures.jumpMs = application.MsToPaint([&] { list.View().keyboardSearch("z"); });
+  RequireLetter(list.View());
+  return figures;
+}
+
+Figures QueryModelLap() {
+  return PeerLap<QSqlQueryModel>([](QSqlQueryModel& model, const char* columns, const char* order) {
+    model.setQuery(QString("Select %1 From clientes Where codigo Is Not Null Order by %2")
+                       .arg(columns, order));
+  });
+}
+
+Figures TableModelLap() {
+  return PeerLap<QSqlTableModel>([](QSqlTableModel& model, const char*, const char* order) {
+    if (model.tableName().isEmpty()) {
+      model.setTable("clientes");
+      model.setFilter("codigo Is Not Null");
+    }
+    model.setSort(model.fieldIndex(order), Qt::AscendingOrder);
+    model.select();
+  });
+}
+
+// --- The runs -----------------------------------------------------------------------------------
+
+Figures& BestPeer() {
+  static Figures best;
+  return best;
+}
+
+Figures Run(benchmark::State& state, Figures (*lap)()) {
+  Provide();
+  Figures best;
+  for (auto _ : state) {
+    const Figures figures = lap();
+    state.SetIterationTime(figures.firstMs / 1000);
+    best.KeepBest(figures);
+  }
+  state.counters["first_ms"] = best.firstMs;
+  state.counters["last_ms"] = best.lastMs;
+  state.counters["peak_mb"] = best.peakMb;
+  state.counters["sort_ms"] = best.sortMs;
+  state.counters["jump_ms"] = best.jumpMs;
+  if (best.earlyJumpMs < 1e9) state.counters["early_jump_ms"] = best.earlyJumpMs;
+  state.counters["leave_ms"] = best.leaveMs;
+  return best;
+}
+
+void QueryModel(benchmark::State& state) { BestPeer().KeepBest(Run(state, QueryModelLap)); }
+
+void TableModel(benchmark::State& state) { BestPeer().KeepBest(Run(state, TableModelLap)); }
+
+void Window(benchmark::State& state) {
+  const Figures ours = Run(state, WindowLap);
+  state.counters["first_times_sooner"] = BestPeer().firstMs / ours.firstMs;
+  state.counters["last_to_peer"] = ours.lastMs / BestPeer().lastMs;
+  state.counters["peak_to_peer"] = ours.peakMb / BestPeer().peakMb;
+  state.counters["sort_to_peer"] = ours.sortMs / BestPeer().sortMs;
+  state.counters["jump_to_peer"] = ours.jumpMs / BestPeer().jumpMs;
+}
+
+// The models first: the ratios need them.
+BENCHMARK(QueryModel)->UseManualTime()->Iterations(kLaps)->Unit(benchmark::kMillisecond);
+BENCHMARK(TableModel)->UseManualTime()->Iterations(kLaps)->Unit(benchmark::kMillisecond);
+BENCHMARK(Window)->UseManualTime()->Iterations(kLaps)->Unit(benchmark::kMillisecond);
+
+void OpenPeersDatabase() {
+  auto database = QSqlDatabase::addDatabase("QPSQL");
+  database.setHostName(QString::fromStdString(PostgresCluster::Shared().Folder()));
+  database.setDatabaseName("postgres");
+  database.setUserName("postgres");
+  if (!database.open()) throw std::runtime_error("the models' driver cannot connect");
+}
+
+}  // namespace
+}  // namespace tessaria::bench
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  tessaria::bench::WatchedApplication application(argc, argv);
+  QApplication::setStyle("fusion");
+  benchmark::Initialize(&argc, argv);
+  tessaria::qt::install();
+  tessaria::bench::OpenPeersDatabase();
+  benchmark::RunSpecifiedBenchmarks();
+}
