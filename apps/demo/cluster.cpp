@@ -172,11 +172,17 @@ Outcome Cluster::query(const QStringList& arguments) const {
           arguments);
 }
 
+/// A folder that an earlier program filled has no orders, and codes of another kind.
 bool Cluster::hasTables() const {
   const Outcome found =
       query({QStringLiteral("-At"), QStringLiteral("-c"),
-             QStringLiteral("select count(*) from pg_tables where tablename = 'clientes'")});
-  return found.succeeded && found.output == QLatin1String("1");
+             QStringLiteral("select string_agg(tablename, ' ' order by tablename) from pg_tables "
+                            "where tablename in ('clientes', 'pedidos')")});
+  if (found.succeeded && found.output == QLatin1String("clientes"))
+    throw Failure(QStringLiteral("O banco de dados da pasta %1 é de uma versão anterior deste "
+                                 "programa. Apague a pasta, ou indique outra com a opção --data.")
+                      .arg(folder_));
+  return found.succeeded && !found.output.isEmpty();
 }
 
 void Cluster::loadTables() const {

@@ -1,6 +1,7 @@
 #include "apps/demo/main_window.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -10,50 +11,92 @@
 #include "apps/demo/failure.h"
 #include "apps/demo/form_loader.h"
 #include "apps/demo/messages.h"
+#include "apps/demo/order_form.h"
+#include "hosts/qt/focus_cycle.h"
 #include "hosts/qt/host.h"
+#include "hosts/qt/tstext.h"
 #include "tessaria/host/application.h"
 
 namespace tessaria::demo {
 namespace {
 
-/// A refusal is soon corrected, and its text then wrong.
-constexpr int kRefusalTime = 8000;  // milliseconds
+QAction* actionOf(const QWidget& window, const char* name) {
+  auto* action = window.findChild<QAction*>(QString::fromLatin1(name));
+  if (!action) qFatal("the window has no action %s", name);
+  return action;
+}
 
 }  // namespace
 
 MainWindow::MainWindow(Database& database) : database_(database) {
-  const auto host = &qt::install();
   loadForm(QStringLiteral("main_window.ui"), *this);
   setWindowIcon(QIcon(QStringLiteral(":/demo/images/mesa.png")));
-  auto* forms = widgetOf<QStackedWidget>(*this, "formularios");
-  customers_ = new CustomerForm(database_, forms);
-  forms->addWidget(customers_);
-
-  connect(customers_, &CustomerForm::notice, this,
-          [this](const QString& text) { showNotice(text); });
-  connect(host, &qt::Host::boxShown, this, [this](const QString& text, const QString&, int style) {
-    if ((style & host::box::YesNo) == 0) showNotice(text, kRefusalTime);
-  });
+  stack_ = widgetOf<QStackedWidget>(*this, "formularios");
+  new QActionGroup(this);
+  addForm("acaoClientes", new CustomerForm(database_, stack_));
+  addForm("acaoPedidos", new OrderForm(database_, stack_));
+  connectRefusals();
   connectActions();
 }
 
+void MainWindow::addForm(const char* action, RecordForm* form) {
+  const int index = stack_->addWidget(form);
+  pages_ << Page{form, nullptr};
+  QAction* shows = actionOf(*this, action);
+  findChild<QActionGroup*>()->addAction(shows);
+  shows->setChecked(index == 0);
+  connect(shows, &QAction::triggered, this, [this, index] { showForm(index); });
+  connect(form, &RecordForm::notice, this, &MainWindow::showNotice);
+}
+
+RecordForm* MainWindow::current() const { return pages_.at(stack_->currentIndex()).form; }
+
+/// Stays where a field refuses to be left.
+void MainWindow::showForm(int index) {
+  Page& left = pages_[stack_->currentIndex()];
+  const bool mayLeave = qt::settle(this);
+  if (mayLeave && index != stack_->currentIndex()) {
+    left.focus = focusWidget();
+    stack_->setCurrentIndex(index);
+    QWidget* target = pages_[index].focus;
+    if (!target) target = current()->nextInFocusChain();
+    target->setFocus(Qt::OtherFocusReason);
+  }
+  findChild<QActionGroup*>()->actions().at(stack_->currentIndex())->setChecked(true);
+}
+
 void MainWindow::connectActions() {
-  const auto on = [&](const char* name, auto* receiver, auto slot) {
-    auto* action = findChild<QAction*>(QString::fromLatin1(name));
-    if (!action) qFatal("the window has no action %s", name);
-    connect(action, &QAction::triggered, receiver, slot);
+  const auto on = [&](const char* name, auto slot) {
+    connect(actionOf(*this, name), &QAction::triggered, this, slot);
   };
-  on("acaoReconectar", this, &MainWindow::reconnect);
-  on("acaoSair", this, &MainWindow::close);
-  on("acaoNovo", customers_, &CustomerForm::addCustomer);
-  on("acaoSalvar", customers_, &CustomerForm::save);
-  on("acaoExcluir", customers_, &CustomerForm::deleteCustomer);
-  on("acaoPrimeiro", customers_, &CustomerForm::moveFirst);
-  on("acaoAnterior", customers_, &CustomerForm::movePrevious);
-  on("acaoProximo", customers_, &CustomerForm::moveNext);
-  on("acaoUltimo", customers_, &CustomerForm::moveLast);
-  on("acaoLocalizar", customers_, &CustomerForm::startSearch);
-  on("acaoAtualizar", customers_, &CustomerForm::reload);
+  const auto onForm = [&](const char* name, auto slot) {
+    on(name, [this, slot] { (current()->*slot)(); });
+  };
+  on("acaoReconectar", [this] { reconnect(); });
+  on("acaoSair", [this] { close(); });
+  onForm("acaoNovo", &RecordForm::addRecord);
+  onForm("acaoSalvar", &RecordForm::save);
+  onForm("acaoExcluir", &RecordForm::deleteRecord);
+  onForm("acaoPrimeiro", &RecordForm::moveFirst);
+  onForm("acaoAnterior", &RecordForm::movePrevious);
+  onForm("acaoProximo", &RecordForm::moveNext);
+  onForm("acaoUltimo", &RecordForm::moveLast);
+  onForm("acaoLocalizar", &RecordForm::startSearch);
+  onForm("acaoAtualizar", &RecordForm::reload);
+}
+
+/// What a box has refused stands in the status bar until a field is left that is right.
+void MainWindow::connectRefusals() {
+  connect(&qt::install(), &qt::Host::boxShown, this,
+          [this](const QString& text, const QString&, int style) {
+            if ((style & host::box::YesNo) != 0) return;
+            showNotice(text);
+            showsRefusal_ = true;
+          });
+  for (qt::TsText* field : findChildren<qt::TsText*>())
+    connect(field, &qt::TsText::browseReturn, this, [this, field] {
+      if (showsRefusal_ && field->lastValidaStatus()) showNotice({});
+    });
 }
 
 void MainWindow::reconnect() {
@@ -66,15 +109,20 @@ void MainWindow::reconnect() {
 }
 
 /// The status bar holds one line.
-void MainWindow::showNotice(const QString& text, int milliseconds) {
-  statusBar()->showMessage(text.simplified(), milliseconds);
+void MainWindow::showNotice(const QString& text) {
+  statusBar()->showMessage(text.simplified());
+  showsRefusal_ = false;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  const bool leaves =
-      !customers_->hasUnsavedInput() ||
-      ask(QStringLiteral("O cliente não foi salvo. Sair e perder o que foi digitado?"));
-  event->setAccepted(leaves);
+  for (const Page& page : pages_) {
+    if (!page.form->hasUnsavedInput()) continue;
+    if (ask(QStringLiteral("O %1 não foi salvo. Sair e perder o que foi digitado?")
+                .arg(page.form->noun())))
+      continue;
+    return event->ignore();
+  }
+  event->accept();
 }
 
 }  // namespace tessaria::demo

@@ -1,12 +1,16 @@
-// The window around the forms: menus, status bar.
+// The window around the forms: menus, tool bar, status bar.
 #pragma once
 
+#include <QList>
 #include <QMainWindow>
+#include <QPointer>
+
+class QStackedWidget;
 
 namespace tessaria::demo {
 
-class CustomerForm;
 class Database;
+class RecordForm;
 
 class MainWindow final : public QMainWindow {
   Q_OBJECT
@@ -21,13 +25,25 @@ class MainWindow final : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  /// A form and the field that the operator left it in.
+  struct Page {
+    RecordForm* form;
+    QPointer<QWidget> focus;
+  };
+
+  void addForm(const char* action, RecordForm* form);
   void connectActions();
+  void connectRefusals();
+  RecordForm* current() const;
+  void showForm(int index);
   void reconnect();
-  /// In the status bar, for a time or, with 0, until the next one.
-  void showNotice(const QString& text, int milliseconds = 0);
+  /// In the status bar, until the next one.
+  void showNotice(const QString& text);
 
   Database& database_;
-  CustomerForm* customers_;
+  QStackedWidget* stack_;
+  QList<Page> pages_;
+  bool showsRefusal_ = false;
 };
 
 }  // namespace tessaria::demo

@@ -6,4 +6,5 @@ set client_encoding = 'UTF8';
 \ir cidades.sql
 \ir produtos.sql
 \ir clientes.sql
+\ir pedidos.sql
 analyze;

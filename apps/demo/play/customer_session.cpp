@@ -63,6 +63,14 @@ void fillAddress(Player& p) {
   p.press(QStringLiteral("Tab"));
   p.expectText(QStringLiteral("uf"), QStringLiteral("SP"));
   p.expectText(QStringLiteral("estado"), QStringLiteral("São Paulo"));
+  p.stage(QStringLiteral("A cidade se completa ao digitar"));
+  p.expectFocus(QStringLiteral("cidade"));
+  p.press(QStringLiteral("Tab"));
+  p.type(QStringLiteral("cam"));
+  p.expectText(QStringLiteral("nomeCidade"), QStringLiteral("Campinas"));
+  p.expectText(QStringLiteral("cidade"), QStringLiteral("00251"));
+  p.picture(QStringLiteral("cidade-completada"));
+  p.press(QStringLiteral("Tab"));
   p.expectFocus(QStringLiteral("telefone"));
   p.type(QStringLiteral("11987654321"));
   p.press(QStringLiteral("Tab"));
@@ -141,7 +149,8 @@ void changeCustomer(Player& p) {
 
 const QString kColumns = QStringLiteral(
     "select codigo, nome, cpf_cnpj, to_char(nascimento, 'DD/MM/YYYY') as nascimento, cep, "
-    "endereco, uf, telefone, email, limite_credito::text as limite_credito, senha, observacao "
+    "endereco, uf, cidade, telefone, email, limite_credito::text as limite_credito, senha, "
+    "observacao "
     "from clientes where codigo = ");
 
 }  // namespace
@@ -168,6 +177,7 @@ QList<ExpectedRow> rowsAfterCustomerSession() {
             {QStringLiteral("cep"), QStringLiteral("01310100")},
             {QStringLiteral("endereco"), kAddress},
             {QStringLiteral("uf"), QStringLiteral("SP")},
+            {QStringLiteral("cidade"), QStringLiteral("00251")},
             {QStringLiteral("telefone"), QStringLiteral("11987654321")},
             {QStringLiteral("email"), kEmail},
             {QStringLiteral("limite_credito"), QStringLiteral("12500.50")},

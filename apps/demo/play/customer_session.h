@@ -11,12 +11,7 @@ namespace tessaria::demo {
 /// front of the data as they are first loaded.
 void playCustomerSession(Player& player);
 
-/// The rows that the session leaves, by the statement that reads each.
-struct ExpectedRow {
-  QString title;
-  QString statement;
-  Row row;
-};
+/// The rows that the session leaves.
 QList<ExpectedRow> rowsAfterCustomerSession();
 
 }  // namespace tessaria::demo

@@ -9,6 +9,7 @@
 #include "apps/demo/failure.h"
 #include "apps/demo/main_window.h"
 #include "apps/demo/play/customer_session.h"
+#include "apps/demo/play/order_session.h"
 #include "tessaria/error.h"
 
 namespace tessaria::demo {
@@ -26,15 +27,27 @@ QStringList checkRow(const QString& connectionString, const ExpectedRow& expecte
   return {QStringLiteral("%1: há %2 registros, e não um").arg(expected.title).arg(rows.size())};
 }
 
-QStringList checkRows(const QString& connectionString) {
+QStringList checkRows(const QString& connectionString, const QList<ExpectedRow>& expected) {
   QStringList wrong;
   try {
-    for (const ExpectedRow& row : rowsAfterCustomerSession())
-      wrong += checkRow(connectionString, row);
+    for (const ExpectedRow& row : expected) wrong += checkRow(connectionString, row);
   } catch (const HostError& error) {
     wrong << QString::fromUtf8(error.what());
   }
   return wrong;
+}
+
+/// What the operator attaches to the order.
+OrderPapers makePapers(const QString& place) {
+  const QDir folder(place + QLatin1String("/documentos"));
+  QDir().mkpath(folder.filePath(QStringLiteral("notas")));
+  for (const char* name : {"ordem-de-compra.pdf", "proposta.pdf", "notas/leia-me.txt"}) {
+    QFile file(folder.filePath(QLatin1String(name)));
+    if (!file.open(QIODevice::WriteOnly) || file.write("Mesa de pedidos\n") < 0)
+      throw Failure(QStringLiteral("%1 não pôde ser gravado.").arg(file.fileName()));
+  }
+  return {folder.filePath(QStringLiteral("ordem-de-compra.pdf")),
+          folder.filePath(QStringLiteral("notas"))};
 }
 
 int verdict(const QStringList& wrong) {
@@ -62,8 +75,12 @@ int play(const QString& folder) {
   window.show();
   Player player(window, folder);
   say(QStringLiteral("Sessão de um operador:"));
+  const OrderPapers papers = makePapers(place.path());
   playCustomerSession(player);
-  const QStringList wrong = player.failures() + checkRows(server.connectionString());
+  playOrderSession(player, papers);
+  const QStringList wrong =
+      player.failures() + checkRows(server.connectionString(),
+                                    rowsAfterCustomerSession() + rowsAfterOrderSession(papers));
   if (!folder.isEmpty()) say(QStringLiteral("\nTelas: %1").arg(QDir(folder).absolutePath()));
   return verdict(wrong);
 }

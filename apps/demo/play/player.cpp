@@ -4,20 +4,18 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QLabel>
-#include <QMessageBox>
-#include <QPainter>
 #include <QStatusBar>
+#include <QTableView>
 #include <QTest>
 #include <algorithm>
 #include <cstdio>
 
+#include "apps/demo/play/scene.h"
 #include "hosts/qt/tstext.h"
+#include "hosts/qt/widget_tree.h"
 
 namespace tessaria::demo {
 namespace {
-
-constexpr int kWatchInterval = 10;  // milliseconds
-constexpr int kTitleHeight = 26;    // pixels
 
 /// On a Brazilian keyboard these take a dead key; ç has a key of its own.
 bool isComposed(QChar c) {
@@ -45,20 +43,11 @@ QString textOn(const QWidget* widget) {
   return bar ? bar->currentMessage() : QString();
 }
 
-/// A window's title bar is the window system's, and no part of what the window draws.
-void drawTitle(QPainter& painter, const QRect& place, const QString& title) {
-  const QPalette palette = QApplication::palette();
-  painter.fillRect(place, palette.color(QPalette::Highlight));
-  painter.setPen(palette.color(QPalette::HighlightedText));
-  painter.drawText(place.adjusted(8, 0, -8, 0), Qt::AlignVCenter | Qt::AlignLeft, title);
-}
-
 }  // namespace
 
 Player::Player(QWidget& window, const QString& pictures)
     : window_(&window), pictures_(pictures), makesPictures_(!pictures.isEmpty()) {
-  connect(&watch_, &QTimer::timeout, this, &Player::answerBox);
-  watch_.start(kWatchInterval);
+  watchSoon();
   window.activateWindow();
   if (!QTest::qWaitForWindowActive(&window)) fail(QStringLiteral("A janela não ficou ativa."));
   QTest::qWait(0);
@@ -73,7 +62,24 @@ void Player::stage(const QString& title) {
 
 // --- Hands ---------------------------------------------------------------------------------------
 
-QWidget* Player::focus() const { return window_ ? window_->focusWidget() : nullptr; }
+/// What takes the keys: a menu, a dialog, or the window.
+QWidget* Player::front() const {
+  if (QWidget* popup = QApplication::activePopupWidget()) return popup;
+  if (QWidget* dialog = QApplication::activeModalWidget()) return dialog;
+  return window_;
+}
+
+QWidget* Player::focus() const {
+  QWidget* found = front();
+  return found && found->focusWidget() ? found->focusWidget() : found;
+}
+
+QWidget* Player::find(const QString& name) const {
+  const auto all = front() ? front()->findChildren<QWidget*>(name) : QList<QWidget*>();
+  for (QWidget* each : all)
+    if (qt::formOf(each)->isVisible()) return each;
+  return nullptr;
+}
 
 template <class Action>
 void Player::step(Action&& action) {
@@ -81,7 +87,7 @@ void Player::step(Action&& action) {
   action();
   waitForRest();
   if (sees([this] { return !expected_; }) || !isPlaying()) return;
-  fail(QStringLiteral("A caixa \"%1\" não apareceu.").arg(expected_->text));
+  fail(QStringLiteral("A janela \"%1\" não apareceu.").arg(expected_->name + expected_->text));
   expected_.reset();
 }
 
@@ -89,7 +95,7 @@ void Player::step(Action&& action) {
 void Player::waitForRest() {
   const auto isDown = [this] {
     const auto buttons =
-        window_ ? window_->findChildren<QAbstractButton*>() : QList<QAbstractButton*>();
+        front() ? front()->findChildren<QAbstractButton*>() : QList<QAbstractButton*>();
     return std::any_of(buttons.begin(), buttons.end(),
                        [](const QAbstractButton* button) { return button->isDown(); });
   };
@@ -127,7 +133,7 @@ void Player::sendKeys(QWidget* target, const QString& keys) {
 
 void Player::click(const QString& name) {
   step([&] {
-    auto* target = window_->findChild<QWidget*>(name);
+    QWidget* target = find(name);
     if (!target || !target->isVisible())
       return fail(QStringLiteral("\"%1\" não está à vista.").arg(name));
     QWidget* hit = target->childAt(target->rect().center());
@@ -135,10 +141,24 @@ void Player::click(const QString& name) {
   });
 }
 
+void Player::tabTo(const QString& name) {
+  constexpr int kPatience = 12;
+  const auto isThere = [&] {
+    const QWidget* wanted = find(name);
+    return wanted && (wanted == focus() || wanted->isAncestorOf(focus()));
+  };
+  for (int i = 0; i < kPatience && isPlaying() && !isThere(); ++i) press(QStringLiteral("Tab"));
+  expect(isThere(), QStringLiteral("Tab não chega a \"%1\".").arg(name));
+}
+
 // --- Eyes ----------------------------------------------------------------------------------------
 
 void Player::expectBox(const QString& text, const QString& picture, const QString& answer) {
-  expected_ = ExpectedBox{text, picture, answer};
+  expected_ = Expected{{}, text, picture, answer, {}};
+}
+
+void Player::expectWindow(const QString& name, std::function<void()> work) {
+  expected_ = Expected{name, {}, {}, {}, std::move(work)};
 }
 
 /// An operator looks until it is there; a slow machine takes its time.
@@ -157,7 +177,7 @@ void Player::expectFocus(const QString& name) {
 }
 
 void Player::expectText(const QString& field, const QString& text) {
-  const auto* found = window_ ? window_->findChild<qt::TsText*>(field) : nullptr;
+  const auto* found = qobject_cast<qt::TsText*>(find(field));
   if (!found) return fail(QStringLiteral("Não há o campo \"%1\".").arg(field));
   expect(sees([&] { return found->text() == text; }),
          QStringLiteral("O campo \"%1\" mostra \"%2\", e não \"%3\".")
@@ -165,9 +185,25 @@ void Player::expectText(const QString& field, const QString& text) {
 }
 
 void Player::expectShown(const QString& name, const QString& text) {
-  const auto* found = window_ ? window_->findChild<QWidget*>(name) : nullptr;
+  const QWidget* found = find(name);
   expect(sees([&] { return textOn(found) == text; }),
          QStringLiteral("\"%1\" mostra \"%2\", e não \"%3\".").arg(name, textOn(found), text));
+}
+
+QAbstractItemModel* Player::list() const {
+  const auto* view = front() ? front()->findChild<QTableView*>() : nullptr;
+  return view ? view->model() : nullptr;
+}
+
+void Player::expectList(int rows, int column, const QString& first) {
+  const auto text = [&] { return list() ? list()->index(0, column).data().toString() : QString(); };
+  const auto count = [&] { return list() ? list()->rowCount() : 0; };
+  expect(sees([&] { return count() == rows && text() == first; }),
+         QStringLiteral("A lista tem %1 registros e começa com \"%2\", e não %3 e \"%4\".")
+             .arg(count())
+             .arg(text())
+             .arg(rows)
+             .arg(first));
 }
 
 void Player::expect(bool holds, const QString& what) {
@@ -178,53 +214,13 @@ void Player::fail(const QString& what) {
   failures_ << (stage_.isEmpty() ? what : stage_ + QStringLiteral(": ") + what);
   std::printf("  ERRADO: %s\n", qPrintable(what));
   std::fflush(stdout);
-  if (window_) save(window_->grab(), QStringLiteral("errado"));
-}
-
-// --- Message boxes -------------------------------------------------------------------------------
-
-/// Runs inside the box's own event loop.
-void Player::answerBox() {
-  const QPointer<QMessageBox> box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-  if (!box || box == met_ || !box->isActiveWindow()) return;
-  met_ = box;
-  meet(*box);
-  const QString answer = expected_ ? expected_->answer : QStringLiteral("Return");
-  expected_.reset();
-  QWidget* target = box->focusWidget() ? box->focusWidget() : box.data();
-  sendKeys(target, answer);
-  if (!QTest::qWaitFor([&] { return !box || !box->isVisible(); })) {
-    fail(QStringLiteral("A caixa \"%1\" não fechou com %2.").arg(box->text(), answer));
-    box->reject();
-  }
-}
-
-void Player::meet(const QMessageBox& box) {
-  if (!expected_) return fail(QStringLiteral("Caixa inesperada: \"%1\".").arg(box.text()));
-  expect(box.text() == expected_->text,
-         QStringLiteral("A caixa diz \"%1\", e não \"%2\".").arg(box.text(), expected_->text));
-  if (!expected_->picture.isEmpty()) pictureOfBox(box, expected_->picture);
+  if (window_) save(pictureOf(*window_, met_), QStringLiteral("errado"));
 }
 
 // --- Pictures ------------------------------------------------------------------------------------
 
 void Player::picture(const QString& name) {
-  if (isPlaying()) save(window_->grab(), name);
-}
-
-void Player::pictureOfBox(const QMessageBox& box, const QString& name) {
-  if (!window_) return;
-  QPixmap whole = window_->grab();
-  const QPixmap front = const_cast<QMessageBox&>(box).grab();
-  QRect place(QPoint(), front.deviceIndependentSize().toSize() + QSize(0, kTitleHeight));
-  place.moveCenter(window_->rect().center());
-  QPainter painter(&whole);
-  drawTitle(painter, QRect(place.topLeft(), QSize(place.width(), kTitleHeight)), box.windowTitle());
-  painter.drawPixmap(place.topLeft() + QPoint(0, kTitleHeight), front);
-  painter.setPen(QApplication::palette().color(QPalette::Shadow));
-  painter.drawRect(place.adjusted(0, 0, -1, -1));
-  painter.end();
-  save(whole, name);
+  if (isPlaying()) save(pictureOf(*window_, met_), name);
 }
 
 void Player::save(const QPixmap& picture, const QString& name) {

@@ -6,18 +6,19 @@
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
-#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <optional>
 
+class QAbstractItemModel;
 class QMessageBox;
 
 namespace tessaria::demo {
 
 /// Every step acts on what has the focus, as an operator's hands do, and then waits until the
 /// program is at rest. A step that does not find what it expects notes a failure, and so does a
-/// message box that was not announced; nothing is done after the first one.
+/// window that was not announced; nothing is done after the first one. Names are looked for in
+/// the window in front, and among forms on the one that shows.
 class Player final : public QObject {
   Q_OBJECT
 
@@ -35,15 +36,22 @@ class Player final : public QObject {
   void press(const QString& keys);
   void press(const QString& keys, int times);
   void click(const QString& name);
+  /// Tab until the focus is on the widget of that name.
+  void tabTo(const QString& name);
 
   // Eyes
   /// The next step must bring up a box with exactly this text; it is answered with the key.
   void expectBox(const QString& text, const QString& picture = {},
                  const QString& answer = QStringLiteral("Return"));
+  /// The next step must bring up this dialog, or with an empty name a menu. `work` plays in it
+  /// and closes it with its last step.
+  void expectWindow(const QString& name, std::function<void()> work);
   void expectFocus(const QString& name);
   void expectText(const QString& field, const QString& text);
   /// What a label or the status bar shows.
   void expectShown(const QString& name, const QString& text);
+  /// The list in front has so many rows, and this text in a cell of its first one.
+  void expectList(int rows, int column, const QString& first);
   void expect(bool holds, const QString& what);
   void picture(const QString& name);
 
@@ -51,22 +59,29 @@ class Player final : public QObject {
   const QStringList& failures() const { return failures_; }
 
  private:
-  struct ExpectedBox {
+  /// A window that is to come: a box, which is answered, or one that is worked.
+  struct Expected {
+    QString name;
     QString text;
     QString picture;
     QString answer;
+    std::function<void()> work;
   };
 
   bool isPlaying() const { return failures_.isEmpty() && window_; }
+  QWidget* front() const;
   QWidget* focus() const;
+  QWidget* find(const QString& name) const;
+  QAbstractItemModel* list() const;
   template <class Action>
   void step(Action&& action);
   void waitForRest();
   bool sees(const std::function<bool()>& condition) const;
   void sendKeys(QWidget* target, const QString& keys);
-  void answerBox();
-  void meet(const QMessageBox& box);
-  void pictureOfBox(const QMessageBox& box, const QString& name);
+  void watchSoon();
+  void watch();
+  void answer(QMessageBox& box, const Expected& expected);
+  void workIn(QWidget& met, const Expected& expected);
   void save(const QPixmap& picture, const QString& name);
   void fail(const QString& what);
 
@@ -75,9 +90,8 @@ class Player final : public QObject {
   bool makesPictures_;
   int pictureCount_ = 0;
   QString stage_;
-  std::optional<ExpectedBox> expected_;
-  QPointer<QMessageBox> met_;  ///< the box that was answered last
-  QTimer watch_;
+  std::optional<Expected> expected_;
+  QList<QPointer<QWidget>> met_;  ///< windows that came and may still be open, in order
   QStringList failures_;
 };
 

@@ -11,6 +11,13 @@ namespace tessaria::demo {
 /// Column and text of a row, in the columns' order; Null is an empty text.
 using Row = QList<std::pair<QString, QString>>;
 
+/// A row that a session leaves, by the statement that reads it.
+struct ExpectedRow {
+  QString title;
+  QString statement;
+  Row row;
+};
+
 /// The rows of a statement; none of one that has no rows to give. Raises `HostError`.
 QList<Row> readRows(const QString& connectionString, const QString& statement);
 

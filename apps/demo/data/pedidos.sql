@@ -1,0 +1,38 @@
+-- 60 orders of the first half of 2026, the same at every load, drawn as the customers are.
+insert into pedidos (numero, data, cliente, uf, cidade, condicao, entrega)
+select
+  lpad(numero::text, 6, '0'),
+  data,
+  codigo,
+  uf,
+  cidade,
+  condicao,
+  data + 3 + pg_temp.sorteio(numero, 'prazo', 25)
+from (
+  select
+    numero,
+    date '2026-01-05' + numero * 3 as data,
+    lpad((1 + pg_temp.sorteio(numero, 'cliente do pedido', 400))::text, 5, '0') as codigo
+  from generate_series(1, 60) as numero
+) as sorteados
+join clientes using (codigo)
+order by numero;
+
+insert into itens_pedido (pedido, item, produto, quantidade, preco)
+select
+  pedido,
+  item,
+  codigo,
+  1 + pg_temp.sorteio(numero * 3 + item, 'quantidade', 24),
+  preco
+from (
+  select
+    lpad(numero::text, 6, '0') as pedido,
+    numero,
+    item,
+    lpad((1 + (pg_temp.sorteio(numero, 'produto', 60) + item * 17) % 60)::text, 5, '0') as codigo
+  from generate_series(1, 60) as numero, generate_series(1, 3) as item
+  where item <= 1 + pg_temp.sorteio(numero, 'itens', 3)
+) as sorteados
+join produtos using (codigo)
+order by pedido, item;

@@ -1,0 +1,46 @@
+#include "apps/demo/field_helpers.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+
+#include "control/tstext.h"
+#include "hosts/qt/tstext.h"
+#include "hosts/qt/variants.h"
+#include "lookup/browse_definition.h"
+#include "runtime/text.h"
+
+namespace tessaria::demo {
+namespace {
+
+constexpr char16_t kEnter = 13;
+
+}  // namespace
+
+void moveOnWithEnter(qt::TsText* field) {
+  QObject::connect(field, &qt::TsText::keyPress, field, [field](qint16& key) {
+    if (key != kEnter) return;
+    key = 0;
+    QWidget* box = field->window()->focusWidget();
+    QCoreApplication::postEvent(box, new QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, {}));
+    QCoreApplication::postEvent(box, new QKeyEvent(QEvent::KeyRelease, Qt::Key_Tab, {}));
+  });
+}
+
+Variant returned(const qt::TsText* code, const char16_t* field) {
+  const auto& fields = code->control().Browse()->Outros();
+  for (Long i = 1; i <= fields.Count(); ++i)
+    if (EqualNoCase(fields.Item(i)->Nome(), field)) return fields.Item(i)->Valor();
+  return {};
+}
+
+void giveCode(qt::TsText* code, const Variant& value) {
+  code->setValue(qt::toQVariant(value));
+  code->atualizaIrmao();
+}
+
+QString codeIn(const qt::TsText* field) {
+  const QVariant value = field->value();
+  return value.isNull() ? QString() : value.toString();
+}
+
+}  // namespace tessaria::demo

@@ -1,0 +1,153 @@
+#include "apps/demo/order_form.h"
+
+#include <QDate>
+
+#include "apps/demo/database.h"
+#include "apps/demo/field_helpers.h"
+#include "apps/demo/lookups.h"
+#include "apps/demo/order_lines.h"
+#include "hosts/qt/adodc.h"
+#include "hosts/qt/text.h"
+#include "hosts/qt/tstext.h"
+#include "runtime/conversion.h"
+
+namespace tessaria::demo {
+namespace {
+
+RecordKind kind() {
+  QStringList fields =
+      QStringLiteral(
+          "numero dataPedido cliente nomeCliente uf estado cidade nomeCidade condicao "
+          "nomeCondicao entrega documento pasta")
+          .split(QLatin1Char(' '));
+  for (int line = 0; line < OrderLines::kCount; ++line)
+    for (const char* field : {"produto", "descricao", "quantidade", "preco"})
+      fields << OrderLines::nameOf(field, line);
+  return {QStringLiteral("pedido"),
+          QStringLiteral("pedidos"),
+          QStringLiteral("numero"),
+          6,
+          QStringLiteral("numero"),
+          QStringLiteral("'O pedido ' || numero || ' já existe.'"),
+          fields};
+}
+
+/// In a transaction, which is undone when the work fails.
+template <class Work>
+void atOnce(host::Connection& connection, Work&& work) {
+  connection.BeginTrans();
+  try {
+    work();
+    connection.CommitTrans();
+  } catch (...) {
+    try {
+      connection.RollbackTrans();
+    } catch (const HostError&) {
+      // A server that is gone has undone it, as has one that refused at the end.
+    }
+    throw;
+  }
+}
+
+}  // namespace
+
+OrderForm::OrderForm(Database& database, QWidget* parent)
+    : RecordForm(database, QStringLiteral("order_form.ui"), kind(), parent),
+      lines_(new OrderLines(*this)),
+      date_(field("dataPedido")),
+      customer_(field("cliente")),
+      customerName_(field("nomeCliente")),
+      state_(field("uf")),
+      city_(field("cidade")),
+      paymentTerm_(field("condicao")),
+      delivery_(field("entrega")) {
+  useLookup(customersLookup(), customer_, customerName_);
+  useLookup(statesLookup(), state_, field("estado"));
+  useLookup(citiesLookup(), city_, field("nomeCidade"));
+  useLookup(paymentTermsLookup(), paymentTerm_, field("nomeCondicao"));
+  keepCityInState(state_, city_);
+  connect(customer_, &qt::TsText::browseReturn, this, [this](bool& changed) {
+    if (changed) customerChosen();
+  });
+  connect(lines_, &OrderLines::changed, this, &OrderForm::linesChanged);
+  start();
+}
+
+// --- The row on the screen -----------------------------------------------------------------------
+
+void OrderForm::showRow() {
+  const QString version = fieldInRow(QStringLiteral("versao"));
+  versionRead_ = version.toInt();
+  proposedFor_ = codeIn(customer_);
+  lines_->load(*database().connection(), isNewRow() ? QString() : keyInRow());
+}
+
+void OrderForm::proposeRow() { date_->setValue(QDate::currentDate()); }
+
+/// The customer brings its state, its city and its terms along. A name that is being typed
+/// reports its code with each key.
+void OrderForm::customerChosen() {
+  const QString customer = codeIn(customer_);
+  if (customer == proposedFor_) return;
+  proposedFor_ = customer;
+  if (customer.isEmpty()) return;
+  giveCode(state_, returned(customer_, u"uf"));
+  giveCode(city_, returned(customer_, u"cidade"));
+  giveCode(paymentTerm_, returned(customer_, u"condicao"));
+}
+
+/// The lines are no part of the row: another version says that the order is to be written.
+void OrderForm::linesChanged() {
+  if (isNewRow() || keyInRow().isEmpty() || !lines_->isChanged()) return;
+  qt::guarded(this,
+              [this] { rows().recordSet()->Fields().Item(u"versao")->Value(versionRead_ + 1); });
+}
+
+QString OrderForm::describeRow() const { return customerName_->text(); }
+
+// --- Saving --------------------------------------------------------------------------------------
+
+bool OrderForm::checkRow() {
+  const QVariant delivery = delivery_->value();
+  if (!delivery.isNull() && delivery.toDate() < date_->value().toDate())
+    return refuse(delivery_, QStringLiteral("A entrega não pode ser antes do pedido."));
+  qt::TsText* where = nullptr;
+  const QString fault = lines_->fault(where);
+  return fault.isEmpty() || refuse(where, fault);
+}
+
+/// The head goes by a row of its own, so that what was typed stays pending until all is stored.
+void OrderForm::writeRow() {
+  const QString number = keyInRow();
+  host::Connection& connection = *database().connection();
+  atOnce(connection, [&] {
+    writeHead(number);
+    lines_->write(connection, number);
+  });
+  qt::guarded(this, [&] { readAgain(number); });
+}
+
+void OrderForm::writeHead(const QString& number) {
+  const auto source =
+      qt::fromQt(QStringLiteral("select * from pedidos where ") + criteriaOf(number));
+  const auto stored = database().connection()->OpenRecordset(source, host::CursorType::Static,
+                                                             host::LockType::Optimistic);
+  const auto version = [&] { return stored->Fields().Item(u"versao"); };
+  if (isNewRow())
+    stored->AddNew();
+  else if (stored->Eof() || CLng(version()->Value()) != versionRead_)
+    throw HostError(errors::RowChanged);
+  auto& typed = rows().recordSet()->Fields();
+  for (Long i = 0; i < typed.Count(); ++i)
+    stored->Fields().Item(typed.Item(i)->Name())->Value(typed.Item(i)->Value());
+  version()->Value(versionRead_ + 1);
+  stored->Update();
+}
+
+void OrderForm::readAgain(const QString& number) {
+  rows().recordSet()->CancelUpdate();
+  rows().open();
+  rows().recordSet()->Find(qt::fromQt(criteriaOf(number)));
+}
+
+}  // namespace tessaria::demo

@@ -1,0 +1,167 @@
+#include "apps/demo/play/order_session.h"
+
+namespace tessaria::demo {
+namespace {
+
+QString s(const char* text) { return QString::fromUtf8(text); }
+
+void openOrders(Player& p) {
+  p.stage(s("Os pedidos"));
+  p.press(s("Ctrl+2"));
+  p.expectText(s("numero"), s("000001"));
+  p.picture(s("pedidos"));
+  p.stage(s("Pedido novo: o nome do cliente se completa e traz o que é dele"));
+  p.press(s("Alt+N"));
+  p.expectFocus(s("numero"));
+  p.expectText(s("numero"), s("000061"));
+  p.press(s("Tab"));
+  p.expectFocus(s("dataPedido"));
+  p.type(s("23112026"));
+  p.press(s("Tab"));
+  p.expectText(s("dataPedido"), s("23/11/2026"));
+  p.expectFocus(s("cliente"));
+  p.press(s("Tab"));
+  p.type(s("João Con"));
+  p.expectText(s("nomeCliente"), s("João Conceição Araújo Müller"));
+  p.expectText(s("cliente"), s("01500"));
+  p.picture(s("cliente-completado"));
+  p.press(s("Tab"));
+  p.expectFocus(s("uf"));
+  p.expectText(s("uf"), s("SP"));
+  p.expectText(s("estado"), s("São Paulo"));
+  p.expectText(s("cidade"), s("00251"));
+  p.expectText(s("nomeCidade"), s("Campinas"));
+}
+
+void changeCity(Player& p) {
+  p.stage(s("Outro código, e a descrição acompanha"));
+  p.press(s("Tab"), 2);
+  p.expectFocus(s("cidade"));
+  p.type(s("261"));
+  p.press(s("Tab"));
+  p.expectText(s("cidade"), s("00261"));
+  p.expectText(s("nomeCidade"), s("Santos"));
+  p.picture(s("cidade-pelo-codigo"));
+  p.stage(s("Outro estado: a cidade sai, e a busca se estreita"));
+  p.press(s("Shift+Tab"), 3);
+  p.expectFocus(s("uf"));
+  p.type(s("mg"));
+  p.press(s("Tab"));
+  p.expectText(s("estado"), s("Minas Gerais"));
+  p.expectText(s("nomeCidade"), QString());
+  p.press(s("Tab"), 2);
+  p.expectFocus(s("nomeCidade"));
+  p.type(s("ribeir"));
+  p.expectText(s("nomeCidade"), s("Ribeirão das Neves"));
+  p.expectText(s("cidade"), s("00085"));
+  p.picture(s("cidade-do-estado"));
+  p.press(s("Tab"));
+}
+
+void chooseTerm(Player& p) {
+  p.expectFocus(s("condicao"));
+  p.type(s("5"));
+  p.press(s("Tab"));
+  p.expectText(s("condicao"), s("05"));
+  p.expectText(s("nomeCondicao"), s("30/60 dias"));
+  p.press(s("Tab"));
+  p.expectFocus(s("entrega"));
+  p.type(s("05122026"));
+  p.press(s("Tab"));
+}
+
+void attachPapers(Player& p, const OrderPapers& papers) {
+  p.stage(s("Documento e pasta"));
+  p.expectFocus(s("documento"));
+  p.type(papers.document);
+  p.press(s("Tab"));
+  p.expectFocus(s("pasta"));
+  p.type(papers.folder);
+  p.press(s("Tab"));
+}
+
+void enterItems(Player& p) {
+  p.stage(s("Três itens"));
+  p.expectFocus(s("produto1"));
+  p.type(s("1"));
+  p.press(s("Tab"));
+  p.expectText(s("descricao1"), s("Papel sulfite A4 75 g, resma"));
+  p.expectText(s("preco1"), s("27,90"));
+  p.press(s("Tab"));
+  p.type(s("12"));
+  p.press(s("Tab"), 2);
+  p.expectText(s("total1"), s("334,80"));
+  p.expectFocus(s("produto2"));
+  p.press(s("Tab"));
+  p.type(s("café"));
+  p.expectText(s("descricao2"), s("Café torrado e moído 500 g"));
+  p.expectText(s("produto2"), s("00040"));
+  p.picture(s("produto-completado"));
+  p.press(s("Tab"));
+  p.type(s("2,5"));
+  p.press(s("Tab"));
+  p.type(s("23,9"));
+  p.press(s("Tab"));
+  p.expectText(s("total2"), s("59,75"));
+  p.type(s("50"));
+  p.press(s("Tab"), 2);
+  p.expectText(s("descricao3"), s("Corda de polipropileno 8 mm"));
+  p.type(s("7,25"));
+  p.press(s("Tab"), 2);
+  p.expectText(s("total3"), s("226,20"));
+  p.expectShown(s("totalPedido"), s("620,75"));
+}
+
+void saveOrder(Player& p) {
+  p.stage(s("O pedido é salvo"));
+  p.press(s("Alt+S"));
+  p.expectShown(s("situacao"), s("Pedido 000061, João Conceição Araújo Müller, salvo."));
+  p.expectText(s("numero"), s("000061"));
+  p.expectText(s("descricao3"), s("Corda de polipropileno 8 mm"));
+  p.picture(s("pedido-salvo"));
+}
+
+ExpectedRow itemRow(const char* item, const char* product, const char* quantity, const char* price,
+                    const char* total) {
+  return {s("Item %1 do pedido no banco de dados:").arg(s(item)),
+          s("select item::text, produto, quantidade::text, preco::text, total::text from "
+            "itens_pedido where pedido = '000061' and item = ") +
+              s(item),
+          {{s("item"), s(item)},
+           {s("produto"), s(product)},
+           {s("quantidade"), s(quantity)},
+           {s("preco"), s(price)},
+           {s("total"), s(total)}}};
+}
+
+}  // namespace
+
+void playOrderSession(Player& player, const OrderPapers& papers) {
+  openOrders(player);
+  changeCity(player);
+  chooseTerm(player);
+  attachPapers(player, papers);
+  enterItems(player);
+  saveOrder(player);
+}
+
+QList<ExpectedRow> rowsAfterOrderSession(const OrderPapers& papers) {
+  return {{s("O pedido no banco de dados:"),
+           s("select numero, to_char(data, 'DD/MM/YYYY') as data, cliente, uf, cidade, condicao, "
+             "to_char(entrega, 'DD/MM/YYYY') as entrega, documento, pasta from pedidos where "
+             "numero = '000061'"),
+           {{s("numero"), s("000061")},
+            {s("data"), s("23/11/2026")},
+            {s("cliente"), s("01500")},
+            {s("uf"), s("MG")},
+            {s("cidade"), s("00085")},
+            {s("condicao"), s("05")},
+            {s("entrega"), s("05/12/2026")},
+            {s("documento"), papers.document},
+            {s("pasta"), papers.folder}}},
+          itemRow("1", "00001", "12.00", "27.90", "334.80"),
+          itemRow("2", "00040", "2.50", "23.90", "59.75"),
+          itemRow("3", "00050", "7.25", "31.20", "226.20")};
+}
+
+}  // namespace tessaria::demo

@@ -1,0 +1,281 @@
+#include "apps/demo/record_form.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "apps/demo/database.h"
+#include "apps/demo/failure.h"
+#include "apps/demo/field_helpers.h"
+#include "apps/demo/form_loader.h"
+#include "apps/demo/messages.h"
+#include "hosts/qt/adodc.h"
+#include "hosts/qt/focus_cycle.h"
+#include "hosts/qt/metatypes.h"
+#include "hosts/qt/text.h"
+#include "hosts/qt/tstext.h"
+#include "runtime/conversion.h"
+
+namespace tessaria::demo {
+namespace {
+
+QString textOf(const Variant& value) { return value.IsNull() ? QString() : qt::toQt(CStr(value)); }
+
+}  // namespace
+
+Variant single(const Database& database, const QString& statement) {
+  const auto rows = database.connection()->Execute(qt::fromQt(statement));
+  return rows->Eof() ? Variant::Null() : rows->Fields().Item(0)->Value();
+}
+
+RecordForm::RecordForm(Database& database, const QString& file, RecordKind kind, QWidget* parent)
+    : QWidget(parent), database_(database), kind_(std::move(kind)) {
+  setProperty("dbForm", QVariant::fromValue(database.connection()));
+  loadForm(file, *this);
+  findWidgets();
+  loadRows();
+}
+
+void RecordForm::start() {
+  connectFields();
+  connectButtons();
+}
+
+void RecordForm::findWidgets() {
+  for (const QString& name : kind_.fields) fields_ << field(name.toLatin1().constData());
+  rows_ = widgetOf<qt::Adodc>(*this, "dados");
+  key_ = field(kind_.keyField.toLatin1().constData());
+  search_ = field("localizar");
+  new_ = widgetOf<QPushButton>(*this, "btnNovo");
+  save_ = widgetOf<QPushButton>(*this, "btnSalvar");
+  cancel_ = widgetOf<QPushButton>(*this, "btnCancelar");
+  delete_ = widgetOf<QPushButton>(*this, "btnExcluir");
+}
+
+qt::TsText* RecordForm::field(const char* name) const { return widgetOf<qt::TsText>(*this, name); }
+
+void RecordForm::loadRows() {
+  rows_->setConnection(database_.connection());
+  try {
+    rows_->open();
+  } catch (const HostError& error) {
+    throw Failure(QStringLiteral("O banco de dados não tem a tabela de %1 deste programa. "
+                                 "Carregue-a com apps/demo/data/load.sql.\n\n%2")
+                      .arg(kind_.table, qt::toQt(error.Description())));
+  }
+}
+
+void RecordForm::connectFields() {
+  for (qt::TsText* each : findChildren<qt::TsText*>()) moveOnWithEnter(each);
+  // The last field to show: the first row stands in all of them then.
+  connect(fields_.last(), &qt::TsText::shown, this, &RecordForm::rowShown, Qt::QueuedConnection);
+  connect(search_, &qt::TsText::browseReturn, this, [this](bool& changed) {
+    if (!changed || !search_->lastValidaStatus()) return;
+    const QString key = search_->value().toString();
+    search_->setValue(QVariant::fromValue(nullptr));
+    // The field is still being left: the rows move afterwards.
+    QMetaObject::invokeMethod(
+        this, [this, key] { goTo(key); }, Qt::QueuedConnection);
+  });
+}
+
+void RecordForm::connectButtons() {
+  connect(new_, &QPushButton::clicked, this, &RecordForm::addRecord);
+  connect(save_, &QPushButton::clicked, this, &RecordForm::save);
+  connect(cancel_, &QPushButton::clicked, this, &RecordForm::cancel);
+  connect(delete_, &QPushButton::clicked, this, &RecordForm::deleteRecord);
+  connect(rows_, &qt::Adodc::leavingRow, this,
+          [this](bool& refused) { refused = !check() || !write(); });
+  for (const auto moved : {&qt::Adodc::moved, &qt::Adodc::rowAdded, &qt::Adodc::rowSaved,
+                           &qt::Adodc::rowCancelled, &qt::Adodc::rowDeleted})
+    connect(rows_, moved, this, &RecordForm::rowShown);
+}
+
+// --- The row on the screen -----------------------------------------------------------------------
+
+QString RecordForm::capitalNoun() const { return kind_.noun.at(0).toUpper() + kind_.noun.mid(1); }
+
+QString RecordForm::criteriaOf(const QString& key) const {
+  return QStringLiteral("%1 = '%2'").arg(kind_.key, key);
+}
+
+bool RecordForm::isNewRow() const {
+  const auto rows = rows_->recordSet();
+  return rows && rows->EditMode() == host::EditMode::Add;
+}
+
+QString RecordForm::fieldInRow(const QString& column) const {
+  const auto rows = rows_->recordSet();
+  if (!rows || ((rows->Eof() || rows->Bof()) && !isNewRow())) return {};
+  return textOf(rows->Fields().Item(qt::fromQt(column))->Value());
+}
+
+void RecordForm::rowShown() {
+  isStale_ = false;
+  qt::guarded(this, [this] {
+    key_->setEnabled(isNewRow());
+    delete_->setEnabled(!isNewRow());
+    showRow();
+  });
+  qt::FocusCycle::of(window())->enterAgain();
+}
+
+void RecordForm::moveFirst() { rows_->moveFirst(); }
+void RecordForm::movePrevious() { rows_->movePrevious(); }
+void RecordForm::moveNext() { rows_->moveNext(); }
+void RecordForm::moveLast() { rows_->moveLast(); }
+
+void RecordForm::startSearch() { search_->setFocus(Qt::ShortcutFocusReason); }
+
+void RecordForm::goTo(const QString& key) {
+  const QString found = QStringLiteral("%1 %2.").arg(capitalNoun(), key);
+  if (rows_->findRow(criteriaOf(key))) return emit notice(found);
+  // Another user may have added it since the rows were read.
+  if (rows_->isEditPending() || !rows_->refresh()) return;
+  if (rows_->findRow(criteriaOf(key))) return emit notice(found);
+  emit notice(QStringLiteral("O %1 %2 não existe.").arg(kind_.noun, key));
+}
+
+void RecordForm::reload() {
+  const QString key = keyInRow();
+  if (!database_.isReachable())
+    return warn(QStringLiteral("O servidor do banco de dados não responde."));
+  if (!rows_->refresh()) return;
+  rows_->findRow(criteriaOf(key));
+  emit notice(QStringLiteral("%1s lidos de novo.").arg(capitalNoun()));
+}
+
+bool RecordForm::hasUnsavedInput() const {
+  const auto* box = qobject_cast<QLineEdit*>(window()->focusWidget());
+  return rows_->isEditPending() || (box && isAncestorOf(box) && box->isModified());
+}
+
+// --- New, cancel, delete -------------------------------------------------------------------------
+
+void RecordForm::addRecord() {
+  if (!rows_->addRow()) return;
+  qt::guarded(this, [this] {
+    key_->setValue(proposedKey());
+    proposeRow();
+  });
+  key_->setFocus();
+  emit notice(QStringLiteral("%1 novo.").arg(capitalNoun()));
+}
+
+QString RecordForm::proposedKey() const {
+  const QString statement =
+      QStringLiteral("select lpad((coalesce(max(%1), '0')::integer + 1)::text, %2, '0') from %3")
+          .arg(kind_.key)
+          .arg(kind_.keyLength)
+          .arg(kind_.table);
+  return textOf(single(database_, statement)).right(kind_.keyLength);
+}
+
+void RecordForm::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
+  cancel_->setFocus();
+  qt::FocusCycle::of(window())->settlePending();
+  cancel_->click();
+}
+
+void RecordForm::cancel() {
+  const bool wasStale = isStale_;
+  const QString key = keyInRow();
+  if (!rows_->cancelRow()) return;
+  if (wasStale && rows_->refresh()) rows_->findRow(criteriaOf(key));
+  emit notice(QStringLiteral("O que foi digitado foi desfeito."));
+}
+
+void RecordForm::deleteRecord() {
+  const QString key = keyInRow();
+  if (key.isEmpty()) return;
+  if (!ask(QStringLiteral("Excluir o %1 %2, %3?").arg(kind_.noun, key, describeRow()))) return;
+  if (rows_->deleteRow()) emit notice(QStringLiteral("%1 %2 excluído.").arg(capitalNoun(), key));
+}
+
+// --- Saving --------------------------------------------------------------------------------------
+
+bool RecordForm::save() {
+  if (!check()) return false;
+  if (!rows_->isEditPending()) {
+    emit notice(QStringLiteral("Nada a salvar: o %1 está como no banco de dados.").arg(kind_.noun));
+    return true;
+  }
+  return write() && rows_->saveRow();
+}
+
+/// Fields demand their input only of a button, so the button for it takes the focus meanwhile.
+bool RecordForm::check() {
+  if (!database_.isReachable()) {
+    warn(QStringLiteral("O %1 não foi salvo: o servidor do banco de dados não responde.\n\n"
+                        "O que foi digitado continua na tela. Salve de novo quando o servidor "
+                        "voltar, ou use Arquivo, Reconectar ao banco de dados.")
+             .arg(kind_.noun));
+    emit notice(QStringLiteral("Não salvo: o servidor do banco de dados não responde."));
+    return false;
+  }
+  const QPointer<QWidget> before = window()->focusWidget();
+  save_->setFocus();
+  qt::FocusCycle::of(window())->settlePending();
+  if (window()->focusWidget() != save_ || !checkFields()) return false;
+  if (before) before->setFocus();
+  return true;
+}
+
+bool RecordForm::checkFields() {
+  for (qt::TsText* each : fields_)
+    if (each->isFieldEnabled() && !each->valida()) return false;
+  return checkRow() && checkKeyIsFree();
+}
+
+bool RecordForm::refuse(qt::TsText* field, const QString& text) {
+  tell(text);
+  field->setFocus();
+  return false;
+}
+
+bool RecordForm::checkKeyIsFree() {
+  if (!isNewRow()) return true;
+  QString taken;
+  const bool asked = qt::guarded(this, [&] {
+    const QString statement = QStringLiteral("select %1 from %2 where %3")
+                                  .arg(kind_.takenText, kind_.table, criteriaOf(keyInRow()));
+    taken = textOf(single(database_, statement));
+  });
+  if (!asked) return false;
+  return taken.isEmpty() || refuse(key_, taken);
+}
+
+void RecordForm::writeRow() { rows_->recordSet()->Update(); }
+
+bool RecordForm::write() {
+  const QString written =
+      QStringLiteral("%1 %2, %3, salvo.").arg(capitalNoun(), keyInRow(), describeRow());
+  try {
+    writeRow();
+  } catch (const HostError& error) {
+    tellRefusal(error);
+    return false;
+  }
+  emit notice(written);
+  return true;
+}
+
+void RecordForm::tellRefusal(const HostError& error) {
+  isStale_ = error.Number() == errors::RowChanged;
+  const QString reason =
+      isStale_ ? QStringLiteral(
+                     "outro usuário alterou ou excluiu este %1 depois que ele foi "
+                     "lido. Nada foi gravado por cima.\n\nO que foi digitado continua "
+                     "na tela. Cancelar mostra o %1 como está agora.")
+                     .arg(kind_.noun)
+               : QStringLiteral(
+                     "o banco de dados recusou.\n\n%1\n\nO que foi digitado continua "
+                     "na tela.")
+                     .arg(qt::toQt(error.Description()));
+  warn(QStringLiteral("O %1 não foi salvo: %2").arg(kind_.noun, reason));
+  emit notice(isStale_ ? QStringLiteral("Não salvo: outro usuário alterou o %1.").arg(kind_.noun)
+                       : QStringLiteral("Não salvo: o banco de dados recusou."));
+}
+
+}  // namespace tessaria::demo
