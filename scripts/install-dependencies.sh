@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the named groups need, those that are missing only.
-# Usage: scripts/install-dependencies.sh [build|run|lint|bench ...]     (default: build run)
+# Usage: scripts/install-dependencies.sh [build|run|lint|fuzz|bench ...]     (default: build run)
 set -euo pipefail
 
 # What each package is for stands in docs/dependencies.md.
@@ -12,9 +12,10 @@ packages_of() {
       ;;
     run) echo postgresql unixodbc odbc-postgresql qt6-translations-l10n fonts-dejavu-core ;;
     lint) echo clang-format clang-tidy ;;
+    fuzz) echo clang libclang-rt-dev ;;
     bench) echo libbenchmark-dev libpq-dev libqt6sql6-psql ;;
     *)
-      echo "install-dependencies: no group named '$1' (build, run, lint, bench)" >&2
+      echo "install-dependencies: no group named '$1' (build, run, lint, fuzz, bench)" >&2
       return 1
       ;;
   esac
@@ -30,6 +31,7 @@ commands_of() {
     build) echo cmake ninja c++ ;;
     run) echo pg_config isql ;;
     lint) echo clang-format clang-tidy ;;
+    fuzz) echo clang++ ;;
     *) echo ;;
   esac
 }
