@@ -1,14 +1,18 @@
 #include "hosts/memory/connection.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "runtime/text.h"
+#include "tessaria/host/schema.h"
 
 namespace tessaria::memory {
 namespace {
 
 constexpr Long kTransactionOpen = -2147168237;
 constexpr Long kNoTransaction = -2147168242;
+constexpr Long kObjectOpen = 3705;
+constexpr Long kInvalidArgument = 3001;
 
 std::vector<Table::Stored> Numbered(std::vector<Row> cells, const std::vector<Column>& columns) {
   return Table(columns, std::move(cells)).Rows();
@@ -19,6 +23,34 @@ String TableName(StringView source) {
   const String text = LCase(Trim(source));
   constexpr StringView kSelect = u"select * from ";
   return StartsWith(text, kSelect) ? Trim(StringView(text).substr(kSelect.size())) : text;
+}
+
+// What the schema tells of each table; its rows start with catalogue and schema, which are none.
+void AddColumnRows(std::vector<Row>& rows, const String& table, const Table& contents) {
+  Long ordinal = 0;
+  for (const Column& column : contents.Columns()) {
+    const bool sized = IsTextType(column.Type) || column.Type == host::type::Binary;
+    rows.push_back({Variant::Null(), Variant::Null(), table, column.Name, ++ordinal, column.Type,
+                    sized ? Variant(column.DefinedSize) : Variant::Null(), column.Nullable});
+  }
+}
+
+void AddKeyRows(std::vector<Row>& rows, const String& table, const std::vector<String>& key) {
+  Long ordinal = 0;
+  for (const String& column : key) {
+    rows.push_back({Variant::Null(), Variant::Null(), table, column, ++ordinal, Variant::Null()});
+  }
+}
+
+std::vector<Column> ColumnsOfSchema(host::SchemaKind kind) {
+  std::vector<Column> columns;
+  for (const host::SchemaColumn& column : host::SchemaColumns(kind)) {
+    columns.push_back({.Name = String(column.Name),
+                       .Type = column.Type,
+                       .DefinedSize = column.DefinedSize,
+                       .Nullable = column.Nullable});
+  }
+  return columns;
 }
 
 }  // namespace
@@ -36,6 +68,22 @@ class StatementRows final : public RowSource {
   std::shared_ptr<Connection> connection_;
   String statement_;
   bool writable_;
+};
+
+/// One look at the schema, to be taken again.
+class SchemaRows final : public RowSource {
+ public:
+  SchemaRows(std::shared_ptr<Connection> connection, host::SchemaKind kind,
+             host::SchemaRestrictions restrictions)
+      : connection_(std::move(connection)), kind_(kind), restrictions_(std::move(restrictions)) {}
+
+  Answer Run() override { return connection_->Schema(kind_, restrictions_); }
+  void CheckConnection() const override { connection_->RequireOpen(); }
+
+ private:
+  std::shared_ptr<Connection> connection_;
+  host::SchemaKind kind_;
+  host::SchemaRestrictions restrictions_;
 };
 
 bool HoldsSecondStatement(StringView text) {
@@ -89,6 +137,12 @@ void Connection::CloseRecordsets() {
   }
 }
 
+void Connection::ConnectionTimeout(Long seconds) {
+  if (open_) throw HostError(kObjectOpen);
+  if (seconds < 0) throw HostError(kInvalidArgument);
+  timeout_ = seconds;
+}
+
 void Connection::RequireOpen() {
   if (!open_) throw HostError(errors::InvalidConnection);
   if (!dropped_) return;
@@ -116,13 +170,27 @@ void Connection::SetProperty(const String& name, const Variant& value) {
 
 TablePtr Connection::AddTable(const String& name, std::vector<Column> columns,
                               std::vector<Row> rows) {
-  return tables_[LCase(name)] = std::make_shared<Table>(std::move(columns), std::move(rows));
+  auto table = std::make_shared<Table>(std::move(columns), std::move(rows));
+  tables_.insert_or_assign(LCase(name), NamedTable{name, table, u"TABLE", {}});
+  return table;
+}
+
+Connection::NamedTable& Connection::Named(const String& name) {
+  const auto table = tables_.find(LCase(name));
+  if (table == tables_.end()) throw HostError(errors::ItemNotFound);
+  return table->second;
+}
+
+void Connection::SetTableType(const String& name, const String& type) { Named(name).Type = type; }
+
+void Connection::SetPrimaryKey(const String& name, std::vector<String> columns) {
+  Named(name).Key = std::move(columns);
 }
 
 TablePtr Connection::TableNamed(const String& name) const {
   const auto table = tables_.find(LCase(name));
   if (table == tables_.end()) throw HostError(errors::ItemNotFound);
-  return table->second;
+  return table->second.Rows;
 }
 
 void Connection::Answer(const String& statement, Rows rows) {
@@ -132,17 +200,50 @@ void Connection::Answer(const String& statement, Rows rows) {
 std::vector<String> Connection::TakeStatements() { return std::exchange(statements_, {}); }
 
 host::RecordsetPtr Connection::Execute(const String& statement) {
-  return OpenRows(statement, false);
+  return OpenRows(std::make_unique<StatementRows>(shared_from_this(), statement, false), statement);
 }
 
 host::RecordsetPtr Connection::OpenRecordset(const String& source, host::CursorType,
                                              host::LockType lock, Long) {
-  return OpenRows(source, lock != host::LockType::ReadOnly);
+  const bool writable = lock != host::LockType::ReadOnly;
+  return OpenRows(std::make_unique<StatementRows>(shared_from_this(), source, writable), source);
 }
 
-host::RecordsetPtr Connection::OpenRows(const String& statement, bool writable) {
-  auto rows = Recordset::Open(
-      std::make_unique<StatementRows>(shared_from_this(), statement, writable), statement);
+host::RecordsetPtr Connection::OpenSchema(host::SchemaKind kind,
+                                          const host::SchemaRestrictions& restrictions) {
+  return OpenRows(std::make_unique<SchemaRows>(shared_from_this(), kind, restrictions), {});
+}
+
+RowSource::Answer Connection::Schema(host::SchemaKind kind,
+                                     const host::SchemaRestrictions& restrictions) {
+  RequireOpen();
+  RaiseFault();
+  const bool ofKeys = kind == host::SchemaKind::PrimaryKeys;
+  if (ofKeys && restrictions.Table.empty()) throw HostError(kInvalidArgument);
+  std::vector<Row> rows;
+  // Nothing here has a catalogue or a schema.
+  const bool none = !restrictions.Catalog.empty() || !restrictions.Schema.empty();
+  for (const auto& [key, table] : tables_) {
+    if (none || (!restrictions.Table.empty() && restrictions.Table != table.Name)) continue;
+    if (ofKeys) {
+      AddKeyRows(rows, table.Name, table.Key);
+    } else if (kind == host::SchemaKind::Columns) {
+      AddColumnRows(rows, table.Name, *table.Rows);
+    } else {
+      rows.push_back({Variant::Null(), Variant::Null(), table.Name, table.Type});
+    }
+  }
+  if (kind == host::SchemaKind::Tables) {
+    std::stable_sort(rows.begin(), rows.end(), [](const Row& a, const Row& b) {
+      return *a[3].TryGet<String>() < *b[3].TryGet<String>();
+    });
+  }
+  const std::vector<Column> columns = ColumnsOfSchema(kind);
+  return {columns, Numbered(std::move(rows), columns), nullptr};
+}
+
+host::RecordsetPtr Connection::OpenRows(std::unique_ptr<RowSource> source, const String& text) {
+  auto rows = Recordset::Open(std::move(source), text);
   recordsets_.push_back(rows);
   return rows;
 }
@@ -166,14 +267,15 @@ RowSource::Answer Connection::TableRows(const String& statement, bool writable) 
   if (table == tables_.end()) {
     throw HostError(errors::ProviderError, u"O servidor não conhece: " + statement);
   }
-  return {table->second->Columns(), table->second->Rows(), writable ? table->second : nullptr};
+  const TablePtr& rows = table->second.Rows;
+  return {rows->Columns(), rows->Rows(), writable ? rows : nullptr};
 }
 
 void Connection::BeginTrans() {
   RequireOpen();
   if (savedTables_) throw HostError(kTransactionOpen, u"Já existe uma transação ativa.");
   savedTables_.emplace();
-  for (const auto& [name, table] : tables_) savedTables_->emplace(name, *table);
+  for (const auto& [name, table] : tables_) savedTables_->emplace(name, *table.Rows);
 }
 
 void Connection::CommitTrans() {
@@ -186,7 +288,7 @@ void Connection::RollbackTrans() {
   RequireOpen();
   if (!savedTables_) throw HostError(kNoTransaction, u"Nenhuma transação ativa.");
   const auto saved = std::exchange(savedTables_, std::nullopt);
-  for (const auto& [name, table] : *saved) *tables_[name] = table;
+  for (const auto& [name, table] : *saved) *tables_.at(name).Rows = table;
 }
 
 }  // namespace tessaria::memory

@@ -28,10 +28,14 @@ class Connection final : public host::Connection, public std::enable_shared_from
   void ConnectionString(const String& text) override { connectionString_ = text; }
   void Open() override;
   void Close() override;
+  Long ConnectionTimeout() const override { return timeout_; }
+  void ConnectionTimeout(Long seconds) override;
   Variant Properties(const String& name) const override;
   host::RecordsetPtr Execute(const String& statement) override;
   host::RecordsetPtr OpenRecordset(const String& source, host::CursorType cursor,
                                    host::LockType lock, Long options = -1) override;
+  host::RecordsetPtr OpenSchema(host::SchemaKind kind,
+                                const host::SchemaRestrictions& restrictions = {}) override;
   void BeginTrans() override;
   void CommitTrans() override;
   void RollbackTrans() override;
@@ -39,6 +43,10 @@ class Connection final : public host::Connection, public std::enable_shared_from
   // --- The database --------------------------------------------------------------------------
   void SetProperty(const String& name, const Variant& value);
   TablePtr AddTable(const String& name, std::vector<Column> columns, std::vector<Row> rows = {});
+  /// What the schema says of a table: its type, "TABLE" unless told, and its key's columns in
+  /// their order. Error 3265 when there is none of that name.
+  void SetTableType(const String& name, const String& type);
+  void SetPrimaryKey(const String& name, std::vector<String> columns);
   /// Error 3265 when there is none of that name.
   TablePtr TableNamed(const String& name) const;
   /// The answer of one exact statement.
@@ -60,20 +68,31 @@ class Connection final : public host::Connection, public std::enable_shared_from
 
  private:
   friend class StatementRows;
+  friend class SchemaRows;
+
+  struct NamedTable {
+    String Name;
+    TablePtr Rows;
+    String Type = u"TABLE";
+    std::vector<String> Key;
+  };
 
   Connection();
   void RequireOpen();
   void RaiseFault();
   RowSource::Answer Run(const String& statement, bool writable);
   RowSource::Answer TableRows(const String& statement, bool writable) const;
-  host::RecordsetPtr OpenRows(const String& statement, bool writable);
+  host::RecordsetPtr OpenRows(std::unique_ptr<RowSource> source, const String& text);
+  RowSource::Answer Schema(host::SchemaKind kind, const host::SchemaRestrictions& restrictions);
+  NamedTable& Named(const String& name);
   void CloseRecordsets();
 
   bool open_ = false;
   bool dropped_ = false;
+  Long timeout_ = 15;
   String connectionString_;
   std::map<String, Variant> properties_;  ///< by name in lower case
-  std::map<String, TablePtr> tables_;     ///< by name in lower case
+  std::map<String, NamedTable> tables_;   ///< by name in lower case
   std::map<String, Rows> answers_;
   std::deque<HostError> faults_;
   std::vector<String> statements_;

@@ -1,40 +1,21 @@
-// The tables of a database, their columns and keys.
+// What the database says of its tables, columns and keys, as rows.
 #pragma once
 
-#include <vector>
-
+#include "hosts/odbc/column_store.h"
+#include "hosts/odbc/session.h"
 #include "tessaria/host/data.h"
 
 namespace tessaria::odbc {
 
-struct CatalogueTable {
-  String Catalogue, Schema, Name;
-  String Type;  ///< "TABLE", "VIEW", "SYSTEM TABLE", ...
-};
+/// The columns of such rows.
+Columns SchemaResultColumns(host::SchemaKind kind);
 
-struct CatalogueColumn {
-  String Name;
-  String TypeName;  ///< as the database calls it
-  Long Size = 0;    ///< characters or digits
-  bool IsNullable = true;
-};
+/// Asks the driver. Errors: 3001 for the key of no table, the driver's own for the rest.
+ColumnStore ReadSchema(Session& session, host::SchemaKind kind,
+                       const host::SchemaRestrictions& restrictions);
 
-/// Reads the catalogue through a connection of this host. Errors of all: 3709 when it is closed,
-/// else the driver's own.
-class Catalogue {
- public:
-  /// Error 3001 for a connection of another host.
-  explicit Catalogue(host::ConnectionPtr connection);
-
-  /// In the driver's order: by type, schema and name.
-  std::vector<CatalogueTable> Tables() const;
-  /// In the order of the table. Names must agree exactly; an empty schema stands for all.
-  std::vector<CatalogueColumn> Columns(const String& table, const String& schema = {}) const;
-  /// Column names in the order of the key; empty when the table has none.
-  std::vector<String> PrimaryKey(const String& table, const String& schema = {}) const;
-
- private:
-  host::ConnectionPtr connection_;
-};
+/// Whether a row's name is the one asked for. Drivers whose patterns know no escape take "_" and
+/// "%" in a name for more than they are, and some know no capitals.
+bool IsAskedFor(const std::optional<String>& name, const String& asked);
 
 }  // namespace tessaria::odbc

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 #include "hosts/odbc/diagnostics.h"
 #include "tessaria/host/data.h"
@@ -45,21 +46,30 @@ constexpr TypeRule kMoneyRule = {SQL_DOUBLE, type::Currency, Storage::Money};
 constexpr Long kUuidLength = 36;
 constexpr Long kBigIntDigits = 19;
 
+// False when the driver does not know the attribute: without it the rows can still be read.
+bool IsAnswered(SQLRETURN result, const Statement& statement) {
+  if (SQL_SUCCEEDED(result)) return true;
+  const OdbcError error = DiagnosticsOf(SQL_HANDLE_STMT, statement.get());
+  if (error.IsNotSupported()) return false;
+  throw error;
+}
+
 String TextAttribute(const Statement& statement, SQLUSMALLINT column, SQLUSMALLINT attribute) {
   std::array<char16_t, 512> buffer{};
   SQLSMALLINT bytes = 0;
-  Check(SQLColAttributeW(statement.get(), column, attribute, buffer.data(), sizeof buffer, &bytes,
-                         nullptr),
-        SQL_HANDLE_STMT, statement.get());
+  const SQLRETURN result = SQLColAttributeW(statement.get(), column, attribute, buffer.data(),
+                                            sizeof buffer, &bytes, nullptr);
+  if (!IsAnswered(result, statement)) return {};
   const std::size_t length = static_cast<std::size_t>(bytes) / sizeof(char16_t);
   return String(buffer.data(), std::min(length, buffer.size() - 1));
 }
 
-SQLLEN NumberAttribute(const Statement& statement, SQLUSMALLINT column, SQLUSMALLINT attribute) {
+SQLLEN NumberAttribute(const Statement& statement, SQLUSMALLINT column, SQLUSMALLINT attribute,
+                       SQLLEN unknown = 0) {
   SQLLEN value = 0;
-  Check(SQLColAttributeW(statement.get(), column, attribute, nullptr, 0, nullptr, &value),
-        SQL_HANDLE_STMT, statement.get());
-  return value;
+  const SQLRETURN result =
+      SQLColAttributeW(statement.get(), column, attribute, nullptr, 0, nullptr, &value);
+  return IsAnswered(result, statement) ? value : unknown;
 }
 
 const TypeRule& RuleOf(SQLLEN sqlType) {
@@ -75,6 +85,10 @@ const TypeRule& PostgresRule(const String& typeName, const TypeRule& rule) {
   return rule;
 }
 
+const TypeRule& RuleFor(SQLLEN sqlType, const String& typeName, bool postgres) {
+  return postgres ? PostgresRule(typeName, RuleOf(sqlType)) : RuleOf(sqlType);
+}
+
 void RefinePostgres(Column& column, SQLLEN sqlType, const String& typeName) {
   if (sqlType == SQL_GUID) column.lowerCase = true;
   // The driver has no name for json, enumerations and arrays, and "xml" has no equality.
@@ -85,8 +99,7 @@ void TakeSizes(Column& column, const Statement& statement, SQLUSMALLINT number, 
   const auto attribute = [&](SQLUSMALLINT which) {
     return static_cast<Long>(NumberAttribute(statement, number, which));
   };
-  column.definedSize = std::max<Long>(0, attribute(SQL_DESC_LENGTH));
-  if (sqlType == SQL_GUID) column.definedSize = kUuidLength;
+  column.definedSize = SizeOfType(sqlType, attribute(SQL_DESC_LENGTH));
   if (column.storage == Storage::Text || column.storage == Storage::Boolean) return;
   column.precision = std::max<Long>(0, attribute(SQL_DESC_PRECISION));
   column.scale = std::max<Long>(0, attribute(SQL_DESC_SCALE));
@@ -103,15 +116,18 @@ void TakeBase(Column& column, const Statement& statement, SQLUSMALLINT number) {
 }
 
 Column Describe(const Statement& statement, SQLUSMALLINT number, bool postgres) {
+  Column column;
   const SQLLEN sqlType = NumberAttribute(statement, number, SQL_DESC_CONCISE_TYPE);
   const String typeName = TextAttribute(statement, number, SQL_DESC_TYPE_NAME);
-  const TypeRule& rule = postgres ? PostgresRule(typeName, RuleOf(sqlType)) : RuleOf(sqlType);
-  Column column;
+  const TypeRule& rule = RuleFor(sqlType, typeName, postgres);
+  column.sqlType = sqlType;
+  column.typeName = typeName;
   column.name = TextAttribute(statement, number, SQL_DESC_NAME);
   column.type = rule.type;
   column.storage = rule.storage;
   column.padded = rule.type == type::WChar;
-  column.nullable = NumberAttribute(statement, number, SQL_DESC_NULLABLE) != SQL_NO_NULLS;
+  column.nullable =
+      NumberAttribute(statement, number, SQL_DESC_NULLABLE, SQL_NULLABLE_UNKNOWN) != SQL_NO_NULLS;
   TakeSizes(column, statement, number, sqlType);
   TakeBase(column, statement, number);
   if (postgres) RefinePostgres(column, sqlType, typeName);
@@ -119,6 +135,16 @@ Column Describe(const Statement& statement, SQLUSMALLINT number, bool postgres) 
 }
 
 }  // namespace
+
+Long FieldTypeOf(SQLLEN sqlType, const String& typeName, bool postgres) {
+  return RuleFor(sqlType, typeName, postgres).type;
+}
+
+Long SizeOfType(SQLLEN sqlType, SQLLEN size) {
+  if (sqlType == SQL_GUID) return kUuidLength;
+  constexpr SQLLEN kMost = std::numeric_limits<Long>::max();
+  return static_cast<Long>(std::clamp<SQLLEN>(size, 0, kMost));
+}
 
 Columns DescribeColumns(const Statement& statement, bool postgres) {
   SQLSMALLINT count = 0;

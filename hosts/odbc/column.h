@@ -37,6 +37,8 @@ struct Column {
   bool padded = false;     ///< char(n): blanks behind the value are no part of it
   bool lowerCase = false;  ///< the driver's capitals are not the server's (uuid)
   bool comparable = true;  ///< the type has an equality of its own
+  SQLLEN sqlType = 0;      ///< as the driver says it
+  String typeName;         ///< as the database calls it; empty when the driver cannot tell
   String catalogue, schema, table, baseColumn;  ///< where it comes from; empty for an expression
 };
 
@@ -45,5 +47,9 @@ using Columns = std::vector<Column>;
 /// The columns of an executed statement; empty when it gives no rows. `postgres` says that type
 /// names are those of PostgreSQL.
 Columns DescribeColumns(const Statement& statement, bool postgres);
+
+/// The number of `host::type` for an SQL type, and the size that a field of it reports.
+Long FieldTypeOf(SQLLEN sqlType, const String& typeName, bool postgres);
+Long SizeOfType(SQLLEN sqlType, SQLLEN size);
 
 }  // namespace tessaria::odbc

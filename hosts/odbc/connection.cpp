@@ -1,5 +1,6 @@
 #include "hosts/odbc/connection.h"
 
+#include "hosts/odbc/catalogue.h"
 #include "hosts/odbc/diagnostics.h"
 #include "hosts/odbc/odbc_connection.h"
 #include "hosts/odbc/recordset.h"
@@ -20,6 +21,12 @@ host::ConnectionPtr CreateConnection() { return std::make_shared<OdbcConnection>
 
 Long OdbcConnection::State() const {
   return session_->IsOpen() ? host::state::Open : host::state::Closed;
+}
+
+void OdbcConnection::ConnectionTimeout(Long seconds) {
+  if (session_->IsOpen()) throw HostError(errors::ObjectOpen);
+  if (seconds < 0) throw HostError(errors::InvalidCriteria);
+  timeout_ = seconds;
 }
 
 Variant OdbcConnection::Properties(const String& name) const {
@@ -43,6 +50,15 @@ host::RecordsetPtr OdbcConnection::OpenRecordset(const String& source, host::Cur
   if (IsPlainName(facts)) facts = RequireSingleStatement(u"SELECT * FROM " + facts.text, dialect);
   if (RunControl(facts)) return std::make_shared<OdbcRecordset>(session_, source);
   return std::make_shared<OdbcRecordset>(session_, std::move(facts), source, lock);
+}
+
+host::RecordsetPtr OdbcConnection::OpenSchema(host::SchemaKind kind,
+                                              const host::SchemaRestrictions& restrictions) {
+  const auto open = [session = session_, kind, restrictions] {
+    return std::make_unique<RowTable>(session, SchemaResultColumns(kind),
+                                      ReadSchema(*session, kind, restrictions));
+  };
+  return std::make_shared<OdbcRecordset>(session_, open);
 }
 
 // A transaction that the application asks for by text is one of this layer's, with its savepoints;

@@ -11,8 +11,6 @@ namespace tessaria::odbc {
 /// A lost server shows as an error with the driver's own text, and `State` is 0 from then on;
 /// `Open` connects again. Record sets keep the rows that they have read, and a pending edit is
 /// written by `Update` once the connection is open again.
-///
-/// The catalogue of the database is in catalogue.h.
 host::ConnectionPtr CreateConnection();
 
 }  // namespace tessaria::odbc

@@ -24,6 +24,15 @@ constexpr StateRule kStateRules[] = {
 
 // 57P0x: the server was shut down, crashed, or is just starting.
 constexpr std::string_view kLossStates[] = {"08", "57P01", "57P02", "57P03"};
+constexpr std::string_view kNotSupportedStates[] = {"IM001", "HYC00", "HY091", "HY092"};
+
+template <std::size_t N>
+bool StartsWithAny(const std::string& state, const std::string_view (&starts)[N]) {
+  for (const std::string_view start : starts) {
+    if (std::string_view(state).substr(0, start.size()) == start) return true;
+  }
+  return false;
+}
 
 std::string Narrow(const char16_t* text, std::size_t length) {
   std::string result;
@@ -56,11 +65,10 @@ String MessageOf(SQLSMALLINT type, SQLHANDLE handle, SQLSMALLINT record, std::st
 OdbcError::OdbcError(std::string state, String description)
     : HostError(NumberOfState(state), std::move(description)), state_(std::move(state)) {}
 
-bool OdbcError::IsConnectionLoss() const noexcept {
-  for (const std::string_view start : kLossStates) {
-    if (std::string_view(state_).substr(0, start.size()) == start) return true;
-  }
-  return false;
+bool OdbcError::IsConnectionLoss() const noexcept { return StartsWithAny(state_, kLossStates); }
+
+bool OdbcError::IsNotSupported() const noexcept {
+  return StartsWithAny(state_, kNotSupportedStates);
 }
 
 Long NumberOfState(const std::string& state) {

@@ -31,6 +31,8 @@ class OdbcError : public HostError {
   const std::string& SqlState() const noexcept { return state_; }
   /// The server or the way to it is gone; the connection cannot be used again.
   bool IsConnectionLoss() const noexcept;
+  /// The driver has no such call, attribute or field.
+  bool IsNotSupported() const noexcept;
 
  private:
   std::string state_;

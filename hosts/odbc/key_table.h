@@ -16,15 +16,7 @@ struct KeyTable {
 };
 
 /// The table when all columns that have one have the same, no column of it comes twice, and its
-/// whole primary key is there.
+/// whole key is there: the primary key, or a unique index with a driver that cannot tell that.
 std::optional<KeyTable> FindKeyTable(Session& session, const Columns& columns);
-
-/// The column names of a table's primary key, in its order. `statement` is a fresh one.
-std::vector<String> PrimaryKeyOf(Session& session, const Statement& statement,
-                                 const String& catalogue, const String& schema,
-                                 const String& table);
-
-/// The text of a column of the present row; nothing for Null.
-std::optional<String> ReadText(Session& session, const Statement& statement, SQLUSMALLINT column);
 
 }  // namespace tessaria::odbc

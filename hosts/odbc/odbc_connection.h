@@ -12,25 +12,28 @@ class OdbcConnection final : public host::Connection {
   Long State() const override;
   String ConnectionString() const override { return text_; }
   void ConnectionString(const String& text) override { text_ = text; }
-  void Open() override { session_->Open(text_); }
+  void Open() override { session_->Open(text_, timeout_); }
   void Close() override { session_->Close(); }
+  Long ConnectionTimeout() const override { return timeout_; }
+  void ConnectionTimeout(Long seconds) override;
 
   Variant Properties(const String& name) const override;
   host::RecordsetPtr Execute(const String& statement) override;
   host::RecordsetPtr OpenRecordset(const String& source, host::CursorType cursor,
                                    host::LockType lock, Long options) override;
 
+  host::RecordsetPtr OpenSchema(host::SchemaKind kind,
+                                const host::SchemaRestrictions& restrictions) override;
+
   void BeginTrans() override { session_->BeginTrans(); }
   void CommitTrans() override { session_->CommitTrans(); }
   void RollbackTrans() override { session_->RollbackTrans(); }
-
-  /// For the catalogue.
-  const SessionPtr& SharedSession() const { return session_; }
 
  private:
   bool RunControl(const StatementFacts& facts);
 
   String text_;
+  Long timeout_ = 15;
   SessionPtr session_ = std::make_shared<Session>();
 };
 

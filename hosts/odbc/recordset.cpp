@@ -29,6 +29,11 @@ OdbcRecordset::OdbcRecordset(SessionPtr session, StatementFacts facts, String so
   Run();
 }
 
+OdbcRecordset::OdbcRecordset(SessionPtr session, std::function<std::unique_ptr<RowTable>()> open)
+    : session_(std::move(session)), open_(std::move(open)), fields_(*this) {
+  Run();
+}
+
 OdbcRecordset::OdbcRecordset(SessionPtr session, String source)
     : session_(std::move(session)), source_(std::move(source)), fields_(*this) {}
 
@@ -36,7 +41,7 @@ OdbcRecordset::~OdbcRecordset() = default;
 
 // Runs the statement and stands on the first row.
 void OdbcRecordset::Run() {
-  auto table = std::make_unique<RowTable>(session_, facts_);
+  auto table = open_ ? open_() : std::make_unique<RowTable>(session_, facts_);
   writer_.reset();
   order_.reset();
   unsorted_.clear();

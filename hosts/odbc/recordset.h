@@ -2,6 +2,8 @@
 #pragma once
 
 #include <deque>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -60,6 +62,8 @@ class OdbcRecordset final : public host::Recordset,
  public:
   /// Runs the statement. `source` is what the application asked for.
   OdbcRecordset(SessionPtr session, StatementFacts facts, String source, host::LockType lock);
+  /// Rows that need no statement: `open` makes them, again at each requery.
+  OdbcRecordset(SessionPtr session, std::function<std::unique_ptr<RowTable>()> open);
   /// A closed one, as a statement without rows gives it.
   OdbcRecordset(SessionPtr session, String source);
   ~OdbcRecordset() override;
@@ -116,6 +120,7 @@ class OdbcRecordset final : public host::Recordset,
   void WriteEdit();
 
   SessionPtr session_;
+  std::function<std::unique_ptr<RowTable>()> open_;  // none for the rows of a statement
   StatementFacts facts_;
   String source_;
   host::LockType lock_ = host::LockType::ReadOnly;

@@ -20,6 +20,9 @@ RowTable::RowTable(SessionPtr session, const StatementFacts& facts)
   if (stream_) session_->Pending(this);
 }
 
+RowTable::RowTable(SessionPtr session, Columns columns, ColumnStore rows)
+    : session_(std::move(session)), columns_(std::move(columns)), read_(std::move(rows)) {}
+
 RowTable::~RowTable() { session_->Finished(this); }
 
 bool RowTable::ReadBlock() {

@@ -20,6 +20,8 @@ using RowId = std::uint32_t;
 class RowTable final : public PendingRows {
  public:
   RowTable(SessionPtr session, const StatementFacts& facts);
+  /// Rows that are there already.
+  RowTable(SessionPtr session, Columns columns, ColumnStore rows);
   ~RowTable();
 
   const Columns& TableColumns() const { return columns_; }

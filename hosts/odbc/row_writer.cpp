@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "hosts/odbc/diagnostics.h"
+#include "hosts/odbc/key_columns.h"
 #include "tessaria/host/data.h"
 
 namespace tessaria::odbc {

@@ -54,12 +54,17 @@ class Session::Savepoint {
 
 Session::~Session() { Close(); }
 
-void Session::Open(const String& connectionString) {
+void Session::Open(const String& connectionString, Long timeout) {
   if (IsOpen()) {
     throw HostError(errors::ObjectOpen, u"Operação não permitida com a conexão aberta.");
   }
   Close();
   auto link = std::make_shared<Link>();
+  // A driver that knows no time-out connects without one.
+  if (timeout > 0) {
+    SQLSetConnectAttrW(link->get(), SQL_ATTR_LOGIN_TIMEOUT,
+                       reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(timeout)), 0);
+  }
   const String text = DriverConnectionText(connectionString);
   odbc::Check(SQLDriverConnectW(link->get(), nullptr, Wide(text.c_str()), Length(text), nullptr, 0,
                                 nullptr, SQL_DRIVER_NOPROMPT),
@@ -218,6 +223,11 @@ void Session::EndTransaction(SQLSMALLINT completion) {
     throw HostError(errors::ProviderError, u"Não há transação em andamento.");
   }
   inTransaction_ = false;
+  LeaveTransaction(completion);
+}
+
+// Statements stand for themselves again, whatever the server says to the end of the transaction.
+void Session::LeaveTransaction(SQLSMALLINT completion) {
   const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, Handle(), completion);
   if (!SQL_SUCCEEDED(result)) {
     const OdbcError error = DiagnosticsOf(SQL_HANDLE_DBC, Handle());
@@ -232,11 +242,7 @@ void Session::EndTransaction(SQLSMALLINT completion) {
 
 void Session::BeginReading() { AutoCommit(false); }
 
-void Session::EndReading() {
-  const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, Handle(), SQL_COMMIT);
-  if (!SQL_SUCCEEDED(result)) Fail(SQL_HANDLE_DBC, Handle());
-  AutoCommit(true);
-}
+void Session::EndReading() { LeaveTransaction(SQL_COMMIT); }
 
 void Session::AbandonReading() noexcept {
   if (!IsOpen()) return;

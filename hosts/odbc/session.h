@@ -45,8 +45,8 @@ class Session {
   Session& operator=(const Session&) = delete;
   ~Session();
 
-  /// Error 3705 when it is open.
-  void Open(const String& connectionString);
+  /// Error 3705 when it is open. `timeout` is in seconds, 0 for the driver's own.
+  void Open(const String& connectionString, Long timeout);
   /// A transaction under way is undone. Does nothing when closed.
   void Close() noexcept;
   bool IsOpen() const noexcept { return link_ != nullptr && !lost_; }
@@ -94,6 +94,7 @@ class Session {
   void RunPlain(const String& text);
   void AutoCommit(bool on);
   void EndTransaction(SQLSMALLINT completion);
+  void LeaveTransaction(SQLSMALLINT completion);
   void NoteLoss(const OdbcError& error);
   [[noreturn]] void Fail(SQLSMALLINT type, SQLHANDLE handle);
 

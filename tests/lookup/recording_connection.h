@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -47,6 +48,8 @@ class RecordingConnection final : public host::Connection {
     for (const auto& statement : statements_) texts.push_back(statement.Text);
     return texts;
   }
+  /// Has its way with each record set before it is given out.
+  std::function<void(host::Recordset&)> OnRows;
   /// The record sets that were given out, in order.
   const std::vector<host::RecordsetPtr>& Recordsets() const { return recordsets_; }
 
@@ -55,21 +58,32 @@ class RecordingConnection final : public host::Connection {
   void ConnectionString(const String& text) override { inner_->ConnectionString(text); }
   void Open() override { inner_->Open(); }
   void Close() override { inner_->Close(); }
+  Long ConnectionTimeout() const override { return inner_->ConnectionTimeout(); }
+  void ConnectionTimeout(Long seconds) override { inner_->ConnectionTimeout(seconds); }
   Variant Properties(const String& name) const override { return inner_->Properties(name); }
   host::RecordsetPtr Execute(const String& statement) override {
     statements_.push_back({statement, true});
-    return recordsets_.emplace_back(inner_->Execute(statement));
+    return GiveOut(inner_->Execute(statement));
   }
   host::RecordsetPtr OpenRecordset(const String& source, host::CursorType cursor,
                                    host::LockType lock, Long options) override {
     statements_.push_back({source, false, cursor, lock, options});
-    return recordsets_.emplace_back(inner_->OpenRecordset(source, cursor, lock, options));
+    return GiveOut(inner_->OpenRecordset(source, cursor, lock, options));
+  }
+  host::RecordsetPtr OpenSchema(host::SchemaKind kind,
+                                const host::SchemaRestrictions& restrictions) override {
+    return inner_->OpenSchema(kind, restrictions);
   }
   void BeginTrans() override { inner_->BeginTrans(); }
   void CommitTrans() override { inner_->CommitTrans(); }
   void RollbackTrans() override { inner_->RollbackTrans(); }
 
  private:
+  host::RecordsetPtr GiveOut(host::RecordsetPtr rows) {
+    if (OnRows) OnRows(*rows);
+    return recordsets_.emplace_back(std::move(rows));
+  }
+
   std::shared_ptr<memory::Connection> inner_ = memory::Connection::CreateOpen();
   std::deque<memory::Rows> answers_;
   std::vector<SentStatement> statements_;

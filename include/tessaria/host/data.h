@@ -48,6 +48,14 @@ enum class LockType : Long { ReadOnly = 1, Pessimistic = 2, Optimistic = 3, Batc
 /// What the pending edit of a record set is.
 enum class EditMode : Long { None = 0, InProgress = 1, Add = 2, Delete = 4 };
 enum class Affect : Long { Current = 1 };
+/// What `Connection::OpenSchema` tells of, by the data layer's numbers.
+enum class SchemaKind : Long { Columns = 4, Tables = 20, PrimaryKeys = 28 };
+
+/// Of which tables a schema is asked: names as the schema of the tables gives them, capitals
+/// included; an empty one stands for all.
+struct SchemaRestrictions {
+  String Catalog, Schema, Table;
+};
 
 /// One column of a record set, seen at its current row. Never outlives its record set: when
 /// that is closed, every member raises 3704.
@@ -166,6 +174,11 @@ class Connection : public Object {
   virtual void Open() = 0;
   virtual void Close() = 0;
 
+  /// Seconds that `Open` waits for a server that does not answer; 15 unless told. 0 leaves it to
+  /// the driver. Assigned while closed; errors: 3705 while open, 3001 for a negative number.
+  virtual Long ConnectionTimeout() const = 0;
+  virtual void ConnectionTimeout(Long seconds) = 0;
+
   /// A provider property by name: "DBMS Name", "DBMS Version". Error 3265 for others,
   /// 3709 when the connection is closed.
   virtual Variant Properties(const String& name) const = 0;
@@ -176,6 +189,12 @@ class Connection : public Object {
   /// table and hold its key. `options` -1 leaves open whether the text is a statement.
   virtual RecordsetPtr OpenRecordset(const String& source, CursorType cursor, LockType lock,
                                      Long options = -1) = 0;
+  /// Rows about the database itself, read-only; their columns are in schema.h.
+  /// Tables: views and system tables too, told by TABLE_TYPE ("TABLE", "VIEW", ...); by type and
+  /// name. Columns: by table, and in each in the table's order; DATA_TYPE is one of `type`,
+  /// CHARACTER_MAXIMUM_LENGTH is Null for what is no text. PrimaryKeys: in the order of the key.
+  /// Errors: 3709 when closed, 3001 for PrimaryKeys of no table.
+  virtual RecordsetPtr OpenSchema(SchemaKind kind, const SchemaRestrictions& restrictions = {}) = 0;
 
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
