@@ -19,12 +19,31 @@ struct ListColumn {
   float width;  ///< twips; 0 hides the column
 };
 
+/// How a search compares.
+enum class Match { Equal = 0, BeginsWith = 1, Contains = 3, AtLeast = 5, AtMost = 7 };
+
+/// A search of a list. Those of one number are asked one after the other and hold together.
+struct ListSearch {
+  enum Kind { Number = 2, Date = 7, Text = 8 };
+
+  int number;  ///< from 1, as the menu shows them
+  StringView caption;
+  StringView field;
+  Kind kind;
+  Match match;
+  StringView mask;  ///< a date needs one
+  short width;      ///< twips
+  short length;     ///< most characters
+  bool completes = false;
+};
+
 struct Lookup {
   StringView title;
   StringView table;
   StringView from;   ///< the table with its joins; empty for the table alone
   StringView where;  ///< "@name@" stands for the value of a field of the form
   std::vector<ListColumn> columns;
+  std::vector<ListSearch> searches;
   std::vector<StringView> returned;  ///< fields that a program asks for by `returned()`
 };
 

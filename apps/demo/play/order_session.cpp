@@ -1,16 +1,18 @@
 #include "apps/demo/play/order_session.h"
 
+#include "apps/demo/play/lookup_session.h"
+
 namespace tessaria::demo {
 namespace {
 
 QString s(const char* text) { return QString::fromUtf8(text); }
 
-void openOrders(Player& p) {
+void startOrder(Player& p) {
   p.stage(s("Os pedidos"));
   p.press(s("Ctrl+2"));
   p.expectText(s("numero"), s("000001"));
   p.picture(s("pedidos"));
-  p.stage(s("Pedido novo: o nome do cliente se completa e traz o que é dele"));
+  p.stage(s("Pedido novo"));
   p.press(s("Alt+N"));
   p.expectFocus(s("numero"));
   p.expectText(s("numero"), s("000061"));
@@ -19,6 +21,10 @@ void openOrders(Player& p) {
   p.type(s("23112026"));
   p.press(s("Tab"));
   p.expectText(s("dataPedido"), s("23/11/2026"));
+}
+
+void nameCustomer(Player& p) {
+  p.stage(s("O nome do cliente se completa e traz o que é dele"));
   p.expectFocus(s("cliente"));
   p.press(s("Tab"));
   p.type(s("João Con"));
@@ -56,28 +62,7 @@ void changeCity(Player& p) {
   p.expectText(s("cidade"), s("00085"));
   p.picture(s("cidade-do-estado"));
   p.press(s("Tab"));
-}
-
-void chooseTerm(Player& p) {
-  p.expectFocus(s("condicao"));
-  p.type(s("5"));
-  p.press(s("Tab"));
-  p.expectText(s("condicao"), s("05"));
-  p.expectText(s("nomeCondicao"), s("30/60 dias"));
-  p.press(s("Tab"));
-  p.expectFocus(s("entrega"));
-  p.type(s("05122026"));
-  p.press(s("Tab"));
-}
-
-void attachPapers(Player& p, const OrderPapers& papers) {
-  p.stage(s("Documento e pasta"));
-  p.expectFocus(s("documento"));
-  p.type(papers.document);
-  p.press(s("Tab"));
-  p.expectFocus(s("pasta"));
-  p.type(papers.folder);
-  p.press(s("Tab"));
+  p.press(s("Shift+Tab"), 4);
 }
 
 void enterItems(Player& p) {
@@ -100,16 +85,23 @@ void enterItems(Player& p) {
   p.press(s("Tab"));
   p.type(s("2,5"));
   p.press(s("Tab"));
-  p.type(s("23,9"));
+  p.stage(s("O preço, na calculadora"));
+  p.type(s("47,8"));
+  playCalculator(p, s("F9"), s("/2="), s("calculadora"));
   p.press(s("Tab"));
   p.expectText(s("total2"), s("59,75"));
-  p.type(s("50"));
+  p.stage(s("Terceiro item, pela lista"));
+  playProductList(p);
+  p.expectText(s("descricao3"), s("Apontador com depósito"));
+  p.expectText(s("preco3"), s("2,40"));
   p.press(s("Tab"), 2);
-  p.expectText(s("descricao3"), s("Corda de polipropileno 8 mm"));
-  p.type(s("7,25"));
-  p.press(s("Tab"), 2);
-  p.expectText(s("total3"), s("226,20"));
-  p.expectShown(s("totalPedido"), s("620,75"));
+  p.type(s("100"));
+  p.press(s("Tab"));
+  playCalculator(p, s("PgDown"), s("*0,9="), s("calculadora-desconto"));
+  p.press(s("Tab"));
+  p.expectText(s("preco3"), s("2,16"));
+  p.expectText(s("total3"), s("216,00"));
+  p.expectShown(s("totalPedido"), s("610,55"));
 }
 
 void saveOrder(Player& p) {
@@ -117,7 +109,7 @@ void saveOrder(Player& p) {
   p.press(s("Alt+S"));
   p.expectShown(s("situacao"), s("Pedido 000061, João Conceição Araújo Müller, salvo."));
   p.expectText(s("numero"), s("000061"));
-  p.expectText(s("descricao3"), s("Corda de polipropileno 8 mm"));
+  p.expectText(s("descricao3"), s("Apontador com depósito"));
   p.picture(s("pedido-salvo"));
 }
 
@@ -136,11 +128,15 @@ ExpectedRow itemRow(const char* item, const char* product, const char* quantity,
 
 }  // namespace
 
-void playOrderSession(Player& player, const OrderPapers& papers) {
-  openOrders(player);
+void playOrderSession(Player& player, const OrderPapers& papers, const QString& connectionString) {
+  startOrder(player);
+  playCustomerList(player);
+  nameCustomer(player);
   changeCity(player);
-  chooseTerm(player);
-  attachPapers(player, papers);
+  playCityList(player);
+  playTermList(player, connectionString);
+  playCalendar(player);
+  playFolders(player, papers);
   enterItems(player);
   saveOrder(player);
 }
@@ -155,13 +151,13 @@ QList<ExpectedRow> rowsAfterOrderSession(const OrderPapers& papers) {
             {s("cliente"), s("01500")},
             {s("uf"), s("MG")},
             {s("cidade"), s("00085")},
-            {s("condicao"), s("05")},
+            {s("condicao"), s("06")},
             {s("entrega"), s("05/12/2026")},
             {s("documento"), papers.document},
             {s("pasta"), papers.folder}}},
           itemRow("1", "00001", "12.00", "27.90", "334.80"),
           itemRow("2", "00040", "2.50", "23.90", "59.75"),
-          itemRow("3", "00050", "7.25", "31.20", "226.20")};
+          itemRow("3", "00010", "100.00", "2.16", "216.00")};
 }
 
 }  // namespace tessaria::demo

@@ -47,7 +47,8 @@ OrderPapers makePapers(const QString& place) {
       throw Failure(QStringLiteral("%1 não pôde ser gravado.").arg(file.fileName()));
   }
   return {folder.filePath(QStringLiteral("ordem-de-compra.pdf")),
-          folder.filePath(QStringLiteral("notas"))};
+          folder.filePath(QStringLiteral("notas")),
+          folder.filePath(QStringLiteral("proposta.pdf"))};
 }
 
 int verdict(const QStringList& wrong) {
@@ -77,7 +78,7 @@ int play(const QString& folder) {
   say(QStringLiteral("Sessão de um operador:"));
   const OrderPapers papers = makePapers(place.path());
   playCustomerSession(player);
-  playOrderSession(player, papers);
+  playOrderSession(player, papers, server.connectionString());
   const QStringList wrong =
       player.failures() + checkRows(server.connectionString(),
                                     rowsAfterCustomerSession() + rowsAfterOrderSession(papers));

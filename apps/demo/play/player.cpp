@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QStatusBar>
@@ -86,9 +87,9 @@ void Player::step(Action&& action) {
   if (!isPlaying()) return;
   action();
   waitForRest();
-  if (sees([this] { return !expected_; }) || !isPlaying()) return;
-  fail(QStringLiteral("A janela \"%1\" não apareceu.").arg(expected_->name + expected_->text));
-  expected_.reset();
+  if (sees([this] { return expected_.size() <= later_; }) || !isPlaying()) return;
+  const Expected& missing = expected_.first();
+  fail(QStringLiteral("A janela \"%1\" não apareceu.").arg(missing.name + missing.text));
 }
 
 /// A button that is pressed by its key stays down for a moment before it acts.
@@ -151,14 +152,32 @@ void Player::tabTo(const QString& name) {
   expect(isThere(), QStringLiteral("Tab não chega a \"%1\".").arg(name));
 }
 
+void Player::clickHeader(int column) {
+  step([&] {
+    if (!list()) return fail(QStringLiteral("Não há lista."));
+    const QHeaderView& header = *list()->horizontalHeader();
+    const QPoint place(header.sectionViewportPosition(column) + 10, header.height() / 2);
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, place);
+  });
+}
+
 // --- Eyes ----------------------------------------------------------------------------------------
 
+void Player::expectNext(const Expected& expected) {
+  expected_.insert(expected_.size() - later_, expected);
+}
+
 void Player::expectBox(const QString& text, const QString& picture, const QString& answer) {
-  expected_ = Expected{{}, text, picture, answer, {}};
+  expectNext({{}, text, picture, answer, true, {}});
+}
+
+void Player::expectRefusal(const QString& beginning, const QString& picture,
+                           const QString& answer) {
+  expectNext({{}, beginning, picture, answer, false, {}});
 }
 
 void Player::expectWindow(const QString& name, std::function<void()> work) {
-  expected_ = Expected{name, {}, {}, {}, std::move(work)};
+  expectNext({name, {}, {}, {}, true, std::move(work)});
 }
 
 /// An operator looks until it is there; a slow machine takes its time.
@@ -190,17 +209,15 @@ void Player::expectShown(const QString& name, const QString& text) {
          QStringLiteral("\"%1\" mostra \"%2\", e não \"%3\".").arg(name, textOn(found), text));
 }
 
-QAbstractItemModel* Player::list() const {
-  const auto* view = front() ? front()->findChild<QTableView*>() : nullptr;
-  return view ? view->model() : nullptr;
-}
+QTableView* Player::list() const { return front() ? front()->findChild<QTableView*>() : nullptr; }
 
 void Player::expectList(int rows, int column, const QString& first) {
-  const auto text = [&] { return list() ? list()->index(0, column).data().toString() : QString(); };
-  const auto count = [&] { return list() ? list()->rowCount() : 0; };
-  expect(sees([&] { return count() == rows && text() == first; }),
+  const QAbstractItemModel* model = list() ? list()->model() : nullptr;
+  if (!model) return expect(false, QStringLiteral("Não há lista."));
+  const auto text = [&] { return model->index(0, column).data().toString(); };
+  expect(sees([&] { return (rows < 0 || model->rowCount() == rows) && text() == first; }),
          QStringLiteral("A lista tem %1 registros e começa com \"%2\", e não %3 e \"%4\".")
-             .arg(count())
+             .arg(model->rowCount())
              .arg(text())
              .arg(rows)
              .arg(first));

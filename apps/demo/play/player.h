@@ -8,10 +8,9 @@
 #include <QStringList>
 #include <QWidget>
 #include <functional>
-#include <optional>
 
-class QAbstractItemModel;
 class QMessageBox;
+class QTableView;
 
 namespace tessaria::demo {
 
@@ -38,11 +37,16 @@ class Player final : public QObject {
   void click(const QString& name);
   /// Tab until the focus is on the widget of that name.
   void tabTo(const QString& name);
+  /// The mouse on the caption of a column of the list in front.
+  void clickHeader(int column);
 
   // Eyes
+  // Windows that are announced one after the other come one after the other.
   /// The next step must bring up a box with exactly this text; it is answered with the key.
   void expectBox(const QString& text, const QString& picture = {},
                  const QString& answer = QStringLiteral("Return"));
+  /// The same with a box whose text begins so: what follows is the database's own.
+  void expectRefusal(const QString& beginning, const QString& picture, const QString& answer);
   /// The next step must bring up this dialog, or with an empty name a menu. `work` plays in it
   /// and closes it with its last step.
   void expectWindow(const QString& name, std::function<void()> work);
@@ -50,7 +54,8 @@ class Player final : public QObject {
   void expectText(const QString& field, const QString& text);
   /// What a label or the status bar shows.
   void expectShown(const QString& name, const QString& text);
-  /// The list in front has so many rows, and this text in a cell of its first one.
+  /// The list in front has so many rows (or any number, with -1), and this text in a cell of its
+  /// first one.
   void expectList(int rows, int column, const QString& first);
   void expect(bool holds, const QString& what);
   void picture(const QString& name);
@@ -65,6 +70,7 @@ class Player final : public QObject {
     QString text;
     QString picture;
     QString answer;
+    bool isWhole;  ///< the box has no more than the text
     std::function<void()> work;
   };
 
@@ -72,12 +78,13 @@ class Player final : public QObject {
   QWidget* front() const;
   QWidget* focus() const;
   QWidget* find(const QString& name) const;
-  QAbstractItemModel* list() const;
+  QTableView* list() const;
   template <class Action>
   void step(Action&& action);
   void waitForRest();
   bool sees(const std::function<bool()>& condition) const;
   void sendKeys(QWidget* target, const QString& keys);
+  void expectNext(const Expected& expected);
   void watchSoon();
   void watch();
   void answer(QMessageBox& box, const Expected& expected);
@@ -90,7 +97,8 @@ class Player final : public QObject {
   bool makesPictures_;
   int pictureCount_ = 0;
   QString stage_;
-  std::optional<Expected> expected_;
+  QList<Expected> expected_;      ///< the next one first
+  qsizetype later_ = 0;           ///< the last of them, which come when the window in front is gone
   QList<QPointer<QWidget>> met_;  ///< windows that came and may still be open, in order
   QStringList failures_;
 };

@@ -31,20 +31,24 @@ void Player::watch() {
   QWidget* window = front();
   if (!window || window == window_ || met_.contains(window) || !isReady(window)) return;
   met_ << window;
-  const auto expected = std::exchange(expected_, std::nullopt);
   auto* box = qobject_cast<QMessageBox*>(window);
-  if (!expected)
+  if (expected_.isEmpty())
     fail(
         QStringLiteral("Janela inesperada: \"%1\".").arg(box ? box->text() : window->objectName()));
+  const Expected expected = expected_.isEmpty() ? Expected{} : expected_.takeFirst();
+  const auto before = std::exchange(later_, expected_.size());
   if (box)
-    answer(*box, expected.value_or(Expected{{}, {}, {}, QStringLiteral("Return"), {}}));
+    answer(*box, expected);
   else
-    workIn(*window, expected.value_or(Expected{}));
+    workIn(*window, expected);
+  later_ = before;
 }
 
 void Player::answer(QMessageBox& box, const Expected& expected) {
   const QPointer<QMessageBox> open(&box);
-  expect(!isPlaying() || box.text() == expected.text,
+  const bool isMeant =
+      expected.isWhole ? box.text() == expected.text : box.text().startsWith(expected.text);
+  expect(isMeant,
          QStringLiteral("A caixa diz \"%1\", e não \"%2\".").arg(box.text(), expected.text));
   if (!expected.picture.isEmpty()) picture(expected.picture);
   const QString keys = expected.answer.isEmpty() ? QStringLiteral("Return") : expected.answer;
