@@ -87,7 +87,7 @@ bool IsPrimaryIndex(const KeyPart& part) {
 
 bool IsInResult(const String& name, const Columns& columns) {
   return std::any_of(columns.begin(), columns.end(), [&](const Column& column) {
-    return column.baseColumn == name && !column.nullable;
+    return EqualNoCase(column.baseColumn, name) && !column.nullable;
   });
 }
 
@@ -118,6 +118,18 @@ Long ReadLong(Session& session, const Statement& statement, SQLUSMALLINT column)
   SQLLEN length = 0;
   session.Check(SQLGetData(statement.get(), column, SQL_C_SLONG, &value, 0, &length), statement);
   return length == SQL_NULL_DATA ? 0 : value;
+}
+
+std::optional<String> LastText(Session& session, const Statement& statement) {
+  std::optional<String> text;
+  for (;;) {
+    SQLSMALLINT columns = 0;
+    session.Check(SQLNumResultCols(statement.get(), &columns), statement);
+    if (columns > 0 && NextRow(session, statement)) text = ReadText(session, statement, 1);
+    const SQLRETURN result = SQLMoreResults(statement.get());
+    session.Check(result, statement);
+    if (result == SQL_NO_DATA) return text;
+  }
 }
 
 std::vector<KeyPart> PrimaryKeyOf(Session& session, const String& catalogue, const String& schema,

@@ -41,5 +41,7 @@ bool NextRow(Session& session, const Statement& statement);
 /// A column of the present row: nothing for a Null text, 0 for a Null number.
 std::optional<String> ReadText(Session& session, const Statement& statement, SQLUSMALLINT column);
 Long ReadLong(Session& session, const Statement& statement, SQLUSMALLINT column);
+/// The first column of the first row of a statement's last result that has columns.
+std::optional<String> LastText(Session& session, const Statement& statement);
 
 }  // namespace tessaria::odbc

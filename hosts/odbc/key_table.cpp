@@ -29,14 +29,14 @@ std::optional<KeyTable> FindKeyTable(Session& session, const Columns& columns) {
   const Server& server = session.ServerInfo();
   KeyTable found;
   for (const String& key : RowKeyOf(session, *source, columns)) {
-    const auto column = std::find_if(columns.begin(), columns.end(),
-                                     [&](const Column& c) { return c.baseColumn == key; });
+    const auto column = std::find_if(columns.begin(), columns.end(), [&](const Column& c) {
+      return IsSameName(server.dialect, c.baseColumn, key);
+    });
     if (column == columns.end()) return std::nullopt;
     found.keys.push_back(static_cast<std::size_t>(column - columns.begin()));
   }
   if (found.keys.empty()) return std::nullopt;
-  if (!source->schema.empty()) found.name = QuoteName(server, source->schema) + u".";
-  found.name += QuoteName(server, source->table);
+  found.name = TableNameOf(server, source->catalogue, source->schema, source->table);
   return found;
 }
 

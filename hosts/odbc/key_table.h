@@ -11,7 +11,7 @@ namespace tessaria::odbc {
 
 /// The one table behind a result's columns.
 struct KeyTable {
-  String name;                    ///< schema and table, in quotation marks
+  String name;                    ///< as `TableNameOf` gives it
   std::vector<std::size_t> keys;  ///< columns of the result that are the primary key
 };
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "hosts/odbc/statement_source.h"
 #include "runtime/text.h"
 #include "tessaria/error.h"
 
@@ -23,6 +24,7 @@ RowStream::RowStream(Session& session, const StatementFacts& facts)
   try {
     cursor_ ? OpenCursor(facts.text) : session_.Execute(*statement_, facts.text);
     columns_ = DescribeColumns(*statement_, session_.ServerInfo().IsPostgres());
+    FillSourceOf(facts);
     if (!columns_.empty()) reader_.emplace(*statement_, columns_, session_.ServerInfo().rereads);
   } catch (...) {
     Abandon();
@@ -36,6 +38,13 @@ RowStream::~RowStream() {
   } catch (const HostError&) {
     Abandon();
   }
+}
+
+// SQL Server's driver tells tables and columns of server cursors only.
+void RowStream::FillSourceOf(const StatementFacts& facts) {
+  const Dialect dialect = session_.ServerInfo().dialect;
+  if (!facts.isSingleTable || !IsBracketed(dialect)) return;
+  if (const auto source = SourceOf(facts.text, dialect)) FillSource(columns_, *source);
 }
 
 void RowStream::OpenCursor(const String& text) {

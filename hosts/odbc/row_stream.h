@@ -29,6 +29,7 @@ class RowStream {
   bool Read(ColumnStore& store);
 
  private:
+  void FillSourceOf(const StatementFacts& facts);
   void OpenCursor(const String& text);
   void Fetch(std::uint32_t times);
   std::uint32_t ReadNextFetch(ColumnStore& store);

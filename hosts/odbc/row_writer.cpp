@@ -11,17 +11,16 @@ namespace tessaria::odbc {
 /// A text with its parameter values.
 struct RowWriter::Command {
   String text;
-  std::vector<String> values;
+  std::vector<Parameter> values;
+  int conditions = 0;
 };
 
 namespace {
 
-// What stands for a value: types whose text PostgreSQL would read by the server's locale, or
-// that have no plain text of their own, go through one that is the same everywhere.
-String SlotOf(const Column& column, bool postgres) {
-  if (postgres && column.storage == Storage::Money) return u"cast(cast(? as numeric) as money)";
-  if (postgres && column.type == host::type::Binary) return u"decode(?, 'hex')";
-  return u"?";
+[[noreturn]] void ThrowRowChanged() {
+  throw HostError(errors::RowChanged,
+                  u"O registro foi alterado ou excluído por outro usuário desde que foi lido. "
+                  u"Nada foi gravado.");
 }
 
 String Joined(const std::vector<String>& parts) {
@@ -45,17 +44,14 @@ String RowWriter::NameOf(std::size_t column) const {
   return QuoteName(session_->ServerInfo(), columns_[column].baseColumn);
 }
 
+// Nothing is added for a value that the database cannot compare.
 void RowWriter::AddCondition(Command& command, std::size_t column, const String& name,
                              const std::optional<String>& value) const {
-  if (!value) {
-    command.text += name + u" IS NULL";
-    return;
-  }
-  const bool postgres = session_->ServerInfo().IsPostgres();
-  const bool asText = postgres && !columns_[column].comparable;
-  command.text += (asText ? u"cast(" + name + u" as text)" : name) + u" = " +
-                  SlotOf(columns_[column], postgres);
-  command.values.push_back(*value);
+  const Dialect dialect = session_->ServerInfo().dialect;
+  const auto condition = value ? ConditionOf(columns_[column], name, dialect) : name + u" IS NULL";
+  if (!condition) return;
+  command.text += (command.conditions++ == 0 ? u" WHERE " : u" AND ") + *condition;
+  if (value) command.values.push_back(ParameterOf(columns_[column], *value, dialect));
 }
 
 void RowWriter::AddValue(Command& command, std::size_t column, const Variant& value) const {
@@ -63,20 +59,21 @@ void RowWriter::AddValue(Command& command, std::size_t column, const Variant& va
     command.text += u"NULL";
     return;
   }
-  command.text += SlotOf(columns_[column], session_->ServerInfo().IsPostgres());
-  command.values.push_back(ValueParameter(columns_[column], value));
+  const Dialect dialect = session_->ServerInfo().dialect;
+  command.text += ValueSlot(columns_[column], dialect);
+  command.values.push_back(
+      ParameterOf(columns_[column], ValueParameter(columns_[column], value), dialect));
 }
 
 void RowWriter::AddKeyCondition(Command& command, const RowTable& table, RowId row) const {
   for (std::size_t i = 0; i < table_.keys.size(); ++i) {
     const std::size_t key = table_.keys[i];
-    command.text += i == 0 ? u" WHERE " : u" AND ";
     AddCondition(command, key, NameOf(key), table.Parameter(row, key));
   }
 }
 
 ColumnStore RowWriter::Update(const RowTable& table, RowId row, const Changes& changes) const {
-  Command command{u"UPDATE " + table_.name + u" SET ", {}};
+  Command command{u"UPDATE " + table_.name + u" SET ", {}, 0};
   const char16_t* separator = u"";
   for (const auto& [column, value] : changes) {
     command.text += separator + NameOf(column) + u" = ";
@@ -87,11 +84,12 @@ ColumnStore RowWriter::Update(const RowTable& table, RowId row, const Changes& c
   for (const auto& change : changes) {
     const std::size_t column = change.first;
     if (std::count(table_.keys.begin(), table_.keys.end(), column) > 0) continue;
-    command.text += u" AND ";
     AddCondition(command, column, NameOf(column), table.Parameter(row, column));
   }
-  ExecuteOnRow(command);
-  if (auto written = ReadBack(KeysAfter(table, row, changes))) return std::move(*written);
+  const bool told = ExecuteOnRow(command);
+  auto now = ReadBack(KeysAfter(table, row, changes));
+  if (!told && !(now && Holds(*now, changes))) ThrowRowChanged();
+  if (now) return std::move(*now);
   ColumnStore written(columns_);
   for (std::size_t column = 0; column < columns_.size(); ++column) {
     const auto change = changes.find(column);
@@ -103,27 +101,34 @@ ColumnStore RowWriter::Update(const RowTable& table, RowId row, const Changes& c
 }
 
 void RowWriter::Delete(const RowTable& table, RowId row) const {
-  Command command{u"DELETE FROM " + table_.name, {}};
+  Command command{u"DELETE FROM " + table_.name, {}, 0};
   AddKeyCondition(command, table, row);
   for (std::size_t column = 0; column < columns_.size(); ++column) {
     const bool isKey = std::count(table_.keys.begin(), table_.keys.end(), column) > 0;
     if (isKey || !IsWritable(column)) continue;
-    command.text += u" AND ";
     AddCondition(command, column, NameOf(column), table.Parameter(row, column));
   }
-  ExecuteOnRow(command);
+  const bool told = ExecuteOnRow(command);
+  if (!told && ReadBack(KeysAfter(table, row, {}))) ThrowRowChanged();
 }
 
-void RowWriter::ExecuteOnRow(const Command& command) const {
+// False when the server does not tell whether it changed the row.
+bool RowWriter::ExecuteOnRow(const Command& command) const {
   const Statement statement = session_->NewStatement();
-  if (session_->ExecuteWith(statement, command.text, command.values) > 0) return;
-  throw HostError(errors::RowChanged,
-                  u"O registro foi alterado ou excluído por outro usuário desde que foi lido. "
-                  u"Nada foi gravado.");
+  const SQLLEN rows = session_->ExecuteWith(statement, command.text, command.values);
+  const Outcome outcome = OutcomeOf(rows);
+  if (outcome == Outcome::Refused) ThrowRowChanged();
+  return outcome == Outcome::Written;
+}
+
+bool RowWriter::Holds(const ColumnStore& row, const Changes& changes) const {
+  return std::all_of(changes.begin(), changes.end(), [&](const auto& change) {
+    return IsSame(CellValue(row, columns_, 0, change.first), change.second);
+  });
 }
 
 RowWriter::Command RowWriter::InsertCommand(const Changes& changes) const {
-  Command command{u"INSERT INTO " + table_.name, {}};
+  Command command{u"INSERT INTO " + table_.name, {}, 0};
   std::vector<String> names;
   for (const auto& change : changes) names.push_back(NameOf(change.first));
   if (names.empty()) {
@@ -138,11 +143,22 @@ RowWriter::Command RowWriter::InsertCommand(const Changes& changes) const {
     }
     command.text += u")";
   }
-  if (!session_->ServerInfo().IsPostgres()) return command;
-  std::vector<String> keys;
-  for (const std::size_t key : table_.keys) keys.push_back(NameOf(key));
-  command.text += u" RETURNING " + Joined(keys);
+  const Dialect dialect = session_->ServerInfo().dialect;
+  if (GivenKeyOf(dialect) == GivenKey::Returned) {
+    std::vector<String> keys;
+    for (const std::size_t key : table_.keys) keys.push_back(NameOf(key));
+    command.text += u" RETURNING " + Joined(keys);
+  } else if (GivenKeyOf(dialect) == GivenKey::SameBatch && MissingKeys(changes) == 1) {
+    command.text += u"; " + String(IdentityQuestion(dialect));
+  }
   return command;
+}
+
+std::ptrdiff_t RowWriter::MissingKeys(const Changes& changes) const {
+  return std::count_if(table_.keys.begin(), table_.keys.end(), [&](std::size_t key) {
+    const auto change = changes.find(key);
+    return change == changes.end() || change->second.IsNull();
+  });
 }
 
 ColumnStore RowWriter::Insert(const Changes& changes) const {
@@ -164,21 +180,45 @@ ColumnStore RowWriter::Insert(const Changes& changes) const {
   return written;
 }
 
-// PostgreSQL tells the key that it gave; elsewhere it is known when the program set it.
-RowWriter::Keys RowWriter::InsertedKeys(const Statement& statement, const Changes& changes) const {
+RowWriter::Keys RowWriter::ReturnedKeys(const Statement& statement) const {
   Keys keys;
-  if (session_->ServerInfo().IsPostgres()) {
-    session_->Check(SQLFetch(statement.get()), statement);
-    for (std::size_t i = 0; i < table_.keys.size(); ++i) {
-      keys.push_back(ReadText(*session_, statement, static_cast<SQLUSMALLINT>(i + 1)));
-    }
-    return keys;
+  session_->Check(SQLFetch(statement.get()), statement);
+  for (std::size_t i = 0; i < table_.keys.size(); ++i) {
+    keys.push_back(ReadText(*session_, statement, static_cast<SQLUSMALLINT>(i + 1)));
   }
+  return keys;
+}
+
+// The number that the server counted up for the new row. Nothing when it cannot tell: the row is
+// written, and shows what was assigned.
+std::optional<String> RowWriter::GivenNumber(const Statement& statement) const {
+  const Dialect dialect = session_->ServerInfo().dialect;
+  try {
+    if (GivenKeyOf(dialect) == GivenKey::SameBatch) return LastText(*session_, statement);
+    if (GivenKeyOf(dialect) == GivenKey::Unknown) return std::nullopt;
+    SQLFreeStmt(statement.get(), SQL_CLOSE);
+    const Statement question = session_->NewStatement();
+    session_->ExecuteWith(question, String(IdentityQuestion(dialect)), {});
+    return LastText(*session_, question);
+  } catch (const HostError&) {
+    return std::nullopt;
+  }
+}
+
+// A key is known when the program set it; else the server is asked.
+RowWriter::Keys RowWriter::InsertedKeys(const Statement& statement, const Changes& changes) const {
+  if (GivenKeyOf(session_->ServerInfo().dialect) == GivenKey::Returned) {
+    return ReturnedKeys(statement);
+  }
+  Keys keys;
   for (const std::size_t key : table_.keys) {
     const auto change = changes.find(key);
     const bool known = change != changes.end() && !change->second.IsNull();
     keys.push_back(known ? std::optional(ValueParameter(columns_[key], change->second))
                          : std::nullopt);
+  }
+  if (MissingKeys(changes) == 1) {
+    *std::find(keys.begin(), keys.end(), std::nullopt) = GivenNumber(statement);
   }
   return keys;
 }
@@ -208,7 +248,6 @@ RowWriter::Command RowWriter::ReadBackCommand(const Keys& keys) const {
     const std::size_t key = table_.keys[i];
     const String name =
         hasExpressions_ ? QuoteName(session_->ServerInfo(), columns_[key].name) : NameOf(key);
-    command.text += i == 0 ? u" WHERE " : u" AND ";
     AddCondition(command, key, name, keys[i]);
   }
   return command;

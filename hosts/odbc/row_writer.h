@@ -35,9 +35,13 @@ class RowWriter {
   void AddValue(Command& command, std::size_t column, const Variant& value) const;
   void AddKeyCondition(Command& command, const RowTable& table, RowId row) const;
   Command InsertCommand(const Changes& changes) const;
+  std::ptrdiff_t MissingKeys(const Changes& changes) const;
+  Keys ReturnedKeys(const Statement& statement) const;
+  std::optional<String> GivenNumber(const Statement& statement) const;
   Keys InsertedKeys(const Statement& statement, const Changes& changes) const;
   Keys KeysAfter(const RowTable& table, RowId row, const Changes& changes) const;
-  void ExecuteOnRow(const Command& command) const;
+  bool ExecuteOnRow(const Command& command) const;
+  bool Holds(const ColumnStore& row, const Changes& changes) const;
   std::optional<ColumnStore> ReadBack(const Keys& keys) const;
   Command ReadBackCommand(const Keys& keys) const;
 

@@ -89,10 +89,8 @@ void Session::ReadServer() {
               SQL_HANDLE_DBC, Handle());
   constexpr SQLUINTEGER kNeeded = SQL_GD_BLOCK | SQL_GD_BOUND | SQL_GD_ANY_COLUMN;
   server_.rereads = (extensions & kNeeded) == kNeeded;
-  if (!server_.IsPostgres()) return;
-  server_.version = PostgreSqlVersion(server_.version);
-  // The guard against second statements reads '' quotes this way.
-  RunPlain(u"SET standard_conforming_strings = on");
+  if (server_.IsPostgres()) server_.version = PostgreSqlVersion(server_.version);
+  for (const StringView setting : SettingsOf(server_.dialect)) RunPlain(String(setting));
 }
 
 void Session::Close() noexcept {
@@ -165,13 +163,14 @@ void Session::Execute(const Statement& statement, const String& text) {
 }
 
 SQLLEN Session::ExecuteWith(const Statement& statement, const String& text,
-                            const std::vector<String>& values) {
+                            const std::vector<Parameter>& values) {
   std::vector<SQLLEN> lengths(values.size());
   for (std::size_t i = 0; i < values.size(); ++i) {
-    lengths[i] = static_cast<SQLLEN>(values[i].size() * sizeof(char16_t));
+    const Parameter& value = values[i];
+    lengths[i] = static_cast<SQLLEN>(value.text.size() * sizeof(char16_t));
     Check(SQLBindParameter(statement.get(), static_cast<SQLUSMALLINT>(i + 1), SQL_PARAM_INPUT,
-                           SQL_C_WCHAR, SQL_WVARCHAR, std::max<SQLULEN>(values[i].size(), 1), 0,
-                           Wide(values[i].c_str()), lengths[i], &lengths[i]),
+                           SQL_C_WCHAR, value.sqlType, value.size, value.decimals,
+                           Wide(value.text.c_str()), lengths[i], &lengths[i]),
           statement);
   }
   Savepoint savepoint(*this);
@@ -261,6 +260,20 @@ void Session::AutoCommit(bool on) {
 String QuoteName(const Server& server, StringView name) {
   if (server.quote.empty()) return String(name);
   return server.quote + Replace(name, server.quote, server.quote + server.quote) + server.quote;
+}
+
+String TableNameOf(const Server& server, const String& catalogue, const String& schema,
+                   const String& table) {
+  const bool whole = server.dialect == Dialect::SqlServer && !catalogue.empty();
+  String name = whole ? QuoteName(server, catalogue) + u"." : String();
+  if (!schema.empty()) name += QuoteName(server, schema);
+  // A database with no schema stands for the schema that the login has there.
+  if (whole || !schema.empty()) name += u".";
+  return name + QuoteName(server, table);
+}
+
+bool IsSameName(Dialect dialect, StringView a, StringView b) {
+  return IsBracketed(dialect) ? EqualNoCase(a, b) : a == b;
 }
 
 }  // namespace tessaria::odbc

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "hosts/odbc/diagnostics.h"
+#include "hosts/odbc/dialect_sql.h"
 #include "hosts/odbc/handles.h"
-#include "hosts/odbc/sql_scanner.h"
 
 namespace tessaria::odbc {
 
@@ -64,7 +64,7 @@ class Session {
   void Execute(const Statement& statement, const String& text);
   /// Runs a text with values for its "?" and returns the number of rows that it changed.
   SQLLEN ExecuteWith(const Statement& statement, const String& text,
-                     const std::vector<String>& values);
+                     const std::vector<Parameter>& values);
   /// Runs savepoint statements, which a savepoint of ours must not enclose.
   void ExecuteSavepoint(const String& text);
   /// As the free function; notices a lost connection.
@@ -109,5 +109,12 @@ using SessionPtr = std::shared_ptr<Session>;
 
 /// A name in the server's quotation marks.
 String QuoteName(const Server& server, StringView name);
+/// A table's whole name in quotation marks. SQL Server's has the database too, which may be
+/// another than that of the connection.
+String TableNameOf(const Server& server, const String& catalogue, const String& schema,
+                   const String& table);
+/// Whether two names of a column are the same: one may have been read from a statement, where
+/// capitals do not count.
+bool IsSameName(Dialect dialect, StringView a, StringView b);
 
 }  // namespace tessaria::odbc

@@ -16,9 +16,8 @@ bool IsWordPart(char16_t c) { return IsLetter(c) || IsDigit(c) || c == u'$'; }
 
 Dialect DialectOf(StringView dbmsName) {
   if (EqualNoCase(dbmsName, u"PostgreSQL")) return Dialect::PostgreSql;
-  for (const StringView name : {u"ACCESS", u"MS JET", u"Microsoft SQL Server"}) {
-    if (EqualNoCase(dbmsName, name)) return Dialect::Bracketed;
-  }
+  if (EqualNoCase(dbmsName, u"Microsoft SQL Server")) return Dialect::SqlServer;
+  if (EqualNoCase(dbmsName, u"ACCESS") || EqualNoCase(dbmsName, u"MS JET")) return Dialect::Access;
   return Dialect::Other;
 }
 
@@ -119,7 +118,7 @@ SqlToken::Kind SqlScanner::SkipToken() {
   if (IsDigit(c)) return SkipNumber(), Kind::Number;
   if (c == u'\'') return SkipQuoted(u'\'', false), Kind::Text;
   if (c == u'"') return SkipQuoted(u'"', false), Kind::QuotedName;
-  if (c == u'[' && dialect_ == Dialect::Bracketed) return SkipQuoted(u']', false), Kind::QuotedName;
+  if (c == u'[' && IsBracketed(dialect_)) return SkipQuoted(u']', false), Kind::QuotedName;
   if (c == u'$' && postgres && SkipDollarQuoted()) return Kind::Text;
   ++at_;
   if (c == u'$' && postgres) SkipDigits();

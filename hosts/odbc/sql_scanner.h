@@ -7,12 +7,18 @@
 
 namespace tessaria::odbc {
 
-/// How a family of databases quotes.
+/// A database whose ways are known.
 enum class Dialect {
   PostgreSql,  ///< E'' and dollar quotes, nested comments
-  Bracketed,   ///< [identifiers]; statements may follow each other without a semicolon
+  SqlServer,   ///< [identifiers]; statements may follow each other without a semicolon
+  Access,      ///< [identifiers]; one statement at a time
   Other        ///< nothing is known beyond '' and ""
 };
+
+/// Whether [names] are quoted.
+constexpr bool IsBracketed(Dialect dialect) {
+  return dialect == Dialect::SqlServer || dialect == Dialect::Access;
+}
 
 /// The dialect of a database by the name that its driver gives ("PostgreSQL", "ACCESS", ...).
 Dialect DialectOf(StringView dbmsName);

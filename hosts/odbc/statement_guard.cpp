@@ -21,11 +21,22 @@ const std::set<String> kWriters = {u"INSERT", u"UPDATE", u"DELETE", u"MERGE", u"
 // Outermost words behind which a row is no longer one row of one table.
 const std::set<String> kMixers = {u"JOIN",  u"UNION",    u"INTERSECT", u"EXCEPT",
                                   u"GROUP", u"DISTINCT", u"HAVING",    u"WITH"};
-// Reserved words that start a statement and never stand inside a query.
-const std::set<String> kStarters = {u"ALTER",  u"BACKUP",  u"CREATE",  u"DELETE",   u"DENY",
-                                    u"DROP",   u"EXEC",    u"EXECUTE", u"GRANT",    u"INSERT",
-                                    u"KILL",   u"RESTORE", u"REVOKE",  u"SHUTDOWN", u"TRUNCATE",
-                                    u"UPDATE", u"WAITFOR"};
+// Reserved words of SQL Server that start a statement and never stand inside a query, where no
+// column can have such a name without quotes, nor behind a point. A Merge and a With need a
+// semicolon before or behind them.
+const std::set<String> kStarters = {
+    u"ADD",        u"ALTER",   u"BACKUP",   u"BEGIN",     u"BREAK",    u"CHECKPOINT",
+    u"CLOSE",      u"COMMIT",  u"CONTINUE", u"CREATE",    u"DBCC",     u"DEALLOCATE",
+    u"DECLARE",    u"DELETE",  u"DENY",     u"DROP",      u"DUMP",     u"EXEC",
+    u"EXECUTE",    u"GOTO",    u"GRANT",    u"IF",        u"INSERT",   u"KILL",
+    u"LOAD",       u"OPEN",    u"PRINT",    u"RAISERROR", u"READTEXT", u"RECONFIGURE",
+    u"RESTORE",    u"RETURN",  u"REVERT",   u"REVOKE",    u"ROLLBACK", u"SAVE",
+    u"SET",        u"SETUSER", u"SHUTDOWN", u"TRIGGER",   u"TRUNCATE", u"UPDATE",
+    u"UPDATETEXT", u"USE",     u"WAITFOR",  u"WHILE",     u"WRITETEXT"};
+// Behind USE in the hints of a query.
+const std::set<String> kHints = {u"HINT", u"PLAN"};
+// Before a further outermost Select of the same query.
+const std::set<String> kCombiners = {u"UNION", u"EXCEPT", u"INTERSECT", u"ALL"};
 
 [[noreturn]] void Refuse(StringView reason) {
   throw HostError(errors::ErrorsInCommand, String(reason));
@@ -89,12 +100,29 @@ void RefuseDriverMarks(const std::vector<Piece>& pieces, Dialect dialect) {
   }
 }
 
-void RefuseHiddenStatement(const std::vector<Piece>& pieces, Dialect dialect) {
-  if (dialect != Dialect::Bracketed || !IsWordOf(pieces.front(), kReaders)) return;
-  if (std::any_of(pieces.begin(), pieces.end(),
-                  [](const Piece& piece) { return IsWordOf(piece, kStarters); })) {
-    Refuse(u"O texto contém mais de um comando SQL.");
+bool StartsStatement(const std::vector<Piece>& pieces, std::size_t at) {
+  if (!IsWordOf(pieces[at], kStarters)) return false;
+  const bool hint = at + 1 < pieces.size() && IsWordOf(pieces[at + 1], kHints);
+  return pieces[at].text != u"USE" || !hint;
+}
+
+// A With has its first outermost Select behind its tables.
+bool HasSecondSelect(const std::vector<Piece>& pieces) {
+  bool selected = false;
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    const bool outermost = pieces[i].depth <= 0 && pieces[i].kind == Kind::Word;
+    if (!outermost || pieces[i].text != u"SELECT") continue;
+    if (selected && !IsWordOf(pieces[i - 1], kCombiners)) return true;
+    selected = true;
   }
+  return false;
+}
+
+void RefuseHiddenStatement(const std::vector<Piece>& pieces, Dialect dialect) {
+  if (dialect != Dialect::SqlServer || !IsWordOf(pieces.front(), kReaders)) return;
+  bool hidden = HasSecondSelect(pieces);
+  for (std::size_t i = 0; i < pieces.size(); ++i) hidden = hidden || StartsStatement(pieces, i);
+  if (hidden) Refuse(u"O texto contém mais de um comando SQL.");
 }
 
 StatementFacts::Control ControlOf(const std::vector<Piece>& pieces) {

@@ -26,7 +26,7 @@ struct StatementFacts {
 };
 
 /// Reads the statement. Errors (-2147217900): no statement at all; a second statement behind a
-/// semicolon (a trailing semicolon is none) or, where the dialect needs no semicolon, behind a
+/// semicolon (a trailing semicolon is none) or, for SQL Server, which needs no semicolon, behind a
 /// query; for PostgreSQL "?", "{" or "}" outside quotes, which its driver would replace and
 /// its server would not take. Where nothing is known of the dialect's quoting, a semicolon inside
 /// the text is refused even between quotes.

@@ -1,3 +1,11 @@
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstring>
+#include <filesystem>
+
 #include "tests/odbc/database_test.h"
 
 namespace tessaria::odbc::test {
@@ -106,6 +114,43 @@ TEST_F(LostServerTest, ObjectsMayBeDroppedInAnyOrderAfterwards) {
   connection_.reset();
   rows.reset();
   EXPECT_SAME(field->Value(), Long{1});
+}
+
+/// Takes connections and never says a word.
+class MuteServer {
+ public:
+  explicit MuteServer(const std::string& folder) : socket_(socket(AF_UNIX, SOCK_STREAM, 0)) {
+    std::filesystem::create_directory(folder);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const std::string path = folder + "/.s.PGSQL.5432";
+    std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
+    isListening_ = bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0 &&
+                   listen(socket_, 5) == 0;
+  }
+  MuteServer(const MuteServer&) = delete;
+  MuteServer& operator=(const MuteServer&) = delete;
+  ~MuteServer() { close(socket_); }
+
+  bool IsListening() const { return isListening_; }
+
+ private:
+  int socket_;
+  bool isListening_ = false;
+};
+
+TEST_F(LostServerTest, ServerThatDoesNotAnswerIsWaitedForNoLongerThanTold) {
+  const std::string folder = Cluster().Folder() + "/mudo";
+  const MuteServer server(folder);
+  ASSERT_TRUE(server.IsListening());
+  auto connection = CreateConnection();
+  connection->ConnectionString(u"Driver={PostgreSQL Unicode};Database=x;Username=x;Servername=" +
+                               FromUtf8(folder));
+  connection->ConnectionTimeout(2);
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_HOST_ERROR(connection->Open(), errors::ProviderError);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+  EXPECT_EQ(connection->State(), host::state::Closed);
 }
 
 }  // namespace

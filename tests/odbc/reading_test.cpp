@@ -199,7 +199,7 @@ TEST_F(ReadingTest, TextsAtTheEdgeOfTheBufferAreReadWhole) {
 // The way for drivers that cannot read a bound cell again.
 TEST_F(ReadingTest, CellByCellGivesTheSameRows) {
   Session session;
-  session.Open(Cluster().ConnectionString());
+  session.Open(Cluster().ConnectionString(), 0);
   const Statement statement = session.NewStatement();
   session.Execute(statement, u"select 7, repeat('é', 20000), null::text, '', '2020-02-29'::date");
   const Columns columns = DescribeColumns(statement, true);

@@ -69,7 +69,9 @@ TEST_F(SchemaTest, TypesAndSizesAreThoseOfTheFields) {
     EXPECT_SAME(Get(column, u"DATA_TYPE"), c.type);
     EXPECT_EQ(field->Type(), c.type);
     const Variant size = Get(column, u"CHARACTER_MAXIMUM_LENGTH");
-    if (!size.IsNull()) EXPECT_SAME(size, field->DefinedSize());
+    if (!size.IsNull()) {
+      EXPECT_SAME(size, field->DefinedSize());
+    }
   }
 }
 

@@ -88,32 +88,93 @@ TEST(StatementGuard, RefusesASecondStatementForPostgres) {
   }
 }
 
-// Databases that take statements one after the other without a semicolon, and [names].
-constexpr GuardCase kBracketedCases[] = {
+// A database that takes statements one after the other without a semicolon, and [names].
+constexpr GuardCase kSqlServerCases[] = {
     {u"Select Top 1 nome From t Where codigo = 15", true},
     {u"Select [a;b], 'x;y' From t", true},
     {u"Select [a]];b] From t", true},
     {u"Select [a]; drop table t", false},
-    {u"Select nome From t Where codigo = 15 drop table t", false},
-    {u"Select nome From t Where codigo = 15 Exec xp", false},
     {u"Select nome From t Where nome = 'drop table t'", true},
     {u"Select [drop], \"delete\" From t", true},
+    {u"Select t.[set], t.\"use\" From dbo.[begin] t Where t.[commit] = 1", true},
     {u"Update t set a = 1 Where b = (Select 1)", true},
     {u"Insert into t Select * From u", true},
     {u"Select {fn now()}, a From t Where b = ?", true},
     {u"Select 1 /* /* */ ; */", true},
+    {u"Select a From t Where codigo = 15.drop table t", false},
+    // further outermost queries
+    {u"Select nome From t Where codigo = 15 Select 1", false},
+    {u"Select nome From t Where codigo = 15 Select * Into u From t", false},
+    {u"Select nome From t Where codigo in (15) Select 1 From (u)", false},
+    {u"Select * Into u From t", true},
+    {u"Select a From t Union All Select a From u Except Select 1", true},
+    {u"Select a From t Where b in (Select b From u)", true},
+    {u"With x as (Select 1 a) Select a From x", true},
+    {u"With x as (Select 1 a) Select a From x Select 2", false},
+    // what only looks like a start
+    {u"Select Case When a = 1 Then 2 End From t", true},
+    {u"Select a From t Option (Use Hint ('FORCE_LEGACY_CARDINALITY_ESTIMATION'))", true},
+    {u"Select a From t Inner Merge Join u On a = b", true},
+    {u"Select a From t With (NoLock) Order By a Offset 0 Rows Fetch Next 5 Rows Only", true},
+    {u"Select setor, useful, printed, ifo, opened From t", true},
 };
 
 TEST(StatementGuard, FindsStatementsWithoutSemicolonWhereTheDialectTakesThem) {
-  for (const GuardCase& c : kBracketedCases) {
+  for (const GuardCase& c : kSqlServerCases) {
     SCOPED_TRACE(ToUtf8(c.text));
     if (c.accepted) {
-      EXPECT_NO_THROW(RequireSingleStatement(c.text, Dialect::Bracketed));
+      EXPECT_NO_THROW(RequireSingleStatement(c.text, Dialect::SqlServer));
     } else {
-      EXPECT_HOST_ERROR(RequireSingleStatement(c.text, Dialect::Bracketed),
+      EXPECT_HOST_ERROR(RequireSingleStatement(c.text, Dialect::SqlServer),
                         errors::ErrorsInCommand);
     }
   }
+}
+
+// What a typed value could append to a lookup.
+constexpr StringView kAppended[] = {
+    u"drop table t",
+    u"exec xp",
+    u"use master",
+    u"set nocount on",
+    u"declare @a int",
+    u"dbcc checkdb",
+    u"commit",
+    u"rollback",
+    u"save transaction a",
+    u"begin transaction",
+    u"if 1 = 1 print 1",
+    u"while 1 = 1 print 1",
+    u"bulk insert t from 'x'",
+    u"reconfigure",
+    u"raiserror('x', 16, 1)",
+    u"print 'x'",
+    u"select 1",
+    u"waitfor delay '1:00'",
+    u"kill 51",
+    u"checkpoint",
+    u"disable trigger a on t",
+    u"update t set a = 1",
+    u"revert",
+    u"open c",
+    u"return",
+    u"goto a",
+    u"truncate table t",
+};
+
+TEST(StatementGuard, RefusesEveryStatementThatNeedsNoSemicolon) {
+  for (const StringView appended : kAppended) {
+    const String text = u"Select nome From t Where codigo = 15 " + String(appended);
+    EXPECT_HOST_ERROR(RequireSingleStatement(text, Dialect::SqlServer), errors::ErrorsInCommand)
+        << ToUtf8(text);
+  }
+}
+
+// It runs one statement and calls the rest an error; its reserved words are others.
+TEST(StatementGuard, AccessMayNameColumnsAsItLikes) {
+  EXPECT_NO_THROW(RequireSingleStatement(u"Select Print, Use From [a;b]", Dialect::Access));
+  EXPECT_HOST_ERROR(RequireSingleStatement(u"Select [a]; drop table t", Dialect::Access),
+                    errors::ErrorsInCommand);
 }
 
 TEST(StatementGuard, TakesNoSemicolonInsideWhereTheQuotingIsUnknown) {
@@ -198,8 +259,9 @@ TEST(StatementGuard, KnowsTransactionControl) {
 
 TEST(StatementGuard, KnowsTheFamilies) {
   EXPECT_EQ(DialectOf(u"PostgreSQL"), Dialect::PostgreSql);
-  for (const StringView name : {u"ACCESS", u"MS Jet", u"Microsoft SQL Server"}) {
-    EXPECT_EQ(DialectOf(name), Dialect::Bracketed) << ToUtf8(name);
+  EXPECT_EQ(DialectOf(u"Microsoft SQL Server"), Dialect::SqlServer);
+  for (const StringView name : {u"ACCESS", u"MS Jet"}) {
+    EXPECT_EQ(DialectOf(name), Dialect::Access) << ToUtf8(name);
   }
   EXPECT_EQ(DialectOf(u"SQLite"), Dialect::Other);
 }

@@ -100,6 +100,22 @@ TEST_F(TransactionTest, RefusedCommitTellsAndLeavesTheConnectionUsable) {
   connection_->RollbackTrans();
 }
 
+// A query whose function writes is read in a transaction of this layer's own; a check at its end
+// may refuse that.
+TEST_F(TransactionTest, RefusedEndOfAReadingLeavesTheConnectionUsable) {
+  Run(u"alter table t add p int references t deferrable initially deferred");
+  Run(u"create function f() returns int language plpgsql as"
+      u" $$begin insert into t values (1, 99); return 7; end$$");
+  EXPECT_HOST_ERROR(Read(u"select f()"), errors::IntegrityViolation);
+  EXPECT_EQ(Committed(), 0);
+  Run(u"insert into t values (2, 2)");
+  EXPECT_EQ(Committed(), 1);
+  connection_->BeginTrans();
+  Run(u"insert into t values (3, 3)");
+  connection_->CommitTrans();
+  EXPECT_EQ(Committed(), 2);
+}
+
 TEST_F(TransactionTest, IsUndoneByClose) {
   connection_->BeginTrans();
   Run(u"insert into t values (1)");
