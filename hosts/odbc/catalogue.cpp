@@ -22,8 +22,9 @@ bool IsSized(Long type) {
   return type == host::type::WChar || type == host::type::VarWChar || type == host::type::Binary;
 }
 
+// A name that is not there: some drivers say so with an empty text.
 Variant TextOrNull(const std::optional<String>& text) {
-  return text ? Variant(*text) : Variant::Null();
+  return text && !text->empty() ? Variant(*text) : Variant::Null();
 }
 
 // Catalogue calls take patterns; a name that holds their marks must stand for itself.

@@ -46,7 +46,7 @@ std::optional<std::vector<KeyPart>> AskedPrimaryKey(Session& session, const Stri
   return parts;
 }
 
-// Empty when the driver has no such call either.
+// Empty when the driver has no such call either, or has none for what is no table of its own.
 std::vector<KeyPart> UniqueIndexesOf(Session& session, const String& catalogue,
                                      const String& schema, const String& table) {
   const Statement statement = CatalogueStatement(session);
@@ -56,8 +56,8 @@ std::vector<KeyPart> UniqueIndexesOf(Session& session, const String& catalogue,
                                  NameLength(table), SQL_INDEX_UNIQUE, SQL_QUICK),
                   statement);
   } catch (const OdbcError& error) {
-    if (error.IsNotSupported()) return {};
-    throw;
+    if (error.IsConnectionLoss()) throw;
+    return {};
   }
   std::vector<KeyPart> parts;
   while (NextRow(session, statement)) {

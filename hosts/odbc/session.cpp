@@ -130,9 +130,12 @@ Statement Session::NewStatement() {
 
 Statement Session::InnerStatement() const {
   Statement statement(RequireLink());
-  odbc::Check(SQLSetStmtAttrW(statement.get(), SQL_ATTR_NOSCAN,
-                              reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0),
-              SQL_HANDLE_STMT, statement.get());
+  // A driver that knows no escapes has none to leave alone.
+  const SQLRETURN result = SQLSetStmtAttrW(statement.get(), SQL_ATTR_NOSCAN,
+                                           reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
+  if (SQL_SUCCEEDED(result)) return statement;
+  const OdbcError error = DiagnosticsOf(SQL_HANDLE_STMT, statement.get());
+  if (!error.IsNotSupported()) throw error;
   return statement;
 }
 
