@@ -8,7 +8,7 @@ packages_of() {
   case $1 in
     build)
       echo cmake ninja-build g++ libgtest-dev libgmock-dev \
-        qt6-base-dev qt6-tools-dev libqt6opengl6-dev unixodbc-dev
+        qt6-base-dev qt6-base-private-dev qt6-tools-dev libqt6opengl6-dev unixodbc-dev
       ;;
     run) echo postgresql unixodbc odbc-postgresql qt6-translations-l10n fonts-dejavu-core ;;
     lint) echo clang-format clang-tidy ;;

@@ -6,6 +6,7 @@
 #include <QImageReader>
 
 #include "hosts/qt/handles.h"
+#include "hosts/qt/held_input.h"
 #include "hosts/qt/host.h"
 #include "hosts/qt/message_box.h"
 #include "hosts/qt/text.h"
@@ -42,7 +43,12 @@ void Application::Beep() {
   emit host_.beeped();
 }
 
-void Application::DoEvents() { QCoreApplication::processEvents(); }
+// The core pumps in the middle of its work on a text. A key that ran there would find the text half
+// changed: it waits, and comes after the work.
+void Application::DoEvents() {
+  const HeldInput held;
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
 
 Long Application::ShowMessageBox(Long owner, const String& text, Long style, const String& title) {
   QWidget* window = widgetOf(owner);

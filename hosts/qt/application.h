@@ -28,6 +28,7 @@ class Application final : public host::Application {
   bool FileExists(const String& path) const override;
   std::shared_ptr<host::Picture> LoadPicture(const String& path) override;
   void Beep() override;
+  /// Serves all but what the operator types and clicks, which comes later.
   void DoEvents() override;
   /// A handle that stands for no widget gives the active window as owner.
   Long ShowMessageBox(Long owner, const String& text, Long style, const String& title) override;
