@@ -58,9 +58,10 @@ void MainWindow::showForm(int index) {
   if (mayLeave && index != stack_->currentIndex()) {
     left.focus = focusWidget();
     stack_->setCurrentIndex(index);
-    QWidget* target = pages_[index].focus;
-    if (!target) target = current()->nextInFocusChain();
-    target->setFocus(Qt::OtherFocusReason);
+    if (QWidget* before = pages_[index].focus)
+      before->setFocus(Qt::OtherFocusReason);
+    else
+      current()->focusFirstField();
   }
   findChild<QActionGroup*>()->actions().at(stack_->currentIndex())->setChecked(true);
 }

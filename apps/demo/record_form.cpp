@@ -150,6 +150,11 @@ bool RecordForm::hasUnsavedInput() const {
   return rows_->isEditPending() || (box && isAncestorOf(box) && box->isModified());
 }
 
+void RecordForm::focusFirstField() {
+  for (qt::TsText* each : fields_)
+    if (each->isFieldEnabled()) return each->setFocus(Qt::OtherFocusReason);
+}
+
 // --- New, cancel, delete -------------------------------------------------------------------------
 
 void RecordForm::addRecord() {

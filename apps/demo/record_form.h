@@ -42,6 +42,8 @@ class RecordForm : public QWidget {
   /// Whether something was typed that is not saved.
   bool hasUnsavedInput() const;
   const QString& noun() const { return kind_.noun; }
+  /// Puts the focus on the first field that takes input.
+  void focusFirstField();
 
  public slots:  // NOLINT
   void addRecord();

@@ -10,6 +10,7 @@ QString s(const char* text) { return QString::fromUtf8(text); }
 void startOrder(Player& p) {
   p.stage(s("Os pedidos"));
   p.press(s("Ctrl+2"));
+  p.expectFocus(s("dataPedido"));
   p.expectText(s("numero"), s("000001"));
   p.picture(s("pedidos"));
   p.stage(s("Pedido novo"));

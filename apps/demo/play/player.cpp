@@ -192,7 +192,7 @@ void Player::expectFocus(const QString& name) {
     return found != nullptr;
   };
   expect(sees(holds), QStringLiteral("O foco não está em \"%1\", mas em \"%2\".")
-                          .arg(name, focus() ? focus()->objectName() : QString()));
+                          .arg(name, focus() ? qt::controlOf(focus())->objectName() : QString()));
 }
 
 void Player::expectText(const QString& field, const QString& text) {
