@@ -1,0 +1,298 @@
+// One lookup and one step of a completion on a million rows, beside the same statement through
+// bare ODBC and through the server's own client library.
+//
+// The three take turns, so that whatever else the machine does meets all of them. The time of a
+// case is the library's. Counters, from the medians of all turns: us of wall-clock time each,
+// to_odbc and to_libpq as ratios of these, cpu_us of processor time in this process each, and
+// cpu_above_odbc_us, what the library takes on top of the bare statement.
+#include <benchmark/benchmark.h>
+#include <libpq-fe.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <ctime>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "hosts/memory/application.h"
+#include "hosts/memory/form.h"
+#include "hosts/memory/text_box.h"
+#include "hosts/memory/ts_text.h"
+#include "hosts/odbc/connection.h"
+#include "hosts/odbc/handles.h"
+#include "lookup/description_lookup.h"
+#include "runtime/conversion.h"
+#include "runtime/text.h"
+#include "tessaria/thread_state.h"
+#include "tests/support/postgres_cluster.h"
+
+namespace tessaria::bench {
+namespace {
+
+using odbc::Wide;
+using test::PostgresCluster;
+
+constexpr int kRows = 1'000'000;
+
+// --- The database -------------------------------------------------------------------------------
+
+void Provide() {
+  static const bool done = [] {
+    PostgresCluster::Shared().Run(
+        "create extension pg_trgm;"
+        " create table clientes as select g as codigo, md5(g::text) || ' Ltda' as nome"
+        " from generate_series(1, " +
+        std::to_string(kRows) +
+        ") g; alter table clientes add primary key (codigo);"
+        " create index on clientes (cast(codigo as varchar));"
+        " create index on clientes using gin (nome gin_trgm_ops);"
+        " alter database postgres set random_page_cost = 1.1");
+    PostgresCluster::Shared().Run("vacuum analyze clientes");
+    return true;
+  }();
+  benchmark::DoNotOptimize(done);
+}
+
+/// A row of the table, another one each time.
+int SomeKey(int turn) { return static_cast<int>(turn * 7919LL % kRows) + 1; }
+
+String DescriptionOf(const String& literal) {
+  return u"Select nome From clientes Where cast(codigo as varchar) = cast(" + literal +
+         u" as varchar) Limit 1";
+}
+
+String CompletionOf(const String& typed, const String& more = {}) {
+  return u"Select nome" + more + u" From clientes Where nome ilike '" + typed + u"%' Limit 1";
+}
+
+/// What an operator has typed of a name, and the code of the row that it leads to.
+struct Typed {
+  String text;
+  String code;
+};
+
+std::vector<Typed> SomeNames(host::Connection& connection) {
+  constexpr int kNames = 256;
+  constexpr Long kCharacters = 6;
+  std::vector<Typed> names;
+  for (int i = 1; i <= kNames; ++i) {
+    const String key = FromUtf8(std::to_string(SomeKey(i)));
+    const auto name = connection.Execute(DescriptionOf(key));
+    const String start = Left(CStr(name->Fields().Item(0)->Value()), kCharacters);
+    const auto found = connection.Execute(CompletionOf(start, u", codigo"));
+    names.push_back({start, CStr(found->Fields().Item(1)->Value())});
+  }
+  return names;
+}
+
+// --- The peers ----------------------------------------------------------------------------------
+
+void Require(SQLRETURN result) {
+  if (!SQL_SUCCEEDED(result)) throw std::runtime_error("an ODBC call failed");
+}
+
+class BareOdbc {
+ public:
+  BareOdbc() {
+    const String text = PostgresCluster::Shared().ConnectionString();
+    Require(SQLDriverConnectW(link_.get(), nullptr, Wide(text.c_str()), SQL_NTS, nullptr, 0,
+                              nullptr, SQL_DRIVER_NOPROMPT));
+  }
+  /// Runs the statement and reads the columns of its first row as texts.
+  void operator()(const String& statement) {
+    const odbc::Handle<SQL_HANDLE_STMT> handle(link_.get());
+    Require(SQLExecDirectW(handle.get(), Wide(statement.c_str()), SQL_NTS));
+    SQLSMALLINT columns = 0;
+    Require(SQLNumResultCols(handle.get(), &columns));
+    Require(SQLFetch(handle.get()));
+    std::array<char16_t, 256> text{};
+    for (SQLSMALLINT i = 1; i <= columns; ++i) {
+      SQLLEN length = 0;
+      Require(SQLGetData(handle.get(), static_cast<SQLUSMALLINT>(i), SQL_C_WCHAR, text.data(),
+                         sizeof text, &length));
+      benchmark::DoNotOptimize(text);
+    }
+  }
+
+ private:
+  odbc::Link link_;
+};
+
+class Libpq {
+ public:
+  Libpq() : connection_(PQconnectdb(Settings().c_str()), PQfinish) {
+    if (PQstatus(connection_.get()) != CONNECTION_OK) throw std::runtime_error("libpq: no server");
+  }
+  void operator()(const String& statement) {
+    const std::unique_ptr<PGresult, void (*)(PGresult*)> rows(
+        PQexec(connection_.get(), ToUtf8(statement).c_str()), PQclear);
+    if (PQntuples(rows.get()) != 1) throw std::runtime_error("libpq: no row");
+    for (int i = 0; i < PQnfields(rows.get()); ++i)
+      benchmark::DoNotOptimize(std::string(PQgetvalue(rows.get(), 0, i)));
+  }
+
+ private:
+  static std::string Settings() {
+    return "host=" + PostgresCluster::Shared().Folder() + " dbname=postgres user=postgres";
+  }
+  std::unique_ptr<PGconn, void (*)(PGconn*)> connection_;
+};
+
+/// What the library works in: a program without a screen, over the real connection.
+class Desk {
+ public:
+  Desk() {
+    connection_->ConnectionString(PostgresCluster::Shared().ConnectionString());
+    connection_->Open();
+    State().dbConexao = connection_;
+  }
+  ~Desk() { State().dbConexao = nullptr; }
+  Desk(const Desk&) = delete;
+  Desk& operator=(const Desk&) = delete;
+
+  const host::ConnectionPtr& Connection() const { return connection_; }
+  /// A box would be a lookup that failed.
+  void RequireNoBox() {
+    if (!app_.TakeBoxes().empty()) throw std::runtime_error("a lookup failed");
+  }
+
+ private:
+  memory::Application app_;
+  host::ConnectionPtr connection_ = odbc::CreateConnection();
+};
+
+// --- Measuring ----------------------------------------------------------------------------------
+
+struct Times {
+  std::vector<double> wall, cpu;  ///< microseconds
+};
+
+double CpuNow() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return double(now.tv_sec) * 1e6 + double(now.tv_nsec) / 1e3;
+}
+
+void Take(Times& times, const std::function<void()>& run) {
+  const double cpu = CpuNow();
+  const auto start = std::chrono::steady_clock::now();
+  run();
+  const std::chrono::duration<double, std::micro> wall = std::chrono::steady_clock::now() - start;
+  times.wall.push_back(wall.count());
+  times.cpu.push_back(CpuNow() - cpu);
+}
+
+double Median(std::vector<double> values) {
+  const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+/// `statements` are what `library` sends in one turn; the peers send the same.
+void Compare(benchmark::State& state, Desk& desk,
+             const std::function<std::vector<String>(int turn)>& statements,
+             const std::function<void(int turn)>& library) {
+  BareOdbc odbc;
+  Libpq libpq;
+  Times ours, bare, native;
+  int turn = 0;
+  for (auto _ : state) {
+    ++turn;
+    const auto texts = statements(turn);
+    const auto all = [&](auto& peer) {
+      for (const String& text : texts) peer(text);
+    };
+    Take(bare, [&] { all(odbc); });
+    Take(ours, [&] { library(turn); });
+    Take(native, [&] { all(libpq); });
+    state.SetIterationTime(ours.wall.back() / 1e6);
+  }
+  desk.RequireNoBox();
+  state.counters["us"] = Median(ours.wall);
+  state.counters["odbc_us"] = Median(bare.wall);
+  state.counters["libpq_us"] = Median(native.wall);
+  state.counters["to_odbc"] = Median(ours.wall) / Median(bare.wall);
+  state.counters["to_libpq"] = Median(ours.wall) / Median(native.wall);
+  state.counters["cpu_us"] = Median(ours.cpu);
+  state.counters["cpu_above_odbc_us"] = Median(ours.cpu) - Median(bare.cpu);
+}
+
+// --- The cases ----------------------------------------------------------------------------------
+
+void FindDescription(benchmark::State& state) {
+  Provide();
+  Desk desk;
+  Browse browse;
+  browse.BrowseTable(u"clientes");
+  browse.BrwCampo(u"codigo");
+  browse.BrwCampoIrmao(u"nome");
+  const auto code = [](int turn) { return FromUtf8(std::to_string(SomeKey(turn))); };
+  Compare(
+      state, desk,
+      [&](int turn) { return std::vector<String>{DescriptionOf(u"'" + code(turn) + u"'")}; },
+      [&](int turn) {
+        benchmark::DoNotOptimize(mdlObjTxt::AchaDescr(browse, code(turn), u"txtCodigo", u"", 0));
+      });
+}
+
+void CompleteText(benchmark::State& state) {
+  Provide();
+  Desk desk;
+  const auto names = SomeNames(*desk.Connection());
+  const auto name = [&](int turn) { return names[std::size_t(turn) % names.size()]; };
+  memory::TextBox box;
+  Compare(
+      state, desk, [&](int turn) { return std::vector<String>{CompletionOf(name(turn).text)}; },
+      [&](int turn) {
+        box.Text(name(turn).text);
+        mdlObjTxt::CompletaDescr(box, u"clientes", u"nome", Integer{65}, false, u"", nullptr, u"");
+      });
+}
+
+/// The key-up of a whole field whose key sits beside it: the completion, and the key's own look.
+void CompletePair(benchmark::State& state) {
+  Provide();
+  Desk desk;
+  const auto names = SomeNames(*desk.Connection());
+  const auto name = [&](int turn) { return names[std::size_t(turn) % names.size()]; };
+  const auto form = memory::Form::Create(u"frmPedido");
+  form->DbForm(desk.Connection());
+  const auto add = [&](const String& control, TipoControle kind, const String& sibling,
+                       const String& campo, const String& other) {
+    const auto field = form->Add<memory::TsText>(control);
+    (*field)->TipoControle(kind);
+    (*field)->TxtIrmao(sibling);
+    const auto definition = (*field)->Browse();
+    definition->BrowseTable(u"clientes");
+    definition->BrwCampo(campo);
+    definition->BrwCampoIrmao(other);
+    return field;
+  };
+  const auto key = add(u"codCliente", TipoControle::Browse, u"desCliente", u"codigo", u"nome");
+  const auto text = add(u"desCliente", TipoControle::Descricao, u"codCliente", u"nome", u"codigo");
+  for (const auto& field : {key, text}) (*field)->Refresh();
+  Compare(
+      state, desk,
+      [&](int turn) {
+        return std::vector<String>{CompletionOf(name(turn).text, u", codigo"),
+                                   DescriptionOf(name(turn).code)};
+      },
+      [&](int turn) {
+        Integer letter = 65, shift = 0;
+        text->txtEdit().Text(name(turn).text);
+        text->txtEdit().OnKeyUp(letter, shift);
+      });
+  form->Close();
+}
+
+constexpr int kTurns = 4000;
+BENCHMARK(FindDescription)->UseManualTime()->Iterations(kTurns)->Unit(benchmark::kMicrosecond);
+BENCHMARK(CompleteText)->UseManualTime()->Iterations(kTurns)->Unit(benchmark::kMicrosecond);
+BENCHMARK(CompletePair)->UseManualTime()->Iterations(kTurns)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace tessaria::bench
