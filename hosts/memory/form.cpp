@@ -121,8 +121,8 @@ void Form::Show() {
 void Form::FirstShow() {
   std::vector<PartPtr> order = parts_;
   for (const auto& part : order) RunEvent([&] { part->Load(); });
-  std::stable_partition(order.begin(), order.end(),
-                        [](const PartPtr& part) { return !part->IsBound(); });
+  std::stable_sort(order.begin(), order.end(),
+                   [](const PartPtr& a, const PartPtr& b) { return a->Rank() < b->Rank(); });
   for (const auto& part : order) {
     if (!part->IsGone()) RunEvent([&] { part->FirstShow(); });
   }

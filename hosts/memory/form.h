@@ -58,7 +58,7 @@ class Form final : public host::Form, public std::enable_shared_from_this<Form> 
 
   // --- The life of the form --------------------------------------------------------------------
   /// The first time: loads the data controls, then gives every control its first show, unbound
-  /// ones ahead of bound ones, then focuses the first that takes it.
+  /// ones first, then keys, the rest, descriptions, then focuses the first that takes it.
   void Show();
   void Hide() { visible_ = false; }
   void Close();

@@ -49,8 +49,9 @@ class Part : public std::enable_shared_from_this<Part> {
   /// The form is loading: ahead of every first show.
   virtual void Load() {}
   virtual void FirstShow() {}
-  /// Bound controls show behind the others.
-  virtual bool IsBound() const { return false; }
+  /// Place in the order of the first shows, which is that of creation among equals.
+  enum class ShowRank { Unbound, Key, Bound, Description };
+  virtual ShowRank Rank() const { return ShowRank::Unbound; }
   /// Whether the control can have the focus now.
   virtual bool TakesFocus() const { return false; }
   virtual void Enter() {}

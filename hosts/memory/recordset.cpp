@@ -154,14 +154,14 @@ void Recordset::Settle() {
 
 void Recordset::MoveFirst() {
   Settle();
-  if (rows_.empty() && !onDeleted_) throw HostError(errors::NoCurrentRecord);
+  if (rows_.empty()) throw HostError(errors::NoCurrentRecord);
   onDeleted_ = false;
   position_ = 0;
 }
 
 void Recordset::MoveLast() {
   Settle();
-  if (rows_.empty() && !onDeleted_) throw HostError(errors::NoCurrentRecord);
+  if (rows_.empty()) throw HostError(errors::NoCurrentRecord);
   onDeleted_ = false;
   position_ = Count() - 1;
 }
@@ -272,12 +272,13 @@ void Recordset::Value(std::size_t column, const Variant& value) {
 
 host::EditMode Recordset::EditMode() const {
   RequireOpen();
-  return editMode_;
+  return onDeleted_ ? host::EditMode::Delete : editMode_;
 }
 
 void Recordset::AddNew() {
   Settle();
   RequireUpdatable();
+  onDeleted_ = false;
   edit_.assign(columns_.size(), Variant::Null());
   editMode_ = host::EditMode::Add;
 }

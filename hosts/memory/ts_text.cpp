@@ -163,8 +163,17 @@ void TsText::Resize(Long width, Long height) {
 
 void TsText::FirstShow() { (*this)->UserControl_Show(); }
 
-bool TsText::IsBound() const {
-  return !(*this)->DataSource().empty() && !(*this)->DataField().empty();
+Part::ShowRank TsText::Rank() const {
+  const tsText& control = **this;
+  if (control.DataSource().empty() || control.DataField().empty()) return ShowRank::Unbound;
+  switch (control.TipoControle()) {
+    case TipoControle::Browse:
+      return ShowRank::Key;
+    case TipoControle::Descricao:
+      return ShowRank::Description;
+    default:
+      return ShowRank::Bound;
+  }
 }
 
 bool TsText::TakesFocus() const { return CanBeUsed() && box_.Enabled(); }

@@ -68,7 +68,7 @@ class TsText final : public PartWith<host::TsTextWidget> {
   void Let(const String& property, const Variant& value) override;
 
   void FirstShow() override;
-  bool IsBound() const override;
+  ShowRank Rank() const override;
   bool TakesFocus() const override;
   void Enter() override;
   void Leave() override;

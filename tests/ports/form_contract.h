@@ -241,6 +241,30 @@ TEST_P(FormContract, UnboundFieldsShowAheadOfBoundOnes) {
   EXPECT_THAT(order, testing::ElementsAre(u"txtNome", u"txtCodigo"));
 }
 
+TEST_P(FormContract, OfTheBoundFieldsKeysShowFirstAndDescriptionsLast) {
+  // Kinds: 0 a plain field, 1 a key, 3 a description.
+  const struct {
+    Long codigo;
+    Long nome;
+    bool nomeFirst;
+  } cases[] = {{3, 1, true}, {0, 1, true}, {3, 0, true}, {1, 3, false}, {1, 1, false}};
+  for (const auto& row : cases) {
+    driver_ = nullptr;  // a host leaves before the next one comes
+    driver_ = GetParam().make();
+    std::vector<String> order;
+    Control(u"txtCodigo")->Let(u"TipoControle", row.codigo);
+    Control(u"txtNome")->Let(u"TipoControle", row.nome);
+    for (const char16_t* name : {u"txtCodigo", u"txtNome"}) {
+      Driver().Bind(name);
+      Driver().Handle(name, {[&order, name] { order.push_back(name); }, nullptr, nullptr});
+    }
+    Driver().Show();
+    const String first = row.nomeFirst ? u"txtNome" : u"txtCodigo";
+    ASSERT_EQ(order.size(), 2u);
+    EXPECT_EQ(order.front(), first) << row.codigo << " and " << row.nome;
+  }
+}
+
 TEST_P(FormContract, AWidgetOfAClosedFormSays91) {
   Driver().Show();
   const auto label = ControlAs<host::Label>(u"lblCodigo");

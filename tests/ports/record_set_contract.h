@@ -248,14 +248,16 @@ TEST_P(RecordSetContract, FindSeeksForwardFromTheCurrentRow) {
     const char16_t* criteria;
     const char16_t* found;  ///< Nome; "" for EOF
   } const cases[] = {
-      {u"Nome = 'Bruno'", u"Bruno"},   {u"Nome <> 'Ana'", u"Bruno"},
-      {u"Nome > 'Bruno'", u"Carla"},   {u"Nome >= 'Bruno'", u"Bruno"},
-      {u"Nome < 'Bruno'", u"Ana"},     {u"Codigo = 3", u"Carla"},
-      {u"Codigo > 1", u"Bruno"},       {u"Codigo <= 1", u"Ana"},
-      {u"nome like 'Br%'", u"Bruno"},  {u"Nome LIKE 'C*'", u"Carla"},
-      {u"Nome like '%un%'", u"Bruno"}, {u"Nome like '*la'", u"Carla"},
-      {u"Nome like 'Ana'", u"Ana"},    {u"Valor = 10.5", u"Ana"},
-      {u"Nome = 'Zilda'", u""},        {u"Codigo = 9", u""},
+      {u"Nome = 'Bruno'", u"Bruno"},      {u"Nome <> 'Ana'", u"Bruno"},
+      {u"Nome > 'Bruno'", u"Carla"},      {u"Nome >= 'Bruno'", u"Bruno"},
+      {u"Nome < 'Bruno'", u"Ana"},        {u"Codigo = 3", u"Carla"},
+      {u"Codigo > 1", u"Bruno"},          {u"Codigo <= 1", u"Ana"},
+      {u"nome like 'Br%'", u"Bruno"},     {u"Nome LIKE 'C*'", u"Carla"},
+      {u"Nome like '%un%'", u"Bruno"},    {u"Nome like '*la'", u"Carla"},
+      {u"Nome like 'Ana'", u"Ana"},       {u"Valor = 10.5", u"Ana"},
+      {u"Nome = 'Zilda'", u""},           {u"Codigo = 9", u""},
+      {u"Data = 01/02/2020", u"Carla"},   {u"Data = '01/02/2020'", u"Carla"},
+      {u"Data = #01/02/2020#", u"Carla"}, {u"Data > 01/02/2020", u"Ana"},
   };
   for (const auto& [criteria, found] : cases) {
     const auto rows = ReadOnly();
@@ -282,7 +284,8 @@ TEST_P(RecordSetContract, FindReadsDoubledQuotes) {
 
 TEST_P(RecordSetContract, FindRefusesWhatItCannotRead) {
   const auto rows = ReadOnly();
-  for (const char16_t* criteria : {u"Nome", u"Nome ~ 'A'", u"Nome = ", u"Nome = 'A"}) {
+  for (const char16_t* criteria : {u"Nome", u"Nome ~ 'A'", u"Nome = ", u"Nome = 'A", u"Nome = Ana",
+                                   u"Codigo = x", u"Codigo = 01/02/2020", u"Data = x"}) {
     EXPECT_EQ(ErrorOf([&] { rows->Find(criteria); }), 3001)
         << testing::PrintToString(String(criteria));
     EXPECT_EQ(Codigo(rows), 1);
@@ -487,6 +490,47 @@ TEST_P(RecordSetContract, DeleteTakesTheCurrentRowAway) {
   EXPECT_EQ(ErrorOf([&] { Nome(rows); }), errors::NoCurrentRecord);
   rows->MoveNext();
   EXPECT_EQ(Nome(rows), u"Carla");
+}
+
+TEST_P(RecordSetContract, ADeletedRowIsTheEditModeUntilTheNextMove) {
+  const auto rows = Writable();
+  rows->Delete();
+  EXPECT_EQ(rows->EditMode(), host::EditMode::Delete);
+  EXPECT_FALSE(rows->Bof());
+  EXPECT_FALSE(rows->Eof());
+  rows->MoveNext();
+  EXPECT_EQ(rows->EditMode(), host::EditMode::None);
+  EXPECT_EQ(Nome(rows), u"Bruno");
+  rows->Delete();
+  rows->AddNew();
+  EXPECT_EQ(rows->EditMode(), host::EditMode::Add);
+  rows->CancelUpdate();
+  EXPECT_EQ(rows->EditMode(), host::EditMode::None);
+}
+
+TEST_P(RecordSetContract, DeletingANewRowDropsIt) {
+  const auto rows = Writable();
+  rows->MoveNext();
+  rows->AddNew();
+  rows->Delete();
+  EXPECT_EQ(rows->EditMode(), host::EditMode::None);
+  EXPECT_EQ(Nome(rows), u"Bruno");
+  EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Ana", u"Bruno", u"Carla"));
+}
+
+TEST_P(RecordSetContract, ASetEmptiedByDeletesHasNoRowToMoveTo) {
+  const auto rows = Writable();
+  for (int i = 0; i < 3; ++i) {
+    rows->MoveFirst();
+    rows->Delete();
+  }
+  EXPECT_EQ(rows->EditMode(), host::EditMode::Delete);
+  EXPECT_EQ(ErrorOf([&] { rows->MoveFirst(); }), errors::NoCurrentRecord);
+  EXPECT_EQ(ErrorOf([&] { rows->MoveLast(); }), errors::NoCurrentRecord);
+  rows->MoveNext();
+  EXPECT_TRUE(rows->Bof());
+  EXPECT_TRUE(rows->Eof());
+  EXPECT_EQ(rows->EditMode(), host::EditMode::None);
 }
 
 TEST_P(RecordSetContract, DeleteRefusesARowThatAnotherUserChanged) {
