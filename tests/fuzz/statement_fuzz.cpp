@@ -8,7 +8,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tessaria;
   fuzz::Input input(data, size);
-  const auto dialect = static_cast<odbc::Dialect>(input.Byte() % 3);
+  const auto dialect = static_cast<odbc::Dialect>(input.Byte() % 4);
   const String text = input.Rest();
   try {
     if (odbc::RequireSingleStatement(text, dialect).text.size() > text.size()) std::abort();
