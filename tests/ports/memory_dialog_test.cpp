@@ -358,6 +358,15 @@ TEST_F(MemoryFiles, DirFindsTheFirstFileOfAPattern) {
   EXPECT_EQ(desktop.Dir(u"d:\\*.*"), u"");
 }
 
+TEST_F(MemoryFiles, DirTakesANameAsItIsWritten) {
+  for (const char16_t* name : {u"nota[1].pdf", u"a;b.txt", u" a.txt"}) {
+    const String path = String(u"c:\\nomes\\") + name;
+    EXPECT_EQ(desktop.Dir(path), u"");
+    desktop.Files().AddFile(path);
+    EXPECT_EQ(desktop.Dir(path), name);
+  }
+}
+
 TEST_F(MemoryFiles, DrivesAreKnownByTheirLetter) {
   auto& drives = dialog->Find<host::DriveList>(u"drive");
   EXPECT_EQ(drives.Drive(), u"c: [SISTEMA]");

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -12,6 +13,7 @@
 
 #include "hosts/qt/dialogs/file_list.h"
 #include "hosts/qt/dialogs/folder_tree.h"
+#include "hosts/qt/dialogs/volumes.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 #ifdef Q_OS_UNIX
 #include <unistd.h>
@@ -21,6 +23,21 @@ namespace tessaria::qt::tests {
 namespace {
 
 using testing::ElementsAre;
+
+/// What the system has mounted, for as long as it lives.
+class Mounted {
+ public:
+  explicit Mounted(const QList<Volume>& volumes)
+      : volumes_(volumes), former_(exchangeVolumeSource([this] { return volumes_; })) {}
+  Mounted(const Mounted&) = delete;
+  Mounted& operator=(const Mounted&) = delete;
+  ~Mounted() { exchangeVolumeSource(std::move(former_)); }
+  void become(const QList<Volume>& volumes) { volumes_ = volumes; }
+
+ private:
+  QList<Volume> volumes_;
+  VolumeSource former_;
+};
 
 class FolderPicker : public DialogFixture {
  protected:
@@ -80,6 +97,9 @@ class FolderPicker : public DialogFixture {
     ASSERT_FALSE(row.isEmpty());
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, row.center());
     settleEvents();
+  }
+  static QComboBox& drives(QDialog& window) {
+    return at<QComboBox>(window, QStringLiteral("drvDiretorio"));
   }
   static QCheckBox& hiddenSwitch(QDialog& window) { return *window.findChild<QCheckBox*>(); }
 
@@ -283,14 +303,211 @@ TEST_F(FolderPicker, APathThroughAHiddenFolderIsShown) {
 
 TEST_F(FolderPicker, TheVolumesAreListedAndChoosingOneLeadsToIt) {
   pick(Folders, in("Vendas"), [](QDialog& w) {
-    auto& drives = at<QComboBox>(w, QStringLiteral("drvDiretorio"));
-    ASSERT_GE(drives.count(), 1);
-    EXPECT_EQ(drives.itemData(0).toString(), QDir::rootPath());
-    drives.setFocus();
-    emit drives.activated(0);
+    ASSERT_GE(drives(w).count(), 1);
+    EXPECT_EQ(drives(w).itemData(0).toString(), QDir::rootPath());
+    drives(w).setFocus();
+    emit drives(w).activated(0);
     EXPECT_EQ(tree(w).path(), QDir::rootPath());
     press(w, Qt::Key_Escape);
   });
+}
+
+TEST_F(FolderPicker, TheKeyboardAloneChoosesAVolume) {
+  const Mounted disks({{QDir::rootPath()}, {root()}});
+  EXPECT_EQ(pick(Folders, in("Vendas"),
+                 [this](QDialog& w) {
+                   drives(w).setFocus();
+                   EXPECT_EQ(drives(w).currentText(), root());
+                   press(w, Qt::Key_Up);
+                   EXPECT_EQ(tree(w).path(), QDir::rootPath());
+                   press(w, Qt::Key_Down);
+                   EXPECT_EQ(tree(w).path(), root());
+                   press(w, Qt::Key_Return);
+                 }),
+            root());
+}
+
+TEST_F(FolderPicker, EnterInTheOpenListOfVolumesChoosesOneAndConfirmsNothing) {
+  const Mounted disks({{QDir::rootPath()}, {root()}});
+  EXPECT_EQ(pick(Folders, in("Vendas"),
+                 [this](QDialog& w) {
+                   drives(w).setFocus();
+                   drives(w).showPopup();
+                   QTest::qWait(50);
+                   auto* popup = QApplication::activePopupWidget();
+                   ASSERT_TRUE(popup);
+                   press(*popup, Qt::Key_Up);
+                   press(*popup, Qt::Key_Return);
+                   settleEvents();
+                   EXPECT_FALSE(QApplication::activePopupWidget());
+                   EXPECT_TRUE(w.isVisible());
+                   EXPECT_EQ(tree(w).path(), QDir::rootPath());
+                   press(w, Qt::Key_Escape);
+                 }),
+            in("Vendas"));
+}
+
+TEST_F(FolderPicker, AStickThatWasPulledOutIsToldAndTheListsStay) {
+  Mounted disks({{QDir::rootPath()}, {root()}, {in("Vazia"), QStringLiteral("PENDRIVE")}});
+  pick(Folders, in("Vendas"), [&](QDialog& w) {
+    EXPECT_EQ(drives(w).itemText(2), in("Vazia") + QStringLiteral(" [PENDRIVE]"));
+    disks.become({{QDir::rootPath()}, {root()}});
+    drives(w).setFocus();
+    press(w, Qt::Key_Down);
+    EXPECT_EQ(boxes_.takeTexts(),
+              QStringList{QStringLiteral("Drive Não Disponível, Verifique Por Favor")});
+    EXPECT_EQ(tree(w).path(), in("Vendas"));
+    press(w, Qt::Key_Escape);
+  });
+}
+
+TEST_F(FolderPicker, OneThatIsKeptListsWhatIsMountedWhenItShows) {
+  Mounted disks({{QDir::rootPath()}});
+  frmDiretorio form;
+  const auto listed = [&](const QList<Volume>& mounted) {
+    QStringList roots;
+    disks.become(mounted);
+    driver_.willShow(QStringLiteral("frmDiretorio"), [&](QDialog& w) {
+      for (int i = 0; i < drives(w).count(); ++i) roots << drives(w).itemText(i);
+      EXPECT_EQ(drives(w).currentText(), volumeOf(in("Vendas"), mounted));
+      press(w, Qt::Key_Escape);
+    });
+    form.ExecutaDiretorio(900.0f, 900.0f, 7500, fromQt(in("Vendas")), false, u"");
+    return roots;
+  };
+  EXPECT_EQ(listed({{QDir::rootPath()}}), QStringList({QDir::rootPath()}));
+  EXPECT_EQ(listed({{QDir::rootPath()}, {root()}}), QStringList({QDir::rootPath(), root()}));
+  EXPECT_EQ(listed({{QDir::rootPath()}}), QStringList({QDir::rootPath()}));
+}
+
+TEST_F(FolderPicker, OnlyEntriesOfTheListAreDrives) {
+  EXPECT_TRUE(TheDesktop().DriveReady(fromQt(QDir::rootPath())));
+  EXPECT_THROW(TheDesktop().DriveReady(fromQt(in("Vendas"))), HostError);
+}
+
+TEST_F(FolderPicker, AListedDriveIsReadyForAsLongAsItIsMountedAndCanBeRead) {
+  const String stick = fromQt(in("Vendas"));
+  Mounted disks({{QDir::rootPath()}});
+  EXPECT_THROW(TheDesktop().DriveReady(stick), HostError);
+  disks.become({{QDir::rootPath()}, {in("Vendas")}});
+  EXPECT_TRUE(TheDesktop().DriveReady(stick));
+  disks.become({{QDir::rootPath()}, {in("Vendas"), {}, {}, false}});
+  EXPECT_FALSE(TheDesktop().DriveReady(stick));
+  disks.become({{QDir::rootPath()}});
+  EXPECT_FALSE(TheDesktop().DriveReady(stick));
+}
+
+TEST_F(FolderPicker, TheVolumesListedHoldFilesOfPeople) {
+  QList<Volume> mounted{{in("Vendas"), {}, "ext4"}, {in("leia.txt"), {}, "ext4"}};
+  for (const char* type :
+       {"autofs", "devtmpfs", "efivarfs", "proc", "ramfs", "squashfs", "sysfs", "tmpfs"})
+    mounted << Volume{in("Vazia"), {}, type};
+  mounted << Volume{QStringLiteral("/boot"), {}, "ext4"} << Volume{root(), {}, "nfs4"}
+          << Volume{QDir::rootPath(), {}, "tmpfs"};
+  const Mounted disks(mounted);
+  QStringList roots;
+  for (const Volume& volume : listVolumes()) roots << volume.root;
+  EXPECT_EQ(roots, QStringList({QDir::rootPath(), in("Vendas"), root()}));
+}
+
+// --- The keyboard -------------------------------------------------------------------------------
+
+TEST_F(FolderPicker, ComingToTheFilesByTabSelectsOne) {
+  const auto comeByTab = [](QDialog& w) {
+    EXPECT_EQ(files(w).selected(), QString());
+    press(w, Qt::Key_Tab);
+    EXPECT_EQ(w.focusWidget(), &files(w));
+    EXPECT_EQ(files(w).selected(), QStringLiteral("aviso.txt"));
+  };
+  EXPECT_EQ(pick(Files, in("Vendas"),
+                 [&](QDialog& w) {
+                   comeByTab(w);
+                   press(w, Qt::Key_Return);
+                 }),
+            in("Vendas/aviso.txt"));
+  EXPECT_EQ(pick(Files, in("Vendas"),
+                 [&](QDialog& w) {
+                   comeByTab(w);
+                   press(w, Qt::Key_Down);
+                   press(w, Qt::Key_Return);
+                 }),
+            in("Vendas/carta.DOC"));
+  EXPECT_EQ(pick(Files, in("Vendas/carta.DOC"),
+                 [](QDialog& w) {
+                   press(w, Qt::Key_Tab);
+                   press(w, Qt::Key_Return);
+                 }),
+            in("Vendas/carta.DOC"));
+}
+
+TEST_F(FolderPicker, TabGoesFromTopToBottomAndTheFirstFocusIsOnTheFolders) {
+  pick(Files, in("Vendas"), [](QDialog& w) {
+    const QList<QWidget*> order{&tree(w),
+                                &files(w),
+                                &hiddenSwitch(w),
+                                &at(w, QStringLiteral("btnConfirmar")),
+                                &at(w, QStringLiteral("btnVoltar")),
+                                &drives(w)};
+    for (QWidget* widget : order) {
+      EXPECT_EQ(w.focusWidget(), widget) << widget->objectName().toStdString();
+      press(w, Qt::Key_Tab);
+    }
+    EXPECT_EQ(w.focusWidget(), &tree(w));
+    press(w, Qt::Key_Escape);
+  });
+}
+
+TEST_F(FolderPicker, TheNamesOfTheListsLeadToThem) {
+  pick(Files, in("Vendas"), [](QDialog& w) {
+    const struct {
+      int key;
+      QWidget* list;
+      const char* name;
+    } kLists[] = {{Qt::Key_U, &drives(w), "Unidade"},
+                  {Qt::Key_A, &files(w), "Arquivos"},
+                  {Qt::Key_D, &tree(w), "Diretórios"}};
+    for (const auto& row : kLists) {
+      press(w, row.key, Qt::AltModifier);
+      EXPECT_EQ(w.focusWidget(), row.list) << row.name;
+      EXPECT_EQ(row.list->accessibleName(), QString::fromUtf8(row.name));
+    }
+    press(w, Qt::Key_Escape);
+  });
+}
+
+TEST_F(FolderPicker, WithNoFilesToShowTheirNameIsHiddenToo) {
+  const auto title = [](QDialog& w) {
+    for (auto* label : w.findChildren<QLabel*>())
+      if (label->buddy() == &files(w)) return label;
+    return static_cast<QLabel*>(nullptr);
+  };
+  frmDiretorio form;
+  for (const bool showsFiles : {false, true, false}) {
+    driver_.willShow(QStringLiteral("frmDiretorio"), [&](QDialog& w) {
+      ASSERT_TRUE(title(w));
+      EXPECT_EQ(title(w)->isVisible(), showsFiles);
+      EXPECT_EQ(files(w).isVisible(), showsFiles);
+      press(w, Qt::Key_Escape);
+    });
+    form.ExecutaDiretorio(900.0f, 900.0f, 7500, fromQt(in("Vendas")), showsFiles, u"");
+  }
+}
+
+TEST_F(FolderPicker, TheButtonsHaveTheirKeys) {
+  const auto leaves = [&](const ModalDriver::Script& way) {
+    return pick(Folders, in("Vendas"), [&](QDialog& w) {
+      press(w, Qt::Key_Down);
+      way(w);
+      QTest::qWait(250);  // a mnemonic shows the button pressed first
+    });
+  };
+  EXPECT_EQ(leaves([](QDialog& w) { press(w, Qt::Key_C, Qt::AltModifier); }), in("Vendas/2015"));
+  EXPECT_EQ(leaves([](QDialog& w) { press(w, Qt::Key_V, Qt::AltModifier); }), in("Vendas"));
+  EXPECT_EQ(leaves([](QDialog& w) {
+              hiddenSwitch(w).setFocus();
+              press(w, Qt::Key_Return);
+            }),
+            in("Vendas/2015"));
 }
 
 TEST_F(FolderPicker, KeepsTheWidthThatWasAskedFor) {
@@ -316,11 +533,28 @@ TEST_F(FolderPicker, DirFindsTheFirstFileOfAPattern) {
   EXPECT_EQ(dir("Vendas/2016"), QString());
   EXPECT_EQ(dir("Vazia/*.*"), QString());
   EXPECT_EQ(dir("Nada/*.*"), QString());
+  EXPECT_EQ(dir("Vendas/AVISO.TXT"), QStringLiteral("aviso.txt"));
+  for (const char* name : {"nota[1].pdf", "a;b.txt", " a.txt", "que?.txt"}) {
+    const QByteArray path = QByteArray("Vazia/") + name;
+    EXPECT_EQ(dir(path), QString()) << name;
+    write(QLatin1String(path));
+    EXPECT_EQ(dir(path), QLatin1String(name));
+  }
+  EXPECT_EQ(dir("Vazia/n*[1].*"), QStringLiteral("nota[1].pdf"));
 }
 
-TEST_F(FolderPicker, OnlyEntriesOfTheListAreDrives) {
-  EXPECT_TRUE(TheDesktop().DriveReady(fromQt(QDir::rootPath())));
-  EXPECT_THROW(TheDesktop().DriveReady(fromQt(in("Vendas"))), HostError);
+TEST_F(FolderPicker, OpensAgainOnWhateverItGave) {
+  for (const char* name : {"nota[1].txt", "a;b.txt", " a.txt"}) {
+    write(QLatin1String("Vazia/") + QLatin1String(name));
+    const QString path = in("Vazia/") + QLatin1String(name);
+    for (int i = 0; i < 2; ++i)
+      EXPECT_EQ(pick(Files, path,
+                     [&](QDialog& w) {
+                       EXPECT_EQ(files(w).selected(), QLatin1String(name));
+                       press(w, Qt::Key_Return);
+                     }),
+                path);
+  }
 }
 
 }  // namespace

@@ -127,9 +127,13 @@ std::vector<String> FileSystem::FilesIn(const String& path, const String& patter
 
 String FileSystem::Dir(const String& pattern) const {
   const Split parts = SplitPath(pattern);
-  if (Find(parts.Folder) == nullptr) return {};
-  const auto names = FilesIn(parts.Folder, parts.Name.empty() ? u"*.*" : parts.Name);
-  return names.empty() ? String() : names.front();
+  const auto* folder = Find(parts.Folder);
+  if (folder == nullptr) return {};
+  const StringView wanted = parts.Name.empty() ? u"*.*" : StringView(parts.Name);
+  for (const auto& [key, name] : folder->Files) {
+    if (MatchesPattern(name, wanted)) return name;
+  }
+  return {};
 }
 
 }  // namespace tessaria::memory

@@ -17,22 +17,31 @@ QString textOf(const Volume& volume) {
 
 DriveListItem::DriveListItem(QComboBox& box, const DialogGate& gate)
     : DialogItemOf(box, gate), box_(box) {
-  const QIcon icon = box.style()->standardIcon(QStyle::SP_DriveHDIcon);
-  for (const Volume& volume : volumes_) box.addItem(icon, textOf(volume), volume.root);
+  fill(listVolumes());
   QObject::connect(&box, &QComboBox::activated, &box, [this] { this->gate().raise(OnChange); });
+}
+
+void DriveListItem::fill(const QList<Volume>& volumes) {
+  const QVariant kept = box_.currentData();
+  const QIcon icon = box_.style()->standardIcon(QStyle::SP_DriveHDIcon);
+  box_.clear();
+  for (const Volume& volume : volumes) box_.addItem(icon, textOf(volume), volume.root);
+  if (const int entry = box_.findData(kept); entry >= 0) box_.setCurrentIndex(entry);
 }
 
 String DriveListItem::Drive() const { return fromQt(box_.currentData().toString()); }
 
 void DriveListItem::Drive(const String& path) {
-  const int entry = box_.findData(volumeOf(toQt(path), volumes_));
+  const QList<Volume> volumes = listVolumes();
+  fill(volumes);
+  const int entry = box_.findData(volumeOf(toQt(path), volumes));
   if (entry < 0) throw HostError(errors::DeviceUnavailable);
   box_.setCurrentIndex(entry);
 }
 
 std::vector<String> DriveListItem::List() const {
   std::vector<String> entries;
-  for (const Volume& volume : volumes_) entries.push_back(fromQt(volume.root));
+  for (const Volume& volume : listVolumes()) entries.push_back(fromQt(volume.root));
   return entries;
 }
 

@@ -8,7 +8,8 @@
 
 namespace tessaria::qt {
 
-/// An entry is the folder that a volume is mounted on; the box shows its label too.
+/// An entry is the folder that a volume is mounted on; the box shows its label too. The box lists
+/// what is mounted when it is made, asked for a drive, and shown.
 class DriveListItem final : public DialogItemOf<host::DriveList> {
  public:
   DriveListItem(QComboBox& box, const DialogGate& gate);
@@ -16,10 +17,13 @@ class DriveListItem final : public DialogItemOf<host::DriveList> {
   String Drive() const override;
   void Drive(const String& path) override;
   std::vector<String> List() const override;
+  void aboutToShow() override { fill(listVolumes()); }
 
  private:
+  /// Keeps the entry that stands selected, for as long as it is there.
+  void fill(const QList<Volume>& volumes);
+
   QComboBox& box_;
-  const QList<Volume> volumes_ = mountedVolumes();
 };
 
 }  // namespace tessaria::qt

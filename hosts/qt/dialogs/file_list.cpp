@@ -1,5 +1,8 @@
 #include "hosts/qt/dialogs/file_list.h"
 
+#include <QFocusEvent>
+#include <algorithm>
+
 #include "hosts/qt/text.h"
 #include "tessaria/error.h"
 
@@ -31,6 +34,14 @@ void FileNames::listHidden(Hidden hidden) {
 QString FileNames::selected() const {
   const auto items = selectedItems();
   return items.isEmpty() ? QString() : items.first()->text();
+}
+
+void FileNames::focusInEvent(QFocusEvent* event) {
+  QListWidget::focusInEvent(event);
+  const Qt::FocusReason reason = event->reason();
+  const bool byKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                     reason == Qt::ShortcutFocusReason;
+  if (byKey && count() > 0 && selectedItems().isEmpty()) setCurrentRow(std::max(currentRow(), 0));
 }
 
 void FileNames::fill() {

@@ -24,6 +24,10 @@ class FileNames final : public QListWidget {
   void listHidden(Hidden hidden);
   QString selected() const;
 
+ protected:
+  /// Whoever comes by the keyboard finds a file selected.
+  void focusInEvent(QFocusEvent* event) override;
+
  private:
   void fill();
 

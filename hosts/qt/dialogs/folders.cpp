@@ -15,13 +15,14 @@ QDir::Filters withHidden(QDir::Filters filters, Hidden hidden) {
   return hidden == Hidden::Listed ? filters | QDir::Hidden : filters;
 }
 
-QStringList nameFilters(const QString& patterns) {
-  QStringList filters;
-  for (const QString& pattern : patterns.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
-    const QString trimmed = pattern.trimmed();
-    filters << (trimmed == QLatin1String("*.*") ? QStringLiteral("*") : trimmed);
-  }
-  return filters;
+/// A pattern as Qt reads it, where "[" would begin a set of characters.
+QString nameFilter(QString pattern) {
+  if (pattern == QLatin1String("*.*")) return QStringLiteral("*");
+  return pattern.replace(QLatin1Char('['), QLatin1String("[[]"));
+}
+
+QStringList matching(const QString& folder, const QStringList& filters, Hidden hidden) {
+  return QDir(folder).entryList(filters, withHidden(QDir::Files, hidden), kByName);
 }
 
 }  // namespace
@@ -46,17 +47,21 @@ QStringList foldersIn(const QString& folder, Hidden hidden) {
 }
 
 QStringList filesIn(const QString& folder, const QString& patterns, Hidden hidden) {
-  const QStringList filters = nameFilters(patterns);
-  if (filters.isEmpty()) return {};
-  return QDir(folder).entryList(filters, withHidden(QDir::Files, hidden), kByName);
+  QStringList filters;
+  for (const QString& pattern : patterns.split(QLatin1Char(';'), Qt::SkipEmptyParts))
+    filters << nameFilter(pattern.trimmed());
+  return filters.isEmpty() ? QStringList() : matching(folder, filters, hidden);
 }
 
 QString firstFile(const QString& pattern) {
   const qsizetype end = pattern.lastIndexOf(QLatin1Char('/'));
   const QString folder = end < 0 ? QStringLiteral(".") : pattern.left(end + 1);
   const QString name = pattern.mid(end + 1);
+  // A name may hold what means something else in a pattern.
+  if (!name.isEmpty() && QFileInfo(pattern).isFile()) return name;
   const auto hidden = name.startsWith(QLatin1Char('.')) ? Hidden::Listed : Hidden::Skipped;
-  return filesIn(folder, name.isEmpty() ? QStringLiteral("*.*") : name, hidden).value(0);
+  const QString filter = name.isEmpty() ? QStringLiteral("*") : nameFilter(name);
+  return matching(folder, {filter}, hidden).value(0);
 }
 
 QString rootOf(const QString& path) {

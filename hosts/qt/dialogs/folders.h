@@ -19,8 +19,9 @@ QStringList foldersIn(const QString& folder, Hidden hidden);
 /// Names of the files that match one of the patterns, which semicolons divide, in order of name.
 /// "*.*" matches every name.
 QStringList filesIn(const QString& folder, const QString& patterns, Hidden hidden);
-/// The name of the first file that a path with wildcards matches; empty for none. Hidden files
-/// match only a pattern that begins with their dot.
+/// The name of the first file that a path matches, in whose name "*" and "?" are wildcards; the
+/// file of exactly that name comes before all. Empty for none. Hidden files match only a pattern
+/// that begins with their dot.
 QString firstFile(const QString& pattern);
 
 /// The topmost folder above a path: "/", or what names the drive or the share.

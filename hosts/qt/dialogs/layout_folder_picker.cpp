@@ -1,6 +1,7 @@
 // The picker of folders and files.
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
@@ -24,6 +25,36 @@ QCheckBox* hiddenSwitch(QDialog& window, FolderTree* folders, FileNames* files) 
   return box;
 }
 
+/// The name of a list, whose mnemonic leads to it.
+QLabel* titleOf(QWidget* list) {
+  auto* title = new QLabel(QLatin1Char('&') + list->accessibleName(), list->parentWidget());
+  title->setBuddy(list);
+  return title;
+}
+
+/// A list below its name. The pane shows when the list does.
+class Pane final : public QWidget {
+ public:
+  explicit Pane(QWidget* list) : QWidget(list->parentWidget()), list_(list) {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->addWidget(titleOf(list));
+    column->addWidget(list);
+    list->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override {
+    const bool changes =
+        event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent;
+    if (object == list_ && changes) setVisible(!list_->isHidden());
+    return false;
+  }
+
+ private:
+  QWidget* list_;
+};
+
 }  // namespace
 
 void layOutFolderPicker(QDialog& window) {
@@ -32,8 +63,11 @@ void layOutFolderPicker(QDialog& window) {
   auto* files = part<FileNames>(window, "fileDiretorio");
   auto* lists = new QSplitter(&window);
   lists->setChildrenCollapsible(false);
-  lists->addWidget(folders);
-  lists->addWidget(files);
+  lists->addWidget(new Pane(folders));
+  lists->addWidget(new Pane(files));
+  auto* drive = new QHBoxLayout;
+  drive->addWidget(titleOf(drives));
+  drive->addWidget(drives, 1);
 
   QHBoxLayout* answers = answerRow(window, "btnConfirmar", "btnVoltar");
   QCheckBox* hidden = hiddenSwitch(window, folders, files);
@@ -41,12 +75,12 @@ void layOutFolderPicker(QDialog& window) {
 
   auto* column = new QVBoxLayout(&window);
   column->addWidget(part<QLabel>(window, "lblCaption"));
-  column->addWidget(drives);
+  column->addLayout(drive);
   column->addWidget(lists, 1);
   column->addLayout(answers);
 
   QWidget* const order[] = {
-      folders, files, hidden, part(window, "btnConfirmar"), part(window, "btnVoltar"), drives};
+      drives, folders, files, hidden, part(window, "btnConfirmar"), part(window, "btnVoltar")};
   for (std::size_t i = 1; i < std::size(order); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
   folders->setFocus();
   window.resize(characters(window, 50), lines(window, 22));

@@ -2,9 +2,11 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 #include <QStorageInfo>
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "tessaria/error.h"
 
@@ -15,12 +17,24 @@ namespace {
 constexpr const char* kOwnTypes[] = {"autofs", "devtmpfs", "efivarfs", "proc",
                                      "ramfs",  "squashfs", "sysfs",    "tmpfs"};
 
-bool isOfPeople(const QStorageInfo& volume) {
-  if (!volume.isValid() || !QFileInfo(volume.rootPath()).isDir()) return false;
-  if (volume.isRoot()) return true;
-  if (volume.rootPath().startsWith(QLatin1String("/boot"))) return false;
-  return std::none_of(std::begin(kOwnTypes), std::end(kOwnTypes),
-                      [&](const char* type) { return volume.fileSystemType() == type; });
+QList<Volume> mountedVolumes() {
+  QList<Volume> volumes;
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes())
+    if (volume.isValid())
+      volumes << Volume{volume.rootPath(), volume.name(), volume.fileSystemType(),
+                        volume.isReady()};
+  return volumes;
+}
+
+/// What a thread knows of volumes.
+struct Known {
+  VolumeSource source = mountedVolumes;
+  QSet<QString> listed;  ///< the roots
+};
+
+Known& known() {
+  static thread_local Known instance;
+  return instance;
 }
 
 bool liesIn(const QString& path, const QString& root) {
@@ -29,15 +43,28 @@ bool liesIn(const QString& path, const QString& root) {
          path[root.size()] == QLatin1Char('/');
 }
 
+bool isSystems(const Volume& volume) { return volume.root == QDir::rootPath(); }
+
+/// A container has single files mounted too.
+bool isOfPeople(const Volume& volume) {
+  if (isSystems(volume)) return true;
+  if (!QFileInfo(volume.root).isDir() || liesIn(volume.root, QStringLiteral("/boot"))) return false;
+  return std::none_of(std::begin(kOwnTypes), std::end(kOwnTypes),
+                      [&](const char* type) { return volume.fileSystem == type; });
+}
+
 }  // namespace
 
-QList<Volume> mountedVolumes() {
+VolumeSource exchangeVolumeSource(VolumeSource source) {
+  return std::exchange(known().source, std::move(source));
+}
+
+QList<Volume> listVolumes() {
   QList<Volume> volumes;
-  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes())
-    if (isOfPeople(volume)) volumes << Volume{volume.rootPath(), volume.name()};
-  const QString system = QStorageInfo::root().rootPath();
-  std::stable_partition(volumes.begin(), volumes.end(),
-                        [&](const Volume& volume) { return volume.root == system; });
+  for (const Volume& volume : known().source())
+    if (isOfPeople(volume)) volumes << volume;
+  std::stable_partition(volumes.begin(), volumes.end(), isSystems);
+  for (const Volume& volume : std::as_const(volumes)) known().listed << volume.root;
   return volumes;
 }
 
@@ -50,10 +77,11 @@ QString volumeOf(const QString& path, const QList<Volume>& volumes) {
 }
 
 bool isReady(const QString& root) {
-  const QStorageInfo volume(root);
-  if (!volume.isValid() || volume.rootPath() != QDir::cleanPath(root))
-    throw HostError(errors::DeviceUnavailable);
-  return volume.isReady() && QFileInfo(root).isReadable();
+  const bool wasListed = known().listed.contains(root);
+  for (const Volume& volume : listVolumes())
+    if (volume.root == root) return volume.isReady && QFileInfo(root).isReadable();
+  if (!wasListed) throw HostError(errors::DeviceUnavailable);
+  return false;
 }
 
 }  // namespace tessaria::qt
