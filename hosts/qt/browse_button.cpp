@@ -68,9 +68,13 @@ void BrowseButton::resizeEvent(QResizeEvent* event) {
 
 CommandButton::CommandButton(BrowseButton& button) : button_(&button) {
   QObject::connect(&button, &QToolButton::clicked, &button, [this] {
-    guarded(button_, [this] {
+    const QPointer<BrowseButton> pressed = button_;
+    guarded(pressed, [this] {
       if (const auto click = OnClick) click();
     });
+    // The operator goes on in the field.
+    if (pressed && pressed->window()->focusWidget() == pressed)
+      pressed->parentWidget()->setFocus(Qt::OtherFocusReason);
   });
 }
 

@@ -1,6 +1,7 @@
 #include "hosts/qt/message_box.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QEvent>
 #include <QMessageBox>
 #include <QPointer>
@@ -30,11 +31,26 @@ QMessageBox::Icon iconOf(Long style) {
 
 bool asksYesNo(Long style) { return (style & host::box::YesNo) != 0; }
 
-/// Closes the box when its owner is hidden under it.
+bool belongsTo(const QWidget* window, const QWidget* owner) {
+  while (window && window != owner) window = window->parentWidget();
+  return window && owner;
+}
+
+/// The window that the operator works with: the owner, or the modal one that blocks it.
+QWidget* windowInFront(QWidget* owner) {
+  QWidget* modal = QApplication::activeModalWidget();
+  if (!modal || belongsTo(owner, modal)) return owner;
+  const bool blocks = modal->windowModality() == Qt::ApplicationModal || belongsTo(modal, owner);
+  return blocks ? modal : owner;
+}
+
+/// Closes the box when a window that it stands for is hidden under it, or destroyed.
 class OwnerWatch final : public QObject {
  public:
-  OwnerWatch(QMessageBox* box, QWidget* owner) : QObject(box), box_(box) {
-    owner->installEventFilter(this);
+  explicit OwnerWatch(QMessageBox* box) : QObject(box), box_(box) {}
+  void watch(QWidget* window) {
+    window->installEventFilter(this);
+    connect(window, &QObject::destroyed, box_, &QDialog::reject);
   }
   bool eventFilter(QObject*, QEvent* event) override {
     if (event->type() == QEvent::Hide && !event->spontaneous()) box_->reject();
@@ -73,14 +89,16 @@ QString lines(QString text) {
 }  // namespace
 
 Long showMessageBox(QWidget* owner, const QString& text, Long style, const QString& title) {
-  const QPointer<QWidget> window(owner);
-  // On the heap: the owner may be destroyed under the box, and takes it along.
+  const QPointer<QWidget> window(windowInFront(owner));
+  // On the heap: the window may be destroyed under the box, and takes it along.
   const QPointer<QMessageBox> box(
-      new QMessageBox(iconOf(style), title, {}, QMessageBox::NoButton, owner));
+      new QMessageBox(iconOf(style), title, {}, QMessageBox::NoButton, window));
   box->setTextFormat(Qt::PlainText);
   box->setText(lines(text));
   const QAbstractButton* yes = addButtons(*box, style);
-  if (owner) new OwnerWatch(box, owner);
+  auto* watch = new OwnerWatch(box);
+  if (owner) watch->watch(owner);
+  if (window && window != owner) watch->watch(window);
   box->exec();
   const bool saidYes = box && yes && box->clickedButton() == yes;
   delete box;

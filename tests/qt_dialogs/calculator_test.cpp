@@ -1,6 +1,7 @@
 // The calculator's window, worked by keyboard and by mouse.
 #include "pickers/calculator.h"
 
+#include <QAccessible>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -53,6 +54,71 @@ TEST_F(CalculatorWindow, EnterAfterADigitIsEquals) {
               press(w, Qt::Key_Return);
             }),
             QStringLiteral("-2"));
+}
+
+TEST_F(CalculatorWindow, TheFirstFocusIsOnEquals) {
+  EXPECT_EQ(run(
+                [](QDialog& w) {
+                  EXPECT_EQ(w.focusWidget(), &key(w, kEquals));
+                  strike(w, QStringLiteral("+3="));
+                },
+                u"12"),
+            QStringLiteral("15"));
+}
+
+TEST_F(CalculatorWindow, TabGoesRowByRow) {
+  run([](QDialog& w) {
+    const QList<QWidget*> order{&key(w, kEquals),
+                                &key(w, 0),
+                                &key(w, 1),
+                                &key(w, 7),
+                                &key(w, 5),
+                                &digit(w, 7),
+                                &digit(w, 8),
+                                &digit(w, 9),
+                                &key(w, 4),
+                                &digit(w, 4),
+                                &digit(w, 5),
+                                &digit(w, 6),
+                                &key(w, 3),
+                                &digit(w, 1),
+                                &digit(w, 2),
+                                &digit(w, 3),
+                                &key(w, 2),
+                                &digit(w, 0),
+                                &at(w, QStringLiteral("btnDecimal"))};
+    for (QWidget* button : order) {
+      EXPECT_EQ(w.focusWidget(), button) << button->accessibleName().toStdString();
+      press(w, Qt::Key_Tab);
+    }
+    EXPECT_EQ(w.focusWidget(), &key(w, kEquals));
+    press(w, Qt::Key_Escape);
+  });
+}
+
+TEST_F(CalculatorWindow, ItsSignsHaveNames) {
+  const char* const kNames[] = {"Limpar",      "Limpar entrada", "Mais",  "Menos",
+                                "Multiplicar", "Dividir",        "Igual", "Porcento"};
+  run([&](QDialog& w) {
+    const auto nameOf = [](QWidget& widget) {
+      return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name);
+    };
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(nameOf(key(w, i)), QString::fromUtf8(kNames[i]));
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(nameOf(digit(w, i)), QString::number(i));
+    EXPECT_EQ(nameOf(at(w, QStringLiteral("btnDecimal"))), QStringLiteral("Vírgula"));
+    EXPECT_EQ(nameOf(at(w, QStringLiteral("txtVisor"))), QStringLiteral("Visor"));
+    press(w, Qt::Key_Escape);
+  });
+}
+
+TEST_F(CalculatorWindow, ReadersOfTheScreenFindTheDisplaysText) {
+  run([](QDialog& w) {
+    auto* display = QAccessible::queryAccessibleInterface(&at(w, QStringLiteral("txtVisor")));
+    strike(w, QStringLiteral("4*25"));
+    EXPECT_EQ(display->text(QAccessible::Value), QStringLiteral("25"));
+    EXPECT_TRUE(display->state().readOnly);
+    press(w, Qt::Key_Escape);
+  });
 }
 
 TEST_F(CalculatorWindow, IsWorkedByTheMouse) {

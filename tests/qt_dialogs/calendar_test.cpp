@@ -2,6 +2,7 @@
 #include "pickers/calendar.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QCalendarWidget>
 #include <QTest>
 #include <QToolButton>
@@ -31,6 +32,11 @@ class CalendarWindow : public DialogFixture {
   }
   static QAbstractItemView& days(QDialog& window) {
     return *calendar(window).findChild<QAbstractItemView*>();
+  }
+  static void typeYear(QDialog& window, const QString& year) {
+    click(at(window, QStringLiteral("qt_calendar_yearbutton")));
+    EXPECT_EQ(window.focusWidget(), &at(window, QStringLiteral("qt_calendar_yearedit")));
+    strike(window, year);
   }
   /// Presses the mouse on a day of the month that shows.
   static void clickDay(QDialog& window, int day) {
@@ -89,6 +95,62 @@ TEST_F(CalendarWindow, TurningThePageTakesTheSelectionAlong) {
                 },
                 u"31/01/2021"),
             QStringLiteral("28/02/2021"));
+}
+
+TEST_F(CalendarWindow, TheYearIsTypedAndTakenByEnter) {
+  EXPECT_EQ(run([](QDialog& w) {
+              typeYear(w, QStringLiteral("2019"));
+              press(w, Qt::Key_Return);
+              settleEvents();
+              EXPECT_TRUE(w.isVisible());
+              EXPECT_EQ(w.focusWidget(), &days(w));
+              press(w, Qt::Key_Right);
+              press(w, Qt::Key_Return);
+            }),
+            QStringLiteral("16/03/2019"));
+}
+
+TEST_F(CalendarWindow, EscapeDropsTheYearThatIsTyped) {
+  EXPECT_EQ(run([](QDialog& w) {
+              typeYear(w, QStringLiteral("2019"));
+              press(w, Qt::Key_Escape);
+              settleEvents();
+              EXPECT_TRUE(w.isVisible());
+              EXPECT_EQ(w.focusWidget(), &days(w));
+              press(w, Qt::Key_Return);
+            }),
+            QStringLiteral("15/03/2021"));
+}
+
+TEST_F(CalendarWindow, AClickOnADayTakesTheYearThatIsTypedFirst) {
+  EXPECT_EQ(run([](QDialog& w) {
+              typeYear(w, QStringLiteral("2019"));
+              clickDay(w, 20);
+              if (w.isVisible()) clickDay(w, 20);  // the first press only ends the typing
+            }),
+            QStringLiteral("20/03/2019"));
+}
+
+TEST_F(CalendarWindow, ItsPartsHaveNames) {
+  run([](QDialog& w) {
+    const struct {
+      const char* part;
+      const char* name;
+      const char* shows;
+    } kParts[] = {{"qt_calendar_prevmonth", "Mês anterior", ""},
+                  {"qt_calendar_nextmonth", "Próximo mês", ""},
+                  {"qt_calendar_monthbutton", "Mês", "abril"},
+                  {"qt_calendar_yearbutton", "Ano", "2021"},
+                  {"qt_calendar_yearedit", "Ano", ""}};
+    press(w, Qt::Key_PageDown);
+    EXPECT_EQ(days(w).accessibleName(), QStringLiteral("Calendário"));
+    for (const auto& row : kParts) {
+      auto* part = QAccessible::queryAccessibleInterface(&at(w, QLatin1String(row.part)));
+      EXPECT_EQ(part->text(QAccessible::Name), QString::fromUtf8(row.name));
+      EXPECT_EQ(part->text(QAccessible::Description), QLatin1String(row.shows)) << row.name;
+    }
+    press(w, Qt::Key_Escape);
+  });
 }
 
 TEST_F(CalendarWindow, SpeaksPortugueseAndItsWeekBeginsOnSunday) {

@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "hosts/qt/dialogs/coloured_button.h"
 #include "hosts/qt/form.h"
 #include "hosts/qt/handles.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
@@ -177,11 +178,56 @@ TEST_F(DialogWindows, AnErrorOfAHandlerIsShownAndTheWindowGoesOn) {
 }
 
 TEST_F(DialogWindows, TheFocusComesBackToTheFieldWithNoNewEnter) {
+  field_->setValue(QStringLiteral("abc"));
+  editOf(*field_)->setCursorPosition(1);
+  int returns = 0;
+  QObject::connect(field_, &TsText::browseReturn, [&] { ++returns; });
   QPointer<QWidget> focus = owner_->focusWidget();
   show([](QDialog& window) { window.close(); });
   settleEvents();
   EXPECT_EQ(owner_->focusWidget(), focus);
   EXPECT_EQ(QApplication::activeWindow(), owner_.get());
+  EXPECT_EQ(field_->selStart(), 1);
+  EXPECT_EQ(field_->selLength(), 0);
+  EXPECT_EQ(returns, 0);
+}
+
+TEST_F(DialogWindows, ABoxOfTheFormUnderOneLiesOverIt) {
+  show([this](QDialog& window) {
+    boxes_.whileOpen = [] {
+      EXPECT_EQ(QApplication::activeModalWidget()->parentWidget()->objectName(),
+                QStringLiteral("frmTeste"));
+    };
+    State().application->ShowMessageBox(field_->hWnd(), u"Cuidado", 48, u"Alerta!");
+    boxes_.whileOpen = nullptr;
+    settleEvents();
+    EXPECT_EQ(QApplication::activeWindow(), &window);
+    window.close();
+  });
+  EXPECT_EQ(boxes_.takeTexts(), QStringList{QStringLiteral("Cuidado")});
+}
+
+TEST_F(DialogWindows, ABoxOverOneClosesWithTheFormThatItStandsFor) {
+  for (const bool isDestroyed : {false, true}) {
+    show([&](QDialog& window) {
+      boxes_.whileOpen = [&] { isDestroyed ? owner_.reset() : owner_->hide(); };
+      EXPECT_EQ(State().application->ShowMessageBox(field_->hWnd(), u"Sim?", 4, u"Alerta!"), 7);
+      boxes_.whileOpen = nullptr;
+      EXPECT_FALSE(window.isVisible());
+    });
+    if (!isDestroyed) showActive(*owner_);
+  }
+}
+
+TEST_F(DialogWindows, ABoxOfAWindowThatOneOwnsStaysThere) {
+  show([this](QDialog& window) {
+    QWidget palette(&window, Qt::Tool);
+    palette.setObjectName(QStringLiteral("frmPaleta"));
+    palette.show();
+    State().application->ShowMessageBox(handleOf(palette), u"Cuidado", 48, u"Alerta!");
+    window.close();
+  });
+  EXPECT_EQ(boxes_.boxes().back().owner, QStringLiteral("frmPaleta"));
 }
 
 // --- Place --------------------------------------------------------------------------------------
@@ -297,6 +343,18 @@ TEST_F(DialogWindows, AHandlerThatHidesTheWindowEndsTheKey) {
 
 // --- Buttons ------------------------------------------------------------------------------------
 
+/// Where a widget draws in red.
+QRect redOf(QWidget& button) {
+  const QImage image = button.grab().toImage();
+  QRect box;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) {
+      const QColor c = image.pixelColor(x, y);
+      if (c.red() > 150 && c.green() < 100 && c.blue() < 100) box |= QRect(x, y, 1, 1);
+    }
+  return box;
+}
+
 TEST_F(DialogWindows, AMnemonicIsThePlatformsUnlessTheButtonHasAColour) {
   button(0).OnClick = [&] { log_.push_back("um"); };
   button(1).OnClick = [&] { log_.push_back("rd"); };
@@ -335,23 +393,36 @@ TEST_F(DialogWindows, AColouredCaptionSinksByAPixelWithThePressedButton) {
   button(1).TextColour(255);
   show([&](QDialog& window) {
     QPushButton& face = buttonOf(window, 1);
-    const auto redBox = [&] {
-      const QImage image = face.grab().toImage();
-      QRect box;
-      for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) {
-          const QColor c = image.pixelColor(x, y);
-          if (c.red() > 150 && c.green() < 100 && c.blue() < 100) box |= QRect(x, y, 1, 1);
-        }
-      return box;
-    };
-    const QRect up = redBox();
+    const QRect up = redOf(face);
     ASSERT_FALSE(up.isEmpty());
     face.setDown(true);
-    EXPECT_EQ(redBox().topLeft() - up.topLeft(), QPoint(1, 1));
+    EXPECT_EQ(redOf(face).topLeft() - up.topLeft(), QPoint(1, 1));
     face.setDown(false);
     window.close();
   });
+}
+
+TEST_F(DialogWindows, AColouredCaptionIsWrittenAsItStands) {
+  const auto widthOf = [&](const char* caption) {
+    ColouredButton button(QLatin1String(caption), owner_.get());
+    button.resize(120, 40);
+    button.setTextColour(255);
+    return redOf(button).width();
+  };
+  EXPECT_GT(widthOf("H&H"), widthOf("HH"));
+  EXPECT_GT(widthOf("H&&H"), widthOf("H&H"));
+  EXPECT_LE(widthOf(""), 0);
+}
+
+TEST_F(DialogWindows, ADisabledButtonShowsNoColour) {
+  ColouredButton button(QStringLiteral("HH"), owner_.get());
+  button.resize(120, 40);
+  button.setTextColour(255);
+  EXPECT_FALSE(redOf(button).isEmpty());
+  button.setEnabled(false);
+  EXPECT_TRUE(redOf(button).isEmpty());
+  button.setEnabled(true);
+  EXPECT_FALSE(redOf(button).isEmpty());
 }
 
 TEST_F(DialogWindows, DisabledAndHiddenWidgetsCannotBeReached) {

@@ -1,5 +1,6 @@
 // The dialogs as a field opens them: by its button and by PageDown, below it, and back.
 #include <QAbstractButton>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -76,6 +77,47 @@ TEST_F(FieldDialogs, TheFolderPickerComesByButtonAndByPageDown) {
   });
   press(*owner_, Qt::Key_PageDown);
   EXPECT_EQ(field_->text(), file.fileName());
+}
+
+TEST_F(FieldDialogs, EscapeLeadsBackToTheFieldByKeyboardAndByMouse) {
+  const QTemporaryDir folder;
+  QFile file(folder.filePath(QStringLiteral("nota.txt")));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  auto* next = new QLineEdit(owner_.get());
+  owner_->layout()->addWidget(next);
+  const struct {
+    TsText::TipoControle kind;
+    int type;
+    const char* mask;
+    QString value;
+    const char* dialog;
+  } kDialogs[] = {
+      {TsText::Calculadora, 5, "$$$$$$$.$$", QStringLiteral("12,50"), "frmCalculadora"},
+      {TsText::Calendario, 7, "dd/mm/yyyy", QStringLiteral("31/12/2016"), "frmCalendario"},
+      {TsText::Diretorio, 10, "", folder.path(), "frmDiretorio"}};
+  for (const auto& row : kDialogs) {
+    SCOPED_TRACE(row.dialog);
+    field_->setTipoControle(row.kind);
+    field_->setTipoDado(row.type);
+    field_->setMascara(QLatin1String(row.mask));
+    field_->setValue(row.value);
+    const auto leave = [](QDialog& w) { press(w, Qt::Key_Escape); };
+    for (const bool byMouse : {false, true}) {
+      SCOPED_TRACE(byMouse ? "by mouse" : "by keyboard");
+      open(row.dialog, leave);
+      byMouse ? click(button()) : press(*owner_, Qt::Key_PageDown);
+      settleEvents();
+      EXPECT_EQ(field_->text(), row.value);
+      EXPECT_EQ(owner_->focusWidget(), editOf(*field_));
+      open(row.dialog, leave);
+      press(*owner_, Qt::Key_PageDown);
+      press(*owner_, Qt::Key_Tab);
+      settleEvents();
+      EXPECT_EQ(owner_->focusWidget(), next);
+      field_->setFocus();
+      settleEvents();
+    }
+  }
 }
 
 TEST_F(FieldDialogs, TheListComesByButtonAndByPageDown) {

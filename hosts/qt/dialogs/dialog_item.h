@@ -21,8 +21,9 @@ class DialogItem {
   virtual ~DialogItem() = default;
 
   virtual host::DialogWidget& port() = 0;
-  /// The widget tells its own keys; its dialog looks at them first all the same.
-  virtual bool tellsOwnKeys() const { return false; }
+  /// Keys that come while `focus`, the widget or a part of it, has the focus are not told here;
+  /// the dialog looks at them first all the same.
+  virtual bool keepsKeysOf(const QWidget& /*focus*/) const { return false; }
   /// The window is about to show.
   virtual void aboutToShow() {}
 

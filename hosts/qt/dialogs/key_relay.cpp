@@ -32,7 +32,7 @@ bool KeyRelay::eventFilter(QObject* watched, QEvent* event) {
   auto& key = *static_cast<QKeyEvent*>(event);
   if (isNavigation(key)) return false;
   DialogItem* item = focus ? find_(focus) : nullptr;
-  if (!takes(key, item && !item->tellsOwnKeys() ? &item->port() : nullptr)) return false;
+  if (!takes(key, item && !item->keepsKeysOf(*focus) ? &item->port() : nullptr)) return false;
   key.accept();
   return true;
 }

@@ -1,5 +1,7 @@
 #include "hosts/qt/dialogs/simple_items.h"
 
+#include <QEvent>
+#include <QToolButton>
 #include <algorithm>
 #include <cmath>
 
@@ -73,6 +75,33 @@ namespace {
 constexpr int kFirstYear = 100;
 constexpr int kLastYear = 9999;
 
+/// What a reader of the screen calls the parts that show a drawing, or a number only.
+constexpr struct {
+  const char* part;
+  const char* name;
+} kPartNames[] = {{"qt_calendar_prevmonth", "Mês anterior"},
+                  {"qt_calendar_nextmonth", "Próximo mês"},
+                  {"qt_calendar_monthbutton", "Mês"},
+                  {"qt_calendar_yearbutton", "Ano"},
+                  {"qt_calendar_yearedit", "Ano"}};
+
+/// Gives the days the focus when the editor of the year hides: Escape leaves it there.
+class BackToDays final : public QObject {
+ public:
+  BackToDays(QWidget& editor, QCalendarWidget& calendar) : QObject(&calendar) {
+    editor.installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    auto* calendar = static_cast<QWidget*>(parent());
+    if (event->type() == QEvent::HideToParent)
+      QMetaObject::invokeMethod(
+          calendar, [calendar] { calendar->setFocus(Qt::OtherFocusReason); }, Qt::QueuedConnection);
+    return false;
+  }
+};
+
 /// The same day of another month, or that month's last.
 QDate dayIn(int year, int month, int day) {
   return QDate(year, month, std::min(day, QDate(year, month, 1).daysInMonth()));
@@ -81,20 +110,40 @@ QDate dayIn(int year, int month, int day) {
 }  // namespace
 
 CalendarItem::CalendarItem(QCalendarWidget& calendar, const DialogGate& gate)
-    : DialogItemOf(calendar, gate), calendar_(calendar) {
+    : DialogItemOf(calendar, gate),
+      calendar_(calendar),
+      year_(calendar.findChild<QWidget*>(QStringLiteral("qt_calendar_yearedit"))) {
   calendar.setLocale(QLocale(QLocale::Portuguese, QLocale::Brazil));
   calendar.setFirstDayOfWeek(Qt::Sunday);
   calendar.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
   calendar.setDateEditEnabled(false);
   calendar.setDateRange(QDate(kFirstYear, 1, 1), QDate(kLastYear, 12, 31));
   QObject::connect(&calendar, &QCalendarWidget::currentPageChanged, &calendar,
-                   [this](int year, int month) {
-                     const QDate day = calendar_.selectedDate();
-                     if (day.year() != year || day.month() != month)
-                       calendar_.setSelectedDate(dayIn(year, month, day.day()));
-                   });
+                   [this](int year, int month) { turnTo(year, month); });
   QObject::connect(&calendar, &QCalendarWidget::clicked, &calendar,
                    [this] { this->gate().raise(OnClick); });
+  if (year_) new BackToDays(*year_, calendar);
+  nameParts();
+  describeParts();
+}
+
+void CalendarItem::nameParts() {
+  for (const auto& row : kPartNames)
+    if (auto* part = calendar_.findChild<QWidget*>(QLatin1String(row.part)))
+      part->setAccessibleName(QString::fromUtf8(row.name));
+}
+
+void CalendarItem::turnTo(int year, int month) {
+  const QDate day = calendar_.selectedDate();
+  if (day.year() != year || day.month() != month)
+    calendar_.setSelectedDate(dayIn(year, month, day.day()));
+  describeParts();
+}
+
+/// Their names hide what they show.
+void CalendarItem::describeParts() {
+  for (auto* part : calendar_.findChildren<QToolButton*>())
+    part->setAccessibleDescription(part->text());
 }
 
 Date CalendarItem::Value() const { return CDate(toVariant(calendar_.selectedDate())); }

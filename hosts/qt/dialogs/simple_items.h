@@ -55,7 +55,8 @@ class FieldItem final : public DialogItemOf<host::DialogField> {
   host::TsTextWidget& Control() override { return *control_; }
   using DialogItemOf::Width;
   void Width(Long twips) override;
-  bool tellsOwnKeys() const override { return true; }
+  /// The field tells them itself.
+  bool keepsKeysOf(const QWidget&) const override { return true; }
 
  private:
   TsText& surface_;
@@ -63,15 +64,22 @@ class FieldItem final : public DialogItemOf<host::DialogField> {
 };
 
 /// A month in Portuguese whose weeks begin on Sunday. Turning the page takes the selection along.
+/// Enter in the editor of the year takes the year and Escape drops it; both go back to the days.
 class CalendarItem final : public DialogItemOf<host::Calendar> {
  public:
   CalendarItem(QCalendarWidget& calendar, const DialogGate& gate);
 
   Date Value() const override;
   void Value(Date day) override;
+  bool keepsKeysOf(const QWidget& focus) const override { return &focus == year_; }
 
  private:
+  void turnTo(int year, int month);
+  void nameParts();
+  void describeParts();
+
   QCalendarWidget& calendar_;
+  QWidget* year_;
 };
 
 }  // namespace tessaria::qt
