@@ -46,19 +46,20 @@ double NumberIn(const String& text) { return mdlComum::NuloParaZero(Replace(text
 void tsText::btnBrowse_Click() {
   Trap(u"tsText", u"btnBrowse_Click", [&] {
     txtEdit_.Tag = exitIsSilenced;  // stays when the dialog fails, until the next click works
+    const DialogPlace place = PlaceBelow();
     switch (m_.TipoControle) {
       case tessaria::TipoControle::Browse:
       case tessaria::TipoControle::Descricao:
-        PickFromList();
+        PickFromList(place);
         break;
       case tessaria::TipoControle::Calendario:
-        PickDate();
+        PickDate(place);
         break;
       case tessaria::TipoControle::Diretorio:
-        PickPath();
+        PickPath(place);
         break;
       case tessaria::TipoControle::Calculadora:
-        CalculateChecked();
+        CalculateChecked(place);
         break;
       case tessaria::TipoControle::Normal:
         break;
@@ -78,7 +79,7 @@ tsText::DialogPlace tsText::PlaceBelow() const {
   return {at(u"y") + static_cast<float>(extender->Height()) + kRoomAbove, at(u"x") + kRoomLeft};
 }
 
-void tsText::PickFromList() {
+void tsText::PickFromList(const DialogPlace& place) {
   if (BrwCampo().empty() || BrowseTable().empty()) {
     mdlMsgBox::ExibeMensagem(hWnd(),
                              u"Propriedades da Browse Não Foram Informadas Corretamente. Contate "
@@ -86,7 +87,6 @@ void tsText::PickFromList() {
                              mdlMsgBox::flag::Stop);
     return;
   }
-  const DialogPlace place = PlaceBelow();
   const bool usesSiblings =
       m_.TipoControle == tessaria::TipoControle::Descricao && m_.bIrmaoConectado;
   const auto searches =
@@ -103,16 +103,14 @@ void tsText::PickFromList() {
   if (txtEdit_.Visible()) txtEdit_.SetFocus();
 }
 
-void tsText::PickDate() {
-  const DialogPlace place = PlaceBelow();
+void tsText::PickDate(const DialogPlace& place) {
   const auto calendar = Shared(State().frmCalendario);
   Value(calendar->ExecutaCalendario(place.Top, place.Left, txtEdit_, Trim(Stripped()), m_.Mascara,
                                     m_.ItensMascara));
   Release(calendar, State().frmCalendario);
 }
 
-void tsText::PickPath() {
-  const DialogPlace place = PlaceBelow();
+void tsText::PickPath(const DialogPlace& place) {
   // A field may be wider than the picker's 16-bit width tells.
   const auto width = static_cast<Integer>(std::min<Long>(site_.Width(), 32767));
   const auto picker = Shared(State().frmDiretorio);
@@ -121,16 +119,15 @@ void tsText::PickPath() {
   Release(picker, State().frmDiretorio);
 }
 
-Variant tsText::Calculate(frmCalculadora& calculator) {
-  const DialogPlace place = PlaceBelow();
+Variant tsText::Calculate(frmCalculadora& calculator, const DialogPlace& place) {
   return calculator.ExecutaCalculadora(place.Top, place.Left, txtEdit_, Trim(Stripped()),
                                        m_.Mascara, m_.ItensMascara);
 }
 
-void tsText::CalculateChecked() {
+void tsText::CalculateChecked(const DialogPlace& place) {
   const auto calculator = Shared(State().frmCalculadora);
   const Variant before = m_.Value;
-  Value(Calculate(*calculator));
+  Value(Calculate(*calculator, place));
   if (!CalculationFits()) {
     App().ShowMessageBox(0,
                          u"Atenção. O resultado do calculo é superior ao tamanho do campo. O Valor "
@@ -162,7 +159,7 @@ bool tsText::CalculationFits() {
 /// The keyboard's road to the calculator takes the answer unchecked.
 void tsText::AbreCalculadora() {
   const auto calculator = Shared(State().frmCalculadora);
-  Value(Calculate(*calculator));
+  Value(Calculate(*calculator, PlaceBelow()));
   Release(calculator, State().frmCalculadora);
 }
 

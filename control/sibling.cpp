@@ -1,6 +1,7 @@
 // The pair of a key and its description.
 
-#include "control/scoped_flag.h"
+#include <algorithm>
+
 #include "control/tstext.h"
 #include "lookup/description_lookup.h"
 #include "lookup/field_types.h"
@@ -13,6 +14,24 @@
 #include "tessaria/thread_state.h"
 
 namespace tessaria {
+
+namespace {
+
+/// A value stands last in a list for the length of a scope.
+class HandingOn {
+ public:
+  HandingOn(std::vector<Variant>& values, const Variant& value) : values_(values) {
+    values_.push_back(value);
+  }
+  ~HandingOn() { values_.pop_back(); }
+  HandingOn(const HandingOn&) = delete;
+  HandingOn& operator=(const HandingOn&) = delete;
+
+ private:
+  std::vector<Variant>& values_;
+};
+
+}  // namespace
 
 std::shared_ptr<host::TsTextWidget> tsText::Sibling() const {
   auto sibling =
@@ -35,8 +54,12 @@ void tsText::EmptyReturnFields() {
 }
 
 void tsText::SiblingStep() {
-  if (updatingSibling_ || !m_.bCarregandoCampo || !LookupIsComplete()) return;
-  const ScopedFlag running(updatingSibling_);  // a ring of siblings ends here
+  if (!m_.bCarregandoCampo || !LookupIsComplete()) return;
+  // A ring of siblings ends at the value that comes round; any other value is a new one.
+  const bool comesRound = std::any_of(handedOn_.begin(), handedOn_.end(),
+                                      [&](const Variant& v) { return IsSame(v, m_.Value); });
+  if (comesRound) return;
+  const HandingOn running(handedOn_, m_.Value);
 
   if (m_.Value.IsNull()) {
     if (HandsOnToSibling()) Sibling()->Control().Value(Variant::Null());

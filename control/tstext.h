@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "control/members.h"
 #include "mask/masked_field.h"
@@ -286,6 +287,7 @@ class tsText final : public _tsText, private MaskedField {
   void AssignBound(const Variant& v, Variant& w);
   void TextoFromValue();
   void ShowValue(const Variant& w);
+  static bool IsSame(const Variant& a, const Variant& b);
   bool ValueChanged() const;
   bool EhNumerica() const;
   String LaidOut(const Variant& v) const;
@@ -338,11 +340,11 @@ class tsText final : public _tsText, private MaskedField {
   };
   void btnBrowse_Click();
   DialogPlace PlaceBelow() const;
-  void PickFromList();
-  void PickDate();
-  void PickPath();
-  Variant Calculate(frmCalculadora& calculator);
-  void CalculateChecked();
+  void PickFromList(const DialogPlace& place);
+  void PickDate(const DialogPlace& place);
+  void PickPath(const DialogPlace& place);
+  Variant Calculate(frmCalculadora& calculator, const DialogPlace& place);
+  void CalculateChecked(const DialogPlace& place);
   bool CalculationFits();
 
   // Looks
@@ -362,7 +364,7 @@ class tsText final : public _tsText, private MaskedField {
   tsTextEvents& events_;
   mutable Members m_;  // the definitions are created on first need, reading included
   bool loading_ = false;
-  bool updatingSibling_ = false;
+  std::vector<Variant> handedOn_;  ///< values whose sibling step is running, outermost first
 };
 
 }  // namespace tessaria

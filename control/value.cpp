@@ -133,9 +133,12 @@ void tsText::ShowValue(const Variant& w) {
   txtEdit_.Text(LaidOut(w));
 }
 
-bool tsText::ValueChanged() const {
-  if (m_.Value.IsNull() || m_.LastValue.IsNull()) return m_.Value.IsNull() != m_.LastValue.IsNull();
-  return !Equal(m_.Value, m_.LastValue);
+/// Null is the same as Null alone.
+bool tsText::IsSame(const Variant& a, const Variant& b) {
+  if (a.IsNull() || b.IsNull()) return a.IsNull() == b.IsNull();
+  return Equal(a, b);
 }
+
+bool tsText::ValueChanged() const { return !IsSame(m_.Value, m_.LastValue); }
 
 }  // namespace tessaria

@@ -98,6 +98,39 @@ TEST_F(ButtonFaults, ADateOfSixDigitsIsAFaultOfTheCalendar) {
   EXPECT_EQ(Box().Tag, silenced);
 }
 
+// The place comes first, for a field that opens nothing too.
+TEST_F(ButtonFaults, APlaceThatCannotBeWorkedOutIsAFaultOfEveryKind) {
+  const auto frame = form->Add<memory::Generic>(u"fraDados", u"Frame");
+  field->Settings().Container = frame;
+  Show(TipoControle::Normal);
+  form->Remove(u"fraDados");
+  Long kind = 0;
+  for (const TipoControle wanted :
+       {TipoControle::Normal, TipoControle::Browse, TipoControle::Calendario,
+        TipoControle::Descricao, TipoControle::Diretorio, TipoControle::Calculadora}) {
+    SCOPED_TRACE(kind++);
+    Control().TipoControle(wanted);
+    field->btnBrowse().OnClick();
+    EXPECT_THAT(app.TakeBoxes(), ElementsAre(Reported(errors::ObjectNotSet)));
+    EXPECT_EQ(Box().Tag, silenced);
+  }
+  EXPECT_THAT(Returns(), IsEmpty());
+}
+
+TEST_F(ButtonFaults, AFaultOfTheApplicationsHandlerIsReportedAndTheOldValueStaysTheLast) {
+  Show(TipoControle::Browse);
+  Control().Value(u"1");
+  form->Focus(u"chkAtivo");
+  form->Focus(u"txtCampo");
+  field->OnBrowseReturn = [](bool&, Variant&) { throw HostError(11); };
+  Click(u"frmBrowse", Pick(2));
+  field->OnBrowseReturn = nullptr;
+  EXPECT_THAT(app.TakeBoxes(), ElementsAre(Reported(11)));
+  EXPECT_EQ(Box().Tag, silenced);
+  EXPECT_THAT(Control().Value(), IsValue(u"15"));
+  EXPECT_THAT(LastValue(), IsValue(u"1"));
+}
+
 TEST_F(ButtonFaults, ALookupReportsItsOwnFaultsAndTheClickGoesOn) {
   Show(TipoControle::Browse);
   connection->FailNext(HostError(errors::ProviderError, u"a consulta falhou"));

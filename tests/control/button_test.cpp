@@ -64,6 +64,16 @@ TEST_P(EveryKind, TellsTheApplicationOnceTheAnswerStandsAndTheDialogIsGone) {
   EXPECT_THAT(Returns(), SizeIs(1));
 }
 
+TEST_P(EveryKind, TheWindowIsGoneBehindTheClick) {
+  Show(GetParam());
+  std::weak_ptr<memory::Dialog> window;
+  Click(WindowOf(GetParam()), [&](memory::Dialog& shown) {
+    window = shown.weak_from_this();
+    shown.CloseWindow();
+  });
+  EXPECT_TRUE(window.expired());
+}
+
 TEST_P(EveryKind, PageDownOpensItAheadOfTheKeyEvent) {
   Show(GetParam());
   form->Focus(u"txtCampo");
@@ -105,6 +115,17 @@ TEST_F(ButtonTest, TheButtonOfAPlainFieldReportsAllTheSame) {
   ASSERT_THAT(Returns(), SizeIs(1));
   EXPECT_TRUE(Returns().front().HouveAlteracao);
   EXPECT_THAT(LastValue(), IsValue(u"novo"));
+  EXPECT_EQ(Box().Tag, u"");
+}
+
+TEST_F(ButtonTest, AKindThatIsNoneOpensNothingAndReports) {
+  Show(TipoControle::Normal);
+  Control().TipoControle(static_cast<TipoControle>(9));
+  form->Focus(u"txtCampo");
+  form->Press(Key::PageDown);
+  EXPECT_THAT(desktop->Shown(), IsEmpty());
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+  EXPECT_THAT(Returns(), SizeIs(1));
   EXPECT_EQ(Box().Tag, u"");
 }
 
@@ -334,6 +355,15 @@ TEST_F(ButtonTest, ThePathPickerReadsTheBoxAndAnswersAPath) {
   EXPECT_THAT(Control().Value(), IsValue(u"c:\\Dados\\foto.png"));
   EXPECT_EQ(Control().DirFilePath(), u"c:\\Dados");
   EXPECT_EQ(Control().DirFileName(), u"foto.png");
+}
+
+TEST_F(ButtonTest, TheWidthOfThePathPickerEndsAtSixteenBits) {
+  field->Resize(40000, 330);
+  Show(TipoControle::Diretorio);
+  Click(u"frmDiretorio", [](memory::Dialog& shown) {
+    EXPECT_EQ(shown.Width(), 32767);
+    shown.CloseWindow();
+  });
 }
 
 TEST_F(ButtonTest, APathThatIsNotValidStays) {

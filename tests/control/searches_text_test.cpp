@@ -100,6 +100,20 @@ TEST_F(SearchesTest, AnUnknownLetterKeepsTheOneBefore) {
   EXPECT_EQ(Item(2).Like(), 1);
 }
 
+TEST_F(SearchesTest, AnUnknownLetterInTheFirstFieldIsNoKindAndNoWildcard) {
+  Control().PesqTipo(
+      u"?      \x0003"
+      u"D      \x0003");
+  Control().PesqLike(
+      u"?      \x0003"
+      u"A      \x0003");
+  Convert();
+  EXPECT_EQ(Item(1).Tipo(), 0);
+  EXPECT_EQ(Item(1).Like(), 0);
+  EXPECT_EQ(Item(2).Tipo(), 7);
+  EXPECT_EQ(Item(2).Like(), 3);
+}
+
 TEST_F(SearchesTest, TheLetters) {
   for (const auto& [letter, kind] : {std::pair{u"N", Long{2}}, {u"S", Long{8}}, {u"D", Long{7}}}) {
     const auto fresh = AddField(String(u"txtTipo") + letter);

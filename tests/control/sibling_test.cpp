@@ -1,6 +1,6 @@
 // A key and its description fill each other; the guards of their names.
 
-#include "tests/control/control_fixture.h"
+#include "tests/control/sibling_fixture.h"
 
 namespace tessaria::test {
 namespace {
@@ -9,57 +9,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
-
-/// A key "txtCodigo" and its description "txtNome", connected, on a database that finds
-/// "Ana" for every code and "7" for every name.
-class SiblingTest : public ControlTest {
- protected:
-  SiblingTest() : key(AddField(u"txtCodigo")), description(AddField(u"txtNome")) {
-    connection->SetProperty(u"DBMS Name", u"ACCESS");
-    connection->OnStatement = [this](const String& statement) { return Answer(statement); };
-    (*key)->TipoControle(TipoControle::Browse);
-    (*key)->TxtIrmao(u"txtNome");
-    Define(key, u"codigo", u"nome");
-    (*description)->TipoControle(TipoControle::Descricao);
-    (*description)->TxtIrmao(u"txtCodigo");
-    Define(description, u"nome", u"codigo");
-    (*key)->Refresh();
-    (*description)->Refresh();
-    Forget();
-  }
-
-  static void Define(const FieldPtr& field, const String& campo, const String& campoIrmao) {
-    const auto definition = (*field)->Browse();
-    definition->BrowseTable(u"clientes");
-    definition->BrwCampo(campo);
-    definition->BrwCampoIrmao(campoIrmao);
-  }
-  memory::Rows Answer(const String& statement) {
-    if (!found) return {{{u"nada"}}, {}};
-    const bool asksForName = StartsWith(statement, u"Select Top 1 nome");
-    if (asksForName) return {{{u"nome"}, {u"cidade"}}, {{u"Ana", u"Campinas"}}};
-    return {{{u"codigo"}}, {{u"7"}}};
-  }
-  void Forget() {
-    connection->TakeStatements();
-    key->ForgetEvents();
-    description->ForgetEvents();
-    app.TakeBoxes();
-  }
-  /// Assigns as behind a typed key.
-  static void AssignTyped(const FieldPtr& field, const Variant& value) {
-    Integer code = 16, shift = 0;  // Shift starts no search
-    field->txtEdit().OnKeyUp(code, shift);
-    (*field)->Value(value);
-  }
-  std::shared_ptr<CampoOutro> AddOutro(const FieldPtr& field, const String& name) {
-    (*field)->Browse()->Outros().Add(name);
-    return (*field)->Browse()->Outros().Item((*field)->Browse()->Outros().Count());
-  }
-
-  bool found = true;
-  FieldPtr key, description;
-};
 
 // --- The step of an assignment ------------------------------------------------------------------
 
@@ -128,9 +77,10 @@ TEST_F(SiblingTest, OnlyACompleteDefinitionRuns) {
 
 // The control's own texts do not count here, only the definition's.
 TEST_F(SiblingTest, TheStepReadsTheDefinitionNotTheControlsOwnTexts) {
-  const auto stored = AddStored(
-      u"txtLido",
-      {{u"BrowseTable", u"clientes"}, {u"BrwCampo", u"codigo"}, {u"BrwCampoIrmao", u"nome"}});
+  const auto stored = AddStored(u"txtLido", {{u"BrowseTable", u"clientes"},
+                                             {u"BrwCampo", u"codigo"},
+                                             {u"BrwCampoIrmao", u"nome"},
+                                             {u"BrwWhere", u"errado = 1"}});
   ASSERT_EQ((*stored)->BrowseTable(), u"clientes");
   AssignTyped(stored, u"7");
   (*stored)->AtualizaIrmao();
@@ -140,9 +90,11 @@ TEST_F(SiblingTest, TheStepReadsTheDefinitionNotTheControlsOwnTexts) {
   definition->BrowseTable(u"fornecedores");
   definition->BrwCampo(u"id");
   definition->BrwCampoIrmao(u"razao");
+  definition->BrwWhere(u"certo = 1");
   AssignTyped(stored, u"7");
-  EXPECT_THAT(connection->TakeStatements(),
-              ElementsAre(u"Select Top 1 razao From fornecedores Where id = '7'"));
+  (*stored)->AtualizaIrmao();
+  const String statement = u"Select Top 1 razao From fornecedores Where id = '7' And certo = 1";
+  EXPECT_THAT(connection->TakeStatements(), ElementsAre(statement, statement));
 }
 
 TEST_F(SiblingTest, WithoutAConnectedSiblingTheReturnFieldsAreFetchedAllTheSame) {
@@ -169,7 +121,10 @@ TEST_F(SiblingTest, TheConditionIsExpanded) {
 TEST_F(SiblingTest, ADescriptionFillsItsKeyWhichLooksUpAndTellsButDoesNotWriteBack) {
   const auto cidade = AddOutro(key, u"cidade");
   (*key)->Browse()->BrwCampoOutros(u"cidade");
-  found = true;
+  // The key has looked up by the time that it tells.
+  key->OnBrowseReturn = [&](bool&, Variant&) {
+    EXPECT_THAT(cidade->Valor(), IsValue(u"Campinas"));
+  };
   AssignTyped(description, u"Ana Maria");
   EXPECT_THAT(connection->TakeStatements(),
               ElementsAre(u"Select Top 1 codigo From clientes Where nome = 'Ana Maria'",
@@ -253,7 +208,8 @@ TEST_F(SiblingTest, AControlThatIsItsOwnSiblingByARoundaboutWayEnds) {
   Integer code = 16, shift = 0;
   for (const auto& field : {key, description, third}) field->txtEdit().OnKeyUp(code, shift);
   (*key)->Value(u"1");
-  EXPECT_EQ(connection->TakeStatements().size(), 3u);
+  // The key that comes round is another one, and is looked up once more.
+  EXPECT_EQ(connection->TakeStatements().size(), 4u);
   EXPECT_THAT((*third)->Value(), IsValue(u"7"));
 }
 

@@ -1,0 +1,157 @@
+// The button of a lookup: whose texts make the list, what comes back of it, and what escapes it.
+
+#include "tests/control/button_fixture.h"
+
+namespace tessaria::test {
+namespace {
+
+using memory::Key;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+const char16_t* const silenced = u"Nao Dispara Valida";
+
+// --- Whose texts they are -----------------------------------------------------------------------
+
+TEST_F(ButtonTest, TheControlsOwnTextsWinOverThoseOfItsDefinition) {
+  const auto own = AddStored(u"txtProprio", {{u"BrowseTable", u"clientes"},
+                                             {u"BrwCampo", u"codigo"},
+                                             {u"BrwCampoIrmao", u"nome"},
+                                             {u"BrwCampoOutros", u"cidade"},
+                                             {u"BrwGroupBy", u"Group by codigo"},
+                                             {u"BrwWhere", u"certo = 1"},
+                                             {u"BrwTitulo", u"Clientes da Loja"}});
+  (*own)->TipoControle(TipoControle::Browse);
+  form->Show();
+  const auto definition = (*own)->Browse();
+  definition->BrowseTable(u"errada");
+  definition->BrwCampo(u"errado");
+  definition->BrwCampoIrmao(u"errado");
+  definition->BrwCampoOutros(u"errado");
+  definition->BrwGroupBy(u"Group by errado");
+  definition->BrwWhere(u"errado = 1");
+  definition->BrwTitulo(u"Errado");
+  const auto statement = [&] {
+    connection->TakeStatements();
+    desktop->WillShow(u"frmBrowse", [](memory::Dialog& shown) {
+      EXPECT_EQ(shown.Find<host::DialogLabel>(u"lblTitulo").Caption(), u"Clientes da Loja");
+      shown.CloseWindow();
+    });
+    own->btnBrowse().OnClick();
+    const auto statements = connection->TakeStatements();
+    return statements.empty() ? String() : statements.front();
+  };
+  EXPECT_EQ(statement(),
+            u"Select codigo, nome, cidade From clientes Where certo = 1 And codigo Is Not Null "
+            u"Group by codigo Order by 1");
+  definition->BrwLeftJoin(u"clientes c");  // the control has none of its own
+  EXPECT_EQ(statement(),
+            u"Select codigo, nome, cidade From clientes c Where certo = 1 And codigo Is Not Null "
+            u"Group by codigo Order by 1");
+}
+
+// --- The answer ---------------------------------------------------------------------------------
+
+// The key of the chosen row narrows the completion that the same key-up starts.
+TEST_F(ButtonTest, ADescriptionPickedByPageDownIsNotCompletedToALongerOne) {
+  list = {{{u"nome"}, {u"codigo"}}, {{u"Ana", u"1"}, {u"Ana Maria", u"2"}}};
+  connection->OnStatement = [this](const String& statement) -> memory::Rows {
+    if (InStr(statement, u"Order by 1") != 0) return list;
+    if (StartsWith(statement, u"Select codigo")) return {{{u"codigo"}}, {{u"1"}}};
+    const std::size_t row = InStr(statement, u"codigo = '1'") != 0 ? 0 : 1;
+    return {list.Columns, {list.Cells[row]}};
+  };
+  const auto key = AddField(u"txtCodigo");
+  Control().TxtIrmao(u"txtCodigo");
+  Show(TipoControle::Descricao);
+  Control().BrwCampo(u"nome");
+  Control().BrwCampoIrmao(u"codigo");
+  form->Focus(u"txtCampo");
+  desktop->WillShow(u"frmBrowse", Pick(1));
+  form->Press(Key::PageDown);
+  EXPECT_EQ(Box().Text(), u"Ana");
+  EXPECT_THAT(Control().Value(), IsValue(u"Ana"));
+  EXPECT_THAT((*key)->Value(), IsValue(u"1"));
+}
+
+TEST_F(ButtonTest, ARowThatIsDeletedUnderTheListGivesItsKeyWithoutADescription) {
+  const auto name = AddField(u"txtNome");
+  (*name)->Value(u"antigo");
+  Control().TxtIrmao(u"txtNome");
+  Control().BrwCampoIrmao(u"nome");
+  Control().UsaChecaRelacao(true);
+  Show(TipoControle::Browse);
+  form->Focus(u"txtCampo");
+  Click(u"frmBrowse", [&](memory::Dialog& shown) {
+    description.Cells.clear();  // another user's doing
+    Pick(2)(shown);
+  });
+  EXPECT_THAT(Control().Value(), IsValue(u"15"));
+  EXPECT_THAT((*name)->Value(), IsNullVariant());
+  EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+  form->Focus(u"chkAtivo");
+  const auto boxes = app.TakeBoxes();
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_NE(InStr(boxes[0].Text, u"Inexistente"), 0);
+  EXPECT_EQ(ActiveName(), u"txtCampo");
+}
+
+// --- Events -------------------------------------------------------------------------------------
+
+class PumpedLookup : public ButtonTest, public testing::WithParamInterface<TipoControle> {};
+
+INSTANTIATE_TEST_SUITE_P(Button, PumpedLookup,
+                         testing::Values(TipoControle::Browse, TipoControle::Descricao));
+
+TEST_P(PumpedLookup, TheEventQueueIsServedThreeTimesWhenTheListIsClosedToo) {
+  Show(GetParam());
+  int before = 0;
+  Click(u"frmBrowse", [&](memory::Dialog& shown) {
+    before = app.EventPumps();
+    shown.CloseWindow();
+  });
+  // By the list, and around the assignment; the lookup of a description comes on top.
+  EXPECT_EQ(app.EventPumps() - before, 3);
+}
+
+TEST_P(PumpedLookup, AFaultInTheQueueIsReportedByWhoServesIt) {
+  const struct {
+    int Pump;
+    bool ClickGoesOn;
+  } rows[] = {{1, true}, {2, false}, {3, false}};
+  Show(GetParam());
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.Pump);
+    field->ForgetEvents();
+    int pumps = 0;
+    Click(u"frmBrowse", [&](memory::Dialog& shown) {
+      app.OnDoEvents = [&] {
+        if (++pumps == row.Pump) throw HostError(11);
+      };
+      shown.CloseWindow();
+    });
+    app.OnDoEvents = nullptr;
+    const HostError error(11);
+    EXPECT_THAT(app.TakeBoxes(),
+                ElementsAre(row.ClickGoesOn ? ErrorBox(error, u"VerBrowse", u"mdlObjTxt")
+                                            : ErrorBox(error, u"btnBrowse_Click")));
+    EXPECT_THAT(Returns(), SizeIs(row.ClickGoesOn ? 1 : 0));
+    EXPECT_EQ(Box().Tag, row.ClickGoesOn ? u"" : silenced);
+    EXPECT_THAT(Control().Value(), IsNullVariant());
+  }
+}
+
+TEST_P(PumpedLookup, WithNoWindowTheListReportsAndTheClickGoesOn) {
+  Show(GetParam());
+  auto* const former = std::exchange(State().desktop, nullptr);
+  field->btnBrowse().OnClick();
+  State().desktop = former;
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(ErrorBox(HostError(errors::ObjectNotSet), u"VerBrowse", u"mdlObjTxt")));
+  EXPECT_THAT(Returns(), SizeIs(1));
+  EXPECT_EQ(Box().Tag, u"");
+}
+
+}  // namespace
+}  // namespace tessaria::test
