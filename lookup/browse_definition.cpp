@@ -69,4 +69,8 @@ void Browse::WriteProperties(host::PropertyBag& bag) const {
   cgrColGrid_.Write(bag);
 }
 
+void mdlObjTxt::CopiaColunas(Browse& source, Browse& target, bool clearSource) {
+  CopiaColunas(source.cgrColGrid(), target.cgrColGrid(), clearSource);
+}
+
 }  // namespace tessaria

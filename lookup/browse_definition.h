@@ -106,4 +106,12 @@ class Browse : public host::Persistent {
   ListaColunas cgrColGrid_;
 };
 
+namespace mdlObjTxt {
+
+/// Replaces the columns of one definition by copies of another's, which are removed there
+/// afterwards when `clearSource`.
+void CopiaColunas(Browse& source, Browse& target, bool clearSource);
+
+}  // namespace mdlObjTxt
+
 }  // namespace tessaria

@@ -130,6 +130,20 @@ TEST(CopiaColunas, EmptiesTheSourceWhenAsked) {
   EXPECT_EQ(source.Outros().Count(), 2);
 }
 
+TEST(CopiaColunas, TakesWholeDefinitionsAndCopiesTheirColumnsOnly) {
+  Browse source;
+  Browse target;
+  Fill(source);
+  mdlObjTxt::CopiaColunas(source, target, false);
+  EXPECT_EQ(target.cgrColGrid().Count(), 3);
+  EXPECT_EQ(target.BrowseTable(), u"");
+  EXPECT_EQ(target.Outros().Count(), 0);
+  ExpectFilled(source);
+  mdlObjTxt::CopiaColunas(source, target, true);
+  EXPECT_EQ(source.cgrColGrid().Count(), 0);
+  EXPECT_EQ(target.cgrColGrid().Count(), 3);
+}
+
 TEST(CopiaColunas, AnEmptySourceEmptiesTheTarget) {
   ListaColunas source;
   Browse target;

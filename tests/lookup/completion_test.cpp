@@ -73,6 +73,8 @@ const StatementCase kStatements[] = {
     {u"SQLite", u"", u"", u"d'á", u"Select Top 1 nome From clientes Where nome Like 'd''á%'"},
     {u"PostgreSQL", u"codigo", u"ativo = 1", u"Ma",
      u"Select nome, codigo From clientes Where ativo = 1 And nome ilike 'Ma%' Limit 1"},
+    {u"PostgreSQL", u"", u"", u"x'; Drop Table clientes; --",
+     u"Select nome From clientes Where nome ilike 'x''; Drop Table clientes; --%' Limit 1"},
     {u"PostgreSQL", Variant(), u"", u" %_",
      u"Select nome From clientes Where nome ilike ' %_%' Limit 1"},
 };
@@ -186,6 +188,23 @@ TEST_F(CompletionTest, TheSelectionStopsAtTheBoxsOwnLimit) {
   Complete();
   EXPECT_EQ(box.Text(), u"Mari");
   EXPECT_EQ(box.SelText(), u"ri");
+}
+
+// Only the start of the rows means that there are none.
+TEST_F(CompletionTest, TheStartOfTheRowsIsNoRowAndTheirEndIsAFault) {
+  box.Text(u"Ma");
+  connection->OnRows = AheadOfTheStart;
+  WillFindMaria();
+  Complete();
+  EXPECT_EQ(box.Text(), u"Ma");
+  EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+
+  connection->OnRows = PastTheEnd;
+  WillFindMaria();
+  Complete();
+  EXPECT_EQ(box.Text(), u"Ma");
+  ExpectErrorBox(u"CompletaDescr", HostError(errors::NoCurrentRecord));
+  EXPECT_THAT(other.calls, IsEmpty());
 }
 
 TEST_F(CompletionTest, TheRowsAreDropped) {

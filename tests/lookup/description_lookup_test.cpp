@@ -57,6 +57,8 @@ const StatementCase kStatements[] = {
     {u"PostgreSQL", u"PostgreSQL 9.4.1 on x86_64", u"Group By nome",
      u"Select nome, cidade, uf From clientes Where codigo = 15 And ativo = 1 Group By nome   "
      u"Limit 1"},
+    {u"PostgreSQL", u"PostgreSQL 9.4.9", u"",
+     u"Select nome, cidade, uf From clientes Where codigo = 15 And ativo = 1 Limit 1"},
     {u"PostgreSQL", u"PostgreSQL 9.5.0", u"",
      u"Select nome, cidade, uf From clientes Where cast(codigo as varchar) = "
      u"cast(15 as varchar) And ativo = 1 Limit 1"},
@@ -90,11 +92,22 @@ struct LiteralCase {
 };
 
 const LiteralCase kLiterals[] = {
-    {Long{15}, u"15"},      {Long{-3}, u"-3"},
-    {12.5, u"12.5"},        {Currency{12345600}, u"1234.56"},
-    {u"15", u"'15'"},       {u"A'1", u"'A''1'"},
-    {u" x ", u"' x '"},     {u"", u"''"},
-    {Variant::Null(), u""}, {Variant(), u""},
+    {Long{15}, u"15"},
+    {Long{-3}, u"-3"},
+    {12.5, u"12.5"},
+    {Currency{12345600}, u"1234.56"},
+    {u"15", u"'15'"},
+    {u"A'1", u"'A''1'"},
+    {u" x ", u"' x '"},
+    {u"", u"''"},
+    {Variant::Null(), u""},
+    {Variant(), u""},
+    {2.5F, u"2.5"},
+    {DecimalFromText(u"1234567890123456789.5"), u"1234567890123456789.5"},
+    {true, u"-1"},
+    {false, u"0"},
+    {FromCivil({2016, 5, 3}), u"03/05/2016"},
+    {u"x'; Drop Table clientes; --", u"'x''; Drop Table clientes; --'"},
 };
 
 TEST_F(DescriptionTest, ATextIsQuotedAndAnyOtherCodeGoesInAsItsText) {
@@ -171,6 +184,18 @@ TEST_F(DescriptionTest, ANullDescriptionIsNull) {
 
 TEST_F(DescriptionTest, WithoutARowTheResultIsEmpty) {
   EXPECT_SAME(Find(Long{15}), Variant());
+  EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+}
+
+TEST_F(DescriptionTest, EitherEndOfTheRowsIsNoRow) {
+  browse.Outros().Add(u"cidade");
+  for (const auto& toTheEnd : {PastTheEnd, AheadOfTheStart}) {
+    browse.Outros().Item(1)->Valor(u"velho");
+    connection->OnRows = toTheEnd;
+    WillFindAna();
+    EXPECT_SAME(Find(Long{15}), Variant());
+    EXPECT_SAME(browse.Outros().Item(1)->Valor(), Variant());
+  }
   EXPECT_THAT(app.TakeBoxes(), IsEmpty());
 }
 

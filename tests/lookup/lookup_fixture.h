@@ -11,6 +11,16 @@
 
 namespace tessaria::test {
 
+/// Leaves a record set behind its last row, or ahead of its first one.
+inline void PastTheEnd(host::Recordset& rows) {
+  rows.MoveLast();
+  rows.MoveNext();
+}
+inline void AheadOfTheStart(host::Recordset& rows) {
+  rows.MoveFirst();
+  rows.MovePrevious();
+}
+
 class LookupTest : public testing::Test {
  protected:
   LookupTest() {
