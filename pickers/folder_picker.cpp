@@ -27,6 +27,11 @@ constexpr host::WidgetDescription kWidgets[] = {
 
 String Separator() { return String(1, App().PathSeparator()); }
 
+/// Two separators in front name a share only where drives have letters that a share is mapped to.
+bool IsShare(const String& folder) {
+  return App().PathSeparator() == u'\\' && StartsWith(folder, u"\\\\");
+}
+
 void ShowBox(const String& text, Long flags) { mdlMsgBox::ExibeMensagem(0, text, flags); }
 
 }  // namespace
@@ -73,12 +78,13 @@ Variant frmDiretorio::ExecutaDiretorio(const Variant& nLi, const Variant& nCi, I
     ShowBox(u"O Caminho Informado Não é Válido, Verifique Por Favor", mdlMsgBox::flag::Stop);
     return strConteudo;
   }
-  if (StartsWith(folder, Separator() + Separator()))
-    OpenShare(folder);
+  const String opened = folder.empty() ? Separator() : folder;  // a file right below the root
+  if (IsShare(opened))
+    OpenShare(opened);
   else
-    OpenFolder(folder);
+    OpenFolder(opened);
   files_.Pattern(strDirPattern.empty() ? String(kAllFiles) : strDirPattern);
-  files_.Path(folder);
+  files_.Path(opened);
   SelectFile(file);
 
   dialog_->ShowModal();

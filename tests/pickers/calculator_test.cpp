@@ -63,10 +63,11 @@ class CalculatorTest : public PickerTest {
   Outcome Clicked(StringView name, Integer index = -1) {
     return Probe([&](memory::Dialog& shown) { shown.Click(name, index); });
   }
-  /// The key on an operator button, where the focus stands by itself, or on a digit button.
+  /// The key on an operator button, where the focus stands by itself, or on another one.
   Outcome TypedOn(StringView name, char16_t key) {
     return Probe([&](memory::Dialog& shown) {
       if (name == u"btnNumero") shown.FocusOn(name, 4);
+      if (name == u"btnDecimal") shown.FocusOn(name);
       shown.Type(StringView(&key, 1));
     });
   }
@@ -142,6 +143,16 @@ TEST_F(CalculatorTest, OpensAtThePlaceThatIsWanted) {
   Run(u"", [](memory::Dialog& shown) {
     EXPECT_EQ(shown.Top(), 100);
     EXPECT_EQ(shown.Left(), 200);
+    shown.CloseWindow();
+  });
+}
+
+TEST_F(CalculatorTest, KeepsInsideASmallScreen) {
+  desktop->ScreenSize(1000, 1200);
+  desktop->DialogSize(700, 900);
+  Run(u"", [](memory::Dialog& shown) {
+    EXPECT_EQ(shown.Top(), -150);
+    EXPECT_EQ(shown.Left(), 150);
     shown.CloseWindow();
   });
 }
@@ -274,6 +285,14 @@ TEST_F(CalculatorTest, EscapeHidesTheWindowFromAnyButton) {
     EXPECT_EQ(TypedOn(name, 27), (Outcome{u"2", true, u"2"}));
 }
 
+TEST_F(CalculatorTest, OnTheCommaButtonOnlyEscapeAndTheCommaDoAnything) {
+  const Outcome untouched = Probe([](memory::Dialog&) {});
+  for (const char16_t key : StringView(u"=%Xx*+-/.0123456789\bcCD"))
+    EXPECT_EQ(TypedOn(u"btnDecimal", key), untouched) << static_cast<int>(key);
+  EXPECT_EQ(TypedOn(u"btnDecimal", 44), Clicked(u"btnDecimal"));
+  EXPECT_EQ(TypedOn(u"btnDecimal", 27), (Outcome{u"2", true, u"2"}));
+}
+
 TEST_F(CalculatorTest, NoOtherKeyDoesAnything) {
   const StringView known = u"=%Xx*+-/.,0123456789\bcCD\x1B";
   const Outcome untouched = Probe([](memory::Dialog&) {});
@@ -308,6 +327,34 @@ TEST_F(CalculatorTest, DigitsTakeTheFormsBackColor) {
     EXPECT_EQ(plus.BackColor(), host::colour::ButtonFace);
     shown.CloseWindow();
   });
+}
+
+TEST_F(CalculatorTest, ResetMovesTheFocusToTheZero) {
+  Run(u"", [](memory::Dialog& shown) {
+    shown.Type(u"9c");
+    shown.Type(u" ");  // presses the button that has the focus
+    EXPECT_EQ(CDbl(DisplayOf(shown)), 0);
+    shown.CloseWindow();
+  });
+}
+
+// The focus moves ahead of the arithmetic.
+TEST_F(CalculatorTest, AfterAFaultTheFocusIsOnEqualsAllTheSame) {
+  const struct {
+    const char16_t* Text;
+    const char16_t* Keys;
+    const char16_t* Last;
+  } rows[] = {{u"1E+300", u"X9999999999999999", u"="}, {u"1E+20", u",", u"-"}};
+  for (const auto& row : rows) {
+    Run(row.Text, [&](memory::Dialog& shown) {
+      shown.Type(row.Keys);
+      shown.FocusOn(u"btnNumero", 4);
+      shown.Type(row.Last);
+      EXPECT_EQ(shown.UnhandledErrors().size(), 1u);
+      EXPECT_EQ(shown.Focused(), u"btnOperador");
+      shown.Press(Key::Escape);
+    });
+  }
 }
 
 TEST_F(CalculatorTest, ResetColoursTheButtonsAgain) {

@@ -72,6 +72,16 @@ TEST_F(CalendarTest, OpensOnTheDateOfTheBoxOrOnToday) {
   }
 }
 
+TEST_F(CalendarTest, KeepsInsideASmallScreen) {
+  desktop->ScreenSize(1000, 1200);
+  desktop->DialogSize(700, 900);
+  Run(dayMask, u"", [](memory::Dialog& shown) {
+    EXPECT_EQ(shown.Top(), -150);
+    EXPECT_EQ(shown.Left(), 150);
+    shown.Press(Key::Escape);
+  });
+}
+
 TEST_F(CalendarTest, WithoutSlashesAShortYearOrAMonthAloneIsNoDate) {
   const char16_t* const rows[][3] = {{u"dd/mm/yy", u"05/03/18", u"050318"},
                                      {u"mm/yyyy", u"12/2017", u"122017"}};

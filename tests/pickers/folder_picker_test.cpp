@@ -69,6 +69,29 @@ TEST_F(FolderPickerTest, OpensAtThePlaceAndWithTheWidthThatAreWanted) {
   });
 }
 
+TEST_F(FolderPickerTest, KeepsInsideASmallScreen) {
+  desktop->ScreenSize(1000, 1200);
+  desktop->DialogSize(700, 900);
+  Run(Mode::Folders, u"", [](memory::Dialog& shown) {
+    EXPECT_EQ(shown.Top(), -150);
+    EXPECT_EQ(shown.Left(), 150);
+    shown.CloseWindow();
+  });
+}
+
+// The place is found for the width that the window was made with.
+TEST_F(FolderPickerTest, TheWantedWidthIsTakenBehindThePlace) {
+  desktop->ScreenSize(12000, 9000);
+  desktop->DialogSize(3000, 4000);
+  frmDiretorio form;
+  desktop->WillShow(u"frmDiretorio", [](memory::Dialog& shown) {
+    EXPECT_EQ(shown.Left(), 8000);
+    EXPECT_EQ(shown.Width(), 6000);
+    Leave(shown);
+  });
+  form.ExecutaDiretorio(100.0f, 8000.0f, 6000, u"", false, u"");
+}
+
 // --- Paths that are not valid -------------------------------------------------------------------
 
 TEST_F(FolderPickerTest, APathThatIsNotValidIsTold) {
@@ -86,6 +109,7 @@ TEST_F(FolderPickerTest, APathThatIsNotValidIsTold) {
       {Mode::Files, u"c:\\Nada\\Carta.txt"},
       {Mode::Files, u"c:\\Dados\\LEIAME"},  // a name with no dot is taken for a folder
       {Mode::Files, u"LEIAME"},
+      {Mode::Files, u"\\nota.txt"},  // of no drive
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(ToUtf8(row.Path));
