@@ -256,9 +256,16 @@ void frmBrowse::JumpTo(char16_t character) {
   const auto field = dcBrowse->Fields().Item(0);
   if (!IsTextType(field->Type())) return;
   const Long before = dcBrowse->AbsolutePosition();
-  dcBrowse->MoveFirst();
-  dcBrowse->Find(field->Name() + u" like '" + String(1, character) + u"%'");
-  if (dcBrowse->Eof()) dcBrowse->AbsolutePosition(before);
+  const auto stay = [&] { dcBrowse->AbsolutePosition(before); };
+  try {
+    dcBrowse->MoveFirst();
+    dcBrowse->Find(field->Name() + u" like '" + String(1, character) + u"%'");
+  } catch (...) {
+    stay();  // what is highlighted is what Enter confirms
+    grid_.ShowCurrentRow();
+    throw;
+  }
+  if (dcBrowse->Eof()) stay();
   grid_.ShowCurrentRow();
 }
 

@@ -40,12 +40,15 @@ String Unquoted(StringView text) {
   return Replace(marked, String(1, u'\0'), quote);
 }
 
+bool IsQuoted(StringView text) { return text.front() == u'\'' || text.front() == u'"'; }
+
+/// A text without quotes that is no number is left to its column: a date may stand so.
 Variant ValueFrom(StringView text) {
   if (text.empty()) Refuse(text);
   if (EqualNoCase(text, u"null")) return Variant::Null();
-  if (text.front() == u'\'' || text.front() == u'"') return Unquoted(text);
+  if (IsQuoted(text)) return Unquoted(text);
   if (text.front() == u'#') return CDate(Unquoted(text));
-  if (!IsNumeric(String(text))) Refuse(text);
+  if (!IsNumeric(String(text))) return String(text);
   // A point is the decimal mark of a statement, a comma that of an operator.
   return InStr(text, u",") > 0 ? CDbl(String(text)) : Val(text);
 }
@@ -87,6 +90,7 @@ Criterion::Criterion(const std::vector<Column>& columns, StringView text) {
 
 void Criterion::TakeValue(const Column& column, StringView text) {
   value_ = Folded(ValueFrom(text));
+  if (value_.IsString() && IsTextType(column.Type) && !IsQuoted(text)) Refuse(text);
   if (operator_ == Operator::Like) {
     if (!IsTextType(column.Type) || !value_.IsString()) Refuse(text);
   } else if (value_.IsString() && !IsTextType(column.Type)) {

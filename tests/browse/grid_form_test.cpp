@@ -155,6 +155,8 @@ TEST_F(GridForm, TheToolBarIsRefreshedAtEachActivationAndTheButtonsAtTheFirst) {
 
 TEST_F(GridForm, TheGridFollowsTheSizeOfTheWindow) {
   Show([&](memory::Dialog& shown) {
+    EXPECT_EQ(form.grdBrowse().Width(), shown.Width() - 120);
+    EXPECT_EQ(form.grdBrowse().Height(), shown.Height() - 435);
     shown.Resize(7000, 5000);
     EXPECT_EQ(form.grdBrowse().Width(), 7000 - 120);
     EXPECT_EQ(form.grdBrowse().Height(), 5000 - 435);
@@ -190,12 +192,15 @@ TEST_F(GridForm, IsConfirmedAndLeftInSeveralWays) {
 
 TEST_F(GridForm, EventsArePumpedBeforeAndAfterItHides) {
   Connect();
-  std::vector<bool> shownAtPumps;
-  Show([&](memory::Dialog& shown) {
-    app.OnDoEvents = [&] { shownAtPumps.push_back(shown.IsShown()); };
-    shown.Click(u"btnConfirmar");
-  });
-  EXPECT_THAT(shownAtPumps, ElementsAre(true, false));
+  for (const StringView button : {u"btnConfirmar", u"btnVoltar"}) {
+    std::vector<bool> shownAtPumps;
+    Show([&](memory::Dialog& shown) {
+      app.OnDoEvents = [&] { shownAtPumps.push_back(shown.IsShown()); };
+      shown.Click(button);
+    });
+    app.OnDoEvents = nullptr;
+    EXPECT_THAT(shownAtPumps, ElementsAre(true, false));
+  }
 }
 
 // --- The menu -----------------------------------------------------------------------------------
@@ -240,9 +245,13 @@ TEST_F(GridForm, NewRowsAreDrawnAndCountedAnew) {
 TEST_F(GridForm, AFailureToFetchAllRowsSurfacesAndTheListStays) {
   AddSearches(1);
   Connect();
+  form.cgrColGrid.Add(u"codigo", u"Código", u"", 900, true);
+  form.DesenhaGrid();
   Show([&](memory::Dialog& shown) {
     connection->FailNext(HostError(errors::ProviderError, u"servidor parado"));
     shown.ClickMenu(u"barBrowse", 3);
+    EXPECT_EQ(Grid().Column(0).Caption(), u"Código");
+    EXPECT_TRUE(shown.Find<host::DialogButton>(u"btnConfirmar").Enabled());
     ASSERT_EQ(shown.UnhandledErrors().size(), 1u);
     EXPECT_EQ(shown.UnhandledErrors()[0].Description(), u"servidor parado");
     EXPECT_EQ(Grid().DataSource(), form.dcBrowse);
@@ -262,63 +271,6 @@ TEST_F(GridForm, TheButtonWithNoMenuDoesNothing) {
   Connect();
   EXPECT_THAT(PromptsOf([](memory::Dialog& shown) { shown.Click(u"barBrowse"); }), IsEmpty());
   EXPECT_THAT(app.Boxes(), IsEmpty());
-}
-
-TEST_F(GridForm, ASearchOfTwoEntriesAsksForBoth) {
-  form.Pesquisa = std::make_shared<Pesquisa>();
-  form.Pesquisa->Add(1, u"Nome", u"nome", 8, 1, u"", 2000, 0, false, false, 0, 0, u"");
-  form.Pesquisa->Add(2, u"Outra", u"x", 8, 1, u"", 2000, 0, false, false, 0, 0, u"");
-  form.Pesquisa->Add(1, u"Cidade", u"cidade", 8, 0, u"", 2000, 0, false, false, 0, 0, u"");
-  FillMenu(2);
-  Connect();
-  form.strTabela = u"clientes";
-  form.strFrom = u"clientes";
-  form.strCampos = u"codigo";
-  connection->TakeStatements();
-  Show([&](memory::Dialog& shown) {
-    for (const StringView answer : {u"Ma", u"Assis"}) {
-      desktop->WillShow(u"frmTsPesquisa", [answer](memory::Dialog& prompt) {
-        prompt.Type(answer);
-        prompt.Click(u"btnOk");
-      });
-    }
-    shown.ClickMenu(u"barBrowse", 1);
-    shown.CloseWindow();
-  });
-  EXPECT_EQ(OnlyStatement(),
-            u"Select codigo From clientes Where (clientes.nome ilike 'Ma%' And clientes.cidade = "
-            u"'Assis') Order by cidade");
-}
-
-TEST_F(GridForm, AnEntryThatNoSearchBelongsToRunsNothing) {
-  AddSearches(1);
-  Connect();
-  form.cgrColGrid.Add(u"codigo", u"Código", u"", 900, true);
-  connection->TakeStatements();
-  Show([&](memory::Dialog& shown) {
-    shown.ClickMenu(u"barBrowse", 2);  // the separator is an entry like the others
-    EXPECT_EQ(Grid().Column(0).Caption(), u"Código");
-    shown.CloseWindow();
-  });
-  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
-}
-
-TEST_F(GridForm, AfterARefusedSearchTheGridIsEmptyAndTheFormerRowsCanStillBeConfirmed) {
-  AddSearches(1);
-  Connect();
-  Show([&](memory::Dialog& shown) {
-    desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
-      prompt.Type(u"x");
-      prompt.Click(u"btnOk");
-    });
-    connection->FailNext(HostError(errors::ProviderError, u"recusado"));
-    shown.ClickMenu(u"barBrowse", 1);
-    EXPECT_EQ(Grid().DataSource(), nullptr);
-    EXPECT_EQ(Grid().ColumnCount(), 0);
-    EXPECT_TRUE(shown.Find<host::DialogButton>(u"btnConfirmar").Enabled());
-    shown.Click(u"btnConfirmar");
-  });
-  EXPECT_TRUE(form.lGravar);
 }
 
 // --- Order --------------------------------------------------------------------------------------

@@ -33,6 +33,24 @@ class GridKeys : public GridForm {
   }
 };
 
+TEST_F(GridKeys, TheKeysOfAnEntryByItsPosition) {
+  const StringView keys[] = {u"",
+                             u"F2, Ctrl+1",
+                             u"F3, Ctrl+2",
+                             u"F4, Ctrl+3",
+                             u"F6, Ctrl+4",
+                             u"F7, Ctrl+5",
+                             u"F8, Ctrl+6",
+                             u"F9, Ctrl+7",
+                             u"F10, Ctrl+8",
+                             u"F11, Ctrl+9",
+                             u"F12",
+                             u"",
+                             u""};
+  for (std::size_t position = 0; position < std::size(keys); ++position)
+    EXPECT_EQ(frmBrowse::TeclasDoMenu(static_cast<Long>(position)), keys[position]) << position;
+}
+
 TEST_F(GridKeys, ControlAndADigitClickAnEntryFromAnywhere) {
   AddSearches(10);
   Connect();
@@ -59,7 +77,9 @@ TEST_F(GridKeys, FunctionKeysClickAnEntryFromTheGrid) {
               {119, 6}, {120, 7}, {121, 8}, {122, 9}, {123, 10}, {124, 0}};
   for (const auto& key : keys) {
     EXPECT_EQ(EntryOf(key.Code, modifier::None), key.Position) << key.Code;
-    EXPECT_EQ(EntryOf(key.Code, modifier::Shift), key.Position) << key.Code;
+    for (const Integer held : {modifier::Shift, modifier::Alt,
+                               static_cast<Integer>(modifier::Control | modifier::Shift)})
+      EXPECT_EQ(EntryOf(key.Code, held), key.Position) << key.Code << " " << held;
     EXPECT_EQ(EntryOf(key.Code, modifier::Control), 0) << key.Code;
   }
   EXPECT_THAT(PromptsOf([](memory::Dialog& shown) {
@@ -103,6 +123,19 @@ TEST_F(GridKeys, ControlAndPageGoToTheEnds) {
   });
 }
 
+TEST_F(GridKeys, WithoutRowsTheEndsAreNowhere) {
+  rows.Cells.clear();
+  Connect();
+  Show([&](memory::Dialog& shown) {
+    shown.FocusOn(u"grdBrowse");
+    shown.Press(Key::PageDown, modifier::Control);
+    shown.Press(Key::PageUp, modifier::Control);
+    EXPECT_THAT(shown.UnhandledErrors(), IsEmpty());
+    EXPECT_EQ(Grid().Looks(), 0);
+    shown.CloseWindow();
+  });
+}
+
 TEST_F(GridKeys, ALetterOrDigitJumpsToTheFirstRowThatBeginsSo) {
   rows = NamesFirst();
   for (const Long type :
@@ -137,10 +170,58 @@ TEST_F(GridKeys, OtherCharactersDoNotJump) {
   EXPECT_EQ(RowAfter(u"-ç_ %", 4), 4);
 }
 
-TEST_F(GridKeys, ANumericFirstFieldDoesNotJump) {
-  Connect();
-  EXPECT_EQ(RowAfter(u"7a", 4), 4);
+TEST_F(GridKeys, AFirstFieldThatIsNoTextDoesNotJump) {
+  const struct {
+    Long Type;
+    Variant First, Second;
+  } fields[] = {{host::type::Integer, Long{7}, Long{1}},
+                {host::type::Numeric, DecimalFromText(u"7.5"), DecimalFromText(u"1")},
+                {host::type::Date, FromCivil({2017, 7, 7}), FromCivil({2016, 1, 1})},
+                {host::type::Boolean, true, false}};
+  for (const auto& field : fields) {
+    rows = {{{u"campo", field.Type}}, {{field.First}, {field.Second}}};
+    Connect();
+    EXPECT_EQ(RowAfter(u"7aV0", 2), 2);
+  }
   EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
+// What is highlighted is what Enter confirms.
+TEST_F(GridKeys, AJumpThatTheProviderRefusesLeavesTheRow) {
+  rows = {{{u"nome inteiro"}}, {{u"Ana"}, {u"Bruno"}}};
+  Connect();
+  form.dcBrowse->AbsolutePosition(2);
+  Show([&](memory::Dialog& shown) {
+    shown.Type(u"a");
+    EXPECT_EQ(shown.UnhandledErrors().size(), 1u);
+    EXPECT_EQ(form.dcBrowse->AbsolutePosition(), 2);
+    EXPECT_EQ(Grid().Looks(), 1);
+    shown.CloseWindow();
+  });
+}
+
+TEST_F(GridKeys, WithoutADataSourceTheKeysWorkOnTheFormerRows) {
+  rows = NamesFirst();
+  AddSearches(1);
+  Connect();
+  Show([&](memory::Dialog& shown) {
+    desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
+      prompt.Type(u"x");
+      prompt.Click(u"btnOk");
+    });
+    connection->FailNext(HostError(errors::ProviderError, u"recusado"));
+    shown.ClickMenu(u"barBrowse", 1);
+    ASSERT_EQ(Grid().DataSource(), nullptr);
+    shown.FocusOn(u"grdBrowse");
+    shown.Press(Key::PageDown, modifier::Control);
+    EXPECT_EQ(form.dcBrowse->AbsolutePosition(), 5);
+    shown.Type(u"b");
+    EXPECT_EQ(form.dcBrowse->AbsolutePosition(), 2);
+    EXPECT_THAT(shown.UnhandledErrors(), IsEmpty());
+    shown.Press(Key::Enter);
+    EXPECT_FALSE(shown.IsShown());
+  });
+  EXPECT_TRUE(form.lGravar);
 }
 
 TEST_F(GridKeys, AnEmptyListDoesNotJump) {

@@ -148,6 +148,23 @@ TEST_F(LookupRun, ANumberIsLookedUpExactly) {
   EXPECT_EQ(StartRow(Variant(Long{2})), 1);  // not in the list: the first row
 }
 
+TEST_F(LookupRun, ANumberWithDecimalsOrADateIsLookedUpAsItsText) {
+  const struct {
+    Long Type;
+    Variant First, Second;
+  } cases[] = {
+      {host::type::Double, 1.25, 1.5},
+      {host::type::Numeric, DecimalFromText(u"1.25"), DecimalFromText(u"1.5")},
+      {host::type::Date, FromCivil({2020, 2, 1}), FromCivil({2020, 1, 2})},
+  };
+  for (const auto& c : cases) {
+    rows = {{{u"codigo", c.Type}}, {{c.First}, {c.Second}}};
+    EXPECT_EQ(StartRow(c.Second), 2);
+    EXPECT_EQ(StartRow(c.First), 1);
+  }
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
 TEST_F(LookupRun, ATextIsLookedUpByItsStart) {
   rows = NamesFirst();
   EXPECT_EQ(StartRow(Variant(u"Br")), 2);
@@ -179,6 +196,21 @@ TEST_F(LookupRun, GivesTheKeyOfTheChosenRow) {
   EXPECT_TRUE(State().vntValorIrmao.IsEmpty());  // cleared, and set for a description only
 }
 
+TEST_F(LookupRun, GivesAKeyThatIsNoTextAsItsText) {
+  const struct {
+    Long Type;
+    Variant Key;
+    StringView Result;
+  } cases[] = {{host::type::Double, 1.5, u"1,5"},
+               {host::type::Numeric, DecimalFromText(u"12.75"), u"12,75"},
+               {host::type::Date, FromCivil({2016, 5, 3}), u"03/05/2016"}};
+  for (const auto& c : cases) {
+    rows = {{{u"codigo", c.Type}}, {{c.Key}}};
+    RunArguments a;
+    EXPECT_EQ(Run(a, Confirm), c.Result);
+  }
+}
+
 TEST_F(LookupRun, ACancelGivesTheOldValue) {
   const struct {
     Variant Old;
@@ -186,6 +218,7 @@ TEST_F(LookupRun, ACancelGivesTheOldValue) {
   } cases[] = {{Variant(Long{15}), u"15"},
                {Variant(), u""},
                {Variant::Null(), u""},
+               {Variant(1.5), u"1,5"},
                {Variant(Long{99}), u"99"}};
   for (const auto& c : cases) {
     RunArguments a;
@@ -193,6 +226,33 @@ TEST_F(LookupRun, ACancelGivesTheOldValue) {
     EXPECT_EQ(Run(a, Leave), c.Result);
   }
   EXPECT_TRUE(State().vntValorIrmao.IsNull());
+}
+
+TEST_F(LookupRun, ACancelGivesAnOldDateAsItsText) {
+  const Date day = FromCivil({2016, 5, 3});
+  rows = {{{u"data", host::type::Date}}, {{day}}};
+  RunArguments a;
+  a.Value = day;
+  EXPECT_EQ(Run(a, Leave), u"03/05/2016");
+}
+
+TEST_F(LookupRun, EventsArePumpedOnceBehindTheWindowHoweverItIsLeft) {
+  const struct {
+    StringView Button;
+    int Pumps;
+  } cases[] = {{u"", 1}, {u"btnVoltar", 3}, {u"btnConfirmar", 3}};  // a button pumps twice itself
+  for (const auto& c : cases) {
+    int before = 0;
+    RunArguments a;
+    Run(a, [&](memory::Dialog& shown) {
+      before = app.EventPumps();
+      if (c.Button.empty())
+        shown.CloseWindow();
+      else
+        shown.Click(c.Button);
+    });
+    EXPECT_EQ(app.EventPumps() - before, c.Pumps) << ToUtf8(c.Button);
+  }
 }
 
 TEST_F(LookupRun, ClosingTheWindowIsACancel) {
@@ -211,7 +271,8 @@ TEST_F(LookupRun, ADescriptionLeavesItsKeyAsASqlLiteral) {
                {type::Double, Variant(1.5), Variant(1.5)},
                {type::VarWChar, Variant(u"B7"), Variant(u"'B7'")},
                {type::VarWChar, Variant(u"D'A"), Variant(u"'D''A'")},
-               {type::VarWChar, Variant::Null(), Variant(u"''")}};
+               {type::VarWChar, Variant::Null(), Variant(u"''")},
+               {type::Date, Variant(FromCivil({2016, 5, 3})), Variant(u"'03/05/2016'")}};
   for (const auto& c : cases) {
     rows = {{{u"nome"}, {u"codigo", c.Type}}, {{u"Ana", c.Key}}};
     RunArguments a;
@@ -221,6 +282,17 @@ TEST_F(LookupRun, ADescriptionLeavesItsKeyAsASqlLiteral) {
     EXPECT_EQ(Run(a, Confirm), u"Ana");
     EXPECT_TRUE(Same(State().vntValorIrmao, c.Literal));
   }
+}
+
+TEST_F(LookupRun, ADescriptionWithoutAKeyFieldLeavesNone) {
+  State().vntValorIrmao = u"'12'";
+  rows = NamesFirst();
+  RunArguments a;
+  a.Tipo = TipoControle::Descricao;
+  a.Campo = u"nome";
+  a.CampoIrmao = u"";
+  EXPECT_EQ(Run(a, Confirm), u"Ana");
+  EXPECT_TRUE(State().vntValorIrmao.IsEmpty());
 }
 
 TEST_F(LookupRun, ASiblingFieldThatIsNotAmongTheRowsIsReportedAndTheKeyComesBackAllTheSame) {
@@ -330,43 +402,6 @@ TEST_F(LookupRun, AThreadWithNoDesktopIsTold) {
   State().desktop = kept;
   EXPECT_THAT(app.TakeBoxes(),
               ElementsAre(ErrorBox(HostError(errors::ObjectNotSet), u"VerBrowse")));
-}
-
-// --- Search again
-// -----------------------------------------------------------------------------------
-
-TEST_F(LookupRun, AllRowsComeBackWithoutTheFilterOfTheOpening) {
-  AddSearch(1, u"Nome");
-  RunArguments a;
-  a.GroupBy = u"Group By codigo, nome, cidade";
-  Run(a, [](memory::Dialog& shown) {
-    shown.ClickMenu(u"barBrowse", 3);
-    Leave(shown);
-  });
-  EXPECT_THAT(connection->TakeStatements(),
-              ElementsAre(testing::_,
-                          u"Select codigo, nome, cidade From clientes Where ativo = 1 Group By "
-                          u"codigo, nome, cidade Order By 1"));
-}
-
-TEST_F(LookupRun, TheKeyComesFromTheRowsOfTheLastSearch) {
-  AddSearch(1, u"Nome");
-  RunArguments a;
-  EXPECT_EQ(Run(a,
-                [&](memory::Dialog& shown) {
-                  desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
-                    EXPECT_EQ(prompt.Caption(), u"Pesquisa Nome");
-                    prompt.Type(u"b");
-                    prompt.Click(u"btnOk");
-                  });
-                  rows = {{{u"codigo", host::type::Integer}, {u"nome"}}, {{Long{42}, u"beatriz"}}};
-                  shown.ClickMenu(u"barBrowse", 1);
-                  Confirm(shown);
-                }),
-            u"42");
-  EXPECT_EQ(connection->Statements().back(),
-            u"Select codigo, nome, cidade From clientes Where (clientes.nome ilike 'b%') And ativo "
-            u"= 1 Order by nome");
 }
 
 }  // namespace

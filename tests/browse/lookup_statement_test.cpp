@@ -66,6 +66,11 @@ TEST_F(LookupStatement, DoublesApostrophesOfWhatWasTyped) {
   EXPECT_EQ(StatementOf(Description(u"D'Av", 0)), Filtered(u"ilike 'D''Av%'"));
 }
 
+TEST_F(LookupStatement, BlanksAroundWhatWasTypedCount) {
+  EXPECT_EQ(StatementOf(Description(u"Ma ", 0)), Filtered(u"ilike 'Ma %'"));
+  EXPECT_EQ(StatementOf(Description(u" Maria", 3)), Filtered(u"ilike ' Ma%'"));
+}
+
 TEST_F(LookupStatement, ABlankBoxAndAKeyAreNotFiltered) {
   auto a = Description(u"   ", 0);
   EXPECT_EQ(StatementOf(a),

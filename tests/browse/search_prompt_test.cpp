@@ -132,11 +132,36 @@ TEST_F(SearchPrompt, CompletesATextFromTheTableAsTheOperatorTypes) {
             u"Select nome From clientes Where ativo = 1 And nome ilike 'm%' Limit 1");
 }
 
-TEST_F(SearchPrompt, FindsTheConnectionOfTheThread) {
+TEST_F(SearchPrompt, LendsItsControlTheConnectionOfTheThread) {
+  std::shared_ptr<memory::Dialog> window;
   Search s;
   s.Completa = true;
-  Look(s, [&](memory::Dialog&, tsText&) { EXPECT_EQ(State().dbConexao, connection); });
+  Look(s, [&](memory::Dialog& prompt, tsText&) {
+    window = prompt.shared_from_this();
+    EXPECT_EQ(window->TheForm().Get(u"dbForm").As<memory::Connection>(), connection);
+    EXPECT_EQ(State().dbConexao, connection);
+  });
+  EXPECT_HOST_ERROR(window->TheForm().Get(u"dbForm").As<memory::Connection>(),
+                    errors::ObjectNotSet);
   EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
+// What is looked for need not exist as a whole.
+TEST_F(SearchPrompt, APartOfADescriptionIsAnAnswer) {
+  rows.Cells.clear();
+  Search s;
+  s.Completa = true;
+  EXPECT_TRUE(Ask(s, [](memory::Dialog& prompt) {
+    prompt.Click(u"btnOk");  // blank: it stays open without a word
+    EXPECT_TRUE(prompt.IsShown());
+    prompt.FocusOn(u"editPesquisa");
+    prompt.Type(u"Ma");
+    prompt.Click(u"btnOk");
+  }));
+  EXPECT_EQ(clause, u"clientes.nome ilike '%Ma%'");
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+  for (const auto& statement : connection->TakeStatements())
+    EXPECT_TRUE(EndsWith(statement, u"%' Limit 1")) << ToUtf8(statement);  // completions alone
 }
 
 TEST_F(SearchPrompt, LaysItselfOutAroundTheBox) {

@@ -134,6 +134,49 @@ TEST_F(SearchRun, ACancelOfTheSecondPromptDiscardsTheFirstAnswerToo) {
   EXPECT_EQ(campos, u"");
 }
 
+TEST_F(SearchRun, ANumberAndATextWithFieldsThatAreReady) {
+  Dbms(kAccess);
+  auto number = Entry(u"a", 0);
+  number.Tipo = 2;
+  auto text = Entry(u"b", 1);
+  number.CampoPronto = text.CampoPronto = true;
+  Search({number, text}, {u"1", u"x"});
+  EXPECT_EQ(OnlyStatement(),
+            u"Select codigo, nome From clientes Where (a = 1 And b Like 'x%') And ativo = 1 Order "
+            u"by b");
+}
+
+TEST_F(SearchRun, WritesADateInEachDialect) {
+  const struct {
+    StringView Dbms, Literal;
+  } cases[] = {{kAccess, u"Cdate('31/12/2016')"},
+               {kSqlServer, u"'12/31/2016'"},
+               {kPostgres, u"'2016-12-31'::date"}};
+  auto day = Entry(u"data", 6);
+  day.Tipo = 7;
+  day.Mascara = u"dd/mm/yyyy";
+  for (const auto& c : cases) {
+    Dbms(c.Dbms);
+    Search({day}, {u"31122016"});
+    EXPECT_EQ(OnlyStatement(), u"Select codigo, nome From clientes Where (clientes.data < " +
+                                   String(c.Literal) + u") And ativo = 1 Order by data");
+  }
+}
+
+TEST_F(SearchRun, APromptThatFailsLeavesItsConditionEmptyAndTheStatementIsSent) {
+  app.OnMessageBox = [&](const MessageBoxRecord&) { State().dbConexao = connection; };
+  desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
+    prompt.Type(u"x");
+    State().dbConexao = nullptr;  // and with it the dialect
+    prompt.Click(u"btnOk");
+  });
+  Search({Entry(u"nome", 1)}, {});
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(ErrorBox(HostError(errors::ObjectNotSet), u"tsMostraFormPesquisa")));
+  EXPECT_EQ(OnlyStatement(),
+            u"Select codigo, nome From clientes Where () And ativo = 1 Order by nome");
+}
+
 TEST_F(SearchRun, AConditionThatCouldNotBeWrittenIsLeftEmpty) {
   Search({Entry(u"a", 9), Entry(u"b", 0)}, {u"1", u"2"});
   EXPECT_EQ(OnlyStatement(),

@@ -1,0 +1,106 @@
+// The searches of the list: what an entry of the menu asks and runs.
+#include "control/tstext.h"
+#include "hosts/memory/ts_text.h"
+#include "tests/browse/grid_fixture.h"
+
+namespace tessaria::test {
+namespace {
+
+using testing::IsEmpty;
+
+TEST_F(GridForm, EachSettingOfAnEntryReachesItsPromptOrItsStatement) {
+  form.Pesquisa = std::make_shared<Pesquisa>();
+  form.Pesquisa->Add(1, u"Nome do Cliente", u"upper(nome)", 8, 1, u"#####", 2345, 4, true, true, 0,
+                     0, u"");
+  form.Pesquisa->Item(1)->CampoPronto(true);
+  form.Pesquisa->Item(1)->OrderBy(u"3 Desc");
+  FillMenu(1);
+  Connect();
+  form.strTabela = u"clientes";
+  form.strFrom = u"clientes c";
+  form.strCampos = u"codigo";
+  form.strWhere = u"ativo = 1";
+  rows.Cells.clear();  // nothing completes what is typed
+  Show([&](memory::Dialog& shown) {
+    desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
+      const tsText& edit = *prompt.Field(u"editPesquisa");
+      EXPECT_EQ(prompt.Caption(), u"Pesquisa Nome do Cliente");
+      EXPECT_EQ(prompt.Find<host::DialogField>(u"editPesquisa").Width(), 2345);
+      EXPECT_EQ(edit.Mascara(), u"#####");
+      EXPECT_EQ(edit.MaxLength(), 4);
+      EXPECT_TRUE(edit.PromptInclude());
+      EXPECT_EQ(edit.TipoDado(), 8);
+      EXPECT_EQ(edit.TipoControle(), TipoControle::Descricao);
+      EXPECT_EQ(edit.BrowseTable(), u"clientes");
+      EXPECT_EQ(edit.BrwCampo(), u"upper(nome)");
+      EXPECT_EQ(edit.BrwWhere(), u"ativo = 1");
+      prompt.Type(u"1234");
+      prompt.Click(u"btnOk");
+    });
+    shown.ClickMenu(u"barBrowse", 1);
+    shown.CloseWindow();
+  });
+  EXPECT_EQ(connection->Statements().back(),
+            u"Select codigo From clientes c Where (upper(nome) ilike '1234%') And ativo = 1 Order "
+            u"by 3 Desc");
+}
+
+TEST_F(GridForm, ASearchOfTwoEntriesAsksForBoth) {
+  form.Pesquisa = std::make_shared<Pesquisa>();
+  form.Pesquisa->Add(1, u"Nome", u"nome", 8, 1, u"", 2000, 0, false, false, 0, 0, u"");
+  form.Pesquisa->Add(2, u"Outra", u"x", 8, 1, u"", 2000, 0, false, false, 0, 0, u"");
+  form.Pesquisa->Add(1, u"Cidade", u"cidade", 8, 0, u"", 2000, 0, false, false, 0, 0, u"");
+  FillMenu(2);
+  Connect();
+  form.strTabela = u"clientes";
+  form.strFrom = u"clientes";
+  form.strCampos = u"codigo";
+  connection->TakeStatements();
+  Show([&](memory::Dialog& shown) {
+    for (const StringView answer : {u"Ma", u"Assis"}) {
+      desktop->WillShow(u"frmTsPesquisa", [answer](memory::Dialog& prompt) {
+        prompt.Type(answer);
+        prompt.Click(u"btnOk");
+      });
+    }
+    shown.ClickMenu(u"barBrowse", 1);
+    shown.CloseWindow();
+  });
+  EXPECT_EQ(OnlyStatement(),
+            u"Select codigo From clientes Where (clientes.nome ilike 'Ma%' And clientes.cidade = "
+            u"'Assis') Order by cidade");
+}
+
+TEST_F(GridForm, AnEntryThatNoSearchBelongsToRunsNothing) {
+  AddSearches(1);
+  Connect();
+  form.cgrColGrid.Add(u"codigo", u"Código", u"", 900, true);
+  connection->TakeStatements();
+  Show([&](memory::Dialog& shown) {
+    shown.ClickMenu(u"barBrowse", 2);  // the separator is an entry like the others
+    EXPECT_EQ(Grid().Column(0).Caption(), u"Código");
+    shown.CloseWindow();
+  });
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+}
+
+TEST_F(GridForm, AfterARefusedSearchTheGridIsEmptyAndTheFormerRowsCanStillBeConfirmed) {
+  AddSearches(1);
+  Connect();
+  Show([&](memory::Dialog& shown) {
+    desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
+      prompt.Type(u"x");
+      prompt.Click(u"btnOk");
+    });
+    connection->FailNext(HostError(errors::ProviderError, u"recusado"));
+    shown.ClickMenu(u"barBrowse", 1);
+    EXPECT_EQ(Grid().DataSource(), nullptr);
+    EXPECT_EQ(Grid().ColumnCount(), 0);
+    EXPECT_TRUE(shown.Find<host::DialogButton>(u"btnConfirmar").Enabled());
+    shown.Click(u"btnConfirmar");
+  });
+  EXPECT_TRUE(form.lGravar);
+}
+
+}  // namespace
+}  // namespace tessaria::test
