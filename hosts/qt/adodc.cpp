@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
+#include <QShortcut>
 #include <QStyle>
 #include <QToolButton>
 
@@ -29,12 +30,43 @@ host::Recordset& require(const host::RecordsetPtr& rows) {
 
 bool hasRow(const host::Recordset& rows) { return !rows.Bof() && !rows.Eof(); }
 
+bool hasEdit(const host::Recordset& rows) {
+  return rows.EditMode() == host::EditMode::InProgress || rows.EditMode() == host::EditMode::Add;
+}
+
 /// From before the first row or behind the last one back onto it.
 void stayOnARow(host::Recordset& rows) {
   if (rows.Bof() && rows.Eof()) return;
   if (rows.Eof()) rows.MoveLast();
   if (rows.Bof()) rows.MoveFirst();
 }
+
+/// From a row that was deleted to the next one, or the last.
+void leaveDeletedRow(host::Recordset& rows) {
+  if (rows.EditMode() != host::EditMode::Delete) return;
+  rows.MoveNext();
+  stayOnARow(rows);
+}
+
+/// Whether there is a row to start a move from.
+bool standsOnRow(host::Recordset& rows) {
+  leaveDeletedRow(rows);
+  return hasRow(rows);
+}
+
+struct Navigation {
+  QStyle::StandardPixmap icon;
+  const char* name;
+  const char* keys;
+  bool (Adodc::*move)();
+};
+
+constexpr Navigation kNavigation[] = {
+    {QStyle::SP_MediaSkipBackward, "Primeiro", "Alt+Home", &Adodc::moveFirst},
+    {QStyle::SP_MediaSeekBackward, "Anterior", "Alt+PgUp", &Adodc::movePrevious},
+    {QStyle::SP_MediaSeekForward, "Próximo", "Alt+PgDown", &Adodc::moveNext},
+    {QStyle::SP_MediaSkipForward, "Último", "Alt+End", &Adodc::moveLast},
+};
 
 }  // namespace
 
@@ -43,11 +75,11 @@ Adodc::Adodc(QWidget* parent) : QWidget(parent), label_(new QLabel(this)) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);
-  row->addWidget(addButton(QStyle::SP_MediaSkipBackward, tr("Primeiro"), &Adodc::moveFirst));
-  row->addWidget(addButton(QStyle::SP_MediaSeekBackward, tr("Anterior"), &Adodc::movePrevious));
-  row->addWidget(label_, 1);
-  row->addWidget(addButton(QStyle::SP_MediaSeekForward, tr("Próximo"), &Adodc::moveNext));
-  row->addWidget(addButton(QStyle::SP_MediaSkipForward, tr("Último"), &Adodc::moveLast));
+  for (const Navigation& step : kNavigation) {
+    if (step.move == &Adodc::moveNext) row->addWidget(label_, 1);
+    row->addWidget(addButton(step.icon, QString::fromUtf8(step.name),
+                             QKeySequence(QLatin1String(step.keys)), step.move));
+  }
   label_->setAlignment(Qt::AlignCenter);
   label_->setTextFormat(Qt::PlainText);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -56,15 +88,32 @@ Adodc::Adodc(QWidget* parent) : QWidget(parent), label_(new QLabel(this)) {
 
 Adodc::~Adodc() = default;
 
-QToolButton* Adodc::addButton(int icon, const QString& name, bool (Adodc::*move)()) {
+/// The keys work from anywhere in the window and leave the focus where it is.
+QToolButton* Adodc::addButton(int icon, const QString& name, const QKeySequence& keys,
+                              bool (Adodc::*move)()) {
   auto* button = new QToolButton(this);
   button->setIcon(style()->standardIcon(static_cast<QStyle::StandardPixmap>(icon)));
   button->setAccessibleName(name);
-  button->setToolTip(name);
+  button->setToolTip(QStringLiteral("%1 (%2)").arg(name, keys.toString(QKeySequence::NativeText)));
   button->setFocusPolicy(Qt::ClickFocus);
   connect(button, &QToolButton::clicked, this, [this, move] { (this->*move)(); });
+  auto* shortcut = new QShortcut(keys, this);
+  const auto pressed = [this, move] { moveByKey(move); };
+  connect(shortcut, &QShortcut::activated, this, pressed);
+  connect(shortcut, &QShortcut::activatedAmbiguously, this, pressed);
   buttons_ << button;
   return button;
+}
+
+/// Of several data controls in a window, the one moves whose field has the focus.
+void Adodc::moveByKey(bool (Adodc::*move)()) {
+  Adodc* target = this;
+  TsText* field = surfaceOf(window()->focusWidget());
+  if (field && !field->dataSource().isEmpty())
+    for (Adodc* other : formOf(field)->findChildren<Adodc*>())
+      if (other->objectName().compare(field->dataSource(), Qt::CaseInsensitive) == 0)
+        target = other;
+  if (target->isEnabled() && target->buttons_.first()->isEnabled()) (target->*move)();
 }
 
 // --- Where the rows come from
@@ -107,7 +156,11 @@ void Adodc::openAtFirstShow() {
 bool Adodc::refresh() {
   const QPointer<Adodc> self(this);
   if (!settleField() || !mayLeaveRow()) return false;
-  if (!guarded(this, [this] { open(); }) || !self) return false;
+  const bool opened = guarded(this, [this] {
+    if (isEditPending()) recordSet_->Update();
+    open();
+  });
+  if (!opened || !self) return false;
   loadRow();
   if (self) emit moved();
   return true;
@@ -116,8 +169,11 @@ bool Adodc::refresh() {
 // --- Moves and edits
 // ------------------------------------------------------------------------------
 
-/// A field that refuses has told the operator why.
+/// A field that refuses has told the operator why. A row that the program deleted takes no text.
 bool Adodc::settleField() {
+  if (recordSet_ && recordSet_->State() != host::state::Closed &&
+      recordSet_->EditMode() == host::EditMode::Delete)
+    return true;
   const QPointer<Adodc> self(this);
   return settle(this) && self;
 }
@@ -142,7 +198,7 @@ bool Adodc::run(const Work& work, void (Adodc::*done)()) {
 bool Adodc::moveFirst() {
   return run(
       [](host::Recordset& rows) {
-        if (hasRow(rows)) rows.MoveFirst();
+        if (standsOnRow(rows)) rows.MoveFirst();
       },
       &Adodc::moved);
 }
@@ -168,7 +224,7 @@ bool Adodc::moveNext() {
 bool Adodc::moveLast() {
   return run(
       [](host::Recordset& rows) {
-        if (hasRow(rows)) rows.MoveLast();
+        if (standsOnRow(rows)) rows.MoveLast();
       },
       &Adodc::moved);
 }
@@ -177,10 +233,15 @@ bool Adodc::findRow(const QString& criteria) {
   bool found = false;
   return run(
              [&](host::Recordset& rows) {
-               if (!hasRow(rows)) return;
+               if (!standsOnRow(rows)) return;
                const Long before = rows.AbsolutePosition();
                rows.MoveFirst();
-               rows.Find(fromQt(criteria));
+               try {
+                 rows.Find(fromQt(criteria));
+               } catch (...) {
+                 rows.AbsolutePosition(before);
+                 throw;
+               }
                found = !rows.Eof();
                if (!found) rows.AbsolutePosition(before);
              },
@@ -189,8 +250,7 @@ bool Adodc::findRow(const QString& criteria) {
 }
 
 bool Adodc::isEditPending() const {
-  return recordSet_ && recordSet_->State() != host::state::Closed &&
-         recordSet_->EditMode() != host::EditMode::None;
+  return recordSet_ && recordSet_->State() != host::state::Closed && hasEdit(*recordSet_);
 }
 
 bool Adodc::addRow() {
@@ -200,7 +260,7 @@ bool Adodc::addRow() {
 bool Adodc::saveRow() {
   return run(
       [](host::Recordset& rows) {
-        if (rows.EditMode() != host::EditMode::None) rows.Update();
+        if (hasEdit(rows)) rows.Update();
       },
       &Adodc::rowSaved);
 }
@@ -210,7 +270,8 @@ bool Adodc::cancelRow() {
   // What stands in the focused field is given up too: it is not settled.
   const bool dropped = guarded(this, [this] {
     host::Recordset& rows = require(recordSet_);
-    if (rows.EditMode() != host::EditMode::None) rows.CancelUpdate();
+    if (hasEdit(rows)) rows.CancelUpdate();
+    leaveDeletedRow(rows);
     stayOnARow(rows);
   });
   if (!dropped || !self) return false;
@@ -221,13 +282,16 @@ bool Adodc::cancelRow() {
 
 bool Adodc::deleteRow() {
   const QPointer<Adodc> self(this);
-  const bool deleted = guarded(this, [this] {
-    host::Recordset& rows = require(recordSet_);
-    rows.Delete();
-    if (!rows.Eof()) rows.MoveNext();
-    stayOnARow(rows);
+  if (!guarded(this, [this] { require(recordSet_).Delete(); }) || !self) return false;
+  // The row is gone, whatever becomes of the step to the next one. A new row was only dropped.
+  const bool stepped = guarded(this, [this] {
+    leaveDeletedRow(*recordSet_);
+    stayOnARow(*recordSet_);
   });
-  if (!deleted || !self) return false;
+  if (!self) return false;
+  // The rows before it have been read already.
+  if (!stepped) guarded(this, [this] { recordSet_->MovePrevious(); });
+  if (!self) return false;
   loadRow();
   if (self) emit rowDeleted();
   return true;
@@ -269,6 +333,16 @@ void Adodc::showPosition() {
                      : QStringLiteral("Sem registros");
   });
   label_->setText(text);
+  enableButtons();
+}
+
+/// At either end they stay: a move there still writes the pending edit.
+void Adodc::enableButtons() {
+  bool anyRow = false;
+  guarded(this, [&] {
+    anyRow = recordSet_ && recordSet_->State() != host::state::Closed && hasRow(*recordSet_);
+  });
+  for (QToolButton* button : buttons_) button->setEnabled(anyRow);
 }
 
 }  // namespace tessaria::qt

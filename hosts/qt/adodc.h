@@ -8,6 +8,7 @@
 #include "hosts/qt/metatypes.h"
 #include "tessaria/host/data.h"
 
+class QKeySequence;
 class QLabel;
 class QToolButton;
 
@@ -18,6 +19,9 @@ namespace tessaria::qt {
 /// Everything that moves settles the field that holds the focus first and writes the pending
 /// edit; when either is refused the rows stay where they are and the operator reads why. After a
 /// move the controls whose `DataSource` names this one are loaded anew.
+///
+/// The buttons are reached by mouse; Alt+Home, Alt+PgUp, Alt+PgDown and Alt+End do the same from
+/// anywhere in the window. Without rows there is nothing to press.
 class Adodc final : public QWidget, public ErrorListener {
   Q_OBJECT
   Q_PROPERTY(QString ConnectionString READ connectionString WRITE setConnectionString)
@@ -57,20 +61,21 @@ class Adodc final : public QWidget, public ErrorListener {
   void open();
   /// Called by the form's first show: opens the rows when both texts are there.
   void openAtFirstShow();
-  /// Whether a row stands open for input that is not written yet.
+  /// Whether a row stands open for input that is not written yet. A deleted row does not.
   bool isEditPending() const;
 
   void unhandled(int number, const QString& description) override;
 
  public slots:  // NOLINT
-  /// Opens the rows anew and loads the form. False, with a box, when that fails.
+  /// Writes the pending edit, opens the rows anew and loads the form. False, with a box, when
+  /// that fails; the rows then stay as they are.
   bool refresh();
   bool moveFirst();
   bool movePrevious();
   bool moveNext();
   bool moveLast();
-  /// To the first row that matches, as `Recordset::Find` reads it. False when there is none; the
-  /// rows then stay where they are.
+  /// To the first row that matches, as `Recordset::Find` reads it. False when there is none, and
+  /// with a box when it cannot be looked for; the rows then stay where they are.
   bool findRow(const QString& criteria);
   /// Starts a new row.
   bool addRow();
@@ -78,7 +83,8 @@ class Adodc final : public QWidget, public ErrorListener {
   bool saveRow();
   /// Drops the pending edit and loads the row as it was.
   bool cancelRow();
-  /// Deletes the row and goes to the next one, or the last.
+  /// Deletes the row and goes to the next one, or the last. A new row is dropped, and the one
+  /// before it shows again.
   bool deleteRow();
   /// Loads the controls whose `DataSource` names this one: unbound controls first, then keys,
   /// the rest, descriptions.
@@ -103,7 +109,10 @@ class Adodc final : public QWidget, public ErrorListener {
   bool mayLeaveRow();
   void loadRow();
   void showPosition();
-  QToolButton* addButton(int icon, const QString& name, bool (Adodc::*move)());
+  void enableButtons();
+  void moveByKey(bool (Adodc::*move)());
+  QToolButton* addButton(int icon, const QString& name, const QKeySequence& keys,
+                         bool (Adodc::*move)());
 
   host::ConnectionPtr connection_;
   host::RecordsetPtr recordSet_;

@@ -1,5 +1,6 @@
 #include "hosts/qt/control_site.h"
 
+#include "hosts/qt/colours.h"
 #include "hosts/qt/event_boundary.h"
 #include "hosts/qt/fonts.h"
 #include "hosts/qt/form.h"
@@ -42,6 +43,23 @@ Long ControlSite::Height() const { return twipsY(surface().height(), surface());
 
 void ControlSite::Height(Long twips) {
   surface().resize(surface().width(), pixelsY(twips, surface()));
+}
+
+void ControlSite::BackColor(Colour colour) {
+  backColor_ = colour;
+  applyColour();
+}
+
+void ControlSite::applyColour() {
+  if (!backColor_) return;
+  TsText& s = surface();
+  const QPalette theme = s.parentWidget() ? s.parentWidget()->palette() : QPalette();
+  const QColor colour = toQColor(*backColor_, theme);
+  s.setAutoFillBackground(true);
+  if (s.palette().color(QPalette::Window) == colour) return;
+  QPalette palette;
+  palette.setColor(QPalette::Window, colour);
+  s.setPalette(palette);
 }
 
 String ControlSite::ActiveControlName() const {

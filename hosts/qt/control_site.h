@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPointer>
+#include <optional>
 
 #include "tessaria/host/control.h"
 
@@ -25,14 +26,17 @@ class ControlSite final : public host::ControlSite {
   Long Width() const override;
   Long Height() const override;
   void Height(Long twips) override;
-  /// The surface shows through: only its box is drawn in the colour.
-  void BackColor(Colour) override {}
+  void BackColor(Colour colour) override;
   String ActiveControlName() const override;
   void PropertyChanged(const String& name) override;
+
+  /// Draws the colour anew, after the theme has changed.
+  void applyColour();
 
  private:
   TsText& surface() const;
   QPointer<TsText> surface_;
+  std::optional<Colour> backColor_;  ///< none as long as it was not assigned
 };
 
 }  // namespace tessaria::qt

@@ -32,8 +32,7 @@ bool takeFocusBeforePress(QAbstractButton* button) {
   if (!cycle) return true;
   if (button->focusPolicy() == Qt::NoFocus) return cycle->settleField() && alive;
   button->setFocus(Qt::OtherFocusReason);
-  cycle->settlePending();
-  return alive && alive->window()->focusWidget() == alive;
+  return cycle->settlePending() && alive && alive->window()->focusWidget() == alive;
 }
 
 bool pressDialogButton(QWidget* edit, int key) {

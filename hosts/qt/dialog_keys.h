@@ -11,9 +11,9 @@ namespace tessaria::qt {
 /// button: the key is then the window's own.
 bool pressDialogButton(QWidget* edit, int key);
 
-/// Moves the focus to the button and settles the field that it leaves. False when the focus did
-/// not stay there, or the button is gone. A button that takes no focus settles the field in
-/// place.
+/// Moves the focus to the button and settles the field that it leaves. False when the field
+/// refused its text, the focus did not stay there, or the button is gone. A button that takes no
+/// focus settles the field in place.
 bool takeFocusBeforePress(QAbstractButton* button);
 
 }  // namespace tessaria::qt

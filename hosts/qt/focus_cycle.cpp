@@ -33,21 +33,22 @@ void FocusCycle::focusMoved() {
   }
   if (surfaceOf(window()->focusWidget()) == inside_ || queued_) return;
   queued_ = true;
-  QMetaObject::invokeMethod(this, &FocusCycle::settlePending, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this] { settlePending(); }, Qt::QueuedConnection);
 }
 
-void FocusCycle::settlePending() {
-  if (queued_) run();
-}
+bool FocusCycle::settlePending() { return !queued_ || run(); }
 
-void FocusCycle::run() {
-  if (running_) return;
+bool FocusCycle::run() {
+  if (running_) return true;
   const QPointer<FocusCycle> self(this);
   running_ = true;
+  refused_ = false;
   while (self && step()) continue;
-  if (!self) return;
+  if (!self) return true;
   running_ = false;
   queued_ = false;
+  return !refused_;
 }
 
 /// Leaves or enters one control. False when the control inside is the one with the focus. A
@@ -59,7 +60,9 @@ bool FocusCycle::step() {
   TsText* target = surfaceOf(focus);
   if (target == inside_) return false;
   if (inside_) {
-    std::exchange(inside_, nullptr)->leaveSurface();
+    const QPointer<FocusCycle> self(this);
+    const bool accepted = std::exchange(inside_, nullptr)->leaveSurface();
+    if (self && !accepted) refused_ = true;
   } else {
     inside_ = target;
     target->enterSurface();
@@ -68,14 +71,16 @@ bool FocusCycle::step() {
 }
 
 bool FocusCycle::settleField() {
-  settlePending();
+  const QPointer<FocusCycle> self(this);
+  if (!settlePending()) return false;
+  if (!self) return true;
   const QPointer<TsText> field = inside_;
   if (!field || running_) return true;
-  const QPointer<FocusCycle> self(this);
+  // With the focus on its own button a field does not check its text.
+  field->setFocus(Qt::OtherFocusReason);
   running_ = true;
   inside_ = nullptr;
-  field->leaveSurface();
-  const bool accepted = !field || field->lastValidaStatus();
+  const bool accepted = field->leaveSurface();
   if (!self) return accepted;
   running_ = false;
   run();

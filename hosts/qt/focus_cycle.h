@@ -24,8 +24,8 @@ class FocusCycle final : public QObject {
   /// The focus has moved inside the window.
   void focusMoved();
   bool hasPending() const { return queued_; }
-  /// Delivers what is queued now.
-  void settlePending();
+  /// Delivers what is queued now. False when a field that was left has refused its text.
+  bool settlePending();
   /// Has the field that holds the focus checked and assigned as if it were left, and entered
   /// again. False when it refuses.
   bool settleField();
@@ -36,7 +36,7 @@ class FocusCycle final : public QObject {
 
  private:
   explicit FocusCycle(QWidget* window);
-  void run();
+  bool run();
   bool step();
   QWidget* window() const { return static_cast<QWidget*>(parent()); }
 
@@ -44,6 +44,7 @@ class FocusCycle final : public QObject {
   QPointer<LineEdit> box_;   ///< the edit that has the focus
   bool queued_ = false;
   bool running_ = false;
+  bool refused_ = false;  ///< by a field that was left in the present run
 };
 
 /// For tool bars and menus, which take no focus: settles the field of the widget's window that

@@ -1,7 +1,9 @@
 #include "hosts/qt/form_events.h"
 
 #include <QAbstractButton>
+#include <QAbstractScrollArea>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QPointer>
 #include <algorithm>
 
@@ -9,6 +11,7 @@
 #include "hosts/qt/dialog_keys.h"
 #include "hosts/qt/focus_cycle.h"
 #include "hosts/qt/host.h"
+#include "hosts/qt/line_edit.h"
 #include "hosts/qt/tstext.h"
 #include "hosts/qt/widget_tree.h"
 
@@ -69,6 +72,7 @@ bool FormEvents::eventFilter(QObject* object, QEvent* event) {
     case QEvent::MouseButtonDblClick:
       return swallowsPress(widget);
     case QEvent::KeyPress:
+      return swallowsKey(widget) || movesToNextPage(widget, *static_cast<QKeyEvent*>(event));
     case QEvent::KeyRelease:
     case QEvent::InputMethod:
       return swallowsKey(widget);
@@ -93,7 +97,20 @@ bool FormEvents::swallowsPress(QWidget* widget) {
   const QPointer<QWidget> focus(widget->window()->focusWidget());
   const int boxes = host_.boxCount();
   cycle->settlePending();
-  return !alive || host_.boxCount() != boxes || alive->window()->focusWidget() != focus;
+  if (!alive || host_.boxCount() != boxes || alive->window()->focusWidget() != focus) return true;
+  if (auto* edit = qobject_cast<LineEdit*>(widget)) edit->keepSelectionOverClick();
+  return false;
+}
+
+/// From any widget of a form with fields; those that write or walk with the key keep it.
+bool FormEvents::movesToNextPage(QWidget* widget, const QKeyEvent& key) {
+  const bool back = key.key() == Qt::Key_Backtab ||
+                    (key.key() == Qt::Key_Tab && key.modifiers().testFlag(Qt::ShiftModifier));
+  if (!back && key.key() != Qt::Key_Tab) return false;
+  if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) return false;
+  QWidget* window = widget->window();
+  if (widget != window->focusWidget() || !FocusCycle::existing(window)) return false;
+  return !qobject_cast<QAbstractScrollArea*>(widget) && focusNextPage(window, !back);
 }
 
 /// A key that was meant for a field which the focus did not reach.

@@ -1,6 +1,7 @@
 // What the controls of a program need to see of its other events.
 #pragma once
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QObject>
 #include <QWidget>
@@ -25,6 +26,7 @@ class FormEvents final : public QObject {
   bool swallowsPress(QWidget* widget);
   bool swallowsKey(QWidget* widget);
   bool swallowsMnemonic(QWidget* widget);
+  bool movesToNextPage(QWidget* widget, const QKeyEvent& key);
 
   Host& host_;
 };

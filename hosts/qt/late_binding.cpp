@@ -26,6 +26,12 @@ void setColour(QWidget& widget, QPalette::ColorRole role, const Variant& value) 
   widget.setPalette(palette);
 }
 
+/// The widget that Tab stops at: inside a control that is made of several.
+template <class Widget>
+Widget& tabStopOf(Widget& widget) {
+  return widget.focusProxy() ? *widget.focusProxy() : widget;
+}
+
 /// A name of the object model that Qt has no property of its own for.
 struct ModelProperty {
   StringView name;
@@ -48,9 +54,10 @@ const ModelProperty kModel[] = {
      [](QWidget& w, const Variant& v) { w.setVisible(CBool(v)); }},
     {u"Enabled", [](const QWidget& w) { return Variant(!w.testAttribute(Qt::WA_ForceDisabled)); },
      [](QWidget& w, const Variant& v) { w.setEnabled(CBool(v)); }},
-    {u"TabStop", [](const QWidget& w) { return Variant((w.focusPolicy() & Qt::TabFocus) != 0); },
+    {u"TabStop",
+     [](const QWidget& w) { return Variant((tabStopOf(w).focusPolicy() & Qt::TabFocus) != 0); },
      [](QWidget& w, const Variant& v) {
-       w.setFocusPolicy(CBool(v) ? Qt::StrongFocus : Qt::ClickFocus);
+       tabStopOf(w).setFocusPolicy(CBool(v) ? Qt::StrongFocus : Qt::ClickFocus);
      }},
     {u"ForeColor", [](const QWidget& w) { return colourOf(w, w.foregroundRole()); },
      [](QWidget& w, const Variant& v) { setColour(w, w.foregroundRole(), v); }},

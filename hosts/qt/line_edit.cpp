@@ -2,6 +2,7 @@
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <algorithm>
 #include <limits>
 
@@ -89,14 +90,26 @@ void LineEdit::assignText(const QString& text) {
 
 void LineEdit::replaceSelection(const QString& text) {
   const Work work(this, By::Handlers);
+  showHiddenSelection();
   insert(text);
 }
 
-int LineEdit::selStart() const { return hasSelectedText() ? selectionStart() : cursorPosition(); }
+int LineEdit::selStart() const {
+  if (hidden_) return hidden_->start;
+  return hasSelectedText() ? selectionStart() : cursorPosition();
+}
 
-int LineEdit::selLength() const { return hasSelectedText() ? selectionLength() : 0; }
+int LineEdit::selLength() const {
+  if (hidden_) return hidden_->length;
+  return hasSelectedText() ? selectionLength() : 0;
+}
+
+void LineEdit::showHiddenSelection() {
+  if (const auto hidden = std::exchange(hidden_, {})) setSelection(hidden->start, hidden->length);
+}
 
 void LineEdit::setSelStart(int position) {
+  hidden_.reset();
   deselect();
   setCursorPosition(std::clamp(position, 0, int(text().size())));
 }
@@ -135,10 +148,15 @@ void LineEdit::edited() {
   flush();
 }
 
-/// Only the handlers' way leads into a masked text: anything else is taken back.
+/// Only the handlers' way leads into a masked text: anything else is taken back. What an assistive
+/// technology writes into a plain text is text without a key.
 bool LineEdit::takesBackForeignText() {
   const bool trusted = std::exchange(trusted_, false);
-  if (trusted || text() == known_ || maskInUse().isEmpty()) return false;
+  if (trusted || text() == known_) return false;
+  if (maskInUse().isEmpty()) {
+    withoutKey_ = true;
+    return false;
+  }
   const int caret = std::min(cursorPosition(), int(known_.size()));
   setText(known_);
   setCursorPosition(caret);
@@ -151,6 +169,7 @@ void LineEdit::flush() {
   fitLimit();
   if (text() != known_) {
     known_ = text();
+    hidden_.reset();
     if (events_) events_->changed();
   }
   if (self && std::exchange(withoutKey_, false)) reportTextWithoutKey();
@@ -176,9 +195,10 @@ bool LineEdit::event(QEvent* event) {
       handleKeyRelease(static_cast<QKeyEvent*>(event));
       return true;
     case QEvent::Drop:
-    case QEvent::MouseButtonRelease:
-      if (takesMaskedText(event)) return true;
+      if (!takesFocusForDrop() || takesMaskedText(event)) return true;
       break;
+    case QEvent::MouseButtonRelease:
+      return takesMaskedText(event) || handleMouseRelease(event);
     case QEvent::InputMethod:
       if (!isEnabled()) break;
       handleInputMethod(static_cast<QInputMethodEvent*>(event));
@@ -193,6 +213,8 @@ bool LineEdit::event(QEvent* event) {
 void LineEdit::handleKeyPress(QKeyEvent* event) {
   const QPointer<LineEdit> self(this);
   const Integer code = virtualKey(*event);
+  // Held down since a dialog that it closed, say: the form's buttons are none of its business.
+  if (event->isAutoRepeat() && isDialogKey(*event) && !held_.contains(code)) return event->accept();
   held_.insert(code);
   const KeyFate fate =
       events_ ? events_->keyDown(code, shiftState(event->modifiers())) : KeyFate::LeftAlone;
@@ -269,6 +291,7 @@ bool LineEdit::typeCharacter(const QString& unit) {
   if (!self || fate != KeyFate::LeftAlone) return self;
   {
     const Work work(this, By::Handlers);
+    showHiddenSelection();
     insertTyped(typed);
   }
   return self;
@@ -287,6 +310,7 @@ bool LineEdit::typeDelete() {
   if (!self || fate != KeyFate::LeftAlone) return self;
   {
     const Work work(this, By::Handlers);
+    showHiddenSelection();
     del();
   }
   return self;
@@ -338,11 +362,31 @@ void LineEdit::focusInEvent(QFocusEvent* event) {
                        reason == Qt::ShortcutFocusReason;
   QFocusEvent quiet(QEvent::FocusIn, selects ? Qt::OtherFocusReason : reason);
   QLineEdit::focusInEvent(&quiet);
+  if (reason == Qt::MouseFocusReason) hidden_.reset();
+  showHiddenSelection();
 }
 
 void LineEdit::focusOutEvent(QFocusEvent* event) {
   held_.clear();
+  const Selection selection{selStart(), selLength()};
   QLineEdit::focusOutEvent(event);
+  if (selection.length > 0 && !hasSelectedText()) hidden_ = selection;
+}
+
+void LineEdit::keepSelectionOverClick() {
+  if (hasSelectedText()) entered_ = Selection{selStart(), selLength()};
+}
+
+bool LineEdit::handleMouseRelease(QEvent* event) {
+  const auto entered = std::exchange(entered_, {});
+  const bool left = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+  const Work work(this, By::Qt);
+  const bool handled = QLineEdit::event(event);
+  if (entered && left && !hasSelectedText()) {
+    setSelStart(entered->start);
+    setSelLength(entered->length);
+  }
+  return handled;
 }
 
 void LineEdit::showEvent(QShowEvent* event) {

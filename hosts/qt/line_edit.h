@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QSet>
+#include <optional>
 
 #include "tessaria/string.h"
 
@@ -53,8 +54,10 @@ class LineEdit final : public QLineEdit {
   void assignText(const QString& text);
   /// Replaces the selection as far as the limit allows; the caret ends behind the text.
   void replaceSelection(const QString& text);
+  /// The selection stands while the focus is elsewhere, though it is not shown.
   int selStart() const;
   int selLength() const;
+  QString selText() const { return text().mid(selStart(), selLength()); }
   void setSelStart(int position);
   void setSelLength(int length);
   /// Most characters; 0 is no limit. Leaves the present text alone.
@@ -72,6 +75,9 @@ class LineEdit final : public QLineEdit {
 
   void deliverGotFocus();
   void deliverLostFocus();
+  /// A press of the mouse has entered the field: what was selected by that is selected after the
+  /// click too, unless the operator drags.
+  void keepSelectionOverClick();
 
  public slots:  // NOLINT: Qt's own names, so that callers by name come here
   void paste();
@@ -98,6 +104,9 @@ class LineEdit final : public QLineEdit {
   KeyFate askKeyPress(const QString& unit, QString& typed);
   void insertTyped(const QString& typed);
   bool takesMaskedText(QEvent* event);
+  bool takesFocusForDrop();
+  bool handleMouseRelease(QEvent* event);
+  void showHiddenSelection();
   bool takesBackForeignText();
   void edited();
   void flush();
@@ -111,6 +120,13 @@ class LineEdit final : public QLineEdit {
   int typing_ = 0;        ///< depth of `Work` whose text went through the handlers
   bool trusted_ = false;  ///< the text not told yet came that way
   bool withoutKey_ = false;
+
+  struct Selection {
+    int start = 0;
+    int length = 0;
+  };
+  std::optional<Selection> hidden_;   ///< stands without the focus
+  std::optional<Selection> entered_;  ///< to come back when the mouse is released
 };
 
 }  // namespace tessaria::qt

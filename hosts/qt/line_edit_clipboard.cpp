@@ -8,6 +8,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 
+#include "hosts/qt/focus_cycle.h"
 #include "hosts/qt/line_edit.h"
 #include "hosts/qt/masked_paste.h"
 
@@ -71,6 +72,18 @@ void LineEdit::contextMenuEvent(QContextMenuEvent* event) {
   if (maskInUse().isEmpty()) return QLineEdit::contextMenuEvent(event);
   maskedMenu(this)->popup(event->globalPos());
   event->accept();
+}
+
+/// A drop goes where the mouse is, and the focus with it: a field that is never entered is never
+/// left, and its text would be neither checked nor assigned. False when the focus did not come.
+bool LineEdit::takesFocusForDrop() {
+  const QPointer<LineEdit> self(this);
+  setFocus(Qt::MouseFocusReason);
+  FocusCycle* cycle = FocusCycle::of(window());
+  cycle->focusMoved();
+  if (!self) return false;
+  cycle->settlePending();
+  return self && window()->focusWidget() == this;
 }
 
 /// A drop or the middle mouse button on a masked edit.

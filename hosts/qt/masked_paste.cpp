@@ -8,6 +8,8 @@
 #include "hosts/qt/text.h"
 #include "mask/key_class.h"
 #include "mask/masks.h"
+#include "tessaria/host/application.h"
+#include "tessaria/thread_state.h"
 
 namespace tessaria::qt {
 namespace {
@@ -30,7 +32,7 @@ class SlotPaste {
 
   /// Empties the selected slots. False when the edit is gone.
   bool clearSelection() {
-    if (!edit_->hasSelectedText()) return true;
+    if (edit_->selLength() == 0) return true;
     const int end = caret() + edit_->selLength();
     const int start = slotFrom(caret());
     edit_->setSelStart(start);
@@ -88,7 +90,7 @@ class SlotPaste {
   const String literals_;
 };
 
-/// The number in a text as an operator types it: digits, one comma, a sign. A point is the
+/// The number in a text as an operator types it: digits, one comma, a minus sign. A point is the
 /// decimal mark only when the text has no comma and its groups are not of three digits.
 QString typedNumber(QString text, const String& literals) {
   for (char16_t c : literals)
@@ -100,16 +102,41 @@ QString typedNumber(QString text, const String& literals) {
     text.replace(QLatin1Char('.'), QLatin1Char(','));
   QString typed;
   for (QChar c : text)
-    if (c.unicode() < 128 && (c.isDigit() || QStringLiteral(",+-").contains(c))) typed += c;
+    if (c.unicode() < 128 && (c.isDigit() || QStringLiteral(",-").contains(c))) typed += c;
   return typed;
 }
 
+/// What a text says as a number: its digits and commas, behind its minus signs.
+QString plainNumber(const QString& text) {
+  QString signs;
+  QString digits;
+  for (QChar c : text) {
+    if (c == QLatin1Char('-')) signs += c;
+    if (c == QLatin1Char(',') || (c.unicode() < 128 && c.isDigit())) digits += c;
+  }
+  return signs + digits;
+}
+
+/// Goes in as a whole or not at all: a number that lost a digit to the mask would be another one.
 bool pasteNumber(LineEdit& edit, const QString& text, const String& literals) {
+  const QPointer<LineEdit> alive(&edit);
   const QString typed = typedNumber(text, literals);
-  if (typed.isEmpty() || (edit.hasSelectedText() && !edit.typeDelete())) return false;
+  if (typed.isEmpty()) return false;
+  const QString before = edit.text();
+  const int start = edit.selStart();
+  const int length = edit.selLength();
+  QString wanted = before;
+  wanted.replace(start, length, typed);
+  if (length > 0 && !edit.typeDelete()) return false;
   for (QChar c : typed)
     if (!edit.typeCharacter(c)) return false;
-  return true;
+  if (plainNumber(edit.text()) == plainNumber(wanted)) return true;
+  edit.assignText(before);
+  if (!alive) return false;
+  edit.setSelStart(start);
+  edit.setSelLength(length);
+  App().Beep();
+  return false;
 }
 
 /// False when nothing was pasted, or the edit is gone.

@@ -38,7 +38,7 @@ Long TextBox::SelStart() const { return edit().selStart(); }
 void TextBox::SelStart(Long position) { edit().setSelStart(position); }
 Long TextBox::SelLength() const { return edit().selLength(); }
 void TextBox::SelLength(Long length) { edit().setSelLength(length); }
-String TextBox::SelText() const { return fromQt(edit().selectedText()); }
+String TextBox::SelText() const { return fromQt(edit().selText()); }
 void TextBox::SelText(const String& text) { edit().replaceSelection(toQt(text)); }
 Long TextBox::MaxLength() const { return edit().limit(); }
 void TextBox::MaxLength(Long characters) { edit().setLimit(characters); }

@@ -46,6 +46,7 @@ TsText::TsText(QWidget* parent) : QWidget(parent) {
   parts_->browseButton->setObjectName(QStringLiteral("btnBrowse"));
   setFocusPolicy(Qt::StrongFocus);
   setFocusProxy(parts_->edit);
+  parts_->edit->installEventFilter(this);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   parts_->box.Mask = [this] {
     const tsText& c = parts_->control;
@@ -137,12 +138,21 @@ void TsText::showSurface() {
 }
 
 void TsText::enterSurface() {
-  nameForAccessibility();
   write([](tsText& c) { c.UserControl_EnterFocus(); });
 }
 
-void TsText::leaveSurface() {
-  write([](tsText& c) { c.UserControl_ExitFocus(); });
+bool TsText::leaveSurface() {
+  const std::shared_ptr<Parts> parts = parts_;
+  bool accepted = true;
+  write([&](tsText& c) {
+    const bool wasValid = c.LastValidaStatus();
+    parts->events.startExit();
+    c.UserControl_ExitFocus();
+    // The status stays as it was where nothing was checked; a text that the bound field refuses
+    // leaves it true.
+    accepted = !parts->events.toldSinceExit() && (c.LastValidaStatus() || !wasValid);
+  });
+  return accepted;
 }
 
 void TsText::unhandled(int number, const QString& description) {
@@ -168,7 +178,10 @@ void TsText::showEvent(QShowEvent*) {
 }
 
 void TsText::changeEvent(QEvent* event) {
-  if (parts_ && event->type() == QEvent::PaletteChange) parts_->box.applyColours();
+  if (parts_ && event->type() == QEvent::PaletteChange) {
+    parts_->site.applyColour();
+    parts_->box.applyColours();
+  }
   QWidget::changeEvent(event);
 }
 
@@ -204,16 +217,35 @@ QSize TsText::hintAround(const QSize& box) const {
 QSize TsText::sizeHint() const { return hintAround(parts_->edit->sizeHint()); }
 QSize TsText::minimumSizeHint() const { return hintAround(parts_->edit->minimumSizeHint()); }
 
-void TsText::nameForAccessibility() {
+QLabel* TsText::captionLabel() {
   const QString name = labelAssociado();
-  if (name.isEmpty()) return;
-  for (QWidget* widget : controlsOf(formOf(this))) {
-    auto* label = qobject_cast<QLabel*>(widget);
-    if (!label || label->objectName().compare(name, Qt::CaseInsensitive) != 0) continue;
-    parts_->edit->setAccessibleName(withoutMnemonic(label->text()));
-    if (!label->buddy()) label->setBuddy(this);
-    return;
+  QLabel* buddyLabel = nullptr;
+  QWidget* form = formOf(this);
+  for (QLabel* label : form->findChildren<QLabel*>()) {
+    if (formOf(label) != form) continue;
+    if (!name.isEmpty() && label->objectName().compare(name, Qt::CaseInsensitive) == 0)
+      return label;
+    if (label->buddy() == this) buddyLabel = label;
   }
+  return buddyLabel;
+}
+
+/// The edit is what a screen reader meets: it takes the field's own accessible name, or else its
+/// caption, as it reads now.
+void TsText::nameForAccessibility() {
+  QLabel* label = captionLabel();
+  if (label && !label->buddy()) label->setBuddy(this);
+  // A label tells no change of its text, but draws it.
+  if (label) label->installEventFilter(this);
+  QString name = accessibleName();
+  if (name.isEmpty() && label) name = withoutMnemonic(label->text());
+  if (name != parts_->edit->accessibleName()) parts_->edit->setAccessibleName(name);
+}
+
+bool TsText::eventFilter(QObject* object, QEvent* event) {
+  const bool isEdit = parts_ && object == parts_->edit;
+  if (parts_ && event->type() == (isEdit ? QEvent::FocusIn : QEvent::Paint)) nameForAccessibility();
+  return QWidget::eventFilter(object, event);
 }
 
 // --- Events
@@ -247,7 +279,18 @@ void TsText::Events::KeyUp(Integer& KeyCode, Integer& Shift) {
   tell([&](TsText& s) { emit s.keyUp(KeyCode, Shift); });
 }
 
+void TsText::Events::startExit() {
+  boxesAtExit_ = install().boxCount();
+  boxesAtReport_.reset();
+}
+
+/// What the program says in its handler of the report is no refusal.
+bool TsText::Events::toldSinceExit() const {
+  return boxesAtReport_.value_or(install().boxCount()) != boxesAtExit_;
+}
+
 void TsText::Events::BrowseReturn(bool& HouveAlteracao, Variant& LastValue) {
+  if (!boxesAtReport_) boxesAtReport_ = install().boxCount();
   const QVariant before = toQVariant(LastValue);
   QVariant lastValue = before;
   tell([&](TsText& s) { emit s.browseReturn(HouveAlteracao, lastValue); });

@@ -10,6 +10,8 @@
 
 #include "hosts/qt/event_boundary.h"
 
+class QLabel;
+
 namespace tessaria {
 class tsText;
 }
@@ -149,25 +151,33 @@ class TsText final : public QWidget, public ErrorListener {
   /// The box as it stands.
   QString text() const;
   void setText(const QString& v);
+  /// Whether the field may stay blank; asked when the focus goes to a button.
   bool podeSerBranco() const;
   void setPodeSerBranco(bool v);
+  /// Whether leaving the field looks its text up in the browse table.
   bool usaChecaRelacao() const;
   void setUsaChecaRelacao(bool v);
+  /// Outcome of the last check; true before the first one.
   bool lastValidaStatus() const;
   void setLastValidaStatus(bool v);
 
   // Mask
+  /// The mask: one character for each slot or literal; empty for a plain text.
   QString mascara() const;
   void setMascara(const QString& v);
+  /// What an empty slot shows; only the first character is kept.
   QString promptChar() const;
   void setPromptChar(const QString& v);
+  /// Whether `Value` holds the text with the mask's literals.
   bool promptInclude() const;
   void setPromptInclude(bool v);
   /// Zero fill on leaving: 1 the whole text, any other run by run of the mask.
   int tipoStrZero() const;
   void setTipoStrZero(int v);
+  /// Whether a number may take a minus sign.
   bool valorNegativo() const;
   void setValorNegativo(bool v);
+  /// Shown in place of each character; only the first one is kept. Empty shows the text.
   QString passwordChar() const;
   void setPasswordChar(const QString& v);
   /// Most characters in the box; 0 is no limit.
@@ -178,6 +188,7 @@ class TsText final : public QWidget, public ErrorListener {
   void setSelStart(int v);
   int selLength() const;
   void setSelLength(int v);
+  /// The selected text; assigning replaces it as far as `MaxLength` allows.
   QString selText() const;
   void setSelText(const QString& v);
 
@@ -188,13 +199,16 @@ class TsText final : public QWidget, public ErrorListener {
   /// Of the box. A colour of the theme reads as its present value.
   QColor foreColor() const;
   void setForeColor(const QColor& v);
+  /// Of the box and the surface.
   QColor backColor() const;
   void setBackColor(const QColor& v);
   /// Of the box.
   QFont fieldFont() const;
   void setFieldFont(const QFont& v);
+  /// Marks the caption green and bold.
   bool eSocial() const;
   void setESocial(bool v);
+  /// Kept with the settings; the box has one line all the same.
   bool multiLine() const;
   void setMultiLine(bool v);
   /// False only while the first show runs, and after one that failed.
@@ -206,53 +220,77 @@ class TsText final : public QWidget, public ErrorListener {
   /// The lookup's definition, a QVariant of an `ObjectPtr`.
   QVariant browse() const;
   void setBrowse(const QVariant& v);
+  /// Title of the list; empty takes the table's name.
   QString brwTitulo() const;
   void setBrwTitulo(const QString& v);
+  /// Table that the key or description is looked up in.
   QString browseTable() const;
   void setBrowseTable(const QString& v);
+  /// Its column that this field holds.
   QString brwCampo() const;
   void setBrwCampo(const QString& v);
+  /// Its column that the sibling holds.
   QString brwCampoIrmao() const;
   void setBrwCampoIrmao(const QString& v);
+  /// Further columns of the list, separated by commas.
   QString brwCampoOutros() const;
   void setBrwCampoOutros(const QString& v);
+  /// GROUP BY clause of the list, with its keyword.
   QString brwGroupBy() const;
   void setBrwGroupBy(const QString& v);
+  /// Join that takes the table's place in FROM.
   QString brwLeftJoin() const;
   void setBrwLeftJoin(const QString& v);
+  /// Condition on the rows; `@name@` stands for the value of another field.
   QString brwWhere() const;
   void setBrwWhere(const QString& v);
   /// The searches of the lookup's grid, likewise.
   QVariant pesquisa() const;
   void setPesquisa(const QVariant& v);
+  // The nine below are the older form of the searches, one part for each, closed by the
+  // character 3. Shown in the designer, the field makes `Pesquisa` of them.
+  /// Captions of the searches.
   QString pesqCaption() const;
   void setPesqCaption(const QString& v);
+  /// Columns searched in.
   QString pesqCampo() const;
   void setPesqCampo(const QString& v);
+  /// Masks of the prompts.
   QString pesqMascara() const;
   void setPesqMascara(const QString& v);
+  /// Widths of the prompts, in twips.
   QString pesqWidth() const;
   void setPesqWidth(const QString& v);
+  /// Kinds of what is searched: N number, S text, D date.
   QString pesqTipo() const;
   void setPesqTipo(const QString& v);
+  /// Where the wildcard goes: N nowhere, F behind, C in front, A both.
   QString pesqLike() const;
   void setPesqLike(const QString& v);
+  /// Most characters in the prompts.
   QString pesqMaxLength() const;
   void setPesqMaxLength(const QString& v);
+  /// Whether the prompts complete what is typed.
   QString pesqCompletaDescr() const;
   void setPesqCompletaDescr(const QString& v);
+  /// Whether the prompts hand on the literals of their masks.
   QString pesqPromptInclude() const;
   void setPesqPromptInclude(const QString& v);
+  /// What is said when the list finds no row; blank for the standard text.
   QString msgBrowse() const;
   void setMsgBrowse(const QString& v);
 
   // Folder picker
+  /// Whether files can be picked too.
   bool dirVerArquivos() const;
   void setDirVerArquivos(bool v);
+  /// Pattern of the files to pick from; empty for all.
   QString dirPattern() const;
   void setDirPattern(const QString& v);
+  /// Folder of the path in the box; follows the text.
   QString dirFilePath() const;
   void setDirFilePath(const QString& v);
+  /// File of the path in the box, with `DirVerArquivos`; follows the text.
   QString dirFileName() const;
   void setDirFileName(const QString& v);
 
@@ -265,8 +303,12 @@ class TsText final : public QWidget, public ErrorListener {
   bool valida();
   /// The relation check alone.
   bool acionaChecaRelacao();
+  /// Looks the description up and assigns it to the sibling. `apenasTsBrowse` spares the sibling
+  /// of a key; `disparaBrowseReturn` raises `browseReturn` afterwards.
   void atualizaIrmao(bool apenasTsBrowse = false, bool disparaBrowseReturn = false);
+  /// "BrowseReturn" raises `browseReturn(true, ...)`; any other name does nothing.
   void disparaEventos(const QString& evento);
+  /// Forgets the value that changes are measured against.
   void clearLastValue();
 
   /// The control itself. Its members throw: calls belong inside `guarded()`.
@@ -284,12 +326,14 @@ class TsText final : public QWidget, public ErrorListener {
   // What the host's own modules call as the surface's events come in.
   void showSurface();
   void enterSurface();
-  void leaveSurface();
+  /// False when the field has refused its text, and has told the operator why.
+  bool leaveSurface();
   void unhandled(int number, const QString& description) override;
 
  signals:
   /// The first show at run time is complete.
   void shown();
+  /// The text in the box differs, by whomever.
   void changed();
   /// The three keys: a handler connected directly may change them; 0 swallows the key.
   void keyDown(qint16& keyCode, qint16& shift);
@@ -299,10 +343,12 @@ class TsText final : public QWidget, public ErrorListener {
   void browseReturn(bool& houveAlteracao, QVariant& lastValue);
   /// An error that nobody handled; the box follows.
   void unhandledError(int number, const QString& description);
+  /// A property was assigned.
   void propertyChanged(const QString& name);
 
  protected:
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -319,6 +365,7 @@ class TsText final : public QWidget, public ErrorListener {
   template <class Set>
   void write(Set&& set);
   QSize hintAround(const QSize& box) const;
+  QLabel* captionLabel();
   void nameForAccessibility();
   void connectKeys();
 

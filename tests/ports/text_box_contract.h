@@ -252,6 +252,30 @@ TEST_P(TextBoxContract, GainingTheFocusSelectsNothing) {
   ExpectSelection(2, 0);
 }
 
+TEST_P(TextBoxContract, LosingTheFocusKeepsTheSelection) {
+  Start(u"abcdef", 2, 3);
+  Operator().Leave();
+  ExpectSelection(2, 3);
+  EXPECT_EQ(Box().SelText(), u"cde");
+  Operator().Focus();
+  ExpectSelection(2, 3);
+  Operator().Type(u"X");
+  EXPECT_EQ(Box().Text(), u"abXf");
+}
+
+TEST_P(TextBoxContract, ASelectionWithoutTheFocusIsReplacedAndMoved) {
+  Start(u"abcdef", 2, 3);
+  Operator().Leave();
+  Box().SelText(u"Z");
+  EXPECT_EQ(Box().Text(), u"abZf");
+  ExpectSelection(3, 0);
+  Box().SelStart(0);
+  Box().SelLength(2);
+  ExpectSelection(0, 2);
+  Box().Text(u"xyz");
+  ExpectSelection(0, 0);
+}
+
 TEST_P(TextBoxContract, TakingTheFocusByProgramSelectsNothing) {
   Box().Text(u"abcdef");
   Box().SetFocus();

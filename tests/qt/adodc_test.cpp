@@ -1,6 +1,7 @@
 // The data control: rows, moves, edits, refusals, and the order in which a form loads.
 #include "hosts/qt/adodc.h"
 
+#include <QApplication>
 #include <QTest>
 #include <QToolButton>
 
@@ -8,6 +9,7 @@
 #include "hosts/memory/connection.h"
 #include "hosts/qt/form.h"
 #include "hosts/qt/text.h"
+#include "tests/qt/faulty_rows.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {
@@ -147,6 +149,199 @@ TEST_F(DataControl, ADeletedRowGivesWayToTheNextOne) {
   data_->moveLast();
   EXPECT_TRUE(data_->deleteRow());
   EXPECT_EQ(name(), QStringLiteral("Bia"));
+}
+
+TEST_F(DataControl, ADeletedNewRowLeavesTheRowThatWasCurrent) {
+  show();
+  data_->moveNext();
+  EXPECT_TRUE(data_->addRow());
+  EXPECT_TRUE(data_->deleteRow());
+  EXPECT_EQ(name(), QStringLiteral("Bia"));
+  EXPECT_EQ(position(), QStringLiteral("Registro 2"));
+  EXPECT_EQ(table_->Rows().size(), 3u);
+}
+
+TEST_F(DataControl, ARowIsGoneEvenWhenTheStepToTheNextOneFails) {
+  const auto rows = std::make_shared<FaultyRows>();
+  data_->setConnection(std::make_shared<FaultyConnection>(connection_, rows));
+  show();
+  data_->moveNext();
+  rows->failsMoveNext = true;
+  EXPECT_TRUE(data_->deleteRow());
+  EXPECT_EQ(boxes_.takeTexts(), QStringList({"server closed the connection"}));
+  EXPECT_EQ(name(), QStringLiteral("Ana"));
+  EXPECT_EQ(table_->Rows().size(), 2u);
+}
+
+TEST_F(DataControl, TheProgramsOwnDeleteIsNoPendingEdit) {
+  int leaving = 0;
+  QObject::connect(data_, &Adodc::leavingRow, [&] { ++leaving; });
+  show();
+  data_->recordSet()->Delete();
+  EXPECT_FALSE(data_->isEditPending());
+  EXPECT_TRUE(data_->moveNext());
+  EXPECT_EQ(name(), QStringLiteral("Bia"));
+  data_->recordSet()->Delete();
+  EXPECT_TRUE(data_->moveLast());
+  EXPECT_EQ(name(), QStringLiteral("Caio"));
+  data_->recordSet()->Delete();
+  EXPECT_TRUE(data_->moveFirst());
+  EXPECT_EQ(position(), QStringLiteral("Sem registros"));
+  EXPECT_EQ(leaving, 0);
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
+
+TEST_F(DataControl, ARefreshWritesWhatWasTyped) {
+  show();
+  second_->setFocus();
+  settleEvents();
+  type(*window_, QStringLiteral("Outra"));
+  EXPECT_TRUE(data_->refresh());
+  EXPECT_EQ(*table_->Rows()[0].Cells[1].TryGet<String>(), u"Outra");
+  EXPECT_EQ(name(), QStringLiteral("Outra"));
+}
+
+TEST_F(DataControl, ARefreshWhoseWriteIsRefusedKeepsTheRowsAndTheEdit) {
+  show();
+  second_->setFocus();
+  settleEvents();
+  type(*window_, QStringLiteral("Outra"));
+  const auto rows = data_->recordSet();
+  table_->RefuseNextWrite(HostError(errors::ProviderError, u"violates check constraint"));
+  EXPECT_FALSE(data_->refresh());
+  EXPECT_EQ(boxes_.takeTexts(), QStringList({"violates check constraint"}));
+  EXPECT_EQ(data_->recordSet(), rows);
+  EXPECT_TRUE(data_->isEditPending());
+  EXPECT_EQ(name(), QStringLiteral("Outra"));
+}
+
+TEST_F(DataControl, ASearchGoesToTheFirstRowThatMatches) {
+  show();
+  data_->moveLast();
+  EXPECT_TRUE(data_->findRow(QStringLiteral("Nome = 'Bia'")));
+  EXPECT_EQ(name(), QStringLiteral("Bia"));
+  EXPECT_FALSE(data_->findRow(QStringLiteral("Nome = 'Zoe'")));
+  EXPECT_EQ(name(), QStringLiteral("Bia"));
+}
+
+TEST_F(DataControl, ASearchThatCannotBeReadStaysOnTheRow) {
+  show();
+  data_->moveNext();
+  for (const char* criteria : {"Nome ~ 'A'", "Nada = 1", "Codigo like '1%'"}) {
+    EXPECT_FALSE(data_->findRow(QLatin1String(criteria)));
+    EXPECT_EQ(boxes_.takeTexts().size(), 1) << criteria;
+    EXPECT_EQ(data_->recordSet()->AbsolutePosition(), 2);
+    EXPECT_EQ(name(), QStringLiteral("Bia"));
+  }
+}
+
+TEST_F(DataControl, AValueThatTheRowRefusesStopsTheMove) {
+  table_->RefuseField(u"Nome", HostError(errors::ProviderError, u"value too long"));
+  show();
+  second_->setFocus();
+  settleEvents();
+  type(*window_, QStringLiteral("Outra"));
+  EXPECT_FALSE(data_->moveNext());
+  EXPECT_EQ(boxes_.takeTexts(), QStringList({"value too long"}));
+  EXPECT_EQ(boxes_.boxes()[0].title, QStringLiteral("Erro ao Atualizar o Campo 'txtSegundo'"));
+  EXPECT_EQ(second_->text(), QStringLiteral("Outra"));
+  EXPECT_EQ(first_->value().toInt(), 1);
+  EXPECT_EQ(focusedField(), second_);
+}
+
+TEST_F(DataControl, AValueThatTheRowRefusesKeepsTheDefaultButtonUp) {
+  int clicks = 0;
+  QObject::connect(button_, &QPushButton::clicked, [&] { ++clicks; });
+  button_->setDefault(true);
+  table_->RefuseField(u"Codigo", HostError(errors::ProviderError, u"out of range"));
+  show();
+  type(*window_, QStringLiteral("7"));
+  press(*window_, Qt::Key_Return);
+  EXPECT_EQ(clicks, 0);
+  EXPECT_EQ(boxes_.takeTexts(), QStringList({"out of range"}));
+}
+
+TEST_F(DataControl, KeysMoveFromAnywhereAndLeaveTheFocusWhereItIs) {
+  show();
+  second_->setFocus();
+  settleEvents();
+  type(*window_, QStringLiteral("Ângela"));
+  press(*window_, Qt::Key_PageDown, Qt::AltModifier);
+  EXPECT_EQ(name(), QStringLiteral("Bia"));
+  EXPECT_EQ(*table_->Rows()[0].Cells[1].TryGet<String>(), u"Ângela");
+  EXPECT_EQ(focusedField(), second_);
+  press(*window_, Qt::Key_End, Qt::AltModifier);
+  EXPECT_EQ(name(), QStringLiteral("Caio"));
+  press(*window_, Qt::Key_PageUp, Qt::AltModifier);
+  EXPECT_EQ(name(), QStringLiteral("Bia"));
+  press(*window_, Qt::Key_Home, Qt::AltModifier);
+  EXPECT_EQ(name(), QStringLiteral("Ângela"));
+  EXPECT_TRUE(navigation("Próximo").toolTip().contains(QLatin1Char('(')));
+}
+
+TEST_F(DataControl, OfTwoDataControlsTheKeysMoveTheOneOfTheFocusedField) {
+  auto* other = new Adodc;
+  other->setObjectName(QStringLiteral("dcOutro"));
+  window_->layout()->addWidget(other);
+  other->setConnection(connection_);
+  other->setRecordSource(QStringLiteral("Cliente"));
+  first_->setDataSource(QStringLiteral("dcOutro"));
+  show();
+  for (int presses = 0; presses < 2; ++presses) press(*window_, Qt::Key_PageDown, Qt::AltModifier);
+  EXPECT_EQ(first_->value().toInt(), 3);
+  EXPECT_EQ(name(), QStringLiteral("Ana"));
+}
+
+TEST_F(DataControl, WithoutRowsThereIsNothingToPress) {
+  table_->Remove(0), table_->Remove(0), table_->Remove(0);
+  EXPECT_FALSE(navigation("Próximo").isEnabled());
+  show();
+  for (const char* button : {"Primeiro", "Anterior", "Próximo", "Último"})
+    EXPECT_FALSE(navigation(button).isEnabled()) << button;
+  press(*window_, Qt::Key_PageDown, Qt::AltModifier);
+  EXPECT_EQ(moves_, 0);
+  EXPECT_TRUE(data_->addRow());
+  EXPECT_TRUE(navigation("Próximo").isEnabled());
+  EXPECT_TRUE(data_->cancelRow());
+  EXPECT_FALSE(navigation("Próximo").isEnabled());
+}
+
+using AdodcSignal = void (*)(Adodc*, std::function<void()>);
+
+TEST_F(DataControl, AHandlerMayDestroyTheFormOrTheDataControlAlone) {
+  const std::pair<const char*, AdodcSignal> signals_[] = {
+      {"moved", [](Adodc* data,
+                   auto end) { QObject::connect(data, &Adodc::moved, qApp, [end] { end(); }); }},
+      {"leavingRow", [](Adodc* data, auto end) {
+         QObject::connect(data, &Adodc::leavingRow, qApp, [end] { end(); });
+       }}};
+  for (const bool wholeForm : {false, true}) {
+    for (const auto& [name, connectTo] : signals_) {
+      SCOPED_TRACE(name);
+      QPointer<QWidget> form(new QWidget);
+      auto* layout = new QVBoxLayout(form);
+      QPointer<Adodc> data(new Adodc);
+      data->setObjectName(QStringLiteral("dcCliente"));
+      data->setConnection(connection_);
+      data->setRecordSource(QStringLiteral("Cliente"));
+      auto* field = new TsText;
+      field->setUsaChecaRelacao(false);
+      layout->addWidget(data);
+      layout->addWidget(field);
+      bind(*field, QStringLiteral("Nome"));
+      showActive(*form);
+      field->setFocus();
+      settleEvents();
+      field->setValue(field->text() + QLatin1Char('x'));
+      connectTo(data, [&] { wholeForm ? delete form : delete data; });
+      press(*form, Qt::Key_PageDown, Qt::AltModifier);
+      if (data) click(*data->findChild<QToolButton*>());
+      EXPECT_FALSE(data);
+      EXPECT_EQ(form.isNull(), wholeForm);
+      delete form;
+    }
+  }
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
 TEST_F(DataControl, ANewRowDroppedOnAnEmptyTableHasNoRow) {

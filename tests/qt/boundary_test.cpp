@@ -159,6 +159,64 @@ INSTANTIATE_TEST_SUITE_P(
                             QObject::connect(f, &TsText::browseReturn, qApp, [end] { end(); });
                           }}));
 
+TEST_F(Boundary, AControlMayBeDestroyedByItsFirstShow) {
+  QPointer<TsText> field(first_);
+  QObject::connect(first_, &TsText::shown, qApp, [&] { delete field; });
+  showActive(*window_);
+  EXPECT_FALSE(field);
+  EXPECT_TRUE(window_->isVisible());
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
+
+TEST_F(Boundary, AFormMayBeClosedByAFirstShow) {
+  QObject::connect(first_, &TsText::shown, qApp, [&] { window_->close(); });
+  window_->show();
+  settleEvents();
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
+
+TEST_F(Boundary, TheFormMayBeDestroyedByTheListenerOfAnError) {
+  QPointer<QWidget> window(window_.release());
+  QObject::connect(first_, &TsText::keyPress, qApp,
+                   [] { throw HostError(errors::InvalidArgument); });
+  QObject::connect(first_, &TsText::unhandledError, qApp, [&] { delete window; });
+  showActive(*window);
+  first_->setFocus();
+  settleEvents();
+  type(*window, QStringLiteral("a"));
+  EXPECT_FALSE(window);
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+}
+
+TEST_F(Boundary, TheFormMayBeDestroyedByItsButton) {
+  using Press = void (*)(QWidget&, QPushButton&);
+  const Press presses[] = {[](QWidget&, QPushButton& button) { click(button); },
+                           [](QWidget& window, QPushButton&) { press(window, Qt::Key_Return); },
+                           [](QWidget& window, QPushButton&) {
+                             press(window, Qt::Key_G, Qt::AltModifier);
+                             QTest::qWait(200);
+                           }};
+  for (const Press how : presses) {
+    QPointer<QWidget> window(new QWidget);
+    auto* layout = new QVBoxLayout(window);
+    auto* field = new TsText;
+    auto* button = new QPushButton(QStringLiteral("&Gravar"));
+    field->setUsaChecaRelacao(false);
+    layout->addWidget(field);
+    layout->addWidget(button);
+    button->setDefault(true);
+    QObject::connect(button, &QPushButton::clicked, qApp, [&] { delete window; });
+    showActive(*window);
+    field->setFocus();
+    settleEvents();
+    how(*window, *button);
+    EXPECT_FALSE(window);
+    delete window;
+  }
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
+
 TEST_F(Boundary, AFormClosedUnderABoxClosesTheBox) {
   first_->setMascara(QStringLiteral("dd/mm/yyyy"));
   show();

@@ -1,4 +1,6 @@
 // Leaving and entering whole fields: Tab, mouse, mnemonics, default button, boxes, tabs.
+#include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QTabWidget>
@@ -9,6 +11,8 @@
 
 #include "control/tstext.h"
 #include "hosts/qt/focus_cycle.h"
+#include "tessaria/host/application.h"
+#include "tessaria/thread_state.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {
@@ -302,6 +306,127 @@ TEST_F(Focus, AToolBarHearsOfARefusal) {
   EXPECT_FALSE(settle(window_.get()));
   EXPECT_EQ(boxes_.takeTexts().size(), 1);
   EXPECT_EQ(focusedField(), first_);
+}
+
+TEST_F(Focus, ARefusalIsForgottenOnceTheFieldIsBlank) {
+  first_->setMascara(QStringLiteral("#####"));
+  first_->setPodeSerBranco(false);
+  show();
+  // The check of a required blank leaves the status as the last one left it.
+  first_->setLastValidaStatus(false);
+  EXPECT_TRUE(settle(window_.get()));
+  EXPECT_FALSE(first_->lastValidaStatus());
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
+
+TEST_F(Focus, AFieldWithTheFocusOnItsOwnButtonIsSettledToo) {
+  first_->setTipoControle(TsText::Calendario);
+  show();
+  type(*window_, QStringLiteral("abc"));
+  first_->findChild<QToolButton*>(QStringLiteral("btnBrowse"))->setFocus(Qt::MouseFocusReason);
+  settleEvents();
+  EXPECT_TRUE(settle(window_.get()));
+  EXPECT_EQ(first_->value().toString(), QStringLiteral("abc"));
+}
+
+TEST_F(Focus, WhatTheProgramSaysOfASettledFieldIsNoRefusal) {
+  QObject::connect(first_, &TsText::browseReturn, [] {
+    State().application->ShowMessageBox(0, u"Cliente em atraso", 0, u"Aviso");
+  });
+  show();
+  type(*window_, QStringLiteral("abc"));
+  EXPECT_TRUE(settle(window_.get()));
+  EXPECT_EQ(boxes_.takeTexts(), QStringList({"Cliente em atraso"}));
+}
+
+TEST_F(Focus, AZeroFillThatFailsIsARefusal) {
+  first_->setMascara(QStringLiteral("00000"));
+  show();
+  type(*window_, QStringLiteral("1"));
+  press(*window_, Qt::Key_Right);
+  type(*window_, QStringLiteral("2"));
+  EXPECT_FALSE(settle(window_.get()));
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+}
+
+TEST_F(Focus, AClickThatEntersAFieldKeepsItsSelection) {
+  show();
+  second_->setText(QStringLiteral("velho"));
+  click(*editOf(*second_));
+  EXPECT_EQ(focusedField(), second_);
+  EXPECT_EQ(second_->selLength(), 5);
+  type(*window_, QStringLiteral("n"));
+  EXPECT_EQ(second_->text(), QStringLiteral("n"));
+}
+
+TEST_F(Focus, AClickInsideAFieldPlacesTheCaret) {
+  show();
+  second_->setText(QStringLiteral("velho"));
+  click(*editOf(*second_));
+  QTest::qWait(QApplication::doubleClickInterval() + 50);
+  click(*editOf(*second_));
+  EXPECT_EQ(second_->selLength(), 0);
+}
+
+TEST_F(Focus, APressThatEntersAFieldAndDragsSelectsWhatItCovers) {
+  show();
+  second_->setText(QStringLiteral("muito velho"));
+  QLineEdit& edit = *editOf(*second_);
+  const int middle = edit.height() / 2;
+  const int width = edit.fontMetrics().horizontalAdvance(QStringLiteral("muito"));
+  QTest::mousePress(&edit, Qt::LeftButton, {}, QPoint(1, middle));
+  QMouseEvent move(QEvent::MouseMove, QPointF(width + 2, middle),
+                   edit.mapToGlobal(QPointF(width + 2, middle)), Qt::NoButton, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(&edit, &move);
+  QTest::mouseRelease(&edit, Qt::LeftButton, {}, QPoint(width + 2, middle));
+  EXPECT_EQ(second_->selStart(), 0);
+  EXPECT_GT(second_->selLength(), 0);
+  EXPECT_LT(second_->selLength(), 11);
+}
+
+TEST_F(Focus, ATabPageIsReachedFromWidgetsThatAreNoFields) {
+  QWidget window;
+  auto* layout = new QVBoxLayout(&window);
+  auto* tabs = new QTabWidget;
+  layout->addWidget(tabs);
+  const auto page = [&](QWidget* first, QWidget* last) {
+    auto* inner = new QWidget;
+    auto* rows = new QVBoxLayout(inner);
+    rows->addWidget(first);
+    rows->addWidget(last);
+    tabs->addTab(inner, QString::number(tabs->count()));
+  };
+  auto* check = new QCheckBox;
+  auto* button = new QPushButton;
+  auto* field = new TsText;
+  page(new TsText, check);
+  page(button, field);
+  showActive(window);
+  check->setFocus();
+  settleEvents();
+  press(window, Qt::Key_Tab);
+  settleEvents();
+  EXPECT_EQ(tabs->currentIndex(), 1);
+  EXPECT_EQ(window.focusWidget(), button);
+  press(window, Qt::Key_Backtab, Qt::ShiftModifier);
+  settleEvents();
+  EXPECT_EQ(tabs->currentIndex(), 0);
+  EXPECT_EQ(window.focusWidget(), check);
+}
+
+TEST_F(Focus, AnEnterHeldSinceADialogPressesNoButton) {
+  button_->setDefault(true);
+  show();
+  const auto send = [&](bool repeated) {
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"),
+                    repeated);
+    QCoreApplication::sendEvent(&box(), &event);
+  };
+  send(true);
+  send(true);
+  EXPECT_EQ(clicks_, 0);
+  send(false);
+  EXPECT_EQ(clicks_, 1);
 }
 
 TEST_F(Focus, TheCaptionIsBlueWhileItsBoxHasTheFocus) {

@@ -175,6 +175,42 @@ TEST_F(Looks, TheEditIsNamedByItsCaption) {
   EXPECT_EQ(label_->buddy(), first_);
 }
 
+TEST_F(Looks, TheEditFollowsItsCaption) {
+  label_->setBuddy(first_);
+  show();
+  QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&box());
+  EXPECT_EQ(face->text(QAccessible::Name), QStringLiteral("Primeiro"));
+  label_->setText(QStringLiteral("&Código && nome"));
+  settleEvents();
+  EXPECT_EQ(face->text(QAccessible::Name), QStringLiteral("Código & nome"));
+}
+
+TEST_F(Looks, AFieldsOwnAccessibleNameComesFirst) {
+  label_->setBuddy(first_);
+  first_->setAccessibleName(QStringLiteral("Chave"));
+  show();
+  QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&box());
+  EXPECT_EQ(face->text(QAccessible::Name), QStringLiteral("Chave"));
+  leave();
+  first_->setAccessibleName(QStringLiteral("Outra chave"));
+  first_->setFocus();
+  EXPECT_EQ(face->text(QAccessible::Name), QStringLiteral("Outra chave"));
+}
+
+TEST_F(Looks, TheSurfaceHasTheColourOfItsBox) {
+  show();
+  const auto surface = [&] { return first_->palette().color(QPalette::Window); };
+  EXPECT_TRUE(first_->autoFillBackground());
+  EXPECT_EQ(surface(), QColor(Qt::white));
+  first_->setBackColor(QColor(10, 200, 30));
+  EXPECT_EQ(surface(), QColor(10, 200, 30));
+  first_->setEnabled(false);
+  EXPECT_EQ(surface(), QApplication::palette().color(QPalette::Button));
+  QApplication::setPalette(darkTheme());
+  settleEvents();
+  EXPECT_EQ(surface(), darkTheme().color(QPalette::Button));
+}
+
 TEST_F(Looks, ADisabledFieldIsGrayAndComesBack) {
   show();
   first_->setEnabled(false);

@@ -75,6 +75,68 @@ INSTANTIATE_TEST_SUITE_P(
 
 class Pasting : public FieldFixture {};
 
+struct Refused {
+  const char* name;
+  const char* mask;
+  const char* text;
+  int maxLength;
+};
+
+void PrintTo(const Refused& row, std::ostream* out) { *out << row.name; }
+
+class NumberThatDoesNotFit : public FieldFixture, public testing::WithParamInterface<Refused> {};
+
+TEST_P(NumberThatDoesNotFit, LeavesTheTextAndBeeps) {
+  first_->setMascara(QLatin1String(GetParam().mask));
+  first_->setMaxLength(GetParam().maxLength);
+  show();
+  type(*window_, QStringLiteral("7"));
+  for (const bool replacing : {true, false}) {
+    box().setSelection(0, replacing ? 1 : 0);
+    const int beeps = boxes_.beeps();
+    pasteByMenu(box(), QString::fromUtf8(GetParam().text));
+    EXPECT_EQ(first_->text(), QStringLiteral("7"));
+    EXPECT_EQ(first_->selLength(), replacing ? 1 : 0);
+    EXPECT_GT(boxes_.beeps(), beeps);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Pasting, NumberThatDoesNotFit,
+    testing::Values(Refused{"too many digits", "$$$$$$$.$$", "1.234.567.890,00", 12},
+                    Refused{"a sign where none is allowed", "$$$$$.$$", "-12,50", 9},
+                    Refused{"two commas", "$$$$$$$.$$", "12,50,3", 12}));
+
+TEST_F(Pasting, ADropEntersAFieldThatWasElsewhere) {
+  for (const char* mask : {"", "0000"}) {
+    second_->setMascara(QLatin1String(mask));
+    second_->setText(QString());
+    bool changed = false;
+    const auto link =
+        QObject::connect(second_, &TsText::browseReturn, [&](bool& differs) { changed = differs; });
+    show();
+    drop(*editOf(*second_), QStringLiteral("1234"), 0);
+    EXPECT_EQ(focusedField(), second_);
+    EXPECT_EQ(second_->text(), QStringLiteral("1234"));
+    first_->setFocus();
+    settleEvents();
+    EXPECT_TRUE(changed) << mask;
+    EXPECT_EQ(second_->value().toString(), QStringLiteral("1234"));
+    QObject::disconnect(link);
+    second_->setValue(QStringLiteral("1"));
+  }
+}
+
+TEST_F(Pasting, ADropIsRefusedWhileAnotherFieldKeepsTheFocus) {
+  first_->setMascara(QStringLiteral("dd/mm/yyyy"));
+  show();
+  type(*window_, QStringLiteral("31022017"));
+  drop(*editOf(*second_), QStringLiteral("1234"), 0);
+  EXPECT_EQ(focusedField(), first_);
+  EXPECT_EQ(second_->text(), QString());
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+}
+
 TEST_F(Pasting, ReplacesTheSelectedSlots) {
   first_->setMascara(QStringLiteral("000.000.000-00"));
   show();

@@ -190,6 +190,21 @@ TEST_F(LateBinding, ReachesAControlsOwnPropertiesFirst) {
   EXPECT_EQ(errorOf([&] { field->Get(u"LastValue"); }), errors::PropertyIsWriteOnly);
 }
 
+TEST_F(LateBinding, ADisabledFieldIsNoTabStop) {
+  const auto field = widget(*first_);
+  show();
+  EXPECT_TRUE(get(field, u"TabStop").toBool());
+  first_->setEnabled(false);
+  EXPECT_FALSE(get(field, u"TabStop").toBool());
+  first_->setEnabled(true);
+  field->Let(u"TabStop", false);
+  EXPECT_FALSE(get(field, u"TabStop").toBool());
+  second_->setFocus();
+  press(*window_, Qt::Key_Backtab, Qt::ShiftModifier);
+  settleEvents();
+  EXPECT_NE(focusedField(), first_);
+}
+
 TEST_F(LateBinding, NamesItsErrors) {
   const auto button = widget(*button_);
   EXPECT_EQ(errorOf([&] { button->Get(u"Nada"); }), errors::NoSuchMember);

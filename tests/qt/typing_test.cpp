@@ -1,4 +1,7 @@
 // Keys into masked and unmasked fields, as the operator's keyboard sends them.
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
 #include <QTest>
 
 #include "tests/qt/field_fixture.h"
@@ -77,6 +80,15 @@ TEST_F(Typing, ADeadKeyWithItsLetterIsOneKeyPressAndOneKeyUpOfCode0) {
   commit(*window_, QStringLiteral("á"));
   EXPECT_EQ(first_->text(), QStringLiteral("á"));
   EXPECT_THAT(presses, testing::ElementsAre(225));
+  EXPECT_THAT(ups, testing::ElementsAre(0));
+}
+
+TEST_F(Typing, ATextFromAnAssistiveTechnologyIsFollowedByOneKeyUpOfCode0) {
+  std::vector<int> ups;
+  QObject::connect(first_, &TsText::keyUp, [&](qint16& code) { ups.push_back(code); });
+  show();
+  QAccessible::queryAccessibleInterface(&box())->setText(QAccessible::Value, QStringLiteral("abc"));
+  EXPECT_EQ(first_->text(), QStringLiteral("abc"));
   EXPECT_THAT(ups, testing::ElementsAre(0));
 }
 
@@ -193,6 +205,45 @@ TEST_F(Typing, ClipboardKeysAreRefusedInAMaskedField) {
   press(*window_, Qt::Key_Delete, Qt::ControlModifier);
   EXPECT_EQ(first_->text().size(), 4);
   EXPECT_FALSE(first_->text().contains(QLatin1Char('5')));
+}
+
+// Its character is 1, which no slot takes: Home and Shift+End select all there.
+TEST_F(Typing, ControlASelectsNothingInAMaskedField) {
+  first_->setMascara(QStringLiteral("0000"));
+  show();
+  type(*window_, QStringLiteral("1234"));
+  press(*window_, Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(first_->selLength(), 0);
+  press(*window_, Qt::Key_Home);
+  press(*window_, Qt::Key_End, Qt::ShiftModifier);
+  EXPECT_EQ(first_->selStart(), 0);
+  EXPECT_EQ(first_->selLength(), 4);
+}
+
+// Only the letters type a character that the filter can refuse.
+TEST_F(Typing, ControlInsertCopiesFromAMaskedFieldAndControlCDoesNot) {
+  first_->setMascara(QStringLiteral("0000"));
+  show();
+  type(*window_, QStringLiteral("1234"));
+  box().selectAll();
+  QApplication::clipboard()->setText(QStringLiteral("antes"));
+  press(*window_, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("antes"));
+  press(*window_, Qt::Key_Insert, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("1234"));
+  EXPECT_EQ(first_->text(), QStringLiteral("1234"));
+}
+
+TEST_F(Typing, UndoTakesBackAPasteAndADrop) {
+  show();
+  type(*window_, QStringLiteral("abc"));
+  pasteByMenu(box(), QStringLiteral("XY"));
+  press(*window_, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(first_->text(), QStringLiteral("abc"));
+  drop(box(), QStringLiteral("12"), 0);
+  EXPECT_EQ(first_->text(), QStringLiteral("12abc"));
+  press(*window_, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(first_->text(), QStringLiteral("abc"));
 }
 
 TEST_F(Typing, UndoAndRedoWorkWithoutAMask) {

@@ -1,0 +1,81 @@
+// Rows whose next step fails, over those of another connection.
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "tessaria/error.h"
+#include "tessaria/host/data.h"
+
+namespace tessaria::qt::tests {
+
+class FaultyRows final : public host::Recordset {
+ public:
+  host::RecordsetPtr real;
+  bool failsMoveNext = false;
+
+  Long State() const override { return real->State(); }
+  bool Bof() const override { return real->Bof(); }
+  bool Eof() const override { return real->Eof(); }
+  host::Fields& Fields() override { return real->Fields(); }
+  Long RecordCount() override { return real->RecordCount(); }
+  Long AbsolutePosition() const override { return real->AbsolutePosition(); }
+  void MoveFirst() override { real->MoveFirst(); }
+  void MoveLast() override { real->MoveLast(); }
+  void MoveNext() override {
+    if (failsMoveNext) throw HostError(errors::ProviderError, u"server closed the connection");
+    real->MoveNext();
+  }
+  void MovePrevious() override { real->MovePrevious(); }
+  void AbsolutePosition(Long row) override { real->AbsolutePosition(row); }
+  void Find(const String& criteria) override { real->Find(criteria); }
+  void Sort(const String& order) override { real->Sort(order); }
+  String Sort() const override { return real->Sort(); }
+  host::EditMode EditMode() const override { return real->EditMode(); }
+  void AddNew() override { real->AddNew(); }
+  void Update() override { real->Update(); }
+  void CancelUpdate() override { real->CancelUpdate(); }
+  void Delete() override { real->Delete(); }
+  void Requery() override { real->Requery(); }
+  void Close() override { real->Close(); }
+  Long RowsRead() const override { return real->RowsRead(); }
+  bool Complete() const override { return real->Complete(); }
+  bool FetchMore(Long rows) override { return real->FetchMore(rows); }
+  Variant ValueAt(Long row, Long ordinal) const override { return real->ValueAt(row, ordinal); }
+  String Source() const override { return real->Source(); }
+};
+
+/// Opens the given rows in place of the other connection's own.
+class FaultyConnection final : public host::Connection {
+ public:
+  FaultyConnection(host::ConnectionPtr real, std::shared_ptr<FaultyRows> rows)
+      : real_(std::move(real)), rows_(std::move(rows)) {}
+
+  Long State() const override { return real_->State(); }
+  String ConnectionString() const override { return real_->ConnectionString(); }
+  void ConnectionString(const String& text) override { real_->ConnectionString(text); }
+  void Open() override { real_->Open(); }
+  void Close() override { real_->Close(); }
+  Long ConnectionTimeout() const override { return real_->ConnectionTimeout(); }
+  void ConnectionTimeout(Long seconds) override { real_->ConnectionTimeout(seconds); }
+  Variant Properties(const String& name) const override { return real_->Properties(name); }
+  host::RecordsetPtr Execute(const String& statement) override { return real_->Execute(statement); }
+  host::RecordsetPtr OpenRecordset(const String& source, host::CursorType cursor,
+                                   host::LockType lock, Long options) override {
+    rows_->real = real_->OpenRecordset(source, cursor, lock, options);
+    return rows_;
+  }
+  host::RecordsetPtr OpenSchema(host::SchemaKind kind,
+                                const host::SchemaRestrictions& restrictions) override {
+    return real_->OpenSchema(kind, restrictions);
+  }
+  void BeginTrans() override { real_->BeginTrans(); }
+  void CommitTrans() override { real_->CommitTrans(); }
+  void RollbackTrans() override { real_->RollbackTrans(); }
+
+ private:
+  host::ConnectionPtr real_;
+  std::shared_ptr<FaultyRows> rows_;
+};
+
+}  // namespace tessaria::qt::tests
