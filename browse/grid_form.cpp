@@ -8,6 +8,7 @@
 #include "lookup/dialect.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
+#include "services/busy_pointer.h"
 #include "services/message_box.h"
 #include "services/trap.h"
 #include "tessaria/host/application.h"
@@ -133,6 +134,7 @@ void frmBrowse::ConectGrid(const String& strInstrucao, bool& blnOk) {
                                    mdlMsgBox::flag::Stop);
           return;
         }
+        const BusyPointer busy;
         dcBrowse = connection->Execute(strInstrucao);
         grid_.DataSource(dcBrowse);
       },
@@ -199,6 +201,7 @@ void frmBrowse::ReloadAll() {
   if (!strWhere.empty()) statement += u" Where " + strWhere;
   if (!strGroupBy.empty()) statement += u" " + strGroupBy;
   statement += u" Order By " + (strOrderBy.empty() ? String(u"1") : strOrderBy);
+  const BusyPointer busy;
   dcBrowse = ConexaoAtual()->Execute(statement);
   grid_.DataSource(dcBrowse);
 }
@@ -227,6 +230,7 @@ void frmBrowse::FormKeyDown(Integer KeyCode, Integer Shift) {
 void frmBrowse::GridKeyDown(Integer KeyCode, Integer Shift) {
   if (Shift == kShiftControl) {
     if ((KeyCode != kKeyPageUp && KeyCode != kKeyPageDown) || !HasRows()) return;
+    const BusyPointer busy;
     if (KeyCode == kKeyPageUp)
       dcBrowse->MoveFirst();
     else
@@ -255,6 +259,7 @@ void frmBrowse::JumpTo(char16_t character) {
   if (!HasRows()) return;
   const auto field = dcBrowse->Fields().Item(0);
   if (!IsTextType(field->Type())) return;
+  const BusyPointer busy;
   const Long before = dcBrowse->AbsolutePosition();
   const auto stay = [&] { dcBrowse->AbsolutePosition(before); };
   try {
@@ -271,6 +276,7 @@ void frmBrowse::JumpTo(char16_t character) {
 
 /// Always ascending: a second click does nothing new.
 void frmBrowse::SortBy(Long column) {
+  const BusyPointer busy;
   dcBrowse->Sort(grid_.Column(column).DataField());
   grid_.ShowCurrentRow();
 }

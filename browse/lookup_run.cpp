@@ -8,6 +8,7 @@
 #include "mask/form_helpers.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
+#include "services/busy_pointer.h"
 #include "services/dialog_placement.h"
 #include "services/message_box.h"
 #include "services/trap.h"
@@ -90,6 +91,7 @@ host::Recordset& Linhas(const frmBrowse& form) {
 void Posiciona(host::Recordset& linhas, Variant& valor) {
   if (EhVazio(valor)) valor = linhas.Fields().Item(0)->Value();
   const String nome = linhas.Fields().Item(0)->Name();
+  const BusyPointer busy;
   if (const String* texto = valor.TryGet<String>()) {
     if (!texto->empty()) linhas.Find(nome + u" like '" + DobraAspas(*texto) + u"%'");
   } else {

@@ -3,6 +3,7 @@
 #include "browse/refused_statement.h"
 #include "browse/search_prompt.h"
 #include "lookup/dialect.h"
+#include "services/busy_pointer.h"
 #include "services/message_box.h"
 #include "services/trap.h"
 #include "tessaria/host/application.h"
@@ -50,6 +51,7 @@ void ExecutaPesquisa(const std::vector<EntradaPesquisa>& entradas, String& strCa
 
   Catch(
       [&] {
+        const BusyPointer busy;
         grdBrowse.DataSource(nullptr);
         auto linhas = ConexaoAtual()->Execute(instrucao);
         linhas->Bof();  // rows that cannot be read are refused here and not in the grid

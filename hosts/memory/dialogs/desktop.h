@@ -21,6 +21,7 @@ class Desktop final : public host::Desktop {
   Long ScreenHeight() const override { return screenHeight_; }
   Date Today() const override { return today_; }
   host::DialogPtr MakeDialog(const host::DialogDescription& description) override;
+  void Busy(bool busy) override { busy_ += busy ? 1 : -1; }
   void ClipboardText(const String& text) override { clipboard_ = text; }
   String Dir(const String& pattern) const override { return world_->Files->Dir(pattern); }
   bool DriveReady(const String& drive) const override { return world_->Files->DriveReady(drive); }
@@ -32,6 +33,8 @@ class Desktop final : public host::Desktop {
   /// The size of the windows to be made.
   void DialogSize(Long width, Long height);
   FileSystem& Files() { return *world_->Files; }
+  /// The pointer asks to wait.
+  bool IsBusy() const { return busy_ > 0; }
   /// Nothing until something was put there.
   const std::optional<String>& Clipboard() const { return clipboard_; }
 
@@ -52,6 +55,7 @@ class Desktop final : public host::Desktop {
   Long screenWidth_ = 15360;
   Long screenHeight_ = 11520;
   Date today_;
+  int busy_ = 0;
   std::optional<String> clipboard_;
 };
 

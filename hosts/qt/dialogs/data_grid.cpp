@@ -1,6 +1,5 @@
 #include "hosts/qt/dialogs/data_grid.h"
 
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -10,20 +9,12 @@
 #include "hosts/qt/text.h"
 #include "runtime/compare.h"
 #include "runtime/text.h"
+#include "services/busy_pointer.h"
 
 namespace tessaria::qt {
 namespace {
 
 constexpr int kRowPadding = 6;  // pixels, above and below together
-
-/// The busy pointer while rows are sorted, or read to their end.
-class Busy {
- public:
-  Busy() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-  Busy(const Busy&) = delete;
-  Busy& operator=(const Busy&) = delete;
-  ~Busy() { QGuiApplication::restoreOverrideCursor(); }
-};
 
 }  // namespace
 
@@ -145,7 +136,11 @@ DataGridItem::DataGridItem(GridPane& pane, const DialogGate& gate)
   // Queued: a box may not open in the middle of painting or scrolling.
   QObject::connect(
       &pane.model(), &RecordModel::readingFailed, &pane,
-      [this](const std::exception_ptr& failure) { tellFailure(failure); }, Qt::QueuedConnection);
+      [this](const std::exception_ptr& failure) {
+        this->gate().enter([&] { std::rethrow_exception(failure); });
+      },
+      Qt::QueuedConnection);
+  gate.afterFailure([this] { repair(); });
 }
 
 DataGridItem::~DataGridItem() = default;
@@ -205,29 +200,29 @@ void DataGridItem::rowChosen(int row) {
 }
 
 void DataGridItem::headClicked(int column) {
-  gate().enter([&] {
-    const Busy busy;
-    Long position = column;
-    callSlot(OnHeadClick, position);
-  });
+  Long position = column;
+  gate().raise(OnHeadClick, position);
 }
 
 void DataGridItem::goToEnd(bool last) {
   const auto rows = DataSource();
   if (pane_.model().rowCount() == 0) return;
   gate().enter([&] {
-    const Busy busy;
+    const BusyPointer busy;
     last ? rows->MoveLast() : rows->MoveFirst();
     ShowCurrentRow();
   });
 }
 
-/// The box goes away, the warning stays: the list is not to be taken for all there is.
-void DataGridItem::tellFailure(const std::exception_ptr& failure) {
+/// After an event that failed. The record set may stand on another row than the one shown; and the
+/// box has gone away, but a list that is not all there is must go on saying so.
+void DataGridItem::repair() {
+  pane_.model().noteFailure();
+  ShowCurrentRow();
+  if (!pane_.model().hasFailed()) return;
   pane_.showWarning(
       QStringLiteral("Lista incompleta: a leitura parou depois de %1 registros.")
           .arg(QLocale(QLocale::Portuguese, QLocale::Brazil).toString(pane_.model().rowCount())));
-  gate().enter([&] { std::rethrow_exception(failure); });
 }
 
 }  // namespace tessaria::qt

@@ -63,7 +63,7 @@ class DataGridItem final : public DialogItemOf<host::DataGrid> {
   void rowChosen(int row);
   void headClicked(int column);
   void goToEnd(bool last);
-  void tellFailure(const std::exception_ptr& failure);
+  void repair();
   void showOrder();
 
   GridPane& pane_;

@@ -43,6 +43,11 @@ host::DialogPtr Desktop::MakeDialog(const host::DialogDescription& description) 
   return Dialog::make(description);
 }
 
+void Desktop::Busy(bool busy) {
+  busy ? QGuiApplication::setOverrideCursor(Qt::WaitCursor)
+       : QGuiApplication::restoreOverrideCursor();
+}
+
 void Desktop::ClipboardText(const String& text) {
   QGuiApplication::clipboard()->setText(toQt(text));
 }

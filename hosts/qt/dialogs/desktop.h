@@ -13,6 +13,7 @@ class Desktop final : public host::Desktop {
   Long ScreenHeight() const override;
   Date Today() const override;
   host::DialogPtr MakeDialog(const host::DialogDescription& description) override;
+  void Busy(bool busy) override;
   void ClipboardText(const String& text) override;
   String Dir(const String& pattern) const override;
   /// Error 68 for what is no entry of the list of drives.

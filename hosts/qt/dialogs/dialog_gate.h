@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 #include "hosts/qt/event_boundary.h"
 
@@ -22,19 +23,23 @@ class DialogGate {
   bool isOpen() const { return open_; }
   void close() { open_ = false; }
 
-  /// Runs an event at the boundary.
+  /// Runs an event at the boundary, and what `afterFailure` was told when the event fails.
   template <class Body>
   void enter(Body&& body) const {
-    if (open_) guarded(window_, std::forward<Body>(body));
+    if (!open_ || guarded(window_, std::forward<Body>(body))) return;
+    if (open_ && afterFailure_) guarded(window_, afterFailure_);
   }
   template <class Slot, class... Arguments>
   void raise(const Slot& slot, Arguments&... arguments) const {
     enter([&] { callSlot(slot, arguments...); });
   }
+  /// For the one widget whose contents an event may leave half done.
+  void afterFailure(std::function<void()> repair) const { afterFailure_ = std::move(repair); }
 
  private:
   QWidget* window_;
   bool open_ = true;
+  mutable std::function<void()> afterFailure_;
 };
 
 }  // namespace tessaria::qt

@@ -120,19 +120,28 @@ bool RecordModel::canFetchMore(const QModelIndex& parent) const {
   return !parent.isValid() && !failed_ && isOpen() && !rows_->Complete();
 }
 
-/// Qt asks in the middle of its own work: a failure is only kept here, for its listener.
-void RecordModel::fetchMore(const QModelIndex& parent) {
-  if (!canFetchMore(parent)) return;
+/// The failure, if there was one.
+std::exception_ptr RecordModel::readOn(int rows) {
   std::exception_ptr failure;
   try {
-    rows_->FetchMore(std::max(kLeastRows, shown_ / 2));
+    rows_->FetchMore(rows);
   } catch (...) {
     failure = std::current_exception();
   }
+  failed_ = failure != nullptr;
   refresh();
-  if (!failure) return;
-  failed_ = true;
-  emit readingFailed(failure);
+  return failure;
+}
+
+/// Qt asks in the middle of its own work: a failure is only kept here, for its listener.
+void RecordModel::fetchMore(const QModelIndex& parent) {
+  if (!canFetchMore(parent)) return;
+  if (const auto failure = readOn(std::max(kLeastRows, shown_ / 2))) emit readingFailed(failure);
+}
+
+/// A record set whose reading has failed says so at once.
+void RecordModel::noteFailure() {
+  if (canFetchMore({})) readOn(1);
 }
 
 }  // namespace tessaria::qt

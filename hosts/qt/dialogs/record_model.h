@@ -22,6 +22,10 @@ class RecordModel final : public QAbstractTableModel {
   void setRows(host::RecordsetPtr rows);
   /// Takes over what was read, or put in another order, since.
   void refresh();
+  /// Takes note of a reading that failed without this model.
+  void noteFailure();
+  /// The rows are not all there are, and no more will come.
+  bool hasFailed() const { return failed_; }
 
   QString caption(int column) const { return columns_[std::size_t(column)].caption; }
   void setCaption(int column, const QString& caption);
@@ -48,6 +52,7 @@ class RecordModel final : public QAbstractTableModel {
     Long size;
   };
   bool isOpen() const;
+  std::exception_ptr readOn(int rows);
   QString text(const QModelIndex& index) const;
   QVariant alignment(int column) const;
 

@@ -279,6 +279,8 @@ class Desktop {
   virtual Date Today() const = 0;
   /// A window made from its description, hidden. The description outlives it.
   virtual DialogPtr MakeDialog(const DialogDescription& description) = 0;
+  /// Shows the pointer that asks to wait, until as many calls have taken it back.
+  virtual void Busy(bool busy) = 0;
   /// Replaces what the clipboard holds.
   virtual void ClipboardText(const String& text) = 0;
   /// The name of the first ordinary file that a path with wildcards matches; "" for none.
