@@ -1,6 +1,7 @@
 #include "hosts/odbc/column_store.h"
 
 #include <cstring>
+#include <limits>
 
 namespace tessaria::odbc {
 namespace {
@@ -80,6 +81,24 @@ void AppendUtf8(std::vector<char>& bytes, std::u16string_view text) {
 
 }  // namespace
 
+void ColumnStore::Ends::Add(std::size_t end) {
+  if (wide_.empty() && end <= std::numeric_limits<std::uint16_t>::max()) {
+    return short_.push_back(static_cast<std::uint16_t>(end));
+  }
+  if (wide_.empty()) wide_.assign(short_.begin(), short_.end());
+  short_ = {};
+  wide_.push_back(static_cast<std::uint32_t>(end));
+}
+
+void ColumnStore::Ends::GiveBack() {
+  short_.shrink_to_fit();
+  wide_.shrink_to_fit();
+}
+
+std::size_t ColumnStore::Ends::Bytes() const {
+  return short_.capacity() * sizeof(std::uint16_t) + wide_.capacity() * sizeof(std::uint32_t);
+}
+
 ColumnStore::ColumnStore(const Columns& columns) {
   for (const Column& column : columns) data_.push_back({WidthOf(column.storage), {}});
 }
@@ -89,7 +108,7 @@ ColumnStore::Chunk& ColumnStore::Room(Data& data) {
   if (!data.chunks.empty() && data.chunks.back().rows == kChunkRows) {
     Chunk& full = data.chunks.back();
     full.bytes.shrink_to_fit();
-    full.ends.shrink_to_fit();
+    full.ends.GiveBack();
   }
   if (data.chunks.empty() || data.chunks.back().rows == kChunkRows) data.chunks.emplace_back();
   return data.chunks.back();
@@ -107,7 +126,7 @@ void ColumnStore::AppendBytes(std::size_t column, const void* value, std::size_t
 void ColumnStore::AppendText(std::size_t column, std::u16string_view text) {
   Chunk& chunk = Room(data_[column]);
   AppendUtf8(chunk.bytes, text);
-  chunk.ends.push_back(static_cast<std::uint32_t>(chunk.bytes.size()));
+  chunk.ends.Add(chunk.bytes.size());
   if (!chunk.nulls.empty()) chunk.nulls.push_back(false);
   ++chunk.rows;
 }
@@ -118,7 +137,7 @@ void ColumnStore::AppendNull(std::size_t column) {
   if (chunk.nulls.empty()) chunk.nulls.resize(chunk.rows, false);
   chunk.nulls.push_back(true);
   if (data.width == 0) {
-    chunk.ends.push_back(static_cast<std::uint32_t>(chunk.bytes.size()));
+    chunk.ends.Add(chunk.bytes.size());
   } else {
     chunk.bytes.resize(chunk.bytes.size() + data.width);
   }
@@ -145,16 +164,15 @@ void ColumnStore::CopyFixed(std::uint32_t row, std::size_t column, void* value,
 std::string_view ColumnStore::Text(std::uint32_t row, std::size_t column) const {
   const Chunk& chunk = ChunkOf(row, column);
   const std::uint32_t index = row % kChunkRows;
-  const std::uint32_t start = index == 0 ? 0 : chunk.ends[index - 1];
-  return {chunk.bytes.data() + start, chunk.ends[index] - start};
+  const std::uint32_t start = index == 0 ? 0 : chunk.ends.At(index - 1);
+  return {chunk.bytes.data() + start, chunk.ends.At(index) - start};
 }
 
 std::size_t ColumnStore::Bytes() const {
   std::size_t bytes = 0;
   for (const Data& data : data_) {
     for (const Chunk& chunk : data.chunks) {
-      bytes += chunk.bytes.capacity() + chunk.ends.capacity() * sizeof(std::uint32_t) +
-               chunk.nulls.capacity() / 8;
+      bytes += chunk.bytes.capacity() + chunk.ends.Bytes() + chunk.nulls.capacity() / 8;
     }
   }
   return bytes;

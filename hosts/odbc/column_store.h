@@ -45,14 +45,29 @@ class ColumnStore {
   std::size_t Bytes() const;
 
  private:
-  static constexpr std::uint32_t kChunkRows = 4096;
+  static constexpr std::uint32_t kChunkRows = 1024;
+
+  // Where the texts of a chunk end, in two bytes each for as long as that holds them.
+  class Ends {
+   public:
+    void Add(std::size_t end);
+    std::uint32_t At(std::uint32_t text) const {
+      return wide_.empty() ? short_[text] : wide_[text];
+    }
+    void GiveBack();
+    std::size_t Bytes() const;
+
+   private:
+    std::vector<std::uint16_t> short_;
+    std::vector<std::uint32_t> wide_;
+  };
 
   // The cells of one column for up to kChunkRows rows. Never grows by doubling as a whole, so
   // that a large store needs no second copy of itself.
   struct Chunk {
-    std::vector<char> bytes;          // fixed cells, or all texts end to end
-    std::vector<std::uint32_t> ends;  // of the texts
-    std::vector<bool> nulls;          // empty while there is none
+    std::vector<char> bytes;  // fixed cells, or all texts end to end
+    Ends ends;                // of the texts
+    std::vector<bool> nulls;  // empty while there is none
     std::uint32_t rows = 0;
   };
   struct Data {

@@ -1,8 +1,8 @@
 #include "hosts/odbc/sort_order.h"
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
-#include <numeric>
 
 #include "hosts/odbc/diagnostics.h"
 #include "hosts/odbc/find_criterion.h"
@@ -12,6 +12,26 @@
 
 namespace tessaria::odbc {
 namespace {
+
+// A number for each double, in the same order.
+std::uint64_t RankOf(double number) {
+  number += 0.0;  // the negative zero is no other number
+  std::uint64_t bits = 0;
+  static_assert(sizeof bits == sizeof number);
+  std::memcpy(&bits, &number, sizeof bits);
+  constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
+  return (bits & kSign) != 0 ? ~bits : bits | kSign;
+}
+
+// The first letters.
+std::uint64_t RankOf(StringView letters) {
+  constexpr std::size_t kLetters = sizeof(std::uint64_t) / sizeof(char16_t);
+  std::uint64_t rank = 0;
+  for (std::size_t i = 0; i < kLetters; ++i) {
+    rank = rank << 16 | (i < letters.size() ? letters[i] : u'\0');
+  }
+  return rank;
+}
 
 // What is compared of one column, computed once for each row. Rows are numbered by their place
 // in the list that is being sorted.
@@ -25,6 +45,14 @@ class KeyColumn {
       nulls_.push_back(table.IsNull(row, key.column));
       isText_ ? TakeText(row) : TakeNumber(row);
     }
+  }
+
+  // Of two rows with different ranks the lower comes first; rows with the same are to be compared.
+  std::uint64_t Rank(std::uint32_t place) const {
+    const std::uint64_t rank = nulls_[place] ? 0
+                               : isText_     ? RankOf(Letters(place))
+                                             : RankOf(numbers_[place]);
+    return key_.descending ? ~rank : rank;
   }
 
   int Compare(std::uint32_t a, std::uint32_t b) const {
@@ -65,6 +93,13 @@ class KeyColumn {
   std::vector<double> numbers_;
   String letters_;
   std::vector<std::size_t> ends_;
+};
+
+// A row in the list that is being sorted. The rank lies beside it, because most comparisons need
+// no more and the rest of the key is far away.
+struct Ranked {
+  std::uint64_t rank;
+  std::uint32_t place;
 };
 
 // At commas outside brackets.
@@ -108,18 +143,22 @@ std::vector<SortKey> ParseSortOrder(const Columns& columns, const String& text) 
 void SortRows(const RowTable& table, const std::vector<SortKey>& keys, std::vector<RowId>& rows) {
   std::vector<std::unique_ptr<KeyColumn>> columns;
   for (const SortKey& key : keys) columns.push_back(std::make_unique<KeyColumn>(table, key, rows));
-  std::vector<std::uint32_t> places(rows.size());
-  std::iota(places.begin(), places.end(), 0U);
-  std::stable_sort(places.begin(), places.end(), [&](std::uint32_t a, std::uint32_t b) {
+  std::vector<Ranked> ranked;
+  ranked.reserve(rows.size());
+  for (std::uint32_t place = 0; place < rows.size(); ++place) {
+    ranked.push_back({columns.empty() ? 0 : columns.front()->Rank(place), place});
+  }
+  std::sort(ranked.begin(), ranked.end(), [&](const Ranked& a, const Ranked& b) {
+    if (a.rank != b.rank) return a.rank < b.rank;
     for (const auto& column : columns) {
-      const int order = column->Compare(a, b);
+      const int order = column->Compare(a.place, b.place);
       if (order != 0) return order < 0;
     }
-    return false;
+    return a.place < b.place;
   });
   std::vector<RowId> sorted;
   sorted.reserve(rows.size());
-  for (const std::uint32_t place : places) sorted.push_back(rows[place]);
+  for (const Ranked& row : ranked) sorted.push_back(rows[row.place]);
   rows = std::move(sorted);
 }
 

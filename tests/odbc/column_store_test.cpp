@@ -41,6 +41,18 @@ TEST(ColumnStore, KeepsEveryCharacter) {
   }
 }
 
+TEST(ColumnStore, KeepsTextsThatTogetherAreLong) {
+  ColumnStore store(TwoColumns());
+  const auto text = [](std::uint32_t row) { return std::string(row % 200, 'a' + row % 26); };
+  constexpr std::uint32_t kRows = 3000;
+  for (std::uint32_t row = 0; row < kRows; ++row) {
+    row % 50 == 7 ? store.AppendNull(1) : store.AppendText(1, FromUtf8(text(row)));
+  }
+  for (std::uint32_t row = 0; row < kRows; ++row) {
+    ASSERT_EQ(store.Text(row, 1), row % 50 == 7 ? "" : text(row));
+  }
+}
+
 TEST(ColumnStore, TakesLittleMoreThanTheData) {
   ColumnStore store(TwoColumns());
   std::size_t data = 0;
