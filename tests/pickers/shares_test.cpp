@@ -173,9 +173,34 @@ TEST_F(SlashPaths, APathIsSplitAndPutTogetherWithTheSystemsSeparator) {
             u"/home/ana/docs/nota.txt");
 }
 
-TEST_F(SlashPaths, APathThatBeginsWithTwoSeparatorsOpensItself) {
+// There are no shares here: two separators in front are as one.
+TEST_F(SlashPaths, APathThatBeginsWithTwoSeparatorsOpensItselfWhateverIsMounted) {
+  desktop->Files().AddDrive(u"//srv/home/mnt");  // an entry that holds the name "home"
   desktop->Files().AddFile(Stored(u"//home/ana/carta.txt"));
-  EXPECT_EQ(Run(Mode::Folders, u"//home/ana", Confirm), u"//home/ana");
+  EXPECT_EQ(Run(Mode::Folders, u"//home/ana",
+                [](memory::Dialog& shown) {
+                  EXPECT_EQ(Folders(shown).Path(), u"//home/ana");
+                  Confirm(shown);
+                }),
+            u"//home/ana");
+}
+
+TEST_F(SlashPaths, AFileRightBelowTheRootOpensTheRoot) {
+  auto& files = desktop->Files();
+  files.AddDrive(u"/");
+  files.AddFile(u"/\\nota.txt");  // as the root's list and a search behind its name find it
+  files.AddFile(u"\\nota.txt");   // as a search with one separator finds it
+  for (const char16_t* path : {u"/nota.txt", u"//nota.txt"}) {
+    EXPECT_EQ(Run(Mode::Files, path,
+                  [](memory::Dialog& shown) {
+                    EXPECT_EQ(Drives(shown).Drive(), u"/");
+                    EXPECT_EQ(Folders(shown).Path(), u"/");
+                    EXPECT_EQ(Files(shown).Path(), u"/");
+                    EXPECT_EQ(Files(shown).FileName(), u"nota.txt");
+                    Confirm(shown);
+                  }),
+              u"//nota.txt");  // the root and a separator, as of any root
+  }
 }
 
 TEST_F(SlashPaths, TheOtherSeparatorDividesNothing) {
