@@ -33,6 +33,8 @@ void tsText::Value(const Variant& argument) {
 
   Catch(
       [&] {
+        // A handler of the typed text's change has assigned anew: what that showed stands.
+        if (!m_.bCampoConectado && !IsSame(m_.Value, w)) return;
         ShowValue(w);
         // At the end of a record set nothing was written: the value stays in memory.
         if (m_.Value.IsNull()) m_.Value = w;

@@ -24,6 +24,7 @@ TEST_F(SiblingTest, AKeyThatIsAssignedAnewWhileTheOldOneIsHandedOnIsLookedUpToo)
                           u"Select Top 1 nome From clientes Where codigo = '8'"));
   EXPECT_THAT((*key)->Value(), IsValue(u"8"));
   EXPECT_THAT((*description)->Value(), IsValue(u"Bruno"));
+  EXPECT_EQ(description->txtEdit().Text(), u"Bruno");
 }
 
 TEST_F(SiblingTest, AKeyThatIsAssignedAnewByItsOwnReturnIsLookedUpToo) {
