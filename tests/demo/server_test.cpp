@@ -43,6 +43,17 @@ TEST(Server, KeepsItsDataAndServesOneProgramAtATime) {
   EXPECT_FALSE(again.isRunning());
 }
 
+TEST(Server, RefusesTheDataOfAnEarlierProgram) {
+  const ServerFolder folder;
+  {
+    Cluster server(folder.path());
+    server.start();
+    readRows(server.connectionString(), "drop table pedidos cascade");
+  }
+  Cluster again(folder.path());
+  EXPECT_THAT(refusalOf(again), HasSubstr("versão anterior"));
+}
+
 TEST(Server, RefusesAFolderThatCannotBeMade) {
   Cluster server("/proc/mesa");
   EXPECT_THAT(refusalOf(server), HasSubstr("não pode ser criada"));
