@@ -236,15 +236,20 @@ double LongestScrollMs(QTableView& view) {
   double longest = 0;
   while (view.model()->rowCount() < kRows) {
     QScrollBar& bar = *view.verticalScrollBar();
-    longest = std::max(longest, TheApplication().MsToPaint([&] { bar.setValue(bar.maximum()); }));
+    longest = std::max(longest, TheApplication().MsToPaint([&] {
+      bar.setValue(bar.maximum());
+      view.viewport()->update();  // the bar may not have grown yet
+    }));
   }
   return longest;
 }
 
 /// From the answer of the prompt to the narrowed list.
 double SearchMs(QTableView& view) {
+  constexpr auto kPromptIsReady = std::chrono::milliseconds(200);
   Clock::time_point answered;
-  QTimer::singleShot(0, &view, [&] {
+  QTimer::singleShot(kPromptIsReady, &view, [&] {
+    QApplication::processEvents();
     QWidget* prompt = QApplication::activeModalWidget();
     for (const QChar c : QString("Rui de Souza 77"))
       Key(*prompt->focusWidget(), c.toUpper().unicode(), c);
