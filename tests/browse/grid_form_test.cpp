@@ -40,6 +40,23 @@ TEST_F(GridForm, ShowsTheRowsOfAStatement) {
   EXPECT_EQ(form.grdBrowse().ColumnCount(), 3);
 }
 
+TEST_F(GridForm, AsksToWaitWhileTheDatabaseWorks) {
+  std::vector<bool> busy;
+  connection->OnStatement = [&, rows = connection->OnStatement](const String& statement) {
+    busy.push_back(desktop->IsBusy());
+    return rows(statement);
+  };
+  Connect();
+  EXPECT_FALSE(desktop->IsBusy());
+  AddSearches(1);
+  ShowMenuClick(3);
+  EXPECT_THAT(busy, ElementsAre(true, true));
+  connection->FailNext(HostError(errors::ProviderError, u"erro"));
+  bool ok = true;
+  form.ConectGrid(u"Select 1", ok);
+  EXPECT_FALSE(desktop->IsBusy());
+}
+
 TEST_F(GridForm, TellsAClosedConnectionAndCallsItNoRefusal) {
   connection->Close();
   form.hWndMsgBox = 5;
