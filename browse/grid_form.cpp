@@ -33,7 +33,7 @@ constexpr Long kAboveGrid = 435;
 
 constexpr host::WidgetDescription kWidgets[] = {
     {u"lblTitulo", WidgetKind::Label},
-    {u"barBrowse", WidgetKind::ToolBar, u"Pesquisar", u"Pesquisar"},
+    {u"barBrowse", WidgetKind::ToolBar, u"&Pesquisar", u"Pesquisar"},
     {u"grdBrowse", WidgetKind::DataGrid, u"Registros"},
     {u"btnConfirmar", WidgetKind::CommandButton, u"&Confirmar", u"Confirmar"},
     {u"btnVoltar", WidgetKind::CommandButton, u"&Voltar", u"Voltar"},

@@ -10,12 +10,18 @@
 #include "runtime/text.h"
 #include "services/message_box.h"
 #include "services/trap.h"
+#include "tessaria/error.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {
 
 namespace {
+
+/// Values that may be handed on one inside the other. Handlers that never stop assigning new ones
+/// end in an error, and not in the program's end.
+constexpr std::size_t kDeepestChain = 32;
+constexpr Long kOutOfStackSpace = 28;
 
 /// A value stands last in a list for the length of a scope.
 class HandingOn {
@@ -59,6 +65,7 @@ void tsText::SiblingStep() {
   const bool comesRound = std::any_of(handedOn_.begin(), handedOn_.end(),
                                       [&](const Variant& v) { return IsSame(v, m_.Value); });
   if (comesRound) return;
+  if (handedOn_.size() == kDeepestChain) throw HostError(kOutOfStackSpace);
   const HandingOn running(handedOn_, m_.Value);
 
   if (m_.Value.IsNull()) {

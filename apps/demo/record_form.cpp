@@ -44,6 +44,7 @@ void RecordForm::start() {
 void RecordForm::findWidgets() {
   for (const QString& name : kind_.fields) fields_ << field(name.toLatin1().constData());
   rows_ = widgetOf<qt::Adodc>(*this, "dados");
+  rows_->setNavigationKeys(false);  // the window's menu has keys of its own
   key_ = field(kind_.keyField.toLatin1().constData());
   search_ = field("localizar");
   new_ = widgetOf<QPushButton>(*this, "btnNovo");

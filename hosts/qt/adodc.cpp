@@ -80,6 +80,7 @@ Adodc::Adodc(QWidget* parent) : QWidget(parent), label_(new QLabel(this)) {
     row->addWidget(addButton(step.icon, QString::fromUtf8(step.name),
                              QKeySequence(QLatin1String(step.keys)), step.move));
   }
+  setNavigationKeys(true);
   label_->setAlignment(Qt::AlignCenter);
   label_->setTextFormat(Qt::PlainText);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -94,7 +95,6 @@ QToolButton* Adodc::addButton(int icon, const QString& name, const QKeySequence&
   auto* button = new QToolButton(this);
   button->setIcon(style()->standardIcon(static_cast<QStyle::StandardPixmap>(icon)));
   button->setAccessibleName(name);
-  button->setToolTip(QStringLiteral("%1 (%2)").arg(name, keys.toString(QKeySequence::NativeText)));
   button->setFocusPolicy(Qt::ClickFocus);
   connect(button, &QToolButton::clicked, this, [this, move] { (this->*move)(); });
   auto* shortcut = new QShortcut(keys, this);
@@ -102,7 +102,19 @@ QToolButton* Adodc::addButton(int icon, const QString& name, const QKeySequence&
   connect(shortcut, &QShortcut::activated, this, pressed);
   connect(shortcut, &QShortcut::activatedAmbiguously, this, pressed);
   buttons_ << button;
+  shortcuts_ << shortcut;
   return button;
+}
+
+bool Adodc::navigationKeys() const { return shortcuts_.first()->isEnabled(); }
+
+void Adodc::setNavigationKeys(bool move) {
+  for (qsizetype i = 0; i < buttons_.size(); ++i) {
+    shortcuts_[i]->setEnabled(move);
+    const QString name = buttons_[i]->accessibleName();
+    const QString keys = shortcuts_[i]->key().toString(QKeySequence::NativeText);
+    buttons_[i]->setToolTip(move ? QStringLiteral("%1 (%2)").arg(name, keys) : name);
+  }
 }
 
 /// Of several data controls in a window, the one moves whose field has the focus.

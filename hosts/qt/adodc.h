@@ -10,6 +10,7 @@
 
 class QKeySequence;
 class QLabel;
+class QShortcut;
 class QToolButton;
 
 namespace tessaria::qt {
@@ -21,12 +22,14 @@ namespace tessaria::qt {
 /// move the controls whose `DataSource` names this one are loaded anew.
 ///
 /// The buttons are reached by mouse; Alt+Home, Alt+PgUp, Alt+PgDown and Alt+End do the same from
-/// anywhere in the window. Without rows there is nothing to press.
+/// anywhere in the window, unless `NavigationKeys` is false: a program whose menu has one of these
+/// keys takes them away here. Without rows there is nothing to press.
 class Adodc final : public QWidget, public ErrorListener {
   Q_OBJECT
   Q_PROPERTY(QString ConnectionString READ connectionString WRITE setConnectionString)
   Q_PROPERTY(QString RecordSource READ recordSource WRITE setRecordSource)
   Q_PROPERTY(QString Caption READ caption WRITE setCaption)
+  Q_PROPERTY(bool NavigationKeys READ navigationKeys WRITE setNavigationKeys)
   Q_PROPERTY(bool refreshesForm READ refreshesForm WRITE setRefreshesForm)
 
  public:
@@ -45,6 +48,9 @@ class Adodc final : public QWidget, public ErrorListener {
   /// Text between the buttons; empty shows the number of the row.
   QString caption() const { return caption_; }
   void setCaption(const QString& text);
+  /// Whether the keys of the window move; true at first.
+  bool navigationKeys() const;
+  void setNavigationKeys(bool move);
   /// Whether a move loads the form's controls anew.
   bool refreshesForm() const { return refreshesForm_; }
   void setRefreshesForm(bool refreshes) { refreshesForm_ = refreshes; }
@@ -121,6 +127,7 @@ class Adodc final : public QWidget, public ErrorListener {
   QString caption_;
   QLabel* label_;
   QList<QToolButton*> buttons_;
+  QList<QShortcut*> shortcuts_;
   bool refreshesForm_ = true;
 };
 

@@ -1,10 +1,13 @@
 #include "hosts/qt/held_input.h"
 
 #include <QCoreApplication>
+#include <QThread>
 
 namespace tessaria::qt {
 
-HeldInput::HeldInput() { QCoreApplication::instance()->installEventFilter(this); }
+HeldInput::HeldInput() : loopLevel_(QThread::currentThread()->loopLevel()) {
+  QCoreApplication::instance()->installEventFilter(this);
+}
 
 HeldInput::~HeldInput() {
   QCoreApplication::instance()->removeEventFilter(this);
@@ -13,6 +16,7 @@ HeldInput::~HeldInput() {
 }
 
 bool HeldInput::eventFilter(QObject* receiver, QEvent* event) {
+  if (QThread::currentThread()->loopLevel() > loopLevel_) return false;
   switch (event->type()) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:

@@ -46,6 +46,19 @@ TEST_F(SiblingTest, AKeyThatIsAssignedAnewByItsOwnReturnIsLookedUpToo) {
   EXPECT_LT(connection->TakeStatements().size(), 6u);
 }
 
+TEST_F(SiblingTest, HandlersThatNeverStopAssigningEndInAnError) {
+  Long next = 1;
+  connection->OnStatement = [&](const String&) -> memory::Rows {
+    return {{{u"nome"}}, {{u"Nome " + CStr(Variant(next))}}};
+  };
+  description->OnChange = [&] { (*key)->Value(CStr(Variant(++next))); };
+  AssignTyped(key, u"1");
+  const auto boxes = app.TakeBoxes();
+  ASSERT_FALSE(boxes.empty());
+  EXPECT_EQ(boxes.front().Text, ErrorDescription(28));
+  EXPECT_LT(connection->TakeStatements().size(), 100u);
+}
+
 // --- A sibling that is gone ---------------------------------------------------------------------
 
 enum class Loss { Removed, Replaced };

@@ -279,6 +279,16 @@ TEST_F(DataControl, KeysMoveFromAnywhereAndLeaveTheFocusWhereItIs) {
   EXPECT_TRUE(navigation("Próximo").toolTip().contains(QLatin1Char('(')));
 }
 
+TEST_F(DataControl, TheProgramMayTakeTheKeysForItself) {
+  navigation("Próximo").parentWidget()->setProperty("NavigationKeys", false);
+  show();
+  second_->setFocus();
+  settleEvents();
+  press(*window_, Qt::Key_End, Qt::AltModifier);
+  EXPECT_EQ(name(), QStringLiteral("Ana"));
+  EXPECT_EQ(navigation("Próximo").toolTip(), QStringLiteral("Próximo"));
+}
+
 TEST_F(DataControl, OfTwoDataControlsTheKeysMoveTheOneOfTheFocusedField) {
   auto* other = new Adodc;
   other->setObjectName(QStringLiteral("dcOutro"));

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "runtime/text.h"
 #include "tests/qt_dialogs/lookup_fixture.h"
 
 namespace tessaria::qt::tests {
@@ -97,6 +98,43 @@ TEST_F(SearchPromptWindow, ADateIsTypedUnderItsMaskAndHasItsCalendar) {
                   press(w, Qt::Key_Return);
                 }),
             QStringLiteral("clientes.nome = '2016-12-31'::date"));
+}
+
+TEST_F(SearchPromptWindow, ADateIsPickedInTheCalendarByKeysAlone) {
+  const Search search{.tipo = 7, .mask = u"dd/mm/yyyy"};
+  EXPECT_EQ(ask(search,
+                [this](QDialog& w) {
+                  strike(w, QStringLiteral("31122016"));
+                  driver_.willShow(QStringLiteral("frmCalendario"), [](QDialog& calendar) {
+                    press(calendar, Qt::Key_Left);
+                    press(calendar, Qt::Key_Return);
+                  });
+                  press(w, Qt::Key_PageDown);
+                  EXPECT_EQ(w.focusWidget(), editOf(field(w)));
+                  press(w, Qt::Key_Return);
+                }),
+            QStringLiteral("clientes.nome = '2016-12-30'::date"));
+}
+
+TEST_F(SearchPromptWindow, ACompletingTextHasAListOfItsOwn) {
+  // The completion behind the choice finds what was chosen.
+  connection_->OnStatement = [this](const String& statement) {
+    memory::Rows found = rows_;
+    if (InStr(statement, u"15%") != 0) found.Cells = {rows_.Cells[1]};
+    return found;
+  };
+  EXPECT_EQ(ask({.completes = true},
+                [this](QDialog& w) {
+                  driver_.willShow(QStringLiteral("frmBrowse"), [](QDialog& list) {
+                    press(list, Qt::Key_Down);
+                    press(list, Qt::Key_Return);
+                  });
+                  press(w, Qt::Key_PageDown);
+                  EXPECT_EQ(w.focusWidget(), editOf(field(w)));
+                  EXPECT_TRUE(ok(w).isEnabled());
+                  press(w, Qt::Key_Return);
+                }),
+            QStringLiteral("clientes.nome ilike '15%'"));
 }
 
 TEST_F(SearchPromptWindow, ATextCompletesFromTheTable) {

@@ -34,6 +34,9 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
   horizontalHeader()->setSectionsClickable(true);
   horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setToolTip(
+      QStringLiteral("Clique para ordenar por esta coluna.\nCtrl+← e Ctrl+→ ordenam pela coluna ao "
+                     "lado."));
 }
 
 QSize GridView::sizeHint() const {
@@ -41,10 +44,44 @@ QSize GridView::sizeHint() const {
   return {horizontalHeader()->length() + around, QTableView::sizeHint().height()};
 }
 
+int GridView::shownColumn(int column) const {
+  const QHeaderView& header = *horizontalHeader();
+  if (column >= 0 && column < header.count() && !header.isSectionHidden(column)) return column;
+  for (int place = 0; place < header.count(); ++place)
+    if (const int first = header.logicalIndex(place); !header.isSectionHidden(first)) return first;
+  return -1;
+}
+
+int GridView::columnBeside(int step) const {
+  const QHeaderView& header = *horizontalHeader();
+  const int from = header.isSortIndicatorShown() ? header.visualIndex(header.sortIndicatorSection())
+                                                 : (step > 0 ? -1 : header.count());
+  for (int place = from + step; place >= 0 && place < header.count(); place += step)
+    if (const int next = header.logicalIndex(place); !header.isSectionHidden(next)) return next;
+  return -1;
+}
+
 void GridView::keyPressEvent(QKeyEvent* event) {
+  const bool sideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
+  if (sideways && event->modifiers().testFlag(Qt::ControlModifier)) {
+    const int column = columnBeside(event->key() == Qt::Key_Right ? 1 : -1);
+    if (column >= 0) emit orderWanted(column);
+    return;
+  }
   if (event->key() == Qt::Key_Home) return emit endWanted(false);
   if (event->key() == Qt::Key_End) return emit endWanted(true);
+  // A column may have been hidden since the current row was shown.
+  const QModelIndex current = currentIndex();
+  const int column = shownColumn(current.column());
+  if (current.isValid() && column != current.column())
+    setCurrentIndex(current.siblingAtColumn(column));
   QTableView::keyPressEvent(event);
+}
+
+QItemSelectionModel::SelectionFlags GridView::selectionCommand(const QModelIndex& index,
+                                                               const QEvent* event) const {
+  const auto command = QTableView::selectionCommand(index, event);
+  return command.testFlag(QItemSelectionModel::Deselect) ? QItemSelectionModel::NoUpdate : command;
 }
 
 GridPane::GridPane(QWidget* parent)
@@ -133,6 +170,8 @@ DataGridItem::DataGridItem(GridPane& pane, const DialogGate& gate)
   QObject::connect(&pane.view(), &GridView::endWanted, &pane, [this](bool last) { goToEnd(last); });
   QObject::connect(pane.view().horizontalHeader(), &QHeaderView::sectionClicked, &pane,
                    [this](int column) { headClicked(column); });
+  QObject::connect(&pane.view(), &GridView::orderWanted, &pane,
+                   [this](int column) { headClicked(column); });
   // Queued: a box may not open in the middle of painting or scrolling.
   QObject::connect(
       &pane.model(), &RecordModel::readingFailed, &pane,
@@ -167,7 +206,7 @@ void DataGridItem::ShowCurrentRow() {
   const auto& rows = pane_.model().rows();
   const bool open = rows && rows->State() != host::state::Closed;
   const int row = open ? int(rows->AbsolutePosition()) - 1 : -1;
-  const int column = std::max(0, pane_.view().currentIndex().column());
+  const int column = std::max(0, pane_.view().shownColumn(pane_.view().currentIndex().column()));
   const QModelIndex current = pane_.model().index(row, column);
   pane_.view().setCurrentIndex(current);
   if (current.isValid()) pane_.view().scrollTo(current);

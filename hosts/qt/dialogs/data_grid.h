@@ -11,7 +11,8 @@
 
 namespace tessaria::qt {
 
-/// Whole rows, one at a time. Letters are the dialog's; Home and End are the list's ends.
+/// Whole rows, one at a time. Letters are the dialog's; Home and End are the list's ends, and
+/// Control with the arrows to the sides moves the order from column to column.
 class GridView final : public QTableView {
   Q_OBJECT
 
@@ -20,12 +21,24 @@ class GridView final : public QTableView {
   void keyboardSearch(const QString&) override {}
   /// Wide enough for all columns.
   QSize sizeHint() const override;
+  /// The column, or the first one that shows when it is hidden: rows are moved among in a column
+  /// that shows. -1 when none does.
+  int shownColumn(int column) const;
 
  signals:
   void endWanted(bool last);
+  void orderWanted(int column);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  /// The current row stays the selected one.
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                       const QEvent* event) const override;
+
+ private:
+  /// The column that shows next to the one of the present order, by steps of 1 or -1. -1 at the
+  /// end.
+  int columnBeside(int step) const;
 };
 
 /// The table, and below it what is wrong with its rows.

@@ -20,16 +20,21 @@ void layOutGridForm(QDialog& window) {
   title->setWordWrap(true);
   auto* bar = part<DialogToolBar>(window, "barBrowse");
   bar->keysOf = &frmBrowse::TeclasDoMenu;
+  bar->setMinimumWidth(bar->sizeHint().width());
+  // The result of a search is to be moved in at once.
+  auto* grid = part(window, "grdBrowse");
+  QObject::connect(&bar->button(), &QToolButton::clicked, grid, [grid] { grid->setFocus(); });
+  QObject::connect(bar->button().menu(), &QMenu::triggered, grid, [grid] { grid->setFocus(); });
   auto* head = new QHBoxLayout;
   head->addWidget(title, 1);
   head->addWidget(bar);
 
   auto* column = new QVBoxLayout(&window);
   column->addLayout(head);
-  column->addWidget(part(window, "grdBrowse"), 1);
+  column->addWidget(grid, 1);
   column->addLayout(answerRow(window, "btnConfirmar", "btnVoltar"));
   QWidget::setTabOrder(part(window, "btnVoltar"), &bar->button());
-  part(window, "grdBrowse")->setFocus();
+  grid->setFocus();
   window.resize(characters(window, 90), lines(window, 26));
 }
 

@@ -19,6 +19,7 @@ QString literal(StringView text) {
 
 void MenuButton::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Down && isEnabled()) return showMenu();
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
   QToolButton::keyPressEvent(event);
 }
 
@@ -26,12 +27,12 @@ DialogToolBar::DialogToolBar(const QString& caption, const QString& toolTip, QWi
     : QToolBar(parent), button_(new MenuButton(this)) {
   button_->setText(caption);
   button_->setToolTip(toolTip);
-  button_->setAccessibleName(caption);
+  button_->setAccessibleName(QString(caption).remove(QLatin1Char('&')));
   button_->setIcon(QIcon::fromTheme(QStringLiteral("edit-find"),
                                     style()->standardIcon(QStyle::SP_FileDialogContentsView)));
   button_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   button_->setPopupMode(QToolButton::MenuButtonPopup);
-  button_->setFocusPolicy(Qt::StrongFocus);
+  button_->setFocusPolicy(Qt::TabFocus);
   button_->setMenu(new QMenu(button_));
   addWidget(button_);
   setFocusProxy(button_);

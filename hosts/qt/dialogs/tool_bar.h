@@ -11,7 +11,7 @@
 
 namespace tessaria::qt {
 
-/// A button that opens its menu by the down arrow too.
+/// A button that Enter presses, as the blank does, and whose menu the down arrow opens.
 class MenuButton final : public QToolButton {
   Q_OBJECT
 

@@ -1,0 +1,40 @@
+// Keys while the core lets events pass.
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+
+#include "hosts/qt/host.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria::qt::tests {
+namespace {
+
+TEST(HeldInput, AKeyThatComesMeanwhileIsTypedAfterwards) {
+  install();
+  QLineEdit edit;
+  QTimer::singleShot(0, &edit, [&] { QTest::keyClick(&edit, Qt::Key_A); });
+  App().DoEvents();
+  EXPECT_EQ(edit.text(), QString());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(edit.text(), QStringLiteral("a"));
+}
+
+TEST(HeldInput, AWindowThatOpensMeanwhileTakesItsKeys) {
+  install();
+  constexpr int kPatience = 5000;  // milliseconds, so that a fault does not wait for ever
+  int answer = -1;
+  QTimer::singleShot(0, [&] {
+    QDialog window;
+    QTimer::singleShot(0, &window, [&] { QTest::keyClick(&window, Qt::Key_Escape); });
+    QTimer::singleShot(kPatience, &window, &QDialog::accept);
+    answer = window.exec();
+  });
+  App().DoEvents();
+  EXPECT_EQ(answer, int(QDialog::Rejected));
+}
+
+}  // namespace
+}  // namespace tessaria::qt::tests
