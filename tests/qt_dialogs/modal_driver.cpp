@@ -34,7 +34,7 @@ void ModalDriver::look() {
   lookSoon();
   const QPointer<QDialog> window(qobject_cast<QDialog*>(QApplication::activeModalWidget()));
   // Message boxes have a keeper of their own. A window's script runs once.
-  if (!window || qobject_cast<QMessageBox*>(window) || window == worked_) return;
+  if (!window || qobject_cast<QMessageBox*>(window) || worked_.contains(window)) return;
   shown_ << window->objectName();
   if (expected_.empty() || expected_.front().name != window->objectName()) {
     ADD_FAILURE() << "opened unforeseen: " << window->objectName().toStdString();
@@ -43,12 +43,11 @@ void ModalDriver::look() {
   }
   const Script script = std::move(expected_.front().script);
   expected_.pop_front();
-  const QPointer<QDialog> outer = worked_;
-  worked_ = window;
+  worked_.push_back(window);
   (void)QTest::qWaitForWindowActive(window);
   settleEvents();
   script(*window);
-  worked_ = outer;
+  worked_.pop_back();
   if (window && window->isVisible()) {
     ADD_FAILURE() << "left open: " << window->objectName().toStdString();
     window->hide();

@@ -36,7 +36,7 @@ class ModalDriver final : public QObject {
 
   std::deque<Expected> expected_;
   QStringList shown_;
-  QPointer<QDialog> worked_;
+  QList<QPointer<QDialog>> worked_;  ///< whose scripts run, outermost first: none is begun again
 };
 
 /// A widget of a window; fails the test, and gives a plain one, when there is none.
