@@ -55,7 +55,9 @@ void ControlSite::applyColour() {
   TsText& s = surface();
   const QPalette theme = s.parentWidget() ? s.parentWidget()->palette() : QPalette();
   const QColor colour = toQColor(*backColor_, theme);
-  s.setAutoFillBackground(true);
+  // Only a colour of the program's own is painted: the white of an ordinary box would show as a
+  // patch on the form where the button is missing.
+  s.setAutoFillBackground(*backColor_ != host::colour::White && !isSystemColour(*backColor_));
   if (s.palette().color(QPalette::Window) == colour) return;
   QPalette palette;
   palette.setColor(QPalette::Window, colour);

@@ -200,10 +200,11 @@ TEST_F(Looks, AFieldsOwnAccessibleNameComesFirst) {
 TEST_F(Looks, TheSurfaceHasTheColourOfItsBox) {
   show();
   const auto surface = [&] { return first_->palette().color(QPalette::Window); };
-  EXPECT_TRUE(first_->autoFillBackground());
   EXPECT_EQ(surface(), QColor(Qt::white));
+  EXPECT_FALSE(first_->autoFillBackground()) << "no white patch on the form";
   first_->setBackColor(QColor(10, 200, 30));
   EXPECT_EQ(surface(), QColor(10, 200, 30));
+  EXPECT_TRUE(first_->autoFillBackground());
   first_->setEnabled(false);
   EXPECT_EQ(surface(), QApplication::palette().color(QPalette::Button));
   QApplication::setPalette(darkTheme());
