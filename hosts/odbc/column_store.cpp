@@ -110,7 +110,11 @@ ColumnStore::Chunk& ColumnStore::Room(Data& data) {
     full.bytes.shrink_to_fit();
     full.ends.GiveBack();
   }
-  if (data.chunks.empty() || data.chunks.back().rows == kChunkRows) data.chunks.emplace_back();
+  if (data.chunks.empty() || data.chunks.back().rows == kChunkRows) {
+    // The next rows mostly need as much room as those before.
+    const std::size_t bytes = data.chunks.empty() ? 0 : data.chunks.back().bytes.size();
+    data.chunks.emplace_back().bytes.reserve(bytes);
+  }
   return data.chunks.back();
 }
 

@@ -45,7 +45,7 @@ class ColumnStore {
   std::size_t Bytes() const;
 
  private:
-  static constexpr std::uint32_t kChunkRows = 1024;
+  static constexpr std::uint32_t kChunkRows = 2048;
 
   // Where the texts of a chunk end, in two bytes each for as long as that holds them.
   class Ends {
