@@ -54,6 +54,14 @@ class MemoryData final : public DataDriver {
   memory::TablePtr table_;
 };
 
+// This host's own: a database's field keeps its rows.
+TEST_P(RecordSetContract, AFieldThatOutlivesItsSetSays3704) {
+  auto rows = ReadOnly();
+  const auto field = Field(rows, u"Nome");
+  rows.reset();
+  EXPECT_EQ(ErrorOf([&] { field->Value(); }), errors::ObjectClosed);
+}
+
 INSTANTIATE_TEST_SUITE_P(Memory, RecordSetContract,
                          testing::Values(DataHost{"memory",
                                                   [] { return std::make_unique<MemoryData>(); }}));

@@ -389,13 +389,6 @@ TEST_P(RecordSetContract, CloseDropsAPendingEdit) {
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Ana", u"Bruno", u"Carla"));
 }
 
-TEST_P(RecordSetContract, AFieldThatOutlivesItsSetSays3704) {
-  auto rows = ReadOnly();
-  const auto field = Field(rows, u"Nome");
-  rows.reset();
-  EXPECT_EQ(ErrorOf([&] { field->Value(); }), errors::ObjectClosed);
-}
-
 // --- The connection ---------------------------------------------------------------------------
 
 TEST_P(RecordSetContract, AnUnknownConnectionPropertyIsError3265) {

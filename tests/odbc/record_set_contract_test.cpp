@@ -1,0 +1,60 @@
+// Rows of a real database under the contracts of record sets.
+#include "tests/ports/record_set_contract.h"
+#include "tests/odbc/database_test.h"
+#include "tests/ports/record_set_edit_contract.h"
+
+namespace tessaria::contract {
+namespace {
+
+class OdbcData final : public DataDriver {
+ public:
+  OdbcData() {
+    for (host::Connection* connection : {connection_.get(), other_.get()}) {
+      connection->ConnectionString(test::PostgresCluster::Shared().ConnectionString());
+      connection->Open();
+    }
+    other_->Execute(u"drop table if exists contrato");
+    other_->Execute(
+        u"create table contrato (\"Codigo\" integer primary key, \"Nome\" varchar(20) not null, "
+        u"\"Valor\" numeric(10,2), \"Data\" date)");
+    other_->Execute(
+        u"insert into contrato values (1, 'Ana', 10.50, '2021-03-15'), (2, 'Bruno', null, null), "
+        u"(3, 'Carla', 7, '2020-02-01')");
+  }
+
+  host::ConnectionPtr Connection() override { return connection_; }
+  host::RecordsetPtr Open(host::LockType lock) override {
+    return Rows(u"select * from contrato order by \"Codigo\"", lock);
+  }
+  host::RecordsetPtr OpenEmpty() override {
+    return Rows(u"select * from contrato where 1 = 2", host::LockType::ReadOnly);
+  }
+  void ChangeNome(Long codigo, const String& nome) override {
+    other_->Execute(u"update contrato set \"Nome\" = '" + Replace(nome, u"'", u"''") +
+                    u"' where \"Codigo\" = " + CStr(Variant(codigo)));
+  }
+  void DeleteRow(Long codigo) override {
+    other_->Execute(u"delete from contrato where \"Codigo\" = " + CStr(Variant(codigo)));
+  }
+  std::vector<String> StoredNames() override {
+    std::vector<String> names;
+    const auto rows = other_->Execute(u"select \"Nome\" from contrato order by \"Codigo\"");
+    for (; !rows->Eof(); rows->MoveNext()) names.push_back(CStr(rows->Fields().Item(0)->Value()));
+    return names;
+  }
+
+ private:
+  host::RecordsetPtr Rows(const String& statement, host::LockType lock) {
+    return connection_->OpenRecordset(statement, host::CursorType::Static, lock);
+  }
+
+  host::ConnectionPtr connection_ = odbc::CreateConnection();
+  host::ConnectionPtr other_ = odbc::CreateConnection();
+};
+
+INSTANTIATE_TEST_SUITE_P(Odbc, RecordSetContract,
+                         testing::Values(DataHost{"odbc",
+                                                  [] { return std::make_unique<OdbcData>(); }}));
+
+}  // namespace
+}  // namespace tessaria::contract
