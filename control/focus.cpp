@@ -40,7 +40,8 @@ void tsText::SelectWhole() {
   txtEdit_.SelLength(Len(Trim(txtEdit_.Text())));
 }
 
-void tsText::UserControl_ExitFocus() {
+ExitVerdict tsText::UserControl_ExitFocus() {
+  ExitVerdict verdict = ExitVerdict::Left;
   Trap(u"tsText", u"UserControl_ExitFocus", [&] {
     if (txtEdit_.Tag == exitIsSilenced || !Enabled()) return;
     if (EhNumerica()) txtEdit_.Alignment(host::Alignment::Right);
@@ -52,11 +53,20 @@ void tsText::UserControl_ExitFocus() {
         txtEdit_.Text(Format(txtEdit_.Text(),
                              mdlObjTxt::FormatoNumero(m_.Mascara, InStr(m_.Mascara, u".") != 0)));
       AssignTyped();
+    } else if (RefusesFocus()) {
+      verdict = ExitVerdict::Refused;
     }
     m_.bCarregandoCampo = false;
     ReportChange();
     State().vntValorIrmao = Variant();
   });
+  return verdict;
+}
+
+/// A field that failed its validation lets go of the focus only for its own button and for the
+/// control that cancels.
+bool tsText::RefusesFocus() const {
+  return site_.ActiveControlName() != u"btnBrowse" && !Cancels();
 }
 
 void tsText::AssignTyped() {

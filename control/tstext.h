@@ -43,7 +43,9 @@ class tsText final : public _tsText, private MaskedField {
   void UserControl_Show();
   void UserControl_Resize();
   void UserControl_EnterFocus();
-  void UserControl_ExitFocus();
+  /// Settles the field and tells whether it may be left. A field that the focus leaves for its own
+  /// button or for `ObjetoCancelar` may be.
+  ExitVerdict UserControl_ExitFocus();
   /// These three pass the key on to the application; errors of its handlers surface here.
   void UserControl_KeyDown(Integer& KeyCode, Integer& Shift);
   void UserControl_KeyPress(Integer& KeyAscii);
@@ -332,6 +334,7 @@ class tsText final : public _tsText, private MaskedField {
   void SelectWhole();
   void AssignTyped();
   void ReportChange();
+  bool RefusesFocus() const;
 
   // Button
   struct DialogPlace {

@@ -15,6 +15,13 @@ enum class TipoControle : Long {
   Calculadora = 5  ///< number field with a calculator
 };
 
+/// How leaving a field ended.
+enum class ExitVerdict {
+  Left,      ///< the field is settled, or there was nothing to settle
+  Refused,   ///< the text is not valid: the field keeps it and wants the focus back
+  NotStored  ///< the text is valid, but its value could not be taken: the box still shows it
+};
+
 /// The control from outside. Implemented by `tsText`.
 class _tsText {
  public:
