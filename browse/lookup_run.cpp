@@ -115,9 +115,11 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
                  const String& strCampoOutros, const String& strGroupBy, const String& strLeftJoin,
                  const String& strWhere, const String& strTitulo, TipoControle intTipoControle,
                  const host::FormPtr& frmForm, ListaColunas& cgrColGrid,
-                 std::shared_ptr<Pesquisa> objPesquisa, const String& strMsgBrowse, Long lngHwnd) {
+                 std::shared_ptr<Pesquisa> objPesquisa, const String& strMsgBrowse, Long lngHwnd,
+                 bool* falhou) {
   String resultado;
-  Trap(u"mdlObjTxt", u"VerBrowse", [&] {
+  bool ok = false;
+  const bool terminou = Trap(u"mdlObjTxt", u"VerBrowse", [&] {
     const Variant antigo = varValor;
     // The definition may be gone when the list has closed.
     const String irmao = strCampoIrmao;  // NOLINT(performance-unnecessary-copy-initialization)
@@ -130,7 +132,6 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
     form.strWhere = ExpandeParametros(frmForm, strWhere);
     CopiaColunas(cgrColGrid, form.cgrColGrid, false);
 
-    bool ok = false;
     // Two blanks stand in front of the order when there is no group clause.
     form.ConectGrid(u"Select " + campos + u" From " + from +
                         Clausula(form.strWhere, intTipoControle, txtBox, strCampo) + u" " +
@@ -161,6 +162,7 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
     if (!irmao.empty() && intTipoControle == TipoControle::Descricao)
       GuardaValorIrmao(Linhas(form), irmao);
   });
+  if (falhou) *falhou = !terminou || !ok;
   return resultado;
 }
 

@@ -21,7 +21,8 @@ namespace tessaria::mdlObjTxt {
 /// parameters, which the controls of `frmForm` answer. `objPesquisa` may be nothing: no searches.
 /// `strMsgBrowse` replaces the message of an empty table unless blank. `lngHwnd` is the window of
 /// the control and owns the messages. After a choice of a description the thread's sibling value
-/// is the key of its row.
+/// is the key of its row. `falhou`, unless null, tells whether the list failed: no list could be
+/// shown, or an error ended it. A cancel and an empty table are no failures.
 ///
 /// References are not used any more once the list shows, so that the control and its form may go
 /// away under it.
@@ -30,6 +31,7 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
                  const String& strCampoOutros, const String& strGroupBy, const String& strLeftJoin,
                  const String& strWhere, const String& strTitulo, TipoControle intTipoControle,
                  const host::FormPtr& frmForm, ListaColunas& cgrColGrid,
-                 std::shared_ptr<Pesquisa> objPesquisa, const String& strMsgBrowse, Long lngHwnd);
+                 std::shared_ptr<Pesquisa> objPesquisa, const String& strMsgBrowse, Long lngHwnd,
+                 bool* falhou = nullptr);
 
 }  // namespace tessaria::mdlObjTxt

@@ -92,13 +92,16 @@ void tsText::PickFromList(const DialogPlace& place) {
   const auto searches =
       usesSiblings ? Sibling()->Get(u"Pesquisa").As<tessaria::Pesquisa>() : Pesquisa();
   Variant value = m_.Value;
+  bool failed = false;
   const String chosen = Trim(mdlObjTxt::VerBrowse(
       place.Top, place.Left, txtEdit_, value, BrowseTable(), BrwCampo(), BrwCampoIrmao(),
       BrwCampoOutros(), BrwGroupBy(), BrwLeftJoin(), BrwWhere(), BrwTitulo(), m_.TipoControle,
-      site_.Parent(), Browse()->cgrColGrid(), searches, m_.MsgBrowse, hWnd()));
+      site_.Parent(), Browse()->cgrColGrid(), searches, m_.MsgBrowse, hWnd(), &failed));
   App().DoEvents();
-  m_.bCarregandoCampo = true;
-  Value(MaxLength() != 0 ? Left(chosen, MaxLength()) : chosen);
+  if (!failed) {  // a list that failed leaves the field as it stands
+    m_.bCarregandoCampo = true;
+    Value(MaxLength() != 0 ? Left(chosen, MaxLength()) : chosen);
+  }
   App().DoEvents();
   if (txtEdit_.Visible()) txtEdit_.SetFocus();
 }

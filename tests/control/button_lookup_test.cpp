@@ -97,6 +97,36 @@ TEST_F(ButtonTest, ARowThatIsDeletedUnderTheListGivesItsKeyWithoutADescription) 
   EXPECT_EQ(ActiveName(), u"txtCampo");
 }
 
+class FailedLookup : public ButtonTest, public testing::WithParamInterface<TipoControle> {};
+
+INSTANTIATE_TEST_SUITE_P(Button, FailedLookup,
+                         testing::Values(TipoControle::Browse, TipoControle::Descricao));
+
+TEST_P(FailedLookup, AListThatCannotOpenLeavesFieldAndValueAndTellsThatNothingChanged) {
+  Show(GetParam());
+  Control().Value(u"15");
+  form->Focus(u"txtCampo");
+  connection->OnStatement = [](const String&) -> memory::Rows { throw HostError(3001); };
+  field->ForgetEvents();
+  field->btnBrowse().OnClick();
+  EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+  EXPECT_THAT(Control().Value(), IsValue(u"15"));
+  EXPECT_EQ(Box().Text(), u"15");
+  ASSERT_THAT(Returns(), SizeIs(1));
+  EXPECT_FALSE(Returns()[0].HouveAlteracao);
+  EXPECT_EQ(Box().Tag, u"");
+}
+
+TEST_P(FailedLookup, AnEmptyTableEmptiesTheField) {
+  Show(GetParam());
+  Control().Value(u"15");
+  list.Cells.clear();
+  field->btnBrowse().OnClick();
+  EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+  EXPECT_THAT(Control().Value(), IsNullVariant());
+  EXPECT_EQ(Box().Text(), u"");
+}
+
 // --- Events -------------------------------------------------------------------------------------
 
 class PumpedLookup : public ButtonTest, public testing::WithParamInterface<TipoControle> {};
