@@ -141,7 +141,7 @@ void tsText::LoadRow() {
     return;
   }
   m_.bCarregandoCampo = true;
-  Value(CampoVinculado()->Value());
+  ShowValue(CampoVinculado()->Value());
   m_.OriginalValue = CampoVinculado()->Value();
   m_.bCarregandoCampo = false;
 }

@@ -18,6 +18,7 @@ void tsText::UserControl_EnterFocus() {
     if (!Enabled() || !txtEdit_.Visible()) return;
     m_.bCarregandoCampo = false;
     m_.LastValue = m_.Value;
+    shown_.ForgetTyping();
     mdlObjTxt::MostraAba(ContainerDoControle(), NumeroTab(), txtEdit_);
 
     if (m_.TipoControle == tessaria::TipoControle::Descricao) {
@@ -25,14 +26,17 @@ void tsText::UserControl_EnterFocus() {
       FetchSiblingLiteral();
     } else if (EhNumerica()) {
       txtEdit_.Alignment(host::Alignment::Left);
-      String items = m_.ItensMascara;
-      if (InStr(items, u".") == 0) items += u".";
-      txtEdit_.Text(mdlObjTxt::LimpaMascara(txtEdit_.Text(), m_.Mascara, items));
+      if (!ShowsStoredText()) WithoutTouching([&] { WriteBox(WithoutPoints()); });
       SelectWhole();
     } else if (m_.TipoControle != tessaria::TipoControle::Calendario) {
       SelectWhole();
     }
   });
+}
+
+/// An amount is edited without its thousands points.
+String tsText::WithoutPoints() const {
+  return mdlObjTxt::LimpaMascara(txtEdit_.Text(), m_.Mascara, m_.ItensMascara + u".");
 }
 
 void tsText::SelectWhole() {
@@ -43,44 +47,54 @@ void tsText::SelectWhole() {
 ExitVerdict tsText::UserControl_ExitFocus() {
   ExitVerdict verdict = ExitVerdict::Left;
   Trap(u"tsText", u"UserControl_ExitFocus", [&] {
-    if (txtEdit_.Tag == exitIsSilenced || !Enabled()) return;
-    if (EhNumerica()) txtEdit_.Alignment(host::Alignment::Right);
-    if (InStr(m_.Mascara, u"0") != 0 && !Trim(Stripped()).empty())
-      mdlObjTxt::PreencheZeros(txtEdit_, m_.Mascara, m_.ItensMascara, m_.PromptChar,
-                               m_.TipoStrZero);
-    if (Valida()) {
-      if (EhNumerica())
-        txtEdit_.Text(Format(txtEdit_.Text(),
-                             mdlObjTxt::FormatoNumero(m_.Mascara, InStr(m_.Mascara, u".") != 0)));
-      AssignTyped();
-    } else if (RefusesFocus()) {
-      verdict = ExitVerdict::Refused;
-    }
-    m_.bCarregandoCampo = false;
-    ReportChange();
-    State().vntValorIrmao = Variant();
+    if (txtEdit_.Tag != exitIsSilenced && Enabled()) Settle(verdict);
   });
   return verdict;
 }
 
-/// A field that failed its validation lets go of the focus only for its own button and for the
-/// control that cancels.
-bool tsText::RefusesFocus() const {
-  return site_.ActiveControlName() != u"btnBrowse" && !Cancels();
+/// `verdict` is right at every moment: an error may end the steps anywhere.
+void tsText::Settle(ExitVerdict& verdict) {
+  const bool touched = IsTouched();
+  if (touched) verdict = ExitVerdict::NotStored;
+  // The key-up of a key that is still held would have come too late.
+  if (shown_.IsTyped()) m_.bCarregandoCampo = true;
+  if (EhNumerica()) txtEdit_.Alignment(host::Alignment::Right);
+  Check check{};
+  WithoutTouching([&] {
+    FillZeros();
+    check = CheckText();
+  });
+  if (check != Check::Passed) {
+    verdict = check == Check::Refused ? ExitVerdict::Refused : ExitVerdict::Left;
+  } else if (!touched) {
+    Present({m_.Value, true, shown_.Shows()}, Road::Write);
+  } else if (AssignTyped()) {
+    verdict = ExitVerdict::Left;
+  }
+  m_.bCarregandoCampo = false;
+  ReportChange();
+  State().vntValorIrmao = Variant();
 }
 
-void tsText::AssignTyped() {
-  const bool scrambled = UCase(Left(m_.Mascara, 1)) == u"X";
-  if (scrambled) {
-    Value(mdlComum::CodificaTexto(
-        m_.PromptInclude ? m_.Texto
-                         : mdlObjTxt::LimpaMascara(m_.Texto, m_.Mascara, m_.ItensMascara)));
-  } else if (m_.PromptInclude) {
-    if (!m_.Mascara.empty()) txtEdit_.Text(LaidOut(txtEdit_.Text()));
-    Value(txtEdit_.Text());
-  } else {
-    Value(Stripped());
-  }
+void tsText::FillZeros() {
+  if (InStr(m_.Mascara, u"0") == 0 || Trim(Stripped()).empty() || ShowsStoredText()) return;
+  mdlObjTxt::PreencheZeros(txtEdit_, m_.Mascara, m_.ItensMascara, m_.PromptChar, m_.TipoStrZero);
+}
+
+/// False when the value was refused.
+bool tsText::AssignTyped() {
+  if (EhNumerica())
+    WriteBox(Format(txtEdit_.Text(),
+                    mdlObjTxt::FormatoNumero(m_.Mascara, InStr(m_.Mascara, u".") != 0)));
+  if (EhEmbaralhada())
+    return Assign(
+        mdlComum::CodificaTexto(
+            m_.PromptInclude ? m_.Texto
+                             : mdlObjTxt::LimpaMascara(m_.Texto, m_.Mascara, m_.ItensMascara)),
+        Road::Write);
+  if (!m_.PromptInclude) return Assign(Stripped(), Road::Write);
+  if (!m_.Mascara.empty()) WriteBox(LaidOut(txtEdit_.Text()));
+  return Assign(txtEdit_.Text(), Road::Write);
 }
 
 void tsText::ReportChange() {

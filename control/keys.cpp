@@ -1,8 +1,11 @@
 // The events of the box and the keys of the surface.
 
+#include "control/scoped_flag.h"
 #include "control/tstext.h"
 #include "lookup/description_lookup.h"
+#include "mask/editing_keys.h"
 #include "mask/form_helpers.h"
+#include "mask/key_filter.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "services/message_box.h"
@@ -15,6 +18,7 @@ namespace {
 
 // Virtual-key codes.
 constexpr Integer kKeyPageDown = 34;
+constexpr Integer kFirstCharacter = 32;
 // These start no search of a description.
 constexpr Integer kKeyShift = 16;
 constexpr Integer kKeyHome = 36;
@@ -35,8 +39,24 @@ void tsText::UserControl_KeyUp(Integer& KeyCode, Integer& Shift) {
   events_.KeyUp(KeyCode, Shift);
 }
 
+void tsText::FilterKeyDown(Integer& KeyCode, Integer& Shift) {
+  const ScopedFlag filtering(filtering_);
+  txtEdit_KeyDown(*this, KeyCode, Shift);
+}
+
+void tsText::FilterKeyPress(Integer& KeyAscii) {
+  const bool replaces = txtEdit_.SelLength() > 0;
+  {
+    const ScopedFlag filtering(filtering_);
+    txtEdit_KeyPress(*this, KeyAscii);
+  }
+  // A character that the box puts in place of an equal one is no change of the box.
+  if (replaces && KeyAscii >= kFirstCharacter) shown_.NoteTyping();
+}
+
 void tsText::txtEdit_Change() {
   if (loading_) return;
+  shown_.NoteChange();
   if (m_.TipoControle == tessaria::TipoControle::Diretorio) {
     const String text = txtEdit_.Text();
     if (m_.DirVerArquivos && !text.empty()) {

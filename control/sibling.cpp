@@ -10,6 +10,7 @@
 #include "runtime/text.h"
 #include "services/message_box.h"
 #include "services/trap.h"
+#include "tessaria/comforts.h"
 #include "tessaria/error.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
@@ -59,7 +60,7 @@ void tsText::EmptyReturnFields() {
   for (Long i = 1; i <= fields.Count(); ++i) fields.Item(i)->Valor(Variant());
 }
 
-void tsText::SiblingStep() {
+void tsText::SiblingStep(Road road) {
   if (!m_.bCarregandoCampo || !LookupIsComplete()) return;
   // A ring of siblings ends at the value that comes round; any other value is a new one.
   const bool comesRound = std::any_of(handedOn_.begin(), handedOn_.end(),
@@ -69,54 +70,71 @@ void tsText::SiblingStep() {
   const HandingOn running(handedOn_, m_.Value);
 
   if (m_.Value.IsNull()) {
-    if (HandsOnToSibling()) Sibling()->Control().Value(Variant::Null());
+    HandOn(Variant::Null(), road);
     EmptyReturnFields();
     return;
   }
-
   const auto definition = Browse();
-  const bool isDescription = m_.TipoControle == tessaria::TipoControle::Descricao;
+  const auto found = mdlObjTxt::ProcuraDescr(*definition, m_.Value, SiblingCondition());
+  if (found.Falhou || !HandsOnToSibling()) return;
+  HandOn(found.Valor, road);
+  if (m_.TipoControle != tessaria::TipoControle::Descricao) return;
+  auto& sibling = Sibling()->Control();
+  if (road == Road::Write)
+    sibling.AtualizaIrmao(true);
+  else
+    sibling.ShowSibling(true);
+  Sibling()->Control().DisparaEventos(u"BrowseReturn");
+}
+
+/// The definition's condition, narrowed to the key of a description.
+String tsText::SiblingCondition() const {
+  const auto definition = Browse();
   String filter;
-  if (isDescription && !definition->BrwCampoIrmao().empty()) {
+  if (m_.TipoControle == tessaria::TipoControle::Descricao &&
+      !definition->BrwCampoIrmao().empty()) {
     const String literal = SiblingLiteral();
     if (!literal.empty()) filter = definition->BrwCampoIrmao() + u" = " + literal;
   }
   String condition = mdlObjTxt::ExpandeParametros(FormDoControle(), definition->BrwWhere());
   if (!condition.empty() && !filter.empty()) condition += u" And ";
-  condition += filter;
+  return condition + filter;
+}
 
-  const Variant description =
-      mdlObjTxt::AchaDescr(*definition, m_.Value, site_.DisplayName(), condition, hWnd());
+void tsText::HandOn(const Variant& value, Road road) {
   if (!HandsOnToSibling()) return;
-  Sibling()->Control().Value(description);
-  if (isDescription) {
-    Sibling()->Control().AtualizaIrmao(true);
-    Sibling()->Control().DisparaEventos(u"BrowseReturn");
-  }
+  if (road == Road::Write)
+    Sibling()->Control().Value(value);
+  else
+    Sibling()->Control().ShowValue(value);
 }
 
 Variant tsText::AtualizaIrmao(bool ApenasTsBrowse, bool DisparaBrowseReturn) {
+  RefreshSibling(ApenasTsBrowse, DisparaBrowseReturn, Road::Write);
+  return {};
+}
+
+void tsText::ShowSibling(bool ApenasTsBrowse) { RefreshSibling(ApenasTsBrowse, false, Road::Show); }
+
+void tsText::RefreshSibling(bool ApenasTsBrowse, bool DisparaBrowseReturn, Road road) {
   // The module and the procedure of this report are one run-on text.
   Trap(u"tsText",
        u"Erro ao efetuar a ataulização do campo IrmãoMódulo tsText - Procedimento AtualizaIrmao",
        [&] {
          if (!LookupIsComplete()) return;
-         const bool isKeyCalledBack =
-             ApenasTsBrowse && m_.TipoControle == tessaria::TipoControle::Browse;
-         const bool handsOn = !isKeyCalledBack && HandsOnToSibling();
+         const bool handsOn = !ApenasTsBrowse || m_.TipoControle != tessaria::TipoControle::Browse;
          if (m_.Value.IsNull()) {
-           if (handsOn) Sibling()->Control().Value(Variant::Null());
+           if (handsOn) HandOn(Variant::Null(), road);
            EmptyReturnFields();
            return;
          }
          const auto definition = Browse();
-         const Variant description = mdlObjTxt::AchaDescr(
-             *definition, m_.Value, site_.DisplayName(),
-             mdlObjTxt::ExpandeParametros(FormDoControle(), definition->BrwWhere()), hWnd());
-         if (handsOn) Sibling()->Control().Value(description);
+         const auto found = mdlObjTxt::ProcuraDescr(
+             *definition, m_.Value,
+             mdlObjTxt::ExpandeParametros(FormDoControle(), definition->BrwWhere()));
+         if (!found.Falhou && handsOn) HandOn(found.Valor, road);
          if (DisparaBrowseReturn) DisparaEventos(u"BrowseReturn");
        });
-  return {};
 }
 
 Variant tsText::DisparaEventos(const String& strEvento) {
@@ -128,6 +146,7 @@ Variant tsText::DisparaEventos(const String& strEvento) {
 }
 
 String tsText::SiblingLiteral() const {
+  if (comforts().SearchWithoutFormerKey && shown_.IsTyped()) return {};
   const Variant& literal = State().vntValorIrmao;
   if (literal.IsNull()) return {};
   const String text = SqlText(literal);

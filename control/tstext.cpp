@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "mask/editing_keys.h"
-#include "mask/key_filter.h"
 #include "mask/masks.h"
 #include "pickers/calculator.h"
 #include "pickers/calendar.h"
@@ -29,10 +27,8 @@ tsText::tsText(host::ControlSite& site, host::TextBox& txtEdit, host::CommandBut
                tsTextEvents& events)
     : site_(site), txtEdit_(txtEdit), btnBrowse_(btnBrowse), events_(events) {
   txtEdit_.OnChange = [this] { txtEdit_Change(); };
-  txtEdit_.OnKeyDown = [this](Integer& KeyCode, Integer& Shift) {
-    txtEdit_KeyDown(*this, KeyCode, Shift);
-  };
-  txtEdit_.OnKeyPress = [this](Integer& KeyAscii) { txtEdit_KeyPress(*this, KeyAscii); };
+  txtEdit_.OnKeyDown = [this](Integer& KeyCode, Integer& Shift) { FilterKeyDown(KeyCode, Shift); };
+  txtEdit_.OnKeyPress = [this](Integer& KeyAscii) { FilterKeyPress(KeyAscii); };
   txtEdit_.OnKeyUp = [this](Integer& KeyCode, Integer&) { txtEdit_KeyUp(KeyCode); };
   txtEdit_.OnGotFocus = [this] { txtEdit_GotFocus(); };
   txtEdit_.OnLostFocus = [this] { txtEdit_LostFocus(); };
@@ -106,15 +102,16 @@ void tsText::OriginalValue(const Variant&) {
 void tsText::LastValue(const String& v) { m_.LastValue = v; }
 
 void tsText::Texto(const String& v) {
+  if (filtering_) shown_.NoteTyping();
   m_.Texto = v;
   const String password = txtEdit_.PasswordChar();
-  txtEdit_.Text(password.empty() ? v : StringOf(Len(v), password));
+  WriteBox(password.empty() ? v : StringOf(Len(v), password));
   site_.PropertyChanged(u"Texto");
 }
 
 String tsText::Text() const { return txtEdit_.Text(); }
 void tsText::Text(const String& v) {
-  txtEdit_.Text(v);
+  WriteBox(v);
   site_.PropertyChanged(u"Text");
 }
 
@@ -131,7 +128,7 @@ void tsText::Mascara(const String& v) {
     if (v.empty() && mdlObjTxt::LimpaMascara(txtEdit_.Text(), oldMask, oldItems).empty())
       Value(Variant::Null());
     else
-      txtEdit_.Text(LaidOut(Stripped()));
+      WithoutTouching([&] { WriteBox(LaidOut(Stripped())); });
   }
   site_.PropertyChanged(u"Mascara");
 }
@@ -168,11 +165,15 @@ void tsText::SelLength(Long v) {
 
 String tsText::SelText() const { return txtEdit_.SelText(); }
 void tsText::SelText(const String& v) {
+  const ShownText::OwnWrite own(shown_);
   txtEdit_.SelText(v);
   site_.PropertyChanged(u"SelText");
 }
 
 bool tsText::EhNumerica() const { return mdlObjTxt::EhMascaraNumerica(m_.Mascara); }
+
+/// The value is stored scrambled.
+bool tsText::EhEmbaralhada() const { return UCase(Left(m_.Mascara, 1)) == u"X"; }
 
 String tsText::LaidOut(const Variant& v) const {
   return mdlObjTxt::AplicaMascara(v, m_.Mascara, m_.PromptChar, m_.ItensMascara,

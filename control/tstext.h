@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "control/members.h"
+#include "control/shown_text.h"
 #include "mask/masked_field.h"
 #include "tessaria/host/control.h"
 #include "tessaria/tstext_interface.h"
@@ -43,8 +44,10 @@ class tsText final : public _tsText, private MaskedField {
   void UserControl_Show();
   void UserControl_Resize();
   void UserControl_EnterFocus();
-  /// Settles the field and tells whether it may be left. A field that the focus leaves for its own
-  /// button or for `ObjetoCancelar` may be.
+  /// Settles the field and tells how that ended: this is how a host or a program asks whether the
+  /// field may be left. A field that the focus leaves for its own button or for `ObjetoCancelar`
+  /// may be, with its text as it stands. A field that nobody has touched is not written, and is
+  /// `NotStored` never.
   ExitVerdict UserControl_ExitFocus();
   /// These three pass the key on to the application; errors of its handlers surface here.
   void UserControl_KeyDown(Integer& KeyCode, Integer& Shift);
@@ -62,6 +65,7 @@ class tsText final : public _tsText, private MaskedField {
   /// The relation check alone: no message for a missing row, no focus work, no status.
   bool AcionaChecaRelacao();
   Variant AtualizaIrmao(bool ApenasTsBrowse = false, bool DisparaBrowseReturn = false) override;
+  void ShowSibling(bool ApenasTsBrowse) override;
   Variant DisparaEventos(const String& strEvento) override;
   /// Sets the value that changes are measured against to Empty.
   void ClearLastValue();
@@ -109,6 +113,7 @@ class tsText final : public _tsText, private MaskedField {
   /// reads it back, shows it through the mask and refreshes the sibling. Refusals show a box.
   Variant Value() const override { return m_.Value; }
   void Value(const Variant& v) override;
+  void ShowValue(const Variant& v) override;
   /// Value of the row as it was loaded. Assigning shows a message and changes nothing.
   Variant OriginalValue() const { return m_.OriginalValue; }
   void OriginalValue(const Variant& v);
@@ -278,25 +283,51 @@ class tsText final : public _tsText, private MaskedField {
 
   // Events of the two widgets
   void txtEdit_Change();
+  void FilterKeyDown(Integer& KeyCode, Integer& Shift);
+  void FilterKeyPress(Integer& KeyAscii);
   void txtEdit_KeyUp(Integer KeyCode);
   void txtEdit_GotFocus();
   void txtEdit_LostFocus();
 
   // Value
+  /// Whether an assignment writes the bound field, or only shows what a row holds.
+  enum class Road { Write, Show };
+  /// What the first steps of an assignment made of the value.
+  struct Taken {
+    Variant Shown;  ///< what the box will show
+    bool IsStored = false;
+    ShownText::What What = ShownText::What::Value;
+  };
+  bool Assign(const Variant& argument, Road road);
+  Taken AssignUnbound(const Variant& v);
+  Taken AssignBound(const Variant& v, Road road);
+  Taken Converted(const Variant& v, Road road) const;
   Variant ConvertUnbound(const Variant& v) const;
   Variant ConvertBound(const Variant& v) const;
-  void AssignUnbound(const Variant& v, Variant& w);
-  void AssignBound(const Variant& v, Variant& w);
+  void WriteField(Taken& taken);
   void TextoFromValue();
-  void ShowValue(const Variant& w);
+  void Present(const Taken& taken, Road road);
+  void Display(const Taken& taken);
   static bool IsSame(const Variant& a, const Variant& b);
   bool ValueChanged() const;
   bool EhNumerica() const;
+  bool EhEmbaralhada() const;
   String LaidOut(const Variant& v) const;
   String Stripped() const;
 
+  // What the box was left showing
+  bool IsTouched() const;
+  bool HidesTexto() const;
+  bool ShowsStoredText() const;
+  void WriteBox(const String& text);
+  template <class Body>
+  void WithoutTouching(Body&& body);
+
   // Sibling
-  void SiblingStep();
+  void SiblingStep(Road road);
+  String SiblingCondition() const;
+  void HandOn(const Variant& value, Road road);
+  void RefreshSibling(bool ApenasTsBrowse, bool DisparaBrowseReturn, Road road);
   bool HandsOnToSibling() const;
   bool LookupIsComplete() const;
   void EmptyReturnFields();
@@ -317,7 +348,10 @@ class tsText final : public _tsText, private MaskedField {
   host::RecordsetPtr BoundRecordset() const;
 
   // Validation
-  bool CheckRules();
+  /// How the rules of leaving end. Escaped: the focus goes where nothing is checked.
+  enum class Check { Passed, Refused, Escaped };
+  Check CheckText();
+  Check CheckRules();
   bool CheckDate(const String& label);
   bool CheckRelation(const String& label);
   bool RelationHolds(String condition, const String& label, bool tellsMissing, Variant* found,
@@ -331,10 +365,12 @@ class tsText final : public _tsText, private MaskedField {
   void Refuse(const String& text);
 
   // Focus
+  String WithoutPoints() const;
   void SelectWhole();
-  void AssignTyped();
+  void Settle(ExitVerdict& verdict);
+  void FillZeros();
+  bool AssignTyped();
   void ReportChange();
-  bool RefusesFocus() const;
 
   // Button
   struct DialogPlace {
@@ -366,8 +402,21 @@ class tsText final : public _tsText, private MaskedField {
   host::CommandButton& btnBrowse_;
   tsTextEvents& events_;
   mutable Members m_;  // the definitions are created on first need, reading included
+  ShownText shown_;
   bool loading_ = false;
+  bool filtering_ = false;         ///< a key of the box is on its way through the filter
   std::vector<Variant> handedOn_;  ///< values whose sibling step is running, outermost first
 };
+
+/// What the field itself does to its box in `body` does not touch it.
+template <class Body>
+void tsText::WithoutTouching(Body&& body) {
+  const bool touched = IsTouched();
+  {
+    const ShownText::OwnWrite own(shown_);
+    body();
+  }
+  if (!touched) shown_.Remember(txtEdit_.Text(), m_.Texto);
+}
 
 }  // namespace tessaria

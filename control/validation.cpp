@@ -12,7 +12,13 @@
 namespace tessaria {
 
 bool tsText::Valida() {
-  bool result = false;
+  Check check{};
+  WithoutTouching([&] { check = CheckText(); });
+  return check == Check::Passed;
+}
+
+tsText::Check tsText::CheckText() {
+  Check result = Check::Escaped;
   // The trap is armed for asking which inner widget is active and stays so: the first error
   // anywhere starts the rules over, a second one is the caller's.
   Catch(
@@ -29,30 +35,31 @@ bool tsText::Valida() {
   return result;
 }
 
-bool tsText::CheckRules() {
-  if (Cancels()) return false;
+tsText::Check tsText::CheckRules() {
+  if (Cancels()) return Check::Escaped;
   const String label = LabelPrefix();
 
   if (CommandButtonIsActive() && IsForbiddenBlank()) {
     m_.LastValidaStatus = false;
     Refuse(label + u"Não Pode Ser Branco, Verifique Por Favor");
     if (txtEdit_.Visible()) txtEdit_.SetFocus();
-    return false;
+    return Check::Refused;
   }
   if (mdlObjTxt::EhMascaraDeData(m_.Mascara) && !CheckDate(label)) {
     ReturnFocus();
-    return false;
+    return Check::Refused;
   }
   // A required blank lets the focus pass to anything but a command button, whose case is
   // settled above; the status stays as it was.
-  if (IsForbiddenBlank()) return true;
+  if (IsForbiddenBlank()) return Check::Passed;
   if (!m_.UsaChecaRelacao) {
     m_.LastValidaStatus = true;
-    return true;
+    return Check::Passed;
   }
   m_.LastValidaStatus = CheckRelation(label);
-  if (!m_.LastValidaStatus) ReturnFocus();
-  return m_.LastValidaStatus;
+  if (m_.LastValidaStatus) return Check::Passed;
+  ReturnFocus();
+  return Check::Refused;
 }
 
 bool tsText::Cancels() const {
@@ -78,7 +85,9 @@ bool tsText::IsForbiddenBlank() const {
 }
 
 bool tsText::CheckDate(const String& label) {
-  if (!Stripped().empty()) {
+  if (ShowsStoredText()) {
+    m_.LastValidaStatus = true;  // the operator did not write it
+  } else if (!Stripped().empty()) {
     m_.LastValidaStatus = mdlObjTxt::ChecaData(txtEdit_, m_.Mascara, m_.ItensMascara);
     if (!m_.LastValidaStatus) Refuse(label + u"Invalido(a), Corrija Por Favor");
   } else if (CommandButtonIsActive()) {
@@ -95,7 +104,7 @@ bool tsText::CheckRelation(const String& label) {
   const bool exists =
       RelationHolds(mdlObjTxt::ExpandeParametros(FormDoControle(), Browse()->BrwWhere()), label,
                     true, &found, CommandButtonIsActive());
-  if (exists && !found.IsEmpty()) txtEdit_.Text(LaidOut(found));
+  if (exists && !found.IsEmpty()) WriteBox(LaidOut(found));
   return exists;
 }
 

@@ -1,5 +1,6 @@
 // The road of a value: from an assignment to the field, the typed text, the box and the sibling.
 
+#include "control/exact_number.h"
 #include "control/tstext.h"
 #include "control/type_codes.h"
 #include "mask/masks.h"
@@ -20,25 +21,37 @@ bool IsBlank(const Variant& v) { return v.IsNull() || EqualsEmpty(v); }
 
 const Variant kZero{Integer{0}};
 
+/// Whether two values differ in no more than their kind, or in what no text of them tells.
+bool ReadsAlike(const Variant& a, const Variant& b) {
+  if (a.IsNull() || b.IsNull()) return a.IsNull() && b.IsNull();
+  return Equal(a, b) || CStr(a) == CStr(b);
+}
+
 }  // namespace
 
-void tsText::Value(const Variant& argument) {
+void tsText::Value(const Variant& v) { Assign(v, Road::Write); }
+
+void tsText::ShowValue(const Variant& v) { Assign(v, Road::Show); }
+
+/// False when the value was refused, which the operator has been told.
+bool tsText::Assign(const Variant& argument, Road road) {
   // The argument may be a member that the steps change.
   const Variant v = argument;  // NOLINT(performance-unnecessary-copy-initialization)
-  Variant w;
-  if (m_.bCampoConectado)
-    AssignBound(v, w);
-  else
-    AssignUnbound(v, w);
+  const Taken taken = m_.bCampoConectado ? AssignBound(v, road) : AssignUnbound(v);
+  Present(taken, road);
+  return taken.IsStored;
+}
 
+void tsText::Present(const Taken& taken, Road road) {
   Catch(
       [&] {
         // A handler of the typed text's change has assigned anew: what that showed stands.
-        if (!m_.bCampoConectado && !IsSame(m_.Value, w)) return;
-        ShowValue(w);
+        if (!m_.bCampoConectado && !IsSame(m_.Value, taken.Shown)) return;
+        Display(taken);
         // At the end of a record set nothing was written: the value stays in memory.
-        if (m_.Value.IsNull()) m_.Value = w;
-        SiblingStep();
+        if (m_.Value.IsNull()) m_.Value = taken.Shown;
+        SiblingStep(road);
+        shown_.ForgetTyping();
         site_.PropertyChanged(u"Value");
       },
       [&] {
@@ -47,26 +60,29 @@ void tsText::Value(const Variant& argument) {
       });
 }
 
-void tsText::AssignUnbound(const Variant& v, Variant& w) {
+tsText::Taken tsText::AssignUnbound(const Variant& v) {
+  Taken taken;
   Catch(
       [&] {
-        w = ConvertUnbound(v);
-        m_.Value = w;
+        taken.Shown = ConvertUnbound(v);
+        taken.IsStored = true;
+        m_.Value = taken.Shown;
         TextoFromValue();
       },
       [&] {
         mdlMsgBox::ExibeMensagem(
             hWnd(), u"Error: " + CStr(Variant(Err().Number)) + u" - " + Err().Description,
             mdlMsgBox::flag::Stop, u"Erro ao Atualizar o Campo");
-        m_.Value = w;
+        m_.Value = taken.Shown;
         TextoFromValue();
       });
+  return taken;
 }
 
 Variant tsText::ConvertUnbound(const Variant& v) const {
   if (EhTipoDadoNumerico(m_.TipoDado)) {
     if (IsBlank(v)) return EhNumerica() ? kZero : Variant::Null();
-    return CDbl(v);
+    return ExactNumber(v);
   }
   if (m_.TipoDado == TipoDadoData) {
     if (v.IsNull()) return Variant::Null();
@@ -78,18 +94,22 @@ Variant tsText::ConvertUnbound(const Variant& v) const {
   return IsBlank(v) ? Variant::Null() : v;
 }
 
-void tsText::AssignBound(const Variant& v, Variant& w) {
+tsText::Taken tsText::AssignBound(const Variant& v, Road road) {
+  Taken taken;
   Catch(
       [&] {
-        w = ConvertBound(v);
+        taken = Converted(v, road);
         const auto rows = BoundRecordset();
         if (rows->Eof() || rows->Bof()) {
+          taken.IsStored = true;
           Texto(String());
           m_.Value = Variant::Null();
           return;
         }
-        GravaValorCampo(w);
-        m_.Value = CampoVinculado()->Value();
+        if (road == Road::Write)
+          WriteField(taken);
+        else
+          m_.Value = ReadsAlike(v, taken.Shown) ? v : taken.Shown;
         TextoFromValue();
       },
       [&] {
@@ -98,6 +118,28 @@ void tsText::AssignBound(const Variant& v, Variant& w) {
         m_.Value = CampoVinculado()->Value();
         TextoFromValue();
       });
+  return taken;
+}
+
+/// A value that a row holds and the field's type cannot take is shown as its text.
+tsText::Taken tsText::Converted(const Variant& v, Road road) const {
+  if (road == Road::Write) return {.Shown = ConvertBound(v)};
+  Taken taken;
+  Catch([&] { taken.Shown = ConvertBound(v); },
+        [&] {
+          Err().Clear();  // steers, reports nothing
+          taken.Shown = CStr(v);
+          taken.What = ShownText::What::StoredText;
+        });
+  return taken;
+}
+
+void tsText::WriteField(Taken& taken) {
+  taken.What = ShownText::What::Refused;  // until the field has taken it
+  GravaValorCampo(taken.Shown);
+  taken.What = ShownText::What::Value;
+  taken.IsStored = true;
+  m_.Value = CampoVinculado()->Value();
 }
 
 Variant tsText::ConvertBound(const Variant& v) const {
@@ -112,7 +154,7 @@ Variant tsText::ConvertBound(const Variant& v) const {
         if (EhNumerica()) return kZero;
         return acceptsNull ? Variant::Null() : kZero;
       }
-      return CDbl(v);
+      return ExactNumber(v);
     case FieldFamily::Date: {
       const Variant blank = acceptsNull ? Variant::Null() : Variant();
       if (v.IsNull()) return blank;
@@ -130,9 +172,28 @@ void tsText::TextoFromValue() {
   Texto(mdlObjTxt::LimpaMascara(TextOf(m_.Value), m_.Mascara, m_.ItensMascara));
 }
 
-void tsText::ShowValue(const Variant& w) {
-  if (m_.Mascara.empty() && w.IsNull()) return;  // the box stays as the typed text left it
-  txtEdit_.Text(LaidOut(w));
+void tsText::Display(const Taken& taken) {
+  const bool asText = taken.What == ShownText::What::StoredText;
+  if (asText)
+    WriteBox(mdlObjTxt::AplicaMascara(taken.Shown, {}, {}, {}, txtEdit_.PasswordChar()));
+  else if (!m_.Mascara.empty() || !taken.Shown.IsNull())  // else it is as the typed text left it
+    WriteBox(LaidOut(taken.Shown));
+  shown_.Remember(txtEdit_.Text(), m_.Texto, taken.What);
+}
+
+// --- What the box was left showing
+
+bool tsText::IsTouched() const { return shown_.IsTouched(txtEdit_.Text(), m_.Texto, HidesTexto()); }
+
+bool tsText::HidesTexto() const { return EhEmbaralhada() || !txtEdit_.PasswordChar().empty(); }
+
+bool tsText::ShowsStoredText() const {
+  return shown_.Shows() == ShownText::What::StoredText && !IsTouched();
+}
+
+void tsText::WriteBox(const String& text) {
+  const ShownText::OwnWrite own(shown_);
+  txtEdit_.Text(text);
 }
 
 /// Null is the same as Null alone.

@@ -1,5 +1,7 @@
 #include "lookup/description_lookup.h"
 
+#include <vector>
+
 #include "lookup/dialect.h"
 #include "lookup/query_text.h"
 #include "runtime/compare.h"
@@ -60,13 +62,22 @@ host::RecordsetPtr Executa(host::Connection& conexao, const String& instrucao) {
   return conexao.Execute(instrucao);
 }
 
-void PreencheOutros(ListaOutros& outros, const String& campos, host::Recordset& rs) {
+/// What the entries of `Outros` become, in their order.
+std::vector<Variant> LeOutros(const ListaOutros& outros, const String& campos,
+                              host::Recordset& rs) {
+  const bool temLinha = !rs.Bof() && !rs.Eof();
+  std::vector<Variant> valores;
   for (Long i = 1; i <= outros.Count(); ++i) {
-    const auto campo = outros.Item(i);
-    const bool temLinha = !rs.Bof() && !rs.Eof();
-    const bool selecionado = InStr(campos, campo->Nome()) != 0;
-    campo->Valor(temLinha && selecionado ? rs.Fields().Item(campo->Nome())->Value() : Variant());
+    const String nome = outros.Item(i)->Nome();
+    const bool selecionado = InStr(campos, nome) != 0;
+    valores.push_back(temLinha && selecionado ? rs.Fields().Item(nome)->Value() : Variant());
   }
+  return valores;
+}
+
+void PreencheOutros(ListaOutros& outros, const std::vector<Variant>& valores) {
+  Long i = 0;
+  for (const Variant& valor : valores) outros.Item(++i)->Valor(valor);
 }
 
 String InstrucaoDeCompletar(bool postgres, const String& texto, const String& tabela,
@@ -91,22 +102,28 @@ void PassaAoIrmao(_tsText* irmao, const Variant& valor) {
 
 }  // namespace
 
-Variant AchaDescr(Browse& objBrowse, const Variant& varValor, const String& /*strNomeControle*/,
-                  const String& strWhere, Long /*lngHwnd*/) {
-  Variant descricao;
+Descricao ProcuraDescr(Browse& browse, const Variant& valor, const String& where) {
+  Descricao achada;
   Trap(u"mdlObjTxt", u"AchaDescr", [&] {
     const auto conexao = ConexaoAtual();
-    const String campos = CamposDeRetorno(objBrowse);
-    const String instrucao =
-        InstrucaoDeBusca(objBrowse, *conexao, Literal(varValor), campos, strWhere);
-    if (campos.empty()) return;
-    const auto rs = Executa(*conexao, instrucao);
-    if (!rs->Bof() && !rs->Eof()) descricao = rs->Fields().Item(0)->Value();
-    PreencheOutros(objBrowse.Outros(), campos, *rs);
+    const String campos = CamposDeRetorno(browse);
+    const String instrucao = InstrucaoDeBusca(browse, *conexao, Literal(valor), campos, where);
+    if (!campos.empty()) {
+      const auto rs = Executa(*conexao, instrucao);
+      if (!rs->Bof() && !rs->Eof()) achada.Valor = rs->Fields().Item(0)->Value();
+      // All is read before anything is changed.
+      PreencheOutros(browse.Outros(), LeOutros(browse.Outros(), campos, *rs));
+    }
+    achada.Falhou = false;
     // A handler may do away with the definition, which is not touched from here on.
-    App().DoEvents();
+    if (!campos.empty()) App().DoEvents();
   });
-  return descricao;
+  return achada;
+}
+
+Variant AchaDescr(Browse& objBrowse, const Variant& varValor, const String& /*strNomeControle*/,
+                  const String& strWhere, Long /*lngHwnd*/) {
+  return ProcuraDescr(objBrowse, varValor, strWhere).Valor;
 }
 
 Variant CompletaDescr(host::TextBox& txtBox, const String& strTabela, const String& strCampo,

@@ -19,7 +19,8 @@ enum class TipoControle : Long {
 enum class ExitVerdict {
   Left,      ///< the field is settled, or there was nothing to settle
   Refused,   ///< the text is not valid: the field keeps it and wants the focus back
-  NotStored  ///< the text is valid, but its value could not be taken: the box still shows it
+  NotStored  ///< the value was refused, or an error came before it was stored; the operator was
+             ///< told
 };
 
 /// The control from outside. Implemented by `tsText`.
@@ -32,6 +33,8 @@ class _tsText {
 
   virtual Variant Value() const = 0;
   virtual void Value(const Variant& value) = 0;
+  /// As assigning `Value`, except that the bound field is not written: a row is being shown.
+  virtual void ShowValue(const Variant& value) = 0;
   /// Code of the variant type that an unbound value is held in.
   virtual Long TipoDado() const = 0;
   virtual String TxtIrmao() const = 0;
@@ -41,6 +44,9 @@ class _tsText {
   /// Looks the description up again and hands it to the sibling. With `ApenasTsBrowse` a key
   /// field leaves its sibling alone; with `DisparaBrowseReturn` the event follows.
   virtual Variant AtualizaIrmao(bool ApenasTsBrowse = false, bool DisparaBrowseReturn = false) = 0;
+  /// As `AtualizaIrmao`, except that the sibling's bound field is not written: a row is being
+  /// shown.
+  virtual void ShowSibling(bool ApenasTsBrowse) = 0;
   /// Raises the event of that exact name: "BrowseReturn". Any other text does nothing.
   virtual Variant DisparaEventos(const String& strEvento) = 0;
 };

@@ -497,9 +497,26 @@ TEST_F(DescriptionOnLeavingTest, ATypedKeyFetchesItOnLeaving) {
 
 TEST_F(DescriptionOnLeavingTest, WithNoKeyItIsNotFetched) {
   Enter();
-  Box().Text(u"7");
+  Control().Text(u"7");  // the program's
   Leave();
   EXPECT_THAT(Control().Value(), IsValue(u"7"));
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+}
+
+// The key is down when the focus goes, and comes up elsewhere.
+TEST_F(DescriptionOnLeavingTest, AKeyThatIsStillHeldCountsWhenItChangedTheText) {
+  Enter();
+  Box().Hold({55, 0, u'7'});
+  Leave();
+  EXPECT_THAT(Control().Value(), IsValue(u"7"));
+  EXPECT_THAT(connection->TakeStatements(), testing::SizeIs(1));
+}
+
+TEST_F(DescriptionOnLeavingTest, AHeldKeyThatChangedNothingDoesNotCount) {
+  Control().Value(u"7");
+  Enter();
+  Box().Hold(memory::StrokeOf(memory::Key::Left));
+  Leave();
   EXPECT_THAT(connection->TakeStatements(), IsEmpty());
 }
 

@@ -33,6 +33,37 @@ TEST_F(SiblingTest, ACodeThatIsNotThereEmptiesTheDescription) {
   EXPECT_THAT((*description)->Value(), IsNullVariant());
 }
 
+TEST_F(SiblingTest, ASearchThatFailsLeavesDescriptionAndReturnFieldsAsTheyStood) {
+  (*description)->Value(u"Ana");
+  const auto city = AddOutro(key, u"cidade");
+  city->Valor(u"Campinas");
+  connection->OnStatement = [](const String&) -> memory::Rows {
+    throw HostError(errors::ProviderError, u"sem servidor");
+  };
+  AssignTyped(key, u"8");
+  EXPECT_EQ(app.TakeBoxes().size(), 1u);
+  EXPECT_THAT((*key)->Value(), IsValue(u"8"));
+  EXPECT_THAT((*description)->Value(), IsValue(u"Ana"));
+  EXPECT_THAT(city->Valor(), IsValue(u"Campinas"));
+  (*key)->AtualizaIrmao();
+  EXPECT_EQ(app.TakeBoxes().size(), 1u);
+  EXPECT_THAT((*description)->Value(), IsValue(u"Ana"));
+  EXPECT_THAT(city->Valor(), IsValue(u"Campinas"));
+}
+
+TEST_F(SiblingTest, AConditionThatCannotBeExpandedLeavesDescriptionAndReturnFieldsAsTheyStood) {
+  (*description)->Value(u"Ana");
+  const auto city = AddOutro(key, u"cidade");
+  city->Valor(u"Campinas");
+  (*key)->Browse()->BrwWhere(u"uf = @txtNada@");
+  AssignTyped(key, u"8");
+  (*key)->AtualizaIrmao();
+  EXPECT_EQ(app.TakeBoxes().size(), 2u);
+  EXPECT_THAT((*description)->Value(), IsValue(u"Ana"));
+  EXPECT_THAT(city->Valor(), IsValue(u"Campinas"));
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+}
+
 TEST_F(SiblingTest, ANullKeyEmptiesDescriptionAndReturnFieldsWithoutAsking) {
   const auto cidade = AddOutro(key, u"cidade");
   cidade->Valor(u"Campinas");

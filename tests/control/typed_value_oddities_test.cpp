@@ -41,20 +41,21 @@ TEST_F(HiddenTextTest, ATypedTextIsStoredScrambledOnce) {
   EXPECT_THAT((*field)->Value(), IsValue(CodificaTexto(u"ABCD")));
 }
 
-TEST_F(HiddenTextTest, LeavingAFieldOfXUntouchedScramblesItsValueOnceMore) {
+TEST_F(HiddenTextTest, AFieldOfXThatIsLeftUntouchedKeepsItsValue) {
   const auto field = Add(u"XXXX", u"*");
   form->Show();
   const String once = CodificaTexto(u"ABCD");
   (*field)->Value(once);
   Enter(field);
   Leave();
-  EXPECT_THAT((*field)->Value(), IsValue(CodificaTexto(once)));
+  EXPECT_THAT((*field)->Value(), IsValue(once));
+  Type(field, u"ABCD");
   Enter(field);
   Leave();
-  EXPECT_THAT((*field)->Value(), IsValue(CodificaTexto(CodificaTexto(once))));
+  EXPECT_THAT((*field)->Value(), IsValue(once));
 }
 
-TEST_F(HiddenTextTest, ABoundFieldOfXWritesTheSecondScramblingToItsRow) {
+TEST_F(HiddenTextTest, ABoundFieldOfXThatIsLeftUntouchedKeepsItsRow) {
   const String once = CodificaTexto(u"ABCD");
   const auto data = AddData({{u"senha", host::type::VarWChar}}, {{once}});
   const auto field = Add(u"XXXX", u"*");
@@ -62,7 +63,18 @@ TEST_F(HiddenTextTest, ABoundFieldOfXWritesTheSecondScramblingToItsRow) {
   form->Show();
   Enter(field);
   Leave();
-  EXPECT_THAT(data->RecordSet()->Fields().Item(u"senha")->Value(), IsValue(CodificaTexto(once)));
+  EXPECT_THAT(data->RecordSet()->Fields().Item(u"senha")->Value(), IsValue(once));
+}
+
+// The box of the hidden text looks the same as before.
+TEST_F(HiddenTextTest, ATypedTextThatAProgramReplacesIsTouched) {
+  const auto field = Add(u"XXXX", u"*");
+  form->Show();
+  (*field)->Value(u"abcd");
+  Enter(field);
+  (*field)->Texto(u"efgh");
+  Leave();
+  EXPECT_THAT((*field)->Value(), IsValue(CodificaTexto(u"efgh")));
 }
 
 /// So a field for a new password is unbound and emptied once its value is taken.
@@ -104,7 +116,7 @@ TEST_F(HiddenTextTest, AnyMaskButXStoresThePasswordCharactersThemselves) {
   }
 }
 
-TEST_F(HiddenTextTest, WithoutAMaskAnAssignedValueIsLostWhenTheFieldIsLeft) {
+TEST_F(HiddenTextTest, WithoutAMaskAnAssignedValueIsLostWhenItIsTypedOn) {
   const auto field = Add(u"", u"*");
   form->Show();
   Type(field, u"abcd");
@@ -112,7 +124,12 @@ TEST_F(HiddenTextTest, WithoutAMaskAnAssignedValueIsLostWhenTheFieldIsLeft) {
   // The assignment of the value has put password characters into the box.
   Enter(field);
   Leave();
-  EXPECT_THAT((*field)->Value(), IsValue(u"****"));
+  EXPECT_THAT((*field)->Value(), IsValue(u"abcd"));
+  Enter(field);
+  field->txtEdit().Press(memory::Key::End);
+  field->txtEdit().Type(u"e");
+  Leave();
+  EXPECT_THAT((*field)->Value(), IsValue(u"****e"));
 }
 
 TEST_F(HiddenTextTest, TheZeroFillTakesNoPasswordCharacters) {

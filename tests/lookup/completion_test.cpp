@@ -16,6 +16,7 @@ class Sibling final : public _tsText {
     value = v;
     calls.push_back(u"Value");
   }
+  void ShowValue(const Variant& v) override { Value(v); }
   Long TipoDado() const override { return 1; }
   String TxtIrmao() const override { return {}; }
   bool Enabled() const override { return true; }
@@ -25,6 +26,7 @@ class Sibling final : public _tsText {
     calls.push_back(u"AtualizaIrmao " + CStr(onlyKey) + u" " + CStr(raise));
     return {};
   }
+  void ShowSibling(bool) override {}
   Variant DisparaEventos(const String& event) override {
     calls.push_back(u"DisparaEventos " + event);
     return {};

@@ -222,11 +222,14 @@ TEST_F(DescriptionTest, WithoutARowAllReturnFieldsAreEmptied) {
 }
 
 TEST_F(DescriptionTest, AReturnFieldMatchesAnyPartOfTheListAndThenFails) {
+  browse.Outros().Add(u"uf");
   browse.Outros().Add(u"cid");
+  browse.Outros().Item(1)->Valor(u"velho");
   WillFindAna();
   EXPECT_SAME(Find(Long{15}), u"Ana");  // the result as it stood
   ExpectErrorBox(u"AchaDescr", HostError(errors::ItemNotFound));
   EXPECT_EQ(app.EventPumps(), 0);
+  EXPECT_SAME(browse.Outros().Item(1)->Valor(), u"velho");  // a failure leaves all as it stood
 }
 
 TEST_F(DescriptionTest, TheDefinitionMayGoAwayWhileEventsArePumped) {

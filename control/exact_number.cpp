@@ -1,0 +1,44 @@
+#include "control/exact_number.h"
+
+#include <optional>
+
+#include "runtime/conversion.h"
+#include "runtime/digits.h"
+#include "runtime/number_text.h"
+#include "tessaria/error.h"
+
+namespace tessaria {
+
+namespace {
+
+/// The digits that the value is written with; nothing for one that a Double holds as it is.
+std::optional<Digits> WrittenDigits(const Variant& value) {
+  if (const String* text = value.TryGet<String>()) {
+    const auto number = ReadNumber(*text);
+    return number && !number->Bits ? std::optional(number->Value) : std::nullopt;
+  }
+  const bool isShort = value.Type() == Variant::Kind::Single;
+  const bool isExact =
+      value.Type() == Variant::Kind::Currency || value.Type() == Variant::Kind::Decimal;
+  return isShort || isExact ? std::optional(DigitsOf(value)) : std::nullopt;
+}
+
+int SignificantDigits(Digits value) {
+  value.DropLeadingZeros();
+  return static_cast<int>(value.Text.find_last_not_of('0') + 1);
+}
+
+}  // namespace
+
+Variant ExactNumber(const Variant& value) {
+  const double nearest = CDbl(value);
+  const auto digits = WrittenDigits(value);
+  if (!digits) return nearest;
+  if (SignificantDigits(*digits) <= kDoubleDigits) return ToDouble(*digits);
+  const Decimal exact = ToDecimal(*digits);
+  if (Order(DigitsOf(exact), *digits) != 0)
+    throw HostError(errors::Overflow, u"O número tem mais dígitos do que o campo pode guardar.");
+  return exact;
+}
+
+}  // namespace tessaria

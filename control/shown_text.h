@@ -1,0 +1,65 @@
+// What the box was left showing, and so whether anybody has changed it since.
+#pragma once
+
+#include "tessaria/string.h"
+
+namespace tessaria {
+
+/// The memory of one box: a field that nobody has touched is not written when it is left.
+///
+/// The field calls `Remember` whenever it has shown its value. A change of the box that no
+/// `OwnWrite` covers is the operator's.
+class ShownText {
+ public:
+  enum class What {
+    Value,       ///< the field's value
+    Refused,     ///< a value that was not stored
+    StoredText,  ///< a stored value that the field's type cannot take, as its text
+  };
+
+  /// A write of the field or of the program, for the length of a scope.
+  class OwnWrite {
+   public:
+    explicit OwnWrite(ShownText& shown) : shown_(shown) { ++shown_.ownWrites_; }
+    ~OwnWrite() { --shown_.ownWrites_; }
+    OwnWrite(const OwnWrite&) = delete;
+    OwnWrite& operator=(const OwnWrite&) = delete;
+
+   private:
+    ShownText& shown_;
+  };
+
+  /// The focus comes in, or the value is shown anew: what was typed before counts no more.
+  void ForgetTyping() { typed_ = false; }
+  /// The box has changed.
+  void NoteChange() { typed_ = typed_ || ownWrites_ == 0; }
+  /// The operator puts a text into the box, be it the same as before.
+  void NoteTyping() { typed_ = true; }
+
+  /// These are the texts that the field leaves in its box and as its typed text.
+  void Remember(const String& box, const String& texto) {
+    box_ = box;
+    texto_ = texto;
+  }
+  void Remember(const String& box, const String& texto, What what) {
+    Remember(box, texto);
+    what_ = what;
+  }
+
+  /// Whether the operator has changed the box since the focus came in.
+  bool IsTyped() const { return typed_; }
+  What Shows() const { return what_; }
+  /// Whether the box shows something else than the field's own value. A refused value counts
+  /// until another is shown. The typed text tells only of a box that hides it.
+  bool IsTouched(const String& box, const String& texto, bool hidesTexto) const {
+    return typed_ || what_ == What::Refused || box != box_ || (hidesTexto && texto != texto_);
+  }
+
+ private:
+  String box_, texto_;
+  What what_ = What::Value;
+  bool typed_ = false;
+  int ownWrites_ = 0;
+};
+
+}  // namespace tessaria
