@@ -3,9 +3,10 @@
 #include "browse/grid_form.h"
 #include "lookup/dialect.h"
 #include "lookup/field_types.h"
+#include "lookup/literals.h"
 #include "lookup/query_text.h"
+#include "lookup/where_text.h"
 #include "mask/exit_flag.h"
-#include "mask/form_helpers.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "services/busy_pointer.h"
@@ -40,7 +41,7 @@ String PreFiltro(const host::TextBox& box, const String& campo) {
   const String texto = box.Text();
   const Long digitados = box.SelStart() == 0 ? Len(texto) : box.SelStart();
   return campo + u" " + mdlComum::TraduzSQL(fragmento::Like) + u" '" +
-         DobraAspas(Left(texto, digitados)) + u"%'";
+         ConteudoDeTexto(Left(texto, digitados)) + u"%'";
 }
 
 /// The whole clause, from " Where " on. `where` is expanded already.
@@ -105,7 +106,7 @@ void GuardaValorIrmao(host::Recordset& linhas, const String& campoIrmao) {
   const auto campo = linhas.Fields().Item(campoIrmao);
   const Variant valor = campo->Value();
   State().vntValorIrmao =
-      EhTipoDeCampoNumerico(campo->Type()) ? valor : Variant(Aspas(SqlText(valor)));
+      EhTipoDeCampoNumerico(campo->Type()) ? valor : Variant(TextoSql(SqlText(valor)));
 }
 
 }  // namespace
@@ -129,7 +130,7 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
 
     const String campos = Lista(strCampo, strCampoIrmao, strCampoOutros);
     const String from = strLeftJoin.empty() ? strTabela : strLeftJoin;
-    form.strWhere = ExpandeParametros(frmForm, strWhere);
+    form.strWhere = frmForm ? ExpandeCondicao(frmForm, strWhere) : strWhere;
     CopiaColunas(cgrColGrid, form.cgrColGrid, false);
 
     // Two blanks stand in front of the order when there is no group clause.

@@ -18,11 +18,12 @@ namespace tessaria::mdlObjTxt {
 /// control: the list of a description (`intTipoControle` 3) holds only what begins with its typed
 /// text; its `Tag` is set as the list opens. `varValor` is the control's value; a blank one takes
 /// the key of the first row. The texts are those of the definition; `strWhere` may hold `@name@`
-/// parameters, which the controls of `frmForm` answer. `objPesquisa` may be nothing: no searches.
-/// `strMsgBrowse` replaces the message of an empty table unless blank. `lngHwnd` is the window of
-/// the control and owns the messages. After a choice of a description the thread's sibling value
-/// is the key of its row. `falhou`, unless null, tells whether the list failed: no list could be
-/// shown, or an error ended it. A cancel and an empty table are no failures.
+/// parameters, which the controls of `frmForm` answer; with no form it stays as it is.
+/// `objPesquisa` may be nothing: no searches. `strMsgBrowse` replaces the message of an empty table
+/// unless blank. `lngHwnd` is the window of the control and owns the messages. After a choice of a
+/// description the thread's sibling value is the key of its row. `falhou`, unless null, tells
+/// whether the list failed: no list could be shown, or an error ended it. A cancel and an empty
+/// table are no failures.
 ///
 /// References are not used any more once the list shows, so that the control and its form may go
 /// away under it.

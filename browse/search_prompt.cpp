@@ -5,6 +5,7 @@
 #include "browse/search_clause.h"
 #include "lookup/browse_definition.h"
 #include "lookup/dialect.h"
+#include "lookup/literals.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "services/trap.h"
@@ -89,7 +90,7 @@ String ValorDigitado(const host::TsTextWidget& edit, Long tipo, const String& ma
     return mdlComum::TraduzSQL(fragmento::Data, {}, {}, {}, {}, CStr(edit.Get(u"Text")));
   const String valor = CStr(edit.Get(u"Value"));
   if (StartsWith(mascara, u"$")) return Replace(Replace(valor, u".", u""), u",", u".");
-  return DobraAspas(valor);
+  return ConteudoDeTexto(valor);
 }
 
 }  // namespace
@@ -117,7 +118,7 @@ bool tsMostraFormPesquisa(const String& strTabela, String strCampo, Long lngTipo
       const auto definicao = edit.Get(u"Browse").As<Browse>();
       definicao->BrowseTable(strTabela);
       definicao->BrwCampo(strCampo);
-      definicao->BrwWhere(strWhere);
+      definicao->WherePronto(strWhere);
     } else if (lngTipo == tipo_pesquisa::Data) {
       edit.Let(u"TipoControle", static_cast<Long>(TipoControle::Calendario));
     }

@@ -96,7 +96,8 @@ void tsText::PickFromList(const DialogPlace& place) {
   const String chosen = Trim(mdlObjTxt::VerBrowse(
       place.Top, place.Left, txtEdit_, value, BrowseTable(), BrwCampo(), BrwCampoIrmao(),
       BrwCampoOutros(), BrwGroupBy(), BrwLeftJoin(), BrwWhere(), BrwTitulo(), m_.TipoControle,
-      site_.Parent(), Browse()->cgrColGrid(), searches, m_.MsgBrowse, hWnd(), &failed));
+      Browse()->WherePronto() ? nullptr : site_.Parent(), Browse()->cgrColGrid(), searches,
+      m_.MsgBrowse, hWnd(), &failed));
   App().DoEvents();
   if (!failed) {  // a list that failed leaves the field as it stands
     m_.bCarregandoCampo = true;

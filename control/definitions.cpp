@@ -1,6 +1,7 @@
 // The two definition objects and the texts that stand in front of them.
 
 #include "control/tstext.h"
+#include "lookup/where_text.h"
 
 namespace tessaria {
 
@@ -18,6 +19,12 @@ std::shared_ptr<tessaria::Pesquisa> tsText::Pesquisa() const {
 
 void tsText::Pesquisa(const std::shared_ptr<tessaria::Pesquisa>& v) {
   Store(m_.Pesquisa, v, u"Pesquisa");
+}
+
+String tsText::Condition() const {
+  const auto definition = Browse();
+  if (definition->WherePronto()) return definition->BrwWhere();
+  return mdlObjTxt::ExpandeCondicao(FormDoControle(), definition->BrwWhere());
 }
 
 // The eight texts of the lookup: the control's own wins over the definition's.

@@ -4,7 +4,6 @@
 #include "control/tstext.h"
 #include "lookup/description_lookup.h"
 #include "mask/editing_keys.h"
-#include "mask/form_helpers.h"
 #include "mask/key_filter.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
@@ -94,7 +93,7 @@ void tsText::CompleteDescription(Integer KeyCode) {
 
   const auto definition = Browse();
   // The condition is the definition's own; the key's literal narrows it further.
-  String condition = mdlObjTxt::ExpandeParametros(FormDoControle(), definition->BrwWhere());
+  String condition = Condition();
   const String siblingField = BrwCampoIrmao();
   const String literal = SiblingLiteral();
   if (!literal.empty() && !siblingField.empty())

@@ -5,7 +5,7 @@
 #include "control/tstext.h"
 #include "lookup/description_lookup.h"
 #include "lookup/field_types.h"
-#include "mask/form_helpers.h"
+#include "lookup/literals.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "services/message_box.h"
@@ -75,7 +75,8 @@ void tsText::SiblingStep(Road road) {
     return;
   }
   const auto definition = Browse();
-  const auto found = mdlObjTxt::ProcuraDescr(*definition, m_.Value, SiblingCondition());
+  const auto found =
+      mdlObjTxt::ProcuraDescr(*definition, m_.Value, site_.DisplayName(), SiblingCondition());
   if (found.Falhou || !HandsOnToSibling()) return;
   HandOn(found.Valor, road);
   if (m_.TipoControle != tessaria::TipoControle::Descricao) return;
@@ -96,7 +97,7 @@ String tsText::SiblingCondition() const {
     const String literal = SiblingLiteral();
     if (!literal.empty()) filter = definition->BrwCampoIrmao() + u" = " + literal;
   }
-  String condition = mdlObjTxt::ExpandeParametros(FormDoControle(), definition->BrwWhere());
+  String condition = Condition();
   if (!condition.empty() && !filter.empty()) condition += u" And ";
   return condition + filter;
 }
@@ -129,9 +130,8 @@ void tsText::RefreshSibling(bool ApenasTsBrowse, bool DisparaBrowseReturn, Road 
            return;
          }
          const auto definition = Browse();
-         const auto found = mdlObjTxt::ProcuraDescr(
-             *definition, m_.Value,
-             mdlObjTxt::ExpandeParametros(FormDoControle(), definition->BrwWhere()));
+         const auto found =
+             mdlObjTxt::ProcuraDescr(*definition, m_.Value, site_.DisplayName(), Condition());
          if (!found.Falhou && handsOn) HandOn(found.Valor, road);
          if (DisparaBrowseReturn) DisparaEventos(u"BrowseReturn");
        });
@@ -150,7 +150,8 @@ String tsText::SiblingLiteral() const {
   const Variant& literal = State().vntValorIrmao;
   if (literal.IsNull()) return {};
   const String text = SqlText(literal);
-  return Trim(Replace(text, u"'", u"")).empty() ? String() : text;
+  if (Trim(Replace(text, u"'", u"")).empty()) return {};
+  return LiteralPronto(literal, m_.TxtIrmao);
 }
 
 void tsText::FetchSiblingLiteral() {
@@ -162,7 +163,7 @@ void tsText::FetchSiblingLiteral() {
   if (EhTipoDeCampoNumerico(sibling->Control().TipoDado()))
     literal = value;
   else
-    literal = u"'" + Replace(SqlText(value), u"'", u"''") + u"'";
+    literal = TextoSql(SqlText(value));
 }
 
 void tsText::TxtIrmao(const String& v) {

@@ -332,6 +332,8 @@ class tsText final : public _tsText, private MaskedField {
   bool LookupIsComplete() const;
   void EmptyReturnFields();
   std::shared_ptr<host::TsTextWidget> Sibling() const;
+  /// The definition's where text with its parameters replaced.
+  String Condition() const;
   String SiblingLiteral() const;
   void FetchSiblingLiteral();
   void CompleteDescription(Integer KeyCode);

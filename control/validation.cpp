@@ -3,7 +3,6 @@
 #include "control/tstext.h"
 #include "lookup/relation_check.h"
 #include "mask/dates.h"
-#include "mask/form_helpers.h"
 #include "mask/masks.h"
 #include "runtime/text.h"
 #include "services/message_box.h"
@@ -101,9 +100,7 @@ bool tsText::CheckDate(const String& label) {
 
 bool tsText::CheckRelation(const String& label) {
   Variant found;
-  const bool exists =
-      RelationHolds(mdlObjTxt::ExpandeParametros(FormDoControle(), Browse()->BrwWhere()), label,
-                    true, &found, CommandButtonIsActive());
+  const bool exists = RelationHolds(Condition(), label, true, &found, CommandButtonIsActive());
   if (exists && !found.IsEmpty()) WriteBox(LaidOut(found));
   return exists;
 }

@@ -79,7 +79,16 @@ class Browse : public host::Persistent {
   String From() const { return brwLeftJoin_.empty() ? browseTable_ : brwLeftJoin_; }
   /// A condition without the word Where; may hold @name@ parameters.
   String BrwWhere() const { return brwWhere_; }
-  void BrwWhere(const String& v) { brwWhere_ = v; }
+  void BrwWhere(const String& v) {
+    brwWhere_ = v;
+    wherePronto_ = false;
+  }
+  /// Takes a condition that has no parameters any more: an "@" in it is a value's own. Not stored.
+  void WherePronto(const String& v) {
+    brwWhere_ = v;
+    wherePronto_ = true;
+  }
+  bool WherePronto() const { return wherePronto_; }
 
   /// Both lists live as long as the definition.
   ListaOutros& Outros() { return outros_; }
@@ -102,6 +111,7 @@ class Browse : public host::Persistent {
   String brwGroupBy_;
   String brwLeftJoin_;
   String brwWhere_;
+  bool wherePronto_ = false;
   ListaOutros outros_;
   ListaColunas cgrColGrid_;
 };

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "lookup/dialect.h"
+#include "lookup/literals.h"
 #include "lookup/query_text.h"
 #include "runtime/compare.h"
 #include "runtime/conversion.h"
@@ -19,11 +20,6 @@ namespace {
 constexpr Integer kVersaoComCast = 950;
 
 constexpr Integer kTeclaBackspace = 8;
-
-String Literal(const Variant& valor) {
-  if (const String* texto = valor.TryGet<String>()) return Aspas(*texto);
-  return Trim(SqlText(valor));
-}
 
 /// `BrwCampoIrmao` and `BrwCampoOutros` as one list.
 String CamposDeRetorno(const Browse& browse) {
@@ -89,7 +85,7 @@ String InstrucaoDeCompletar(bool postgres, const String& texto, const String& ta
   if (!irmao.empty()) instrucao += u", " + irmao;
   instrucao += u" From " + tabela + u" Where ";
   if (!where.empty()) instrucao += where + u" And ";
-  instrucao.append(campo).append(like).append(DobraAspas(texto)).append(u"%'");
+  instrucao.append(campo).append(like).append(ConteudoDeTexto(texto)).append(u"%'");
   return instrucao.append(uma.Limite);
 }
 
@@ -102,12 +98,14 @@ void PassaAoIrmao(_tsText* irmao, const Variant& valor) {
 
 }  // namespace
 
-Descricao ProcuraDescr(Browse& browse, const Variant& valor, const String& where) {
+Descricao ProcuraDescr(Browse& browse, const Variant& valor, const String& controle,
+                       const String& where) {
   Descricao achada;
   Trap(u"mdlObjTxt", u"AchaDescr", [&] {
     const auto conexao = ConexaoAtual();
     const String campos = CamposDeRetorno(browse);
-    const String instrucao = InstrucaoDeBusca(browse, *conexao, Literal(valor), campos, where);
+    const String instrucao =
+        InstrucaoDeBusca(browse, *conexao, LiteralSql(valor, controle), campos, where);
     if (!campos.empty()) {
       const auto rs = Executa(*conexao, instrucao);
       if (!rs->Bof() && !rs->Eof()) achada.Valor = rs->Fields().Item(0)->Value();
@@ -121,9 +119,9 @@ Descricao ProcuraDescr(Browse& browse, const Variant& valor, const String& where
   return achada;
 }
 
-Variant AchaDescr(Browse& objBrowse, const Variant& varValor, const String& /*strNomeControle*/,
+Variant AchaDescr(Browse& objBrowse, const Variant& varValor, const String& strNomeControle,
                   const String& strWhere, Long /*lngHwnd*/) {
-  return ProcuraDescr(objBrowse, varValor, strWhere).Valor;
+  return ProcuraDescr(objBrowse, varValor, strNomeControle, strWhere).Valor;
 }
 
 Variant CompletaDescr(host::TextBox& txtBox, const String& strTabela, const String& strCampo,

@@ -14,16 +14,18 @@ struct Descricao {
   bool Falhou = true;  ///< an error ended the search, and has been reported
 };
 
-/// `AchaDescr` for a caller that has to know whether the search failed.
-Descricao ProcuraDescr(Browse& browse, const Variant& valor, const String& where);
+/// `AchaDescr` for a caller that has to know whether the search failed; `controle` is its
+/// `strNomeControle`.
+Descricao ProcuraDescr(Browse& browse, const Variant& valor, const String& controle,
+                       const String& where);
 
 /// Fetches the row of the code `varValor` with one statement on the thread's connection. Gives
 /// the first selected field, Empty when there is no row, and fills `Valor` of each entry of
 /// `objBrowse.Outros()` that the select list names, the others with Empty. With nothing to
 /// select the database is not asked and `Outros` stays. `strWhere` is a further condition,
-/// already expanded. `strNomeControle` and `lngHwnd` are not used. Host events are pumped once
-/// at the end. An error is reported, and the result is as it stood then; `Outros` stays as it
-/// was.
+/// already expanded. `strNomeControle` names the control whose value is refused for not being one
+/// token of SQL; `lngHwnd` is not used. Host events are pumped once at the end. An error is
+/// reported, and the result is as it stood then; `Outros` stays as it was.
 Variant AchaDescr(Browse& objBrowse, const Variant& varValor, const String& strNomeControle,
                   const String& strWhere, Long lngHwnd);
 

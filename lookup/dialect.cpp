@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "lookup/literals.h"
 #include "runtime/conversion.h"
 #include "runtime/format.h"
 #include "runtime/text.h"
@@ -76,6 +77,9 @@ StringView Modelo(Long tipo, Long tipoInteiro, FamiliaSql familia) {
   return {};
 }
 
+/// The argument that stands between apostrophes in every template.
+constexpr StringView kEntreAspas = u"strData";
+
 struct Argumento {
   StringView Nome;
   const String& Valor;
@@ -87,8 +91,10 @@ String ValorDaMarca(StringView marca, const std::array<Argumento, N>& argumentos
   const StringView nome = marca.substr(0, doisPontos);
   for (const Argumento& argumento : argumentos) {
     if (argumento.Nome != nome) continue;
-    if (doisPontos == StringView::npos) return argumento.Valor;
-    return Format(Variant(argumento.Valor), marca.substr(doisPontos + 1));
+    const bool formata = doisPontos != StringView::npos;
+    const String valor =
+        formata ? Format(Variant(argumento.Valor), marca.substr(doisPontos + 1)) : argumento.Valor;
+    return nome == kEntreAspas ? ConteudoDeTexto(valor) : valor;
   }
   return {};
 }
@@ -143,8 +149,6 @@ UmaLinha SelecionaUmaLinha(bool blnPostgreSQL) {
 }
 
 String DobraAspas(StringView strTexto) { return Replace(strTexto, u"'", u"''"); }
-
-String Aspas(StringView strTexto) { return u"'" + DobraAspas(strTexto) + u"'"; }
 
 String mdlComum::TraduzSQL(Long intTipo, const String& strCondicao, const String& strEntao,
                            const String& strSenao, const String& strAlias, const String& strData,

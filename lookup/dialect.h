@@ -43,17 +43,16 @@ struct UmaLinha {
 };
 UmaLinha SelecionaUmaLinha(bool blnPostgreSQL);
 
-/// The text with every apostrophe doubled.
+/// The text with every apostrophe doubled, and nothing else changed. For a statement's text see
+/// `ConteudoDeTexto`.
 String DobraAspas(StringView strTexto);
-/// The text as an SQL literal: apostrophes doubled, one at each end.
-String Aspas(StringView strTexto);
 
 namespace mdlComum {
 
 /// A fragment in the dialect of the thread's connection. Arguments that the code does not use
 /// are ignored; an unknown code or an unknown family gives "". `strData` is not checked to be a
-/// date. `intTipoInteiro`: 0 for 32 bits, 1 for 16. Errors: 91 with no connection, the
-/// provider's own.
+/// date; it stays one text. `intTipoInteiro`: 0 for 32 bits, 1 for 16. Errors: 91 with no
+/// connection, the provider's own.
 String TraduzSQL(Long intTipo, const String& strCondicao = {}, const String& strEntao = {},
                  const String& strSenao = {}, const String& strAlias = {},
                  const String& strData = {}, Long intTipoInteiro = 0,

@@ -1,6 +1,7 @@
 #include "lookup/relation_check.h"
 
 #include "lookup/dialect.h"
+#include "lookup/literals.h"
 #include "lookup/query_text.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
@@ -22,15 +23,9 @@ bool EhTipoTexto(Long tipo) {
          tipo == host::type::Char;
 }
 
-/// A typed number as SQL writes it: with a point. Without a comma it stays as it was typed.
-String NumeroSql(const String& valor) {
-  const bool temVirgula = InStr(valor, u",") > 0;
-  return temVirgula && IsNumeric(valor) ? SqlText(CDbl(valor)) : valor;
-}
-
-Literal LiteralDoTipo(const String& valor, Long tipo) {
-  if (EhTipoTexto(tipo)) return {Aspas(valor), true};
-  return {NumeroSql(valor), false};
+Literal LiteralDoTipo(const String& valor, Long tipo, const String& nome) {
+  if (EhTipoTexto(tipo)) return {TextoSql(valor), true};
+  return {NumeroSql(valor, nome), false};
 }
 
 host::RecordsetPtr Abre(host::Connection& conexao, const String& instrucao) {
@@ -87,9 +82,9 @@ Long TipoDoCampo(const host::Field* campo) {
 }
 
 Literal FazLiteral(const Relacao& relacao, const String& valor, TipoControle tipoControle,
-                   const host::Field* campo, bool temCampo) {
-  if (tipoControle == TipoControle::Descricao) return {Aspas(Trim(valor)), true};
-  return LiteralDoTipo(valor, temCampo ? TipoDoCampo(campo) : relacao.TipoDoCampo());
+                   const host::Field* campo, bool temCampo, const String& nome) {
+  if (tipoControle == TipoControle::Descricao) return {TextoSql(Trim(valor)), true};
+  return LiteralDoTipo(valor, temCampo ? TipoDoCampo(campo) : relacao.TipoDoCampo(), nome);
 }
 
 }  // namespace
@@ -105,8 +100,8 @@ bool ChecaRelacao(const String& strTabela, const String& strCampo, const String&
       existe = true;
       return;
     }
+    const String nome = strLabel.empty() ? strCampo + u" de " + strTabela : strLabel;
     const auto avisa = [&](const char16_t* texto) {
-      const String nome = strLabel.empty() ? strCampo + u" de " + strTabela : strLabel;
       mdlMsgBox::ExibeMensagem(lngHwnd, nome + texto, mdlMsgBox::flag::Information);
     };
     if (strValor.empty()) {
@@ -115,7 +110,8 @@ bool ChecaRelacao(const String& strTabela, const String& strCampo, const String&
       return;
     }
     const Relacao relacao(strTabela, strCampo);
-    const Literal literal = FazLiteral(relacao, strValor, intTipoControle, fldCampo, blnTemCampo);
+    const Literal literal =
+        FazLiteral(relacao, strValor, intTipoControle, fldCampo, blnTemCampo, RTrim(nome));
     if (!strWhere.empty()) strWhere = u" And " + strWhere;
     const auto rs = relacao.Procura(literal, strWhere);
     if (rs->Bof() || rs->Eof()) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "runtime/text.h"
+#include "runtime/well_formed.h"
 #include "tessaria/host/schema.h"
 
 namespace tessaria::memory {
@@ -104,6 +105,7 @@ bool HoldsSecondStatement(StringView text) {
 Connection::Connection() {
   SetProperty(u"DBMS Name", u"PostgreSQL");
   SetProperty(u"DBMS Version", u"PostgreSQL 15.0.0");
+  SetProperty(u"Backslash Escapes", false);
 }
 
 Connection::~Connection() = default;
@@ -119,6 +121,7 @@ std::shared_ptr<Connection> Connection::CreateOpen() {
 }
 
 void Connection::Open() {
+  RequireWellFormed(connectionString_);
   RaiseFault();
   open_ = true;
   dropped_ = false;
@@ -250,6 +253,7 @@ host::RecordsetPtr Connection::OpenRows(std::unique_ptr<RowSource> source, const
 
 RowSource::Answer Connection::Run(const String& statement, bool writable) {
   RequireOpen();
+  RequireWellFormed(statement);
   statements_.push_back(statement);
   RaiseFault();
   if (HoldsSecondStatement(statement)) {

@@ -17,7 +17,8 @@ namespace tessaria::memory {
 /// and by the tables (a bare name, or "Select * From name"). Anything else is a provider error.
 class Connection final : public host::Connection, public std::enable_shared_from_this<Connection> {
  public:
-  /// Closed, with no tables, "DBMS Name" "PostgreSQL" and "DBMS Version" "PostgreSQL 15.0.0".
+  /// Closed, with no tables, "DBMS Name" "PostgreSQL", "DBMS Version" "PostgreSQL 15.0.0" and
+  /// "Backslash Escapes" false.
   static std::shared_ptr<Connection> Create();
   /// The same, open.
   static std::shared_ptr<Connection> CreateOpen();

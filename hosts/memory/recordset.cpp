@@ -5,6 +5,7 @@
 
 #include "runtime/compare.h"
 #include "runtime/conversion.h"
+#include "runtime/well_formed.h"
 
 namespace tessaria::memory {
 namespace {
@@ -249,6 +250,7 @@ void Recordset::RequireUpdatable() const {
 
 void Recordset::Value(std::size_t column, const Variant& value) {
   RequireRow();
+  if (const String* text = value.TryGet<String>()) RequireWellFormed(*text);
   const Column& definition = columns_.at(column);
   const Variant& present = CurrentCells()[column];
   if (value.IsNull() && present.IsNull()) return;

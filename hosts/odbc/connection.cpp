@@ -5,6 +5,7 @@
 #include "hosts/odbc/odbc_connection.h"
 #include "hosts/odbc/recordset.h"
 #include "runtime/text.h"
+#include "runtime/well_formed.h"
 
 namespace tessaria::odbc {
 namespace {
@@ -33,11 +34,15 @@ Variant OdbcConnection::Properties(const String& name) const {
   const Server& server = session_->ServerInfo();
   if (EqualNoCase(name, u"DBMS Name")) return server.name;
   if (EqualNoCase(name, u"DBMS Version")) return server.version;
+  if (EqualNoCase(name, u"Backslash Escapes")) {
+    const auto escapes = session_->BackslashesEscape(u"\\");
+    return escapes ? Variant(*escapes) : Variant::Null();
+  }
   throw HostError(errors::ItemNotFound, u"Propriedade não encontrada: " + name);
 }
 
 host::RecordsetPtr OdbcConnection::Execute(const String& statement) {
-  StatementFacts facts = RequireSingleStatement(statement, session_->ServerInfo().dialect);
+  StatementFacts facts = Read(statement);
   if (RunControl(facts)) return std::make_shared<OdbcRecordset>(session_, statement);
   return std::make_shared<OdbcRecordset>(session_, std::move(facts), statement,
                                          host::LockType::ReadOnly);
@@ -45,20 +50,26 @@ host::RecordsetPtr OdbcConnection::Execute(const String& statement) {
 
 host::RecordsetPtr OdbcConnection::OpenRecordset(const String& source, host::CursorType,
                                                  host::LockType lock, Long) {
-  const Dialect dialect = session_->ServerInfo().dialect;
-  StatementFacts facts = RequireSingleStatement(source, dialect);
-  if (IsPlainName(facts)) facts = RequireSingleStatement(u"SELECT * FROM " + facts.text, dialect);
+  StatementFacts facts = Read(source);
+  if (IsPlainName(facts)) facts = Read(u"SELECT * FROM " + facts.text);
   if (RunControl(facts)) return std::make_shared<OdbcRecordset>(session_, source);
   return std::make_shared<OdbcRecordset>(session_, std::move(facts), source, lock);
 }
 
 host::RecordsetPtr OdbcConnection::OpenSchema(host::SchemaKind kind,
                                               const host::SchemaRestrictions& restrictions) {
+  for (const String* name : {&restrictions.Catalog, &restrictions.Schema, &restrictions.Table})
+    RequireWellFormed(*name);
   const auto open = [session = session_, kind, restrictions] {
     return std::make_unique<RowTable>(session, SchemaResultColumns(kind),
                                       ReadSchema(*session, kind, restrictions));
   };
   return std::make_shared<OdbcRecordset>(session_, open);
+}
+
+StatementFacts OdbcConnection::Read(const String& statement) const {
+  const bool escapes = session_->BackslashesEscape(statement).value_or(false);
+  return RequireSingleStatement(statement, session_->ServerInfo().dialect, escapes);
 }
 
 // A transaction that the application asks for by text is one of this layer's, with its savepoints;

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "hosts/odbc/column.h"
-#include "hosts/odbc/sql_scanner.h"
+#include "hosts/odbc/dialect.h"
 
 namespace tessaria::odbc {
 

@@ -30,6 +30,7 @@ class OdbcConnection final : public host::Connection {
   void RollbackTrans() override { session_->RollbackTrans(); }
 
  private:
+  StatementFacts Read(const String& statement) const;
   bool RunControl(const StatementFacts& facts);
 
   String text_;

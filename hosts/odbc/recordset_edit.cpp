@@ -3,6 +3,7 @@
 
 #include "hosts/odbc/diagnostics.h"
 #include "hosts/odbc/recordset.h"
+#include "runtime/well_formed.h"
 
 namespace tessaria::odbc {
 namespace {
@@ -42,6 +43,7 @@ Variant OdbcRecordset::FieldValue(std::size_t column) const {
 
 void OdbcRecordset::FieldValue(std::size_t column, const Variant& value) {
   RequireRow();
+  if (const String* text = value.TryGet<String>()) RequireWellFormed(*text);
   const Column& info = ColumnInfo()[column];
   Variant converted = ConvertFor(info, value);
   const Variant present = FieldValue(column);

@@ -5,6 +5,7 @@
 #include "hosts/odbc/connection_text.h"
 #include "hosts/odbc/dbms_version.h"
 #include "runtime/text.h"
+#include "runtime/well_formed.h"
 
 namespace tessaria::odbc {
 namespace {
@@ -58,6 +59,7 @@ void Session::Open(const String& connectionString, Long timeout) {
   if (IsOpen()) {
     throw HostError(errors::ObjectOpen, u"Operação não permitida com a conexão aberta.");
   }
+  RequireWellFormed(connectionString);
   Close();
   auto link = std::make_shared<Link>();
   // A driver that knows no time-out connects without one.
@@ -158,10 +160,28 @@ void Session::NoteLoss(const OdbcError& error) {
   inTransaction_ = false;
 }
 
+std::optional<bool> Session::BackslashesEscape(StringView statement) {
+  const Server& server = ServerInfo();
+  if (server.dialect == Dialect::Other) return std::nullopt;
+  if (!server.IsPostgres() || statement.find(u'\\') == StringView::npos) return false;
+  const Statement question = NewStatement();
+  Check(Send(question, u"SHOW standard_conforming_strings"), question);
+  std::array<char16_t, 8> answer{};
+  SQLLEN bytes = 0;
+  Check(SQLFetch(question.get()), question);
+  Check(SQLGetData(question.get(), 1, SQL_C_WCHAR, answer.data(), sizeof answer, &bytes), question);
+  return StringView(answer.data()) != u"on";
+}
+
+// The one way of a text to the driver, which cuts it at a character of code 0.
+SQLRETURN Session::Send(const Statement& statement, const String& text) const {
+  RequireWellFormed(text);
+  return SQLExecDirectW(statement.get(), Wide(text.c_str()), static_cast<SQLINTEGER>(text.size()));
+}
+
 void Session::Execute(const Statement& statement, const String& text) {
   Savepoint savepoint(*this);
-  Check(SQLExecDirectW(statement.get(), Wide(text.c_str()), static_cast<SQLINTEGER>(text.size())),
-        statement);
+  Check(Send(statement, text), statement);
   savepoint.Release();
 }
 
@@ -170,6 +190,7 @@ SQLLEN Session::ExecuteWith(const Statement& statement, const String& text,
   std::vector<SQLLEN> lengths(values.size());
   for (std::size_t i = 0; i < values.size(); ++i) {
     const Parameter& value = values[i];
+    RequireWellFormed(value.text);
     lengths[i] = static_cast<SQLLEN>(value.text.size() * sizeof(char16_t));
     Check(SQLBindParameter(statement.get(), static_cast<SQLUSMALLINT>(i + 1), SQL_PARAM_INPUT,
                            SQL_C_WCHAR, value.sqlType, value.size, value.decimals,
@@ -177,8 +198,7 @@ SQLLEN Session::ExecuteWith(const Statement& statement, const String& text,
           statement);
   }
   Savepoint savepoint(*this);
-  const SQLRETURN result =
-      SQLExecDirectW(statement.get(), Wide(text.c_str()), static_cast<SQLINTEGER>(text.size()));
+  const SQLRETURN result = Send(statement, text);
   Check(result, statement);
   SQLLEN rows = 0;
   if (result != SQL_NO_DATA) Check(SQLRowCount(statement.get(), &rows), statement);
@@ -195,8 +215,7 @@ void Session::ExecuteSavepoint(const String& text) {
 
 void Session::RunPlain(const String& text) {
   const Statement statement = InnerStatement();
-  Check(SQLExecDirectW(statement.get(), Wide(text.c_str()), static_cast<SQLINTEGER>(text.size())),
-        statement);
+  Check(Send(statement, text), statement);
 }
 
 void Session::BeginTrans(const String& modes) {

@@ -59,6 +59,11 @@ class Session {
   /// A further statement of the rows that are being read.
   Statement InnerStatement() const;
 
+  /// Whether the server reads backslashes in the plain texts of a statement as escapes. It is asked
+  /// only when the statement holds a backslash, and then each time: a program, a function or an
+  /// undone transaction may have changed it. Nothing where it is not known.
+  std::optional<bool> BackslashesEscape(StringView statement);
+
   /// Runs a text. Undoes the statement's own work when it fails inside the application's
   /// transaction.
   void Execute(const Statement& statement, const String& text);
@@ -91,6 +96,7 @@ class Session {
   std::shared_ptr<Link> RequireLink() const;
   void ReadServer();
   void Settle();
+  SQLRETURN Send(const Statement& statement, const String& text) const;
   void RunPlain(const String& text);
   void AutoCommit(bool on);
   void EndTransaction(SQLSMALLINT completion);

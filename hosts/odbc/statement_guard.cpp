@@ -6,6 +6,7 @@
 
 #include "hosts/odbc/diagnostics.h"
 #include "runtime/text.h"
+#include "runtime/well_formed.h"
 
 namespace tessaria::odbc {
 namespace {
@@ -49,9 +50,9 @@ struct Piece {
   int depth;  ///< open parentheses around it
 };
 
-std::vector<Piece> PiecesOf(StringView text, Dialect dialect) {
+std::vector<Piece> PiecesOf(StringView text, SqlRules rules) {
   std::vector<Piece> pieces;
-  SqlScanner scanner(text, dialect);
+  SqlScanner scanner(text, rules);
   int depth = 0;
   for (SqlToken token = scanner.Next(); !token.Is(Kind::End); token = scanner.Next()) {
     String piece(scanner.TextOf(token));
@@ -70,12 +71,18 @@ bool IsWordOf(const Piece& piece, const std::set<String>& words) {
   return piece.kind == Kind::Word && words.count(piece.text) > 0;
 }
 
+[[noreturn]] void RefuseUnreadable(StringView found) {
+  Refuse(u"O comando SQL não pode ser lido com certeza a partir de \"" + Left(found, 20) +
+         u"\": falta fechar um texto, um nome ou um comentário, ou há sinais que não são aceitos.");
+}
+
 // Where the statement ends: before its trailing semicolons.
-std::size_t EndOfStatement(StringView text, Dialect dialect) {
-  SqlScanner scanner(text, dialect);
+std::size_t EndOfStatement(StringView text, SqlRules rules) {
+  SqlScanner scanner(text, rules);
   std::size_t end = text.size();
   bool closed = false;
   for (SqlToken token = scanner.Next(); !token.Is(Kind::End); token = scanner.Next()) {
+    if (token.Is(Kind::Unreadable)) RefuseUnreadable(text.substr(token.start));
     const bool semicolon = token.Is(Kind::Symbol) && scanner.TextOf(token) == u";";
     if (semicolon && !closed) end = token.start;
     if (semicolon) closed = true;
@@ -161,8 +168,9 @@ bool IsPlainQuery(const std::vector<Piece>& pieces) {
 bool HasSmallLimit(const std::vector<Piece>& pieces) {
   for (std::size_t i = 0; i + 1 < pieces.size(); ++i) {
     if (pieces[i].depth == 0 && pieces[i].kind == Kind::Word && pieces[i].text == u"LIMIT") {
-      return pieces[i + 1].kind == Kind::Number && pieces[i + 1].text.size() <= 4 &&
-             std::stol(ToUtf8(pieces[i + 1].text)) <= kSmallLimit;
+      const String& limit = pieces[i + 1].text;
+      const bool whole = limit.find_first_not_of(u"0123456789") == String::npos;
+      return whole && limit.size() <= 4 && std::stol(ToUtf8(limit)) <= kSmallLimit;
     }
   }
   return false;
@@ -198,11 +206,13 @@ bool IsName(const std::vector<Piece>& pieces) {
 
 }  // namespace
 
-StatementFacts RequireSingleStatement(StringView text, Dialect dialect) {
+StatementFacts RequireSingleStatement(StringView text, Dialect dialect, bool backslashes) {
+  RequireWellFormed(text);
+  const SqlRules rules = RulesOf(dialect, backslashes);
   StatementFacts facts;
-  facts.text = String(text.substr(0, EndOfStatement(text, dialect)));
+  facts.text = String(text.substr(0, EndOfStatement(text, rules)));
   RefuseForeignQuoting(facts.text, dialect);
-  const std::vector<Piece> pieces = PiecesOf(facts.text, dialect);
+  const std::vector<Piece> pieces = PiecesOf(facts.text, rules);
   if (pieces.empty()) Refuse(u"O texto do comando SQL está vazio.");
   RefuseDriverMarks(pieces, dialect);
   RefuseHiddenStatement(pieces, dialect);

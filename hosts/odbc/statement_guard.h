@@ -1,7 +1,7 @@
 // One statement per call: what a text holds, and the refusal of a second statement.
 #pragma once
 
-#include "hosts/odbc/sql_scanner.h"
+#include "hosts/odbc/dialect.h"
 
 namespace tessaria::odbc {
 
@@ -27,9 +27,11 @@ struct StatementFacts {
 
 /// Reads the statement. Errors (-2147217900): no statement at all; a second statement behind a
 /// semicolon (a trailing semicolon is none) or, for SQL Server, which needs no semicolon, behind a
-/// query; for PostgreSQL "?", "{" or "}" outside quotes, which its driver would replace and
-/// its server would not take. Where nothing is known of the dialect's quoting, a semicolon inside
-/// the text is refused even between quotes.
-StatementFacts RequireSingleStatement(StringView text, Dialect dialect);
+/// query; what cannot be read with certainty; for PostgreSQL "?", "{" or "}" outside quotes, which
+/// its driver would replace and its server would not take. Where nothing is known of the dialect's
+/// quoting, a semicolon inside the text is refused even between quotes. Error 5: a character of
+/// code 0, or half of a surrogate pair.
+/// `backslashes`: whether the server reads backslashes in plain texts as escapes.
+StatementFacts RequireSingleStatement(StringView text, Dialect dialect, bool backslashes = false);
 
 }  // namespace tessaria::odbc

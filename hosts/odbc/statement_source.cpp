@@ -34,7 +34,7 @@ String Unquoted(StringView quoted) {
 
 Pieces PiecesOf(StringView text, Dialect dialect) {
   Pieces pieces;
-  SqlScanner scanner(text, dialect);
+  SqlScanner scanner(text, RulesOf(dialect));
   for (SqlToken token = scanner.Next(); !token.Is(Kind::End); token = scanner.Next()) {
     const StringView found = scanner.TextOf(token);
     const bool quoted = token.Is(Kind::QuotedName) && found.size() >= 2;

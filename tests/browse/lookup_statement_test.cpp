@@ -117,6 +117,20 @@ TEST_F(LookupStatement, AsksTheFormForItsParameters) {
             u"Null  Order by 1");
 }
 
+TEST_F(LookupStatement, AParametersValueStaysOneToken) {
+  auto city = form->Add<memory::TsText>(u"txtCidade");
+  form->Show();
+  (*city)->Value(Variant(u"' or ''='"));
+  RunArguments a;
+  a.Where = u"cidade = '@txtCidade@'";
+  EXPECT_EQ(StatementOf(a),
+            u"Select codigo, nome, cidade From clientes Where cidade = ''' or ''''=''' And codigo "
+            u"Is Not Null  Order by 1");
+  a.Where = u"cidade = @txtCidade@";
+  EXPECT_EQ(RunUnseen(a), u"");
+  EXPECT_EQ(app.TakeBoxes().size(), 1u);
+}
+
 TEST_F(LookupStatement, AnUnknownParameterIsReported) {
   RunArguments a;
   a.Where = u"cidade = @txtNada@";

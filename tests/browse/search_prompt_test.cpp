@@ -132,6 +132,40 @@ TEST_F(SearchPrompt, CompletesATextFromTheTableAsTheOperatorTypes) {
             u"Select nome From clientes Where ativo = 1 And nome ilike 'm%' Limit 1");
 }
 
+// A value may hold an "@": the condition was expanded on the form that owns the lookup.
+TEST_F(SearchPrompt, TakesTheConditionAsItStands) {
+  rows = {{{u"nome"}}, {{u"Maria"}}};
+  Search s;
+  s.Completa = true;
+  s.Where = u"mail = 'joao@x' And obs = 'a@b@c'";
+  Look(s, [&](memory::Dialog& prompt, tsText& edit) {
+    prompt.Type(u"m");
+    EXPECT_EQ(edit.Text(), u"Maria");
+  });
+  EXPECT_EQ(OnlyStatement(),
+            u"Select nome From clientes Where mail = 'joao@x' And obs = 'a@b@c' And nome ilike "
+            u"'m%' Limit 1");
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
+TEST_F(SearchPrompt, ATypedTextStaysBetweenItsApostrophes) {
+  const Search s;
+  EXPECT_EQ(ClauseOf(s, u"' or ''='"), u"clientes.nome ilike '%'' or ''''=''%'");
+  connection->SetProperty(u"Backslash Escapes", true);
+  EXPECT_EQ(ClauseOf(s, u"\\' or 1=1 --"), u"clientes.nome ilike '%\\\\'' or 1=1 --%'");
+}
+
+TEST_F(SearchPrompt, ATypedDateStaysBetweenItsApostrophes) {
+  Search s;
+  s.Tipo = 7;
+  s.Campo = u"nascimento";
+  for (const char16_t* family : {u"ACCESS", u"Microsoft SQL Server", u"PostgreSQL"}) {
+    connection->SetProperty(u"DBMS Name", family);
+    const String condition = ClauseOf(s, u"' or 1=1");
+    EXPECT_NE(condition.find(u"''' or 1=1'"), String::npos) << ToUtf8(condition);
+  }
+}
+
 TEST_F(SearchPrompt, LendsItsControlTheConnectionOfTheThread) {
   std::shared_ptr<memory::Dialog> window;
   Search s;

@@ -123,6 +123,15 @@ TEST_F(CompletionTest, TheSiblingsLiteralNarrowsTheSearch) {
   }
 }
 
+TEST_F(CompletionTest, ASiblingsLiteralThatIsNoTokenIsRefusedBeforeItIsSent) {
+  Control().Browse()->BrwCampoIrmao(u"codigo");
+  for (const char16_t* hostile : {u"1 or true", u"'a' or 'b'='b'", u"'a"}) {
+    State().vntValorIrmao = hostile;
+    EXPECT_EQ(Sent(u"An"), u"");
+    EXPECT_EQ(app.TakeBoxes().size(), 1u);
+  }
+}
+
 TEST_F(CompletionTest, WithoutASiblingsFieldTheLiteralIsNotUsed) {
   State().vntValorIrmao = u"'12'";
   EXPECT_EQ(Sent(u"An"), u"Select Top 1 nome From clientes Where nome Like 'An%'");

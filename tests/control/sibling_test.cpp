@@ -147,6 +147,37 @@ TEST_F(SiblingTest, TheConditionIsExpanded) {
               ElementsAre(u"Select Top 1 nome From clientes Where codigo = '7' And cidade = 3"));
 }
 
+TEST_F(SiblingTest, AValueInTheConditionStaysOneToken) {
+  const auto parent = AddField(u"txtCidade");
+  (*parent)->Value(u"' or ''='");
+  (*key)->Browse()->BrwWhere(u"cidade = '@txtCidade@'");
+  AssignTyped(key, u"7");
+  EXPECT_THAT(connection->TakeStatements(),
+              ElementsAre(u"Select Top 1 nome From clientes Where codigo = '7' And cidade = ''' or "
+                          u"''''='''"));
+  (*parent)->Value(u"1 or pg_sleep(1) is null");
+  (*key)->Browse()->BrwWhere(u"cidade = @txtCidade@");
+  (*key)->AtualizaIrmao();
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+  const auto boxes = app.TakeBoxes();
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_EQ(boxes[0].Text,
+            u"txtCidade: o valor \"1 or pg_sleep(1) is null\" não é um número, e só um número é "
+            u"aceito aqui.");
+}
+
+TEST_F(SiblingTest, AConditionThatIsReadyTakesItsMarksAsTheyStand) {
+  (*key)->Browse()->WherePronto(u"mail = 'joao@x'");
+  AssignTyped(key, u"7");
+  EXPECT_THAT(connection->TakeStatements(),
+              ElementsAre(u"Select Top 1 nome From clientes Where codigo = '7' And mail = "
+                          u"'joao@x'"));
+  (*key)->Browse()->BrwWhere(u"mail = 'joao@x'");
+  (*key)->AtualizaIrmao();
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());  // there is no control of that name
+  EXPECT_EQ(app.TakeBoxes().size(), 1u);
+}
+
 // --- A description's step -----------------------------------------------------------------------
 
 TEST_F(SiblingTest, ADescriptionFillsItsKeyWhichLooksUpAndTellsButDoesNotWriteBack) {

@@ -329,6 +329,23 @@ TEST_F(RelationTest, TheConditionIsExpanded) {
   EXPECT_EQ(Asked(), u"Select Top 1 codigo From clientes Where codigo = '15' And cidade = 3");
 }
 
+TEST_F(RelationTest, AValueInTheConditionStaysOneToken) {
+  Control().Browse()->BrwWhere(u"cidade = '@txtOutro@'");
+  (*other)->Value(u"' or ''='");
+  Type(u"", u"15");
+  EXPECT_TRUE(ValidaFrom(u"chkAtivo"));
+  EXPECT_EQ(Asked(),
+            u"Select Top 1 codigo From clientes Where codigo = '15' And cidade = ''' or ''''='''");
+}
+
+TEST_F(RelationTest, AValueThatIsNoTokenOfTheConditionIsRefusedBeforeItIsSent) {
+  Control().Browse()->BrwWhere(u"cidade = @txtOutro@");
+  (*other)->Value(u"0 or true");
+  Type(u"", u"15");
+  EXPECT_HOST_ERROR(ValidaFrom(u"chkAtivo"), errors::TypeMismatch);
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+}
+
 // The field is the control's own text when it has one; table and condition are the definition's.
 TEST_F(RelationTest, OnlyTheFieldIsTakenFromTheControlsOwnTexts) {
   const auto stored = AddStored(u"txtLido", {{u"BrowseTable", u"outra"},

@@ -106,7 +106,6 @@ const LiteralCase kLiterals[] = {
     {DecimalFromText(u"1234567890123456789.5"), u"1234567890123456789.5"},
     {true, u"-1"},
     {false, u"0"},
-    {FromCivil({2016, 5, 3}), u"03/05/2016"},
     {u"x'; Drop Table clientes; --", u"'x''; Drop Table clientes; --'"},
 };
 
@@ -120,6 +119,16 @@ TEST_F(DescriptionTest, ATextIsQuotedAndAnyOtherCodeGoesInAsItsText) {
               u"Select nome, cidade, uf From clientes Where cast(codigo as varchar) = cast(" +
                   String(row.literal) + u" as varchar) Limit 1");
   }
+}
+
+TEST_F(DescriptionTest, ACodeThatIsNoTokenOfSqlIsRefusedBeforeItIsSent) {
+  Use(u"ACCESS");
+  const Variant date = FromCivil({2016, 5, 3});  // would be two divisions
+  EXPECT_SAME(mdlObjTxt::AchaDescr(browse, date, u"txtCodigo", {}, 0), Variant());
+  ExpectErrorBox(u"AchaDescr", HostError(errors::TypeMismatch,
+                                         u"txtCodigo: o valor \"03/05/2016\" não é um "
+                                         u"número, e só um número é aceito aqui."));
+  EXPECT_THAT(connection->Statements(), IsEmpty());
 }
 
 TEST_F(DescriptionTest, ABlankConditionIsNone) {

@@ -37,6 +37,8 @@ class RecordingConnection final : public host::Connection {
     inner_->SetProperty(u"DBMS Name", name);
     inner_->SetProperty(u"DBMS Version", version);
   }
+  /// What it says of backslashes in plain texts.
+  void Backslashes(const Variant& escapes) { inner_->SetProperty(u"Backslash Escapes", escapes); }
   /// Queues the answer of a statement to come. A statement without one gets no rows, of one text
   /// column.
   void WillAnswer(memory::Rows rows) { answers_.push_back(std::move(rows)); }

@@ -209,19 +209,17 @@ const StatementCase kStatements[] = {
     {u"PostgreSQL", host::type::VarWChar, u"A'1", u"ativo = 1",
      u"Select codigo From clientes Where cast(lower(codigo) as varchar) = "
      u"cast(lower('A''1') as varchar) And ativo = 1 Limit 1"},
-    // A number that was typed with a comma goes in with a point; any other text stays.
+    // A number that was typed with a comma goes in with a point.
     {u"ACCESS", host::type::Double, u"12,5", u"",
      u"Select Top 1 codigo From clientes Where codigo = 12.5"},
-    {u"Microsoft SQL Server", host::type::Currency, u"1.234,50", u"",
-     u"Select Top 1 codigo From clientes Where codigo = 1234.5"},
+    {u"Microsoft SQL Server", host::type::Currency, u"1234,50", u"",
+     u"Select Top 1 codigo From clientes Where codigo = 1234.50"},
     {u"PostgreSQL", host::type::Numeric, u"-12,5", u"",
      u"Select codigo From clientes Where cast(codigo as integer) = -12.5 Limit 1"},
     {u"ACCESS", host::type::Integer, u"00015", u"",
      u"Select Top 1 codigo From clientes Where codigo = 00015"},
     {u"ACCESS", host::type::Double, u"1.234", u"",
      u"Select Top 1 codigo From clientes Where codigo = 1.234"},
-    {u"ACCESS", host::type::Integer, u"1,a", u"",
-     u"Select Top 1 codigo From clientes Where codigo = 1,a"},
     {u"ACCESS", host::type::VarChar, u"12,5", u"",
      u"Select Top 1 codigo From clientes Where codigo = '12,5'"},
 };
@@ -238,6 +236,20 @@ TEST_F(RelationTest, WritesTheStatementOfEachDialect) {
     EXPECT_TRUE(Check());
     EXPECT_THAT(connection->Texts(), ElementsAre(row.statement));
   }
+}
+
+TEST_F(RelationTest, WhatIsNoNumberIsRefusedBeforeItIsSent) {
+  Bind(host::type::Integer);
+  label = u"Cliente ";
+  for (const char16_t* typed : {u"1,a", u"0 or true", u"1 or pg_sleep(1) is null", u"1.234,50"}) {
+    value = typed;
+    EXPECT_FALSE(Check());
+    ExpectErrorBox(u"ChecaRelacao",
+                   HostError(errors::TypeMismatch, u"Cliente: o valor \"" + value +
+                                                       u"\" não é um número, e só um número é "
+                                                       u"aceito aqui."));
+  }
+  EXPECT_THAT(connection->Statements(), IsEmpty());
 }
 
 TEST_F(RelationTest, ThePostgresVersionPlaysNoPart) {

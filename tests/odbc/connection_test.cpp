@@ -36,6 +36,20 @@ TEST_F(ConnectionTest, NamesTheDatabaseAndItsVersion) {
   EXPECT_HOST_ERROR(connection_->Properties(u"Outra"), errors::ItemNotFound);
 }
 
+TEST_F(ConnectionTest, AConnectionStringThatWouldBeCutIsRefused) {
+  auto connection = CreateConnection();
+  connection->ConnectionString(Cluster().ConnectionString() + String(u"\0Uid=outro;", 11));
+  EXPECT_HOST_ERROR(connection->Open(), errors::InvalidArgument);
+  EXPECT_EQ(connection->State(), host::state::Closed);
+}
+
+TEST_F(ConnectionTest, NamesThatWouldBeCutAreNotLookedFor) {
+  EXPECT_HOST_ERROR(
+      connection_->OpenSchema(host::SchemaKind::Columns,
+                              {.Catalog = {}, .Schema = {}, .Table = String(u"a\0", 2)}),
+      errors::InvalidArgument);
+}
+
 TEST_F(ConnectionTest, OpensByDataSourceName) {
   const std::string file = Cluster().Folder() + "/odbc.ini";
   std::ofstream(file) << "[vendas]\nDriver=PostgreSQL Unicode\nServername=" << Cluster().Folder()

@@ -38,7 +38,26 @@ constexpr GuardCase kPostgresCases[] = {
     {u"select \"a;b\"", true},
     {u"select \"a\"\";b\"", true},
     {u"select \"a\"; drop table t", false},
-    {u"select 'sem fim; drop table t", true},
+    // what never ends
+    {u"select 'sem fim; drop table t", false},
+    {u"select \"sem fim", false},
+    {u"select $$sem fim", false},
+    {u"select $a$sem fim$b$", false},
+    {u"select 1 /* sem fim", false},
+    {u"select 1 /* /* */", false},
+    {u"select E'sem fim\\'", false},
+    {u"select E'sem fim\\", false},
+    // a text that goes on on another line is of the kind of its first part
+    {u"select E'' \n'\\''; drop table t; --'", false},
+    {u"select E'' \n'\\'; drop table t; --'", true},
+    {u"select 1 or '' = E'' --\n'\\''; drop table t; --", false},
+    {u"select E'a'--b\r--c\n 'd\\'; drop table t; --'", true},
+    {u"select 'a'\n'\\'; drop table t; --'", false},
+    {u"select E'a' '\\'; drop table t; --'", false},
+    {u"select E'a' /**/\n'\\'; drop table t; --'", false},
+    {u"select B'0'\n'1'", true},
+    {u"select B'0''; drop table t; --'", true},
+    {u"select X'0'''; drop table t; --", false},
     {u"select U&'\\0061;'", true},
     // dollar quotes
     {u"select $$a;b$$", true},
@@ -50,7 +69,12 @@ constexpr GuardCase kPostgresCases[] = {
     {u"select $1; drop table t", false},
     {u"select $1$a$ ; $a$", true},
     // numbers end where the server ends them
-    {u"select 1E'\\'; drop table t; --'", true},
+    {u"select 1E'\\'; drop table t; --'", false},
+    {u"select 1a", false},
+    {u"select 0x1F, 1", false},
+    {u"select 1_000", false},
+    {u"select 1..2", true},
+    {u"select .5, 5., 1.5e3", true},
     {u"select 1e5E'a\\''; drop table t; --'", false},
     {u"select $1e5E'\\'; drop table t; --'", false},
     {u"select 1.5e-3", true},
@@ -74,6 +98,17 @@ constexpr GuardCase kPostgresCases[] = {
     {u"select {fn now()}", false},
     {u"select 1 }", false},
     {u"select campo::date", true},
+    // blanks and signs that not every server takes for the same
+    {u"select\v1", false},
+    {u"select\u00A01", false},
+    {u"select\u30001", false},
+    {u"select 1\uFEFF", false},
+    {u"select 1\x01", false},
+    {u"select '\u00A0\v\x01'", true},
+    {u"select ção, \u6F22\u5B57", true},
+    // comment marks inside of operators
+    {u"select 1 +-- '\n 2; drop table t --'", false},
+    {u"select 1 @/* ' */ 2; drop table t --'", false},
 };
 
 TEST(StatementGuard, RefusesASecondStatementForPostgres) {
@@ -85,6 +120,40 @@ TEST(StatementGuard, RefusesASecondStatementForPostgres) {
       EXPECT_HOST_ERROR(RequireSingleStatement(c.text, Dialect::PostgreSql),
                         errors::ErrorsInCommand);
     }
+  }
+}
+
+TEST(StatementGuard, ReadsBackslashesAsTheServerDoes) {
+  const auto accepts = [](StringView text, bool backslashes) {
+    try {
+      RequireSingleStatement(text, Dialect::PostgreSql, backslashes);
+      return true;
+    } catch (const HostError&) {
+      return false;
+    }
+  };
+  EXPECT_TRUE(accepts(u"select 'a\\'", false));
+  EXPECT_FALSE(accepts(u"select 'a\\'", true));
+  EXPECT_TRUE(accepts(u"select 'a\\'; drop table t; --'", true));
+  EXPECT_FALSE(accepts(u"select 'a\\'; drop table t; --'", false));
+  EXPECT_TRUE(accepts(u"select N'a\\''; b'", false));
+  EXPECT_FALSE(accepts(u"select N'a\\''; b'", true));
+}
+
+TEST(StatementGuard, RefusesATextThatTheDriverWouldCut) {
+  for (const String& text : {String(u"select 1\0; drop table t", 24), String(u"select '\0'", 10),
+                             u"select '" + String(1, char16_t{0xD83D}) + u"'"})
+    EXPECT_HOST_ERROR(RequireSingleStatement(text, Dialect::PostgreSql), errors::InvalidArgument);
+}
+
+TEST(StatementGuard, SaysFromWhereATextCannotBeRead) {
+  try {
+    RequireSingleStatement(u"select 1 where nome = 'sem fim", Dialect::PostgreSql);
+    FAIL();
+  } catch (const HostError& error) {
+    EXPECT_EQ(error.Description(),
+              u"O comando SQL não pode ser lido com certeza a partir de \"'sem fim\": falta fechar "
+              u"um texto, um nome ou um comentário, ou há sinais que não são aceitos.");
   }
 }
 
@@ -102,6 +171,11 @@ constexpr GuardCase kSqlServerCases[] = {
     {u"Select {fn now()}, a From t Where b = ?", true},
     {u"Select 1 /* /* */ ; */", true},
     {u"Select a From t Where codigo = 15.drop table t", false},
+    {u"Select a From t Where codigo = 15edrop table t", false},
+    {u"Select a From t Where codigo = 0x1F", true},
+    {u"Select a From t Where codigo = 1\u00A0drop table t", false},
+    {u"Select a From t -- x\r'\n drop table t --'", false},
+    {u"Select a From t -- x\r\n Where b = 1", true},
     // further outermost queries
     {u"Select nome From t Where codigo = 15 Select 1", false},
     {u"Select nome From t Where codigo = 15 Select * Into u From t", false},
@@ -175,6 +249,11 @@ TEST(StatementGuard, AccessMayNameColumnsAsItLikes) {
   EXPECT_NO_THROW(RequireSingleStatement(u"Select Print, Use From [a;b]", Dialect::Access));
   EXPECT_HOST_ERROR(RequireSingleStatement(u"Select [a]; drop table t", Dialect::Access),
                     errors::ErrorsInCommand);
+  EXPECT_NO_THROW(
+      RequireSingleStatement(u"Select a From t Where d = #12/25/2017 '#", Dialect::Access));
+  // It has no comments: "--" would be two signs.
+  EXPECT_HOST_ERROR(RequireSingleStatement(u"Select 1 -- 1", Dialect::Access),
+                    errors::ErrorsInCommand);
 }
 
 TEST(StatementGuard, TakesNoSemicolonInsideWhereTheQuotingIsUnknown) {
@@ -197,6 +276,7 @@ constexpr FactCase kFactCases[] = {
     {u"Select codigo From t Where codigo = 15 Limit 1", true, true, true, false},
     {u"select a from t limit 5000", true, false, true, false},
     {u"select a from t limit all", true, false, true, false},
+    {u"select a from t limit 1e5", true, false, true, false},
     {u"select a from (select b from t limit 1) x", true, false, false, false},
     {u"values (1), (2)", true, false, false, false},
     {u"with x as (select 1) select * from x", true, false, false, false},

@@ -398,6 +398,21 @@ TEST_P(RecordSetContract, AnUnknownConnectionPropertyIsError3265) {
   EXPECT_EQ(ErrorOf([&] { connection->Properties(u"Nada"); }), errors::ItemNotFound);
 }
 
+TEST_P(RecordSetContract, AConnectionTellsHowItsServerReadsBackslashes) {
+  EXPECT_FALSE(CBool(driver_->Connection()->Properties(u"Backslash Escapes")));
+}
+
+TEST_P(RecordSetContract, AStatementThatWouldBeCutIsRefusedWhole) {
+  const auto connection = driver_->Connection();
+  for (const String& text : {String(u"Select 1\0", 9), u"Select '" + String(1, char16_t{0xD83D})}) {
+    EXPECT_EQ(ErrorOf([&] { connection->Execute(text); }), errors::InvalidArgument);
+    EXPECT_EQ(ErrorOf([&] {
+                connection->OpenRecordset(text, host::CursorType::Static, host::LockType::ReadOnly);
+              }),
+              errors::InvalidArgument);
+  }
+}
+
 TEST_P(RecordSetContract, AClosedConnectionSays3709) {
   const auto connection = driver_->Connection();
   EXPECT_EQ(connection->State(), host::state::Open);

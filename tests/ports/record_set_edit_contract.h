@@ -93,6 +93,21 @@ TEST_P(RecordSetContract, AValueThatTheTypeRefusesLeavesTheRow) {
   EXPECT_EQ(rows->EditMode(), host::EditMode::None);
 }
 
+TEST_P(RecordSetContract, ATextThatNoDatabaseTakesWholeIsRefusedBeforeItIsStored) {
+  const auto rows = Writable();
+  for (const String& text : {String(u"Ali\0ce", 6), String(u"Alice") + String(1, char16_t{0xD83D}),
+                             String(1, char16_t{0xDE00}) + u"Alice"}) {
+    EXPECT_EQ(ErrorOf([&] { Field(rows, u"Nome")->Value(text); }), errors::InvalidArgument);
+    EXPECT_EQ(Nome(rows), u"Ana");
+    EXPECT_EQ(rows->EditMode(), host::EditMode::None);
+  }
+  rows->AddNew();
+  EXPECT_EQ(ErrorOf([&] { Field(rows, u"Nome")->Value(String(u"\0", 1)); }),
+            errors::InvalidArgument);
+  rows->CancelUpdate();
+  EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Ana", u"Bruno", u"Carla"));
+}
+
 TEST_P(RecordSetContract, ARefusedWriteStaysOnTheRowWithTheEdit) {
   const auto rows = Writable();
   Field(rows, u"Nome")->Value(u"Alice");

@@ -76,7 +76,8 @@ class Field : public Object {
   virtual Variant Value() const = 0;
   /// Starts or continues the edit of the current row. A value equal to the present one is no
   /// edit. Errors: 3021 no row, 3251 not updatable, 13 or -2147217887 a value that the type
-  /// refuses; the row keeps what it had.
+  /// refuses, 5 a text with a character of code 0 or half of a surrogate pair; the row keeps what
+  /// it had.
   virtual void Value(const Variant& value) = 0;
 };
 
@@ -179,11 +180,14 @@ class Connection : public Object {
   virtual Long ConnectionTimeout() const = 0;
   virtual void ConnectionTimeout(Long seconds) = 0;
 
-  /// A provider property by name: "DBMS Name", "DBMS Version". Error 3265 for others,
-  /// 3709 when the connection is closed.
+  /// A provider property by name. Error 3265 for others, 3709 when the connection is closed.
+  /// "DBMS Name", "DBMS Version": texts. "Backslash Escapes": whether the server, now, reads a
+  /// backslash in a plain text ('...') of a statement as an escape; Null when that is not known.
   virtual Variant Properties(const String& name) const = 0;
   /// Runs one statement. Rows come back as a read-only record set; a statement without rows
-  /// gives a closed one. A text that holds a second statement is refused.
+  /// gives a closed one. A text that holds a second statement is refused. Error 5 for a text with
+  /// a character of code 0 or half of a surrogate pair, here and wherever a text goes to the
+  /// server.
   virtual RecordsetPtr Execute(const String& statement) = 0;
   /// Opens rows of one statement. `Optimistic` makes them writable when they come from one
   /// table and hold its key. `options` -1 leaves open whether the text is a statement.

@@ -1,0 +1,38 @@
+// Typed and stored values as they stand in SQL: each of them one token, or an error.
+#pragma once
+
+#include "lookup/sql_scanner.h"
+#include "tessaria/variant.h"
+
+namespace tessaria {
+
+/// How the thread's connection reads a statement into which `valor` is joined. With no open
+/// connection the family is unknown. Error 5 when the value holds a backslash and the connection
+/// does not know what its server makes of one.
+SqlRules RegrasPara(StringView valor);
+
+/// What stands for a text between apostrophes: its apostrophes are doubled, and its backslashes
+/// where the server reads them as escapes. Error 5 for a text that is not well formed, and as
+/// above.
+String ConteudoDeTexto(StringView texto);
+/// The same with an apostrophe at each end.
+String TextoSql(StringView texto);
+
+/// A typed or stored text as a number of SQL: nothing, or [+-](digits[.[digits]]|.digits)
+/// [E[+-]digits] with blanks around it. It stays as it is, but a comma becomes a point. Error 13
+/// for anything else; the error tells the value and `nome`, which names it to the operator.
+String NumeroSql(StringView valor, StringView nome);
+
+/// A value as a literal: a text between apostrophes, anything else as a number without blanks.
+/// Errors as above; 13, too, for a date.
+String LiteralSql(const Variant& valor, StringView nome);
+
+/// A literal that was made earlier, as it stands, when it is a number or one text between
+/// apostrophes. Error 13 otherwise.
+String LiteralPronto(const Variant& literal, StringView nome);
+
+/// The error that refuses a value: number 13, with `nome`, the value (cut when long) and the
+/// reason.
+[[noreturn]] void RecusaValor(StringView nome, StringView valor, StringView motivo);
+
+}  // namespace tessaria

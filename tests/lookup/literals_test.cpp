@@ -1,0 +1,166 @@
+// Values as they stand in SQL: texts, numbers, and what is refused.
+#include "lookup/literals.h"
+
+#include "runtime/text.h"
+#include "tests/lookup/lookup_fixture.h"
+
+namespace tessaria::test {
+namespace {
+
+struct NumberCase {
+  const char16_t* typed;
+  const char16_t* sql;  ///< null: refused
+};
+
+const NumberCase kNumbers[] = {
+    {u"", u""},
+    {u"  ", u"  "},
+    {u"15", u"15"},
+    {u"00015", u"00015"},
+    {u" 1 ", u" 1 "},
+    {u"+1", u"+1"},
+    {u"-1", u"-1"},
+    {u"1,5", u"1.5"},
+    {u"12,50", u"12.50"},
+    {u"-12,5", u"-12.5"},
+    {u"1.5", u"1.5"},
+    {u".5", u".5"},
+    {u",5", u".5"},
+    {u"5.", u"5."},
+    {u"1e5", u"1e5"},
+    {u"1E-5", u"1E-5"},
+    {u"1.5e+10", u"1.5e+10"},
+    {u"123456789012345678901234567890", u"123456789012345678901234567890"},
+    // what is no number
+    {u"0 or true", nullptr},
+    {u"1 or pg_sleep(1) is null", nullptr},
+    {u"1--", nullptr},
+    {u"1/**/", nullptr},
+    {u"--1", nullptr},
+    {u"- -1", nullptr},
+    {u"- 1", nullptr},
+    {u"+-1", nullptr},
+    {u"-", nullptr},
+    {u".", nullptr},
+    {u"1.2.3", nullptr},
+    {u"1.234,50", nullptr},
+    {u"1,2,3", nullptr},
+    {u"1 2", nullptr},
+    {u"1e", nullptr},
+    {u"e5", nullptr},
+    {u"1e+", nullptr},
+    {u"0x10", nullptr},
+    {u"1_000", nullptr},
+    {u"NaN", nullptr},
+    {u"infinity", nullptr},
+    {u"$1", nullptr},
+    {u"$$", nullptr},
+    {u"1$$", nullptr},
+    {u"'1'", nullptr},
+    {u"1'", nullptr},
+    {u"(1)", nullptr},
+    {u"1;", nullptr},
+    {u"1\n", nullptr},
+    {u"\t1", nullptr},
+    {u"1\u00A0", nullptr},
+    {u"\u3000", nullptr},
+    {u"\uFF11\uFF12", nullptr},
+    {u"\u0661", nullptr},
+    {u"1\u2212", nullptr},
+    {u"1::text", nullptr},
+    {u"null", nullptr},
+    {u"?", nullptr},
+    {u"@x@", nullptr},
+    {u"\\", nullptr},
+};
+
+TEST(Literals, ANumberIsOneTokenOrRefused) {
+  for (const NumberCase& row : kNumbers) {
+    SCOPED_TRACE(ToUtf8(row.typed));
+    if (row.sql) {
+      EXPECT_EQ(NumeroSql(row.typed, u"Código"), row.sql);
+    } else {
+      EXPECT_HOST_ERROR(NumeroSql(row.typed, u"Código"), errors::TypeMismatch);
+    }
+  }
+  EXPECT_HOST_ERROR(NumeroSql(String(u"1\0", 2), u""), errors::TypeMismatch);
+}
+
+TEST(Literals, TheRefusalNamesTheFieldAndTheValue) {
+  try {
+    NumeroSql(u"0 or true", u"Código");
+    FAIL();
+  } catch (const HostError& error) {
+    EXPECT_EQ(error.Description(),
+              u"Código: o valor \"0 or true\" não é um número, e só um número é aceito aqui.");
+  }
+}
+
+TEST(Literals, ALongValueIsCutInTheRefusalAndItsLineEndsAreBlanks) {
+  try {
+    NumeroSql(u"a\r\nb" + String(1000, u'x'), u"");
+    FAIL();
+  } catch (const HostError& error) {
+    EXPECT_EQ(error.Description(), u"o valor \"a  b" + String(56, u'x') +
+                                       u"...\" não é um número, e só um número é aceito aqui.");
+  }
+}
+
+class LiteralsTest : public LookupTest {
+ protected:
+  void Backslashes(const Variant& escapes) { connection->Backslashes(escapes); }
+};
+
+TEST_F(LiteralsTest, ATextDoublesItsApostrophes) {
+  EXPECT_EQ(TextoSql(u"A'1"), u"'A''1'");
+  EXPECT_EQ(TextoSql(u"''"), u"''''''");
+  EXPECT_EQ(TextoSql(u""), u"''");
+  EXPECT_EQ(ConteudoDeTexto(u"d'água -- /* $$ \" # @ ;\n"), u"d''água -- /* $$ \" # @ ;\n");
+}
+
+TEST_F(LiteralsTest, ABackslashIsDoubledWhereTheServerReadsItAsAnEscape) {
+  EXPECT_EQ(TextoSql(u"C:\\'"), u"'C:\\'''");
+  Backslashes(true);
+  EXPECT_EQ(TextoSql(u"C:\\'"), u"'C:\\\\'''");
+}
+
+TEST_F(LiteralsTest, ABackslashIsRefusedWhereNobodyKnowsHowItIsRead) {
+  Backslashes(Variant::Null());
+  EXPECT_EQ(TextoSql(u"sem"), u"'sem'");
+  EXPECT_HOST_ERROR(TextoSql(u"\\"), errors::InvalidArgument);
+}
+
+TEST_F(LiteralsTest, ATextThatNoDatabaseTakesWholeIsRefused) {
+  for (const String& text :
+       {String(u"a\0b", 3), String(u"\0", 1), String(1, char16_t{0xD83D}),
+        String(1, char16_t{0xDE00}) + u"x", u"x" + String(2, char16_t{0xD83D})})
+    EXPECT_HOST_ERROR(TextoSql(text), errors::InvalidArgument);
+  EXPECT_EQ(TextoSql(u"\U0001F600"), u"'\U0001F600'");
+}
+
+TEST_F(LiteralsTest, AValueOfAnyKindIsOneToken) {
+  EXPECT_EQ(LiteralSql(u"0 or true", u""), u"'0 or true'");
+  EXPECT_EQ(LiteralSql(Long{-15}, u""), u"-15");
+  EXPECT_EQ(LiteralSql(1.5, u""), u"1.5");
+  EXPECT_EQ(LiteralSql(1e30, u""), u"1E+30");
+  EXPECT_EQ(LiteralSql(true, u""), u"-1");
+  EXPECT_EQ(LiteralSql(Variant(), u""), u"");
+  EXPECT_EQ(LiteralSql(Variant::Null(), u""), u"");
+  // Without quotes a date would be two divisions.
+  EXPECT_HOST_ERROR(LiteralSql(Date{42000}, u""), errors::TypeMismatch);
+}
+
+TEST_F(LiteralsTest, ALiteralThatWasMadeEarlierIsStillOneToken) {
+  EXPECT_EQ(LiteralPronto(Long{15}, u""), u"15");
+  EXPECT_EQ(LiteralPronto(u"'A''1'", u""), u"'A''1'");
+  EXPECT_EQ(LiteralPronto(u"' or ''='", u""), u"' or ''='");  // a text that nobody would look for
+  for (const char16_t* hostile :
+       {u"'a' or 'b'", u"1 or 1=1", u"'a", u"'a'--", u"'a' ", u"'a''", u"E'a'"})
+    EXPECT_HOST_ERROR(LiteralPronto(hostile, u""), errors::TypeMismatch) << ToUtf8(hostile);
+  connection->Dbms(u"PostgreSQL");
+  Backslashes(true);
+  EXPECT_HOST_ERROR(LiteralPronto(u"'\\'", u""), errors::TypeMismatch);
+}
+
+}  // namespace
+}  // namespace tessaria::test
