@@ -1,0 +1,71 @@
+// A memory form of fields that chance made, over one table of every column type.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "hosts/memory/application.h"
+#include "hosts/memory/connection.h"
+#include "hosts/memory/controls.h"
+#include "hosts/memory/dialogs/desktop.h"
+#include "hosts/memory/form.h"
+#include "hosts/memory/ts_text.h"
+#include "tests/attack/run.h"
+
+namespace tessaria::attack {
+
+/// A mask: mostly one that programs have, else one that chance wrote.
+String RandomMask(Random& random);
+/// A value as a program assigns it: of every kind and of many spellings.
+Variant RandomValue(Random& random);
+/// A character as an operator types it.
+char16_t RandomCharacter(Random& random);
+
+/// The windows of the library are closed, after a few keys, by whoever opens one.
+class RandomForm {
+ public:
+  explicit RandomForm(Random& random);
+  ~RandomForm();
+  RandomForm(const RandomForm&) = delete;
+  RandomForm& operator=(const RandomForm&) = delete;
+
+  static constexpr const char16_t* kDataControl = u"dtcDados";
+
+  memory::Application& Program() { return program_; }
+  memory::Desktop& Windows() { return *desktop_; }
+  memory::Form& Form() { return *form_; }
+  const std::shared_ptr<memory::Form>& Shared() { return form_; }
+  std::vector<std::shared_ptr<memory::TsText>>& Fields() { return fields_; }
+  memory::TsText& AnyField() { return *random_.OneOf(fields_); }
+  /// The field that has the focus; nothing when none has.
+  memory::TsText* Focused();
+  host::Recordset& Rows() { return *data_->RecordSet(); }
+  const memory::Table& Stored() const { return *table_; }
+
+  /// Draws anew the properties that a program changes at run time.
+  void Reconfigure(memory::TsText& field);
+  /// Another row, with its values in all the fields, as a data control brings them. A pending
+  /// edit is dropped.
+  void LoadRow(Long row);
+  /// What the windows and boxes left behind; long runs would keep it all.
+  void ForgetThePast();
+  /// What the windows did that nobody foresaw.
+  const std::vector<String>& WindowFaults() const { return windowFaults_; }
+
+ private:
+  void AddTables();
+  void AddField(std::size_t number);
+  void SetLookup(tsText& field);
+
+  Random& random_;
+  memory::Application program_;
+  std::vector<String> windowFaults_;
+  std::unique_ptr<memory::Desktop> desktop_;
+  std::shared_ptr<memory::Connection> connection_ = memory::Connection::CreateOpen();
+  memory::TablePtr table_;
+  std::shared_ptr<memory::Form> form_;
+  std::shared_ptr<memory::DataControl> data_;
+  std::vector<std::shared_ptr<memory::TsText>> fields_;
+};
+
+}  // namespace tessaria::attack
