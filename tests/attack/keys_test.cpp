@@ -19,7 +19,6 @@ constexpr int kStepsOfAForm = 400;
 constexpr Key kKeys[] = {Key::Backspace, Key::Backspace, Key::Delete, Key::Left, Key::Right,
                          Key::Home,      Key::End,       Key::Insert, Key::Up,   Key::Down,
                          Key::PageUp,    Key::Enter,     Key::F9,     Key::A,    Key::Shift};
-constexpr const char16_t* kBoxOfAValue = u"Erro ao Atualizar o Campo";
 
 std::string Told(const Variant& value) { return testing::PrintToString(value); }
 std::string Quoted(StringView text) { return "\"" + ToUtf8(text) + "\""; }
@@ -217,9 +216,7 @@ class Round {
     const tsText& control = *field;
     const auto active = form_.Form().ActiveControl();
     if (active && active->Name() == control.ObjetoCancelar()) return;  // nothing was settled
-    for (const auto& box : form_.Program().Boxes()) {
-      if (StartsWith(box.Title, kBoxOfAValue)) return CheckTypedStays(field, typed);
-    }
+    if (!form_.Program().Boxes().empty()) return CheckTypedStays(field, typed);
     if (!control.LastValidaStatus()) return;
     const Variant value = control.Value();
     const String expected = mdlObjTxt::LimpaMascara(value.IsNull() ? String() : CStr(value),
@@ -236,7 +233,7 @@ class Round {
   }
 
   void CheckTypedStays(memory::TsText& field, const String& typed) {
-    Count("values refused at the exit");
+    Count("exits with a message");
     const tsText& control = *field;
     const auto characters = [&](const String& text) {
       return Trim(mdlObjTxt::LimpaMascara(text, control.Mascara(), control.ItensMascara()));
