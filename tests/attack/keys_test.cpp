@@ -249,8 +249,8 @@ class Round {
          << " mask " << Quoted(control.Mascara()) << " prompt " << Quoted(control.PromptChar())
          << (control.PromptInclude() ? " included" : "") << " MaxLength " << control.MaxLength()
          << " TipoDado " << control.TipoDado() << " TipoStrZero " << control.TipoStrZero()
-         << (control.ValorNegativo() ? " negative" : "") << " column " << Quoted(control.DataField())
-         << " password " << Quoted(control.PasswordChar());
+         << (control.ValorNegativo() ? " negative" : "") << " column "
+         << Quoted(control.DataField()) << " password " << Quoted(control.PasswordChar());
     return told.str();
   }
 
