@@ -2,8 +2,10 @@
 // as another one.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
-#include <set>
+#include <map>
+#include <regex>
 
 #include "hosts/memory/application.h"
 #include "hosts/memory/controls.h"
@@ -36,8 +38,8 @@ constexpr const char16_t* kColumns[] = {u"",       u"nome", u"curto", u"inteiro"
 constexpr const char16_t* kMasks[] = {u"",         u"",           u"",        u"CCCCCCCCCC",
                                       u"aaa-0000", u"dd/mm/yyyy", u"$$$$.$$", u"XXXXXXXX",
                                       u"N00A",     u"#####"};
-constexpr const char16_t* kHarmless[] = {u"",     u" ",   u"7",          u"-7",  u"99999",
-                                         u"12,5", u"Ana", u"25/12/2017", u"true"};
+// How many more fields a text takes that would kill the canary.
+constexpr long long kTimesOfACommand = 3;
 // More characters than an operator would type one by one.
 constexpr std::size_t kMostTyped = 60;
 constexpr const char16_t* kRow =
@@ -55,11 +57,42 @@ struct Setting {
 Setting RandomSetting(Random& random) {
   return {static_cast<TipoControle>(random.Below(kKinds)),
           random.OneOf(kColumns),
-          random.OneOf(kMasks),
+          random.Chance(50) ? u"" : random.OneOf(kMasks),
           random.Chance(50),
-          random.Chance(50),
+          random.Chance(30),
           random.Chance(50),
           random.OneOf(kWays)};
+}
+
+// Whether the library's own texts, with one value at each place of a value, give this shape.
+bool IsShapeOfTheLibrary(const std::string& shape) {
+  const std::string column = "(codigo|nome)";
+  const std::string condition =
+      "(uf < > S|\\( clientes \\. codigo = N \\)|"
+      "\\( clientes \\. nome ilike S \\)|\\( clientes \\. nascimento > = S : : date \\)|" +
+      column + " (ilike S|= [SN]|is not null))( and |(?= order| limit|$))";
+  const std::string key =
+      "(cast \\( " + column + " as integer \\) = N|cast \\( lower \\( " + column +
+      " \\) as varchar \\) = cast \\( lower \\( S \\) as varchar \\)|cast \\( " + column +
+      " as varchar \\) = cast \\( [SN] as varchar \\)|" + column + " = null)";
+  const std::string from = " from clientes where ";
+  static const std::regex expected[] = {
+      std::regex(
+          "(begin|commit|rollback|savepoint \\w+|release( savepoint)? \\w+|rollback to \\w+) ?;?"),
+      std::regex("(fetch N from|close) tessaria_rows ;?"),
+      std::regex("(begin ; )?(declare tessaria_rows no scroll cursor for )?select \\* from ficha "
+                 "where id = N"),
+      std::regex("(begin ; )?(declare tessaria_rows no scroll cursor for )?select (codigo , "
+                 "nome|nome , codigo)" +
+                 from + "(" + condition + ")+ order by (codigo|nome|nascimento|N)"),
+      std::regex("select (codigo|nome|codigo , nome|nome , codigo)" + from + "(" + condition +
+                 ")+ limit N"),
+      std::regex("select " + column + from + key + "( and (" + condition + ")+)? limit N"),
+      // These carry values as parameters alone.
+      std::regex("(select \"id\" ,|update \"public\" \\. \"ficha\" set) [^;S]*"),
+      std::regex("select (n|ta) \\. \\w+ , .*pg_catalog \\. .*")};
+  return std::ranges::any_of(
+      expected, [&](const std::regex& pattern) { return std::regex_match(shape, pattern); });
 }
 
 std::string Told(const Setting& setting, const String& text) {
@@ -239,25 +272,6 @@ class Texts : public testing::Test {
     return observer_->Execute(statement)->Fields().Item(0)->Value();
   }
 
-  // Every kind over every column, with texts that no one would refuse an operator.
-  void LearnShapes(ServerLog& log) {
-    for (Long kind = 0; kind < kKinds; ++kind) {
-      for (const auto* column : kColumns) {
-        for (const auto* text : kHarmless) {
-          for (const bool byNumber : {true, false}) {
-            observer_->Execute(kRow);
-            const Setting setting{
-                static_cast<TipoControle>(kind), column, u"", false, true, byNumber, Way::Pasted};
-            Try(connection_, setting, text).Run();
-          }
-        }
-      }
-    }
-    for (const std::string& statement : log.TakeStatements())
-      shapes_.insert(ShapeOf(statement, Backslash::Plain));
-    Count("shapes of expected statements", static_cast<long long>(shapes_.size()));
-  }
-
   void Attack(const Setting& setting, const String& text, Backslash backslash, ServerLog& log) {
     observer_->Execute(kRow);
     Try one(connection_, setting, text);
@@ -275,11 +289,18 @@ class Texts : public testing::Test {
     for (const std::string& statement : log.TakeStatements()) {
       Count("statements on the server");
       const std::string shape = ShapeOf(statement, backslash);
-      if (!shapes_.contains(shape))
+      if (!IsExpected(shape))
         Fault("a text changes the shape of a statement", told + "\n  statement " +
                                                              statement.substr(0, 500) +
                                                              "\n  shape " + shape.substr(0, 300));
     }
+  }
+
+  // Few shapes come again and again.
+  bool IsExpected(const std::string& shape) {
+    const auto [entry, isNew] = judged_.try_emplace(shape);
+    if (isNew) entry->second = IsShapeOfTheLibrary(shape);
+    return entry->second;
   }
 
   void CheckStored(const Try& one, const Setting& setting, const std::string& told) {
@@ -316,20 +337,18 @@ class Texts : public testing::Test {
   void AttackAll(std::size_t texts, long long fields, Backslash backslash, const char* part) {
     Random random(part);
     ServerLog log(PostgresCluster::Shared());
-    LearnShapes(log);
     if (backslash == Backslash::Escapes)
       connection_->Execute(u"set standard_conforming_strings = off");
     log.TakeStatements();
     for (const String& text : HostileTexts(texts, random)) {
       for (long long i = 0; i < fields; ++i) Attack(RandomSetting(random), text, backslash, log);
       CheckCanary(testing::PrintToString(ToUtf8(text.substr(0, 200))));
-      if (FaultCount() > 0 && HasFatalFailure()) return;
     }
   }
 
   host::ConnectionPtr observer_;
   host::ConnectionPtr connection_;
-  std::set<std::string> shapes_;
+  std::map<std::string, bool> judged_;
 };
 
 TEST_F(Texts, AreValuesAndNothingElse) {
