@@ -137,6 +137,11 @@ String PostgresCluster::ConnectionString() const {
          u";Port=5432;Database=postgres;Uid=postgres;";
 }
 
+String PostgresCluster::ConnectionString(int port) const {
+  return u"Driver={PostgreSQL Unicode};Servername=127.0.0.1;Port=" +
+         FromUtf8(std::to_string(port)) + u";Database=postgres;Uid=postgres;";
+}
+
 void PostgresCluster::Run(const std::string& sql) const {
   Command(AsServerUser(binaries_ + "/psql -h " + folder_ +
                        " -U postgres -q -v ON_ERROR_STOP=1 -o /dev/null -c " + Quoted(sql)));

@@ -22,6 +22,10 @@ class PostgresCluster {
 
   /// An ODBC connection string without a data source name.
   String ConnectionString() const;
+  /// The same by way of a port of this machine, where a proxy listens.
+  String ConnectionString(int port) const;
+  /// The path of the server's socket.
+  std::string Socket() const { return folder_ + "/.s.PGSQL.5432"; }
   /// The folder of the socket; data source files may be written there.
   const std::string& Folder() const { return folder_; }
   /// Runs SQL by the command line client, outside of any connection of the test.
