@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "browse/refused_statement.h"
+#include "browse/row_criterion.h"
 #include "browse/search_run.h"
 #include "lookup/dialect.h"
 #include "runtime/conversion.h"
@@ -128,21 +129,27 @@ void frmBrowse::ConectGrid(const String& strInstrucao, bool& blnOk) {
   blnOk = true;
   Catch(
       [&] {
-        const auto connection = ConexaoAtual();
-        if (connection->State() == host::state::Closed) {
+        if (ConexaoAtual()->State() == host::state::Closed) {
           mdlMsgBox::ExibeMensagem(hWndMsgBox, u"Conexão ao banco foi encerrada. verifique",
                                    mdlMsgBox::flag::Stop);
           return;
         }
-        const BusyPointer busy;
-        dcBrowse = connection->Execute(strInstrucao);
-        grid_.DataSource(dcBrowse);
+        ShowRowsOf(strInstrucao);
       },
       [&] {
         blnOk = false;
         mdlObjTxt::OfereceInstrucao(strInstrucao, u"Copiar Para Área de Transferência ?",
                                     mdlMsgBox::flag::YesNo + mdlMsgBox::flag::Stop, hWndMsgBox);
       });
+}
+
+/// The former rows stay when the new ones cannot be had.
+void frmBrowse::ShowRowsOf(const String& statement) {
+  const BusyPointer busy;
+  auto rows = ConexaoAtual()->Execute(statement);
+  rows->Bof();  // rows that cannot be read fail here and not in the grid
+  dcBrowse = std::move(rows);
+  grid_.DataSource(dcBrowse);
 }
 
 void frmBrowse::DesenhaGrid() {
@@ -160,22 +167,25 @@ void frmBrowse::DesenhaGrid() {
       [] {});
 }
 
-/// Asked in this way and not by the number of rows, which would read them all.
-bool frmBrowse::HasRows() const { return dcBrowse && !(dcBrowse->Bof() && dcBrowse->Eof()); }
+/// Of the rows that the operator sees; those of a search that failed are not among them. Asked in
+/// this way and not by the number of rows, which would read them all.
+bool frmBrowse::ShowsRows() const {
+  const auto rows = grid_.DataSource();
+  return rows && !(rows->Bof() && rows->Eof());
+}
 
 void frmBrowse::AtualizaBotoes() {
   confirm_.Enabled(false);
-  if (dcBrowse) {
-    confirm_.Enabled(HasRows());
-    if (confirm_.Enabled() && (dcBrowse->Eof() || dcBrowse->Bof())) dcBrowse->MoveFirst();
-  }
+  confirm_.Enabled(ShowsRows());
+  if (confirm_.Enabled() && (dcBrowse->Eof() || dcBrowse->Bof())) dcBrowse->MoveFirst();
   grid_.TabStop(confirm_.Enabled());
 }
 
 // --- Leaving ------------------------------------------------------------------------------------
 
+/// The grid loses its rows ahead of the box that tells why, and a key may come in between.
 void frmBrowse::ConfirmClick() {
-  if (confirm_.Enabled()) Leave(true);
+  if (confirm_.Enabled() && grid_.DataSource()) Leave(true);
 }
 
 void frmBrowse::Leave(bool confirmed) {
@@ -201,9 +211,7 @@ void frmBrowse::ReloadAll() {
   if (!strWhere.empty()) statement += u" Where " + strWhere;
   if (!strGroupBy.empty()) statement += u" " + strGroupBy;
   statement += u" Order By " + (strOrderBy.empty() ? String(u"1") : strOrderBy);
-  const BusyPointer busy;
-  dcBrowse = ConexaoAtual()->Execute(statement);
-  grid_.DataSource(dcBrowse);
+  ShowRowsOf(statement);
 }
 
 void frmBrowse::Search(Long indice) {
@@ -229,7 +237,7 @@ void frmBrowse::FormKeyDown(Integer KeyCode, Integer Shift) {
 
 void frmBrowse::GridKeyDown(Integer KeyCode, Integer Shift) {
   if (Shift == kShiftControl) {
-    if ((KeyCode != kKeyPageUp && KeyCode != kKeyPageDown) || !HasRows()) return;
+    if ((KeyCode != kKeyPageUp && KeyCode != kKeyPageDown) || !ShowsRows()) return;
     const BusyPointer busy;
     if (KeyCode == kKeyPageUp)
       dcBrowse->MoveFirst();
@@ -256,7 +264,7 @@ void frmBrowse::GridKeyPress(Integer KeyAscii) {
 
 /// To the first row that begins with the character; each key starts again at the top.
 void frmBrowse::JumpTo(char16_t character) {
-  if (!HasRows()) return;
+  if (!ShowsRows()) return;
   const auto field = dcBrowse->Fields().Item(0);
   if (!IsTextType(field->Type())) return;
   const BusyPointer busy;
@@ -264,7 +272,7 @@ void frmBrowse::JumpTo(char16_t character) {
   const auto stay = [&] { dcBrowse->AbsolutePosition(before); };
   try {
     dcBrowse->MoveFirst();
-    dcBrowse->Find(field->Name() + u" like '" + String(1, character) + u"%'");
+    dcBrowse->Find(mdlObjTxt::CriterioDeInicio(field->Name(), String(1, character)));
   } catch (...) {
     stay();  // what is highlighted is what Enter confirms
     grid_.ShowCurrentRow();

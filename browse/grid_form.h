@@ -37,7 +37,7 @@ class frmBrowse {
   bool lGravar = false;
   /// Owner window of messages.
   Long hWndMsgBox = 0;
-  /// The rows of the data control; the grid may for a time show none.
+  /// The rows of the data control. The grid shows them, or none: those of a search that failed.
   host::RecordsetPtr dcBrowse;
 
   /// Runs a statement and shows its rows. False in `blnOk` when the database refuses it, which
@@ -67,7 +67,8 @@ class frmBrowse {
   void GridKeyPress(Integer KeyAscii);
   void JumpTo(char16_t character);
   void SortBy(Long column);
-  bool HasRows() const;
+  void ShowRowsOf(const String& statement);
+  bool ShowsRows() const;
 
   host::DialogPtr dialog_;
   host::DialogLabel& title_;

@@ -1,6 +1,7 @@
 #include "browse/lookup_run.h"
 
 #include "browse/grid_form.h"
+#include "browse/row_criterion.h"
 #include "lookup/dialect.h"
 #include "lookup/field_types.h"
 #include "lookup/literals.h"
@@ -94,19 +95,18 @@ void Posiciona(host::Recordset& linhas, Variant& valor) {
   const String nome = linhas.Fields().Item(0)->Name();
   const BusyPointer busy;
   if (const String* texto = valor.TryGet<String>()) {
-    if (!texto->empty()) linhas.Find(nome + u" like '" + DobraAspas(*texto) + u"%'");
+    if (!texto->empty()) linhas.Find(CriterioDeInicio(nome, *texto));
   } else {
-    linhas.Find(nome + u" = " + CStr(valor));
+    linhas.Find(CriterioDeIgualdade(nome, valor));
   }
   if (linhas.Eof()) linhas.MoveFirst();
 }
 
 /// The key of a chosen description: the later lookups of its control are limited to it.
-void GuardaValorIrmao(host::Recordset& linhas, const String& campoIrmao) {
-  const auto campo = linhas.Fields().Item(campoIrmao);
+Variant LiteralDoIrmao(host::Recordset& linhas, const String& campoIrmao) {
+  const auto campo = linhas.Fields().Item(NomeDeColuna(campoIrmao));
   const Variant valor = campo->Value();
-  State().vntValorIrmao =
-      EhTipoDeCampoNumerico(campo->Type()) ? valor : Variant(TextoSql(SqlText(valor)));
+  return EhTipoDeCampoNumerico(campo->Type()) ? valor : Variant(TextoSql(SqlText(valor)));
 }
 
 }  // namespace
@@ -159,9 +159,8 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
       return;
     }
     resultado = CStr(Linhas(form).Fields().Item(0)->Value());
-    State().vntValorIrmao = Variant();
-    if (!irmao.empty() && intTipoControle == TipoControle::Descricao)
-      GuardaValorIrmao(Linhas(form), irmao);
+    const bool temIrmao = !irmao.empty() && intTipoControle == TipoControle::Descricao;
+    State().vntValorIrmao = temIrmao ? LiteralDoIrmao(Linhas(form), irmao) : Variant();
   });
   if (falhou) *falhou = !terminou || !ok;
   return resultado;

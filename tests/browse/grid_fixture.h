@@ -59,6 +59,19 @@ class GridForm : public BrowseTest {
     });
     return captions;
   }
+  /// The first search runs, and the database refuses its statement.
+  void RefuseSearch(memory::Dialog& shown) {
+    desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
+      prompt.Type(u"x");
+      prompt.Click(u"btnOk");
+    });
+    connection->FailNext(HostError(errors::ProviderError, u"recusado"));
+    shown.ClickMenu(u"barBrowse", 1);
+    EXPECT_EQ(Grid().DataSource(), nullptr);
+  }
+  static bool CanConfirm(memory::Dialog& shown) {
+    return shown.Find<host::DialogButton>(u"btnConfirmar").Enabled();
+  }
   memory::ToolBar& Bar() { return form.Window().Find<memory::ToolBar>(u"barBrowse"); }
   memory::DataGrid& Grid() { return form.Window().Find<memory::DataGrid>(u"grdBrowse"); }
 

@@ -188,7 +188,7 @@ TEST_F(GridKeys, AFirstFieldThatIsNoTextDoesNotJump) {
 
 // What is highlighted is what Enter confirms.
 TEST_F(GridKeys, AJumpThatTheProviderRefusesLeavesTheRow) {
-  rows = {{{u"nome inteiro"}}, {{u"Ana"}, {u"Bruno"}}};
+  rows = {{{u"nome] inteiro"}}, {{u"Ana"}, {u"Bruno"}}};
   Connect();
   form.dcBrowse->AbsolutePosition(2);
   Show([&](memory::Dialog& shown) {
@@ -200,28 +200,29 @@ TEST_F(GridKeys, AJumpThatTheProviderRefusesLeavesTheRow) {
   });
 }
 
-TEST_F(GridKeys, WithoutADataSourceTheKeysWorkOnTheFormerRows) {
+TEST_F(GridKeys, AJumpFindsAFieldWhoseNameHasBlanks) {
+  rows = {{{u"nome inteiro"}}, {{u"Ana"}, {u"Bruno"}}};
+  Connect();
+  EXPECT_EQ(RowAfter(u"b", 1), 2);
+}
+
+TEST_F(GridKeys, AfterARefusedSearchNoKeyReachesTheRowsThatNobodySees) {
   rows = NamesFirst();
   AddSearches(1);
   Connect();
   Show([&](memory::Dialog& shown) {
-    desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
-      prompt.Type(u"x");
-      prompt.Click(u"btnOk");
-    });
-    connection->FailNext(HostError(errors::ProviderError, u"recusado"));
-    shown.ClickMenu(u"barBrowse", 1);
-    ASSERT_EQ(Grid().DataSource(), nullptr);
+    RefuseSearch(shown);
     shown.FocusOn(u"grdBrowse");
     shown.Press(Key::PageDown, modifier::Control);
-    EXPECT_EQ(form.dcBrowse->AbsolutePosition(), 5);
     shown.Type(u"b");
-    EXPECT_EQ(form.dcBrowse->AbsolutePosition(), 2);
-    EXPECT_THAT(shown.UnhandledErrors(), IsEmpty());
+    EXPECT_EQ(form.dcBrowse->AbsolutePosition(), 1);
     shown.Press(Key::Enter);
+    EXPECT_TRUE(shown.IsShown());
+    EXPECT_THAT(shown.UnhandledErrors(), IsEmpty());
+    shown.Press(Key::Escape);
     EXPECT_FALSE(shown.IsShown());
   });
-  EXPECT_TRUE(form.lGravar);
+  EXPECT_FALSE(form.lGravar);
 }
 
 TEST_F(GridKeys, AnEmptyListDoesNotJump) {

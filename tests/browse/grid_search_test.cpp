@@ -84,22 +84,83 @@ TEST_F(GridForm, AnEntryThatNoSearchBelongsToRunsNothing) {
   EXPECT_THAT(connection->TakeStatements(), IsEmpty());
 }
 
-TEST_F(GridForm, AfterARefusedSearchTheGridIsEmptyAndTheFormerRowsCanStillBeConfirmed) {
+// --- A search that fails ------------------------------------------------------------------------
+
+TEST_F(GridForm, AfterARefusedSearchTheGridIsEmptyAndNothingCanBeConfirmed) {
   AddSearches(1);
   Connect();
   Show([&](memory::Dialog& shown) {
+    RefuseSearch(shown);
+    EXPECT_EQ(Grid().ColumnCount(), 0);
+    EXPECT_FALSE(CanConfirm(shown));
+    EXPECT_FALSE(Grid().TabStop());
+    shown.Click(u"btnConfirmar");
+    shown.DoubleClick(u"grdBrowse");
+    shown.FocusOn(u"grdBrowse");
+    shown.Press(memory::Key::Enter);
+    EXPECT_TRUE(shown.IsShown());
+    shown.CloseWindow();
+  });
+  EXPECT_FALSE(form.lGravar);
+}
+
+TEST_F(GridForm, EnterBetweenTheRefusalAndItsBoxConfirmsNothing) {
+  AddSearches(1);
+  Connect();
+  Show([&](memory::Dialog& shown) {
+    int pumpsWithoutRows = 0;
+    app.OnDoEvents = [&] {
+      if (Grid().DataSource()) return;
+      ++pumpsWithoutRows;
+      shown.Press(memory::Key::Enter);
+      shown.DoubleClick(u"grdBrowse");
+    };
+    RefuseSearch(shown);
+    app.OnDoEvents = nullptr;
+    EXPECT_EQ(pumpsWithoutRows, 1);
+    EXPECT_TRUE(shown.IsShown());
+    shown.CloseWindow();
+  });
+  EXPECT_FALSE(form.lGravar);
+}
+
+TEST_F(GridForm, RowsThatComeBackBehindARefusedSearchCanBeConfirmedAgain) {
+  AddSearches(1);
+  Connect();
+  Show([&](memory::Dialog& shown) {
+    RefuseSearch(shown);
+    shown.ClickMenu(u"barBrowse", 3);
+    EXPECT_TRUE(CanConfirm(shown));
+    shown.Click(u"btnConfirmar");
+  });
+  EXPECT_TRUE(form.lGravar);
+}
+
+TEST_F(GridForm, ACancelledPromptBehindARefusedSearchBringsNoRowsBack) {
+  AddSearches(1);
+  Connect();
+  Show([&](memory::Dialog& shown) {
+    RefuseSearch(shown);
+    desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) { prompt.CloseWindow(); });
+    shown.ClickMenu(u"barBrowse", 1);
+    EXPECT_FALSE(CanConfirm(shown));
+    shown.CloseWindow();
+  });
+}
+
+TEST_F(GridForm, ASearchThatFindsNothingLeavesNothingToConfirm) {
+  AddSearches(1);
+  Connect();
+  Show([&](memory::Dialog& shown) {
+    rows.Cells.clear();
     desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
       prompt.Type(u"x");
       prompt.Click(u"btnOk");
     });
-    connection->FailNext(HostError(errors::ProviderError, u"recusado"));
     shown.ClickMenu(u"barBrowse", 1);
-    EXPECT_EQ(Grid().DataSource(), nullptr);
-    EXPECT_EQ(Grid().ColumnCount(), 0);
-    EXPECT_TRUE(shown.Find<host::DialogButton>(u"btnConfirmar").Enabled());
-    shown.Click(u"btnConfirmar");
+    EXPECT_FALSE(CanConfirm(shown));
+    shown.CloseWindow();
   });
-  EXPECT_TRUE(form.lGravar);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 namespace tessaria::test {
 namespace {
 
+using mdlObjTxt::NomeDeColuna;
 using mdlObjTxt::TiraAlias;
 
 struct AliasCase {
@@ -28,6 +29,28 @@ const AliasCase kAliases[] = {
 
 TEST(TiraAlias, CutsBehindTheBlankInFrontOfTheFirstAs) {
   for (const auto& row : kAliases) EXPECT_EQ(TiraAlias(row.given), row.expected);
+}
+
+const AliasCase kColumns[] = {
+    {u"nome", u"nome"},
+    {u" nome ", u"nome"},
+    {u"c.nome", u"nome"},
+    {u"loja.dbo.c.nome", u"nome"},
+    {u"\"nome\"", u"nome"},
+    {u"c.\"Nome Completo\"", u"Nome Completo"},
+    {u"[c].[Nome]", u"Nome"},
+    {u"`c`.`nome`", u"nome"},
+    {u"\"a.b\"", u"a.b"},
+    {u"\"a\"\"b\"", u"a\"b"},
+    {u"[a]]b]", u"a]b"},
+    {u"c.nome as n", u"n"},
+    {u"c.nome AS \"N\"", u"N"},
+    {u"upper(c.nome) as c.n", u"n"},
+    {u"", u""},
+};
+
+TEST(NomeDeColuna, IsTheAliasOrTheNameWithoutQualifiersAndQuotes) {
+  for (const auto& row : kColumns) EXPECT_EQ(NomeDeColuna(row.given), row.expected);
 }
 
 }  // namespace
