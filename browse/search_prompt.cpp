@@ -2,10 +2,11 @@
 
 #include <algorithm>
 
-#include "browse/search_clause.h"
+#include "browse/search_number.h"
 #include "lookup/browse_definition.h"
 #include "lookup/dialect.h"
 #include "lookup/literals.h"
+#include "mask/masks.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "services/trap.h"
@@ -48,6 +49,7 @@ frmTsPesquisa::frmTsPesquisa()
   edit_.OnChange = [this] { EditChanged(); };
   ok_.OnClick = [this] { Answer(ok_, true); };
   cancel_.OnClick = [this] { Answer(cancel_, false); };
+  dialog_->OnCloseRequest = [this] { Answer(cancel_, false); };
 }
 
 frmTsPesquisa::~frmTsPesquisa() { dialog_->dbForm(nullptr); }
@@ -60,10 +62,26 @@ void frmTsPesquisa::Activate() {
   edit_.SetFocus();
 }
 
-void frmTsPesquisa::EditChanged() {
-  auto& control = edit_.Control();
+void frmTsPesquisa::Tipo(Long lngTipo) {
+  tipo_ = lngTipo;
+  if (mdlObjTxt::EhPesquisaDeNumero(tipo_)) EditChanged();
+}
+
+void frmTsPesquisa::EditChanged() { ok_.Enabled(CanAnswer()); }
+
+bool frmTsPesquisa::CanAnswer() const {
+  const auto& control = edit_.Control();
+  const String text = CStr(control.Get(u"Text"));
+  const String mask = CStr(control.Get(u"Mascara"));
   const bool whole = CBool(control.Get(u"PromptInclude"));
-  ok_.Enabled(!Trim(CStr(control.Get(whole ? u"Texto" : u"Text"))).empty());
+  if (mdlObjTxt::EhPesquisaDeNumero(tipo_)) {
+    const String items = mdlObjTxt::MontaItensMascara(mask, CStr(control.Get(u"PromptChar")));
+    const String typed = whole ? text : mdlObjTxt::LimpaMascara(text, mask, items);
+    return mdlObjTxt::EhNumeroDigitado(typed, tipo_, mask);
+  }
+  // Only a mask has places that keep the typed text.
+  const bool hasPlaces = whole && !mask.empty();
+  return !Trim(hasPlaces ? CStr(control.Get(u"Texto")) : text).empty();
 }
 
 /// The button takes the focus first, so that the field is left and settled.
@@ -88,9 +106,13 @@ Long TipoDadoDe(Long tipo) {
 String ValorDigitado(const host::TsTextWidget& edit, Long tipo, const String& mascara) {
   if (tipo == tipo_pesquisa::Data)
     return mdlComum::TraduzSQL(fragmento::Data, {}, {}, {}, {}, CStr(edit.Get(u"Text")));
-  const String valor = CStr(edit.Get(u"Value"));
-  if (StartsWith(mascara, u"$")) return Replace(Replace(valor, u".", u""), u",", u".");
-  return ConteudoDeTexto(valor);
+  const Variant valor = edit.Get(u"Value");
+  if (!EhPesquisaDeNumero(tipo)) {
+    const String texto = CStr(valor);
+    return ConteudoDeTexto(StartsWith(mascara, u"$") ? NumeroDeMoeda(texto) : texto);
+  }
+  if (const auto numero = NumeroDaPesquisa(valor, mascara)) return *numero;
+  throw HostError(errors::TypeMismatch);
 }
 
 }  // namespace
@@ -123,6 +145,7 @@ bool tsMostraFormPesquisa(const String& strTabela, String strCampo, Long lngTipo
       edit.Let(u"TipoControle", static_cast<Long>(TipoControle::Calendario));
     }
 
+    form.Tipo(lngTipo);
     form.Window().Caption(u"Pesquisa " + strCaption);
     form.Window().ShowModal();
     if (!form.Confirmou) {

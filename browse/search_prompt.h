@@ -1,6 +1,7 @@
 // The prompt of a search.
 #pragma once
 
+#include "browse/search_clause.h"
 #include "tessaria/host/dialog.h"
 
 namespace tessaria {
@@ -19,6 +20,9 @@ class frmTsPesquisa {
 
   /// The operator gave a value.
   bool Confirmou = false;
+  /// The kind of the search, as its entry has it. Any but a date and a text takes only a number:
+  /// "Ok" is off while the box holds none.
+  void Tipo(Long lngTipo);
 
   host::DialogField& editPesquisa() { return edit_; }
   host::Dialog& Window() { return *dialog_; }
@@ -26,12 +30,14 @@ class frmTsPesquisa {
  private:
   void Activate();
   void EditChanged();
+  bool CanAnswer() const;
   void Answer(host::DialogButton& button, bool confirmed);
 
   host::DialogPtr dialog_;
   host::DialogField& edit_;
   host::DialogButton& ok_;
   host::DialogButton& cancel_;
+  Long tipo_ = mdlObjTxt::tipo_pesquisa::Texto;
 };
 
 namespace mdlObjTxt {

@@ -109,8 +109,10 @@ void tsText::PickFromList(const DialogPlace& place) {
 
 void tsText::PickDate(const DialogPlace& place) {
   const auto calendar = Shared(State().frmCalendario);
-  Value(calendar->ExecutaCalendario(place.Top, place.Left, txtEdit_, Trim(Stripped()), m_.Mascara,
-                                    m_.ItensMascara));
+  bool chosen = false;
+  const Variant day = calendar->ExecutaCalendario(place.Top, place.Left, txtEdit_, Trim(Stripped()),
+                                                  m_.Mascara, m_.ItensMascara, &chosen);
+  if (chosen) Value(day);
   Release(calendar, State().frmCalendario);
 }
 

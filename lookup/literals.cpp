@@ -26,19 +26,6 @@ bool TomaUm(StringView texto, std::size_t& posicao, StringView sinais) {
   return tem;
 }
 
-bool EhNumero(StringView texto) {
-  std::size_t posicao = 0;
-  TomaUm(texto, posicao, u"+-");
-  const bool inteiros = TomaDigitos(texto, posicao);
-  const bool decimais = TomaUm(texto, posicao, u".") && TomaDigitos(texto, posicao);
-  if (!inteiros && !decimais) return false;
-  if (TomaUm(texto, posicao, u"eE")) {
-    TomaUm(texto, posicao, u"+-");
-    if (!TomaDigitos(texto, posicao)) return false;
-  }
-  return posicao == texto.size();
-}
-
 bool BarraEscapa(const host::Connection& conexao) {
   const Variant escapa = conexao.Properties(u"Backslash Escapes");
   if (escapa.IsNull()) {
@@ -69,10 +56,23 @@ String ConteudoDeTexto(StringView texto) {
 
 String TextoSql(StringView texto) { return u"'" + ConteudoDeTexto(texto) + u"'"; }
 
+bool EhNumeroSql(StringView texto) {
+  std::size_t posicao = 0;
+  TomaUm(texto, posicao, u"+-");
+  const bool inteiros = TomaDigitos(texto, posicao);
+  const bool decimais = TomaUm(texto, posicao, u".") && TomaDigitos(texto, posicao);
+  if (!inteiros && !decimais) return false;
+  if (TomaUm(texto, posicao, u"eE")) {
+    TomaUm(texto, posicao, u"+-");
+    if (!TomaDigitos(texto, posicao)) return false;
+  }
+  return posicao == texto.size();
+}
+
 String NumeroSql(StringView valor, StringView nome) {
   const String numero = Replace(valor, u",", u".");
   const String semBrancos = Trim(numero);
-  if (!semBrancos.empty() && !EhNumero(semBrancos))
+  if (!semBrancos.empty() && !EhNumeroSql(semBrancos))
     RecusaValor(nome, valor, u"não é um número, e só um número é aceito aqui.");
   return numero;
 }

@@ -18,9 +18,12 @@ String ConteudoDeTexto(StringView texto);
 /// The same with an apostrophe at each end.
 String TextoSql(StringView texto);
 
-/// A typed or stored text as a number of SQL: nothing, or [+-](digits[.[digits]]|.digits)
-/// [E[+-]digits] with blanks around it. It stays as it is, but a comma becomes a point. Error 13
-/// for anything else; the error tells the value and `nome`, which names it to the operator.
+/// Whether a text is one number of SQL: [+-](digits[.[digits]]|.digits)[E[+-]digits].
+bool EhNumeroSql(StringView texto);
+
+/// A typed or stored text as a number of SQL: nothing, or one number with blanks around it. It
+/// stays as it is, but a comma becomes a point. Error 13 for anything else; the error tells the
+/// value and `nome`, which names it to the operator.
 String NumeroSql(StringView valor, StringView nome);
 
 /// A value as a literal: a text between apostrophes, anything else as a number without blanks.

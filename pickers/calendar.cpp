@@ -4,6 +4,7 @@
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "services/dialog_placement.h"
+#include "tessaria/comforts.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 
@@ -24,6 +25,24 @@ Date StartDate(host::TextBox& box, const String& text, const String& mask, const
   return CDate(text);
 }
 
+/// What a box shows. The test of its date may write the year out, and moves the caret.
+class BoxState {
+ public:
+  explicit BoxState(host::TextBox& box)
+      : box_(box), text_(box.Text()), start_(box.SelStart()), length_(box.SelLength()) {}
+  void PutBack() const {
+    if (box_.Text() != text_) box_.Text(text_);
+    box_.SelStart(start_);
+    box_.SelLength(length_);
+  }
+
+ private:
+  host::TextBox& box_;
+  String text_;
+  Long start_;
+  Long length_;
+};
+
 }  // namespace
 
 const host::DialogDescription& frmCalendario::Description() {
@@ -33,25 +52,38 @@ const host::DialogDescription& frmCalendario::Description() {
 
 frmCalendario::frmCalendario() : dialog_(TheDesktop().MakeDialog(Description())) {
   auto& calendar = dialog_->Find<host::Calendar>(u"Calendario");
-  calendar.OnClick = [this] { dialog_->Hide(); };
+  calendar.OnClick = [this] { Leave(true); };
   calendar.OnKeyPress = [this](Integer& key) {
-    if (key == kKeyEnter || key == kKeyEscape) dialog_->Hide();
+    if (key == kKeyEnter || key == kKeyEscape) Leave(key == kKeyEnter);
   };
 }
 
 frmCalendario::~frmCalendario() = default;
 
+void frmCalendario::Leave(bool chosen) {
+  chosen_ = chosen;
+  dialog_->Hide();
+}
+
 void frmCalendario::Unload() { dialog_->Hide(); }
 
 Variant frmCalendario::ExecutaCalendario(const Variant& nLi, const Variant& nCi,
                                          host::TextBox& txtData, const String& cTexto,
-                                         const String& cMascara, const String& cItensMascara) {
+                                         const String& cMascara, const String& cItensMascara,
+                                         bool* escolheu) {
+  const bool canCancel = comforts().CalendarCancels;
   auto& calendar = dialog_->Find<host::Calendar>(u"Calendario");
+  const BoxState before(txtData);
   const Date start = StartDate(txtData, cTexto, cMascara, cItensMascara);
   calendar.Value(start);
   PlaceOnScreen(*dialog_, static_cast<float>(CDbl(nLi)), static_cast<float>(CDbl(nCi)));
-  txtData.Text(CStr(start));
+  if (canCancel)
+    before.PutBack();  // ahead of the window: the field may go away under it
+  else
+    txtData.Text(CStr(start));
+  chosen_ = false;
   dialog_->ShowModal();
+  if (escolheu) *escolheu = chosen_ || !canCancel;
   return calendar.Value();
 }
 

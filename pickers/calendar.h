@@ -23,14 +23,20 @@ class frmCalendario {
   /// selected date when the window closes, however it closes. `nLi` and `nCi` are the wanted top
   /// and left, twips; `cTexto` is the box's text without its mask. Error 13 for a text that is
   /// no date.
+  ///
+  /// With `Comforts::CalendarCancels` the box keeps its text, and `escolheu`, unless null, tells
+  /// whether the operator chose a day, by a click or by Enter. Without it he always has.
   Variant ExecutaCalendario(const Variant& nLi, const Variant& nCi, host::TextBox& txtData,
                             const String& cTexto, const String& cMascara,
-                            const String& cItensMascara);
+                            const String& cItensMascara, bool* escolheu = nullptr);
   /// Closes the window, also while it is open.
   void Unload();
 
  private:
+  void Leave(bool chosen);
+
   host::DialogPtr dialog_;
+  bool chosen_ = false;
 };
 
 }  // namespace tessaria

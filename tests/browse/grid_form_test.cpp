@@ -164,10 +164,24 @@ TEST_F(GridForm, TheToolBarIsRefreshedAtEachActivationAndTheButtonsAtTheFirst) {
   rows.Cells.clear();
   Connect();
   Show([](memory::Dialog& shown) {
-    EXPECT_TRUE(shown.Find<host::DialogButton>(u"btnConfirmar").Enabled());
+    EXPECT_TRUE(CanConfirm(shown));
     shown.CloseWindow();
   });
   EXPECT_EQ(Bar().Refreshes(), 2);
+}
+
+TEST_F(GridForm, ComingBackToTheListIsAnActivation) {
+  AddSearches(1);
+  Connect();
+  Show([&](memory::Dialog& shown) {
+    shown.Reactivate();
+    EXPECT_EQ(Bar().Refreshes(), 2);
+    desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) { prompt.CloseWindow(); });
+    shown.ClickMenu(u"barBrowse", 1);
+    EXPECT_EQ(Bar().Refreshes(), 3);
+    shown.CloseWindow();
+  });
+  EXPECT_EQ(Bar().Refreshes(), 3);
 }
 
 TEST_F(GridForm, TheGridFollowsTheSizeOfTheWindow) {

@@ -1,62 +1,11 @@
-// The prompt of a search: how it is set up, what it takes, what it answers.
-#include "browse/search_prompt.h"
-
-#include "control/tstext.h"
-#include "hosts/memory/ts_text.h"
-#include "tests/browse/browse_fixture.h"
+// The prompt of a search: how it is set up, and what it takes.
+#include "tests/browse/search_prompt_fixture.h"
 
 namespace tessaria::test {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-/// One search; by name, unless a test says otherwise.
-struct Search {
-  String Tabela = u"clientes";
-  String Campo = u"nome";
-  Long Tipo = 8;
-  Long Like = 3;
-  String Caption = u"Nome";
-  Integer Width = 2000;
-  bool Completa = false;
-  String Mascara;
-  Integer MaxLength = 0;
-  bool PromptInclude = false;
-  String Where = u"ativo = 1";
-  bool CampoPronto = false;
-};
-
-class SearchPrompt : public BrowseTest {
- protected:
-  bool Ask(const Search& s, memory::ModalScript::Script script) {
-    desktop->WillShow(u"frmTsPesquisa", std::move(script));
-    return mdlObjTxt::tsMostraFormPesquisa(s.Tabela, s.Campo, s.Tipo, s.Like, s.Caption, s.Width,
-                                           s.Completa, s.Mascara, s.MaxLength, s.PromptInclude,
-                                           s.Where, clause, s.CampoPronto);
-  }
-  /// The condition of a typed answer.
-  String ClauseOf(const Search& s, StringView typed) {
-    clause.clear();
-    EXPECT_TRUE(Ask(s, [&](memory::Dialog& prompt) {
-      prompt.Type(typed);
-      prompt.Click(u"btnOk");
-    }));
-    return clause;
-  }
-  /// Looks at a prompt that is cancelled then.
-  void Look(const Search& s, const std::function<void(memory::Dialog&, tsText&)>& look) {
-    EXPECT_FALSE(Ask(s, [&](memory::Dialog& prompt) {
-      look(prompt, *prompt.Field(u"editPesquisa"));
-      prompt.Click(u"btnCancelar");
-    }));
-  }
-  static bool OkIsEnabled(memory::Dialog& prompt) {
-    return prompt.Find<host::DialogButton>(u"btnOk").Enabled();
-  }
-
-  String clause = u"antes";
-};
 
 TEST_F(SearchPrompt, IsMadeOfItsTable) {
   const auto& description = frmTsPesquisa::Description();
@@ -248,15 +197,65 @@ TEST_F(SearchPrompt, OkFollowsTheTypedTextWhenTheMaskBelongsToTheValue) {
   }
 }
 
-// Only a mask's places store the typed text; the box alone does not count then.
-TEST_F(SearchPrompt, OkStaysOffWhenTheMaskBelongsToTheValueAndThereIsNone) {
+TEST_F(SearchPrompt, OkFollowsTheBoxWhenTheMaskBelongsToTheValueAndThereIsNone) {
   Search s;
   s.PromptInclude = true;
-  Look(s, [](memory::Dialog& prompt, tsText& edit) {
-    prompt.Type(u"Silva");
-    EXPECT_EQ(edit.Text(), u"Silva");
+  EXPECT_EQ(ClauseOf(s, u"Silva"), u"clientes.nome ilike '%Silva%'");
+  Look(s, [](memory::Dialog& prompt, tsText&) {
+    prompt.Type(u"a");
+    EXPECT_TRUE(OkIsEnabled(prompt));
+    prompt.Press(memory::Key::Backspace);
     EXPECT_FALSE(OkIsEnabled(prompt));
   });
+}
+
+TEST_F(SearchPrompt, OkOfANumberIsOffUntilTheBoxHoldsOne) {
+  const struct {
+    Long Tipo;
+    StringView Typed;
+    bool Ok;
+  } cases[] = {
+      {2, u"", false},         {2, u"15", true},        {2, u"-1,5", true}, {2, u"1.234,5", true},
+      {2, u"1E3", true},       {2, u"abc", false},      {2, u"12a", false}, {2, u"1,2,3", false},
+      {2, u"1 or 1=1", false}, {2, u"-", false},        {2, u",", false},   {2, u"   ", false},
+      {0, u"15", true},        {0, u"+1,5", true},      {0, u" 15 ", true}, {0, u"1.234,5", false},
+      {0, u"abc", false},      {0, u"1 or 1=1", false}, {0, u"'1'", false}, {0, u"--1", false},
+      {0, u"1--", false},      {0, u".5", true},        {0, u"5.", true},   {0, u".", false},
+      {0, u"1e", false},       {0, u"1e-5", true},      {0, u"", false}};
+  for (const auto& c : cases) {
+    Search s;
+    s.Tipo = c.Tipo;
+    Look(s, [&](memory::Dialog& prompt, tsText&) {
+      prompt.Type(c.Typed);
+      EXPECT_EQ(OkIsEnabled(prompt), c.Ok) << c.Tipo << " " << ToUtf8(c.Typed);
+    });
+  }
+}
+
+TEST_F(SearchPrompt, LettersInANumberAreNotAnsweredByAnyKey) {
+  Search s;
+  s.Tipo = 2;
+  EXPECT_FALSE(Ask(s, [](memory::Dialog& prompt) {
+    prompt.Type(u"abc");
+    prompt.Click(u"btnOk");
+    prompt.Press(memory::Key::Enter);
+    EXPECT_TRUE(prompt.IsShown());
+    prompt.Click(u"btnCancelar");
+  }));
+}
+
+TEST_F(SearchPrompt, OkOfANumberUnderAMaskFollowsItsDigits) {
+  for (const bool whole : {false, true}) {
+    Search s;
+    s.Tipo = 2;
+    s.Mascara = u"####";
+    s.PromptInclude = whole;
+    Look(s, [](memory::Dialog& prompt, tsText&) {
+      EXPECT_FALSE(OkIsEnabled(prompt));
+      prompt.Type(u"1234");
+      EXPECT_TRUE(OkIsEnabled(prompt));
+    });
+  }
 }
 
 TEST_F(SearchPrompt, ANullValueLeavesItOpen) {
@@ -300,6 +299,32 @@ TEST_F(SearchPrompt, CancelAndTheCloseButtonAnswerNothing) {
   EXPECT_EQ(clause, u"antes");
 }
 
+// Closing by the frame is the cancel button: the field is left for it, and checks nothing.
+TEST_F(SearchPrompt, TheFrameCountsAsTheCancelButton) {
+  std::vector<String> focused;
+  Search s;
+  s.Tipo = 7;
+  s.Mascara = u"dd/mm/yyyy";
+  EXPECT_FALSE(Ask(s, [&](memory::Dialog& prompt) {
+    prompt.Type(u"31021999");
+    app.OnDoEvents = [&] { focused.push_back(prompt.Focused()); };
+    prompt.CloseWindow();
+    EXPECT_FALSE(prompt.IsShown());
+  }));
+  app.OnDoEvents = nullptr;
+  EXPECT_THAT(focused, ElementsAre(u"btnCancelar"));
+  for (const auto& box : app.Boxes()) EXPECT_EQ(InStr(box.Text, u"Inv"), 0) << ToUtf8(box.Text);
+}
+
+TEST_F(SearchPrompt, EachActivationGivesTheFieldTheFocus) {
+  Look({}, [](memory::Dialog& prompt, tsText&) {
+    prompt.Type(u"Ma");
+    prompt.FocusOn(u"btnCancelar");
+    prompt.Reactivate();
+    EXPECT_EQ(prompt.Focused(), u"editPesquisa");
+  });
+}
+
 TEST_F(SearchPrompt, CancelEscapesTheCheckOfADate) {
   Search s;
   s.Tipo = 7;
@@ -310,92 +335,6 @@ TEST_F(SearchPrompt, CancelEscapesTheCheckOfADate) {
     EXPECT_FALSE(prompt.IsShown());
   }));
   EXPECT_THAT(app.Boxes(), IsEmpty());
-}
-
-// --- The condition
-// --------------------------------------------------------------------------------
-
-TEST_F(SearchPrompt, QualifiesTheFieldUnlessItIsReady) {
-  Search s;
-  EXPECT_EQ(ClauseOf(s, u"Silva"), u"clientes.nome ilike '%Silva%'");
-  s.Campo = u"upper(nome)";
-  EXPECT_EQ(ClauseOf(s, u"Silva"), u"upper(clientes.nome) ilike '%Silva%'");
-  s.CampoPronto = true;
-  EXPECT_EQ(ClauseOf(s, u"Silva"), u"upper(nome) ilike '%Silva%'");
-}
-
-TEST_F(SearchPrompt, DoublesApostrophes) {
-  Search s;
-  s.Like = 0;
-  EXPECT_EQ(ClauseOf(s, u"D'Avila"), u"clientes.nome = 'D''Avila'");
-  s.Like = 5;
-  EXPECT_EQ(ClauseOf(s, u"A"), u"Left(clientes.nome, 1) >= 'A'");
-}
-
-TEST_F(SearchPrompt, WritesADateInTheDialect) {
-  Search s;
-  s.Campo = u"data";
-  s.Tipo = 7;
-  s.Like = 6;
-  s.Mascara = u"dd/mm/yyyy";
-  const struct {
-    StringView Dbms, Clause;
-  } cases[] = {{kAccess, u"clientes.data < Cdate('31/12/2016')"},
-               {kSqlServer, u"clientes.data < '12/31/2016'"},
-               {kPostgres, u"clientes.data < '2016-12-31'::date"},
-               {kUnknown, u"clientes.data < "}};
-  for (const auto& c : cases) {
-    Dbms(c.Dbms);
-    EXPECT_EQ(ClauseOf(s, u"31122016"), c.Clause);
-  }
-}
-
-TEST_F(SearchPrompt, WritesAnAmountWithAPoint) {
-  Search s;
-  s.Campo = u"valor";
-  s.Tipo = 2;
-  s.Like = 4;
-  s.Mascara = u"$$$$$$$.$$";
-  s.MaxLength = 12;
-  EXPECT_EQ(ClauseOf(s, u"1234,56"), u"clientes.valor > 1234.56");
-  // The value of a number has no zero at its end.
-  EXPECT_EQ(ClauseOf(s, u"1234,50"), u"clientes.valor > 1234.5");
-}
-
-TEST_F(SearchPrompt, AnAmountThatIsHeldAsTextKeepsItsZero) {
-  Search s;
-  s.Campo = u"valor";
-  s.Tipo = 0;
-  s.Like = 4;
-  s.Mascara = u"$$$$$$$.$$";
-  s.MaxLength = 12;
-  EXPECT_EQ(ClauseOf(s, u"1234,50"), u"clientes.valor > 1234.50");
-}
-
-TEST_F(SearchPrompt, ANumberWithNoAmountMaskGoesInAsItsText) {
-  Search s;
-  s.Campo = u"codigo";
-  s.Tipo = 2;
-  s.Like = 0;
-  EXPECT_EQ(ClauseOf(s, u"15"), u"clientes.codigo = 15");
-  EXPECT_EQ(ClauseOf(s, u"1,5"), u"clientes.codigo = 1,5");
-}
-
-TEST_F(SearchPrompt, AnUnknownComparisonOfATextIsNoCondition) {
-  Search s;
-  s.Like = 9;
-  EXPECT_EQ(ClauseOf(s, u"x"), u"");
-}
-
-TEST_F(SearchPrompt, AnErrorIsReportedAndCountsAsAnswered) {
-  State().dbConexao = nullptr;  // and with it the dialect
-  EXPECT_TRUE(Ask({}, [](memory::Dialog& prompt) {
-    prompt.Type(u"Silva");
-    prompt.Click(u"btnOk");
-  }));
-  EXPECT_EQ(clause, u"antes");
-  EXPECT_THAT(app.TakeBoxes(),
-              ElementsAre(ErrorBox(HostError(errors::ObjectNotSet), u"tsMostraFormPesquisa")));
 }
 
 }  // namespace

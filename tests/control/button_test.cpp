@@ -1,5 +1,7 @@
 // The button: which dialog it opens, what becomes of the answer, what the application hears.
 
+#include "mask/masks.h"
+#include "tessaria/comforts.h"
 #include "tests/control/button_fixture.h"
 
 namespace tessaria::test {
@@ -338,6 +340,23 @@ TEST_F(ButtonTest, ThereIsNoCancelOfTheCalendar) {
   Show(TipoControle::Calendario);
   Click(u"frmCalendario", [](memory::Dialog& shown) { shown.Press(Key::Escape); });
   EXPECT_THAT(Control().Value(), IsValue(FromCivil({2017, 12, 25})));
+}
+
+TEST_F(ButtonTest, WithTheComfortACalendarThatIsLeftChangesNothing) {
+  setComforts({.CalendarCancels = true});
+  Show(TipoControle::Calendario);
+  form->Focus(u"txtCampo");
+  for (const bool escape : {true, false}) {
+    Click(u"frmCalendario", [escape](memory::Dialog& shown) {
+      escape ? shown.Press(Key::Escape) : shown.CloseWindow();
+    });
+    EXPECT_TRUE(Control().Value().IsNull());
+    EXPECT_EQ(Trim(mdlObjTxt::LimpaMascara(Box().Text(), u"dd/mm/yyyy", u"_/")), u"");
+    EXPECT_FALSE(Returns().back().HouveAlteracao);
+  }
+  Click(u"frmCalendario", [](memory::Dialog& shown) { shown.Press(Key::Enter); });
+  EXPECT_THAT(Control().Value(), IsValue(FromCivil({2017, 12, 25})));
+  setComforts({});
 }
 
 TEST_F(ButtonTest, ThePathPickerReadsTheBoxAndAnswersAPath) {

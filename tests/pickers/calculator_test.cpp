@@ -139,6 +139,16 @@ TEST_F(CalculatorTest, ADigitGoesOnWithTheNumberItOpenedOn) {
   EXPECT_EQ(TypeOn(u"", u"3"), u"3");
 }
 
+TEST_F(CalculatorTest, TheFirstFocusIsOnEquals) {
+  for (const StringView text : {u"", u"12,50"}) {
+    Run(String(text), [](memory::Dialog& shown) {
+      EXPECT_EQ(shown.Focused(), u"btnOperador");
+      shown.Type(u" ");  // presses the button that has the focus
+      EXPECT_FALSE(shown.IsShown());
+    });
+  }
+}
+
 TEST_F(CalculatorTest, OpensAtThePlaceThatIsWanted) {
   Run(u"", [](memory::Dialog& shown) {
     EXPECT_EQ(shown.Top(), 100);
@@ -314,6 +324,18 @@ TEST_F(CalculatorTest, ResetMovesTheFocusToADigitSoThatTheSecondLayoutIsNext) {
                   shown.Type(u"4=");
                 }),
             u"20");
+}
+
+// What was pending is gone, and so is the count of numbers; the sum so far is not.
+TEST_F(CalculatorTest, ResetKeepsTheAccumulator) {
+  EXPECT_EQ(Run(u"",
+                [](memory::Dialog& shown) {
+                  shown.Type(u"9+");
+                  shown.Type(u"c");
+                  EXPECT_EQ(DisplayOf(shown), u"0");
+                  shown.Click(u"btnOperador", 6);
+                }),
+            u"9");
 }
 
 TEST_F(CalculatorTest, DigitsTakeTheFormsBackColor) {

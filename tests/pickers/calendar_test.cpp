@@ -1,7 +1,10 @@
 // The calendar's window.
 #include "pickers/calendar.h"
 
+#include <optional>
+
 #include "mask/masks.h"
+#include "tessaria/comforts.h"
 #include "tests/pickers/picker_fixture.h"
 
 namespace tessaria::test {
@@ -82,6 +85,7 @@ TEST_F(CalendarTest, KeepsInsideASmallScreen) {
   });
 }
 
+// Of a short year six characters are left, which are read as a date and not digit by digit.
 TEST_F(CalendarTest, WithoutSlashesAShortYearOrAMonthAloneIsNoDate) {
   const char16_t* const rows[][3] = {{u"dd/mm/yy", u"05/03/18", u"050318"},
                                      {u"mm/yyyy", u"12/2017", u"122017"}};
@@ -135,6 +139,92 @@ TEST_F(CalendarTest, ArrowsMoveTheSelectionAndEnterAndEscapeAnswerIt) {
 TEST_F(CalendarTest, ThereIsNoCancel) {
   EXPECT_EQ(Run(dayMask, u"03/05/2016", [](memory::Dialog& shown) { shown.CloseWindow(); }),
             Day(2016, 5, 3));
+}
+
+// --- The comfort --------------------------------------------------------------------------------
+
+class CancellingCalendar : public CalendarTest {
+ protected:
+  CancellingCalendar() { setComforts({.CalendarCancels = true}); }
+  ~CancellingCalendar() override { setComforts({}); }
+
+  /// The chosen day; nothing for none. The box holds a date, and its caret stands behind the day.
+  std::optional<Date> Choose(Script script) {
+    box.Text(u"03/05/2016");
+    box.SelStart(2);
+    box.SelLength(3);
+    desktop->WillShow(u"frmCalendario", std::move(script));
+    frmCalendario form;
+    bool chosen = false;
+    const Variant day =
+        form.ExecutaCalendario(0.0f, 0.0f, box, u"03052016", dayMask,
+                               mdlObjTxt::MontaItensMascara(dayMask, u"_"), &chosen);
+    return chosen ? std::optional(CDate(day)) : std::nullopt;
+  }
+};
+
+TEST_F(CancellingCalendar, EscapeAndTheFrameChooseNothing) {
+  const Script ways[] = {[](memory::Dialog& shown) { shown.Press(Key::Escape); },
+                         [](memory::Dialog& shown) { shown.CloseWindow(); }};
+  for (const auto& leave : ways) {
+    EXPECT_EQ(Choose([&](memory::Dialog& shown) {
+                EXPECT_EQ(Selected(shown), Day(2016, 5, 3));
+                shown.Press(Key::Right);
+                leave(shown);
+              }),
+              std::nullopt);
+    EXPECT_EQ(box.Text(), u"03/05/2016");
+    EXPECT_EQ(box.SelStart(), 2);
+    EXPECT_EQ(box.SelLength(), 3);
+  }
+}
+
+TEST_F(CancellingCalendar, AClickAndEnterChoose) {
+  EXPECT_EQ(Choose([](memory::Dialog& shown) { shown.PickDay(u"Calendario", Day(2016, 5, 9)); }),
+            Day(2016, 5, 9));
+  EXPECT_EQ(Choose([](memory::Dialog& shown) { shown.Press(Key::Enter); }), Day(2016, 5, 3));
+}
+
+TEST_F(CancellingCalendar, AnotherRunBeginsWithoutAChoice) {
+  frmCalendario form;
+  bool chosen = false;
+  for (const Key key : {Key::Enter, Key::Escape}) {
+    desktop->WillShow(u"frmCalendario", [&](memory::Dialog& shown) {
+      key == Key::Enter ? shown.Press(key) : shown.CloseWindow();
+    });
+    form.ExecutaCalendario(0.0f, 0.0f, box, u"", dayMask, u"", &chosen);
+    EXPECT_EQ(chosen, key == Key::Enter);
+  }
+}
+
+TEST_F(CancellingCalendar, TheBoxKeepsItsTextWhateverTheTestOfItsDateMadeOfIt) {
+  int changes = 0;
+  for (const StringView text : {u"", u"__/__/____", u"31/02/1999", u"abc"}) {
+    box.Text(String(text));
+    box.OnChange = [&] { ++changes; };
+    desktop->WillShow(u"frmCalendario", [&](memory::Dialog& shown) {
+      EXPECT_EQ(Selected(shown), today);
+      EXPECT_EQ(box.Text(), text);
+      shown.Press(Key::Escape);
+    });
+    frmCalendario form;
+    form.ExecutaCalendario(0.0f, 0.0f, box, u"", dayMask, u"");
+    EXPECT_EQ(box.Text(), text);
+    box.OnChange = nullptr;
+  }
+  EXPECT_EQ(changes, 0);
+}
+
+TEST_F(CalendarTest, WithoutTheComfortEveryWayOutIsAChoice) {
+  for (const bool escape : {true, false}) {
+    frmCalendario form;
+    bool chosen = false;
+    desktop->WillShow(u"frmCalendario", [&](memory::Dialog& shown) {
+      escape ? shown.Press(Key::Escape) : shown.CloseWindow();
+    });
+    form.ExecutaCalendario(0.0f, 0.0f, box, u"", dayMask, u"", &chosen);
+    EXPECT_TRUE(chosen);
+  }
 }
 
 TEST_F(CalendarTest, OpensAtThePlaceThatIsWanted) {

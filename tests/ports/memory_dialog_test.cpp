@@ -94,6 +94,51 @@ TEST_F(MemoryDialog, ReturnsWhenItIsHiddenAndTellsItsEventsInOrder) {
   EXPECT_THAT(faults, IsEmpty());
 }
 
+TEST_F(MemoryDialog, IsActivatedEachTimeThatItComesToTheFront) {
+  int activations = 0;
+  dialog->OnActivate = [&] { ++activations; };
+  Show([&](Dialog& shown) {
+    EXPECT_EQ(activations, 1);
+    const host::DialogPtr second = TheDesktop().MakeDialog(kDescription);
+    desktop.WillShow(u"frmTeste", [](Dialog& other) { other.CloseWindow(); });
+    second->ShowModal();
+    EXPECT_EQ(activations, 2);
+    shown.Reactivate();
+    EXPECT_EQ(activations, 3);
+    shown.CloseWindow();
+  });
+  EXPECT_EQ(activations, 3);
+  EXPECT_THAT(faults, IsEmpty());
+}
+
+TEST_F(MemoryDialog, OneThatIsHiddenUnderAnotherIsNotActivated) {
+  int activations = 0;
+  dialog->OnActivate = [&] { ++activations; };
+  Show([&](Dialog& shown) {
+    const host::DialogPtr second = TheDesktop().MakeDialog(kDescription);
+    desktop.WillShow(u"frmTeste", [&](Dialog& other) {
+      shown.Hide();
+      other.CloseWindow();
+    });
+    second->ShowModal();
+  });
+  EXPECT_EQ(activations, 1);
+}
+
+TEST_F(MemoryDialog, TheFrameAsksAHandlerFirst) {
+  int requests = 0;
+  dialog->OnCloseRequest = [&] {
+    if (++requests == 2) dialog->Hide();
+  };
+  Show([](Dialog& shown) {
+    shown.CloseWindow();
+    EXPECT_TRUE(shown.IsShown());
+    shown.CloseWindow();
+    EXPECT_FALSE(shown.IsShown());
+  });
+  EXPECT_EQ(requests, 2);
+}
+
 TEST_F(MemoryDialog, AChangeOfSizeWhileItShowsIsAResize) {
   int resizes = 0;
   dialog->OnResize = [&] { ++resizes; };
@@ -356,6 +401,12 @@ TEST_F(MemoryFiles, DirFindsTheFirstFileOfAPattern) {
   EXPECT_EQ(desktop.Dir(u"c:\\vazia\\*.*"), u"");
   EXPECT_EQ(desktop.Dir(u"c:\\nada\\*.*"), u"");
   EXPECT_EQ(desktop.Dir(u"d:\\*.*"), u"");
+}
+
+TEST_F(MemoryFiles, ThePatternOfAllFilesMatchesNamesWithoutADot) {
+  desktop.Files().AddFile(u"C:\\Vazia\\LEIAME");
+  EXPECT_EQ(desktop.Dir(u"c:\\vazia\\*.*"), u"LEIAME");
+  EXPECT_EQ(desktop.Dir(u"c:\\vazia\\L*.*"), u"");
 }
 
 TEST_F(MemoryFiles, DirTakesANameAsItIsWritten) {

@@ -6,10 +6,20 @@
 
 #include "hosts/memory/connection.h"
 #include "hosts/qt/metatypes.h"
+#include "tessaria/comforts.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 
 namespace tessaria::qt::tests {
 namespace {
+
+/// Comforts for as long as it lives.
+class ComfortsOf {
+ public:
+  explicit ComfortsOf(const Comforts& on) { setComforts(on); }
+  ComfortsOf(const ComfortsOf&) = delete;
+  ComfortsOf& operator=(const ComfortsOf&) = delete;
+  ~ComfortsOf() { setComforts({}); }
+};
 
 class FieldDialogs : public DialogFixture {
  protected:
@@ -62,6 +72,32 @@ TEST_F(FieldDialogs, TheCalendarComesByButtonAndByPageDown) {
   });
   press(*owner_, Qt::Key_PageDown);
   EXPECT_EQ(field_->text(), QStringLiteral("30/12/2016"));
+}
+
+TEST_F(FieldDialogs, WithTheComfortACalendarThatIsLeftChangesNothing) {
+  const ComfortsOf on({.CalendarCancels = true});
+  field_->setTipoControle(TsText::Calendario);
+  field_->setTipoDado(7);
+  field_->setMascara(QStringLiteral("dd/mm/yyyy"));
+  const ModalDriver::Script ways[] = {[](QDialog& w) { press(w, Qt::Key_Escape); },
+                                      [](QDialog& w) { w.close(); }};
+  for (const auto& leave : ways) {
+    for (const QVariant& value : {QVariant(QDate(2016, 12, 31)), QVariant()}) {
+      field_->setValue(value);
+      const QString text = field_->text();
+      const QVariant before = field_->value();
+      open("frmCalendario", [&](QDialog& w) {
+        press(w, Qt::Key_Left);
+        leave(w);
+      });
+      press(*owner_, Qt::Key_PageDown);
+      EXPECT_EQ(field_->text(), text);
+      EXPECT_EQ(field_->value(), before);
+    }
+  }
+  open("frmCalendario", [](QDialog& w) { press(w, Qt::Key_Return); });
+  press(*owner_, Qt::Key_PageDown);
+  EXPECT_EQ(field_->text(), QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy")));
 }
 
 TEST_F(FieldDialogs, TheFolderPickerComesByButtonAndByPageDown) {

@@ -233,6 +233,12 @@ TEST_F(FolderPicker, DirFindsTheFirstFileOfAPattern) {
   EXPECT_EQ(dir("Vazia/n*[1].*"), QStringLiteral("nota[1].pdf"));
 }
 
+TEST_F(FolderPicker, ThePatternOfAllFilesMatchesNamesWithoutADot) {
+  write(QStringLiteral("Vazia/LEIAME"));
+  EXPECT_EQ(toQt(TheDesktop().Dir(fromQt(in("Vazia/*.*")))), QStringLiteral("LEIAME"));
+  EXPECT_EQ(toQt(TheDesktop().Dir(fromQt(in("Vazia/L*.*")))), QString());
+}
+
 TEST_F(FolderPicker, OpensAgainOnWhateverItGave) {
   for (const char* name : {"nota[1].txt", "a;b.txt", " a.txt"}) {
     write(QLatin1String("Vazia/") + QLatin1String(name));

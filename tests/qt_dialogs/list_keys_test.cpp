@@ -97,6 +97,45 @@ TEST_F(ListKeys, EnterOnTheSearchButtonSearchesAndTheFocusIsTheListsAgain) {
   });
 }
 
+TEST_F(ListKeys, AfterARefusedSearchNoKeyConfirmsAndEscapeGivesTheOldValue) {
+  addSearch(0, u"Nome");
+  EXPECT_EQ(look(
+                [this](QDialog& w) {
+                  driver_.willShow(QStringLiteral("frmTsPesquisa"), [](QDialog& prompt) {
+                    strike(prompt, QStringLiteral("x"));
+                    press(prompt, Qt::Key_Return);
+                  });
+                  connection_->FailNext(HostError(errors::ProviderError, u"recusado"));
+                  press(w, Qt::Key_F2);
+                  EXPECT_EQ(view(w).model()->rowCount(), 0);
+                  EXPECT_FALSE(at(w, QStringLiteral("btnConfirmar")).isEnabled());
+                  EXPECT_EQ(w.focusWidget(), &view(w));
+                  press(w, Qt::Key_Return);
+                  press(w, Qt::Key_C, Qt::AltModifier);
+                  QTest::qWait(250);  // a mnemonic shows the button pressed first
+                  EXPECT_TRUE(w.isVisible());
+                  press(w, Qt::Key_Escape);
+                },
+                Long{15}),
+            QStringLiteral("15"));
+}
+
+TEST_F(ListKeys, AfterARefusedSearchTheRowsComeBackByKeyboardAlone) {
+  addSearch(0, u"Nome");
+  EXPECT_EQ(look([this](QDialog& w) {
+              driver_.willShow(QStringLiteral("frmTsPesquisa"), [](QDialog& prompt) {
+                strike(prompt, QStringLiteral("x"));
+                press(prompt, Qt::Key_Return);
+              });
+              connection_->FailNext(HostError(errors::ProviderError, u"recusado"));
+              press(w, Qt::Key_F2);
+              press(w, Qt::Key_F4);  // all rows
+              press(w, Qt::Key_Down);
+              press(w, Qt::Key_Return);
+            }),
+            QStringLiteral("15"));
+}
+
 TEST_F(ListKeys, TheMouseOnTheSearchButtonLeavesTheFocusInTheList) {
   addSearch(0, u"Nome");
   look([this](QDialog& w) {

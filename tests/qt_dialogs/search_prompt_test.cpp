@@ -2,6 +2,7 @@
 #include "browse/search_prompt.h"
 
 #include <QCalendarWidget>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -17,6 +18,7 @@ class SearchPromptWindow : public LookupFixture {
   struct Search {
     Long tipo = 8;
     Integer width = 2700;
+    String caption = u"Nome";
     bool completes = false;
     String mask = u"";
   };
@@ -25,8 +27,8 @@ class SearchPromptWindow : public LookupFixture {
     driver_.willShow(QStringLiteral("frmTsPesquisa"), std::move(script));
     String clause;
     const bool answered = mdlObjTxt::tsMostraFormPesquisa(
-        u"clientes", u"nome", search.tipo, 1, u"Nome", search.width, search.completes, search.mask,
-        0, false, u"", clause, false);
+        u"clientes", u"nome", search.tipo, 1, search.caption, search.width, search.completes,
+        search.mask, 0, false, u"", clause, false);
     return answered ? toQt(clause) : QString();
   }
   static TsText& field(QDialog& window) {
@@ -72,6 +74,45 @@ TEST_F(SearchPromptWindow, EscapeCancels) {
                 }),
             QString());
   EXPECT_EQ(ask({}, [](QDialog& w) { w.close(); }), QString());
+}
+
+TEST_F(SearchPromptWindow, TellsInFullWhatIsSearchedFor) {
+  ask({.width = 0, .caption = u"Limite de crédito a partir de <R&D>"}, [](QDialog& w) {
+    const QString text = QStringLiteral("Pesquisa Limite de crédito a partir de <R&D>");
+    const auto* caption = w.findChild<QLabel*>();
+    EXPECT_EQ(caption->text(), text);
+    EXPECT_GE(caption->width(), caption->fontMetrics().horizontalAdvance(text));
+    EXPECT_EQ(w.focusWidget()->accessibleDescription(), text);
+    picture(w, QStringLiteral("pesquisa_longa"));
+    w.close();
+  });
+}
+
+// The field is left for the button that cancels, and its date is not checked.
+TEST_F(SearchPromptWindow, TheFrameIsTheCancelButton) {
+  EXPECT_EQ(ask({.tipo = 7, .mask = u"dd/mm/yyyy"},
+                [](QDialog& w) {
+                  strike(w, QStringLiteral("31021999"));
+                  w.close();
+                }),
+            QString());
+  for (const QString& text : boxes_.takeTexts())
+    EXPECT_FALSE(text.contains(QStringLiteral("Data"))) << text.toStdString();
+}
+
+TEST_F(SearchPromptWindow, ANumberThatIsNoneIsNotAnswered) {
+  EXPECT_EQ(ask({.tipo = 2},
+                [](QDialog& w) {
+                  EXPECT_FALSE(ok(w).isEnabled());
+                  strike(w, QStringLiteral("12,5x"));
+                  EXPECT_FALSE(ok(w).isEnabled());
+                  press(w, Qt::Key_Return);
+                  EXPECT_TRUE(w.isVisible());
+                  press(w, Qt::Key_Backspace);
+                  EXPECT_TRUE(ok(w).isEnabled());
+                  press(w, Qt::Key_Return);
+                }),
+            QStringLiteral("clientes.nome = 12.5"));
 }
 
 TEST_F(SearchPromptWindow, HasTheWidthThatWasAskedForAndNeverLessThanItNeeds) {

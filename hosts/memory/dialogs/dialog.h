@@ -90,6 +90,9 @@ class Dialog final : public host::Dialog, public std::enable_shared_from_this<Di
   void Resize(Long width, Long height);
   /// The window's own close button.
   void CloseWindow();
+  /// The window is in front again: a box over it is gone, or the operator is back from another
+  /// program. No script has to tell that a window over it has closed.
+  void Reactivate();
 
  private:
   using ItemPtr = std::unique_ptr<DialogItem>;

@@ -146,7 +146,11 @@ void Dialog::Resize(Long width, Long height) {
 }
 
 void Dialog::CloseWindow() {
-  Act([&] { Hide(); });
+  Act([&] { OnCloseRequest ? Raise(OnCloseRequest) : Hide(); });
+}
+
+void Dialog::Reactivate() {
+  Act([&] { Raise(OnActivate); });
 }
 
 }  // namespace tessaria::memory

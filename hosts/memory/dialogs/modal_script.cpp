@@ -27,6 +27,11 @@ class ModalScript::InFront {
 void ModalScript::Work(Dialog& dialog) {
   const String name(dialog.Name());
   shown_.push_back(name);
+  WorkInFront(dialog, name);
+  if (!open_.empty() && open_.back()->IsShown()) open_.back()->Reactivate();
+}
+
+void ModalScript::WorkInFront(Dialog& dialog, const String& name) {
   const InFront inFront(*this, dialog);
   if (waiting_.empty() && Unforeseen) {
     Run(Unforeseen, dialog);

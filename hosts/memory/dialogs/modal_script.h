@@ -28,7 +28,8 @@ class ModalScript {
   }
   /// Works the windows that no script waits for, which are faults without it.
   Script Unforeseen;
-  /// Works a window that has just opened; it is hidden when this returns.
+  /// Works a window that has just opened; when this returns it is hidden, and the window below it
+  /// is told that it is in front again.
   void Work(Dialog& dialog);
   bool IsInFront(const Dialog& dialog) const { return !open_.empty() && open_.back() == &dialog; }
   void Fault(const String& message) const { onFault_(message); }
@@ -45,11 +46,12 @@ class ModalScript {
     Script Work;
   };
 
+  void WorkInFront(Dialog& dialog, const String& name);
   void Run(Script script, Dialog& dialog) const;
 
   FaultHandler onFault_;
   std::deque<Entry> waiting_;
-  std::vector<const Dialog*> open_;
+  std::vector<Dialog*> open_;
   std::vector<String> shown_;
 };
 

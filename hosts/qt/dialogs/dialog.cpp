@@ -32,6 +32,12 @@ Dialog::Dialog(const host::DialogDescription& description)
       gate_(*window_),
       keys_(*window_, gate_, *this, [this](const QWidget* widget) { return itemOf(widget); }) {
   QObject::connect(window_.get(), &DialogWindow::sizeChanged, [this] { resized(); });
+  QObject::connect(window_.get(), &DialogWindow::cameBack, [this] { gate_.raise(OnActivate); });
+  window_->closeByFrame = [this] {
+    if (!OnCloseRequest || !gate_.isOpen()) return false;
+    gate_.raise(OnCloseRequest);
+    return true;
+  };
 }
 
 /// Widgets may still signal while the window goes away.

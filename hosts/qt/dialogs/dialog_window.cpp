@@ -1,12 +1,14 @@
 #include "hosts/qt/dialogs/dialog_window.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "hosts/qt/dialog_keys.h"
 
@@ -42,6 +44,7 @@ void DialogWindow::run(const std::function<void()>& shown) {
   show();
   keepOnScreen(owner);  // its frame is known now
   shown();
+  wasLeft_ = false;  // what the window system tells of this show comes late
   waitUntilHidden();
   if (owner) {
     owner->removeEventFilter(this);
@@ -89,9 +92,22 @@ void DialogWindow::keepOnScreen(const QWidget* owner) {
        within(place.y(), room.top(), room.bottom() + 1 - frameGeometry().height()));
 }
 
+bool DialogWindow::event(QEvent* event) {
+  const bool handled = QDialog::event(event);
+  if (event->type() == QEvent::WindowDeactivate) wasLeft_ = true;
+  if (event->type() == QEvent::WindowActivate && std::exchange(wasLeft_, false) && loop_)
+    emit cameBack();
+  return handled;
+}
+
 bool DialogWindow::eventFilter(QObject*, QEvent* event) {
   if (event->type() == QEvent::Hide && !event->spontaneous()) hide();
   return false;
+}
+
+void DialogWindow::closeEvent(QCloseEvent* event) {
+  if (loop_ && closeByFrame && closeByFrame()) return event->setAccepted(!isVisible());
+  QDialog::closeEvent(event);
 }
 
 void DialogWindow::resizeEvent(QResizeEvent* event) {

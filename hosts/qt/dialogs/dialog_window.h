@@ -23,12 +23,18 @@ class DialogWindow final : public QDialog {
   /// Makes room for all that the widgets would like to show.
   void widenToHint();
   bool isRunning() const { return running_; }
+  /// Asked when the operator closes the window by its frame: true when that is seen to.
+  std::function<bool()> closeByFrame;
 
  signals:
   void sizeChanged();
+  /// The window is the active one again.
+  void cameBack();
 
  protected:
+  bool event(QEvent* event) override;
   bool eventFilter(QObject* object, QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void hideEvent(QHideEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -40,6 +46,7 @@ class DialogWindow final : public QDialog {
 
   QEventLoop* loop_ = nullptr;
   bool running_ = false;
+  bool wasLeft_ = false;  ///< another window has become the active one
 };
 
 }  // namespace tessaria::qt

@@ -38,6 +38,22 @@ void layOutGridForm(QDialog& window) {
   window.resize(characters(window, 90), lines(window, 26));
 }
 
+namespace {
+
+/// What is searched for. A narrow window's title bar would cut it.
+QLabel* captionOf(QDialog& window, QWidget& edit) {
+  auto* caption = new QLabel(&window);
+  caption->setTextFormat(Qt::PlainText);
+  QWidget* target = edit.focusProxy() ? edit.focusProxy() : &edit;
+  QObject::connect(&window, &QWidget::windowTitleChanged, caption, [caption, target](auto& title) {
+    caption->setText(title);
+    target->setAccessibleDescription(title);
+  });
+  return caption;
+}
+
+}  // namespace
+
 void layOutSearchPrompt(QDialog& window) {
   auto* ok = part<QPushButton>(window, "btnOk");
   auto* cancel = part<QPushButton>(window, "btnCancelar");
@@ -49,8 +65,10 @@ void layOutSearchPrompt(QDialog& window) {
   answers->addWidget(cancel);
 
   auto* column = new QVBoxLayout(&window);
+  auto* edit = part(window, "editPesquisa");
   column->addStretch(1);
-  column->addWidget(part(window, "editPesquisa"), 0, Qt::AlignHCenter);
+  column->addWidget(captionOf(window, *edit), 0, Qt::AlignHCenter);
+  column->addWidget(edit, 0, Qt::AlignHCenter);
   column->addStretch(1);
   column->addLayout(answers);
 }

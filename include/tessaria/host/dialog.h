@@ -242,7 +242,7 @@ class Dialog {
   virtual void dbForm(ConnectionPtr connection) = 0;
 
   /// Shows the window and returns when it is hidden or closed. Controls get their first show,
-  /// then come `OnResize`, at the first show, and `OnActivate`, at each.
+  /// then come `OnResize`, at the first show, and `OnActivate`.
   virtual void ShowModal() = 0;
   virtual void Hide() = 0;
 
@@ -253,7 +253,11 @@ class Dialog {
     throw HostError(errors::TypeMismatch);
   }
 
+  /// The window has become the active one: at each show, and each time that it comes back to the
+  /// front, from under another window of the library, a box or another program.
   std::function<void()> OnActivate;
+  /// The operator closes the window by its frame. Without a handler it hides.
+  std::function<void()> OnCloseRequest;
   /// Also when the size changes while the window shows, by the operator or by the program.
   std::function<void()> OnResize;
   std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;

@@ -1,0 +1,58 @@
+// One prompt of a search, worked by a script.
+#pragma once
+
+#include "browse/search_prompt.h"
+#include "control/tstext.h"
+#include "hosts/memory/ts_text.h"
+#include "tests/browse/browse_fixture.h"
+
+namespace tessaria::test {
+
+/// One search; by name, unless a test says otherwise.
+struct Search {
+  String Tabela = u"clientes";
+  String Campo = u"nome";
+  Long Tipo = 8;
+  Long Like = 3;
+  String Caption = u"Nome";
+  Integer Width = 2000;
+  bool Completa = false;
+  String Mascara;
+  Integer MaxLength = 0;
+  bool PromptInclude = false;
+  String Where = u"ativo = 1";
+  bool CampoPronto = false;
+};
+
+class SearchPrompt : public BrowseTest {
+ protected:
+  bool Ask(const Search& s, memory::ModalScript::Script script) {
+    desktop->WillShow(u"frmTsPesquisa", std::move(script));
+    return mdlObjTxt::tsMostraFormPesquisa(s.Tabela, s.Campo, s.Tipo, s.Like, s.Caption, s.Width,
+                                           s.Completa, s.Mascara, s.MaxLength, s.PromptInclude,
+                                           s.Where, clause, s.CampoPronto);
+  }
+  /// The condition of a typed answer.
+  String ClauseOf(const Search& s, StringView typed) {
+    clause.clear();
+    EXPECT_TRUE(Ask(s, [&](memory::Dialog& prompt) {
+      prompt.Type(typed);
+      prompt.Click(u"btnOk");
+    }));
+    return clause;
+  }
+  /// Looks at a prompt that is cancelled then.
+  void Look(const Search& s, const std::function<void(memory::Dialog&, tsText&)>& look) {
+    EXPECT_FALSE(Ask(s, [&](memory::Dialog& prompt) {
+      look(prompt, *prompt.Field(u"editPesquisa"));
+      prompt.Click(u"btnCancelar");
+    }));
+  }
+  static bool OkIsEnabled(memory::Dialog& prompt) {
+    return prompt.Find<host::DialogButton>(u"btnOk").Enabled();
+  }
+
+  String clause = u"antes";
+};
+
+}  // namespace tessaria::test
