@@ -8,12 +8,12 @@ packages_of() {
   case $1 in
     build)
       echo cmake ninja-build g++ libgtest-dev libgmock-dev \
-        qt6-base-dev qt6-base-private-dev qt6-tools-dev libqt6opengl6-dev unixodbc-dev
+        qt6-base-dev qt6-base-private-dev qt6-tools-dev libqt6opengl6-dev unixodbc-dev libpq-dev
       ;;
     run) echo postgresql unixodbc odbc-postgresql qt6-translations-l10n fonts-dejavu-core ;;
     lint) echo clang-format clang-tidy ;;
     fuzz) echo clang libclang-rt-dev ;;
-    bench) echo libbenchmark-dev libpq-dev libqt6sql6-psql ;;
+    bench) echo libbenchmark-dev libqt6sql6-psql ;;
     *)
       echo "install-dependencies: no group named '$1' (build, run, lint, fuzz, bench)" >&2
       return 1

@@ -104,17 +104,6 @@ TEST_F(SearchPrompt, ATypedTextStaysBetweenItsApostrophes) {
   EXPECT_EQ(ClauseOf(s, u"\\' or 1=1 --"), u"clientes.nome ilike '%\\\\'' or 1=1 --%'");
 }
 
-TEST_F(SearchPrompt, ATypedDateStaysBetweenItsApostrophes) {
-  Search s;
-  s.Tipo = 7;
-  s.Campo = u"nascimento";
-  for (const char16_t* family : {u"ACCESS", u"Microsoft SQL Server", u"PostgreSQL"}) {
-    connection->SetProperty(u"DBMS Name", family);
-    const String condition = ClauseOf(s, u"' or 1=1");
-    EXPECT_NE(condition.find(u"''' or 1=1'"), String::npos) << ToUtf8(condition);
-  }
-}
-
 TEST_F(SearchPrompt, LendsItsControlTheConnectionOfTheThread) {
   std::shared_ptr<memory::Dialog> window;
   Search s;

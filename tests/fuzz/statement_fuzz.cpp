@@ -1,18 +1,63 @@
-// Any text as a statement: it is refused, or its scan ends and keeps to the text.
+// Any text as a statement is refused, or its scan ends and keeps to the text. Any value stays one
+// token between apostrophes, and as a number.
 #include <cstdlib>
 
 #include "hosts/odbc/statement_guard.h"
+#include "lookup/literals.h"
+#include "runtime/text.h"
+#include "runtime/well_formed.h"
 #include "tessaria/error.h"
 #include "tests/fuzz/input.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace tessaria;
-  fuzz::Input input(data, size);
-  const auto dialect = static_cast<odbc::Dialect>(input.Byte() % 4);
-  const String text = input.Rest();
+namespace {
+
+using namespace tessaria;
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+void TryAsStatement(const String& text, odbc::Dialect dialect, bool backslashes) {
   try {
-    if (odbc::RequireSingleStatement(text, dialect).text.size() > text.size()) std::abort();
+    Require(odbc::RequireSingleStatement(text, dialect, backslashes).text.size() <= text.size());
   } catch (const HostError&) {
   }
+}
+
+void TryAsText(const String& value, SqlRules rules) {
+  const String doubled = DobraAspas(value);
+  const String content = rules.backslashes ? Replace(doubled, u"\\", u"\\\\") : doubled;
+  const String text = u"'" + content + u"'";
+  SqlScanner scanner(text, rules);
+  const SqlToken token = scanner.Next();
+  Require(token.Is(SqlToken::Kind::Text) && token.length == text.size());
+}
+
+void TryAsNumber(const String& value, SqlRules rules) {
+  String number;
+  try {
+    number = NumeroSql(value, {});
+  } catch (const HostError&) {
+    return;
+  }
+  SqlScanner scanner(number, rules);
+  SqlToken token = scanner.Next();
+  if (token.Is(SqlToken::Kind::Symbol)) token = scanner.Next();
+  if (token.Is(SqlToken::Kind::Number)) token = scanner.Next();
+  Require(token.Is(SqlToken::Kind::End));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::Input input(data, size);
+  const auto dialect = static_cast<odbc::Dialect>(input.Byte() % 4);
+  const bool backslashes = input.Byte() % 2 != 0;
+  const SqlRules rules = odbc::RulesOf(dialect, backslashes);
+  const String text = input.Rest();
+  TryAsStatement(text, dialect, backslashes);
+  TryAsStatement(u"select 1 where a = " + text, dialect, backslashes);
+  if (IsWellFormed(text)) TryAsText(text, rules);
+  TryAsNumber(text, rules);
   return 0;
 }

@@ -234,6 +234,18 @@ TEST_F(DialectTest, AVersionThatIsNoNumberIsAnError) {
   }
 }
 
+TEST_F(DialectTest, ADateTextThatIsNoneStaysBetweenItsApostrophes) {
+  const String hostile = u"' or 1=1 --";
+  connection->Dbms(u"ACCESS");
+  EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, hostile), u"Cdate(''' or 1=1 --')");
+  connection->Dbms(u"Microsoft SQL Server");
+  EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, hostile), u"''' or 1=1 --'");
+  connection->Dbms(u"PostgreSQL");
+  EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, hostile), u"''' or 1=1 --'::date");
+  connection->Backslashes(true);
+  EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, u"\\'"), u"'\\\\'''::date");
+}
+
 TEST(Quoting, DoublesEveryApostrophe) {
   EXPECT_EQ(DobraAspas(u"d'água d'ouro"), u"d''água d''ouro");
 }

@@ -1,0 +1,128 @@
+// Values that are made to change a lookup, typed into its field and sent to a real server: none
+// finds a row that is not its own, and none runs anything.
+#include "hosts/memory/application.h"
+#include "lookup/description_lookup.h"
+#include "lookup/relation_check.h"
+#include "runtime/text.h"
+#include "tessaria/thread_state.h"
+#include "tests/odbc/database_test.h"
+
+namespace tessaria::odbc::test {
+namespace {
+
+constexpr const char16_t* kHostile[] = {
+    u"1 or '' = E'' --\n'\\''; drop table alvo; --",
+    u"0 or true",
+    u"1 or pg_sleep(1) is null",
+    u"' or ''='",
+    u"' or 1=1 --",
+    u"\\' or 1=1 --",
+    u"\\'; drop table alvo; --",
+    u"1; drop table alvo",
+    u"1--",
+    u"1/**/",
+    u"--1",
+    u"- -1",
+    u"$$",
+    u"$$ or $$",
+    u"E'\\'; drop table alvo; --",
+    u"(select 1)",
+    u"1) or (1=1",
+    u"1::int",
+    u"nosuch(1)",
+    u"\"codigo\"",
+    u"codigo",
+    u"?",
+    u"{fn now()}",
+    u"0x1",
+    u"1_0",
+    u"NaN",
+    u"\uFF11",
+    u"\u2019 or 1=1 --",
+    u"1\u00A0or true",
+};
+
+class HostileValues : public DatabaseTest {
+ protected:
+  void SetUp() override {
+    DatabaseTest::SetUp();
+    if (IsSkipped()) return;
+    Run(u"create table alvo (codigo integer primary key, nome text)");
+    Run(u"insert into alvo values (1, 'um'), (2, 'dois')");
+    State().dbConexao = connection_;
+    browse_.BrowseTable(u"alvo");
+    browse_.BrwCampoIrmao(u"codigo");
+  }
+  void TearDown() override { State().dbConexao = nullptr; }
+
+  bool Exists(const String& column, const String& typed) {
+    String where;
+    return mdlObjTxt::ChecaRelacao(u"alvo", column, typed, TipoControle::Browse, nullptr, false,
+                                   true, false, where, {}, nullptr, 0, false);
+  }
+  Variant CodeOf(const String& column, const Variant& typed) {
+    browse_.BrwCampo(column);
+    return mdlObjTxt::AchaDescr(browse_, typed, u"txtCodigo", {}, 0);
+  }
+  void ExpectAllIsThere() { EXPECT_SAME(Scalar(u"select count(*)::integer from alvo"), Long{2}); }
+
+  memory::Application app_;
+  Browse browse_;
+};
+
+TEST_F(HostileValues, AnOrdinaryValueIsFound) {
+  EXPECT_TRUE(Exists(u"codigo", u"1"));
+  EXPECT_TRUE(Exists(u"codigo", u" 2 "));
+  EXPECT_FALSE(Exists(u"codigo", u"3"));
+  EXPECT_TRUE(Exists(u"nome", u"Dois"));
+  EXPECT_SAME(CodeOf(u"nome", u"dois"), Long{2});
+  EXPECT_SAME(CodeOf(u"codigo", Long{2}), Long{2});
+}
+
+TEST_F(HostileValues, NoneIsFoundAsACodeOfNumbers) {
+  for (const char16_t* typed : kHostile) {
+    EXPECT_FALSE(Exists(u"codigo", typed)) << ToUtf8(typed);
+    EXPECT_EQ(app_.TakeBoxes().size(), 1u) << ToUtf8(typed);
+    EXPECT_SAME(CodeOf(u"codigo", typed), Variant());
+  }
+  ExpectAllIsThere();
+}
+
+TEST_F(HostileValues, EachIsFoundAsATextByItself) {
+  for (const bool backslashes : {false, true}) {
+    Run(backslashes ? u"set standard_conforming_strings to off"
+                    : u"set standard_conforming_strings to on");
+    for (const char16_t* typed : kHostile) {
+      SCOPED_TRACE(ToUtf8(typed));
+      EXPECT_FALSE(Exists(u"nome", typed));
+      EXPECT_SAME(CodeOf(u"nome", typed), Variant());
+      const auto rows = Edit(u"select codigo, nome from alvo where codigo = 2");
+      Set(rows, u"nome", typed);
+      rows->Update();
+      EXPECT_TRUE(Exists(u"nome", typed));
+      EXPECT_SAME(CodeOf(u"nome", typed), Long{2});
+      EXPECT_SAME(Scalar(u"select nome from alvo where codigo = 2"), typed);
+      Run(u"update alvo set nome = 'dois' where codigo = 2");
+    }
+    EXPECT_TRUE(app_.TakeBoxes().empty());
+  }
+  ExpectAllIsThere();
+}
+
+TEST_F(HostileValues, ATextThatWouldBeCutIsNotLookedForAndNotStored) {
+  const String cut(u"um\0 or true", 11);
+  EXPECT_FALSE(Exists(u"nome", cut));
+  EXPECT_SAME(CodeOf(u"nome", cut), Variant());
+  EXPECT_EQ(app_.TakeBoxes().size(), 2u);
+  const auto rows = Edit(u"select codigo, nome from alvo where codigo = 2");
+  EXPECT_HOST_ERROR(Set(rows, u"nome", cut), errors::InvalidArgument);
+  EXPECT_HOST_ERROR(Set(rows, u"nome", String(1, char16_t{0xD83D})), errors::InvalidArgument);
+  rows->Update();
+  EXPECT_SAME(Scalar(u"select nome from alvo where codigo = 2"), u"dois");
+  Set(rows, u"nome", u"\U0001F600\U0010FFFF");
+  rows->Update();
+  EXPECT_SAME(Scalar(u"select nome from alvo where codigo = 2"), u"\U0001F600\U0010FFFF");
+}
+
+}  // namespace
+}  // namespace tessaria::odbc::test
