@@ -34,6 +34,11 @@ String Keystroke::MaskAt(Long position) const { return Mid(mask, position, 1); }
 
 Integer Keystroke::Capacity() const { return CapacidadeInteira(mask, box.MaxLength()); }
 
+bool Keystroke::HasRoomFor(const String& text) const {
+  const Long limit = box.MaxLength();
+  return limit == 0 || Len(text) <= std::max(limit, Len(box.Text()));
+}
+
 void Keystroke::Swallow() { key = key::None; }
 
 void Keystroke::SwallowWithBeep() {

@@ -8,9 +8,10 @@ namespace tessaria {
 /// Filters one character on its way into the box, or one of the codes 46 (Delete) and 120 (F9)
 /// that key-down forwards. In an ordinary mask the filter writes the new text itself and
 /// swallows the key; in a numeric mask it refuses digits that have no place and lets the box
-/// insert the others. `KeyAscii` is the character's code in the Western code page (1252), 63 for
-/// a character that the page lacks; 0 on return means that the box does nothing further with the
-/// key. Errors are reported, none is raised.
+/// insert the others. A text that would be longer than `MaxLength`, and than the text before it, is
+/// refused with a beep, never cut. `KeyAscii` is the character's code in the Western code page
+/// (1252), 63 for a character that the page lacks; 0 on return means that the box does nothing
+/// further with the key. Errors are reported, none is raised.
 void txtEdit_KeyPress(MaskedField& field, Integer& KeyAscii);
 
 }  // namespace tessaria

@@ -24,6 +24,9 @@ struct Keystroke {
   bool IsLiteral(Long position) const;
   String MaskAt(Long position) const;
   Integer Capacity() const;
+  /// Whether the operator may have that text in the box: it keeps to `MaxLength`, or is no longer
+  /// than the text that stands there.
+  bool HasRoomFor(const String& text) const;
   void Swallow();
   void SwallowWithBeep();
 };

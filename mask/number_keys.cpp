@@ -24,7 +24,9 @@ void TypeComma(Keystroke& k) {
   if (comma > 0) {
     k.box.SelStart(comma);
   } else {
-    k.box.Text(Left(text, caret).append(kComma) + Mid(text, caret + 1));
+    const String composed = Left(text, caret).append(kComma) + Mid(text, caret + 1);
+    if (!k.HasRoomFor(composed)) return k.SwallowWithBeep();
+    k.box.Text(composed);
     k.box.SelStart(InStr(k.box.Text(), kComma));
   }
   k.Swallow();
@@ -44,16 +46,22 @@ String TextForSign(const Keystroke& k) {
 }
 
 /// The sign goes in front of the number wherever the caret stands. The typed text is replaced
-/// even when the key is then refused, here as with the plus.
+/// even when the key is then refused, here as with the plus, but not for want of room.
 void TypeMinus(Keystroke& k) {
   const bool allSelected = Len(k.box.Text()) == k.box.SelLength();
   const String typed = allSelected ? String() : TextForSign(k);
+  const String before = k.field.Texto();
   k.field.GuardaTexto(typed);
   const Long comma = InStr(typed, kComma);
   const Long integers = comma > 0 ? comma - 1 : Len(typed);
   if (!k.field.ValorNegativo() || integers >= k.Capacity()) return k.SwallowWithBeep();
   if (StartsWith(typed, kSign)) return k.SwallowWithBeep();
-  k.box.Text(String(kSign) + typed);
+  const String composed = String(kSign) + typed;
+  if (!k.HasRoomFor(composed)) {
+    k.field.GuardaTexto(before);
+    return k.SwallowWithBeep();
+  }
+  k.box.Text(composed);
   k.box.SelStart(k.pos);
   k.Swallow();
 }

@@ -70,10 +70,13 @@ String ErasedRange(const Keystroke& k) {
 
 /// Writes `range` in place of as many slots as it covers, from a position on, and puts the
 /// caret before it.
-void ReplaceSlots(const Keystroke& k, Long position, const String& range) {
+void ReplaceSlots(Keystroke& k, Long position, const String& range) {
   const String text = TypedText(k);
-  k.field.Texto(Left(text, position - 1) + range + Mid(text, position + k.cnt));
+  const String composed = Left(text, position - 1) + range + Mid(text, position + k.cnt);
+  if (!k.HasRoomFor(composed)) return k.SwallowWithBeep();
+  k.field.Texto(composed);
   k.box.SelStart(position - 1);
+  k.Swallow();
 }
 
 String WithCharacter(const Keystroke& k, const String& range) {
@@ -94,10 +97,7 @@ void WalkOverLiterals(const Keystroke& k) {
 
 }  // namespace
 
-void DeleteSlots(Keystroke& k) {
-  ReplaceSlots(k, k.pos, SlotRange(k, k.field.PromptChar()));
-  k.Swallow();
-}
+void DeleteSlots(Keystroke& k) { ReplaceSlots(k, k.pos, SlotRange(k, k.field.PromptChar())); }
 
 void BackspaceSlots(Keystroke& k) {
   if (k.box.SelLength() == 0 && k.box.SelStart() == 0) return;
@@ -106,12 +106,12 @@ void BackspaceSlots(Keystroke& k) {
   const String range = ErasedRange(k);
   // Only the length tells a single slot, left of the caret, from a selection.
   ReplaceSlots(k, Len(range) == 1 ? k.pos - 1 : k.pos, range);
-  k.Swallow();
 }
 
 void TakeCharacter(Keystroke& k) {
-  const String range = SlotRange(k, FoldForSlot(k.slot, k.key));
-  k.field.Texto(WithCharacter(k, range));
+  const String composed = WithCharacter(k, SlotRange(k, FoldForSlot(k.slot, k.key)));
+  if (!k.HasRoomFor(composed)) return k.SwallowWithBeep();
+  k.field.Texto(composed);
   k.box.SelStart(k.pos);
   WalkOverLiterals(k);
   k.Swallow();

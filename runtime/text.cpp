@@ -40,6 +40,13 @@ Long Len(StringView text) { return static_cast<Long>(text.size()); }
 
 String Left(StringView text, Long count) { return String(text.substr(0, Size(count))); }
 
+String LeftWhole(StringView text, Long count) {
+  String left = Left(text, count);
+  const bool cut = left.size() < text.size() && IsLowSurrogate(text[left.size()]);
+  if (cut && !left.empty() && IsHighSurrogate(left.back())) left.pop_back();
+  return left;
+}
+
 String Right(StringView text, Long count) {
   return String(text.substr(text.size() - std::min(Size(count), text.size())));
 }

@@ -10,6 +10,8 @@ namespace tessaria {
 Long Len(StringView text);
 /// The first `count` characters, or all there are. Error 5 for a negative count.
 String Left(StringView text, Long count);
+/// As `Left`, but for half a surrogate pair at the end.
+String LeftWhole(StringView text, Long count);
 /// The last `count` characters, or all there are. Error 5 for a negative count.
 String Right(StringView text, Long count);
 /// From `start` to the end; "" behind the end. Error 5 for a start below 1.
@@ -41,6 +43,10 @@ String Replace(StringView text, StringView find, StringView replacement);
 String Space(Long count);
 /// `count` copies of the first character of `text`; error 5 when that is empty.
 String StringOf(Long count, StringView text);
+
+/// Whether the unit is the first, or second, half of a surrogate pair.
+constexpr bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+constexpr bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 /// The code of a character in the Western code page (1252), 0 to 255; 63 ("?") for a
 /// character that the page does not hold.

@@ -7,9 +7,6 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-bool IsHighSurrogate(char32_t c) { return c >= 0xD800 && c <= 0xDBFF; }
-bool IsLowSurrogate(char32_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
-
 void AppendUtf8(std::string& out, char32_t c) {
   const auto tail = [&](int shift) {
     out.push_back(static_cast<char>(0x80 | ((c >> shift) & 0x3F)));

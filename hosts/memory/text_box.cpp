@@ -1,6 +1,7 @@
 #include "hosts/memory/text_box.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "runtime/text.h"
 
@@ -15,6 +16,18 @@ void Raise(const Slot& slot, Arguments&... arguments) {
 
 bool IsControlCharacter(char16_t character) { return character < u' '; }
 
+/// Positions from 0. One in the middle of a surrogate pair moves to its start.
+Long BeforePair(const String& text, Long position) { return Len(LeftWhole(text, position)); }
+
+/// The position of the character before the one at `position`, and behind it.
+Long Previous(const String& text, Long position) {
+  return BeforePair(text, std::max<Long>(0, position - 1));
+}
+Long Next(const String& text, Long position) {
+  const Long next = std::min(position + 1, Len(text));
+  return BeforePair(text, next) == next ? next : next + 1;
+}
+
 }  // namespace
 
 TextBox::TextBox() { font_.Name = u"MS Sans Serif"; }
@@ -24,10 +37,9 @@ TextBox::~TextBox() = default;
 Long TextBox::Clamp(Long position) const { return std::clamp<Long>(position, 0, Len(text_)); }
 
 void TextBox::Text(const String& text) {
-  const String cut = maxLength_ > 0 ? Left(text, maxLength_) : text;
   anchor_ = caret_ = 0;
-  if (cut == text_) return;
-  text_ = cut;
+  if (text == text_) return;
+  text_ = text;
   Raise(OnChange);
 }
 
@@ -44,7 +56,7 @@ void TextBox::SelLength(Long length) {
 
 String TextBox::SelText() const { return Mid(text_, SelStart() + 1, SelLength()); }
 
-void TextBox::SelText(const String& text) { Enter(text); }
+void TextBox::SelText(const String& text) { Replace(SelStart(), SelLength(), text); }
 
 void TextBox::MaxLength(Long characters) { maxLength_ = std::max<Long>(0, characters); }
 
@@ -113,7 +125,13 @@ bool TextBox::PassesKeyDown(const Stroke& stroke) {
   return !swallowed();
 }
 
+/// The two halves of a surrogate pair come one behind the other and are one character.
 void TextBox::PressCharacter(char16_t character) {
+  if (IsHighSurrogate(character)) {
+    half_ = character;
+    return;
+  }
+  const char16_t half = std::exchange(half_, u'\0');
   const std::weak_ptr<const bool> alive = alive_;
   const Integer original = AnsiCode(character);
   Integer code = original;
@@ -121,6 +139,7 @@ void TextBox::PressCharacter(char16_t character) {
   if (alive.expired() || code == 0) return;
   Raise(OnKeyPress, code);
   if (alive.expired() || code == 0) return;
+  if (half != u'\0' && code == original) return Enter({half, character});
   const char16_t typed = code == original ? character : AnsiCharacter(code);
   if (typed == u'\b') return Backspace();
   if (!IsControlCharacter(typed)) Enter(String(1, typed));
@@ -152,9 +171,10 @@ void TextBox::EditCommand(const Stroke& stroke) {
     case Key::End:
       return MoveCaret(Len(text_), extend);
     case Key::Left:
-      return MoveCaret(!extend && SelLength() > 0 ? SelStart() : caret_ - 1, extend);
+      return MoveCaret(!extend && SelLength() > 0 ? SelStart() : Previous(text_, caret_), extend);
     case Key::Right:
-      return MoveCaret(!extend && SelLength() > 0 ? SelStart() + SelLength() : caret_ + 1, extend);
+      return MoveCaret(!extend && SelLength() > 0 ? SelStart() + SelLength() : Next(text_, caret_),
+                       extend);
     case Key::Delete:
       return Delete();
     case Key::A:
@@ -172,30 +192,31 @@ void TextBox::MoveCaret(Long position, bool extend) {
 
 void TextBox::Backspace() {
   if (SelLength() > 0) return Replace(SelStart(), SelLength(), u"");
-  if (caret_ > 0) Replace(caret_ - 1, 1, u"");
+  const Long start = Previous(text_, caret_);
+  if (start < caret_) Replace(start, caret_ - start, u"");
 }
 
 void TextBox::Delete() {
   if (SelLength() > 0) return Replace(SelStart(), SelLength(), u"");
-  if (caret_ < Len(text_)) Replace(caret_, 1, u"");
+  const Long end = Next(text_, caret_);
+  if (caret_ < end) Replace(caret_, end - caret_, u"");
 }
 
 void TextBox::Enter(const String& text) {
   const Long start = SelStart();
   const Long length = SelLength();
-  if (maxLength_ == 0) return Replace(start, length, text);
-  const Long room = std::max<Long>(0, maxLength_ - (Len(text_) - length));
+  const Long room = maxLength_ == 0 ? Len(text) : maxLength_ - (Len(text_) - length);
+  const String fitting = LeftWhole(text, std::max<Long>(0, room));
   const std::weak_ptr<const bool> alive = alive_;
-  const bool noRoom = Len(text) > room;
-  Replace(start, length, Left(text, room));
-  if (noRoom && !alive.expired()) Raise(OnNoRoom);
+  if (!fitting.empty() || text.empty()) Replace(start, length, fitting);
+  if (fitting.size() < text.size() && !alive.expired()) Raise(OnNoRoom);
 }
 
 void TextBox::Replace(Long start, Long length, const String& text) {
-  const String before = text_;
+  const bool differs = Mid(text_, start + 1, length) != text;
   text_.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(length), text);
   anchor_ = caret_ = start + Len(text);
-  if (text_ != before) Raise(OnChange);
+  if (differs) Raise(OnChange);
 }
 
 }  // namespace tessaria::memory

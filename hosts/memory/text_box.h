@@ -75,7 +75,7 @@ class TextBox final : public host::TextBox {
   Preview Surface;
   /// Moves the focus here on a form. Without it the box takes the focus by itself.
   std::function<void()> OnSetFocus;
-  /// The box refused a character that has no room.
+  /// The box refused text that has no room, all of it or the rest.
   std::function<void()> OnNoRoom;
   void GainFocus();
   void LoseFocus();
@@ -88,6 +88,8 @@ class TextBox final : public host::TextBox {
   void MoveCaret(Long position, bool extend);
   void Backspace();
   void Delete();
+  /// What the operator puts in place of the selection: as much as there is room for. Nothing
+  /// happens when there is room for none.
   void Enter(const String& text);
   void Replace(Long start, Long length, const String& text);
   Long Clamp(Long position) const;
@@ -96,6 +98,7 @@ class TextBox final : public host::TextBox {
   Long anchor_ = 0;  ///< the end of the selection that stays
   Long caret_ = 0;   ///< the end of the selection that moves
   Long maxLength_ = 0;
+  char16_t half_ = u'\0';  ///< the first half of a character whose second is to come
   String passwordChar_;
   host::Alignment alignment_ = host::Alignment::Left;
   bool enabled_ = true;

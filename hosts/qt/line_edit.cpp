@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "hosts/qt/dialog_keys.h"
 #include "hosts/qt/focus_cycle.h"
@@ -25,6 +26,10 @@ bool isNavigation(const QKeyEvent& event) {
 bool isDialogKey(const QKeyEvent& event) {
   return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter ||
          event.key() == Qt::Key_Escape;
+}
+
+bool isText(const QString& typed) {
+  return !typed.isEmpty() && typed.front() >= QLatin1Char(' ') && typed.front() != QChar(127);
 }
 
 /// Keys that print nothing and would change the text past the mask.
@@ -83,8 +88,7 @@ MaskInUse LineEdit::maskInUse() const { return events_ ? events_->maskInUse() : 
 
 void LineEdit::assignText(const QString& text) {
   const Work work(this, By::Handlers);
-  const QString cut = limit_ > 0 ? text.left(limit_) : text;
-  if (cut != this->text()) setText(cut);
+  if (text != this->text()) setText(text);
   setSelStart(0);
 }
 
@@ -121,22 +125,17 @@ void LineEdit::setSelLength(int length) {
   if (const int fitting = std::clamp(length, 0, room); fitting > 0) setSelection(start, fitting);
 }
 
-void LineEdit::setLimit(int characters) {
-  limit_ = std::max(characters, 0);
-  fitLimit();
+/// As much of what the operator puts in place of the selection as there is room for. Qt's own limit
+/// is none: it would cut texts that a program assigns.
+QString LineEdit::fitting(const QString& text) const {
+  const auto room = std::max<qsizetype>(0, limit_ - (this->text().size() - selLength()));
+  if (limit_ == 0 || text.size() <= room) return text;
+  return toQt(LeftWhole(fromQt(text), Long(room)));
 }
 
-/// Qt cuts the text when its limit falls below it: the limit follows the text down instead.
-void LineEdit::fitLimit() {
-  const int wanted =
-      limit_ == 0 ? std::numeric_limits<int>::max() : std::max(limit_, int(text().size()));
-  if (wanted == maxLength()) return;
-  const Work work(this, By::Handlers);
-  const int start = selStart();
-  const int length = selLength();
-  setMaxLength(wanted);
-  setSelStart(start);
-  setSelLength(length);
+/// The selection stays when nothing fits in its place.
+void LineEdit::insertFitting(const QString& text) {
+  if (const QString part = fitting(text); !part.isEmpty()) insert(part);
 }
 
 // --- Changes
@@ -149,11 +148,12 @@ void LineEdit::edited() {
 }
 
 /// Only the handlers' way leads into a masked text: anything else is taken back. What an assistive
-/// technology writes into a plain text is text without a key.
+/// technology writes into a plain text is text without a key, as long as it has room.
 bool LineEdit::takesBackForeignText() {
   const bool trusted = std::exchange(trusted_, false);
   if (trusted || text() == known_) return false;
-  if (maskInUse().isEmpty()) {
+  const bool fits = limit_ == 0 || text().size() <= std::max<qsizetype>(limit_, known_.size() - 1);
+  if (maskInUse().isEmpty() && fits) {
     withoutKey_ = true;
     return false;
   }
@@ -166,7 +166,6 @@ bool LineEdit::takesBackForeignText() {
 void LineEdit::flush() {
   if (working_ > 0 || takesBackForeignText()) return;
   const QPointer<LineEdit> self(this);
-  fitLimit();
   if (text() != known_) {
     known_ = text();
     hidden_.reset();
@@ -195,10 +194,10 @@ bool LineEdit::event(QEvent* event) {
       handleKeyRelease(static_cast<QKeyEvent*>(event));
       return true;
     case QEvent::Drop:
-      if (!takesFocusForDrop() || takesMaskedText(event)) return true;
+      if (!takesFocusForDrop() || takesTextWithoutKey(event)) return true;
       break;
     case QEvent::MouseButtonRelease:
-      return takesMaskedText(event) || handleMouseRelease(event);
+      return takesTextWithoutKey(event) || handleMouseRelease(event);
     case QEvent::InputMethod:
       if (!isEnabled()) break;
       handleInputMethod(static_cast<QInputMethodEvent*>(event));
@@ -236,8 +235,8 @@ void LineEdit::pressCharacters(QKeyEvent* event, const QStringList& units) {
     takenBySurface = fate == KeyFate::TakenBySurface;
     if (fate != KeyFate::LeftAlone) continue;
     const Work work(this, By::Handlers);  // told at its end: that may destroy the edit
-    if (typed == unit && units.size() == 1)
-      QLineEdit::keyPressEvent(event);
+    if (typed == unit && units.size() == 1 && (!isText(typed) || hasRoomFor(typed)))
+      act(event);
     else
       insertTyped(typed);
   }
@@ -252,7 +251,16 @@ void LineEdit::pressCharacters(QKeyEvent* event, const QStringList& units) {
 void LineEdit::editCommand(QKeyEvent* event) {
   if (!maskInUse().isEmpty() && bypassesMask(*event)) return event->accept();
   const Work work(this, By::Handlers);
-  QLineEdit::keyPressEvent(event);
+  act(event);
+}
+
+/// Qt's own work on a key, but for a paste: Qt would not bound it.
+void LineEdit::act(QKeyEvent* event) {
+  if (!event->matches(QKeySequence::Paste)) return QLineEdit::keyPressEvent(event);
+  const bool selection = event->key() == Qt::Key_Insert &&
+                         event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
+  pasteFrom(selection ? QClipboard::Selection : QClipboard::Clipboard);
+  event->accept();
 }
 
 void LineEdit::handleKeyRelease(QKeyEvent* event) {
@@ -281,7 +289,7 @@ KeyFate LineEdit::askKeyPress(const QString& unit, QString& typed) {
 
 void LineEdit::insertTyped(const QString& typed) {
   if (typed == QChar(8)) return backspace();
-  if (!typed.isEmpty() && typed.front() >= QLatin1Char(' ')) insert(typed);
+  if (isText(typed)) insertFitting(typed);
 }
 
 bool LineEdit::typeCharacter(const QString& unit) {
@@ -346,7 +354,7 @@ void LineEdit::handleInputMethod(QInputMethodEvent* event) {
   if (!masked) {
     const Work work(this, By::Handlers);
     QInputMethodEvent passed(event->preeditString(), event->attributes());
-    passed.setCommitString(left, event->replacementStart(), event->replacementLength());
+    passed.setCommitString(fitting(left), event->replacementStart(), event->replacementLength());
     QLineEdit::inputMethodEvent(&passed);
   }
   if (self) reportTextWithoutKey();

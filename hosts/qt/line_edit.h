@@ -1,9 +1,11 @@
 // The edit of a control: a QLineEdit whose keys pass through handlers first.
 #pragma once
 
+#include <QClipboard>
 #include <QLineEdit>
 #include <QPointer>
 #include <QSet>
+#include <algorithm>
 #include <optional>
 
 #include "tessaria/string.h"
@@ -50,9 +52,9 @@ class LineEdit final : public QLineEdit {
   void setEvents(EditEvents* events) { events_ = events; }
   MaskInUse maskInUse() const;
 
-  /// Assigns the text: caret at 0, nothing selected, cut to the limit.
+  /// Assigns the text whole: caret at 0, nothing selected.
   void assignText(const QString& text);
-  /// Replaces the selection as far as the limit allows; the caret ends behind the text.
+  /// Replaces the selection by the whole text; the caret ends behind it.
   void replaceSelection(const QString& text);
   /// The selection stands while the focus is elsewhere, though it is not shown.
   int selStart() const;
@@ -60,9 +62,9 @@ class LineEdit final : public QLineEdit {
   QString selText() const { return text().mid(selStart(), selLength()); }
   void setSelStart(int position);
   void setSelLength(int length);
-  /// Most characters; 0 is no limit. Leaves the present text alone.
+  /// Most characters that the operator may bring the text to; 0 is no limit.
   int limit() const { return limit_; }
-  void setLimit(int characters);
+  void setLimit(int characters) { limit_ = std::max(characters, 0); }
 
   /// Sends a character the way of a typed one, key-press and edit. False when the edit is gone.
   bool typeCharacter(const QString& unit);
@@ -103,14 +105,18 @@ class LineEdit final : public QLineEdit {
   void editCommand(QKeyEvent* event);
   KeyFate askKeyPress(const QString& unit, QString& typed);
   void insertTyped(const QString& typed);
-  bool takesMaskedText(QEvent* event);
+  bool hasRoomFor(const QString& text) const { return fitting(text).size() == text.size(); }
+  QString fitting(const QString& text) const;
+  void insertFitting(const QString& text);
+  void pasteFrom(QClipboard::Mode mode);
+  void act(QKeyEvent* event);
+  bool takesTextWithoutKey(QEvent* event);
   bool takesFocusForDrop();
   bool handleMouseRelease(QEvent* event);
   void showHiddenSelection();
   bool takesBackForeignText();
   void edited();
   void flush();
-  void fitLimit();
 
   EditEvents* events_ = nullptr;
   QSet<Integer> held_;  ///< keys whose release is awaited

@@ -49,8 +49,15 @@ QMenu* maskedMenu(LineEdit* edit) {
 }  // namespace
 
 void LineEdit::paste() {
-  if (maskInUse().isEmpty()) return QLineEdit::paste();
+  if (maskInUse().isEmpty()) return pasteFrom(QClipboard::Clipboard);
   pasteThroughMask(*this, QApplication::clipboard()->text());
+}
+
+/// Into a plain text. What fits is Qt's own paste, one step of undo.
+void LineEdit::pasteFrom(QClipboard::Mode mode) {
+  const QString text = QApplication::clipboard()->text(mode);
+  if (mode == QClipboard::Clipboard && hasRoomFor(text)) return QLineEdit::paste();
+  insertFitting(text);
 }
 
 void LineEdit::cut() {
@@ -86,27 +93,42 @@ bool LineEdit::takesFocusForDrop() {
   return self && window()->focusWidget() == this;
 }
 
-/// A drop or the middle mouse button on a masked edit.
-bool LineEdit::takesMaskedText(QEvent* event) {
-  if (maskInUse().isEmpty()) return false;
+namespace {
+
+/// Text that a drop or the middle mouse button brings to a place of the edit.
+struct BroughtText {
   QPoint point;
   QString text;
+};
+
+std::optional<BroughtText> textBroughtBy(QEvent* event) {
   if (event->type() == QEvent::Drop) {
-    auto* drop = static_cast<QDropEvent*>(event);
-    // A move would take the text out of its source, be it this very edit.
-    drop->setDropAction(Qt::CopyAction);
-    point = drop->position().toPoint();
-    text = drop->mimeData()->text();
-  } else {
-    const auto* release = static_cast<QMouseEvent*>(event);
-    if (release->button() != Qt::MiddleButton || !QApplication::clipboard()->supportsSelection())
-      return false;
-    point = release->position().toPoint();
-    text = QApplication::clipboard()->text(QClipboard::Selection);
+    const auto* drop = static_cast<QDropEvent*>(event);
+    return BroughtText{drop->position().toPoint(), drop->mimeData()->text()};
   }
+  const auto* release = static_cast<QMouseEvent*>(event);
+  const QClipboard* clipboard = QApplication::clipboard();
+  if (release->button() != Qt::MiddleButton || !clipboard->supportsSelection()) return {};
+  return BroughtText{release->position().toPoint(), clipboard->text(QClipboard::Selection)};
+}
+
+}  // namespace
+
+/// A drop or the middle mouse button. False where Qt may act by itself: there is no mask, and the
+/// text fits.
+bool LineEdit::takesTextWithoutKey(QEvent* event) {
+  const auto brought = textBroughtBy(event);
+  if (!brought) return false;
+  const bool masked = !maskInUse().isEmpty();
+  if (!masked && (limit_ == 0 || text().size() + brought->text.size() <= limit_)) return false;
+  // A move would take the text out of its source, be it this very edit.
+  if (event->type() == QEvent::Drop) static_cast<QDropEvent*>(event)->setDropAction(Qt::CopyAction);
   event->accept();
-  setSelStart(cursorPositionAt(point));
-  pasteThroughMask(*this, text);
+  setSelStart(cursorPositionAt(brought->point));
+  if (masked)
+    pasteThroughMask(*this, brought->text);
+  else
+    insertFitting(brought->text);
   return true;
 }
 

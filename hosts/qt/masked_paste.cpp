@@ -40,14 +40,15 @@ class SlotPaste {
     return start >= end || edit_->typeDelete();
   }
 
-  /// False when the paste is over: the edit is gone or the mask is full.
+  /// False when the paste is over: the edit is gone, or the mask or the box is full.
   bool take(const QString& unit) {
     const char16_t c = unit.size() == 1 ? unit.front().unicode() : u'\0';
     if (isLiteral(c) && placesCaret(c)) return true;
     const int slot = slotFrom(caret());
     if (slot >= length()) return false;
     edit_->setSelStart(isFill(c) ? slot + 1 : slot);
-    return isFill(c) || !slotTakes(slot, c) || edit_->offerCharacter(unit);
+    if (isFill(c) || !slotTakes(slot, c)) return true;
+    return edit_->offerCharacter(unit) && caret() > slot;
   }
 
  private:

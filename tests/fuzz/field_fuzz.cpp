@@ -1,4 +1,6 @@
 // An operator with any keys at a field with any mask, who then leaves it.
+#include <algorithm>
+#include <cstdlib>
 #include <memory>
 
 #include "hosts/memory/application.h"
@@ -13,6 +15,7 @@ namespace {
 using memory::Key;
 
 constexpr std::size_t kLongestMask = 24;
+constexpr std::size_t kLongestText = 48;  // longer than any MaxLength here
 constexpr Key kKeys[] = {Key::Backspace, Key::Tab,  Key::Enter,  Key::Escape,
                          Key::End,       Key::Home, Key::Left,   Key::Up,
                          Key::Right,     Key::Down, Key::Insert, Key::Delete};
@@ -25,16 +28,33 @@ void SetUp(tsText& field, Input& input) {
   field.TipoDado(input.Byte() % 10);
   field.TipoStrZero(input.Byte() % 4);
   field.MaxLength(input.Byte() % 32);
+  if ((flags & 16) != 0) field.PasswordChar(u"*");
   if ((flags & 8) != 0) field.PromptChar(input.Latin(1));
   field.Mascara(input.Latin(kLongestMask));
+  if ((flags & 32) != 0) field.Text(input.Latin(kLongestText));
 }
 
-void Strike(memory::Form& form, std::uint8_t byte) {
+/// Ends the run when a rule does not hold.
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+void Press(memory::Form& form, std::uint8_t byte) {
   const std::size_t place = byte & 0x1F;
   if (byte >= 0x20 || place >= std::size(kKeys))
     form.Type(String(1, static_cast<char16_t>(byte)));
   else
     form.Press(kKeys[place]);
+}
+
+bool IsInField(memory::Form& form) { return form.ActiveControl() == form.Controls(u"txtCampo"); }
+
+void Strike(memory::Form& form, tsText& field, std::uint8_t byte) {
+  const bool entered = IsInField(form);
+  const Long longest = std::max(field.MaxLength(), Len(field.Text()));
+  Press(form, byte);
+  if (!entered || !IsInField(form) || field.MaxLength() == 0) return;
+  Require(Len(field.Text()) <= longest);
 }
 
 }  // namespace
@@ -49,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   form->Add<memory::TsText>(u"txtOutro");
   form->Show();
   form->RunEvent([&] { fuzz::SetUp(**field, input); });
-  while (!input.IsEmpty()) fuzz::Strike(*form, input.Byte());
+  while (!input.IsEmpty()) fuzz::Strike(*form, **field, input.Byte());
   form->Focus(u"txtOutro");
   return 0;
 }

@@ -157,14 +157,79 @@ TEST(Typing, LetsAKeyGoEarlyInAMaskOfManyLiterals) {
   )");
 }
 
-TEST(Typing, EndsAtABoxThatIsTooShort) {
+// --- MaxLength ------------------------------------------------------------------------------
+
+TEST(MaxLength, ATextThatWouldOutgrowItIsRefusedAndNeverCut) {
   Session(R"(
     mask 00/00
     max 3
     show |__
     1 2 -> 12|
-    3   -> 123|
-    4   -> 123|
+    3   -> 123| ; texto 123
+    4   -> 123| ; texto 123 ; beep ; key 0
+    mask XXXXX
+    value
+    show |
+    a b c -> abc| ; texto abc
+    d   -> abc| ; texto abc ; beep ; key 0
+  )");
+}
+
+TEST(MaxLength, SlotsOfAMaskThatIsLongerAreFilledAllTheSame) {
+  Session(R"(
+    mask 00/00/0000
+    max 5
+    show |__/__/____
+    2 5 1 2 2 0 1 7 -> 25/12/2017| ; texto 25/12/2017
+    Back -> 25/12/201|_
+    show [25/12/2017]
+    3 -> 3|_/__/____
+    Del -> 3|_/__/____
+    0 -> 30/|__/____
+  )");
+}
+
+TEST(MaxLength, ASelectionThatReachesFurtherIsRefusedWhenTheTextWouldGrow) {
+  Session(R"(
+    mask 00-000
+    max 6
+    value 12345
+    show 12[-345]
+    9 -> 12[-345] ; texto 12345 ; beep ; key 0
+    Del -> 12[-345] ; texto 12345 ; beep ; key 0
+    Back -> 12[-345] ; texto 12345 ; beep ; key 0
+  )");
+}
+
+TEST(MaxLength, RefusesBehindPasswordCharactersToo) {
+  Session(R"(
+    mask XXXX
+    password *
+    max 2
+    value
+    show |
+    a b -> **| ; texto ab
+    c   -> **| ; texto ab ; beep ; key 0
+  )");
+}
+
+TEST(MaxLength, OfZeroIsNoLimit) {
+  Session(R"(
+    mask XXXXX
+    show |
+    a b c d e -> abcde|
+  )");
+}
+
+TEST(MaxLength, NearTheEndOfItsRangeIsALimitLikeAnyOther) {
+  Session(R"(
+    mask XXXXX
+    max 2147483647
+    show |
+    a b -> ab|
+    mask 00
+    show |__
+    1 2 -> 12|
   )");
 }
 

@@ -107,6 +107,21 @@ TEST(NumberComma, LeavesASelectionStanding) {
   )");
 }
 
+TEST(NumberComma, ThatHasNoRoomIsRefused) {
+  Session(R"(
+    mask $$$$$.$$
+    max 5
+    value 1234
+    show 1234|5
+    , -> 1234|5 ; beep ; key 0 ; texto 1234
+    . -> 1234|5 ; beep ; key 0
+    show [123456]
+    , -> [123456] ; beep ; key 0
+    show 123|4
+    , -> 123,|4
+  )");
+}
+
 TEST(NumberBackspace, IsTheBoxsOwn) {
   Session(R"(
     mask $$$$$.$$
@@ -216,6 +231,24 @@ TEST(NumberMinus, IsRefusedAtCapacity) {
   )");
 }
 
+TEST(NumberMinus, ThatHasNoRoomIsRefusedAndLeavesTheTypedText) {
+  Session(R"(
+    mask $$$$$.$$
+    max 6
+    negative
+    value 7
+    show 12,345|
+    - -> 12,345| ; beep ; key 0 ; texto 7
+    show 12,3456789|
+    - -> 12,3456789| ; beep ; key 0 ; texto 7
+    show 1[,34]5
+    - -> -1|,5 ; texto 1,5
+    value -12,3456789
+    show -12,3456789|
+    + -> 12,3456789| ; key 0
+  )");
+}
+
 TEST(NumberMinus, ChangesTheTypedTextEvenWhenTheKeyIsRefused) {
   // The typed text loses the rest of the selection; the box keeps it.
   Session(R"(
@@ -241,6 +274,28 @@ TEST(NumberMinus, IsAlwaysRefusedWithoutMaxLength) {
     negative
     show |
     - -> | ; beep
+  )");
+}
+
+TEST(NumberDigits, StandLongerThanMaxLengthAndAreDeletedOneByOne) {
+  Session(R"(
+    mask $$$$$$$.$$
+    max 5
+    show 12345,67|
+    Back -> 12345,6| ; key 8
+    8 -> 12345,6| ; key 56
+    show 12|345,67
+    Del -> 12|45,67 ; key 46
+    9 -> 12|45,67 ; beep ; key 0
+  )");
+}
+
+TEST(NumberDigits, WithAMaxLengthBeyondSixteenBitsAreAnErrorAndGoToTheBox) {
+  Session(R"(
+    mask $$$.$$
+    max 32768
+    show |
+    1 -> 1| ; error 6 ; key 49
   )");
 }
 

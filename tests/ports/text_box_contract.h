@@ -121,10 +121,16 @@ TEST_P(TextBoxContract, AssigningTheSameTextAlsoPutsTheCaretAtTheStart) {
   ExpectSelection(0, 0);
 }
 
-TEST_P(TextBoxContract, AssigningTextCutsItToMaxLength) {
+TEST_P(TextBoxContract, AssigningTextTakesItWholeWhateverMaxLength) {
   Box().MaxLength(3);
+  Start(u"");
   Box().Text(u"abcdef");
-  EXPECT_EQ(Box().Text(), u"abc");
+  EXPECT_EQ(Box().Text(), u"abcdef");
+  EXPECT_EQ(Box().MaxLength(), 3);
+  EXPECT_EQ(Count("change"), 1);
+  Operator().Leave();
+  Operator().Focus();
+  EXPECT_EQ(Box().Text(), u"abcdef");
 }
 
 TEST_P(TextBoxContract, AMaxLengthOf0IsNoLimit) {
@@ -152,11 +158,11 @@ TEST_P(TextBoxContract, AssigningTextRaisesChangeOnceAndOnlyWhenTheTextDiffers) 
   EXPECT_EQ(Count("change"), 2);
 }
 
-TEST_P(TextBoxContract, ATextThatEqualsTheOldOneAfterTheCutRaisesNoChange) {
+TEST_P(TextBoxContract, ATextThatDiffersOnlyBehindMaxLengthRaisesChange) {
   Box().MaxLength(3);
   Start(u"abc");
   Box().Text(u"abcdef");
-  EXPECT_EQ(Count("change"), 0);
+  EXPECT_EQ(Count("change"), 1);
 }
 
 TEST_P(TextBoxContract, ChangeSeesTheNewTextAndTheNewCaret) {
@@ -229,11 +235,12 @@ TEST_P(TextBoxContract, AssigningSelTextReplacesTheSelectionAndLeavesTheCaretBeh
   EXPECT_EQ(Count("change"), 1);
 }
 
-TEST_P(TextBoxContract, AssigningSelTextRespectsMaxLength) {
+TEST_P(TextBoxContract, AssigningSelTextTakesItWholeWhateverMaxLength) {
   Box().MaxLength(6);
   Start(u"abcdef", 1, 2);
   Box().SelText(u"WXYZ");
-  EXPECT_EQ(Box().Text(), u"aWXdef");
+  EXPECT_EQ(Box().Text(), u"aWXYZdef");
+  ExpectSelection(5, 0);
 }
 
 TEST_P(TextBoxContract, TheSelectionRaisesNoChange) {
@@ -343,6 +350,124 @@ TEST_P(TextBoxContract, AKeyReplacesASelectionInAFullBox) {
   Operator().Type(u"X");
   EXPECT_EQ(Box().Text(), u"aXc");
 }
+
+TEST_P(TextBoxContract, ATextLongerThanMaxLengthIsScrolledAndSelectedAsAnyOther) {
+  Box().MaxLength(3);
+  Start(u"abcdef");
+  Operator().Press(EditKey::End);
+  ExpectSelection(6, 0);
+  Operator().Press(EditKey::Left, With::Shift);
+  ExpectSelection(5, 1);
+  EXPECT_EQ(Box().SelText(), u"f");
+}
+
+TEST_P(TextBoxContract, TypingIntoATextLongerThanMaxLengthIsRefused) {
+  Box().MaxLength(3);
+  for (const Long caret : {0, 3, 6}) {
+    Start(u"abcdef", caret);
+    Operator().Type(u"X");
+    EXPECT_EQ(Box().Text(), u"abcdef");
+    ExpectSelection(caret, 0);
+    EXPECT_EQ(Count("change"), 0);
+  }
+}
+
+TEST_P(TextBoxContract, ATextLongerThanMaxLengthIsDeletedCharacterByCharacter) {
+  Box().MaxLength(3);
+  Start(u"abcdef", 6);
+  Operator().Press(EditKey::Backspace);
+  EXPECT_EQ(Box().Text(), u"abcde");
+  Operator().Press(EditKey::Home);
+  Operator().Press(EditKey::Delete);
+  EXPECT_EQ(Box().Text(), u"bcde");
+  Operator().Type(u"X");
+  EXPECT_EQ(Box().Text(), u"bcde");
+  Operator().Press(EditKey::Delete);
+  Operator().Press(EditKey::Delete);
+  Operator().Type(u"XY");
+  EXPECT_EQ(Box().Text(), u"Xde");
+}
+
+TEST_P(TextBoxContract, ASelectionThatMakesRoomTakesAKeyInATextLongerThanMaxLength) {
+  Box().MaxLength(3);
+  Start(u"abcdef", 1, 4);
+  Operator().Type(u"X");
+  EXPECT_EQ(Box().Text(), u"aXf");
+}
+
+TEST_P(TextBoxContract, ASelectionThatMakesNoRoomStaysWithItsText) {
+  Box().MaxLength(3);
+  Start(u"abcdef", 1, 2);
+  Operator().Type(u"X");
+  EXPECT_EQ(Box().Text(), u"abcdef");
+  ExpectSelection(1, 2);
+  EXPECT_EQ(Count("change"), 0);
+  Operator().Press(EditKey::Delete);
+  EXPECT_EQ(Box().Text(), u"adef");
+}
+
+TEST_P(TextBoxContract, AHandlerMayWriteATextLongerThanMaxLength) {
+  Box().MaxLength(3);
+  Start(u"abc", 3);
+  Box().OnKeyPress = [&](Integer& code) {
+    Box().Text(u"abcdef");
+    code = 0;
+  };
+  Operator().Type(u"d");
+  EXPECT_EQ(Box().Text(), u"abcdef");
+}
+
+TEST_P(TextBoxContract, AMaxLengthNear2To31IsALimitLikeAnyOther) {
+  Box().MaxLength(2147483647);
+  Start(u"abc", 3);
+  Operator().Type(u"d");
+  Operator().Insert(u"ef");
+  EXPECT_EQ(Box().Text(), u"abcdef");
+  EXPECT_EQ(Box().MaxLength(), 2147483647);
+}
+
+// --- Characters of two units ------------------------------------------------------------------
+
+TEST_P(TextBoxContract, ACharacterOfTwoUnitsIsTypedWholeOrNotAtAll) {
+  Box().MaxLength(4);
+  Start(u"ab", 2);
+  Operator().Type(u"😀");
+  EXPECT_EQ(Box().Text(), u"ab😀");
+  EXPECT_EQ(Count("press"), 1);
+  EXPECT_EQ(Count("change"), 1);
+  Start(u"abc", 3);
+  Operator().Type(u"😀");
+  EXPECT_EQ(Box().Text(), u"abc");
+  Operator().Type(u"d");
+  EXPECT_EQ(Box().Text(), u"abcd");
+}
+
+TEST_P(TextBoxContract, APasteIsNeverCutInsideACharacterOfTwoUnits) {
+  Box().MaxLength(4);
+  Start(u"a", 1);
+  Operator().Insert(u"😀😀");
+  EXPECT_EQ(Box().Text(), u"a😀");
+  Start(u"abc", 0, 1);
+  Box().MaxLength(3);
+  Operator().Insert(u"😀");
+  EXPECT_EQ(Box().Text(), u"abc");
+  ExpectSelection(0, 1);
+}
+
+TEST_P(TextBoxContract, KeysMoveOverACharacterOfTwoUnitsAndDeleteItWhole) {
+  Start(u"a😀b", 1);
+  Operator().Press(EditKey::Right);
+  ExpectSelection(3, 0);
+  Operator().Press(EditKey::Left);
+  ExpectSelection(1, 0);
+  Operator().Press(EditKey::Delete);
+  EXPECT_EQ(Box().Text(), u"ab");
+  Start(u"a😀b", 3);
+  Operator().Press(EditKey::Backspace);
+  EXPECT_EQ(Box().Text(), u"ab");
+}
+
+// --- Keys that go no further ------------------------------------------------------------------
 
 TEST_P(TextBoxContract, AKeyDownSetTo0GoesNoFurther) {
   Start(u"abc", 3);
@@ -517,11 +642,38 @@ TEST_P(TextBoxContract, TextWithoutAKeyIsFollowedByOneKeyUpOfCode0) {
   EXPECT_THAT(events_, testing::ElementsAre("change", "up 0"));
 }
 
-TEST_P(TextBoxContract, TextWithoutAKeyRespectsMaxLength) {
+TEST_P(TextBoxContract, TextWithoutAKeyIsCutAtMaxLength) {
   Box().MaxLength(4);
   Start(u"abc", 3);
   Operator().Insert(u"1234");
   EXPECT_EQ(Box().Text(), u"abc1");
+  ExpectSelection(4, 0);
+  EXPECT_EQ(Count("change"), 1);
+}
+
+TEST_P(TextBoxContract, TextWithoutAKeyIsCutToTheRoomThatItsSelectionMakes) {
+  Box().MaxLength(4);
+  Start(u"abcdef", 1, 4);
+  Operator().Insert(u"1234");
+  EXPECT_EQ(Box().Text(), u"a12f");
+  Start(u"abcdef", 0, 6);
+  Operator().Insert(u"123456");
+  EXPECT_EQ(Box().Text(), u"1234");
+}
+
+TEST_P(TextBoxContract, TextWithoutAKeyThatHasNoRoomAtAllChangesNothing) {
+  Box().MaxLength(3);
+  Start(u"abcdef", 1, 2);
+  Operator().Insert(u"12");
+  EXPECT_EQ(Box().Text(), u"abcdef");
+  ExpectSelection(1, 2);
+  EXPECT_EQ(Count("change"), 0);
+}
+
+TEST_P(TextBoxContract, TextWithoutAKeyHasNoLimitWithAMaxLengthOf0) {
+  Start(u"", 0);
+  Operator().Insert(String(5000, u'x'));
+  EXPECT_EQ(Box().Text(), String(5000, u'x'));
 }
 
 // --- Handlers ---------------------------------------------------------------------------------

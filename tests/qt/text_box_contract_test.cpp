@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "hosts/qt/host.h"
+#include "hosts/qt/key_codes.h"
 #include "hosts/qt/text.h"
 #include "hosts/qt/text_box.h"
 #include "tests/ports/case_count.h"
@@ -42,13 +43,12 @@ class QtTextBox final : public TextBoxDriver {
     qt::tests::settleEvents();
   }
   void Type(const String& text) override {
-    const QString typed = qt::toQt(text);
-    for (QChar c : typed) {
+    for (const QString& character : qt::charactersOf(qt::toQt(text))) {
       // Keys with an accent arrive as what an input method composed, but for a direct key.
-      if (c == QChar(u'á'))
-        qt::tests::commit(window_, c);
+      if (character == QStringLiteral("á") || character.size() > 1)
+        qt::tests::commit(window_, character);
       else
-        qt::tests::type(window_, c);
+        qt::tests::type(window_, character);
     }
   }
   void Press(EditKey key, With with) override {

@@ -39,6 +39,19 @@ TEST(LeftAndRight, RefuseNegativeCounts) {
   EXPECT_HOST_ERROR(Left(u"", -1), errors::InvalidArgument);
 }
 
+TEST(LeftAndRight, LeftWholeTakesNoHalfOfAPair) {
+  EXPECT_EQ(LeftWhole(u"ab", 1), u"a");
+  EXPECT_EQ(LeftWhole(u"a😀b", 1), u"a");
+  EXPECT_EQ(LeftWhole(u"a😀b", 2), u"a");
+  EXPECT_EQ(LeftWhole(u"a😀b", 3), u"a😀");
+  EXPECT_EQ(LeftWhole(u"😀", 1), u"");
+  EXPECT_EQ(LeftWhole(u"😀", 99), u"😀");
+  const String halves = {0xD83D, u'a', 0xDE00, 0xDE00};
+  for (Long count = 0; count <= Len(halves); ++count)
+    EXPECT_EQ(LeftWhole(halves, count), Left(halves, count)) << count;
+  EXPECT_HOST_ERROR(LeftWhole(u"abc", -1), errors::InvalidArgument);
+}
+
 TEST(Mids, StartAtAPosition) {
   EXPECT_EQ(Mid(u"código", 1), u"código");
   EXPECT_EQ(Mid(u"código", 4), u"igo");

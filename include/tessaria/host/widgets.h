@@ -40,12 +40,16 @@ enum class Alignment : Integer { Left = 0, Right = 1 };
 
 /// A single-line text box. Owned by the host; lives as long as the control that uses it.
 ///
-/// Contract: assigning `Text` puts the caret at 0, clears the selection, cuts the text to
-/// `MaxLength` (0 is no limit) and raises `OnChange` once, only when the text differs.
-/// Changing `MaxLength` leaves the present text alone; a negative one is kept as 0. `SelStart`
-/// (from 0) and `SelLength` clamp to the text; setting `SelStart` empties the selection. Gaining
-/// the focus selects nothing. A key that the handlers leave alone replaces the selection and
-/// respects `MaxLength`. The order of a key is key-down, key-press, change, key-up.
+/// Contract: assigning `Text` puts the caret at 0, clears the selection, takes the text whole and
+/// raises `OnChange` once, only when the text differs. `SelStart` (from 0) and `SelLength` clamp to
+/// the text; setting `SelStart` empties the selection. Gaining the focus selects nothing. A key
+/// that the handlers leave alone replaces the selection. The order of a key is key-down, key-press,
+/// change, key-up.
+///
+/// `MaxLength` (in UTF-16 units; 0 is no limit, a negative one is kept as 0) bounds what the
+/// operator types or pastes in place of the selection, and nothing else: a text assigned or
+/// standing already may be longer. A typed character that has no room is refused, a pasted text is
+/// cut, never inside a surrogate pair; when none of it has room, text and selection stay.
 class TextBox {
  public:
   TextBox() = default;
@@ -60,7 +64,7 @@ class TextBox {
   virtual Long SelLength() const = 0;
   virtual void SelLength(Long length) = 0;
   virtual String SelText() const = 0;
-  /// Replaces the selection and leaves the caret behind the new text.
+  /// Replaces the selection by the whole text and leaves the caret behind it.
   virtual void SelText(const String& text) = 0;
   virtual Long MaxLength() const = 0;
   virtual void MaxLength(Long characters) = 0;
