@@ -6,6 +6,7 @@
 #include "runtime/conversion.h"
 #include "runtime/format.h"
 #include "runtime/text.h"
+#include "tessaria/error.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {
@@ -26,21 +27,19 @@ constexpr DateForm kDateForms[] = {
 bool IsSlot(char16_t character) { return kSlots.find(character) != StringView::npos; }
 bool Holds(StringView set, char16_t character) { return set.find(character) != StringView::npos; }
 
-String TakeFront(String& text) {
-  const String character = Left(text, 1);
-  text.erase(0, 1);
-  return character;
-}
-
 /// The suffix of a numeric mask that does not end in "$": the rest of the mask from each literal
 /// on, one behind another, literals in front of a "$" too. So "%" gives "%", " kg" gives " kgkgg",
-/// and the mask "$$-$$%" gives "-$$%%".
+/// and the mask "$$-$$%" gives "-$$%%". It grows with the square of the mask: error 7 for one that
+/// no box could show.
 String NumberSuffix(const String& mask) {
+  constexpr std::size_t kLongest = 1'000'000;
   String suffix;
   if (EndsWith(mask, kNumber)) return suffix;
-  for (Long position = 1; position <= Len(mask); ++position) {
-    const String character = Mid(mask, position, 1);
-    if (character != kNumber && character != kPoint) suffix += Mid(mask, position);
+  for (std::size_t at = 0; at < mask.size(); ++at) {
+    const StringView character = StringView(mask).substr(at, 1);
+    if (character == kNumber || character == kPoint) continue;
+    if (suffix.size() + mask.size() - at > kLongest) throw HostError(errors::OutOfMemory);
+    suffix.append(mask, at);
   }
   return suffix;
 }
@@ -50,14 +49,16 @@ String LayOutNumber(const String& text, const String& mask) {
   return Format(text, format) + NumberSuffix(mask);
 }
 
-String LayOutLeftToRight(String text, const String& mask, const String& fill, const String& items) {
+String LayOutLeftToRight(const String& text, const String& mask, const String& fill,
+                         const String& items) {
   const bool fills = !StartsWith(mask, u"X");
+  std::size_t next = 0;
   String result;
   for (const char16_t place : mask) {
     if (Holds(items, place)) {
       result += place;
-    } else if (!text.empty()) {
-      result += TakeFront(text);
+    } else if (next < text.size()) {
+      result += text[next++];
     } else if (fills) {
       result += fill;
     }
@@ -77,31 +78,34 @@ Long SplitOf(const String& mask) {
 }
 
 /// Fills the slots from the right end to the left.
-String LayOutRightToLeft(String text, const String& mask, const String& fill, const String& items) {
-  String result;
-  for (Long position = Len(mask); position >= 1; --position) {
-    const String place = Mid(mask, position, 1);
-    if (Holds(items, place.front())) {
-      result = place + result;
-    } else if (text.empty()) {
-      result = fill + result;
+String LayOutRightToLeft(const String& text, const String& mask, const String& fill,
+                         const String& items) {
+  std::size_t left = text.size();
+  String reversed;
+  for (auto place = mask.rbegin(); place != mask.rend(); ++place) {
+    if (Holds(items, *place)) {
+      reversed += *place;
+    } else if (left == 0) {
+      reversed += fill;
     } else {
-      result = Right(text, 1) + result;
-      text.pop_back();
+      reversed += text[--left];
     }
   }
-  return result;
+  return {reversed.rbegin(), reversed.rend()};
 }
 
-String LayOutRemainder(String text, const String& mask, const String& fill, const String& items) {
+String LayOutRemainder(const String& text, const String& mask, const String& fill,
+                       const String& items) {
+  const std::size_t end = RTrim(text).size();  // only blanks behind it
+  std::size_t next = 0;
   String result;
   for (const char16_t place : mask) {
     if (Holds(items, place)) {
       result += place;
-    } else if (Trim(text).empty()) {
+    } else if (next >= end) {
       result += fill;
     } else {
-      result += TakeFront(text);
+      result += text[next++];
     }
   }
   return result;

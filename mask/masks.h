@@ -22,7 +22,7 @@ String LimpaMascara(const String& text, const String& mask, const String& items)
 
 /// The value laid out in the mask, as the box shows it. Null counts as "". With a password
 /// character the result is its first character, as often as the laid-out text is long.
-/// Errors of CStr.
+/// Errors of CStr; 7 for a numeric mask whose suffix would come to millions of characters.
 String AplicaMascara(const Variant& value, const String& mask, const String& fill,
                      const String& items, const String& password);
 

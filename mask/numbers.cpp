@@ -1,12 +1,11 @@
 #include "mask/numbers.h"
 
-#include <charconv>
-#include <cmath>
-#include <iterator>
+#include <utility>
 
 #include "mask/masks.h"
 #include "runtime/conversion.h"
-#include "runtime/format.h"
+#include "runtime/digits.h"
+#include "runtime/number_text.h"
 #include "runtime/text.h"
 
 namespace tessaria::mdlObjTxt {
@@ -20,13 +19,15 @@ bool IsBlankNumber(const Variant& value) {
   return text && (text->empty() || Trim(*text) == u".");
 }
 
-/// All digits of a whole number that is not negative, never with an exponent.
-String Digits(double number) {
-  char digits[400];
-  const auto end =
-      std::to_chars(std::begin(digits), std::end(digits), number, std::chars_format::fixed, 0).ptr;
-  return String(std::begin(digits), end);
+/// Every digit of a text counts; a double counts with those that its text shows.
+Digits NumberOf(const Variant& value) {
+  if (IsBlankNumber(value)) return {};
+  static_cast<void>(CDbl(value));  // for its errors
+  const String* const text = value.TryGet<String>();
+  return text ? ReadNumber(*text)->Value : DigitsOf(value);
 }
+
+bool IsBlank(StringView text) { return text.find_first_not_of(u' ') == StringView::npos; }
 
 /// One run of equal mask characters.
 struct Run {
@@ -40,7 +41,7 @@ Run RunAt(const String& mask, Long start) {
 }
 
 String FillRun(const String& typed, char16_t place, Long length, const String& promptChar) {
-  if (place == u'0' && !Trim(typed).empty()) return StrZero(typed, CInt(length), 0);
+  if (place == u'0' && !IsBlank(typed)) return StrZero(typed, CInt(length), 0);
   return promptChar.empty() ? typed : Replace(typed, u" ", promptChar);
 }
 
@@ -51,7 +52,7 @@ String FillRuns(const String& boxText, const String& mask, const String& promptC
     const Run run = RunAt(mask, position);
     const char16_t place = mask[static_cast<std::size_t>(run.start - 1)];
     const String filled = FillRun(Mid(text, run.start, run.length), place, run.length, promptChar);
-    if (Trim(result).empty()) result = StrZero(u"0", CInt(Len(result)), 0);
+    if (IsBlank(result)) result = StrZero(u"0", CInt(Len(result)), 0);
     result += filled;
     position += run.length;
   }
@@ -61,10 +62,13 @@ String FillRuns(const String& boxText, const String& mask, const String& promptC
 }  // namespace
 
 String StrZero(const Variant& value, Integer length, Integer decimals) {
-  const double number = IsBlankNumber(value) ? 0 : CDbl(value);
-  const double whole = Round(number * std::pow(10.0, decimals));
-  const String sign = whole < 0 ? u"-" : u"";
-  const String digits = Digits(std::fabs(whole));
+  Digits number = NumberOf(value);
+  number.Point += decimals;
+  Digits whole = Rounded(std::move(number), 0, Halves::ToEven);
+  whole.DropLeadingZeros();
+  const String sign = whole.Negative && !whole.IsZero() ? u"-" : u"";
+  whole.Negative = false;
+  const String digits = PlainText(whole, u',');
   const Long missing = length - Len(digits) - Len(sign);
   if (missing < 0) return StringOf(length, u"*");
   return sign + StringOf(missing, u"0") + digits;

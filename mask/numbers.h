@@ -8,7 +8,8 @@ namespace tessaria::mdlObjTxt {
 
 /// The value as digits with leading zeros and an implied decimal mark: 12.5 with length 6 and
 /// 2 decimals is "001250". A sign counts in the length; "*" throughout when it does not fit.
-/// "" and "." are 0; halves round to even. Errors of CDbl.
+/// "" and "." are 0; halves round to even. All digits of a text count, those of a double as far as
+/// its text shows them. Errors of CDbl.
 String StrZero(const Variant& value, Integer length, Integer decimals);
 
 /// Zero-fills the box of a mask that holds a "0". `TipoStrZero` 1 pads the bare text as one

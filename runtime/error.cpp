@@ -18,7 +18,7 @@ struct Entry {
 constexpr Entry kDescriptions[] = {
     {errors::InvalidArgument, u"Chamada de procedimento ou argumento inválido"},
     {errors::Overflow, u"Estouro"},
-    {7, u"Memória insuficiente"},
+    {errors::OutOfMemory, u"Memória insuficiente"},
     {errors::SubscriptOutOfRange, u"Subscrito fora do intervalo"},
     {errors::DivisionByZero, u"Divisão por zero"},
     {errors::TypeMismatch, u"Tipos incompatíveis"},

@@ -11,13 +11,11 @@ namespace tessaria {
 
 namespace {
 
-// Texts count as doubles do, so with no more digits than a double's text shows.
+// Every digit of a text counts, as long as a double could hold its size.
 std::optional<Digits> DigitsOfText(const String& text) {
   const auto number = ReadNumber(text);
-  if (!number) return std::nullopt;
-  const auto value = TryToDouble(number->Value);
-  if (!value) return std::nullopt;
-  return DigitsOf(*value);
+  if (!number || !TryToDouble(number->Value)) return std::nullopt;
+  return number->Value;
 }
 
 String AsNumber(const Variant& value, const Pattern& pattern) {

@@ -17,8 +17,8 @@ double Round(double value, Long decimals = 0);
 /// thousands, "," behind the last one divides by a thousand; "." is the decimal mark; "%" makes
 /// hundredths; "E+00" and "E-00" an exponent. In the result the two marks are "." and ",".
 /// Sections divided by ";": positive, negative, zero; a section that is missing or empty is
-/// replaced by the first. Exact halves go away from zero; a double counts with 15 significant
-/// digits. A value that shows as zero has no minus.
+/// replaced by the first. Exact halves go away from zero. A double counts with 15 significant
+/// digits, an exact number and a text with all of theirs. A value that shows as zero has no minus.
 ///
 /// Date patterns: d, dd, ddd, dddd, m to mmmm, yy, yyyy, y (day of the year), h, hh, n, nn, s, ss,
 /// q, w, ww; "ddddd" a short and "dddddd" a long date, "ttttt" the time, "c" as CStr; "AM/PM",

@@ -12,6 +12,7 @@ namespace tessaria {
 namespace errors {
 inline constexpr Long InvalidArgument = 5;
 inline constexpr Long Overflow = 6;
+inline constexpr Long OutOfMemory = 7;
 inline constexpr Long SubscriptOutOfRange = 9;
 inline constexpr Long DivisionByZero = 11;
 inline constexpr Long TypeMismatch = 13;

@@ -126,6 +126,16 @@ TEST(AplicaMascara, NumericMaskFormatsTheNumber) {
       {u"1,55", u"$$$.", u"1,6"},
       {u"12", u"$$$%", u"12%"},
       {u"1.234,5", u"$$$.$$", u"1.234,50"},
+      // Exact halves go away from zero.
+      {u"0,125", u"$$$.$$", u"0,13"},
+      {u"-0,125", u"$$$.$$", u"-0,13"},
+      {2.5, u"$$$", u"3"},
+      {2.675, u"$$$.$$", u"2,68"},
+      // All digits of a text and of an exact number count, fifteen of a double.
+      {u"12345678901234567890,125", u"$$$.$$", u"12.345.678.901.234.567.890,13"},
+      {Decimal{{~0u, ~0u, ~0u}, 0, false}, u"$$$", u"79.228.162.514.264.337.593.543.950.335"},
+      {1234567890123456789.0, u"$$$", u"1.234.567.890.123.460.000"},
+      {0.1 + 0.2, u"$$$.$$$$$$$$$$$$$$$$$", u"0,30000000000000000"},
   };
   for (const LayoutCase& row : kCases) EXPECT_EQ(LaidOut(row.value, row.mask), row.text);
 }
@@ -143,6 +153,31 @@ TEST(AplicaMascara, ANumberThatHasItsSuffixAlreadyGetsAnother) {
   // With the suffix the text is no number, so that it is not formatted again either.
   EXPECT_EQ(LaidOut(u"1.234,50%", u"$$$.$$%"), u"1.234,50%%");
   EXPECT_EQ(LaidOut(u"1234,5%", u"$$$.$$%"), u"1234,5%%");
+}
+
+TEST(AplicaMascara, ATextThatIsNoNumberComesBackWithItsSuffix) {
+  EXPECT_EQ(LaidOut(u"12a", u"$$$.$$"), u"12a");
+  EXPECT_EQ(LaidOut(u"-", u"$$$.$$"), u"-");
+  EXPECT_EQ(LaidOut(u"1,2,3", u"$$$.$$"), u"1,2,3");
+  EXPECT_EQ(LaidOut(u"12a", u"$$$.$$%"), u"12a%");
+}
+
+TEST(AplicaMascara, ASuffixOfMillionsOfCharactersIsAnError) {
+  // A suffix of n characters comes to half the square of n.
+  EXPECT_EQ(Len(LaidOut(u"1", u"$" + String(1000, u'k'))), 500501);
+  EXPECT_HOST_ERROR(LaidOut(u"1", u"$" + String(2000, u'k')), errors::OutOfMemory);
+  EXPECT_HOST_ERROR(LaidOut(u"1", u"$" + String(1'000'000, u'k')), errors::OutOfMemory);
+}
+
+TEST(AplicaMascara, TakesVeryLongTextsAndMasksAtOnce) {
+  const std::size_t length = 300'000;
+  const String digits(length, u'7'), slots(length, u'0'), filled = u"_" + digits;
+  EXPECT_TRUE(LaidOut(digits, slots) == digits);
+  EXPECT_TRUE(LaidOut(u"", slots) == String(length, u'_'));
+  EXPECT_TRUE(LaidOut(digits, u"N" + slots) == filled);
+  EXPECT_TRUE(LaidOut(digits, u"NA" + slots) == digits + u"__");
+  EXPECT_TRUE(LaidOut(String(length, u' '), u"A" + slots) == String(length, u' ') + u"_");
+  EXPECT_EQ(LaidOut(digits, u"00"), u"77");
 }
 
 TEST(AplicaMascara, PointIsNoSuffix) { EXPECT_EQ(LaidOut(u"12", u"$$$."), u"12,0"); }

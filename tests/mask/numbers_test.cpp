@@ -41,9 +41,17 @@ TEST(StrZero, PadsWithZeros) {
       {1.5, 2, 0, u"02"},
       {2.5, 2, 0, u"02"},
       {-2.5, 3, 0, u"-02"},
+      {u"0,5", 2, 0, u"00"},
+      {u"1,5", 2, 0, u"02"},
+      {2.675, 4, 2, u"0268"},
+      {u"-0,4", 3, 0, u"000"},
+      {u"000", 2, 0, u"00"},
       // All digits, however many.
       {u"1234567890123456", 18, 0, u"001234567890123456"},
+      {u"12345678901234567890123", 24, 0, u"012345678901234567890123"},
+      {u"12345678901234567890,125", 22, 2, u"1234567890123456789012"},
       {1e20, 21, 0, u"100000000000000000000"},
+      {Decimal{{~0u, ~0u, ~0u}, 0, false}, 30, 0, u"079228162514264337593543950335"},
   };
   for (const ZeroCase& row : kCases) {
     EXPECT_EQ(StrZero(row.value, row.length, row.decimals), row.text);
@@ -92,12 +100,27 @@ TEST(PreencheZeros, AGapInsideARunIsAnError) {
   EXPECT_EQ(Filled({u"00000", u"_", u"1_2__", u""}, 1), u"00012");
 }
 
-TEST(PreencheZeros, ARunOfMoreThanFifteenDigitsLosesTheLastOnes) {
-  // The number goes through a double.
+TEST(PreencheZeros, ARunKeepsEveryDigitHoweverManyWereTyped) {
   const String zeros(20, u'0');
-  EXPECT_EQ(Filled({zeros, u"_", u"12345678901234567890", u""}, 2), u"12345678901234567168");
-  EXPECT_EQ(Filled({zeros, u"_", u"12345678901234567___", u""}, 2), u"00012345678901234568");
-  EXPECT_EQ(Filled({zeros, u"_", u"123456789012345_____", u""}, 2), u"00000123456789012345");
+  for (const Long tipoStrZero : {1, 2}) {
+    const auto filled = [&](const String& text) {
+      return Filled({zeros, u"_", text, u""}, tipoStrZero);
+    };
+    EXPECT_EQ(filled(u"12345678901234567890"), u"12345678901234567890");
+    EXPECT_EQ(filled(u"12345678901234567___"), u"00012345678901234567");
+    EXPECT_EQ(filled(u"123456789012345_____"), u"00000123456789012345");
+  }
+  const String key = u"35171012345678000195550010000123451001234567";
+  EXPECT_EQ(Filled({String(44, u'0'), u"_", key, u""}, 2), key);
+}
+
+TEST(PreencheZeros, AMaskOfVeryManyRunsIsFilledAtOnce) {
+  String mask, text;
+  for (int i = 0; i < 150'000; ++i) {
+    mask += u"#-";
+    text += u"_-";
+  }
+  EXPECT_EQ(Filled({mask, u"_", text, u""}, 2), text);
 }
 
 TEST(PreencheZeros, FillsRunByRun) {
