@@ -8,25 +8,37 @@
 namespace tessaria::demo {
 namespace {
 
-Failure failureOf(const HostError& error) {
-  const QString text = tellsOfMissingDriver(error)
-                           ? QStringLiteral(
-                                 "Falta o driver ODBC do PostgreSQL. Instale os pacotes "
-                                 "\"unixodbc\" e \"odbc-postgresql\".\n\n%1")
-                           : QStringLiteral("Não foi possível abrir o banco de dados.\n\n%1");
-  return Failure(text.arg(qt::toQt(error.Description())));
+QString adviceOn(OpenFault fault) {
+  switch (fault) {
+    case OpenFault::MissingDriver:
+      return QStringLiteral(
+          "Falta o driver ODBC do PostgreSQL. Instale os pacotes \"unixodbc\" e "
+          "\"odbc-postgresql\".");
+    case OpenFault::UnknownDataSource:
+      return QStringLiteral(
+          "A fonte de dados ODBC indicada não existe. Confira o nome dado em --connection; "
+          "\"odbcinst -q -s\" mostra as fontes cadastradas.");
+    case OpenFault::Other:
+      break;
+  }
+  return QStringLiteral("Não foi possível abrir o banco de dados.");
 }
 
 }  // namespace
 
-bool tellsOfMissingDriver(const HostError& error) {
+OpenFault faultOf(const HostError& error, const QString& connectionString) {
   const QString text = qt::toQt(error.Description());
-  return text.contains(QLatin1String("Can't open lib")) ||
-         text.contains(QLatin1String("Data source name not found"));
+  if (text.contains(QLatin1String("Can't open lib"))) return OpenFault::MissingDriver;
+  if (!text.contains(QLatin1String("Data source name not found"))) return OpenFault::Other;
+  return connectionString.contains(QLatin1String("driver="), Qt::CaseInsensitive)
+             ? OpenFault::MissingDriver
+             : OpenFault::UnknownDataSource;
 }
 
 Database::Database(const QString& connectionString, Cluster* ownServer)
-    : connection_(odbc::CreateConnection()), ownServer_(ownServer) {
+    : connectionString_(connectionString),
+      connection_(odbc::CreateConnection()),
+      ownServer_(ownServer) {
   connection_->ConnectionString(qt::fromQt(connectionString));
 }
 
@@ -34,7 +46,8 @@ void Database::open() {
   try {
     connection_->Open();
   } catch (const HostError& error) {
-    throw failureOf(error);
+    throw Failure(adviceOn(faultOf(error, connectionString_)) + QLatin1String("\n\n") +
+                  qt::toQt(error.Description()));
   }
 }
 

@@ -27,11 +27,15 @@ class Database {
   const host::ConnectionPtr& connection() const { return connection_; }
 
  private:
+  const QString connectionString_;
   host::ConnectionPtr connection_;
   Cluster* ownServer_;
 };
 
-/// Whether the error tells that the driver is not installed.
-bool tellsOfMissingDriver(const HostError& error);
+/// What keeps a database from being opened.
+enum class OpenFault { MissingDriver, UnknownDataSource, Other };
+/// The fault that the error tells of. The driver manager has one text for a driver and for a data
+/// source that it does not know: what the connection string names decides.
+OpenFault faultOf(const HostError& error, const QString& connectionString);
 
 }  // namespace tessaria::demo

@@ -13,6 +13,7 @@
 #include "apps/demo/play/play.h"
 #include "apps/demo/quit_signals.h"
 #include "hosts/qt/host.h"
+#include "tessaria/comforts.h"
 
 namespace tessaria::demo {
 namespace {
@@ -54,6 +55,7 @@ int run(int argc, char** argv) {
   QCoreApplication::setOrganizationName(QStringLiteral("Tessaria"));
   QCoreApplication::setApplicationName(QStringLiteral("tessaria-demo"));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Tessaria"));
+  setComforts(Comforts::All());
   qt::install();
   quitOnSignals(application);
   Options options;

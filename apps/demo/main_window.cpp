@@ -46,7 +46,10 @@ void MainWindow::addForm(const char* action, RecordForm* form) {
   findChild<QActionGroup*>()->addAction(shows);
   shows->setChecked(index == 0);
   connect(shows, &QAction::triggered, this, [this, index] { showForm(index); });
-  connect(form, &RecordForm::notice, this, &MainWindow::showNotice);
+  connect(form, &RecordForm::notice, this, [this](const QString& text) { showNotice(text); });
+  connect(form, &RecordForm::notSaved, this,
+          [this](const QString& text) { showNotice(text, Until::NextNotice); });
+  connect(form, &RecordForm::typed, this, [this] { clearNotice(Until::Typing); });
 }
 
 RecordForm* MainWindow::current() const { return pages_.at(stack_->currentIndex()).form; }
@@ -58,6 +61,7 @@ void MainWindow::showForm(int index) {
   if (mayLeave && index != stack_->currentIndex()) {
     left.focus = focusWidget();
     stack_->setCurrentIndex(index);
+    clearNotice(Until::Typing);
     if (QWidget* before = pages_[index].focus)
       before->setFocus(Qt::OtherFocusReason);
     else
@@ -91,12 +95,11 @@ void MainWindow::connectRefusals() {
   connect(&qt::install(), &qt::Host::boxShown, this,
           [this](const QString& text, const QString&, int style) {
             if ((style & host::box::YesNo) != 0) return;
-            showNotice(text);
-            showsRefusal_ = true;
+            showNotice(text, Until::FieldIsRight);
           });
   for (qt::TsText* field : findChildren<qt::TsText*>())
     connect(field, &qt::TsText::browseReturn, this, [this, field] {
-      if (showsRefusal_ && field->lastValidaStatus()) showNotice({});
+      if (field->lastValidaStatus()) clearNotice(Until::FieldIsRight);
     });
 }
 
@@ -110,9 +113,13 @@ void MainWindow::reconnect() {
 }
 
 /// The status bar holds one line.
-void MainWindow::showNotice(const QString& text) {
+void MainWindow::showNotice(const QString& text, Until until) {
   statusBar()->showMessage(text.simplified());
-  showsRefusal_ = false;
+  noticeStands_ = until;
+}
+
+void MainWindow::clearNotice(Until until) {
+  if (noticeStands_ == until) showNotice({});
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -37,13 +37,15 @@ class MainWindow final : public QMainWindow {
   RecordForm* current() const;
   void showForm(int index);
   void reconnect();
-  /// In the status bar, until the next one.
-  void showNotice(const QString& text);
+  /// How long a line of the status bar is true, unless another comes.
+  enum class Until { Typing, FieldIsRight, NextNotice };
+  void showNotice(const QString& text, Until until = Until::Typing);
+  void clearNotice(Until until);
 
   Database& database_;
   QStackedWidget* stack_;
   QList<Page> pages_;
-  bool showsRefusal_ = false;
+  Until noticeStands_ = Until::Typing;
 };
 
 }  // namespace tessaria::demo

@@ -16,7 +16,8 @@ Long show(const QString& text, Long style) {
 void tell(const QString& text) { show(text, host::box::Exclamation); }
 void warn(const QString& text) { show(text, host::box::Stop); }
 bool ask(const QString& text) {
-  return show(text, host::box::YesNo + host::box::Question) == host::answer::Yes;
+  const Long style = host::box::YesNo + host::box::Question + host::box::DefaultNo;
+  return show(text, style) == host::answer::Yes;
 }
 
 }  // namespace tessaria::demo

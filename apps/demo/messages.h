@@ -7,7 +7,7 @@ namespace tessaria::demo {
 
 void tell(const QString& text);
 void warn(const QString& text);
-/// Yes or no.
+/// Yes or no; Enter answers no. For what cannot be undone.
 bool ask(const QString& text);
 
 }  // namespace tessaria::demo

@@ -1,8 +1,9 @@
 #include "apps/demo/record_form.h"
 
+#include <QApplication>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPushButton>
+#include <utility>
 
 #include "apps/demo/database.h"
 #include "apps/demo/failure.h"
@@ -14,6 +15,7 @@
 #include "hosts/qt/metatypes.h"
 #include "hosts/qt/text.h"
 #include "hosts/qt/tstext.h"
+#include "hosts/qt/widget_tree.h"
 #include "runtime/conversion.h"
 
 namespace tessaria::demo {
@@ -68,6 +70,7 @@ void RecordForm::loadRows() {
 
 void RecordForm::connectFields() {
   for (qt::TsText* each : findChildren<qt::TsText*>()) moveOnWithEnter(each);
+  for (qt::TsText* each : fields_) watchInput(each);
   // The last field to show: the first row stands in all of them then.
   connect(fields_.last(), &qt::TsText::shown, this, &RecordForm::rowShown, Qt::QueuedConnection);
   connect(search_, &qt::TsText::browseReturn, this, [this](bool& changed) {
@@ -80,11 +83,37 @@ void RecordForm::connectFields() {
   });
 }
 
+/// A field's input is in the row, or in the form's own keeping, once the field was left for
+/// anything but the Cancel button.
+void RecordForm::watchInput(qt::TsText* each) {
+  constexpr qint16 kWithoutKey = 0, kBackspace = 8, kBlank = 32, kDelete = 46;
+  connect(each, &qt::TsText::keyPress, this, [this](qint16& key) {
+    if (key == kBackspace || key >= kBlank) noteInput();
+  });
+  connect(each, &qt::TsText::keyDown, this, [this](qint16& key) {
+    if (key == kDelete) noteInput();
+  });
+  connect(each, &qt::TsText::keyUp, this, [this](qint16& key) {
+    if (key == kWithoutKey) noteInput();
+  });
+  connect(each, &qt::TsText::browseReturn, this, [this, each] {
+    if (each->lastValidaStatus() && window()->focusWidget() != cancel_) hasTyped_ = false;
+  });
+}
+
+void RecordForm::noteInput() {
+  hasTyped_ = true;
+  emit typed();
+}
+
 void RecordForm::connectButtons() {
   connect(new_, &QPushButton::clicked, this, &RecordForm::addRecord);
   connect(save_, &QPushButton::clicked, this, &RecordForm::save);
   connect(cancel_, &QPushButton::clicked, this, &RecordForm::cancel);
   connect(delete_, &QPushButton::clicked, this, &RecordForm::deleteRecord);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    if (now && now != cancel_ && isAncestorOf(now)) worked_ = now;
+  });
   connect(rows_, &qt::Adodc::leavingRow, this,
           [this](bool& refused) { refused = !check() || !write(); });
   for (const auto moved : {&qt::Adodc::moved, &qt::Adodc::rowAdded, &qt::Adodc::rowSaved,
@@ -113,6 +142,8 @@ QString RecordForm::fieldInRow(const QString& column) const {
 
 void RecordForm::rowShown() {
   isStale_ = false;
+  hasTyped_ = false;
+  emit notice(std::exchange(nextNotice_, {}));
   qt::guarded(this, [this] {
     key_->setEnabled(isNewRow());
     delete_->setEnabled(!isNewRow());
@@ -146,10 +177,7 @@ void RecordForm::reload() {
   emit notice(QStringLiteral("%1s lidos de novo.").arg(capitalNoun()));
 }
 
-bool RecordForm::hasUnsavedInput() const {
-  const auto* box = qobject_cast<QLineEdit*>(window()->focusWidget());
-  return rows_->isEditPending() || (box && isAncestorOf(box) && box->isModified());
-}
+bool RecordForm::hasUnsavedInput() const { return hasTyped_ || rows_->isEditPending(); }
 
 void RecordForm::focusFirstField() {
   for (qt::TsText* each : fields_)
@@ -186,10 +214,21 @@ void RecordForm::keyPressEvent(QKeyEvent* event) {
 
 void RecordForm::cancel() {
   const bool wasStale = isStale_;
+  const bool hadInput = hasUnsavedInput();
   const QString key = keyInRow();
-  if (!rows_->cancelRow()) return;
+  if (!mayDropInput() || !rows_->cancelRow()) return;
   if (wasStale && rows_->refresh()) rows_->findRow(criteriaOf(key));
-  emit notice(QStringLiteral("O que foi digitado foi desfeito."));
+  emit notice(hadInput ? QStringLiteral("O que foi digitado foi desfeito.")
+                       : QStringLiteral("Nada a desfazer."));
+}
+
+/// The Cancel button has left the field as it is: the operator goes on in it.
+bool RecordForm::mayDropInput() {
+  if (!hasUnsavedInput()) return true;
+  if (ask(QStringLiteral("O %1 não foi salvo. Desfazer o que foi digitado?").arg(kind_.noun)))
+    return true;
+  if (worked_) worked_->setFocus();
+  return false;
 }
 
 void RecordForm::deleteRecord() {
@@ -217,7 +256,7 @@ bool RecordForm::check() {
                         "O que foi digitado continua na tela. Salve de novo quando o servidor "
                         "voltar, ou use Arquivo, Reconectar ao banco de dados.")
              .arg(kind_.noun));
-    emit notice(QStringLiteral("Não salvo: o servidor do banco de dados não responde."));
+    emit notSaved(QStringLiteral("Não salvo: o servidor do banco de dados não responde."));
     return false;
   }
   const QPointer<QWidget> before = window()->focusWidget();
@@ -235,6 +274,7 @@ bool RecordForm::checkFields() {
 }
 
 bool RecordForm::refuse(qt::TsText* field, const QString& text) {
+  qt::showPagesOf(field);
   tell(text);
   field->setFocus();
   return false;
@@ -264,6 +304,7 @@ bool RecordForm::write() {
     return false;
   }
   emit notice(written);
+  nextNotice_ = written;  // the row on the screen is shown anew, or another one
   return true;
 }
 
@@ -280,8 +321,8 @@ void RecordForm::tellRefusal(const HostError& error) {
                      "na tela.")
                      .arg(qt::toQt(error.Description()));
   warn(QStringLiteral("O %1 não foi salvo: %2").arg(kind_.noun, reason));
-  emit notice(isStale_ ? QStringLiteral("Não salvo: outro usuário alterou o %1.").arg(kind_.noun)
-                       : QStringLiteral("Não salvo: o banco de dados recusou."));
+  emit notSaved(isStale_ ? QStringLiteral("Não salvo: outro usuário alterou o %1.").arg(kind_.noun)
+                         : QStringLiteral("Não salvo: o banco de dados recusou."));
 }
 
 }  // namespace tessaria::demo

@@ -61,8 +61,12 @@ class RecordForm : public QWidget {
   void reload();
 
  signals:
-  /// One line on what has just been done.
+  /// One line on what has just been done. An empty one when the last is no longer true.
   void notice(const QString& text);
+  /// One line on why what stands on the screen is not stored. True until a notice comes.
+  void notSaved(const QString& text);
+  /// The operator has typed, pasted or deleted something.
+  void typed();
 
  protected:
   /// The database is open and outlives the form. Raises `Failure` when it has no such table.
@@ -93,11 +97,14 @@ class RecordForm : public QWidget {
   /// Tells what is wrong with a field and goes there. False.
   bool refuse(qt::TsText* field, const QString& text);
 
-  /// Escape cancels, also where no field holds the focus.
+  /// Escape cancels, also where no field holds the focus. Asks first when input would be lost.
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void findWidgets();
+  void watchInput(qt::TsText* each);
+  void noteInput();
+  bool mayDropInput();
   void loadRows();
   void connectFields();
   void connectButtons();
@@ -117,7 +124,10 @@ class RecordForm : public QWidget {
   QList<qt::TsText*> fields_;
   qt::TsText *key_, *search_;
   QPushButton *new_, *save_, *cancel_, *delete_;
-  bool isStale_ = false;  ///< another user has changed the row on the screen
+  QPointer<QWidget> worked_;  ///< where the operator was before the Cancel button
+  QString nextNotice_;        ///< to be told once the next row is shown
+  bool hasTyped_ = false;     ///< something that is not in the row yet
+  bool isStale_ = false;      ///< another user has changed the row on the screen
 };
 
 /// The first value of a statement's first row; Null without rows. Raises what the database says.

@@ -75,7 +75,7 @@ QAbstractButton* addButtons(QMessageBox& box, Long style) {
   }
   QPushButton* yes = addButton(box, QStringLiteral("&Sim"), QMessageBox::YesRole);
   QPushButton* no = addButton(box, QStringLiteral("&Não"), QMessageBox::NoRole);
-  box.setDefaultButton(yes);
+  box.setDefaultButton((style & host::box::DefaultNo) != 0 ? no : yes);
   box.setEscapeButton(no);
   return yes;
 }

@@ -62,6 +62,16 @@ class DeskTest : public testing::Test {
   }
   void expectNotice(const QString& text) { player_->expectShown(QStringLiteral("situacao"), text); }
 
+  static QString dropQuestion(const char* noun) {
+    return QStringLiteral("O %1 não foi salvo. Desfazer o que foi digitado?")
+        .arg(QString::fromLatin1(noun));
+  }
+  /// Cancels what was typed, and says so when asked.
+  void dropInput(const char* noun, const char* key = "Alt+C") {
+    player_->expectBox(dropQuestion(noun), {}, QStringLiteral("Alt+S"));
+    player_->press(QString::fromLatin1(key));
+  }
+
   /// One column of a customer as another user sees it; Null is an empty text, "?" no customer.
   static std::string stored(const char* column, const char* code) {
     const QList<Row> rows =

@@ -29,11 +29,86 @@ TEST_F(DeskTest, CancelDropsTheNewCustomer) {
   p.press("Tab");
   p.type("Alguém que desistiu");
   p.press("Tab");
-  p.press("Esc");
+  dropInput("cliente", "Esc");
   p.expectText("codigo", "00001");
   expectNotice("O que foi digitado foi desfeito.");
   EXPECT_FALSE(window_->findChild<qt::TsText*>("codigo")->isFieldEnabled());
   EXPECT_EQ(stored("nome", "00900"), "?");
+}
+
+TEST_F(DeskTest, EscapePressedTwiceLosesNothing) {
+  Player& p = operatorsHands();
+  goTo("00091");
+  p.type("Quase perdido");
+  p.expectBox(dropQuestion("cliente"), {}, "Esc");
+  p.press("Esc");
+  p.expectFocus("nome");
+  p.expectText("nome", "Quase perdido");
+  p.press("Alt+S");
+  EXPECT_EQ(stored("nome", "00091"), "Quase perdido");
+}
+
+TEST_F(DeskTest, TheDefaultAnswerKeepsWhatWasTyped) {
+  Player& p = operatorsHands();
+  goTo("00092");
+  const std::string before = stored("nome", "00092");
+  p.type("Ainda aqui");
+  p.expectBox(dropQuestion("cliente"), {}, "Return");
+  p.press("Alt+C");
+  p.expectText("nome", "Ainda aqui");
+  p.expectBox("O cliente não foi salvo. Sair e perder o que foi digitado?", {}, "Return");
+  p.press("Ctrl+Q");
+  EXPECT_TRUE(window_->isVisible());
+  p.expectText("nome", "Ainda aqui");
+  dropInput("cliente");
+  EXPECT_EQ(stored("nome", "00092"), before);
+}
+
+TEST_F(DeskTest, CancelAsksNothingWhenNothingWasTyped) {
+  Player& p = operatorsHands();
+  goTo("00093");
+  p.press("Tab", 2);
+  p.press("Esc");
+  expectNotice("Nada a desfazer.");
+  p.type("7");
+  p.press("Backspace");
+  dropInput("cliente", "Esc");
+  expectNotice("O que foi digitado foi desfeito.");
+}
+
+TEST_F(DeskTest, ANoticeGoesWhenItIsNoLongerTrue) {
+  Player& p = operatorsHands();
+  goTo("00094");
+  expectNotice("Cliente 00094.");
+  p.press("Alt+Right");
+  p.expectText("codigo", "00095");
+  expectNotice("");
+  p.press("Alt+S");
+  expectNotice("Nada a salvar: o cliente está como no banco de dados.");
+  goTo("00096");
+  p.type("Outro nome");
+  expectNotice("");
+  p.press("Alt+S");
+  expectNotice("Cliente 00096, Outro nome, salvo.");
+  p.type("x");
+  expectNotice("");
+  dropInput("cliente", "Esc");
+}
+
+TEST_F(DeskTest, ThatARowIsNotSavedStandsUntilItIs) {
+  Player& p = operatorsHands();
+  goTo("00097");
+  p.type("Sem servidor");
+  server_->stop(Cluster::StopMode::AtOnce);
+  p.expectBox(kAway);
+  p.press("Alt+S");
+  p.press("End");
+  p.type(" ainda");
+  p.press("Tab");
+  expectNotice("Não salvo: o servidor do banco de dados não responde.");
+  server_->start();
+  p.press("Alt+S");
+  expectNotice("Cliente 00097, Sem servidor ainda, salvo.");
 }
 
 TEST_F(DeskTest, CancelEscapesTheCheckOfAWrongDate) {
@@ -44,7 +119,7 @@ TEST_F(DeskTest, CancelEscapesTheCheckOfAWrongDate) {
   p.press("Tab");
   p.expectFocus("nascimento");
   p.type("31022000");
-  p.press("Alt+C");
+  dropInput("cliente");
   p.expectText("nascimento", before);
 }
 
@@ -87,8 +162,7 @@ TEST_F(DeskTest, NothingIsWrittenOverAnotherUsersChange) {
   p.expectText("nome", "O que eu quis");
   EXPECT_EQ(stored("nome", "00030"), "O que o outro quis");
 
-  p.press("Esc");
-  p.press("Alt+C");
+  dropInput("cliente", "Esc");
   p.expectText("codigo", "00030");
   p.expectText("nome", "O que o outro quis");
 }
@@ -125,7 +199,24 @@ TEST_F(DeskTest, ACodeThatIsTakenIsRefused) {
   p.expectBox(QStringLiteral("O código 00005 já é do cliente %1.").arg(owner));
   p.press("Alt+S");
   p.expectFocus("codigo");
-  p.press("Esc");
+  dropInput("cliente", "Esc");
+}
+
+TEST_F(DeskTest, ARefusedCpfBringsItsTabToTheFront) {
+  Player& p = operatorsHands();
+  goTo("00052");
+  p.click("fisica");
+  p.press("Tab");
+  p.expectFocus("documento");
+  p.type("11144477734");
+  p.press("Alt+R");
+  const auto* document = window_->findChild<qt::TsText*>("documento");
+  ASSERT_FALSE(document->isVisible());
+  p.expectBox("O CPF não confere, Verifique Por Favor");
+  p.press("Alt+S");
+  EXPECT_TRUE(document->isVisible());
+  p.expectFocus("documento");
+  dropInput("cliente", "Esc");
 }
 
 TEST_F(DeskTest, AWrongCpfIsRefused) {
@@ -179,7 +270,7 @@ TEST_F(DeskTest, TelephonesOfBothLengthsAreLaidOut) {
   p.type("11987654321");
   p.press("Tab");
   p.expectText("telefone", "(11) 98765-4321");
-  p.press("Alt+C");
+  dropInput("cliente");
   p.expectText("telefone", "(11) 3333-4444");
 }
 
@@ -213,7 +304,7 @@ TEST_F(DeskTest, LeavingWithUnsavedInputAsks) {
   p.expectBox("O cliente não foi salvo. Sair e perder o que foi digitado?", {}, "Alt+N");
   p.press("Ctrl+Q");
   EXPECT_TRUE(window_->isVisible());
-  p.press("Esc");
+  dropInput("cliente", "Esc");
   p.press("Ctrl+Q");
   EXPECT_FALSE(window_->isVisible());
 }

@@ -134,8 +134,19 @@ TEST_F(OrderTest, NothingIsWrittenOverAnotherUsersOrder) {
   p.press("Alt+S");
   p.expectText("quantidade1", "99,00");
   EXPECT_EQ(itemsOf("000010"), before);
-  p.press("Alt+C");
+  dropInput("pedido");
   p.expectText("numero", "000010");
+}
+
+TEST_F(OrderTest, EscapePressedTwiceLosesNoOrder) {
+  Player& p = operatorsHands();
+  startOrder("707");
+  enterItem("1", "2");
+  p.expectBox(dropQuestion("pedido"), {}, "Esc");
+  p.press("Esc");
+  p.expectText("numero", "000707");
+  p.press("Alt+S");
+  EXPECT_EQ(itemsOf("000707"), "1:00001x2.00=55.80");
 }
 
 TEST_F(OrderTest, AnOrderNeedsItemsAndTheirQuantities) {
@@ -148,7 +159,7 @@ TEST_F(OrderTest, AnOrderNeedsItemsAndTheirQuantities) {
   p.expectBox("Falta a quantidade, Verifique Por Favor");
   p.press("Alt+S");
   p.expectFocus("quantidade1");
-  p.press("Alt+C");
+  dropInput("pedido");
 }
 
 TEST_F(OrderTest, DeliveryIsNotBeforeTheOrder) {
@@ -162,7 +173,7 @@ TEST_F(OrderTest, DeliveryIsNotBeforeTheOrder) {
   p.expectBox("A entrega não pode ser antes do pedido.");
   p.press("Alt+S");
   p.expectFocus("entrega");
-  p.press("Alt+C");
+  dropInput("pedido");
 }
 
 TEST_F(OrderTest, CitiesAreThoseOfTheState) {
@@ -185,7 +196,7 @@ TEST_F(OrderTest, CitiesAreThoseOfTheState) {
   p.expectBox("Cidade:  Inexistente, Verifique Por Favor");
   p.press("Tab");
   p.expectFocus("cidade");
-  p.press("Alt+C");
+  dropInput("pedido");
 }
 
 TEST_F(OrderTest, ACityBringsItsState) {
@@ -197,7 +208,7 @@ TEST_F(OrderTest, ACityBringsItsState) {
   p.expectText("nomeCidade", "Santos");
   p.expectText("uf", "SP");
   p.expectText("estado", "São Paulo");
-  p.press("Alt+C");
+  dropInput("pedido");
 }
 
 TEST_F(OrderTest, ARowOfTheListIsTaken) {
@@ -212,7 +223,7 @@ TEST_F(OrderTest, ARowOfTheListIsTaken) {
   p.press("PgDown");
   p.expectText("condicao", "03");
   p.expectText("nomeCondicao", "15 dias");
-  p.press("Alt+C");
+  dropInput("pedido");
 }
 
 TEST_F(OrderTest, DeletingTakesTheItemsAlong) {
@@ -237,7 +248,7 @@ TEST_F(OrderTest, ARefusalIsForgottenWhenItsFieldIsRight) {
   p.type("ba");
   p.press("Tab");
   expectNotice("");
-  p.press("Alt+C");
+  dropInput("pedido");
 }
 
 TEST_F(OrderTest, EachFormKeepsWhatWasTyped) {
@@ -252,7 +263,7 @@ TEST_F(OrderTest, EachFormKeepsWhatWasTyped) {
   p.expectBox("O pedido não foi salvo. Sair e perder o que foi digitado?", {}, "Alt+N");
   p.press("Ctrl+Q");
   EXPECT_TRUE(window_->isVisible());
-  p.press("Alt+C");
+  dropInput("pedido");
 }
 
 }  // namespace

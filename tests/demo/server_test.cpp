@@ -96,6 +96,14 @@ TEST_F(Program, SaysWhatIsWrongWithItsConnection) {
   EXPECT_THAT(output(), HasSubstr("Falta o driver ODBC do PostgreSQL"));
 }
 
+TEST_F(Program, TellsAWrongDataSourceFromAMissingDriver) {
+  start({"--connection", "DSN=NaoExiste"});
+  EXPECT_NE(result(), 0);
+  const std::string told = output();
+  EXPECT_THAT(told, HasSubstr("A fonte de dados ODBC indicada não existe"));
+  EXPECT_THAT(told, testing::Not(HasSubstr("Falta o driver")));
+}
+
 TEST_F(Program, StopsItsServerWhenItIsToldToEnd) {
   startDesk();
   kill(static_cast<pid_t>(process_.processId()), SIGTERM);

@@ -224,6 +224,75 @@ TEST_F(Pasting, TypedClipboardKeysWorkInAnUnmaskedField) {
   EXPECT_EQ(first_->text(), QStringLiteral("abcabc"));
 }
 
+/// Ways of a text into an unmasked field that end at its limit.
+class FullField : public FieldFixture {
+ protected:
+  /// A field of six characters that holds more already.
+  void ShowFull() {
+    first_->setMaxLength(6);
+    first_->setText(QStringLiteral("abcdefgh"));
+    show();
+    box().setSelection(1, 6);
+  }
+};
+
+TEST_F(FullField, IsFilledByTheKeyOfPasteNoFurtherThanItsLimit) {
+  ShowFull();
+  QApplication::clipboard()->setText(QStringLiteral("123456"));
+  press(*window_, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(first_->text(), QStringLiteral("a1234h"));
+  press(*window_, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(first_->text(), QStringLiteral("a1234h"));
+}
+
+TEST_F(FullField, TakesWhatAnInputMethodCommitsAsFarAsThereIsRoom) {
+  ShowFull();
+  commit(*window_, QStringLiteral("日本語日本語"));
+  EXPECT_EQ(first_->text(), QStringLiteral("a日本語日h"));
+  commit(*window_, QStringLiteral("日"));
+  EXPECT_EQ(first_->text(), QStringLiteral("a日本語日h"));
+}
+
+TEST_F(FullField, TakesADropAsFarAsThereIsRoom) {
+  first_->setMaxLength(6);
+  first_->setText(QStringLiteral("abcd"));
+  show();
+  std::vector<int> ups;
+  QObject::connect(first_, &TsText::keyUp, [&](qint16& code) { ups.push_back(code); });
+  drop(box(), QStringLiteral("1234"), 0);
+  EXPECT_EQ(first_->text(), QStringLiteral("12abcd"));
+  EXPECT_THAT(ups, testing::ElementsAre(0));
+  drop(box(), QStringLiteral("5"), 0);
+  EXPECT_EQ(first_->text(), QStringLiteral("12abcd"));
+}
+
+TEST_F(FullField, TakesTheMiddleButtonsTextAsFarAsThereIsRoom) {
+  if (!QApplication::clipboard()->supportsSelection())
+    GTEST_SKIP() << "this platform has no selection clipboard";
+  first_->setMaxLength(6);
+  first_->setText(QStringLiteral("abcd"));
+  show();
+  QApplication::clipboard()->setText(QStringLiteral("1234"), QClipboard::Selection);
+  QTest::mouseClick(&box(), Qt::MiddleButton, {}, QPoint(2, box().height() / 2));
+  EXPECT_EQ(first_->text(), QStringLiteral("12abcd"));
+}
+
+TEST_F(FullField, TakesBackATextThatGoesAroundTheKeysAndHasNoRoom) {
+  ShowFull();
+  static_cast<QLineEdit&>(box()).QLineEdit::setText(QStringLiteral("123456789"));
+  EXPECT_EQ(first_->text(), QStringLiteral("abcdefgh"));
+  static_cast<QLineEdit&>(box()).QLineEdit::setText(QStringLiteral("123456"));
+  EXPECT_EQ(first_->text(), QStringLiteral("123456"));
+}
+
+TEST_F(FullField, UndoesADeletionInATextLongerThanItsLimit) {
+  ShowFull();
+  press(*window_, Qt::Key_Delete);
+  EXPECT_EQ(first_->text(), QStringLiteral("ah"));
+  press(*window_, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(first_->text(), QStringLiteral("abcdefgh"));
+}
+
 TEST_F(Pasting, TheMenuOfAMaskedFieldCopiesTheSelection) {
   first_->setMascara(QStringLiteral("00/00"));
   show();

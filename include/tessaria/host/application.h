@@ -17,6 +17,7 @@ inline constexpr Long YesNo = 4;
 inline constexpr Long Stop = 16;
 inline constexpr Long Question = 32;
 inline constexpr Long Exclamation = 48;
+inline constexpr Long DefaultNo = 256;  ///< with YesNo: Enter answers no
 }  // namespace box
 
 /// Answers of a message box.
