@@ -170,7 +170,7 @@ TEST_F(Rivals, LoseNoUpdate) {
   std::vector<Session> sessions;
   for (std::size_t i = 0; i < kSessions; ++i) sessions.emplace_back(random);
   Ledger ledger;
-  const long long acts = Amount(3000, 300'000);
+  const long long acts = Amount(2000, 300'000);
   for (long long i = 1; i <= acts; ++i) {
     sessions[random.Below(kSessions)].Act(ledger);
     if (i % 500 == 0) Compare(ledger);
