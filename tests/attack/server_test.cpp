@@ -14,6 +14,7 @@
 #include "hosts/qt/text.h"
 #include "hosts/qt/tstext.h"
 #include "runtime/conversion.h"
+#include "runtime/text.h"
 #include "tests/attack/run.h"
 #include "tests/qt/operator.h"
 #include "tests/qt/watched_connection.h"
@@ -92,6 +93,7 @@ class Desk {
   bool Fill(const char* name, const QString& text) {
     TsText& field = Field(name);
     if (!Enter(field)) return false;
+    typed_.erase(field.txtIrmao());
     typed_[s(name)] = essence(text);
     qt::tests::editOf(field)->selectAll();
     qt::tests::type(*window_, text);
@@ -303,7 +305,15 @@ class Server : public testing::Test {
         u" (codigo, nome, cidade, limite, nascimento, observacao) = ('00003', 'José Araújo',"
         u" '00010', 1234.56, '2001-12-25', 'pagou adiantado')");
     if (right != 2 || Ask(u"select count(*)::int from clientes") != 2)
-      Fault("the rows at the end are not those of the session", where_);
+      Fault("the rows at the end are not those of the session", where_ + Rows());
+  }
+
+  static std::string Rows() {
+    const auto rows = Open()->Execute(u"select clientes::text from clientes order by id");
+    std::string told;
+    for (; !rows->Eof(); rows->MoveNext())
+      told += "\n    " + ToUtf8(CStr(rows->Fields().Item(0)->Value()));
+    return told;
   }
 
   std::string where_;

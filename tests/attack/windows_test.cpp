@@ -56,8 +56,8 @@ class Life {
   Life& operator=(const Life&) = delete;
 
   void Run() {
-    isBuilt_ = true;
     window_->show();
+    isShown_ = true;
     window_->activateWindow();
     qt::tests::settleEvents();
     for (int i = 0; i < kSteps && window_; ++i) Work();
@@ -87,9 +87,7 @@ class Life {
     const auto close = [this] { Close(); };
     switch (random_.Below(6)) {
       case 0:
-        // Qt itself needs the window until it is shown.
-        return static_cast<void>(
-            QObject::connect(&field, &TsText::shown, qApp, [this] { window_->close(); }));
+        return static_cast<void>(QObject::connect(&field, &TsText::shown, qApp, close));
       case 1:
         return static_cast<void>(QObject::connect(&field, &TsText::changed, qApp, close));
       case 2:
@@ -102,15 +100,28 @@ class Life {
         return static_cast<void>(QObject::connect(&field, &TsText::browseReturn, qApp, close));
     }
   }
-  void Close() { delete window_; }
+  // Qt itself needs the window until it is shown.
+  void Close() {
+    if (isShown_) {
+      delete window_;
+    } else if (window_) {
+      window_->close();
+    }
+  }
 
   // Closes the modal window in front, and what lies under it when that is the moment.
   void WorkModal() {
     const QPointer<QWidget> modal(QApplication::activeModalWidget());
     if (!modal) return;
-    if (moment_ == Moment::InTheModalWindow && isBuilt_) Close();
+    if (moment_ == Moment::InTheModalWindow && isShown_) Close();
     if (modal) modal->close();
     if (modal && modal->isVisible()) qt::tests::press(*modal, Qt::Key_Return);
+  }
+
+  // As a dead key delivers it, where the window may go under the key.
+  void Enter(const QString& character) {
+    if (moment_ == Moment::Afterwards) return qt::tests::type(*window_, character);
+    if (window_->focusWidget()) qt::tests::commit(*window_, character);
   }
 
   void Work() {
@@ -126,7 +137,7 @@ class Life {
       case 4:
         return AnyField().setValue(qt::toQt(String(1, RandomCharacter(random_))));
       default:
-        return qt::tests::type(*window_, qt::toQt(String(1, RandomCharacter(random_))));
+        return Enter(qt::toQt(String(1, RandomCharacter(random_))));
     }
   }
 
@@ -135,7 +146,7 @@ class Life {
   std::shared_ptr<memory::Connection> connection_;
   QPointer<QWidget> window_ = new QWidget;
   QTimer modals_;
-  bool isBuilt_ = false;
+  bool isShown_ = false;
 };
 
 TEST(Windows, MayBeDestroyedAtAnyMomentAndLeaveNothingBehind) {
