@@ -67,7 +67,7 @@ T ToInteger(const Variant& value) {
 }
 
 // The digits that the exact kinds take over.
-Digits ExactDigits(const Variant& value) {
+Digits RequireDigits(const Variant& value) {
   RequireNotNull(value);
   if (const auto* text = value.TryGet<String>()) return RequireNumber(*text).Value;
   return DigitsOf(value);
@@ -133,10 +133,10 @@ Currency CCur(const Variant& value) {
   if (const auto* number = value.TryGet<double>()) {
     return {ToWhole(ShortestDigits(*number), kDecimals)};
   }
-  return {ToWhole(ExactDigits(value), kDecimals)};
+  return {ToWhole(RequireDigits(value), kDecimals)};
 }
 
-Decimal CDec(const Variant& value) { return ToDecimal(ExactDigits(value)); }
+Decimal CDec(const Variant& value) { return ToDecimal(RequireDigits(value)); }
 
 bool IsNumeric(const Variant& value) {
   if (const auto* text = value.TryGet<String>()) {

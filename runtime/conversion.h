@@ -71,4 +71,11 @@ String DecimalText(const Decimal& value);
 /// even. Error 13 for anything else, 6 above 96 bits.
 Decimal DecimalFromText(StringView text);
 
+/// As CDec, but a Double or Single gives as many digits as tell it from its neighbours: nothing of
+/// the whole part of a large one is lost.
+Decimal ExactDecimal(const Variant& value);
+/// Whether two numbers have the same digits, read as `ExactDecimal` reads them, however many
+/// there are. Error 13 for what is no number, 6 for infinity.
+bool IsSameNumber(const Variant& a, const Variant& b);
+
 }  // namespace tessaria

@@ -37,6 +37,15 @@ void RequireFinite(double value) {
   if (!std::isfinite(value)) throw HostError(errors::Overflow);
 }
 
+template <class Float>
+Digits Shortest(Float value) {
+  RequireFinite(value);
+  std::array<char, 64> buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                 std::chars_format::scientific);
+  return FromScientific({buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data())});
+}
+
 bool RoundsUp(const Digits& value, std::size_t keep, Halves halves) {
   const char first = value.Text[keep];
   if (first != '5') return first > '5';
@@ -126,13 +135,9 @@ Digits DigitsOf(double value, int significant) {
   return FromScientific({buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data())});
 }
 
-Digits ShortestDigits(double value) {
-  RequireFinite(value);
-  std::array<char, 64> buffer;
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                 std::chars_format::scientific);
-  return FromScientific({buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data())});
-}
+Digits ShortestDigits(double value) { return Shortest(value); }
+
+Digits ShortestDigits(float value) { return Shortest(value); }
 
 Digits DigitsOf(const Decimal& value) {
   Digits result;
@@ -225,6 +230,14 @@ Decimal ToDecimal(const Digits& value) {
     }
   }
   throw HostError(errors::Overflow);
+}
+
+std::optional<Decimal> TryToDecimal(const Digits& value) {
+  Digits plain = value;
+  plain.DropTrailingZeros();
+  Decimal result;
+  if (plain.Scale() > kLargestScale || !FillMagnitude(plain, plain.Scale(), result)) return {};
+  return ToDecimal(value);
 }
 
 std::int64_t ToWhole(const Digits& value, int decimals) {

@@ -33,9 +33,13 @@ inline constexpr int kSingleDigits = 7;
 Digits DigitsOf(double value, int significant = kDoubleDigits);
 /// As many digits as tell the value from its neighbours. Error 6 as above.
 Digits ShortestDigits(double value);
+Digits ShortestDigits(float value);
 Digits DigitsOf(const Decimal& value);
 /// Of any kind that holds a number, of Empty (0) and of a date (its days).
 Digits DigitsOf(const Variant& value);
+/// The same, but of a Double or Single as many digits as tell it from its neighbours, and of a
+/// text the number that `CDec` reads. Error 13 for a text that is no number, 6 for infinity.
+Digits ExactDigits(const Variant& value);
 /// value divided by ten to the power of `scale`.
 Digits DigitsOf(std::int64_t value, int scale = 0);
 
@@ -47,6 +51,8 @@ Digits Rounded(Digits value, int decimals, Halves halves);
 std::optional<double> TryToDouble(const Digits& value);
 /// Error 6 when out of range.
 double ToDouble(const Digits& value);
+/// Nothing when 96 bits do not hold all digits.
+std::optional<Decimal> TryToDecimal(const Digits& value);
 /// Error 6 when out of range. Decimals that do not fit are rounded, halves to even.
 Decimal ToDecimal(const Digits& value);
 /// The count of units of ten to the power of -decimals, halves to even. Error 6 when it does

@@ -71,6 +71,9 @@ constexpr Entry kDescriptions[] = {
      u"O item não pode ser encontrado na coleção correspondente ao nome ou ordinal solicitado."},
     {errors::ObjectClosed, u"A operação não é permitida quando o objeto está fechado."},
     {3705, u"A operação não é permitida quando o objeto está aberto."},
+    {errors::WriteInDoubt,
+     u"O registro pode ter sido gravado ou não: a conexão com o servidor caiu antes da resposta. "
+     u"Confira antes de gravar outra vez."},
     {errors::InvalidConnection,
      u"A conexão não pode ser usada para executar esta operação. Ela está fechada ou é inválida "
      u"neste contexto."},

@@ -1,4 +1,4 @@
-// Texts of the exact kinds, for the data layer.
+// Exact numbers for the data layer: their texts, and values with all their digits.
 #include <algorithm>
 
 #include "runtime/conversion.h"
@@ -25,6 +25,22 @@ Decimal DecimalFromText(StringView text) {
   value.Point = static_cast<int>(point);
   value.DropLeadingZeros();
   return ToDecimal(value);
+}
+
+Digits ExactDigits(const Variant& value) {
+  if (const auto* number = value.TryGet<double>()) return ShortestDigits(*number);
+  if (const auto* number = value.TryGet<float>()) return ShortestDigits(*number);
+  const auto* text = value.TryGet<String>();
+  if (text == nullptr) return DigitsOf(value);
+  const auto number = ReadNumber(*text);
+  if (!number) throw HostError(errors::TypeMismatch);
+  return number->Value;
+}
+
+Decimal ExactDecimal(const Variant& value) { return ToDecimal(ExactDigits(value)); }
+
+bool IsSameNumber(const Variant& a, const Variant& b) {
+  return Order(ExactDigits(a), ExactDigits(b)) == 0;
 }
 
 }  // namespace tessaria

@@ -140,6 +140,14 @@ std::optional<NumberText> ReadNumber(StringView text) {
   return bare.starts_with(u'&') ? ReadBits(bare) : NumberReader(bare).Read();
 }
 
+std::optional<Digits> ReadCriterionNumber(StringView text) {
+  const bool isPlain = text.find_first_not_of(u"+-0123456789.eE") == StringView::npos &&
+                       std::count(text.begin(), text.end(), u'.') <= 1;
+  const auto number = ReadNumber(isPlain ? Replace(text, u".", u",") : String(text));
+  if (!number) return std::nullopt;
+  return number->Value;
+}
+
 bool IsWhite(char16_t c) { return c == u' ' || (c >= u'\t' && c <= u'\r'); }
 
 bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }

@@ -20,6 +20,10 @@ struct NumberText {
 /// whole part, one comma, an exponent behind E or D.
 std::optional<NumberText> ReadNumber(StringView text);
 
+/// The number of a criterion: with a point for decimals when it is plain ("12.5", "1E-05"), as a
+/// statement has it, else as above ("12,5", "1.234,50").
+std::optional<Digits> ReadCriterionNumber(StringView text);
+
 /// Blank, tab or line end.
 bool IsWhite(char16_t c);
 bool IsDigit(char16_t c);

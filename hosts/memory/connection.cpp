@@ -14,6 +14,7 @@ constexpr Long kTransactionOpen = -2147168237;
 constexpr Long kNoTransaction = -2147168242;
 constexpr Long kObjectOpen = 3705;
 constexpr Long kInvalidArgument = 3001;
+constexpr StringView kLineLost = u"A conexão com o servidor foi perdida.";
 
 std::vector<Table::Stored> Numbered(std::vector<Row> cells, const std::vector<Column>& columns) {
   return Table(columns, std::move(cells)).Rows();
@@ -63,7 +64,7 @@ class StatementRows final : public RowSource {
       : connection_(std::move(connection)), statement_(std::move(statement)), writable_(writable) {}
 
   Answer Run() override { return connection_->Run(statement_, writable_); }
-  void CheckConnection() const override { connection_->RequireOpen(); }
+  void Write(const std::function<void()>& change) override { connection_->Write(change); }
 
  private:
   std::shared_ptr<Connection> connection_;
@@ -79,7 +80,7 @@ class SchemaRows final : public RowSource {
       : connection_(std::move(connection)), kind_(kind), restrictions_(std::move(restrictions)) {}
 
   Answer Run() override { return connection_->Schema(kind_, restrictions_); }
-  void CheckConnection() const override { connection_->RequireOpen(); }
+  void Write(const std::function<void()>& change) override { connection_->Write(change); }
 
  private:
   std::shared_ptr<Connection> connection_;
@@ -150,7 +151,7 @@ void Connection::RequireOpen() {
   if (!open_) throw HostError(errors::InvalidConnection);
   if (!dropped_) return;
   open_ = false;
-  throw HostError(errors::ProviderError, u"A conexão com o servidor foi perdida.");
+  throw HostError(errors::ProviderError, String(kLineLost));
 }
 
 void Connection::RaiseFault() {
@@ -158,6 +159,18 @@ void Connection::RaiseFault() {
   const HostError error = faults_.front();
   faults_.pop_front();
   throw error;
+}
+
+void Connection::Write(const std::function<void()>& change) {
+  RequireOpen();
+  const auto stored = std::exchange(lostAnswer_, std::nullopt);
+  if (!stored || *stored) change();
+  if (!stored) return;
+  const bool isUndone = savedTables_.has_value();
+  if (isUndone) RollbackTrans();
+  open_ = false;
+  if (!isUndone) throw HostError(errors::WriteInDoubt);
+  throw HostError(errors::ProviderError, String(kLineLost));
 }
 
 Variant Connection::Properties(const String& name) const {
@@ -272,7 +285,12 @@ RowSource::Answer Connection::TableRows(const String& statement, bool writable) 
     throw HostError(errors::ProviderError, u"O servidor não conhece: " + statement);
   }
   const TablePtr& rows = table->second.Rows;
-  return {rows->Columns(), rows->Rows(), writable ? rows : nullptr};
+  if (!writable) return {rows->Columns(), rows->Rows(), nullptr};
+  std::vector<std::size_t> key;
+  for (const String& name : table->second.Key) {
+    if (const auto column = ColumnByName(rows->Columns(), name)) key.push_back(*column);
+  }
+  return {rows->Columns(), rows->Rows(), rows, std::move(key)};
 }
 
 void Connection::BeginTrans() {

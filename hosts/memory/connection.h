@@ -60,6 +60,10 @@ class Connection final : public host::Connection, public std::enable_shared_from
   void FailNext(HostError error) { faults_.push_back(std::move(error)); }
   /// The line breaks: what comes next finds the connection closed.
   void Drop() { dropped_ = true; }
+  /// The line breaks with the next write of a record set, before (`stored` false) or after the
+  /// table has taken it; the writer gets error -2147217663. Inside a transaction all is undone
+  /// and the error is the provider's.
+  void LoseNextAnswer(bool stored) { lostAnswer_ = stored; }
 
   // --- What happened -------------------------------------------------------------------------
   /// All statements and sources sent, in order.
@@ -81,6 +85,7 @@ class Connection final : public host::Connection, public std::enable_shared_from
   Connection();
   void RequireOpen();
   void RaiseFault();
+  void Write(const std::function<void()>& change);
   RowSource::Answer Run(const String& statement, bool writable);
   RowSource::Answer TableRows(const String& statement, bool writable) const;
   host::RecordsetPtr OpenRows(std::unique_ptr<RowSource> source, const String& text);
@@ -90,6 +95,7 @@ class Connection final : public host::Connection, public std::enable_shared_from
 
   bool open_ = false;
   bool dropped_ = false;
+  std::optional<bool> lostAnswer_;  ///< whether the write whose answer gets lost is stored
   Long timeout_ = 15;
   String connectionString_;
   std::map<String, Variant> properties_;  ///< by name in lower case

@@ -1,9 +1,12 @@
 #include "hosts/memory/criteria.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include "runtime/compare.h"
 #include "runtime/conversion.h"
+#include "runtime/digits.h"
+#include "runtime/number_text.h"
 #include "runtime/text.h"
 
 namespace tessaria::memory {
@@ -48,14 +51,22 @@ Variant ValueFrom(StringView text) {
   if (EqualNoCase(text, u"null")) return Variant::Null();
   if (IsQuoted(text)) return Unquoted(text);
   if (text.front() == u'#') return CDate(Unquoted(text));
-  if (!IsNumeric(String(text))) return String(text);
-  // A point is the decimal mark of a statement, a comma that of an operator.
-  return InStr(text, u",") > 0 ? CDbl(String(text)) : Val(text);
+  const auto number = ReadCriterionNumber(text);
+  return number ? Variant(ToDecimal(*number)) : Variant(String(text));
 }
 
+/// As values compare: texts without regard to case, dates to the second.
 Variant Folded(const Variant& value) {
-  const String* text = value.TryGet<String>();
-  return text != nullptr ? Variant(LCase(*text)) : value;
+  if (const String* text = value.TryGet<String>()) return LCase(*text);
+  if (const Date* date = value.TryGet<Date>()) return FromCivil(ToCivil(*date));
+  return value;
+}
+
+bool IsNumberType(Long type) {
+  static constexpr Long kTypes[] = {host::type::SmallInt, host::type::Integer,  host::type::Single,
+                                    host::type::Double,   host::type::Currency, host::type::Decimal,
+                                    host::type::TinyInt,  host::type::Numeric};
+  return std::find(std::begin(kTypes), std::end(kTypes), type) != std::end(kTypes);
 }
 
 bool IsWildcard(char16_t c) { return c == u'*' || c == u'%'; }
@@ -89,18 +100,34 @@ Criterion::Criterion(const std::vector<Column>& columns, StringView text) {
 }
 
 void Criterion::TakeValue(const Column& column, StringView text) {
-  value_ = Folded(ValueFrom(text));
+  try {
+    value_ = Folded(ValueFrom(text));
+  } catch (const HostError&) {
+    Refuse(text);
+  }
   if (value_.IsString() && IsTextType(column.Type) && !IsQuoted(text)) Refuse(text);
   if (operator_ == Operator::Like) {
     if (!IsTextType(column.Type) || !value_.IsString()) Refuse(text);
-  } else if (value_.IsString() && !IsTextType(column.Type)) {
-    try {
-      value_ = ValueOfType(column, value_);
-    } catch (const HostError&) {
-      Refuse(text);
-    }
+  } else if (!value_.IsNull() && !IsTextType(column.Type)) {
+    TakeTyped(column, text);
   } else if (!value_.IsString() && !value_.IsNull() && IsTextType(column.Type)) {
     value_ = CStr(value_);
+  }
+}
+
+/// A number stays as exact as it is: 12.4 is no integer. A Single has fewer digits.
+void Criterion::TakeTyped(const Column& column, StringView text) {
+  const String* quoted = value_.TryGet<String>();
+  if (quoted != nullptr && IsNumberType(column.Type)) {
+    const auto number = ReadCriterionNumber(*quoted);
+    if (!number) Refuse(text);
+    value_ = ToDecimal(*number);
+  }
+  if (value_.IsNumeric() && column.Type != host::type::Single) return;
+  try {
+    value_ = Folded(ValueOfType(column, value_));
+  } catch (const HostError&) {
+    Refuse(text);
   }
 }
 
@@ -124,6 +151,8 @@ bool Criterion::Matches(const Row& row) const {
     const bool same = cell.IsNull() && value_.IsNull();
     return operator_ == Operator::Equal ? same : operator_ == Operator::NotEqual && !same;
   }
+  // A stored text that is no value of the column's type.
+  if (cell.IsString() != value_.IsString()) return operator_ == Operator::NotEqual;
   switch (operator_) {
     case Operator::Equal:
       return Equal(cell, value_);

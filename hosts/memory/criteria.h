@@ -21,6 +21,7 @@ class Criterion {
   enum class Operator { Equal, NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual, Like };
 
   void TakeValue(const Column& column, StringView text);
+  void TakeTyped(const Column& column, StringView text);
   bool MatchesPattern(const Variant& cell) const;
 
   std::size_t column_ = 0;

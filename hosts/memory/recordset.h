@@ -22,12 +22,14 @@ class RowSource {
   struct Answer {
     std::vector<Column> Columns;
     std::vector<Table::Stored> Rows;
-    TablePtr Origin;  ///< where edits go; nothing when the rows cannot be written
+    TablePtr Origin;                 ///< where edits go; nothing when the rows cannot be written
+    std::vector<std::size_t> Key{};  ///< columns by which a row is found; empty when there is none
   };
   /// Runs the statement, again for a requery.
   virtual Answer Run() = 0;
-  /// Raises an error when nothing can be written now.
-  virtual void CheckConnection() const = 0;
+  /// Runs what changes the table. Raises an error ahead of it when nothing can be written now,
+  /// and error -2147217663 when a test has its answer lost.
+  virtual void Write(const std::function<void()>& change) = 0;
 };
 
 class Recordset final : public host::Recordset, public std::enable_shared_from_this<Recordset> {
@@ -75,6 +77,8 @@ class Recordset final : public host::Recordset, public std::enable_shared_from_t
 
  private:
   class FieldList;
+  // Of which write to the current row the answer was lost.
+  enum class Doubt { None, Edit, Deletion };
 
   Recordset(std::unique_ptr<RowSource> rows, String source);
   void Load();
@@ -85,6 +89,12 @@ class Recordset final : public host::Recordset, public std::enable_shared_from_t
   bool IsOnRow() const;
   /// Ahead of a move: writes the pending edit.
   void Settle();
+  void Write(Doubt doubt, const std::function<void()>& change);
+  /// Finds out whether the edit in doubt was stored.
+  void SettleDoubt();
+  const Table::Stored* FindInserted() const;
+  void DropEdit();
+  void ShowNewRow(Table::Stored row);
   void ApplyOrder();
   std::ptrdiff_t Count() const { return static_cast<std::ptrdiff_t>(rows_.size()); }
   const Row& CurrentCells() const;
@@ -100,6 +110,9 @@ class Recordset final : public host::Recordset, public std::enable_shared_from_t
   bool onDeleted_ = false;       ///< the row ahead of `position_` was deleted under the cursor
   host::EditMode editMode_ = host::EditMode::None;
   Row edit_;
+  Doubt doubt_ = Doubt::None;
+  Row sent_;                      ///< the edit in doubt as it was sent
+  std::vector<std::size_t> key_;  ///< columns by which a new row is found
   std::unique_ptr<FieldList> fields_;
 };
 

@@ -38,7 +38,7 @@ Variant NumberOrDateOf(Long type, const Variant& value) {
       return CCur(value);
     case host::type::Decimal:
     case host::type::Numeric:
-      return CDec(value);
+      return ExactDecimal(value);
     case host::type::Boolean:
       return CBool(value);
     case host::type::Date:
@@ -49,6 +49,12 @@ Variant NumberOrDateOf(Long type, const Variant& value) {
     default:
       return value;
   }
+}
+
+/// Whether a text stays as it is stored.
+bool IsKeptText(const Variant& stored, const Variant& value) {
+  const auto* text = stored.TryGet<String>();
+  return text != nullptr && value.IsString() && *text == *value.TryGet<String>();
 }
 
 }  // namespace
@@ -98,7 +104,11 @@ Table::Stored Table::Insert(Row cells) {
 Table::Stored Table::Update(Long id, Long version, Row cells) {
   CheckWrite();
   const auto row = Unchanged(id, version);
-  row->Cells = Typed(std::move(cells));
+  cells.resize(columns_.size(), Variant::Null());
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (!IsKeptText(row->Cells[i], cells[i])) cells[i] = ValueOfType(columns_[i], cells[i]);
+  }
+  row->Cells = std::move(cells);
   ++row->Version;
   return *row;
 }
@@ -126,10 +136,29 @@ void Table::CheckField(const String& column) const {
 
 void Table::Append(Row cells) { rows_.push_back({++lastId_, 0, Typed(std::move(cells))}); }
 
+const Table::Stored* Table::Find(Long id) const {
+  const auto row =
+      std::find_if(rows_.begin(), rows_.end(), [id](const Stored& r) { return r.Id == id; });
+  return row == rows_.end() ? nullptr : &*row;
+}
+
 void Table::Change(std::size_t row, const String& column, const Variant& value) {
-  const auto at = ColumnByName(columns_, column);
+  const auto at = RequireColumn(column);
+  Put(row, at, ValueOfType(columns_[at], value));
+}
+
+void Table::KeepText(std::size_t row, const String& column, const String& text) {
+  Put(row, RequireColumn(column), text);
+}
+
+std::size_t Table::RequireColumn(const String& name) const {
+  const auto at = ColumnByName(columns_, name);
   if (!at) throw HostError(errors::ItemNotFound);
-  rows_.at(row).Cells[*at] = ValueOfType(columns_[*at], value);
+  return *at;
+}
+
+void Table::Put(std::size_t row, std::size_t column, Variant value) {
+  rows_.at(row).Cells[column] = std::move(value);
   ++rows_[row].Version;
 }
 

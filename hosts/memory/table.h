@@ -69,8 +69,13 @@ class Table {
   /// Raises the error that the column was told to raise.
   void CheckField(const String& column) const;
 
+  /// The row of that number; nullptr when there is none.
+  const Stored* Find(Long id) const;
+
   // --- What another user does; rows count from 0.
   void Append(Row cells);
+  /// Stores a text that the column's type does not take ("infinity" as a date), as it stands.
+  void KeepText(std::size_t row, const String& column, const String& text);
   void Change(std::size_t row, const String& column, const Variant& value);
   void Remove(std::size_t row);
 
@@ -82,6 +87,8 @@ class Table {
  private:
   void CheckWrite();
   Row Typed(Row cells) const;
+  std::size_t RequireColumn(const String& name) const;
+  void Put(std::size_t row, std::size_t column, Variant value);
   std::vector<Stored>::iterator Unchanged(Long id, Long version);
 
   std::vector<Column> columns_;

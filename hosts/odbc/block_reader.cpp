@@ -75,17 +75,30 @@ T CellAs(const char* cell) {
   return value;
 }
 
-// yyyy-mm-dd[ hh:mm:ss[.f]]; anything else is Null.
-void AppendDate(ColumnStore& store, std::size_t column, StringView text, bool withTime) {
+void AppendMoney(ColumnStore& store, std::size_t column, StringView text) {
+  const auto money = MoneyFromText(text);
+  money ? store.AppendFixed(column, *money) : store.AppendKept(column, PlainMoneyText(text));
+}
+
+void AppendDay(ColumnStore& store, std::size_t column, StringView text) {
+  const auto day = DayOfText(text);
+  day ? store.AppendFixed(column, *day) : store.AppendKept(column, text);
+}
+
+// yyyy-mm-dd[ hh:mm:ss[.f]]
+void AppendMoment(ColumnStore& store, std::size_t column, StringView text) {
   const auto day = DayOfText(text.substr(0, kDayCharacters));
-  if (!day) {
-    store.AppendNull(column);
-  } else if (withTime) {
-    const StringView time = text.substr(std::min(kDayCharacters + 1, text.size()));
-    store.AppendFixed(column, *day * kMicrosPerDay + MicrosOfTime(time));
+  const auto micros = MicrosOfTime(text.substr(std::min(kDayCharacters + 1, text.size())));
+  if (day && micros) {
+    store.AppendFixed(column, *day * kMicrosPerDay + *micros);
   } else {
-    store.AppendFixed(column, *day);
+    store.AppendKept(column, text);
   }
+}
+
+void AppendTime(ColumnStore& store, std::size_t column, StringView text) {
+  const auto micros = MicrosOfTime(text);
+  micros ? store.AppendFixed(column, *micros) : store.AppendKept(column, text);
 }
 
 void AppendFixedCell(ColumnStore& store, std::size_t column, SQLSMALLINT type, const char* cell) {
@@ -120,7 +133,9 @@ BlockReader::Buffer BlockReader::BufferFor(const Column& column, bool rereads) {
     std::size_t characters = kNumberCharacters;
     if (column.storage == Storage::Text) {
       characters = static_cast<std::size_t>(column.definedSize);
-      if (rereads) characters = std::min(std::max<std::size_t>(characters, 1), kBoundCharacters);
+      if (rereads && (characters == 0 || characters > kBoundCharacters)) {
+        characters = kBoundCharacters;
+      }
     }
     buffer.width = (characters + 1) * sizeof(char16_t);
   }
@@ -244,13 +259,13 @@ void BlockReader::AppendText(ColumnStore& store, std::size_t column, StringView 
   const Buffer& buffer = buffers_[column];
   switch (buffer.storage) {
     case Storage::Money:
-      return store.AppendFixed(column, MoneyFromText(text));
+      return AppendMoney(store, column, text);
     case Storage::Day:
-      return AppendDate(store, column, text, false);
+      return AppendDay(store, column, text);
     case Storage::Moment:
-      return AppendDate(store, column, text, true);
+      return AppendMoment(store, column, text);
     case Storage::TimeOfDay:
-      return store.AppendFixed(column, MicrosOfTime(text));
+      return AppendTime(store, column, text);
     default:
       if (buffer.lowerCase) return store.AppendText(column, LCase(text));
       return store.AppendText(column, buffer.padded ? WithoutPadding(text) : text);

@@ -17,6 +17,8 @@ std::optional<std::int32_t> DayNumber(int year, int month, int day) {
 }
 
 std::optional<std::int32_t> DayOfText(StringView text) {
+  constexpr std::size_t kLongest = 10;
+  if (text.size() > kLongest) return std::nullopt;
   int fields[3] = {0, 0, 0};
   std::size_t field = 0;
   for (const char16_t c : text) {
@@ -29,13 +31,15 @@ std::optional<std::int32_t> DayOfText(StringView text) {
   return DayNumber(fields[0], fields[1], fields[2]);
 }
 
-std::int64_t MicrosOfTime(StringView text) {
+std::optional<std::int64_t> MicrosOfTime(StringView text) {
+  constexpr std::size_t kLongest = 18;  // with nine decimals
+  if (text.size() > kLongest) return std::nullopt;
   std::int64_t fields[4] = {0, 0, 0, 0};  // the last one counts microseconds
   std::size_t field = 0;
   std::int64_t unit = kMicrosPerSecond / 10;
   for (const char16_t c : text) {
     if (c < u'0' || c > u'9') {
-      if (++field > 3) break;
+      if (c != (field < 2 ? u':' : u'.') || ++field > 3) return std::nullopt;
     } else if (field < 3) {
       fields[field] = fields[field] * 10 + (c - u'0');
     } else {
@@ -43,11 +47,14 @@ std::int64_t MicrosOfTime(StringView text) {
       unit /= 10;
     }
   }
-  return ((fields[0] * 60 + fields[1]) * 60 + fields[2]) * kMicrosPerSecond + fields[3];
+  const std::int64_t seconds = (fields[0] * 60 + fields[1]) * 60 + fields[2];
+  if (seconds >= kSecondsPerDay) return std::nullopt;
+  return seconds * kMicrosPerSecond + fields[3];
 }
 
 Date DateOf(std::int64_t day, std::int64_t micros) {
-  const double fraction = static_cast<double>(micros) / static_cast<double>(kMicrosPerDay);
+  const double fraction =
+      static_cast<double>(micros / kMicrosPerSecond) / static_cast<double>(kSecondsPerDay);
   // Before the first day the fraction still counts forward from midnight.
   const double days = static_cast<double>(day);
   return Date{day < 0 ? days - fraction : days + fraction};

@@ -6,6 +6,8 @@
 #include "hosts/odbc/calendar.h"
 #include "hosts/odbc/money.h"
 #include "runtime/conversion.h"
+#include "runtime/digits.h"
+#include "runtime/number_text.h"
 #include "runtime/text.h"
 #include "tessaria/error.h"
 #include "tessaria/host/data.h"
@@ -20,12 +22,22 @@ String ShortestText(T number) {
   return FromUtf8({buffer, static_cast<std::size_t>(end - buffer)});
 }
 
-Variant NumberValue(std::string_view text) {
-  try {
-    return DecimalFromText(FromUtf8(text));
-  } catch (const HostError&) {  // more digits than a Decimal has, or "NaN"
-    return std::strtod(std::string(text).c_str(), nullptr);
-  }
+// With the comma that a number has for the operator.
+Variant NumberValue(std::string_view stored) {
+  const String text = Replace(FromUtf8(stored), u".", u",");
+  const auto number = ReadNumber(text);
+  const auto decimal = number ? TryToDecimal(number->Value) : std::nullopt;
+  return decimal ? Variant(*decimal) : Variant(text);
+}
+
+template <class Float>
+Variant FloatValue(Float number) {
+  if (std::isfinite(number)) return number;
+  return std::isnan(number) ? u"NaN" : number > 0 ? u"Infinity" : u"-Infinity";
+}
+
+Variant KeptValue(const Column& column, std::string_view text) {
+  return column.storage == Storage::Money ? NumberValue(text) : Variant(FromUtf8(text));
 }
 
 Decimal DecimalOf(std::int64_t value) {
@@ -38,31 +50,21 @@ Decimal DecimalOf(std::int64_t value) {
   return decimal;
 }
 
-// Without zeros behind the last decimal, so that 1.50 and 1.5 have one text.
-String PlainText(const Decimal& decimal) {
-  String text = DecimalText(decimal);
-  if (decimal.Scale == 0) return text;
-  text.resize(text.find_last_not_of(u'0') + 1);
-  if (text.back() == u'.') text.pop_back();
-  return text;
-}
-
 bool IsBlankValue(const Variant& value) {
   if (value.IsEmpty() || value.IsMissing()) return true;
   const String* text = value.TryGet<String>();
   return text != nullptr && Trim(*text).empty();
 }
 
-// The number without its decimals: DecimalText has a point only when there are any.
-std::int64_t Int64Of(const Variant& value) {
-  const double rounded = std::nearbyint(CDbl(value));
-  const std::string text = ToUtf8(DecimalText(CDec(value)));
-  std::int64_t exact = 0;
-  const auto end = text.data() + text.size();
-  const auto read = std::from_chars(text.data(), end, exact);
-  if (read.ec == std::errc() && read.ptr == end) return exact;
-  if (std::abs(rounded) >= 9.2e18) throw HostError(errors::Overflow);
-  return static_cast<std::int64_t>(rounded);
+std::int64_t Int64Of(const Variant& value) { return ToWhole(ExactDigits(value)); }
+
+Variant MoneyFor(const Variant& value) {
+  try {
+    return CCur(value);
+  } catch (const HostError& error) {
+    if (error.Number() != errors::Overflow) throw;
+    return ExactDecimal(value);
+  }
 }
 
 Variant DateFor(const Column& column, const Variant& value) {
@@ -74,18 +76,21 @@ Variant DateFor(const Column& column, const Variant& value) {
 
 const Date& DateIn(const Variant& value) { return *value.TryGet<Date>(); }
 
-std::int64_t MoneyIn(const Variant& value) { return value.TryGet<Currency>()->TenThousandths; }
+String DecimalTextOf(const Variant& value) { return DecimalText(*value.TryGet<Decimal>()); }
 
-String NumberText(const Variant& value) {
-  if (const auto* decimal = value.TryGet<Decimal>()) return DecimalText(*decimal);
-  return ShortestText(CDbl(value));
+String MoneyTextOf(const Variant& value) {
+  const auto* money = value.TryGet<Currency>();
+  return money != nullptr ? MoneyText(money->TenThousandths) : DecimalTextOf(value);
 }
+
+bool IsFloat(const Variant& value) { return value.TryGet<double>() || value.TryGet<float>(); }
 
 }  // namespace
 
 Variant CellValue(const ColumnStore& store, const Columns& columns, std::uint32_t row,
                   std::size_t column) {
   if (store.IsNull(row, column)) return Variant::Null();
+  if (const auto kept = store.KeptText(row, column)) return KeptValue(columns[column], *kept);
   switch (columns[column].storage) {
     case Storage::Int16:
       return store.Fixed<std::int16_t>(row, column);
@@ -94,9 +99,9 @@ Variant CellValue(const ColumnStore& store, const Columns& columns, std::uint32_
     case Storage::Int64:
       return DecimalOf(store.Fixed<std::int64_t>(row, column));
     case Storage::Single:
-      return store.Fixed<float>(row, column);
+      return FloatValue(store.Fixed<float>(row, column));
     case Storage::Double:
-      return store.Fixed<double>(row, column);
+      return FloatValue(store.Fixed<double>(row, column));
     case Storage::Boolean:
       return store.Fixed<std::uint8_t>(row, column) != 0;
     case Storage::Money:
@@ -135,9 +140,9 @@ Variant ConvertFor(const Column& column, const Variant& value) {
     case Storage::Boolean:
       return CBool(value);
     case Storage::Money:
-      return CCur(value);
+      return MoneyFor(value);
     case Storage::Number:
-      return CDec(value);
+      return ExactDecimal(value);
     default:
       return DateFor(column, value);
   }
@@ -149,18 +154,20 @@ bool IsSame(const Variant& a, const Variant& b) {
     return a.IsString() && b.IsString() && *a.TryGet<String>() == *b.TryGet<String>();
   }
   if (a.TryGet<Date>() && b.TryGet<Date>()) return MomentOf(DateIn(a)) == MomentOf(DateIn(b));
-  const auto* exactA = a.TryGet<Decimal>();
-  const auto* exactB = b.TryGet<Decimal>();
-  if (exactA && exactB) return PlainText(*exactA) == PlainText(*exactB);
-  return CDbl(a) == CDbl(b);
+  return IsFloat(a) || IsFloat(b) ? CDbl(a) == CDbl(b) : IsSameNumber(a, b);
 }
 
 String CellParameter(const ColumnStore& store, const Columns& columns, std::uint32_t row,
                      std::size_t column) {
+  if (const auto kept = store.KeptText(row, column)) return FromUtf8(*kept);
   switch (columns[column].storage) {
     case Storage::Text:
     case Storage::Number:
       return FromUtf8(store.Text(row, column));
+    case Storage::Single:
+      return ShortestText(store.Fixed<float>(row, column));
+    case Storage::Double:
+      return ShortestText(store.Fixed<double>(row, column));
     case Storage::TimeOfDay:
       return TimeText(store.Fixed<std::int64_t>(row, column));
     case Storage::Moment: {
@@ -183,11 +190,11 @@ String ValueParameter(const Column& column, const Variant& value) {
       return ShortestText(CLng(value));
     case Storage::Int64:
     case Storage::Number:
-      return NumberText(value);
+      return DecimalTextOf(value);
     case Storage::Boolean:
       return *value.TryGet<bool>() ? u"1" : u"0";
     case Storage::Money:
-      return MoneyText(MoneyIn(value));
+      return MoneyTextOf(value);
     case Storage::Text:
       return *value.TryGet<String>();
     case Storage::Day:
@@ -219,7 +226,8 @@ void AppendValue(ColumnStore& store, const Columns& columns, std::size_t column,
     case Storage::Boolean:
       return store.AppendFixed(column, static_cast<std::uint8_t>(*value.TryGet<bool>() ? 1 : 0));
     case Storage::Money:
-      return store.AppendFixed(column, MoneyIn(value));
+      if (value.TryGet<Decimal>()) return store.AppendKept(column, DecimalTextOf(value));
+      return store.AppendFixed(column, value.TryGet<Currency>()->TenThousandths);
     case Storage::Day:
       return store.AppendFixed(column, static_cast<std::int32_t>(Split(moment).day));
     case Storage::TimeOfDay:
@@ -227,7 +235,7 @@ void AppendValue(ColumnStore& store, const Columns& columns, std::size_t column,
     case Storage::Moment:
       return store.AppendFixed(column, moment);
     case Storage::Number:
-      return store.AppendText(column, NumberText(value));
+      return store.AppendText(column, DecimalTextOf(value));
     case Storage::Text:
       return store.AppendText(column, *value.TryGet<String>());
   }

@@ -45,6 +45,9 @@ constexpr TypeRule kMoneyRule = {SQL_DOUBLE, type::Currency, Storage::Money};
 
 constexpr Long kUuidLength = 36;
 constexpr Long kBigIntDigits = 19;
+// The longest text that PostgreSQL lets be declared, and more than the other databases do: what is
+// longer has no declared size.
+constexpr SQLLEN kMostSize = 10'485'760;
 
 // False when the driver does not know the attribute: without it the rows can still be read.
 bool IsAnswered(SQLRETURN result, const Statement& statement) {
@@ -142,8 +145,7 @@ Long FieldTypeOf(SQLLEN sqlType, const String& typeName, bool postgres) {
 
 Long SizeOfType(SQLLEN sqlType, SQLLEN size) {
   if (sqlType == SQL_GUID) return kUuidLength;
-  constexpr SQLLEN kMost = std::numeric_limits<Long>::max();
-  return static_cast<Long>(std::clamp<SQLLEN>(size, 0, kMost));
+  return size < 0 || size > kMostSize ? 0 : static_cast<Long>(size);
 }
 
 Columns DescribeColumns(const Statement& statement, bool postgres) {

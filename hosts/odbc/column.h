@@ -48,7 +48,8 @@ using Columns = std::vector<Column>;
 /// names are those of PostgreSQL.
 Columns DescribeColumns(const Statement& statement, bool postgres);
 
-/// The number of `host::type` for an SQL type, and the size that a field of it reports.
+/// The number of `host::type` for an SQL type, and the size that a field of it reports: 0 where
+/// none is declared.
 Long FieldTypeOf(SQLLEN sqlType, const String& typeName, bool postgres);
 Long SizeOfType(SQLLEN sqlType, SQLLEN size);
 

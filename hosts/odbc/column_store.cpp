@@ -3,6 +3,8 @@
 #include <cstring>
 #include <limits>
 
+#include "runtime/text.h"
+
 namespace tessaria::odbc {
 namespace {
 
@@ -100,7 +102,7 @@ std::size_t ColumnStore::Ends::Bytes() const {
 }
 
 ColumnStore::ColumnStore(const Columns& columns) {
-  for (const Column& column : columns) data_.push_back({WidthOf(column.storage), {}});
+  for (const Column& column : columns) data_.push_back({WidthOf(column.storage), {}, {}});
 }
 
 // The chunk that takes the next cell. A full one gives back what it reserved in vain.
@@ -129,7 +131,7 @@ void ColumnStore::AppendBytes(std::size_t column, const void* value, std::size_t
 
 void ColumnStore::AppendText(std::size_t column, std::u16string_view text) {
   Chunk& chunk = Room(data_[column]);
-  AppendUtf8(chunk.bytes, text);
+  odbc::AppendUtf8(chunk.bytes, text);
   chunk.ends.Add(chunk.bytes.size());
   if (!chunk.nulls.empty()) chunk.nulls.push_back(false);
   ++chunk.rows;
@@ -146,6 +148,35 @@ void ColumnStore::AppendNull(std::size_t column) {
     chunk.bytes.resize(chunk.bytes.size() + data.width);
   }
   ++chunk.rows;
+}
+
+void ColumnStore::AppendUtf8(std::size_t column, std::string_view text) {
+  Chunk& chunk = Room(data_[column]);
+  chunk.bytes.insert(chunk.bytes.end(), text.begin(), text.end());
+  chunk.ends.Add(chunk.bytes.size());
+  if (!chunk.nulls.empty()) chunk.nulls.push_back(false);
+  ++chunk.rows;
+}
+
+void ColumnStore::AppendKept(std::size_t column, std::u16string_view text) {
+  Data& data = data_[column];
+  const Chunk& chunk = Room(data);
+  const auto row = static_cast<std::uint32_t>(data.chunks.size() - 1) * kChunkRows + chunk.rows;
+  std::vector<char> bytes;
+  odbc::AppendUtf8(bytes, text);
+  data.kept.emplace(row, std::string(bytes.begin(), bytes.end()));
+  const std::vector<char> blank(data.width);
+  AppendBytes(column, blank.data(), blank.size());
+}
+
+void ColumnStore::AppendCell(std::size_t column, const ColumnStore& from, std::uint32_t row) {
+  if (from.IsNull(row, column)) return AppendNull(column);
+  if (const auto kept = from.KeptText(row, column)) return AppendKept(column, FromUtf8(*kept));
+  const std::size_t width = data_[column].width;
+  if (width == 0) return AppendUtf8(column, from.Text(row, column));
+  std::vector<char> cell(width);
+  from.CopyFixed(row, column, cell.data(), width);
+  AppendBytes(column, cell.data(), width);
 }
 
 void ColumnStore::EndRows(std::uint32_t rows) { rowCount_ += rows; }
@@ -172,9 +203,18 @@ std::string_view ColumnStore::Text(std::uint32_t row, std::size_t column) const 
   return {chunk.bytes.data() + start, chunk.ends.At(index) - start};
 }
 
+std::optional<std::string_view> ColumnStore::KeptText(std::uint32_t row, std::size_t column) const {
+  const auto& kept = data_[column].kept;
+  if (kept.empty()) return std::nullopt;
+  const auto text = kept.find(row);
+  if (text == kept.end()) return std::nullopt;
+  return text->second;
+}
+
 std::size_t ColumnStore::Bytes() const {
   std::size_t bytes = 0;
   for (const Data& data : data_) {
+    for (const auto& [row, text] : data.kept) bytes += sizeof row + sizeof text + text.capacity();
     for (const Chunk& chunk : data.chunks) {
       bytes += chunk.bytes.capacity() + chunk.ends.Bytes() + chunk.nulls.capacity() / 8;
     }

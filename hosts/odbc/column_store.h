@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "hosts/odbc/column.h"
@@ -28,6 +30,10 @@ class ColumnStore {
   }
   void AppendText(std::size_t column, std::u16string_view text);
   void AppendNull(std::size_t column);
+  /// A cell whose value the column's storage cannot hold, such as an infinite date.
+  void AppendKept(std::size_t column, std::u16string_view text);
+  /// The same cell as one of another store of the same columns.
+  void AppendCell(std::size_t column, const ColumnStore& from, std::uint32_t row);
   /// Counts `rows` more rows, once every column has their cells.
   void EndRows(std::uint32_t rows);
 
@@ -40,6 +46,8 @@ class ColumnStore {
   }
   /// UTF-8. Valid until the next append.
   std::string_view Text(std::uint32_t row, std::size_t column) const;
+  /// The text of a cell that was appended as kept, in UTF-8; nothing for all others.
+  std::optional<std::string_view> KeptText(std::uint32_t row, std::size_t column) const;
 
   /// Bytes held for cells.
   std::size_t Bytes() const;
@@ -73,10 +81,12 @@ class ColumnStore {
   struct Data {
     std::size_t width = 0;  // bytes of a fixed cell; 0 for text
     std::vector<Chunk> chunks;
+    std::unordered_map<std::uint32_t, std::string> kept;  // by row, mostly none
   };
 
   Chunk& Room(Data& data);
   void AppendBytes(std::size_t column, const void* value, std::size_t size);
+  void AppendUtf8(std::size_t column, std::string_view text);
   void CopyFixed(std::uint32_t row, std::size_t column, void* value, std::size_t size) const;
   const Chunk& ChunkOf(std::uint32_t row, std::size_t column) const;
 

@@ -9,7 +9,11 @@ namespace {
 // handling undoes the whole transaction when a text has a syntax error.
 // UseDeclareFetch: the driver's own cursors can end early without a diagnostic.
 // LFConversion: line ends must come back as they were stored.
-constexpr StringView kPostgresSettings = u"Protocol=7.4-0;UseDeclareFetch=0;LFConversion=0;";
+// MaxVarcharSize, MaxLongVarcharSize: the size of a text without a declared one must be no size
+// that a text can be declared with.
+constexpr StringView kPostgresSettings =
+    u"Protocol=7.4-0;UseDeclareFetch=0;LFConversion=0;MaxVarcharSize=10485761;"
+    u"MaxLongVarcharSize=0;";
 
 bool NamesOtherDriver(const String& text) {
   const String folded = LCase(text);

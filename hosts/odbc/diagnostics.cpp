@@ -71,6 +71,10 @@ bool OdbcError::IsNotSupported() const noexcept {
   return StartsWithAny(state_, kNotSupportedStates);
 }
 
+HostError InDoubt(StringView text, const HostError& loss) {
+  return {errors::WriteInDoubt, String(text) + u"\r\n" + loss.Description()};
+}
+
 Long NumberOfState(const std::string& state) {
   for (const StateRule& rule : kStateRules) {
     if (std::string_view(state).substr(0, rule.start.size()) == rule.start) return rule.number;

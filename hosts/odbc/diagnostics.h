@@ -38,6 +38,9 @@ class OdbcError : public HostError {
   std::string state_;
 };
 
+/// The error of a write whose answer was lost with the connection: `text` and the loss itself.
+HostError InDoubt(StringView text, const HostError& loss);
+
 /// The error number that callers see for an SQLSTATE.
 Long NumberOfState(const std::string& state);
 

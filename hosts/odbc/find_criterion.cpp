@@ -1,16 +1,15 @@
 #include "hosts/odbc/find_criterion.h"
 
 #include <algorithm>
-#include <cmath>
 
+#include "hosts/odbc/calendar.h"
 #include "hosts/odbc/diagnostics.h"
 #include "runtime/conversion.h"
+#include "runtime/number_text.h"
 #include "runtime/text.h"
 
 namespace tessaria::odbc {
 namespace {
-
-constexpr double kSecondsPerDay = 86400;
 
 [[noreturn]] void RefuseCriterion(const String& text) {
   throw HostError(errors::InvalidCriteria, u"Critério de pesquisa inválido: " + text);
@@ -32,22 +31,6 @@ std::size_t EndOfName(const String& text) {
 bool IsDateColumn(const Column& column) {
   return column.storage == Storage::Day || column.storage == Storage::TimeOfDay ||
          column.storage == Storage::Moment;
-}
-
-bool IsPlainNumber(StringView text) {
-  return !text.empty() && text.find_first_not_of(u"+-0123456789.eE") == StringView::npos &&
-         std::count(text.begin(), text.end(), u'.') <= 1;
-}
-
-// Dates as seconds, so that fractions of one do not count.
-double NumberOf(const Variant& value) {
-  return value.TryGet<Date>() ? std::nearbyint(CDbl(value) * kSecondsPerDay) : CDbl(value);
-}
-
-double ValueNumber(const Column& column, const String& text) {
-  if (IsDateColumn(column)) return NumberOf(CDate(text));
-  if (column.storage == Storage::Boolean) return NumberOf(CBool(text));
-  return IsPlainNumber(text) ? Val(text) : CDbl(text);
 }
 
 }  // namespace
@@ -120,10 +103,29 @@ void FindCriterion::TakeValue(const Column& column, String text) {
   if (operator_ == Operator::Like) {
     if (!isText_) throw HostError(errors::InvalidCriteria);
     pattern_.emplace(text);
-  } else if (isText_) {
+    return;
+  }
+  if (isText_) {
     value_ = text;
+  } else if (IsDateColumn(column)) {
+    moment_ = MomentOf(CDate(text));
   } else {
-    number_ = ValueNumber(column, text);
+    TakeNumber(column, text);
+  }
+}
+
+// With the digits that a value of the column shows.
+void FindCriterion::TakeNumber(const Column& column, const String& text) {
+  if (column.storage == Storage::Boolean) {
+    number_ = DigitsOf(Variant(CBool(text)));
+    return;
+  }
+  const auto digits = ReadCriterionNumber(text);
+  if (!digits) throw HostError(errors::InvalidCriteria);
+  number_ = *digits;
+  if (column.storage == Storage::Double) number_ = DigitsOf(ToDouble(number_));
+  if (column.storage == Storage::Single) {
+    number_ = DigitsOf(Variant(static_cast<float>(ToDouble(number_))));
   }
 }
 
@@ -131,35 +133,43 @@ bool FindCriterion::Matches(const RowTable& table, RowId row) const {
   const bool cellIsNull = table.IsNull(row, column_);
   if (isNull_) return operator_ == Operator::NotEqual ? !cellIsNull : cellIsNull;
   if (cellIsNull) return false;
-  if (isText_) {
-    const String text = FromUtf8(table.Text(row, column_));
-    if (pattern_) return pattern_->Matches(text);
-    if (operator_ == Operator::Equal || operator_ == Operator::NotEqual) {
-      return EqualNoCase(text, value_) == (operator_ == Operator::Equal);
-    }
-    return Holds(CompareText(text, value_));
+  if (!isText_) return Holds(Compare(table.Value(row, column_)));
+  const String text = FromUtf8(table.Text(row, column_));
+  if (pattern_) return pattern_->Matches(text);
+  if (operator_ == Operator::Equal || operator_ == Operator::NotEqual) {
+    return EqualNoCase(text, value_) == (operator_ == Operator::Equal);
   }
-  const double number = NumberOf(table.Value(row, column_));
-  return Holds(number < number_ ? -1 : number > number_ ? 1 : 0);
+  return Holds(CompareText(text, value_) <=> 0);
 }
 
-bool FindCriterion::Holds(int comparison) const {
+// Unordered for a cell that shows as text, unless that is a number.
+std::partial_ordering FindCriterion::Compare(const Variant& cell) const {
+  if (const String* text = cell.TryGet<String>()) {
+    const auto number = ReadNumber(*text);
+    if (!number) return std::partial_ordering::unordered;
+    return Order(number->Value, number_);
+  }
+  if (const Date* date = cell.TryGet<Date>()) return MomentOf(*date) <=> moment_;
+  return Order(DigitsOf(cell), number_);
+}
+
+bool FindCriterion::Holds(std::partial_ordering order) const {
   switch (operator_) {
     case Operator::NotEqual:
-      return comparison != 0;
+      return order != 0;
     case Operator::Less:
-      return comparison < 0;
+      return order < 0;
     case Operator::Greater:
-      return comparison > 0;
+      return order > 0;
     case Operator::LessOrEqual:
-      return comparison <= 0;
+      return order <= 0;
     case Operator::GreaterOrEqual:
-      return comparison >= 0;
+      return order >= 0;
     case Operator::Equal:
     case Operator::Like:
       break;
   }
-  return comparison == 0;
+  return order == 0;
 }
 
 }  // namespace tessaria::odbc

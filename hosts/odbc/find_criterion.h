@@ -1,10 +1,12 @@
 // The criterion of a seek in a record set.
 #pragma once
 
+#include <compare>
 #include <optional>
 
 #include "hosts/odbc/row_table.h"
 #include "hosts/odbc/text_order.h"
+#include "runtime/digits.h"
 
 namespace tessaria::odbc {
 
@@ -12,8 +14,9 @@ namespace tessaria::odbc {
 std::optional<std::size_t> ColumnOfName(const Columns& columns, StringView name);
 
 /// "field op value": =, <>, <, >, <=, >= or like; the value between apostrophes, between #,
-/// or bare; Null stands for an empty cell. Numbers take a point or a comma; dates are read by the
-/// Brazilian rules.
+/// or bare; Null stands for an empty cell. Numbers take a point or a comma and compare exactly, a
+/// Double by 15 significant digits, a Single by 7; dates are read by the Brazilian rules and
+/// compare to the second. A cell that shows as text and is no number matches "<>" alone.
 class FindCriterion {
  public:
   /// Errors: 3001 for a text that is no criterion, a pattern for a column that is no text and a
@@ -27,14 +30,17 @@ class FindCriterion {
 
   static std::optional<Operator> OperatorAt(const String& text, std::size_t& at);
   void TakeValue(const Column& column, String text);
-  bool Holds(int comparison) const;
+  void TakeNumber(const Column& column, const String& text);
+  std::partial_ordering Compare(const Variant& cell) const;
+  bool Holds(std::partial_ordering order) const;
 
   std::size_t column_ = 0;
   Operator operator_ = Operator::Equal;
   bool isText_ = false;
   bool isNull_ = false;
-  String value_;  // of a text column
-  double number_ = 0;
+  String value_;             // of a text column
+  Digits number_;            // of a column of numbers
+  std::int64_t moment_ = 0;  // of a column of dates
   std::optional<LikePattern> pattern_;
 };
 

@@ -1,6 +1,7 @@
 #include "hosts/odbc/money.h"
 
 #include <cstdio>
+#include <limits>
 
 #include "runtime/text.h"
 
@@ -20,16 +21,35 @@ std::size_t DecimalsOf(StringView text) {
   return digits == 3 || digits > kDecimals ? 0 : digits;
 }
 
+bool IsNegative(StringView text) { return text.find_first_of(u"-(") != StringView::npos; }
+
 }  // namespace
 
-std::int64_t MoneyFromText(StringView text) {
+std::optional<std::int64_t> MoneyFromText(StringView text) {
+  constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
   std::int64_t value = 0;
+  const auto append = [&](int digit) {
+    if (value > (kMost - digit) / 10) return false;
+    value = value * 10 + digit;
+    return true;
+  };
   for (const char16_t c : text) {
-    if (IsDigit(c)) value = value * 10 + (c - u'0');
+    if (IsDigit(c) && !append(c - u'0')) return std::nullopt;
   }
-  for (std::size_t i = DecimalsOf(text); i < kDecimals; ++i) value *= 10;
-  const bool negative = text.find_first_of(u"-(") != StringView::npos;
-  return negative ? -value : value;
+  for (std::size_t i = DecimalsOf(text); i < kDecimals; ++i) {
+    if (!append(0)) return std::nullopt;
+  }
+  return IsNegative(text) ? -value : value;
+}
+
+String PlainMoneyText(StringView text) {
+  String digits;
+  for (const char16_t c : text) {
+    if (IsDigit(c)) digits += c;
+  }
+  const std::size_t decimals = DecimalsOf(text);
+  if (decimals > 0) digits.insert(digits.size() - decimals, u".");
+  return (IsNegative(text) ? u"-" : u"") + digits;
 }
 
 String MoneyText(std::int64_t tenThousandths) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "tessaria/string.h"
 
@@ -9,8 +10,10 @@ namespace tessaria::odbc {
 
 /// Ten-thousandths of a money text in any country's style: "$1,234.50", "-R$ 1.234,50",
 /// "(12.00)". The last point or comma is the decimal mark when one or two digits follow it, or
-/// four.
-std::int64_t MoneyFromText(StringView text);
+/// four. Nothing when 64 bits do not hold it.
+std::optional<std::int64_t> MoneyFromText(StringView text);
+/// The same as a plain decimal text, however many digits there are: "-1234.50".
+String PlainMoneyText(StringView text);
 
 /// The plain decimal text: "-1234.5000".
 String MoneyText(std::int64_t tenThousandths);

@@ -42,6 +42,10 @@ OdbcRecordset::~OdbcRecordset() = default;
 // Runs the statement and stands on the first row.
 void OdbcRecordset::Run() {
   auto table = open_ ? open_() : std::make_unique<RowTable>(session_, facts_);
+  std::optional<KeyTable> key;
+  if (lock_ != host::LockType::ReadOnly && facts_.isSingleTable) {
+    key = FindKeyTable(*session_, table->TableColumns());
+  }
   writer_.reset();
   order_.reset();
   unsorted_.clear();
@@ -51,10 +55,7 @@ void OdbcRecordset::Run() {
   table_ = table->TableColumns().empty() ? nullptr : std::move(table);
   if (!table_) return;
   fields_.Provide(table_->TableColumns().size());
-  if (lock_ == host::LockType::ReadOnly || !facts_.isSingleTable) return;
-  if (auto key = FindKeyTable(*session_, table_->TableColumns())) {
-    writer_.emplace(session_, table_->TableColumns(), std::move(*key), facts_.text);
-  }
+  if (key) writer_.emplace(session_, table_->TableColumns(), std::move(*key), facts_.text);
 }
 
 RowTable& OdbcRecordset::Table() const {
@@ -69,8 +70,10 @@ Long OdbcRecordset::State() const { return table_ ? host::state::Open : host::st
 bool OdbcRecordset::HasRow(std::int64_t position) const {
   RowTable& table = Table();
   if (position < 0) return false;
-  if (order_) return position < static_cast<std::int64_t>(order_->size());
-  return table.Reach(static_cast<std::uint32_t>(position));
+  if (!order_) return table.Reach(static_cast<std::uint32_t>(position));
+  if (position < static_cast<std::int64_t>(order_->size())) return true;
+  table.RowCount();  // raises when the rows are not all there
+  return false;
 }
 
 RowId OdbcRecordset::RowAt(std::int64_t position) const {
@@ -79,8 +82,8 @@ RowId OdbcRecordset::RowAt(std::int64_t position) const {
 }
 
 std::int64_t OdbcRecordset::VisibleRows() const {
-  RowTable& table = Table();
-  return order_ ? static_cast<std::int64_t>(order_->size()) : table.RowCount();
+  const std::int64_t rows = Table().RowCount();
+  return order_ ? static_cast<std::int64_t>(order_->size()) : rows;
 }
 
 bool OdbcRecordset::StandsOnRow() const { return !onDeleted_ && HasRow(position_); }
@@ -98,7 +101,10 @@ bool OdbcRecordset::Eof() const {
 Long OdbcRecordset::RecordCount() { return static_cast<Long>(VisibleRows()); }
 
 Long OdbcRecordset::AbsolutePosition() const {
-  if (edit_ == host::EditMode::Add) return static_cast<Long>(VisibleRows()) + 1;
+  if (edit_ == host::EditMode::Add) {
+    Table().ReadRest();
+    return RowsRead() + 1;
+  }
   if (Bof()) return kPositionBof;
   return Eof() ? kPositionEof : static_cast<Long>(position_) + 1;
 }
@@ -107,6 +113,7 @@ Long OdbcRecordset::AbsolutePosition() const {
 void OdbcRecordset::MoveTo(std::int64_t position) {
   position_ = position;
   onDeleted_ = false;
+  doubt_ = Doubt::None;
 }
 
 void OdbcRecordset::MoveFirst() {
@@ -154,8 +161,15 @@ void OdbcRecordset::Find(const String& criteria) {
 
 // The rows as a list that can be reordered. Reads to the end.
 std::vector<RowId>& OdbcRecordset::Order() {
+  Table().RowCount();
+  return HeldOrder();
+}
+
+// The same, with the rows that came when the reading fails: whoever asks for others is told.
+std::vector<RowId>& OdbcRecordset::HeldOrder() {
   if (!order_) {
-    order_.emplace(Table().RowCount());
+    Table().ReadRest();
+    order_.emplace(Table().RowsRead());
     std::iota(order_->begin(), order_->end(), 0U);
   }
   return *order_;
@@ -178,13 +192,12 @@ Long OdbcRecordset::RowsRead() const {
   return static_cast<Long>(order_ ? order_->size() : table.RowsRead());
 }
 
-// Rows that were put in an order were read to the end before.
-bool OdbcRecordset::Complete() const { return Table().IsComplete() || order_; }
+bool OdbcRecordset::Complete() const { return Table().IsComplete(); }
 
 bool OdbcRecordset::FetchMore(Long rows) {
   const Long before = RowsRead();
   if (Complete() || rows < 1) return false;
-  Table().Reach(static_cast<std::uint32_t>(before + rows - 1));
+  HasRow(before + rows - 1);
   return RowsRead() > before;
 }
 
@@ -197,16 +210,19 @@ Variant OdbcRecordset::ValueAt(Long row, Long ordinal) const {
 
 void OdbcRecordset::Requery() {
   Table();
-  if (edit_ == host::EditMode::InProgress || edit_ == host::EditMode::Add) {
+  // A new row in doubt is kept, to be looked for among the rows.
+  const bool isKept = edit_ == host::EditMode::Add && doubt_ == Doubt::Edit;
+  if (edit_ != host::EditMode::None && !isKept) {
     throw HostError(errors::EditPending, u"Há uma edição pendente no registro atual.");
   }
   Run();
+  doubt_ = Doubt::None;
+  sent_.clear();
 }
 
 void OdbcRecordset::Close() {
   Table();
-  edit_ = host::EditMode::None;
-  changes_.clear();
+  DropEdit();
   writer_.reset();
   table_.reset();
 }

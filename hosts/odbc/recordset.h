@@ -104,6 +104,9 @@ class OdbcRecordset final : public host::Recordset,
   void FieldValue(std::size_t column, const Variant& value);
 
  private:
+  // Of which write to the current row the answer was lost.
+  enum class Doubt { None, Edit, Deletion };
+
   // A row number that stands before the first row.
   static constexpr std::int64_t kBof = -1;
 
@@ -114,10 +117,17 @@ class OdbcRecordset final : public host::Recordset,
   RowId RowAt(std::int64_t position) const;
   std::int64_t VisibleRows() const;
   std::vector<RowId>& Order();
+  std::vector<RowId>& HeldOrder();
   void MoveTo(std::int64_t position);
   void RequireUpdatable() const;
   void RequireRow() const;
+  template <class Write>
+  auto Send(Doubt doubt, Write write);
   void WriteEdit();
+  void SettleDoubt();
+  void DropEdit();
+  void ShowNewRow(ColumnStore values);
+  void HideRow(RowId row);
 
   SessionPtr session_;
   std::function<std::unique_ptr<RowTable>()> open_;  // none for the rows of a statement
@@ -135,6 +145,8 @@ class OdbcRecordset final : public host::Recordset,
   bool onDeleted_ = false;     // the row at `position_` is the one behind the deleted row
   host::EditMode edit_ = host::EditMode::None;
   Changes changes_;
+  Doubt doubt_ = Doubt::None;
+  Changes sent_;  // what the edit in doubt was to store
 };
 
 }  // namespace tessaria::odbc

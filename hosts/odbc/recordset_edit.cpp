@@ -8,9 +8,6 @@
 namespace tessaria::odbc {
 namespace {
 
-// A double stands for every exact number that reads as it.
-bool IsInexact(const Variant& value) { return value.TryGet<double>() || value.TryGet<float>(); }
-
 void Remove(std::vector<RowId>& rows, RowId row) {
   rows.erase(std::remove(rows.begin(), rows.end(), row), rows.end());
 }
@@ -45,12 +42,11 @@ void OdbcRecordset::FieldValue(std::size_t column, const Variant& value) {
   RequireRow();
   if (const String* text = value.TryGet<String>()) RequireWellFormed(*text);
   const Column& info = ColumnInfo()[column];
-  Variant converted = ConvertFor(info, value);
   const Variant present = FieldValue(column);
-  const bool isNumber = present.IsNumeric() && !converted.IsNull();
-  if (IsSame(present, isNumber && IsInexact(value) ? value : converted)) return;
-  // A single is narrower than the double that it is compared with.
-  if (info.storage == Storage::Single && IsSame(present, converted)) return;
+  // A stored text that is no value of the column's kind is no edit when it comes back.
+  if (value.IsString() && IsSame(present, value)) return;
+  Variant converted = ConvertFor(info, value);
+  if (IsSame(present, converted)) return;
   if (!IsWritable(column)) {
     throw HostError(errors::NotUpdatable,
                     u"O campo \"" + info.name + u"\" não permite atualização.");
@@ -76,25 +72,74 @@ void OdbcRecordset::Update() {
   WriteEdit();
 }
 
-// The edit ends only once the database has taken it.
+// Notes a write whose answer is lost.
+template <class Write>
+auto OdbcRecordset::Send(Doubt doubt, Write write) {
+  try {
+    return write();
+  } catch (const HostError& error) {
+    if (error.Number() == errors::WriteInDoubt) {
+      doubt_ = doubt;
+      sent_ = changes_;
+    }
+    throw;
+  }
+}
+
+// The edit ends once the database has taken it, whatever becomes of all that follows.
 void OdbcRecordset::WriteEdit() {
+  if (doubt_ == Doubt::Edit) SettleDoubt();
   if (edit_ == host::EditMode::Add) {
-    const RowId row = table_->Add(writer_->Insert(changes_));
-    Order().push_back(row);
-    if (!sort_.empty()) unsorted_.push_back(row);
-    position_ = static_cast<std::int64_t>(order_->size()) - 1;
+    ColumnStore written = Send(Doubt::Edit, [&] { return writer_->Insert(changes_); });
+    DropEdit();
+    ShowNewRow(std::move(written));
   } else if (edit_ == host::EditMode::InProgress) {
     const RowId row = RowAt(position_);
-    table_->Replace(row, writer_->Update(*table_, row, changes_));
+    ColumnStore written =
+        Send(Doubt::Edit, [&] { return writer_->Update(*table_, row, changes_); });
+    DropEdit();
+    table_->Replace(row, std::move(written));
   }
+}
+
+// Finds out whether the edit in doubt was stored. If so, what was typed since is an edit of the row
+// that is stored now; if not, the edit is written as if for the first time.
+void OdbcRecordset::SettleDoubt() {
+  const bool isNew = edit_ == host::EditMode::Add;
+  const RowId row = isNew ? 0 : RowAt(position_);
+  auto stored = isNew ? writer_->FindInserted(sent_) : writer_->FindUpdated(*table_, row, sent_);
+  doubt_ = Doubt::None;
+  if (!stored) return;
+  Changes typedSince = writer_->MissingIn(*stored, changes_);
+  DropEdit();
+  isNew ? ShowNewRow(std::move(*stored)) : table_->Replace(row, std::move(*stored));
+  changes_ = std::move(typedSince);
+  if (!changes_.empty()) edit_ = host::EditMode::InProgress;
+}
+
+void OdbcRecordset::DropEdit() {
   edit_ = host::EditMode::None;
   changes_.clear();
+  doubt_ = Doubt::None;
+  sent_.clear();
+}
+
+void OdbcRecordset::ShowNewRow(ColumnStore values) {
+  const RowId row = table_->Add(std::move(values));
+  HeldOrder().push_back(row);
+  if (!sort_.empty()) unsorted_.push_back(row);
+  position_ = static_cast<std::int64_t>(order_->size()) - 1;
+}
+
+void OdbcRecordset::HideRow(RowId row) {
+  Remove(HeldOrder(), row);
+  if (!sort_.empty()) Remove(unsorted_, row);
+  onDeleted_ = true;
 }
 
 void OdbcRecordset::CancelUpdate() {
   Table();
-  edit_ = host::EditMode::None;
-  changes_.clear();
+  DropEdit();
 }
 
 void OdbcRecordset::Delete() {
@@ -102,11 +147,11 @@ void OdbcRecordset::Delete() {
   if (edit_ == host::EditMode::Add) return CancelUpdate();
   RequireRow();
   const RowId row = RowAt(position_);
-  writer_->Delete(*table_, row);
-  CancelUpdate();
-  Remove(Order(), row);
-  if (!sort_.empty()) Remove(unsorted_, row);
-  onDeleted_ = true;
+  if (doubt_ == Doubt::Edit) SettleDoubt();
+  const bool isGone = doubt_ == Doubt::Deletion && !writer_->IsThere(*table_, row);
+  if (!isGone) Send(Doubt::Deletion, [&] { writer_->Delete(*table_, row); });
+  DropEdit();
+  HideRow(row);
 }
 
 }  // namespace tessaria::odbc

@@ -1,8 +1,11 @@
 #include "hosts/odbc/row_stream.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <utility>
 
+#include "hosts/odbc/date_texts.h"
 #include "hosts/odbc/statement_source.h"
 #include "runtime/text.h"
 #include "tessaria/error.h"
@@ -16,14 +19,46 @@ namespace {
 constexpr std::uint32_t kFetchRows = 2048;
 constexpr std::uint32_t kFurtherFetches = 8;
 
+// Words before a parenthesis that call nothing with an effect of its own.
+constexpr StringView kHarmless[] = {
+    u"and", u"cast",    u"char", u"coalesce", u"decimal",   u"from",  u"in",      u"lower",
+    u"not", u"numeric", u"or",   u"trim",     u"substring", u"upper", u"varchar", u"where"};
+
+bool IsNamePart(char16_t c) {
+  return c == u'_' || c == u'"' || c == u'$' || c >= 0x80 || (c >= u'0' && c <= u'9') ||
+         (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
+}
+
+// The word before a place of a text, blanks between left out.
+String WordBefore(const String& text, std::size_t at) {
+  while (at > 0 && text[at - 1] <= u' ') --at;
+  std::size_t start = at;
+  while (start > 0 && IsNamePart(text[start - 1])) --start;
+  return LCase(StringView(text).substr(start, at - start));
+}
+
+// Whether a query must not run twice: a function that it calls may have an effect. What only looks
+// like a call, between quotes, counts too.
+bool MayHaveEffects(const String& text) {
+  for (std::size_t at = text.find(u'('); at != String::npos; at = text.find(u'(', at + 1)) {
+    const String word = WordBefore(text, at);
+    const bool harmless =
+        std::find(std::begin(kHarmless), std::end(kHarmless), word) != std::end(kHarmless);
+    if (!word.empty() && !harmless) return true;
+  }
+  return false;
+}
+
+const String kDeclare = u"DECLARE tessaria_rows NO SCROLL CURSOR FOR ";
+
 }  // namespace
 
 RowStream::RowStream(Session& session, const StatementFacts& facts)
     : session_(session), statement_(session.NewStatement()) {
-  cursor_ = facts.isPlainQuery && !facts.isSmallQuery && session.ServerInfo().IsPostgres();
+  const bool isWhole = facts.isSmallQuery && !MayHaveEffects(facts.text);
+  cursor_ = facts.isPlainQuery && !isWhole && session.ServerInfo().IsPostgres();
   try {
-    cursor_ ? OpenCursor(facts.text) : session_.Execute(*statement_, facts.text);
-    columns_ = DescribeColumns(*statement_, session_.ServerInfo().IsPostgres());
+    cursor_ ? OpenCursor(facts.text) : RunWhole(facts);
     FillSourceOf(facts);
     if (!columns_.empty()) reader_.emplace(*statement_, columns_, session_.ServerInfo().rereads);
   } catch (...) {
@@ -47,11 +82,31 @@ void RowStream::FillSourceOf(const StatementFacts& facts) {
   if (const auto source = SourceOf(facts.text, dialect)) FillSource(columns_, *source);
 }
 
+// The columns are known before any row is read, so that no query runs twice.
 void RowStream::OpenCursor(const String& text) {
   ownTransaction_ = !session_.InTransaction();
   if (ownTransaction_) session_.BeginReading();
-  session_.Execute(*statement_, u"DECLARE tessaria_rows NO SCROLL CURSOR FOR " + text);
+  session_.Execute(*statement_, kDeclare + text + u"\n; FETCH 0 FROM tessaria_rows");
+  session_.Check(SQLMoreResults(statement_->get()), *statement_);
+  Describe();
+  if (HasDates(columns_)) {
+    SQLFreeStmt(statement_->get(), SQL_CLOSE);
+    session_.Execute(*statement_,
+                     u"CLOSE tessaria_rows; " + kDeclare + WithDatesAsTexts(columns_, text));
+  }
   Fetch(1);
+}
+
+void RowStream::RunWhole(const StatementFacts& facts) {
+  session_.Execute(*statement_, facts.text);
+  Describe();
+  if (!facts.isSmallQuery || !session_.ServerInfo().IsPostgres() || !HasDates(columns_)) return;
+  SQLFreeStmt(statement_->get(), SQL_CLOSE);
+  session_.Execute(*statement_, WithDatesAsTexts(columns_, facts.text));
+}
+
+void RowStream::Describe() {
+  columns_ = DescribeColumns(*statement_, session_.ServerInfo().IsPostgres());
 }
 
 void RowStream::Fetch(std::uint32_t times) {

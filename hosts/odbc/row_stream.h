@@ -15,6 +15,9 @@ namespace tessaria::odbc {
 /// driver would keep all rows in its memory, and its own cursors can end early unnoticed. Each
 /// FETCH is a statement that succeeds or fails by itself, and one that gives fewer rows than
 /// asked for is the last.
+///
+/// Dates are asked for as texts, by the same cursor. A query of one page that calls no function
+/// goes without a cursor, and is run a second time when it has dates.
 class RowStream {
  public:
   RowStream(Session& session, const StatementFacts& facts);
@@ -31,6 +34,8 @@ class RowStream {
  private:
   void FillSourceOf(const StatementFacts& facts);
   void OpenCursor(const String& text);
+  void RunWhole(const StatementFacts& facts);
+  void Describe();
   void Fetch(std::uint32_t times);
   std::uint32_t ReadNextFetch(ColumnStore& store);
   void CloseCursor();

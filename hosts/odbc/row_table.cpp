@@ -55,7 +55,7 @@ void RowTable::ReadRest() noexcept {
   }
 }
 
-RowTable::Place RowTable::PlaceOf(RowId row) const {
+CellPlace RowTable::PlaceOf(RowId row) const {
   if (!replaced_.empty()) {
     const auto replaced = replaced_.find(row);
     if (replaced != replaced_.end()) return {&written_[replaced->second], 0};
@@ -64,24 +64,38 @@ RowTable::Place RowTable::PlaceOf(RowId row) const {
 }
 
 bool RowTable::IsNull(RowId row, std::size_t column) const {
-  const Place place = PlaceOf(row);
+  const CellPlace place = PlaceOf(row);
   return place.store->IsNull(place.row, column);
 }
 
 Variant RowTable::Value(RowId row, std::size_t column) const {
-  const Place place = PlaceOf(row);
+  const CellPlace place = PlaceOf(row);
   return CellValue(*place.store, columns_, place.row, column);
 }
 
+double RowTable::Rank(RowId row, std::size_t column) const {
+  const CellPlace place = PlaceOf(row);
+  return CellRank(*place.store, columns_, place.row, column);
+}
+
+int RowTable::Compare(RowId a, RowId b, std::size_t column) const {
+  return CompareCells(columns_, column, PlaceOf(a), PlaceOf(b));
+}
+
 std::string_view RowTable::Text(RowId row, std::size_t column) const {
-  const Place place = PlaceOf(row);
+  const CellPlace place = PlaceOf(row);
   return place.store->Text(place.row, column);
 }
 
 std::optional<String> RowTable::Parameter(RowId row, std::size_t column) const {
-  const Place place = PlaceOf(row);
+  const CellPlace place = PlaceOf(row);
   if (place.store->IsNull(place.row, column)) return std::nullopt;
   return CellParameter(*place.store, columns_, place.row, column);
+}
+
+void RowTable::CopyCell(RowId row, std::size_t column, ColumnStore& to) const {
+  const CellPlace place = PlaceOf(row);
+  to.AppendCell(column, *place.store, place.row);
 }
 
 void RowTable::Replace(RowId row, ColumnStore values) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "hosts/odbc/cell.h"
+#include "hosts/odbc/cell_order.h"
 #include "hosts/odbc/row_stream.h"
 
 namespace tessaria::odbc {
@@ -37,10 +38,16 @@ class RowTable final : public PendingRows {
 
   bool IsNull(RowId row, std::size_t column) const;
   Variant Value(RowId row, std::size_t column) const;
+  /// As `CellRank` and `CompareCells` tell it.
+  double Rank(RowId row, std::size_t column) const;
+  int Compare(RowId a, RowId b, std::size_t column) const;
   /// UTF-8, of a column that is kept as text.
   std::string_view Text(RowId row, std::size_t column) const;
   /// The cell as a statement's parameter; nothing for Null.
   std::optional<String> Parameter(RowId row, std::size_t column) const;
+
+  /// Appends the cell to a store of the same columns.
+  void CopyCell(RowId row, std::size_t column, ColumnStore& to) const;
 
   /// Takes the one row of `values` in place of the row's present ones.
   void Replace(RowId row, ColumnStore values);
@@ -48,11 +55,7 @@ class RowTable final : public PendingRows {
   RowId Add(ColumnStore values);
 
  private:
-  struct Place {
-    const ColumnStore* store;
-    std::uint32_t row;
-  };
-  Place PlaceOf(RowId row) const;
+  CellPlace PlaceOf(RowId row) const;
   bool ReadBlock();
 
   SessionPtr session_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "hosts/odbc/date_texts.h"
 #include "hosts/odbc/diagnostics.h"
 #include "hosts/odbc/key_columns.h"
 #include "tessaria/host/data.h"
@@ -23,10 +24,25 @@ namespace {
                   u"Nada foi gravado.");
 }
 
+constexpr StringView kMayBeDeleted =
+    u"O registro pode ter sido excluído ou não: a conexão com o servidor caiu antes da resposta. "
+    u"Confira antes de excluir outra vez.";
+
+[[noreturn]] void ThrowCannotTell() {
+  throw HostError(errors::WriteInDoubt,
+                  u"Não se sabe se o registro novo foi gravado quando a conexão caiu. Leia os "
+                  u"dados outra vez e confira antes de gravar.");
+}
+
 String Joined(const std::vector<String>& parts) {
   String text;
   for (const String& part : parts) text += (text.empty() ? u"" : u", ") + part;
   return text;
+}
+
+std::optional<String> KeyParameter(const Column& column, const Variant& value) {
+  if (value.IsNull()) return std::nullopt;
+  return ValueParameter(column, value);
 }
 
 }  // namespace
@@ -86,15 +102,18 @@ ColumnStore RowWriter::Update(const RowTable& table, RowId row, const Changes& c
     if (std::count(table_.keys.begin(), table_.keys.end(), column) > 0) continue;
     AddCondition(command, column, NameOf(column), table.Parameter(row, column));
   }
-  const bool told = ExecuteOnRow(command);
+  const bool told = ExecuteOnRow(command, ErrorDescription(errors::WriteInDoubt));
   auto now = ReadBack(KeysAfter(table, row, changes));
-  if (!told && !(now && Holds(*now, changes))) ThrowRowChanged();
+  if (!told && !(now && MissingIn(*now, changes).empty())) ThrowRowChanged();
   if (now) return std::move(*now);
   ColumnStore written(columns_);
   for (std::size_t column = 0; column < columns_.size(); ++column) {
     const auto change = changes.find(column);
-    AppendValue(written, columns_, column,
-                change == changes.end() ? table.Value(row, column) : change->second);
+    if (change == changes.end()) {
+      table.CopyCell(row, column, written);
+    } else {
+      AppendValue(written, columns_, column, change->second);
+    }
   }
   written.EndRows(1);
   return written;
@@ -108,23 +127,54 @@ void RowWriter::Delete(const RowTable& table, RowId row) const {
     if (isKey || !IsWritable(column)) continue;
     AddCondition(command, column, NameOf(column), table.Parameter(row, column));
   }
-  const bool told = ExecuteOnRow(command);
+  const bool told = ExecuteOnRow(command, kMayBeDeleted);
   if (!told && ReadBack(KeysAfter(table, row, {}))) ThrowRowChanged();
 }
 
+// Once it is sent, only the answer tells whether it was done.
+SQLLEN RowWriter::Send(const Statement& statement, const Command& command, StringView doubt) const {
+  const bool isUndoneByLoss = session_->InTransaction();
+  try {
+    return session_->ExecuteWith(statement, command.text, command.values);
+  } catch (const HostError& error) {
+    if (session_->IsOpen() || isUndoneByLoss) throw;
+    throw InDoubt(doubt, error);
+  }
+}
+
 // False when the server does not tell whether it changed the row.
-bool RowWriter::ExecuteOnRow(const Command& command) const {
+bool RowWriter::ExecuteOnRow(const Command& command, StringView doubt) const {
   const Statement statement = session_->NewStatement();
-  const SQLLEN rows = session_->ExecuteWith(statement, command.text, command.values);
-  const Outcome outcome = OutcomeOf(rows);
+  const Outcome outcome = OutcomeOf(Send(statement, command, doubt));
   if (outcome == Outcome::Refused) ThrowRowChanged();
   return outcome == Outcome::Written;
 }
 
-bool RowWriter::Holds(const ColumnStore& row, const Changes& changes) const {
-  return std::all_of(changes.begin(), changes.end(), [&](const auto& change) {
-    return IsSame(CellValue(row, columns_, 0, change.first), change.second);
-  });
+Changes RowWriter::MissingIn(const ColumnStore& row, const Changes& changes) const {
+  Changes missing;
+  for (const auto& [column, value] : changes) {
+    if (!IsSame(CellValue(row, columns_, 0, column), value)) missing.emplace(column, value);
+  }
+  return missing;
+}
+
+std::optional<ColumnStore> RowWriter::FindUpdated(const RowTable& table, RowId row,
+                                                  const Changes& sent) const {
+  auto now = Look(KeysAfter(table, row, sent));
+  if (now && !MissingIn(*now, sent).empty()) now.reset();
+  return now;
+}
+
+std::optional<ColumnStore> RowWriter::FindInserted(const Changes& sent) const {
+  const Keys keys = KnownKeys(sent);
+  if (std::count(keys.begin(), keys.end(), std::nullopt) > 0) ThrowCannotTell();
+  auto now = Look(keys);
+  if (now && !MissingIn(*now, sent).empty()) ThrowCannotTell();
+  return now;
+}
+
+bool RowWriter::IsThere(const RowTable& table, RowId row) const {
+  return Look(KeysAfter(table, row, {})).has_value();
 }
 
 RowWriter::Command RowWriter::InsertCommand(const Changes& changes) const {
@@ -146,7 +196,9 @@ RowWriter::Command RowWriter::InsertCommand(const Changes& changes) const {
   const Dialect dialect = session_->ServerInfo().dialect;
   if (GivenKeyOf(dialect) == GivenKey::Returned) {
     std::vector<String> keys;
-    for (const std::size_t key : table_.keys) keys.push_back(NameOf(key));
+    for (const std::size_t key : table_.keys) {
+      keys.push_back(AsArrivingText(columns_[key], NameOf(key)));
+    }
     command.text += u" RETURNING " + Joined(keys);
   } else if (GivenKeyOf(dialect) == GivenKey::SameBatch && MissingKeys(changes) == 1) {
     command.text += u"; " + String(IdentityQuestion(dialect));
@@ -166,7 +218,7 @@ ColumnStore RowWriter::Insert(const Changes& changes) const {
   Keys keys;
   {
     const Statement statement = session_->NewStatement();
-    session_->ExecuteWith(statement, command.text, command.values);
+    Send(statement, command, ErrorDescription(errors::WriteInDoubt));
     keys = InsertedKeys(statement, changes);
   }
   if (auto written = ReadBack(keys)) return std::move(*written);
@@ -180,17 +232,21 @@ ColumnStore RowWriter::Insert(const Changes& changes) const {
   return written;
 }
 
+// What cannot be read stays unknown: the row is written, and shows what was assigned.
 RowWriter::Keys RowWriter::ReturnedKeys(const Statement& statement) const {
-  Keys keys;
-  session_->Check(SQLFetch(statement.get()), statement);
-  for (std::size_t i = 0; i < table_.keys.size(); ++i) {
-    keys.push_back(ReadText(*session_, statement, static_cast<SQLUSMALLINT>(i + 1)));
+  Keys keys(table_.keys.size());
+  try {
+    session_->Check(SQLFetch(statement.get()), statement);
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+      keys[i] = ReadText(*session_, statement, static_cast<SQLUSMALLINT>(i + 1));
+    }
+  } catch (const HostError&) {
+    keys.assign(keys.size(), std::nullopt);
   }
   return keys;
 }
 
-// The number that the server counted up for the new row. Nothing when it cannot tell: the row is
-// written, and shows what was assigned.
+// The number that the server counted up for the new row; nothing when it cannot tell.
 std::optional<String> RowWriter::GivenNumber(const Statement& statement) const {
   const Dialect dialect = session_->ServerInfo().dialect;
   try {
@@ -210,15 +266,19 @@ RowWriter::Keys RowWriter::InsertedKeys(const Statement& statement, const Change
   if (GivenKeyOf(session_->ServerInfo().dialect) == GivenKey::Returned) {
     return ReturnedKeys(statement);
   }
+  Keys keys = KnownKeys(changes);
+  if (MissingKeys(changes) == 1) {
+    *std::find(keys.begin(), keys.end(), std::nullopt) = GivenNumber(statement);
+  }
+  return keys;
+}
+
+RowWriter::Keys RowWriter::KnownKeys(const Changes& changes) const {
   Keys keys;
   for (const std::size_t key : table_.keys) {
     const auto change = changes.find(key);
-    const bool known = change != changes.end() && !change->second.IsNull();
-    keys.push_back(known ? std::optional(ValueParameter(columns_[key], change->second))
-                         : std::nullopt);
-  }
-  if (MissingKeys(changes) == 1) {
-    *std::find(keys.begin(), keys.end(), std::nullopt) = GivenNumber(statement);
+    keys.push_back(change == changes.end() ? std::nullopt
+                                           : KeyParameter(columns_[key], change->second));
   }
   return keys;
 }
@@ -229,44 +289,55 @@ RowWriter::Keys RowWriter::KeysAfter(const RowTable& table, RowId row,
   for (const std::size_t key : table_.keys) {
     const auto change = changes.find(key);
     keys.push_back(change == changes.end() ? table.Parameter(row, key)
-                                           : ValueParameter(columns_[key], change->second));
+                                           : KeyParameter(columns_[key], change->second));
   }
   return keys;
 }
 
 // Expressions are computed by the statement itself, cut down to the one row.
 RowWriter::Command RowWriter::ReadBackCommand(const Keys& keys) const {
+  const Server& server = session_->ServerInfo();
+  const bool asTexts = server.IsPostgres() && HasDates(columns_);
   Command command;
   if (hasExpressions_) {
-    command.text = u"SELECT * FROM (" + source_ + u"\n) AS tessaria_row";
+    command.text = asTexts ? WithDatesAsTexts(columns_, source_)
+                           : u"SELECT * FROM (" + source_ + u"\n) AS tessaria_row";
   } else {
     std::vector<String> names;
-    for (std::size_t i = 0; i < columns_.size(); ++i) names.push_back(NameOf(i));
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      names.push_back(asTexts ? AsArrivingText(columns_[i], NameOf(i)) : NameOf(i));
+    }
     command.text = u"SELECT " + Joined(names) + u" FROM " + table_.name;
   }
   for (std::size_t i = 0; i < keys.size(); ++i) {
     const std::size_t key = table_.keys[i];
-    const String name =
-        hasExpressions_ ? QuoteName(session_->ServerInfo(), columns_[key].name) : NameOf(key);
+    const String name = !hasExpressions_ ? NameOf(key)
+                        : asTexts        ? TextColumnName(key)
+                                         : QuoteName(server, columns_[key].name);
     AddCondition(command, key, name, keys[i]);
   }
   return command;
 }
 
+std::optional<ColumnStore> RowWriter::Look(const Keys& keys) const {
+  const Command command = ReadBackCommand(keys);
+  const Statement statement = session_->NewStatement();
+  session_->ExecuteWith(statement, command.text, command.values);
+  BlockReader reader(statement, columns_, session_->ServerInfo().rereads);
+  ColumnStore row(columns_);
+  if (reader.Read(row) == 1) return row;
+  return std::nullopt;
+}
+
 // The write is done whatever becomes of this: a row that cannot be read again shows what was
 // written, and the next call meets the error.
-std::optional<ColumnStore> RowWriter::ReadBack(const Keys& keys) const {
+std::optional<ColumnStore> RowWriter::ReadBack(const Keys& keys) const noexcept {
   if (std::count(keys.begin(), keys.end(), std::nullopt) > 0) return std::nullopt;
   try {
-    const Command command = ReadBackCommand(keys);
-    const Statement statement = session_->NewStatement();
-    session_->ExecuteWith(statement, command.text, command.values);
-    BlockReader reader(statement, columns_, session_->ServerInfo().rereads);
-    ColumnStore row(columns_);
-    if (reader.Read(row) == 1) return row;
-  } catch (const HostError&) {
+    return Look(keys);
+  } catch (...) {
+    return std::nullopt;
   }
-  return std::nullopt;
 }
 
 }  // namespace tessaria::odbc

@@ -13,7 +13,9 @@ using Changes = std::map<std::size_t, Variant>;
 
 /// Statements take every value as a parameter. A row is found by its key, and only as long as
 /// the values that were read are still there: otherwise error -2147217864, and nothing is
-/// written. The driver's own errors come as they are.
+/// written. The driver's own errors come as they are. An error means that nothing was written,
+/// but for -2147217663: the connection was lost before the answer, so nobody knows. Inside a
+/// transaction a lost write is undone and the error is the driver's own.
 class RowWriter {
  public:
   RowWriter(SessionPtr session, const Columns& columns, KeyTable table, String source);
@@ -24,6 +26,18 @@ class RowWriter {
   ColumnStore Update(const RowTable& table, RowId row, const Changes& changes) const;
   ColumnStore Insert(const Changes& changes) const;
   void Delete(const RowTable& table, RowId row) const;
+
+  // What became of a write in doubt. All of them raise what goes wrong with the reading.
+  /// The row as it is in the database, when it holds the changes that were sent.
+  std::optional<ColumnStore> FindUpdated(const RowTable& table, RowId row,
+                                         const Changes& sent) const;
+  /// The new row, or nothing when it is not there. Error -2147217663 when that cannot be told: the
+  /// database gives the key, or a row of that key holds something else.
+  std::optional<ColumnStore> FindInserted(const Changes& sent) const;
+  /// Whether there is a row of that key.
+  bool IsThere(const RowTable& table, RowId row) const;
+  /// The changes that a row, the first of a store, does not hold.
+  Changes MissingIn(const ColumnStore& row, const Changes& changes) const;
 
  private:
   struct Command;
@@ -38,11 +52,13 @@ class RowWriter {
   std::ptrdiff_t MissingKeys(const Changes& changes) const;
   Keys ReturnedKeys(const Statement& statement) const;
   std::optional<String> GivenNumber(const Statement& statement) const;
+  Keys KnownKeys(const Changes& changes) const;
   Keys InsertedKeys(const Statement& statement, const Changes& changes) const;
   Keys KeysAfter(const RowTable& table, RowId row, const Changes& changes) const;
-  bool ExecuteOnRow(const Command& command) const;
-  bool Holds(const ColumnStore& row, const Changes& changes) const;
-  std::optional<ColumnStore> ReadBack(const Keys& keys) const;
+  SQLLEN Send(const Statement& statement, const Command& command, StringView doubt) const;
+  bool ExecuteOnRow(const Command& command, StringView doubt) const;
+  std::optional<ColumnStore> Look(const Keys& keys) const;
+  std::optional<ColumnStore> ReadBack(const Keys& keys) const noexcept;
   Command ReadBackCommand(const Keys& keys) const;
 
   SessionPtr session_;

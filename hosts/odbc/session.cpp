@@ -200,8 +200,9 @@ SQLLEN Session::ExecuteWith(const Statement& statement, const String& text,
   Savepoint savepoint(*this);
   const SQLRETURN result = Send(statement, text);
   Check(result, statement);
+  // The statement is done; a driver that cannot count now leaves the number unknown.
   SQLLEN rows = 0;
-  if (result != SQL_NO_DATA) Check(SQLRowCount(statement.get(), &rows), statement);
+  if (result != SQL_NO_DATA && !SQL_SUCCEEDED(SQLRowCount(statement.get(), &rows))) rows = -1;
   savepoint.Release();
   return rows;
 }
@@ -253,6 +254,12 @@ void Session::LeaveTransaction(SQLSMALLINT completion) {
   if (!SQL_SUCCEEDED(result)) {
     const OdbcError error = DiagnosticsOf(SQL_HANDLE_DBC, Handle());
     NoteLoss(error);
+    if (lost_ && completion == SQL_COMMIT) {
+      throw InDoubt(
+          u"As alterações da transação podem ter sido gravadas ou não: a conexão com o "
+          u"servidor caiu antes da resposta. Confira antes de repeti-las.",
+          error);
+    }
     // A commit that the server refuses has undone the transaction; what follows is outside it.
     if (!lost_) SQLEndTran(SQL_HANDLE_DBC, Handle(), SQL_ROLLBACK);
     if (!lost_) AutoCommit(true);

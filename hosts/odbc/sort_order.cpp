@@ -68,7 +68,7 @@ class KeyColumn {
     ends_.push_back(letters_.size());
   }
   void TakeNumber(RowId row) {
-    numbers_.push_back(nulls_.back() ? 0 : CDbl(table_.Value(row, key_.column)));
+    numbers_.push_back(nulls_.back() ? 0 : table_.Rank(row, key_.column));
   }
   StringView Letters(std::uint32_t place) const {
     const std::size_t start = place == 0 ? 0 : ends_[place - 1];
@@ -82,7 +82,8 @@ class KeyColumn {
                        FromUtf8(table_.Text(rows_[b], key_.column)));
   }
   int CompareNumbers(std::uint32_t a, std::uint32_t b) const {
-    return numbers_[a] < numbers_[b] ? -1 : numbers_[a] > numbers_[b] ? 1 : 0;
+    if (numbers_[a] != numbers_[b]) return numbers_[a] < numbers_[b] ? -1 : 1;
+    return table_.Compare(rows_[a], rows_[b], key_.column);
   }
 
   const RowTable& table_;

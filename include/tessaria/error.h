@@ -35,6 +35,8 @@ inline constexpr Long InvalidConnection = 3709;  ///< data layer: closed or no c
 inline constexpr Long ObjectClosed = 3704;       ///< data layer: the record set is closed
 inline constexpr Long NotUpdatable = 3251;       ///< data layer: the record set cannot be written
 inline constexpr Long RowChanged = -2147217864;  ///< data layer: another user changed the row
+/// data layer: the answer to a write was lost, so that it may have been stored
+inline constexpr Long WriteInDoubt = -2147217663;
 inline constexpr Long ProviderError = -2147467259;  ///< data layer: the driver's own text tells
 }  // namespace errors
 

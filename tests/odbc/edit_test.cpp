@@ -97,16 +97,40 @@ TEST_F(EditTest, EqualValueIsNoEdit) {
   }
 }
 
-// A control converts numbers to Double on their way, whatever the column can hold.
-TEST_F(EditTest, DoubleOfAnExactNumberIsNoEdit) {
-  const auto rows = Read(
-      u"select 9007199254740993::bigint as a, 12345678901234567.89 as b,"
-      u" 1.1::real as c");
-  for (Long i = 0; i < 3; ++i) {
-    const auto field = rows->Fields().Item(i);
-    field->Value(CDbl(field->Value()));
-  }
-  EXPECT_EQ(rows->EditMode(), EditMode::None);
+// The digits that a double shows are its value: 0.1 is 0.1, and 2^53 is not 2^53 + 1.
+TEST_F(EditTest, NumberIsComparedExactlyByExactTypes) {
+  Run(u"create table n (k int primary key, i bigint, v numeric, r real, d double precision,"
+      u" m money)");
+  Run(u"insert into n values (1, 9007199254740993, 12345.670, 1.1, 0.1, 0.1)");
+  const auto rows = Edit(u"select * from n");
+  const auto isEdit = [&](const String& name, const Variant& value) {
+    Set(rows, name, value);
+    const bool edits = rows->EditMode() != EditMode::None;
+    rows->CancelUpdate();
+    return edits;
+  };
+  EXPECT_FALSE(isEdit(u"i", u"9.007.199.254.740.993"));
+  EXPECT_FALSE(isEdit(u"i", DecimalFromText(u"9007199254740993.0")));
+  EXPECT_TRUE(isEdit(u"i", 9007199254740992.0));
+  EXPECT_FALSE(isEdit(u"v", 12345.67));
+  EXPECT_FALSE(isEdit(u"v", u"12345,67"));
+  EXPECT_TRUE(isEdit(u"v", 12345.6700001));
+  EXPECT_TRUE(isEdit(u"v", u"12345,67000000000000000001"));
+  EXPECT_FALSE(isEdit(u"r", 1.1));
+  EXPECT_FALSE(isEdit(u"r", CDbl(1.1F)));
+  EXPECT_FALSE(isEdit(u"d", DecimalFromText(u"0.1")));
+  EXPECT_TRUE(isEdit(u"d", 0.1 + 1e-17 + 1e-16));
+  EXPECT_FALSE(isEdit(u"m", 0.1));
+  EXPECT_FALSE(isEdit(u"m", u"R$ 0,10"));
+}
+
+TEST_F(EditTest, LargeDoubleIsWrittenWithAllItsDigits) {
+  Run(u"create table n (k int primary key, i bigint)");
+  Run(u"insert into n values (1, 0)");
+  const auto rows = Edit(u"select * from n");
+  Set(rows, u"i", 9007199254740992.0);
+  rows->Update();
+  EXPECT_SAME(Scalar(u"select i::text from n"), u"9007199254740992");
 }
 
 TEST_F(EditTest, ReadOnlySetRefusesToWrite) {

@@ -73,7 +73,7 @@ TEST_F(LostServerTest, PendingEditSurvivesAndIsWrittenLater) {
   const auto rows = Edit(u"select * from t where codigo <= 3 order by codigo");
   Set(rows, u"nome", u"mudado");
   Cluster().Stop();
-  EXPECT_HOST_ERROR(rows->MoveNext(), errors::ProviderError);
+  EXPECT_HOST_ERROR(rows->MoveNext(), errors::WriteInDoubt);
   EXPECT_HOST_ERROR(rows->Update(), errors::InvalidConnection);
   EXPECT_EQ(rows->EditMode(), host::EditMode::InProgress);
   EXPECT_SAME(Get(rows, u"nome"), u"mudado");
@@ -96,11 +96,11 @@ TEST_F(LostServerTest, LostTransactionIsOver) {
   connection_->RollbackTrans();
 }
 
-TEST_F(LostServerTest, LossAtCommitIsTold) {
+TEST_F(LostServerTest, LossAtCommitLeavesTheTransactionInDoubt) {
   connection_->BeginTrans();
   Run(u"delete from t");
   KillSession();
-  EXPECT_HOST_ERROR(connection_->CommitTrans(), errors::ProviderError);
+  EXPECT_HOST_ERROR(connection_->CommitTrans(), errors::WriteInDoubt);
   EXPECT_EQ(connection_->State(), host::state::Closed);
   connection_->Open();
   EXPECT_SAME(Scalar(u"select count(*)::int from t"), Long{20000});

@@ -1,7 +1,9 @@
 // Rows of a real database under the contracts of record sets.
 #include "tests/ports/record_set_contract.h"
 #include "tests/odbc/database_test.h"
+#include "tests/ports/record_set_doubt_contract.h"
 #include "tests/ports/record_set_edit_contract.h"
+#include "tests/support/cutting_proxy.h"
 
 namespace tessaria::contract {
 namespace {
@@ -9,10 +11,10 @@ namespace {
 class OdbcData final : public DataDriver {
  public:
   OdbcData() {
-    for (host::Connection* connection : {connection_.get(), other_.get()}) {
-      connection->ConnectionString(test::PostgresCluster::Shared().ConnectionString());
-      connection->Open();
-    }
+    const auto& cluster = test::PostgresCluster::Shared();
+    connection_->ConnectionString(cluster.ConnectionString(proxy_.Port()));
+    other_->ConnectionString(cluster.ConnectionString());
+    for (host::Connection* connection : {connection_.get(), other_.get()}) connection->Open();
     other_->Execute(u"drop table if exists contrato");
     other_->Execute(
         u"create table contrato (\"Codigo\" integer primary key, \"Nome\" varchar(20) not null, "
@@ -36,6 +38,14 @@ class OdbcData final : public DataDriver {
   void DeleteRow(Long codigo) override {
     other_->Execute(u"delete from contrato where \"Codigo\" = " + CStr(Variant(codigo)));
   }
+  void LoseNextAnswer(bool stored) override {
+    using Side = test::CuttingProxy::Side;
+    if (stored) {
+      proxy_.CutAt(Side::Server, {"INSERT 0 1", "UPDATE 1", "DELETE 1"});
+    } else {
+      proxy_.CutAt(Side::Client, {"INSERT INTO", "UPDATE ", "DELETE FROM"});
+    }
+  }
   std::vector<String> StoredNames() override {
     std::vector<String> names;
     const auto rows = other_->Execute(u"select \"Nome\" from contrato order by \"Codigo\"");
@@ -48,13 +58,14 @@ class OdbcData final : public DataDriver {
     return connection_->OpenRecordset(statement, host::CursorType::Static, lock);
   }
 
+  test::CuttingProxy proxy_{test::PostgresCluster::Shared().Socket()};
   host::ConnectionPtr connection_ = odbc::CreateConnection();
   host::ConnectionPtr other_ = odbc::CreateConnection();
 };
 
-INSTANTIATE_TEST_SUITE_P(Odbc, RecordSetContract,
-                         testing::Values(DataHost{"odbc",
-                                                  [] { return std::make_unique<OdbcData>(); }}));
+const DataHost kOdbc{"odbc", [] { return std::make_unique<OdbcData>(); }};
+INSTANTIATE_TEST_SUITE_P(Odbc, RecordSetContract, testing::Values(kOdbc));
+INSTANTIATE_TEST_SUITE_P(Odbc, WriteInDoubtContract, testing::Values(kOdbc));
 
 }  // namespace
 }  // namespace tessaria::contract

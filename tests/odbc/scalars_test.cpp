@@ -70,7 +70,11 @@ TEST(Calendar, KeepsDaysAndMicroseconds) {
     EXPECT_EQ(DayOfText(wrong), std::nullopt) << ToUtf8(wrong);
   }
   EXPECT_EQ(MicrosOfTime(u"13:14:15.000120"), 47'655'000'120);
+  EXPECT_EQ(MicrosOfTime(u"24:00:00"), std::nullopt);
+  EXPECT_EQ(MicrosOfTime(u"10:00:00 BC"), std::nullopt);
   EXPECT_EQ(TimeText(47'655'000'120), u"13:14:15.000120");
+  EXPECT_EQ(MicrosOfTime(u"24:00:00"), std::nullopt);
+  EXPECT_EQ(MicrosOfTime(u"10:00:00 BC"), std::nullopt);
   EXPECT_EQ(TimeText(47'655'000'000), u"13:14:15");
   EXPECT_EQ(DayText(-1), u"1899-12-29");
 }
@@ -113,7 +117,9 @@ TEST(TextOrder, LikeTakesWildcardsAtTheEnds) {
 }
 
 TEST(ConnectionText, SettingsOfThisLayerComeLast) {
-  const String settings = u"Protocol=7.4-0;UseDeclareFetch=0;LFConversion=0;";
+  const String settings =
+      u"Protocol=7.4-0;UseDeclareFetch=0;LFConversion=0;MaxVarcharSize=10485761;"
+      u"MaxLongVarcharSize=0;";
   EXPECT_EQ(DriverConnectionText(u"DSN=vendas"), u"DSN=vendas;" + settings);
   EXPECT_EQ(DriverConnectionText(u" Driver={PostgreSQL Unicode};Protocol=7.4-1; "),
             u"Driver={PostgreSQL Unicode};Protocol=7.4-1;" + settings);

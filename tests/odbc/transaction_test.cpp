@@ -60,6 +60,26 @@ TEST_F(TransactionTest, FailingStatementLeavesTheTransactionUsable) {
   }
 }
 
+// As lookups, relation checks and lists send them: some fail only after rows have come.
+TEST_F(TransactionTest, FailingLookupLeavesTheTransactionUsable) {
+  connection_->BeginTrans();
+  Run(u"insert into t select generate_series(1, 20000)");
+  for (const StringView failing :
+       {u"Select a From t Where a = abc Limit 1",
+        u"Select a, nada From t Where cast(a as integer) = 15 Limit 1",
+        u"Select a From t Where cast(a || 'x' as integer) = 15 Limit 1",
+        u"Select a, nada From t Where a Is Not Null  Order by 1",
+        u"Select a, current_date From t Where 1 / (a - 15000) < 9  Order by 1",
+        u"Select a From t Where 1 / (a - 15000) < 9 Order by 1", u"Select a From t Where ("}) {
+    SCOPED_TRACE(ToUtf8(failing));
+    EXPECT_ANY_THROW(Read(String(failing))->RecordCount());
+    EXPECT_ANY_THROW(connection_->Execute(String(failing))->RecordCount());
+    EXPECT_SAME(Scalar(u"select count(*)::int from t"), Long{20000});
+  }
+  connection_->CommitTrans();
+  EXPECT_EQ(Committed(), 20000);
+}
+
 TEST_F(TransactionTest, CanBeControlledByText) {
   Run(u"begin");
   Run(u"insert into t values (1)");

@@ -1,7 +1,9 @@
 // The record sets of the memory host under the contract of record sets.
 #include "hosts/memory/connection.h"
 #include "tests/ports/record_set_contract.h"
+#include "tests/ports/record_set_doubt_contract.h"
 #include "tests/ports/record_set_edit_contract.h"
+#include "tests/support/printers.h"
 
 namespace tessaria::contract {
 namespace {
@@ -23,6 +25,7 @@ class MemoryData final : public DataDriver {
                                    {{1, u"Ana", 10.5, u"15/03/2021"},
                                     {2, u"Bruno", Variant::Null(), Variant::Null()},
                                     {3, u"Carla", 7, u"01/02/2020"}});
+    connection_->SetPrimaryKey(u"Cliente", {u"Codigo"});
     connection_->Answer(u"Select * From Cliente Where 1 = 2", {columns, {}});
   }
 
@@ -37,6 +40,7 @@ class MemoryData final : public DataDriver {
     table_->Change(RowOf(codigo), u"Nome", nome);
   }
   void DeleteRow(Long codigo) override { table_->Remove(RowOf(codigo)); }
+  void LoseNextAnswer(bool stored) override { connection_->LoseNextAnswer(stored); }
   std::vector<String> StoredNames() override {
     std::vector<String> names;
     for (const auto& row : table_->Rows()) names.push_back(CStr(row.Cells[1]));
@@ -62,9 +66,47 @@ TEST_P(RecordSetContract, AFieldThatOutlivesItsSetSays3704) {
   EXPECT_EQ(ErrorOf([&] { field->Value(); }), errors::ObjectClosed);
 }
 
-INSTANTIATE_TEST_SUITE_P(Memory, RecordSetContract,
-                         testing::Values(DataHost{"memory",
-                                                  [] { return std::make_unique<MemoryData>(); }}));
+const DataHost kMemory{"memory", [] { return std::make_unique<MemoryData>(); }};
+INSTANTIATE_TEST_SUITE_P(Memory, RecordSetContract, testing::Values(kMemory));
+INSTANTIATE_TEST_SUITE_P(Memory, WriteInDoubtContract, testing::Values(kMemory));
+
+// As a database shows a value that its kind cannot hold.
+TEST(MemoryRecordset, AKeptTextIsShownLeftAloneAndNoEditWhenItComesBack) {
+  const auto connection = memory::Connection::CreateOpen();
+  const auto table = connection->AddTable(
+      u"Nota", {{.Name = u"Data", .Type = host::type::DBDate}, {.Name = u"Texto"}}, {{}});
+  table->KeepText(0, u"Data", u"infinity");
+  const auto rows =
+      connection->OpenRecordset(u"Nota", host::CursorType::Static, host::LockType::Optimistic);
+  const auto date = rows->Fields().Item(0);
+  EXPECT_SAME(date->Value(), u"infinity");
+  date->Value(date->Value());
+  EXPECT_EQ(rows->EditMode(), host::EditMode::None);
+  EXPECT_HOST_ERROR(date->Value(u"-infinity"), errors::TypeMismatch);
+  rows->Fields().Item(1)->Value(u"um");
+  rows->Update();
+  EXPECT_SAME(table->Rows()[0].Cells[0], u"infinity");
+  rows->Find(u"Data = 01/01/2020");
+  EXPECT_TRUE(rows->Eof());
+}
+
+// A table that names no key is one whose key the database gives.
+TEST(MemoryRecordset, ANewRowWithoutAKeyIsWrittenAgainOnlyWhenTheRowsWereReadAgain) {
+  const auto connection = memory::Connection::CreateOpen();
+  const auto table = connection->AddTable(u"Nota", {{.Name = u"Texto"}});
+  const auto rows =
+      connection->OpenRecordset(u"Nota", host::CursorType::Static, host::LockType::Optimistic);
+  rows->AddNew();
+  rows->Fields().Item(0)->Value(u"um");
+  connection->LoseNextAnswer(false);
+  EXPECT_HOST_ERROR(rows->Update(), errors::WriteInDoubt);
+  connection->Open();
+  EXPECT_HOST_ERROR(rows->Update(), errors::WriteInDoubt);
+  rows->Requery();
+  EXPECT_EQ(rows->RecordCount(), 0);
+  rows->Update();
+  EXPECT_EQ(table->Rows().size(), 1U);
+}
 
 }  // namespace
 }  // namespace tessaria::contract

@@ -67,6 +67,15 @@ TEST_P(RecordSetContract, AnEqualValueIsNoEdit) {
   EXPECT_EQ(rows->EditMode(), host::EditMode::None);
 }
 
+TEST_P(RecordSetContract, AnExactFieldComparesExactly) {
+  const auto rows = Writable();
+  Field(rows, u"Valor")->Value(u"10,50");
+  Field(rows, u"Valor")->Value(DecimalFromText(u"10.500"));
+  EXPECT_EQ(rows->EditMode(), host::EditMode::None);
+  Field(rows, u"Valor")->Value(u"10,50000000000000000001");
+  EXPECT_EQ(rows->EditMode(), host::EditMode::InProgress);
+}
+
 TEST_P(RecordSetContract, AReadOnlySetRefusesEdits) {
   const auto rows = ReadOnly();
   EXPECT_EQ(ErrorOf([&] { Field(rows, u"Nome")->Value(u"Alice"); }), errors::NotUpdatable);

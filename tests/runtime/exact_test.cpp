@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "runtime/conversion.h"
+#include "runtime/digits.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {
@@ -124,6 +125,40 @@ TEST(ToCurrencies, Errors) {
   EXPECT_HOST_ERROR(CCur(u""), errors::TypeMismatch);
   EXPECT_HOST_ERROR(CCur(Variant::Null()), errors::InvalidUseOfNull);
   EXPECT_HOST_ERROR(CCur(ObjectPtr()), errors::TypeMismatch);
+}
+
+TEST(ExactDecimals, KeepTheDigitsOfADouble) {
+  const std::pair<Variant, StringView> rows[] = {
+      {0.1, u"0.1"},
+      {9007199254740992.0, u"9007199254740992"},
+      {0.1F, u"0.1"},
+      {16777216.0F, u"16777216"},
+      {Long{7}, u"7"},
+      {u"1.234,50", u"1234.50"},
+      {Currency{5000}, u"0.5000"},
+  };
+  for (const auto& [value, text] : rows) EXPECT_EQ(DecimalText(ExactDecimal(value)), text);
+  EXPECT_HOST_ERROR(ExactDecimal(1E29), errors::Overflow);
+  EXPECT_HOST_ERROR(ExactDecimal(u"x"), errors::TypeMismatch);
+}
+
+TEST(ExactDecimals, AreTheSameByValue) {
+  EXPECT_TRUE(IsSameNumber(DecimalFromText(u"1.50"), 1.5));
+  EXPECT_TRUE(
+      IsSameNumber(u"12345678901234567890123456789012,10", u"12345678901234567890123456789012,1"));
+  EXPECT_FALSE(IsSameNumber(DecimalFromText(u"9007199254740993"), 9007199254740992.0));
+  EXPECT_HOST_ERROR(IsSameNumber(1, u"x"), errors::TypeMismatch);
+}
+
+TEST(ExactDecimals, HoldAllDigitsOrNothing) {
+  const auto held = [](const char16_t* text) {
+    return TryToDecimal(ExactDigits(Variant(text))).has_value();
+  };
+  EXPECT_TRUE(held(u"79228162514264337593543950335"));
+  EXPECT_FALSE(held(u"79228162514264337593543950336"));
+  EXPECT_TRUE(held(u"0,0000000000000000000000000001"));
+  EXPECT_FALSE(held(u"0,00000000000000000000000000011"));
+  EXPECT_TRUE(held(u"1,0000000000000000000000000000000"));
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <limits>
 
 #include "runtime/conversion.h"
+#include "runtime/digits.h"
+#include "runtime/number_text.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {
@@ -154,6 +156,23 @@ TEST(ToBooleans, FromEveryKind) {
   EXPECT_HOST_ERROR(CBool(Variant::Null()), errors::InvalidUseOfNull);
   EXPECT_HOST_ERROR(CBool(Variant::Missing()), errors::TypeMismatch);
   EXPECT_HOST_ERROR(CBool(ObjectPtr()), errors::TypeMismatch);
+}
+
+TEST(CriterionNumbers, HaveAPointOrAComma) {
+  const std::pair<StringView, StringView> rows[] = {
+      {u"12.5", u"12.5"},      {u"12,5", u"12.5"},
+      {u"1.234,5", u"1234.5"}, {u"1E-05", u"0.00001"},
+      {u"-.5", u"-0.5"},       {u"1.234.567", u"1234567"},
+      {u"R$ 1,50", u"1.50"},   {u"9007199254740993", u"9007199254740993"},
+  };
+  for (const auto& [text, number] : rows) {
+    const auto digits = ReadCriterionNumber(text);
+    ASSERT_TRUE(digits) << ToUtf8(text);
+    EXPECT_EQ(PlainText(*digits, u'.'), number);
+  }
+  for (const StringView wrong : {u"", u"+-1", u"1e", u"x", u"01/02/2020"}) {
+    EXPECT_FALSE(ReadCriterionNumber(wrong)) << ToUtf8(wrong);
+  }
 }
 
 }  // namespace

@@ -66,18 +66,23 @@ class Field : public Object {
   virtual Long Type() const = 0;
   /// Bits of `attribute`.
   virtual Long Attributes() const = 0;
-  /// Size in characters (text) or bytes. Bounded texts only; 0 when unknown.
+  /// Size in characters (text) or bytes. Bounded texts only; 0 when there is none or it is unknown.
   virtual Long DefinedSize() const = 0;
   /// Digits in all, for numbers; 0 when unknown.
   virtual Long Precision() const = 0;
   /// Digits behind the decimal mark, for numbers.
   virtual Long NumericScale() const = 0;
-  /// The value in the current row, the pending edit included. Error 3021 at BOF or EOF.
+  /// The value in the current row, the pending edit included. Numbers and dates come in the kind of
+  /// their type; a stored one that the kind cannot hold comes as its text: an infinite date or one
+  /// outside the years 100 to 9999, "NaN", a number of more digits than a Decimal has (with a
+  /// comma). Error 3021 at BOF or EOF.
   virtual Variant Value() const = 0;
   /// Starts or continues the edit of the current row. A value equal to the present one is no
-  /// edit. Errors: 3021 no row, 3251 not updatable, 13 or -2147217887 a value that the type
-  /// refuses, 5 a text with a character of code 0 or half of a surrogate pair; the row keeps what
-  /// it had.
+  /// edit, and so is the text of a stored value that comes as text. Exact types compare exactly, a
+  /// Double with as many digits as tell it from its neighbours; Single and Double types as such,
+  /// dates to the second. Errors: 3021 no row, 3251 not updatable, 13 or -2147217887 a value that
+  /// the type refuses, 5 a text with a character of code 0 or half of a surrogate pair; the row
+  /// keeps what it had.
   virtual void Value(const Variant& value) = 0;
 };
 
@@ -103,6 +108,20 @@ class Connection;
 /// The rows of a statement: static, scrollable, held by the client.
 /// Moving off an edited row writes the edit first; when that is refused the record set stays
 /// on the row with the edit intact and the error is raised.
+///
+/// A write that the database accepted is over: the edit ends, whatever fails after it, such as
+/// the reading of further rows. When the connection is lost before the answer comes, nobody knows
+/// whether the row was stored. Error -2147217663 says so, the edit stays as it was typed, and
+/// nothing is sent again by itself. Once the connection is open again:
+/// - Writing again first looks for the row by its key. An edit that was stored is over; what was
+///   typed since then is written on top of it. One that was not stored is written now. A deletion
+///   is looked up in the same way.
+/// - A new row whose key the database gives cannot be found so. Writing it raises the same error
+///   until `Requery` has read the rows again, which keeps the new row as a pending edit: the
+///   program looks for it among the rows (`ValueAt`) and then writes it or drops it. The same holds
+///   when a row of its key is there with other values.
+/// Inside a transaction the loss undoes all, so the write was not stored and the error is the
+/// driver's own. The number says the same of a `CommitTrans` whose answer is lost.
 class Recordset : public Object {
  public:
   /// 0 closed, 1 open (`state`).
@@ -124,7 +143,11 @@ class Recordset : public Object {
   virtual void AbsolutePosition(Long row) = 0;
   /// Seeks forward from the current row, which is looked at too, for "field op value"
   /// (=, <>, <, >, <=, >=, like with * or % at either end). EOF when nothing matches.
-  /// Error 3001 for a criterion that it cannot read.
+  /// Values compare in the field's own type: exact numbers with all digits, a Double with 15
+  /// significant digits and a Single with 7, dates to the second; a stored value that comes as
+  /// text and is no number matches "<>" alone. A plain number may have a point or a comma for
+  /// decimals. Error 3001 for a criterion that it cannot read; "like" on a field that is no text is
+  /// one.
   virtual void Find(const String& criteria) = 0;
   /// Orders the rows: field names, each with " ASC" or " DESC", comma separated; "" restores
   /// the statement's order. Stands on the first row afterwards. Error 3265 unknown field.
@@ -135,14 +158,15 @@ class Recordset : public Object {
   /// Starts a new row; its fields read as Null until assigned.
   virtual void AddNew() = 0;
   /// Writes the pending edit. Errors: -2147217864 when another user changed or deleted the
-  /// row since it was read (nothing is overwritten), the driver's own for the rest. The edit
-  /// stays pending after an error.
+  /// row since it was read (nothing is overwritten), -2147217663 when it may have been stored,
+  /// the driver's own for the rest. The edit stays pending after an error.
   virtual void Update() = 0;
-  /// Drops the pending edit; a new row goes away.
+  /// Drops the pending edit; a new row goes away. One in doubt may be stored all the same.
   virtual void CancelUpdate() = 0;
-  /// Deletes the current row in the database. Error -2147217864 as for Update.
+  /// Deletes the current row in the database. Errors -2147217864 and -2147217663 as for Update.
   virtual void Delete() = 0;
-  /// Runs the statement again; stands on the first row. A pending edit is an error (3219).
+  /// Runs the statement again; stands on the first row. A pending edit is an error (3219), but for
+  /// a new row in doubt, which stays pending.
   virtual void Requery() = 0;
   /// Closes the rows. A pending edit is dropped.
   virtual void Close() = 0;
@@ -201,6 +225,7 @@ class Connection : public Object {
   virtual RecordsetPtr OpenSchema(SchemaKind kind, const SchemaRestrictions& restrictions = {}) = 0;
 
   virtual void BeginTrans() = 0;
+  /// Error -2147217663 when the answer is lost: the transaction may have been stored.
   virtual void CommitTrans() = 0;
   virtual void RollbackTrans() = 0;
 };
