@@ -51,7 +51,7 @@ bool tsText::SetarVariaveis(StringView what) {
   bool loaded = false;
   Trap(u"tsText", u"SetarVariaveis", [&] {
     if (asked(u"Irmao") && !Trim(m_.TxtIrmao).empty() &&
-        site_.Parent()->Controls(m_.TxtIrmao)->TypeName() == u"tsText")
+        Named(u"TxtIrmao", m_.TxtIrmao)->TypeName() == u"tsText")
       m_.bIrmaoConectado = true;
     const bool dataControlOk = asked(u"DataSource") && FindDataControl();
     if (asked(u"Campo") && dataControlOk && BoundRecordset()->State() != host::state::Closed &&
@@ -60,7 +60,7 @@ bool tsText::SetarVariaveis(StringView what) {
       loaded = true;
     }
     if (asked(u"Label") && !m_.LabelAssociado.empty() &&
-        site_.Parent()->Controls(m_.LabelAssociado)->TypeName() == u"Label")
+        Named(u"LabelAssociado", m_.LabelAssociado)->TypeName() == u"Label")
       m_.bLabelConectado = true;
   });
   return loaded;
@@ -105,7 +105,7 @@ bool tsText::FindDataControl() {
   bool found = false;
   Catch(
       [&] {
-        const auto widget = site_.Parent()->Controls(m_.DataSource);
+        const auto widget = Named(u"DataSource", m_.DataSource);
         found = EndsWith(widget->TypeName(), u"Adodc") && IsConfigured(*DataControlByName());
         if (!found) refuse();
       },
@@ -183,10 +183,23 @@ void tsText::CacheFieldOrdinal(host::DataControl& control) {
 }
 
 std::shared_ptr<host::DataControl> tsText::DataControlByName() const {
-  auto control =
-      std::dynamic_pointer_cast<host::DataControl>(site_.Parent()->Controls(m_.DataSource));
+  auto control = std::dynamic_pointer_cast<host::DataControl>(Named(u"DataSource", m_.DataSource));
   if (!control) throw HostError(errors::NoSuchMember);
   return control;
+}
+
+/// The control that a property names. The error for one that is missing tells both names.
+host::WidgetPtr tsText::Named(const char16_t* property, const String& name) const {
+  host::WidgetPtr widget;
+  Catch([&] { widget = site_.Parent()->Controls(name); },
+        [&] {
+          if (Err().Number != errors::ControlNotFound)
+            throw HostError(Err().Number, Err().Description);
+          throw HostError(errors::ControlNotFound, Err().Description + u": '" + name + u"', em " +
+                                                       property + u" de '" + site_.DisplayName() +
+                                                       u"'");
+        });
+  return widget;
 }
 
 host::RecordsetPtr tsText::BoundRecordset() const {

@@ -5,6 +5,7 @@
 #include "runtime/conversion.h"
 #include "runtime/digits.h"
 #include "runtime/number_text.h"
+#include "services/trap.h"
 #include "tessaria/error.h"
 
 namespace tessaria {
@@ -23,6 +24,14 @@ std::optional<Digits> WrittenDigits(const Variant& value) {
   return isShort || isExact ? std::optional(DigitsOf(value)) : std::nullopt;
 }
 
+/// Nothing when a Decimal would have to round.
+std::optional<Decimal> AsDecimal(const Digits& value) {
+  std::optional<Decimal> exact;
+  Catch([&] { exact = ToDecimal(value); }, [] { Err().Clear(); });
+  const bool isSame = exact && Order(DigitsOf(*exact), value) == 0;
+  return isSame ? exact : std::nullopt;
+}
+
 int SignificantDigits(Digits value) {
   value.DropLeadingZeros();
   return static_cast<int>(value.Text.find_last_not_of('0') + 1);
@@ -35,10 +44,8 @@ Variant ExactNumber(const Variant& value) {
   const auto digits = WrittenDigits(value);
   if (!digits) return nearest;
   if (SignificantDigits(*digits) <= kDoubleDigits) return ToDouble(*digits);
-  const Decimal exact = ToDecimal(*digits);
-  if (Order(DigitsOf(exact), *digits) != 0)
-    throw HostError(errors::Overflow, u"O número tem mais dígitos do que o campo pode guardar.");
-  return exact;
+  if (const auto exact = AsDecimal(*digits)) return *exact;
+  throw HostError(errors::Overflow, u"O número tem mais dígitos do que o campo pode guardar.");
 }
 
 }  // namespace tessaria

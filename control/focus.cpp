@@ -46,6 +46,7 @@ void tsText::SelectWhole() {
 
 ExitVerdict tsText::UserControl_ExitFocus() {
   ExitVerdict verdict = ExitVerdict::Left;
+  pageDownIsHeld_ = false;
   Trap(u"tsText", u"UserControl_ExitFocus", [&] {
     if (txtEdit_.Tag != exitIsSilenced && Enabled()) Settle(verdict);
   });

@@ -1,5 +1,7 @@
 // The events of the box and the keys of the surface.
 
+#include <utility>
+
 #include "control/scoped_flag.h"
 #include "control/tstext.h"
 #include "lookup/description_lookup.h"
@@ -27,14 +29,15 @@ constexpr Integer kKeyTilde = 222;
 }  // namespace
 
 void tsText::UserControl_KeyDown(Integer& KeyCode, Integer& Shift) {
+  if (KeyCode == kKeyPageDown) pageDownIsHeld_ = true;
   events_.KeyDown(KeyCode, Shift);
 }
 
 void tsText::UserControl_KeyPress(Integer& KeyAscii) { events_.KeyPress(KeyAscii); }
 
 void tsText::UserControl_KeyUp(Integer& KeyCode, Integer& Shift) {
-  if (KeyCode == kKeyPageDown && m_.TipoControle != tessaria::TipoControle::Normal)
-    btnBrowse_Click();
+  const bool isOwnPageDown = KeyCode == kKeyPageDown && std::exchange(pageDownIsHeld_, false);
+  if (isOwnPageDown && m_.TipoControle != tessaria::TipoControle::Normal) btnBrowse_Click();
   events_.KeyUp(KeyCode, Shift);
 }
 

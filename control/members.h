@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "lookup/browse_definition.h"
 #include "lookup/pesquisa_definition.h"
@@ -75,6 +76,11 @@ struct Members {
   /// The next assignment of `Value` comes from a row, a lookup or typing.
   bool bCarregandoCampo = false;
   Colour lngForeColorOriginal = 0;
+
+  /// The colours to be stored while the box is drawn in others.
+  std::optional<Colour> StoredForeColor, StoredBackColor;
+  /// The font is the surroundings' own, bold or not.
+  bool FontIsAmbient = false;
 };
 
 }  // namespace tessaria

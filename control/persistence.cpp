@@ -46,6 +46,7 @@ void tsText::UserControl_InitProperties() {
     host::Font font = txtEdit_.Font();
     font.Bold = true;
     txtEdit_.Font(font);
+    m_.FontIsAmbient = true;
   });
 }
 

@@ -17,6 +17,9 @@ constexpr Long kRoomWithButton = 360;
 constexpr Long kRoomWithoutButton = 70;
 constexpr Long kButtonFromRight = 350;
 
+/// Positions in a mask have 16 bits. A field of no such size keeps its mask.
+constexpr Long kLongestMask = 32767;
+
 /// The icon file of a kind of control; nullptr for a kind with no button of its own.
 const char16_t* IconFile(TipoControle kind) {
   switch (kind) {
@@ -53,7 +56,14 @@ void tsText::UserControl_Show() {
 
 void tsText::ShowAtDesignTime() {
   if (!m_.PesqCaption.empty()) AtualizaPesquisa();
-  AchaObjetos();
+  // A database that cannot be reached is for the property page to tell: the designer opens forms
+  // without one.
+  designTimeError_.clear();
+  Catch([&] { AchaObjetos(); },
+        [&] {
+          designTimeError_ = Err().Description;
+          Err().Clear();
+        });
   AtualizaExibicao();
 }
 
@@ -70,7 +80,7 @@ void tsText::ShowAtRunTime() {
 
 void tsText::FitMaskToField() {
   const Long size = m_.bCampoConectado ? CampoVinculado()->DefinedSize() : txtEdit_.MaxLength();
-  if (size > 0) Mascara(StringOf(size, u"A"));
+  if (size > 0 && size <= kLongestMask) Mascara(StringOf(size, u"A"));
 }
 
 void tsText::UserControl_Resize() {
@@ -95,11 +105,11 @@ void tsText::AtualizaExibicao() {
     btnBrowse_.Enabled(Enabled());
     site_.TabStop(Enabled());
     if (Enabled()) {
-      Forecolor(m_.TipoControle == tessaria::TipoControle::Descricao ? host::colour::Blue
-                                                                     : m_.lngForeColorOriginal);
-      BackColor(host::colour::White);
+      DrawForecolor(m_.TipoControle == tessaria::TipoControle::Descricao ? host::colour::Blue
+                                                                         : m_.lngForeColorOriginal);
+      DrawBackColor(host::colour::White);
     } else {
-      BackColor(host::colour::ButtonFace);
+      DrawBackColor(host::colour::ButtonFace);
     }
     ColourCaption();
   });
@@ -128,7 +138,7 @@ void tsText::ColourCaption() {
 void tsText::ColourLabel(Colour colour) { LabelWidget()->ForeColor(colour); }
 
 std::shared_ptr<host::Label> tsText::LabelWidget() const {
-  auto label = std::dynamic_pointer_cast<host::Label>(site_.Parent()->Controls(m_.LabelAssociado));
+  auto label = std::dynamic_pointer_cast<host::Label>(Named(u"LabelAssociado", m_.LabelAssociado));
   if (!label) throw HostError(errors::NoSuchMember);
   return label;
 }
@@ -149,12 +159,33 @@ void tsText::Enabled(bool v) {
 
 Colour tsText::Forecolor() const { return txtEdit_.ForeColor(); }
 void tsText::Forecolor(Colour v) {
+  m_.StoredForeColor.reset();
+  PutForecolor(v);
+}
+
+/// A colour that is only drawn is not stored.
+void tsText::DrawForecolor(Colour v) {
+  if (!m_.StoredForeColor) m_.StoredForeColor = txtEdit_.ForeColor();
+  PutForecolor(v);
+}
+
+void tsText::PutForecolor(Colour v) {
   txtEdit_.ForeColor(v);
   site_.PropertyChanged(u"ForeColor");
 }
 
 Colour tsText::BackColor() const { return txtEdit_.BackColor(); }
 void tsText::BackColor(Colour v) {
+  m_.StoredBackColor.reset();
+  PutBackColor(v);
+}
+
+void tsText::DrawBackColor(Colour v) {
+  if (!m_.StoredBackColor) m_.StoredBackColor = txtEdit_.BackColor();
+  PutBackColor(v);
+}
+
+void tsText::PutBackColor(Colour v) {
   txtEdit_.BackColor(v);
   site_.BackColor(v);
   site_.PropertyChanged(u"BackColor");
@@ -162,6 +193,7 @@ void tsText::BackColor(Colour v) {
 
 host::Font tsText::Font() const { return txtEdit_.Font(); }
 void tsText::Font(const host::Font& v) {
+  m_.FontIsAmbient = false;
   txtEdit_.Font(v);
   site_.PropertyChanged(u"Font");
 }

@@ -13,6 +13,7 @@ namespace tessaria {
 struct MemberAccess {
   static Members& Of(const tsText& control) { return control.m_; }
   static host::TextBox& Box(const tsText& control) { return control.txtEdit_; }
+  static const host::ControlSite& Site(const tsText& control) { return control.site_; }
 };
 
 namespace {
@@ -176,9 +177,51 @@ Property BrowseRow(int id) {
   return row;
 }
 
+/// A font without name and size is that of the surroundings, bold or not.
+bool IsAmbient(const host::Font& font) { return font.Name.empty() && font.Size == 0; }
+
+void LoadFont(tsText& control, const Variant& stored) {
+  auto font = Travel<host::Font>::In(stored);
+  MemberAccess::Of(control).FontIsAmbient = IsAmbient(font);
+  if (IsAmbient(font)) {
+    const bool bold = font.Bold;
+    font = MemberAccess::Site(control).AmbientFont();
+    font.Bold = bold;
+  }
+  MemberAccess::Box(control).Font(font);
+}
+
+Variant SaveFont(const tsText& control) {
+  auto font = MemberAccess::Box(control).Font();
+  if (MemberAccess::Of(control).FontIsAmbient) {
+    const bool bold = font.Bold;
+    font = host::Font{};
+    font.Size = 0;
+    font.Bold = bold;
+  }
+  return Travel<host::Font>::Out(font);
+}
+
 Property FontRow(int id) {
   Property row = BOX_ROW(host::Font, Font, id, TextAt(54, 46));
   row.Stored.DefaultIsAmbientFont = true;
+  row.Stored.Load = LoadFont;
+  row.Stored.Save = SaveFont;
+  return row;
+}
+
+/// A colour of the box, as it was before the box was drawn in another.
+template <class Kept, class Access>
+Property ColourRow(Property row, StringView key, const Place& place, Kept, Access access) {
+  row = InBox<Colour>(row, key, place, access);
+  row.Stored.Load = [](tsText& control, const Variant& v) {
+    Kept{}(MemberAccess::Of(control)).reset();
+    Access{}(MemberAccess::Box(control), Travel<Colour>::In(v));
+  };
+  row.Stored.Save = [](const tsText& control) {
+    const auto& kept = Kept{}(MemberAccess::Of(control));
+    return Travel<Colour>::Out(kept ? *kept : Access{}(MemberAccess::Box(control)));
+  };
   return row;
 }
 
@@ -245,9 +288,11 @@ std::vector<Property> MakeProperties() {
       BOX_ROW(bool, Enabled, 53, ValueAt(51, 52, true)),
       ReadWrite<String>(u"Nome", 54, OF_CONTROL(Nome)),
       MEMBER_ROW(String, NumeroTab, 55, TextAt(12, 12)),
-      InBox<Colour>(ReadWrite<Colour>(u"Forecolor", 56, OF_CONTROL(Forecolor)), u"ForeColor",
-                    ValueAt(46, 47, kSystemWindowText), OF_CONTROL(ForeColor)),
-      BOX_ROW(Colour, BackColor, 57, ValueAt(45, 45, kSystemWindow)),
+      ColourRow(ReadWrite<Colour>(u"Forecolor", 56, OF_CONTROL(Forecolor)), u"ForeColor",
+                ValueAt(46, 47, kSystemWindowText), OF_MEMBERS(StoredForeColor),
+                OF_CONTROL(ForeColor)),
+      ColourRow(ReadWrite<Colour>(u"BackColor", 57, OF_CONTROL(BackColor)), u"BackColor",
+                ValueAt(45, 45, kSystemWindow), OF_MEMBERS(StoredBackColor), OF_CONTROL(BackColor)),
       FontRow(58),
       ReadOnly<bool>(u"Carregou", 59, OF_CONTROL(Carregou)),
       WriteOnly<String>(u"LastValue", 60, OF_CONTROL(LastValue)),

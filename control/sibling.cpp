@@ -41,8 +41,7 @@ class HandingOn {
 }  // namespace
 
 std::shared_ptr<host::TsTextWidget> tsText::Sibling() const {
-  auto sibling =
-      std::dynamic_pointer_cast<host::TsTextWidget>(site_.Parent()->Controls(m_.TxtIrmao));
+  auto sibling = std::dynamic_pointer_cast<host::TsTextWidget>(Named(u"TxtIrmao", m_.TxtIrmao));
   if (!sibling) throw HostError(errors::NoSuchMember);
   return sibling;
 }

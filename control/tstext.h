@@ -49,7 +49,11 @@ class tsText final : public _tsText, private MaskedField {
   /// may be, with its text as it stands. A field that nobody has touched is not written, and is
   /// `NotStored` never.
   ExitVerdict UserControl_ExitFocus();
-  /// These three pass the key on to the application; errors of its handlers surface here.
+  /// These three pass the key on to the application; errors of its handlers surface here. A host
+  /// calls KeyUp for every release but those of auto-repeat; PageDown opens the dialog only when
+  /// its key-down came to this control too. The key-up of the box itself (`TextBox::OnKeyUp`)
+  /// comes behind it, and only for a key whose key-down the box had; once with code 0 for a text
+  /// that came without a key. A key that is held while the focus goes has none.
   void UserControl_KeyDown(Integer& KeyCode, Integer& Shift);
   void UserControl_KeyPress(Integer& KeyAscii);
   void UserControl_KeyUp(Integer& KeyCode, Integer& Shift);
@@ -264,6 +268,9 @@ class tsText final : public _tsText, private MaskedField {
   /// Resolves names: "Irmao", "DataSource", "Campo", "Label", or "Todos" for all of them. True
   /// when a field was bound and loaded, which only "Todos" can do.
   bool SetarVariaveis(StringView what);
+  /// Why the first show in the designer could not look into the database; "" when it could. For
+  /// the property page to tell.
+  String DesignTimeError() const { return designTimeError_; }
   /// A message that only a visible form shows. Flags and title as `ExibeMensagem` takes them.
   void MsgSeVisivel(const String& text, Long flags, const String& title);
 
@@ -348,6 +355,7 @@ class tsText final : public _tsText, private MaskedField {
   void AtualizaPesquisa();
   std::shared_ptr<host::DataControl> DataControlByName() const;
   host::RecordsetPtr BoundRecordset() const;
+  host::WidgetPtr Named(const char16_t* property, const String& name) const;
 
   // Validation
   /// How the rules of leaving end. Escaped: the focus goes where nothing is checked.
@@ -397,6 +405,10 @@ class tsText final : public _tsText, private MaskedField {
   void LoadButtonPicture();
   void ColourCaption();
   void ColourLabel(Colour colour);
+  void DrawForecolor(Colour v);
+  void PutForecolor(Colour v);
+  void DrawBackColor(Colour v);
+  void PutBackColor(Colour v);
   std::shared_ptr<host::Label> LabelWidget() const;
 
   host::ControlSite& site_;
@@ -405,6 +417,8 @@ class tsText final : public _tsText, private MaskedField {
   tsTextEvents& events_;
   mutable Members m_;  // the definitions are created on first need, reading included
   ShownText shown_;
+  String designTimeError_;
+  bool pageDownIsHeld_ = false;
   bool loading_ = false;
   bool filtering_ = false;         ///< a key of the box is on its way through the filter
   std::vector<Variant> handedOn_;  ///< values whose sibling step is running, outermost first

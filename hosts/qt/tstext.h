@@ -95,7 +95,7 @@ class TsText final : public QWidget, public ErrorListener {
 
  public:
   /// Any other number behaves as Normal.
-  enum TipoControle { Normal, Browse, Calendario, Descricao, Diretorio, Calculadora };
+  enum TipoControle : int { Normal, Browse, Calendario, Descricao, Diretorio, Calculadora };
   Q_ENUM(TipoControle)
 
   explicit TsText(QWidget* parent = nullptr);

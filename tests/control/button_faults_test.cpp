@@ -147,7 +147,9 @@ TEST_F(ButtonFaults, AKeyThatIsGoneIsAFaultOfItsDescription) {
   Show(TipoControle::Descricao);
   form->Remove(u"txtChave");
   field->btnBrowse().OnClick();
-  EXPECT_THAT(app.TakeBoxes(), ElementsAre(Reported(errors::ControlNotFound)));
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(ErrorBox(MissingControl(u"txtChave", u"TxtIrmao", u"txtCampo"),
+                                   u"btnBrowse_Click")));
   EXPECT_EQ(Box().Tag, silenced);
 }
 

@@ -178,7 +178,8 @@ TEST_F(CompletionTest, ASiblingThatWentAwayIsReported) {
   form->Remove(u"txtCodigo");
   EXPECT_EQ(Sent(u"An"), u"");
   EXPECT_THAT(app.TakeBoxes(),
-              ElementsAre(ErrorBox(HostError(errors::ControlNotFound), u"txtEdit_KeyUp")));
+              ElementsAre(ErrorBox(MissingControl(u"txtCodigo", u"TxtIrmao", u"txtNome"),
+                                   u"txtEdit_KeyUp")));
   // The sibling is fetched ahead of the dead keys too.
   KeyUp(222);
   EXPECT_EQ(app.TakeBoxes().size(), 1u);

@@ -49,6 +49,12 @@ inline memory::MessageBoxRecord ErrorBox(const HostError& error, const String& p
           u"Erro: " + CStr(Variant(error.Number())) + u" - Função: " + module + u"." + procedure};
 }
 
+/// The error of a property that names a control that is not there.
+inline HostError MissingControl(const String& name, const String& property, const String& field) {
+  return {errors::ControlNotFound,
+          u"Controle não encontrado: '" + name + u"', em " + property + u" de '" + field + u"'"};
+}
+
 class ControlTest : public testing::Test {
  protected:
   explicit ControlTest(memory::Form::Mode mode = memory::Form::Mode::Run)

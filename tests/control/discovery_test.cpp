@@ -136,7 +136,8 @@ TEST_F(SiblingDiscoveryTest, AMissingSiblingIsReportedAndEndsTheLooking) {
   Control().TxtIrmao(u"txtQueNaoHa");
   Control().Refresh();
   EXPECT_THAT(app.TakeBoxes(),
-              ElementsAre(ErrorBox(HostError(errors::ControlNotFound), u"SetarVariaveis")));
+              ElementsAre(ErrorBox(MissingControl(u"txtQueNaoHa", u"TxtIrmao", field->Name()),
+                                   u"SetarVariaveis")));
   EXPECT_EQ(Control().PosDataField(), u"");
 }
 
@@ -205,9 +206,10 @@ TEST_F(BindingTest, WithoutBothNamesTheValueIsNull) {
 
 TEST_F(BindingTest, ADataControlThatDoesNotExistIsToldWithItsError) {
   Control().Refresh();
-  EXPECT_THAT(app.TakeBoxes(),
-              ElementsAre(NotFound(ErrorDescription(errors::ControlNotFound),
-                                   CStr(Variant(errors::ControlNotFound)).c_str())));
+  EXPECT_THAT(
+      app.TakeBoxes(),
+      ElementsAre(NotFound(MissingControl(u"dtcDados", u"DataSource", field->Name()).Description(),
+                           CStr(Variant(errors::ControlNotFound)).c_str())));
 }
 
 // The type's name decides by its ending, exactly; there is no error, so number 0 is shown.
@@ -402,7 +404,8 @@ TEST_F(LabelDiscoveryTest, AMissingLabelIsReported) {
   const auto labelled = AddStored(u"txtComLegenda", {{u"LabelAssociado", u"lblNada"}});
   (*labelled)->Refresh();
   EXPECT_THAT(app.TakeBoxes(),
-              ElementsAre(ErrorBox(HostError(errors::ControlNotFound), u"SetarVariaveis")));
+              ElementsAre(ErrorBox(MissingControl(u"lblNada", u"LabelAssociado", u"txtComLegenda"),
+                                   u"SetarVariaveis")));
 }
 
 }  // namespace

@@ -388,6 +388,77 @@ TEST_F(FocusTest, TheZeroFillComesBeforeTheValidation) {
   EXPECT_THAT(Control().Value(), IsNullVariant());
 }
 
+// --- Exit: the verdict --------------------------------------------------------------------------
+
+TEST_F(FocusTest, ASettledFieldIsLeftAndSoIsOneThatIsSilencedOrDisabled) {
+  Show();
+  Enter();
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::Left);
+  Box().Text(u"novo");
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::Left);
+  Box().Text(u"outro");
+  Box().Tag = u"Nao Dispara Valida";
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::Left);
+  Box().Tag.clear();
+  Box().Enabled(false);
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::Left);
+}
+
+TEST_F(FocusTest, AnInvalidTextIsRefused) {
+  Control().Mascara(u"dd/mm/yyyy");
+  Show();
+  Enter();
+  Box().Text(u"31/04/2017");
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::Refused);
+}
+
+TEST_F(FocusTest, AnInvalidTextIsLeftForTheControlThatCancels) {
+  Control().Mascara(u"dd/mm/yyyy");
+  Control().ObjetoCancelar(u"chkAtivo");
+  Show();
+  Enter();
+  Box().Text(u"31/04/2017");
+  form->Focus(u"chkAtivo");
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::Left);
+}
+
+TEST_F(FocusTest, ATextThatCannotBeConvertedIsNotStored) {
+  Control().TipoDado(5);
+  Show();
+  Enter();
+  Box().Text(u"abc");
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::NotStored);
+}
+
+TEST_F(FocusTest, AValueThatItsFieldRefusesIsNotStored) {
+  AddData({{u"nome", host::type::VarWChar, 5}}, {{u"Ana"}});
+  Bind(field, u"nome");
+  Show();
+  Enter();
+  Box().Text(u"Guilhermina");
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::NotStored);
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::NotStored);
+  Box().Text(u"Bia");
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::Left);
+}
+
+TEST_F(FocusTest, AnErrorAheadOfTheAssignmentLeavesTheTypedTextNotStored) {
+  Control().Mascara(u"00000");
+  Show();
+  Enter();
+  Box().Text(u"1_2__");
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::NotStored);
+}
+
+TEST_F(FocusTest, AnErrorBehindTheAssignmentIsNoRefusal) {
+  Show();
+  Enter();
+  Box().Text(u"novo");
+  field->OnBrowseReturn = [](bool&, Variant&) { throw HostError(11); };
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::Left);
+  field->OnBrowseReturn = nullptr;
+}
+
 // --- Exit: the change ---------------------------------------------------------------------------
 
 struct Change {

@@ -55,6 +55,19 @@ TEST_F(KeysTest, ErrorsOfTheApplicationsHandlersSurface) {
 
 // --- Every key-up counts as typing --------------------------------------------------------------
 
+// The key went down in another control, whose handler has moved the focus.
+TEST_F(KeysTest, APageDownThatWentDownElsewhereOpensNothing) {
+  Control().TipoControle(TipoControle::Browse);
+  Show();
+  Integer code = 34, shift = 0;
+  Control().UserControl_KeyUp(code, shift);
+  EXPECT_THAT(field->Events(Kind::BrowseReturn), IsEmpty());
+  EXPECT_THAT(field->Events(Kind::KeyUp), testing::SizeIs(1));
+  Control().UserControl_KeyDown(code, shift);
+  Control().UserControl_KeyUp(code, shift);
+  EXPECT_THAT(field->Events(Kind::BrowseReturn), testing::SizeIs(1));
+}
+
 TEST_F(KeysTest, EveryKeyUpLetsTheNextAssignmentFetchTheDescription) {
   State().dbConexao = connection;
   Control().BrowseTable(u"clientes");

@@ -435,6 +435,31 @@ TEST_F(PersistenceTest, OnlyANewControlIsBold) {
   EXPECT_FALSE((*form->Add<memory::TsText>(u"txtLido", bag))->Font().Bold);
 }
 
+TEST_F(PersistenceTest, ANewControlStoresNoFontButBold) {
+  TextPropertyBag stored({{u"Browse", [] { return std::make_shared<Browse>(); }}});
+  Control().UserControl_WriteProperties(stored);
+  const auto font = stored.ReadProperty(u"Font", Variant::Missing()).As<host::Font>();
+  EXPECT_EQ(font->Name, u"");
+  EXPECT_EQ(font->Size, 0);
+  EXPECT_TRUE(font->Bold);
+
+  const auto loaded = form->Add<memory::TsText>(u"txtOutro", stored);
+  EXPECT_EQ((*loaded)->Font(), Control().Font());
+  TextPropertyBag again({{u"Browse", [] { return std::make_shared<Browse>(); }}});
+  (*loaded)->UserControl_WriteProperties(again);
+  EXPECT_EQ(again.Save(), stored.Save());
+}
+
+TEST_F(PersistenceTest, AKindOutOfRangeIsKeptAndBehavesAsAPlainField) {
+  for (const Long kind : {-1, 6, 99, 2147483647}) {
+    const auto odd = AddStored(u"txt" + CStr(Variant(kind)), {{u"TipoControle", kind}});
+    (*odd)->UserControl_Show();
+    EXPECT_FALSE(odd->btnBrowse().Visible());
+    EXPECT_SAME(GetProperty(**odd, u"TipoControle"), kind);
+  }
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
 TEST_F(PersistenceTest, AControlCountsAsLoadedBeforeItsFirstShow) {
   EXPECT_TRUE(Control().Carregou());
 }

@@ -93,6 +93,7 @@ const LetterMask letterMasks[] = {
     {u"A", -1, 3, u"AAA"},        {u"AA", -1, 0, u"AA"},  // no size leaves the mask as it is
     {u"AA", 0, 9, u"AA"},         {u"a", 10, 3, u"a"},
     {u"00", 10, 3, u"00"},        {u"", 10, 3, u""},
+    {u"A", -1, 2147483647, u"A"},  // no mask is as long as that
 };
 
 TEST_F(FirstShowTest, AMaskOfLettersTakesTheFieldsSize) {
@@ -315,6 +316,29 @@ TEST_F(ColourTest, DrawingTellsItsColours) {
   EXPECT_THAT(told, Contains(u"BackColor"));
 }
 
+// The colours that a field is drawn in come and go with its state.
+TEST_F(ColourTest, AColourThatIsOnlyDrawnIsNotStored) {
+  const Colour yellow = 0x00C0FFFF;
+  const auto stored = [](const FieldPtr& field, const char16_t* key) {
+    memory::PropertyBag bag;
+    (*field)->UserControl_WriteProperties(bag);
+    return bag.ReadProperty(key, Variant::Missing());
+  };
+  const auto fresh = AddField(u"txtNovo");
+  (*fresh)->TipoControle(TipoControle::Descricao);
+  (*fresh)->UserControl_Show();
+  EXPECT_EQ((*fresh)->Forecolor(), host::colour::Blue);
+  EXPECT_TRUE(stored(fresh, u"BackColor").IsMissing());
+  EXPECT_TRUE(stored(fresh, u"ForeColor").IsMissing());
+
+  const auto loaded = AddStored(u"txtLido", {{u"BackColor", static_cast<Long>(yellow)}});
+  (*loaded)->UserControl_Show();
+  EXPECT_EQ((*loaded)->BackColor(), host::colour::White);
+  EXPECT_THAT(stored(loaded, u"BackColor"), IsValue(static_cast<Long>(yellow)));
+  (*loaded)->BackColor(0x123456);
+  EXPECT_THAT(stored(loaded, u"BackColor"), IsValue(Long{0x123456}));
+}
+
 struct FocusRow {
   bool Enabled;
   bool eSocial;
@@ -360,7 +384,8 @@ TEST_F(ColourTest, AnErrorWhileDrawingIsReported) {
   form->Remove(u"lblCampo");
   (*field)->Enabled(false);
   EXPECT_THAT(app.TakeBoxes(),
-              ElementsAre(ErrorBox(HostError(errors::ControlNotFound), u"AtualizaExibicao")));
+              ElementsAre(ErrorBox(MissingControl(u"lblCampo", u"LabelAssociado", field->Name()),
+                                   u"AtualizaExibicao")));
 }
 
 // --- Enabled ------------------------------------------------------------------------------------

@@ -70,7 +70,8 @@ class LostSibling : public SiblingTest, public testing::WithParamInterface<Loss>
     if (GetParam() == Loss::Replaced) form->Add<memory::Generic>(u"txtNome", u"TextBox");
   }
   static HostError Error() {
-    return HostError(GetParam() == Loss::Removed ? errors::ControlNotFound : errors::NoSuchMember);
+    return GetParam() == Loss::Removed ? MissingControl(u"txtNome", u"TxtIrmao", u"txtCodigo")
+                                       : HostError(errors::NoSuchMember);
   }
 };
 

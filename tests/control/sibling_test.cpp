@@ -1,5 +1,6 @@
 // A key and its description fill each other; the guards of their names.
 
+#include "tessaria/comforts.h"
 #include "tests/control/sibling_fixture.h"
 
 namespace tessaria::test {
@@ -226,6 +227,30 @@ TEST_F(SiblingTest, ADescriptionIsLookedUpUnderItsKey) {
     EXPECT_EQ(connection->TakeStatements().at(0),
               String(u"Select Top 1 codigo From clientes Where nome = 'Ana'") + row.Condition);
   }
+}
+
+TEST_F(SiblingTest, ByTheComfortADescriptionThatIsTypedAnewIsLookedUpWithoutItsFormerKey) {
+  const auto statementAfter = [&](bool typesAnew) {
+    (*description)->Value(u"Ana");
+    (*key)->Value(u"7");
+    form->Focus(u"txtCodigo");
+    form->Focus(u"txtNome");
+    Forget();
+    if (typesAnew) description->txtEdit().Text(u"Bia");
+    Integer code = 16, shift = 0;
+    description->txtEdit().OnKeyUp(code, shift);
+    form->Focus(u"txtCodigo");
+    return connection->TakeStatements().at(0);
+  };
+  (*description)->UsaChecaRelacao(false);
+  form->Show();
+  EXPECT_EQ(statementAfter(true),
+            u"Select Top 1 codigo From clientes Where nome = 'Bia' And codigo = '7'");
+  setComforts({.SearchWithoutFormerKey = true});
+  EXPECT_EQ(statementAfter(true), u"Select Top 1 codigo From clientes Where nome = 'Bia'");
+  EXPECT_EQ(statementAfter(false),
+            u"Select Top 1 codigo From clientes Where nome = 'Ana' And codigo = '7'");
+  setComforts({});
 }
 
 TEST_F(SiblingTest, WithoutASiblingsFieldThereIsNoFilter) {

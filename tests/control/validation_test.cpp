@@ -502,7 +502,8 @@ TEST_F(RelationTest, AnErrorOfTheCheckAloneIsReported) {
   form->Remove(u"lblCodigo");
   EXPECT_FALSE(Control().AcionaChecaRelacao());
   EXPECT_THAT(app.TakeBoxes(),
-              ElementsAre(ErrorBox(HostError(errors::ControlNotFound), u"AcionaChecaRelacao")));
+              ElementsAre(ErrorBox(MissingControl(u"lblCodigo", u"LabelAssociado", u"txtCodigo"),
+                                   u"AcionaChecaRelacao")));
 }
 
 }  // namespace

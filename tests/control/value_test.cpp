@@ -425,6 +425,55 @@ TEST_F(BoundValueTest, AnAssignmentFromAProgramLeavesOriginalValueAlone) {
   EXPECT_THAT(Control().OriginalValue(), IsValue(u"da linha"));
 }
 
+// --- Every digit -------------------------------------------------------------------------------
+
+struct ManyDigits {
+  const char16_t* Typed;
+  const char16_t* Exact;  ///< nullptr for a number that is refused
+};
+
+const ManyDigits manyDigits[] = {
+    {u"9007199254740993", u"9007199254740993"},
+    {u"-12.345.678.901.234.567.890,12", u"-12345678901234567890.12"},
+    {u"0,1234567890123456789", u"0.1234567890123456789"},
+    {u"79228162514264337593543950337", nullptr},
+    {u"1,23456789012345678901234567890123", nullptr},
+};
+
+TEST_F(BoundValueTest, ANumberOfMoreThanFifteenDigitsStaysExactOrIsRefused) {
+  rows->Field.Type = host::type::Numeric;
+  for (const ManyDigits& row : manyDigits) {
+    SCOPED_TRACE(ToUtf8(row.Typed));
+    rows->Written.clear();
+    Control().Value(row.Typed);
+    if (row.Exact) {
+      EXPECT_THAT(rows->Written, ElementsAre(IsValue(DecimalFromText(row.Exact))));
+      EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+    } else {
+      EXPECT_THAT(rows->Written, IsEmpty());
+      EXPECT_THAT(app.TakeBoxes(),
+                  ElementsAre(Refusal(u"O número tem mais dígitos do que o campo pode guardar.")));
+    }
+  }
+}
+
+TEST_F(BoundValueTest, ANumberOfFifteenDigitsOrFewerIsADouble) {
+  rows->Field.Type = host::type::Numeric;
+  for (const auto& [typed, number] :
+       {std::pair{u"123456789012345", 123456789012345.0}, std::pair{u"1,50", 1.5},
+        std::pair{u"1000000000000000000000", 1e21}, std::pair{u"&HFF", 255.0}}) {
+    Control().Value(typed);
+    EXPECT_THAT(rows->Written.back(), IsValue(number));
+  }
+  Control().Value(0.3F);
+  EXPECT_THAT(rows->Written.back(), IsValue(0.3));
+}
+
+TEST_F(UnboundValueTest, ANumberOfMoreThanFifteenDigitsStaysExact) {
+  EXPECT_SAME((*Assign(5, u"", u"9007199254740993"))->Value(),
+              DecimalFromText(u"9007199254740993"));
+}
+
 // --- The later steps ----------------------------------------------------------------------------
 
 class LaterStepsTest : public ControlTest {

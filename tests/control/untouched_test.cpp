@@ -1,0 +1,372 @@
+// A field that nobody has touched: its row stays as it is, whatever mask shows it.
+
+#include "tests/control/control_fixture.h"
+#include "tests/control/raw_rows.h"
+
+namespace tessaria::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+const Variant null = Variant::Null();
+
+/// One field on one row.
+class UntouchedTest : public ControlTest {
+ protected:
+  UntouchedTest() {
+    form->Add<memory::Generic>(u"chkAtivo", u"CheckBox", memory::Generic::Focus::Taken);
+  }
+
+  void AddRow(const memory::Column& column, const Variant& stored) {
+    data = AddData({column}, {{stored}});
+    field = AddField(u"txtCampo");
+    Bind(field, column.Name);
+    Control().UsaChecaRelacao(false);
+  }
+  void AddRow(Long type, const Variant& stored) { AddRow({u"campo", type}, stored); }
+  /// A row that keeps any value whatever its type, and notes what is written.
+  void AddRawRow(Long type, const Variant& stored) {
+    rows->Field.Type = type;
+    rows->Field.Value = stored;
+    const auto control = form->Add<memory::DataControl>(u"dtcDados");
+    control->ConnectionString(u"DSN=teste");
+    control->RecordSource(u"crua");
+    control->RecordSet(rows);
+    field = AddField(u"txtCampo");
+    Bind(field, u"campo");
+    Control().UsaChecaRelacao(false);
+  }
+  tsText& Control() { return **field; }
+  memory::TextBox& Box() { return field->txtEdit(); }
+  void Enter() { form->Focus(u"txtCampo"); }
+  void Leave() { form->Focus(u"chkAtivo"); }
+  void TabThrough() {
+    Enter();
+    Leave();
+  }
+  Variant Stored() { return data->RecordSet()->Fields().Item(u"campo")->Value(); }
+  bool IsEdited() { return data->RecordSet()->EditMode() != host::EditMode::None; }
+
+  std::shared_ptr<memory::DataControl> data;
+  std::shared_ptr<RawRows> rows = std::make_shared<RawRows>();
+  FieldPtr field;
+};
+
+// --- Every mask, every type ---------------------------------------------------------------------
+
+struct Stored {
+  Long Type;
+  Variant Value;
+};
+
+const std::vector<Stored>& StoredValues() {
+  static const std::vector<Stored> values = {
+      {host::type::VarWChar, null},
+      {host::type::VarWChar, u""},
+      {host::type::VarWChar, u" "},
+      {host::type::VarWChar, u"15"},
+      {host::type::VarWChar, u"Ana_Maria-d'Ávila"},
+      {host::type::VarWChar, u"12/34 (5)"},
+      {host::type::VarWChar, u"0"},
+      {host::type::Char, u"ab"},
+      {host::type::Integer, null},
+      {host::type::Integer, Long{0}},
+      {host::type::Integer, Long{-7}},
+      {host::type::Integer, Long{2147483647}},
+      {host::type::SmallInt, Integer{12}},
+      {host::type::Single, 0.3F},
+      {host::type::Double, 1e300},
+      {host::type::Double, 1.239},
+      {host::type::Double, -0.000012345678901},
+      {host::type::Currency, Currency{123456789012345678}},
+      {host::type::Numeric, null},
+      {host::type::Numeric, DecimalFromText(u"12345.67")},
+      {host::type::Numeric, DecimalFromText(u"1.239")},
+      {host::type::Numeric, DecimalFromText(u"9007199254740993")},
+      {host::type::Numeric, DecimalFromText(u"-12345678901234567890.123456789")},
+      {host::type::Date, null},
+      {host::type::Date, FromCivil({2017, 12, 25})},
+      {host::type::DBTimeStamp, Date{FromCivil({2017, 12, 25, 10, 30, 59}).Days + 0.000001}},
+      {host::type::DBTimeStamp, FromCivil({150, 1, 31})},
+      {host::type::DBTime, Date{0.5}},
+      {host::type::Boolean, true},
+      {host::type::Boolean, null},
+  };
+  return values;
+}
+
+const char16_t* const masks[] = {
+    u"",         u"$$$$$.$$", u"$$$$$", u"$$$.$$%", u"NNN-AA",  u"N000",  u"00000",
+    u"#####",    u"##-##",    u"XXXXX", u"XX-XX",   u"AAAAA",   u"aaaa",  u"dd/mm/yyyy",
+    u"dd/mm/yy", u"mm/yyyy",  u"mm/yy", u"##/##",   u"CC (aa)", u"xAAAA",
+};
+
+class UntouchedTable : public UntouchedTest, public testing::WithParamInterface<Stored> {};
+
+INSTANTIATE_TEST_SUITE_P(Types, UntouchedTable, testing::ValuesIn(StoredValues()));
+
+TEST_P(UntouchedTable, ShowingAndTabbingThroughWriteNothingAndTheBoxShowsTheSameAgain) {
+  AddRow(GetParam().Type, GetParam().Value);
+  form->Show();
+  const Variant stored = Stored();
+  for (const char16_t* mask : masks)
+    for (const Long maxLength : {0, 1, 7, 12})
+      for (const bool promptInclude : {false, true}) {
+        SCOPED_TRACE(testing::Message() << "mask " << ToUtf8(mask) << ", at most " << maxLength
+                                        << (promptInclude ? ", literals kept" : ""));
+        Control().MaxLength(0);
+        if (Control().Mascara() != mask) Control().Mascara(mask);
+        Control().PromptInclude(promptInclude);
+        Control().Refresh();
+        Control().MaxLength(maxLength);
+        const String shown = Box().Text();
+        const Variant value = Control().Value();
+        TabThrough();
+        app.TakeBoxes();  // a check may refuse what the mask makes of the value
+        TabThrough();
+        app.TakeBoxes();
+        EXPECT_FALSE(IsEdited());
+        EXPECT_SAME(Stored(), stored);
+        EXPECT_SAME(Control().Value(), value);
+        if (Control().LastValidaStatus() && maxLength == 0) {
+          EXPECT_EQ(Box().Text(), shown);
+        }
+      }
+}
+
+TEST_F(UntouchedTest, NullUnderAnAmountIsShownAsZeroAndStaysNull) {
+  AddRow(host::type::Numeric, null);
+  Control().Mascara(u"$$$$$.$$");
+  form->Show();
+  TabThrough();
+  EXPECT_EQ(Box().Text(), u"0,00");
+  EXPECT_THAT(Control().Value(), IsValue(Integer{0}));
+  EXPECT_THAT(Control().OriginalValue(), IsNullVariant());
+  EXPECT_THAT(Stored(), IsNullVariant());
+  EXPECT_FALSE(IsEdited());
+}
+
+// Zero equals Empty, and Empty is Null in a field that accepts it.
+TEST_F(UntouchedTest, AStoredZeroIsShownAsABlankAndStaysZero) {
+  AddRow(host::type::Integer, Long{0});
+  form->Show();
+  TabThrough();
+  EXPECT_EQ(Box().Text(), u"");
+  EXPECT_THAT(Stored(), IsValue(Long{0}));
+  EXPECT_FALSE(IsEdited());
+}
+
+TEST_F(UntouchedTest, AnAmountLooksFinishedAgainWhenItIsLeft) {
+  AddRow(host::type::Numeric, DecimalFromText(u"1234567.891"));
+  Control().Mascara(u"$$$$$$$.$$");
+  form->Show();
+  EXPECT_EQ(Box().Text(), u"1.234.567,89");
+  Enter();
+  EXPECT_EQ(Box().Text(), u"1234567,89");
+  EXPECT_EQ(Box().Alignment(), host::Alignment::Left);
+  Leave();
+  EXPECT_EQ(Box().Text(), u"1.234.567,89");
+  EXPECT_EQ(Box().Alignment(), host::Alignment::Right);
+  EXPECT_SAME(Control().Value(), DecimalFromText(u"1234567.891"));
+  EXPECT_SAME(Stored(), DecimalFromText(u"1234567.891"));
+}
+
+TEST_F(UntouchedTest, AnUntouchedExitTellsItsValueAndThatNothingChanged) {
+  AddRow(host::type::Numeric, DecimalFromText(u"1.239"));
+  form->Show();
+  Enter();
+  field->ForgetEvents();
+  const auto told = field->ChangedProperties().size();
+  Leave();
+  EXPECT_GT(field->ChangedProperties().size(), told);
+  EXPECT_EQ(field->ChangedProperties().back(), u"Value");
+  ASSERT_THAT(field->Events(Kind::BrowseReturn), SizeIs(1));
+  EXPECT_FALSE(field->Events(Kind::BrowseReturn)[0].HouveAlteracao);
+}
+
+TEST_F(UntouchedTest, AnUnboundFieldKeepsItsValueToo) {
+  field = AddField(u"txtCampo");
+  Control().UsaChecaRelacao(false);
+  Control().TipoDado(5);
+  form->Show();
+  Control().Value(u"0");  // a typed zero is a number
+  for (const Variant& value :
+       {Variant(0.0), Variant(1.239), Variant(DecimalFromText(u"9007199254740993"))}) {
+    Control().Value(CStr(value));
+    TabThrough();
+    EXPECT_SAME(Control().Value(), value);
+  }
+}
+
+TEST_F(UntouchedTest, TheMaskOfLettersThatFitsItsFieldTouchesNothing) {
+  AddRow({u"campo", host::type::VarWChar, 5}, u"a_b");
+  Control().Mascara(u"A");
+  form->Show();
+  TabThrough();
+  EXPECT_THAT(Stored(), IsValue(u"a_b"));
+  EXPECT_THAT(Control().Value(), IsValue(u"a_b"));
+}
+
+// --- The sibling of a row -----------------------------------------------------------------------
+
+TEST_F(UntouchedTest, ARowFillsTheSiblingOfItsKeyAndLeavesTheSiblingsColumnAsItIs) {
+  AddData({{u"campo", host::type::VarWChar}, {u"nome", host::type::VarWChar}}, {{u"7", u"Velho"}})
+      ->Refresh();
+  State().dbConexao = connection;
+  connection->OnStatement = [](const String&) -> memory::Rows { return {{{u"nome"}}, {{u"Ana"}}}; };
+  const auto name = AddField(u"txtNome");
+  Bind(name, u"nome");
+  (*name)->Refresh();
+  const auto key = AddField(u"txtChave");
+  Bind(key, u"campo");
+  (*key)->TxtIrmao(u"txtNome");
+  const auto definition = (*key)->Browse();
+  definition->BrowseTable(u"clientes");
+  definition->BrwCampo(u"codigo");
+  definition->BrwCampoIrmao(u"nome");
+  (*key)->Refresh();
+  EXPECT_THAT((*name)->Value(), IsValue(u"Ana"));
+  EXPECT_EQ(name->txtEdit().Text(), u"Ana");
+  const auto rows = (*name)->CampoVinculado();
+  EXPECT_THAT(rows->Value(), IsValue(u"Velho"));
+}
+
+// --- What touches -------------------------------------------------------------------------------
+
+class TouchedTest : public UntouchedTest {
+ protected:
+  TouchedTest() {
+    AddRow(host::type::Numeric, DecimalFromText(u"1.239"));
+    Control().Mascara(u"$$$$$.$$");
+    form->Show();
+    Enter();
+  }
+};
+
+TEST_F(TouchedTest, ATypedKeyDoes) {
+  form->Type(u"1,24");
+  Leave();
+  EXPECT_TRUE(IsEdited());
+  EXPECT_SAME(Control().Value(), DecimalFromText(u"1.24"));
+}
+
+TEST_F(TouchedTest, ATextOfTheProgramDoesWhenItDiffers) {
+  Control().Text(u"1,24");
+  Leave();
+  EXPECT_SAME(Stored(), DecimalFromText(u"1.239"));
+  Enter();
+  Control().Text(u"1,25");
+  Leave();
+  EXPECT_SAME(Control().Value(), DecimalFromText(u"1.25"));
+}
+
+TEST_F(TouchedTest, AKeyThatChangesNothingDoesNot) {
+  form->Press(memory::Key::End);
+  form->Press(memory::Key::Left);
+  form->Type(u"z");
+  Leave();
+  EXPECT_FALSE(IsEdited());
+}
+
+TEST_F(TouchedTest, AValueThatAProgramAssignsMeanwhileEndsIt) {
+  form->Type(u"5");
+  Control().Value(7.777);
+  Leave();
+  EXPECT_SAME(Control().Value(), DecimalFromText(u"7.777"));
+}
+
+class TypedAnew : public UntouchedTest, public testing::WithParamInterface<const char16_t*> {};
+
+INSTANTIATE_TEST_SUITE_P(Masks, TypedAnew, testing::Values(u"", u"#", u"$"));
+
+TEST_P(TypedAnew, TheSameTextIsWritten) {
+  AddRawRow(host::type::Numeric, Long{5});
+  Control().Mascara(GetParam());
+  form->Show();
+  Enter();
+  form->Type(u"5");
+  EXPECT_EQ(Box().Text(), u"5");
+  EXPECT_THAT(rows->Written, IsEmpty());
+  Leave();
+  EXPECT_THAT(rows->Written, ElementsAre(IsValue(5.0)));
+}
+
+TEST_F(UntouchedTest, ARefusedValueIsTouchedUntilAWriteSucceedsOrTheRowIsLoadedAgain) {
+  AddRow({u"campo", host::type::VarWChar, 5}, u"Ana");
+  form->Show();
+  Enter();
+  form->Type(u"Guilhermina");
+  for (int i = 0; i < 2; ++i) {
+    Leave();
+    EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+    EXPECT_EQ(Box().Text(), u"Guilhermina");
+    EXPECT_THAT(Control().Value(), IsValue(u"Ana"));
+    Enter();
+  }
+  Control().Refresh();
+  EXPECT_EQ(Box().Text(), u"Ana");
+  Leave();
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
+// What could not be converted has left nothing in the box that could be stored.
+TEST_F(UntouchedTest, ATextThatCouldNotBeConvertedGivesWayToTheOldValueAtTheNextExit) {
+  AddRow(host::type::Integer, Long{7});
+  form->Show();
+  Enter();
+  form->Type(u"abc");
+  Leave();
+  EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+  EXPECT_EQ(Box().Text(), u"");
+  TabThrough();
+  EXPECT_EQ(Box().Text(), u"7");
+  EXPECT_THAT(Stored(), IsValue(Long{7}));
+}
+
+// --- A stored value that the type cannot take ---------------------------------------------------
+
+struct NoValue {
+  Long Type;
+  const char16_t* Text;
+  const char16_t* Mask;
+};
+
+const NoValue noValues[] = {
+    {host::type::DBTimeStamp, u"infinity", u"dd/mm/yyyy"},
+    {host::type::DBTimeStamp, u"-infinity", u""},
+    {host::type::DBDate, u"25/12/12017", u"dd/mm/yyyy"},
+    {host::type::DBDate, u"15/03/0044 BC", u"mm/yyyy"},
+    {host::type::Double, u"NaN", u"$$$$$.$$"},
+    {host::type::Numeric, u"NaN", u"00000"},
+    {host::type::Numeric, u"NaN", u"$$$.$$%"},
+};
+
+class StoredTextTest : public UntouchedTest, public testing::WithParamInterface<NoValue> {};
+
+INSTANTIATE_TEST_SUITE_P(Values, StoredTextTest, testing::ValuesIn(noValues));
+
+TEST_P(StoredTextTest, IsShownAsItStandsAndPassesUnwritten) {
+  AddRawRow(GetParam().Type, GetParam().Text);
+  Control().Mascara(GetParam().Mask);
+  form->Show();
+  EXPECT_EQ(Box().Text(), GetParam().Text);
+  EXPECT_THAT(Control().Value(), IsValue(GetParam().Text));
+  Enter();
+  EXPECT_EQ(Box().Text(), GetParam().Text);
+  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::Left);
+  EXPECT_EQ(Box().Text(), GetParam().Text);
+  EXPECT_THAT(rows->Written, IsEmpty());
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
+TEST_F(UntouchedTest, AStoredTextIsHiddenByAPasswordCharacter) {
+  AddRawRow(host::type::Numeric, u"NaN");
+  Control().PasswordChar(u"*");
+  form->Show();
+  EXPECT_EQ(Box().Text(), u"***");
+}
+
+}  // namespace
+}  // namespace tessaria::test
