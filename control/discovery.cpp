@@ -195,9 +195,8 @@ host::WidgetPtr tsText::Named(const char16_t* property, const String& name) cons
         [&] {
           if (Err().Number != errors::ControlNotFound)
             throw HostError(Err().Number, Err().Description);
-          throw HostError(errors::ControlNotFound, Err().Description + u": '" + name + u"', em " +
-                                                       property + u" de '" + site_.DisplayName() +
-                                                       u"'");
+          throw HostError(errors::ControlNotFound, Err().Description + u", em " + property +
+                                                       u" de '" + site_.DisplayName() + u"'");
         });
   return widget;
 }

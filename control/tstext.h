@@ -355,6 +355,7 @@ class tsText final : public _tsText, private MaskedField {
   void AtualizaPesquisa();
   std::shared_ptr<host::DataControl> DataControlByName() const;
   host::RecordsetPtr BoundRecordset() const;
+  /// A control of the form by the name that the property holds. Error 730 tells both.
   host::WidgetPtr Named(const char16_t* property, const String& name) const;
 
   // Validation

@@ -31,6 +31,7 @@ QAction* actionOf(const QWidget& window, const char* name) {
 MainWindow::MainWindow(Database& database) : database_(database) {
   loadForm(QStringLiteral("main_window.ui"), *this);
   setWindowIcon(QIcon(QStringLiteral(":/demo/images/mesa.png")));
+  setProperty("asksBeforeClosing", true);
   stack_ = widgetOf<QStackedWidget>(*this, "formularios");
   new QActionGroup(this);
   addForm("acaoClientes", new CustomerForm(database_, stack_));
@@ -77,6 +78,8 @@ void MainWindow::connectActions() {
   const auto onForm = [&](const char* name, auto slot) {
     on(name, [this, slot] { (current()->*slot)(); });
   };
+  // Without a connection a field cannot be checked, and the operator could never reconnect.
+  actionOf(*this, "acaoReconectar")->setProperty("settlesField", false);
   on("acaoReconectar", [this] { reconnect(); });
   on("acaoSair", [this] { close(); });
   onForm("acaoNovo", &RecordForm::addRecord);

@@ -11,19 +11,26 @@ constexpr Integer kEnter = 13;
 
 }  // namespace
 
-Label::Label(String name, String caption)
-    : PartWith(std::move(name), u"Label"),
-      caption_(std::move(caption)),
-      foreColor_(host::colour::WindowText) {
+Label::Label(String name, const String& caption)
+    : PartWith(std::move(name), u"Label"), foreColor_(host::colour::WindowText) {
+  Caption(caption);
   Properties().Add(
       u"Caption", [this] { return Variant(caption_); },
-      [this](const Variant& v) { caption_ = CStr(v); });
+      [this](const Variant& v) { Caption(CStr(v)); });
   Properties().Add(
       u"ForeColor", [this] { return Variant(static_cast<Long>(foreColor_)); },
       [this](const Variant& v) { foreColor_ = static_cast<Colour>(CLng(v)); });
   Properties().Add(
       u"FontBold", [this] { return Variant(fontBold_); },
       [this](const Variant& v) { fontBold_ = CBool(v); });
+}
+
+void Label::Caption(const String& text) {
+  caption_.clear();
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == u'&' && ++i == text.size()) break;
+    caption_ += text[i];
+  }
 }
 
 Button::Button(String name, String caption) : PartWith(std::move(name), u"CommandButton") {

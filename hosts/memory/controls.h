@@ -10,12 +10,13 @@
 
 namespace tessaria::memory {
 
+/// Its caption is kept without the mnemonic sign: "&&" is one "&".
 class Label final : public PartWith<host::Label> {
  public:
-  explicit Label(String name, String caption = u"");
+  explicit Label(String name, const String& caption = u"");
 
   String Caption() const override { return Live(), caption_; }
-  void Caption(const String& text) { caption_ = text; }
+  void Caption(const String& text);
   Colour ForeColor() const override { return Live(), foreColor_; }
   void ForeColor(Colour colour) override { Live(), foreColor_ = colour; }
   bool FontBold() const override { return Live(), fontBold_; }

@@ -73,7 +73,8 @@ Form::PartPtr Form::Find(const String& name) const {
 Form::PartPtr Form::Require(const String& name) const {
   RequireLife();
   if (auto part = Find(name)) return part;
-  throw HostError(errors::ControlNotFound);
+  throw HostError(errors::ControlNotFound,
+                  ErrorDescription(errors::ControlNotFound) + u": '" + name + u"'");
 }
 
 host::WidgetPtr Form::Controls(const String& name) const { return Require(name)->AsWidget(); }
@@ -87,6 +88,7 @@ std::vector<host::WidgetPtr> Form::Controls() const {
 
 host::WidgetPtr Form::ActiveControl() const {
   RequireLife();
+  if (action_) return action_;
   return active_ ? active_->AsWidget() : nullptr;
 }
 
@@ -204,7 +206,7 @@ void Form::MoveByTab(bool backwards) {
 
 void Form::Type(StringView text) {
   for (char16_t character : String(text)) {
-    for (const auto& stroke : StrokesOf(character)) Stroke(stroke);
+    for (const auto& stroke : StrokesOf(character)) Strike(stroke);
   }
 }
 
@@ -213,7 +215,7 @@ void Form::Press(Key key, Integer shift) {
   const Event event(*this);
   if (key == Key::Tab) {
     MoveByTab((shift & modifier::Shift) != 0);
-    return ReleaseKey(StrokeOf(key, shift));
+    return Release(StrokeOf(key, shift));
   }
   const auto isDefault = [](const Part& part) {
     const auto* button = dynamic_cast<const Button*>(&part);
@@ -226,7 +228,7 @@ void Form::Press(Key key, Integer shift) {
   const bool onButton = dynamic_cast<const Button*>(active_.get()) != nullptr;
   if (key == Key::Enter && !onButton && PressButton(isDefault)) return;
   if (key == Key::Escape && PressButton(isCancel)) return;
-  Stroke(StrokeOf(key, shift));
+  Strike(StrokeOf(key, shift));
 }
 
 bool Form::PressButton(bool(IsWanted)(const Part&)) {
@@ -237,16 +239,46 @@ bool Form::PressButton(bool(IsWanted)(const Part&)) {
   return true;
 }
 
-void Form::Stroke(const memory::Stroke& stroke) {
+void Form::Strike(const Stroke& stroke) {
   if (closed_) return;
   const Event event(*this);
-  if (const auto target = active_) RunEvent([&] { target->Hold(stroke); });
-  ReleaseKey(stroke);
+  Hold(stroke);
+  Release(stroke);
 }
 
-/// The release goes to whatever has the focus by then: that of a Tab to the control it led to.
-void Form::ReleaseKey(const memory::Stroke& stroke) {
+void Form::Hold(const Stroke& stroke) {
+  if (const auto target = active_) RunEvent([&] { target->Hold(stroke); });
+}
+
+void Form::Release(const Stroke& stroke) {
   if (const auto target = active_) RunEvent([&] { target->Release(stroke); });
+}
+
+// --- Actions ------------------------------------------------------------------------------------
+
+void Form::RunAction(const String& name, const std::function<void()>& action) {
+  const Event event(*this);
+  if (Settle(name) && !closed_) RunEvent(action);
+}
+
+void Form::CloseByFrame() {
+  const Event event(*this);
+  if (Settle(u"")) Close();
+}
+
+/// Without a name the control in focus stays the active one.
+bool Form::Settle(const String& name) {
+  const auto part = entered_;
+  if (closed_ || delivering_ || !part || !part->HasToSettle(name)) return true;
+  ExitVerdict verdict = ExitVerdict::Left;
+  delivering_ = true;
+  if (!name.empty()) action_ = std::make_shared<Button>(name)->AsWidget();
+  RunEvent([&] { verdict = part->Settle(); });
+  action_ = nullptr;
+  entered_ = nullptr;
+  delivering_ = false;
+  if (!closed_) DeliverFocus();
+  return verdict == ExitVerdict::Left;
 }
 
 void Form::Click(const String& name) {

@@ -16,6 +16,7 @@ namespace tessaria::memory {
 /// The events of a focus change come in the order of a real form: the new control is already the
 /// active one when the old one's surface is left; then the new surface is entered. A control that
 /// takes the focus back while it is left spares the other one both events, and is entered anew.
+/// A key-up belongs to the box that got the key-down.
 ///
 /// Every call of the operator's hands is an event: an error that leaves a handler is shown in a
 /// box, kept in `UnhandledErrors`, and the form goes on. A form closed by a handler is hidden and
@@ -73,6 +74,15 @@ class Form final : public host::Form, public std::enable_shared_from_this<Form> 
   /// was taken back by the control that was left. Error 730 when there is none of that name.
   void Click(const String& name);
   void Focus(const String& name);
+  /// Works a tool button, an entry of a menu or a shortcut of that name, which takes no focus: the
+  /// control in focus is settled first, with a command button of the name as the active control.
+  /// What it refuses does not run; a control whose `ObjetoCancelar` is the name is left alone.
+  void RunAction(const String& name, const std::function<void()>& action);
+  /// Closes the form by its frame: settles the control in focus, and stays open when that refuses.
+  void CloseByFrame();
+  /// A key going down, and up again wherever the focus is by then.
+  void Hold(const Stroke& stroke);
+  void Release(const Stroke& stroke);
 
   /// The errors that left the handlers of events.
   const std::vector<HostError>& UnhandledErrors() const { return unhandled_; }
@@ -93,8 +103,8 @@ class Form final : public host::Form, public std::enable_shared_from_this<Form> 
   void Place(const PartPtr& part);
   PartPtr Find(const String& name) const;
   PartPtr Require(const String& name) const;
-  void Stroke(const memory::Stroke& stroke);
-  void ReleaseKey(const memory::Stroke& stroke);
+  void Strike(const Stroke& stroke);
+  bool Settle(const String& name);
   void MoveByTab(bool backwards);
   bool PressButton(bool(IsWanted)(const Part&));
   void ClickPart(const PartPtr& part);
@@ -114,6 +124,7 @@ class Form final : public host::Form, public std::enable_shared_from_this<Form> 
   PartPtr active_;                ///< has the focus, or has just taken it
   PartPtr entered_;               ///< was told last that it has the focus
   bool delivering_ = false;
+  host::WidgetPtr action_;  ///< counts as the active control
   bool visible_ = false;
   bool shown_ = false;
   bool closed_ = false;

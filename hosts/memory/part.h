@@ -7,6 +7,7 @@
 #include "hosts/memory/late_bound.h"
 #include "tessaria/error.h"
 #include "tessaria/host/form.h"
+#include "tessaria/tstext_interface.h"
 
 namespace tessaria::memory {
 
@@ -55,7 +56,11 @@ class Part : public std::enable_shared_from_this<Part> {
   /// Whether the control can have the focus now.
   virtual bool TakesFocus() const { return false; }
   virtual void Enter() {}
-  virtual void Leave() {}
+  virtual ExitVerdict Leave() { return ExitVerdict::Left; }
+  /// Whether an action of that name has something to settle here first.
+  virtual bool HasToSettle(const String&) const { return false; }
+  /// Checks and assigns as `Leave` does, with the focus staying.
+  virtual ExitVerdict Settle() { return ExitVerdict::Left; }
   virtual void Hold(const Stroke&) {}
   virtual void Release(const Stroke&) {}
   virtual void Click() {}

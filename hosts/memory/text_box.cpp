@@ -76,6 +76,7 @@ void TextBox::GainFocus() {
 }
 
 void TextBox::LoseFocus() {
+  held_.clear();
   if (!hasFocus_) return;
   hasFocus_ = false;
   Raise(OnLostFocus);
@@ -105,7 +106,9 @@ void TextBox::Press(Key key, Integer shift) {
 }
 
 void TextBox::Hold(const Stroke& stroke) {
-  if (!TakesKeys() || !PassesKeyDown(stroke)) return;
+  if (!TakesKeys()) return;
+  held_.insert(stroke.Code);
+  if (!PassesKeyDown(stroke)) return;
   if (stroke.Character != 0) {
     PressCharacter(stroke.Character);
   } else {
@@ -146,20 +149,22 @@ void TextBox::PressCharacter(char16_t character) {
 }
 
 void TextBox::Release(const Stroke& stroke) {
-  if (!TakesKeys()) return;
+  if (TakesKeys()) RaiseKeyUp(stroke, held_.erase(stroke.Code) > 0);
+}
+
+void TextBox::RaiseKeyUp(const Stroke& stroke, bool pressedHere) {
   const std::weak_ptr<const bool> alive = alive_;
   Integer code = stroke.Code;
   Integer shift = stroke.Shift;
   Raise(Surface.OnKeyUp, code, shift);
-  if (alive.expired()) return;
-  Raise(OnKeyUp, code, shift);
+  if (pressedHere && !alive.expired()) Raise(OnKeyUp, code, shift);
 }
 
 void TextBox::Insert(const String& text) {
   if (!TakesKeys()) return;
   const std::weak_ptr<const bool> alive = alive_;
   Enter(text);
-  if (!alive.expired()) Release(Stroke{});
+  if (!alive.expired()) RaiseKeyUp(Stroke{}, true);
 }
 
 void TextBox::EditCommand(const Stroke& stroke) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <set>
 
 #include "hosts/memory/keys.h"
 #include "tessaria/host/widgets.h"
@@ -60,7 +61,7 @@ class TextBox final : public host::TextBox {
   void Press(Key key, Integer shift = modifier::None);
   /// Key-down, key-press and the edit.
   void Hold(const Stroke& stroke);
-  /// Key-up.
+  /// Key-up: the box's own only for a key that went down here; the surface hears of every one.
   void Release(const Stroke& stroke);
   /// Text that comes without a key (menu, drop): replaces the selection; one key-up of code 0.
   void Insert(const String& text);
@@ -83,6 +84,7 @@ class TextBox final : public host::TextBox {
  private:
   bool TakesKeys() const { return enabled_ && visible_; }
   bool PassesKeyDown(const Stroke& stroke);
+  void RaiseKeyUp(const Stroke& stroke, bool pressedHere);
   void PressCharacter(char16_t character);
   void EditCommand(const Stroke& stroke);
   void MoveCaret(Long position, bool extend);
@@ -104,6 +106,7 @@ class TextBox final : public host::TextBox {
   bool enabled_ = true;
   bool visible_ = true;
   bool hasFocus_ = false;
+  std::set<Integer> held_;  ///< keys whose release is awaited
   Colour foreColor_ = host::colour::WindowText;
   Colour backColor_ = host::colour::WindowBackground;
   host::Font font_;

@@ -108,6 +108,13 @@ void TsText::Create() {
   site_ = std::make_unique<Site>(*this);
   sink_ = std::make_unique<EventSink>(*this);
   core_ = std::make_unique<tsText>(*site_, box_, button_, *sink_);
+  // An error of the change surfaces as that of an event, whoever has changed the text.
+  box_.OnChange = [this, change = box_.OnChange] {
+    if (const auto form = OwnerForm())
+      form->RunEvent(change);
+    else
+      change();
+  };
   box_.OnSetFocus = [this] { FocusInner(Inner::Box); };
   box_.Surface.OnKeyDown = [this](Integer& code, Integer& shift) {
     core_->UserControl_KeyDown(code, shift);
@@ -202,18 +209,38 @@ void TsText::ShowInnerFocus() {
 
 void TsText::Enter() {
   const auto form = OwnerForm();
-  form->RunEvent([this] { (*this)->UserControl_EnterFocus(); });
+  form->RunEvent([this] {
+    (*this)->UserControl_EnterFocus();
+    watch_.Entered(**this);
+  });
   if (!HasFocus()) return;
   entered_ = true;
   form->RunEvent([this] { ShowInnerFocus(); });
 }
 
-void TsText::Leave() {
-  const auto form = OwnerForm();
+ExitVerdict TsText::Leave() {
   entered_ = false;
   inner_ = Inner::Box;
-  form->RunEvent([this] { box_.LoseFocus(); });
-  form->RunEvent([this] { (*this)->UserControl_ExitFocus(); });
+  OwnerForm()->RunEvent([this] { box_.LoseFocus(); });
+  return Exit();
+}
+
+bool TsText::HasToSettle(const String& action) const {
+  const tsText& control = **this;
+  const bool cancels = !action.empty() && EqualNoCase(control.ObjetoCancelar(), action);
+  return !cancels && watch_.IsPending(control);
+}
+
+ExitVerdict TsText::Settle() {
+  inner_ = Inner::Box;
+  OwnerForm()->RunEvent([this] { ShowInnerFocus(); });
+  return Exit();
+}
+
+ExitVerdict TsText::Exit() {
+  ExitVerdict verdict = ExitVerdict::Left;
+  OwnerForm()->RunEvent([&] { watch_.Left(verdict = (*this)->UserControl_ExitFocus()); });
+  return verdict;
 }
 
 void TsText::ClickButton() {

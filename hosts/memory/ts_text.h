@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "control/edit_watch.h"
 #include "control/tstext.h"
 #include "hosts/memory/command_button.h"
 #include "hosts/memory/form.h"
@@ -71,7 +72,9 @@ class TsText final : public PartWith<host::TsTextWidget> {
   ShowRank Rank() const override;
   bool TakesFocus() const override;
   void Enter() override;
-  void Leave() override;
+  ExitVerdict Leave() override;
+  bool HasToSettle(const String& action) const override;
+  ExitVerdict Settle() override;
   void Hold(const Stroke& stroke) override;
   void Release(const Stroke& stroke) override;
   void Terminate() override;
@@ -84,6 +87,7 @@ class TsText final : public PartWith<host::TsTextWidget> {
   /// The part that both constructors share, ahead of the control's own start values.
   void Create();
   bool HasFocus() const;
+  ExitVerdict Exit();
   void FocusInner(Inner inner);
   void ShowInnerFocus();
 
@@ -95,6 +99,7 @@ class TsText final : public PartWith<host::TsTextWidget> {
   std::unique_ptr<tsText> retired_;  ///< the control of a closed form, until this object goes
   Inner inner_ = Inner::Box;         ///< where the focus is when the surface has it
   bool entered_ = false;
+  EditWatch watch_;
   std::vector<ControlEvent> log_;
   std::vector<String> changed_;
   Colour surfaceColour_ = host::colour::ButtonFace;

@@ -174,7 +174,7 @@ bool Adodc::refresh() {
   });
   if (!opened || !self) return false;
   loadRow();
-  if (self) emit moved();
+  if (self) tell(&Adodc::moved);
   return true;
 }
 
@@ -194,8 +194,13 @@ bool Adodc::mayLeaveRow() {
   if (!isEditPending()) return true;
   const QPointer<Adodc> self(this);
   bool refused = false;
-  emit leavingRow(refused);
-  return self && !refused;
+  const bool answered = guarded(this, [&] { emit leavingRow(refused); });
+  return answered && self && !refused;
+}
+
+/// What was done stands, whatever a handler makes of it.
+void Adodc::tell(void (Adodc::*signal)()) {
+  guarded(this, [&] { emit(this->*signal)(); });
 }
 
 bool Adodc::run(const Work& work, void (Adodc::*done)()) {
@@ -203,7 +208,7 @@ bool Adodc::run(const Work& work, void (Adodc::*done)()) {
   if (!settleField() || !mayLeaveRow()) return false;
   if (!guarded(this, [&] { work(require(recordSet_)); }) || !self) return false;
   loadRow();
-  if (self) emit(this->*done)();
+  if (self) tell(done);
   return true;
 }
 
@@ -288,7 +293,7 @@ bool Adodc::cancelRow() {
   });
   if (!dropped || !self) return false;
   loadRow();
-  if (self) emit rowCancelled();
+  if (self) tell(&Adodc::rowCancelled);
   return true;
 }
 
@@ -305,7 +310,7 @@ bool Adodc::deleteRow() {
   if (!stepped) guarded(this, [this] { recordSet_->MovePrevious(); });
   if (!self) return false;
   loadRow();
-  if (self) emit rowDeleted();
+  if (self) tell(&Adodc::rowDeleted);
   return true;
 }
 

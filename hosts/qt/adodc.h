@@ -98,7 +98,7 @@ class Adodc final : public QWidget, public ErrorListener {
 
  signals:
   /// The pending edit is about to be written, because the row is left or saved. A handler may
-  /// write it itself, or set `refused` to keep the row where it is.
+  /// write it itself, or set `refused` to keep the row where it is; one that throws keeps it too.
   void leavingRow(bool& refused);
   void moved();
   void rowAdded();
@@ -113,6 +113,7 @@ class Adodc final : public QWidget, public ErrorListener {
   bool run(const Work& work, void (Adodc::*done)());
   bool settleField();
   bool mayLeaveRow();
+  void tell(void (Adodc::*signal)());
   void loadRow();
   void showPosition();
   void enableButtons();

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 
+#include "hosts/qt/event_boundary.h"
 #include "hosts/qt/handles.h"
 #include "hosts/qt/held_input.h"
 #include "hosts/qt/host.h"
@@ -40,7 +41,7 @@ std::shared_ptr<host::Picture> Application::LoadPicture(const String& path) {
 
 void Application::Beep() {
   QApplication::beep();
-  emit host_.beeped();
+  guarded(QApplication::activeWindow(), [this] { emit host_.beeped(); });
 }
 
 // The core pumps in the middle of its work on a text. A key that ran there would find the text half
@@ -53,9 +54,17 @@ void Application::DoEvents() {
 Long Application::ShowMessageBox(Long owner, const String& text, Long style, const String& title) {
   QWidget* window = widgetOf(owner);
   window = window ? window->window() : QApplication::activeWindow();
-  ++host_.boxCount_;
-  emit host_.boxShown(toQt(text), toQt(title), style);
+  tellOfBox(window, toQt(text), toQt(title), style);
   return showMessageBox(window, toQt(text), style, toQt(title));
+}
+
+/// A handler that fails causes one more box, which is not told of.
+void Application::tellOfBox(QWidget* window, const QString& text, const QString& title,
+                            Long style) {
+  if (telling_) return;
+  telling_ = true;
+  guarded(window, [&] { emit host_.boxShown(text, title, style); });
+  telling_ = false;
 }
 
 }  // namespace tessaria::qt

@@ -34,7 +34,10 @@ class Application final : public host::Application {
   Long ShowMessageBox(Long owner, const String& text, Long style, const String& title) override;
 
  private:
+  void tellOfBox(QWidget* window, const QString& text, const QString& title, Long style);
+
   Host& host_;
+  bool telling_ = false;
 };
 
 }  // namespace tessaria::qt

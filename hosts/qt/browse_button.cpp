@@ -1,8 +1,12 @@
 #include "hosts/qt/browse_button.h"
 
+#include <QEvent>
+#include <QImage>
+
 #include <algorithm>
 #include <iterator>
 
+#include "hosts/qt/colours.h"
 #include "hosts/qt/event_boundary.h"
 #include "hosts/qt/units.h"
 
@@ -29,6 +33,24 @@ constexpr Face kFaces[] = {
 constexpr Long kWidth = 330;
 constexpr Long kTop = 30;
 constexpr int kEdge = 6;  // pixels between the border and the icon, both sides together
+
+QRgb halfwayToWhite(QRgb pixel) {
+  const auto lighter = [](int channel) { return 255 - (255 - channel) / 2; };
+  return qRgba(lighter(qRed(pixel)), lighter(qGreen(pixel)), lighter(qBlue(pixel)), qAlpha(pixel));
+}
+
+/// The same shapes and hues, with strokes that stand out from a dark button.
+QIcon lightVariant(const QIcon& icon) {
+  QIcon light;
+  for (const QSize& size : icon.availableSizes()) {
+    QImage image = icon.pixmap(size, 1.0).toImage().convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x)
+        image.setPixel(x, y, halfwayToWhite(image.pixel(x, y)));
+    light.addPixmap(QPixmap::fromImage(image));
+  }
+  return light;
+}
 
 }  // namespace
 
@@ -57,7 +79,13 @@ void BrowseButton::setPicture(std::shared_ptr<host::Picture> picture) {
 
 void BrowseButton::showIcon() {
   const auto* loaded = dynamic_cast<const qt::Picture*>(picture_.get());
-  setIcon(loaded ? loaded->icon() : ownIcon_);
+  if (loaded) return setIcon(loaded->icon());
+  setIcon(wantsLightVariants(palette()) ? lightVariant(ownIcon_) : ownIcon_);
+}
+
+void BrowseButton::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) showIcon();
+  QToolButton::changeEvent(event);
 }
 
 void BrowseButton::resizeEvent(QResizeEvent* event) {

@@ -4,6 +4,9 @@
 #include <cmath>
 #include <iterator>
 
+#include "tessaria/comforts.h"
+#include "tessaria/host/widgets.h"
+
 namespace tessaria::qt {
 namespace {
 
@@ -81,6 +84,17 @@ QColor toQColor(Colour colour, const QPalette& palette) {
 Colour toColour(const QColor& colour) {
   return static_cast<Colour>(colour.red()) | static_cast<Colour>(colour.green()) << 8 |
          static_cast<Colour>(colour.blue()) << 16;
+}
+
+bool isDark(const QPalette& theme) {
+  return luminance(theme.color(QPalette::Window)) < luminance(theme.color(QPalette::WindowText));
+}
+
+bool wantsLightVariants(const QPalette& theme) { return comforts().DarkPalette && isDark(theme); }
+
+bool isThemesBase(Colour colour, const QPalette& theme) {
+  return colour == host::colour::WindowBackground ||
+         (colour == host::colour::White && wantsLightVariants(theme));
 }
 
 QColor textColourOn(const QColor& back) {

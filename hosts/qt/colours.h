@@ -14,6 +14,13 @@ bool isSystemColour(Colour colour);
 QColor toQColor(Colour colour, const QPalette& palette);
 Colour toColour(const QColor& colour);
 
+/// Whether a box of that background shows the theme's own: one of the system's colour, and under
+/// `Comforts::DarkPalette` a white one in a dark theme.
+bool isThemesBase(Colour colour, const QPalette& theme);
+bool isDark(const QPalette& theme);
+/// Whether what is drawn for a light theme has to be drawn light now.
+bool wantsLightVariants(const QPalette& theme);
+
 bool isReadableOn(const QColor& fore, const QColor& back);
 /// Black or white, whichever reads better.
 QColor textColourOn(const QColor& back);

@@ -22,10 +22,8 @@ bool ControlSite::UserMode() const { return !surface().designMode(); }
 String ControlSite::DisplayName() const { return fromQt(surface().objectName()); }
 host::Font ControlSite::AmbientFont() const { return toFont(surface().font()); }
 
-host::FormPtr ControlSite::Parent() const {
-  if (!surface().parentWidget()) throw HostError(errors::ObjectNotSet);
-  return makeForm(*formOf(&surface()));
-}
+// A field that no parent was given yet is a window of its own, and so a form.
+host::FormPtr ControlSite::Parent() const { return makeForm(*formOf(&surface())); }
 
 host::WidgetPtr ControlSite::Extender() const { return makeWidget(surface()); }
 
@@ -54,7 +52,8 @@ void ControlSite::applyColour() {
   if (!backColor_) return;
   TsText& s = surface();
   const QPalette theme = s.parentWidget() ? s.parentWidget()->palette() : QPalette();
-  const QColor colour = toQColor(*backColor_, theme);
+  const bool themed = *backColor_ == host::colour::White && wantsLightVariants(theme);
+  const QColor colour = themed ? theme.color(QPalette::Window) : toQColor(*backColor_, theme);
   // Only a colour of the program's own is painted: the white of an ordinary box would show as a
   // patch on the form where the button is missing.
   s.setAutoFillBackground(*backColor_ != host::colour::White && !isSystemColour(*backColor_));

@@ -26,11 +26,16 @@ QAbstractButton* cancelButton(const QWidget* window) {
 
 }  // namespace
 
+bool isDialogKey(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter ||
+         event.key() == Qt::Key_Escape;
+}
+
 bool takeFocusBeforePress(QAbstractButton* button) {
   const QPointer<QAbstractButton> alive(button);
   FocusCycle* cycle = FocusCycle::existing(button->window());
   if (!cycle) return true;
-  if (button->focusPolicy() == Qt::NoFocus) return cycle->settleField() && alive;
+  if (button->focusPolicy() == Qt::NoFocus) return cycle->settleField(standInOf(*button)) && alive;
   button->setFocus(Qt::OtherFocusReason);
   return cycle->settlePending() && alive && alive->window()->focusWidget() == alive;
 }

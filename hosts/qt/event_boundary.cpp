@@ -1,6 +1,7 @@
 #include "hosts/qt/event_boundary.h"
 
 #include <QPointer>
+#include <optional>
 #include <vector>
 
 #include "hosts/qt/handles.h"
@@ -27,6 +28,35 @@ ErrorListener* listenerAround(QWidget* widget) {
   return nullptr;
 }
 
+struct Failure {
+  Long number;
+  QString text;
+};
+
+/// The exception that is being handled; nothing when there is nothing to say of it.
+std::optional<Failure> failureInHand() {
+  const auto described = [](Long number, const QString& text) {
+    return Failure{number, text.isEmpty() ? toQt(ErrorDescription(number)) : text};
+  };
+  try {
+    throw;
+  } catch (const ControlGone&) {
+    return {};
+  } catch (const HostError& error) {
+    return described(error.Number(), toQt(error.Description()));
+  } catch (const std::exception& error) {
+    return described(boundary::kInternalError, QString::fromUtf8(error.what()));
+  } catch (...) {
+    return described(boundary::kInternalError, {});
+  }
+}
+
+void show(QWidget* widget, const Failure& failure) {
+  const Long owner = widget ? handleOf(*widget) : 0;
+  State().application->ShowMessageBox(owner, fromQt(failure.text), host::box::Stop,
+                                      fromQt(QStringLiteral("Erro: %1").arg(failure.number)));
+}
+
 }  // namespace
 
 namespace boundary {
@@ -40,17 +70,18 @@ Entry::~Entry() {
   entries().retired.clear();
 }
 
-void report(QWidget* widget, Long number, const QString& description) {
-  QPointer<QWidget> alive(widget);
-  const QString text = description.isEmpty() ? toQt(ErrorDescription(number)) : description;
-  if (auto* listener = listenerAround(widget)) listener->unhandled(number, text);
-  const Long owner = alive ? handleOf(*alive) : 0;
-  State().application->ShowMessageBox(owner, fromQt(text), host::box::Stop,
-                                      fromQt(QStringLiteral("Erro: %1").arg(number)));
-}
-
-void report(QWidget* widget, const HostError& error) {
-  report(widget, error.Number(), toQt(error.Description()));
+void reportException(QWidget* widget) {
+  const auto failure = failureInHand();
+  if (!failure) return;
+  const QPointer<QWidget> alive(widget);
+  // Whoever listens for errors may fail too, and is not told of that.
+  try {
+    if (auto* listener = listenerAround(widget))
+      listener->unhandled(failure->number, failure->text);
+  } catch (...) {
+    if (const auto second = failureInHand()) show(alive, *second);
+  }
+  show(alive, *failure);
 }
 
 }  // namespace boundary

@@ -34,8 +34,8 @@ class Entry {
   Entry& operator=(const Entry&) = delete;
   ~Entry();
 };
-void report(QWidget* widget, Long number, const QString& description);
-void report(QWidget* widget, const HostError& error);
+/// Shows the exception that is being handled, unless it is `ControlGone`. Nothing comes out of it.
+void reportException(QWidget* widget);
 }  // namespace boundary
 
 /// Keeps an object alive until the last entry into the core on this thread has returned. With
@@ -52,13 +52,8 @@ bool guarded(QWidget* widget, Body&& body) {
   try {
     body();
     return true;
-  } catch (const ControlGone&) {
-  } catch (const HostError& error) {
-    boundary::report(owner, error);
-  } catch (const std::exception& error) {
-    boundary::report(owner, boundary::kInternalError, QString::fromUtf8(error.what()));
   } catch (...) {
-    boundary::report(owner, boundary::kInternalError, {});
+    boundary::reportException(owner);
   }
   return false;
 }

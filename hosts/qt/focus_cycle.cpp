@@ -1,5 +1,6 @@
 #include "hosts/qt/focus_cycle.h"
 
+#include <QMenuBar>
 #include <utility>
 
 #include "hosts/qt/line_edit.h"
@@ -7,6 +8,15 @@
 #include "hosts/qt/widget_tree.h"
 
 namespace tessaria::qt {
+namespace {
+
+/// A menu bar that is worked by keys gives the focus back: it takes it from nobody.
+QWidget* focusOf(const QWidget* window) {
+  QWidget* focus = window->focusWidget();
+  return qobject_cast<QMenuBar*>(focus) ? nullptr : focus;
+}
+
+}  // namespace
 
 FocusCycle::FocusCycle(QWidget* window) : QObject(window) {}
 
@@ -20,7 +30,7 @@ FocusCycle* FocusCycle::of(QWidget* window) {
 }
 
 void FocusCycle::focusMoved() {
-  QWidget* focus = window()->focusWidget();
+  QWidget* focus = focusOf(window());
   if (!focus) return;
   auto* box = qobject_cast<LineEdit*>(focus);
   if (box != box_) {
@@ -37,32 +47,37 @@ void FocusCycle::focusMoved() {
       this, [this] { settlePending(); }, Qt::QueuedConnection);
 }
 
-bool FocusCycle::settlePending() { return !queued_ || run(); }
+bool FocusCycle::settlePending(const StandIn& standIn) {
+  if (!queued_) return true;
+  const QPointer<FocusCycle> self(this);
+  standIn_ = standIn.control;
+  const bool settled = run();
+  if (self) standIn_ = nullptr;
+  return settled;
+}
 
 bool FocusCycle::run() {
   if (running_) return true;
   const QPointer<FocusCycle> self(this);
   running_ = true;
-  refused_ = false;
+  unsettled_ = false;
   while (self && step()) continue;
   if (!self) return true;
   running_ = false;
   queued_ = false;
-  return !refused_;
+  return !unsettled_;
 }
 
 /// Leaves or enters one control. False when the control inside is the one with the focus. A
 /// control that takes the focus back while it is left is entered again, and the other one hears
 /// of nothing.
 bool FocusCycle::step() {
-  QWidget* focus = window()->focusWidget();
+  QWidget* focus = focusOf(window());
   if (!focus) return false;
   TsText* target = surfaceOf(focus);
   if (target == inside_) return false;
   if (inside_) {
-    const QPointer<FocusCycle> self(this);
-    const bool accepted = std::exchange(inside_, nullptr)->leaveSurface();
-    if (self && !accepted) refused_ = true;
+    leave(*inside_);
   } else {
     inside_ = target;
     target->enterSurface();
@@ -70,21 +85,39 @@ bool FocusCycle::step() {
   return true;
 }
 
-bool FocusCycle::settleField() {
+void FocusCycle::leave(TsText& field) {
+  const QPointer<FocusCycle> self(this);
+  inside_ = nullptr;
+  const ExitVerdict verdict = field.leaveSurface();
+  if (self && verdict != ExitVerdict::Left) unsettled_ = true;
+}
+
+bool FocusCycle::hasFieldToSettle(const StandIn& standIn) const {
+  return inside_ && !running_ && inside_->isEditPending() &&
+         !standIn.names.contains(inside_->objetoCancelar(), Qt::CaseInsensitive);
+}
+
+bool FocusCycle::wouldSettle(const StandIn& standIn) const {
+  return queued_ || hasFieldToSettle(standIn);
+}
+
+bool FocusCycle::settleField(const StandIn& standIn) {
   const QPointer<FocusCycle> self(this);
   if (!settlePending()) return false;
-  if (!self) return true;
-  const QPointer<TsText> field = inside_;
-  if (!field || running_) return true;
+  if (!self || !hasFieldToSettle(standIn)) return true;
   // With the focus on its own button a field does not check its text.
-  field->setFocus(Qt::OtherFocusReason);
+  inside_->setFocus(Qt::OtherFocusReason);
+  if (!self || !inside_) return true;
   running_ = true;
-  inside_ = nullptr;
-  const bool accepted = field->leaveSurface();
-  if (!self) return accepted;
+  unsettled_ = false;
+  standIn_ = standIn.control;
+  leave(*inside_);
+  if (!self) return true;
+  standIn_ = nullptr;
   running_ = false;
+  const bool settled = !unsettled_;
   run();
-  return accepted;
+  return settled;
 }
 
 void FocusCycle::enterAgain() {
@@ -96,9 +129,11 @@ void FocusCycle::windowHidden() {
   box_ = nullptr;
 }
 
-bool settle(QWidget* widget) {
+bool settle(QWidget* widget, const QString& action) {
   FocusCycle* cycle = FocusCycle::existing(widget->window());
-  return !cycle || cycle->settleField();
+  if (!cycle) return true;
+  if (action.isEmpty()) return cycle->settleField();
+  return cycle->settleField({makeActionPort(action, *formOf(widget)), {action}});
 }
 
 }  // namespace tessaria::qt

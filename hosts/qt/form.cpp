@@ -6,6 +6,8 @@
 #include "control/tstext.h"
 #include "hosts/qt/adodc.h"
 #include "hosts/qt/colours.h"
+#include "hosts/qt/focus_cycle.h"
+#include "hosts/qt/label_text.h"
 #include "hosts/qt/text.h"
 #include "hosts/qt/tstext.h"
 #include "hosts/qt/widget_port.h"
@@ -20,7 +22,7 @@ using PlainWidget = WidgetPort<host::Widget>;
 class LabelPort final : public WidgetPort<host::Label, QLabel> {
  public:
   using WidgetPort::WidgetPort;
-  String Caption() const override { return fromQt(widget().text()); }
+  String Caption() const override { return fromQt(captionOf(widget())); }
   Colour ForeColor() const override {
     const QVariant kept = widget().property(kColour);
     return kept.isValid() ? kept.toUInt() : host::colour::MenuText;
@@ -86,16 +88,21 @@ class FormPort final : public WidgetPort<host::Form> {
   host::WidgetPtr Controls(const String& name) const override {
     for (QWidget* control : controlsOf(&widget()))
       if (EqualNoCase(nameOf(*control), name)) return makeWidget(*control);
-    throw HostError(errors::ControlNotFound);
+    throw HostError(errors::ControlNotFound,
+                    ErrorDescription(errors::ControlNotFound) + u": '" + name + u"'");
   }
   std::vector<host::WidgetPtr> Controls() const override {
     std::vector<host::WidgetPtr> controls;
     for (QWidget* control : controlsOf(&widget())) controls.push_back(makeWidget(*control));
     return controls;
   }
-  /// The window's own notion, which survives boxes and other windows.
+  /// The window's own notion, which survives boxes and other windows. While a field is settled for
+  /// an action it is the action.
   host::WidgetPtr ActiveControl() const override {
-    QWidget* focus = widget().window()->focusWidget();
+    const QWidget* window = widget().window();
+    if (const FocusCycle* cycle = FocusCycle::existing(window); cycle && cycle->standIn())
+      return cycle->standIn();
+    QWidget* focus = window->focusWidget();
     if (!focus) return nullptr;
     return makeWidget(*controlOf(focus));
   }

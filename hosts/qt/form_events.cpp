@@ -3,14 +3,14 @@
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPointer>
 #include <algorithm>
 
 #include "hosts/qt/adodc.h"
-#include "hosts/qt/dialog_keys.h"
+#include "hosts/qt/dialogs/dialog_window.h"
 #include "hosts/qt/focus_cycle.h"
-#include "hosts/qt/host.h"
 #include "hosts/qt/line_edit.h"
 #include "hosts/qt/tstext.h"
 #include "hosts/qt/widget_tree.h"
@@ -51,18 +51,21 @@ int loadRank(const TsText& control) {
 
 }  // namespace
 
-FormEvents::FormEvents(Host* host) : QObject(host), host_(*host) {
+FormEvents::FormEvents(QObject* parent) : QObject(parent) {
   qApp->installEventFilter(this);
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, QWidget* now) { focusChanged(now); });
 }
 
 bool FormEvents::eventFilter(QObject* object, QEvent* event) {
-  if (!object->isWidgetType()) return false;
-  auto* widget = static_cast<QWidget*>(object);
+  if (actions_.holdsBack(object, event)) return true;
+  return object->isWidgetType() && swallows(static_cast<QWidget*>(object), event);
+}
+
+bool FormEvents::swallows(QWidget* widget, QEvent* event) {
   switch (event->type()) {
     case QEvent::Show:
-      if (isForm(widget)) formShows(widget);
+      watchShow(widget);
       return false;
     case QEvent::Hide:
       if (widget->isWindow() && !event->spontaneous())
@@ -70,14 +73,14 @@ bool FormEvents::eventFilter(QObject* object, QEvent* event) {
       return false;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-      return swallowsPress(widget);
+      return swallowsPress(widget, *static_cast<QMouseEvent*>(event));
     case QEvent::KeyPress:
       return swallowsKey(widget) || movesToNextPage(widget, *static_cast<QKeyEvent*>(event));
     case QEvent::KeyRelease:
     case QEvent::InputMethod:
       return swallowsKey(widget);
-    case QEvent::Shortcut:
-      return swallowsMnemonic(widget);
+    case QEvent::Close:
+      return event->spontaneous() && swallowsClose(widget, *static_cast<QCloseEvent*>(event));
     default:
       return false;
   }
@@ -88,18 +91,41 @@ void FormEvents::focusChanged(QWidget* now) {
   if (FocusCycle* cycle = FocusCycle::existing(now->window())) cycle->focusMoved();
 }
 
-/// The press has moved the focus already. Answered with a box, its release went elsewhere, and
-/// the widget would stay half pressed.
-bool FormEvents::swallowsPress(QWidget* widget) {
+void FormEvents::watchShow(QWidget* widget) {
+  if (widget->isWindow() && widget->isModal()) ++modalShows_;
+  if (isForm(widget)) formShows(widget);
+}
+
+/// The press has moved the focus already, unless the widget takes none. Under a modal window its
+/// release went elsewhere, and the widget would stay half pressed: a button is clicked instead.
+bool FormEvents::swallowsPress(QWidget* widget, const QMouseEvent& press) {
   FocusCycle* cycle = FocusCycle::existing(widget->window());
-  if (!cycle || !cycle->hasPending()) return false;
+  const bool moved = cycle && cycle->hasPending();
+  const bool stays = ActionGate::runsWithoutFocus(*widget);
+  if (!moved && !stays) return false;
   const QPointer<QWidget> alive(widget);
   const QPointer<QWidget> focus(widget->window()->focusWidget());
-  const int boxes = host_.boxCount();
-  cycle->settlePending();
-  if (!alive || host_.boxCount() != boxes || alive->window()->focusWidget() != focus) return true;
+  const int modals = modalShows_;
+  const StandIn standIn = stays ? standInOf(*widget) : StandIn();
+  const bool settled = moved ? cycle->settlePending(standIn) : settleFor(*widget, standIn);
+  if (!alive || !settled || (moved && alive->window()->focusWidget() != focus)) return true;
+  if (modalShows_ != modals) {
+    auto* button = qobject_cast<QAbstractButton*>(widget);
+    if (button && press.button() == Qt::LeftButton) button->click();
+    return true;
+  }
   if (auto* edit = qobject_cast<LineEdit*>(widget)) edit->keepSelectionOverClick();
   return false;
+}
+
+/// The frame of a window asks it to close. The library's own dialogs are cancelled by it; a form
+/// that asks its operator what to do keeps its question, refused or not.
+bool FormEvents::swallowsClose(QWidget* window, QCloseEvent& close) {
+  if (qobject_cast<DialogWindow*>(window)) return false;
+  const QPointer<QWidget> alive(window);
+  if (settle(window) || (alive && window->property("asksBeforeClosing").toBool())) return !alive;
+  close.ignore();
+  return true;
 }
 
 /// From any widget of a form with fields; those that write or walk with the key keep it.
@@ -120,12 +146,6 @@ bool FormEvents::swallowsKey(QWidget* widget) {
   const QPointer<QWidget> alive(widget);
   cycle->settlePending();
   return !alive || alive->window()->focusWidget() != alive;
-}
-
-bool FormEvents::swallowsMnemonic(QWidget* widget) {
-  auto* button = qobject_cast<QAbstractButton*>(widget);
-  if (!button || !button->isVisible() || !button->isEnabled()) return false;
-  return !takeFocusBeforePress(button);
 }
 
 bool wasShown(const QWidget* form) { return form->property(kShown).toBool(); }

@@ -6,29 +6,32 @@
 #include <QObject>
 #include <QWidget>
 
+#include "hosts/qt/action_gate.h"
+
 namespace tessaria::qt {
 
-class Host;
-
-/// Watches the whole application: first shows of forms, moves of the focus, and keys, clicks and
-/// mnemonics that must wait until the field before them is settled.
+/// Watches the whole application: first shows of forms, moves of the focus, and keys, clicks,
+/// actions and closing windows that must wait until the field before them is settled.
 class FormEvents final : public QObject {
   Q_OBJECT
 
  public:
-  explicit FormEvents(Host* host);
+  explicit FormEvents(QObject* parent);
 
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
   void focusChanged(QWidget* now);
-  bool swallowsPress(QWidget* widget);
+  bool swallows(QWidget* widget, QEvent* event);
+  void watchShow(QWidget* widget);
+  bool swallowsPress(QWidget* widget, const QMouseEvent& press);
   bool swallowsKey(QWidget* widget);
-  bool swallowsMnemonic(QWidget* widget);
+  bool swallowsClose(QWidget* window, QCloseEvent& close);
   bool movesToNextPage(QWidget* widget, const QKeyEvent& key);
 
-  Host& host_;
+  ActionGate actions_;
+  int modalShows_ = 0;  ///< modal windows shown so far
 };
 
 /// Tells every control of the form of its first show, those on hidden pages too: unbound

@@ -18,8 +18,6 @@ class Host final : public QObject {
   ~Host() override;
 
   host::Application& application() { return *application_; }
-  /// Boxes shown so far.
-  int boxCount() const { return boxCount_; }
 
  signals:
   /// A message box is about to show. `style` adds up values of `host::box`.
@@ -33,7 +31,6 @@ class Host final : public QObject {
 
   std::unique_ptr<host::Application> application_;
   std::unique_ptr<host::Desktop> desktop_;
-  int boxCount_ = 0;
 };
 
 /// Makes this program the host of the calling thread, once; every control does so itself. Needs

@@ -4,6 +4,7 @@
 
 #include "control/properties.h"
 #include "hosts/qt/colours.h"
+#include "hosts/qt/label_text.h"
 #include "hosts/qt/text.h"
 #include "hosts/qt/tstext.h"
 #include "hosts/qt/units.h"
@@ -116,6 +117,8 @@ Variant getLate(const QWidget& widget, const String& property) {
   const auto* control = qobject_cast<const TsText*>(&widget);
   if (control && isOwnProperty(property)) return GetProperty(control->control(), property);
   if (const ModelProperty* found = findModel(property)) return found->get(widget);
+  if (const auto* label = qobject_cast<const QLabel*>(&widget))
+    if (EqualNoCase(property, u"Caption")) return fromQt(captionOf(*label));
   return toVariant(widget.property(requireQtName(widget, property)));
 }
 

@@ -10,8 +10,10 @@
 #include "hosts/qt/dialog_keys.h"
 #include "hosts/qt/focus_cycle.h"
 #include "hosts/qt/key_codes.h"
+#include "hosts/qt/line_edit_scopes.h"
 #include "hosts/qt/text.h"
 #include "runtime/text.h"
+#include "tessaria/comforts.h"
 
 namespace tessaria::qt {
 namespace {
@@ -21,11 +23,6 @@ constexpr Integer kOutsideTheWesternCodes = u'?';
 
 bool isNavigation(const QKeyEvent& event) {
   return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
-}
-
-bool isDialogKey(const QKeyEvent& event) {
-  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter ||
-         event.key() == Qt::Key_Escape;
 }
 
 bool isText(const QString& typed) {
@@ -48,32 +45,6 @@ bool bypassesMask(const QKeyEvent& event) {
 }
 
 }  // namespace
-
-/// Who changes the text.
-enum class LineEdit::By { Handlers, Qt };
-
-class LineEdit::Work {
- public:
-  Work(LineEdit* edit, By by) : edit_(edit), byHandlers_(by == By::Handlers) {
-    ++edit->working_;
-    if (byHandlers_) ++edit->typing_;
-  }
-  Work(const Work&) = delete;
-  Work& operator=(const Work&) = delete;
-  ~Work() {
-    if (!edit_) return;
-    --edit_->working_;
-    if (byHandlers_) {
-      --edit_->typing_;
-      edit_->trusted_ = true;
-    }
-    edit_->flush();
-  }
-
- private:
-  QPointer<LineEdit> edit_;
-  const bool byHandlers_;
-};
 
 LineEdit::LineEdit(QWidget* parent) : QLineEdit(parent) {
   setMaxLength(std::numeric_limits<int>::max());
@@ -169,19 +140,22 @@ void LineEdit::flush() {
   if (text() != known_) {
     known_ = text();
     hidden_.reset();
+    if (steps_ == 0) history_.clear();
+    if (!accessibleDescription().isEmpty()) setAccessibleDescription({});
     if (events_) events_->changed();
   }
   if (self && std::exchange(withoutKey_, false)) reportTextWithoutKey();
 }
 
 void LineEdit::reportTextWithoutKey() {
-  if (events_) events_->keyUp(0, 0);
+  if (events_ && !byKey_) events_->keyUp(0, 0, PressedIn::Box);
 }
 
 // --- Keys
 // -----------------------------------------------------------------------------------------
 
 bool LineEdit::event(QEvent* event) {
+  const Step step(this);
   switch (event->type()) {
     case QEvent::KeyPress: {
       auto* key = static_cast<QKeyEvent*>(event);
@@ -215,9 +189,13 @@ void LineEdit::handleKeyPress(QKeyEvent* event) {
   // Held down since a dialog that it closed, say: the form's buttons are none of its business.
   if (event->isAutoRepeat() && isDialogKey(*event) && !held_.contains(code)) return event->accept();
   held_.insert(code);
+  const EditCommand command = maskInUse().isEmpty() ? EditCommand::None : commandOf(*event);
+  const KeyReach reach = command == EditCommand::None ? KeyReach::Box : KeyReach::SurfaceOnly;
   const KeyFate fate =
-      events_ ? events_->keyDown(code, shiftState(event->modifiers())) : KeyFate::LeftAlone;
-  if (!self || fate != KeyFate::LeftAlone) return event->accept();
+      events_ ? events_->keyDown(code, shiftState(event->modifiers()), reach) : KeyFate::LeftAlone;
+  event->accept();
+  if (!self || fate != KeyFate::LeftAlone) return;
+  if (command != EditCommand::None) return run(command);
 
   const QStringList units = charactersOf(*event);
   if (!units.isEmpty()) return pressCharacters(event, units);
@@ -267,9 +245,8 @@ void LineEdit::handleKeyRelease(QKeyEvent* event) {
   event->accept();
   if (event->isAutoRepeat()) return;
   const Integer code = virtualKey(*event);
-  // A release whose press another widget had is none of this edit, but for the Tab that led here.
-  if (!held_.remove(code) && !isNavigation(*event)) return;
-  if (events_) events_->keyUp(code, shiftState(event->modifiers()));
+  const PressedIn where = held_.remove(code) ? PressedIn::Box : PressedIn::Elsewhere;
+  if (events_) events_->keyUp(code, shiftState(event->modifiers()), where);
 }
 
 /// Asks the handlers; `typed` is what the character has become.
@@ -314,7 +291,8 @@ bool LineEdit::offerCharacter(const QString& unit) {
 
 bool LineEdit::typeDelete() {
   const QPointer<LineEdit> self(this);
-  const KeyFate fate = events_ ? events_->keyDown(46, 0) : KeyFate::LeftAlone;
+  const Step step(this);
+  const KeyFate fate = events_ ? events_->keyDown(46, 0, KeyReach::Box) : KeyFate::LeftAlone;
   if (!self || fate != KeyFate::LeftAlone) return self;
   {
     const Work work(this, By::Handlers);
@@ -403,6 +381,7 @@ void LineEdit::showEvent(QShowEvent* event) {
 }
 
 void LineEdit::deliverGotFocus() {
+  history_.clear();
   if (events_) events_->gotFocus();
 }
 

@@ -6,8 +6,11 @@
 #include <QPointer>
 #include <QSet>
 #include <algorithm>
+#include <functional>
 #include <optional>
 
+#include "hosts/qt/edit_commands.h"
+#include "hosts/qt/edit_history.h"
 #include "tessaria/string.h"
 
 class QInputMethodEvent;
@@ -25,23 +28,33 @@ struct MaskInUse {
   bool isEmpty() const { return mask.empty(); }
 };
 
+/// How far a key goes.
+enum class KeyReach { Box, SurfaceOnly };
+
+/// Who got the press of a key that is released.
+enum class PressedIn { Box, Elsewhere };
+
 /// What an edit tells the outside. Any of them may destroy the edit.
 class EditEvents {
  public:
   virtual ~EditEvents() = default;
   virtual void changed() = 0;
-  virtual KeyFate keyDown(Integer code, Integer shift) = 0;
+  virtual KeyFate keyDown(Integer code, Integer shift, KeyReach reach) = 0;
   /// `code` may come back changed.
   virtual KeyFate keyPress(Integer& code) = 0;
-  virtual void keyUp(Integer code, Integer shift) = 0;
+  virtual void keyUp(Integer code, Integer shift, PressedIn where) = 0;
   virtual void gotFocus() = 0;
   virtual void lostFocus() = 0;
   virtual MaskInUse maskInUse() const = 0;
+  /// What stands behind the box: the typed text, which a password hides. Assigning it may write the
+  /// box too.
+  virtual String typedText() const = 0;
+  virtual void typedText(const String& text) = 0;
 };
 
 /// Order of a key: key-down, key-press per character, edit, change, key-up; the handlers are
-/// asked before the edit acts. Changes are told after Qt's own work on the event is done, so
-/// that a handler may destroy the edit.
+/// asked before the edit acts. Releases made by auto-repeat are none. Changes are told after Qt's
+/// own work on the event is done, so that a handler may destroy the edit.
 class LineEdit final : public QLineEdit {
   Q_OBJECT
 
@@ -72,6 +85,9 @@ class LineEdit final : public QLineEdit {
   bool offerCharacter(const QString& unit);
   /// Sends Delete as the key does. False when the edit is gone.
   bool typeDelete();
+  /// Runs `body`; what it changes is told once, at the end. When it returns false all is taken
+  /// back, and so is the result.
+  bool attempt(const std::function<bool()>& body);
   /// One key-up of code 0: text came without a key.
   void reportTextWithoutKey();
 
@@ -80,6 +96,9 @@ class LineEdit final : public QLineEdit {
   /// A press of the mouse has entered the field: what was selected by that is selected after the
   /// click too, unless the operator drags.
   void keepSelectionOverClick();
+
+  bool hasUndo() const;
+  bool hasRedo() const;
 
  public slots:  // NOLINT: Qt's own names, so that callers by name come here
   void paste();
@@ -97,19 +116,25 @@ class LineEdit final : public QLineEdit {
  private:
   enum class By;
   class Work;  // a stretch in which changes are kept back
+  class Step;  // what one undo takes back
 
   void handleKeyPress(QKeyEvent* event);
   void handleKeyRelease(QKeyEvent* event);
   void handleInputMethod(QInputMethodEvent* event);
   void pressCharacters(QKeyEvent* event, const QStringList& units);
   void editCommand(QKeyEvent* event);
+  void act(QKeyEvent* event);
+  void run(EditCommand command);
+  bool keepsHistory() const;
+  EditState state() const;
+  void restore(const EditState& state);
+  void stepThroughHistory(EditState (EditHistory::*step)(EditState));
   KeyFate askKeyPress(const QString& unit, QString& typed);
   void insertTyped(const QString& typed);
   bool hasRoomFor(const QString& text) const { return fitting(text).size() == text.size(); }
   QString fitting(const QString& text) const;
   void insertFitting(const QString& text);
   void pasteFrom(QClipboard::Mode mode);
-  void act(QKeyEvent* event);
   bool takesTextWithoutKey(QEvent* event);
   bool takesFocusForDrop();
   bool handleMouseRelease(QEvent* event);
@@ -126,6 +151,10 @@ class LineEdit final : public QLineEdit {
   int typing_ = 0;        ///< depth of `Work` whose text went through the handlers
   bool trusted_ = false;  ///< the text not told yet came that way
   bool withoutKey_ = false;
+  bool byKey_ = false;  ///< a key has its own key-up
+  EditHistory history_;
+  int steps_ = 0;                ///< depth of `Step`
+  bool stepsInHistory_ = false;  ///< the present one moves in the history
 
   struct Selection {
     int start = 0;

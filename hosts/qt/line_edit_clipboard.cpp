@@ -7,10 +7,13 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <optional>
 
 #include "hosts/qt/focus_cycle.h"
-#include "hosts/qt/line_edit.h"
+#include "hosts/qt/line_edit_scopes.h"
 #include "hosts/qt/masked_paste.h"
+#include "hosts/qt/paste_refusal.h"
+#include "tessaria/comforts.h"
 
 namespace tessaria::qt {
 namespace {
@@ -22,8 +25,9 @@ void addEntry(QMenu& menu, const QString& text, bool enabled, LineEdit* edit,
   QObject::connect(entry, &QAction::triggered, edit, [edit, action] { action(*edit); });
 }
 
-/// The menu of a masked edit: what the key filter can answer for, and no undo.
-QMenu* maskedMenu(LineEdit* edit) {
+/// The menu of an edit that Qt's own would lead past the rules: what they can answer for, undo only
+/// where it is kept.
+QMenu* ownMenu(LineEdit* edit) {
   auto* menu = new QMenu(edit);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   const bool selected = edit->hasSelectedText();
@@ -36,7 +40,14 @@ QMenu* maskedMenu(LineEdit* edit) {
     const QPointer<LineEdit> alive(&e);
     if (e.typeDelete() && alive) alive->reportTextWithoutKey();
   };
+  const auto undo = [](LineEdit& e) { e.undo(); };
+  const auto redo = [](LineEdit& e) { e.redo(); };
   const auto selectAll = [](LineEdit& e) { e.selectAll(); };
+  if (comforts().ClipboardKeys || edit->maskInUse().isEmpty()) {
+    addEntry(*menu, QStringLiteral("&Desfazer"), edit->hasUndo(), edit, undo);
+    addEntry(*menu, QStringLiteral("&Refazer"), edit->hasRedo(), edit, redo);
+    menu->addSeparator();
+  }
   addEntry(*menu, QStringLiteral("Recor&tar"), selected && visible, edit, cut);
   addEntry(*menu, QStringLiteral("&Copiar"), selected && visible, edit, copy);
   addEntry(*menu, QStringLiteral("Co&lar"), pastable, edit, paste);
@@ -48,36 +59,38 @@ QMenu* maskedMenu(LineEdit* edit) {
 
 }  // namespace
 
-void LineEdit::paste() {
-  if (maskInUse().isEmpty()) return pasteFrom(QClipboard::Clipboard);
-  pasteThroughMask(*this, QApplication::clipboard()->text());
+bool LineEdit::hasUndo() const {
+  return maskInUse().isEmpty() ? isUndoAvailable() : history_.canUndo();
 }
 
-/// Into a plain text. What fits is Qt's own paste, one step of undo.
+bool LineEdit::hasRedo() const {
+  return maskInUse().isEmpty() ? isRedoAvailable() : history_.canRedo();
+}
+
+void LineEdit::paste() { pasteFrom(QClipboard::Clipboard); }
+
+/// In a plain text, what fits is Qt's own paste.
 void LineEdit::pasteFrom(QClipboard::Mode mode) {
+  const Step step(this);
   const QString text = QApplication::clipboard()->text(mode);
+  if (!maskInUse().isEmpty()) return pasteThroughMask(*this, text);
+  if (!hasRoomFor(text) && comforts().PasteWholeOrNothing) return tellRefusedPaste(*this);
   if (mode == QClipboard::Clipboard && hasRoomFor(text)) return QLineEdit::paste();
   insertFitting(text);
 }
 
 void LineEdit::cut() {
+  const Step step(this);
   if (maskInUse().isEmpty()) return QLineEdit::cut();
   if (!hasSelectedText() || echoMode() != QLineEdit::Normal) return;
   copy();
   if (typeDelete()) reportTextWithoutKey();
 }
 
-void LineEdit::undo() {
-  if (maskInUse().isEmpty()) QLineEdit::undo();
-}
-
-void LineEdit::redo() {
-  if (maskInUse().isEmpty()) QLineEdit::redo();
-}
-
 void LineEdit::contextMenuEvent(QContextMenuEvent* event) {
-  if (maskInUse().isEmpty()) return QLineEdit::contextMenuEvent(event);
-  maskedMenu(this)->popup(event->globalPos());
+  if (maskInUse().isEmpty() && !comforts().PasteWholeOrNothing)
+    return QLineEdit::contextMenuEvent(event);
+  ownMenu(this)->popup(event->globalPos());
   event->accept();
 }
 
@@ -112,6 +125,13 @@ std::optional<BroughtText> textBroughtBy(QEvent* event) {
   return BroughtText{release->position().toPoint(), clipboard->text(QClipboard::Selection)};
 }
 
+/// Whether a drop only moves a text within the edit.
+bool movesWithin(const LineEdit& edit, const QEvent& event) {
+  if (event.type() != QEvent::Drop) return false;
+  const auto& drop = static_cast<const QDropEvent&>(event);
+  return drop.source() == &edit && drop.dropAction() == Qt::MoveAction;
+}
+
 }  // namespace
 
 /// A drop or the middle mouse button. False where Qt may act by itself: there is no mask, and the
@@ -120,10 +140,15 @@ bool LineEdit::takesTextWithoutKey(QEvent* event) {
   const auto brought = textBroughtBy(event);
   if (!brought) return false;
   const bool masked = !maskInUse().isEmpty();
-  if (!masked && (limit_ == 0 || text().size() + brought->text.size() <= limit_)) return false;
+  const bool fits = limit_ == 0 || text().size() + brought->text.size() <= limit_;
+  if (!masked && (fits || movesWithin(*this, *event))) return false;
   // A move would take the text out of its source, be it this very edit.
   if (event->type() == QEvent::Drop) static_cast<QDropEvent*>(event)->setDropAction(Qt::CopyAction);
   event->accept();
+  if (!masked && comforts().PasteWholeOrNothing) {
+    tellRefusedPaste(*this);
+    return true;
+  }
   setSelStart(cursorPositionAt(brought->point));
   if (masked)
     pasteThroughMask(*this, brought->text);

@@ -2,12 +2,15 @@
 
 #include <QPointer>
 #include <QRegularExpression>
+#include <algorithm>
 
 #include "hosts/qt/key_codes.h"
 #include "hosts/qt/line_edit.h"
+#include "hosts/qt/paste_refusal.h"
 #include "hosts/qt/text.h"
 #include "mask/key_class.h"
 #include "mask/masks.h"
+#include "tessaria/comforts.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 
@@ -40,15 +43,17 @@ class SlotPaste {
     return start >= end || edit_->typeDelete();
   }
 
-  /// False when the paste is over: the edit is gone, or the mask or the box is full.
-  bool take(const QString& unit) {
+  enum class Fate { Taken, Refused, Over };
+  /// Over when the edit is gone, or the mask or the box is full.
+  Fate take(const QString& unit) {
     const char16_t c = unit.size() == 1 ? unit.front().unicode() : u'\0';
-    if (isLiteral(c) && placesCaret(c)) return true;
+    if (isLiteral(c) && placesCaret(c)) return Fate::Taken;
     const int slot = slotFrom(caret());
-    if (slot >= length()) return false;
+    if (slot >= length()) return Fate::Over;
     edit_->setSelStart(isFill(c) ? slot + 1 : slot);
-    if (isFill(c) || !slotTakes(slot, c)) return true;
-    return edit_->offerCharacter(unit) && caret() > slot;
+    if (isFill(c)) return Fate::Taken;
+    if (!slotTakes(slot, c)) return Fate::Refused;
+    return edit_->offerCharacter(unit) && caret() > slot ? Fate::Taken : Fate::Over;
   }
 
  private:
@@ -118,26 +123,27 @@ QString plainNumber(const QString& text) {
   return signs + digits;
 }
 
+/// Whether the text says a number and nothing else.
+bool isNumber(QString text, const String& literals) {
+  text.remove(QLatin1String("R$"));
+  for (char16_t c : literals) text.remove(QChar(c));
+  static const QRegularExpression number(QStringLiteral("^[0-9.,+\\- ]*[0-9][0-9.,+\\- ]*$"));
+  return number.match(text).hasMatch();
+}
+
 /// Goes in as a whole or not at all: a number that lost a digit to the mask would be another one.
 bool pasteNumber(LineEdit& edit, const QString& text, const String& literals) {
   const QPointer<LineEdit> alive(&edit);
   const QString typed = typedNumber(text, literals);
   if (typed.isEmpty()) return false;
-  const QString before = edit.text();
-  const int start = edit.selStart();
-  const int length = edit.selLength();
-  QString wanted = before;
-  wanted.replace(start, length, typed);
-  if (length > 0 && !edit.typeDelete()) return false;
-  for (QChar c : typed)
-    if (!edit.typeCharacter(c)) return false;
-  if (plainNumber(edit.text()) == plainNumber(wanted)) return true;
-  edit.assignText(before);
-  if (!alive) return false;
-  edit.setSelStart(start);
-  edit.setSelLength(length);
-  App().Beep();
-  return false;
+  QString wanted = edit.text();
+  wanted.replace(edit.selStart(), edit.selLength(), typed);
+  return edit.attempt([&] {
+    if (edit.selLength() > 0 && !edit.typeDelete()) return false;
+    for (QChar c : typed)
+      if (!edit.typeCharacter(c)) return false;
+    return alive && plainNumber(edit.text()) == plainNumber(wanted);
+  });
 }
 
 /// False when nothing was pasted, or the edit is gone.
@@ -146,8 +152,19 @@ bool pasteSlots(LineEdit& edit, const QString& text) {
   SlotPaste paste(edit);
   if (!paste.hasUseFor(text) || !paste.clearSelection()) return false;
   for (const QString& unit : charactersOf(text))
-    if (!paste.take(unit)) break;
+    if (paste.take(unit) == SlotPaste::Fate::Over) break;
   return alive;
+}
+
+bool pasteAllSlots(LineEdit& edit, const QString& text) {
+  return edit.attempt([&] {
+    SlotPaste paste(edit);
+    if (!paste.clearSelection()) return false;
+    const QStringList units = charactersOf(text);
+    return std::all_of(units.begin(), units.end(), [&](const QString& unit) {
+      return paste.take(unit) == SlotPaste::Fate::Taken;
+    });
+  });
 }
 
 /// The first line that holds something.
@@ -159,13 +176,26 @@ QString firstLine(const QString& text) {
 }  // namespace
 
 void pasteThroughMask(LineEdit& edit, const QString& text) {
+  const QPointer<LineEdit> alive(&edit);
   const QString line = firstLine(text);
-  const String mask = edit.maskInUse().mask;
   if (line.isEmpty() || !edit.isEnabled()) return;
-  const bool pasted = mdlObjTxt::EhMascaraNumerica(mask)
-                          ? pasteNumber(edit, line, mdlObjTxt::MontaItensMascara(mask, u""))
-                          : pasteSlots(edit, line);
-  if (pasted) edit.reportTextWithoutKey();
+  const String mask = edit.maskInUse().mask;
+  const String literals = mdlObjTxt::MontaItensMascara(mask, u"");
+  const bool numeric = mdlObjTxt::EhMascaraNumerica(mask);
+  const bool whole = comforts().PasteWholeOrNothing;
+  bool pasted = false;
+  if (!whole || line == text.trimmed()) {
+    if (numeric)
+      pasted = (!whole || isNumber(line, literals)) && pasteNumber(edit, line, literals);
+    else
+      pasted = whole ? pasteAllSlots(edit, line) : pasteSlots(edit, line);
+  }
+  if (pasted && alive) return edit.reportTextWithoutKey();
+  if (!alive) return;
+  if (whole)
+    tellRefusedPaste(edit);
+  else if (numeric && !typedNumber(line, literals).isEmpty())
+    App().Beep();
 }
 
 }  // namespace tessaria::qt

@@ -92,12 +92,13 @@ QColor TextBox::textColour(const QColor& wanted, const QColor& back) const {
 void TextBox::applyColours() {
   const QWidget* around = edit().parentWidget();
   const QPalette theme = around ? around->palette() : QPalette();
-  const QColor back = toQColor(backColor_, theme);
+  const bool themed = isThemesBase(backColor_, theme);
+  const QColor back = themed ? theme.color(QPalette::Base) : toQColor(backColor_, theme);
   const QColor fore = textColour(toQColor(foreColor_, theme), back);
   QPalette palette;
   for (auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
     if ((group == QPalette::Disabled) == Enabled()) continue;
-    if (backColor_ != host::colour::WindowBackground) palette.setColor(group, QPalette::Base, back);
+    if (!themed) palette.setColor(group, QPalette::Base, back);
     if (group == QPalette::Disabled) continue;
     if (fore != theme.color(group, QPalette::Text)) palette.setColor(group, QPalette::Text, fore);
   }
@@ -130,7 +131,7 @@ void TextBox::changed() {
   guarded(edit_, [this] { raise(OnChange); });
 }
 
-KeyFate TextBox::keyDown(Integer code, Integer shift) {
+KeyFate TextBox::keyDown(Integer code, Integer shift, KeyReach reach) {
   const Integer original = code;
   KeyFate fate = KeyFate::LeftAlone;
   guarded(edit_, [&, alive = edit_] {
@@ -138,7 +139,7 @@ KeyFate TextBox::keyDown(Integer code, Integer shift) {
     const auto taken = [&] { return alive && code == 0 && original != 0; };
     raise(Surface.OnKeyDown, code, shift);
     if (taken()) fate = KeyFate::TakenBySurface;
-    if (!alive || taken()) return;
+    if (!alive || taken() || reach == KeyReach::SurfaceOnly) return;
     raise(OnKeyDown, code, shift);
     if (taken()) fate = KeyFate::TakenByBox;
   });
@@ -157,10 +158,11 @@ KeyFate TextBox::keyPress(Integer& code) {
   return fate;
 }
 
-void TextBox::keyUp(Integer code, Integer shift) {
+/// A key-up belongs to the box that got the key-down; the surface hears of every release.
+void TextBox::keyUp(Integer code, Integer shift, PressedIn where) {
   guarded(edit_, [&, alive = edit_] {
     raise(Surface.OnKeyUp, code, shift);
-    if (alive) raise(OnKeyUp, code, shift);
+    if (alive && where == PressedIn::Box) raise(OnKeyUp, code, shift);
   });
 }
 
@@ -173,5 +175,11 @@ void TextBox::lostFocus() {
 }
 
 MaskInUse TextBox::maskInUse() const { return Mask ? Mask() : MaskInUse{}; }
+
+String TextBox::typedText() const { return Typed ? Typed() : String(); }
+
+void TextBox::typedText(const String& text) {
+  if (RestoreTyped) RestoreTyped(text);
+}
 
 }  // namespace tessaria::qt

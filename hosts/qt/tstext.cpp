@@ -3,10 +3,12 @@
 #include <QKeyEvent>
 #include <QLabel>
 
+#include "hosts/qt/dialog_keys.h"
 #include "hosts/qt/focus_cycle.h"
 #include "hosts/qt/form_events.h"
 #include "hosts/qt/host.h"
 #include "hosts/qt/key_codes.h"
+#include "hosts/qt/label_text.h"
 #include "hosts/qt/text.h"
 #include "hosts/qt/tstext_parts.h"
 #include "hosts/qt/units.h"
@@ -31,12 +33,6 @@ TextPropertyBag makeBag() {
   return TextPropertyBag({factory<tessaria::Browse>(), factory<tessaria::Pesquisa>()});
 }
 
-QString withoutMnemonic(QString caption) {
-  caption.replace(QLatin1String("&&"), QString(QChar(0)));
-  caption.remove(QLatin1Char('&'));
-  return caption.replace(QChar(0), QLatin1Char('&'));
-}
-
 }  // namespace
 
 TsText::TsText(QWidget* parent) : QWidget(parent) {
@@ -52,6 +48,8 @@ TsText::TsText(QWidget* parent) : QWidget(parent) {
     const tsText& c = parts_->control;
     return MaskInUse{c.Mascara(), c.ItensMascara(), c.PromptChar()};
   };
+  parts_->box.Typed = [this] { return parts_->control.Texto(); };
+  parts_->box.RestoreTyped = [this](const String& text) { parts_->control.Texto(text); };
   // Also for a kind that was assigned past this widget's own properties.
   connect(this, &TsText::propertyChanged, this, [this](const QString& name) {
     if (name == QLatin1String("TipoControle"))
@@ -64,6 +62,8 @@ TsText::TsText(QWidget* parent) : QWidget(parent) {
 TsText::~TsText() {
   write([](tsText& c) { c.UserControl_Terminate(); });
   parts_->box.Mask = nullptr;
+  parts_->box.Typed = nullptr;
+  parts_->box.RestoreTyped = nullptr;
   retire(std::move(parts_));
 }
 
@@ -138,21 +138,22 @@ void TsText::showSurface() {
 }
 
 void TsText::enterSurface() {
-  write([](tsText& c) { c.UserControl_EnterFocus(); });
+  const std::shared_ptr<Parts> parts = parts_;
+  write([&](tsText& c) {
+    c.UserControl_EnterFocus();
+    parts->watch.Entered(c);
+  });
 }
 
-bool TsText::leaveSurface() {
+ExitVerdict TsText::leaveSurface() {
   const std::shared_ptr<Parts> parts = parts_;
-  bool accepted = true;
-  write([&](tsText& c) {
-    const bool wasValid = c.LastValidaStatus();
-    parts->events.startExit();
-    c.UserControl_ExitFocus();
-    // The status stays as it was where nothing was checked; a text that the bound field refuses
-    // leaves it true.
-    accepted = !parts->events.toldSinceExit() && (c.LastValidaStatus() || !wasValid);
-  });
-  return accepted;
+  ExitVerdict verdict = ExitVerdict::Left;
+  write([&](tsText& c) { parts->watch.Left(verdict = c.UserControl_ExitFocus()); });
+  return verdict;
+}
+
+bool TsText::isEditPending() const {
+  return read([this](const tsText& c) { return parts_->watch.IsPending(c); });
 }
 
 void TsText::unhandled(int number, const QString& description) {
@@ -187,11 +188,14 @@ void TsText::changeEvent(QEvent* event) {
 
 // Keys reach the surface itself when its button has the focus.
 void TsText::keyPressEvent(QKeyEvent* event) {
+  const QPointer<TsText> self(this);
   Integer code = virtualKey(*event);
   Integer shift = shiftState(event->modifiers());
-  if (window()->focusWidget() == parts_->browseButton)
-    write([&](tsText& c) { c.UserControl_KeyDown(code, shift); });
   event->ignore();
+  if (window()->focusWidget() != parts_->browseButton) return;
+  write([&](tsText& c) { c.UserControl_KeyDown(code, shift); });
+  if (self && code != 0 && isDialogKey(*event))
+    event->setAccepted(pressDialogButton(this, event->key()));
 }
 
 void TsText::keyReleaseEvent(QKeyEvent* event) {
@@ -238,7 +242,7 @@ void TsText::nameForAccessibility() {
   // A label tells no change of its text, but draws it.
   if (label) label->installEventFilter(this);
   QString name = accessibleName();
-  if (name.isEmpty() && label) name = withoutMnemonic(label->text());
+  if (name.isEmpty() && label) name = captionOf(*label);
   if (name != parts_->edit->accessibleName()) parts_->edit->setAccessibleName(name);
 }
 
@@ -279,18 +283,7 @@ void TsText::Events::KeyUp(Integer& KeyCode, Integer& Shift) {
   tell([&](TsText& s) { emit s.keyUp(KeyCode, Shift); });
 }
 
-void TsText::Events::startExit() {
-  boxesAtExit_ = install().boxCount();
-  boxesAtReport_.reset();
-}
-
-/// What the program says in its handler of the report is no refusal.
-bool TsText::Events::toldSinceExit() const {
-  return boxesAtReport_.value_or(install().boxCount()) != boxesAtExit_;
-}
-
 void TsText::Events::BrowseReturn(bool& HouveAlteracao, Variant& LastValue) {
-  if (!boxesAtReport_) boxesAtReport_ = install().boxCount();
   const QVariant before = toQVariant(LastValue);
   QVariant lastValue = before;
   tell([&](TsText& s) { emit s.browseReturn(HouveAlteracao, lastValue); });

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "hosts/qt/event_boundary.h"
+#include "tessaria/tstext_interface.h"
 
 class QLabel;
 
@@ -157,7 +158,8 @@ class TsText final : public QWidget, public ErrorListener {
   /// Whether leaving the field looks its text up in the browse table.
   bool usaChecaRelacao() const;
   void setUsaChecaRelacao(bool v);
-  /// Outcome of the last check; true before the first one.
+  /// Outcome of the last check; true before the first one. A check that cancelling skipped, or that
+  /// let a required blank pass, leaves it as it was.
   bool lastValidaStatus() const;
   void setLastValidaStatus(bool v);
 
@@ -299,7 +301,10 @@ class TsText final : public QWidget, public ErrorListener {
 
   /// Resolves all names anew and loads the current row.
   void refresh();
-  /// Whether the field may be left, judged by which control has taken the focus.
+  /// Checks the text by the rules for leaving the field. True when it may be left; a required field
+  /// may be left blank unless a command button has the focus. False without a word while the focus
+  /// is on the field's own button or on the control that `ObjetoCancelar` names. A text that is
+  /// refused is told in a box and takes the focus back.
   bool valida();
   /// The relation check alone.
   bool acionaChecaRelacao();
@@ -326,8 +331,9 @@ class TsText final : public QWidget, public ErrorListener {
   // What the host's own modules call as the surface's events come in.
   void showSurface();
   void enterSurface();
-  /// False when the field has refused its text, and has told the operator why.
-  bool leaveSurface();
+  ExitVerdict leaveSurface();
+  /// Whether the field, which holds the focus, has something to settle.
+  bool isEditPending() const;
   void unhandled(int number, const QString& description) override;
 
  signals:

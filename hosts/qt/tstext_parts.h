@@ -1,8 +1,7 @@
 // What a TsText is made of.
 #pragma once
 
-#include <optional>
-
+#include "control/edit_watch.h"
 #include "control/tstext.h"
 #include "hosts/qt/browse_button.h"
 #include "hosts/qt/control_site.h"
@@ -25,16 +24,10 @@ class TsText::Events final : public tsTextEvents {
   void KeyUp(Integer& KeyCode, Integer& Shift) override;
   void BrowseReturn(bool& HouveAlteracao, Variant& LastValue) override;
 
-  /// An exit begins: boxes are counted from here to the report of its outcome.
-  void startExit();
-  bool toldSinceExit() const;
-
  private:
   template <class Emit>
   void tell(Emit&& emitter);
   QPointer<TsText> surface_;
-  int boxesAtExit_ = 0;
-  std::optional<int> boxesAtReport_;
 };
 
 /// The widgets are children of the surface; the rest outlives it while the core is at work.
@@ -55,6 +48,7 @@ struct TsText::Parts {
   ControlSite site;
   Events events;
   tsText control;
+  EditWatch watch;
 };
 
 template <class Get>

@@ -136,7 +136,9 @@ TEST_F(LookupStatement, AnUnknownParameterIsReported) {
   a.Where = u"cidade = @txtNada@";
   EXPECT_EQ(RunUnseen(a), u"");
   EXPECT_THAT(app.TakeBoxes(),
-              ElementsAre(ErrorBox(HostError(errors::ControlNotFound), u"VerBrowse")));
+              ElementsAre(ErrorBox(
+                  HostError(errors::ControlNotFound, u"Controle não encontrado: 'txtNada'"),
+                  u"VerBrowse")));
 }
 
 }  // namespace

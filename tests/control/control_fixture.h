@@ -49,10 +49,11 @@ inline memory::MessageBoxRecord ErrorBox(const HostError& error, const String& p
           u"Erro: " + CStr(Variant(error.Number())) + u" - Função: " + module + u"." + procedure};
 }
 
-/// The error of a property that names a control that is not there.
-inline HostError MissingControl(const String& name, const String& property, const String& field) {
-  return {errors::ControlNotFound,
-          u"Controle não encontrado: '" + name + u"', em " + property + u" de '" + field + u"'"};
+/// The error of a name that leads nowhere: of a parameter, or of a property of a field.
+inline HostError MissingControl(const String& name, const String& property = {},
+                                const String& field = {}) {
+  const String where = property.empty() ? String() : u", em " + property + u" de '" + field + u"'";
+  return {errors::ControlNotFound, u"Controle não encontrado: '" + name + u"'" + where};
 }
 
 class ControlTest : public testing::Test {

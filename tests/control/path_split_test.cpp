@@ -62,9 +62,12 @@ TEST_F(PathTest, OtherKindsDoNotSplit) {
   EXPECT_EQ(other->Events(Kind::Change).size(), 1u);
 }
 
-// A text without a separator asks for -1 characters; nothing catches that on the way.
-TEST_F(PathTest, ATextWithoutASeparatorIsAnErrorOfWhoeverAssignsIt) {
-  EXPECT_HOST_ERROR((*field)->Text(u"lista.txt"), 5);
+// A text without a separator asks for -1 characters. That is an error of the change's event, in
+// every host, whoever has changed the text.
+TEST_F(PathTest, ATextWithoutASeparatorIsAnErrorOfItsChangeAndStays) {
+  (*field)->Text(u"lista.txt");
+  ASSERT_EQ(form->UnhandledErrors().size(), 1u);
+  EXPECT_EQ(form->UnhandledErrors()[0].Number(), 5);
   EXPECT_EQ(field->txtEdit().Text(), u"lista.txt");
   EXPECT_THAT(field->Events(Kind::Change), IsEmpty());
 }
@@ -80,12 +83,12 @@ TEST_F(PathTest, ATypedLetterWithoutASeparatorStaysAndTheProgramRunsOn) {
   EXPECT_EQ((*field)->DirFilePath(), u"a");
 }
 
-TEST_F(PathTest, AnAssignedValueWithoutASeparatorShowsTheConversionBox) {
+TEST_F(PathTest, AnAssignedValueWithoutASeparatorStaysToo) {
   (*field)->Value(u"lista.txt");
   const auto boxes = app.TakeBoxes();
   ASSERT_FALSE(boxes.empty());
-  EXPECT_EQ(boxes[0], StopBox((*field)->hWnd(), u"Error: 5 - " + ErrorDescription(5),
-                              u"Erro ao Atualizar o Campo"));
+  EXPECT_EQ(boxes[0].Text, ErrorDescription(5));
+  EXPECT_EQ(boxes[0].Title, form->Name());
   EXPECT_THAT((*field)->Value(), IsValue(u"lista.txt"));
 }
 

@@ -363,7 +363,7 @@ TEST_F(SiblingTest, AnErrorOfAtualizaIrmaoIsReportedUnderARunOnName) {
   (*key)->AtualizaIrmao();
   EXPECT_THAT(app.TakeBoxes(),
               ElementsAre(memory::MessageBoxRecord{
-                  0, ErrorDescription(errors::ControlNotFound), host::box::Stop,
+                  0, MissingControl(u"txtNada").Description(), host::box::Stop,
                   u"Erro: 730 - Função: tsText.Erro ao efetuar a ataulização do campo "
                   u"IrmãoMódulo tsText - Procedimento AtualizaIrmao"}));
 }

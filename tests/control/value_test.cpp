@@ -496,7 +496,7 @@ TEST_F(LaterStepsTest, AnErrorIsShownAndTheAssignmentIsNotTold) {
   TypedAKey();
   (*field)->Value(u"5");
   EXPECT_THAT(app.TakeBoxes(),
-              ElementsAre(StopBox((*field)->hWnd(), ErrorDescription(errors::ControlNotFound),
+              ElementsAre(StopBox((*field)->hWnd(), MissingControl(u"txtNada").Description(),
                                   u"Erro ao Atualizar o Campo")));
   EXPECT_THAT(field->ChangedProperties(), Not(Contains(u"Value")));
   EXPECT_THAT((*field)->Value(), IsValue(u"5"));

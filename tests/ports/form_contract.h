@@ -48,6 +48,15 @@ class FormDriver {
   virtual void Click(const String& control) = 0;
   virtual void PressTab(bool backwards) = 0;
   virtual void Type(const String& text) = 0;
+  /// A letter's key going down, and up again wherever the focus is by then.
+  virtual void Hold(char16_t letter) = 0;
+  virtual void Release(char16_t letter) = 0;
+  /// Text that comes into a field in focus without a key.
+  virtual void Insert(const String& field, const String& text) = 0;
+  /// Triggers the shortcut of an action named acSalvar.
+  virtual void RunAction() = 0;
+  virtual void HandleAction(std::function<void()> action) = 0;
+  virtual void CloseByFrame() = 0;
   /// Gives a field's box the focus by program.
   virtual void TakeFocus(const String& field) = 0;
 
@@ -56,12 +65,15 @@ class FormDriver {
     std::function<void()> Show;
     std::function<void()> Key;  ///< any of the three key events
     std::function<void(bool HouveAlteracao)> BrowseReturn;
+    std::function<void()> KeyUp = nullptr;
   };
   virtual void Handle(const String& field, Handlers handlers) = 0;
   virtual void HandleClick(const String& button, std::function<void()> click) = 0;
 
   /// How many errors left a handler and were shown as unhandled.
   virtual int UnhandledErrors() const = 0;
+  /// Texts of the boxes since the last call.
+  virtual std::vector<String> TakeBoxes() = 0;
 };
 
 struct FormHost {
@@ -113,6 +125,21 @@ class FormContract : public testing::TestWithParam<FormHost> {
 TEST_P(FormContract, ControlsAreFoundWithoutRegardToCase) {
   EXPECT_EQ(Control(u"TXTCODIGO")->Name(), u"txtCodigo");
   EXPECT_EQ(Control(u"txtcodigo")->Name(), u"txtCodigo");
+}
+
+TEST_P(FormContract, AnUnknownControlIsNamed) {
+  try {
+    Form().Controls(u"txtNada");
+    FAIL();
+  } catch (const HostError& error) {
+    EXPECT_EQ(error.Description(), u"Controle não encontrado: 'txtNada'");
+  }
+}
+
+TEST_P(FormContract, ACaptionHasNoMnemonicSign) {
+  Control(u"lblCodigo")->Let(u"Caption", u"Có&digo && nome");
+  EXPECT_EQ(ControlAs<host::Label>(u"lblCodigo")->Caption(), u"Código & nome");
+  EXPECT_EQ(*Control(u"lblCodigo")->Get(u"Caption").TryGet<String>(), u"Código & nome");
 }
 
 TEST_P(FormContract, AnUnknownControlIsError730) {

@@ -4,7 +4,7 @@
 #include "hosts/memory/application.h"
 #include "hosts/memory/controls.h"
 #include "hosts/memory/ts_text.h"
-#include "tests/ports/form_contract.h"
+#include "tests/ports/action_contract.h"
 
 namespace tessaria::contract {
 namespace {
@@ -34,12 +34,24 @@ class MemoryForm final : public FormDriver {
     form_->Press(memory::Key::Tab, backwards ? memory::modifier::Shift : memory::modifier::None);
   }
   void Type(const String& text) override { form_->Type(text); }
+  void Hold(char16_t letter) override { form_->Hold(memory::StrokesOf(letter).back()); }
+  void Release(char16_t letter) override { form_->Release(memory::StrokesOf(letter).back()); }
+  void Insert(const String& field, const String& text) override {
+    form_->RunEvent([&] { fields_[field]->txtEdit().Insert(text); });
+  }
+  void RunAction() override { form_->RunAction(u"acSalvar", action_); }
+  void HandleAction(std::function<void()> action) override { action_ = std::move(action); }
+  void CloseByFrame() override { form_->CloseByFrame(); }
   void TakeFocus(const String& field) override { fields_[field]->txtEdit().SetFocus(); }
   void Handle(const String& field, Handlers handlers) override {
     auto& control = *fields_[field];
     control.OnShow = handlers.Show;
-    control.OnKeyDown = control.OnKeyUp = [key = handlers.Key](Integer&, Integer&) {
+    control.OnKeyDown = [key = handlers.Key](Integer&, Integer&) {
       if (key) key();
+    };
+    control.OnKeyUp = [key = handlers.Key, up = handlers.KeyUp](Integer&, Integer&) {
+      if (key) key();
+      if (up) up();
     };
     control.OnKeyPress = [key = handlers.Key](Integer&) {
       if (key) key();
@@ -52,6 +64,11 @@ class MemoryForm final : public FormDriver {
     button_->OnClick = std::move(click);
   }
   int UnhandledErrors() const override { return static_cast<int>(form_->UnhandledErrors().size()); }
+  std::vector<String> TakeBoxes() override {
+    std::vector<String> texts;
+    for (const auto& box : application_.TakeBoxes()) texts.push_back(box.Text);
+    return texts;
+  }
 
  private:
   memory::TsText& Field(const String& name) {
@@ -62,11 +79,14 @@ class MemoryForm final : public FormDriver {
   std::shared_ptr<memory::Form> form_ = memory::Form::Create(u"frmDados");
   std::map<String, std::shared_ptr<memory::TsText>> fields_;
   std::shared_ptr<memory::Button> button_;
+  std::function<void()> action_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Memory, FormContract,
-                         testing::Values(FormHost{"memory",
-                                                  [] { return std::make_unique<MemoryForm>(); }}));
+const FormHost kMemory{"memory", [] { return std::make_unique<MemoryForm>(); }};
+
+INSTANTIATE_TEST_SUITE_P(Memory, FormContract, testing::Values(kMemory));
+INSTANTIATE_TEST_SUITE_P(Memory, KeyContract, testing::Values(kMemory));
+INSTANTIATE_TEST_SUITE_P(Memory, ActionContract, testing::Values(kMemory));
 
 }  // namespace
 }  // namespace tessaria::contract

@@ -1,8 +1,10 @@
 // The form of the Qt host under the contract of forms, in a real window.
+#include <QAction>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTest>
 #include <QVBoxLayout>
 #include <map>
 
@@ -11,7 +13,7 @@
 #include "hosts/qt/text.h"
 #include "hosts/qt/variants.h"
 #include "tessaria/host/application.h"
-#include "tests/ports/form_contract.h"
+#include "tests/ports/action_contract.h"
 #include "tests/qt/operator.h"
 
 namespace tessaria::contract {
@@ -35,6 +37,13 @@ class QtForm final : public FormDriver {
     auto* frame = add(new QGroupBox, "fraDados", layout);
     handle(add(new qt::TsText, "txtNome", new QVBoxLayout(frame)));
     button_ = add(new QPushButton, "btnGravar", layout);
+    auto* action = new QAction(window_);
+    action->setObjectName(QStringLiteral("acSalvar"));
+    action->setShortcut(Qt::Key_F8);
+    window_->addAction(action);
+    QObject::connect(action, &QAction::triggered, window_, [this] {
+      if (!qt::guarded(window_, action_)) ++unhandled_;
+    });
     form_ = qt::makeForm(*window_);
   }
   ~QtForm() override { delete window_; }
@@ -61,6 +70,14 @@ class QtForm final : public FormDriver {
     qt::tests::settleEvents();
   }
   void Type(const String& text) override { qt::tests::type(*window_, qt::toQt(text)); }
+  void Hold(char16_t letter) override { send(QTest::Press, letter); }
+  void Release(char16_t letter) override { send(QTest::Release, letter); }
+  void Insert(const String& name, const String& text) override {
+    qt::tests::drop(*qt::tests::editOf(*field(name)), qt::toQt(text), 0);
+  }
+  void RunAction() override { QTest::keyClick(window_->focusWidget(), Qt::Key_F8); }
+  void HandleAction(std::function<void()> action) override { action_ = std::move(action); }
+  void CloseByFrame() override { qt::tests::closeByFrame(*window_); }
   void TakeFocus(const String& name) override { field(name)->setFocus(); }
   void Handle(const String& name, Handlers handlers) override {
     handlers_[qt::toQt(name)] = std::move(handlers);
@@ -72,10 +89,19 @@ class QtForm final : public FormDriver {
     });
   }
   int UnhandledErrors() const override { return unhandled_; }
+  std::vector<String> TakeBoxes() override {
+    std::vector<String> texts;
+    for (const QString& text : boxes_.takeTexts()) texts.push_back(qt::fromQt(text));
+    return texts;
+  }
 
  private:
   qt::TsText* field(const String& name) const {
     return window_->findChild<qt::TsText*>(qt::toQt(name));
+  }
+  void send(QTest::KeyAction action, char16_t letter) {
+    QTest::sendKeyEvent(action, window_->focusWidget(), Qt::Key(QChar(letter).toUpper().unicode()),
+                        QString(QChar(letter)), Qt::NoModifier);
   }
   void handle(qt::TsText* control) {
     const QString name = control->objectName();
@@ -87,7 +113,11 @@ class QtForm final : public FormDriver {
     });
     QObject::connect(control, &qt::TsText::keyDown, window_, key);
     QObject::connect(control, &qt::TsText::keyPress, window_, key);
-    QObject::connect(control, &qt::TsText::keyUp, window_, key);
+    QObject::connect(control, &qt::TsText::keyUp, window_, [this, name, key] {
+      key();
+      if (const auto handler = handlers_[name].KeyUp) handler();
+    });
+    QObject::connect(control, &qt::TsText::unhandledError, window_, [this] { ++unhandled_; });
     QObject::connect(control, &qt::TsText::browseReturn, window_, [this, name](bool& changed) {
       if (const auto handler = handlers_[name].BrowseReturn) handler(changed);
     });
@@ -98,12 +128,15 @@ class QtForm final : public FormDriver {
   QPushButton* button_ = nullptr;
   host::FormPtr form_;
   std::map<QString, Handlers> handlers_;
+  std::function<void()> action_;
   int unhandled_ = 0;
 };
 
-INSTANTIATE_TEST_SUITE_P(Qt, FormContract,
-                         testing::Values(FormHost{"qt",
-                                                  [] { return std::make_unique<QtForm>(); }}));
+const FormHost kQt{"qt", [] { return std::make_unique<QtForm>(); }};
+
+INSTANTIATE_TEST_SUITE_P(Qt, FormContract, testing::Values(kQt));
+INSTANTIATE_TEST_SUITE_P(Qt, KeyContract, testing::Values(kQt));
+INSTANTIATE_TEST_SUITE_P(Qt, ActionContract, testing::Values(kQt));
 
 }  // namespace
 }  // namespace tessaria::contract

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QInputMethodEvent>
@@ -111,6 +112,14 @@ void commit(QWidget& window, const QString& text) {
   QInputMethodEvent event;
   event.setCommitString(text);
   QApplication::sendEvent(window.focusWidget(), &event);
+}
+
+void closeByFrame(QWidget& window) {
+  QCloseEvent event;
+  QSpontaneKeyEvent::setSpontaneous(&event);
+  const QPointer<QWidget> alive(&window);
+  qApp->notify(&window, &event);
+  if (alive && event.isAccepted()) window.hide();
 }
 
 void click(QWidget& widget) {

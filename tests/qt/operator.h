@@ -58,6 +58,8 @@ void type(QWidget& window, const QString& text);
 void press(QWidget& window, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 /// What a dead key or an input method delivers.
 void commit(QWidget& window, const QString& text);
+/// Asks the window to close as its frame does.
+void closeByFrame(QWidget& window);
 /// Presses and releases the mouse on a widget.
 void click(QWidget& widget);
 /// Puts a text on the clipboard and pastes it by the edit's context menu.

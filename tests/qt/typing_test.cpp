@@ -176,12 +176,15 @@ TEST_F(Typing, OfATabOnlyTheReleaseReachesTheFieldThatItLedTo) {
   EXPECT_THAT(keys, testing::ElementsAre(9));
 }
 
-TEST_F(Typing, AReleaseWhosePressWasElsewhereIsNone) {
+TEST_F(Typing, AReleaseWhosePressWasElsewhereIsAnEventOfTheFieldAndNoneOfItsBox) {
   int ups = 0;
   QObject::connect(first_, &TsText::keyUp, [&] { ++ups; });
   show();
+  first_->setTipoControle(TsText::Descricao);
+  boxes_.takeTexts();
   QTest::sendKeyEvent(QTest::Release, &box(), Qt::Key_Return, QString(), Qt::NoModifier);
-  EXPECT_EQ(ups, 0);
+  EXPECT_EQ(ups, 1);
+  EXPECT_EQ(boxes_.takeTexts(), QStringList()) << "a search was started";
 }
 
 TEST_F(Typing, BackspaceAndDeleteKeepTheMask) {

@@ -1,0 +1,43 @@
+// What a masked edit was before each change of the operator, for undo and redo.
+#pragma once
+
+#include <QString>
+#include <vector>
+
+#include "tessaria/string.h"
+
+namespace tessaria::qt {
+
+/// All that an edit takes back at once.
+struct EditState {
+  QString text;
+  int selStart = 0;
+  int selLength = 0;
+  String typed;  ///< what stands behind the box
+
+  bool hasTextOf(const EditState& other) const {
+    return text == other.text && typed == other.typed;
+  }
+};
+
+/// States in both directions. A new change ends what could be done again.
+class EditHistory {
+ public:
+  void clear() { before_.clear(), after_.clear(); }
+  /// The operator has changed the edit, which was `before`.
+  void changed(EditState before);
+  bool canUndo() const { return !before_.empty(); }
+  bool canRedo() const { return !after_.empty(); }
+  /// The state to go to from `now`.
+  EditState undo(EditState now) { return step(before_, after_, std::move(now)); }
+  EditState redo(EditState now) { return step(after_, before_, std::move(now)); }
+
+ private:
+  using States = std::vector<EditState>;
+  static EditState step(States& from, States& to, EditState now);
+
+  States before_;
+  States after_;
+};
+
+}  // namespace tessaria::qt

@@ -1,0 +1,14 @@
+// A pasted text that does not fit is refused as a whole.
+#pragma once
+
+#include <QString>
+
+namespace tessaria::qt {
+
+class LineEdit;
+
+/// Tells the operator at the field, without taking the focus: a beep, and a text that is shown for
+/// a while and read out.
+void tellRefusedPaste(LineEdit& edit);
+
+}  // namespace tessaria::qt
