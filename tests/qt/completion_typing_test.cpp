@@ -229,10 +229,10 @@ TEST_F(Completion, AKeyReleasedAfterTheNextWasPressedTakesTheTail) {
   EXPECT_EQ(code(), QStringLiteral("00013"));
 }
 
-TEST_F(Completion, MaxLengthCutsTheTail) {
+TEST_F(Completion, MaxLengthBoundsWhatIsTypedAndNotWhatIsFound) {
   city_.name->setMaxLength(5);
   type(*window_, QStringLiteral("Ub"));
-  expectBox(QStringLiteral("Ub"), QStringLiteral("era"));
+  expectBox(QStringLiteral("Ub"), QStringLiteral("eraba"));
 }
 
 TEST_F(Completion, APercentSignIsAPlaceholderAndATypedOneFindsItsRow) {
