@@ -123,7 +123,13 @@ void Criterion::TakeTyped(const Column& column, StringView text) {
     if (!number) Refuse(text);
     value_ = ToDecimal(*number);
   }
-  if (value_.IsNumeric() && column.Type != host::type::Single) return;
+  if (value_.IsNumeric() && column.Type != host::type::Single) {
+    // More digits than a Double shows mean that one binary number.
+    const double binary = CDbl(value_);
+    const bool exact = Order(DigitsOf(Variant(binary)), DigitsOf(value_)) != 0;
+    if (column.Type == host::type::Double && exact) value_ = binary;
+    return;
+  }
   try {
     value_ = Folded(ValueOfType(column, value_));
   } catch (const HostError&) {

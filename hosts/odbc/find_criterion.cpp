@@ -33,6 +33,11 @@ bool IsDateColumn(const Column& column) {
          column.storage == Storage::Moment;
 }
 
+double BinaryOf(const Variant& value) {
+  const float* single = value.TryGet<float>();
+  return single ? double{*single} : CDbl(value);
+}
+
 }  // namespace
 
 std::optional<std::size_t> ColumnOfName(const Columns& columns, StringView name) {
@@ -123,10 +128,19 @@ void FindCriterion::TakeNumber(const Column& column, const String& text) {
   const auto digits = ReadCriterionNumber(text);
   if (!digits) throw HostError(errors::InvalidCriteria);
   number_ = *digits;
-  if (column.storage == Storage::Double) number_ = DigitsOf(ToDouble(number_));
+  if (column.storage == Storage::Double) TakeBinary(Variant(ToDouble(number_)));
   if (column.storage == Storage::Single) {
-    number_ = DigitsOf(Variant(static_cast<float>(ToDouble(number_))));
+    TakeBinary(Variant(static_cast<float>(ToDouble(number_))));
   }
+}
+
+// A criterion of more digits than its value shows means that one binary number.
+void FindCriterion::TakeBinary(const Variant& value) {
+  const Digits shown = DigitsOf(value);
+  if (Order(shown, number_) != 0) {
+    binary_ = BinaryOf(value);
+  }
+  number_ = shown;
 }
 
 bool FindCriterion::Matches(const RowTable& table, RowId row) const {
@@ -150,6 +164,7 @@ std::partial_ordering FindCriterion::Compare(const Variant& cell) const {
     return Order(number->Value, number_);
   }
   if (const Date* date = cell.TryGet<Date>()) return MomentOf(*date) <=> moment_;
+  if (binary_) return BinaryOf(cell) <=> *binary_;
   return Order(DigitsOf(cell), number_);
 }
 

@@ -15,8 +15,9 @@ std::optional<std::size_t> ColumnOfName(const Columns& columns, StringView name)
 
 /// "field op value": =, <>, <, >, <=, >= or like; the value between apostrophes, between #,
 /// or bare; Null stands for an empty cell. Numbers take a point or a comma and compare exactly, a
-/// Double by 15 significant digits, a Single by 7; dates are read by the Brazilian rules and
-/// compare to the second. A cell that shows as text and is no number matches "<>" alone.
+/// Double by 15 significant digits and a Single by 7, or exactly when the criterion has more; dates
+/// are read by the Brazilian rules and compare to the second. A cell that shows as text and is no
+/// number matches "<>" alone.
 class FindCriterion {
  public:
   /// Errors: 3001 for a text that is no criterion, a pattern for a column that is no text and a
@@ -31,6 +32,7 @@ class FindCriterion {
   static std::optional<Operator> OperatorAt(const String& text, std::size_t& at);
   void TakeValue(const Column& column, String text);
   void TakeNumber(const Column& column, const String& text);
+  void TakeBinary(const Variant& value);
   std::partial_ordering Compare(const Variant& cell) const;
   bool Holds(std::partial_ordering order) const;
 
@@ -38,8 +40,9 @@ class FindCriterion {
   Operator operator_ = Operator::Equal;
   bool isText_ = false;
   bool isNull_ = false;
-  String value_;             // of a text column
-  Digits number_;            // of a column of numbers
+  String value_;   // of a text column
+  Digits number_;  // of a column of numbers
+  std::optional<double> binary_;
   std::int64_t moment_ = 0;  // of a column of dates
   std::optional<LikePattern> pattern_;
 };

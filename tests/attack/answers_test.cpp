@@ -21,8 +21,6 @@ namespace {
 using test::CuttingProxy;
 using test::PostgresCluster;
 
-// The answer to the write was lost: it may have been stored.
-constexpr Long kInDoubt = -2147217663;
 constexpr double kLongestWrite = 20;  // seconds
 constexpr int kMostAttempts = 4;
 constexpr StringView kNew = u"novo";
@@ -112,7 +110,7 @@ class CutWrite {
       return Outcome::Stored;
     } catch (const HostError& error) {
       error_ = error.what();
-      return error.Number() == kInDoubt ? Outcome::InDoubt : Outcome::NotStored;
+      return error.Number() == errors::WriteInDoubt ? Outcome::InDoubt : Outcome::NotStored;
     }
   }
   Outcome Repeat(Outcome last) {

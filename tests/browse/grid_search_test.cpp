@@ -41,7 +41,7 @@ TEST_F(GridForm, EachSettingOfAnEntryReachesItsPromptOrItsStatement) {
     shown.CloseWindow();
   });
   EXPECT_EQ(connection->Statements().back(),
-            u"Select codigo From clientes c Where (upper(nome) ilike '1234%') And ativo = 1 Order "
+            u"Select codigo From clientes c Where (upper(nome) ilike '1234_%') And ativo = 1 Order "
             u"by 3 Desc");
 }
 

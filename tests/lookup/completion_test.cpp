@@ -183,13 +183,13 @@ TEST_F(CompletionTest, BackspaceOnTheLastCharacterFindsTheFirstRowOfAll) {
   EXPECT_EQ(box.SelText(), u"Maria");
 }
 
-TEST_F(CompletionTest, TheSelectionStopsAtTheBoxsOwnLimit) {
+TEST_F(CompletionTest, TheTextThatIsFoundIsTakenWholeWhateverTheBoxsLimit) {
   box.MaxLength(4);
   box.Text(u"Ma");
   WillFindMaria();
   Complete();
-  EXPECT_EQ(box.Text(), u"Mari");
-  EXPECT_EQ(box.SelText(), u"ri");
+  EXPECT_EQ(box.Text(), u"Maria");
+  EXPECT_EQ(box.SelText(), u"ria");
 }
 
 // Only the start of the rows means that there are none.

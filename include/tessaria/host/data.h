@@ -143,9 +143,9 @@ class Recordset : public Object {
   virtual void AbsolutePosition(Long row) = 0;
   /// Seeks forward from the current row, which is looked at too, for "field op value"
   /// (=, <>, <, >, <=, >=, like with * or % at either end). EOF when nothing matches.
-  /// Values compare in the field's own type: exact numbers with all digits, a Double with 15
-  /// significant digits and a Single with 7, dates to the second; a stored value that comes as
-  /// text and is no number matches "<>" alone. A plain number may have a point or a comma for
+  /// Values compare in the field's own type: exact numbers with all digits, a Double with 15 and a
+  /// Single with 7 (exactly, if the criterion has more), dates to the second; a stored value that
+  /// comes as text and is no number matches "<>" alone. A number may have a point or a comma for
   /// decimals. Error 3001 for a criterion that it cannot read; "like" on a field that is no text is
   /// one.
   virtual void Find(const String& criteria) = 0;
