@@ -27,9 +27,17 @@ bool settlesField(const QObject& action) {
   return !wish.isValid() || wish.toBool();
 }
 
-QWidget* windowInFocus() {
-  QWidget* focus = QApplication::focusWidget();
-  return focus ? focus->window() : QApplication::activeWindow();
+/// The window that a menu, or whatever has the focus, belongs to.
+QWidget* windowBehind(QWidget* widget) {
+  while (widget && widget->window()->windowType() == Qt::Popup)
+    widget = widget->window()->parentWidget();
+  return widget ? widget->window() : nullptr;
+}
+
+QWidget* windowInFocus(QWidget* menu = nullptr) {
+  for (QWidget* each : {QApplication::focusWidget(), menu, QApplication::activeWindow()})
+    if (QWidget* window = windowBehind(each)) return window;
+  return nullptr;
 }
 
 bool takesFocusByClick(const QWidget& widget) {
@@ -107,11 +115,9 @@ bool ActionGate::holdsBackShortcut(QObject* receiver, const QEvent& event) {
 
 bool ActionGate::holdsBackPick(QMenu& menu, const QEvent& event) {
   const QPointer<QAction> action(picks_.picked(menu, event));
-  QWidget* window = windowInFocus();
+  QWidget* window = windowInFocus(&menu);
   if (!action || !window || !settlesField(*action) || belongsToField(menu)) return false;
   FocusCycle* cycle = FocusCycle::existing(window);
-  fprintf(stderr, "PICK %d cycle %d would %d\n", int(event.type()), cycle != nullptr,
-          cycle && cycle->wouldSettle({}));
   const StandIn standIn = standInOf(*action, *window);
   if (!cycle || !cycle->wouldSettle(standIn)) return false;
   const QPointer<QMenu> alive(&menu);

@@ -129,8 +129,8 @@ TEST_F(SlowCompletion, KeysTypedWhileACodeIsCheckedGoToTheNextField) {
   settleAll();
   EXPECT_TRUE(queued);
   EXPECT_EQ(focusName(), QStringLiteral("desCidade"));
-  // The Tab's own release searched for the description and put the caret behind it.
-  EXPECT_EQ(box().text(), QStringLiteral("UbatubaMa"));
+  // The Tab starts no search: the description that the code fetched is selected, and typed over.
+  EXPECT_EQ(box().text(), QStringLiteral("Ma"));
   EXPECT_EQ(city_.key->value().toString(), QStringLiteral("00013"));
 }
 

@@ -229,9 +229,9 @@ class FullField : public FieldFixture {
  protected:
   /// A field of six characters that holds more already.
   void ShowFull() {
+    show();
     first_->setMaxLength(6);
     first_->setText(QStringLiteral("abcdefgh"));
-    show();
     box().setSelection(1, 6);
   }
 };
@@ -254,9 +254,9 @@ TEST_F(FullField, TakesWhatAnInputMethodCommitsAsFarAsThereIsRoom) {
 }
 
 TEST_F(FullField, TakesADropAsFarAsThereIsRoom) {
+  show();
   first_->setMaxLength(6);
   first_->setText(QStringLiteral("abcd"));
-  show();
   std::vector<int> ups;
   QObject::connect(first_, &TsText::keyUp, [&](qint16& code) { ups.push_back(code); });
   drop(box(), QStringLiteral("1234"), 0);
@@ -269,9 +269,9 @@ TEST_F(FullField, TakesADropAsFarAsThereIsRoom) {
 TEST_F(FullField, TakesTheMiddleButtonsTextAsFarAsThereIsRoom) {
   if (!QApplication::clipboard()->supportsSelection())
     GTEST_SKIP() << "this platform has no selection clipboard";
+  show();
   first_->setMaxLength(6);
   first_->setText(QStringLiteral("abcd"));
-  show();
   QApplication::clipboard()->setText(QStringLiteral("1234"), QClipboard::Selection);
   QTest::mouseClick(&box(), Qt::MiddleButton, {}, QPoint(2, box().height() / 2));
   EXPECT_EQ(first_->text(), QStringLiteral("12abcd"));
