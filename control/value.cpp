@@ -131,6 +131,8 @@ tsText::Taken tsText::Converted(const Variant& v, Road road) const {
           taken.Shown = CStr(v);
           taken.What = ShownText::What::StoredText;
         });
+  // Empty is for a column to take in place of Null; a row that is only shown holds Null.
+  if (taken.Shown.IsEmpty()) taken.Shown = Variant::Null();
   return taken;
 }
 

@@ -112,7 +112,7 @@ void RecordForm::connectButtons() {
   connect(cancel_, &QPushButton::clicked, this, &RecordForm::cancel);
   connect(delete_, &QPushButton::clicked, this, &RecordForm::deleteRecord);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-    if (now && now != cancel_ && isAncestorOf(now)) worked_ = now;
+    if (now && isAncestorOf(now) && !qobject_cast<QPushButton*>(now)) worked_ = now;
   });
   connect(rows_, &qt::Adodc::leavingRow, this,
           [this](bool& refused) { refused = !check() || !write(); });
@@ -220,14 +220,19 @@ void RecordForm::cancel() {
   if (wasStale && rows_->refresh()) rows_->findRow(criteriaOf(key));
   emit notice(hadInput ? QStringLiteral("O que foi digitado foi desfeito.")
                        : QStringLiteral("Nada a desfazer."));
+  goOnWorking();
 }
 
-/// The Cancel button has left the field as it is: the operator goes on in it.
+/// A button has had the focus for its work: the operator goes on in the field.
+void RecordForm::goOnWorking() {
+  if (worked_) worked_->setFocus();
+}
+
 bool RecordForm::mayDropInput() {
   if (!hasUnsavedInput()) return true;
   if (ask(QStringLiteral("O %1 não foi salvo. Desfazer o que foi digitado?").arg(kind_.noun)))
     return true;
-  if (worked_) worked_->setFocus();
+  goOnWorking();
   return false;
 }
 
@@ -257,13 +262,13 @@ bool RecordForm::check() {
                         "voltar, ou use Arquivo, Reconectar ao banco de dados.")
              .arg(kind_.noun));
     emit notSaved(QStringLiteral("Não salvo: o servidor do banco de dados não responde."));
+    goOnWorking();
     return false;
   }
-  const QPointer<QWidget> before = window()->focusWidget();
   save_->setFocus();
   qt::FocusCycle::of(window())->settlePending();
   if (window()->focusWidget() != save_ || !checkFields()) return false;
-  if (before) before->setFocus();
+  goOnWorking();
   return true;
 }
 

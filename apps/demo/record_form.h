@@ -105,6 +105,7 @@ class RecordForm : public QWidget {
   void watchInput(qt::TsText* each);
   void noteInput();
   bool mayDropInput();
+  void goOnWorking();
   void loadRows();
   void connectFields();
   void connectButtons();
@@ -124,7 +125,7 @@ class RecordForm : public QWidget {
   QList<qt::TsText*> fields_;
   qt::TsText *key_, *search_;
   QPushButton *new_, *save_, *cancel_, *delete_;
-  QPointer<QWidget> worked_;  ///< where the operator was before the Cancel button
+  QPointer<QWidget> worked_;  ///< where the operator was before a button
   QString nextNotice_;        ///< to be told once the next row is shown
   bool hasTyped_ = false;     ///< something that is not in the row yet
   bool isStale_ = false;      ///< another user has changed the row on the screen

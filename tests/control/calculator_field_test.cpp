@@ -95,19 +95,6 @@ TEST_F(CalculatorField, AnAnswerThatDoesNotFitIsRefused) {
   }
 }
 
-TEST_F(CalculatorField, AFieldThatWasBlankIsBlankAgainBehindARefusal) {
-  Open(u"###.##", 3);
-  form->Focus(u"chkAtivo");
-  Control().Value(Variant::Null());
-  form->Focus(u"txtCampo");
-  field->ForgetEvents();
-  ClickAndAnswer(u"1234=");
-  EXPECT_THAT(app.TakeBoxes(), ElementsAre(refusal));
-  EXPECT_THAT(Control().Value(), IsNullVariant());
-  ASSERT_THAT(Returns(), SizeIs(1));
-  EXPECT_FALSE(Returns().front().HouveAlteracao);
-}
-
 TEST_F(CalculatorField, TheWindowIsStillThereWhileTheRefusalIsTold) {
   Open(u"$$$", 3);
   app.OnMessageBox = [](const memory::MessageBoxRecord&) {

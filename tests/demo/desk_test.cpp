@@ -214,8 +214,8 @@ TEST_F(DeskTest, ARefusedCpfBringsItsTabToTheFront) {
   ASSERT_FALSE(document->isVisible());
   p.expectBox("O CPF não confere, Verifique Por Favor");
   p.press("Alt+S");
-  EXPECT_TRUE(document->isVisible());
   p.expectFocus("documento");
+  EXPECT_TRUE(document->isVisible());
   dropInput("cliente", "Esc");
 }
 
