@@ -64,8 +64,20 @@ Setting RandomSetting(Random& random) {
           random.OneOf(kWays)};
 }
 
+// A query without what its cursor does around it: a first portion, and dates that come as texts.
+std::string WithoutCursor(const std::string& shape) {
+  static const std::regex portion(" ; fetch N from tessaria_rows$");
+  static const std::regex wrapped(
+      "^close tessaria_rows ; declare tessaria_rows no scroll cursor for select [castex(), ]+ from "
+      "\\( (.*) \\) as tessaria_rows \\( [c, ]+ \\)$");
+  static const std::regex cursor("^(begin ; )?declare tessaria_rows no scroll cursor for ");
+  const std::string query = std::regex_replace(std::regex_replace(shape, portion, ""), cursor, "");
+  return std::regex_replace(query, wrapped, "$1");
+}
+
 // Whether the library's own texts, with one value at each place of a value, give this shape.
-bool IsShapeOfTheLibrary(const std::string& shape) {
+bool IsShapeOfTheLibrary(const std::string& sent) {
+  const std::string shape = WithoutCursor(sent);
   const std::string column = "(codigo|nome)";
   const std::string condition =
       "(uf < > S|\\( clientes \\. codigo = N \\)|"
@@ -80,6 +92,7 @@ bool IsShapeOfTheLibrary(const std::string& shape) {
       std::regex(
           "(begin|commit|rollback|savepoint \\w+|release( savepoint)? \\w+|rollback to \\w+) ?;?"),
       std::regex("(fetch N from|close) tessaria_rows ;?"),
+      std::regex("show standard_conforming_strings"),
       std::regex("(begin ; )?(declare tessaria_rows no scroll cursor for )?select \\* from ficha "
                  "where id = N"),
       std::regex("(begin ; )?(declare tessaria_rows no scroll cursor for )?select (codigo , "
