@@ -84,18 +84,17 @@ bool tsText::IsForbiddenBlank() const {
 }
 
 bool tsText::CheckDate(const String& label) {
-  if (ShowsStoredText()) {
-    m_.LastValidaStatus = true;  // the operator did not write it
-  } else if (!Stripped().empty()) {
-    m_.LastValidaStatus = mdlObjTxt::ChecaData(txtEdit_, m_.Mascara, m_.ItensMascara);
-    if (!m_.LastValidaStatus) Refuse(label + u"Invalido(a), Corrija Por Favor");
-  } else if (CommandButtonIsActive()) {
-    if (!m_.PodeSerBranco) Refuse(label + u"Não Pode Ser Branco(a), Verifique Por Favor");
-    m_.LastValidaStatus = m_.PodeSerBranco;
-  } else {
-    m_.LastValidaStatus = true;
+  const bool typed = !ShowsStoredText();
+  bool valid = true;
+  if (typed && !Stripped().empty()) {
+    valid = mdlObjTxt::ChecaData(txtEdit_, m_.Mascara, m_.ItensMascara);
+    if (!valid) Refuse(label + u"Invalido(a), Corrija Por Favor");
+  } else if (typed && CommandButtonIsActive()) {
+    valid = m_.PodeSerBranco;
+    if (!valid) Refuse(label + u"Não Pode Ser Branco(a), Verifique Por Favor");
   }
-  return m_.LastValidaStatus;
+  m_.LastValidaStatus = valid;
+  return valid;
 }
 
 bool tsText::CheckRelation(const String& label) {
