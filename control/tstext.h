@@ -160,7 +160,8 @@ class tsText final : public _tsText, private MaskedField {
   /// The box's password character; "" shows the text itself.
   String PasswordChar() const;
   void PasswordChar(const String& v);
-  /// Most characters in the box; 0 is no limit there, and no integer digits for a sign.
+  /// Most characters that the operator can type or paste; 0 is no limit there, and no integer digits
+  /// for a sign. Texts of the program, of a row or of a lookup are taken whole.
   Long MaxLength() const;
   void MaxLength(Long v);
   /// Selection in the box: from 0, in characters.

@@ -182,7 +182,8 @@ class TsText final : public QWidget, public ErrorListener {
   /// Shown in place of each character; only the first one is kept. Empty shows the text.
   QString passwordChar() const;
   void setPasswordChar(const QString& v);
-  /// Most characters in the box; 0 is no limit.
+  /// Most characters that the operator can type or paste; 0 is no limit. Texts of the program, of a
+  /// row or of a lookup are taken whole.
   int maxLength() const;
   void setMaxLength(int v);
   /// Selection in the box: from 0, in characters.
@@ -190,7 +191,7 @@ class TsText final : public QWidget, public ErrorListener {
   void setSelStart(int v);
   int selLength() const;
   void setSelLength(int v);
-  /// The selected text; assigning replaces it as far as `MaxLength` allows.
+  /// The selected text; assigning replaces it, whatever `MaxLength` is.
   QString selText() const;
   void setSelText(const QString& v);
 

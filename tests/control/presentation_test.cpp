@@ -337,6 +337,15 @@ TEST_F(ColourTest, AColourThatIsOnlyDrawnIsNotStored) {
   EXPECT_THAT(stored(loaded, u"BackColor"), IsValue(static_cast<Long>(yellow)));
   (*loaded)->BackColor(0x123456);
   EXPECT_THAT(stored(loaded, u"BackColor"), IsValue(Long{0x123456}));
+
+  const auto description = AddStored(u"txtDescricao", {{u"TipoControle", 3}, {u"ForeColor", 0xFF}});
+  (*description)->UserControl_Show();
+  EXPECT_EQ((*description)->Forecolor(), host::colour::Blue);
+  EXPECT_THAT(stored(description, u"ForeColor"), IsValue(Long{0xFF}));
+
+  const auto disabled = AddStored(u"txtInativo", {{u"Enabled", false}, {u"ForeColor", 0xFF}});
+  (*disabled)->UserControl_Show();
+  EXPECT_THAT(stored(disabled, u"ForeColor"), IsValue(Long{0xFF}));
 }
 
 struct FocusRow {

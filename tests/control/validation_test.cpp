@@ -329,6 +329,17 @@ TEST_F(RelationTest, TheConditionIsExpanded) {
   EXPECT_EQ(Asked(), u"Select Top 1 codigo From clientes Where codigo = '15' And cidade = 3");
 }
 
+// The key of a chosen row narrows the description lookup and the completion alone.
+TEST_F(RelationTest, TheKeyOfAChosenRowIsNoPartOfTheCondition) {
+  Control().TipoControle(TipoControle::Descricao);
+  Control().Browse()->BrwCampoIrmao(u"cidade");
+  State().vntValorIrmao = u"'3'";
+  Type(u"", u"15");
+  EXPECT_TRUE(ValidaFrom(u"chkAtivo"));
+  EXPECT_EQ(Asked().find(u"cidade"), String::npos);
+  EXPECT_THAT(State().vntValorIrmao, IsValue(u"'3'"));
+}
+
 TEST_F(RelationTest, AValueInTheConditionStaysOneToken) {
   Control().Browse()->BrwWhere(u"cidade = '@txtOutro@'");
   (*other)->Value(u"' or ''='");

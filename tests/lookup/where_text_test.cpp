@@ -203,5 +203,37 @@ TEST_F(WhereTextTest, WithoutAConnectionValuesAreCheckedAllTheSame) {
   EXPECT_HOST_ERROR(Expanded(u"k = @txtPai@", u"0 or true"), errors::TypeMismatch);
 }
 
+struct Refusal {
+  const char16_t* text;
+  const char16_t* value;
+  const char16_t* message;
+};
+
+TEST_F(WhereTextTest, ARefusalTellsTheValueAndTheReason) {
+  const String badText =
+      u"O texto contém um caractere nulo ou incompleto, que o banco de dados não aceita. Digite o "
+      u"texto de novo.";
+  const Refusal refusals[] = {
+      {u"k = @txtPai@", u"0 or true",
+       u"txtPai: o valor \"0 or true\" não é um número, e só um número é aceito aqui."},
+      {u"k in (@txtPai@)", u"1,2",
+       u"txtPai: o valor \"1,2\" é uma lista, e só um número é aceito aqui."},
+      {u"k@txtPai@ = 1", u"1", u"txtPai: o valor \"1\" encosta em outra palavra da condição."},
+      {u"[@txtPai@] = 1", u"a]b",
+       u"txtPai: o valor \"a]b\" contém \"]\", que não é aceito entre colchetes."},
+      {u"k = 1 /* @txtPai@ */", u"1",
+       u"txtPai: o valor \"1\" está onde a condição não aceita parâmetros (comentário ou texto "
+       u"especial)."},
+      {u"n = '@txtPai@'", u"a\xD800", badText.c_str()},
+  };
+  for (const auto& row : refusals) {
+    connection->Dbms(row.text[0] == u'[' ? u"Microsoft SQL Server" : u"PostgreSQL");
+    EXPECT_THAT([&] { Expanded(row.text, row.value); },
+                testing::Throws<HostError>(
+                    testing::Property(&HostError::Description, testing::Eq(String(row.message)))))
+        << ToUtf8(row.text);
+  }
+}
+
 }  // namespace
 }  // namespace tessaria::test
