@@ -28,6 +28,8 @@ constexpr StringView kFragments[] = {
     // Every plane, marks of direction, joiners, no characters at all.
     u"é"sv, u"ÇÃO"sv, u"ß"sv, u"İ"sv, u"ǅ"sv, u"e\x0301"sv, u"中"sv, u"\xFEFF"sv, u"\xFFFE"sv,
     u"\xFFFF"sv, u"\xFFFD"sv, u"\xE000"sv, u"\U0001F600"sv, u"\U00020000"sv, u"\U00030000"sv,
+    u"\U00040000"sv, u"\U00050000"sv, u"\U00060000"sv, u"\U00070000"sv, u"\U00080000"sv,
+    u"\U00090000"sv, u"\U000A0000"sv, u"\U000B0000"sv, u"\U000C0000"sv, u"\U000D0000"sv,
     u"\U000E0001"sv, u"\U000F0000"sv, u"\U00100000"sv, u"\U0010FFFF"sv, u"\x200B"sv, u"\x200D"sv,
     u"\x200E"sv, u"\x200F"sv, u"\x202A"sv, u"\x202E"sv, u"\x2066"sv, u"\x2069"sv, u"\x2028"sv,
     u"\xD800"sv, u"\xDC00"sv, u"\xDC00\xD800"sv, u"a\xDBFF"sv, u"\xDFFFz"sv,

@@ -87,11 +87,15 @@ TEST_F(CalendarTest, KeepsInsideASmallScreen) {
 
 // Of a short year six characters are left, which are read as a date and not digit by digit.
 TEST_F(CalendarTest, WithoutSlashesAShortYearOrAMonthAloneIsNoDate) {
-  const char16_t* const rows[][3] = {{u"dd/mm/yy", u"05/03/18", u"050318"},
-                                     {u"mm/yyyy", u"12/2017", u"122017"}};
-  for (const auto& [mask, text, stripped] : rows) {
-    box.Text(text);
-    EXPECT_HOST_ERROR(Execute(mask, stripped), errors::TypeMismatch);
+  struct Row {
+    const char16_t* mask;
+    const char16_t* text;
+    const char16_t* stripped;
+  };
+  for (const Row& row :
+       {Row{u"dd/mm/yy", u"05/03/18", u"050318"}, Row{u"mm/yyyy", u"12/2017", u"122017"}}) {
+    box.Text(row.text);
+    EXPECT_HOST_ERROR(Execute(row.mask, row.stripped), errors::TypeMismatch);
   }
   EXPECT_THAT(desktop->Shown(), IsEmpty());
 }

@@ -141,8 +141,7 @@ class CompletionFixture : public testing::Test {
       u" ('00013', 'Ubatuba', 'SP')",
       u"create table condicoes (codigo integer primary key, nome varchar(30))",
       u"insert into condicoes values (1, 'À vista'), (15, 'Trinta dias')",
-      u"create view cidades_lentas as select c.* from cidades c,"
-      u" (select pg_sleep(0.06)) espera"};
+      u"create view cidades_lentas as select c.* from cidades c, (select pg_sleep(0.06)) e"};
 
   BoxKeeper boxes_;
   std::shared_ptr<WatchedConnection> connection_;

@@ -213,7 +213,7 @@ TEST_F(BrowseWindow, TheMenuOpensAndChoosesByTheKeyboard) {
   addSearch(0, u"Nome");
   look([this](QDialog& w) {
     statements();
-    QTimer::singleShot(50, &w, [this] {
+    QTimer::singleShot(50, &w, [] {
       QWidget* menu = QApplication::activePopupWidget();
       ASSERT_NE(menu, nullptr);
       picture(*menu, QStringLiteral("lista_menu"));
