@@ -1,5 +1,6 @@
 // Finding the connection, the sibling, the data control, the field and the label by name.
 
+#include "control/scoped_flag.h"
 #include "control/tstext.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
@@ -92,7 +93,7 @@ bool tsText::ConnectDatabase() {
 
 bool tsText::FindDataControl() {
   if (m_.DataSource.empty() || m_.DataField.empty()) {
-    Value(Variant::Null());
+    ShowValue(Variant::Null());
     return false;
   }
   const auto refuse = [this] {
@@ -136,14 +137,13 @@ bool tsText::BindField() {
 void tsText::LoadRow() {
   const auto rows = BoundRecordset();
   if (rows->Eof() || rows->Bof()) {
-    Value(Variant::Null());
+    ShowValue(Variant::Null());
     m_.OriginalValue = Variant::Null();
     return;
   }
-  m_.bCarregandoCampo = true;
+  const ScopedFlag loading(m_.bCarregandoCampo);
   ShowValue(CampoVinculado()->Value());
   m_.OriginalValue = CampoVinculado()->Value();
-  m_.bCarregandoCampo = false;
 }
 
 void tsText::AchaObjetos() {

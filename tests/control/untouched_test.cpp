@@ -209,30 +209,6 @@ TEST_F(UntouchedTest, TheMaskOfLettersThatFitsItsFieldTouchesNothing) {
   EXPECT_THAT(Control().Value(), IsValue(u"a_b"));
 }
 
-// --- The sibling of a row -----------------------------------------------------------------------
-
-TEST_F(UntouchedTest, ARowFillsTheSiblingOfItsKeyAndLeavesTheSiblingsColumnAsItIs) {
-  AddData({{u"campo", host::type::VarWChar}, {u"nome", host::type::VarWChar}}, {{u"7", u"Velho"}})
-      ->Refresh();
-  State().dbConexao = connection;
-  connection->OnStatement = [](const String&) -> memory::Rows { return {{{u"nome"}}, {{u"Ana"}}}; };
-  const auto name = AddField(u"txtNome");
-  Bind(name, u"nome");
-  (*name)->Refresh();
-  const auto key = AddField(u"txtChave");
-  Bind(key, u"campo");
-  (*key)->TxtIrmao(u"txtNome");
-  const auto definition = (*key)->Browse();
-  definition->BrowseTable(u"clientes");
-  definition->BrwCampo(u"codigo");
-  definition->BrwCampoIrmao(u"nome");
-  (*key)->Refresh();
-  EXPECT_THAT((*name)->Value(), IsValue(u"Ana"));
-  EXPECT_EQ(name->txtEdit().Text(), u"Ana");
-  const auto rows = (*name)->CampoVinculado();
-  EXPECT_THAT(rows->Value(), IsValue(u"Velho"));
-}
-
 // --- What touches -------------------------------------------------------------------------------
 
 class TouchedTest : public UntouchedTest {
