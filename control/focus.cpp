@@ -68,7 +68,7 @@ void tsText::Settle(ExitVerdict& verdict) {
   if (check != Check::Passed) {
     verdict = check == Check::Refused ? ExitVerdict::Refused : ExitVerdict::Left;
   } else if (!touched) {
-    Present({m_.Value, true, shown_.Shows()}, Road::Show);
+    AssignItself();
   } else if (AssignTyped()) {
     verdict = ExitVerdict::Left;
   }

@@ -307,6 +307,7 @@ class tsText final : public _tsText, private MaskedField {
     ShownText::What What = ShownText::What::Value;
   };
   bool Assign(const Variant& argument, Road road);
+  void AssignItself();
   Taken AssignUnbound(const Variant& v);
   Taken AssignBound(const Variant& v, Road road);
   Taken Converted(const Variant& v, Road road) const;

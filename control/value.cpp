@@ -42,6 +42,13 @@ bool tsText::Assign(const Variant& argument, Road road) {
   return taken.IsStored;
 }
 
+/// The value as it is, for a field that nobody has touched: all that an assignment does, except
+/// that nothing is converted and nothing written.
+void tsText::AssignItself() {
+  TextoFromValue();
+  Present({m_.Value, true, shown_.Shows()}, Road::Show);
+}
+
 void tsText::Present(const Taken& taken, Road road) {
   Catch(
       [&] {

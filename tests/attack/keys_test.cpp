@@ -43,6 +43,7 @@ class Round {
   bool Run() {
     for (int i = 0; i < kStepsOfAForm && !fault_; ++i) {
       Step();
+      TellFocused();
       CheckErrors();
       if (i % 50 == 0) form_.ForgetThePast();
     }
@@ -258,6 +259,14 @@ class Round {
 
   void Tell(const std::string& what) {
     if (tells_) story_.push_back(what);
+  }
+  /// Where the step led to.
+  void TellFocused() {
+    const memory::TsText* field = story_.empty() ? nullptr : form_.Focused();
+    if (field == nullptr) return;
+    const tsText& control = **field;
+    story_.back() += "  -> " + ToUtf8(field->Name()) + " box " + Quoted(control.Text()) + " Texto " +
+                     Quoted(control.Texto()) + " Value " + Told(control.Value());
   }
   void Found(const std::string& kind, const std::string& detail) {
     if (fault_) return;

@@ -186,6 +186,20 @@ TEST_F(UntouchedTest, AnUntouchedExitTellsItsValueAndThatNothingChanged) {
   EXPECT_FALSE(field->Events(Kind::BrowseReturn)[0].HouveAlteracao);
 }
 
+// A refused sign replaces the typed text and leaves the box alone.
+TEST_F(UntouchedTest, AnUntouchedExitTakesTheTypedTextFromTheValueAgain) {
+  AddRow(host::type::Numeric, DecimalFromText(u"1234.5"));
+  Control().Mascara(u"$$$$$.$$");
+  form->Show();
+  Enter();
+  form->Type(u"+");
+  EXPECT_EQ(Control().Texto(), u"1");
+  Leave();
+  EXPECT_EQ(Control().Texto(), u"1234,5");
+  EXPECT_EQ(Box().Text(), u"1.234,50");
+  EXPECT_FALSE(IsEdited());
+}
+
 TEST_F(UntouchedTest, AnUnboundFieldKeepsItsValueToo) {
   field = AddField(u"txtCampo");
   Control().UsaChecaRelacao(false);
