@@ -47,13 +47,20 @@ void tsText::FilterKeyDown(Integer& KeyCode, Integer& Shift) {
 }
 
 void tsText::FilterKeyPress(Integer& KeyAscii) {
-  const bool replaces = txtEdit_.SelLength() > 0;
   {
     const ScopedFlag filtering(filtering_);
     txtEdit_KeyPress(*this, KeyAscii);
   }
   // A character that the box puts in place of an equal one is no change of the box.
-  if (replaces && KeyAscii >= kFirstCharacter) shown_.NoteTyping();
+  if (KeyAscii >= kFirstCharacter && ReplacesSelection()) shown_.NoteTyping();
+}
+
+/// Whether the box will put a character in place of the selection: one that is too long already
+/// may have no room for it.
+bool tsText::ReplacesSelection() const {
+  const Long selected = txtEdit_.SelLength();
+  const Long limit = txtEdit_.MaxLength();
+  return selected > 0 && (limit == 0 || Len(txtEdit_.Text()) - selected < limit);
 }
 
 void tsText::txtEdit_Change() {
@@ -102,8 +109,12 @@ void tsText::CompleteDescription(Integer KeyCode) {
   if (!literal.empty() && !siblingField.empty())
     condition += (condition.empty() ? u"" : u" And ") + siblingField + u" = " + literal;
 
+  const bool typed = shown_.IsTyped();
+  const String before = txtEdit_.Text();
   mdlObjTxt::CompletaDescr(txtEdit_, definition->From(), BrwCampo(), KeyCode, m_.bIrmaoConectado,
                            siblingField, sibling ? &sibling->Control() : nullptr, condition);
+  // A search that failed has given the box back what it held.
+  if (!typed && txtEdit_.Text() == before) shown_.ForgetTyping();
 }
 
 void tsText::txtEdit_GotFocus() {

@@ -80,7 +80,10 @@ void tsText::ShowAtRunTime() {
 
 void tsText::FitMaskToField() {
   const Long size = m_.bCampoConectado ? CampoVinculado()->DefinedSize() : txtEdit_.MaxLength();
-  if (size > 0 && size <= kLongestMask) Mascara(StringOf(size, u"A"));
+  if (size <= 0 || size > kLongestMask) return;
+  Mascara(StringOf(size, u"A"));
+  // The mask as it was has cut what it showed.
+  Display({m_.Value, true, shown_.Shows()});
 }
 
 void tsText::UserControl_Resize() {

@@ -121,12 +121,14 @@ void tsText::Text(const String& v) {
 void tsText::Mascara(const String& v) {
   const String oldMask = m_.Mascara;
   const String oldItems = m_.ItensMascara;
+  // A row that nobody edits is shown anew and not written.
+  const Road road = IsTouched() ? Road::Write : Road::Show;
   m_.Mascara = v;
   ItensMascara(mdlObjTxt::MontaItensMascara(v, m_.PromptChar));
   txtEdit_.Alignment(EhNumerica() ? host::Alignment::Right : host::Alignment::Left);
   if (site_.UserMode()) {
     if (v.empty() && mdlObjTxt::LimpaMascara(txtEdit_.Text(), oldMask, oldItems).empty())
-      Value(Variant::Null());
+      Assign(Variant::Null(), road);
     else
       WithoutTouching([&] { WriteBox(LaidOut(Stripped())); });
   }

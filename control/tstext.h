@@ -117,6 +117,7 @@ class tsText final : public _tsText, private MaskedField {
   /// reads it back, shows it through the mask and refreshes the sibling. Refusals show a box.
   Variant Value() const override { return m_.Value; }
   void Value(const Variant& v) override;
+  bool TakeValue(const Variant& v) override;
   void ShowValue(const Variant& v) override;
   /// Value of the row as it was loaded. Assigning shows a message and changes nothing.
   Variant OriginalValue() const { return m_.OriginalValue; }
@@ -326,6 +327,7 @@ class tsText final : public _tsText, private MaskedField {
 
   // What the box was left showing
   bool IsTouched() const;
+  bool ReplacesSelection() const;
   bool HidesTexto() const;
   bool ShowsStoredText() const;
   void WriteBox(const String& text);

@@ -51,11 +51,8 @@ tsText::Check tsText::CheckRules() {
   // A required blank lets the focus pass to anything but a command button, whose case is
   // settled above; the status stays as it was.
   if (IsForbiddenBlank()) return Check::Passed;
-  if (!m_.UsaChecaRelacao) {
-    m_.LastValidaStatus = true;
-    return Check::Passed;
-  }
-  m_.LastValidaStatus = CheckRelation(label);
+  // Nor is anybody held by a stored text that he did not write.
+  m_.LastValidaStatus = !m_.UsaChecaRelacao || ShowsStoredText() || CheckRelation(label);
   if (m_.LastValidaStatus) return Check::Passed;
   ReturnFocus();
   return Check::Refused;

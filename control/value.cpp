@@ -31,6 +31,8 @@ bool ReadsAlike(const Variant& a, const Variant& b) {
 
 void tsText::Value(const Variant& v) { Assign(v, Road::Write); }
 
+bool tsText::TakeValue(const Variant& v) { return Assign(v, Road::Write); }
+
 void tsText::ShowValue(const Variant& v) { Assign(v, Road::Show); }
 
 /// False when the value was refused, which the operator has been told.
@@ -58,13 +60,14 @@ void tsText::Present(const Taken& taken, Road road) {
         // At the end of a record set nothing was written: the value stays in memory.
         if (m_.Value.IsNull()) m_.Value = taken.Shown;
         SiblingStep(road);
-        shown_.ForgetTyping();
         site_.PropertyChanged(u"Value");
       },
       [&] {
         mdlMsgBox::ExibeMensagem(hWnd(), Err().Description, mdlMsgBox::flag::Stop,
                                  u"Erro ao Atualizar o Campo");
       });
+  // The sibling step asks what was typed. A step that fails takes nothing of the value back.
+  shown_.ForgetTyping();
 }
 
 tsText::Taken tsText::AssignUnbound(const Variant& v) {

@@ -89,12 +89,30 @@ String InstrucaoDeCompletar(bool postgres, const String& texto, const String& ta
   return instrucao.append(uma.Limite);
 }
 
-void PassaAoIrmao(_tsText* irmao, const Variant& valor) {
+/// False when the sibling refused the value.
+bool PassaAoIrmao(_tsText* irmao, const Variant& valor) {
   if (!irmao) throw HostError(errors::ObjectNotSet);
-  irmao->Value(valor);
+  if (!irmao->TakeValue(valor)) return false;
   irmao->AtualizaIrmao(true, false);
   irmao->DisparaEventos(u"BrowseReturn");
+  return true;
 }
+
+/// What a box shows and what of it is selected.
+struct EstadoDaCaixa {
+  explicit EstadoDaCaixa(const host::TextBox& caixa)
+      : texto(caixa.Text()), inicio(caixa.SelStart()), tamanho(caixa.SelLength()) {}
+
+  void Devolve(host::TextBox& caixa) const {
+    caixa.Text(texto);
+    caixa.SelStart(inicio);
+    caixa.SelLength(tamanho);
+  }
+
+  String texto;
+  Long inicio;
+  Long tamanho;
+};
 
 }  // namespace
 
@@ -127,9 +145,11 @@ Variant AchaDescr(Browse& objBrowse, const Variant& varValor, const String& strN
 Variant CompletaDescr(host::TextBox& txtBox, const String& strTabela, const String& strCampo,
                       const Variant& varTecla, bool blnTemIrmao, const Variant& varCampoIrmao,
                       _tsText* objIrmao, const String& strWhere) {
+  const EstadoDaCaixa antes(txtBox);
+  const String& digitado = antes.texto;
+  if (digitado.empty()) return {};
+  bool completa = false;
   Trap(u"mdlObjTxt", u"CompletaDescr", [&] {
-    const String digitado = txtBox.Text();
-    if (digitado.empty()) return;
     const auto conexao = ConexaoAtual();
     const bool postgres = EhPostgreSQL(*conexao);
     if (Equal(varTecla, kTeclaBackspace)) txtBox.Text(Left(digitado, Len(digitado) - 1));
@@ -137,13 +157,16 @@ Variant CompletaDescr(host::TextBox& txtBox, const String& strTabela, const Stri
         InstrucaoDeCompletar(postgres, txtBox.Text(), strTabela, strCampo, varCampoIrmao, strWhere);
     const auto rs =
         conexao->OpenRecordset(instrucao, host::CursorType::Static, host::LockType::ReadOnly);
-    if (rs->Bof()) return;
+    completa = rs->Bof();
+    if (completa) return;
     const Integer posicao = CInt(Len(txtBox.Text()));
     txtBox.Text(CStr(rs->Fields().Item(0)->Value()));
-    if (blnTemIrmao) PassaAoIrmao(objIrmao, rs->Fields().Item(1)->Value());
+    if (blnTemIrmao && !PassaAoIrmao(objIrmao, rs->Fields().Item(1)->Value())) return;
     txtBox.SelStart(posicao);
     txtBox.SelLength(Len(txtBox.Text()));
+    completa = true;
   });
+  if (!completa) antes.Devolve(txtBox);
   return {};
 }
 

@@ -33,6 +33,8 @@ class _tsText {
 
   virtual Variant Value() const = 0;
   virtual void Value(const Variant& value) = 0;
+  /// As assigning `Value`. False when the value was refused, which the operator has been told.
+  virtual bool TakeValue(const Variant& value) = 0;
   /// As assigning `Value`, except that the bound field is not written: a row is being shown.
   virtual void ShowValue(const Variant& value) = 0;
   /// Code of the variant type that an unbound value is held in.

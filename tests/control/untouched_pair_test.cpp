@@ -171,5 +171,71 @@ TEST_F(UntouchedPairTest, ATypedKeyWritesTheDescription) {
   EXPECT_THAT(Stored(u"nome"), IsValue(u"Ana"));
 }
 
+TEST_F(UntouchedPairTest, AKeyIsSettledThoughItsDescriptionCouldNotBeLookedFor) {
+  (*key)->Browse()->BrwWhere(u"uf = @txtNada@");
+  form->Focus(u"txtCodigo");
+  key->txtEdit().SelLength(1);
+  form->Type(u"8");
+  const auto told = key->ChangedProperties().size();
+  form->Focus(u"chkAtivo");
+  EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+  EXPECT_THAT(Stored(u"codigo"), IsValue(u"8"));
+  for (std::size_t i = told; i < key->ChangedProperties().size(); ++i)
+    EXPECT_NE(key->ChangedProperties()[i], u"Value");
+  Rows().Update();
+  form->Focus(u"txtCodigo");
+  form->Focus(u"chkAtivo");
+  EXPECT_FALSE(IsEdited());
+}
+
+// --- A description completes --------------------------------------------------------------------
+
+/// The database refuses the key that the completion finds.
+class RefusedCompletionTest : public UntouchedPairTest {
+ protected:
+  RefusedCompletionTest() {
+    connection->OnStatement = [](const String& statement) -> std::optional<memory::Rows> {
+      if (InStr(statement, u"clientes") == 0) return std::nullopt;
+      return memory::Rows{{{u"nome"}, {u"codigo"}}, {{u"Ana Maria", u"9"}}};
+    };
+    const auto rows = std::make_shared<RawRows>();
+    rows->Field.Refusal = HostError(errors::ProviderError, u"linha alterada");
+    const auto raw = form->Add<memory::DataControl>(u"dtcCru");
+    raw->ConnectionString(u"DSN=teste");
+    raw->RecordSource(u"crua");
+    raw->RecordSet(rows);
+    (*key)->DataSource(u"dtcCru");
+    (*key)->DataField(u"campo");
+    (*key)->Refresh();
+    (*description)->ShowValue(u"An");
+    app.TakeBoxes();
+    form->Focus(u"txtNome");
+  }
+  memory::TextBox& Box() { return description->txtEdit(); }
+};
+
+TEST_F(RefusedCompletionTest, GivesTheBoxBackWhatWasTyped) {
+  key->ForgetEvents();
+  Box().SelStart(2);
+  form->Type(u"a");
+  EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+  EXPECT_EQ(Box().Text(), u"Ana");
+  EXPECT_EQ(Box().SelStart(), 3);
+  EXPECT_EQ(Box().SelLength(), 0);
+  EXPECT_THAT(key->Events(Kind::BrowseReturn), IsEmpty());
+  form->Focus(u"chkAtivo");
+  app.TakeBoxes();
+  EXPECT_THAT(Stored(u"nome"), IsValue(u"Ana"));
+}
+
+TEST_F(RefusedCompletionTest, TouchesNothingWhenNothingWasTyped) {
+  form->Press(memory::Key::Left);
+  EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+  EXPECT_EQ(Box().Text(), u"An");
+  form->Focus(u"chkAtivo");
+  app.TakeBoxes();
+  EXPECT_FALSE(IsEdited());
+}
+
 }  // namespace
 }  // namespace tessaria::test

@@ -1,58 +1,13 @@
 // A field that nobody has touched: its row stays as it is, whatever mask shows it.
 
-#include "tests/control/control_fixture.h"
-#include "tests/control/raw_rows.h"
+#include "tests/control/untouched_fixture.h"
 
 namespace tessaria::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::SizeIs;
 
 const Variant null = Variant::Null();
-
-/// One field on one row.
-class UntouchedTest : public ControlTest {
- protected:
-  UntouchedTest() {
-    form->Add<memory::Generic>(u"chkAtivo", u"CheckBox", memory::Generic::Focus::Taken);
-  }
-
-  void AddRow(const memory::Column& column, const Variant& stored) {
-    data = AddData({column}, {{stored}});
-    field = AddField(u"txtCampo");
-    Bind(field, column.Name);
-    Control().UsaChecaRelacao(false);
-  }
-  void AddRow(Long type, const Variant& stored) { AddRow({u"campo", type}, stored); }
-  /// A row that keeps any value whatever its type, and notes what is written.
-  void AddRawRow(Long type, const Variant& stored) {
-    rows->Field.Type = type;
-    rows->Field.Value = stored;
-    const auto control = form->Add<memory::DataControl>(u"dtcDados");
-    control->ConnectionString(u"DSN=teste");
-    control->RecordSource(u"crua");
-    control->RecordSet(rows);
-    field = AddField(u"txtCampo");
-    Bind(field, u"campo");
-    Control().UsaChecaRelacao(false);
-  }
-  tsText& Control() { return **field; }
-  memory::TextBox& Box() { return field->txtEdit(); }
-  void Enter() { form->Focus(u"txtCampo"); }
-  void Leave() { form->Focus(u"chkAtivo"); }
-  void TabThrough() {
-    Enter();
-    Leave();
-  }
-  Variant Stored() { return data->RecordSet()->Fields().Item(u"campo")->Value(); }
-  bool IsEdited() { return data->RecordSet()->EditMode() != host::EditMode::None; }
-
-  std::shared_ptr<memory::DataControl> data;
-  std::shared_ptr<RawRows> rows = std::make_shared<RawRows>();
-  FieldPtr field;
-};
 
 // --- Every mask, every type ---------------------------------------------------------------------
 
@@ -221,141 +176,6 @@ TEST_F(UntouchedTest, TheMaskOfLettersThatFitsItsFieldTouchesNothing) {
   TabThrough();
   EXPECT_THAT(Stored(), IsValue(u"a_b"));
   EXPECT_THAT(Control().Value(), IsValue(u"a_b"));
-}
-
-// --- What touches -------------------------------------------------------------------------------
-
-class TouchedTest : public UntouchedTest {
- protected:
-  TouchedTest() {
-    AddRow(host::type::Numeric, DecimalFromText(u"1.239"));
-    Control().Mascara(u"$$$$$.$$");
-    form->Show();
-    Enter();
-  }
-};
-
-TEST_F(TouchedTest, ATypedKeyDoes) {
-  form->Type(u"1,24");
-  Leave();
-  EXPECT_TRUE(IsEdited());
-  EXPECT_SAME(Control().Value(), DecimalFromText(u"1.24"));
-}
-
-TEST_F(TouchedTest, ATextOfTheProgramDoesWhenItDiffers) {
-  Control().Text(u"1,24");
-  Leave();
-  EXPECT_SAME(Stored(), DecimalFromText(u"1.239"));
-  Enter();
-  Control().Text(u"1,25");
-  Leave();
-  EXPECT_SAME(Control().Value(), DecimalFromText(u"1.25"));
-}
-
-TEST_F(TouchedTest, AKeyThatChangesNothingDoesNot) {
-  form->Press(memory::Key::End);
-  form->Press(memory::Key::Left);
-  form->Type(u"z");
-  Leave();
-  EXPECT_FALSE(IsEdited());
-}
-
-TEST_F(TouchedTest, AValueThatAProgramAssignsMeanwhileEndsIt) {
-  form->Type(u"5");
-  Control().Value(7.777);
-  Leave();
-  EXPECT_SAME(Control().Value(), DecimalFromText(u"7.777"));
-}
-
-class TypedAnew : public UntouchedTest, public testing::WithParamInterface<const char16_t*> {};
-
-INSTANTIATE_TEST_SUITE_P(Masks, TypedAnew, testing::Values(u"", u"#", u"$"));
-
-TEST_P(TypedAnew, TheSameTextIsWritten) {
-  AddRawRow(host::type::Numeric, Long{5});
-  Control().Mascara(GetParam());
-  form->Show();
-  Enter();
-  form->Type(u"5");
-  EXPECT_EQ(Box().Text(), u"5");
-  EXPECT_THAT(rows->Written, IsEmpty());
-  Leave();
-  EXPECT_THAT(rows->Written, ElementsAre(IsValue(5.0)));
-}
-
-TEST_F(UntouchedTest, ARefusedValueIsTouchedUntilAWriteSucceedsOrTheRowIsLoadedAgain) {
-  AddRow({u"campo", host::type::VarWChar, 5}, u"Ana");
-  form->Show();
-  Enter();
-  form->Type(u"Guilhermina");
-  for (int i = 0; i < 2; ++i) {
-    Leave();
-    EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
-    EXPECT_EQ(Box().Text(), u"Guilhermina");
-    EXPECT_THAT(Control().Value(), IsValue(u"Ana"));
-    Enter();
-  }
-  Control().Refresh();
-  EXPECT_EQ(Box().Text(), u"Ana");
-  Leave();
-  EXPECT_THAT(app.Boxes(), IsEmpty());
-}
-
-// What could not be converted has left nothing in the box that could be stored.
-TEST_F(UntouchedTest, ATextThatCouldNotBeConvertedGivesWayToTheOldValueAtTheNextExit) {
-  AddRow(host::type::Integer, Long{7});
-  form->Show();
-  Enter();
-  form->Type(u"abc");
-  Leave();
-  EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
-  EXPECT_EQ(Box().Text(), u"");
-  TabThrough();
-  EXPECT_EQ(Box().Text(), u"7");
-  EXPECT_THAT(Stored(), IsValue(Long{7}));
-}
-
-// --- A stored value that the type cannot take ---------------------------------------------------
-
-struct NoValue {
-  Long Type;
-  const char16_t* Text;
-  const char16_t* Mask;
-};
-
-const NoValue noValues[] = {
-    {host::type::DBTimeStamp, u"infinity", u"dd/mm/yyyy"},
-    {host::type::DBTimeStamp, u"-infinity", u""},
-    {host::type::DBDate, u"25/12/12017", u"dd/mm/yyyy"},
-    {host::type::DBDate, u"15/03/0044 BC", u"mm/yyyy"},
-    {host::type::Double, u"NaN", u"$$$$$.$$"},
-    {host::type::Numeric, u"NaN", u"00000"},
-    {host::type::Numeric, u"NaN", u"$$$.$$%"},
-};
-
-class StoredTextTest : public UntouchedTest, public testing::WithParamInterface<NoValue> {};
-
-INSTANTIATE_TEST_SUITE_P(Values, StoredTextTest, testing::ValuesIn(noValues));
-
-TEST_P(StoredTextTest, IsShownAsItStandsAndPassesUnwritten) {
-  AddRawRow(GetParam().Type, GetParam().Text);
-  Control().Mascara(GetParam().Mask);
-  form->Show();
-  EXPECT_EQ(Box().Text(), GetParam().Text);
-  EXPECT_THAT(Control().Value(), IsValue(GetParam().Text));
-  Enter();
-  EXPECT_EQ(Box().Text(), GetParam().Text);
-  EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::Left);
-  EXPECT_EQ(Box().Text(), GetParam().Text);
-  EXPECT_THAT(rows->Written, IsEmpty());
-  EXPECT_THAT(app.Boxes(), IsEmpty());
-}
-
-TEST_F(UntouchedTest, AStoredTextIsHiddenByAPasswordCharacter) {
-  AddRawRow(host::type::Numeric, u"NaN");
-  Control().PasswordChar(u"*");
-  form->Show();
-  EXPECT_EQ(Box().Text(), u"***");
 }
 
 }  // namespace

@@ -16,6 +16,11 @@ class Sibling final : public _tsText {
     value = v;
     calls.push_back(u"Value");
   }
+  bool TakeValue(const Variant& v) override {
+    if (refuses) return false;
+    Value(v);
+    return true;
+  }
   void ShowValue(const Variant& v) override { Value(v); }
   Long TipoDado() const override { return 1; }
   String TxtIrmao() const override { return {}; }
@@ -33,6 +38,7 @@ class Sibling final : public _tsText {
   }
 
   Variant value;
+  bool refuses = false;
   std::vector<String> calls;
 };
 
@@ -56,6 +62,21 @@ class CompletionTest : public LookupTest {
   _tsText* sibling = &other;
   String where = u"ativo = 1";
 };
+
+TEST_F(CompletionTest, ASiblingThatRefusesGivesTheBoxBackWhatItHeld) {
+  other.refuses = true;
+  for (const Integer key : {kKeyA, kBackspace}) {
+    WillFindMaria();
+    box.Text(u"Mar");
+    box.SelStart(1);
+    box.SelLength(1);
+    Complete(key);
+    EXPECT_EQ(box.Text(), u"Mar");
+    EXPECT_EQ(box.SelStart(), 1);
+    EXPECT_EQ(box.SelLength(), 1);
+    EXPECT_THAT(other.calls, IsEmpty());
+  }
+}
 
 struct StatementCase {
   const char16_t* dialect;
@@ -242,13 +263,13 @@ TEST_F(CompletionTest, ANullDescriptionIsReported) {
   EXPECT_THAT(other.calls, IsEmpty());
 }
 
-TEST_F(CompletionTest, ASiblingWithoutItsFieldIsReportedWithTheBoxFilled) {
+TEST_F(CompletionTest, ASiblingWithoutItsFieldIsReportedAndTheBoxHoldsWhatWasTyped) {
   siblingField = u"";
   box.Text(u"Ma");
   connection->WillAnswer({{{u"nome"}}, {{u"Maria"}}});
   Complete();
   ExpectErrorBox(u"CompletaDescr", HostError(errors::ItemNotFound));
-  EXPECT_EQ(box.Text(), u"Maria");
+  EXPECT_EQ(box.Text(), u"Ma");
   EXPECT_EQ(box.SelLength(), 0);
 }
 
