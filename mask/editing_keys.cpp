@@ -2,6 +2,7 @@
 
 #include "mask/key_class.h"
 #include "mask/key_filter.h"
+#include "mask/keystroke.h"
 #include "mask/masks.h"
 #include "runtime/text.h"
 #include "services/trap.h"
@@ -23,8 +24,9 @@ bool SpansComma(const String& selected, const String& text, const String& tail) 
 
 void DeleteInNumber(MaskedField& field, Integer& KeyCode) {
   host::TextBox& box = field.Box();
-  const String text = box.Text(), selected = box.SelText();
+  const String text = TypedText(field);
   const Long caret = box.SelStart();
+  const String selected = Mid(text, caret + 1, box.SelLength());
   const String tail = Right(text, Len(text) - caret - Len(selected));
   if (SpansComma(selected, text, tail)) {
     box.Text(Left(text, caret).append(kComma) + tail);

@@ -46,6 +46,17 @@ void Keystroke::SwallowWithBeep() {
   App().Beep();
 }
 
+String TypedText(MaskedField& field) {
+  const String shown = field.Box().Text(), password = field.Box().PasswordChar();
+  const bool hides = !password.empty() && shown.find_first_not_of(password[0]) == String::npos;
+  if (!hides) return shown;
+  const String typed = field.Texto();
+  if (Len(typed) == Len(shown)) return typed;
+  const String laidOut =
+      AplicaMascara(typed, field.Mascara(), field.PromptChar(), field.ItensMascara(), u"");
+  return Len(laidOut) == Len(shown) ? laidOut : typed;
+}
+
 namespace {
 
 bool IsBehindMask(const Keystroke& k) { return k.pos > Len(k.mask); }

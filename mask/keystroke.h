@@ -31,4 +31,9 @@ struct Keystroke {
   void SwallowWithBeep();
 };
 
+/// What the operator has typed so far: the box's text, or what stands behind its password
+/// characters. A value that came from outside is kept without its literals, so it is laid out
+/// again. Characters that the box shows as they are stand for themselves.
+String TypedText(MaskedField& field);
+
 }  // namespace tessaria

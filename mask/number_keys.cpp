@@ -17,7 +17,7 @@ constexpr StringView kSign = u"-";
 
 /// "," and "." both: puts the comma in, or jumps behind the one that lies to the right.
 void TypeComma(Keystroke& k) {
-  const String text = k.box.Text();
+  const String text = TypedText(k.field);
   const Long caret = k.box.SelStart();
   const Long comma = InStr(text, kComma);
   if (comma > 0 && comma < caret + 1) return k.SwallowWithBeep();
@@ -34,14 +34,14 @@ void TypeComma(Keystroke& k) {
 
 /// Only in a mask that is a number: the slots of all others take the key before it comes here.
 void BackspaceNumber(Keystroke& k) {
-  const String text = k.box.Text();
+  const String text = TypedText(k.field);
   if (Mid(text, k.box.SelStart(), 1) != kComma) return;
   if (TiraVirgulaExcede(text, k.mask, k.box.MaxLength())) k.SwallowWithBeep();
 }
 
 /// The text without the selection, except for the selection's first character.
 String TextForSign(const Keystroke& k) {
-  const String text = k.box.Text();
+  const String text = TypedText(k.field);
   return Left(text, k.pos) + Mid(text, k.pos + k.cnt);
 }
 
@@ -78,10 +78,11 @@ void TypePlus(Keystroke& k) {
 }
 
 /// The text once the selection is gone. A selection that spans the comma keeps it.
-String TextWithoutSelection(const host::TextBox& box) {
-  const String text = box.Text(), selected = box.SelText();
+String TextWithoutSelection(const Keystroke& k) {
+  const String text = TypedText(k.field);
+  const String selected = Mid(text, k.box.SelStart() + 1, k.box.SelLength());
   if (selected.empty()) return text;
-  const String before = Left(text, box.SelStart());
+  const String before = Left(text, k.box.SelStart());
   const bool keepsComma = InStr(selected, kComma) > 0 && selected != text;
   return before + String(keepsComma ? kComma : StringView()) +
          Right(text, Len(text) - Len(before) - Len(selected));
@@ -90,7 +91,7 @@ String TextWithoutSelection(const host::TextBox& box) {
 /// Digits: the integer part has a limit, the decimals have none but the box's own.
 void TypeDigit(Keystroke& k) {
   if (k.box.MaxLength() == 0) return;
-  const String text = TextWithoutSelection(k.box);
+  const String text = TextWithoutSelection(k);
   const Long comma = InStr(text, kComma);
   const Long integerEnd = comma > 0 ? comma : Len(text) + 1;
   if (integerEnd > k.Capacity() && integerEnd >= k.box.SelStart() + 1) k.SwallowWithBeep();

@@ -11,17 +11,6 @@ using namespace mdlObjTxt;
 
 namespace {
 
-/// What was typed so far: the box's text, or what stands behind its password characters. A value
-/// that came from outside is kept without its literals, so it is laid out again.
-String TypedText(const Keystroke& k) {
-  const String shown = k.box.Text();
-  if (k.box.PasswordChar().empty()) return shown;
-  const String typed = k.field.Texto();
-  if (Len(typed) == Len(shown)) return typed;
-  const String laidOut = AplicaMascara(typed, k.mask, k.field.PromptChar(), k.items, u"");
-  return Len(laidOut) == Len(shown) ? laidOut : typed;
-}
-
 /// The slots of the selection with a character in the first of them; the literals stay.
 String SlotRange(const Keystroke& k, const String& first) {
   const String prompt = k.field.PromptChar();
@@ -71,7 +60,7 @@ String ErasedRange(const Keystroke& k) {
 /// Writes `range` in place of as many slots as it covers, from a position on, and puts the
 /// caret before it.
 void ReplaceSlots(Keystroke& k, Long position, const String& range) {
-  const String text = TypedText(k);
+  const String text = TypedText(k.field);
   const String composed = Left(text, position - 1) + range + Mid(text, position + k.cnt);
   if (!k.HasRoomFor(composed)) return k.SwallowWithBeep();
   k.field.Texto(composed);
@@ -80,7 +69,7 @@ void ReplaceSlots(Keystroke& k, Long position, const String& range) {
 }
 
 String WithCharacter(const Keystroke& k, const String& range) {
-  const String text = TypedText(k);
+  const String text = TypedText(k.field);
   if (k.pos == 1) return range + Mid(text, k.cnt + 1);
   // A text shorter than its mask grows, and drops its literals until it is laid out again.
   if (k.box.SelStart() == Len(k.box.Text())) return LimpaMascara(text, k.mask, k.items) + range;

@@ -310,5 +310,43 @@ TEST(NumberKeys, WorkInADollarSlotOfAnotherMaskToo) {
   )");
 }
 
+// --- Behind password characters
+// -------------------------------------------------------------------
+
+TEST(NumberPassword, TheCommaIsThatOfTheNumber) {
+  Session(R"(
+    mask $$$$$$$.$$
+    max 12
+    password *
+    value 12,5
+    , -> ***|** ; texto 12,5
+    , -> ***|** ; beep
+  )");
+}
+
+TEST(NumberPassword, ASignComposesTheNumberItself) {
+  Session(R"(
+    mask $$$$$$$.$$
+    max 12
+    negative
+    password *
+    value 12,50
+    - -> -|12,50 ; texto 12,50
+    + -> |12,50 ; texto -12,50
+  )");
+}
+
+// What the operator types into the box stands there as it is.
+TEST(NumberPassword, TypedDigitsStandForThemselves) {
+  Session(R"(
+    mask $$$$$$$.$$
+    max 12
+    password *
+    1 2 -> 12|
+    , -> 12,|
+    5 -> 12,5|
+  )");
+}
+
 }  // namespace
 }  // namespace tessaria
