@@ -95,7 +95,7 @@ String LiteralPronto(const Variant& literal, StringView nome) {
 
 void RecusaValor(StringView nome, StringView valor, StringView motivo) {
   String mostrado;
-  for (const char16_t c : Left(valor, kMostrados)) mostrado += c < u' ' ? u' ' : c;
+  for (const char16_t c : LeftWhole(valor, kMostrados)) mostrado += c < u' ' ? u' ' : c;
   if (Len(valor) > kMostrados) mostrado += u"...";
   throw HostError(errors::TypeMismatch, String(nome) + (nome.empty() ? u"" : u": ") +
                                             u"o valor \"" + mostrado + u"\" " + String(motivo));

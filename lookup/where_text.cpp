@@ -17,8 +17,15 @@ bool EhParteDePalavra(char16_t c) {
          c >= 0x80 || StringView(u"_$.#").find(c) != StringView::npos;
 }
 bool SeparaTokens(char16_t c) { return StringView(u" \t\r\n\f(),").find(c) != StringView::npos; }
-/// What a sign would become one operator with.
-bool LigaSeASinal(char16_t c) { return StringView(u"+-~!#^&|`?%@").find(c) != StringView::npos; }
+/// Whether a sign behind this text would be read as part of the operator that it ends in: "--", or
+/// one that holds a character with which the servers let a sign end an operator, as "!=-".
+bool LigaSeASinal(StringView texto) {
+  const std::size_t antes = texto.find_last_not_of(u"+-*/<>=~!@#%^&|`?");
+  const StringView operador = texto.substr(antes == StringView::npos ? 0 : antes + 1);
+  if (operador.empty()) return false;
+  const bool terminaEmSinal = operador.back() == u'+' || operador.back() == u'-';
+  return terminaEmSinal || operador.find_first_of(u"~!@#%^&|`?") != StringView::npos;
+}
 
 /// One parameter in its place.
 class Parametro {
@@ -72,7 +79,7 @@ class Parametro {
                          (numero.back() != u' ' && EhParteDePalavra(seguinte));
     if (encosta) RecusaValor(nome_, valor_, u"encosta em outra palavra da condição.");
     const bool sinal = primeiro == u'+' || primeiro == u'-';
-    return (sinal && LigaSeASinal(anterior) ? u" " : u"") + numero;
+    return (sinal && LigaSeASinal(antes_) ? u" " : u"") + numero;
   }
 
   /// Stands alone between parentheses or commas, where "1,2" may have been meant for two numbers.

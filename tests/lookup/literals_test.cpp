@@ -106,6 +106,16 @@ TEST(Literals, ALongValueIsCutInTheRefusalAndItsLineEndsAreBlanks) {
   }
 }
 
+TEST(Literals, ACutInTheRefusalSparesACharacterOfTwoUnits) {
+  try {
+    NumeroSql(String(59, u'x') + u"\U0001F600" + String(60, u'x'), u"");
+    FAIL();
+  } catch (const HostError& error) {
+    EXPECT_EQ(error.Description(), u"o valor \"" + String(59, u'x') +
+                                       u"...\" não é um número, e só um número é aceito aqui.");
+  }
+}
+
 class LiteralsTest : public LookupTest {
  protected:
   void Backslashes(const Variant& escapes) { connection->Backslashes(escapes); }

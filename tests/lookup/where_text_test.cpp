@@ -141,6 +141,12 @@ TEST_F(WhereTextTest, ABlankKeepsASignFromAnotherSign) {
   EXPECT_EQ(Expanded(u"k = +@txtPai@", u"+5"), u"k = + +5");
   EXPECT_EQ(Expanded(u"k %@txtPai@ = 1", Long{-5}), u"k % -5 = 1");
   EXPECT_EQ(Expanded(u"k=@txtPai@", Long{-5}), u"k=-5");
+  EXPECT_EQ(Expanded(u"k<>@txtPai@", Long{-5}), u"k<>-5");
+  EXPECT_EQ(Expanded(u"k>=@txtPai@", Long{-5}), u"k>=-5");
+  // Such an operator would take the sign in.
+  EXPECT_EQ(Expanded(u"k!=@txtPai@", Long{-5}), u"k!= -5");
+  EXPECT_EQ(Expanded(u"k|/@txtPai@", Long{-5}), u"k|/ -5");
+  EXPECT_EQ(Expanded(u"k!=@txtPai@", Long{5}), u"k!=5");
 }
 
 TEST_F(WhereTextTest, NothingJoinsNothing) {
