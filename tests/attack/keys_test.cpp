@@ -1,6 +1,7 @@
 // Random keys at fields of every mask and property: nothing breaks, and the field stays true.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <sstream>
 
@@ -72,6 +73,7 @@ class Round {
     ++keys_;
     memory::TsText* field = form_.Focused();
     const Long before = field ? Len((*field)->Text()) : 0;
+    const long long windows = form_.WindowsShown();  // what one answers is taken whole
     if (random_.Chance(75)) {
       const char16_t character = RandomCharacter(random_);
       Tell("key " + Quoted(String(1, character)));
@@ -82,7 +84,8 @@ class Round {
       Tell("key code " + std::to_string(static_cast<int>(key)) + " shift " + std::to_string(shift));
       form_.Form().Press(key, shift);
     }
-    if (field != nullptr && field == form_.Focused()) CheckLength(*field, before);
+    if (field != nullptr && field == form_.Focused() && windows == form_.WindowsShown())
+      CheckLength(*field, before);
   }
 
   Integer AnyModifier() { return random_.OneOf({Integer{1}, Integer{2}, Integer{3}}); }
@@ -236,12 +239,36 @@ class Round {
   void CheckTypedStays(memory::TsText& field, const String& typed) {
     Count("exits with a message");
     const tsText& control = *field;
+    if (RefusedByItsType(control)) return Count("texts that their type refused");
+    // Where a letter or a digit is a literal too, texts lose it by the rules.
+    if (HasLetterOrDigit(control.ItensMascara())) return;
     const auto characters = [&](const String& text) {
       return Trim(mdlObjTxt::LimpaMascara(text, control.Mascara(), control.ItensMascara()));
     };
-    if (!characters(typed).empty() && characters(control.Text()).empty())
+    // A mask of literals has no place for what was typed.
+    const String kept = mdlObjTxt::AplicaMascara(typed, control.Mascara(), control.PromptChar(),
+                                                 control.ItensMascara(), u"");
+    if (!characters(kept).empty() && characters(control.Text()).empty())
       Found("an error takes the typed text away", Settings(field) + ": typed " + Quoted(typed));
   }
+
+  /// A text that is no number or no date leaves a blank box.
+  bool RefusedByItsType(const tsText& control) {
+    const auto column = control.CampoVinculado();
+    const bool takesText = column ? IsTextType(column->Type()) : !IsTypedCode(control.TipoDado());
+    const auto& boxes = form_.Program().Boxes();
+    return !takesText && std::any_of(boxes.begin(), boxes.end(), [](const auto& box) {
+      return StartsWith(box.Title, u"Erro ao Atualizar o Campo");
+    });
+  }
+  static bool HasLetterOrDigit(const String& text) {
+    return std::any_of(text.begin(), text.end(), [](char16_t c) {
+      return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
+    });
+  }
+  static bool IsTextType(Long type) { return type == host::type::VarWChar; }
+  /// Whether an unbound value of that code is a number or a date.
+  static bool IsTypedCode(Long code) { return code == 2 || code == 4 || code == 5 || code == 7; }
 
   static std::string Settings(memory::TsText& field) {
     const tsText& control = *field;
@@ -265,8 +292,8 @@ class Round {
     const memory::TsText* field = story_.empty() ? nullptr : form_.Focused();
     if (field == nullptr) return;
     const tsText& control = **field;
-    story_.back() += "  -> " + ToUtf8(field->Name()) + " box " + Quoted(control.Text()) + " Texto " +
-                     Quoted(control.Texto()) + " Value " + Told(control.Value());
+    story_.back() += "  -> " + ToUtf8(field->Name()) + " box " + Quoted(control.Text()) +
+                     " Texto " + Quoted(control.Texto()) + " Value " + Told(control.Value());
   }
   void Found(const std::string& kind, const std::string& detail) {
     if (fault_) return;

@@ -124,6 +124,7 @@ RandomForm::RandomForm(Random& random)
   desktop_ = std::make_unique<memory::Desktop>(
       [this](const String& message) { windowFaults_.push_back(message); });
   desktop_->WillShowOthers([this](memory::Dialog& window) {
+    ++windowsShown_;
     for (std::size_t n = random_.Below(4); n > 0 && window.IsShown(); --n) {
       window.Type(String(1, RandomCharacter(random_)));
     }

@@ -33,6 +33,8 @@ class RandomForm {
 
   memory::Application& Program() { return program_; }
   memory::Desktop& Windows() { return *desktop_; }
+  /// Windows of the library that were opened so far.
+  long long WindowsShown() const { return windowsShown_; }
   memory::Form& Form() { return *form_; }
   const std::shared_ptr<memory::Form>& Shared() { return form_; }
   std::vector<std::shared_ptr<memory::TsText>>& Fields() { return fields_; }
@@ -60,6 +62,7 @@ class RandomForm {
   Random& random_;
   memory::Application program_;
   std::vector<String> windowFaults_;
+  long long windowsShown_ = 0;
   std::unique_ptr<memory::Desktop> desktop_;
   std::shared_ptr<memory::Connection> connection_ = memory::Connection::CreateOpen();
   memory::TablePtr table_;
