@@ -49,13 +49,50 @@ function(tessaria_shared_library target)
   target_compile_features(${target} PUBLIC cxx_std_20)
 endfunction()
 
+# The headers that every test program reads are compiled once: for the programs of the core, and
+# for those with windows.
+function(tessaria_test_headers name)
+  if(TARGET ${name})
+    return()
+  endif()
+  set(headers <gmock/gmock.h> <gtest/gtest.h> <functional> <map> <memory> <optional> <regex>
+              <sstream> <string> <thread> <vector>)
+  set(source ${PROJECT_BINARY_DIR}/${name}.cpp)
+  file(CONFIGURE OUTPUT ${source} CONTENT "// Nothing but the headers.\n")
+  add_library(${name} OBJECT ${source})
+  target_link_libraries(${name} PRIVATE tessaria_settings GTest::gmock GTest::gtest)
+  if(name MATCHES qt)
+    list(APPEND headers <QtTest/QtTest> <QtWidgets/QtWidgets>)
+    target_link_libraries(${name} PRIVATE Qt6::Test Qt6::Widgets)
+  endif()
+  tessaria_test_options(${name})
+  target_precompile_headers(${name} PRIVATE ${headers})
+  # The tests specialise the printer of texts after these headers.
+  set_target_properties(${name} PROPERTIES PCH_INSTANTIATE_TEMPLATES OFF)
+endfunction()
+
+# The libraries are tested as they are built; the test code itself compiles twice as fast so. Qt's
+# definitions with a folder's name would give each program headers of its own.
+function(tessaria_test_options name)
+  if(NOT MSVC)
+    target_compile_options(${name} PRIVATE
+      -O0 -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)
+  endif()
+endfunction()
+
 # tessaria_test(NAME SOURCES source... LIBRARIES library...): one test program.
 function(tessaria_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;ENVIRONMENT" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE tessaria_settings ${arg_LIBRARIES} GTest::gtest GTest::gmock)
-  # The libraries are tested as they are built; the test code itself compiles twice as fast so.
-  target_compile_options(${name} PRIVATE $<$<NOT:$<CXX_COMPILER_ID:MSVC>>:-O0>)
+  tessaria_test_options(${name})
+  if(arg_LIBRARIES MATCHES Qt6::Test)
+    set(headers tessaria_test_headers_qt)
+  else()
+    set(headers tessaria_test_headers)
+  endif()
+  tessaria_test_headers(${headers})
+  target_precompile_headers(${name} REUSE_FROM ${headers})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT "${arg_ENVIRONMENT}")
 endfunction()

@@ -83,7 +83,8 @@ folders_in_order() {
 }
 
 write_map() {
-  local folder
+  local folder files
+  files=$(source_files)
   cat <<'TEXT'
 # Code map
 
@@ -93,9 +94,10 @@ are the files' own first sentences; `scripts/code-map.sh` writes this page. The 
 TEXT
   while IFS= read -r folder; do
     if [ "$folder" = . ]; then printf '\n## Root\n\n'; else printf '\n## %s\n\n' "$folder"; fi
-    source_files | while IFS= read -r file; do
-      if [ "$(dirname "$file")" = "$folder" ]; then echo "$file"; fi
-    done | list_folder
+    while IFS= read -r file; do
+      case $file in */*) ;; *) file=./$file ;; esac
+      if [ "${file%/*}" = "$folder" ]; then echo "${file#./}"; fi
+    done <<<"$files" | list_folder
   done < <(folders_in_order)
 }
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the fuzzers with clang and runs each for a while. What they find stays in build/fuzz/found.
+# Builds the fuzzers and runs each for a while. What they find stays in build/sanitizers/found.
 # Usage: scripts/fuzz.sh [SECONDS]      (20 seconds for each)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -10,13 +10,13 @@ seconds=${1:-20}
 
 scripts/install-dependencies.sh build fuzz
 export UBSAN_OPTIONS=print_stacktrace=1
-configure_preset fuzz
-build_preset fuzz
-mkdir -p build/fuzz/found
-for program in build/fuzz/tests/fuzz/*_fuzz; do
+configure_preset sanitizers
+build_preset sanitizers fuzzers
+mkdir -p build/sanitizers/found
+for program in build/sanitizers/tests/fuzz/*_fuzz; do
   name=$(basename "$program")
-  mkdir -p "build/fuzz/corpus/$name"
-  run_quietly "build/fuzz/log/$name.txt" "Fuzzing ($name)" \
+  mkdir -p "build/sanitizers/corpus/$name"
+  run_quietly "build/sanitizers/log/$name.txt" "Fuzzing ($name)" \
     "$program" -max_total_time="$seconds" -max_len=256 -timeout=10 -rss_limit_mb=4096 \
-    -artifact_prefix="build/fuzz/found/$name-" "build/fuzz/corpus/$name"
+    -artifact_prefix="build/sanitizers/found/$name-" "build/sanitizers/corpus/$name"
 done

@@ -12,7 +12,7 @@ packages_of() {
       ;;
     run) echo postgresql unixodbc odbc-postgresql qt6-translations-l10n fonts-dejavu-core ;;
     lint) echo clang-format clang-tidy ;;
-    fuzz) echo clang libclang-rt-dev ;;
+    fuzz) echo clang libclang-rt-dev llvm ;;
     bench) echo libbenchmark-dev libqt6sql6-psql ;;
     *)
       echo "install-dependencies: no group named '$1' (build, run, lint, fuzz, bench)" >&2

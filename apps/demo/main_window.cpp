@@ -55,20 +55,15 @@ void MainWindow::addForm(const char* action, RecordForm* form) {
 
 RecordForm* MainWindow::current() const { return pages_.at(stack_->currentIndex()).form; }
 
-/// Stays where a field refuses to be left.
 void MainWindow::showForm(int index) {
-  Page& left = pages_[stack_->currentIndex()];
-  const bool mayLeave = qt::settle(this);
-  if (mayLeave && index != stack_->currentIndex()) {
-    left.focus = focusWidget();
-    stack_->setCurrentIndex(index);
-    clearNotice(Until::Typing);
-    if (QWidget* before = pages_[index].focus)
-      before->setFocus(Qt::OtherFocusReason);
-    else
-      current()->focusFirstField();
-  }
-  findChild<QActionGroup*>()->actions().at(stack_->currentIndex())->setChecked(true);
+  if (index == stack_->currentIndex()) return;
+  pages_[stack_->currentIndex()].focus = focusWidget();
+  stack_->setCurrentIndex(index);
+  clearNotice(Until::Typing);
+  if (QWidget* before = pages_[index].focus)
+    before->setFocus(Qt::OtherFocusReason);
+  else
+    current()->focusFirstField();
 }
 
 void MainWindow::connectActions() {

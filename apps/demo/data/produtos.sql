@@ -7,7 +7,7 @@ insert into condicoes_pagamento (codigo, descricao, parcelas, primeira, interval
   ('05', '30/60 dias', 2, 30, 30, 2.25),
   ('06', '30/60/90 dias', 3, 30, 30, 3.50),
   ('07', 'Entrada + 30 dias', 2, 0, 30, 1.00),
-  ('08', 'Entrada + 5 prestações', 6, 0, 30, 6.75);
+  ('08', 'Entrada + 5 parcelas', 6, 0, 30, 6.75);
 
 insert into produtos (codigo, descricao, unidade, preco, estoque) values
   ('00001', 'Papel sulfite A4 75 g, resma', 'RM', 27.90, 420),
