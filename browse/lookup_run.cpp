@@ -42,7 +42,7 @@ String PreFiltro(const host::TextBox& box, const String& campo) {
   const String texto = box.Text();
   const Long digitados = box.SelStart() == 0 ? Len(texto) : box.SelStart();
   return campo + u" " + mdlComum::TraduzSQL(fragmento::Like) + u" '" +
-         ConteudoDeTexto(Left(texto, digitados)) + u"%'";
+         ConteudoDePadrao(Left(texto, digitados)) + u"%'";
 }
 
 /// The whole clause, from " Where " on. `where` is expanded already.

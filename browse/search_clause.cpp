@@ -1,6 +1,7 @@
 #include "browse/search_clause.h"
 
 #include "lookup/dialect.h"
+#include "lookup/literals.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 
@@ -25,12 +26,12 @@ StringView OperadorDeOrdem(Long like) {
 
 String ClausulaDeTexto(const String& campo, Long like, const String& valor) {
   const auto comLike = [&](StringView antes, StringView depois) {
-    return campo + u" " + mdlComum::TraduzSQL(fragmento::Like) + String(antes) + valor +
-           String(depois);
+    return campo + u" " + mdlComum::TraduzSQL(fragmento::Like) + String(antes) +
+           ConteudoDePadrao(valor) + String(depois);
   };
   switch (like) {
     case comparacao::Igual:
-      return campo + u" = '" + valor + u"'";
+      return campo + u" = " + TextoSql(valor);
     case comparacao::ComecaCom:
       return comLike(u" '", u"%'");
     case comparacao::TerminaCom:
@@ -42,10 +43,10 @@ String ClausulaDeTexto(const String& campo, Long like, const String& valor) {
   }
   const StringView operador = OperadorDeOrdem(like);
   if (operador.empty()) return {};
-  // The length is that of the text as it stands in the statement: a doubled apostrophe counts
-  // twice.
-  return u"Left(" + campo + u", " + CStr(Variant(Len(valor))) + u")" + String(operador) + u"'" +
-         valor + u"'";
+  // An apostrophe counts twice in the length.
+  const Long comprimento = Len(DobraAspas(valor));
+  return u"Left(" + campo + u", " + CStr(Variant(comprimento)) + u")" + String(operador) +
+         TextoSql(valor);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include "browse/search_number.h"
 #include "lookup/browse_definition.h"
 #include "lookup/dialect.h"
-#include "lookup/literals.h"
 #include "mask/masks.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
@@ -102,14 +101,14 @@ Long TipoDadoDe(Long tipo) {
   return conhecido ? tipo : tipo_pesquisa::Texto;
 }
 
-/// The operator's answer as it stands in SQL.
+/// The operator's answer, as `ClausulaDePesquisa` takes it.
 String ValorDigitado(const host::TsTextWidget& edit, Long tipo, const String& mascara) {
   if (tipo == tipo_pesquisa::Data)
     return mdlComum::TraduzSQL(fragmento::Data, {}, {}, {}, {}, CStr(edit.Get(u"Text")));
   const Variant valor = edit.Get(u"Value");
   if (!EhPesquisaDeNumero(tipo)) {
     const String texto = CStr(valor);
-    return ConteudoDeTexto(StartsWith(mascara, u"$") ? NumeroDeMoeda(texto) : texto);
+    return StartsWith(mascara, u"$") ? NumeroDeMoeda(texto) : texto;
   }
   if (const auto numero = NumeroDaPesquisa(valor, mascara)) return *numero;
   throw HostError(errors::TypeMismatch);

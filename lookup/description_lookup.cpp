@@ -85,7 +85,7 @@ String InstrucaoDeCompletar(bool postgres, const String& texto, const String& ta
   if (!irmao.empty()) instrucao += u", " + irmao;
   instrucao += u" From " + tabela + u" Where ";
   if (!where.empty()) instrucao += where + u" And ";
-  instrucao.append(campo).append(like).append(ConteudoDeTexto(texto)).append(u"%'");
+  instrucao.append(campo).append(like).append(ConteudoDePadrao(texto)).append(u"%'");
   return instrucao.append(uma.Limite);
 }
 

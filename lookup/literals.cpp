@@ -54,6 +54,20 @@ String ConteudoDeTexto(StringView texto) {
   return RegrasPara(texto).backslashes ? Replace(dobrado, u"\\", u"\\\\") : dobrado;
 }
 
+String ConteudoDePadrao(StringView texto) {
+  // With an open connection only: without one no family is known, and nothing is sent.
+  switch (RegrasPara({}).family) {
+    case FamiliaSql::PostgreSQL:
+      return ConteudoDeTexto(Replace(texto, u"\\", u"\\\\"));
+    case FamiliaSql::Access:
+    case FamiliaSql::SqlServer:
+      return ConteudoDeTexto(Replace(texto, u"[", u"[[]"));
+    case FamiliaSql::Desconhecida:
+      break;
+  }
+  return ConteudoDeTexto(texto);
+}
+
 String TextoSql(StringView texto) { return u"'" + ConteudoDeTexto(texto) + u"'"; }
 
 bool EhNumeroSql(StringView texto) {

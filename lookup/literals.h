@@ -15,7 +15,10 @@ SqlRules RegrasPara(StringView valor);
 /// where the server reads them as escapes. Error 5 for a text that is not well formed, and as
 /// above.
 String ConteudoDeTexto(StringView texto);
-/// The same with an apostrophe at each end.
+/// What stands for a text in a pattern of LIKE, between apostrophes: "%" and "_" stay wildcards,
+/// and what the family's patterns escape with stands for itself. Errors as above.
+String ConteudoDePadrao(StringView texto);
+/// A text as `ConteudoDeTexto` gives it, with an apostrophe at each end.
 String TextoSql(StringView texto);
 
 /// Whether a text is one number of SQL: [+-](digits[.[digits]]|.digits)[E[+-]digits].

@@ -66,6 +66,12 @@ TEST_F(LookupStatement, DoublesApostrophesOfWhatWasTyped) {
   EXPECT_EQ(StatementOf(Description(u"D'Av", 0)), Filtered(u"ilike 'D''Av%'"));
 }
 
+TEST_F(LookupStatement, WhatEscapesInAPatternStandsForItself) {
+  EXPECT_EQ(StatementOf(Description(u"AC\\DC", 3)), Filtered(u"ilike 'AC\\\\%'"));
+  Dbms(kSqlServer);
+  EXPECT_EQ(StatementOf(Description(u"[A] Filial", 3)), Filtered(u"Like '[[]A]%'"));
+}
+
 TEST_F(LookupStatement, BlanksAroundWhatWasTypedCount) {
   EXPECT_EQ(StatementOf(Description(u"Ma ", 0)), Filtered(u"ilike 'Ma %'"));
   EXPECT_EQ(StatementOf(Description(u" Maria", 3)), Filtered(u"ilike ' Ma%'"));

@@ -65,8 +65,29 @@ TEST_F(SearchClause, TakesTheKeywordOfTheDialect) {
   }
 }
 
-TEST_F(SearchClause, ADoubledApostropheCountsTwiceInTheLength) {
-  EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 5, u"D''A"), u"Left(c.nome, 4) >= 'D''A'");
+TEST_F(SearchClause, AnApostropheCountsTwiceInTheLength) {
+  EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 5, u"D'A"), u"Left(c.nome, 4) >= 'D''A'");
+}
+
+TEST_F(SearchClause, ABackslashCountsOnceInTheLengthHoweverTheServerReadsIt) {
+  for (const bool escapes : {false, true}) {
+    connection->SetProperty(u"Backslash Escapes", escapes);
+    EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 5, u"A\\B"),
+              escapes ? u"Left(c.nome, 3) >= 'A\\\\B'" : u"Left(c.nome, 3) >= 'A\\B'");
+  }
+}
+
+TEST_F(SearchClause, WhatEscapesInAPatternStandsForItselfInAPatternOnly) {
+  EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 0, u"A\\B"), u"c.nome = 'A\\B'");
+  EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 1, u"A\\B"), u"c.nome ilike 'A\\\\B%'");
+  EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 2, u"A\\B"), u"c.nome ilike '%A\\\\B'");
+  EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 3, u"A\\B"), u"c.nome ilike '%A\\\\B%'");
+  for (const StringView dbms : {kAccess, kSqlServer}) {
+    Dbms(dbms);
+    EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 0, u"[A]"), u"c.nome = '[A]'");
+    EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 3, u"[A]"), u"c.nome Like '%[[]A]%'");
+    EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 4, u"[A]"), u"Left(c.nome, 3) > '[A]'");
+  }
 }
 
 TEST_F(SearchClause, APercentSignIsNotEscaped) {

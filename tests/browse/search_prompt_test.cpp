@@ -101,7 +101,7 @@ TEST_F(SearchPrompt, ATypedTextStaysBetweenItsApostrophes) {
   const Search s;
   EXPECT_EQ(ClauseOf(s, u"' or ''='"), u"clientes.nome ilike '%'' or ''''=''%'");
   connection->SetProperty(u"Backslash Escapes", true);
-  EXPECT_EQ(ClauseOf(s, u"\\' or 1=1 --"), u"clientes.nome ilike '%\\\\'' or 1=1 --%'");
+  EXPECT_EQ(ClauseOf(s, u"\\' or 1=1 --"), u"clientes.nome ilike '%\\\\\\\\'' or 1=1 --%'");
 }
 
 TEST_F(SearchPrompt, LendsItsControlTheConnectionOfTheThread) {

@@ -98,6 +98,10 @@ const StatementCase kStatements[] = {
      u"Select nome, codigo From clientes Where ativo = 1 And nome ilike 'Ma%' Limit 1"},
     {u"PostgreSQL", u"", u"", u"x'; Drop Table clientes; --",
      u"Select nome From clientes Where nome ilike 'x''; Drop Table clientes; --%' Limit 1"},
+    {u"PostgreSQL", u"", u"", u"C:\\",
+     u"Select nome From clientes Where nome ilike 'C:\\\\%' Limit 1"},
+    {u"Microsoft SQL Server", u"", u"", u"[A]",
+     u"Select Top 1 nome From clientes Where nome Like '[[]A]%'"},
     {u"PostgreSQL", Variant(), u"", u" %_",
      u"Select nome From clientes Where nome ilike ' %_%' Limit 1"},
 };

@@ -140,6 +140,36 @@ TEST_F(LiteralsTest, ABackslashIsRefusedWhereNobodyKnowsHowItIsRead) {
   EXPECT_HOST_ERROR(TextoSql(u"\\"), errors::InvalidArgument);
 }
 
+TEST_F(LiteralsTest, APatternHoldsTheTextAndKeepsItsWildcards) {
+  const struct {
+    const char16_t* dialect;
+    const char16_t* pattern;
+  } cases[] = {{u"PostgreSQL", u"AC\\\\DC [d''á]%_"},
+               {u"Microsoft SQL Server", u"AC\\DC [[]d''á]%_"},
+               {u"ACCESS", u"AC\\DC [[]d''á]%_"},
+               {u"MS JET", u"AC\\DC [[]d''á]%_"},
+               {u"SQLite", u"AC\\DC [d''á]%_"}};
+  for (const auto& c : cases) {
+    connection->Dbms(c.dialect);
+    EXPECT_EQ(ConteudoDePadrao(u"AC\\DC [d'á]%_"), c.pattern);
+  }
+}
+
+TEST_F(LiteralsTest, TheBackslashOfAPatternIsEscapedForThePatternFirstAndForTheTextThen) {
+  connection->Dbms(u"PostgreSQL");
+  Backslashes(true);
+  EXPECT_EQ(ConteudoDePadrao(u"C:\\"), u"C:\\\\\\\\");
+  connection->Dbms(u"Microsoft SQL Server");
+  EXPECT_EQ(ConteudoDePadrao(u"C:\\"), u"C:\\\\");
+}
+
+TEST_F(LiteralsTest, APatternRefusesWhatATextRefuses) {
+  connection->Dbms(u"PostgreSQL");
+  EXPECT_HOST_ERROR(ConteudoDePadrao(String(u"a\0b", 3)), errors::InvalidArgument);
+  Backslashes(Variant::Null());
+  EXPECT_HOST_ERROR(ConteudoDePadrao(u"\\"), errors::InvalidArgument);
+}
+
 TEST_F(LiteralsTest, ATextThatNoDatabaseTakesWholeIsRefused) {
   for (const String& text :
        {String(u"a\0b", 3), String(u"\0", 1), String(1, char16_t{0xD83D}),

@@ -1,6 +1,8 @@
 // Values that are made to change a lookup, typed into its field and sent to a real server: none
 // finds a row that is not its own, and none runs anything.
+#include "browse/search_clause.h"
 #include "hosts/memory/application.h"
+#include "hosts/memory/text_box.h"
 #include "lookup/description_lookup.h"
 #include "lookup/relation_check.h"
 #include "runtime/text.h"
@@ -36,6 +38,10 @@ constexpr const char16_t* kHostile[] = {
     u"{fn now()}",
     u"0x1",
     u"1_0",
+    u"C:\\",
+    u"AC\\DC",
+    u"\\\\servidor\\pasta",
+    u"[a-z]",
     u"NaN",
     u"\uFF11",
     u"\u2019 or 1=1 --",
@@ -107,6 +113,28 @@ TEST_F(HostileValues, EachIsFoundAsATextByItself) {
     EXPECT_TRUE(app_.TakeBoxes().empty());
   }
   ExpectAllIsThere();
+}
+
+TEST_F(HostileValues, EachBeginsWithItselfInAPattern) {
+  for (const bool backslashes : {false, true}) {
+    Run(backslashes ? u"set standard_conforming_strings to off"
+                    : u"set standard_conforming_strings to on");
+    for (const char16_t* typed : kHostile) {
+      SCOPED_TRACE(ToUtf8(typed));
+      const auto rows = Edit(u"select codigo, nome from alvo where codigo = 2");
+      Set(rows, u"nome", String(typed) + u" e mais");
+      rows->Update();
+      memory::TextBox box;
+      box.Text(typed);
+      mdlObjTxt::CompletaDescr(box, u"alvo", u"nome", Integer{0}, false, {}, nullptr,
+                               u"codigo = 2");
+      EXPECT_EQ(box.Text(), String(typed) + u" e mais");
+      EXPECT_SAME(Scalar(u"select codigo from alvo where " +
+                         mdlObjTxt::ClausulaDePesquisa(u"nome", 8, 3, typed) + u" and codigo = 2"),
+                  Long{2});
+    }
+    EXPECT_TRUE(app_.TakeBoxes().empty());
+  }
 }
 
 TEST_F(HostileValues, ATextThatWouldBeCutIsNotLookedForAndNotStored) {

@@ -93,6 +93,40 @@ TEST_F(ListStatements, OfADescriptionAreNarrowedByWhatWasTyped) {
   EXPECT_TRUE(boxes_.boxes().empty());
 }
 
+TEST_F(ListStatements, OfADescriptionFindWhatHoldsABackslash) {
+  server().Run(
+      "update clientes set nome = 'AC\\DC ' || codigo where codigo <= 3;"
+      "update clientes set nome = 'C:\\' where codigo = 4");
+  description_->setTipoControle(TsText::Descricao);
+  description_->setBrowseTable(QStringLiteral("clientes"));
+  description_->setBrwCampo(QStringLiteral("nome"));
+  description_->setBrwCampoIrmao(QStringLiteral("codigo"));
+  description_->setTxtIrmao(QStringLiteral("txtCampo"));
+  description_->setMaxLength(60);
+  const struct {
+    const char* typed;
+    const char* chosen;
+    int rows;
+  } cases[] = {{"ac\\d", "AC\\DC 1", 3}, {"C:\\", "C:\\", 1}};
+  for (const auto& c : cases) {
+    field_->setFocus();
+    settleEvents();
+    description_->setFocus();
+    settleEvents();
+    type(*owner_, QLatin1String(c.typed));
+    settleEvents();
+    EXPECT_EQ(description_->text(), QLatin1String(c.chosen));
+    driver_.willShow(QStringLiteral("frmBrowse"), [&](QDialog& w) {
+      EXPECT_EQ(rowCount(w), c.rows);
+      press(w, Qt::Key_Return);
+    });
+    press(*owner_, Qt::Key_PageDown);
+    settleEvents();
+    EXPECT_EQ(description_->text(), QLatin1String(c.chosen));
+  }
+  EXPECT_TRUE(boxes_.boxes().empty());
+}
+
 // --- Searches -----------------------------------------------------------------------------------
 
 struct SearchCase {
