@@ -117,10 +117,10 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
                  const String& strWhere, const String& strTitulo, TipoControle intTipoControle,
                  const host::FormPtr& frmForm, ListaColunas& cgrColGrid,
                  std::shared_ptr<Pesquisa> objPesquisa, const String& strMsgBrowse, Long lngHwnd,
-                 bool* falhou) {
+                 FimDaLista* fim) {
   String resultado;
-  bool ok = false;
-  const bool terminou = Trap(u"mdlObjTxt", u"VerBrowse", [&] {
+  auto como = FimDaLista::Falhou;  // unless it ends otherwise
+  Trap(u"mdlObjTxt", u"VerBrowse", [&] {
     const Variant antigo = varValor;
     // The definition may be gone when the list has closed.
     const String irmao = strCampoIrmao;  // NOLINT(performance-unnecessary-copy-initialization)
@@ -134,12 +134,17 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
     CopiaColunas(cgrColGrid, form.cgrColGrid, false);
 
     // Two blanks stand in front of the order when there is no group clause.
+    bool ok = false;
     form.ConectGrid(u"Select " + campos + u" From " + from +
                         Clausula(form.strWhere, intTipoControle, txtBox, strCampo) + u" " +
                         strGroupBy + u" Order by 1",
                     ok);
     if (!ok) return;
-    if (Linhas(form).Bof()) return AvisaTabelaVazia(strMsgBrowse, lngHwnd);
+    if (Linhas(form).Bof()) {
+      AvisaTabelaVazia(strMsgBrowse, lngHwnd);
+      como = FimDaLista::Respondeu;
+      return;
+    }
 
     form.DesenhaGrid();
     form.strTabela = strTabela;
@@ -156,13 +161,15 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
     App().DoEvents();
     if (!form.lGravar) {
       resultado = antigo.IsNull() ? String() : CStr(antigo);
+      como = FimDaLista::SemEscolha;
       return;
     }
     resultado = CStr(Linhas(form).Fields().Item(0)->Value());
     const bool temIrmao = !irmao.empty() && intTipoControle == TipoControle::Descricao;
     State().vntValorIrmao = temIrmao ? LiteralDoIrmao(Linhas(form), irmao) : Variant();
+    como = FimDaLista::Respondeu;
   });
-  if (falhou) *falhou = !terminou || !ok;
+  if (fim) *fim = como;
   return resultado;
 }
 

@@ -92,49 +92,73 @@ void tsText::PickFromList(const DialogPlace& place) {
   const auto searches =
       usesSiblings ? Sibling()->Get(u"Pesquisa").As<tessaria::Pesquisa>() : Pesquisa();
   Variant value = m_.Value;
-  bool failed = false;
+  mdlObjTxt::FimDaLista end{};
   const String chosen = Trim(mdlObjTxt::VerBrowse(
       place.Top, place.Left, txtEdit_, value, BrowseTable(), BrwCampo(), BrwCampoIrmao(),
       BrwCampoOutros(), BrwGroupBy(), BrwLeftJoin(), BrwWhere(), BrwTitulo(), m_.TipoControle,
       Browse()->WherePronto() ? nullptr : site_.Parent(), Browse()->cgrColGrid(), searches,
-      m_.MsgBrowse, hWnd(), &failed));
+      m_.MsgBrowse, hWnd(), &end));
   App().DoEvents();
-  if (!failed) {  // a list that failed leaves the field as it stands
-    m_.bCarregandoCampo = true;
-    Value(MaxLength() != 0 ? Left(chosen, MaxLength()) : chosen);
-  }
+  TakeFromList(end, chosen);
   App().DoEvents();
   if (txtEdit_.Visible()) txtEdit_.SetFocus();
 }
 
+void tsText::TakeFromList(mdlObjTxt::FimDaLista end, const String& key) {
+  if (end == mdlObjTxt::FimDaLista::Falhou) return;  // the field stays as it stands
+  m_.bCarregandoCampo = true;
+  if (end == mdlObjTxt::FimDaLista::SemEscolha)
+    AssignItself();
+  else
+    Value(MaxLength() != 0 ? Left(key, MaxLength()) : key);
+}
+
 void tsText::PickDate(const DialogPlace& place) {
+  const String given = txtEdit_.Text();
+  const bool touched = IsTouched();
   const auto calendar = Shared(State().frmCalendario);
   bool chosen = false;
   const Variant day = calendar->ExecutaCalendario(place.Top, place.Left, txtEdit_, Trim(Stripped()),
                                                   m_.Mascara, m_.ItensMascara, &chosen);
-  if (chosen) Value(day);
+  if (chosen) TakeAnswer(day, !touched && LaidOut(day) == given);
   Release(calendar, State().frmCalendario);
 }
 
 void tsText::PickPath(const DialogPlace& place) {
+  const String given = txtEdit_.Text();
+  const bool touched = IsTouched();
   // A field may be wider than the picker's 16-bit width tells.
   const auto width = static_cast<Integer>(std::min<Long>(site_.Width(), 32767));
   const auto picker = Shared(State().frmDiretorio);
-  Value(picker->ExecutaDiretorio(place.Top, place.Left, width, txtEdit_.Text(), m_.DirVerArquivos,
-                                 m_.DirPattern));
+  const Variant path = picker->ExecutaDiretorio(place.Top, place.Left, width, given,
+                                                m_.DirVerArquivos, m_.DirPattern);
+  TakeAnswer(path, !touched && CStr(path) == given);
   Release(picker, State().frmDiretorio);
 }
 
-Variant tsText::Calculate(frmCalculadora& calculator, const DialogPlace& place) {
-  return calculator.ExecutaCalculadora(place.Top, place.Left, txtEdit_, Trim(Stripped()),
-                                       m_.Mascara, m_.ItensMascara);
+/// An answer that nobody made is the field's own value, of which the box may show a part only.
+void tsText::TakeAnswer(const Variant& answer, bool isOwn) {
+  if (isOwn)
+    AssignItself();
+  else
+    Value(answer);
+}
+
+/// Takes the calculator's answer. False for the field's own value.
+bool tsText::Calculate(frmCalculadora& calculator, const DialogPlace& place) {
+  const bool touched = IsTouched();
+  bool changed = false;
+  const Variant answer = calculator.ExecutaCalculadora(
+      place.Top, place.Left, txtEdit_, Trim(Stripped()), m_.Mascara, m_.ItensMascara, &changed);
+  const bool isOwn = !touched && !changed;
+  TakeAnswer(answer, isOwn);
+  return !isOwn;
 }
 
 void tsText::CalculateChecked(const DialogPlace& place) {
   const auto calculator = Shared(State().frmCalculadora);
   const Variant before = m_.Value;
-  Value(Calculate(*calculator, place));
-  if (!CalculationFits()) {
+  if (Calculate(*calculator, place) && !CalculationFits()) {
     App().ShowMessageBox(0,
                          u"Atenção. O resultado do calculo é superior ao tamanho do campo. O Valor "
                          u"será desconsiderado !",
@@ -165,7 +189,7 @@ bool tsText::CalculationFits() {
 /// The keyboard's road to the calculator takes the answer unchecked.
 void tsText::AbreCalculadora() {
   const auto calculator = Shared(State().frmCalculadora);
-  Value(Calculate(*calculator, PlaceBelow()));
+  Calculate(*calculator, PlaceBelow());
   Release(calculator, State().frmCalculadora);
 }
 

@@ -13,6 +13,9 @@
 namespace tessaria {
 
 class frmCalculadora;
+namespace mdlObjTxt {
+enum class FimDaLista;
+}
 
 /// A data-entry field: text box and button on one surface.
 ///
@@ -395,9 +398,11 @@ class tsText final : public _tsText, private MaskedField {
   void btnBrowse_Click();
   DialogPlace PlaceBelow() const;
   void PickFromList(const DialogPlace& place);
+  void TakeFromList(mdlObjTxt::FimDaLista end, const String& key);
   void PickDate(const DialogPlace& place);
   void PickPath(const DialogPlace& place);
-  Variant Calculate(frmCalculadora& calculator, const DialogPlace& place);
+  void TakeAnswer(const Variant& answer, bool isOwn);
+  bool Calculate(frmCalculadora& calculator, const DialogPlace& place);
   void CalculateChecked(const DialogPlace& place);
   bool CalculationFits();
 

@@ -47,8 +47,11 @@ bool tsText::Assign(const Variant& argument, Road road) {
 /// The value as it is, for a field that nobody has touched: all that an assignment does, except
 /// that nothing is converted and nothing written.
 void tsText::AssignItself() {
+  using What = ShownText::What;
+  // A refused value is the field's own only where the row holds none.
+  const bool wasRefused = shown_.Shows() == What::Refused && !CampoVinculado()->Value().IsNull();
   TextoFromValue();
-  Present({m_.Value, true, shown_.Shows()}, Road::Show);
+  Present({m_.Value, true, wasRefused ? What::Value : shown_.Shows()}, Road::Show);
 }
 
 void tsText::Present(const Taken& taken, Road road) {

@@ -104,19 +104,20 @@ void frmCalculadora::Load() {
 Variant frmCalculadora::ExecutaCalculadora(const Variant& nLi, const Variant& nCi,
                                            host::TextBox& txtNumero, const String& cTexto,
                                            const String& /*cMascara*/,
-                                           const String& /*cItensMascara*/) {
-  double start = 0;
+                                           const String& /*cItensMascara*/, bool* mudou) {
   const String text = txtNumero.Text();
-  if (!text.empty() && (IsNumeric(text) || cTexto.empty())) {
-    start = CDbl(text);
-    machine_.StartWith(start);
-  }
-  machine_.Display(CStr(start));
+  const bool hasNumber = !text.empty() && (IsNumeric(text) || cTexto.empty());
+  const double start = hasNumber ? CDbl(text) : 0;
+  if (hasNumber) machine_.StartWith(start);
+  const String given = CStr(start);
+  machine_.Display(given);
   ShowDisplay();
   PlaceOnScreen(*dialog_, static_cast<float>(CDbl(nLi)), static_cast<float>(CDbl(nCi)));
   OperatorButton(Operator::Equals).SetFocus();
   dialog_->ShowModal();
-  return dialog_->Find<host::DialogDisplay>(u"txtVisor").Text();
+  String answer = dialog_->Find<host::DialogDisplay>(u"txtVisor").Text();
+  if (mudou) *mudou = !hasNumber || answer != given;
+  return answer;
 }
 
 void frmCalculadora::FormKeyPress(Integer& KeyAscii) {

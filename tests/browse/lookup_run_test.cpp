@@ -208,7 +208,7 @@ TEST_F(LookupRun, ATextOnANumericKeyIsTheProvidersError) {
   RunArguments a;
   a.Value = Variant(u"15");
   EXPECT_EQ(RunUnseen(a), u"");
-  EXPECT_TRUE(failed);
+  EXPECT_EQ(end, FimDaLista::Falhou);
   const auto boxes = app.TakeBoxes();
   ASSERT_EQ(boxes.size(), 1u);
   EXPECT_EQ(boxes[0].Title, u"Erro: 3001 - Função: mdlObjTxt.VerBrowse");
@@ -257,7 +257,7 @@ TEST_F(LookupRun, ACancelGivesTheOldValue) {
     RunArguments a;
     a.Value = c.Old;
     EXPECT_EQ(Run(a, Leave), c.Result);
-    EXPECT_FALSE(failed);
+    EXPECT_EQ(end, FimDaLista::SemEscolha);
   }
   EXPECT_TRUE(State().vntValorIrmao.IsNull());
 }
@@ -364,7 +364,7 @@ TEST_F(LookupRun, ASiblingFieldThatIsNotAmongTheRowsIsReportedAndTheKeyComesBack
   EXPECT_EQ(Run(a, Confirm), u"Ana");
   EXPECT_THAT(app.TakeBoxes(),
               ElementsAre(ErrorBox(HostError(errors::ItemNotFound), u"VerBrowse")));
-  EXPECT_TRUE(failed);
+  EXPECT_EQ(end, FimDaLista::Falhou);
   EXPECT_TRUE(Same(State().vntValorIrmao, Variant(u"'12'")));
 }
 

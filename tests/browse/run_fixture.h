@@ -9,6 +9,8 @@
 
 namespace tessaria::test {
 
+using mdlObjTxt::FimDaLista;
+
 inline constexpr Long kOwner = 77;
 
 /// The arguments of a run; those of a key field, unless a test says otherwise.
@@ -41,7 +43,7 @@ class RunTest : public BrowseTest {
   String RunUnseen(RunArguments& a) {
     return mdlObjTxt::VerBrowse(a.Top, a.Left, box, a.Value, a.Tabela, a.Campo, a.CampoIrmao,
                                 a.CampoOutros, a.GroupBy, a.LeftJoin, a.Where, a.Titulo, a.Tipo,
-                                form, columns, searches, a.MsgBrowse, kOwner, &failed);
+                                form, columns, searches, a.MsgBrowse, kOwner, &end);
   }
   /// The statement that opens the list, which is left at once.
   String StatementOf(RunArguments a) {
@@ -55,7 +57,7 @@ class RunTest : public BrowseTest {
     searches->Add(indice, caption, u"nome", 8, 1, u"", 2000, 0, false, false, 0, 0, u"");
   }
 
-  bool failed = false;  ///< what the last run said
+  FimDaLista end{};  ///< how the last list ended
   std::shared_ptr<memory::Form> form = memory::Form::Create(u"frmCadastro");
   memory::TextBox box;
   ListaColunas columns;
