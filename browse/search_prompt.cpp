@@ -9,6 +9,7 @@
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "services/trap.h"
+#include "tessaria/error.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 #include "tessaria/tstext_interface.h"
@@ -83,11 +84,17 @@ bool frmTsPesquisa::CanAnswer() const {
   return !Trim(hasPlaces ? CStr(control.Get(u"Texto")) : text).empty();
 }
 
+/// What the field made of its text. A text that it refuses leaves the value of an earlier one.
+bool frmTsPesquisa::HasAnswer() const {
+  const auto& control = edit_.Control();
+  return !control.Get(u"Value").IsNull() && CBool(control.Get(u"LastValidaStatus")) && CanAnswer();
+}
+
 /// The button takes the focus first, so that the field is left and settled.
 void frmTsPesquisa::Answer(host::DialogButton& button, bool confirmed) {
   button.SetFocus();
   App().DoEvents();
-  if (confirmed && edit_.Control().Get(u"Value").IsNull()) return;
+  if (confirmed && !HasAnswer()) return;
   Confirmou = confirmed;
   dialog_->Hide();
 }
@@ -153,7 +160,11 @@ bool tsMostraFormPesquisa(const String& strTabela, String strCampo, Long lngTipo
     }
     const String valor = ValorDigitado(edit, lngTipo, strMascara);
     if (!blnCampoPronto) strCampo = QualificaCampo(strCampo, strTabela);
-    strClausula = ClausulaDePesquisa(strCampo, lngTipo, lngLike, valor);
+    const String clausula = ClausulaDePesquisa(strCampo, lngTipo, lngLike, valor);
+    if (clausula.empty())
+      throw HostError(errors::InvalidArgument,
+                      u"A pesquisa \"" + strCaption + u"\" não diz como comparar.");
+    strClausula = clausula;
   });
   return resultado;
 }

@@ -31,6 +31,7 @@ class frmTsPesquisa {
   void Activate();
   void EditChanged();
   bool CanAnswer() const;
+  bool HasAnswer() const;
   void Answer(host::DialogButton& button, bool confirmed);
 
   host::DialogPtr dialog_;
@@ -46,7 +47,8 @@ namespace mdlObjTxt {
 /// operator cancels, with `strClausula` untouched. `strTabela` qualifies the field, unless
 /// `blnCampoPronto`; `strWhere` limits the completion of the prompt for a text, which
 /// `blnCompleta` asks for. `intWidth` is the prompt's width in twips; `intMaxLength` 0 sets no
-/// limit. An error is reported and gives true, with `strClausula` as it stood.
+/// limit. An error is reported and gives true, with `strClausula` as it stood; so does an unknown
+/// `lngLike` of a text.
 bool tsMostraFormPesquisa(const String& strTabela, String strCampo, Long lngTipo, Long lngLike,
                           const String& strCaption, Integer intWidth, bool blnCompleta,
                           const String& strMascara, Integer intMaxLength, bool blnPromptInclude,

@@ -12,7 +12,7 @@
 namespace tessaria::mdlObjTxt {
 namespace {
 
-/// The conditions of all entries; false when a prompt was cancelled.
+/// The conditions of all entries; false when a prompt was cancelled or its answer refused.
 bool PerguntaTodas(const std::vector<EntradaPesquisa>& entradas, const String& where,
                    String& condicoes) {
   for (const auto& entrada : entradas) {
@@ -22,6 +22,7 @@ bool PerguntaTodas(const std::vector<EntradaPesquisa>& entradas, const String& w
                               entrada.MaxLength, entrada.PromptInclude, where, clausula,
                               entrada.CampoPronto))
       return false;
+    if (clausula.empty()) return false;  // the operator has been told why
     if (!condicoes.empty()) condicoes += u" And ";
     condicoes += clausula;
   }

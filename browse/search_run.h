@@ -24,8 +24,9 @@ struct EntradaPesquisa {
 };
 
 /// Asks for the value of each entry, in order, and shows the rows that match all of them. A
-/// cancelled prompt, and no entry at all, leave everything as it was. Of table, field and order
-/// the last entry's count. `strCampos` and `strFrom` are given values when they are empty.
+/// cancelled prompt, an answer that is refused (reported there) and no entry at all leave
+/// everything as it was, and nothing is sent. Of table, field and order the last entry's count.
+/// `strCampos` and `strFrom` are given values when they are empty.
 ///
 /// A statement that the database refuses is shown to the operator, who may copy it; `grdBrowse`
 /// then shows nothing and `dcBrowse` keeps the former rows.

@@ -87,10 +87,14 @@ TEST_F(SearchPrompt, AnAmountThatIsSearchedAsATextIsBetweenApostrophes) {
   EXPECT_EQ(ClauseOf(s, u"1234,50"), u"clientes.nome = '1234.50'");
 }
 
-TEST_F(SearchPrompt, AnUnknownComparisonOfATextIsNoCondition) {
+TEST_F(SearchPrompt, AnUnknownComparisonOfATextIsNoConditionAndIsTold) {
   Search s;
   s.Like = 9;
   EXPECT_EQ(ClauseOf(s, u"x"), u"");
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(ErrorBox(
+                  HostError(errors::InvalidArgument, u"A pesquisa \"Nome\" não diz como comparar."),
+                  u"tsMostraFormPesquisa")));
 }
 
 TEST_F(SearchPrompt, AnErrorIsReportedAndCountsAsAnswered) {

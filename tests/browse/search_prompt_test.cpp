@@ -260,6 +260,82 @@ TEST_F(SearchPrompt, ANullValueLeavesItOpen) {
   EXPECT_EQ(clause, u"clientes.nome ilike '%Silva%'");
 }
 
+// The field still holds the value of the answer before.
+TEST_F(SearchPrompt, AnAnswerThatTheFieldRefusesLeavesItOpen) {
+  Search s;
+  s.Campo = u"data";
+  s.Tipo = 7;
+  s.Like = 0;
+  s.Mascara = u"dd/mm/yyyy";
+  s.PromptInclude = true;
+  EXPECT_TRUE(Ask(s, [](memory::Dialog& prompt) {
+    prompt.Type(u"31122016");
+    prompt.Press(memory::Key::Tab);
+    prompt.FocusOn(u"editPesquisa");
+    prompt.Type(u"31021999");
+    prompt.Click(u"btnOk");
+    ASSERT_TRUE(prompt.IsShown());
+    prompt.FocusOn(u"editPesquisa");
+    prompt.Type(u"30122016");
+    prompt.Click(u"btnOk");
+    EXPECT_FALSE(prompt.IsShown());
+  }));
+  EXPECT_EQ(clause, u"clientes.data = '2016-12-30'::date");
+  EXPECT_EQ(app.TakeBoxes().size(), 1u);
+}
+
+TEST_F(SearchPrompt, AnAnswerThatIsNoValueOfItsKindLeavesItOpen) {
+  const struct {
+    Long Tipo;
+    String Typed;
+  } cases[] = {{2, String(40, u'7')}, {7, u"abc"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << ToUtf8(c.Typed));
+    Search s;
+    s.Tipo = c.Tipo;
+    EXPECT_FALSE(Ask(s, [&](memory::Dialog& prompt) {
+      prompt.Type(c.Typed);
+      prompt.Click(u"btnOk");
+      EXPECT_TRUE(prompt.IsShown());
+      prompt.Click(u"btnCancelar");
+    }));
+    EXPECT_EQ(app.TakeBoxes().size(), 1u);
+  }
+  EXPECT_EQ(clause, u"antes");
+}
+
+TEST_F(SearchPrompt, ABlankIsNoAnswerWhateverTheKindAndTheMask) {
+  for (const Long tipo : {2, 7, 8, 0})
+    for (const StringView mask : {u"", u"dd/mm/yyyy", u"##-##", u"AAAA"})
+      for (const bool whole : {false, true}) {
+        SCOPED_TRACE(testing::Message() << tipo << " " << ToUtf8(mask) << " " << whole);
+        Search s;
+        s.Tipo = tipo;
+        s.Mascara = mask;
+        s.PromptInclude = whole;
+        EXPECT_FALSE(Ask(s, [](memory::Dialog& prompt) {
+          prompt.Click(u"btnOk");
+          EXPECT_TRUE(prompt.IsShown());
+          prompt.FocusOn(u"editPesquisa");
+          prompt.Type(u"1");
+          prompt.Press(memory::Key::Backspace);
+          prompt.Click(u"btnOk");
+          EXPECT_TRUE(prompt.IsShown());
+          prompt.CloseWindow();
+        }));
+        EXPECT_EQ(clause, u"antes");
+      }
+}
+
+// An amount is never blank.
+TEST_F(SearchPrompt, AnAmountThatNobodyTypesIsZero) {
+  Search s;
+  s.Tipo = 2;
+  s.Like = 0;
+  s.Mascara = u"$$$$.$$";
+  EXPECT_EQ(ClauseOf(s, u""), u"clientes.nome = 0");
+}
+
 TEST_F(SearchPrompt, TheButtonsPumpEventsBeforeTheyAnswer) {
   for (const StringView button : {u"btnOk", u"btnCancelar"}) {
     int pumps = 0;

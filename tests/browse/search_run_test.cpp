@@ -1,6 +1,7 @@
 // The statement of a search over the rows of a list.
 #include "browse/search_run.h"
 
+#include "runtime/text.h"
 #include "tests/browse/browse_fixture.h"
 
 namespace tessaria::test {
@@ -163,28 +164,59 @@ TEST_F(SearchRun, WritesADateInEachDialect) {
   }
 }
 
-TEST_F(SearchRun, APromptThatFailsLeavesItsConditionEmptyAndTheStatementIsSent) {
-  app.OnMessageBox = [&](const MessageBoxRecord&) { State().dbConexao = connection; };
+/// Answers that are refused: nothing is sent, and the list stays as it was.
+class RefusedAnswer : public SearchRun {
+ protected:
+  void ExpectNothingWasSent() {
+    EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+    EXPECT_EQ(data, before);
+    EXPECT_EQ(grid.DataSource(), before);
+    EXPECT_EQ(campos, u"");
+    EXPECT_EQ(from, u"");
+    EXPECT_THAT(desktop->Shown(), testing::SizeIs(shown));
+  }
+
+  RefusedAnswer() { campos = from = u""; }
+  const host::RecordsetPtr before = data;
+  std::size_t shown = 1;  ///< prompts
+};
+
+TEST_F(RefusedAnswer, OfAPromptThatFails) {
   desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
     prompt.Type(u"x");
     State().dbConexao = nullptr;  // and with it the dialect
     prompt.Click(u"btnOk");
   });
-  Search({Entry(u"nome", 1)}, {});
+  Search({Entry(u"nome", 1), Entry(u"b", 0)}, {});
   EXPECT_THAT(app.TakeBoxes(),
               ElementsAre(ErrorBox(HostError(errors::ObjectNotSet), u"tsMostraFormPesquisa")));
-  EXPECT_EQ(OnlyStatement(),
-            u"Select codigo, nome From clientes Where () And ativo = 1 Order by nome");
+  ExpectNothingWasSent();
 }
 
-TEST_F(SearchRun, AConditionThatCouldNotBeWrittenIsLeftEmpty) {
-  Search({Entry(u"a", 9), Entry(u"b", 0)}, {u"1", u"2"});
-  EXPECT_EQ(OnlyStatement(),
-            u"Select codigo, nome From clientes Where (clientes.b = '2') And ativo = 1 Order by b");
-  Search({Entry(u"a", 0), Entry(u"b", 9)}, {u"1", u"2"});
-  EXPECT_EQ(OnlyStatement(),
-            u"Select codigo, nome From clientes Where (clientes.a = '1' And ) And ativo = 1 Order "
-            u"by b");
+TEST_F(RefusedAnswer, WithABackslashThatNobodyKnowsHowToRead) {
+  connection->SetProperty(u"Backslash Escapes", Variant::Null());
+  Search({Entry(u"nome", 1)}, {u"C:\\"});
+  const auto boxes = app.TakeBoxes();
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_NE(InStr(boxes[0].Text, u"barra invertida"), 0);
+  ExpectNothingWasSent();
+}
+
+TEST_F(RefusedAnswer, BehindOneThatWasTaken) {
+  connection->SetProperty(u"Backslash Escapes", Variant::Null());
+  shown = 2;
+  Search({Entry(u"a", 0), Entry(u"b", 0)}, {u"1", u"C:\\"});
+  EXPECT_EQ(app.TakeBoxes().size(), 1u);
+  ExpectNothingWasSent();
+}
+
+TEST_F(RefusedAnswer, ToASearchThatDoesNotSayHowToCompare) {
+  Search({Entry(u"a", 9), Entry(u"b", 0)}, {u"1"});
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(ErrorBox(
+                  HostError(errors::InvalidArgument, u"A pesquisa \"a\" não diz como comparar."),
+                  u"tsMostraFormPesquisa")));
+  ExpectNothingWasSent();
 }
 
 TEST_F(SearchRun, ARefusedStatementIsOfferedAndTheGridIsLeftEmpty) {
