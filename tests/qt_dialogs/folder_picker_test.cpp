@@ -100,11 +100,46 @@ TEST_F(FolderPicker, TheFilesFollowTheFolderAndThePattern) {
       u"*.doc; *.xls");
 }
 
+TEST_F(FolderPicker, TwoSeparatorsInFrontAreAsOne) {
+  const QString twice = QLatin1Char('/') + in("Vendas");
+  EXPECT_EQ(pick(Folders, twice,
+                 [this](QDialog& w) {
+                   EXPECT_EQ(tree(w).path(), in("Vendas"));
+                   press(w, Qt::Key_Return);
+                 }),
+            in("Vendas"));
+  EXPECT_EQ(pick(Files, twice + QStringLiteral("/aviso.txt"),
+                 [](QDialog& w) {
+                   EXPECT_EQ(files(w).selected(), QStringLiteral("aviso.txt"));
+                   press(w, Qt::Key_Return);
+                 }),
+            in("Vendas/aviso.txt"));
+  EXPECT_TRUE(boxes_.boxes().empty());
+}
+
+TEST_F(FolderPicker, ANameWithoutADotIsListedAndChosen) {
+  EXPECT_EQ(pick(Files, in("Vendas"),
+                 [](QDialog& w) {
+                   files(w).setFocus();
+                   press(w, Qt::Key_End);
+                   press(w, Qt::Key_Return);
+                 }),
+            in("Vendas/semtipo"));
+}
+
 // --- What cannot be opened ----------------------------------------------------------------------
 
 TEST_F(FolderPicker, APathThatIsNoneIsToldAndNothingOpens) {
   for (const char* path : {"Nada", "Vazia", "leia.txt"})
     EXPECT_EQ(execute(Folders, in(path)), in(path));
+  EXPECT_EQ(boxes_.takeTexts().size(), 3);
+}
+
+// Without a dot all is folder.
+TEST_F(FolderPicker, AFileWithoutADotCannotBeOpenedAgain) {
+  for (const QString& path :
+       {in("Vendas/semtipo"), QStringLiteral("//nome"), QStringLiteral("nome")})
+    EXPECT_EQ(execute(Files, path), path);
   EXPECT_EQ(boxes_.takeTexts().size(), 3);
 }
 
