@@ -8,6 +8,7 @@
 #include "browse/search_run.h"
 #include "lookup/dialect.h"
 #include "runtime/conversion.h"
+#include "runtime/field_names.h"
 #include "runtime/text.h"
 #include "services/busy_pointer.h"
 #include "services/message_box.h"
@@ -272,7 +273,7 @@ void frmBrowse::JumpTo(char16_t character) {
   const auto stay = [&] { dcBrowse->AbsolutePosition(before); };
   try {
     dcBrowse->MoveFirst();
-    dcBrowse->Find(mdlObjTxt::CriterioDeInicio(field->Name(), String(1, character)));
+    mdlObjTxt::AchaInicio(*dcBrowse, String(1, character));
   } catch (...) {
     stay();  // what is highlighted is what Enter confirms
     grid_.ShowCurrentRow();
@@ -285,7 +286,7 @@ void frmBrowse::JumpTo(char16_t character) {
 /// Always ascending: a second click does nothing new.
 void frmBrowse::SortBy(Long column) {
   const BusyPointer busy;
-  dcBrowse->Sort(grid_.Column(column).DataField());
+  dcBrowse->Sort(FieldNameText(grid_.Column(column).DataField()));
   grid_.ShowCurrentRow();
 }
 

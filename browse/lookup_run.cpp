@@ -92,12 +92,11 @@ host::Recordset& Linhas(const frmBrowse& form) {
 /// Goes to the row of the value, or to the first one.
 void Posiciona(host::Recordset& linhas, Variant& valor) {
   if (EhVazio(valor)) valor = linhas.Fields().Item(0)->Value();
-  const String nome = linhas.Fields().Item(0)->Name();
   const BusyPointer busy;
   if (const String* texto = valor.TryGet<String>()) {
-    if (!texto->empty()) linhas.Find(CriterioDeInicio(nome, *texto));
+    if (!texto->empty()) AchaInicio(linhas, *texto);
   } else {
-    linhas.Find(CriterioDeIgualdade(nome, valor));
+    linhas.Find(CriterioDeIgualdade(linhas.Fields().Item(0)->Name(), valor));
   }
   if (linhas.Eof()) linhas.MoveFirst();
 }

@@ -3,15 +3,11 @@
 #include "lookup/dialect.h"
 #include "runtime/conversion.h"
 #include "runtime/digits.h"
+#include "runtime/field_names.h"
 #include "runtime/text.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {
-
-String NomeNoCriterio(const String& nome) {
-  const bool terminaAntes = nome.find_first_of(u" =<>") != String::npos;
-  return terminaAntes || StartsWith(nome, u"[") ? u"[" + nome + u"]" : nome;
-}
 
 /// Whether the usual text of a binary number stands for that number and no neighbour of it.
 bool EhExato(const Variant& valor, const String& texto) {
@@ -29,11 +25,23 @@ String TextoExato(const Variant& valor) {
 }  // namespace
 
 String CriterioDeInicio(const String& nome, StringView texto) {
-  return NomeNoCriterio(nome) + u" like '" + DobraAspas(texto) + u"%'";
+  return FieldNameText(nome) + u" like '" + DobraAspas(texto) + u"%'";
+}
+
+void AchaInicio(host::Recordset& linhas, StringView texto) {
+  const auto campo = [&] { return linhas.Fields().Item(0); };
+  const String criterio = CriterioDeInicio(campo()->Name(), texto);
+  linhas.Find(criterio);
+  if (texto.find_first_of(u"*%") != 0) return;
+  const String inicio = LCase(texto);
+  while (!linhas.Eof() && !StartsWith(LCase(CStr(campo()->Value())), inicio)) {
+    linhas.MoveNext();
+    if (!linhas.Eof()) linhas.Find(criterio);
+  }
 }
 
 String CriterioDeIgualdade(const String& nome, const Variant& valor) {
-  return NomeNoCriterio(nome) + u" = " + TextoExato(valor);
+  return FieldNameText(nome) + u" = " + TextoExato(valor);
 }
 
 }  // namespace tessaria::mdlObjTxt

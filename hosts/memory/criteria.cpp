@@ -6,6 +6,7 @@
 #include "runtime/compare.h"
 #include "runtime/conversion.h"
 #include "runtime/digits.h"
+#include "runtime/field_names.h"
 #include "runtime/number_text.h"
 #include "runtime/text.h"
 
@@ -23,14 +24,10 @@ std::size_t RequireColumn(const std::vector<Column>& columns, StringView name) {
   throw HostError(errors::ItemNotFound);
 }
 
-/// A field's name at the start of `text`, plain or in brackets; `text` keeps the rest.
 String TakeName(StringView& text) {
-  const bool bracketed = !text.empty() && text.front() == u'[';
-  const auto end = bracketed ? text.find(u']') : text.find_first_of(u" =<>");
-  if (end == StringView::npos || end == 0) Refuse(text);
-  const String name(bracketed ? text.substr(1, end - 1) : text.substr(0, end));
-  text.remove_prefix(bracketed ? end + 1 : end);
-  return name;
+  const auto name = TakeFieldName(text);
+  if (!name) Refuse(text);
+  return *name;
 }
 
 /// The text between quotes, doubled quotes made single.
@@ -175,29 +172,12 @@ bool Criterion::Matches(const Row& row) const {
   }
 }
 
-namespace {
-
-SortKey SortKeyFrom(const std::vector<Column>& columns, const String& text) {
-  const String trimmed = Trim(text);
-  const String padded = trimmed + u" ";
-  StringView rest = padded;
-  SortKey key{RequireColumn(columns, TakeName(rest)), false};
-  const String direction = Trim(rest);
-  key.Descending = EqualNoCase(direction, u"desc");
-  if (!direction.empty() && !key.Descending && !EqualNoCase(direction, u"asc")) Refuse(text);
-  return key;
-}
-
-}  // namespace
-
 std::vector<SortKey> SortKeys(const std::vector<Column>& columns, StringView order) {
+  const auto fields = ReadOrder(order);
+  if (!fields) Refuse(order);
   std::vector<SortKey> keys;
-  String rest(order);
-  while (!Trim(rest).empty()) {
-    const Long comma = InStr(rest, u",");
-    keys.push_back(SortKeyFrom(columns, comma > 0 ? Left(rest, comma - 1) : rest));
-    rest = comma > 0 ? Mid(rest, comma + 1) : String();
-  }
+  for (const auto& field : *fields)
+    keys.push_back({RequireColumn(columns, field.Name), field.Descending});
   return keys;
 }
 

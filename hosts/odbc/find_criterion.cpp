@@ -5,6 +5,7 @@
 #include "hosts/odbc/calendar.h"
 #include "hosts/odbc/diagnostics.h"
 #include "runtime/conversion.h"
+#include "runtime/field_names.h"
 #include "runtime/number_text.h"
 #include "runtime/text.h"
 
@@ -17,15 +18,6 @@ namespace {
 
 bool IsQuoted(const String& text, char16_t quote) {
   return text.size() >= 2 && text.front() == quote && text.back() == quote;
-}
-
-// Where the field's name ends: behind its bracket, or at the blank or operator behind it.
-std::size_t EndOfName(const String& text) {
-  if (StartsWith(text, u"[")) {
-    const std::size_t close = text.find(u']');
-    return close == String::npos ? text.size() : close + 1;
-  }
-  return std::min(text.find_first_of(u" =<>"), text.size());
 }
 
 bool IsDateColumn(const Column& column) {
@@ -41,24 +33,22 @@ double BinaryOf(const Variant& value) {
 }  // namespace
 
 std::optional<std::size_t> ColumnOfName(const Columns& columns, StringView name) {
-  String wanted = Trim(name);
-  if (wanted.size() >= 2 && wanted.front() == u'[' && wanted.back() == u']') {
-    wanted = wanted.substr(1, wanted.size() - 2);
-  }
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (EqualNoCase(columns[i].name, wanted)) return i;
+    if (EqualNoCase(columns[i].name, name)) return i;
   }
-  return std::nullopt;
+  const bool isBracketed = name.size() >= 2 && name.front() == u'[' && name.back() == u']';
+  return isBracketed ? ColumnOfName(columns, name.substr(1, name.size() - 2)) : std::nullopt;
 }
 
 FindCriterion::FindCriterion(const Columns& columns, const String& text) {
   const String trimmed = Trim(text);
-  std::size_t at = EndOfName(trimmed);
-  const String name = trimmed.substr(0, at);
+  StringView rest = trimmed;
+  const auto name = TakeFieldName(rest);
+  std::size_t at = trimmed.size() - rest.size();
   const auto op = OperatorAt(trimmed, at);
-  if (name.empty() || !op) RefuseCriterion(text);
-  const auto column = ColumnOfName(columns, name);
-  if (!column) throw HostError(errors::ItemNotFound, u"Campo não encontrado: " + name);
+  if (!name || !op) RefuseCriterion(text);
+  const auto column = ColumnOfName(columns, *name);
+  if (!column) throw HostError(errors::ItemNotFound, u"Campo não encontrado: " + *name);
   column_ = *column;
   operator_ = *op;
   try {

@@ -8,6 +8,7 @@
 #include "hosts/odbc/find_criterion.h"
 #include "hosts/odbc/text_order.h"
 #include "runtime/conversion.h"
+#include "runtime/field_names.h"
 #include "runtime/text.h"
 
 namespace tessaria::odbc {
@@ -103,40 +104,16 @@ struct Ranked {
   std::uint32_t place;
 };
 
-// At commas outside brackets.
-std::vector<String> Items(const String& text) {
-  std::vector<String> items(1);
-  bool bracketed = false;
-  for (const char16_t c : text) {
-    if (c == u'[') bracketed = true;
-    if (c == u']') bracketed = false;
-    if (c == u',' && !bracketed) {
-      items.emplace_back();
-    } else {
-      items.back() += c;
-    }
-  }
-  return items;
-}
-
-bool CutSuffix(String& text, StringView suffix) {
-  if (!EndsWith(UCase(text), suffix)) return false;
-  text.resize(text.size() - suffix.size());
-  return true;
-}
-
 }  // namespace
 
 std::vector<SortKey> ParseSortOrder(const Columns& columns, const String& text) {
+  const auto fields = ReadOrder(text);
+  if (!fields) throw HostError(errors::InvalidCriteria, u"Ordem inválida: " + text);
   std::vector<SortKey> keys;
-  if (Trim(text).empty()) return keys;
-  for (const String& item : Items(text)) {
-    String name = Trim(item);
-    const bool descending = CutSuffix(name, u" DESC");
-    if (!descending) CutSuffix(name, u" ASC");
-    const auto column = ColumnOfName(columns, name);
-    if (!column) throw HostError(errors::ItemNotFound, u"Campo não encontrado: " + name);
-    keys.push_back({*column, descending});
+  for (const auto& field : *fields) {
+    const auto column = ColumnOfName(columns, field.Name);
+    if (!column) throw HostError(errors::ItemNotFound, u"Campo não encontrado: " + field.Name);
+    keys.push_back({*column, field.Descending});
   }
   return keys;
 }

@@ -13,7 +13,8 @@ struct SortKey {
   bool descending = false;
 };
 
-/// "field [ASC|DESC], ...". A field name may stand in brackets. Error 3265 for an unknown field.
+/// "field [ASC|DESC], ...". Names as `ReadOrder` takes them. Errors: 3265 for an
+/// unknown field, 3001 for what cannot be read.
 std::vector<SortKey> ParseSortOrder(const Columns& columns, const String& text);
 
 /// Sorts by the keys, the first one first; rows that are equal in all keep their order. Null

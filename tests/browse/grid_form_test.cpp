@@ -322,10 +322,11 @@ TEST_F(GridForm, AClickOnAHeaderSortsUpwardsEachTime) {
 }
 
 TEST_F(GridForm, AnOrderThatTheProviderRefusesSurfaces) {
-  rows = {{{u"nome inteiro"}}, {{u"Ana"}}};
   Connect();
   Show([&](memory::Dialog& shown) {
-    shown.ClickHeader(u"grdBrowse", 0);
+    rows = {{{u"outro"}}, {{u"Ana"}}};
+    form.dcBrowse = connection->Execute(u"Select outro From clientes");
+    shown.ClickHeader(u"grdBrowse", 1);
     EXPECT_EQ(shown.UnhandledErrors().size(), 1u);
     shown.CloseWindow();
   });

@@ -1,5 +1,6 @@
 // The keys of the list.
 #include "tests/browse/grid_fixture.h"
+#include "tests/support/faulty_rows.h"
 
 namespace tessaria::test {
 namespace {
@@ -188,8 +189,12 @@ TEST_F(GridKeys, AFirstFieldThatIsNoTextDoesNotJump) {
 
 // What is highlighted is what Enter confirms.
 TEST_F(GridKeys, AJumpThatTheProviderRefusesLeavesTheRow) {
-  rows = {{{u"nome] inteiro"}}, {{u"Ana"}, {u"Bruno"}}};
+  rows = {{{u"nome"}}, {{u"Ana"}, {u"Bruno"}}};
   Connect();
+  const auto faulty = std::make_shared<FaultyRows>();
+  faulty->real = form.dcBrowse;
+  faulty->failsFind = true;
+  form.dcBrowse = faulty;
   form.dcBrowse->AbsolutePosition(2);
   Show([&](memory::Dialog& shown) {
     shown.Type(u"a");

@@ -2,6 +2,7 @@
 #include "browse/lookup_run.h"
 
 #include "tests/browse/run_fixture.h"
+#include "tests/support/odd_names.h"
 
 namespace tessaria::test {
 namespace {
@@ -242,6 +243,46 @@ TEST_F(LookupRun, GivesAKeyThatIsNoTextAsItsText) {
     RunArguments a;
     EXPECT_EQ(Run(a, Confirm), c.Result);
   }
+}
+
+TEST_F(LookupRun, AValueThatBeginsWithAWildcardIsFoundByItself) {
+  rows = {{{u"nome"}},
+          {{u"Ana"}, {u"50%"}, {u"a*15"}, {u"*15"}, {u"%"}, {u"x%y"}, {u"%y"}, {u"*Xis e mais"}}};
+  const struct {
+    StringView Value, Found;
+  } cases[] = {{u"*15", u"*15"}, {u"%", u"%"},     {u"*", u"*15"},
+               {u"%y", u"%y"},   {u"50%", u"50%"}, {u"*xis", u"*Xis e mais"},
+               {u"*z", u"Ana"},  {u"%%", u"Ana"}};
+  for (const auto& c : cases) {
+    RunArguments a;
+    a.Campo = u"nome";
+    a.Value = String(c.Value);
+    EXPECT_EQ(Run(a, Confirm), c.Found) << ToUtf8(c.Value);
+  }
+}
+
+TEST_F(LookupRun, AColumnOfAnyNameIsSoughtAndOrdered) {
+  for (const char16_t* name : kOddNames) {
+    SCOPED_TRACE(ToUtf8(name));
+    rows = {{{name}, {u"codigo", host::type::Integer}},
+            {{u"Bruno", Long{2}}, {u"Carla", Long{3}}, {u"Ana", Long{1}}}};
+    RunArguments a;
+    a.Value = String(u"Carla");
+    EXPECT_EQ(Run(a, Confirm), u"Carla");
+    EXPECT_EQ(Run(a,
+                  [](memory::Dialog& shown) {
+                    shown.ClickHeader(u"grdBrowse", 0);
+                    Confirm(shown);
+                  }),
+              u"Ana");
+    EXPECT_EQ(Run(a,
+                  [](memory::Dialog& shown) {
+                    shown.Type(u"b");
+                    Confirm(shown);
+                  }),
+              u"Bruno");
+  }
+  EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
 TEST_F(LookupRun, ACancelGivesTheOldValue) {

@@ -55,7 +55,8 @@ TEST(RowCriterion, ANameThatWouldEndTooEarlyStandsInBrackets) {
                {u"a=b", u"[a=b]"},
                {u"a<b", u"[a<b]"},
                {u"a>b", u"[a>b]"},
-               {u"[codigo", u"[[codigo]"}};
+               {u"[codigo", u"[[codigo]"},
+               {u"a ]b", u"[a ]]b]"}};
   for (const auto& name : names) {
     EXPECT_EQ(CriterioDeInicio(String(name.Name), u"D'A"), String(name.Written) + u" like 'D''A%'");
     EXPECT_EQ(CriterioDeIgualdade(String(name.Name), Long{1}), String(name.Written) + u" = 1");

@@ -1,4 +1,7 @@
+#include "runtime/field_names.h"
+#include "runtime/text.h"
 #include "tests/odbc/database_test.h"
+#include "tests/support/odd_names.h"
 
 namespace tessaria::odbc::test {
 namespace {
@@ -48,6 +51,27 @@ TEST_F(SortTest, OrdersRowsAndKeepsEqualOnesInPlace) {
     EXPECT_EQ(rows_->Sort(), c.order);
     EXPECT_EQ(Codes(), c.codes) << ToUtf8(c.order);
   }
+}
+
+TEST_F(SortTest, AColumnOfAnyNameOrdersAndIsSought) {
+  for (const char16_t* name : tessaria::test::kOddNames) {
+    SCOPED_TRACE(ToUtf8(name));
+    const auto rows =
+        Read(u"select nome as \"" + Replace(name, u"\"", u"\"\"") +
+             u"\", codigo from (values ('B', 2), ('A', 1), ('C', 3)) v(nome, codigo)");
+    ASSERT_EQ(rows->Fields().Item(0)->Name(), name);
+    rows->Find(FieldNameText(name) + u" like 'c%'");
+    EXPECT_SAME(Get(rows, u"codigo"), Long{3});
+    rows->Sort(FieldNameText(name));
+    EXPECT_SAME(Get(rows, u"codigo"), Long{1});
+    rows->Sort(FieldNameText(name) + u" DESC");
+    EXPECT_SAME(Get(rows, u"codigo"), Long{3});
+  }
+}
+
+TEST_F(SortTest, WhatIsNoOrderIsRefused) {
+  for (const char16_t* order : {u"[nome", u"nome,,codigo", u"[nome] upa"})
+    EXPECT_HOST_ERROR(rows_->Sort(order), errors::InvalidCriteria);
 }
 
 TEST_F(SortTest, UnknownFieldChangesNothing) {

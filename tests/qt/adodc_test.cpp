@@ -9,8 +9,8 @@
 #include "hosts/memory/connection.h"
 #include "hosts/qt/form.h"
 #include "hosts/qt/text.h"
-#include "tests/qt/faulty_rows.h"
 #include "tests/qt/field_fixture.h"
+#include "tests/support/faulty_rows.h"
 
 namespace tessaria::qt::tests {
 namespace {
@@ -162,8 +162,8 @@ TEST_F(DataControl, ADeletedNewRowLeavesTheRowThatWasCurrent) {
 }
 
 TEST_F(DataControl, ARowIsGoneEvenWhenTheStepToTheNextOneFails) {
-  const auto rows = std::make_shared<FaultyRows>();
-  data_->setConnection(std::make_shared<FaultyConnection>(connection_, rows));
+  const auto rows = std::make_shared<test::FaultyRows>();
+  data_->setConnection(std::make_shared<test::FaultyConnection>(connection_, rows));
   show();
   data_->moveNext();
   rows->failsMoveNext = true;

@@ -8,6 +8,7 @@
 
 #include "hosts/qt/text.h"
 #include "runtime/compare.h"
+#include "runtime/field_names.h"
 #include "runtime/text.h"
 #include "services/busy_pointer.h"
 
@@ -224,7 +225,7 @@ void DataGridItem::showOrder() {
   const auto& rows = pane_.model().rows();
   const String order = rows && rows->State() != host::state::Closed ? rows->Sort() : String();
   for (std::size_t i = 0; i < columns_.size() && !order.empty(); ++i) {
-    if (!EqualNoCase(columns_[i]->field(), order)) continue;
+    if (!EqualNoCase(FieldNameText(columns_[i]->field()), order)) continue;
     header.setSortIndicator(int(i), Qt::AscendingOrder);
     return header.setSortIndicatorShown(true);
   }

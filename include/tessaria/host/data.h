@@ -141,16 +141,16 @@ class Recordset : public Object {
   virtual void MovePrevious() = 0;
   /// To a row number from 1. Error 3021 outside the rows.
   virtual void AbsolutePosition(Long row) = 0;
-  /// Seeks forward from the current row, which is looked at too, for "field op value"
-  /// (=, <>, <, >, <=, >=, like with * or % at either end). EOF when nothing matches.
-  /// Values compare in the field's own type: exact numbers with all digits, a Double with 15 and a
-  /// Single with 7 (exactly, if the criterion has more), dates to the second; a stored value that
-  /// comes as text and is no number matches "<>" alone. A number may have a point or a comma for
-  /// decimals. Error 3001 for a criterion that it cannot read; "like" on a field that is no text is
-  /// one.
+  /// Seeks forward from the current row, which is looked at too, for "field op value" (=, <>, <, >,
+  /// <=, >=, like with * or % at either end; [odd name], its "]" doubled). EOF when nothing
+  /// matches. Values compare in the field's own type: exact numbers with all digits, a Double with
+  /// 15 and a Single with 7 (exactly, if the criterion has more), dates to the second; a stored
+  /// value that comes as text and is no number matches "<>" alone. A number may have a point or a
+  /// comma for decimals. Error 3001 for a criterion that it cannot read; "like" on a field that is
+  /// no text is one.
   virtual void Find(const String& criteria) = 0;
-  /// Orders the rows: field names, each with " ASC" or " DESC", comma separated; "" restores
-  /// the statement's order. Stands on the first row afterwards. Error 3265 unknown field.
+  /// Orders the rows: field names (odd ones as above), each with " ASC" or " DESC", separated by
+  /// commas; "" restores the statement's order. Goes to the first row. Errors: 3265 unknown, 3001.
   virtual void Sort(const String& order) = 0;
   virtual String Sort() const = 0;
 

@@ -1,4 +1,4 @@
-// Rows whose next step fails, over those of another connection.
+// Rows that fail on demand, over those of another connection.
 #pragma once
 
 #include <memory>
@@ -7,12 +7,13 @@
 #include "tessaria/error.h"
 #include "tessaria/host/data.h"
 
-namespace tessaria::qt::tests {
+namespace tessaria::test {
 
 class FaultyRows final : public host::Recordset {
  public:
   host::RecordsetPtr real;
   bool failsMoveNext = false;
+  bool failsFind = false;
 
   Long State() const override { return real->State(); }
   bool Bof() const override { return real->Bof(); }
@@ -23,12 +24,15 @@ class FaultyRows final : public host::Recordset {
   void MoveFirst() override { real->MoveFirst(); }
   void MoveLast() override { real->MoveLast(); }
   void MoveNext() override {
-    if (failsMoveNext) throw HostError(errors::ProviderError, u"server closed the connection");
+    if (failsMoveNext) Fail();
     real->MoveNext();
   }
   void MovePrevious() override { real->MovePrevious(); }
   void AbsolutePosition(Long row) override { real->AbsolutePosition(row); }
-  void Find(const String& criteria) override { real->Find(criteria); }
+  void Find(const String& criteria) override {
+    if (failsFind) Fail();
+    real->Find(criteria);
+  }
   void Sort(const String& order) override { real->Sort(order); }
   String Sort() const override { return real->Sort(); }
   host::EditMode EditMode() const override { return real->EditMode(); }
@@ -43,6 +47,11 @@ class FaultyRows final : public host::Recordset {
   bool FetchMore(Long rows) override { return real->FetchMore(rows); }
   Variant ValueAt(Long row, Long ordinal) const override { return real->ValueAt(row, ordinal); }
   String Source() const override { return real->Source(); }
+
+ private:
+  [[noreturn]] static void Fail() {
+    throw HostError(errors::ProviderError, u"server closed the connection");
+  }
 };
 
 /// Opens the given rows in place of the other connection's own.
@@ -78,4 +87,4 @@ class FaultyConnection final : public host::Connection {
   std::shared_ptr<FaultyRows> rows_;
 };
 
-}  // namespace tessaria::qt::tests
+}  // namespace tessaria::test
