@@ -7,6 +7,7 @@
 #include "browse/row_criterion.h"
 #include "browse/search_run.h"
 #include "lookup/dialect.h"
+#include "lookup/field_types.h"
 #include "runtime/conversion.h"
 #include "runtime/field_names.h"
 #include "runtime/text.h"
@@ -60,12 +61,6 @@ Long PositionOf(const MenuKeys& keys, Integer code) {
 Integer CodeOf(const MenuKeys& keys, Long position) {
   const Long code = keys.First + position - keys.Position;
   return code >= keys.First && code <= keys.Last ? static_cast<Integer>(code) : Integer{0};
-}
-
-bool IsTextType(Long type) {
-  using namespace host;
-  return type == type::VarWChar || type == type::VarChar || type == type::WChar ||
-         type == type::Char;
 }
 
 bool IsJumpCharacter(char16_t c) {
@@ -267,7 +262,7 @@ void frmBrowse::GridKeyPress(Integer KeyAscii) {
 void frmBrowse::JumpTo(char16_t character) {
   if (!ShowsRows()) return;
   const auto field = dcBrowse->Fields().Item(0);
-  if (!IsTextType(field->Type())) return;
+  if (!EhTipoDeCampoTexto(field->Type())) return;
   const BusyPointer busy;
   const Long before = dcBrowse->AbsolutePosition();
   const auto stay = [&] { dcBrowse->AbsolutePosition(before); };

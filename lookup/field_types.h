@@ -1,4 +1,4 @@
-// Which fields of the database hold numbers.
+// Which fields of the database hold numbers, and which texts.
 #pragma once
 
 #include "tessaria/string.h"
@@ -8,5 +8,8 @@ namespace tessaria {
 /// True for the type codes of numeric fields, whose values stand in SQL without quotes. The
 /// `TipoDado` of a sibling is compared with them as it stands, although it is numbered otherwise.
 bool EhTipoDeCampoNumerico(Long type);
+
+/// True for the type codes of text fields.
+bool EhTipoDeCampoTexto(Long type);
 
 }  // namespace tessaria

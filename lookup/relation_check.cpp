@@ -1,6 +1,7 @@
 #include "lookup/relation_check.h"
 
 #include "lookup/dialect.h"
+#include "lookup/field_types.h"
 #include "lookup/literals.h"
 #include "lookup/query_text.h"
 #include "runtime/conversion.h"
@@ -18,13 +19,8 @@ struct Literal {
   bool Texto;
 };
 
-bool EhTipoTexto(Long tipo) {
-  return tipo == host::type::WChar || tipo == host::type::VarWChar || tipo == host::type::VarChar ||
-         tipo == host::type::Char;
-}
-
 Literal LiteralDoTipo(const String& valor, Long tipo, const String& nome) {
-  if (EhTipoTexto(tipo)) return {TextoSql(valor), true};
+  if (EhTipoDeCampoTexto(tipo)) return {TextoSql(valor), true};
   return {NumeroSql(valor, nome), false};
 }
 
