@@ -11,6 +11,7 @@
 #include "hosts/qt/host.h"
 #include "hosts/qt/message_box.h"
 #include "hosts/qt/text.h"
+#include "hosts/qt/window_in_front.h"
 #include "tessaria/error.h"
 
 namespace tessaria::qt {
@@ -53,7 +54,7 @@ void Application::DoEvents() {
 
 Long Application::ShowMessageBox(Long owner, const String& text, Long style, const String& title) {
   QWidget* window = widgetOf(owner);
-  window = window ? window->window() : QApplication::activeWindow();
+  window = window ? window->window() : windowInFront();
   tellOfBox(window, toQt(text), toQt(title), style);
   return showMessageBox(window, toQt(text), style, toQt(title));
 }

@@ -14,6 +14,7 @@
 #include "hosts/qt/line_edit.h"
 #include "hosts/qt/tstext.h"
 #include "hosts/qt/widget_tree.h"
+#include "hosts/qt/window_in_front.h"
 
 namespace tessaria::qt {
 namespace {
@@ -70,6 +71,9 @@ bool FormEvents::swallows(QWidget* widget, QEvent* event) {
     case QEvent::Hide:
       if (widget->isWindow() && !event->spontaneous())
         if (FocusCycle* cycle = FocusCycle::existing(widget)) cycle->windowHidden();
+      return false;
+    case QEvent::WindowActivate:
+      if (widget->isWindow()) noteActive(*widget);
       return false;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:

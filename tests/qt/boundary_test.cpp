@@ -89,6 +89,18 @@ TEST_F(Boundary, BoxesHavePortugueseButtonsAndTheirOwner) {
   EXPECT_EQ(boxes_.boxes()[2].buttons, QStringList({"OK"}));
 }
 
+// Behind the first box the window system may not have made the form active again yet.
+TEST_F(Boundary, ABoxRightBehindAnotherOneBelongsToTheFormToo) {
+  show();
+  for (const auto* text : {u"Um", u"Dois", u"Tr\u00EAs"})
+    State().application->ShowMessageBox(0, text, 0, u"Alerta!");
+  for (const Box& box : boxes_.boxes()) EXPECT_EQ(box.owner, QStringLiteral("frmTeste"));
+  settleEvents();
+  EXPECT_TRUE(window_->isActiveWindow());
+  leave();
+  EXPECT_EQ(QApplication::focusWidget(), editOf(*second_));
+}
+
 TEST_F(Boundary, ClosingAYesNoBoxIsANo) {
   show();
   boxes_.whileOpen = [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); };

@@ -11,19 +11,10 @@
 #include <utility>
 
 #include "hosts/qt/dialog_keys.h"
+#include "hosts/qt/window_in_front.h"
 
 namespace tessaria::qt {
 namespace {
-
-/// While one dialog follows another no window may be active yet: then it is the former owner.
-QWidget* windowInFront() {
-  static thread_local QPointer<QWidget> former;
-  QWidget* front = QApplication::activeModalWidget();
-  if (!front) front = QApplication::activeWindow();
-  if (!front && former && former->isVisible()) front = former;
-  former = front;
-  return front;
-}
 
 /// The place between `least` and `most`; `least` when there is no room.
 int within(int place, int least, int most) { return std::max(least, std::min(place, most)); }
