@@ -1,10 +1,9 @@
 #include "hosts/odbc/statement_guard.h"
 
 #include <algorithm>
-#include <set>
-#include <vector>
 
 #include "hosts/odbc/diagnostics.h"
+#include "hosts/odbc/hidden_statement.h"
 #include "runtime/text.h"
 #include "runtime/well_formed.h"
 
@@ -22,53 +21,9 @@ const std::set<String> kWriters = {u"INSERT", u"UPDATE", u"DELETE", u"MERGE", u"
 // Outermost words behind which a row is no longer one row of one table.
 const std::set<String> kMixers = {u"JOIN",  u"UNION",    u"INTERSECT", u"EXCEPT",
                                   u"GROUP", u"DISTINCT", u"HAVING",    u"WITH"};
-// Reserved words of SQL Server that start a statement and never stand inside a query, where no
-// column can have such a name without quotes, nor behind a point. A Merge and a With need a
-// semicolon before or behind them.
-const std::set<String> kStarters = {
-    u"ADD",        u"ALTER",   u"BACKUP",   u"BEGIN",     u"BREAK",    u"CHECKPOINT",
-    u"CLOSE",      u"COMMIT",  u"CONTINUE", u"CREATE",    u"DBCC",     u"DEALLOCATE",
-    u"DECLARE",    u"DELETE",  u"DENY",     u"DROP",      u"DUMP",     u"EXEC",
-    u"EXECUTE",    u"GOTO",    u"GRANT",    u"IF",        u"INSERT",   u"KILL",
-    u"LOAD",       u"OPEN",    u"PRINT",    u"RAISERROR", u"READTEXT", u"RECONFIGURE",
-    u"RESTORE",    u"RETURN",  u"REVERT",   u"REVOKE",    u"ROLLBACK", u"SAVE",
-    u"SET",        u"SETUSER", u"SHUTDOWN", u"TRIGGER",   u"TRUNCATE", u"UPDATE",
-    u"UPDATETEXT", u"USE",     u"WAITFOR",  u"WHILE",     u"WRITETEXT"};
-// Behind USE in the hints of a query.
-const std::set<String> kHints = {u"HINT", u"PLAN"};
-// Before a further outermost Select of the same query.
-const std::set<String> kCombiners = {u"UNION", u"EXCEPT", u"INTERSECT", u"ALL"};
 
 [[noreturn]] void Refuse(StringView reason) {
   throw HostError(errors::ErrorsInCommand, String(reason));
-}
-
-// The tokens of a text, words in upper case.
-struct Piece {
-  Kind kind;
-  String text;
-  int depth;  ///< open parentheses around it
-};
-
-std::vector<Piece> PiecesOf(StringView text, SqlRules rules) {
-  std::vector<Piece> pieces;
-  SqlScanner scanner(text, rules);
-  int depth = 0;
-  for (SqlToken token = scanner.Next(); !token.Is(Kind::End); token = scanner.Next()) {
-    String piece(scanner.TextOf(token));
-    if (token.Is(Kind::Word)) piece = UCase(piece);
-    if (piece == u")") --depth;
-    pieces.push_back({token.kind, std::move(piece), depth});
-    if (pieces.back().text == u"(") ++depth;
-  }
-  return pieces;
-}
-
-bool IsSymbol(const Piece& piece, StringView text) {
-  return piece.kind == Kind::Symbol && piece.text == text;
-}
-bool IsWordOf(const Piece& piece, const std::set<String>& words) {
-  return piece.kind == Kind::Word && words.count(piece.text) > 0;
 }
 
 [[noreturn]] void RefuseUnreadable(StringView found) {
@@ -97,7 +52,7 @@ void RefuseForeignQuoting(StringView text, Dialect dialect) {
   }
 }
 
-void RefuseDriverMarks(const std::vector<Piece>& pieces, Dialect dialect) {
+void RefuseDriverMarks(const Pieces& pieces, Dialect dialect) {
   if (dialect != Dialect::PostgreSql) return;
   for (const Piece& piece : pieces) {
     if (piece.kind != Kind::Symbol) continue;
@@ -107,32 +62,25 @@ void RefuseDriverMarks(const std::vector<Piece>& pieces, Dialect dialect) {
   }
 }
 
-bool StartsStatement(const std::vector<Piece>& pieces, std::size_t at) {
-  if (!IsWordOf(pieces[at], kStarters)) return false;
-  const bool hint = at + 1 < pieces.size() && IsWordOf(pieces[at + 1], kHints);
-  return pieces[at].text != u"USE" || !hint;
-}
-
-// A With has its first outermost Select behind its tables.
-bool HasSecondSelect(const std::vector<Piece>& pieces) {
-  bool selected = false;
-  for (std::size_t i = 0; i < pieces.size(); ++i) {
-    const bool outermost = pieces[i].depth <= 0 && pieces[i].kind == Kind::Word;
-    if (!outermost || pieces[i].text != u"SELECT") continue;
-    if (selected && !IsWordOf(pieces[i - 1], kCombiners)) return true;
-    selected = true;
+// SQL Server takes a line end behind a backslash out of a text: what it reads is not what stands
+// there.
+void RefuseBrokenLines(const Pieces& pieces) {
+  for (const Piece& piece : pieces) {
+    if (piece.kind != Kind::Text && piece.kind != Kind::QuotedName) continue;
+    for (const StringView broken : {u"\\\n", u"\\\r"}) {
+      const auto at = piece.text.find(broken);
+      if (at != String::npos) RefuseUnreadable(StringView(piece.text).substr(at));
+    }
   }
-  return false;
 }
 
-void RefuseHiddenStatement(const std::vector<Piece>& pieces, Dialect dialect) {
-  if (dialect != Dialect::SqlServer || !IsWordOf(pieces.front(), kReaders)) return;
-  bool hidden = HasSecondSelect(pieces);
-  for (std::size_t i = 0; i < pieces.size(); ++i) hidden = hidden || StartsStatement(pieces, i);
-  if (hidden) Refuse(u"O texto contém mais de um comando SQL.");
+void RefuseHiddenStatement(const Pieces& pieces, Dialect dialect) {
+  if (dialect != Dialect::SqlServer) return;
+  RefuseBrokenLines(pieces);
+  if (HoldsHiddenStatement(pieces)) Refuse(u"O texto contém mais de um comando SQL.");
 }
 
-StatementFacts::Control ControlOf(const std::vector<Piece>& pieces) {
+StatementFacts::Control ControlOf(const Pieces& pieces) {
   using Control = StatementFacts::Control;
   const auto word = [&](std::size_t i) { return i < pieces.size() ? pieces[i].text : String(); };
   const bool longer = pieces.size() > 1 && word(1) != u"WORK" && word(1) != u"TRANSACTION";
@@ -150,7 +98,7 @@ StatementFacts::Control ControlOf(const std::vector<Piece>& pieces) {
   return Control::None;
 }
 
-String ModesOf(const std::vector<Piece>& pieces) {
+String ModesOf(const Pieces& pieces) {
   String modes;
   for (std::size_t i = 1; i < pieces.size(); ++i) {
     if (i == 1 && (pieces[i].text == u"WORK" || pieces[i].text == u"TRANSACTION")) continue;
@@ -159,13 +107,13 @@ String ModesOf(const std::vector<Piece>& pieces) {
   return modes;
 }
 
-bool IsPlainQuery(const std::vector<Piece>& pieces) {
+bool IsPlainQuery(const Pieces& pieces) {
   return IsWordOf(pieces.front(), kReaders) &&
          std::none_of(pieces.begin(), pieces.end(),
                       [](const Piece& piece) { return IsWordOf(piece, kWriters); });
 }
 
-bool HasSmallLimit(const std::vector<Piece>& pieces) {
+bool HasSmallLimit(const Pieces& pieces) {
   for (std::size_t i = 0; i + 1 < pieces.size(); ++i) {
     if (pieces[i].depth == 0 && pieces[i].kind == Kind::Word && pieces[i].text == u"LIMIT") {
       const String& limit = pieces[i + 1].text;
@@ -177,7 +125,7 @@ bool HasSmallLimit(const std::vector<Piece>& pieces) {
 }
 
 // One name behind the outermost From, no comma in that list, and none of the mixers.
-bool IsSingleTable(const std::vector<Piece>& pieces) {
+bool IsSingleTable(const Pieces& pieces) {
   if (pieces.front().text != u"SELECT") return false;
   bool inFrom = false;
   int tables = 0;
@@ -196,7 +144,7 @@ bool IsSingleTable(const std::vector<Piece>& pieces) {
   return tables == 1;
 }
 
-bool IsName(const std::vector<Piece>& pieces) {
+bool IsName(const Pieces& pieces) {
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const bool name = pieces[i].kind == Kind::Word || pieces[i].kind == Kind::QuotedName;
     if (i % 2 == 0 ? !name : !IsSymbol(pieces[i], u".")) return false;
@@ -212,7 +160,7 @@ StatementFacts RequireSingleStatement(StringView text, Dialect dialect, bool bac
   StatementFacts facts;
   facts.text = String(text.substr(0, EndOfStatement(text, rules)));
   RefuseForeignQuoting(facts.text, dialect);
-  const std::vector<Piece> pieces = PiecesOf(facts.text, rules);
+  const Pieces pieces = PiecesOf(facts.text, rules);
   if (pieces.empty()) Refuse(u"O texto do comando SQL está vazio.");
   RefuseDriverMarks(pieces, dialect);
   RefuseHiddenStatement(pieces, dialect);

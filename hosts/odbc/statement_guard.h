@@ -27,11 +27,11 @@ struct StatementFacts {
 
 /// Reads the statement. Errors (-2147217900): no statement at all; a second statement behind a
 /// semicolon (a trailing semicolon is none) or, for SQL Server, which needs no semicolon, behind a
-/// query; what cannot be read with certainty; for PostgreSQL "?", "{" or "}" outside quotes, which
-/// its driver would replace and its server would not take. Where nothing is known of the dialect's
-/// quoting, a semicolon inside the text is refused even between quotes. Error 5: a character of
-/// code 0, or half of a surrogate pair.
-/// `backslashes`: whether the server reads backslashes in plain texts as escapes.
+/// query or a change of rows; what cannot be read with certainty; for PostgreSQL "?", "{" or "}"
+/// outside quotes, which its driver would replace and its server would not take. Where nothing is
+/// known of the dialect's quoting, a semicolon inside the text is refused even between quotes.
+/// Error 5: a character of code 0, or half of a surrogate pair. `backslashes`: whether the server
+/// reads backslashes in plain texts as escapes.
 StatementFacts RequireSingleStatement(StringView text, Dialect dialect, bool backslashes = false);
 
 }  // namespace tessaria::odbc
