@@ -23,11 +23,11 @@ Keystroke::Keystroke(MaskedField& maskedField, Integer& keyCode)
       key(keyCode),
       mask(maskedField.Mascara()),
       items(maskedField.ItensMascara()),
-      pos(CInt(box.SelStart() + 1)),
-      cnt(CInt(std::max<Long>(1, box.SelLength()))) {}
+      pos(box.SelStart() + 1),
+      cnt(std::max<Long>(1, box.SelLength())) {}
 
 bool Keystroke::IsLiteral(Long position) const {
-  return EhItemMascara(mask, CInt(position), items);
+  return position <= Len(mask) && EhItemMascara(mask, CInt(position), items);
 }
 
 String Keystroke::MaskAt(Long position) const { return Mid(mask, position, 1); }
@@ -103,7 +103,6 @@ void ApplyKey(Keystroke& k) {
 }
 
 void FilterKey(Keystroke& k) {
-  if (k.mask.empty()) return;
   const bool numeric = EhMascaraNumerica(k.mask);
   if (!numeric && IsBehindMask(k) && k.key != key::Backspace) return k.SwallowWithBeep();
   k.slot = FirstSlot(k);
@@ -118,6 +117,7 @@ void FilterKey(Keystroke& k) {
 
 void txtEdit_KeyPress(MaskedField& field, Integer& KeyAscii) {
   Trap(u"tsText", u"txtEdit_Keypress", [&] {
+    if (field.Mascara().empty()) return;
     Keystroke keystroke(field, KeyAscii);
     FilterKey(keystroke);
   });

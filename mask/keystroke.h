@@ -6,10 +6,10 @@
 
 namespace tessaria {
 
-/// The working values of one call. Positions count from 1 and have 16 bits: a step beyond them
-/// is error 6.
+/// The working values of one call. Positions count from 1. A step of the filter beyond 16 bits is
+/// error 6; a caret that stands there is only behind the mask.
 struct Keystroke {
-  /// Reads the field as it stands. Error 6 when the caret lies beyond 16 bits.
+  /// Reads the field as it stands.
   Keystroke(MaskedField& maskedField, Integer& keyCode);
 
   MaskedField& field;
