@@ -90,6 +90,11 @@ bool ActionGate::runsWithoutFocus(const QWidget& widget) {
   return true;
 }
 
+bool ActionGate::turnsByWheel(const QWidget& widget) {
+  return widget.isEnabled() && settlesField(widget) && !isAnyOf<QScrollBar>(widget) &&
+         isAnyOf<QComboBox, QAbstractSpinBox, QAbstractSlider>(widget);
+}
+
 bool ActionGate::holdsBack(QObject* receiver, QEvent* event) {
   if (auto* menu = qobject_cast<QMenu*>(receiver))
     return menu != replaying_ && holdsBackPick(*menu, *event);

@@ -20,6 +20,8 @@ class ActionGate final {
   bool holdsBack(QObject* receiver, QEvent* event);
   /// A mouse press on a widget: whether it would run something while the focus stays where it is.
   static bool runsWithoutFocus(const QWidget& widget);
+  /// Whether the wheel of the mouse would change the widget's value.
+  static bool turnsByWheel(const QWidget& widget);
 
  private:
   bool holdsBackShortcut(QObject* receiver, const QEvent& event);

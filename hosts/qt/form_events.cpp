@@ -78,6 +78,8 @@ bool FormEvents::swallows(QWidget* widget, QEvent* event) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
       return swallowsPress(widget, *static_cast<QMouseEvent*>(event));
+    case QEvent::Wheel:
+      return swallowsWheel(widget);
     case QEvent::KeyPress:
       return swallowsKey(widget) || movesToNextPage(widget, *static_cast<QKeyEvent*>(event));
     case QEvent::KeyRelease:
@@ -100,19 +102,37 @@ void FormEvents::watchShow(QWidget* widget) {
   if (isForm(widget)) formShows(widget);
 }
 
+/// The mouse has moved the focus, and the field that had it is not settled yet.
+bool FormEvents::hasMoved(const QWidget& widget) {
+  const FocusCycle* cycle = FocusCycle::existing(widget.window());
+  return cycle && cycle->hasPending();
+}
+
+/// False when what the mouse does to the widget must not happen.
+bool FormEvents::settlesAhead(QWidget* widget, bool moved, bool stays) {
+  const QPointer<QWidget> alive(widget);
+  const QPointer<QWidget> focus(widget->window()->focusWidget());
+  const StandIn standIn = stays ? standInOf(*widget) : StandIn();
+  const bool settled = moved ? FocusCycle::existing(widget->window())->settlePending(standIn)
+                             : settleFor(*widget, standIn);
+  return alive && settled && (!moved || alive->window()->focusWidget() == focus);
+}
+
+/// The wheel turns a box that needs no focus for it.
+bool FormEvents::swallowsWheel(QWidget* widget) {
+  const bool moved = hasMoved(*widget);
+  const bool stays = !moved && ActionGate::turnsByWheel(*widget);
+  return (moved || stays) && !settlesAhead(widget, moved, stays);
+}
+
 /// The press has moved the focus already, unless the widget takes none. Under a modal window its
 /// release went elsewhere, and the widget would stay half pressed: a button is clicked instead.
 bool FormEvents::swallowsPress(QWidget* widget, const QMouseEvent& press) {
-  FocusCycle* cycle = FocusCycle::existing(widget->window());
-  const bool moved = cycle && cycle->hasPending();
+  const bool moved = hasMoved(*widget);
   const bool stays = ActionGate::runsWithoutFocus(*widget);
   if (!moved && !stays) return false;
-  const QPointer<QWidget> alive(widget);
-  const QPointer<QWidget> focus(widget->window()->focusWidget());
   const int modals = modalShows_;
-  const StandIn standIn = stays ? standInOf(*widget) : StandIn();
-  const bool settled = moved ? cycle->settlePending(standIn) : settleFor(*widget, standIn);
-  if (!alive || !settled || (moved && alive->window()->focusWidget() != focus)) return true;
+  if (!settlesAhead(widget, moved, stays)) return true;
   if (modalShows_ != modals) {
     auto* button = qobject_cast<QAbstractButton*>(widget);
     if (button && press.button() == Qt::LeftButton) button->click();

@@ -26,6 +26,9 @@ class FormEvents final : public QObject {
   bool swallows(QWidget* widget, QEvent* event);
   void watchShow(QWidget* widget);
   bool swallowsPress(QWidget* widget, const QMouseEvent& press);
+  static bool hasMoved(const QWidget& widget);
+  static bool settlesAhead(QWidget* widget, bool moved, bool stays);
+  static bool swallowsWheel(QWidget* widget);
   bool swallowsKey(QWidget* widget);
   bool swallowsClose(QWidget* window, QCloseEvent& close);
   bool movesToNextPage(QWidget* widget, const QKeyEvent& key);

@@ -58,7 +58,9 @@ host::WidgetPtr makeActionPort(const QString& name, QWidget& form) {
 }
 
 StandIn standInOf(const QObject& action, QWidget& form) {
-  return {makeActionPort(action.objectName(), form), {action.objectName()}};
+  QStringList names{action.objectName()};
+  names.removeAll(QString());
+  return {makeActionPort(action.objectName(), form), names};
 }
 
 StandIn standInOf(QWidget& widget) {

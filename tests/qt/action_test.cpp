@@ -195,6 +195,27 @@ TEST_F(Actions, AShortcutFindsTheFieldSettled) {
   EXPECT_EQ(active_, QStringLiteral("atalho CommandButton"));
 }
 
+// A field without an `ObjetoCancelar` does not take a nameless action for the one that cancels.
+TEST_F(Actions, ANamelessActionFindsTheFieldSettled) {
+  save_->setObjectName(QString());
+  save_->setShortcut(Qt::CTRL | Qt::Key_S);
+  QMenu* menu = menuBar();
+  auto* shortcut = new QShortcut(Qt::Key_F7, window_.get());
+  watch(shortcut, &QShortcut::activated);
+  QToolButton* button = toolButton();
+  show();
+  type(*window_, QStringLiteral("a"));
+  press(*window_, Qt::Key_F7);
+  type(*window_, QStringLiteral("b"));
+  press(*window_, Qt::Key_S, Qt::ControlModifier);
+  type(*window_, QStringLiteral("c"));
+  open(*menu);
+  pick(*menu, save_);
+  type(*window_, QStringLiteral("d"));
+  click(*button);
+  EXPECT_EQ(seen_, QStringList({"a", "b", "c", "d"}));
+}
+
 TEST_F(Actions, AShortcutBehindATabFindsTheFieldLeft) {
   save_->setShortcut(Qt::CTRL | Qt::Key_S);
   window_->addAction(save_);

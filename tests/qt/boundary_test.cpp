@@ -1,5 +1,6 @@
 // No exception leaves the host, and controls survive what their handlers do.
 #include <QApplication>
+#include <QShortcut>
 #include <QTest>
 #include <QTimer>
 #include <stdexcept>
@@ -124,7 +125,7 @@ TEST_P(DestroyedInAHandler, TheControlAlone) {
   QPointer<TsText> field(first_);
   show();
   GetParam().connectTo(field, [&] { delete field; });
-  type(*window_, QStringLiteral("ab"));
+  type(*window_, QStringLiteral("aB"));
   if (field) leave();
   settleEvents();
   EXPECT_FALSE(field);
@@ -140,7 +141,7 @@ TEST_P(DestroyedInAHandler, TheWholeForm) {
   settleEvents();
   GetParam().connectTo(first_, [&] { delete window; });
   commit(*window, QStringLiteral("a"));
-  if (window) type(*window, QStringLiteral("b"));
+  if (window) type(*window, QStringLiteral("B"));
   if (window) second_->setFocus();
   settleEvents();
   EXPECT_FALSE(window);
@@ -153,6 +154,12 @@ INSTANTIATE_TEST_SUITE_P(
                           [](TsText* f, auto end) {
                             QObject::connect(f, &TsText::keyDown, qApp, [end](qint16& code) {
                               if (code == 'B') end();
+                            });
+                          }},
+                    Event{"keyDownOfShift",
+                          [](TsText* f, auto end) {
+                            QObject::connect(f, &TsText::keyDown, qApp, [end](qint16& code) {
+                              if (code == 16) end();
                             });
                           }},
                     Event{"keyPress",
@@ -170,6 +177,35 @@ INSTANTIATE_TEST_SUITE_P(
                     Event{"browseReturn", [](TsText* f, auto end) {
                             QObject::connect(f, &TsText::browseReturn, qApp, [end] { end(); });
                           }}));
+
+// Qt looks for shortcuts before it delivers a key; the field is settled right there.
+TEST_P(DestroyedInAHandler, TheWholeFormInAShortcutsKey) {
+  for (const bool keyIsTaken : {true, false}) {
+    SCOPED_TRACE(keyIsTaken);
+    QPointer<QWidget> window(new QWidget);
+    auto* field = new TsText(window);
+    field->setObjectName(QStringLiteral("campo"));
+    field->setUsaChecaRelacao(false);
+    int pressed = 0;
+    auto* shortcut = new QShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+G")), window);
+    QObject::connect(shortcut, &QShortcut::activated, qApp, [&] {
+      ++pressed;
+      if (keyIsTaken) delete window;
+    });
+    showActive(*window);
+    field->setFocus();
+    settleEvents();
+    type(*window, QStringLiteral("a"));
+    GetParam().connectTo(field, [&] { delete window; });
+    press(*window, Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
+    if (window) type(*window, QStringLiteral("B"));
+    settleEvents();
+    EXPECT_FALSE(window);
+    EXPECT_LE(pressed, 1);
+    delete window;
+  }
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
 
 TEST_F(Boundary, AControlMayBeDestroyedByItsFirstShow) {
   QPointer<TsText> field(first_);

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <utility>
 
 #include "hosts/qt/host.h"
 
@@ -23,6 +24,36 @@ QString plain(QString text) { return text.remove(QLatin1Char('&')); }
 Qt::Key keyOf(QChar c) {
   const QChar upper = c.toUpper();
   return upper.unicode() < 0x100 ? Qt::Key(upper.unicode()) : Qt::Key_unknown;
+}
+
+struct Key {
+  int code;
+  QString text;
+  Qt::KeyboardModifiers modifiers;
+};
+
+constexpr std::pair<Qt::KeyboardModifier, Qt::Key> kModifierKeys[] = {
+    {Qt::ShiftModifier, Qt::Key_Shift},
+    {Qt::ControlModifier, Qt::Key_Control},
+    {Qt::AltModifier, Qt::Key_Alt}};
+
+/// Each key goes to the widget that has the focus by then, if the window is still there. QTest's
+/// own sequences go on with a widget that the modifier's key has destroyed.
+void send(const QPointer<QWidget>& window, bool down, const Key& key) {
+  if (window && window->focusWidget())
+    QTest::simulateEvent(window->focusWidget(), down, key.code, key.modifiers, key.text, false);
+}
+
+void press(const QPointer<QWidget>& window, const Key& key) {
+  for (const auto& [modifier, code] : kModifierKeys)
+    if (key.modifiers & modifier) send(window, true, {code, {}, {}});
+  send(window, true, key);
+}
+
+void release(const QPointer<QWidget>& window, const Key& key) {
+  send(window, false, key);
+  for (const auto& [modifier, code] : kModifierKeys)
+    if (key.modifiers & modifier) send(window, false, {code, {}, {}});
 }
 
 QMenu* openMenu(QLineEdit& edit) {
@@ -93,19 +124,16 @@ QWidget* focusOf(const QWidget& window) { return window.focusWidget(); }
 void type(QWidget& window, const QString& text) {
   const QPointer<QWidget> alive(&window);
   for (QChar c : text) {
-    if (!alive || !window.focusWidget()) return;
-    QTest::sendKeyEvent(QTest::Click, window.focusWidget(), keyOf(c), QString(c),
-                        c.isUpper() ? Qt::ShiftModifier : Qt::NoModifier);
+    const Key key{keyOf(c), QString(c), c.isUpper() ? Qt::ShiftModifier : Qt::NoModifier};
+    press(alive, key);
+    release(alive, key);
   }
 }
 
 void press(QWidget& window, int key, Qt::KeyboardModifiers modifiers) {
   const QPointer<QWidget> alive(&window);
-  const auto code = static_cast<Qt::Key>(key);
-  if (window.focusWidget())
-    QTest::sendKeyEvent(QTest::Press, window.focusWidget(), code, QString(), modifiers);
-  if (alive && window.focusWidget())
-    QTest::sendKeyEvent(QTest::Release, window.focusWidget(), code, QString(), modifiers);
+  press(alive, {key, {}, modifiers});
+  release(alive, {key, {}, modifiers});
 }
 
 void commit(QWidget& window, const QString& text) {
