@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "runtime/well_formed.h"
 #include "tessaria/host/schema.h"
@@ -88,17 +89,13 @@ class SchemaRows final : public RowSource {
   host::SchemaRestrictions restrictions_;
 };
 
-bool HoldsSecondStatement(StringView text) {
-  char16_t quote = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char16_t c = text[i];
-    if (quote != 0) {
-      if (c == quote) quote = 0;
-    } else if (c == u'\'' || c == u'"') {
-      quote = c;
-    } else if (c == u';') {
-      return text.find_first_not_of(u" \t\r\n;", i) != StringView::npos;
-    }
+bool HoldsSecondStatement(StringView text, SqlRules rules) {
+  SqlScanner scanner(text, rules);
+  bool ended = false;
+  for (SqlToken token = scanner.Next(); !token.Is(SqlToken::Kind::End); token = scanner.Next()) {
+    const bool semicolon = scanner.TextOf(token) == u";";
+    if (ended && !semicolon) return true;
+    ended = ended || semicolon;
   }
   return false;
 }
@@ -269,7 +266,7 @@ RowSource::Answer Connection::Run(const String& statement, bool writable) {
   RequireWellFormed(statement);
   statements_.push_back(statement);
   RaiseFault();
-  if (HoldsSecondStatement(statement)) {
+  if (HoldsSecondStatement(statement, StatementRules())) {
     throw HostError(errors::ProviderError, u"O texto contém mais de um comando.");
   }
   std::optional<Rows> rows;
@@ -277,6 +274,12 @@ RowSource::Answer Connection::Run(const String& statement, bool writable) {
   if (!rows && OnStatement) rows = std::function(OnStatement)(statement);
   if (!rows) return TableRows(statement, writable);
   return {rows->Columns, Numbered(std::move(rows->Cells), rows->Columns), nullptr};
+}
+
+SqlRules Connection::StatementRules() const {
+  const Variant escapes = Properties(u"Backslash Escapes");
+  return {FamiliaDoDialeto(UCase(CStr(Properties(u"DBMS Name")))),
+          !escapes.IsNull() && CBool(escapes)};
 }
 
 RowSource::Answer Connection::TableRows(const String& statement, bool writable) const {

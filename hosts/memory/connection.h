@@ -10,6 +10,7 @@
 
 #include "hosts/memory/recordset.h"
 #include "hosts/memory/table.h"
+#include "lookup/sql_scanner.h"
 
 namespace tessaria::memory {
 
@@ -87,6 +88,7 @@ class Connection final : public host::Connection, public std::enable_shared_from
   void RaiseFault();
   void Write(const std::function<void()>& change);
   RowSource::Answer Run(const String& statement, bool writable);
+  SqlRules StatementRules() const;
   RowSource::Answer TableRows(const String& statement, bool writable) const;
   host::RecordsetPtr OpenRows(std::unique_ptr<RowSource> source, const String& text);
   RowSource::Answer Schema(host::SchemaKind kind, const host::SchemaRestrictions& restrictions);
@@ -107,7 +109,8 @@ class Connection final : public host::Connection, public std::enable_shared_from
   std::optional<std::map<String, Table>> savedTables_;  ///< inside a transaction
 };
 
-/// Whether a text holds a second statement behind a semicolon; quoted text does not count.
-bool HoldsSecondStatement(StringView text);
+/// Whether a text holds anything but semicolons behind a semicolon. Quoted texts and comments do
+/// not count.
+bool HoldsSecondStatement(StringView text, SqlRules rules);
 
 }  // namespace tessaria::memory

@@ -55,6 +55,7 @@ class Recordset final : public host::Recordset, public std::enable_shared_from_t
   String Sort() const override { return order_; }
 
   host::EditMode EditMode() const override;
+  bool IsInDoubt() const override;
   void AddNew() override;
   void Update() override;
   void CancelUpdate() override;

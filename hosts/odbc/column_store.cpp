@@ -33,9 +33,6 @@ std::size_t WidthOf(Storage storage) {
   return 0;
 }
 
-bool IsHighSurrogate(char16_t c) { return c >= 0xD800 && c < 0xDC00; }
-bool IsLowSurrogate(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
-
 // Writes a character's UTF-8 and returns the end. Room for four bytes is the caller's.
 char* Encode(char32_t c, char* out) {
   const auto tail = [&](int shift) { return static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };

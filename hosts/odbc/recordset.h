@@ -85,6 +85,7 @@ class OdbcRecordset final : public host::Recordset,
   String Sort() const override { return sort_; }
 
   host::EditMode EditMode() const override;
+  bool IsInDoubt() const override;
   void AddNew() override;
   void Update() override;
   void CancelUpdate() override;

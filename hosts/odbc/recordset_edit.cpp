@@ -60,6 +60,11 @@ host::EditMode OdbcRecordset::EditMode() const {
   return onDeleted_ ? host::EditMode::Delete : edit_;
 }
 
+bool OdbcRecordset::IsInDoubt() const {
+  Table();
+  return doubt_ != Doubt::None;
+}
+
 void OdbcRecordset::AddNew() {
   RequireUpdatable();
   WriteEdit();

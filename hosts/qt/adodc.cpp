@@ -10,6 +10,7 @@
 #include "hosts/qt/focus_cycle.h"
 #include "hosts/qt/form_events.h"
 #include "hosts/qt/host.h"
+#include "hosts/qt/row_in_doubt.h"
 #include "hosts/qt/text.h"
 #include "hosts/qt/tstext.h"
 #include "hosts/qt/widget_tree.h"
@@ -151,10 +152,14 @@ void Adodc::setConnection(host::ConnectionPtr connection) { connection_ = std::m
 
 void Adodc::setConnectionFactory(ConnectionFactory make) { factory() = std::move(make); }
 
-void Adodc::open() {
+void Adodc::ensureConnection() {
   if (!connection_ && factory()) connection_ = factory()(connectionString_);
   if (!connection_) throw HostError(errors::InvalidConnection);
   if (connection_->State() == host::state::Closed) connection_->Open();
+}
+
+void Adodc::open() {
+  ensureConnection();
   recordSet_ = connection_->OpenRecordset(fromQt(recordSource_), host::CursorType::Static,
                                           host::LockType::Optimistic);
   showPosition();
@@ -169,7 +174,8 @@ bool Adodc::refresh() {
   const QPointer<Adodc> self(this);
   if (!settleField() || !mayLeaveRow()) return false;
   const bool opened = guarded(this, [this] {
-    if (isEditPending()) recordSet_->Update();
+    ensureConnection();
+    if (isEditPending()) writeOrLookFor(*recordSet_);
     open();
   });
   if (!opened || !self) return false;
@@ -284,22 +290,31 @@ bool Adodc::saveRow() {
 
 bool Adodc::cancelRow() {
   const QPointer<Adodc> self(this);
+  bool inDoubt = false;
   // What stands in the focused field is given up too: it is not settled.
-  const bool dropped = guarded(this, [this] {
+  const bool dropped = guarded(this, [&] {
     host::Recordset& rows = require(recordSet_);
+    inDoubt = rows.IsInDoubt();
     if (hasEdit(rows)) rows.CancelUpdate();
     leaveDeletedRow(rows);
     stayOnARow(rows);
   });
   if (!dropped || !self) return false;
   loadRow();
+  if (self && inDoubt) guarded(this, tellGivenUpInDoubt);
   if (self) tell(&Adodc::rowCancelled);
   return true;
 }
 
 bool Adodc::deleteRow() {
   const QPointer<Adodc> self(this);
-  if (!guarded(this, [this] { require(recordSet_).Delete(); }) || !self) return false;
+  bool inDoubt = false;
+  const bool deleted = guarded(this, [&] {
+    host::Recordset& rows = require(recordSet_);
+    inDoubt = rows.IsInDoubt() && rows.EditMode() == host::EditMode::Add;
+    rows.Delete();
+  });
+  if (!deleted || !self) return false;
   // The row is gone, whatever becomes of the step to the next one. A new row was only dropped.
   const bool stepped = guarded(this, [this] {
     leaveDeletedRow(*recordSet_);
@@ -310,6 +325,7 @@ bool Adodc::deleteRow() {
   if (!stepped) guarded(this, [this] { recordSet_->MovePrevious(); });
   if (!self) return false;
   loadRow();
+  if (self && inDoubt) guarded(this, tellGivenUpInDoubt);
   if (self) tell(&Adodc::rowDeleted);
   return true;
 }

@@ -74,7 +74,9 @@ class Adodc final : public QWidget, public ErrorListener {
 
  public slots:  // NOLINT
   /// Writes the pending edit, opens the rows anew and loads the form. False, with a box, when
-  /// that fails; the rows then stay as they are.
+  /// that fails; the rows then stay as they are. A new row that may be stored already, under a key
+  /// that the database gives, is not written again: the rows are read anew around it, the box says
+  /// whether one of them has its values, and `saveRow()` or `cancelRow()` decides.
   bool refresh();
   bool moveFirst();
   bool movePrevious();
@@ -87,7 +89,8 @@ class Adodc final : public QWidget, public ErrorListener {
   bool addRow();
   /// Writes the pending edit.
   bool saveRow();
-  /// Drops the pending edit and loads the row as it was.
+  /// Drops the pending edit and loads the row as it was. Of a row in doubt, which may be stored all
+  /// the same, a box says so.
   bool cancelRow();
   /// Deletes the row and goes to the next one, or the last. A new row is dropped, and the one
   /// before it shows again.
@@ -111,6 +114,7 @@ class Adodc final : public QWidget, public ErrorListener {
  private:
   using Work = std::function<void(host::Recordset&)>;
   bool run(const Work& work, void (Adodc::*done)());
+  void ensureConnection();
   bool settleField();
   bool mayLeaveRow();
   void tell(void (Adodc::*signal)());

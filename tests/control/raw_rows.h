@@ -47,6 +47,7 @@ class RawRows final : public host::Recordset, private host::Fields {
   void Sort(const String&) override {}
   String Sort() const override { return {}; }
   host::EditMode EditMode() const override { return host::EditMode::None; }
+  bool IsInDoubt() const override { return false; }
   void AddNew() override {}
   void Update() override {}
   void CancelUpdate() override {}

@@ -163,12 +163,22 @@ TEST(MemoryTable, NullIsRefusedWhereItIsNotAllowed) {
 
 TEST(MemoryConnection, SecondStatementsAreRecognised) {
   const std::pair<const char16_t*, bool> cases[] = {
-      {u"Select 1", false},          {u"Select 1;", false},           {u"Select 1; \n", false},
-      {u"Select ';' From x", false}, {u"Select \";\" From x", false}, {u"Select 1; Delete", true},
-      {u"Select ''; Drop", true},    {u"Select 'it''s;'", false},
+      {u"Select 1", false},
+      {u"Select 1;", false},
+      {u"Select 1; \n", false},
+      {u"Select ';' From x", false},
+      {u"Select \";\" From x", false},
+      {u"Select 1; Delete", true},
+      {u"Select ''; Drop", true},
+      {u"Select 'it''s;'", false},
+      {u"Select E'\\';'", false},
+      {u"Select 1 -- ;\n", false},
+      {u"Select 1; -- fim", false},
+      {u"Select $$;$$ From x", false},
   };
   for (const auto& [text, second] : cases) {
-    EXPECT_EQ(HoldsSecondStatement(text), second) << testing::PrintToString(String(text));
+    EXPECT_EQ(HoldsSecondStatement(text, {FamiliaSql::PostgreSQL}), second)
+        << testing::PrintToString(String(text));
   }
 }
 

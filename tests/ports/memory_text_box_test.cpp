@@ -2,6 +2,8 @@
 #include "hosts/memory/text_box.h"
 #include "tests/ports/case_count.h"
 #include "tests/ports/text_box_contract.h"
+#include "tests/ports/text_box_edit_contract.h"
+#include "tests/ports/text_box_typing_contract.h"
 
 namespace tessaria::contract {
 namespace {

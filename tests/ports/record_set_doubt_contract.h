@@ -26,6 +26,20 @@ class WriteInDoubtContract : public RecordSetContract {
   }
 };
 
+TEST_P(WriteInDoubtContract, TheRowsTellThatTheirRowIsInDoubt) {
+  const auto rows = WithNewRow();
+  EXPECT_FALSE(rows->IsInDoubt());
+  Lose(true, [&] { rows->Update(); });
+  EXPECT_TRUE(rows->IsInDoubt());
+  Reconnect();
+  rows->Update();
+  EXPECT_FALSE(rows->IsInDoubt());
+  Lose(false, [&] { rows->Delete(); });
+  EXPECT_TRUE(rows->IsInDoubt());
+  rows->CancelUpdate();
+  EXPECT_FALSE(rows->IsInDoubt());
+}
+
 TEST_P(WriteInDoubtContract, TheEditStaysAsItWasTypedAndIsNotSentByItself) {
   const auto rows = Writable();
   Field(rows, u"Nome")->Value(u"Alice");

@@ -9,6 +9,7 @@
 #include "hosts/memory/connection.h"
 #include "hosts/qt/form.h"
 #include "hosts/qt/text.h"
+#include "runtime/conversion.h"
 #include "tests/qt/field_fixture.h"
 #include "tests/support/faulty_rows.h"
 
@@ -213,6 +214,86 @@ TEST_F(DataControl, ARefreshWhoseWriteIsRefusedKeepsTheRowsAndTheEdit) {
   EXPECT_EQ(data_->recordSet(), rows);
   EXPECT_TRUE(data_->isEditPending());
   EXPECT_EQ(name(), QStringLiteral("Outra"));
+}
+
+// --- Rows of which nobody knows whether they were stored
+
+class RowInDoubt : public DataControl {
+ protected:
+  /// A new row whose answer was lost. The table has no key by which it could be found.
+  void loseNewRow(bool stored) {
+    show();
+    data_->addRow();
+    second_->setValue(QStringLiteral("Davi"));
+    connection_->LoseNextAnswer(stored);
+    EXPECT_FALSE(data_->saveRow());
+    EXPECT_EQ(boxes_.takeTexts().size(), 1);
+  }
+  int rowsOf(const char16_t* name) {
+    int count = 0;
+    for (const auto& row : table_->Rows()) count += CStr(row.Cells[1]) == name ? 1 : 0;
+    return count;
+  }
+};
+
+TEST_F(RowInDoubt, ARefreshLooksForTheNewRowAndLeavesTheDecisionToTheOperator) {
+  for (const bool stored : {true, false}) {
+    SCOPED_TRACE(stored);
+    if (!stored) {
+      data_->cancelRow();
+      table_->Delete(table_->Rows().back().Id, table_->Rows().back().Version);
+      boxes_.takeTexts();
+    }
+    loseNewRow(stored);
+    EXPECT_FALSE(data_->refresh());  // which opens the connection again
+    const QStringList texts = boxes_.takeTexts();
+    ASSERT_EQ(texts.size(), 1);
+    EXPECT_EQ(texts[0].contains(QStringLiteral("o registro 4 tem os mesmos valores")), stored);
+    EXPECT_EQ(name(), QStringLiteral("Davi"));
+    EXPECT_EQ(position(), QStringLiteral("Novo registro"));
+    EXPECT_EQ(rowsOf(u"Davi"), stored ? 1 : 0);
+    EXPECT_TRUE(stored ? data_->cancelRow() : data_->saveRow());
+    EXPECT_EQ(boxes_.takeTexts(), QStringList());
+    EXPECT_EQ(rowsOf(u"Davi"), 1);
+    EXPECT_TRUE(data_->refresh());
+    EXPECT_EQ(data_->recordSet()->RecordCount(), 4);
+  }
+}
+
+TEST_F(RowInDoubt, SavingOrMovingNeverStoresItTwice) {
+  loseNewRow(true);
+  connection_->Open();
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_FALSE(data_->saveRow());
+    EXPECT_FALSE(data_->moveFirst());
+    EXPECT_FALSE(data_->addRow());
+  }
+  EXPECT_EQ(boxes_.takeTexts().size(), 9);
+  EXPECT_EQ(rowsOf(u"Davi"), 1);
+  EXPECT_EQ(name(), QStringLiteral("Davi"));
+}
+
+TEST_F(RowInDoubt, GivingItUpSaysThatItMayBeStored) {
+  for (bool (Adodc::*giveUp)() : {&Adodc::cancelRow, &Adodc::deleteRow}) {
+    loseNewRow(true);
+    EXPECT_TRUE((data_->*giveUp)());
+    const QStringList texts = boxes_.takeTexts();
+    ASSERT_EQ(texts.size(), 1);
+    EXPECT_TRUE(texts[0].startsWith(QStringLiteral("O registro pode ter sido gravado ou não")));
+    EXPECT_FALSE(data_->isEditPending());
+    EXPECT_TRUE(data_->refresh());
+    EXPECT_EQ(boxes_.takeTexts(), QStringList());
+  }
+}
+
+TEST_F(RowInDoubt, ARefreshWithoutAServerKeepsTheRowAndItsDoubt) {
+  loseNewRow(true);
+  connection_->FailNext(HostError(errors::ProviderError, u"no server"));
+  EXPECT_FALSE(data_->refresh());
+  EXPECT_EQ(name(), QStringLiteral("Davi"));
+  EXPECT_TRUE(data_->isEditPending());
+  EXPECT_TRUE(data_->recordSet()->IsInDoubt());
+  EXPECT_EQ(rowsOf(u"Davi"), 1);
 }
 
 TEST_F(DataControl, ASearchGoesToTheFirstRowThatMatches) {

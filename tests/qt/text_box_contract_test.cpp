@@ -10,6 +10,8 @@
 #include "hosts/qt/text_box.h"
 #include "tests/ports/case_count.h"
 #include "tests/ports/text_box_contract.h"
+#include "tests/ports/text_box_edit_contract.h"
+#include "tests/ports/text_box_typing_contract.h"
 #include "tests/qt/operator.h"
 
 namespace tessaria::contract {

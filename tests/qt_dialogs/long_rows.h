@@ -39,6 +39,7 @@ class LongRows final : public host::Recordset, private host::Fields {
   void Sort(const String& order) override { order_ = order; }
   String Sort() const override { return order_; }
   host::EditMode EditMode() const override { return host::EditMode::None; }
+  bool IsInDoubt() const override { return false; }
   void AddNew() override {}
   void Update() override {}
   void CancelUpdate() override {}

@@ -36,6 +36,7 @@ class FaultyRows final : public host::Recordset {
   void Sort(const String& order) override { real->Sort(order); }
   String Sort() const override { return real->Sort(); }
   host::EditMode EditMode() const override { return real->EditMode(); }
+  bool IsInDoubt() const override { return real->IsInDoubt(); }
   void AddNew() override { real->AddNew(); }
   void Update() override { real->Update(); }
   void CancelUpdate() override { real->CancelUpdate(); }

@@ -155,6 +155,8 @@ class Recordset : public Object {
   virtual String Sort() const = 0;
 
   virtual host::EditMode EditMode() const = 0;
+  /// Whether the answer to a write of the current row was lost, so that it may have been stored.
+  virtual bool IsInDoubt() const = 0;
   /// Starts a new row; its fields read as Null until assigned.
   virtual void AddNew() = 0;
   /// Writes the pending edit. Errors: -2147217864 when another user changed or deleted the
