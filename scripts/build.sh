@@ -22,6 +22,7 @@ run_quietly() {
 configure_preset() {
   local launcher=''
   if command -v ccache >/dev/null; then launcher=-DCMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
+  export CCACHE_SLOPPINESS=pch_defines,time_macros  # without it, nothing with precompiled headers
   run_quietly "build/$1/log/configure.txt" "Configuring ($1)" \
     cmake --preset "$1" ${launcher:+"$launcher"}
 }
