@@ -50,7 +50,13 @@ ExitVerdict tsText::UserControl_ExitFocus() {
   Trap(u"tsText", u"UserControl_ExitFocus", [&] {
     if (txtEdit_.Tag != exitIsSilenced && Enabled()) Settle(verdict);
   });
+  lastExit_ = verdict;
   return verdict;
+}
+
+bool tsText::HasToSettle() const {
+  return IsTouched() || ValueChanged() || lastExit_ != ExitVerdict::Left || !m_.LastValidaStatus ||
+         IsForbiddenBlank();
 }
 
 /// `verdict` is right at every moment: an error may end the steps anywhere.

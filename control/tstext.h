@@ -52,6 +52,10 @@ class tsText final : public _tsText, private MaskedField {
   /// may be, with its text as it stands. A field that nobody has touched is not written, and is
   /// `NotStored` never.
   ExitVerdict UserControl_ExitFocus();
+  /// Whether leaving the field now would settle anything, for a host whose action runs while the
+  /// field keeps the focus: a text that the operator or a program has changed, a value assigned since
+  /// the focus came in, an exit or a check that failed, or a blank that an action may find.
+  bool HasToSettle() const;
   /// These three pass the key on to the application; errors of its handlers surface here. A host
   /// calls KeyUp for every release but those of auto-repeat; PageDown opens the dialog only when
   /// its key-down came to this control too. The key-up of the box itself (`TextBox::OnKeyUp`)
@@ -428,6 +432,7 @@ class tsText final : public _tsText, private MaskedField {
   mutable Members m_;  // the definitions are created on first need, reading included
   ShownText shown_;
   String designTimeError_;
+  ExitVerdict lastExit_ = ExitVerdict::Left;
   bool pageDownIsHeld_ = false;
   bool loading_ = false;
   bool filtering_ = false;         ///< a key of the box is on its way through the filter

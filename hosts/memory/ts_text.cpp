@@ -209,10 +209,7 @@ void TsText::ShowInnerFocus() {
 
 void TsText::Enter() {
   const auto form = OwnerForm();
-  form->RunEvent([this] {
-    (*this)->UserControl_EnterFocus();
-    watch_.Entered(**this);
-  });
+  form->RunEvent([this] { (*this)->UserControl_EnterFocus(); });
   if (!HasFocus()) return;
   entered_ = true;
   form->RunEvent([this] { ShowInnerFocus(); });
@@ -228,7 +225,7 @@ ExitVerdict TsText::Leave() {
 bool TsText::HasToSettle(const String& action) const {
   const tsText& control = **this;
   const bool cancels = !action.empty() && EqualNoCase(control.ObjetoCancelar(), action);
-  return !cancels && watch_.IsPending(control);
+  return !cancels && control.HasToSettle();
 }
 
 ExitVerdict TsText::Settle() {
@@ -239,7 +236,7 @@ ExitVerdict TsText::Settle() {
 
 ExitVerdict TsText::Exit() {
   ExitVerdict verdict = ExitVerdict::Left;
-  OwnerForm()->RunEvent([&] { watch_.Left(verdict = (*this)->UserControl_ExitFocus()); });
+  OwnerForm()->RunEvent([&] { verdict = (*this)->UserControl_ExitFocus(); });
   return verdict;
 }
 

@@ -5,7 +5,6 @@
 #include <memory>
 #include <vector>
 
-#include "control/edit_watch.h"
 #include "control/tstext.h"
 #include "hosts/memory/command_button.h"
 #include "hosts/memory/form.h"
@@ -99,7 +98,6 @@ class TsText final : public PartWith<host::TsTextWidget> {
   std::unique_ptr<tsText> retired_;  ///< the control of a closed form, until this object goes
   Inner inner_ = Inner::Box;         ///< where the focus is when the surface has it
   bool entered_ = false;
-  EditWatch watch_;
   std::vector<ControlEvent> log_;
   std::vector<String> changed_;
   Colour surfaceColour_ = host::colour::ButtonFace;

@@ -93,7 +93,7 @@ void FocusCycle::leave(TsText& field) {
 }
 
 bool FocusCycle::hasFieldToSettle(const StandIn& standIn) const {
-  return inside_ && !running_ && inside_->isEditPending() &&
+  return inside_ && !running_ && inside_->hasToSettle() &&
          !standIn.names.contains(inside_->objetoCancelar(), Qt::CaseInsensitive);
 }
 

@@ -138,22 +138,17 @@ void TsText::showSurface() {
 }
 
 void TsText::enterSurface() {
-  const std::shared_ptr<Parts> parts = parts_;
-  write([&](tsText& c) {
-    c.UserControl_EnterFocus();
-    parts->watch.Entered(c);
-  });
+  write([](tsText& c) { c.UserControl_EnterFocus(); });
 }
 
 ExitVerdict TsText::leaveSurface() {
-  const std::shared_ptr<Parts> parts = parts_;
   ExitVerdict verdict = ExitVerdict::Left;
-  write([&](tsText& c) { parts->watch.Left(verdict = c.UserControl_ExitFocus()); });
+  write([&](tsText& c) { verdict = c.UserControl_ExitFocus(); });
   return verdict;
 }
 
-bool TsText::isEditPending() const {
-  return read([this](const tsText& c) { return parts_->watch.IsPending(c); });
+bool TsText::hasToSettle() const {
+  return read([](const tsText& c) { return c.HasToSettle(); });
 }
 
 void TsText::unhandled(int number, const QString& description) {

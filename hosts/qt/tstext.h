@@ -334,7 +334,7 @@ class TsText final : public QWidget, public ErrorListener {
   void enterSurface();
   ExitVerdict leaveSurface();
   /// Whether the field, which holds the focus, has something to settle.
-  bool isEditPending() const;
+  bool hasToSettle() const;
   void unhandled(int number, const QString& description) override;
 
  signals:

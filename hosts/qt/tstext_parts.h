@@ -1,7 +1,6 @@
 // What a TsText is made of.
 #pragma once
 
-#include "control/edit_watch.h"
 #include "control/tstext.h"
 #include "hosts/qt/browse_button.h"
 #include "hosts/qt/control_site.h"
@@ -48,7 +47,6 @@ struct TsText::Parts {
   ControlSite site;
   Events events;
   tsText control;
-  EditWatch watch;
 };
 
 template <class Get>

@@ -148,6 +148,54 @@ TEST_P(ActionContract, AFieldThatStandsAsItWasEnteredIsNotDisturbed) {
   EXPECT_THAT(settled_, testing::IsEmpty());
 }
 
+TEST_P(ActionContract, AValueThatAProgramHasAssignedIsSettledAheadOfAnAction) {
+  ShowField();
+  CountSettlings(u"txtCodigo");
+  Control(u"txtCodigo")->Let(u"Value", u"abc");
+  Driver().RunAction();
+  EXPECT_EQ(seen_, u"abc");
+  EXPECT_THAT(settled_, testing::ElementsAre(u"txtCodigo"));
+}
+
+/// An amount that its box shows rounded.
+class RoundedAmountContract : public ActionContract {
+ protected:
+  void SetUp() override {
+    ActionContract::SetUp();
+    ShowField(u"$$$.$$");
+    Driver().Click(u"txtNome");
+    Control(u"txtCodigo")->Let(u"TipoDado", 5);
+    Control(u"txtCodigo")->Let(u"Value", 1.239);
+    while (ActiveName() != u"txtCodigo") Driver().PressTab(true);
+    EXPECT_EQ(Amount(), 1.239);
+    CountSettlings(u"txtCodigo");
+  }
+  double Amount() { return *Control(u"txtCodigo")->Get(u"Value").TryGet<double>(); }
+};
+
+TEST_P(RoundedAmountContract, ThatIsTypedAgainAsItIsShownIsSettledAheadOfAnAction) {
+  double seen = 0;
+  Driver().HandleAction([&] { seen = Amount(); });
+  Driver().Type(u"1,24");
+  Driver().RunAction();
+  EXPECT_EQ(seen, 1.24);
+  EXPECT_THAT(settled_, testing::ElementsAre(u"txtCodigo"));
+}
+
+TEST_P(RoundedAmountContract, ThatIsTypedAgainAsItIsShownIsSettledByTheFrame) {
+  Driver().Type(u"1,24");
+  Driver().CloseByFrame();
+  EXPECT_FALSE(Form().Visible());
+  EXPECT_THAT(settled_, testing::ElementsAre(u"txtCodigo"));
+}
+
+TEST_P(RoundedAmountContract, ThatNobodyTypesIsNotDisturbed) {
+  Driver().RunAction();
+  EXPECT_EQ(runs_, 1);
+  EXPECT_EQ(Amount(), 1.239);
+  EXPECT_THAT(settled_, testing::IsEmpty());
+}
+
 TEST_P(ActionContract, TheActionThatCancelsRunsWithoutSettling) {
   ShowField(u"dd/mm/yyyy");
   Control(u"txtCodigo")->Let(u"ObjetoCancelar", u"ACSALVAR");

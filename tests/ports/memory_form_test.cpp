@@ -87,6 +87,7 @@ const FormHost kMemory{"memory", [] { return std::make_unique<MemoryForm>(); }};
 INSTANTIATE_TEST_SUITE_P(Memory, FormContract, testing::Values(kMemory));
 INSTANTIATE_TEST_SUITE_P(Memory, KeyContract, testing::Values(kMemory));
 INSTANTIATE_TEST_SUITE_P(Memory, ActionContract, testing::Values(kMemory));
+INSTANTIATE_TEST_SUITE_P(Memory, RoundedAmountContract, testing::Values(kMemory));
 
 }  // namespace
 }  // namespace tessaria::contract

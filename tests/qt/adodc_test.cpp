@@ -96,6 +96,23 @@ TEST_F(DataControl, AMoveWritesWhatWasTyped) {
   EXPECT_EQ(*table_->Rows()[0].Cells[1].TryGet<String>(), u"Ângela");
 }
 
+TEST_F(DataControl, AMoveWritesAnAmountThatIsTypedAgainAsItIsShown) {
+  const auto prices =
+      connection_->AddTable(u"Preco", {{u"Valor", host::type::Double}}, {{1.239}, {2.0}});
+  data_->setRecordSource(QStringLiteral("Preco"));
+  bind(*first_, QStringLiteral("Valor"));
+  second_->setDataSource({});
+  first_->setMascara(QStringLiteral("$$$.$$"));
+  show();
+  first_->setFocus();
+  settleEvents();
+  EXPECT_EQ(box().text(), QStringLiteral("1,24"));
+  type(*window_, QStringLiteral("1,24"));
+  press(*window_, Qt::Key_PageDown, Qt::AltModifier);
+  EXPECT_EQ(moves_, 1);
+  EXPECT_EQ(*prices->Rows()[0].Cells[0].TryGet<double>(), 1.24);
+}
+
 TEST_F(DataControl, ARefusedWriteStaysOnTheRowWithTheDriversText) {
   show();
   second_->setFocus();

@@ -137,6 +137,7 @@ const FormHost kQt{"qt", [] { return std::make_unique<QtForm>(); }};
 INSTANTIATE_TEST_SUITE_P(Qt, FormContract, testing::Values(kQt));
 INSTANTIATE_TEST_SUITE_P(Qt, KeyContract, testing::Values(kQt));
 INSTANTIATE_TEST_SUITE_P(Qt, ActionContract, testing::Values(kQt));
+INSTANTIATE_TEST_SUITE_P(Qt, RoundedAmountContract, testing::Values(kQt));
 
 }  // namespace
 }  // namespace tessaria::contract
