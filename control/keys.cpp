@@ -19,7 +19,6 @@ namespace {
 
 // Virtual-key codes.
 constexpr Integer kKeyPageDown = 34;
-constexpr Integer kFirstCharacter = 32;
 // These start no search of a description.
 constexpr Integer kKeyShift = 16;
 constexpr Integer kKeyHome = 36;
@@ -47,20 +46,8 @@ void tsText::FilterKeyDown(Integer& KeyCode, Integer& Shift) {
 }
 
 void tsText::FilterKeyPress(Integer& KeyAscii) {
-  {
-    const ScopedFlag filtering(filtering_);
-    txtEdit_KeyPress(*this, KeyAscii);
-  }
-  // A character that the box puts in place of an equal one is no change of the box.
-  if (KeyAscii >= kFirstCharacter && ReplacesSelection()) shown_.NoteTyping();
-}
-
-/// Whether the box will put a character in place of the selection: one that is too long already
-/// may have no room for it.
-bool tsText::ReplacesSelection() const {
-  const Long selected = txtEdit_.SelLength();
-  const Long limit = txtEdit_.MaxLength();
-  return selected > 0 && (limit == 0 || Len(txtEdit_.Text()) - selected < limit);
+  const ScopedFlag filtering(filtering_);
+  txtEdit_KeyPress(*this, KeyAscii);
 }
 
 void tsText::txtEdit_Change() {

@@ -5,6 +5,12 @@
 
 namespace tessaria {
 
+/// What the operator has typed, for a host that takes an edit back.
+struct Typing {
+  String Texto;
+  bool Touches = false;  ///< whether it counts when the field is left
+};
+
 /// The memory of one box: a field that nobody has touched is not written when it is left.
 ///
 /// The field calls `Remember` whenever it has shown its value. A change of the box that no
@@ -31,6 +37,7 @@ class ShownText {
 
   /// The focus comes in, or the value is shown anew: what was typed before counts no more.
   void ForgetTyping() { typed_ = false; }
+  void RestoreTyping(bool typed) { typed_ = typed; }
   /// The box has changed.
   void NoteChange() { typed_ = typed_ || ownWrites_ == 0; }
   /// The operator puts a text into the box, be it the same as before.

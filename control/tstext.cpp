@@ -27,6 +27,7 @@ tsText::tsText(host::ControlSite& site, host::TextBox& txtEdit, host::CommandBut
                tsTextEvents& events)
     : site_(site), txtEdit_(txtEdit), btnBrowse_(btnBrowse), events_(events) {
   txtEdit_.OnChange = [this] { txtEdit_Change(); };
+  txtEdit_.OnSameText = [this] { shown_.NoteTyping(); };
   txtEdit_.OnKeyDown = [this](Integer& KeyCode, Integer& Shift) { FilterKeyDown(KeyCode, Shift); };
   txtEdit_.OnKeyPress = [this](Integer& KeyAscii) { FilterKeyPress(KeyAscii); };
   txtEdit_.OnKeyUp = [this](Integer& KeyCode, Integer&) { txtEdit_KeyUp(KeyCode); };
@@ -37,6 +38,7 @@ tsText::tsText(host::ControlSite& site, host::TextBox& txtEdit, host::CommandBut
 
 tsText::~tsText() {
   txtEdit_.OnChange = nullptr;
+  txtEdit_.OnSameText = nullptr;
   txtEdit_.OnKeyDown = nullptr;
   txtEdit_.OnKeyPress = nullptr;
   txtEdit_.OnKeyUp = nullptr;
@@ -107,6 +109,11 @@ void tsText::Texto(const String& v) {
   const String password = txtEdit_.PasswordChar();
   WriteBox(password.empty() ? v : StringOf(Len(v), password));
   site_.PropertyChanged(u"Texto");
+}
+
+void tsText::RestoreTyping(const Typing& typing) {
+  Texto(typing.Texto);
+  shown_.RestoreTyping(typing.Touches);
 }
 
 String tsText::Text() const { return txtEdit_.Text(); }

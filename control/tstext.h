@@ -135,6 +135,9 @@ class tsText final : public _tsText, private MaskedField {
   /// or as many password characters.
   String Texto() const override { return m_.Texto; }
   void Texto(const String& v) override;
+  /// Both for a host that takes an edit back. Restoring writes the box as `Texto` does.
+  Typing CurrentTyping() const { return {m_.Texto, shown_.IsTyped()}; }
+  void RestoreTyping(const Typing& typing);
   /// The box as it stands; no mask work and no effect on `Value`.
   String Text() const;
   void Text(const String& v);
@@ -334,7 +337,6 @@ class tsText final : public _tsText, private MaskedField {
 
   // What the box was left showing
   bool IsTouched() const;
-  bool ReplacesSelection() const;
   bool HidesTexto() const;
   bool ShowsStoredText() const;
   void WriteBox(const String& text);

@@ -56,7 +56,9 @@ void TextBox::SelLength(Long length) {
 
 String TextBox::SelText() const { return Mid(text_, SelStart() + 1, SelLength()); }
 
-void TextBox::SelText(const String& text) { Replace(SelStart(), SelLength(), text); }
+void TextBox::SelText(const String& text) {
+  if (Replace(SelStart(), SelLength(), text)) Raise(OnChange);
+}
 
 void TextBox::MaxLength(Long characters) { maxLength_ = std::max<Long>(0, characters); }
 
@@ -196,15 +198,15 @@ void TextBox::MoveCaret(Long position, bool extend) {
 }
 
 void TextBox::Backspace() {
-  if (SelLength() > 0) return Replace(SelStart(), SelLength(), u"");
+  if (SelLength() > 0) return PutIn(SelStart(), SelLength(), u"");
   const Long start = Previous(text_, caret_);
-  if (start < caret_) Replace(start, caret_ - start, u"");
+  if (start < caret_) PutIn(start, caret_ - start, u"");
 }
 
 void TextBox::Delete() {
-  if (SelLength() > 0) return Replace(SelStart(), SelLength(), u"");
+  if (SelLength() > 0) return PutIn(SelStart(), SelLength(), u"");
   const Long end = Next(text_, caret_);
-  if (caret_ < end) Replace(caret_, end - caret_, u"");
+  if (caret_ < end) PutIn(caret_, end - caret_, u"");
 }
 
 void TextBox::Enter(const String& text) {
@@ -213,15 +215,19 @@ void TextBox::Enter(const String& text) {
   const Long room = maxLength_ == 0 ? Len(text) : maxLength_ - (Len(text_) - length);
   const String fitting = LeftWhole(text, std::max<Long>(0, room));
   const std::weak_ptr<const bool> alive = alive_;
-  if (!fitting.empty() || text.empty()) Replace(start, length, fitting);
+  if (!fitting.empty() || (text.empty() && length > 0)) PutIn(start, length, fitting);
   if (fitting.size() < text.size() && !alive.expired()) Raise(OnNoRoom);
 }
 
-void TextBox::Replace(Long start, Long length, const String& text) {
+void TextBox::PutIn(Long start, Long length, const String& text) {
+  Raise(Replace(start, length, text) ? OnChange : OnSameText);
+}
+
+bool TextBox::Replace(Long start, Long length, const String& text) {
   const bool differs = Mid(text_, start + 1, length) != text;
   text_.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(length), text);
   anchor_ = caret_ = start + Len(text);
-  if (differs) Raise(OnChange);
+  return differs;
 }
 
 }  // namespace tessaria::memory

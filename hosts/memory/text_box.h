@@ -93,7 +93,10 @@ class TextBox final : public host::TextBox {
   /// What the operator puts in place of the selection: as much as there is room for. Nothing
   /// happens when there is room for none.
   void Enter(const String& text);
-  void Replace(Long start, Long length, const String& text);
+  /// An edit of the operator, told.
+  void PutIn(Long start, Long length, const String& text);
+  /// Whether that changes the text.
+  bool Replace(Long start, Long length, const String& text);
   Long Clamp(Long position) const;
 
   String text_;

@@ -4,7 +4,7 @@
 #include <QString>
 #include <vector>
 
-#include "tessaria/string.h"
+#include "control/shown_text.h"
 
 namespace tessaria::qt {
 
@@ -13,10 +13,10 @@ struct EditState {
   QString text;
   int selStart = 0;
   int selLength = 0;
-  String typed;  ///< what stands behind the box
+  Typing typing;  ///< what stands behind the box
 
   bool hasTextOf(const EditState& other) const {
-    return text == other.text && typed == other.typed;
+    return text == other.text && typing.Texto == other.typing.Texto;
   }
 };
 

@@ -67,6 +67,7 @@ void LineEdit::replaceSelection(const QString& text) {
   const Work work(this, By::Handlers);
   showHiddenSelection();
   insert(text);
+  edited_ = false;
 }
 
 int LineEdit::selStart() const {
@@ -114,6 +115,7 @@ void LineEdit::insertFitting(const QString& text) {
 
 /// The operator changed the text by Qt's own means.
 void LineEdit::edited() {
+  edited_ = true;
   if (typing_ == 0 && maskInUse().isEmpty()) withoutKey_ = true;
   flush();
 }
@@ -137,7 +139,10 @@ bool LineEdit::takesBackForeignText() {
 void LineEdit::flush() {
   if (working_ > 0 || takesBackForeignText()) return;
   const QPointer<LineEdit> self(this);
-  if (text() != known_) {
+  const bool byOperator = std::exchange(edited_, false);
+  if (text() == known_) {
+    if (byOperator && events_) events_->sameText();
+  } else {
     known_ = text();
     hidden_.reset();
     if (steps_ == 0) history_.clear();

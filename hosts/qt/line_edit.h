@@ -39,6 +39,8 @@ class EditEvents {
  public:
   virtual ~EditEvents() = default;
   virtual void changed() = 0;
+  /// The operator has put in the very text that the edit held.
+  virtual void sameText() = 0;
   virtual KeyFate keyDown(Integer code, Integer shift, KeyReach reach) = 0;
   /// `code` may come back changed.
   virtual KeyFate keyPress(Integer& code) = 0;
@@ -46,10 +48,10 @@ class EditEvents {
   virtual void gotFocus() = 0;
   virtual void lostFocus() = 0;
   virtual MaskInUse maskInUse() const = 0;
-  /// What stands behind the box: the typed text, which a password hides. Assigning it may write the
-  /// box too.
-  virtual String typedText() const = 0;
-  virtual void typedText(const String& text) = 0;
+  /// What stands behind the box: the typed text, which a password hides, and whether it counts.
+  /// Restoring it may write the box too.
+  virtual Typing typing() const = 0;
+  virtual void restoreTyping(const Typing& typing) = 0;
 };
 
 /// Order of a key: key-down, key-press per character, edit, change, key-up; the handlers are
@@ -150,6 +152,7 @@ class LineEdit final : public QLineEdit {
   int working_ = 0;       ///< depth of `Work`
   int typing_ = 0;        ///< depth of `Work` whose text went through the handlers
   bool trusted_ = false;  ///< the text not told yet came that way
+  bool edited_ = false;   ///< the operator did something to it
   bool withoutKey_ = false;
   bool byKey_ = false;  ///< a key has its own key-up
   EditHistory history_;

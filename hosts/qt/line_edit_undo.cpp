@@ -9,13 +9,14 @@ namespace tessaria::qt {
 bool LineEdit::keepsHistory() const { return comforts().ClipboardKeys && !maskInUse().isEmpty(); }
 
 EditState LineEdit::state() const {
-  return {text(), selStart(), selLength(), events_ ? events_->typedText() : String()};
+  return {text(), selStart(), selLength(), events_ ? events_->typing() : Typing{}};
 }
 
 void LineEdit::restore(const EditState& state) {
   const Work work(this, By::Handlers);
-  if (events_) events_->typedText(state.typed);
+  if (events_) events_->restoreTyping(state.typing);
   if (state.text != text()) setText(state.text);
+  edited_ = false;
   setSelStart(state.selStart);
   setSelLength(state.selLength);
 }

@@ -131,6 +131,10 @@ void TextBox::changed() {
   guarded(edit_, [this] { raise(OnChange); });
 }
 
+void TextBox::sameText() {
+  guarded(edit_, [this] { raise(OnSameText); });
+}
+
 KeyFate TextBox::keyDown(Integer code, Integer shift, KeyReach reach) {
   const Integer original = code;
   KeyFate fate = KeyFate::LeftAlone;
@@ -176,10 +180,10 @@ void TextBox::lostFocus() {
 
 MaskInUse TextBox::maskInUse() const { return Mask ? Mask() : MaskInUse{}; }
 
-String TextBox::typedText() const { return Typed ? Typed() : String(); }
+Typing TextBox::typing() const { return Typed ? Typed() : Typing{}; }
 
-void TextBox::typedText(const String& text) {
-  if (RestoreTyped) RestoreTyped(text);
+void TextBox::restoreTyping(const Typing& typing) {
+  if (RestoreTyped) RestoreTyped(typing);
 }
 
 }  // namespace tessaria::qt

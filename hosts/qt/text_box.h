@@ -54,9 +54,9 @@ class TextBox final : public host::TextBox, public EditEvents {
     std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyUp;
   };
   Preview Surface;
-  /// The typed text behind the box; restoring it may write the box too.
-  std::function<String()> Typed;
-  std::function<void(const String&)> RestoreTyped;
+  /// What stands behind the box; restoring it may write the box too.
+  std::function<Typing()> Typed;
+  std::function<void(const Typing&)> RestoreTyped;
   /// The mask that pasted text goes through.
   std::function<MaskInUse()> Mask;
 
@@ -66,14 +66,15 @@ class TextBox final : public host::TextBox, public EditEvents {
  private:
   // EditEvents
   void changed() override;
+  void sameText() override;
   KeyFate keyDown(Integer code, Integer shift, KeyReach reach) override;
   KeyFate keyPress(Integer& code) override;
   void keyUp(Integer code, Integer shift, PressedIn where) override;
   void gotFocus() override;
   void lostFocus() override;
   MaskInUse maskInUse() const override;
-  String typedText() const override;
-  void typedText(const String& text) override;
+  Typing typing() const override;
+  void restoreTyping(const Typing& typing) override;
 
   LineEdit& edit() const;
   QColor textColour(const QColor& wanted, const QColor& back) const;

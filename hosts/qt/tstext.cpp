@@ -48,8 +48,10 @@ TsText::TsText(QWidget* parent) : QWidget(parent) {
     const tsText& c = parts_->control;
     return MaskInUse{c.Mascara(), c.ItensMascara(), c.PromptChar()};
   };
-  parts_->box.Typed = [this] { return parts_->control.Texto(); };
-  parts_->box.RestoreTyped = [this](const String& text) { parts_->control.Texto(text); };
+  parts_->box.Typed = [this] { return parts_->control.CurrentTyping(); };
+  parts_->box.RestoreTyped = [this](const Typing& typing) {
+    parts_->control.RestoreTyping(typing);
+  };
   // Also for a kind that was assigned past this widget's own properties.
   connect(this, &TsText::propertyChanged, this, [this](const QString& name) {
     if (name == QLatin1String("TipoControle"))

@@ -145,6 +145,25 @@ TEST_P(TypedAnew, TheSameTextIsWritten) {
   EXPECT_THAT(rows->Written, ElementsAre(IsValue(5.0)));
 }
 
+TEST_P(TypedAnew, TheSameTextWithoutAKeyIsWritten) {
+  AddRawRow(host::type::Numeric, Long{5});
+  Control().Mascara(GetParam());
+  form->Show();
+  Enter();
+  Box().Insert(u"5");
+  Leave();
+  EXPECT_THAT(rows->Written, ElementsAre(IsValue(5.0)));
+}
+
+TEST_F(UntouchedTest, ATextOfTheProgramInPlaceOfTheSameIsNotWritten) {
+  AddRawRow(host::type::Numeric, Long{5});
+  form->Show();
+  Enter();
+  Control().SelText(u"5");
+  Leave();
+  EXPECT_THAT(rows->Written, IsEmpty());
+}
+
 TEST_F(UntouchedTest, ARefusedValueIsTouchedUntilAWriteSucceedsOrTheRowIsLoadedAgain) {
   AddRow({u"campo", host::type::VarWChar, 5}, u"Ana");
   form->Show();
@@ -172,7 +191,9 @@ TEST_F(UntouchedTest, ATextThatCouldNotBeConvertedGivesWayToTheOldValueAtTheNext
   Leave();
   EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
   EXPECT_EQ(Box().Text(), u"");
+  EXPECT_TRUE(Control().HasToSettle());
   TabThrough();
+  EXPECT_FALSE(Control().HasToSettle());
   EXPECT_EQ(Box().Text(), u"7");
   EXPECT_THAT(Stored(), IsValue(Long{7}));
 }

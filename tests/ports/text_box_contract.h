@@ -80,6 +80,7 @@ class TextBoxContract : public testing::TestWithParam<TextBoxHost> {
   /// Writes each event of the box to `events_`.
   void Record() {
     Box().OnChange = [this] { events_.push_back("change"); };
+    Box().OnSameText = [this] { events_.push_back("same text"); };
     Box().OnKeyDown = [this](Integer& code, Integer& shift) {
       events_.push_back("down " + std::to_string(code) + " " + std::to_string(shift));
     };

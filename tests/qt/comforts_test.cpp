@@ -206,6 +206,16 @@ TEST_P(RefusedPaste, LeavesTheFieldAsItIsAndSaysSo) {
   EXPECT_EQ(changes, 0);
 }
 
+TEST_P(RefusedPaste, TouchesNothing) {
+  const Refused& row = GetParam();
+  start(row.mask, row.typed, row.maxLength);
+  enterAgain();
+  box().setCursorPosition(int(qstrlen(row.typed)));
+  ASSERT_FALSE(first_->control().CurrentTyping().Touches);
+  pasteByMenu(box(), QString::fromUtf8(row.pasted));
+  EXPECT_FALSE(first_->control().CurrentTyping().Touches);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Comforts, RefusedPaste,
     testing::Values(Refused{"a letter in a slot of digits", "00000", "12", "3a"},

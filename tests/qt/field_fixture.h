@@ -43,6 +43,12 @@ class FieldFixture : public testing::Test {
     second_->setFocus(Qt::TabFocusReason);
     settleEvents();
   }
+  /// The focus comes into the first field anew.
+  void enterAgain() {
+    leave();
+    first_->setFocus();
+    settleEvents();
+  }
   TsText* focusedField() {
     QWidget* focus = window_->focusWidget();
     return focus ? qobject_cast<TsText*>(focus->parentWidget()) : nullptr;

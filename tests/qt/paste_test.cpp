@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QTest>
 
+#include "control/tstext.h"
 #include "hosts/qt/line_edit.h"
 #include "tests/qt/field_fixture.h"
 
@@ -84,6 +85,42 @@ struct Refused {
 
 void PrintTo(const Refused& row, std::ostream* out) { *out << row.name; }
 
+class PasteOfTheSameText : public FieldFixture, public testing::WithParamInterface<const char*> {
+ protected:
+  /// Shows 7 in a field of the mask, all of it selected.
+  void start() {
+    first_->setMascara(QLatin1String(GetParam()));
+    first_->setTipoDado(5);
+    show();
+    first_->setValue(7.0);
+    enterAgain();
+  }
+  bool isTouched() { return first_->control().CurrentTyping().Touches; }
+};
+
+INSTANTIATE_TEST_SUITE_P(Masks, PasteOfTheSameText,
+                         testing::Values("", "0", "$", "$$$.$$", "X", "A"));
+
+TEST_P(PasteOfTheSameText, CountsAsTyped) {
+  start();
+  const QString before = box().text();
+  ASSERT_FALSE(isTouched());
+  pasteByMenu(box(), before);
+  EXPECT_EQ(box().text(), before);
+  EXPECT_TRUE(isTouched());
+}
+
+TEST_F(Pasting, TheSameTextByKeyCountsAsTyped) {
+  show();
+  first_->setValue(QStringLiteral("Ana"));
+  enterAgain();
+  ASSERT_EQ(first_->selLength(), 3);
+  QApplication::clipboard()->setText(QStringLiteral("Ana"));
+  press(*window_, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(first_->text(), QStringLiteral("Ana"));
+  EXPECT_TRUE(first_->control().CurrentTyping().Touches);
+}
+
 class NumberThatDoesNotFit : public FieldFixture, public testing::WithParamInterface<Refused> {};
 
 TEST_P(NumberThatDoesNotFit, LeavesTheTextAndBeeps) {
@@ -99,6 +136,19 @@ TEST_P(NumberThatDoesNotFit, LeavesTheTextAndBeeps) {
     EXPECT_EQ(first_->selLength(), replacing ? 1 : 0);
     EXPECT_GT(boxes_.beeps(), beeps);
   }
+}
+
+TEST_P(NumberThatDoesNotFit, TouchesNothing) {
+  first_->setMascara(QLatin1String(GetParam().mask));
+  first_->setMaxLength(GetParam().maxLength);
+  first_->setTipoDado(5);
+  show();
+  first_->setValue(1.239);
+  enterAgain();
+  pasteByMenu(box(), QString::fromUtf8(GetParam().text));
+  EXPECT_FALSE(first_->control().CurrentTyping().Touches);
+  leave();
+  EXPECT_EQ(first_->value().toDouble(), 1.239);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -94,6 +94,8 @@ class TextBox {
   String Tag;
 
   std::function<void()> OnChange;
+  /// The operator has put the very text into the box that it held: in place of `OnChange`.
+  std::function<void()> OnSameText;
   std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
   std::function<void(Integer& KeyAscii)> OnKeyPress;
   std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyUp;
