@@ -92,12 +92,14 @@ void tsText::PickFromList(const DialogPlace& place) {
   const auto searches =
       usesSiblings ? Sibling()->Get(u"Pesquisa").As<tessaria::Pesquisa>() : Pesquisa();
   Variant value = m_.Value;
-  mdlObjTxt::FimDaLista end{};
-  const String chosen = Trim(mdlObjTxt::VerBrowse(
-      place.Top, place.Left, txtEdit_, value, BrowseTable(), BrwCampo(), BrwCampoIrmao(),
-      BrwCampoOutros(), BrwGroupBy(), BrwLeftJoin(), BrwWhere(), BrwTitulo(), m_.TipoControle,
-      Browse()->WherePronto() ? nullptr : site_.Parent(), Browse()->cgrColGrid(), searches,
-      m_.MsgBrowse, hWnd(), &end));
+  String where = BrwWhere();
+  String chosen;
+  auto end = mdlObjTxt::FimDaLista::Falhou;
+  if (ExpandForList(where))
+    chosen = Trim(mdlObjTxt::VerBrowse(
+        place.Top, place.Left, txtEdit_, value, BrowseTable(), BrwCampo(), BrwCampoIrmao(),
+        BrwCampoOutros(), BrwGroupBy(), BrwLeftJoin(), where, BrwTitulo(), m_.TipoControle, nullptr,
+        Browse()->cgrColGrid(), searches, m_.MsgBrowse, hWnd(), &end));
   App().DoEvents();
   TakeFromList(end, chosen);
   App().DoEvents();
@@ -111,6 +113,12 @@ void tsText::TakeFromList(mdlObjTxt::FimDaLista end, const String& key) {
     AssignItself();
   else
     Value(MaxLength() != 0 ? Left(key, MaxLength()) : key);
+}
+
+/// False when that failed, which is reported as the list's own errors are.
+bool tsText::ExpandForList(String& where) const {
+  return Browse()->WherePronto() ||
+         Trap(u"mdlObjTxt", u"VerBrowse", [&] { where = Expanded(where); });
 }
 
 void tsText::PickDate(const DialogPlace& place) {

@@ -2,6 +2,7 @@
 
 #include "control/tstext.h"
 #include "lookup/where_text.h"
+#include "services/trap.h"
 
 namespace tessaria {
 
@@ -23,8 +24,14 @@ void tsText::Pesquisa(const std::shared_ptr<tessaria::Pesquisa>& v) {
 
 String tsText::Condition() const {
   const auto definition = Browse();
-  if (definition->WherePronto()) return definition->BrwWhere();
-  return mdlObjTxt::ExpandeCondicao(FormDoControle(), definition->BrwWhere());
+  return definition->WherePronto() ? definition->BrwWhere() : Expanded(definition->BrwWhere());
+}
+
+String tsText::Expanded(const String& where) const {
+  String condition;
+  Catch([&] { condition = mdlObjTxt::ExpandeCondicao(FormDoControle(), where); },
+        [&] { RaiseNaming(u"BrwWhere"); });
+  return condition;
 }
 
 // The eight texts of the lookup: the control's own wins over the definition's.

@@ -188,17 +188,17 @@ std::shared_ptr<host::DataControl> tsText::DataControlByName() const {
   return control;
 }
 
-/// The control that a property names. The error for one that is missing tells both names.
 host::WidgetPtr tsText::Named(const char16_t* property, const String& name) const {
   host::WidgetPtr widget;
-  Catch([&] { widget = site_.Parent()->Controls(name); },
-        [&] {
-          if (Err().Number != errors::ControlNotFound)
-            throw HostError(Err().Number, Err().Description);
-          throw HostError(errors::ControlNotFound, Err().Description + u", em " + property +
-                                                       u" de '" + site_.DisplayName() + u"'");
-        });
+  Catch([&] { widget = site_.Parent()->Controls(name); }, [&] { RaiseNaming(property); });
   return widget;
+}
+
+void tsText::RaiseNaming(const char16_t* property) const {
+  String description = Err().Description;
+  if (Err().Number == errors::ControlNotFound)
+    description += String(u", em ") + property + u" de '" + site_.DisplayName() + u"'";
+  throw HostError(Err().Number, description);
 }
 
 host::RecordsetPtr tsText::BoundRecordset() const {

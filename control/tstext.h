@@ -53,8 +53,8 @@ class tsText final : public _tsText, private MaskedField {
   /// `NotStored` never.
   ExitVerdict UserControl_ExitFocus();
   /// Whether leaving the field now would settle anything, for a host whose action runs while the
-  /// field keeps the focus: a text that the operator or a program has changed, a value assigned since
-  /// the focus came in, an exit or a check that failed, or a blank that an action may find.
+  /// field keeps the focus: a text that the operator or a program has changed, a value assigned
+  /// since the focus came in, an exit or a check that failed, or a blank that an action may find.
   bool HasToSettle() const;
   /// These three pass the key on to the application; errors of its handlers surface here. A host
   /// calls KeyUp for every release but those of auto-repeat; PageDown opens the dialog only when
@@ -171,8 +171,8 @@ class tsText final : public _tsText, private MaskedField {
   /// The box's password character; "" shows the text itself.
   String PasswordChar() const;
   void PasswordChar(const String& v);
-  /// Most characters that the operator can type or paste; 0 is no limit there, and no integer digits
-  /// for a sign. Texts of the program, of a row or of a lookup are taken whole.
+  /// Most characters that the operator can type or paste; 0 is no limit there, and no integer
+  /// digits for a sign. Texts of the program, of a row or of a lookup are taken whole.
   Long MaxLength() const;
   void MaxLength(Long v);
   /// Selection in the box: from 0, in characters.
@@ -354,6 +354,8 @@ class tsText final : public _tsText, private MaskedField {
   std::shared_ptr<host::TsTextWidget> Sibling() const;
   /// The definition's where text with its parameters replaced.
   String Condition() const;
+  /// A where text with its parameters replaced.
+  String Expanded(const String& where) const;
   String SiblingLiteral() const;
   void FetchSiblingLiteral();
   void CompleteDescription(Integer KeyCode);
@@ -370,6 +372,8 @@ class tsText final : public _tsText, private MaskedField {
   host::RecordsetPtr BoundRecordset() const;
   /// A control of the form by the name that the property holds. Error 730 tells both.
   host::WidgetPtr Named(const char16_t* property, const String& name) const;
+  /// Raises the pending error again; error 730 then tells the property and this field.
+  [[noreturn]] void RaiseNaming(const char16_t* property) const;
 
   // Validation
   /// How the rules of leaving end. Escaped: the focus goes where nothing is checked.
@@ -405,6 +409,7 @@ class tsText final : public _tsText, private MaskedField {
   DialogPlace PlaceBelow() const;
   void PickFromList(const DialogPlace& place);
   void TakeFromList(mdlObjTxt::FimDaLista end, const String& key);
+  bool ExpandForList(String& where) const;
   void PickDate(const DialogPlace& place);
   void PickPath(const DialogPlace& place);
   void TakeAnswer(const Variant& answer, bool isOwn);

@@ -141,6 +141,19 @@ TEST_F(ButtonFaults, ALookupReportsItsOwnFaultsAndTheClickGoesOn) {
   EXPECT_THAT(Returns(), SizeIs(1));
 }
 
+TEST_F(ButtonFaults, AConditionWithoutItsControlIsToldAsAFaultOfTheListAndTheClickGoesOn) {
+  Control().BrwWhere(u"cidade = @txtNada@");
+  Show(TipoControle::Browse);
+  connection->TakeStatements();
+  field->btnBrowse().OnClick();
+  EXPECT_THAT(app.TakeBoxes(),
+              ElementsAre(ErrorBox(MissingControl(u"txtNada", u"BrwWhere", u"txtCampo"),
+                                   u"VerBrowse", u"mdlObjTxt")));
+  EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+  EXPECT_EQ(Box().Tag, u"");
+  EXPECT_THAT(Returns(), SizeIs(1));
+}
+
 TEST_F(ButtonFaults, AKeyThatIsGoneIsAFaultOfItsDescription) {
   AddField(u"txtChave");
   Control().TxtIrmao(u"txtChave");

@@ -361,11 +361,12 @@ TEST_F(SiblingTest, AnErrorOfAtualizaIrmaoIsReportedUnderARunOnName) {
   (*key)->Browse()->BrwWhere(u"x = @txtNada@");
   (*key)->Value(u"7");
   (*key)->AtualizaIrmao();
-  EXPECT_THAT(app.TakeBoxes(),
-              ElementsAre(memory::MessageBoxRecord{
-                  0, MissingControl(u"txtNada").Description(), host::box::Stop,
-                  u"Erro: 730 - Função: tsText.Erro ao efetuar a ataulização do campo "
-                  u"IrmãoMódulo tsText - Procedimento AtualizaIrmao"}));
+  EXPECT_THAT(
+      app.TakeBoxes(),
+      ElementsAre(memory::MessageBoxRecord{
+          0, MissingControl(u"txtNada", u"BrwWhere", key->Name()).Description(), host::box::Stop,
+          u"Erro: 730 - Função: tsText.Erro ao efetuar a ataulização do campo "
+          u"IrmãoMódulo tsText - Procedimento AtualizaIrmao"}));
 }
 
 TEST_F(SiblingTest, AnErrorBehindTheAssignmentLeavesTheSiblingWritten) {

@@ -495,9 +495,11 @@ TEST_F(LaterStepsTest, AnErrorIsShownAndTheAssignmentIsNotTold) {
   (*field)->BrwWhere(u"cidade = @txtNada@");
   TypedAKey();
   (*field)->Value(u"5");
-  EXPECT_THAT(app.TakeBoxes(),
-              ElementsAre(StopBox((*field)->hWnd(), MissingControl(u"txtNada").Description(),
-                                  u"Erro ao Atualizar o Campo")));
+  EXPECT_THAT(
+      app.TakeBoxes(),
+      ElementsAre(StopBox((*field)->hWnd(),
+                          MissingControl(u"txtNada", u"BrwWhere", field->Name()).Description(),
+                          u"Erro ao Atualizar o Campo")));
   EXPECT_THAT(field->ChangedProperties(), Not(Contains(u"Value")));
   EXPECT_THAT((*field)->Value(), IsValue(u"5"));
   EXPECT_EQ(field->txtEdit().Text(), u"5");
@@ -545,6 +547,19 @@ TEST_F(TableValueTest, ATextTooLongForItsFieldIsRefused) {
 TEST_F(TableValueTest, AFieldThatRefusesNullReceivesZero) {
   (*code)->Value(u"");
   EXPECT_THAT((*code)->Value(), IsValue(Long{0}));
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
+// The value in memory is then not the row's.
+TEST_F(ControlTest, ATextThatItsColumnMakesNullOfStaysInMemory) {
+  const auto data = AddData({{u"ativo", host::type::Boolean}}, {{true}});
+  const auto field = AddField(u"txtAtivo");
+  Bind(field, u"ativo");
+  form->Show();
+  (*field)->Value(u" ");
+  EXPECT_THAT(data->RecordSet()->Fields().Item(u"ativo")->Value(), IsNullVariant());
+  EXPECT_THAT((*field)->Value(), IsValue(u" "));
+  EXPECT_EQ((*field)->Texto(), u"");
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 

@@ -138,6 +138,34 @@ TEST_P(TextBoxContract, TextWithoutAKeyIsCutToTheRoomThatItsSelectionMakes) {
   EXPECT_EQ(Box().Text(), u"1234");
 }
 
+TEST_P(TextBoxContract, TheSameTextInPlaceOfTheSelectionIsTold) {
+  Start(u"abc", 1, 1);
+  Operator().Type(u"b");
+  EXPECT_EQ(Count("same text"), 1);
+  Box().SelStart(0);
+  Box().SelLength(3);
+  Operator().Insert(u"abc");
+  EXPECT_EQ(Count("same text"), 2);
+  EXPECT_EQ(Count("change"), 0);
+  ExpectSelection(3, 0);
+}
+
+TEST_P(TextBoxContract, TheSameTextOfAProgramIsNotTold) {
+  Start(u"abc", 0, 3);
+  Box().SelText(u"abc");
+  Box().Text(u"abc");
+  Operator().Press(EditKey::Left);
+  EXPECT_EQ(Count("same text"), 0);
+}
+
+TEST_P(TextBoxContract, AKeyThatFindsNoRoomTellsOfNoText) {
+  Start(u"abcdef", 0, 2);
+  Box().MaxLength(3);
+  Operator().Type(u"a");
+  EXPECT_EQ(Box().Text(), u"abcdef");
+  EXPECT_EQ(Count("same text") + Count("change"), 0);
+}
+
 TEST_P(TextBoxContract, TextWithoutAKeyThatHasNoRoomAtAllChangesNothing) {
   Box().MaxLength(3);
   Start(u"abcdef", 1, 2);
