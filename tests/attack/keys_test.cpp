@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "mask/masks.h"
+#include "mask/numbers.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "tests/attack/random_form.h"
@@ -30,6 +31,20 @@ std::string Told(const memory::Row& cells) {
   for (const Variant& cell : cells) text += Told(cell) + " ";
   return text;
 }
+
+/// A field just before the focus leaves it.
+struct LeftBehind {
+  LeftBehind() = default;
+  explicit LeftBehind(const tsText& field)
+      : Box(field.Text()),
+        Texto(field.Texto()),
+        Value(field.Value()),
+        Typed(field.CurrentTyping().Touches) {}
+
+  String Box, Texto;
+  Variant Value;
+  bool Typed = false;  ///< by the operator, since the focus came in
+};
 
 /// One form under attack. Its draws depend on its number alone, so a fault is told a second time
 /// with every step that led to it.
@@ -112,11 +127,11 @@ class Round {
 
   void Leave() {
     memory::TsText* field = form_.Focused();
-    const String typed = field ? (*field)->Text() : String();
+    const LeftBehind before = field ? LeftBehind(**field) : LeftBehind();
     form_.Program().TakeBoxes();
     MoveFocus();
     if (field == nullptr || field == form_.Focused()) return;
-    CheckAgreement(*field, typed);
+    CheckAgreement(*field, before);
   }
 
   void MoveFocus() {
@@ -216,16 +231,18 @@ class Round {
   }
 
   /// After a field was left: what was typed is either its value, in all its forms, or still there.
-  void CheckAgreement(memory::TsText& field, const String& typed) {
+  void CheckAgreement(memory::TsText& field, const LeftBehind& before) {
     const tsText& control = *field;
     const auto active = form_.Form().ActiveControl();
     if (active && active->Name() == control.ObjetoCancelar()) return;  // nothing was settled
-    if (!form_.Program().Boxes().empty()) return CheckTypedStays(field, typed);
+    if (!form_.Program().Boxes().empty()) return CheckTypedStays(field, before);
     if (!control.LastValidaStatus()) return;
     const Variant value = control.Value();
     const String expected = mdlObjTxt::LimpaMascara(value.IsNull() ? String() : CStr(value),
                                                     control.Mascara(), control.ItensMascara());
-    if (control.Texto() != expected)
+    // Where a column has made Null of a text, the text stays in memory.
+    const bool isNull = control.Texto().empty() && ColumnHoldsNull(control);
+    if (control.Texto() != expected && !isNull)
       Found("Texto and Value differ after the exit",
             Settings(field) + ": Texto " + Quoted(control.Texto()) + ", Value " + Told(value));
     if (!control.DataField().empty() || (control.Mascara().empty() && value.IsNull())) return;
@@ -236,20 +253,66 @@ class Round {
             Settings(field) + ": box " + Quoted(control.Text()) + ", Value " + Told(value));
   }
 
-  void CheckTypedStays(memory::TsText& field, const String& typed) {
+  void CheckTypedStays(memory::TsText& field, const LeftBehind& before) {
     Count("exits with a message");
     const tsText& control = *field;
+    // What nobody typed gives way to the value.
+    if (!before.Typed) return Count("untouched exits with a message");
     if (RefusedByItsType(control)) return Count("texts that their type refused");
-    // Where a letter or a digit is a literal too, texts lose it by the rules.
-    if (HasLetterOrDigit(control.ItensMascara())) return;
-    const auto characters = [&](const String& text) {
-      return Trim(mdlObjTxt::LimpaMascara(text, control.Mascara(), control.ItensMascara()));
-    };
-    // A mask of literals has no place for what was typed.
-    const String kept = mdlObjTxt::AplicaMascara(typed, control.Mascara(), control.PromptChar(),
-                                                 control.ItensMascara(), u"");
-    if (!characters(kept).empty() && characters(control.Text()).empty())
-      Found("an error takes the typed text away", Settings(field) + ": typed " + Quoted(typed));
+    const bool stays = ShowsSomething(control, control.Text()) || HasNewValue(control, before);
+    if (!stays && KeepsByTheRules(control, before))
+      Found("an error takes the typed text away",
+            Settings(field) + ": typed " + Quoted(before.Box) + " Texto " + Quoted(before.Texto) +
+                ", box " + Quoted(control.Text()) + " Value " + Told(control.Value()) + TheBoxes());
+  }
+
+  bool ColumnHoldsNull(const tsText& control) {
+    const auto column = control.CampoVinculado();
+    return column && !form_.Rows().Eof() && !form_.Rows().Bof() && column->Value().IsNull();
+  }
+  static bool ShowsSomething(const tsText& control, const String& text) {
+    return !Trim(mdlObjTxt::LimpaMascara(text, control.Mascara(), control.ItensMascara())).empty();
+  }
+  static bool HasNewValue(const tsText& control, const LeftBehind& before) {
+    const Variant value = control.Value();
+    // The digits of a number may be literals of the mask.
+    return Told(value) != Told(before.Value) && !value.IsNull() &&
+           (!value.IsString() || ShowsSomething(control, CStr(value)));
+  }
+
+  /// Whether the exit's own steps leave any of the text in the box: zeros, the relation check,
+  /// which puts the found key in its place, and a mask that may lay it out twice.
+  static bool KeepsByTheRules(const tsText& control, const LeftBehind& before) {
+    const bool scrambled = StartsWith(UCase(control.Mascara()), u"X");
+    const String typed = ZeroFilled(control, before.Box);
+    return ShowsSomething(control, Assigned(control, scrambled ? before.Texto : typed)) &&
+           (!control.UsaChecaRelacao() || scrambled ||
+            ShowsSomething(control, Assigned(control, LaidOut(control, RandomForm::kFoundKey))));
+  }
+  static String ZeroFilled(const tsText& control, const String& text) {
+    if (InStr(control.Mascara(), u"0") == 0 || !ShowsSomething(control, text)) return text;
+    memory::TextBox box;
+    box.Text(text);
+    mdlObjTxt::PreencheZeros(box, control.Mascara(), control.ItensMascara(), control.PromptChar(),
+                             control.TipoStrZero());
+    return box.Text();
+  }
+  static String LaidOut(const tsText& control, const String& text) {
+    return mdlObjTxt::AplicaMascara(text, control.Mascara(), control.PromptChar(),
+                                    control.ItensMascara(), u"");
+  }
+  /// The box behind the assignment of the text. The mask is laid over it twice where the value
+  /// holds the mask too.
+  static String Assigned(const tsText& control, const String& text) {
+    if (control.PromptInclude()) return LaidOut(control, LaidOut(control, text));
+    return LaidOut(control,
+                   mdlObjTxt::LimpaMascara(text, control.Mascara(), control.ItensMascara()));
+  }
+  std::string TheBoxes() {
+    std::string told;
+    for (const auto& box : form_.Program().Boxes())
+      told += "\n  box " + Quoted(box.Text) + " title " + Quoted(box.Title);
+    return told;
   }
 
   /// A text that is no number or no date leaves a blank box.
@@ -259,11 +322,6 @@ class Round {
     const auto& boxes = form_.Program().Boxes();
     return !takesText && std::any_of(boxes.begin(), boxes.end(), [](const auto& box) {
       return StartsWith(box.Title, u"Erro ao Atualizar o Campo");
-    });
-  }
-  static bool HasLetterOrDigit(const String& text) {
-    return std::any_of(text.begin(), text.end(), [](char16_t c) {
-      return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
     });
   }
   static bool IsTextType(Long type) { return type == host::type::VarWChar; }

@@ -155,7 +155,8 @@ void RandomForm::AddTables() {
     if (InStr(LCase(statement), u"dados") != 0) return std::nullopt;
     if (random_.Chance(10)) throw HostError(errors::ProviderError, u"recusado");
     memory::Rows rows{{{u"codigo"}, {u"nome"}}, {}};
-    for (std::size_t n = random_.Below(3); n > 0; --n) rows.Cells.push_back({u"1", u"Ana Maria"});
+    for (std::size_t n = random_.Below(3); n > 0; --n)
+      rows.Cells.push_back({kFoundKey, u"Ana Maria"});
     return rows;
   };
 }

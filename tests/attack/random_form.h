@@ -30,6 +30,8 @@ class RandomForm {
   RandomForm& operator=(const RandomForm&) = delete;
 
   static constexpr const char16_t* kDataControl = u"dtcDados";
+  /// The key of every row that a lookup finds.
+  static constexpr const char16_t* kFoundKey = u"1";
 
   memory::Application& Program() { return program_; }
   memory::Desktop& Windows() { return *desktop_; }
