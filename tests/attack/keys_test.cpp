@@ -8,6 +8,7 @@
 #include "mask/masks.h"
 #include "mask/numbers.h"
 #include "runtime/conversion.h"
+#include "runtime/format.h"
 #include "runtime/text.h"
 #include "tests/attack/random_form.h"
 #include "tests/support/printers.h"
@@ -280,11 +281,11 @@ class Round {
            (!value.IsString() || ShowsSomething(control, CStr(value)));
   }
 
-  /// Whether the exit's own steps leave any of the text in the box: zeros, the relation check,
-  /// which puts the found key in its place, and a mask that may lay it out twice.
+  /// Whether the exit's own steps leave any of the text in the box: zeros, the number's format, the
+  /// relation check, which puts the found key in its place, and a mask that may lay it out twice.
   static bool KeepsByTheRules(const tsText& control, const LeftBehind& before) {
     const bool scrambled = StartsWith(UCase(control.Mascara()), u"X");
-    const String typed = ZeroFilled(control, before.Box);
+    const String typed = Rounded(control, ZeroFilled(control, before.Box));
     return ShowsSomething(control, Assigned(control, scrambled ? before.Texto : typed)) &&
            (!control.UsaChecaRelacao() || scrambled ||
             ShowsSomething(control, Assigned(control, LaidOut(control, RandomForm::kFoundKey))));
@@ -296,6 +297,11 @@ class Round {
     mdlObjTxt::PreencheZeros(box, control.Mascara(), control.ItensMascara(), control.PromptChar(),
                              control.TipoStrZero());
     return box.Text();
+  }
+  static String Rounded(const tsText& control, const String& text) {
+    const String mask = control.Mascara();
+    return mdlObjTxt::EhMascaraNumerica(mask) ? Format(text, mdlObjTxt::FormatoNumero(mask, true))
+                                              : text;
   }
   static String LaidOut(const tsText& control, const String& text) {
     return mdlObjTxt::AplicaMascara(text, control.Mascara(), control.PromptChar(),
