@@ -108,6 +108,7 @@ void tsText::PickFromList(const DialogPlace& place) {
 
 void tsText::TakeFromList(mdlObjTxt::FimDaLista end, const String& key) {
   if (end == mdlObjTxt::FimDaLista::Falhou) return;  // the field stays as it stands
+  shown_.ForgetTyping();  // the answer takes the place of what was typed, and has a key of its own
   m_.bCarregandoCampo = true;
   if (end == mdlObjTxt::FimDaLista::SemEscolha)
     AssignItself();
@@ -126,8 +127,11 @@ void tsText::PickDate(const DialogPlace& place) {
   const bool touched = IsTouched();
   const auto calendar = Shared(State().frmCalendario);
   bool chosen = false;
-  const Variant day = calendar->ExecutaCalendario(place.Top, place.Left, txtEdit_, Trim(Stripped()),
-                                                  m_.Mascara, m_.ItensMascara, &chosen);
+  const Variant day = [&] {
+    const ShownText::OwnWrite calendars(shown_);  // it may write the year out, and put it back
+    return calendar->ExecutaCalendario(place.Top, place.Left, txtEdit_, Trim(Stripped()),
+                                       m_.Mascara, m_.ItensMascara, &chosen);
+  }();
   if (chosen) TakeAnswer(day, !touched && LaidOut(day) == given);
   Release(calendar, State().frmCalendario);
 }

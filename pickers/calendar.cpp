@@ -43,6 +43,20 @@ class BoxState {
   Long length_;
 };
 
+/// The box shows the same afterwards, also when its text is no date.
+Date StartDateKeepingBox(host::TextBox& box, const String& text, const String& mask,
+                         const String& items) {
+  const BoxState before(box);
+  try {
+    const Date start = StartDate(box, text, mask, items);
+    before.PutBack();
+    return start;
+  } catch (...) {
+    before.PutBack();
+    throw;
+  }
+}
+
 }  // namespace
 
 const host::DialogDescription& frmCalendario::Description() {
@@ -73,14 +87,11 @@ Variant frmCalendario::ExecutaCalendario(const Variant& nLi, const Variant& nCi,
                                          bool* escolheu) {
   const bool canCancel = comforts().CalendarCancels;
   auto& calendar = dialog_->Find<host::Calendar>(u"Calendario");
-  const BoxState before(txtData);
-  const Date start = StartDate(txtData, cTexto, cMascara, cItensMascara);
+  const auto startDate = canCancel ? StartDateKeepingBox : StartDate;
+  const Date start = startDate(txtData, cTexto, cMascara, cItensMascara);
   calendar.Value(start);
   PlaceOnScreen(*dialog_, static_cast<float>(CDbl(nLi)), static_cast<float>(CDbl(nCi)));
-  if (canCancel)
-    before.PutBack();  // ahead of the window: the field may go away under it
-  else
-    txtData.Text(CStr(start));
+  if (!canCancel) txtData.Text(CStr(start));
   chosen_ = false;
   dialog_->ShowModal();
   if (escolheu) *escolheu = chosen_ || !canCancel;

@@ -1,5 +1,6 @@
 // The button of a lookup: whose texts make the list, what comes back of it, and what escapes it.
 
+#include "tessaria/comforts.h"
 #include "tests/control/button_fixture.h"
 
 namespace tessaria::test {
@@ -73,6 +74,75 @@ TEST_F(ButtonTest, ADescriptionPickedByPageDownIsNotCompletedToALongerOne) {
   EXPECT_EQ(Box().Text(), u"Ana");
   EXPECT_THAT(Control().Value(), IsValue(u"Ana"));
   EXPECT_THAT((*key)->Value(), IsValue(u"1"));
+}
+
+/// Two rows of one description, and the key of each.
+class Homonyms : public ButtonTest, public testing::WithParamInterface<bool> {
+ protected:
+  Homonyms() {
+    setComforts({.SearchWithoutFormerKey = GetParam()});
+    list = {{{u"nome"}, {u"codigo"}}, {{u"Ana", u"1"}, {u"Ana", u"2"}}};
+    connection->OnStatement = [this](const String& statement) -> memory::Rows {
+      if (InStr(statement, u"Order by 1") != 0) return list;
+      const char16_t* code = InStr(statement, u"codigo = '2'") != 0 ? u"2" : u"1";
+      if (StartsWith(statement, u"Select codigo")) return {{{u"codigo"}}, {{code}}};
+      return {list.Columns, {{u"Ana", code}}};
+    };
+    key = AddField(u"txtCodigo");
+    Control().TxtIrmao(u"txtCodigo");
+    Show(TipoControle::Descricao);
+    Control().BrwCampo(u"nome");
+    Control().BrwCampoIrmao(u"codigo");
+  }
+  ~Homonyms() override { setComforts({}); }
+  /// By the keyboard, as the operator does.
+  void PickByPageDown(Script script) {
+    desktop->WillShow(u"frmBrowse", std::move(script));
+    form->Press(Key::PageDown);
+  }
+
+  FieldPtr key;
+};
+
+INSTANTIATE_TEST_SUITE_P(SearchWithoutFormerKey, Homonyms, testing::Bool());
+
+TEST_P(Homonyms, TheChosenRowGivesItsOwnKeyAlsoWhenSomethingWasTypedBefore) {
+  for (const bool byKey : {false, true}) {
+    SCOPED_TRACE(byKey);
+    (*key)->Value(u"1");
+    form->Focus(u"txtCampo");
+    form->Type(u"An");
+    if (byKey)
+      PickByPageDown(Pick(2));
+    else
+      Click(u"frmBrowse", Pick(2));
+    EXPECT_EQ(Box().Text(), u"Ana");
+    EXPECT_THAT((*key)->Value(), IsValue(u"2"));
+    form->Focus(u"chkAtivo");
+    EXPECT_THAT(Control().Value(), IsValue(u"Ana"));
+    EXPECT_THAT((*key)->Value(), IsValue(u"2"));
+  }
+}
+
+TEST_P(Homonyms, AListThatIsLeftGivesTheKeyThatTheFieldHadBack) {
+  form->Focus(u"txtCampo");
+  PickByPageDown(Pick(2));
+  form->Focus(u"chkAtivo");
+  form->Focus(u"txtCampo");
+  form->Type(u"An");
+  Click(u"frmBrowse", Close);
+  EXPECT_EQ(Box().Text(), u"Ana");
+  EXPECT_THAT((*key)->Value(), IsValue(u"2"));
+}
+
+// The key of a choice is a former key too once something else is typed.
+TEST_P(Homonyms, WhatIsTypedAfterAChoiceIsSearchedByTheRuleOfTheComfort) {
+  form->Focus(u"txtCampo");
+  PickByPageDown(Pick(2));
+  connection->TakeStatements();
+  form->Type(u"B");
+  const String statement = connection->TakeStatements().at(0);
+  EXPECT_EQ(InStr(statement, u"codigo = '2'") == 0, GetParam()) << ToUtf8(statement);
 }
 
 TEST_F(ButtonTest, ARowThatIsDeletedUnderTheListGivesItsKeyWithoutADescription) {

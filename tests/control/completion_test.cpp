@@ -1,5 +1,6 @@
 // A description completes what is typed, and fills its key.
 
+#include "tessaria/comforts.h"
 #include "tests/control/keys_fixture.h"
 
 namespace tessaria::test {
@@ -121,6 +122,20 @@ TEST_F(CompletionTest, TheSiblingsLiteralNarrowsTheSearch) {
     EXPECT_EQ(Sent(u"An"), String(u"Select Top 1 nome, codigo From clientes Where ") +
                                row.Condition + u"nome Like 'An%'");
   }
+}
+
+TEST_F(CompletionTest, ByTheComfortWhatIsTypedIsCompletedWithoutTheFormerKey) {
+  Control().Browse()->BrwCampoIrmao(u"codigo");
+  for (const bool without : {false, true}) {
+    setComforts({.SearchWithoutFormerKey = without});
+    State().vntValorIrmao = u"'12'";
+    form->Type(u"A");
+    EXPECT_EQ(connection->TakeStatements().back(),
+              String(u"Select Top 1 nome, codigo From clientes Where ") +
+                  (without ? u"" : u"codigo = '12' And ") + u"nome Like 'A%'");
+    field->txtEdit().Text(u"");
+  }
+  setComforts({});
 }
 
 TEST_F(CompletionTest, ASiblingsLiteralThatIsNoTokenIsRefusedBeforeItIsSent) {

@@ -1,6 +1,7 @@
 // A dialog that is left without a choice: the field shows its value again, and its row stays.
 
 #include "runtime/text.h"
+#include "tessaria/comforts.h"
 #include "tests/control/button_fixture.h"
 #include "tests/control/raw_rows.h"
 
@@ -200,6 +201,26 @@ TEST_F(LeftDialog, TheCalendarKeepsTheTimeOfTheDayThatItWasGiven) {
     EXPECT_EQ(Box().Text(), u"25/12/2017");
     ExpectNothingHappened();
   }
+}
+
+// Of a short year six characters are left, which are no date; the test of the date has written the
+// year out by then, and a second click would find eight.
+TEST_F(LeftDialog, ByTheComfortACalendarThatCannotOpenTouchesNothing) {
+  setComforts({.CalendarCancels = true});
+  const Date moment = FromCivil({2017, 12, 25, 10, 30, 59});
+  ShowRow(TipoControle::Calendario, host::type::DBTimeStamp, moment, u"dd/mm/yy", 10);
+  const String shown = Box().Text();
+  for (int click = 0; click < 2; ++click) {
+    field->btnBrowse().OnClick();
+    EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+    EXPECT_EQ(Box().Text(), shown);
+  }
+  EXPECT_THAT(desktop->Shown(), IsEmpty());
+  Box().Tag.clear();  // the fault has silenced the exit
+  form->Focus(u"chkAtivo");
+  EXPECT_THAT(Control().Value(), IsValue(moment));
+  ExpectNothingHappened();
+  setComforts({});
 }
 
 TEST_F(LeftDialog, TheCalendarAnswersTheDayThatWasTypedAnew) {
