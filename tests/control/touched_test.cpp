@@ -182,6 +182,27 @@ TEST_F(UntouchedTest, ARefusedValueIsTouchedUntilAWriteSucceedsOrTheRowIsLoadedA
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
+TEST_F(UntouchedTest, AGoodValueBehindARefusedOneEndsIt) {
+  AddRawRow(host::type::Numeric, DecimalFromText(u"1.25"));
+  Control().Mascara(u"$$$.$");
+  form->Show();
+  Enter();
+  rows->Field.Refusal = HostError(errors::ProviderError, u"recusado");
+  form->Type(u"8");
+  Leave();
+  EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+  rows->Field.Refusal.reset();
+  Enter();
+  form->Type(u"9");
+  Leave();
+  ASSERT_THAT(rows->Written, SizeIs(1));
+  EXPECT_EQ(CDbl(rows->Written[0]), 9);
+  for (int i = 0; i < 2; ++i) TabThrough();
+  EXPECT_THAT(rows->Written, SizeIs(1));
+  EXPECT_EQ(Box().Text(), u"9,0");
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
 // What could not be converted has left nothing in the box that could be stored.
 TEST_F(UntouchedTest, ATextThatCouldNotBeConvertedGivesWayToTheOldValueAtTheNextExit) {
   AddRow(host::type::Integer, Long{7});
