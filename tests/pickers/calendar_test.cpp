@@ -219,6 +219,17 @@ TEST_F(CancellingCalendar, TheBoxKeepsItsTextWhateverTheTestOfItsDateMadeOfIt) {
   EXPECT_EQ(changes, 0);
 }
 
+TEST_F(CancellingCalendar, TheBoxKeepsItsTextAlsoWhenTheCalendarCannotOpen) {
+  box.Text(u"31/12/17");
+  box.SelStart(2);
+  box.SelLength(3);
+  EXPECT_HOST_ERROR(Execute(u"dd/mm/yy", u"311217"), errors::TypeMismatch);
+  EXPECT_EQ(box.Text(), u"31/12/17");
+  EXPECT_EQ(box.SelStart(), 2);
+  EXPECT_EQ(box.SelLength(), 3);
+  EXPECT_THAT(desktop->Shown(), IsEmpty());
+}
+
 TEST_F(CalendarTest, WithoutTheComfortEveryWayOutIsAChoice) {
   for (const bool escape : {true, false}) {
     frmCalendario form;
