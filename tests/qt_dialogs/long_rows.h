@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -17,6 +18,8 @@ class LongRows final : public host::Recordset, private host::Fields {
 
   /// The reading fails when it comes to this row; 0 for never.
   Long failsAt = 0;
+  /// Asked ahead of a move to either end; may throw.
+  std::function<void()> OnMove;
   /// Calls for more rows.
   int fetches = 0;
 
@@ -26,8 +29,8 @@ class LongRows final : public host::Recordset, private host::Fields {
   host::Fields& Fields() override { return *this; }
   Long RecordCount() override { return readTo(count_), count_; }
   Long AbsolutePosition() const override { return count_ == 0 ? -1 : position_; }
-  void MoveFirst() override { position_ = 1; }
-  void MoveLast() override { position_ = RecordCount(); }
+  void MoveFirst() override { moveTo(1); }
+  void MoveLast() override { moveTo(RecordCount()); }
   void MoveNext() override { AbsolutePosition(position_ + 1); }
   void MovePrevious() override { AbsolutePosition(position_ - 1); }
   void AbsolutePosition(Long row) override {
@@ -84,6 +87,10 @@ class LongRows final : public host::Recordset, private host::Fields {
   static String fromNumber(Long number) {
     const auto digits = std::to_string(number);
     return {digits.begin(), digits.end()};
+  }
+  void moveTo(Long row) {
+    if (OnMove) OnMove();
+    position_ = row;
   }
   void readTo(Long row) {
     if (failsAt > 0 && row >= failsAt) {

@@ -4,9 +4,13 @@
 #include <QCalendarWidget>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QTest>
+#include <clocale>
+#include <locale>
 
+#include "hosts/qt/form.h"
 #include "runtime/text.h"
 #include "tests/qt_dialogs/lookup_fixture.h"
 
@@ -88,16 +92,28 @@ TEST_F(SearchPromptWindow, TellsInFullWhatIsSearchedFor) {
   });
 }
 
-// The field is left for the button that cancels, and its date is not checked.
+// The field is left for the button that cancels: its date is not checked, and its text not taken.
 TEST_F(SearchPromptWindow, TheFrameIsTheCancelButton) {
-  EXPECT_EQ(ask({.tipo = 7, .mask = u"dd/mm/yyyy"},
-                [](QDialog& w) {
+  const Search search{.tipo = 7, .mask = u"dd/mm/yyyy"};
+  QStringList active;
+  EXPECT_EQ(ask(search,
+                [&](QDialog& w) {
+                  QObject::connect(&field(w), &TsText::browseReturn,
+                                   [&] { active << toQt(makeForm(w)->ActiveControl()->Name()); });
                   strike(w, QStringLiteral("31021999"));
-                  w.close();
+                  closeByFrame(w);
+                  EXPECT_FALSE(w.isVisible());
                 }),
             QString());
-  for (const QString& text : boxes_.takeTexts())
-    EXPECT_FALSE(text.contains(QStringLiteral("Data"))) << text.toStdString();
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+  EXPECT_EQ(active, QStringList({"btnCancelar"}));
+  // Left for the other button, the field refuses it.
+  ask(search, [this](QDialog& w) {
+    strike(w, QStringLiteral("31021999"));
+    click(ok(w));
+    EXPECT_EQ(boxes_.takeTexts().size(), 1);
+    closeByFrame(w);
+  });
 }
 
 TEST_F(SearchPromptWindow, ANumberThatIsNoneIsNotAnswered) {
@@ -113,6 +129,43 @@ TEST_F(SearchPromptWindow, ANumberThatIsNoneIsNotAnswered) {
                   press(w, Qt::Key_Return);
                 }),
             QStringLiteral("clientes.nome = 12.5"));
+}
+
+/// Numbers are written with a comma everywhere, for the length of a scope.
+class CommaEverywhere {
+ public:
+  CommaEverywhere() : ofQt_(QLocale()), ofC_(std::setlocale(LC_ALL, nullptr)) {
+    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
+    if (!std::setlocale(LC_ALL, "pt_BR.UTF-8")) std::setlocale(LC_ALL, "C");  // not installed
+    ofStreams_ = std::locale::global(std::locale(std::locale(), new Comma));
+  }
+  ~CommaEverywhere() {
+    std::locale::global(ofStreams_);
+    std::setlocale(LC_ALL, ofC_.c_str());
+    QLocale::setDefault(ofQt_);
+  }
+  CommaEverywhere(const CommaEverywhere&) = delete;
+  CommaEverywhere& operator=(const CommaEverywhere&) = delete;
+
+ private:
+  struct Comma : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+  };
+  QLocale ofQt_;
+  std::string ofC_;
+  std::locale ofStreams_;
+};
+
+TEST_F(SearchPromptWindow, ANumberHasAPointInItsStatementWhateverTheLocale) {
+  const CommaEverywhere locale;
+  EXPECT_EQ(ask({.tipo = 2},
+                [](QDialog& w) {
+                  strike(w, QStringLiteral("1234567,5"));
+                  press(w, Qt::Key_Return);
+                }),
+            QStringLiteral("clientes.nome = 1234567.5"));
 }
 
 TEST_F(SearchPromptWindow, HasTheWidthThatWasAskedForAndNeverLessThanItNeeds) {

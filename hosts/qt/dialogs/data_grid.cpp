@@ -66,11 +66,13 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   const bool sideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
   if (sideways && event->modifiers().testFlag(Qt::ControlModifier)) {
     const int column = columnBeside(event->key() == Qt::Key_Right ? 1 : -1);
-    if (column >= 0) emit orderWanted(column);
+    if (column >= 0 && orderWanted) orderWanted(column);
     return;
   }
-  if (event->key() == Qt::Key_Home) return emit endWanted(false);
-  if (event->key() == Qt::Key_End) return emit endWanted(true);
+  if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) {
+    if (endWanted) endWanted(event->key() == Qt::Key_End);
+    return;
+  }
   // A column may have been hidden since the current row was shown.
   const QModelIndex current = currentIndex();
   const int column = shownColumn(current.column());
@@ -168,18 +170,16 @@ DataGridItem::DataGridItem(GridPane& pane, const DialogGate& gate)
                    [this](const QModelIndex& current) { rowChosen(current.row()); });
   QObject::connect(&pane.view(), &QTableView::doubleClicked, &pane,
                    [this] { this->gate().raise(OnDblClick); });
-  QObject::connect(&pane.view(), &GridView::endWanted, &pane, [this](bool last) { goToEnd(last); });
+  pane.view().endWanted = [this](bool last) { goToEnd(last); };
   QObject::connect(pane.view().horizontalHeader(), &QHeaderView::sectionClicked, &pane,
                    [this](int column) { headClicked(column); });
-  QObject::connect(&pane.view(), &GridView::orderWanted, &pane,
-                   [this](int column) { headClicked(column); });
+  pane.view().orderWanted = [this](int column) { headClicked(column); };
   // Queued: a box may not open in the middle of painting or scrolling.
-  QObject::connect(
-      &pane.model(), &RecordModel::readingFailed, &pane,
-      [this](const std::exception_ptr& failure) {
-        this->gate().enter([&] { std::rethrow_exception(failure); });
-      },
-      Qt::QueuedConnection);
+  pane.model().readingFailed = [this](const std::exception_ptr& failure) {
+    QMetaObject::invokeMethod(
+        &pane_, [this, failure] { this->gate().enter([&] { std::rethrow_exception(failure); }); },
+        Qt::QueuedConnection);
+  };
   gate.afterFailure([this] { repair(); });
 }
 

@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QTableView>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -25,9 +26,9 @@ class GridView final : public QTableView {
   /// that shows. -1 when none does.
   int shownColumn(int column) const;
 
- signals:
-  void endWanted(bool last);
-  void orderWanted(int column);
+  /// Told of the keys for the list's ends and for another order. Neither may throw.
+  std::function<void(bool last)> endWanted;
+  std::function<void(int column)> orderWanted;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

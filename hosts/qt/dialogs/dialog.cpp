@@ -31,8 +31,8 @@ Dialog::Dialog(const host::DialogDescription& description)
       window_(std::make_unique<DialogWindow>(toQt(description.Name), toQt(description.Caption))),
       gate_(*window_),
       keys_(*window_, gate_, *this, [this](const QWidget* widget) { return itemOf(widget); }) {
-  QObject::connect(window_.get(), &DialogWindow::sizeChanged, [this] { resized(); });
-  QObject::connect(window_.get(), &DialogWindow::cameBack, [this] { gate_.raise(OnActivate); });
+  window_->sizeChanged = [this] { resized(); };
+  window_->cameBack = [this] { gate_.raise(OnActivate); };
   window_->closeByFrame = [this] {
     if (!OnCloseRequest || !gate_.isOpen()) return false;
     gate_.raise(OnCloseRequest);

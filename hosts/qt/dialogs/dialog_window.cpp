@@ -86,8 +86,9 @@ void DialogWindow::keepOnScreen(const QWidget* owner) {
 bool DialogWindow::event(QEvent* event) {
   const bool handled = QDialog::event(event);
   if (event->type() == QEvent::WindowDeactivate) wasLeft_ = true;
-  if (event->type() == QEvent::WindowActivate && std::exchange(wasLeft_, false) && loop_)
-    emit cameBack();
+  if (event->type() == QEvent::WindowActivate && std::exchange(wasLeft_, false) && loop_ &&
+      cameBack)
+    cameBack();
   return handled;
 }
 
@@ -103,7 +104,7 @@ void DialogWindow::closeEvent(QCloseEvent* event) {
 
 void DialogWindow::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  emit sizeChanged();
+  if (sizeChanged) sizeChanged();
 }
 
 void DialogWindow::hideEvent(QHideEvent* event) {

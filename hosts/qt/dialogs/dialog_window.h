@@ -25,11 +25,10 @@ class DialogWindow final : public QDialog {
   bool isRunning() const { return running_; }
   /// Asked when the operator closes the window by its frame: true when that is seen to.
   std::function<bool()> closeByFrame;
-
- signals:
-  void sizeChanged();
-  /// The window is the active one again.
-  void cameBack();
+  /// Told of each new size. Must not throw.
+  std::function<void()> sizeChanged;
+  /// Told when the window is the active one again. Must not throw.
+  std::function<void()> cameBack;
 
  protected:
   bool event(QEvent* event) override;

@@ -6,10 +6,8 @@ namespace tessaria::qt {
 
 FolderListItem::FolderListItem(FolderTree& tree, const DialogGate& gate)
     : DialogItemOf(tree, gate), tree_(tree) {
-  QObject::connect(&tree, &FolderTree::chosen, &tree, [this] { this->gate().raise(OnChange); });
-  QObject::connect(&tree, &FolderTree::refused, &tree, [this](const QString& path) {
-    this->gate().enter([&] { requireFolder(path); });
-  });
+  tree.chosen = [this] { this->gate().raise(OnChange); };
+  tree.refused = [this](const QString& path) { this->gate().enter([&] { requireFolder(path); }); };
 }
 
 String FolderListItem::Path() const { return fromQt(tree_.path()); }

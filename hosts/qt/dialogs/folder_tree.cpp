@@ -104,14 +104,14 @@ void FolderTree::select(QTreeWidgetItem* folder) {
   const QString wanted = pathOf(folder);
   if (whyUnreadable(wanted).isEmpty()) {
     path_ = wanted;
-    emit chosen();
+    if (chosen) chosen();
     return;
   }
   QMetaObject::invokeMethod(
       this,
       [this, wanted] {
         reveal(path_);
-        emit refused(wanted);
+        if (refused) refused(wanted);
       },
       Qt::QueuedConnection);
 }

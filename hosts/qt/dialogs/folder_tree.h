@@ -22,11 +22,11 @@ class FolderTree final : public QTreeWidget {
   void open(const QString& path);
   void listHidden(Hidden hidden);
 
- signals:
-  /// The operator selected another folder.
-  void chosen();
-  /// The operator selected a folder that cannot be read any more: the selection goes back.
-  void refused(const QString& path);
+  /// Told when the operator selects another folder. Must not throw.
+  std::function<void()> chosen;
+  /// Told when the operator selects one that cannot be read any more: the selection goes back. Must
+  /// not throw.
+  std::function<void(const QString& path)> refused;
 
  private:
   QTreeWidgetItem* add(QTreeWidgetItem* parent, const QString& name);

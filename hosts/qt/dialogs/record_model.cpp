@@ -136,7 +136,8 @@ std::exception_ptr RecordModel::readOn(int rows) {
 /// Qt asks in the middle of its own work: a failure is only kept here, for its listener.
 void RecordModel::fetchMore(const QModelIndex& parent) {
   if (!canFetchMore(parent)) return;
-  if (const auto failure = readOn(std::max(kLeastRows, shown_ / 2))) emit readingFailed(failure);
+  const auto failure = readOn(std::max(kLeastRows, shown_ / 2));
+  if (failure && readingFailed) readingFailed(failure);
 }
 
 /// A record set whose reading has failed says so at once.

@@ -3,6 +3,7 @@
 
 #include <QAbstractTableModel>
 #include <exception>
+#include <functional>
 #include <vector>
 
 #include "tessaria/host/data.h"
@@ -41,8 +42,8 @@ class RecordModel final : public QAbstractTableModel {
   bool canFetchMore(const QModelIndex& parent) const override;
   void fetchMore(const QModelIndex& parent) override;
 
- signals:
-  void readingFailed(const std::exception_ptr& failure);
+  /// Told of a failure in the middle of the view's work. Must not throw.
+  std::function<void(const std::exception_ptr& failure)> readingFailed;
 
  private:
   struct Column {

@@ -1,0 +1,26 @@
+// Signals of the hosts' own classes, which a program's handlers are connected to.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <regex>
+
+#include "tests/layout/source_tree.h"
+
+namespace layout {
+namespace {
+
+using testing::ElementsAre;
+
+// Each of these is emitted with a handler that throws in tests/qt/signals_test.cpp. What is no
+// program's business goes by plain callbacks instead.
+TEST(Signals, OnlyTheClassesOfTheProgramsInterfaceHaveAny) {
+  const std::regex section(R"(\n\s*(signals|Q_SIGNALS)\s*:)");
+  std::vector<std::string> found;
+  for (const auto& file : FilesEndingIn({".h", ".cpp"}))
+    if (file.starts_with("hosts/") && std::regex_search(ReadText(file), section))
+      found.push_back(file);
+  EXPECT_THAT(found, ElementsAre("hosts/qt/adodc.h", "hosts/qt/host.h", "hosts/qt/tstext.h"));
+}
+
+}  // namespace
+}  // namespace layout
