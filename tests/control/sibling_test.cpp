@@ -2,6 +2,7 @@
 
 #include "tessaria/comforts.h"
 #include "tests/control/sibling_fixture.h"
+#include "tests/support/comma_locale.h"
 
 namespace tessaria::test {
 namespace {
@@ -19,6 +20,15 @@ TEST_F(SiblingTest, ATypedKeyFetchesTheDescriptionIntoItsSibling) {
               ElementsAre(u"Select Top 1 nome From clientes Where codigo = '7'"));
   EXPECT_THAT((*description)->Value(), IsValue(u"Ana"));
   EXPECT_THAT(description->Events(Kind::BrowseReturn), IsEmpty());
+}
+
+TEST_F(SiblingTest, ANumberHasAPointInItsStatementWhateverTheLocale) {
+  const CommaLocale locale;
+  (*key)->TipoDado(5);
+  (*key)->Mascara(u"$$$$$$$.$$");
+  AssignTyped(key, u"1234567,5");
+  EXPECT_THAT(connection->TakeStatements(),
+              ElementsAre(u"Select Top 1 nome From clientes Where codigo = 1234567.5"));
 }
 
 TEST_F(SiblingTest, AnAssignmentFromAProgramLeavesTheSiblingAlone) {

@@ -7,12 +7,11 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QTest>
-#include <clocale>
-#include <locale>
 
 #include "hosts/qt/form.h"
 #include "runtime/text.h"
 #include "tests/qt_dialogs/lookup_fixture.h"
+#include "tests/support/comma_locale.h"
 
 namespace tessaria::qt::tests {
 namespace {
@@ -131,41 +130,17 @@ TEST_F(SearchPromptWindow, ANumberThatIsNoneIsNotAnswered) {
             QStringLiteral("clientes.nome = 12.5"));
 }
 
-/// Numbers are written with a comma everywhere, for the length of a scope.
-class CommaEverywhere {
- public:
-  CommaEverywhere() : ofQt_(QLocale()), ofC_(std::setlocale(LC_ALL, nullptr)) {
-    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
-    if (!std::setlocale(LC_ALL, "pt_BR.UTF-8")) std::setlocale(LC_ALL, "C");  // not installed
-    ofStreams_ = std::locale::global(std::locale(std::locale(), new Comma));
-  }
-  ~CommaEverywhere() {
-    std::locale::global(ofStreams_);
-    std::setlocale(LC_ALL, ofC_.c_str());
-    QLocale::setDefault(ofQt_);
-  }
-  CommaEverywhere(const CommaEverywhere&) = delete;
-  CommaEverywhere& operator=(const CommaEverywhere&) = delete;
-
- private:
-  struct Comma : std::numpunct<char> {
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-  };
-  QLocale ofQt_;
-  std::string ofC_;
-  std::locale ofStreams_;
-};
-
 TEST_F(SearchPromptWindow, ANumberHasAPointInItsStatementWhateverTheLocale) {
-  const CommaEverywhere locale;
+  const test::CommaLocale locale;
+  const QLocale before;
+  QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
   EXPECT_EQ(ask({.tipo = 2},
                 [](QDialog& w) {
                   strike(w, QStringLiteral("1234567,5"));
                   press(w, Qt::Key_Return);
                 }),
             QStringLiteral("clientes.nome = 1234567.5"));
+  QLocale::setDefault(before);
 }
 
 TEST_F(SearchPromptWindow, HasTheWidthThatWasAskedForAndNeverLessThanItNeeds) {
