@@ -1,6 +1,7 @@
 #include "hosts/memory/table.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "runtime/conversion.h"
@@ -23,6 +24,12 @@ Variant TextOf(const Column& column, const Variant& value) {
   return text;
 }
 
+Variant SingleOf(const Variant& value) {
+  const auto single = static_cast<float>(CDbl(value));
+  if (std::isinf(single)) throw HostError(errors::Overflow);
+  return single;
+}
+
 Variant NumberOrDateOf(Long type, const Variant& value) {
   switch (type) {
     case host::type::SmallInt:
@@ -31,7 +38,7 @@ Variant NumberOrDateOf(Long type, const Variant& value) {
     case host::type::Integer:
       return CLng(value);
     case host::type::Single:
-      return static_cast<float>(CDbl(value));
+      return SingleOf(value);
     case host::type::Double:
       return CDbl(value);
     case host::type::Currency:

@@ -91,6 +91,16 @@ TEST(MemoryRecordset, AKeptTextIsShownLeftAloneAndNoEditWhenItComesBack) {
 }
 
 // A table that names no key is one whose key the database gives.
+TEST(MemoryRecordset, ASingleRefusesWhatItCannotHold) {
+  const auto connection = memory::Connection::CreateOpen();
+  connection->AddTable(u"Medida", {{.Name = u"Valor", .Type = host::type::Single}}, {{1.5}});
+  const auto rows =
+      connection->OpenRecordset(u"Medida", host::CursorType::Static, host::LockType::Optimistic);
+  const auto field = rows->Fields().Item(u"Valor");
+  EXPECT_HOST_ERROR(field->Value(1e39), errors::Overflow);
+  EXPECT_SAME(field->Value(), 1.5F);
+}
+
 TEST(MemoryRecordset, ANewRowWithoutAKeyIsWrittenAgainOnlyWhenTheRowsWereReadAgain) {
   const auto connection = memory::Connection::CreateOpen();
   const auto table = connection->AddTable(u"Nota", {{.Name = u"Texto"}});

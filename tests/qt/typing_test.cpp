@@ -209,9 +209,19 @@ TEST_F(Typing, ClipboardKeysAreRefusedInAMaskedField) {
     EXPECT_EQ(first_->text(), QStringLiteral("1234")) << key;
   }
   press(*window_, Qt::Key_Insert, Qt::ShiftModifier);
-  press(*window_, Qt::Key_Insert, Qt::ControlModifier);
   EXPECT_EQ(first_->text(), QStringLiteral("1234"));
   EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("5555"));
+}
+
+// It has no character that the filter could refuse.
+TEST_F(Typing, ControlInsertCopiesFromAMaskedFieldToo) {
+  first_->setMascara(QStringLiteral("0000"));
+  show();
+  type(*window_, QStringLiteral("1234"));
+  box().selectAll();
+  press(*window_, Qt::Key_Insert, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("1234"));
+  EXPECT_EQ(first_->text(), QStringLiteral("1234"));
 }
 
 // Its character is 1, which no slot takes: Home and Shift+End select all there.
