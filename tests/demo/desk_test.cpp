@@ -4,6 +4,7 @@
 #include "hosts/qt/tstext.h"
 #include "services/scramble.h"
 #include "tests/demo/desk_fixture.h"
+#include "tests/qt/operator.h"
 
 namespace tessaria::demo {
 
@@ -308,6 +309,22 @@ TEST_F(DeskTest, LeavingWithUnsavedInputAsks) {
   dropInput("cliente", "Esc");
   p.press("Ctrl+Q");
   EXPECT_FALSE(window_->isVisible());
+}
+
+TEST_F(DeskTest, ClosingByTheFrameAsksAndKeepsWhatWasTypedByDefault) {
+  Player& p = operatorsHands();
+  goTo("00098");
+  const std::string before = stored("nome", "00098");
+  p.type("Quase fechado");
+  const char* question = "O cliente não foi salvo. Sair e perder o que foi digitado?";
+  p.expectBox(question, {}, "Return");
+  qt::tests::closeByFrame(*window_);
+  EXPECT_TRUE(window_->isVisible());
+  p.expectText("nome", "Quase fechado");
+  p.expectBox(question, {}, "Alt+S");
+  qt::tests::closeByFrame(*window_);
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_EQ(stored("nome", "00098"), before);
 }
 
 }  // namespace

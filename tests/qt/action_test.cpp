@@ -102,6 +102,21 @@ TEST_F(Actions, AToolButtonOfAnActionIsNamedByEither) {
   }
 }
 
+TEST_F(Actions, AMenuEntryThatCancelsRunsWithTheFieldUnchecked) {
+  QMenu* menu = menuBar();
+  first_->setObjetoCancelar(QStringLiteral("acSalvar"));
+  refuseDates();
+  show();
+  type(*window_, QStringLiteral("31022017"));
+  const QVariant before = first_->value();
+  open(*menu);
+  pick(*menu, save_);
+  settleEvents();
+  EXPECT_EQ(seen_, QStringList({before.toString()}));
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+  EXPECT_EQ(first_->text(), QStringLiteral("31/02/2017"));
+}
+
 TEST_F(Actions, ARefusedFieldHoldsAToolButtonBack) {
   QToolButton* button = toolButton();
   refuseDates();

@@ -254,6 +254,24 @@ TEST_F(WholePaste, WithoutAMaskByKeyAndDrop) {
   EXPECT_EQ(box().accessibleDescription(), QString());
 }
 
+// What would fit is not taken either.
+TEST_F(WholePaste, IntoAMaskByDrop) {
+  start("00000", "12");
+  const QString before = first_->text();
+  drop(box(), QStringLiteral("3a"), 2);
+  expectRefused(before);
+}
+
+TEST_F(WholePaste, IntoAMaskByTheMiddleButton) {
+  if (!QApplication::clipboard()->supportsSelection()) GTEST_SKIP() << "no selection to paste";
+  start("00000", "12");
+  const QString before = first_->text();
+  QApplication::clipboard()->setText(QStringLiteral("3a"), QClipboard::Selection);
+  QTest::mouseClick(&box(), Qt::MiddleButton);
+  settleEvents();
+  expectRefused(before);
+}
+
 TEST_F(WholePaste, ASelectionMakesRoom) {
   start("", "abcd", 4);
   box().selectAll();
@@ -279,9 +297,12 @@ class DarkPalette : public WithComforts {
   QColor boxColour(QPalette::ColorRole role) {
     return box().palette().color(QPalette::Active, role);
   }
-  int iconLightness() {
+  QImage iconImage() {
     auto* button = first_->findChild<QToolButton*>(QStringLiteral("btnBrowse"));
-    const QImage image = button->icon().pixmap(16, 16).toImage();
+    return button->icon().pixmap(16, 16).toImage();
+  }
+  int iconLightness() {
+    const QImage image = iconImage();
     int lightness = 0;
     int seen = 0;
     for (int y = 0; y < image.height(); ++y)
@@ -318,11 +339,15 @@ TEST_F(DarkPalette, IconsAreLight) {
   EXPECT_GT(iconLightness(), before);
 }
 
-TEST_F(DarkPalette, WithoutTheComfortBoxesStayWhite) {
+TEST_F(DarkPalette, WithoutTheComfortBoxesStayWhiteAndIconsAsTheyAre) {
   setComforts({});
-  window_->setPalette(darkPalette());
+  first_->setTipoControle(TsText::Calendario);
   show();
+  const QImage before = iconImage();
+  window_->setPalette(darkPalette());
+  settleEvents();
   EXPECT_EQ(boxColour(QPalette::Base), QColor(Qt::white));
+  EXPECT_EQ(iconImage(), before);
 }
 
 }  // namespace
