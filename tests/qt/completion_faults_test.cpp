@@ -226,16 +226,14 @@ TEST_F(CompletionFaults, WhateverIsTypedIsOnlyText) {
   }
 }
 
-// In a pattern a backslash takes the sign behind it literally, the closing "%" of the search too.
-TEST_F(CompletionFaults, ABackslashIsThePatternsOwn) {
+TEST_F(CompletionFaults, ABackslashStandsForItself) {
   showCity();
   type(*window_, QStringLiteral("C:"));
   expectBox(QStringLiteral("C:"), QStringLiteral("\\temp"));
   type(*window_, QStringLiteral("\\"));
-  expectBox(QStringLiteral("C:\\"), QString());
-  // Two stand for one: the caret stays behind as many characters as were typed.
-  type(*window_, QStringLiteral("\\"));
-  expectBox(QStringLiteral("C:\\t"), QStringLiteral("emp"));
+  expectBox(QStringLiteral("C:\\"), QStringLiteral("temp"));
+  type(*window_, QStringLiteral("\\"));  // no row
+  expectBox(QStringLiteral("C:\\\\"), QString());
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 

@@ -88,8 +88,8 @@ class CompletionFixture : public testing::Test {
     showActive(*window_);
     connection_->takeStatements();
   }
-  static void enter(TsText* field) {
-    field->setFocus();
+  static void enter(QWidget* widget) {
+    widget->setFocus();
     settleEvents();
   }
   QLineEdit& box() { return *editOf(*city_.name); }

@@ -253,5 +253,28 @@ TEST_F(Completion, ADescriptionEnteredWithACodeIsSearchedAmongThatCodesRows) {
   expectBox(QStringLiteral("S"), QString());
 }
 
+TEST_F(Completion, TabbingOverAFilledPairFetchesNothingAndTheDescriptionStaysSelected) {
+  type(*window_, QStringLiteral("Uba"));
+  for (TsText* field : {city_.key, city_.name}) field->setUsaChecaRelacao(false);
+  enter(button_);
+  enter(city_.key);
+  connection_->takeStatements();
+  const std::pair<int, const char*> steps[] = {{Qt::Key_Tab, "desCidade"},
+                                               {Qt::Key_Tab, "btnGravar"},
+                                               {Qt::Key_Backtab, "desCidade"},
+                                               {Qt::Key_Backtab, "codCidade"}};
+  for (const auto& [key, reached] : steps) {
+    queueKey(key);
+    settleAll();
+    EXPECT_EQ(focusName(), QLatin1String(reached));
+    EXPECT_THAT(connection_->takeStatements(), IsEmpty()) << reached;
+    EXPECT_EQ(box().text(), QStringLiteral("Ubatuba"));
+    if (focusName() == QLatin1String("desCidade")) {
+      EXPECT_EQ(box().selectedText(), QStringLiteral("Ubatuba"));
+    }
+  }
+  EXPECT_EQ(code(), QStringLiteral("00013"));
+}
+
 }  // namespace
 }  // namespace tessaria::qt::tests
