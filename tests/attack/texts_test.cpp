@@ -39,8 +39,6 @@ constexpr const char16_t* kMasks[] = {u"CCCCCCCCCC", u"aaa-0000", u"dd/mm/yyyy",
                                       u"XXXXXXXX",   u"N00A",     u"#####"};
 // Every kind of field without a mask and with one: so many fields one after the other are all.
 constexpr long long kKindsOfFields = 2 * kKinds;
-// How many more fields a text takes that would kill the canary.
-constexpr long long kTimesOfACommand = 3;
 // More characters than an operator would type one by one.
 constexpr std::size_t kMostTyped = 60;
 constexpr const char16_t* kRow =

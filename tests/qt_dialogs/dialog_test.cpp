@@ -220,7 +220,7 @@ TEST_F(DialogWindows, ABoxOverOneClosesWithTheFormThatItStandsFor) {
 }
 
 TEST_F(DialogWindows, ABoxOfAWindowThatOneOwnsStaysThere) {
-  show([this](QDialog& window) {
+  show([](QDialog& window) {
     QWidget palette(&window, Qt::Tool);
     palette.setObjectName(QStringLiteral("frmPaleta"));
     palette.show();

@@ -64,7 +64,7 @@ TEST_F(FolderPicker, EveryWayOutWithoutAChoiceGivesTheOldText) {
 
 TEST_F(FolderPicker, AFileIsSelectedAndAnotherOneChosen) {
   EXPECT_EQ(pick(Files, in("Vendas/carta.DOC"),
-                 [this](QDialog& w) {
+                 [](QDialog& w) {
                    picture(w, QStringLiteral("arquivos"));
                    EXPECT_EQ(files(w).selected(), QStringLiteral("carta.DOC"));
                    EXPECT_EQ(names(w),

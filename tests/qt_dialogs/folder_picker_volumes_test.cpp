@@ -53,7 +53,7 @@ TEST_F(FolderPickerVolumes, TheKeyboardAloneChoosesAVolume) {
 TEST_F(FolderPickerVolumes, EnterInTheOpenListOfVolumesChoosesOneAndConfirmsNothing) {
   const Mounted disks({{QDir::rootPath()}, {root()}});
   EXPECT_EQ(pick(Folders, in("Vendas"),
-                 [this](QDialog& w) {
+                 [](QDialog& w) {
                    drives(w).setFocus();
                    drives(w).showPopup();
                    QTest::qWait(50);

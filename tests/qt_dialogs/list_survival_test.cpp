@@ -387,7 +387,7 @@ TEST_F(ListSurvival, TheTableEmptiedUnderTheListKeepsItUntilItIsReadAgain) {
 
 TEST_F(ListSurvival, ARowThatAnotherUserDeletedIsRefusedWhenItsFieldIsLeft) {
   field_->setUsaChecaRelacao(true);
-  look([this](QDialog& w) {
+  look([](QDialog& w) {
     press(w, Qt::Key_Down);
     server().Run("delete from clientes where codigo = 2");
     choose(w);
@@ -426,7 +426,7 @@ TEST_F(ListSurvival, ARefusedStatementGoesToTheClipboardOnRequest) {
 TEST_F(ListSurvival, ATextThatIsNoNumberCannotBeSearchedFor) {
   addSearch(u"Código", u"codigo", 2, 0);
   look([this](QDialog& w) {
-    driver_.willShow(QStringLiteral("frmTsPesquisa"), [this](QDialog& prompt) {
+    driver_.willShow(QStringLiteral("frmTsPesquisa"), [](QDialog& prompt) {
       strike(prompt, QStringLiteral("abc"));
       press(prompt, Qt::Key_Return);
       EXPECT_TRUE(prompt.isVisible());
