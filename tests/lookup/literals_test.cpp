@@ -202,5 +202,20 @@ TEST_F(LiteralsTest, ALiteralThatWasMadeEarlierIsStillOneToken) {
   EXPECT_HOST_ERROR(LiteralPronto(u"'\\'", u""), errors::TypeMismatch);
 }
 
+TEST_F(LiteralsTest, ARefusalSaysWhatIsWrong) {
+  const auto says = [](const String& text) {
+    return testing::Throws<HostError>(testing::Property(&HostError::Description, text));
+  };
+  EXPECT_THAT([] { LiteralPronto(u"'a' or 'b'", u"txtIrmao"); },
+              says(u"txtIrmao: o valor \"'a' or 'b'\" não é um texto só."));
+  EXPECT_THAT([] { TextoSql(String(u"a\0b", 3)); },
+              says(u"O texto contém um caractere nulo ou incompleto, que o banco de dados não "
+                   u"aceita. Digite o texto de novo."));
+  Backslashes(Variant::Null());
+  EXPECT_THAT([] { TextoSql(u"C:\\"); },
+              says(u"O valor contém uma barra invertida (\\), e não se sabe como este banco de "
+                   u"dados a lê. Tire a barra do valor."));
+}
+
 }  // namespace
 }  // namespace tessaria::test

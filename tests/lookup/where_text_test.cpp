@@ -4,6 +4,7 @@
 #include "hosts/memory/controls.h"
 #include "hosts/memory/form.h"
 #include "lookup/literals.h"
+#include "runtime/text.h"
 #include "tests/lookup/lookup_fixture.h"
 
 namespace tessaria::test {
@@ -227,13 +228,17 @@ TEST_F(WhereTextTest, ARefusalTellsTheValueAndTheReason) {
       {u"k@txtPai@ = 1", u"1", u"txtPai: o valor \"1\" encosta em outra palavra da condição."},
       {u"[@txtPai@] = 1", u"a]b",
        u"txtPai: o valor \"a]b\" contém \"]\", que não é aceito entre colchetes."},
+      {u"d = #@txtPai@#", u"1#2",
+       u"txtPai: o valor \"1#2\" contém \"#\", que não é aceito em uma data entre \"#\"."},
       {u"k = 1 /* @txtPai@ */", u"1",
        u"txtPai: o valor \"1\" está onde a condição não aceita parâmetros (comentário ou texto "
        u"especial)."},
       {u"n = '@txtPai@'", u"a\xD800", badText.c_str()},
   };
   for (const auto& row : refusals) {
-    connection->Dbms(row.text[0] == u'[' ? u"Microsoft SQL Server" : u"PostgreSQL");
+    const bool hasHash = InStr(row.text, u"#") != 0;
+    const bool hasBracket = row.text[0] == u'[';
+    connection->Dbms(hasHash ? u"ACCESS" : hasBracket ? u"Microsoft SQL Server" : u"PostgreSQL");
     EXPECT_THAT([&] { Expanded(row.text, row.value); },
                 testing::Throws<HostError>(
                     testing::Property(&HostError::Description, testing::Eq(String(row.message)))))
