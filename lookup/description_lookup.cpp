@@ -8,6 +8,7 @@
 #include "runtime/compare.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
+#include "services/box_state.h"
 #include "services/trap.h"
 #include "tessaria/error.h"
 #include "tessaria/host/application.h"
@@ -98,22 +99,6 @@ bool PassaAoIrmao(_tsText* irmao, const Variant& valor) {
   return true;
 }
 
-/// What a box shows and what of it is selected.
-struct EstadoDaCaixa {
-  explicit EstadoDaCaixa(const host::TextBox& caixa)
-      : texto(caixa.Text()), inicio(caixa.SelStart()), tamanho(caixa.SelLength()) {}
-
-  void Devolve(host::TextBox& caixa) const {
-    caixa.Text(texto);
-    caixa.SelStart(inicio);
-    caixa.SelLength(tamanho);
-  }
-
-  String texto;
-  Long inicio;
-  Long tamanho;
-};
-
 }  // namespace
 
 Descricao ProcuraDescr(Browse& browse, const Variant& valor, const String& controle,
@@ -145,8 +130,8 @@ Variant AchaDescr(Browse& objBrowse, const Variant& varValor, const String& strN
 Variant CompletaDescr(host::TextBox& txtBox, const String& strTabela, const String& strCampo,
                       const Variant& varTecla, bool blnTemIrmao, const Variant& varCampoIrmao,
                       _tsText* objIrmao, const String& strWhere) {
-  const EstadoDaCaixa antes(txtBox);
-  const String& digitado = antes.texto;
+  const BoxState antes(txtBox);
+  const String& digitado = antes.Text();
   if (digitado.empty()) return {};
   bool completa = false;
   Trap(u"mdlObjTxt", u"CompletaDescr", [&] {
@@ -166,7 +151,7 @@ Variant CompletaDescr(host::TextBox& txtBox, const String& strTabela, const Stri
     txtBox.SelLength(Len(txtBox.Text()));
     completa = true;
   });
-  if (!completa) antes.Devolve(txtBox);
+  if (!completa) antes.PutBack();
   return {};
 }
 

@@ -3,6 +3,7 @@
 #include "mask/dates.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
+#include "services/box_state.h"
 #include "services/dialog_placement.h"
 #include "tessaria/comforts.h"
 #include "tessaria/host/application.h"
@@ -25,25 +26,8 @@ Date StartDate(host::TextBox& box, const String& text, const String& mask, const
   return CDate(text);
 }
 
-/// What a box shows. The test of its date may write the year out, and moves the caret.
-class BoxState {
- public:
-  explicit BoxState(host::TextBox& box)
-      : box_(box), text_(box.Text()), start_(box.SelStart()), length_(box.SelLength()) {}
-  void PutBack() const {
-    if (box_.Text() != text_) box_.Text(text_);
-    box_.SelStart(start_);
-    box_.SelLength(length_);
-  }
-
- private:
-  host::TextBox& box_;
-  String text_;
-  Long start_;
-  Long length_;
-};
-
-/// The box shows the same afterwards, also when its text is no date.
+/// The test of the date may write the year out, and moves the caret. The box shows the same
+/// afterwards, also when its text is no date.
 Date StartDateKeepingBox(host::TextBox& box, const String& text, const String& mask,
                          const String& items) {
   const BoxState before(box);

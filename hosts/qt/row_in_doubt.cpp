@@ -67,8 +67,7 @@ void writeOrLookFor(host::Recordset& rows) {
 void tellGivenUpInDoubt() {
   tell(
       u"O registro pode ter sido gravado ou não quando a conexão caiu. Leia os dados outra vez "
-      u"para "
-      u"ver como ficou.");
+      u"para ver como ficou.");
 }
 
 }  // namespace tessaria::qt
