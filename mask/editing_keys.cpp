@@ -46,8 +46,9 @@ void txtEdit_KeyDown(MaskedField& field, Integer& KeyCode, Integer&) {
     if (KeyCode == key::Delete && EhMascaraNumerica(field.Mascara())) {
       DeleteInNumber(field, KeyCode);
     } else if (KeyCode == key::Delete || KeyCode == key::F9) {
-      txtEdit_KeyPress(field, KeyCode);
+      FilterCode(field, KeyCode);
     }
+    if (KeyCode == key::Delete) ForgetErased(field, BoxKey::Delete);
   });
 }
 

@@ -46,15 +46,69 @@ void Keystroke::SwallowWithBeep() {
   App().Beep();
 }
 
-String TypedText(MaskedField& field) {
-  const String shown = field.Box().Text(), password = field.Box().PasswordChar();
-  const bool hides = !password.empty() && shown.find_first_not_of(password[0]) == String::npos;
-  if (!hides) return shown;
-  const String typed = field.Texto();
-  if (Len(typed) == Len(shown)) return typed;
-  const String laidOut =
+namespace {
+
+Long PasswordCharacters(MaskedField& field, StringView shown) {
+  const String password = field.Box().PasswordChar();
+  return password.empty() ? 0 : static_cast<Long>(std::ranges::count(shown, password.front()));
+}
+
+/// What stands behind that many password characters.
+String HiddenText(MaskedField& field, Long count) {
+  String typed = field.Texto();
+  if (Len(typed) == count) return typed;
+  String laidOut =
       AplicaMascara(typed, field.Mascara(), field.PromptChar(), field.ItensMascara(), u"");
-  return Len(laidOut) == Len(shown) ? laidOut : typed;
+  return Len(laidOut) == count ? laidOut : typed;
+}
+
+/// A number's box inserts digits by itself, so that they stand between those that are hidden.
+String WithHiddenDigits(const String& shown, const String& hidden, char16_t password) {
+  String text;
+  std::size_t next = 0;
+  for (const char16_t character : shown) {
+    if (character != password)
+      text += character;
+    else if (next < hidden.size())
+      text += hidden[next++];
+  }
+  return text;
+}
+
+/// The part of the box that it erases by itself for a key. Positions from 0.
+struct Erased {
+  Long start, length;
+};
+
+Erased ErasedByBox(const host::TextBox& box, BoxKey key) {
+  const Long start = box.SelStart(), length = box.SelLength();
+  if (length > 0) return {start, length};
+  if (key == BoxKey::Backspace && start > 0) return {start - 1, 1};
+  return {start, key == BoxKey::Delete ? 1 : 0};
+}
+
+}  // namespace
+
+String TypedText(MaskedField& field) {
+  String shown = field.Box().Text();
+  const Long count = PasswordCharacters(field, shown);
+  if (count == 0) return shown;
+  String hidden = HiddenText(field, count);
+  if (!EhMascaraNumerica(field.Mascara())) return hidden;
+  return WithHiddenDigits(shown, hidden, field.Box().PasswordChar().front());
+}
+
+void ForgetErased(MaskedField& field, BoxKey key) {
+  const host::TextBox& box = field.Box();
+  const String shown = box.Text();
+  const Long count = PasswordCharacters(field, shown);
+  if (count == 0 || field.Mascara().empty()) return;
+  const Erased erased = ErasedByBox(box, key);
+  const Long before = PasswordCharacters(field, Left(shown, erased.start));
+  const Long gone = PasswordCharacters(field, Mid(shown, erased.start + 1, erased.length));
+  if (gone == 0) return;
+  const String hidden = HiddenText(field, count);
+  field.GuardaTexto(Left(hidden, before) + Mid(hidden, before + gone + 1));
 }
 
 namespace {
@@ -115,11 +169,21 @@ void FilterKey(Keystroke& k) {
 
 }  // namespace
 
-void txtEdit_KeyPress(MaskedField& field, Integer& KeyAscii) {
+void FilterCode(MaskedField& field, Integer& code) {
   Trap(u"tsText", u"txtEdit_Keypress", [&] {
     if (field.Mascara().empty()) return;
-    Keystroke keystroke(field, KeyAscii);
+    Keystroke keystroke(field, code);
     FilterKey(keystroke);
+  });
+}
+
+void txtEdit_KeyPress(MaskedField& field, Integer& KeyAscii) {
+  Trap(u"tsText", u"txtEdit_Keypress", [&] {
+    FilterCode(field, KeyAscii);
+    if (KeyAscii == key::Backspace)
+      ForgetErased(field, BoxKey::Backspace);
+    else if (KeyAscii >= u' ')
+      ForgetErased(field, BoxKey::Character);
   });
 }
 

@@ -14,4 +14,7 @@ namespace tessaria {
 /// further with the key. Errors are reported, none is raised.
 void txtEdit_KeyPress(MaskedField& field, Integer& KeyAscii);
 
+/// The filter alone, for the codes 46 (Delete) and 120 (F9) of keys that print nothing.
+void FilterCode(MaskedField& field, Integer& code);
+
 }  // namespace tessaria

@@ -33,7 +33,15 @@ struct Keystroke {
 
 /// What the operator has typed so far: the box's text, or what stands behind its password
 /// characters. A value that came from outside is kept without its literals, so it is laid out
-/// again. Characters that the box shows as they are stand for themselves.
+/// again. A character that reached such a box past the filter counts in a number only; a box
+/// without any password character stands for itself.
 String TypedText(MaskedField& field);
+
+/// A key that the box acts on by itself.
+enum class BoxKey { Character, Backspace, Delete };
+
+/// Takes from the typed text what the box is about to erase for a key, where password characters
+/// stand for it. Nothing for a field without a mask.
+void ForgetErased(MaskedField& field, BoxKey key);
 
 }  // namespace tessaria

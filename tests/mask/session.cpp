@@ -17,8 +17,10 @@ namespace {
 using memory::Stroke;
 
 const std::map<std::string, Stroke> kNamedKeys = {
-    {"Back", {8, 0, 8}},  {"Del", {46, 0, 0}}, {"F9", {120, 0, 0}},      {"Enter", {13, 0, 13}},
-    {"Esc", {27, 0, 27}}, {"Tab", {9, 0, 9}},  {"Space", {32, 0, u' '}}, {"Paste", {86, 2, 22}},
+    {"Back", {8, 0, 8}},       {"Del", {46, 0, 0}},        {"F9", {120, 0, 0}},
+    {"Enter", {13, 0, 13}},    {"Left", {37, 0, 0}},       {"Right", {39, 0, 0}},
+    {"ShiftLeft", {37, 1, 0}}, {"ShiftRight", {39, 1, 0}}, {"Esc", {27, 0, 27}},
+    {"Tab", {9, 0, 9}},        {"Space", {32, 0, u' '}},   {"Paste", {86, 2, 22}},
 };
 
 std::string TrimRight(std::string text) {
