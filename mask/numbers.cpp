@@ -66,6 +66,7 @@ String StrZero(const Variant& value, Integer length, Integer decimals) {
   number.Point += decimals;
   Digits whole = Rounded(std::move(number), 0, Halves::ToEven);
   whole.DropLeadingZeros();
+  if (whole.IsZero()) whole = {};  // one digit, however many decimals it came with
   const String sign = whole.Negative && !whole.IsZero() ? u"-" : u"";
   whole.Negative = false;
   const String digits = PlainText(whole, u',');

@@ -35,6 +35,14 @@ TEST(StrZero, PadsWithZeros) {
       {Long{-5}, 2, 0, u"-5"},
       {Long{-5}, 1, 0, u"*"},
       {Long{0}, 0, 0, u""},
+      // A zero is one digit, however many decimals are asked for.
+      {Long{0}, 1, 2, u"0"},
+      {Long{0}, 2, 3, u"00"},
+      {u"", 1, 2, u"0"},
+      {u".", 2, 3, u"00"},
+      {u"0", 1, 4, u"0"},
+      {u"0,00", 1, 2, u"0"},
+      {0.001, 1, 2, u"0"},
       {-0.4, 3, 0, u"000"},
       // Halves go to the even neighbour.
       {0.5, 2, 0, u"00"},
