@@ -1,6 +1,7 @@
 #include "lookup/where_text.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "lookup/literals.h"
 #include "mask/form_helpers.h"
@@ -25,6 +26,26 @@ bool LigaSeASinal(StringView texto) {
   if (operador.empty()) return false;
   const bool terminaEmSinal = operador.back() == u'+' || operador.back() == u'-';
   return terminaEmSinal || operador.find_first_of(u"~!@#%^&|`?") != StringView::npos;
+}
+
+bool EhSinal(const SqlScanner& leitor, const SqlToken& token, StringView sinais) {
+  return token.Is(SqlToken::Kind::Symbol) &&
+         sinais.find(leitor.TextOf(token).front()) != StringView::npos;
+}
+
+/// Whether a text ends where an item of the list of an "in" begins.
+bool AbreItemDeLista(StringView texto, SqlRules regras) {
+  SqlScanner leitor(texto, regras);
+  std::vector<bool> parenteses;  // of those that are open: whether each is the list of an "in"
+  bool depoisDeIn = false;
+  bool comecaItem = false;
+  for (SqlToken token = leitor.Next(); token.length > 0; token = leitor.Next()) {
+    comecaItem = EhSinal(leitor, token, u"(,");
+    if (EhSinal(leitor, token, u"(")) parenteses.push_back(depoisDeIn);
+    if (EhSinal(leitor, token, u")") && !parenteses.empty()) parenteses.pop_back();
+    depoisDeIn = token.Is(SqlToken::Kind::Word) && EqualNoCase(leitor.TextOf(token), u"in");
+  }
+  return comecaItem && !parenteses.empty() && parenteses.back();
 }
 
 /// One parameter in its place.
@@ -82,12 +103,11 @@ class Parametro {
     return (sinal && LigaSeASinal(antes_) ? u" " : u"") + numero;
   }
 
-  /// Stands alone between parentheses or commas, where "1,2" may have been meant for two numbers.
+  /// Stands alone in the list of an "in", where "1,2" may have been meant for two numbers.
   bool EhItemDeLista() const {
-    const String inicio = Trim(antes_);
-    const String fim = Trim(depois_);
-    return !inicio.empty() && (inicio.back() == u'(' || inicio.back() == u',') && !fim.empty() &&
-           (fim.front() == u')' || fim.front() == u',');
+    SqlScanner depois(depois_, regras_);
+    const SqlToken seguinte = depois.Next();
+    return EhSinal(depois, seguinte, u"),") && AbreItemDeLista(antes_, regras_);
   }
 
   const String& nome_;

@@ -170,6 +170,33 @@ TEST_F(WhereTextTest, AListIsRefusedWhereverItCouldBeOne) {
   }
 }
 
+TEST_F(WhereTextTest, AListIsKnownThroughBlanksAndComments) {
+  for (const auto* text :
+       {u"k in (\r\n@txtPai@\r\n)", u"k in\t(\t@txtPai@\t)", u"k in ( /* um */ @txtPai@ -- só\n)",
+        u"k in/* a (b */(@txtPai@)", u"k IN (@txtPai@)", u"k not In (@txtPai@)",
+        u"k in (1,\n@txtPai@\n, 2)", u"k in (abs(1), @txtPai@)", u"(k in (@txtPai@))"}) {
+    EXPECT_HOST_ERROR(Expanded(text, u"1,2"), errors::TypeMismatch) << ToUtf8(text);
+    EXPECT_NE(Expanded(text, u"12"), u"");
+  }
+}
+
+TEST_F(WhereTextTest, OtherParenthesesHoldANumberWithItsComma) {
+  const struct {
+    const char16_t* text;
+    const char16_t* expanded;
+  } cases[] = {
+      {u"limite > (@txtPai@)", u"limite > (12.5)"},
+      {u"coalesce(limite, @txtPai@) > 0", u"coalesce(limite, 12.5) > 0"},
+      {u"round(@txtPai@, 2) = x", u"round(12.5, 2) = x"},
+      {u"minin(@txtPai@) = 1", u"minin(12.5) = 1"},
+      {u"\"in\"(@txtPai@) = 1", u"\"in\"(12.5) = 1"},
+      {u"k in (round(@txtPai@, 2))", u"k in (round(12.5, 2))"},
+      {u"k in (1, 2) And (@txtPai@) > 0", u"k in (1, 2) And (12.5) > 0"},
+      {u"n = 'in (' And (@txtPai@) > 0", u"n = 'in (' And (12.5) > 0"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(Expanded(c.text, u"12,5"), c.expanded);
+}
+
 TEST_F(WhereTextTest, NoParameterIsTakenWhereAValueWouldNotStay) {
   for (const auto* text :
        {u"k = 1 -- @txtPai@", u"k = 1 /* @txtPai@ */", u"n = $$@txtPai@$$", u"n = $a$ @txtPai@ $a$",
