@@ -121,6 +121,19 @@ String ValorDigitado(const host::TsTextWidget& edit, Long tipo, const String& ma
   throw HostError(errors::TypeMismatch);
 }
 
+/// A prompt's field fetches and empties the thread's sibling value, which is that of the field
+/// whose list is open: it has the focus again when the prompt has gone.
+class KeptSiblingValue {
+ public:
+  KeptSiblingValue() : value_(State().vntValorIrmao) {}
+  ~KeptSiblingValue() { State().vntValorIrmao = value_; }
+  KeptSiblingValue(const KeptSiblingValue&) = delete;
+  KeptSiblingValue& operator=(const KeptSiblingValue&) = delete;
+
+ private:
+  const Variant value_;
+};
+
 }  // namespace
 
 bool tsMostraFormPesquisa(const String& strTabela, String strCampo, Long lngTipo, Long lngLike,
@@ -129,6 +142,7 @@ bool tsMostraFormPesquisa(const String& strTabela, String strCampo, Long lngTipo
                           const String& strWhere, String& strClausula, bool blnCampoPronto) {
   bool resultado = true;
   Trap(u"mdlObjTxt", u"tsMostraFormPesquisa", [&] {
+    const KeptSiblingValue kept;
     frmTsPesquisa form;
     auto& edit = form.editPesquisa().Control();
     edit.Let(u"PromptInclude", blnPromptInclude);

@@ -145,6 +145,93 @@ TEST_P(Homonyms, WhatIsTypedAfterAChoiceIsSearchedByTheRuleOfTheComfort) {
   EXPECT_EQ(InStr(statement, u"codigo = '2'") == 0, GetParam()) << ToUtf8(statement);
 }
 
+/// Homonyms whose list has one search, by a prompt that completes or not.
+class HomonymsWithASearch : public Homonyms {
+ protected:
+  void AddSearch(bool completes) {
+    const auto searches = (*key)->Pesquisa();
+    searches->Clear();
+    searches->Add(1, u"Nome", u"nome", 8, 1, u"", 2000, 0, completes, false, 0, 0, u"");
+  }
+  /// Enters the pair of the second row, opens its list, and asks for the search.
+  void Search(Script prompt, Script afterwards) {
+    (*key)->Value(u"1");
+    form->Focus(u"txtCampo");
+    PickByPageDown(Pick(2));
+    form->Focus(u"chkAtivo");
+    EXPECT_THAT((*key)->Value(), IsValue(u"2"));
+    form->Focus(u"txtCampo");
+    PickByPageDown([&](memory::Dialog& shown) {
+      desktop->WillShow(u"frmTsPesquisa", prompt);
+      shown.Press(Key{113});  // F2
+      afterwards(shown);
+    });
+  }
+  static Script Leave(StringView button) {
+    return [button](memory::Dialog& prompt) {
+      prompt.Type(u"An");
+      prompt.Click(button);
+    };
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(SearchWithoutFormerKey, HomonymsWithASearch, testing::Bool());
+
+TEST_P(HomonymsWithASearch, AListThatIsLeftAfterAPromptKeepsTheKeyOfThePair) {
+  for (const bool completes : {false, true}) {
+    for (const StringView button : {u"btnOk", u"btnCancelar"}) {
+      SCOPED_TRACE(ToUtf8(button) + (completes ? ", completing" : ""));
+      AddSearch(completes);
+      Search(Leave(button), Close);
+      EXPECT_EQ(Box().Text(), u"Ana");
+      EXPECT_THAT((*key)->Value(), IsValue(u"2"));
+      form->Focus(u"chkAtivo");
+      EXPECT_THAT((*key)->Value(), IsValue(u"2"));
+      EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+    }
+  }
+}
+
+TEST_P(HomonymsWithASearch, ARowThatIsChosenAfterAPromptGivesItsOwnKey) {
+  for (const bool completes : {false, true}) {
+    SCOPED_TRACE(completes);
+    AddSearch(completes);
+    Search(Leave(u"btnCancelar"), Pick(1));
+    EXPECT_THAT((*key)->Value(), IsValue(u"1"));
+    form->Focus(u"chkAtivo");
+  }
+}
+
+TEST_P(HomonymsWithASearch, AListInsideAPromptLeavesTheOuterKeyAlone) {
+  AddSearch(true);
+  const auto opensAList = [&](const Script& inner) {
+    return [&, inner](memory::Dialog& prompt) {
+      desktop->WillShow(u"frmBrowse", inner);
+      prompt.Type(u"An");
+      prompt.Press(Key::PageDown);
+      prompt.Click(u"btnCancelar");
+    };
+  };
+  for (const Script& inner : {Script(Close), Pick(1), Pick(2)}) {
+    Search(opensAList(inner), Close);
+    EXPECT_THAT((*key)->Value(), IsValue(u"2"));
+    form->Focus(u"chkAtivo");
+    Search(opensAList(inner), Pick(1));
+    EXPECT_THAT((*key)->Value(), IsValue(u"1"));
+    form->Focus(u"chkAtivo");
+  }
+  EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+}
+
+TEST_F(ButtonTest, AKeyThatIsCutAtTheFieldsLengthKeepsWholeCharacters) {
+  Show(TipoControle::Browse);
+  Control().MaxLength(4);
+  list.Cells = {{u"Ana\U0001F600", u"Ana"}};
+  form->Focus(u"txtCampo");
+  Click(u"frmBrowse", Pick(1));
+  EXPECT_THAT(Control().Value(), IsValue(u"Ana"));
+}
+
 TEST_F(ButtonTest, ARowThatIsDeletedUnderTheListGivesItsKeyWithoutADescription) {
   const auto name = AddField(u"txtNome");
   (*name)->Value(u"antigo");
