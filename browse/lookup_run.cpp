@@ -41,8 +41,8 @@ void Junta(String& clausula, const String& condicao) {
 String PreFiltro(const host::TextBox& box, const String& campo) {
   const String texto = box.Text();
   const Long digitados = box.SelStart() == 0 ? Len(texto) : box.SelStart();
-  return campo + u" " + mdlComum::TraduzSQL(fragmento::Like) + u" '" +
-         ConteudoDePadrao(Left(texto, digitados)) + u"%'";
+  return TiraAlias(campo) + u" " + mdlComum::TraduzSQL(fragmento::Like) + u" '" +
+         ConteudoDePadrao(LeftWhole(texto, digitados)) + u"%'";
 }
 
 /// The whole clause, from " Where " on. `where` is expanded already.

@@ -2,6 +2,7 @@
 
 #include "lookup/dialect.h"
 #include "lookup/literals.h"
+#include "lookup/query_text.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 
@@ -59,9 +60,10 @@ String QualificaCampo(const String& strCampo, const String& strTabela) {
 
 String ClausulaDePesquisa(const String& strCampo, Long lngTipo, Long lngLike,
                           const String& strValor) {
-  if (lngTipo == tipo_pesquisa::Texto) return ClausulaDeTexto(strCampo, lngLike, strValor);
+  const String campo = TiraAlias(strCampo);
+  if (lngTipo == tipo_pesquisa::Texto) return ClausulaDeTexto(campo, lngLike, strValor);
   const StringView operador = OperadorDeOrdem(lngLike);
-  return strCampo + String(operador.empty() ? u" = " : operador) + strValor;
+  return campo + String(operador.empty() ? u" = " : operador) + strValor;
 }
 
 }  // namespace tessaria::mdlObjTxt

@@ -29,10 +29,10 @@ inline constexpr Long MenorOuIgual = 7;
 /// that has a "." is left as it is.
 String QualificaCampo(const String& strCampo, const String& strTabela);
 
-/// The condition on a field. A text (`lngTipo` 8) comes as it was typed, any other value as it
-/// stands in SQL. "" for a text with an unknown `lngLike`; with another kind an unknown code means
-/// equal. The LIKE keyword is the one of the thread's connection; error 91 with none. A text is
-/// refused as `TextoSql` refuses it.
+/// The condition on a field, whose alias is taken off. A text (`lngTipo` 8) comes as it was typed,
+/// any other value as it stands in SQL. "" for a text with an unknown `lngLike`; with another kind
+/// an unknown code means equal. The LIKE keyword is the one of the thread's connection; error 91
+/// with none. A text is refused as `TextoSql` refuses it.
 String ClausulaDePesquisa(const String& strCampo, Long lngTipo, Long lngLike,
                           const String& strValor);
 

@@ -3,6 +3,7 @@
 #include "browse/refused_statement.h"
 #include "browse/search_prompt.h"
 #include "lookup/dialect.h"
+#include "lookup/query_text.h"
 #include "services/busy_pointer.h"
 #include "services/message_box.h"
 #include "services/trap.h"
@@ -41,7 +42,7 @@ void ExecutaPesquisa(const std::vector<EntradaPesquisa>& entradas, String& strCa
 
   const EntradaPesquisa& ultima = entradas.back();
   String ordem = ultima.OrderBy.empty() ? strOrderBy : ultima.OrderBy;
-  if (ordem.empty()) ordem = ultima.Campo;
+  if (ordem.empty()) ordem = TiraAlias(ultima.Campo);
   if (strFrom.empty()) strFrom = ultima.Tabela;
   if (strCampos.empty()) strCampos = u"*";
 

@@ -113,7 +113,7 @@ void tsText::TakeFromList(mdlObjTxt::FimDaLista end, const String& key) {
   if (end == mdlObjTxt::FimDaLista::SemEscolha)
     AssignItself();
   else
-    Value(MaxLength() != 0 ? Left(key, MaxLength()) : key);
+    Value(MaxLength() != 0 ? LeftWhole(key, MaxLength()) : key);
 }
 
 /// False when that failed, which is reported as the list's own errors are.

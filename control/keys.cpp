@@ -5,6 +5,7 @@
 #include "control/scoped_flag.h"
 #include "control/tstext.h"
 #include "lookup/description_lookup.h"
+#include "lookup/query_text.h"
 #include "mask/editing_keys.h"
 #include "mask/key_filter.h"
 #include "runtime/conversion.h"
@@ -92,9 +93,12 @@ void tsText::CompleteDescription(Integer KeyCode) {
   // The condition is the definition's own; the key's literal narrows it further.
   String condition = Condition();
   const String siblingField = BrwCampoIrmao();
-  const String literal = SiblingLiteral();
-  if (!literal.empty() && !siblingField.empty())
-    condition += (condition.empty() ? u"" : u" And ") + siblingField + u" = " + literal;
+  if (!siblingField.empty()) {
+    const String literal = SiblingLiteral();
+    if (!literal.empty())
+      condition += (condition.empty() ? u"" : u" And ") + mdlObjTxt::TiraAlias(siblingField) +
+                   u" = " + literal;
+  }
 
   const bool typed = shown_.IsTyped();
   const String before = txtEdit_.Text();

@@ -6,6 +6,7 @@
 #include "lookup/description_lookup.h"
 #include "lookup/field_types.h"
 #include "lookup/literals.h"
+#include "lookup/query_text.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "services/message_box.h"
@@ -94,7 +95,8 @@ String tsText::SiblingCondition() const {
   if (m_.TipoControle == tessaria::TipoControle::Descricao &&
       !definition->BrwCampoIrmao().empty()) {
     const String literal = SiblingLiteral();
-    if (!literal.empty()) filter = definition->BrwCampoIrmao() + u" = " + literal;
+    if (!literal.empty())
+      filter = mdlObjTxt::TiraAlias(definition->BrwCampoIrmao()) + u" = " + literal;
   }
   String condition = Condition();
   if (!condition.empty() && !filter.empty()) condition += u" And ";

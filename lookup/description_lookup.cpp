@@ -86,7 +86,7 @@ String InstrucaoDeCompletar(bool postgres, const String& texto, const String& ta
   if (!irmao.empty()) instrucao += u", " + irmao;
   instrucao += u" From " + tabela + u" Where ";
   if (!where.empty()) instrucao += where + u" And ";
-  instrucao.append(campo).append(like).append(ConteudoDePadrao(texto)).append(u"%'");
+  instrucao.append(TiraAlias(campo)).append(like).append(ConteudoDePadrao(texto)).append(u"%'");
   return instrucao.append(uma.Limite);
 }
 
@@ -137,7 +137,7 @@ Variant CompletaDescr(host::TextBox& txtBox, const String& strTabela, const Stri
   Trap(u"mdlObjTxt", u"CompletaDescr", [&] {
     const auto conexao = ConexaoAtual();
     const bool postgres = EhPostgreSQL(*conexao);
-    if (Equal(varTecla, kTeclaBackspace)) txtBox.Text(Left(digitado, Len(digitado) - 1));
+    if (Equal(varTecla, kTeclaBackspace)) txtBox.Text(LeftWhole(digitado, Len(digitado) - 1));
     const String instrucao =
         InstrucaoDeCompletar(postgres, txtBox.Text(), strTabela, strCampo, varCampoIrmao, strWhere);
     const auto rs =

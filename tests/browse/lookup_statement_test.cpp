@@ -87,13 +87,21 @@ TEST_F(LookupStatement, ABlankBoxAndAKeyAreNotFiltered) {
             u"Select nome, codigo From clientes Where ativo = 1 And nome Is Not Null  Order by 1");
 }
 
-TEST_F(LookupStatement, TheAliasIsTakenOffForTheNotNullRuleOnly) {
+TEST_F(LookupStatement, TheAliasIsTakenOffInEveryCondition) {
   auto a = Description(u"Ma", 0);
   a.Campo = u"upper(nome) as n";
   a.Where = u"";
   EXPECT_EQ(StatementOf(a),
-            u"Select upper(nome) as n, codigo From clientes Where upper(nome) as n ilike 'Ma%' And "
+            u"Select upper(nome) as n, codigo From clientes Where upper(nome)  ilike 'Ma%' And "
             u"upper(nome)  Is Not Null  Order by 1");
+}
+
+TEST_F(LookupStatement, NoHalfOfACharacterIsSearched) {
+  // The caret stands inside a character of two units.
+  EXPECT_EQ(
+      StatementOf(Description(u"M\U0001F600", 2)),
+      u"Select nome, codigo From clientes Where ativo = 1 And nome ilike 'M%' And nome Is Not "
+      u"Null  Order by 1");
 }
 
 TEST_F(LookupStatement, PutsItsPiecesWhereTheyBelong) {

@@ -22,6 +22,11 @@ TEST(SearchField, IsQualifiedByItsTable) {
 
 class SearchClause : public BrowseTest {};
 
+TEST_F(SearchClause, TakesTheAliasOff) {
+  EXPECT_EQ(ClausulaDePesquisa(u"upper(c.nome) as n", 8, 1, u"Ma"), u"upper(c.nome)  ilike 'Ma%'");
+  EXPECT_EQ(ClausulaDePesquisa(u"c.codigo as k", 2, 4, u"7"), u"c.codigo  > 7");
+}
+
 TEST_F(SearchClause, ComparesATextByItsCode) {
   const struct {
     Long Like;

@@ -67,6 +67,13 @@ TEST_F(SearchRun, OrdersByTheFieldAsItIsWrittenInTheSearch) {
             u"Order by clientes.nome");
 }
 
+TEST_F(SearchRun, TakesTheAliasOfItsFieldOff) {
+  Search({Entry(u"upper(nome) as n", 1)}, {u"Ma"});
+  EXPECT_EQ(OnlyStatement(),
+            u"Select codigo, nome From clientes Where (upper(clientes.nome)  ilike 'Ma%') And "
+            u"ativo = 1 Order by upper(nome) ");
+}
+
 TEST_F(SearchRun, SpeaksEachDialect) {
   const struct {
     StringView Dbms, Keyword;

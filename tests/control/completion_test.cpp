@@ -148,8 +148,19 @@ TEST_F(CompletionTest, ASiblingsLiteralThatIsNoTokenIsRefusedBeforeItIsSent) {
 }
 
 TEST_F(CompletionTest, WithoutASiblingsFieldTheLiteralIsNotUsed) {
-  State().vntValorIrmao = u"'12'";
-  EXPECT_EQ(Sent(u"An"), u"Select Top 1 nome From clientes Where nome Like 'An%'");
+  for (const char16_t* literal : {u"'12'", u"NaN"}) {
+    State().vntValorIrmao = literal;
+    EXPECT_EQ(Sent(u"An"), u"Select Top 1 nome From clientes Where nome Like 'An%'");
+  }
+  EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+}
+
+TEST_F(CompletionTest, TheSiblingsFieldIsComparedWithoutItsAlias) {
+  Control().Browse()->BrwCampoIrmao(u"c.codigo as chave");
+  State().vntValorIrmao = Long{7};
+  EXPECT_EQ(Sent(u"An"),
+            u"Select Top 1 nome, c.codigo as chave From clientes Where c.codigo  = 7 And nome Like "
+            u"'An%'");
 }
 
 TEST_F(CompletionTest, AConnectedSiblingTakesTheCodeAndTells) {

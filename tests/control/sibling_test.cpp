@@ -239,6 +239,16 @@ TEST_F(SiblingTest, ADescriptionIsLookedUpUnderItsKey) {
   }
 }
 
+TEST_F(SiblingTest, TheKeysFieldIsComparedWithoutItsAlias) {
+  (*description)->Browse()->BrwCampo(u"upper(nome) as n");
+  (*description)->Browse()->BrwCampoIrmao(u"c.codigo as chave");
+  State().vntValorIrmao = Long{7};
+  AssignTyped(description, u"Ana");
+  EXPECT_EQ(connection->TakeStatements().at(0),
+            u"Select Top 1 c.codigo as chave From clientes Where upper(nome)  = 'Ana' And c.codigo "
+            u" = 7");
+}
+
 TEST_F(SiblingTest, ByTheComfortADescriptionThatIsTypedAnewIsLookedUpWithoutItsFormerKey) {
   const auto statementAfter = [&](bool typesAnew) {
     (*description)->Value(u"Ana");

@@ -102,6 +102,9 @@ const StatementCase kStatements[] = {
      u"Select nome From clientes Where nome ilike 'C:\\\\%' Limit 1"},
     {u"Microsoft SQL Server", u"", u"", u"[A]",
      u"Select Top 1 nome From clientes Where nome Like '[[]A]%'"},
+    // Half a character is neither cut off nor sent.
+    {u"PostgreSQL", u"", u"", u"Ana \U0001F600",
+     u"Select nome From clientes Where nome ilike 'Ana \U0001F600%' Limit 1"},
     {u"PostgreSQL", Variant(), u"", u" %_",
      u"Select nome From clientes Where nome ilike ' %_%' Limit 1"},
 };
@@ -124,6 +127,27 @@ TEST_F(CompletionTest, WritesTheStatementOfEachDialect) {
   }
   EXPECT_THAT(other.calls, IsEmpty());
   EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+}
+
+TEST_F(CompletionTest, BackspaceTakesAWholeCharacter) {
+  siblingField = u"";
+  where = u"";
+  box.Text(u"Ana \U0001F600");
+  EXPECT_SAME(Complete(kBackspace), Variant());
+  EXPECT_EQ(connection->Statements().back().Text,
+            u"Select Top 1 nome From clientes Where nome Like 'Ana %'");
+  EXPECT_EQ(box.Text(), u"Ana ");
+  EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+}
+
+TEST_F(CompletionTest, TheAliasIsTakenOffForTheCondition) {
+  connection->Dbms(u"PostgreSQL");
+  box.Text(u"Ma");
+  mdlObjTxt::CompletaDescr(box, u"clientes", u"upper(nome) as n", kKeyA, false, u"codigo as chave",
+                           nullptr, where);
+  EXPECT_EQ(connection->Statements().back().Text,
+            u"Select upper(nome) as n, codigo as chave From clientes Where ativo = 1 And "
+            u"upper(nome)  ilike 'Ma%' Limit 1");
 }
 
 TEST_F(CompletionTest, AnEmptyBoxIsLeftAlone) {

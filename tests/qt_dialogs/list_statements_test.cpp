@@ -127,6 +127,37 @@ TEST_F(ListStatements, OfADescriptionFindWhatHoldsABackslash) {
   EXPECT_TRUE(boxes_.boxes().empty());
 }
 
+TEST_F(ListStatements, OfADescriptionWithAliasesFindTheirRows) {
+  description_->setTipoControle(TsText::Descricao);
+  description_->setBrowseTable(QStringLiteral("clientes c"));
+  description_->setBrwCampo(QStringLiteral("upper(c.nome) as n"));
+  description_->setBrwCampoIrmao(QStringLiteral("c.codigo as chave"));
+  description_->setTxtIrmao(QStringLiteral("txtCampo"));
+  description_->setMaxLength(60);
+  description_->refresh();
+  addSearch(u"Nome", u"upper(c.nome) as n", 8, 1);
+  description_->setFocus();
+  settleEvents();
+  type(*owner_, QStringLiteral("nome 1999"));
+  settleEvents();
+  const int found = count("nome like 'Nome 1999%'");
+  driver_.willShow(QStringLiteral("frmBrowse"), [&](QDialog& w) {
+    EXPECT_EQ(rowCount(w), found);
+    search(w, Qt::Key_F2, QStringLiteral("nome 1998"));
+    EXPECT_EQ(rowCount(w), count("nome like 'Nome 1998%'"));
+    press(w, Qt::Key_Return);
+  });
+  press(*owner_, Qt::Key_PageDown);
+  settleEvents();
+  EXPECT_EQ(description_->text(), QStringLiteral("NOME 1998"));
+  EXPECT_EQ(field_->text(), QStringLiteral("1998"));
+  // The key narrows the next completion, and finds its own row only.
+  type(*owner_, QStringLiteral("n"));
+  settleEvents();
+  EXPECT_EQ(description_->text(), QStringLiteral("NOME 1998"));
+  EXPECT_TRUE(boxes_.boxes().empty());
+}
+
 // --- Searches -----------------------------------------------------------------------------------
 
 struct SearchCase {
