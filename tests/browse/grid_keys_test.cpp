@@ -102,6 +102,21 @@ TEST_F(GridKeys, TheSeparatorCountsInThePositions) {
   EXPECT_EQ(EntryOf(117, modifier::None), 0);
 }
 
+TEST_F(GridKeys, TheSeparatorRunsTheSearchThatHasItsPosition) {
+  form.Pesquisa = std::make_shared<Pesquisa>();
+  for (const Long number : {1, 3})
+    form.Pesquisa->Add(number, u"Busca " + CStr(Variant(number)), u"nome", 8, 1, u"", 2000, 0,
+                       false, false, 0, 0, u"");
+  FillMenu(2);
+  Connect();
+  EXPECT_EQ(EntryOf(49, modifier::Control), 1);
+  EXPECT_EQ(EntryOf(50, modifier::Control), 0);  // no search has the second entry's position
+  EXPECT_EQ(EntryOf(51, modifier::Control), 3);
+  EXPECT_EQ(EntryOf(115, modifier::None), 3);
+  EXPECT_THAT(PromptsOf([](memory::Dialog& shown) { shown.ClickMenu(u"barBrowse", 3); }),
+              ElementsAre(u"Pesquisa Busca 3"));
+}
+
 TEST_F(GridKeys, WithNoSearchesNoKeyFetchesAllRows) {
   Connect();
   connection->TakeStatements();

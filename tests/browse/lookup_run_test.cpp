@@ -2,6 +2,7 @@
 #include "browse/lookup_run.h"
 
 #include "tests/browse/run_fixture.h"
+#include "tests/support/comma_locale.h"
 #include "tests/support/odd_names.h"
 
 namespace tessaria::test {
@@ -128,6 +129,25 @@ TEST_F(LookupRun, SearchesOfOneNumberShareAnEntryWhenTheyFollowEachOther) {
     EXPECT_EQ(bar.Menu(2).Tag, u"2");
     Leave(shown);
   });
+}
+
+// Entries that came from the older text form have the position of their text's end.
+TEST_F(LookupRun, SearchesNumberedByTextPositionsAreListedAndRunNothing) {
+  AddSearch(8, u"Nome");
+  AddSearch(16, u"Cidade");
+  RunArguments a;
+  Run(a, [this](memory::Dialog& shown) {
+    auto& bar = shown.Find<memory::ToolBar>(u"barBrowse");
+    EXPECT_THAT(bar.MenuTexts(), ElementsAre(u"Nome", u"Cidade", u"-", u"Traz Todos os Registros"));
+    EXPECT_EQ(bar.Menu(2).Tag, u"16");
+    connection->TakeStatements();
+    shown.ClickMenu(u"barBrowse", 1);
+    shown.ClickMenu(u"barBrowse", 2);
+    bar.OnButtonClick();
+    EXPECT_THAT(connection->TakeStatements(), IsEmpty());
+    Leave(shown);
+  });
+  EXPECT_EQ(desktop->Shown().size(), 1u);  // no prompt
 }
 
 // --- The row to start on
@@ -356,6 +376,31 @@ TEST_F(LookupRun, ADescriptionLeavesItsKeyAsASqlLiteral) {
     a.CampoIrmao = u"codigo";
     EXPECT_EQ(Run(a, Confirm), u"Ana");
     EXPECT_TRUE(Same(State().vntValorIrmao, c.Literal));
+  }
+}
+
+TEST_F(LookupRun, TheKeyOfEveryKindOfNumberIsANumberAndANullOneNoCondition) {
+  const CommaLocale locale;
+  const struct {
+    std::vector<Long> Types;
+    Variant Key;
+    StringView Text;
+  } kinds[] = {{{17, 18, 19, 21, 16, 128, 2, 3, 20}, Long{7}, u"7"},
+               {{139, 131, 4, 5, 14, 6}, 1.5, u"1.5"}};
+  for (const auto& kind : kinds) {
+    for (const Long type : kind.Types) {
+      SCOPED_TRACE(type);
+      for (const Variant& key : {kind.Key, Variant::Null()}) {
+        rows = {{{u"nome"}, {u"codigo", type}}, {{u"Ana", key}}};
+        RunArguments a;
+        a.Tipo = TipoControle::Descricao;
+        a.Campo = u"nome";
+        a.CampoIrmao = u"codigo";
+        EXPECT_EQ(Run(a, Confirm), u"Ana");
+        EXPECT_FALSE(State().vntValorIrmao.TryGet<String>());
+        EXPECT_EQ(SqlText(State().vntValorIrmao), key.IsNull() ? StringView() : kind.Text);
+      }
+    }
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include "tessaria/comforts.h"
 #include "tests/control/keys_fixture.h"
+#include "tests/support/comma_locale.h"
 
 namespace tessaria::test {
 namespace {
@@ -113,7 +114,8 @@ const Literal literals[] = {
     {Variant::Null(), u"", u""},
 };
 
-TEST_F(CompletionTest, TheSiblingsLiteralNarrowsTheSearch) {
+TEST_F(CompletionTest, TheSiblingsLiteralNarrowsTheSearchWhateverTheLocale) {
+  const CommaLocale locale;
   Control().Browse()->BrwCampoIrmao(u"codigo");
   for (const Literal& row : literals) {
     SCOPED_TRACE(testing::PrintToString(row.Value));

@@ -106,6 +106,15 @@ TEST_F(MaskAssignmentTest, WithPasswordCharactersTheyAreWhatIsLaidOut) {
   EXPECT_THAT(Control().Value(), IsValue(u"segredo"));
 }
 
+TEST_F(MaskAssignmentTest, NoMaskInPlaceOfNoneEmptiesTheValueOfAnEmptyBox) {
+  Start(u"", u"abc");
+  Control().Mascara(u"");
+  EXPECT_THAT(Control().Value(), IsValue(u"abc"));
+  Control().Text(u"");
+  Control().Mascara(u"");
+  EXPECT_THAT(Control().Value(), IsNullVariant());
+}
+
 class MaskDesignTest : public DesignTest {};
 
 TEST_F(MaskDesignTest, InTheDesignerOnlyTheAlignmentChanges) {

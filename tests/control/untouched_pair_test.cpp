@@ -95,6 +95,29 @@ TEST_F(UntouchedPairTest, ARowWithoutAKeyEmptiesTheDescriptionAndTheReturnFields
   EXPECT_FALSE(IsEdited());
 }
 
+TEST_F(UntouchedPairTest, ARowWhoseLookupFailsLeavesTheDescriptionAndTheReturnFields) {
+  (*key)->Browse()->Outros().Add(u"cidade");
+  const auto city = (*key)->Browse()->Outros().Item(1);
+  const auto stays = [&] {
+    city->Valor(u"Campinas");
+    (*key)->Refresh();
+    EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+    EXPECT_THAT((*key)->Value(), IsValue(u"7"));
+    EXPECT_EQ(key->txtEdit().Text(), u"7");
+    EXPECT_THAT((*description)->Value(), IsValue(u"Velho"));
+    EXPECT_EQ(description->txtEdit().Text(), u"Velho");
+    EXPECT_THAT(city->Valor(), IsValue(u"Campinas"));
+    EXPECT_FALSE(IsEdited());
+  };
+  connection->OnStatement = [](const String&) -> memory::Rows {
+    throw HostError(errors::ProviderError, u"recusada");
+  };
+  stays();
+  connection->OnStatement = nullptr;
+  connection->ConnectionString(u"");
+  stays();
+}
+
 TEST_F(UntouchedPairTest, AKeyWithoutAColumnThatIsRefreshedWhileItIsTypedEmptiesTheDescription) {
   const auto loose = AddPartner(u"txtSolto", u"codigo", u"txtNome", u"nome");
   (*loose)->DataField(u"");

@@ -65,6 +65,12 @@ const StatementCase kStatements[] = {
     {u"PostgreSQL", u"PostgreSQL 9.5.3 on x86_64", u"Group By nome",
      u"Select nome, cidade, uf From clientes Where cast(codigo as varchar) = "
      u"cast(15 as varchar) And ativo = 1 Group By nome   Limit 1"},
+    {u"MS JET", u"", u"Group By nome",
+     u"Select Top 1 nome, cidade, uf From clientes Where codigo = 15 And ativo = 1 Group By nome"},
+    {u"Microsoft SQL Server", u"", u"Group By nome",
+     u"Select Top 1 nome, cidade, uf From clientes Where codigo = 15 And ativo = 1 Group By nome"},
+    {u"SQLite", u"", u"Group By nome",
+     u"Select Top 1 nome, cidade, uf From clientes Where codigo = 15 And ativo = 1 Group By nome"},
     // The digits of the release count, not the release.
     {u"PostgreSQL", u"PostgreSQL 8.4.22 ", u"",
      u"Select nome, cidade, uf From clientes Where cast(codigo as varchar) = "
@@ -122,6 +128,8 @@ TEST_F(DescriptionTest, ATextIsQuotedAndAnyOtherCodeGoesInAsItsText) {
 }
 
 TEST_F(DescriptionTest, ACodeThatIsNoTokenOfSqlIsRefusedBeforeItIsSent) {
+  browse.Outros().Add(u"cidade");
+  browse.Outros().Item(1)->Valor(u"velho");
   Use(u"ACCESS");
   const Variant date = FromCivil({2016, 5, 3});  // would be two divisions
   EXPECT_SAME(mdlObjTxt::AchaDescr(browse, date, u"txtCodigo", {}, 0), Variant());
@@ -129,6 +137,7 @@ TEST_F(DescriptionTest, ACodeThatIsNoTokenOfSqlIsRefusedBeforeItIsSent) {
                                          u"txtCodigo: o valor \"03/05/2016\" não é um "
                                          u"número, e só um número é aceito aqui."));
   EXPECT_THAT(connection->Statements(), IsEmpty());
+  EXPECT_SAME(browse.Outros().Item(1)->Valor(), u"velho");
 }
 
 TEST_F(DescriptionTest, ABlankConditionIsNone) {
@@ -148,6 +157,14 @@ TEST_F(DescriptionTest, TheJoinReplacesTheTable) {
   EXPECT_EQ(StatementFor(Long{15}),
             u"Select Top 1 nome, cidade, uf From clientes Left Join cidades on clientes.cid = "
             u"cidades.cod Where codigo = 15");
+  const String from =
+      u"Select nome, cidade, uf From clientes Left Join cidades on clientes.cid = cidades.cod "
+      u"Where ";
+  Use(u"PostgreSQL", u"PostgreSQL 9.4.1");
+  EXPECT_EQ(StatementFor(Long{15}), from + u"codigo = 15 Limit 1");
+  Use(u"PostgreSQL", u"PostgreSQL 15.2.0");
+  EXPECT_EQ(StatementFor(Long{15}),
+            from + u"cast(codigo as varchar) = cast(15 as varchar) Limit 1");
 }
 
 TEST_F(DescriptionTest, TheAliasOfTheKeyStaysOutOfTheCondition) {
@@ -276,8 +293,11 @@ TEST_F(DescriptionTest, ARefusedStatementIsReported) {
 
 TEST_F(DescriptionTest, WithoutAConnectionTheErrorIsReported) {
   State().dbConexao = nullptr;
+  browse.Outros().Add(u"cidade");
+  browse.Outros().Item(1)->Valor(u"velho");
   EXPECT_SAME(Find(Long{15}), Variant());
   ExpectErrorBox(u"AchaDescr", HostError(errors::ObjectNotSet));
+  EXPECT_SAME(browse.Outros().Item(1)->Valor(), u"velho");
 }
 
 TEST_F(DescriptionTest, AConnectionWithoutItsTextRunsNothing) {

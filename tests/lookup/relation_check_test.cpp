@@ -1,6 +1,7 @@
 #include "lookup/relation_check.h"
 
 #include "tests/lookup/lookup_fixture.h"
+#include "tests/support/comma_locale.h"
 
 namespace tessaria::test {
 namespace {
@@ -329,6 +330,26 @@ TEST_F(RelationTest, AProbedNumberHasAPointToo) {
   connection->WillAnswer({{{u"codigo", host::type::Double}}, {}});
   Check();
   EXPECT_EQ(connection->Texts().back(), u"Select Top 1 codigo From clientes Where codigo = 12.5");
+}
+
+TEST_F(RelationTest, ANumberHasAPointWhateverTheLocale) {
+  const CommaLocale locale;
+  Bind(host::type::Double);
+  for (const char16_t* typed : {u"1234567,5", u"1234567.5"}) {
+    value = typed;
+    Check();
+    EXPECT_EQ(connection->Texts().back(),
+              u"Select Top 1 codigo From clientes Where codigo = 1234567.5");
+  }
+}
+
+// The first " as " ends the field, also where it is no alias's.
+TEST_F(RelationTest, ACastInTheFieldIsCutLikeAnAlias) {
+  Bind(host::type::Integer);
+  field = u"cast(k as integer) as chave";
+  Check();
+  EXPECT_EQ(connection->Texts().back(),
+            u"Select Top 1 cast(k as integer) as chave From clientes Where cast(k  = 15");
 }
 
 TEST_F(RelationTest, AProbedTextIsQuotedNotTrimmed) {

@@ -7,6 +7,7 @@
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "tessaria/error.h"
+#include "tests/support/comma_locale.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {
@@ -198,6 +199,28 @@ TEST_F(ExpandeParametrosTest, ReplacesReferencesByValues) {
       {u"d = '@txtData@'", u"d = '25/12/2017'"},
   };
   for (const Case& row : kCases) EXPECT_EQ(ExpandeParametros(form, row.text), row.expanded);
+}
+
+TEST_F(ExpandeParametrosTest, ANumberHasAPointWhateverTheLocale) {
+  const test::CommaLocale locale;
+  const struct {
+    Variant value;
+    const char16_t* text;
+  } kCases[] = {
+      {true, u"-1"},
+      {false, u"0"},
+      {1234567.5, u"1234567.5"},
+      {-0.25, u"-0.25"},
+      {2.5F, u"2.5"},
+      {Currency{12345678}, u"1234.5678"},
+      {DecimalFromText(u"12345678901234567890.5"), u"12345678901234567890.5"},
+      {u"1.234,5", u"1.234,5"},  // a text stands as it is
+  };
+  for (const auto& row : kCases) {
+    const auto own = std::make_shared<PlainForm>();
+    own->Add(u"a", row.value);
+    EXPECT_EQ(ExpandeParametros(own, u"k = @a@"), u"k = " + String(row.text));
+  }
 }
 
 TEST_F(ExpandeParametrosTest, UnpairedMarkTakesTheRestAsAName) {

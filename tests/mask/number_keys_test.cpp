@@ -60,6 +60,29 @@ TEST(NumberDigits, SelectionThatSpansTheCommaCountsAsIfTheCommaStayed) {
   )");
 }
 
+TEST(NumberDigits, InPlaceOfASelectionFromTheCommaToTheEndKeepNoComma) {
+  // The comma counts for the limit, but the box replaces it with the rest.
+  Session(R"(
+    mask $$$$$$$.$$
+    max 10
+    show 12345[6,78]
+    9 -> 123459|
+    show 123456[,78]
+    9 -> 123456[,78] ; beep ; key 0
+  )");
+}
+
+TEST(NumberBackspace, OfASelectionRightBehindTheCommaIsRefusedLikeTheComma) {
+  Session(R"(
+    mask $$$$$$$.$$
+    max 10
+    show 12345,[67]
+    Back -> 12345,[67] ; beep ; key 0
+    show 1234,[67]
+    Back -> 1234,| ; key 8
+  )");
+}
+
 TEST(NumberDigits, HaveNoLimitWithoutMaxLength) {
   Session(R"(
     mask $$$.$$

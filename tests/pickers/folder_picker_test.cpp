@@ -121,6 +121,17 @@ TEST_F(FolderPickerTest, APathThatIsNotValidIsTold) {
   EXPECT_THAT(desktop->Shown(), IsEmpty());
 }
 
+TEST_F(FolderPickerTest, InFileModeANameWithAWildcardIsValidAndSelectsNothing) {
+  EXPECT_EQ(Run(Mode::Files, u"c:\\Dados\\*.txt",
+                [](memory::Dialog& shown) {
+                  EXPECT_EQ(Files(shown).FileName(), u"");
+                  EXPECT_EQ(Files(shown).Path(), u"c:\\Dados");
+                  Leave(shown);
+                }),
+            u"c:\\Dados\\*.txt");
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
 TEST_F(FolderPickerTest, FilesWithNoDotMakeAFolderValid) {
   desktop->Files().AddFile(u"c:\\Um\\LEIAME");
   EXPECT_EQ(Run(Mode::Folders, u"c:\\Um", Confirm), u"c:\\Um");
@@ -232,6 +243,18 @@ TEST_F(FolderPickerTest, ADriveThatIsNotReadyIsToldAndTheListsStay) {
                   Confirm(shown);
                 }),
             u"c:\\Dados");
+}
+
+TEST_F(FolderPickerTest, ADriveThatVanishedIsTheHostsErrorAndTheListsStay) {
+  Run(Mode::Files, u"c:\\Dados\\Carta.txt", [this](memory::Dialog& shown) {
+    desktop->Files().RemoveDrive(u"d: [DADOS]");
+    shown.ChooseDrive(u"drvDiretorio", u"d: [DADOS]");
+    ASSERT_EQ(shown.UnhandledErrors().size(), 1u);
+    EXPECT_EQ(shown.UnhandledErrors().front().Number(), errors::DeviceUnavailable);
+    EXPECT_EQ(Folders(shown).Path(), u"c:\\Dados");
+    EXPECT_EQ(Files(shown).Path(), u"c:\\Dados");
+    Leave(shown);
+  });
 }
 
 TEST_F(FolderPickerTest, AFolderThatVanishedIsTheHostsError) {

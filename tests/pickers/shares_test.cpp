@@ -94,6 +94,24 @@ TEST_F(Shares, WithNoDriveOfItsServerAShareIsOpenedByItsOwnPath) {
             u"\\\\servidor\\dados\\contas");
 }
 
+TEST_F(Shares, AServerWithoutAShareBehindItIsLookedUpByItsName) {
+  desktop->Files().AddFile(u"\\\\servidor\\leia.txt");
+  const auto opened = [&] {
+    String folder;
+    EXPECT_EQ(Run(Mode::Folders, u"\\\\servidor",
+                  [&](memory::Dialog& shown) {
+                    folder = Folders(shown).Path();
+                    Leave(shown);
+                  }),
+              u"\\\\servidor");
+    return folder;
+  };
+  EXPECT_EQ(opened(), u"\\\\servidor");
+  Map(u"z");
+  EXPECT_EQ(opened(), u"z:\\");
+  EXPECT_THAT(app.Boxes(), IsEmpty());
+}
+
 TEST_F(Shares, AShareThatIsNotThereIsTold) {
   EXPECT_EQ(RunUnseen(Mode::Folders, u"\\\\servidor\\nada"), u"\\\\servidor\\nada");
   EXPECT_EQ(app.TakeBoxes().size(), 1u);

@@ -82,6 +82,10 @@ std::optional<String> FileSystem::DriveOf(const String& path) const {
   return std::nullopt;
 }
 
+void FileSystem::RemoveDrive(const String& entry) {
+  std::erase_if(drives_, [&](const auto& drive) { return EqualNoCase(drive.first, entry); });
+}
+
 bool FileSystem::DriveReady(const String& drive) const {
   for (const auto& [entry, state] : drives_) {
     if (SameDrive(entry, drive)) return state == DriveState::Ready;

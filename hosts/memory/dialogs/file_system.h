@@ -15,6 +15,8 @@ class FileSystem {
  public:
   enum class DriveState { Ready, NotReady };
   void AddDrive(const String& entry, DriveState state = DriveState::Ready);
+  /// Lists that were filled before keep the entry.
+  void RemoveDrive(const String& entry);
   /// Makes the folder and all above it.
   void AddFolder(const String& path);
   /// Makes the file and its folder.
