@@ -70,8 +70,15 @@ TEST_F(FieldDialogs, TheCalendarComesByButtonAndByPageDown) {
     press(w, Qt::Key_Left);
     press(w, Qt::Key_Return);
   });
-  press(*owner_, Qt::Key_PageDown);
+  click(button());
   EXPECT_EQ(field_->text(), QStringLiteral("30/12/2016"));
+  open("frmCalendario", [this](QDialog& w) {
+    expectBelow(w);
+    press(w, Qt::Key_Left);
+    press(w, Qt::Key_Return);
+  });
+  press(*owner_, Qt::Key_PageDown);
+  EXPECT_EQ(field_->text(), QStringLiteral("29/12/2016"));
 }
 
 TEST_F(FieldDialogs, WithTheComfortACalendarThatIsLeftChangesNothing) {
@@ -102,17 +109,29 @@ TEST_F(FieldDialogs, WithTheComfortACalendarThatIsLeftChangesNothing) {
 
 TEST_F(FieldDialogs, TheFolderPickerComesByButtonAndByPageDown) {
   const QTemporaryDir folder;
-  QFile file(folder.filePath(QStringLiteral("nota.txt")));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  const QString notes = folder.filePath(QStringLiteral("nota.txt"));
+  const QString sums = folder.filePath(QStringLiteral("soma.txt"));
+  for (const QString& name : {notes, sums}) {
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  }
   field_->setTipoControle(TsText::Diretorio);
   field_->setDirVerArquivos(true);
-  field_->setValue(file.fileName());
-  open("frmDiretorio", [this](QDialog& w) {
-    expectBelow(w);
-    press(w, Qt::Key_Return);
-  });
+  field_->setValue(notes);
+  const auto choose = [this](int key) {
+    return [this, key](QDialog& w) {
+      expectBelow(w);
+      at(w, QStringLiteral("fileDiretorio")).setFocus();
+      press(w, key);
+      press(w, Qt::Key_Return);
+    };
+  };
+  open("frmDiretorio", choose(Qt::Key_Down));
+  click(button());
+  EXPECT_EQ(field_->text(), sums);
+  open("frmDiretorio", choose(Qt::Key_Up));
   press(*owner_, Qt::Key_PageDown);
-  EXPECT_EQ(field_->text(), file.fileName());
+  EXPECT_EQ(field_->text(), notes);
 }
 
 TEST_F(FieldDialogs, EscapeLeadsBackToTheFieldByKeyboardAndByMouse) {
@@ -172,6 +191,13 @@ TEST_F(FieldDialogs, TheListComesByButtonAndByPageDown) {
   });
   click(button());
   EXPECT_EQ(field_->text(), QStringLiteral("2"));
+  open("frmBrowse", [this](QDialog& w) {
+    expectBelow(w);
+    press(w, Qt::Key_Up);
+    press(w, Qt::Key_Return);
+  });
+  press(*owner_, Qt::Key_PageDown);
+  EXPECT_EQ(field_->text(), QStringLiteral("1"));
 }
 
 TEST_F(FieldDialogs, TheFormMayBeDestroyedUnderEachOfThem) {

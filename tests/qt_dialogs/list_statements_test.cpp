@@ -152,7 +152,7 @@ TEST_F(ListStatements, OfADescriptionWithAliasesFindTheirRows) {
   EXPECT_EQ(description_->text(), QStringLiteral("NOME 1998"));
   EXPECT_EQ(field_->text(), QStringLiteral("1998"));
   // The key narrows the next completion, and finds its own row only.
-  type(*owner_, QStringLiteral("n"));
+  press(*owner_, Qt::Key_Backspace);
   settleEvents();
   EXPECT_EQ(description_->text(), QStringLiteral("NOME 1998"));
   EXPECT_TRUE(boxes_.boxes().empty());
@@ -284,6 +284,38 @@ TEST_F(ListStatements, OfTheRelationCheckFindTheirRow) {
   EXPECT_TRUE(exists(u"nome", u" nome 15 ", TipoControle::Descricao, u""));
   EXPECT_FALSE(exists(u"nome", u"D'Avila", TipoControle::Descricao, u""));
   EXPECT_TRUE(boxes_.boxes().empty());
+}
+
+TEST_F(ListStatements, ThatFailAreToldAndLeaveTheTransactionUsable) {
+  State().dbConexao = connection_;
+  connection_->BeginTrans();
+  connection_->Execute(u"update clientes set cidade = 'Nova' where codigo = 1");
+  const auto number =
+      connection_->Execute(u"select codigo from clientes where codigo = 15")->Fields().Item(0);
+  const auto isTold = [&](const char* part) {
+    const QStringList told = boxes_.takeTexts();
+    EXPECT_EQ(told.size(), 1);
+    EXPECT_TRUE(told.join(QString()).contains(QLatin1String(part)))
+        << told.join(QString()).toStdString();
+    EXPECT_EQ(count("cidade = 'Nova'"), 1);
+  };
+  const auto check = [&](const String& campo) {
+    String where;
+    return mdlObjTxt::ChecaRelacao(u"clientes", campo, u"15", TipoControle::Browse, number.get(),
+                                   true, true, true, where, u"", nullptr, 0, false);
+  };
+  EXPECT_FALSE(check(u"nome"));  // its letters are no integer
+  isTold("integer");
+  EXPECT_FALSE(check(u"cast(codigo as integer) as chave"));  // cut at the first " as "
+  isTold("syntax error");
+  Browse definition;
+  definition.BrowseTable(u"clientes");
+  definition.BrwCampo(u"codigo");
+  definition.BrwCampoIrmao(u"nada");
+  EXPECT_TRUE(mdlObjTxt::AchaDescr(definition, Long{15}, u"txtCampo", u"", 0).IsEmpty());
+  isTold("nada");
+  connection_->CommitTrans();
+  EXPECT_EQ(count("cidade = 'Nova'"), 1);
 }
 
 TEST_F(ListStatements, OfTheCompletionFindTheFirstThatBeginsSo) {
