@@ -1,5 +1,6 @@
 // Pairs that are ill defined, texts that are SQL, servers that go away: what the operator is told,
 // and that what was typed stays.
+#include <QInputMethodEvent>
 #include <QLabel>
 
 #include "tests/qt/completion_fixture.h"
@@ -237,6 +238,20 @@ TEST_F(CompletionFaults, ABackslashStandsForItself) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
+TEST_F(CompletionFaults, BackspaceTakesAWholeCharacter) {
+  connection_->Execute(u"update cidades set nome = 'Ube \U0001F600 clube' where nome = 'Uberaba'");
+  showCity();
+  type(*window_, QStringLiteral("Ube "));
+  QInputMethodEvent composed;
+  composed.setCommitString(QString::fromUtf8("\xF0\x9F\x98\x80"));
+  QApplication::sendEvent(&box(), &composed);
+  settleEvents();
+  expectBox(QString::fromUtf8("Ube \xF0\x9F\x98\x80"), QStringLiteral(" clube"));
+  press(*window_, Qt::Key_Backspace);  // the tail
+  expectBox(QStringLiteral("Ube "), QString::fromUtf8("\xF0\x9F\x98\x80 clube"));
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
+
 TEST_F(CompletionFaults, ACodeThatIsSqlIsOnlyText) {
   for (const char* typed : {"'; drop table cidades; --", "00001' or '1'='1", "\\", "%"}) {
     SCOPED_TRACE(typed);
@@ -253,7 +268,7 @@ TEST_F(CompletionFaults, ACodeThatIsSqlIsOnlyText) {
   }
 }
 
-TEST_F(CompletionFaults, ALetterInANumericKeyIsTheServersErrorAndStays) {
+TEST_F(CompletionFaults, ALetterInANumericKeyIsRefusedAndStays) {
   const Pair terms = addPair(QStringLiteral("Condicao"), QStringLiteral("condicoes"));
   terms.key->setTipoDado(2);
   show();
