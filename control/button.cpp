@@ -127,11 +127,11 @@ void tsText::PickDate(const DialogPlace& place) {
   const bool touched = IsTouched();
   const auto calendar = Shared(State().frmCalendario);
   bool chosen = false;
-  const Variant day = [&] {
-    const ShownText::OwnWrite calendars(shown_);  // it may write the year out, and put it back
-    return calendar->ExecutaCalendario(place.Top, place.Left, txtEdit_, Trim(Stripped()),
-                                       m_.Mascara, m_.ItensMascara, &chosen);
-  }();
+  Variant day;
+  WithoutTouching([&] {  // it may write the year out
+    day = calendar->ExecutaCalendario(place.Top, place.Left, txtEdit_, Trim(Stripped()), m_.Mascara,
+                                      m_.ItensMascara, &chosen);
+  });
   if (chosen) TakeAnswer(day, !touched && LaidOut(day) == given);
   Release(calendar, State().frmCalendario);
 }

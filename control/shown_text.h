@@ -18,9 +18,10 @@ struct Typing {
 class ShownText {
  public:
   enum class What {
-    Value,       ///< the field's value
-    Refused,     ///< a value that was not stored
-    StoredText,  ///< a stored value that the field's type cannot take, as its text
+    Value,         ///< the field's value
+    Refused,       ///< a value that was not stored, beside the field's value
+    RefusedValue,  ///< the same, which is the field's value: the row holds none
+    StoredText,    ///< a stored value that the field's type cannot take, as its text
   };
 
   /// A write of the field or of the program, for the length of a scope.
@@ -59,7 +60,8 @@ class ShownText {
   /// Whether the box shows something else than the field's own value. A refused value counts
   /// until another is shown. The typed text tells only of a box that hides it.
   bool IsTouched(const String& box, const String& texto, bool hidesTexto) const {
-    return typed_ || what_ == What::Refused || box != box_ || (hidesTexto && texto != texto_);
+    const bool refused = what_ == What::Refused || what_ == What::RefusedValue;
+    return typed_ || refused || box != box_ || (hidesTexto && texto != texto_);
   }
 
  private:

@@ -13,6 +13,7 @@
 namespace tessaria {
 
 class frmCalculadora;
+enum class FieldFamily;
 namespace mdlObjTxt {
 enum class FimDaLista;
 }
@@ -319,11 +320,13 @@ class tsText final : public _tsText, private MaskedField {
   };
   bool Assign(const Variant& argument, Road road);
   void AssignItself();
-  Taken AssignUnbound(const Variant& v);
+  void ShowAgain(ShownText::What what, Road road);
+  Taken AssignUnbound(const Variant& v, Road road);
   Taken AssignBound(const Variant& v, Road road);
-  Taken Converted(const Variant& v, Road road) const;
+  template <class Convert>
+  static Taken Converted(const Variant& v, Road road, Convert convert);
   Variant ConvertUnbound(const Variant& v) const;
-  Variant ConvertBound(const Variant& v) const;
+  Variant ConvertBound(const Variant& v, FieldFamily family, bool acceptsNull) const;
   void WriteField(Taken& taken);
   void TextoFromValue();
   void Present(const Taken& taken, Road road);
@@ -446,15 +449,21 @@ class tsText final : public _tsText, private MaskedField {
   std::vector<Variant> handedOn_;  ///< values whose sibling step is running, outermost first
 };
 
-/// What the field itself does to its box in `body` does not touch it.
+/// What the field itself does to its box in `body` does not touch it, also when it breaks off.
 template <class Body>
 void tsText::WithoutTouching(Body&& body) {
   const bool touched = IsTouched();
-  {
+  const auto remember = [&] {
+    if (!touched) shown_.Remember(txtEdit_.Text(), m_.Texto);
+  };
+  try {
     const ShownText::OwnWrite own(shown_);
     body();
+  } catch (...) {
+    remember();
+    throw;
   }
-  if (!touched) shown_.Remember(txtEdit_.Text(), m_.Texto);
+  remember();
 }
 
 }  // namespace tessaria

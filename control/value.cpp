@@ -1,5 +1,7 @@
 // The road of a value: from an assignment to the field, the typed text, the box and the sibling.
 
+#include <cmath>
+
 #include "control/exact_number.h"
 #include "control/tstext.h"
 #include "control/type_codes.h"
@@ -27,6 +29,12 @@ bool ReadsAlike(const Variant& a, const Variant& b) {
   return Equal(a, b) || CStr(a) == CStr(b);
 }
 
+/// The Double that is no number, and that compares unequal to itself.
+bool IsNotANumber(const Variant& v) {
+  const double* number = v.TryGet<double>();
+  return number && std::isnan(*number);
+}
+
 }  // namespace
 
 void tsText::Value(const Variant& v) { Assign(v, Road::Write); }
@@ -39,19 +47,21 @@ void tsText::ShowValue(const Variant& v) { Assign(v, Road::Show); }
 bool tsText::Assign(const Variant& argument, Road road) {
   // The argument may be a member that the steps change.
   const Variant v = argument;  // NOLINT(performance-unnecessary-copy-initialization)
-  const Taken taken = m_.bCampoConectado ? AssignBound(v, road) : AssignUnbound(v);
+  const Taken taken = m_.bCampoConectado ? AssignBound(v, road) : AssignUnbound(v, road);
   Present(taken, road);
   return taken.IsStored;
 }
 
 /// The value as it is, for a field that nobody has touched: all that an assignment does, except
 /// that nothing is converted and nothing written.
-void tsText::AssignItself() {
+void tsText::AssignItself() { ShowAgain(shown_.Shows(), Road::Show); }
+
+/// `what` tells what the box showed when `Value` was assigned. The value comes in the place of
+/// another that was refused.
+void tsText::ShowAgain(ShownText::What what, Road road) {
   using What = ShownText::What;
-  // A refused value is the field's own only where the row holds none.
-  const bool wasRefused = shown_.Shows() == What::Refused && !CampoVinculado()->Value().IsNull();
   TextoFromValue();
-  Present({m_.Value, true, wasRefused ? What::Value : shown_.Shows()}, Road::Show);
+  Present({m_.Value, true, what == What::Refused ? What::Value : what}, road);
 }
 
 void tsText::Present(const Taken& taken, Road road) {
@@ -73,11 +83,11 @@ void tsText::Present(const Taken& taken, Road road) {
   shown_.ForgetTyping();
 }
 
-tsText::Taken tsText::AssignUnbound(const Variant& v) {
+tsText::Taken tsText::AssignUnbound(const Variant& v, Road road) {
   Taken taken;
   Catch(
       [&] {
-        taken.Shown = ConvertUnbound(v);
+        taken = Converted(v, road, [&] { return ConvertUnbound(v); });
         taken.IsStored = true;
         m_.Value = taken.Shown;
         TextoFromValue();
@@ -111,7 +121,10 @@ tsText::Taken tsText::AssignBound(const Variant& v, Road road) {
   Taken taken;
   Catch(
       [&] {
-        taken = Converted(v, road);
+        const auto field = CampoVinculado();
+        const FieldFamily family = FamilyOf(field->Type());
+        const bool acceptsNull = (field->Attributes() & host::attribute::IsNullable) != 0;
+        taken = Converted(v, road, [&] { return ConvertBound(v, family, acceptsNull); });
         const auto rows = BoundRecordset();
         if (rows->Eof() || rows->Bof()) {
           taken.IsStored = true;
@@ -129,16 +142,19 @@ tsText::Taken tsText::AssignBound(const Variant& v, Road road) {
         mdlMsgBox::ExibeMensagem(hWnd(), Err().Description, mdlMsgBox::flag::Stop,
                                  u"Erro ao Atualizar o Campo '" + site_.DisplayName() + u"'");
         m_.Value = CampoVinculado()->Value();
+        if (taken.What == ShownText::What::Refused && m_.Value.IsNull())
+          taken.What = ShownText::What::RefusedValue;
         TextoFromValue();
       });
   return taken;
 }
 
 /// A value that a row holds and the field's type cannot take is shown as its text.
-tsText::Taken tsText::Converted(const Variant& v, Road road) const {
-  if (road == Road::Write) return {.Shown = ConvertBound(v)};
+template <class Convert>
+tsText::Taken tsText::Converted(const Variant& v, Road road, Convert convert) {
+  if (road == Road::Write) return {.Shown = convert()};
   Taken taken;
-  Catch([&] { taken.Shown = ConvertBound(v); },
+  Catch([&] { taken.Shown = convert(); },
         [&] {
           Err().Clear();  // steers, reports nothing
           taken.Shown = CStr(v);
@@ -157,10 +173,8 @@ void tsText::WriteField(Taken& taken) {
   m_.Value = CampoVinculado()->Value();
 }
 
-Variant tsText::ConvertBound(const Variant& v) const {
-  const auto field = CampoVinculado();
-  const bool acceptsNull = (field->Attributes() & host::attribute::IsNullable) != 0;
-  switch (FamilyOf(field->Type())) {
+Variant tsText::ConvertBound(const Variant& v, FieldFamily family, bool acceptsNull) const {
+  switch (family) {
     case FieldFamily::Text:
       if (IsBlank(v)) return acceptsNull ? Variant::Null() : Variant();
       return CStr(v);
@@ -211,10 +225,10 @@ void tsText::WriteBox(const String& text) {
   txtEdit_.Text(text);
 }
 
-/// Null is the same as Null alone.
+/// Null is the same as Null alone, and so is what is no number.
 bool tsText::IsSame(const Variant& a, const Variant& b) {
   if (a.IsNull() || b.IsNull()) return a.IsNull() == b.IsNull();
-  return Equal(a, b);
+  return Equal(a, b) || (IsNotANumber(a) && IsNotANumber(b));
 }
 
 bool tsText::ValueChanged() const { return !IsSame(m_.Value, m_.LastValue); }

@@ -21,7 +21,9 @@ bool SameValue(const Variant& a, const Variant& b) {
   const Date* second = b.TryGet<Date>();
   if (first && second) return std::abs(first->Days - second->Days) * 86400 < 0.5;
   if (!a.IsNumeric() || !b.IsNumeric()) return Equal(a, b);
-  return IsInexact(a) ? CDbl(a) == CDbl(b) : IsSameNumber(a, b);
+  if (!IsInexact(a)) return IsSameNumber(a, b);
+  const double x = CDbl(a), y = CDbl(b);
+  return x == y || (std::isnan(x) && std::isnan(y));
 }
 
 bool SameRow(const Row& a, const Row& b) {

@@ -173,7 +173,11 @@ class LeftListBehindARefusal : public LeftDialog {
     EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
     rows->Field.Refusal.reset();
     form->Focus(u"txtCampo");
+  }
+  void LeaveList() {
     Click(u"frmBrowse", Close);
+    EXPECT_THAT(app.TakeBoxes(), IsEmpty());
+    EXPECT_EQ(Box().Tag, u"");
     form->Focus(u"chkAtivo");
   }
   std::shared_ptr<RawRows> rows = std::make_shared<RawRows>();
@@ -181,13 +185,58 @@ class LeftListBehindARefusal : public LeftDialog {
 
 TEST_F(LeftListBehindARefusal, ShowsTheRowsValueWhichCountsAsUntouched) {
   RefuseTyped(DecimalFromText(u"1.25"));
+  LeaveList();
   EXPECT_EQ(Box().Text(), u"1,3");
   EXPECT_THAT(rows->Written, IsEmpty());
 }
 
 TEST_F(LeftListBehindARefusal, GoesOnShowingTheRefusedValueWhereTheRowHoldsNone) {
   RefuseTyped(null);
+  LeaveList();
   EXPECT_THAT(rows->Written, SizeIs(1));
+}
+
+TEST_F(LeftListBehindARefusal, AsksNoRowOfAFieldThatIsBoundNoMore) {
+  RefuseTyped(DecimalFromText(u"1.25"));
+  Control().DataField(u"outro");
+  Control().Refresh();
+  EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+  LeaveList();
+  EXPECT_EQ(Box().Text(), u"1,3");
+  EXPECT_THAT(rows->Written, IsEmpty());
+}
+
+TEST_F(LeftListBehindARefusal, AsksNoRowAtTheEndOfTheRows) {
+  RefuseTyped(DecimalFromText(u"1.25"));
+  rows->Field.AtEof = true;
+  rows->Field.ReadFault = HostError(errors::NoCurrentRecord);
+  LeaveList();
+  EXPECT_EQ(Box().Text(), u"1,3");
+  EXPECT_THAT(rows->Written, IsEmpty());
+}
+
+TEST_F(LeftListBehindARefusal, AtTheEndOfTheRowsTheRefusedValueStaysWhereTheRowHeldNone) {
+  RefuseTyped(null);
+  rows->Field.AtEof = true;
+  rows->Field.ReadFault = HostError(errors::NoCurrentRecord);
+  LeaveList();
+  EXPECT_EQ(Box().Text(), u"8,0");
+  EXPECT_EQ(CDbl(Control().Value()), 8);
+}
+
+TEST_F(LeftDialog, AListOverAValueThatAnUnboundFieldRefusedShowsTheValueThatItHas) {
+  Show(TipoControle::Browse);
+  Control().TipoDado(5);
+  Enter();
+  form->Type(u"abc");
+  form->Focus(u"chkAtivo");
+  EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
+  EXPECT_THAT(Control().Value(), IsEmptyVariant());
+  Enter();
+  Click(u"frmBrowse", Close);
+  EXPECT_EQ(Box().Text(), u"");
+  EXPECT_THAT(Control().Value(), IsEmptyVariant());
+  EXPECT_THAT(app.TakeBoxes(), IsEmpty());
 }
 
 // --- Calendar, calculator, folder ---------------------------------------------------------------
