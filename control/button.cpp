@@ -3,17 +3,19 @@
 #include <algorithm>
 
 #include "browse/lookup_run.h"
+#include "control/exact_number.h"
 #include "control/tstext.h"
 #include "mask/exit_flag.h"
 #include "mask/form_helpers.h"
 #include "pickers/calculator.h"
 #include "pickers/calendar.h"
 #include "pickers/folder_picker.h"
+#include "runtime/compare.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "services/message_box.h"
-#include "services/scramble.h"
 #include "services/trap.h"
+#include "tessaria/comforts.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 
@@ -39,7 +41,10 @@ void Release(const std::shared_ptr<Form>& form, std::shared_ptr<Form>& slot) {
   slot = nullptr;
 }
 
-double NumberIn(const String& text) { return mdlComum::NuloParaZero(Replace(text, u".", u"")); }
+/// The number that a value holds, with all its digits; 0 for what is none.
+Variant NumberOrZero(const Variant& v) { return IsNumeric(v) ? ExactNumber(v) : Variant(0.0); }
+
+Variant NumberIn(const String& text) { return NumberOrZero(Replace(text, u".", u"")); }
 
 }  // namespace
 
@@ -125,6 +130,7 @@ bool tsText::ExpandForList(String& where) const {
 void tsText::PickDate(const DialogPlace& place) {
   const String given = txtEdit_.Text();
   const bool touched = IsTouched();
+  const bool isBlank = Trim(Stripped()).empty();
   const auto calendar = Shared(State().frmCalendario);
   bool chosen = false;
   Variant day;
@@ -132,7 +138,8 @@ void tsText::PickDate(const DialogPlace& place) {
     day = calendar->ExecutaCalendario(place.Top, place.Left, txtEdit_, Trim(Stripped()), m_.Mascara,
                                       m_.ItensMascara, &chosen);
   });
-  if (chosen) TakeAnswer(day, !touched && LaidOut(day) == given);
+  const bool isSame = LaidOut(day) == given || (!chosen && !isBlank);
+  if (chosen || !comforts().CalendarCancels) TakeAnswer(day, !touched && isSame);
   Release(calendar, State().frmCalendario);
 }
 
@@ -156,26 +163,26 @@ void tsText::TakeAnswer(const Variant& answer, bool isOwn) {
     Value(answer);
 }
 
-/// Takes the calculator's answer. False for the field's own value.
-bool tsText::Calculate(frmCalculadora& calculator, const DialogPlace& place) {
-  const bool touched = IsTouched();
+/// A blank that nobody touched has no value of its own to keep: the calculator's 0 is its answer.
+tsText::Calculated tsText::Calculate(frmCalculadora& calculator, const DialogPlace& place) {
+  const bool mayKeep = !IsTouched() && !txtEdit_.Text().empty();
   bool changed = false;
   const Variant answer = calculator.ExecutaCalculadora(
       place.Top, place.Left, txtEdit_, Trim(Stripped()), m_.Mascara, m_.ItensMascara, &changed);
-  const bool isOwn = !touched && !changed;
-  TakeAnswer(answer, isOwn);
-  return !isOwn;
+  return {answer, mayKeep && !changed};
 }
 
 void tsText::CalculateChecked(const DialogPlace& place) {
   const auto calculator = Shared(State().frmCalculadora);
-  const Variant before = m_.Value;
-  if (Calculate(*calculator, place) && !CalculationFits()) {
+  const Calculated result = Calculate(*calculator, place);
+  const Held before = Holds();
+  TakeAnswer(result.Answer, result.IsOwn);
+  if (!result.IsOwn && !CalculationFits()) {
     App().ShowMessageBox(0,
                          u"Atenção. O resultado do calculo é superior ao tamanho do campo. O Valor "
                          u"será desconsiderado !",
                          host::box::Stop, u"Tessaria Sistemas");
-    Value(before);
+    GiveBack(before);
   }
   Release(calculator, State().frmCalculadora);
 }
@@ -195,13 +202,35 @@ bool tsText::CalculationFits() {
     Value(NumberIn(text));
     if (Len(text) > MaxLength()) return false;
   }
-  return NumberIn(text) <= mdlComum::NuloParaZero(m_.Value);
+  return !Less(NumberOrZero(m_.Value), NumberIn(text));
+}
+
+tsText::Held tsText::Holds() const {
+  Held held{m_.Value, std::nullopt, shown_.Shows()};
+  // A row that cannot be read is told by the assignment that follows.
+  Catch(
+      [&] {
+        if (!m_.bCampoConectado) return;
+        const auto rows = BoundRecordset();
+        if (!rows->Eof() && !rows->Bof()) held.Stored = CampoVinculado()->Value();
+      },
+      [] {});
+  return held;
+}
+
+/// The row gets what it held and no conversion of it: that may be a text that no number is.
+void tsText::GiveBack(const Held& before) {
+  if (before.Stored && !IsSame(CampoVinculado()->Value(), *before.Stored))
+    GravaValorCampo(*before.Stored);
+  m_.Value = before.Value;
+  ShowAgain(before.Shows, Road::Write);
 }
 
 /// The keyboard's road to the calculator takes the answer unchecked.
 void tsText::AbreCalculadora() {
   const auto calculator = Shared(State().frmCalculadora);
-  Calculate(*calculator, PlaceBelow());
+  const Calculated result = Calculate(*calculator, PlaceBelow());
+  TakeAnswer(result.Answer, result.IsOwn);
   Release(calculator, State().frmCalculadora);
 }
 

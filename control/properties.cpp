@@ -1,5 +1,6 @@
 #include "control/properties.h"
 
+#include <utility>
 #include <vector>
 
 #include "control/tstext.h"
@@ -164,6 +165,20 @@ const Variant kNothing{ObjectPtr()};
 const Variant kSystemWindow = static_cast<Long>(host::colour::WindowBackground);
 const Variant kSystemWindowText = static_cast<Long>(host::colour::WindowText);
 
+/// A length or a position of the box, stored as an Integer while that holds it.
+template <class Access>
+Property LengthRow(StringView name, int id, int read, int write, Access access) {
+  const Variant none = Integer{0};
+  Property row =
+      InBox<Long>(ReadWrite<Long>(name, id, access), name, ValueAt(read, write, none), access);
+  row.Stored.Save = [](const tsText& control) -> Variant {
+    const Long length = Access{}(MemberAccess::Box(control));
+    if (std::in_range<Integer>(length)) return static_cast<Integer>(length);
+    return length;
+  };
+  return row;
+}
+
 Property SignRow(int id) {
   Property row = MEMBER_ROW(bool, ValorNegativo, id, ValueAt(44, 14, false));
   row.Stored.ReadKey = u"valorNegativo";  // the bag compares without regard to case
@@ -276,9 +291,9 @@ std::vector<Property> MakeProperties() {
       BOX_ROW(String, PasswordChar, 41, TextAt(53, 54)),
       BOX_ROW(String, Text, 42, TextAt(52, 53)),
       MEMBER_ROW(String, Texto, 43, TextAt(27, 33)),
-      BOX_ROW(Long, MaxLength, 44, ValueAt(47, 48, Long{0})),
-      BOX_ROW(Long, SelLength, 45, ValueAt(48, 49, Long{0})),
-      BOX_ROW(Long, SelStart, 46, ValueAt(49, 50, Long{0})),
+      LengthRow(u"MaxLength", 44, 47, 48, OF_CONTROL(MaxLength)),
+      LengthRow(u"SelLength", 45, 48, 49, OF_CONTROL(SelLength)),
+      LengthRow(u"SelStart", 46, 49, 50, OF_CONTROL(SelStart)),
       BOX_ROW(String, SelText, 47, TextAt(50, 51)),
       MEMBER_ROW(Variant, Value, 48, TextAt(26, 32)),
       ReadWrite<Variant>(u"OriginalValue", 49, OF_CONTROL(OriginalValue)),

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "control/members.h"
@@ -416,9 +417,22 @@ class tsText final : public _tsText, private MaskedField {
   void PickDate(const DialogPlace& place);
   void PickPath(const DialogPlace& place);
   void TakeAnswer(const Variant& answer, bool isOwn);
-  bool Calculate(frmCalculadora& calculator, const DialogPlace& place);
+  /// An answer, and whether it is no more than the field's own value.
+  struct Calculated {
+    Variant Answer;
+    bool IsOwn;
+  };
+  Calculated Calculate(frmCalculadora& calculator, const DialogPlace& place);
   void CalculateChecked(const DialogPlace& place);
   bool CalculationFits();
+  /// What the field and its row hold before an answer that may be taken back.
+  struct Held {
+    Variant Value;
+    std::optional<Variant> Stored;  ///< nothing where there is no row
+    ShownText::What Shows;
+  };
+  Held Holds() const;
+  void GiveBack(const Held& before);
 
   // Looks
   void AtualizaExibicao();

@@ -16,8 +16,19 @@ namespace tessaria {
 
 namespace {
 
-/// The text of a value, with Null as no text.
-String TextOf(const Variant& v) { return v.IsNull() ? String() : CStr(v); }
+/// The number that a Double or a Single holds; 0 for all other values.
+double FloatIn(const Variant& v) {
+  const bool isFloat = v.Type() == Variant::Kind::Double || v.Type() == Variant::Kind::Single;
+  return isFloat ? CDbl(v) : 0;
+}
+
+/// The text of a value, with Null as no text. What lies beyond all numbers is a word.
+String TextOf(const Variant& v) {
+  if (v.IsNull()) return {};
+  const double number = FloatIn(v);
+  if (std::isfinite(number)) return CStr(v);
+  return std::isnan(number) ? u"NaN" : number > 0 ? u"Infinity" : u"-Infinity";
+}
 
 bool IsBlank(const Variant& v) { return v.IsNull() || EqualsEmpty(v); }
 
@@ -26,13 +37,7 @@ const Variant kZero{Integer{0}};
 /// Whether two values differ in no more than their kind, or in what no text of them tells.
 bool ReadsAlike(const Variant& a, const Variant& b) {
   if (a.IsNull() || b.IsNull()) return a.IsNull() && b.IsNull();
-  return Equal(a, b) || CStr(a) == CStr(b);
-}
-
-/// The Double that is no number, and that compares unequal to itself.
-bool IsNotANumber(const Variant& v) {
-  const double* number = v.TryGet<double>();
-  return number && std::isnan(*number);
+  return Equal(a, b) || TextOf(a) == TextOf(b);
 }
 
 }  // namespace
@@ -152,12 +157,17 @@ tsText::Taken tsText::AssignBound(const Variant& v, Road road) {
 /// A value that a row holds and the field's type cannot take is shown as its text.
 template <class Convert>
 tsText::Taken tsText::Converted(const Variant& v, Road road, Convert convert) {
-  if (road == Road::Write) return {.Shown = convert()};
+  const auto readable = [&] {
+    Variant shown = convert();
+    if (!shown.IsNull()) CStr(shown);  // what has no text is refused before anything takes it
+    return shown;
+  };
+  if (road == Road::Write) return {.Shown = readable()};
   Taken taken;
-  Catch([&] { taken.Shown = convert(); },
+  Catch([&] { taken.Shown = readable(); },
         [&] {
           Err().Clear();  // steers, reports nothing
-          taken.Shown = CStr(v);
+          taken.Shown = TextOf(v);
           taken.What = ShownText::What::StoredText;
         });
   // Empty is for a column to take in place of Null; a row that is only shown holds Null.
@@ -204,7 +214,7 @@ void tsText::TextoFromValue() {
 void tsText::Display(const Taken& taken) {
   const bool asText = taken.What == ShownText::What::StoredText;
   if (asText)
-    WriteBox(mdlObjTxt::AplicaMascara(taken.Shown, {}, {}, {}, txtEdit_.PasswordChar()));
+    WriteBox(mdlObjTxt::AplicaMascara(TextOf(taken.Shown), {}, {}, {}, txtEdit_.PasswordChar()));
   else if (!m_.Mascara.empty() || !taken.Shown.IsNull())  // else it is as the typed text left it
     WriteBox(LaidOut(taken.Shown));
   shown_.Remember(txtEdit_.Text(), m_.Texto, taken.What);
@@ -228,7 +238,7 @@ void tsText::WriteBox(const String& text) {
 /// Null is the same as Null alone, and so is what is no number.
 bool tsText::IsSame(const Variant& a, const Variant& b) {
   if (a.IsNull() || b.IsNull()) return a.IsNull() == b.IsNull();
-  return Equal(a, b) || (IsNotANumber(a) && IsNotANumber(b));
+  return Equal(a, b) || (std::isnan(FloatIn(a)) && std::isnan(FloatIn(b)));
 }
 
 bool tsText::ValueChanged() const { return !IsSame(m_.Value, m_.LastValue); }

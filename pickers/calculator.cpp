@@ -107,16 +107,15 @@ Variant frmCalculadora::ExecutaCalculadora(const Variant& nLi, const Variant& nC
                                            const String& /*cItensMascara*/, bool* mudou) {
   const String text = txtNumero.Text();
   const bool hasNumber = !text.empty() && (IsNumeric(text) || cTexto.empty());
-  const double start = hasNumber ? CDbl(text) : 0;
-  if (hasNumber) machine_.StartWith(start);
-  const String given = CStr(start);
+  if (hasNumber) machine_.StartWith(CDbl(text));
+  const String given = hasNumber ? CalculatorMachine::NumberText(text) : u"0";
   machine_.Display(given);
   ShowDisplay();
   PlaceOnScreen(*dialog_, static_cast<float>(CDbl(nLi)), static_cast<float>(CDbl(nCi)));
   OperatorButton(Operator::Equals).SetFocus();
   dialog_->ShowModal();
   String answer = dialog_->Find<host::DialogDisplay>(u"txtVisor").Text();
-  if (mudou) *mudou = !hasNumber || answer != given;
+  if (mudou) *mudou = answer != given;
   return answer;
 }
 

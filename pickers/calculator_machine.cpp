@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "runtime/conversion.h"
+#include "runtime/number_text.h"
 #include "runtime/text.h"
 #include "tessaria/error.h"
 
@@ -16,12 +17,21 @@ constexpr StringView kNone = u" ";
 constexpr StringView kCaptions[CalculatorMachine::OperatorCount] = {u"C", u"CE", u"+", u"-",
                                                                     u"X", u"/",  u"=", u"%"};
 
-double InRange(double value) {
-  if (!std::isfinite(value)) throw HostError(errors::Overflow);
-  return value;
-}
+/// The digits that a Decimal may have; the exponent of a number with more is written out.
+constexpr int kMostDigits = 29;
 
 }  // namespace
+
+String CalculatorMachine::NumberText(const String& written) {
+  const double nearest = CDbl(written);
+  auto number = ReadNumber(written);
+  if (!number || number->Bits) return CStr(nearest);
+  number->Value.DropLeadingZeros();
+  number->Value.DropTrailingZeros();
+  const auto significant = number->Value.Text.find_last_not_of('0') + 1;
+  return significant > kDoubleDigits ? GeneralText(number->Value, u',', kMostDigits)
+                                     : CStr(nearest);
+}
 
 StringView CalculatorMachine::Caption(Operator key) { return kCaptions[static_cast<int>(key)]; }
 
@@ -33,7 +43,16 @@ void CalculatorMachine::Load() {
 
 void CalculatorMachine::StartWith(double value) {
   last_ = Entry::Number;
-  accumulator_ = value;
+  accumulator_ = Computed(value);
+}
+
+CalculatorMachine::Operand CalculatorMachine::Computed(double value) {
+  if (!std::isfinite(value)) throw HostError(errors::Overflow);
+  return {value, CStr(value)};
+}
+
+CalculatorMachine::Operand CalculatorMachine::Entered() const {
+  return {CDbl(display_), NumberText(display_)};
 }
 
 void CalculatorMachine::Digit(int digit) {
@@ -56,8 +75,8 @@ void CalculatorMachine::Comma() {
 
 bool CalculatorMachine::Press(Operator key) {
   if (last_ == Entry::Number) ++operands_;
-  if (operands_ == 1) accumulator_ = CDbl(display_);
-  if (operands_ == 2) operand_ = CDbl(display_);
+  if (operands_ == 1) accumulator_ = Entered();
+  if (operands_ == 2) operand_ = Entered();
   if (key == Operator::C || key == Operator::CE) {
     Clear(key);
     return false;
@@ -72,26 +91,29 @@ bool CalculatorMachine::Press(Operator key) {
 
 /// CE goes back to the first operand; it does not clear to 0.
 void CalculatorMachine::Clear(Operator key) {
-  if (key == Operator::C) accumulator_ = 0;
-  operand_ = 0;
+  if (key == Operator::C) accumulator_ = Computed(0);
+  operand_ = Computed(0);
   ShowAccumulator();
   pending_ = kNone;
 }
 
-double CalculatorMachine::Pending() const {
-  if (pending_ == u"+") return InRange(operand_ + accumulator_);
-  if (pending_ == u"-") return InRange(accumulator_ - operand_);
-  if (pending_ == u"X") return InRange(operand_ * accumulator_);
-  if (pending_ == u"%") return InRange(InRange(operand_ * accumulator_) / 100);
+CalculatorMachine::Operand CalculatorMachine::Pending() const {
+  const double first = accumulator_.Value, second = operand_.Value;
+  const bool isSum = pending_ == u"+" || pending_ == u"-";
+  if (isSum && second == 0) return accumulator_;  // with all its digits
+  if (pending_ == u"+") return Computed(second + first);
+  if (pending_ == u"-") return Computed(first - second);
+  if (pending_ == u"X") return Computed(second * first);
+  if (pending_ == u"%") return Computed(Computed(second * first).Value / 100);
   if (pending_ == u"=") return operand_;
   if (pending_ != u"/") return accumulator_;
-  if (operand_ != 0) return InRange(accumulator_ / operand_);
+  if (second != 0) return Computed(first / second);
   if (OnDivisionByZero) OnDivisionByZero();
   return accumulator_;
 }
 
 void CalculatorMachine::ShowAccumulator() {
-  display_ = CStr(accumulator_);
+  display_ = accumulator_.Text;
   operands_ = 1;
   last_ = Entry::Operator;
 }

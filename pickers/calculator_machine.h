@@ -16,6 +16,9 @@ class CalculatorMachine {
   static constexpr int OperatorCount = 8;
   /// What stands on a key.
   static StringView Caption(Operator key);
+  /// A number as the display shows it: with the 15 digits of a Double, or with all that are written
+  /// when there are more. Error 13 for a text that is no number, 6 for one out of range.
+  static String NumberText(const String& written);
 
   /// Back to the start; the operands and the kind of the last entry stay.
   void Load();
@@ -38,13 +41,21 @@ class CalculatorMachine {
  private:
   enum class Entry { None, Number, Operator };
 
+  /// A number and its text: of one that was only entered, all digits.
+  struct Operand {
+    double Value = 0;
+    String Text = u"0";
+  };
+  static Operand Computed(double value);
+
+  Operand Entered() const;
   void Clear(Operator key);
-  double Pending() const;
+  Operand Pending() const;
   void ShowAccumulator();
 
   String display_;
-  double accumulator_ = 0;
-  double operand_ = 0;
+  Operand accumulator_;
+  Operand operand_;
   bool hasComma_ = false;
   int operands_ = 0;
   Entry last_ = Entry::None;

@@ -78,7 +78,8 @@ Variant frmCalendario::ExecutaCalendario(const Variant& nLi, const Variant& nCi,
   if (!canCancel) txtData.Text(CStr(start));
   chosen_ = false;
   dialog_->ShowModal();
-  if (escolheu) *escolheu = chosen_ || !canCancel;
+  const bool isMoved = calendar.Value().Days != start.Days;
+  if (escolheu) *escolheu = chosen_ || (!canCancel && isMoved);
   return calendar.Value();
 }
 

@@ -85,9 +85,9 @@ const std::vector<Key>& Keys() {
       {u"valorNegativo", 44, 14, no, no, yes},
       {u"BackColor", 45, 45, Colour32(0x80000005), Colour32(0x80000005), Colour32(0x00C0FFFF)},
       {u"ForeColor", 46, 47, Colour32(0x80000008), Colour32(0x80000008), Colour32(0x000000FF)},
-      {u"MaxLength", 47, 48, Long{0}, Long{0}, Long{40}},
-      {u"SelLength", 48, 49, Long{0}, Long{0}, Long{2}},
-      {u"SelStart", 49, 50, Long{0}, Long{0}, Long{1}},
+      {u"MaxLength", 47, 48, Integer{0}, Integer{0}, Integer{40}},
+      {u"SelLength", 48, 49, Integer{0}, Integer{0}, Integer{2}},
+      {u"SelStart", 49, 50, Integer{0}, Integer{0}, Integer{1}},
       {u"SelText", 50, 51, dash, none, u"el"},
       {u"Enabled", 51, 52, yes, yes, no},
       {u"Text", 52, 53, dash, none, u"na caixa"},
@@ -118,7 +118,10 @@ std::vector<Key> InOrder(int Key::*position) {
 /// What the key's target holds now.
 Variant Target(const tsText& control, const Key& key) {
   if (StringView(key.Name) == u"ItensMascara") return control.ItensMascara();
-  return GetProperty(control, key.Name);
+  const Variant held = GetProperty(control, key.Name);
+  // A length is a Long to programs.
+  const bool isShort = key.Sample.Type() == Variant::Kind::Integer;
+  return isShort ? Variant(static_cast<Integer>(*held.TryGet<Long>())) : held;
 }
 
 /// A bag that compares keys exactly, notes every call and fails at a key on demand.
@@ -248,14 +251,27 @@ TEST_F(PersistenceTest, TheFontTravelsAsAnObject) {
   EXPECT_EQ(*written.At(u"Font").As<host::Font>(), *font);
 }
 
+TEST_F(PersistenceTest, ALengthThatNoIntegerHoldsIsStoredAsALongAndBothAreRead) {
+  for (const Long length : {32767, 32768, 2000000000}) {
+    field->txtEdit().MaxLength(length);
+    RecordingBag written;
+    Control().UserControl_WriteProperties(written);
+    const Variant stored = written.At(u"MaxLength");
+    EXPECT_EQ(stored.Type(), length > 32767 ? Variant::Kind::Long : Variant::Kind::Integer);
+    EXPECT_EQ((*AddStored(u"txtLido", {{u"MaxLength", stored}}))->MaxLength(), length);
+    form->Remove(u"txtLido");
+  }
+  EXPECT_EQ((*AddStored(u"txtAntigo", {{u"MaxLength", Long{7}}}))->MaxLength(), 7);
+}
+
 // The selection stands in the walk ahead of the text, whose assignment takes it away.
 TEST_F(PersistenceTest, TheSelectionIsStoredButLostOnReading) {
   field->txtEdit().Text(u"abcdef");
   field->txtEdit().SelStart(2);
   field->txtEdit().SelLength(3);
   Control().UserControl_WriteProperties(bag);
-  EXPECT_SAME(bag.At(u"SelStart"), Long{2});
-  EXPECT_SAME(bag.At(u"SelLength"), Long{3});
+  EXPECT_SAME(bag.At(u"SelStart"), Integer{2});
+  EXPECT_SAME(bag.At(u"SelLength"), Integer{3});
   EXPECT_SAME(bag.At(u"SelText"), u"cde");
 
   const auto loaded = form->Add<memory::TsText>(u"txtOutro", bag);
@@ -346,7 +362,7 @@ TEST_F(PersistenceTest, WritingTakesTheLooksFromTheBox) {
   Control().UserControl_WriteProperties(bag);
   EXPECT_SAME(bag.At(u"BackColor"), Long{0x010203});
   EXPECT_SAME(bag.At(u"ForeColor"), Long{0x040506});
-  EXPECT_SAME(bag.At(u"MaxLength"), Long{7});
+  EXPECT_SAME(bag.At(u"MaxLength"), Integer{7});
   EXPECT_SAME(bag.At(u"Text"), u"direto");
   EXPECT_SAME(bag.At(u"PasswordChar"), u"#");
   EXPECT_SAME(bag.At(u"Enabled"), false);

@@ -28,6 +28,7 @@ class RawRows final : public host::Recordset, private host::Fields {
     std::function<Variant(const Variant&)> Makes;
     std::optional<HostError> Refusal;
     std::optional<HostError> ReadFault;
+    std::optional<HostError> SizeFault;
   } Field;
   /// The values that were written, in order.
   std::vector<Variant> Written;
@@ -67,7 +68,10 @@ class RawRows final : public host::Recordset, private host::Fields {
     String Name() const override { return rows_.Field.Name; }
     Long Type() const override { return rows_.Field.Type; }
     Long Attributes() const override { return rows_.Field.Attributes; }
-    Long DefinedSize() const override { return rows_.Field.DefinedSize; }
+    Long DefinedSize() const override {
+      if (rows_.Field.SizeFault) throw *rows_.Field.SizeFault;
+      return rows_.Field.DefinedSize;
+    }
     Long Precision() const override { return 0; }
     Long NumericScale() const override { return 0; }
     Variant Value() const override {

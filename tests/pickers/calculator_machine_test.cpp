@@ -235,6 +235,33 @@ TEST_F(CalculatorMachineTest, TheDisplayTakesSixteenCharacters) {
   EXPECT_EQ(machine.Type(u"01234567"), u"-123456789012345");
 }
 
+// A number that was only entered is no Double yet.
+TEST_F(CalculatorMachineTest, AnEntryOfMoreDigitsThanADoubleHoldsKeepsThemUntilItIsComputedWith) {
+  for (const StringView keys : {u"=", u"+", u"+-", u"E"}) {
+    EXPECT_EQ(Machine(boxes).Type(u"9999999999999999" + String(keys)), u"9999999999999999")
+        << ToUtf8(keys);
+  }
+  EXPECT_EQ(Machine(boxes).Type(u"1234567,89012345+"), u"1234567,89012345");
+  EXPECT_EQ(Machine(boxes).Type(u"9999999999999999+1="), u"1E+16");
+  EXPECT_EQ(Machine(boxes).Type(u"0000000000000012+"), u"12");
+}
+
+TEST_F(CalculatorMachineTest, ANumberIsShownWithTheDigitsOfADoubleOrWithAllThatAreWritten) {
+  const struct {
+    const char16_t* Written;
+    const char16_t* Shown;
+  } rows[] = {{u"1.234,50", u"1234,5"},
+              {u"-0,000012", u"-1,2E-05"},
+              {u"12345678901234567,89", u"12345678901234567,89"},
+              {u"(12.345.678.901.234.567,80)", u"-12345678901234567,8"},
+              {u"1000000000000000000", u"1E+18"},
+              {u"1234567890123456E+20", u"1,234567890123456E+35"},
+              {u"&H1F", u"31"}};
+  for (const auto& row : rows)
+    EXPECT_EQ(CalculatorMachine::NumberText(row.Written), row.Shown) << ToUtf8(row.Written);
+  EXPECT_HOST_ERROR(CalculatorMachine::NumberText(u"12a"), errors::TypeMismatch);
+}
+
 TEST_F(CalculatorMachineTest, TheCommaIsTheOneKeyThatAFullDisplayTakes) {
   EXPECT_EQ(Machine(boxes).Type(u"1234567890123456,7"), u"1234567890123456,");
 }
