@@ -43,8 +43,15 @@ void OdbcRecordset::FieldValue(std::size_t column, const Variant& value) {
   if (const String* text = value.TryGet<String>()) RequireWellFormed(*text);
   const Column& info = ColumnInfo()[column];
   const Variant present = FieldValue(column);
-  // A stored text that is no value of the column's kind is no edit when it comes back.
+  // A stored text that is no value of the column's kind is no edit when it comes back, behind
+  // another too.
   if (value.IsString() && IsSame(present, value)) return;
+  const bool isEdit = edit_ == host::EditMode::InProgress && changes_.contains(column);
+  if (value.IsString() && isEdit && IsSame(table_->Value(RowAt(position_), column), value)) {
+    changes_.erase(column);
+    if (changes_.empty()) edit_ = host::EditMode::None;
+    return;
+  }
   Variant converted = ConvertFor(info, value);
   if (IsSame(present, converted)) return;
   if (!IsWritable(column)) {
