@@ -1,6 +1,7 @@
 #include "hosts/memory/connection.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "runtime/conversion.h"
@@ -54,6 +55,15 @@ std::vector<Column> ColumnsOfSchema(host::SchemaKind kind) {
                        .Nullable = column.Nullable});
   }
   return columns;
+}
+
+/// Whether a text only reads: it begins as a query does, or is a table's name.
+bool IsQuery(StringView text, SqlRules rules) {
+  SqlScanner scanner(text, rules);
+  const String first = UCase(scanner.TextOf(scanner.Next()));
+  const bool isName = scanner.Next().Is(SqlToken::Kind::End);
+  constexpr StringView kQueries[] = {u"SELECT", u"VALUES", u"TABLE", u"WITH", u"SHOW"};
+  return isName || std::find(std::begin(kQueries), std::end(kQueries), first) != std::end(kQueries);
 }
 
 }  // namespace
@@ -269,6 +279,13 @@ RowSource::Answer Connection::Run(const String& statement, bool writable) {
   if (HoldsSecondStatement(statement, StatementRules())) {
     throw HostError(errors::ProviderError, u"O texto contém mais de um comando.");
   }
+  if (IsQuery(statement, StatementRules())) return AnswerTo(statement, writable);
+  RowSource::Answer answer;
+  Write([&] { answer = AnswerTo(statement, writable); });
+  return answer;
+}
+
+RowSource::Answer Connection::AnswerTo(const String& statement, bool writable) {
   std::optional<Rows> rows;
   if (const auto fixed = answers_.find(statement); fixed != answers_.end()) rows = fixed->second;
   if (!rows && OnStatement) rows = std::function(OnStatement)(statement);

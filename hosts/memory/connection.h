@@ -61,9 +61,9 @@ class Connection final : public host::Connection, public std::enable_shared_from
   void FailNext(HostError error) { faults_.push_back(std::move(error)); }
   /// The line breaks: what comes next finds the connection closed.
   void Drop() { dropped_ = true; }
-  /// The line breaks with the next write of a record set, before (`stored` false) or after the
-  /// table has taken it; the writer gets error -2147217663. Inside a transaction all is undone
-  /// and the error is the provider's.
+  /// The line breaks with the next write, of a record set or by a statement that is no query,
+  /// before (`stored` false) or after it is done; the writer gets error -2147217663. Inside a
+  /// transaction all is undone and the error is the provider's.
   void LoseNextAnswer(bool stored) { lostAnswer_ = stored; }
 
   // --- What happened -------------------------------------------------------------------------
@@ -88,6 +88,7 @@ class Connection final : public host::Connection, public std::enable_shared_from
   void RaiseFault();
   void Write(const std::function<void()>& change);
   RowSource::Answer Run(const String& statement, bool writable);
+  RowSource::Answer AnswerTo(const String& statement, bool writable);
   SqlRules StatementRules() const;
   RowSource::Answer TableRows(const String& statement, bool writable) const;
   host::RecordsetPtr OpenRows(std::unique_ptr<RowSource> source, const String& text);

@@ -5,6 +5,7 @@
 #include "hosts/memory/recordset.h"
 #include "runtime/compare.h"
 #include "runtime/conversion.h"
+#include "runtime/stored_match.h"
 #include "runtime/well_formed.h"
 
 namespace tessaria::memory {
@@ -26,8 +27,13 @@ bool SameValue(const Variant& a, const Variant& b) {
   return x == y || (std::isnan(x) && std::isnan(y));
 }
 
-bool SameRow(const Row& a, const Row& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), SameValue);
+bool IsStoredRow(const Row& given, const Row& stored, const std::vector<Column>& columns) {
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const Column& column = columns[i];
+    const ColumnShape shape{column.Type, column.DefinedSize, column.NumericScale};
+    if (!IsStoredFrom(given[i], stored[i], shape)) return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -115,14 +121,15 @@ void Recordset::SettleDoubt() {
   const bool isNew = editMode_ == host::EditMode::Add;
   const auto position = static_cast<std::size_t>(position_);
   const Table::Stored* stored = isNew ? FindInserted() : origin_->Find(rows_[position].Id);
-  const bool isStored = stored != nullptr && SameRow(stored->Cells, sent_);
-  if (isNew && stored != nullptr && !isStored) throw HostError(errors::WriteInDoubt);
+  const bool isStored = stored != nullptr && IsStoredRow(sent_, stored->Cells, columns_);
+  const bool isAsRead = stored == nullptr || (!isNew && stored->Version == rows_[position].Version);
+  if (!isStored && !isAsRead) throw HostError(errors::WriteInDoubt);
   doubt_ = Doubt::None;
   if (!isStored) return;
   const Row typed = edit_;
   DropEdit();
   isNew ? ShowNewRow(*stored) : static_cast<void>(rows_[position] = *stored);
-  if (SameRow(CurrentCells(), typed)) return;
+  if (IsStoredRow(typed, CurrentCells(), columns_)) return;
   edit_ = typed;
   editMode_ = host::EditMode::InProgress;
 }

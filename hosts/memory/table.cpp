@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "runtime/conversion.h"
+#include "runtime/digits.h"
 #include "runtime/text.h"
 
 namespace tessaria::memory {
@@ -98,12 +99,25 @@ Table::Table(std::vector<Column> columns, std::vector<Row> rows) : columns_(std:
 
 Row Table::Typed(Row cells) const {
   cells.resize(columns_.size(), Variant::Null());
-  for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = ValueOfType(columns_[i], cells[i]);
+  for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = Storable(i, cells[i]);
   return cells;
+}
+
+Variant Table::Storable(std::size_t column, const Variant& value) const {
+  const Column& definition = columns_[column];
+  const Variant typed = ValueOfType(definition, value);
+  if (definition.Precision == 0 || !typed.TryGet<Decimal>()) return typed;
+  return ToDecimal(
+      Rounded(DigitsOf(typed), static_cast<int>(definition.NumericScale), Halves::AwayFromZero));
+}
+
+void Table::RunTrigger(Row& cells) const {
+  if (trigger_) trigger_(cells);
 }
 
 Table::Stored Table::Insert(Row cells) {
   CheckWrite();
+  RunTrigger(cells);
   Append(std::move(cells));
   return rows_.back();
 }
@@ -113,8 +127,9 @@ Table::Stored Table::Update(Long id, Long version, Row cells) {
   const auto row = Unchanged(id, version);
   cells.resize(columns_.size(), Variant::Null());
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (!IsKeptText(row->Cells[i], cells[i])) cells[i] = ValueOfType(columns_[i], cells[i]);
+    if (!IsKeptText(row->Cells[i], cells[i])) cells[i] = Storable(i, cells[i]);
   }
+  RunTrigger(cells);
   row->Cells = std::move(cells);
   ++row->Version;
   return *row;

@@ -1,6 +1,7 @@
 // Tables of the memory database.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -46,7 +47,8 @@ Variant ValueOfType(const Column& column, const Variant& value);
 std::optional<std::size_t> ColumnByName(const std::vector<Column>& columns, StringView name);
 
 /// A table that record sets read and write and that tests change behind their back.
-/// Values are brought to their columns' types as they come in, with the errors of `ValueOfType`.
+/// Values are brought to their columns' types as they come in, with the errors of `ValueOfType`,
+/// and exact numbers to their columns' scale where a precision is told.
 class Table {
  public:
   /// A row by its lasting number; the version counts its changes.
@@ -79,6 +81,9 @@ class Table {
   void Change(std::size_t row, const String& column, const Variant& value);
   void Remove(std::size_t row);
 
+  /// What a trigger of the database does to a row that a record set writes.
+  void ChangeWhatIsWritten(std::function<void(Row&)> trigger) { trigger_ = std::move(trigger); }
+
   // --- Faults.
   void RefuseField(const String& column, HostError error);
   void AcceptField(const String& column);
@@ -86,7 +91,9 @@ class Table {
 
  private:
   void CheckWrite();
+  Variant Storable(std::size_t column, const Variant& value) const;
   Row Typed(Row cells) const;
+  void RunTrigger(Row& cells) const;
   std::size_t RequireColumn(const String& name) const;
   void Put(std::size_t row, std::size_t column, Variant value);
   std::vector<Stored>::iterator Unchanged(Long id, Long version);
@@ -96,6 +103,7 @@ class Table {
   Long lastId_ = 0;
   std::map<String, HostError> refusedFields_;  ///< by name in lower case
   std::optional<HostError> refusal_;
+  std::function<void(Row&)> trigger_;
 };
 
 using TablePtr = std::shared_ptr<Table>;

@@ -124,7 +124,7 @@ Variant CellValue(const ColumnStore& store, const Columns& columns, std::uint32_
 
 Variant ConvertFor(const Column& column, const Variant& value) {
   if (value.IsNull()) return value;
-  if (column.storage == Storage::Text) return CStr(value);
+  if (column.storage == Storage::Text) return column.lowerCase ? LCase(CStr(value)) : CStr(value);
   if (IsBlankValue(value)) return Variant::Null();
   switch (column.storage) {
     case Storage::Int16:

@@ -49,6 +49,10 @@ bool MayHaveEffects(const String& text) {
   return false;
 }
 
+constexpr StringView kMayBeExecuted =
+    u"O comando pode ter sido executado ou não: a conexão com o servidor caiu antes da resposta. "
+    u"Confira antes de repeti-lo.";
+
 const String kDeclare = u"DECLARE tessaria_rows NO SCROLL CURSOR FOR ";
 
 }  // namespace
@@ -98,7 +102,8 @@ void RowStream::OpenCursor(const String& text) {
 }
 
 void RowStream::RunWhole(const StatementFacts& facts) {
-  session_.Execute(*statement_, facts.text);
+  const auto execute = [&] { session_.Execute(*statement_, facts.text); };
+  facts.isPlainQuery ? execute() : InDoubtWhenLost(session_, kMayBeExecuted, execute);
   Describe();
   if (!facts.isSmallQuery || !session_.ServerInfo().IsPostgres() || !HasDates(columns_)) return;
   SQLFreeStmt(statement_->get(), SQL_CLOSE);

@@ -5,6 +5,7 @@
 #include "hosts/odbc/date_texts.h"
 #include "hosts/odbc/diagnostics.h"
 #include "hosts/odbc/key_columns.h"
+#include "runtime/stored_match.h"
 #include "tessaria/host/data.h"
 
 namespace tessaria::odbc {
@@ -32,6 +33,14 @@ constexpr StringView kMayBeDeleted =
   throw HostError(errors::WriteInDoubt,
                   u"Não se sabe se o registro novo foi gravado quando a conexão caiu. Leia os "
                   u"dados outra vez e confira antes de gravar.");
+}
+
+// The database may have changed what it was given, or another user the row.
+[[noreturn]] void ThrowCannotTellEdit() {
+  throw HostError(errors::WriteInDoubt,
+                  u"Não se sabe se a alteração foi gravada quando a conexão caiu: o registro não "
+                  u"está como foi lido nem como foi digitado. Nada foi gravado agora. Cancele a "
+                  u"alteração, leia os dados outra vez e confira.");
 }
 
 String Joined(const std::vector<String>& parts) {
@@ -133,13 +142,9 @@ void RowWriter::Delete(const RowTable& table, RowId row) const {
 
 // Once it is sent, only the answer tells whether it was done.
 SQLLEN RowWriter::Send(const Statement& statement, const Command& command, StringView doubt) const {
-  const bool isUndoneByLoss = session_->InTransaction();
-  try {
+  return InDoubtWhenLost(*session_, doubt, [&] {
     return session_->ExecuteWith(statement, command.text, command.values);
-  } catch (const HostError& error) {
-    if (session_->IsOpen() || isUndoneByLoss) throw;
-    throw InDoubt(doubt, error);
-  }
+  });
 }
 
 // False when the server does not tell whether it changed the row.
@@ -153,16 +158,34 @@ bool RowWriter::ExecuteOnRow(const Command& command, StringView doubt) const {
 Changes RowWriter::MissingIn(const ColumnStore& row, const Changes& changes) const {
   Changes missing;
   for (const auto& [column, value] : changes) {
-    if (!IsSame(CellValue(row, columns_, 0, column), value)) missing.emplace(column, value);
+    const ColumnShape shape{columns_[column].type, columns_[column].definedSize,
+                            columns_[column].scale};
+    if (!IsStoredFrom(value, CellValue(row, columns_, 0, column), shape))
+      missing.emplace(column, value);
   }
   return missing;
 }
 
 std::optional<ColumnStore> RowWriter::FindUpdated(const RowTable& table, RowId row,
                                                   const Changes& sent) const {
+  // A row of the new key is another one as long as that of the old key is there.
+  if (IsKeyChanged(sent) && IsThere(table, row)) return std::nullopt;
   auto now = Look(KeysAfter(table, row, sent));
-  if (now && !MissingIn(*now, sent).empty()) now.reset();
-  return now;
+  if (!now || MissingIn(*now, sent).empty()) return now;
+  if (!IsAsRead(*now, table, row, sent)) ThrowCannotTellEdit();
+  return std::nullopt;
+}
+
+bool RowWriter::IsKeyChanged(const Changes& changes) const {
+  return std::any_of(table_.keys.begin(), table_.keys.end(),
+                     [&](std::size_t key) { return changes.count(key) > 0; });
+}
+
+bool RowWriter::IsAsRead(const ColumnStore& now, const RowTable& table, RowId row,
+                         const Changes& sent) const {
+  return std::all_of(sent.begin(), sent.end(), [&](const auto& change) {
+    return IsSame(CellValue(now, columns_, 0, change.first), table.Value(row, change.first));
+  });
 }
 
 std::optional<ColumnStore> RowWriter::FindInserted(const Changes& sent) const {

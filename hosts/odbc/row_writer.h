@@ -28,7 +28,8 @@ class RowWriter {
   void Delete(const RowTable& table, RowId row) const;
 
   // What became of a write in doubt. All of them raise what goes wrong with the reading.
-  /// The row as it is in the database, when it holds the changes that were sent.
+  /// The row as it is in the database, when it holds the changes that were sent; nothing when it
+  /// is as it was read, or gone. Error -2147217663 when it holds something else.
   std::optional<ColumnStore> FindUpdated(const RowTable& table, RowId row,
                                          const Changes& sent) const;
   /// The new row, or nothing when it is not there. Error -2147217663 when that cannot be told: the
@@ -36,7 +37,8 @@ class RowWriter {
   std::optional<ColumnStore> FindInserted(const Changes& sent) const;
   /// Whether there is a row of that key.
   bool IsThere(const RowTable& table, RowId row) const;
-  /// The changes that a row, the first of a store, does not hold.
+  /// The changes that a row, the first of a store, does not hold, not even as its columns store
+  /// them.
   Changes MissingIn(const ColumnStore& row, const Changes& changes) const;
 
  private:
@@ -57,6 +59,9 @@ class RowWriter {
   Keys KeysAfter(const RowTable& table, RowId row, const Changes& changes) const;
   SQLLEN Send(const Statement& statement, const Command& command, StringView doubt) const;
   bool ExecuteOnRow(const Command& command, StringView doubt) const;
+  bool IsKeyChanged(const Changes& changes) const;
+  bool IsAsRead(const ColumnStore& now, const RowTable& table, RowId row,
+                const Changes& sent) const;
   std::optional<ColumnStore> Look(const Keys& keys) const;
   std::optional<ColumnStore> ReadBack(const Keys& keys) const noexcept;
   Command ReadBackCommand(const Keys& keys) const;

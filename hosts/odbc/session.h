@@ -113,6 +113,19 @@ class Session {
 
 using SessionPtr = std::shared_ptr<Session>;
 
+/// Runs what sends a write. When the connection is lost meanwhile, outside a transaction, the error
+/// is -2147217663, and its text starts with `doubt`.
+template <class Write>
+auto InDoubtWhenLost(Session& session, StringView doubt, Write write) {
+  const bool isUndoneByLoss = session.InTransaction();
+  try {
+    return write();
+  } catch (const HostError& error) {
+    if (session.IsOpen() || isUndoneByLoss) throw;
+    throw InDoubt(doubt, error);
+  }
+}
+
 /// A name in the server's quotation marks.
 String QuoteName(const Server& server, StringView name);
 /// A table's whole name in quotation marks. SQL Server's has the database too, which may be

@@ -146,6 +146,23 @@ TEST_F(LostWriteTest, NewRowWhoseKeyTheDatabaseGivesIsWrittenAgainOnlyWhenTheRow
   }
 }
 
+TEST_F(LostWriteTest, AQueryWhoseAnswerIsLostIsInNoDoubt) {
+  proxy_->CutAt(Side::Client, {"SELECT count"});
+  EXPECT_HOST_ERROR(line_->Execute(u"SELECT count(*) from t"), errors::ProviderError);
+}
+
+TEST_F(LostWriteTest, AStatementThatMayBeDoneIsToldInPlainWords) {
+  proxy_->CutAt(Side::Server, {"INSERT 0 1"});
+  try {
+    line_->Execute(u"insert into t (nome) values ('Davi')");
+    ADD_FAILURE() << "answered";
+  } catch (const HostError& error) {
+    EXPECT_EQ(error.Number(), errors::WriteInDoubt);
+    EXPECT_TRUE(error.Description().starts_with(u"O comando pode ter sido executado ou não"));
+  }
+  EXPECT_EQ(CountOf(u"Davi"), 1);
+}
+
 TEST_F(LostWriteTest, DoubtIsToldInPlainWords) {
   const auto rows = EditOnLine(u"select * from t where codigo = 1");
   Set(rows, u"nome", u"Davi");
@@ -156,6 +173,54 @@ TEST_F(LostWriteTest, DoubtIsToldInPlainWords) {
   } catch (const HostError& error) {
     EXPECT_TRUE(error.Description().starts_with(u"O registro pode ter sido gravado ou não"));
   }
+}
+
+TEST_F(LostWriteTest, AnEditIsFoundAsItsColumnsStoreIt) {
+  Run(u"create table aparado (id int primary key, preco numeric(11,2), sigla char(5), "
+      u"curto varchar(3), dinheiro money, marca uuid, livre numeric, hora timestamp(0))");
+  Run(u"insert into aparado (id, livre) values (1, 1)");
+  const auto rows = EditOnLine(u"select * from aparado");
+  Set(rows, u"preco", u"1,239");
+  Set(rows, u"sigla", u"ab  ");
+  Set(rows, u"curto", u"abc  ");
+  Set(rows, u"dinheiro", u"2,345");
+  Set(rows, u"marca", u"A0EEBC99-9C0B-4EF8-BB6D-6BB9BD380A11");
+  Set(rows, u"livre", u"1,000000015");
+  Set(rows, u"hora", Date{45000.5});
+  proxy_->CutAt(Side::Server, {"UPDATE 1"});
+  EXPECT_HOST_ERROR(rows->Update(), errors::WriteInDoubt);
+  line_->Open();
+  rows->Update();
+  EXPECT_EQ(rows->EditMode(), EditMode::None);
+  EXPECT_EQ(CStr(Get(rows, u"preco")), u"1,24");
+  EXPECT_EQ(CStr(Get(rows, u"livre")), u"1,000000015");
+}
+
+TEST_F(LostWriteTest, ARowThatHoldsTheNewKeyAlreadyIsNotTheEditedOne) {
+  const auto rows = EditOnLine(u"select * from t where codigo < 3 order by codigo");
+  Set(rows, u"codigo", Long{2});
+  proxy_->CutAt(Side::Client, {"UPDATE "});
+  EXPECT_HOST_ERROR(rows->Update(), errors::WriteInDoubt);
+  line_->Open();
+  EXPECT_HOST_ERROR(rows->Update(), errors::IntegrityViolation);
+  rows->CancelUpdate();
+  EXPECT_SAME(Get(rows, u"nome"), u"nome 1");
+}
+
+TEST_F(LostWriteTest, ARowThatIsAsNobodyKnowsIsToldInPlainWords) {
+  const auto rows = EditOnLine(u"select * from t where codigo = 1");
+  Set(rows, u"nome", u"Davi");
+  proxy_->CutAt(Side::Server, {"UPDATE 1"});
+  EXPECT_HOST_ERROR(rows->Update(), errors::WriteInDoubt);
+  line_->Open();
+  Run(u"update t set nome = 'Eva' where codigo = 1");
+  try {
+    rows->Update();
+    ADD_FAILURE() << "written";
+  } catch (const HostError& error) {
+    EXPECT_TRUE(error.Description().starts_with(u"Não se sabe se a alteração foi gravada"));
+  }
+  EXPECT_EQ(CountOf(u"Eva"), 1);
 }
 
 // What the line does at any byte: never a second row, and never a lost one once it was accepted.

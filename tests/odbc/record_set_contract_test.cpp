@@ -32,8 +32,7 @@ class OdbcData final : public DataDriver {
     return Rows(u"select * from contrato where 1 = 2", host::LockType::ReadOnly);
   }
   void ChangeNome(Long codigo, const String& nome) override {
-    other_->Execute(u"update contrato set \"Nome\" = '" + Replace(nome, u"'", u"''") +
-                    u"' where \"Codigo\" = " + CStr(Variant(codigo)));
+    other_->Execute(Renaming(codigo, nome));
   }
   void DeleteRow(Long codigo) override {
     other_->Execute(u"delete from contrato where \"Codigo\" = " + CStr(Variant(codigo)));
@@ -45,6 +44,18 @@ class OdbcData final : public DataDriver {
     } else {
       proxy_.CutAt(Side::Client, {"INSERT INTO", "UPDATE ", "DELETE FROM"});
     }
+  }
+  String Renaming(Long codigo, const String& nome) override {
+    return u"UPDATE contrato SET \"Nome\" = '" + Replace(nome, u"'", u"''") +
+           u"' where \"Codigo\" = " + CStr(Variant(codigo));
+  }
+  void StoreNamesInCapitals() override {
+    other_->Execute(
+        u"create or replace function capitais() returns trigger language plpgsql as "
+        u"'begin new.\"Nome\" = upper(new.\"Nome\"); return new; end'");
+    other_->Execute(
+        u"create trigger capitais before insert or update on contrato for each row execute "
+        u"function capitais()");
   }
   std::vector<String> StoredNames() override {
     std::vector<String> names;

@@ -41,6 +41,18 @@ class MemoryData final : public DataDriver {
   }
   void DeleteRow(Long codigo) override { table_->Remove(RowOf(codigo)); }
   void LoseNextAnswer(bool stored) override { connection_->LoseNextAnswer(stored); }
+  String Renaming(Long codigo, const String& nome) override {
+    const String statement = u"Update Cliente Set Nome = '" + nome + u"'";
+    connection_->OnStatement = [=, this](const String& sent) -> std::optional<memory::Rows> {
+      if (sent != statement) return std::nullopt;
+      ChangeNome(codigo, nome);
+      return memory::Rows{};
+    };
+    return statement;
+  }
+  void StoreNamesInCapitals() override {
+    table_->ChangeWhatIsWritten([](memory::Row& row) { row[1] = UCase(CStr(row[1])); });
+  }
   std::vector<String> StoredNames() override {
     std::vector<String> names;
     for (const auto& row : table_->Rows()) names.push_back(CStr(row.Cells[1]));

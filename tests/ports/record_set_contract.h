@@ -39,8 +39,12 @@ class DataDriver {
   /// What another user does to the row of a Codigo, and sees in the table.
   virtual void ChangeNome(Long codigo, const String& nome) = 0;
   virtual void DeleteRow(Long codigo) = 0;
-  /// The connection breaks with the next write of a record set, before or after it is stored.
+  /// A statement that gives the row of a Codigo another Nome.
+  virtual String Renaming(Long codigo, const String& nome) = 0;
+  /// The connection breaks with the next write, before or after it is stored.
   virtual void LoseNextAnswer(bool stored) = 0;
+  /// From now on the database stores Nome in capitals, whoever writes it.
+  virtual void StoreNamesInCapitals() = 0;
   /// The column Nome as it is stored now, in the order of Codigo.
   virtual std::vector<String> StoredNames() = 0;
 };

@@ -88,15 +88,64 @@ TEST_P(WriteInDoubtContract, WhatWasTypedSinceIsWrittenOnTop) {
   }
 }
 
+// The row is neither as it was read nor as it was written: nobody knows who made it so.
 TEST_P(WriteInDoubtContract, AnotherUsersChangeIsNotOverwritten) {
+  for (const bool stored : {true, false}) {
+    driver_ = GetParam().make();
+    const auto rows = Writable();
+    Field(rows, u"Nome")->Value(u"Alice");
+    Lose(stored, [&] { rows->Update(); });
+    driver_->ChangeNome(1, u"Amanda");
+    Reconnect();
+    EXPECT_EQ(ErrorOf([&] { rows->Update(); }), errors::WriteInDoubt);
+    EXPECT_EQ(ErrorOf([&] { rows->MoveNext(); }), errors::WriteInDoubt);
+    EXPECT_EQ(Nome(rows), u"Alice");
+    EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Amanda", u"Bruno", u"Carla"));
+    rows->CancelUpdate();
+    rows->Requery();
+    EXPECT_EQ(Nome(rows), u"Amanda");
+  }
+}
+
+TEST_P(WriteInDoubtContract, AnEditThatTheDatabaseChangedIsNotWrittenOnceMore) {
   const auto rows = Writable();
+  driver_->StoreNamesInCapitals();
   Field(rows, u"Nome")->Value(u"Alice");
   Lose(true, [&] { rows->Update(); });
-  driver_->ChangeNome(1, u"Amanda");
   Reconnect();
-  EXPECT_EQ(ErrorOf([&] { rows->Update(); }), errors::RowChanged);
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(ErrorOf([&] { rows->Update(); }), errors::WriteInDoubt);
+  EXPECT_TRUE(rows->IsInDoubt());
   EXPECT_EQ(Nome(rows), u"Alice");
-  EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Amanda", u"Bruno", u"Carla"));
+  rows->CancelUpdate();
+  rows->Requery();
+  EXPECT_EQ(Nome(rows), u"ALICE");
+}
+
+TEST_P(WriteInDoubtContract, AnEditIsFoundAsItsColumnStoresIt) {
+  for (const bool stored : {true, false}) {
+    driver_ = GetParam().make();
+    const auto rows = Writable();
+    Field(rows, u"Valor")->Value(u"1,239");
+    Lose(stored, [&] { rows->Update(); });
+    Reconnect();
+    rows->Update();
+    EXPECT_EQ(rows->EditMode(), host::EditMode::None);
+    EXPECT_EQ(CStr(Field(rows, u"Valor")->Value()), u"1,24");
+  }
+}
+
+TEST_P(WriteInDoubtContract, ANewRowIsFoundAsItsColumnsStoreIt) {
+  for (const bool stored : {true, false}) {
+    driver_ = GetParam().make();
+    const auto rows = WithNewRow();
+    Field(rows, u"Valor")->Value(u"1,235");
+    Lose(stored, [&] { rows->Update(); });
+    Reconnect();
+    rows->Update();
+    EXPECT_EQ(rows->RecordCount(), 4);
+    EXPECT_EQ(CStr(Field(rows, u"Valor")->Value()), u"1,24");
+    EXPECT_EQ(driver_->StoredNames().size(), 4U);
+  }
 }
 
 TEST_P(WriteInDoubtContract, ANewRowIsStoredOnceHoweverOftenItIsSaved) {
@@ -168,6 +217,26 @@ TEST_P(WriteInDoubtContract, ARowThatMayBeDeletedCannotBeEditedWhenItIs) {
   rows->CancelUpdate();
   rows->MoveNext();
   EXPECT_EQ(Nome(rows), u"Bruno");
+}
+
+TEST_P(WriteInDoubtContract, AStatementThatWritesIsInDoubtToo) {
+  for (const bool stored : {true, false}) {
+    driver_ = GetParam().make();
+    const String statement = driver_->Renaming(1, u"Alice");
+    Lose(stored, [&] { driver_->Connection()->Execute(statement); });
+    Reconnect();
+    EXPECT_EQ(driver_->StoredNames().front(), stored ? u"Alice" : u"Ana");
+  }
+}
+
+TEST_P(WriteInDoubtContract, AStatementInsideATransactionIsUndone) {
+  const auto connection = driver_->Connection();
+  const String statement = driver_->Renaming(1, u"Alice");
+  connection->BeginTrans();
+  driver_->LoseNextAnswer(true);
+  EXPECT_EQ(ErrorOf([&] { connection->Execute(statement); }), errors::ProviderError);
+  Reconnect();
+  EXPECT_EQ(driver_->StoredNames().front(), u"Ana");
 }
 
 TEST_P(WriteInDoubtContract, CancelUpdateDropsTheEdit) {

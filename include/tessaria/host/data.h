@@ -115,7 +115,11 @@ class Connection;
 /// nothing is sent again by itself. Once the connection is open again:
 /// - Writing again first looks for the row by its key. An edit that was stored is over; what was
 ///   typed since then is written on top of it. One that was not stored is written now. A deletion
-///   is looked up in the same way.
+///   is looked up in the same way. Values count as stored when the row holds what their columns
+///   make of them (a number at the column's scale, a text without padding).
+/// - A row that is neither as it was read nor as it was written (another user changed it, or the
+///   database what it was given) is nobody's to tell: writing it raises the same error until the
+///   edit is dropped and the rows are read again.
 /// - A new row whose key the database gives cannot be found so. Writing it raises the same error
 ///   until `Requery` has read the rows again, which keeps the new row as a pending edit: the
 ///   program looks for it among the rows (`ValueAt`) and then writes it or drops it. The same holds
@@ -213,7 +217,8 @@ class Connection : public Object {
   /// Runs one statement. Rows come back as a read-only record set; a statement without rows
   /// gives a closed one. A text that holds a second statement is refused. Error 5 for a text with
   /// a character of code 0 or half of a surrogate pair, here and wherever a text goes to the
-  /// server.
+  /// server. Outside a transaction, error -2147217663 for a statement that is no plain query and
+  /// whose answer is lost with the connection: what it writes may have been stored.
   virtual RecordsetPtr Execute(const String& statement) = 0;
   /// Opens rows of one statement. `Optimistic` makes them writable when they come from one
   /// table and hold its key. `options` -1 leaves open whether the text is a statement.
