@@ -291,17 +291,19 @@ bool Adodc::saveRow() {
 bool Adodc::cancelRow() {
   const QPointer<Adodc> self(this);
   bool inDoubt = false;
+  auto edit = host::EditMode::None;
   // What stands in the focused field is given up too: it is not settled.
   const bool dropped = guarded(this, [&] {
     host::Recordset& rows = require(recordSet_);
     inDoubt = rows.IsInDoubt();
+    edit = rows.EditMode();
     if (hasEdit(rows)) rows.CancelUpdate();
     leaveDeletedRow(rows);
     stayOnARow(rows);
   });
   if (!dropped || !self) return false;
   loadRow();
-  if (self && inDoubt) guarded(this, tellGivenUpInDoubt);
+  if (self && inDoubt) guarded(this, [edit] { tellGivenUpInDoubt(edit); });
   if (self) tell(&Adodc::rowCancelled);
   return true;
 }
@@ -325,7 +327,7 @@ bool Adodc::deleteRow() {
   if (!stepped) guarded(this, [this] { recordSet_->MovePrevious(); });
   if (!self) return false;
   loadRow();
-  if (self && inDoubt) guarded(this, tellGivenUpInDoubt);
+  if (self && inDoubt) guarded(this, [] { tellGivenUpInDoubt(host::EditMode::Add); });
   if (self) tell(&Adodc::rowDeleted);
   return true;
 }

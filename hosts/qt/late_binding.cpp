@@ -1,6 +1,10 @@
 #include "hosts/qt/late_binding.h"
 
+#include <QCheckBox>
 #include <QMetaProperty>
+#include <algorithm>
+#include <iterator>
+#include <type_traits>
 
 #include "control/properties.h"
 #include "hosts/qt/colours.h"
@@ -66,6 +70,28 @@ const ModelProperty kModel[] = {
      [](QWidget& w, const Variant& v) { setColour(w, w.backgroundRole(), v); }},
 };
 
+/// A check box holds 0, 1, or 2 when it is partially checked; an option button a Boolean.
+constexpr Qt::CheckState kCheckStates[] = {Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked};
+
+Variant checkOf(const QCheckBox& box) {
+  const auto* state = std::find(std::begin(kCheckStates), std::end(kCheckStates), box.checkState());
+  return static_cast<Integer>(state - std::begin(kCheckStates));
+}
+
+/// True is a check mark too.
+void setCheck(QCheckBox& box, const Variant& value) {
+  const Long state = value.TryGet<bool>() ? Long{CBool(value)} : CLng(value);
+  if (state < 0 || state >= Long{std::size(kCheckStates)}) throw HostError(errors::InvalidArgument);
+  box.setCheckState(kCheckStates[state]);
+}
+
+/// The check box whose own state a name stands for.
+template <class Widget>
+auto* checkBoxFor(Widget& widget, StringView name) {
+  using Box = std::conditional_t<std::is_const_v<Widget>, const QCheckBox, QCheckBox>;
+  return EqualNoCase(name, u"Value") ? qobject_cast<Box*>(&widget) : nullptr;
+}
+
 /// Names of the object model for properties that Qt calls otherwise; the first that the widget
 /// has counts.
 struct Alias {
@@ -117,6 +143,7 @@ Variant getLate(const QWidget& widget, const String& property) {
   const auto* control = qobject_cast<const TsText*>(&widget);
   if (control && isOwnProperty(property)) return GetProperty(control->control(), property);
   if (const ModelProperty* found = findModel(property)) return found->get(widget);
+  if (const auto* box = checkBoxFor(widget, property)) return checkOf(*box);
   if (const auto* label = qobject_cast<const QLabel*>(&widget))
     if (EqualNoCase(property, u"Caption")) return fromQt(captionOf(*label));
   return toVariant(widget.property(requireQtName(widget, property)));
@@ -129,6 +156,7 @@ void letLate(QWidget& widget, const String& property, const Variant& value) {
     if (!found->let) throw HostError(errors::PropertyIsReadOnly);
     return found->let(widget, value);
   }
+  if (auto* box = checkBoxFor(widget, property)) return setCheck(*box, value);
   const QByteArray name = requireQtName(widget, property);
   const int index = widget.metaObject()->indexOfProperty(name);
   if (index >= 0 && !widget.metaObject()->property(index).isWritable())

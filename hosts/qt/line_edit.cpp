@@ -29,6 +29,14 @@ bool isText(const QString& typed) {
   return !typed.isEmpty() && typed.front() >= QLatin1Char(' ') && typed.front() != QChar(127);
 }
 
+/// Tells a key from all others, whatever the modifiers make of it. An event that no keyboard has
+/// sent knows its code alone.
+quint64 keyOf(const QKeyEvent& event, Integer code) {
+  constexpr quint64 kByScanCode = quint64{1} << 32;
+  const quint32 scanCode = event.nativeScanCode();
+  return scanCode != 0 ? kByScanCode | scanCode : quint64{static_cast<quint16>(code)};
+}
+
 /// Keys that print nothing and would change the text past the mask.
 bool bypassesMask(const QKeyEvent& event) {
   static constexpr QKeySequence::StandardKey kKeys[] = {QKeySequence::Paste,
@@ -190,10 +198,12 @@ bool LineEdit::event(QEvent* event) {
 
 void LineEdit::handleKeyPress(QKeyEvent* event) {
   const QPointer<LineEdit> self(this);
-  const Integer code = virtualKey(*event);
+  const quint64 key = keyOf(*event, virtualKey(*event));
+  const bool isHeld = event->isAutoRepeat() && held_.contains(key);
   // Held down since a dialog that it closed, say: the form's buttons are none of its business.
-  if (event->isAutoRepeat() && isDialogKey(*event) && !held_.contains(code)) return event->accept();
-  held_.insert(code);
+  if (event->isAutoRepeat() && isDialogKey(*event) && !isHeld) return event->accept();
+  const Integer code = isHeld ? held_.value(key) : virtualKey(*event);
+  held_.insert(key, code);
   const EditCommand command = maskInUse().isEmpty() ? EditCommand::None : commandOf(*event);
   const KeyReach reach = command == EditCommand::None ? KeyReach::Box : KeyReach::SurfaceOnly;
   const KeyFate fate =
@@ -249,8 +259,13 @@ void LineEdit::act(QKeyEvent* event) {
 void LineEdit::handleKeyRelease(QKeyEvent* event) {
   event->accept();
   if (event->isAutoRepeat()) return;
-  const Integer code = virtualKey(*event);
-  const PressedIn where = held_.remove(code) ? PressedIn::Box : PressedIn::Elsewhere;
+  const Integer ownCode = virtualKey(*event);
+  const auto pressed = held_.constFind(keyOf(*event, ownCode));
+  const bool inBox = pressed != held_.cend();
+  // The modifiers may have gone since the press.
+  const Integer code = inBox ? *pressed : ownCode;
+  if (inBox) held_.erase(pressed);
+  const PressedIn where = inBox ? PressedIn::Box : PressedIn::Elsewhere;
   if (events_) events_->keyUp(code, shiftState(event->modifiers()), where);
 }
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <QClipboard>
+#include <QHash>
 #include <QLineEdit>
 #include <QPointer>
-#include <QSet>
 #include <algorithm>
 #include <functional>
 #include <optional>
@@ -146,8 +146,8 @@ class LineEdit final : public QLineEdit {
   void flush();
 
   EditEvents* events_ = nullptr;
-  QSet<Integer> held_;  ///< keys whose release is awaited
-  QString known_;       ///< the text as last told
+  QHash<quint64, Integer> held_;  ///< codes of the keys whose release is awaited, by `keyOf`
+  QString known_;                 ///< the text as last told
   int limit_ = 0;
   int working_ = 0;       ///< depth of `Work`
   int typing_ = 0;        ///< depth of `Work` whose text went through the handlers

@@ -31,9 +31,13 @@ bool LineEdit::attempt(const std::function<bool()>& body) {
 }
 
 void LineEdit::stepThroughHistory(EditState (EditHistory::*step)(EditState)) {
-  const Step present(this);
-  stepsInHistory_ = true;
-  restore((history_.*step)(state()));
+  const QPointer<LineEdit> self(this);
+  {
+    const Step present(this);
+    stepsInHistory_ = true;
+    restore((history_.*step)(state()));
+  }
+  if (self) reportTextWithoutKey();
 }
 
 void LineEdit::undo() {

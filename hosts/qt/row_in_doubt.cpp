@@ -3,8 +3,8 @@
 #include <utility>
 #include <vector>
 
-#include "runtime/compare.h"
 #include "runtime/conversion.h"
+#include "runtime/stored_match.h"
 #include "tessaria/error.h"
 
 namespace tessaria::qt {
@@ -23,10 +23,12 @@ Given givenValues(host::Recordset& rows) {
   return given;
 }
 
-bool holds(const host::Recordset& rows, Long row, const Given& given) {
+/// As the columns store it.
+bool holds(host::Recordset& rows, Long row, const Given& given) {
   for (const auto& [column, value] : given) {
-    const Variant stored = rows.ValueAt(row, column);
-    if (stored.IsNull() || !Equal(stored, value)) return false;
+    const host::FieldPtr field = rows.Fields().Item(column);
+    const ColumnShape shape{field->Type(), field->DefinedSize(), field->NumericScale()};
+    if (!IsStoredFrom(value, rows.ValueAt(row, column), shape)) return false;
   }
   return !given.empty();
 }
@@ -57,17 +59,19 @@ void writeOrLookFor(host::Recordset& rows) {
   if (row == 0)
     tell(
         u"Não se sabia se o registro novo foi gravado quando a conexão caiu. Os dados foram lidos "
-        u"outra vez, e ele não está entre eles. Grave-o outra vez ou cancele-o.");
+        u"outra vez, e nenhum registro tem os mesmos valores. O banco de dados pode ter gravado "
+        u"outros no lugar deles: confira. Se o registro não estiver lá, grave-o; se estiver, "
+        u"cancele o novo.");
   tell(
       u"Não se sabia se o registro novo foi gravado quando a conexão caiu. Os dados foram lidos "
       u"outra vez: o registro " +
       CStr(row) + u" tem os mesmos valores. Se for ele, cancele o novo; se for outro, grave-o.");
 }
 
-void tellGivenUpInDoubt() {
-  tell(
-      u"O registro pode ter sido gravado ou não quando a conexão caiu. Leia os dados outra vez "
-      u"para ver como ficou.");
+void tellGivenUpInDoubt(host::EditMode edit) {
+  const String done = edit == host::EditMode::None ? u"excluído" : u"gravado";
+  tell(u"O registro pode ter sido " + done +
+       u" ou não quando a conexão caiu. Leia os dados outra vez para ver como ficou.");
 }
 
 }  // namespace tessaria::qt

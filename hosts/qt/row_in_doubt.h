@@ -11,7 +11,8 @@ namespace tessaria::qt {
 /// the row, `CancelUpdate` drops it.
 void writeOrLookFor(host::Recordset& rows);
 
-/// Error -2147217663 for a row in doubt whose edit was given up.
-[[noreturn]] void tellGivenUpInDoubt();
+/// Error -2147217663 for a row in doubt that was given up: the edit told, or with none its
+/// deletion.
+[[noreturn]] void tellGivenUpInDoubt(host::EditMode edit);
 
 }  // namespace tessaria::qt

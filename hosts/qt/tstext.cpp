@@ -52,11 +52,7 @@ TsText::TsText(QWidget* parent) : QWidget(parent) {
   parts_->box.RestoreTyped = [this](const Typing& typing) {
     parts_->control.RestoreTyping(typing);
   };
-  // Also for a kind that was assigned past this widget's own properties.
-  connect(this, &TsText::propertyChanged, this, [this](const QString& name) {
-    if (name == QLatin1String("TipoControle"))
-      parts_->browseButton->setKind(parts_->control.TipoControle());
-  });
+  connect(this, &TsText::propertyChanged, this, &TsText::followControl);
   connectKeys();
   write([](tsText& c) { c.UserControl_InitProperties(); });
 }
@@ -67,6 +63,19 @@ TsText::~TsText() {
   parts_->box.Typed = nullptr;
   parts_->box.RestoreTyped = nullptr;
   retire(std::move(parts_));
+}
+
+/// Also when it was assigned past this widget's own properties.
+void TsText::followControl(const QString& property) {
+  if (property == QLatin1String("TipoControle"))
+    parts_->browseButton->setKind(parts_->control.TipoControle());
+  if (property == QLatin1String("Enabled") && !designMode_) QWidget::setEnabled(isFieldEnabled());
+}
+
+/// The widget's own flag, whatever is around it.
+void TsText::followWidget() {
+  const bool enabled = !testAttribute(Qt::WA_ForceDisabled);
+  if (!designMode_ && enabled != isFieldEnabled()) setEnabled(enabled);
 }
 
 void TsText::connectKeys() {
@@ -99,7 +108,8 @@ void TsText::setSettings(const QStringList& lines) {
     TextPropertyBag bag = makeBag();
     bag.Load(fromQt(lines.join(QLatin1Char('\n'))));
     c.UserControl_ReadProperties(bag);
-    parts_->browseButton->setKind(c.TipoControle());
+    followControl(QStringLiteral("TipoControle"));
+    followControl(QStringLiteral("Enabled"));
   });
   updateGeometry();
 }
@@ -180,6 +190,7 @@ void TsText::changeEvent(QEvent* event) {
     parts_->site.applyColour();
     parts_->box.applyColours();
   }
+  if (parts_ && event->type() == QEvent::EnabledChange) followWidget();
   QWidget::changeEvent(event);
 }
 

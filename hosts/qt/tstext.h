@@ -140,7 +140,9 @@ class TsText final : public QWidget, public ErrorListener {
   /// Type code of an unbound value: 2, 4, 5 number, 7 date, any other text.
   int tipoDado() const;
   void setTipoDado(int v);
-  /// The typed value; assigning takes the whole road of a value. Null is a null pointer.
+  /// The typed value; assigning takes the whole road of a value. Null is a null pointer. A number
+  /// that a double would round comes as a whole number of 64 bits where it fits, else as the text
+  /// of all its digits, with a comma; given back, each is the very same number.
   QVariant value() const;
   void setValue(const QVariant& v);
   /// Value of the row as it was loaded. Assigning shows a message, changes nothing.
@@ -196,9 +198,9 @@ class TsText final : public QWidget, public ErrorListener {
   void setSelText(const QString& v);
 
   // Looks
-  /// The control's own flag. Hides the widget's, which would bypass the control.
+  /// The control's own flag. The widget's follows it, and brings it along when it is changed
+  /// through `QWidget`; what disables the surroundings leaves it alone.
   bool isFieldEnabled() const;
-  void setEnabled(bool v);
   /// Of the box. A colour of the theme reads as its present value.
   QColor foreColor() const;
   void setForeColor(const QColor& v);
@@ -337,6 +339,11 @@ class TsText final : public QWidget, public ErrorListener {
   bool hasToSettle() const;
   void unhandled(int number, const QString& description) override;
 
+ public slots:  // NOLINT
+  /// Hide those of the widget, for connections by name too.
+  void setEnabled(bool v);
+  void setDisabled(bool v) { setEnabled(!v); }
+
  signals:
   /// The first show at run time is complete.
   void shown();
@@ -375,6 +382,8 @@ class TsText final : public QWidget, public ErrorListener {
   QLabel* captionLabel();
   void nameForAccessibility();
   void connectKeys();
+  void followControl(const QString& property);
+  void followWidget();
 
   std::shared_ptr<Parts> parts_;
   bool designMode_ = false;

@@ -10,6 +10,7 @@
 #include "hosts/qt/fonts.h"
 #include "hosts/qt/text.h"
 #include "runtime/conversion.h"
+#include "runtime/digits.h"
 #include "tessaria/error.h"
 
 namespace tessaria::qt {
@@ -28,10 +29,36 @@ Date toDate(const QDateTime& moment) {
   return FromCivil({d.year(), d.month(), d.day(), t.hour(), t.minute(), t.second()});
 }
 
+Variant fromMagnitude(qulonglong magnitude, bool negative) {
+  Decimal number;
+  number.Magnitude = {static_cast<std::uint32_t>(magnitude),
+                      static_cast<std::uint32_t>(magnitude >> 32), 0};
+  number.Negative = negative;
+  return number;
+}
+
 Variant fromWhole(qlonglong number) {
-  if (number < std::numeric_limits<Long>::min() || number > std::numeric_limits<Long>::max())
-    return double(number);
-  return static_cast<Long>(number);
+  if (number >= std::numeric_limits<Long>::min() && number <= std::numeric_limits<Long>::max())
+    return static_cast<Long>(number);
+  const auto bits = static_cast<qulonglong>(number);
+  return number < 0 ? fromMagnitude(0 - bits, true) : fromMagnitude(bits, false);
+}
+
+Variant fromUnsigned(qulonglong number) {
+  if (number > qulonglong(std::numeric_limits<qlonglong>::max()))
+    return fromMagnitude(number, false);
+  return fromWhole(static_cast<qlonglong>(number));
+}
+
+/// A double where it has all digits of the number; else a whole number, or the text of all digits.
+QVariant fromExact(const Variant& value) {
+  const Digits exact = DigitsOf(value);
+  const double number = CDbl(value);
+  if (Order(DigitsOf(number), exact) == std::strong_ordering::equal) return number;
+  const QString text = toQt(CStr(value));
+  bool isWhole = false;
+  const qlonglong whole = text.toLongLong(&isWhole);
+  return isWhole ? QVariant(whole) : QVariant(text);
 }
 
 Variant fromOther(const QVariant& value) {
@@ -59,9 +86,10 @@ QVariant toQVariant(const Variant& value) {
       return CLng(value);
     case Variant::Kind::Single:
     case Variant::Kind::Double:
+      return CDbl(value);
     case Variant::Kind::Currency:
     case Variant::Kind::Decimal:
-      return CDbl(value);
+      return fromExact(value);
     case Variant::Kind::Date:
       return fromDate(*value.TryGet<Date>());
     case Variant::Kind::String:
@@ -92,6 +120,8 @@ Variant toVariant(const QVariant& value) {
     case QMetaType::Char:
       return fromWhole(value.toLongLong());
     case QMetaType::ULongLong:
+    case QMetaType::ULong:
+      return fromUnsigned(value.toULongLong());
     case QMetaType::Double:
       return value.toDouble();
     case QMetaType::Float:

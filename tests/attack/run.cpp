@@ -13,8 +13,11 @@
 namespace tessaria::attack {
 namespace {
 
+// g++ and clang tell of the address sanitizer in ways of their own.
 #if defined(__SANITIZE_ADDRESS__)
 constexpr bool kSlow = true;
+#elif defined(__has_feature)
+constexpr bool kSlow = __has_feature(address_sanitizer);
 #else
 constexpr bool kSlow = false;
 #endif

@@ -10,6 +10,7 @@
 #include "hosts/qt/form.h"
 #include "hosts/qt/text.h"
 #include "runtime/conversion.h"
+#include "runtime/text.h"
 #include "tests/qt/field_fixture.h"
 #include "tests/support/faulty_rows.h"
 
@@ -275,6 +276,48 @@ TEST_F(RowInDoubt, ARefreshLooksForTheNewRowAndLeavesTheDecisionToTheOperator) {
     EXPECT_TRUE(data_->refresh());
     EXPECT_EQ(data_->recordSet()->RecordCount(), 4);
   }
+}
+
+TEST_F(RowInDoubt, ARefreshFindsTheNewRowAsItsColumnsStoreIt) {
+  table_ = connection_->AddTable(
+      u"Produto",
+      {{.Name = u"Codigo", .Type = host::type::Integer},
+       {.Name = u"Nome", .Type = host::type::WChar, .DefinedSize = 5},
+       {.Name = u"Preco", .Type = host::type::Numeric, .Precision = 11, .NumericScale = 2}});
+  table_->ChangeWhatIsWritten([](memory::Row& row) { row[1] = RTrim(CStr(row[1])); });
+  data_->setRecordSource(QStringLiteral("Produto"));
+  show();
+  data_->addRow();
+  data_->recordSet()->Fields().Item(u"Nome")->Value(u"Davi ");
+  data_->recordSet()->Fields().Item(u"Preco")->Value(u"1,239");
+  connection_->LoseNextAnswer(true);
+  EXPECT_FALSE(data_->saveRow());
+  boxes_.takeTexts();
+  EXPECT_FALSE(data_->refresh());
+  const QStringList texts = boxes_.takeTexts();
+  ASSERT_EQ(texts.size(), 1);
+  EXPECT_TRUE(texts[0].contains(QStringLiteral("o registro 1 tem os mesmos valores")));
+}
+
+TEST_F(RowInDoubt, ARefreshDoesNotDenyARowThatTheDatabaseChanged) {
+  table_->ChangeWhatIsWritten([](memory::Row& row) { row[1] = UCase(CStr(row[1])); });
+  loseNewRow(true);
+  EXPECT_FALSE(data_->refresh());
+  const QStringList texts = boxes_.takeTexts();
+  ASSERT_EQ(texts.size(), 1);
+  EXPECT_TRUE(texts[0].contains(QStringLiteral("O banco de dados pode ter gravado outros")));
+  EXPECT_EQ(rowsOf(u"DAVI"), 1);
+}
+
+TEST_F(RowInDoubt, ADeletionThatIsGivenUpIsNamedAsOne) {
+  show();
+  connection_->LoseNextAnswer(true);
+  EXPECT_FALSE(data_->deleteRow());
+  boxes_.takeTexts();
+  EXPECT_TRUE(data_->cancelRow());
+  const QStringList texts = boxes_.takeTexts();
+  ASSERT_EQ(texts.size(), 1);
+  EXPECT_TRUE(texts[0].startsWith(QStringLiteral("O registro pode ter sido excluído ou não")));
 }
 
 TEST_F(RowInDoubt, SavingOrMovingNeverStoresItTwice) {

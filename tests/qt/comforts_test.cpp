@@ -99,6 +99,18 @@ TEST_F(ClipboardKeys, AProgramMaySwallowThem) {
   EXPECT_EQ(first_->text().count(QLatin1Char('_')) + first_->text().isEmpty() * 4, 4);
 }
 
+TEST_F(ClipboardKeys, UndoAndRedoOfTheMenuAreTextWithoutAKey) {
+  start("00/00", "12");
+  std::vector<int> ups;
+  QObject::connect(first_, &TsText::keyUp, [&](qint16& code) { ups.push_back(code); });
+  edit().undo();
+  edit().redo();
+  EXPECT_EQ(ups, std::vector<int>({0, 0}));
+  ups.clear();
+  keys(Qt::Key_Z);
+  EXPECT_EQ(std::count(ups.begin(), ups.end(), 0), 0);
+}
+
 TEST_F(ClipboardKeys, UndoTakesOneEditBack) {
   start("00/00", "123");
   keys(Qt::Key_Z);

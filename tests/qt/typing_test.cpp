@@ -263,6 +263,24 @@ TEST_F(Typing, UndoTakesBackAPasteAndADrop) {
   EXPECT_EQ(first_->text(), QStringLiteral("abc"));
 }
 
+// AltGr with Q types a slash on the Brazilian layout; AltGr comes up ahead of the key.
+TEST_F(Typing, AKeyComesUpUnderTheCodeOfItsPress) {
+  std::vector<std::string> keys;
+  QObject::connect(first_, &TsText::keyDown,
+                   [&](qint16& code) { keys.push_back("down " + std::to_string(code)); });
+  QObject::connect(first_, &TsText::keyUp,
+                   [&](qint16& code) { keys.push_back("up " + std::to_string(code)); });
+  show();
+  constexpr quint32 kScanCodeOfQ = 24;
+  const auto send = [&](QEvent::Type type, Qt::Key key, const char* text) {
+    QKeyEvent event(type, key, Qt::NoModifier, kScanCodeOfQ, 0, 0, QLatin1String(text));
+    QApplication::sendEvent(&box(), &event);
+  };
+  send(QEvent::KeyPress, Qt::Key_Slash, "/");
+  send(QEvent::KeyRelease, Qt::Key_Q, "q");
+  EXPECT_EQ(keys, std::vector<std::string>({"down 193", "up 193"}));
+}
+
 TEST_F(Typing, UndoAndRedoWorkWithoutAMask) {
   show();
   type(*window_, QStringLiteral("abc"));
