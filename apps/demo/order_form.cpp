@@ -1,6 +1,7 @@
 #include "apps/demo/order_form.h"
 
 #include <QDate>
+#include <algorithm>
 
 #include "apps/demo/database.h"
 #include "apps/demo/field_helpers.h"
@@ -10,6 +11,7 @@
 #include "hosts/qt/text.h"
 #include "hosts/qt/tstext.h"
 #include "runtime/conversion.h"
+#include "runtime/stored_match.h"
 
 namespace tessaria::demo {
 namespace {
@@ -49,6 +51,24 @@ void atOnce(host::Connection& connection, Work&& work) {
   }
 }
 
+const String kVersion = u"versao";
+
+std::map<String, Variant> valuesOf(host::Recordset& rows) {
+  std::map<String, Variant> values;
+  for (Long i = 0; i < rows.Fields().Count(); ++i)
+    values.emplace(rows.Fields().Item(i)->Name(), rows.Fields().Item(i)->Value());
+  values.erase(kVersion);
+  return values;
+}
+
+bool holds(host::Recordset& row, const std::map<String, Variant>& values) {
+  return std::all_of(values.begin(), values.end(), [&](const auto& value) {
+    const host::FieldPtr field = row.Fields().Item(value.first);
+    const ColumnShape shape{field->Type(), field->DefinedSize(), field->NumericScale()};
+    return IsStoredFrom(value.second, field->Value(), shape);
+  });
+}
+
 }  // namespace
 
 OrderForm::OrderForm(Database& database, QWidget* parent)
@@ -76,7 +96,8 @@ OrderForm::OrderForm(Database& database, QWidget* parent)
 // --- The row on the screen -----------------------------------------------------------------------
 
 void OrderForm::showRow() {
-  const QString version = fieldInRow(QStringLiteral("versao"));
+  sent_.clear();
+  const QString version = fieldInRow(qt::toQt(kVersion));
   versionRead_ = version.toInt();
   proposedFor_ = codeIn(customer_);
   lines_->load(*database().connection(), isNewRow() ? QString() : keyInRow());
@@ -100,7 +121,7 @@ void OrderForm::customerChosen() {
 void OrderForm::linesChanged() {
   if (isNewRow() || keyInRow().isEmpty() || !lines_->isChanged()) return;
   qt::guarded(this,
-              [this] { rows().recordSet()->Fields().Item(u"versao")->Value(versionRead_ + 1); });
+              [this] { rows().recordSet()->Fields().Item(kVersion)->Value(versionRead_ + 1); });
 }
 
 QString OrderForm::describeRow() const { return customerName_->text(); }
@@ -117,23 +138,41 @@ bool OrderForm::checkRow() {
 }
 
 /// The head goes by a row of its own, so that what was typed stays pending until all is stored.
+/// Of a transaction whose answer was lost the order itself tells.
 void OrderForm::writeRow() {
   const QString number = keyInRow();
+  if (isInDoubt()) findOut(number);
+  try {
+    writeAll(number);
+  } catch (const HostError& error) {
+    if (error.Number() != errors::WriteInDoubt) throw;
+    sent_ = valuesOf(*rows().recordSet());
+    if (!database().isReachable()) throw;
+    if (!findOut(number))
+      throw HostError(errors::InvalidConnection, u"O pedido foi lido outra vez: nada foi gravado.");
+  }
+  qt::guarded(this, [&] { readAgain(number); });
+}
+
+void OrderForm::writeAll(const QString& number) {
   host::Connection& connection = *database().connection();
   atOnce(connection, [&] {
     writeHead(number);
     lines_->write(connection, number);
   });
-  qt::guarded(this, [&] { readAgain(number); });
+}
+
+host::RecordsetPtr OrderForm::openHead(const QString& number) const {
+  const auto source =
+      qt::fromQt(QStringLiteral("select * from pedidos where ") + criteriaOf(number));
+  return database().connection()->OpenRecordset(source, host::CursorType::Static,
+                                                host::LockType::Optimistic);
 }
 
 void OrderForm::writeHead(const QString& number) {
-  const auto source =
-      qt::fromQt(QStringLiteral("select * from pedidos where ") + criteriaOf(number));
-  const auto stored = database().connection()->OpenRecordset(source, host::CursorType::Static,
-                                                             host::LockType::Optimistic);
-  const auto version = [&] { return stored->Fields().Item(u"versao"); };
-  if (isNewRow())
+  const auto stored = openHead(number);
+  const auto version = [&] { return stored->Fields().Item(kVersion); };
+  if (versionRead_ == 0)
     stored->AddNew();
   else if (stored->Eof() || CLng(version()->Value()) != versionRead_)
     throw HostError(errors::RowChanged);
@@ -142,6 +181,21 @@ void OrderForm::writeHead(const QString& number) {
     stored->Fields().Item(typed.Item(i)->Name())->Value(typed.Item(i)->Value());
   version()->Value(versionRead_ + 1);
   stored->Update();
+}
+
+/// Whether the transaction in doubt was stored: the order then has the next version and the head
+/// that was sent. What is typed from now on goes on top of it.
+bool OrderForm::findOut(const QString& number) {
+  const auto stored = openHead(number);
+  const Long version = stored->Eof() ? 0 : CLng(stored->Fields().Item(kVersion)->Value());
+  const bool isStored = version == versionRead_ + 1 && holds(*stored, sent_);
+  if (!isStored && version != versionRead_)
+    throw HostError(errors::WriteInDoubt,
+                    u"O pedido não está como foi lido nem como foi digitado: outro usuário o "
+                    u"alterou desde então. Nada foi gravado agora.");
+  sent_.clear();
+  if (isStored) versionRead_ = version;
+  return isStored;
 }
 
 void OrderForm::readAgain(const QString& number) {

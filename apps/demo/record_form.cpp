@@ -21,6 +21,9 @@
 namespace tessaria::demo {
 namespace {
 
+const QString kRefused = QStringLiteral("o banco de dados recusou");
+const QString kConnectionLost = QStringLiteral("a conexão com o banco de dados caiu");
+
 QString textOf(const Variant& value) { return value.IsNull() ? QString() : qt::toQt(CStr(value)); }
 
 }  // namespace
@@ -286,7 +289,8 @@ bool RecordForm::refuse(qt::TsText* field, const QString& text) {
 }
 
 bool RecordForm::checkKeyIsFree() {
-  if (!isNewRow()) return true;
+  // A key that is taken may be this very row's.
+  if (!isNewRow() || isInDoubt()) return true;
   QString taken;
   const bool asked = qt::guarded(this, [&] {
     const QString statement = QStringLiteral("select %1 from %2 where %3")
@@ -306,6 +310,7 @@ bool RecordForm::write() {
     writeRow();
   } catch (const HostError& error) {
     tellRefusal(error);
+    database_.isReachable();  // the fields look things up on the same connection
     return false;
   }
   emit notice(written);
@@ -313,21 +318,36 @@ bool RecordForm::write() {
   return true;
 }
 
+bool RecordForm::isInDoubt() const {
+  const auto rows = rows_->recordSet();
+  return rows && rows->IsInDoubt();
+}
+
 void RecordForm::tellRefusal(const HostError& error) {
-  isStale_ = error.Number() == errors::RowChanged;
+  isStale_ = error.Number() == errors::RowChanged || error.Number() == errors::WriteInDoubt;
+  if (error.Number() == errors::WriteInDoubt) return tellDoubt(error);
+  const bool isLost = error.Number() == errors::InvalidConnection ||
+                      database_.connection()->State() == host::state::Closed;
   const QString reason =
       isStale_ ? QStringLiteral(
                      "outro usuário alterou ou excluiu este %1 depois que ele foi "
                      "lido. Nada foi gravado por cima.\n\nO que foi digitado continua "
                      "na tela. Cancelar mostra o %1 como está agora.")
                      .arg(kind_.noun)
-               : QStringLiteral(
-                     "o banco de dados recusou.\n\n%1\n\nO que foi digitado continua "
-                     "na tela.")
-                     .arg(qt::toQt(error.Description()));
+               : QStringLiteral("%1.\n\n%2\n\nO que foi digitado continua na tela.")
+                     .arg(isLost ? kConnectionLost : kRefused, qt::toQt(error.Description()));
   warn(QStringLiteral("O %1 não foi salvo: %2").arg(kind_.noun, reason));
-  emit notSaved(isStale_ ? QStringLiteral("Não salvo: outro usuário alterou o %1.").arg(kind_.noun)
-                         : QStringLiteral("Não salvo: o banco de dados recusou."));
+  emit notSaved(isStale_
+                    ? QStringLiteral("Não salvo: outro usuário alterou o %1.").arg(kind_.noun)
+                    : QStringLiteral("Não salvo: %1.").arg(isLost ? kConnectionLost : kRefused));
+}
+
+void RecordForm::tellDoubt(const HostError& error) {
+  warn(QStringLiteral("Não se sabe se o %1 foi salvo.\n\n%2\n\nO que foi digitado continua na "
+                      "tela. Salvar outra vez confere antes de gravar; Cancelar mostra o %1 como "
+                      "está no banco de dados.")
+           .arg(kind_.noun, qt::toQt(error.Description())));
+  emit notSaved(QStringLiteral("Não se sabe se o %1 foi salvo.").arg(kind_.noun));
 }
 
 }  // namespace tessaria::demo

@@ -83,6 +83,8 @@ class RecordForm : public QWidget {
   virtual bool checkRow() { return true; }
   /// Writes the pending edit. Raises what the database says; the edit is pending then.
   virtual void writeRow();
+  /// Whether nobody knows if the last write of the row was stored. `writeRow()` finds that out.
+  virtual bool isInDoubt() const;
   /// What tells the row from others, behind its key: "José".
   virtual QString describeRow() const = 0;
 
@@ -117,6 +119,7 @@ class RecordForm : public QWidget {
   bool checkKeyIsFree();
   bool write();
   void tellRefusal(const HostError& error);
+  void tellDoubt(const HostError& error);
   QString capitalNoun() const;
 
   Database& database_;
@@ -128,7 +131,7 @@ class RecordForm : public QWidget {
   QPointer<QWidget> worked_;  ///< where the operator was before a button
   QString nextNotice_;        ///< to be told once the next row is shown
   bool hasTyped_ = false;     ///< something that is not in the row yet
-  bool isStale_ = false;      ///< another user has changed the row on the screen
+  bool isStale_ = false;      ///< the row in the database may be another than the one on the screen
 };
 
 /// The first value of a statement's first row; Null without rows. Raises what the database says.
