@@ -1,5 +1,6 @@
 #include "tests/attack/server_log.h"
 
+#include <algorithm>
 #include <cctype>
 
 #include "tests/support/postgres_cluster.h"
@@ -68,11 +69,17 @@ class Reader {
     ++at_;
     Add("S");
   }
+  // A plain name stands for itself, any other is Q.
   void Quoted() {
-    const auto end = text_.find('"', at_ + 1);
-    const auto length = end == std::string_view::npos ? text_.size() - at_ : end + 1 - at_;
-    Add(std::string(text_.substr(at_, length)));
-    at_ += length;
+    std::string name;
+    for (++at_; at_ < text_.size(); ++at_) {
+      if (Here() == '"' && Here(1) != '"') break;
+      if (Here() == '"') ++at_;
+      name += Here();
+    }
+    ++at_;
+    const bool isPlain = std::all_of(name.begin(), name.end(), IsWord);
+    Add(isPlain ? '"' + name + '"' : "Q");
   }
   void Number() {
     while (IsDigit(Here()) || Here() == '.') ++at_;

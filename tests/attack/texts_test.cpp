@@ -37,6 +37,9 @@ constexpr const char16_t* kColumns[] = {u"",       u"nome", u"curto", u"inteiro"
                                         u"numero", u"dia",  u"ativo"};
 constexpr const char16_t* kMasks[] = {u"CCCCCCCCCC", u"aaa-0000", u"dd/mm/yyyy", u"$$$$.$$",
                                       u"XXXXXXXX",   u"N00A",     u"#####"};
+// The places where a condition takes the value of another field.
+constexpr const char16_t* kWheres[] = {u"uf <> '@pai@'", u"codigo <> @pai@",
+                                       u"nome not like '@pai@'", u"\"@pai@\" is not null"};
 // Every kind of field without a mask and with one: so many fields one after the other are all.
 constexpr long long kKindsOfFields = 2 * kKinds;
 // More characters than an operator would type one by one.
@@ -48,7 +51,7 @@ constexpr const char16_t* kRow =
 /// One field, and how a text comes into it.
 struct Setting {
   TipoControle Kind;
-  String Column, Mask;
+  String Column, Mask, Where;
   bool PromptInclude, ChecksRelation, ByNumber;
   Way How;
 };
@@ -59,6 +62,7 @@ Setting RandomSetting(Random& random, long long number) {
   return {static_cast<TipoControle>(number % kKinds),
           random.OneOf(kColumns),
           hasMask ? random.OneOf(kMasks) : u"",
+          random.OneOf(kWheres),
           random.Chance(50),
           random.Chance(30),
           random.Chance(50),
@@ -81,7 +85,8 @@ bool IsShapeOfTheLibrary(const std::string& sent) {
   const std::string shape = WithoutCursor(sent);
   const std::string column = "(codigo|nome)";
   const std::string condition =
-      "(uf < > S|\\( clientes \\. codigo = N \\)|"
+      "(uf < > S|codigo < > N|nome not like S|(\"[^ \"]*\"|Q) is not null|\\( clientes \\. codigo "
+      "= N \\)|"
       "\\( clientes \\. nome ilike S \\)|\\( clientes \\. nascimento > = S : : date \\)|" +
       column + " (ilike S|= [SN]|is not null))( and |(?= order| limit|$))";
   const std::string key =
@@ -111,8 +116,8 @@ bool IsShapeOfTheLibrary(const std::string& sent) {
 
 std::string Told(const Setting& setting, const String& text) {
   return "kind " + std::to_string(static_cast<int>(setting.Kind)) + " column \"" +
-         ToUtf8(setting.Column) + "\" mask \"" + ToUtf8(setting.Mask) + "\" " +
-         (setting.PromptInclude ? "PromptInclude " : "") +
+         ToUtf8(setting.Column) + "\" mask \"" + ToUtf8(setting.Mask) + "\" where " +
+         ToUtf8(setting.Where) + " " + (setting.PromptInclude ? "PromptInclude " : "") +
          (setting.ChecksRelation ? "with relation " : "") +
          (setting.ByNumber ? "to a number, " : "to a text, ") +
          kWayNames[static_cast<int>(setting.How)] + ": " +
@@ -188,7 +193,7 @@ class Try {
       control.BrwCampo(setting_.ByNumber ? u"codigo" : u"nome");
       control.BrwCampoIrmao(setting_.ByNumber ? u"nome" : u"codigo");
       control.TxtIrmao(u"irmao");
-      control.BrwWhere(u"uf <> '@pai@'");
+      control.BrwWhere(setting_.Where);
       AddSearches(*control.Pesquisa());
     });
   }
@@ -323,7 +328,7 @@ class Texts : public testing::Test {
     const Variant stored = Ask(u"select " + setting.Column + u" from ficha where id = 1");
     if (setting.Column == u"nome" || setting.Column == u"curto") {
       Count("texts compared with the stored one");
-      if (!IsText(stored, one.Typed()))
+      if (!IsText(stored, setting.Column == u"curto" ? CutToTen(one.Typed()) : one.Typed()))
         Fault("another text is stored than was typed",
               told + "\n  stored " + testing::PrintToString(stored));
     } else if (setting.Column == u"inteiro" || setting.Column == u"numero") {
@@ -331,6 +336,14 @@ class Texts : public testing::Test {
       CheckNumber(stored, one.Typed(), lastDigit, told);
     }
   }
+  // The server cuts blanks, and blanks only, behind the length of a column.
+  static String CutToTen(String text) {
+    const auto isHalf = [](char16_t c) { return c >= 0xDC00 && c <= 0xDFFF; };
+    const auto characters = [&] { return std::ssize(text) - std::ranges::count_if(text, isHalf); };
+    while (characters() > 10 && text.back() == u' ') text.pop_back();
+    return text;
+  }
+
   // The server rounds to the column's last digit.
   static void CheckNumber(const Variant& stored, const String& typed, double lastDigit,
                           const std::string& told) {
