@@ -101,6 +101,7 @@ class OdbcRecordset final : public host::Recordset,
   /// For the fields. Errors of all: 3704 when closed.
   const Columns& ColumnInfo() const;
   bool IsWritable(std::size_t column) const;
+  bool TakesBack(std::size_t column, const Variant& value) const;
   Variant FieldValue(std::size_t column) const;
   void FieldValue(std::size_t column, const Variant& value);
 

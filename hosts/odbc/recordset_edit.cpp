@@ -38,6 +38,14 @@ Variant OdbcRecordset::FieldValue(std::size_t column) const {
   return table_->Value(RowAt(position_), column);
 }
 
+// Whether the value is the text that the row holds in a column of another kind. While a write is
+// in doubt nobody knows what the row holds.
+bool OdbcRecordset::TakesBack(std::size_t column, const Variant& value) const {
+  const bool isEdit = edit_ == host::EditMode::InProgress && doubt_ == Doubt::None;
+  if (!value.IsString() || !isEdit || !changes_.contains(column)) return false;
+  return !changes_.at(column).IsString() && IsSame(table_->Value(RowAt(position_), column), value);
+}
+
 void OdbcRecordset::FieldValue(std::size_t column, const Variant& value) {
   RequireRow();
   if (const String* text = value.TryGet<String>()) RequireWellFormed(*text);
@@ -46,8 +54,7 @@ void OdbcRecordset::FieldValue(std::size_t column, const Variant& value) {
   // A stored text that is no value of the column's kind is no edit when it comes back, behind
   // another too.
   if (value.IsString() && IsSame(present, value)) return;
-  const bool isEdit = edit_ == host::EditMode::InProgress && changes_.contains(column);
-  if (value.IsString() && isEdit && IsSame(table_->Value(RowAt(position_), column), value)) {
+  if (TakesBack(column, value)) {
     changes_.erase(column);
     if (changes_.empty()) edit_ = host::EditMode::None;
     return;

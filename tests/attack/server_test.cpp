@@ -120,7 +120,7 @@ class Desk {
     const auto boxes = boxes_.boxes().size();
     if (Moved(rows_->refresh())) return true;
     if (boxes_.boxes().size() == boxes || rows_->recordSet()->IsInDoubt()) return false;
-    const bool isThere = LastBox().contains(s("tem os mesmos valores"));
+    const bool isThere = LastBox().contains(s("Se for ele, cancele o novo"));
     if (!isThere) return rows_->saveRow();
     return Moved(rows_->cancelRow()) && Moved(rows_->refresh()) && Moved(rows_->moveLast());
   }

@@ -36,14 +36,14 @@ TEST_F(CuttingProxyTest, PassesWhatItIsNotToldToCut) {
 
 TEST_F(CuttingProxyTest, CutsAheadOfWhatTheClientSends) {
   proxy_->CutAt(Side::Client, {"insert into"});
-  EXPECT_HOST_ERROR(behind_->Execute(u"insert into t values (1)"), errors::ProviderError);
+  EXPECT_HOST_ERROR(behind_->Execute(u"insert into t values (1)"), errors::WriteInDoubt);
   EXPECT_EQ(Count(), 0);
   EXPECT_EQ(proxy_->Cuts(), 1);
 }
 
 TEST_F(CuttingProxyTest, CutsAheadOfWhatTheServerAnswers) {
   proxy_->CutAt(Side::Server, {"UPDATE 1", "INSERT 0 1"});
-  EXPECT_HOST_ERROR(behind_->Execute(u"insert into t values (1)"), errors::ProviderError);
+  EXPECT_HOST_ERROR(behind_->Execute(u"insert into t values (1)"), errors::WriteInDoubt);
   EXPECT_EQ(Count(), 1);
 }
 

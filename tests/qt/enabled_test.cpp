@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QUiLoader>
 
+#include "hosts/memory/connection.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {
@@ -42,6 +43,22 @@ TEST_F(Enabled, AFieldSwitchedAsAPlainWidgetIsSwitched) {
   for (const bool enabled : {false, true, false}) {
     widget->setEnabled(enabled);
     expectEnabled(enabled);
+  }
+}
+
+TEST_F(Enabled, APairIsSwitchedTogether) {
+  window_->setProperty("dbForm",
+                       QVariant::fromValue(host::ConnectionPtr(memory::Connection::CreateOpen())));
+  first_->setTipoControle(TsText::Browse);
+  first_->setTxtIrmao(QStringLiteral("txtSegundo"));
+  second_->setTipoControle(TsText::Descricao);
+  second_->setTxtIrmao(QStringLiteral("txtPrimeiro"));
+  show();
+  QWidget* const widget = first_;
+  for (const bool enabled : {false, true}) {
+    widget->setEnabled(enabled);
+    EXPECT_EQ(second_->isFieldEnabled(), enabled);
+    EXPECT_EQ(editOf(*second_)->isEnabled(), enabled);
   }
 }
 
