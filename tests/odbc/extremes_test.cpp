@@ -220,5 +220,23 @@ TEST_F(ExtremesTest, SortInTheirOrder) {
   }
 }
 
+TEST_F(ExtremesTest, AWordThatComesBackEndsTheEditOfItsField) {
+  Run(u"create table t (k int primary key, n numeric, x text)");
+  Run(u"insert into t values (1, 'NaN', 'a')");
+  const auto rows = Edit(u"select * from t");
+  const auto field = [&](const String& name) { return rows->Fields().Item(name); };
+  field(u"n")->Value(123456);
+  EXPECT_EQ(rows->EditMode(), host::EditMode::InProgress);
+  field(u"n")->Value(u"NaN");
+  EXPECT_SAME(field(u"n")->Value(), u"NaN");
+  EXPECT_EQ(rows->EditMode(), host::EditMode::None);
+  field(u"x")->Value(u"b");
+  field(u"n")->Value(123456);
+  field(u"n")->Value(u"NaN");  // the edit of the other field stays
+  EXPECT_EQ(rows->EditMode(), host::EditMode::InProgress);
+  rows->Update();
+  EXPECT_SAME(Scalar(u"select n::text || x from t"), u"NaNb");
+}
+
 }  // namespace
 }  // namespace tessaria::odbc::test
