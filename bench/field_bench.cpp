@@ -16,8 +16,8 @@
 #include <vector>
 
 #include "hosts/memory/application.h"
-#include "hosts/qt/host.h"
-#include "hosts/qt/tstext.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/program/host.h"
 #include "mask/masks.h"
 #include "tessaria/thread_state.h"
 #include "tests/mask/test_field.h"

@@ -33,10 +33,10 @@
 #include <string>
 
 #include "hosts/odbc/connection.h"
-#include "hosts/qt/form.h"
-#include "hosts/qt/host.h"
-#include "hosts/qt/metatypes.h"
-#include "hosts/qt/tstext.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/metatypes.h"
+#include "hosts/qt/form/form.h"
+#include "hosts/qt/program/host.h"
 #include "lookup/pesquisa_definition.h"
 #include "tests/support/postgres_cluster.h"
 

@@ -7,9 +7,9 @@
 #include "apps/demo/field_helpers.h"
 #include "apps/demo/form_loader.h"
 #include "apps/demo/lookups.h"
-#include "hosts/qt/adodc.h"
-#include "hosts/qt/tstext.h"
-#include "hosts/qt/variants.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/variants.h"
+#include "hosts/qt/data/adodc.h"
 
 namespace tessaria::demo {
 namespace {

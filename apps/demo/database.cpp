@@ -3,7 +3,7 @@
 #include "apps/demo/cluster.h"
 #include "apps/demo/failure.h"
 #include "hosts/odbc/connection.h"
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
 
 namespace tessaria::demo {
 namespace {

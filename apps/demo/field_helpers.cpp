@@ -4,8 +4,8 @@
 #include <QKeyEvent>
 
 #include "control/tstext.h"
-#include "hosts/qt/tstext.h"
-#include "hosts/qt/variants.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/variants.h"
 #include "lookup/browse_definition.h"
 #include "runtime/text.h"
 

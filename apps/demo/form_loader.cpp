@@ -4,8 +4,8 @@
 #include <QUiLoader>
 #include <utility>
 
-#include "hosts/qt/adodc.h"
-#include "hosts/qt/tstext.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/data/adodc.h"
 
 static void loadResources() { Q_INIT_RESOURCE(demo); }
 

@@ -2,8 +2,8 @@
 
 #include "apps/demo/field_helpers.h"
 #include "control/tstext.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/tstext.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/text.h"
 #include "lookup/browse_definition.h"
 #include "lookup/pesquisa_definition.h"
 #include "runtime/conversion.h"

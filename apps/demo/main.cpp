@@ -12,7 +12,7 @@
 #include "apps/demo/options.h"
 #include "apps/demo/play/play.h"
 #include "apps/demo/quit_signals.h"
-#include "hosts/qt/host.h"
+#include "hosts/qt/program/host.h"
 #include "tessaria/comforts.h"
 
 namespace tessaria::demo {

@@ -12,9 +12,9 @@
 #include "apps/demo/form_loader.h"
 #include "apps/demo/messages.h"
 #include "apps/demo/order_form.h"
-#include "hosts/qt/focus_cycle.h"
-#include "hosts/qt/host.h"
-#include "hosts/qt/tstext.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/focus/focus_cycle.h"
+#include "hosts/qt/program/host.h"
 #include "tessaria/host/application.h"
 
 namespace tessaria::demo {

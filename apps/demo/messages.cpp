@@ -1,6 +1,6 @@
 #include "apps/demo/messages.h"
 
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 

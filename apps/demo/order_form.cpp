@@ -7,9 +7,9 @@
 #include "apps/demo/field_helpers.h"
 #include "apps/demo/lookups.h"
 #include "apps/demo/order_lines.h"
-#include "hosts/qt/adodc.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/tstext.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/data/adodc.h"
 #include "runtime/conversion.h"
 #include "runtime/stored_match.h"
 

@@ -8,8 +8,8 @@
 #include "apps/demo/field_helpers.h"
 #include "apps/demo/form_loader.h"
 #include "apps/demo/lookups.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/tstext.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/text.h"
 #include "runtime/conversion.h"
 #include "runtime/format.h"
 

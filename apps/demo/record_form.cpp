@@ -10,12 +10,12 @@
 #include "apps/demo/field_helpers.h"
 #include "apps/demo/form_loader.h"
 #include "apps/demo/messages.h"
-#include "hosts/qt/adodc.h"
-#include "hosts/qt/focus_cycle.h"
-#include "hosts/qt/metatypes.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/tstext.h"
-#include "hosts/qt/widget_tree.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/metatypes.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/data/adodc.h"
+#include "hosts/qt/focus/focus_cycle.h"
+#include "hosts/qt/form/widget_tree.h"
 #include "runtime/conversion.h"
 
 namespace tessaria::demo {

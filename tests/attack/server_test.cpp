@@ -9,10 +9,10 @@
 #include <map>
 
 #include "hosts/odbc/connection.h"
-#include "hosts/qt/adodc.h"
-#include "hosts/qt/metatypes.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/tstext.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/metatypes.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/data/adodc.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "tests/attack/run.h"

@@ -11,9 +11,9 @@
 #include <functional>
 
 #include "hosts/memory/connection.h"
-#include "hosts/qt/metatypes.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/tstext.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/metatypes.h"
+#include "hosts/qt/conversion/text.h"
 #include "tests/attack/random_form.h"
 #include "tests/qt/operator.h"
 

@@ -1,7 +1,7 @@
 #include <QAction>
 
-#include "hosts/qt/text.h"
-#include "hosts/qt/tstext.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/text.h"
 #include "services/scramble.h"
 #include "tests/demo/desk_fixture.h"
 #include "tests/qt/operator.h"

@@ -5,7 +5,7 @@
 
 #include <QApplication>
 
-#include "hosts/qt/host.h"
+#include "hosts/qt/program/host.h"
 #include "tessaria/comforts.h"
 
 int main(int argc, char** argv) {

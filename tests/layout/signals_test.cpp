@@ -19,7 +19,8 @@ TEST(Signals, OnlyTheClassesOfTheProgramsInterfaceHaveAny) {
   for (const auto& file : FilesEndingIn({".h", ".cpp"}))
     if (file.starts_with("hosts/") && std::regex_search(ReadText(file), section))
       found.push_back(file);
-  EXPECT_THAT(found, ElementsAre("hosts/qt/adodc.h", "hosts/qt/host.h", "hosts/qt/tstext.h"));
+  EXPECT_THAT(found, ElementsAre("hosts/qt/control/tstext.h", "hosts/qt/data/adodc.h",
+                                 "hosts/qt/program/host.h"));
 }
 
 }  // namespace

@@ -13,9 +13,9 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "hosts/qt/focus_cycle.h"
-#include "hosts/qt/form.h"
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/focus/focus_cycle.h"
+#include "hosts/qt/form/form.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/field_fixture.h"

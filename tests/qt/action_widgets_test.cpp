@@ -12,7 +12,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "hosts/qt/focus_cycle.h"
+#include "hosts/qt/focus/focus_cycle.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

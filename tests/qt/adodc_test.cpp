@@ -1,5 +1,5 @@
 // The data control: rows, moves, edits, refusals, and the order in which a form loads.
-#include "hosts/qt/adodc.h"
+#include "hosts/qt/data/adodc.h"
 
 #include <QApplication>
 #include <QTest>
@@ -7,8 +7,8 @@
 
 #include "control/tstext.h"
 #include "hosts/memory/connection.h"
-#include "hosts/qt/form.h"
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/form/form.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "tests/qt/field_fixture.h"

@@ -6,9 +6,9 @@
 #include <stdexcept>
 
 #include "control/tstext.h"
-#include "hosts/qt/event_boundary.h"
-#include "hosts/qt/form.h"
-#include "hosts/qt/text.h"
+#include "hosts/qt/boundary/event_boundary.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/form/form.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/field_fixture.h"

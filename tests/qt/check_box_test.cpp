@@ -2,7 +2,7 @@
 #include <QCheckBox>
 #include <QRadioButton>
 
-#include "hosts/qt/form.h"
+#include "hosts/qt/form/form.h"
 #include "mask/form_helpers.h"
 #include "runtime/conversion.h"
 #include "tessaria/error.h"

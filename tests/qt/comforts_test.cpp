@@ -6,7 +6,7 @@
 #include <QToolTip>
 
 #include "control/tstext.h"
-#include "hosts/qt/line_edit.h"
+#include "hosts/qt/keys/line_edit.h"
 #include "tessaria/comforts.h"
 #include "tests/qt/field_fixture.h"
 

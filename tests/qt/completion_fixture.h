@@ -10,8 +10,8 @@
 #include <memory>
 
 #include "hosts/odbc/connection.h"
-#include "hosts/qt/metatypes.h"
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/metatypes.h"
+#include "hosts/qt/conversion/text.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/key_queue.h"
 #include "tests/qt/operator.h"

@@ -5,9 +5,9 @@
 
 #include "control/tstext.h"
 #include "hosts/memory/connection.h"
-#include "hosts/qt/adodc.h"
+#include "hosts/qt/conversion/metatypes.h"
+#include "hosts/qt/data/adodc.h"
 #include "hosts/qt/dialogs/tool_bar.h"
-#include "hosts/qt/metatypes.h"
 #include "lookup/pesquisa_definition.h"
 #include "runtime/text.h"
 #include "tests/qt_dialogs/dialog_fixture.h"

@@ -10,7 +10,7 @@
 #include <QToolButton>
 
 #include "control/tstext.h"
-#include "hosts/qt/focus_cycle.h"
+#include "hosts/qt/focus/focus_cycle.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/field_fixture.h"

@@ -8,10 +8,10 @@
 #include <QVBoxLayout>
 #include <map>
 
-#include "hosts/qt/event_boundary.h"
-#include "hosts/qt/form.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/variants.h"
+#include "hosts/qt/boundary/event_boundary.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/conversion/variants.h"
+#include "hosts/qt/form/form.h"
 #include "tessaria/host/application.h"
 #include "tests/ports/action_contract.h"
 #include "tests/qt/operator.h"

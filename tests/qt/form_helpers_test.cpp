@@ -3,10 +3,10 @@
 
 #include <QTabWidget>
 
-#include "hosts/qt/form.h"
-#include "hosts/qt/metatypes.h"
-#include "hosts/qt/text_box.h"
-#include "hosts/qt/units.h"
+#include "hosts/qt/conversion/metatypes.h"
+#include "hosts/qt/conversion/units.h"
+#include "hosts/qt/form/form.h"
+#include "hosts/qt/keys/text_box.h"
 #include "runtime/conversion.h"
 #include "tessaria/error.h"
 #include "tests/qt/field_fixture.h"

@@ -6,13 +6,13 @@
 #include <QTemporaryDir>
 #include <QToolButton>
 
-#include "hosts/qt/application.h"
-#include "hosts/qt/colours.h"
-#include "hosts/qt/form.h"
-#include "hosts/qt/host.h"
-#include "hosts/qt/key_codes.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/units.h"
+#include "hosts/qt/conversion/colours.h"
+#include "hosts/qt/conversion/key_codes.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/conversion/units.h"
+#include "hosts/qt/form/form.h"
+#include "hosts/qt/program/application.h"
+#include "hosts/qt/program/host.h"
 #include "tessaria/error.h"
 #include "tests/qt/field_fixture.h"
 

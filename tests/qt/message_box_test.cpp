@@ -3,7 +3,7 @@
 #include <QMessageBox>
 #include <QTimer>
 
-#include "hosts/qt/host.h"
+#include "hosts/qt/program/host.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/field_fixture.h"

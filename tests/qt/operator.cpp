@@ -14,7 +14,7 @@
 #include <QTimer>
 #include <utility>
 
-#include "hosts/qt/host.h"
+#include "hosts/qt/program/host.h"
 
 namespace tessaria::qt::tests {
 namespace {

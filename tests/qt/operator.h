@@ -9,7 +9,7 @@
 #include <functional>
 #include <vector>
 
-#include "hosts/qt/tstext.h"
+#include "hosts/qt/control/tstext.h"
 
 namespace tessaria::qt::tests {
 

@@ -4,7 +4,7 @@
 #include <QTest>
 
 #include "control/tstext.h"
-#include "hosts/qt/line_edit.h"
+#include "hosts/qt/keys/line_edit.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

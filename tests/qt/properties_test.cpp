@@ -6,9 +6,9 @@
 
 #include "control/properties.h"
 #include "control/tstext.h"
-#include "hosts/qt/form.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/variants.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/conversion/variants.h"
+#include "hosts/qt/form/form.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -4,8 +4,8 @@
 #include <QUiLoader>
 
 #include "control/tstext.h"
-#include "hosts/qt/adodc.h"
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/data/adodc.h"
 #include "lookup/browse_definition.h"
 #include "tests/qt/field_fixture.h"
 

@@ -7,8 +7,8 @@
 #include <stdexcept>
 
 #include "hosts/memory/connection.h"
-#include "hosts/qt/adodc.h"
-#include "hosts/qt/host.h"
+#include "hosts/qt/data/adodc.h"
+#include "hosts/qt/program/host.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/field_fixture.h"

@@ -4,10 +4,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "hosts/qt/host.h"
-#include "hosts/qt/key_codes.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/text_box.h"
+#include "hosts/qt/conversion/key_codes.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/keys/text_box.h"
+#include "hosts/qt/program/host.h"
 #include "tests/ports/case_count.h"
 #include "tests/ports/text_box_contract.h"
 #include "tests/ports/text_box_edit_contract.h"

@@ -1,5 +1,5 @@
 // Twips and pixels, at this screen's density and at others.
-#include "hosts/qt/units.h"
+#include "hosts/qt/conversion/units.h"
 
 #include <gtest/gtest.h>
 

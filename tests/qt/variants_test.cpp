@@ -1,11 +1,11 @@
 // Values on their way between the core and Qt keep all their digits.
-#include "hosts/qt/variants.h"
+#include "hosts/qt/conversion/variants.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
 #include "runtime/conversion.h"
 #include "tests/support/printers.h"
 

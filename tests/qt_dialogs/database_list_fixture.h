@@ -9,8 +9,8 @@
 #include <QTest>
 
 #include "hosts/odbc/connection.h"
-#include "hosts/qt/form.h"
-#include "hosts/qt/metatypes.h"
+#include "hosts/qt/conversion/metatypes.h"
+#include "hosts/qt/form/form.h"
 #include "lookup/pesquisa_definition.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 #include "tests/support/postgres_cluster.h"

@@ -8,8 +8,8 @@
 #include <memory>
 
 #include "hosts/memory/text_box.h"
-#include "hosts/qt/host.h"
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/program/host.h"
 #include "runtime/conversion.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/printers.h"

@@ -6,9 +6,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include "hosts/qt/boundary/handles.h"
 #include "hosts/qt/dialogs/coloured_button.h"
-#include "hosts/qt/form.h"
-#include "hosts/qt/handles.h"
+#include "hosts/qt/form/form.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -5,7 +5,7 @@
 #include <QTest>
 
 #include "hosts/memory/connection.h"
-#include "hosts/qt/metatypes.h"
+#include "hosts/qt/conversion/metatypes.h"
 #include "tessaria/comforts.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 

@@ -8,7 +8,7 @@
 #include "browse/lookup_run.h"
 #include "hosts/memory/connection.h"
 #include "hosts/qt/dialogs/tool_bar.h"
-#include "hosts/qt/form.h"
+#include "hosts/qt/form/form.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 
 namespace tessaria::qt::tests {

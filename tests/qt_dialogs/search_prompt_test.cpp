@@ -8,7 +8,7 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "hosts/qt/form.h"
+#include "hosts/qt/form/form.h"
 #include "runtime/text.h"
 #include "tests/qt_dialogs/lookup_fixture.h"
 #include "tests/support/comma_locale.h"

@@ -1,6 +1,6 @@
 #include "apps/demo/play/customer_session.h"
 
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
 #include "services/scramble.h"
 
 namespace tessaria::demo {

@@ -12,8 +12,8 @@
 #include <cstdio>
 
 #include "apps/demo/play/scene.h"
-#include "hosts/qt/tstext.h"
-#include "hosts/qt/widget_tree.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/form/widget_tree.h"
 
 namespace tessaria::demo {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "hosts/odbc/connection.h"
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
 #include "runtime/conversion.h"
 
 namespace tessaria::demo {

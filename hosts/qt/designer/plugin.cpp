@@ -2,8 +2,8 @@
 
 #include <QIcon>
 
-#include "hosts/qt/adodc.h"
-#include "hosts/qt/tstext.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/data/adodc.h"
 
 namespace tessaria::qt {
 namespace {

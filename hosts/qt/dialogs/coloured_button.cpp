@@ -3,7 +3,7 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
-#include "hosts/qt/colours.h"
+#include "hosts/qt/conversion/colours.h"
 
 namespace tessaria::qt {
 namespace {

@@ -6,7 +6,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
 #include "runtime/compare.h"
 #include "runtime/field_names.h"
 #include "runtime/text.h"

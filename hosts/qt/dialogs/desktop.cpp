@@ -6,11 +6,11 @@
 #include <QScreen>
 #include <cmath>
 
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/conversion/variants.h"
 #include "hosts/qt/dialogs/dialog.h"
 #include "hosts/qt/dialogs/folders.h"
 #include "hosts/qt/dialogs/volumes.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/variants.h"
 #include "runtime/conversion.h"
 
 namespace tessaria::qt {

@@ -3,13 +3,13 @@
 #include <QGuiApplication>
 #include <utility>
 
-#include "hosts/qt/colours.h"
+#include "hosts/qt/boundary/handles.h"
+#include "hosts/qt/conversion/colours.h"
+#include "hosts/qt/conversion/metatypes.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/conversion/units.h"
 #include "hosts/qt/dialogs/layouts.h"
 #include "hosts/qt/dialogs/make_item.h"
-#include "hosts/qt/handles.h"
-#include "hosts/qt/metatypes.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/units.h"
 #include "runtime/text.h"
 
 namespace tessaria::qt {

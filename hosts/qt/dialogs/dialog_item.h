@@ -5,8 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "hosts/qt/conversion/units.h"
 #include "hosts/qt/dialogs/dialog_gate.h"
-#include "hosts/qt/units.h"
 #include "tessaria/host/dialog.h"
 
 namespace tessaria::qt {

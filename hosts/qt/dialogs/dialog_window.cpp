@@ -10,8 +10,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "hosts/qt/dialog_keys.h"
-#include "hosts/qt/window_in_front.h"
+#include "hosts/qt/boundary/window_in_front.h"
+#include "hosts/qt/focus/dialog_keys.h"
 
 namespace tessaria::qt {
 namespace {

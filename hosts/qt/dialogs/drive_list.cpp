@@ -2,7 +2,7 @@
 
 #include <QStyle>
 
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
 #include "tessaria/error.h"
 
 namespace tessaria::qt {

@@ -3,7 +3,7 @@
 #include <QFocusEvent>
 #include <algorithm>
 
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
 #include "tessaria/error.h"
 
 namespace tessaria::qt {

@@ -1,6 +1,6 @@
 #include "hosts/qt/dialogs/folder_list.h"
 
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
 
 namespace tessaria::qt {
 

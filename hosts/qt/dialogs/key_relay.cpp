@@ -1,6 +1,6 @@
 #include "hosts/qt/dialogs/key_relay.h"
 
-#include "hosts/qt/key_codes.h"
+#include "hosts/qt/conversion/key_codes.h"
 #include "runtime/text.h"
 
 namespace tessaria::qt {

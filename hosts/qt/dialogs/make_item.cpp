@@ -1,12 +1,12 @@
 #include "hosts/qt/dialogs/make_item.h"
 
+#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/dialogs/data_grid.h"
 #include "hosts/qt/dialogs/drive_list.h"
 #include "hosts/qt/dialogs/file_list.h"
 #include "hosts/qt/dialogs/folder_list.h"
 #include "hosts/qt/dialogs/simple_items.h"
 #include "hosts/qt/dialogs/tool_bar.h"
-#include "hosts/qt/text.h"
 #include "tessaria/error.h"
 
 namespace tessaria::qt {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
 #include "lookup/field_types.h"
 #include "runtime/conversion.h"
 #include "runtime/format.h"

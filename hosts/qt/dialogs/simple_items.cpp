@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "hosts/qt/form.h"
-#include "hosts/qt/text.h"
-#include "hosts/qt/variants.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/conversion/variants.h"
+#include "hosts/qt/form/form.h"
 #include "runtime/conversion.h"
 #include "tessaria/host/widgets.h"
 

@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 #include <QStyle>
 
-#include "hosts/qt/text.h"
+#include "hosts/qt/conversion/text.h"
 
 namespace tessaria::qt {
 namespace {

@@ -1,0 +1,58 @@
+// The small button of a control, and its port.
+#pragma once
+
+#include <QPointer>
+#include <QToolButton>
+
+#include "hosts/qt/program/application.h"
+#include "tessaria/host/widgets.h"
+#include "tessaria/tstext_interface.h"
+
+namespace tessaria::qt {
+
+/// Takes the focus by a click and no place in the order of tabs.
+class BrowseButton final : public QToolButton {
+  Q_OBJECT
+
+ public:
+  explicit BrowseButton(QWidget* parent = nullptr);
+
+  /// Icon, accessible name and tool tip for a kind of control. A picture stays in front of the
+  /// icon.
+  void setKind(TipoControle kind);
+  void setPicture(std::shared_ptr<host::Picture> picture);
+  std::shared_ptr<host::Picture> picture() const { return picture_; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void showIcon();
+
+  QIcon ownIcon_;
+  std::shared_ptr<host::Picture> picture_;
+};
+
+/// May outlive its button: every member then raises `ControlGone`.
+class CommandButton final : public host::CommandButton {
+ public:
+  explicit CommandButton(BrowseButton& button);
+
+  bool Visible() const override;
+  void Visible(bool visible) override;
+  bool Enabled() const override;
+  void Enabled(bool enabled) override;
+  Long Left() const override;
+  void Left(Long twips) override;
+  Long Height() const override;
+  void Height(Long twips) override;
+  std::shared_ptr<host::Picture> Picture() const override;
+  void Picture(std::shared_ptr<host::Picture> picture) override;
+
+ private:
+  BrowseButton& button() const;
+  QPointer<BrowseButton> button_;
+};
+
+}  // namespace tessaria::qt

@@ -1,0 +1,76 @@
+#include "hosts/qt/control/control_site.h"
+
+#include "hosts/qt/boundary/event_boundary.h"
+#include "hosts/qt/boundary/handles.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/colours.h"
+#include "hosts/qt/conversion/fonts.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/conversion/units.h"
+#include "hosts/qt/form/form.h"
+#include "hosts/qt/form/widget_tree.h"
+#include "tessaria/error.h"
+
+namespace tessaria::qt {
+
+TsText& ControlSite::surface() const {
+  if (!surface_) throw ControlGone{};
+  return *surface_;
+}
+
+bool ControlSite::UserMode() const { return !surface().designMode(); }
+String ControlSite::DisplayName() const { return fromQt(surface().objectName()); }
+host::Font ControlSite::AmbientFont() const { return toFont(surface().font()); }
+
+// A field that no parent was given yet is a window of its own, and so a form.
+host::FormPtr ControlSite::Parent() const { return makeForm(*formOf(&surface())); }
+
+host::WidgetPtr ControlSite::Extender() const { return makeWidget(surface()); }
+
+bool ControlSite::TabStop() const {
+  return (surface().focusProxy()->focusPolicy() & Qt::TabFocus) != 0;
+}
+
+void ControlSite::TabStop(bool stop) {
+  surface().focusProxy()->setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+Long ControlSite::hWnd() const { return handleOf(surface()); }
+Long ControlSite::Width() const { return twipsX(surface().width(), surface()); }
+Long ControlSite::Height() const { return twipsY(surface().height(), surface()); }
+
+void ControlSite::Height(Long twips) {
+  surface().resize(surface().width(), pixelsY(twips, surface()));
+}
+
+void ControlSite::BackColor(Colour colour) {
+  backColor_ = colour;
+  applyColour();
+}
+
+void ControlSite::applyColour() {
+  if (!backColor_) return;
+  TsText& s = surface();
+  const QPalette theme = s.parentWidget() ? s.parentWidget()->palette() : QPalette();
+  const bool themed = *backColor_ == host::colour::White && wantsLightVariants(theme);
+  const QColor colour = themed ? theme.color(QPalette::Window) : toQColor(*backColor_, theme);
+  // Only a colour of the program's own is painted: the white of an ordinary box would show as a
+  // patch on the form where the button is missing.
+  s.setAutoFillBackground(*backColor_ != host::colour::White && !isSystemColour(*backColor_));
+  if (s.palette().color(QPalette::Window) == colour) return;
+  QPalette palette;
+  palette.setColor(QPalette::Window, colour);
+  s.setPalette(palette);
+}
+
+String ControlSite::ActiveControlName() const {
+  const QWidget* focus = surface().window()->focusWidget();
+  if (!focus || focus->parentWidget() != &surface()) throw HostError(errors::ObjectNotSet);
+  return fromQt(focus->objectName());
+}
+
+void ControlSite::PropertyChanged(const String& name) {
+  emit surface().propertyChanged(toQt(name));
+}
+
+}  // namespace tessaria::qt

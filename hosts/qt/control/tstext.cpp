@@ -1,0 +1,301 @@
+#include "hosts/qt/control/tstext.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+
+#include "hosts/qt/control/tstext_parts.h"
+#include "hosts/qt/conversion/key_codes.h"
+#include "hosts/qt/conversion/label_text.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/conversion/units.h"
+#include "hosts/qt/focus/dialog_keys.h"
+#include "hosts/qt/focus/focus_cycle.h"
+#include "hosts/qt/focus/form_events.h"
+#include "hosts/qt/form/widget_tree.h"
+#include "hosts/qt/program/host.h"
+#include "lookup/browse_definition.h"
+#include "lookup/pesquisa_definition.h"
+#include "services/text_property_bag.h"
+
+namespace tessaria::qt {
+namespace {
+
+// Twips.
+constexpr Long kLeastHeight = 315;
+constexpr Long kRoomForButton = 360;
+
+template <class Definition>
+TextPropertyBag::Factories::value_type factory() {
+  return {Definition().ClassName(), [] { return std::make_shared<Definition>(); }};
+}
+
+TextPropertyBag makeBag() {
+  return TextPropertyBag({factory<tessaria::Browse>(), factory<tessaria::Pesquisa>()});
+}
+
+}  // namespace
+
+TsText::TsText(QWidget* parent) : QWidget(parent) {
+  install();
+  parts_ = std::make_shared<Parts>(*this);
+  parts_->edit->setObjectName(QStringLiteral("txtEdit"));
+  parts_->browseButton->setObjectName(QStringLiteral("btnBrowse"));
+  setFocusPolicy(Qt::StrongFocus);
+  setFocusProxy(parts_->edit);
+  parts_->edit->installEventFilter(this);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  parts_->box.Mask = [this] {
+    const tsText& c = parts_->control;
+    return MaskInUse{c.Mascara(), c.ItensMascara(), c.PromptChar()};
+  };
+  parts_->box.Typed = [this] { return parts_->control.CurrentTyping(); };
+  parts_->box.RestoreTyped = [this](const Typing& typing) {
+    parts_->control.RestoreTyping(typing);
+  };
+  connect(this, &TsText::propertyChanged, this, &TsText::followControl);
+  connectKeys();
+  write([](tsText& c) { c.UserControl_InitProperties(); });
+}
+
+TsText::~TsText() {
+  write([](tsText& c) { c.UserControl_Terminate(); });
+  parts_->box.Mask = nullptr;
+  parts_->box.Typed = nullptr;
+  parts_->box.RestoreTyped = nullptr;
+  retire(std::move(parts_));
+}
+
+/// Also when it was assigned past this widget's own properties.
+void TsText::followControl(const QString& property) {
+  if (property == QLatin1String("TipoControle"))
+    parts_->browseButton->setKind(parts_->control.TipoControle());
+  if (property == QLatin1String("Enabled") && !designMode_) QWidget::setEnabled(isFieldEnabled());
+}
+
+/// The widget's own flag, whatever is around it.
+void TsText::followWidget() {
+  const bool enabled = !testAttribute(Qt::WA_ForceDisabled);
+  if (!designMode_ && enabled != isFieldEnabled()) setEnabled(enabled);
+}
+
+void TsText::connectKeys() {
+  auto& surface = parts_->box.Surface;
+  tsText* const c = &parts_->control;
+  surface.OnKeyDown = [c](Integer& code, Integer& shift) { c->UserControl_KeyDown(code, shift); };
+  surface.OnKeyPress = [c](Integer& code) { c->UserControl_KeyPress(code); };
+  surface.OnKeyUp = [c](Integer& code, Integer& shift) { c->UserControl_KeyUp(code, shift); };
+}
+
+tsText& TsText::control() { return parts_->control; }
+const tsText& TsText::control() const { return parts_->control; }
+
+// --- Settings
+// -------------------------------------------------------------------------------------
+
+QStringList TsText::settings() const {
+  QStringList lines;
+  guarded(const_cast<TsText*>(this), [&] {
+    TextPropertyBag bag = makeBag();
+    parts_->control.UserControl_WriteProperties(bag);
+    lines = toQt(bag.Save()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+  });
+  return lines;
+}
+
+void TsText::setSettings(const QStringList& lines) {
+  if (lines.isEmpty()) return;
+  write([&](tsText& c) {
+    TextPropertyBag bag = makeBag();
+    bag.Load(fromQt(lines.join(QLatin1Char('\n'))));
+    c.UserControl_ReadProperties(bag);
+    followControl(QStringLiteral("TipoControle"));
+    followControl(QStringLiteral("Enabled"));
+  });
+  updateGeometry();
+}
+
+// --- Methods
+// --------------------------------------------------------------------------------------
+
+void TsText::refresh() {
+  write([](tsText& c) { c.Refresh(); });
+}
+
+bool TsText::valida() {
+  return read([this](const tsText&) { return parts_->control.Valida(); });
+}
+
+bool TsText::acionaChecaRelacao() {
+  return read([this](const tsText&) { return parts_->control.AcionaChecaRelacao(); });
+}
+
+void TsText::atualizaIrmao(bool apenasTsBrowse, bool disparaBrowseReturn) {
+  write([&](tsText& c) { c.AtualizaIrmao(apenasTsBrowse, disparaBrowseReturn); });
+}
+
+void TsText::disparaEventos(const QString& evento) {
+  write([&](tsText& c) { c.DisparaEventos(fromQt(evento)); });
+}
+
+void TsText::clearLastValue() {
+  write([](tsText& c) { c.ClearLastValue(); });
+}
+
+// --- The surface's events
+// -------------------------------------------------------------------------
+
+void TsText::showSurface() {
+  nameForAccessibility();
+  write([](tsText& c) { c.UserControl_Show(); });
+}
+
+void TsText::enterSurface() {
+  write([](tsText& c) { c.UserControl_EnterFocus(); });
+}
+
+ExitVerdict TsText::leaveSurface() {
+  ExitVerdict verdict = ExitVerdict::Left;
+  write([&](tsText& c) { verdict = c.UserControl_ExitFocus(); });
+  return verdict;
+}
+
+bool TsText::hasToSettle() const {
+  return read([](const tsText& c) { return c.HasToSettle(); });
+}
+
+void TsText::unhandled(int number, const QString& description) {
+  emit unhandledError(number, description);
+}
+
+bool TsText::event(QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest) updateGeometry();
+  return QWidget::event(event);
+}
+
+void TsText::resizeEvent(QResizeEvent*) {
+  write([](tsText& c) { c.UserControl_Resize(); });
+}
+
+void TsText::showEvent(QShowEvent*) {
+  QWidget* form = formOf(this);
+  FocusCycle::of(window());
+  if (designMode_ || wasShown(form)) return showSurface();
+  // The form's own show comes next. For a control that is added later it has been.
+  QMetaObject::invokeMethod(
+      this, [this] { showFirst(formOf(this)); }, Qt::QueuedConnection);
+}
+
+void TsText::changeEvent(QEvent* event) {
+  if (parts_ && event->type() == QEvent::PaletteChange) {
+    parts_->site.applyColour();
+    parts_->box.applyColours();
+  }
+  if (parts_ && event->type() == QEvent::EnabledChange) followWidget();
+  QWidget::changeEvent(event);
+}
+
+// Keys reach the surface itself when its button has the focus.
+void TsText::keyPressEvent(QKeyEvent* event) {
+  const QPointer<TsText> self(this);
+  Integer code = virtualKey(*event);
+  Integer shift = shiftState(event->modifiers());
+  event->ignore();
+  if (window()->focusWidget() != parts_->browseButton) return;
+  write([&](tsText& c) { c.UserControl_KeyDown(code, shift); });
+  if (self && code != 0 && isDialogKey(*event))
+    event->setAccepted(pressDialogButton(this, event->key()));
+}
+
+void TsText::keyReleaseEvent(QKeyEvent* event) {
+  Integer code = virtualKey(*event);
+  Integer shift = shiftState(event->modifiers());
+  event->ignore();
+  if (window()->focusWidget() == parts_->browseButton && !event->isAutoRepeat())
+    write([&](tsText& c) { c.UserControl_KeyUp(code, shift); });
+}
+
+bool TsText::focusNextPrevChild(bool next) {
+  return focusNextPage(window(), next) || QWidget::focusNextPrevChild(next);
+}
+
+// --- Looks
+// ----------------------------------------------------------------------------------------
+
+QSize TsText::hintAround(const QSize& box) const {
+  return {box.width() + pixelsX(kRoomForButton, *this),
+          std::max(box.height(), pixelsY(kLeastHeight, *this))};
+}
+
+QSize TsText::sizeHint() const { return hintAround(parts_->edit->sizeHint()); }
+QSize TsText::minimumSizeHint() const { return hintAround(parts_->edit->minimumSizeHint()); }
+
+QLabel* TsText::captionLabel() {
+  const QString name = labelAssociado();
+  QLabel* buddyLabel = nullptr;
+  QWidget* form = formOf(this);
+  for (QLabel* label : form->findChildren<QLabel*>()) {
+    if (formOf(label) != form) continue;
+    if (!name.isEmpty() && label->objectName().compare(name, Qt::CaseInsensitive) == 0)
+      return label;
+    if (label->buddy() == this) buddyLabel = label;
+  }
+  return buddyLabel;
+}
+
+/// The edit is what a screen reader meets: it takes the field's own accessible name, or else its
+/// caption, as it reads now.
+void TsText::nameForAccessibility() {
+  QLabel* label = captionLabel();
+  if (label && !label->buddy()) label->setBuddy(this);
+  // A label tells no change of its text, but draws it.
+  if (label) label->installEventFilter(this);
+  QString name = accessibleName();
+  if (name.isEmpty() && label) name = captionOf(*label);
+  if (name != parts_->edit->accessibleName()) parts_->edit->setAccessibleName(name);
+}
+
+bool TsText::eventFilter(QObject* object, QEvent* event) {
+  const bool isEdit = parts_ && object == parts_->edit;
+  if (parts_ && event->type() == (isEdit ? QEvent::FocusIn : QEvent::Paint)) nameForAccessibility();
+  return QWidget::eventFilter(object, event);
+}
+
+// --- Events
+// ---------------------------------------------------------------------------------------
+
+/// A handler may destroy the control: then nothing is left to do for it.
+template <class Emit>
+void TsText::Events::tell(Emit&& emitter) {
+  if (!surface_) throw ControlGone{};
+  emitter(*surface_);
+  if (!surface_) throw ControlGone{};
+}
+
+void TsText::Events::Show() {
+  tell([](TsText& s) { emit s.shown(); });
+}
+
+void TsText::Events::Change() {
+  tell([](TsText& s) { emit s.changed(); });
+}
+
+void TsText::Events::KeyDown(Integer& KeyCode, Integer& Shift) {
+  tell([&](TsText& s) { emit s.keyDown(KeyCode, Shift); });
+}
+
+void TsText::Events::KeyPress(Integer& KeyAscii) {
+  tell([&](TsText& s) { emit s.keyPress(KeyAscii); });
+}
+
+void TsText::Events::KeyUp(Integer& KeyCode, Integer& Shift) {
+  tell([&](TsText& s) { emit s.keyUp(KeyCode, Shift); });
+}
+
+void TsText::Events::BrowseReturn(bool& HouveAlteracao, Variant& LastValue) {
+  const QVariant before = toQVariant(LastValue);
+  QVariant lastValue = before;
+  tell([&](TsText& s) { emit s.browseReturn(HouveAlteracao, lastValue); });
+  if (lastValue != before) LastValue = toVariant(lastValue);
+}
+
+}  // namespace tessaria::qt

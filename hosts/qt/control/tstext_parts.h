@@ -1,0 +1,64 @@
+// What a TsText is made of.
+#pragma once
+
+#include "control/tstext.h"
+#include "hosts/qt/control/browse_button.h"
+#include "hosts/qt/control/control_site.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/variants.h"
+#include "hosts/qt/keys/line_edit.h"
+#include "hosts/qt/keys/text_box.h"
+
+namespace tessaria::qt {
+
+/// Hands the control's events on as signals.
+class TsText::Events final : public tsTextEvents {
+ public:
+  explicit Events(TsText& surface) : surface_(&surface) {}
+
+  void Show() override;
+  void Change() override;
+  void KeyDown(Integer& KeyCode, Integer& Shift) override;
+  void KeyPress(Integer& KeyAscii) override;
+  void KeyUp(Integer& KeyCode, Integer& Shift) override;
+  void BrowseReturn(bool& HouveAlteracao, Variant& LastValue) override;
+
+ private:
+  template <class Emit>
+  void tell(Emit&& emitter);
+  QPointer<TsText> surface_;
+};
+
+/// The widgets are children of the surface; the rest outlives it while the core is at work.
+struct TsText::Parts {
+  explicit Parts(TsText& surface)
+      : edit(new LineEdit(&surface)),
+        browseButton(new BrowseButton(&surface)),
+        box(*edit),
+        button(*browseButton),
+        site(surface),
+        events(surface),
+        control(site, box, button, events) {}
+
+  LineEdit* const edit;
+  BrowseButton* const browseButton;
+  TextBox box;
+  CommandButton button;
+  ControlSite site;
+  Events events;
+  tsText control;
+};
+
+template <class Get>
+auto TsText::read(Get&& get) const {
+  decltype(get(parts_->control)) result{};
+  guarded(const_cast<TsText*>(this), [&] { result = get(parts_->control); });
+  return result;
+}
+
+template <class Set>
+void TsText::write(Set&& set) {
+  guarded(this, [&] { set(parts_->control); });
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,383 @@
+#include "hosts/qt/data/adodc.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPointer>
+#include <QShortcut>
+#include <QStyle>
+#include <QToolButton>
+
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/data/row_in_doubt.h"
+#include "hosts/qt/focus/focus_cycle.h"
+#include "hosts/qt/focus/form_events.h"
+#include "hosts/qt/form/widget_tree.h"
+#include "hosts/qt/program/host.h"
+#include "runtime/text.h"
+
+namespace tessaria::qt {
+namespace {
+
+Adodc::ConnectionFactory& factory() {
+  static thread_local Adodc::ConnectionFactory instance;
+  return instance;
+}
+
+host::Recordset& require(const host::RecordsetPtr& rows) {
+  if (!rows) throw HostError(errors::ObjectNotSet);
+  return *rows;
+}
+
+bool hasRow(const host::Recordset& rows) { return !rows.Bof() && !rows.Eof(); }
+
+bool hasEdit(const host::Recordset& rows) {
+  return rows.EditMode() == host::EditMode::InProgress || rows.EditMode() == host::EditMode::Add;
+}
+
+/// From before the first row or behind the last one back onto it.
+void stayOnARow(host::Recordset& rows) {
+  if (rows.Bof() && rows.Eof()) return;
+  if (rows.Eof()) rows.MoveLast();
+  if (rows.Bof()) rows.MoveFirst();
+}
+
+/// From a row that was deleted to the next one, or the last.
+void leaveDeletedRow(host::Recordset& rows) {
+  if (rows.EditMode() != host::EditMode::Delete) return;
+  rows.MoveNext();
+  stayOnARow(rows);
+}
+
+/// Whether there is a row to start a move from.
+bool standsOnRow(host::Recordset& rows) {
+  leaveDeletedRow(rows);
+  return hasRow(rows);
+}
+
+struct Navigation {
+  QStyle::StandardPixmap icon;
+  const char* name;
+  const char* keys;
+  bool (Adodc::*move)();
+};
+
+constexpr Navigation kNavigation[] = {
+    {QStyle::SP_MediaSkipBackward, "Primeiro", "Alt+Home", &Adodc::moveFirst},
+    {QStyle::SP_MediaSeekBackward, "Anterior", "Alt+PgUp", &Adodc::movePrevious},
+    {QStyle::SP_MediaSeekForward, "Próximo", "Alt+PgDown", &Adodc::moveNext},
+    {QStyle::SP_MediaSkipForward, "Último", "Alt+End", &Adodc::moveLast},
+};
+
+}  // namespace
+
+Adodc::Adodc(QWidget* parent) : QWidget(parent), label_(new QLabel(this)) {
+  install();
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  for (const Navigation& step : kNavigation) {
+    if (step.move == &Adodc::moveNext) row->addWidget(label_, 1);
+    row->addWidget(addButton(step.icon, QString::fromUtf8(step.name),
+                             QKeySequence(QLatin1String(step.keys)), step.move));
+  }
+  setNavigationKeys(true);
+  label_->setAlignment(Qt::AlignCenter);
+  label_->setTextFormat(Qt::PlainText);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  showPosition();
+}
+
+Adodc::~Adodc() = default;
+
+/// The keys work from anywhere in the window and leave the focus where it is.
+QToolButton* Adodc::addButton(int icon, const QString& name, const QKeySequence& keys,
+                              bool (Adodc::*move)()) {
+  auto* button = new QToolButton(this);
+  button->setIcon(style()->standardIcon(static_cast<QStyle::StandardPixmap>(icon)));
+  button->setAccessibleName(name);
+  button->setFocusPolicy(Qt::ClickFocus);
+  connect(button, &QToolButton::clicked, this, [this, move] { (this->*move)(); });
+  auto* shortcut = new QShortcut(keys, this);
+  const auto pressed = [this, move] { moveByKey(move); };
+  connect(shortcut, &QShortcut::activated, this, pressed);
+  connect(shortcut, &QShortcut::activatedAmbiguously, this, pressed);
+  buttons_ << button;
+  shortcuts_ << shortcut;
+  return button;
+}
+
+bool Adodc::navigationKeys() const { return shortcuts_.first()->isEnabled(); }
+
+void Adodc::setNavigationKeys(bool move) {
+  for (qsizetype i = 0; i < buttons_.size(); ++i) {
+    shortcuts_[i]->setEnabled(move);
+    const QString name = buttons_[i]->accessibleName();
+    const QString keys = shortcuts_[i]->key().toString(QKeySequence::NativeText);
+    buttons_[i]->setToolTip(move ? QStringLiteral("%1 (%2)").arg(name, keys) : name);
+  }
+}
+
+/// Of several data controls in a window, the one moves whose field has the focus.
+void Adodc::moveByKey(bool (Adodc::*move)()) {
+  Adodc* target = this;
+  TsText* field = surfaceOf(window()->focusWidget());
+  if (field && !field->dataSource().isEmpty())
+    for (Adodc* other : formOf(field)->findChildren<Adodc*>())
+      if (other->objectName().compare(field->dataSource(), Qt::CaseInsensitive) == 0)
+        target = other;
+  if (target->isEnabled() && target->buttons_.first()->isEnabled()) (target->*move)();
+}
+
+// --- Where the rows come from
+// ---------------------------------------------------------------------
+
+QString Adodc::connectionString() const {
+  return connection_ ? toQt(connection_->ConnectionString()) : connectionString_;
+}
+
+void Adodc::setConnectionString(const QString& text) {
+  connectionString_ = text;
+  connection_ = nullptr;
+}
+
+void Adodc::setRecordSource(const QString& source) { recordSource_ = source; }
+
+void Adodc::setCaption(const QString& text) {
+  caption_ = text;
+  showPosition();
+}
+
+void Adodc::setConnection(host::ConnectionPtr connection) { connection_ = std::move(connection); }
+
+void Adodc::setConnectionFactory(ConnectionFactory make) { factory() = std::move(make); }
+
+void Adodc::ensureConnection() {
+  if (!connection_ && factory()) connection_ = factory()(connectionString_);
+  if (!connection_) throw HostError(errors::InvalidConnection);
+  if (connection_->State() == host::state::Closed) connection_->Open();
+}
+
+void Adodc::open() {
+  ensureConnection();
+  recordSet_ = connection_->OpenRecordset(fromQt(recordSource_), host::CursorType::Static,
+                                          host::LockType::Optimistic);
+  showPosition();
+}
+
+void Adodc::openAtFirstShow() {
+  if (recordSet_ || recordSource_.isEmpty() || connectionString().isEmpty()) return;
+  guarded(this, [this] { open(); });
+}
+
+bool Adodc::refresh() {
+  const QPointer<Adodc> self(this);
+  if (!settleField() || !mayLeaveRow()) return false;
+  const bool opened = guarded(this, [this] {
+    ensureConnection();
+    if (isEditPending()) writeOrLookFor(*recordSet_);
+    open();
+  });
+  if (!opened || !self) return false;
+  loadRow();
+  if (self) tell(&Adodc::moved);
+  return true;
+}
+
+// --- Moves and edits
+// ------------------------------------------------------------------------------
+
+/// A field that refuses has told the operator why. A row that the program deleted takes no text.
+bool Adodc::settleField() {
+  if (recordSet_ && recordSet_->State() != host::state::Closed &&
+      recordSet_->EditMode() == host::EditMode::Delete)
+    return true;
+  const QPointer<Adodc> self(this);
+  return settle(this) && self;
+}
+
+bool Adodc::mayLeaveRow() {
+  if (!isEditPending()) return true;
+  const QPointer<Adodc> self(this);
+  bool refused = false;
+  const bool answered = guarded(this, [&] { emit leavingRow(refused); });
+  return answered && self && !refused;
+}
+
+/// What was done stands, whatever a handler makes of it.
+void Adodc::tell(void (Adodc::*signal)()) {
+  guarded(this, [&] { emit(this->*signal)(); });
+}
+
+bool Adodc::run(const Work& work, void (Adodc::*done)()) {
+  const QPointer<Adodc> self(this);
+  if (!settleField() || !mayLeaveRow()) return false;
+  if (!guarded(this, [&] { work(require(recordSet_)); }) || !self) return false;
+  loadRow();
+  if (self) tell(done);
+  return true;
+}
+
+bool Adodc::moveFirst() {
+  return run(
+      [](host::Recordset& rows) {
+        if (standsOnRow(rows)) rows.MoveFirst();
+      },
+      &Adodc::moved);
+}
+
+bool Adodc::movePrevious() {
+  return run(
+      [](host::Recordset& rows) {
+        if (hasRow(rows)) rows.MovePrevious();
+        stayOnARow(rows);
+      },
+      &Adodc::moved);
+}
+
+bool Adodc::moveNext() {
+  return run(
+      [](host::Recordset& rows) {
+        if (hasRow(rows)) rows.MoveNext();
+        stayOnARow(rows);
+      },
+      &Adodc::moved);
+}
+
+bool Adodc::moveLast() {
+  return run(
+      [](host::Recordset& rows) {
+        if (standsOnRow(rows)) rows.MoveLast();
+      },
+      &Adodc::moved);
+}
+
+bool Adodc::findRow(const QString& criteria) {
+  bool found = false;
+  return run(
+             [&](host::Recordset& rows) {
+               if (!standsOnRow(rows)) return;
+               const Long before = rows.AbsolutePosition();
+               rows.MoveFirst();
+               try {
+                 rows.Find(fromQt(criteria));
+               } catch (...) {
+                 rows.AbsolutePosition(before);
+                 throw;
+               }
+               found = !rows.Eof();
+               if (!found) rows.AbsolutePosition(before);
+             },
+             &Adodc::moved) &&
+         found;
+}
+
+bool Adodc::isEditPending() const {
+  return recordSet_ && recordSet_->State() != host::state::Closed && hasEdit(*recordSet_);
+}
+
+bool Adodc::addRow() {
+  return run([](host::Recordset& rows) { rows.AddNew(); }, &Adodc::rowAdded);
+}
+
+bool Adodc::saveRow() {
+  return run(
+      [](host::Recordset& rows) {
+        if (hasEdit(rows)) rows.Update();
+      },
+      &Adodc::rowSaved);
+}
+
+bool Adodc::cancelRow() {
+  const QPointer<Adodc> self(this);
+  bool inDoubt = false;
+  auto edit = host::EditMode::None;
+  // What stands in the focused field is given up too: it is not settled.
+  const bool dropped = guarded(this, [&] {
+    host::Recordset& rows = require(recordSet_);
+    inDoubt = rows.IsInDoubt();
+    edit = rows.EditMode();
+    if (hasEdit(rows)) rows.CancelUpdate();
+    leaveDeletedRow(rows);
+    stayOnARow(rows);
+  });
+  if (!dropped || !self) return false;
+  loadRow();
+  if (self && inDoubt) guarded(this, [edit] { tellGivenUpInDoubt(edit); });
+  if (self) tell(&Adodc::rowCancelled);
+  return true;
+}
+
+bool Adodc::deleteRow() {
+  const QPointer<Adodc> self(this);
+  bool inDoubt = false;
+  const bool deleted = guarded(this, [&] {
+    host::Recordset& rows = require(recordSet_);
+    inDoubt = rows.IsInDoubt() && rows.EditMode() == host::EditMode::Add;
+    rows.Delete();
+  });
+  if (!deleted || !self) return false;
+  // The row is gone, whatever becomes of the step to the next one. A new row was only dropped.
+  const bool stepped = guarded(this, [this] {
+    leaveDeletedRow(*recordSet_);
+    stayOnARow(*recordSet_);
+  });
+  if (!self) return false;
+  // The rows before it have been read already.
+  if (!stepped) guarded(this, [this] { recordSet_->MovePrevious(); });
+  if (!self) return false;
+  loadRow();
+  if (self && inDoubt) guarded(this, [] { tellGivenUpInDoubt(host::EditMode::Add); });
+  if (self) tell(&Adodc::rowDeleted);
+  return true;
+}
+
+void Adodc::loadRow() {
+  const QPointer<Adodc> self(this);
+  showPosition();
+  if (refreshesForm_) {
+    refreshForm();
+    if (!self) return;
+    if (FocusCycle* cycle = FocusCycle::existing(window())) cycle->enterAgain();
+  }
+  if (self) showPosition();
+}
+
+void Adodc::refreshForm() {
+  const QString name = objectName();
+  QList<QPointer<TsText>> controls;
+  for (TsText* control : inLoadOrder(formOf(this)))
+    if (control->dataSource().compare(name, Qt::CaseInsensitive) == 0) controls << control;
+  for (const auto& control : controls)
+    if (control) control->refresh();
+}
+
+void Adodc::unhandled(int number, const QString& description) { emit error(number, description); }
+
+// --- Looks
+// ----------------------------------------------------------------------------------------
+
+void Adodc::showPosition() {
+  QString text = caption_;
+  guarded(this, [&] {
+    if (!text.isEmpty() || !recordSet_ || recordSet_->State() == host::state::Closed) return;
+    const bool isNew = recordSet_->EditMode() == host::EditMode::Add;
+    const Long row = recordSet_->AbsolutePosition();
+    text = isNew     ? QStringLiteral("Novo registro")
+           : row > 0 ? QStringLiteral("Registro %1").arg(row)
+                     : QStringLiteral("Sem registros");
+  });
+  label_->setText(text);
+  enableButtons();
+}
+
+/// At either end they stay: a move there still writes the pending edit.
+void Adodc::enableButtons() {
+  bool anyRow = false;
+  guarded(this, [&] {
+    anyRow = recordSet_ && recordSet_->State() != host::state::Closed && hasRow(*recordSet_);
+  });
+  for (QToolButton* button : buttons_) button->setEnabled(anyRow);
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,76 @@
+// Enter and Exit of whole controls, queued per window.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include "hosts/qt/focus/stand_in.h"
+
+namespace tessaria::qt {
+
+class LineEdit;
+class TsText;
+
+/// Follows the focus of one window. Leaving and entering controls is told when Qt's own work on
+/// the focus is done: the new control is then the form's active one. Popups, menus, dialogs and
+/// a window that loses activation are no moves, for the window's own focus stays where it was.
+class FocusCycle final : public QObject {
+  Q_OBJECT
+
+ public:
+  /// The window's cycle, made when there is none.
+  static FocusCycle* of(QWidget* window);
+  static FocusCycle* existing(const QWidget* window);
+
+  /// The focus has moved inside the window.
+  void focusMoved();
+  bool hasPending() const { return queued_; }
+  /// Delivers what is queued now, with `standIn` as the active control when it is one. False when
+  /// a field that was left has refused its text, or its value could not be taken.
+  bool settlePending(const StandIn& standIn = {});
+  /// Has the field that holds the focus checked and assigned as if it were left, and entered
+  /// again. A field that stands as it was entered is spared, unless it must not stay blank; so is
+  /// one whose `ObjetoCancelar` names the stand-in. False when the field refuses its text, or its
+  /// value could not be taken.
+  bool settleField(const StandIn& standIn = {});
+  /// Whether that would do anything now.
+  bool wouldSettle(const StandIn& standIn = {}) const;
+  /// What counts as the active control of the window just now; nothing for the widget in focus.
+  host::WidgetPtr standIn() const { return standIn_; }
+  /// The control that holds the focus shows another row: enters it anew.
+  void enterAgain();
+  /// The window was hidden: nothing is inside any more, and no Exit is told.
+  void windowHidden();
+
+ private:
+  explicit FocusCycle(QWidget* window);
+  bool run();
+  bool step();
+  void leave(TsText& field);
+  bool hasFieldToSettle(const StandIn& standIn) const;
+  QWidget* window() const { return static_cast<QWidget*>(parent()); }
+
+  QPointer<TsText> inside_;  ///< the control that was entered and not left yet
+  QPointer<LineEdit> box_;   ///< the edit that has the focus
+  bool queued_ = false;
+  bool running_ = false;
+  bool unsettled_ = false;  ///< a field that was left in the present run
+  host::WidgetPtr standIn_;
+};
+
+/// Settles the field of the widget's window that holds the focus, as if it were left.
+///
+/// The host does so by itself ahead of what the operator starts without moving the focus: tool
+/// buttons and other buttons without a focus policy, entries of menus, shortcuts of `QAction` and
+/// `QShortcut`, and closing the window by its frame. The rest calls this first: handlers reached
+/// through a native menu bar, clicks on widgets of the program's own, links, `QAction::trigger()`.
+///
+/// While the field is settled a command button of the name `action` counts as the form's active
+/// control, so that a required field may not be blank; without a name it is the field itself.
+///
+/// False when the field refuses its text or its value could not be taken; it has then told the
+/// operator why.
+bool settle(QWidget* widget, const QString& action = {});
+
+}  // namespace tessaria::qt

@@ -1,0 +1,202 @@
+#include "hosts/qt/focus/form_events.h"
+
+#include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPointer>
+#include <algorithm>
+
+#include "hosts/qt/boundary/window_in_front.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/data/adodc.h"
+#include "hosts/qt/dialogs/dialog_window.h"
+#include "hosts/qt/focus/focus_cycle.h"
+#include "hosts/qt/form/widget_tree.h"
+#include "hosts/qt/keys/line_edit.h"
+
+namespace tessaria::qt {
+namespace {
+
+constexpr char kShown[] = "_tessaria_shown";
+
+/// First shows pump events, and inside the show of an outer widget Qt still walks its children:
+/// what is deleted meanwhile would be met there. A window is shown last of all, and its forms
+/// with it; a form that is shown later waits for the event loop.
+void formShows(QWidget* widget) {
+  if (!widget->isWindow()) {
+    QMetaObject::invokeMethod(
+        widget, [widget] { showFirst(widget); }, Qt::QueuedConnection);
+    return;
+  }
+  QList<QPointer<QWidget>> forms{widget};
+  for (QWidget* inner : widget->findChildren<QWidget*>())
+    if (isForm(inner) && inner->isVisible()) forms << inner;
+  for (const auto& form : forms)
+    if (form) showFirst(form);
+}
+
+/// Place of a control in the order of loading.
+int loadRank(const TsText& control) {
+  if (control.dataSource().isEmpty() || control.dataField().isEmpty()) return 0;
+  switch (control.tipoControle()) {
+    case TsText::Browse:
+      return 1;
+    case TsText::Descricao:
+      return 3;
+    default:
+      return 2;
+  }
+}
+
+}  // namespace
+
+FormEvents::FormEvents(QObject* parent) : QObject(parent) {
+  qApp->installEventFilter(this);
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* now) { focusChanged(now); });
+}
+
+bool FormEvents::eventFilter(QObject* object, QEvent* event) {
+  if (actions_.holdsBack(object, event)) return true;
+  return object->isWidgetType() && swallows(static_cast<QWidget*>(object), event);
+}
+
+bool FormEvents::swallows(QWidget* widget, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::Show:
+      watchShow(widget);
+      return false;
+    case QEvent::Hide:
+      if (widget->isWindow() && !event->spontaneous())
+        if (FocusCycle* cycle = FocusCycle::existing(widget)) cycle->windowHidden();
+      return false;
+    case QEvent::WindowActivate:
+      if (widget->isWindow()) noteActive(*widget);
+      return false;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return swallowsPress(widget, *static_cast<QMouseEvent*>(event));
+    case QEvent::Wheel:
+      return swallowsWheel(widget);
+    case QEvent::KeyPress:
+      return swallowsKey(widget) || movesToNextPage(widget, *static_cast<QKeyEvent*>(event));
+    case QEvent::KeyRelease:
+    case QEvent::InputMethod:
+      return swallowsKey(widget);
+    case QEvent::Close:
+      return event->spontaneous() && swallowsClose(widget, *static_cast<QCloseEvent*>(event));
+    default:
+      return false;
+  }
+}
+
+void FormEvents::focusChanged(QWidget* now) {
+  if (!now) return;
+  if (FocusCycle* cycle = FocusCycle::existing(now->window())) cycle->focusMoved();
+}
+
+void FormEvents::watchShow(QWidget* widget) {
+  if (widget->isWindow() && widget->isModal()) ++modalShows_;
+  if (isForm(widget)) formShows(widget);
+}
+
+/// The mouse has moved the focus, and the field that had it is not settled yet.
+bool FormEvents::hasMoved(const QWidget& widget) {
+  const FocusCycle* cycle = FocusCycle::existing(widget.window());
+  return cycle && cycle->hasPending();
+}
+
+/// False when what the mouse does to the widget must not happen.
+bool FormEvents::settlesAhead(QWidget* widget, bool moved, bool stays) {
+  const QPointer<QWidget> alive(widget);
+  const QPointer<QWidget> focus(widget->window()->focusWidget());
+  const StandIn standIn = stays ? standInOf(*widget) : StandIn();
+  const bool settled = moved ? FocusCycle::existing(widget->window())->settlePending(standIn)
+                             : settleFor(*widget, standIn);
+  return alive && settled && (!moved || alive->window()->focusWidget() == focus);
+}
+
+/// The wheel turns a box that needs no focus for it.
+bool FormEvents::swallowsWheel(QWidget* widget) {
+  const bool moved = hasMoved(*widget);
+  const bool stays = !moved && ActionGate::turnsByWheel(*widget);
+  return (moved || stays) && !settlesAhead(widget, moved, stays);
+}
+
+/// The press has moved the focus already, unless the widget takes none. Under a modal window its
+/// release went elsewhere, and the widget would stay half pressed: a button is clicked instead.
+bool FormEvents::swallowsPress(QWidget* widget, const QMouseEvent& press) {
+  const bool moved = hasMoved(*widget);
+  const bool stays = ActionGate::runsWithoutFocus(*widget);
+  if (!moved && !stays) return false;
+  const int modals = modalShows_;
+  if (!settlesAhead(widget, moved, stays)) return true;
+  if (modalShows_ != modals) {
+    auto* button = qobject_cast<QAbstractButton*>(widget);
+    if (button && press.button() == Qt::LeftButton) button->click();
+    return true;
+  }
+  if (auto* edit = qobject_cast<LineEdit*>(widget)) edit->keepSelectionOverClick();
+  return false;
+}
+
+/// The frame of a window asks it to close. The library's own dialogs are cancelled by it; a form
+/// that asks its operator what to do keeps its question, refused or not.
+bool FormEvents::swallowsClose(QWidget* window, QCloseEvent& close) {
+  if (qobject_cast<DialogWindow*>(window)) return false;
+  const QPointer<QWidget> alive(window);
+  if (settle(window) || (alive && window->property("asksBeforeClosing").toBool())) return !alive;
+  close.ignore();
+  return true;
+}
+
+/// From any widget of a form with fields; those that write or walk with the key keep it.
+bool FormEvents::movesToNextPage(QWidget* widget, const QKeyEvent& key) {
+  const bool back = key.key() == Qt::Key_Backtab ||
+                    (key.key() == Qt::Key_Tab && key.modifiers().testFlag(Qt::ShiftModifier));
+  if (!back && key.key() != Qt::Key_Tab) return false;
+  if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) return false;
+  QWidget* window = widget->window();
+  if (widget != window->focusWidget() || !FocusCycle::existing(window)) return false;
+  return !qobject_cast<QAbstractScrollArea*>(widget) && focusNextPage(window, !back);
+}
+
+/// A key that was meant for a field which the focus did not reach.
+bool FormEvents::swallowsKey(QWidget* widget) {
+  FocusCycle* cycle = FocusCycle::existing(widget->window());
+  if (!cycle || !cycle->hasPending() || widget->window()->focusWidget() != widget) return false;
+  const QPointer<QWidget> alive(widget);
+  cycle->settlePending();
+  return !alive || alive->window()->focusWidget() != alive;
+}
+
+bool wasShown(const QWidget* form) { return form->property(kShown).toBool(); }
+
+QList<TsText*> inLoadOrder(const QWidget* form) {
+  QList<TsText*> controls;
+  if (auto* alone = qobject_cast<TsText*>(const_cast<QWidget*>(form))) controls << alone;
+  for (TsText* control : form->findChildren<TsText*>())
+    if (formOf(control) == form) controls << control;
+  std::stable_sort(controls.begin(), controls.end(),
+                   [](const TsText* a, const TsText* b) { return loadRank(*a) < loadRank(*b); });
+  return controls;
+}
+
+void showFirst(QWidget* form) {
+  if (wasShown(form)) return;
+  QList<QPointer<TsText>> controls;
+  for (TsText* control : inLoadOrder(form)) controls << control;
+  QList<QPointer<Adodc>> dataControls;
+  for (Adodc* data : form->findChildren<Adodc*>())
+    if (formOf(data) == form) dataControls << data;
+  if (controls.isEmpty() && dataControls.isEmpty()) return;
+  form->setProperty(kShown, true);
+  for (const auto& data : dataControls)
+    if (data) data->openAtFirstShow();
+  for (const auto& control : controls)
+    if (control) control->showSurface();
+}
+
+}  // namespace tessaria::qt

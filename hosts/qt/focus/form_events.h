@@ -1,0 +1,50 @@
+// What the controls of a program need to see of its other events.
+#pragma once
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QObject>
+#include <QWidget>
+
+#include "hosts/qt/focus/action_gate.h"
+
+namespace tessaria::qt {
+
+/// Watches the whole application: first shows of forms, moves of the focus, and keys, clicks,
+/// actions and closing windows that must wait until the field before them is settled.
+class FormEvents final : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit FormEvents(QObject* parent);
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void focusChanged(QWidget* now);
+  bool swallows(QWidget* widget, QEvent* event);
+  void watchShow(QWidget* widget);
+  bool swallowsPress(QWidget* widget, const QMouseEvent& press);
+  static bool hasMoved(const QWidget& widget);
+  static bool settlesAhead(QWidget* widget, bool moved, bool stays);
+  static bool swallowsWheel(QWidget* widget);
+  bool swallowsKey(QWidget* widget);
+  bool swallowsClose(QWidget* window, QCloseEvent& close);
+  bool movesToNextPage(QWidget* widget, const QKeyEvent& key);
+
+  ActionGate actions_;
+  int modalShows_ = 0;  ///< modal windows shown so far
+};
+
+/// Tells every control of the form of its first show, those on hidden pages too: unbound
+/// controls first, then keys, then the rest, descriptions last, so that no control wipes what
+/// another one has filled. Data controls open their rows before. Does nothing at a second call.
+void showFirst(QWidget* form);
+/// Whether the form had its first show.
+bool wasShown(const QWidget* form);
+
+/// The controls of a form in that order.
+QList<class TsText*> inLoadOrder(const QWidget* form);
+
+}  // namespace tessaria::qt

@@ -1,0 +1,74 @@
+#include "hosts/qt/focus/stand_in.h"
+
+#include <QAction>
+#include <QPointer>
+#include <QToolButton>
+
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/form/form.h"
+#include "hosts/qt/form/widget_tree.h"
+#include "runtime/text.h"
+#include "tessaria/error.h"
+
+namespace tessaria::qt {
+namespace {
+
+/// Has a name and a place on the form, and nothing else.
+class ActionPort final : public host::Widget {
+ public:
+  ActionPort(const QString& name, QWidget& form) : name_(fromQt(name)), form_(&form) {}
+
+  String Name() const override { return name_; }
+  String TypeName() const override { return u"CommandButton"; }
+  Long Left() const override { return 0; }
+  Long Top() const override { return 0; }
+  Long Height() const override { return 0; }
+  host::WidgetPtr Container() const override {
+    if (!form_) throw HostError(errors::ObjectNotSet);
+    return makeForm(*form_);
+  }
+  Variant Get(const String& property) const override {
+    if (EqualNoCase(property, u"Name")) return name_;
+    throw HostError(errors::NoSuchMember);
+  }
+  void Let(const String& property, const Variant&) override {
+    throw HostError(EqualNoCase(property, u"Name") ? errors::PropertyIsReadOnly
+                                                   : errors::NoSuchMember);
+  }
+
+ private:
+  const String name_;
+  const QPointer<QWidget> form_;
+};
+
+/// The names that a program knows a button by: its action's ahead of its own.
+QStringList namesOf(const QWidget& widget) {
+  QStringList names;
+  const auto* tool = qobject_cast<const QToolButton*>(&widget);
+  if (tool && tool->defaultAction()) names << tool->defaultAction()->objectName();
+  names << widget.objectName();
+  names.removeAll(QString());
+  return names;
+}
+
+}  // namespace
+
+host::WidgetPtr makeActionPort(const QString& name, QWidget& form) {
+  return std::make_shared<ActionPort>(name, form);
+}
+
+StandIn standInOf(const QObject& action, QWidget& form) {
+  QStringList names{action.objectName()};
+  names.removeAll(QString());
+  return {makeActionPort(action.objectName(), form), names};
+}
+
+StandIn standInOf(QWidget& widget) {
+  const QStringList names = namesOf(widget);
+  const host::WidgetPtr control = makeWidget(*controlOf(&widget));
+  if (control->TypeName() != u"CommandButton" && !qobject_cast<QToolButton*>(&widget))
+    return {control, names};
+  return {makeActionPort(names.value(0), *formOf(&widget)), names};
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,125 @@
+#include "hosts/qt/form/form.h"
+
+#include <QLabel>
+#include <QTabWidget>
+
+#include "control/tstext.h"
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/colours.h"
+#include "hosts/qt/conversion/label_text.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/data/adodc.h"
+#include "hosts/qt/focus/focus_cycle.h"
+#include "hosts/qt/form/widget_port.h"
+#include "hosts/qt/form/widget_tree.h"
+#include "runtime/text.h"
+
+namespace tessaria::qt {
+namespace {
+
+using PlainWidget = WidgetPort<host::Widget>;
+
+class LabelPort final : public WidgetPort<host::Label, QLabel> {
+ public:
+  using WidgetPort::WidgetPort;
+  String Caption() const override { return fromQt(captionOf(widget())); }
+  Colour ForeColor() const override {
+    const QVariant kept = widget().property(kColour);
+    return kept.isValid() ? kept.toUInt() : host::colour::MenuText;
+  }
+  /// A literal colour that cannot be read on the theme's background is moved away from it.
+  void ForeColor(Colour colour) override {
+    QLabel& label = widget();
+    label.setProperty(kColour, colour);
+    const QWidget* around = label.parentWidget();
+    const QPalette theme = around ? around->palette() : QPalette();
+    const QColor wanted = toQColor(colour, theme);
+    QPalette palette;
+    if (colour != host::colour::MenuText && colour != host::colour::WindowText)
+      palette.setColor(
+          QPalette::WindowText,
+          isSystemColour(colour) ? wanted : readableOn(wanted, theme.color(QPalette::Window)));
+    label.setPalette(palette);
+  }
+  bool FontBold() const override { return widget().font().bold(); }
+  void FontBold(bool bold) override {
+    QFont font;
+    font.setBold(bold);
+    widget().setFont(font.resolve(widget().font()));
+  }
+
+ private:
+  static constexpr char kColour[] = "_tessaria_colour";
+};
+
+class TabPort final : public WidgetPort<host::TabStrip, QTabWidget> {
+ public:
+  using WidgetPort::WidgetPort;
+  Integer Tab() const override { return static_cast<Integer>(widget().currentIndex()); }
+  void Tab(Integer number) override { widget().setCurrentIndex(require(number)); }
+  bool TabVisible(Integer number) const override { return widget().isTabVisible(require(number)); }
+
+ private:
+  Integer require(Integer number) const {
+    if (number < 0 || number >= widget().count()) throw HostError(errors::InvalidPropertyValue);
+    return number;
+  }
+};
+
+class DataPort final : public WidgetPort<host::DataControl, Adodc> {
+ public:
+  using WidgetPort::WidgetPort;
+  String ConnectionString() const override { return fromQt(widget().connectionString()); }
+  String RecordSource() const override { return fromQt(widget().recordSource()); }
+  host::RecordsetPtr RecordSet() const override { return widget().recordSet(); }
+  void Refresh() override { widget().open(); }
+};
+
+class SurfacePort final : public WidgetPort<host::TsTextWidget, TsText> {
+ public:
+  using WidgetPort::WidgetPort;
+  _tsText& Control() const override { return widget().control(); }
+};
+
+class FormPort final : public WidgetPort<host::Form> {
+ public:
+  using WidgetPort::WidgetPort;
+  bool Visible() const override { return !isGone() && widget().isVisible(); }
+  host::WidgetPtr Controls(const String& name) const override {
+    for (QWidget* control : controlsOf(&widget()))
+      if (EqualNoCase(nameOf(*control), name)) return makeWidget(*control);
+    throw HostError(errors::ControlNotFound,
+                    ErrorDescription(errors::ControlNotFound) + u": '" + name + u"'");
+  }
+  std::vector<host::WidgetPtr> Controls() const override {
+    std::vector<host::WidgetPtr> controls;
+    for (QWidget* control : controlsOf(&widget())) controls.push_back(makeWidget(*control));
+    return controls;
+  }
+  /// The window's own notion, which survives boxes and other windows. While a field is settled for
+  /// an action it is the action.
+  host::WidgetPtr ActiveControl() const override {
+    const QWidget* window = widget().window();
+    if (const FocusCycle* cycle = FocusCycle::existing(window); cycle && cycle->standIn())
+      return cycle->standIn();
+    QWidget* focus = window->focusWidget();
+    if (!focus) return nullptr;
+    return makeWidget(*controlOf(focus));
+  }
+};
+
+}  // namespace
+
+host::FormPtr makeForm(QWidget& form) { return std::make_shared<FormPort>(form); }
+
+host::WidgetPtr makeWidget(QWidget& widget) {
+  if (auto* surface = qobject_cast<TsText*>(&widget))
+    return std::make_shared<SurfacePort>(*surface);
+  if (auto* data = qobject_cast<Adodc*>(&widget)) return std::make_shared<DataPort>(*data);
+  if (auto* label = qobject_cast<QLabel*>(&widget)) return std::make_shared<LabelPort>(*label);
+  if (auto* tabs = qobject_cast<QTabWidget*>(&widget)) return std::make_shared<TabPort>(*tabs);
+  if (isForm(&widget)) return makeForm(widget);
+  return std::make_shared<PlainWidget>(widget);
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,78 @@
+#include "hosts/qt/form/widget_port.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTabWidget>
+
+#include "hosts/qt/control/tstext.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/conversion/units.h"
+#include "hosts/qt/data/adodc.h"
+#include "hosts/qt/form/widget_tree.h"
+
+namespace tessaria::qt {
+namespace {
+
+template <class Class>
+bool is(const QWidget& widget) {
+  return qobject_cast<const Class*>(&widget);
+}
+
+struct TypeRow {
+  bool (*matches)(const QWidget&);
+  const char16_t* name;
+};
+
+/// The first that matches.
+constexpr TypeRow kTypes[] = {
+    {is<TsText>, u"tsText"},
+    {is<Adodc>, u"Adodc"},
+    {[](const QWidget& w) { return isForm(&w); }, u"Form"},
+    {is<QLabel>, u"Label"},
+    {is<QTabWidget>, u"SSTab"},
+    {is<QCheckBox>, u"CheckBox"},
+    {is<QRadioButton>, u"OptionButton"},
+    {is<QAbstractButton>, u"CommandButton"},
+    {is<QLineEdit>, u"TextBox"},
+    {is<QComboBox>, u"ComboBox"},
+    {is<QGroupBox>, u"Frame"},
+};
+
+}  // namespace
+
+String nameOf(const QWidget& widget) { return fromQt(widget.objectName()); }
+
+String typeNameOf(const QWidget& widget) {
+  for (const TypeRow& row : kTypes)
+    if (row.matches(widget)) return row.name;
+  return fromQt(QString::fromLatin1(widget.metaObject()->className()));
+}
+
+QWidget* containerOf(const QWidget& widget) {
+  if (isForm(&widget)) return nullptr;
+  QWidget* container = widget.parentWidget();
+  while (!isForm(container) && container->objectName().startsWith(QLatin1String("qt_")))
+    container = container->parentWidget();
+  return container;
+}
+
+namespace {
+
+/// In the container; a form's own place is the one on the screen.
+QPoint placeOf(const QWidget& widget) {
+  if (widget.isWindow()) return widget.pos();
+  if (QWidget* container = containerOf(widget)) return widget.mapTo(container, QPoint());
+  return widget.mapToGlobal(QPoint());
+}
+
+}  // namespace
+
+Long leftOf(const QWidget& widget) { return twipsX(placeOf(widget).x(), widget); }
+Long topOf(const QWidget& widget) { return twipsY(placeOf(widget).y(), widget); }
+Long heightOf(const QWidget& widget) { return twipsY(widget.height(), widget); }
+
+}  // namespace tessaria::qt

@@ -1,0 +1,24 @@
+#include "hosts/qt/keys/edit_history.h"
+
+namespace tessaria::qt {
+namespace {
+
+/// Edits of one stay in a field.
+constexpr std::size_t kMostStates = 1000;
+
+}  // namespace
+
+void EditHistory::changed(EditState before) {
+  if (before_.size() == kMostStates) before_.erase(before_.begin());
+  before_.push_back(std::move(before));
+  after_.clear();
+}
+
+EditState EditHistory::step(States& from, States& to, EditState now) {
+  EditState wanted = std::move(from.back());
+  from.pop_back();
+  to.push_back(std::move(now));
+  return wanted;
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,160 @@
+// Text that reaches the edit without a key: clipboard, menu, drop, middle mouse button.
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <optional>
+
+#include "hosts/qt/focus/focus_cycle.h"
+#include "hosts/qt/keys/line_edit_scopes.h"
+#include "hosts/qt/keys/masked_paste.h"
+#include "hosts/qt/keys/paste_refusal.h"
+#include "tessaria/comforts.h"
+
+namespace tessaria::qt {
+namespace {
+
+void addEntry(QMenu& menu, const QString& text, bool enabled, LineEdit* edit,
+              void (*action)(LineEdit&)) {
+  QAction* entry = menu.addAction(text);
+  entry->setEnabled(enabled);
+  QObject::connect(entry, &QAction::triggered, edit, [edit, action] { action(*edit); });
+}
+
+/// The menu of an edit that Qt's own would lead past the rules: what they can answer for, undo only
+/// where it is kept.
+QMenu* ownMenu(LineEdit* edit) {
+  auto* menu = new QMenu(edit);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  const bool selected = edit->hasSelectedText();
+  const bool visible = edit->echoMode() == QLineEdit::Normal;
+  const bool pastable = !QApplication::clipboard()->text().isEmpty();
+  const auto cut = [](LineEdit& e) { e.cut(); };
+  const auto copy = [](LineEdit& e) { e.copy(); };
+  const auto paste = [](LineEdit& e) { e.paste(); };
+  const auto remove = [](LineEdit& e) {
+    const QPointer<LineEdit> alive(&e);
+    if (e.typeDelete() && alive) alive->reportTextWithoutKey();
+  };
+  const auto undo = [](LineEdit& e) { e.undo(); };
+  const auto redo = [](LineEdit& e) { e.redo(); };
+  const auto selectAll = [](LineEdit& e) { e.selectAll(); };
+  if (comforts().ClipboardKeys || edit->maskInUse().isEmpty()) {
+    addEntry(*menu, QStringLiteral("&Desfazer"), edit->hasUndo(), edit, undo);
+    addEntry(*menu, QStringLiteral("&Refazer"), edit->hasRedo(), edit, redo);
+    menu->addSeparator();
+  }
+  addEntry(*menu, QStringLiteral("Recor&tar"), selected && visible, edit, cut);
+  addEntry(*menu, QStringLiteral("&Copiar"), selected && visible, edit, copy);
+  addEntry(*menu, QStringLiteral("Co&lar"), pastable, edit, paste);
+  addEntry(*menu, QStringLiteral("E&xcluir"), selected, edit, remove);
+  menu->addSeparator();
+  addEntry(*menu, QStringLiteral("&Selecionar tudo"), !edit->text().isEmpty(), edit, selectAll);
+  return menu;
+}
+
+}  // namespace
+
+bool LineEdit::hasUndo() const {
+  return maskInUse().isEmpty() ? isUndoAvailable() : history_.canUndo();
+}
+
+bool LineEdit::hasRedo() const {
+  return maskInUse().isEmpty() ? isRedoAvailable() : history_.canRedo();
+}
+
+void LineEdit::paste() { pasteFrom(QClipboard::Clipboard); }
+
+/// In a plain text, what fits is Qt's own paste.
+void LineEdit::pasteFrom(QClipboard::Mode mode) {
+  const Step step(this);
+  const QString text = QApplication::clipboard()->text(mode);
+  if (!maskInUse().isEmpty()) return pasteThroughMask(*this, text);
+  if (!hasRoomFor(text) && comforts().PasteWholeOrNothing) return tellRefusedPaste(*this);
+  if (mode == QClipboard::Clipboard && hasRoomFor(text)) return QLineEdit::paste();
+  insertFitting(text);
+}
+
+void LineEdit::cut() {
+  const Step step(this);
+  if (maskInUse().isEmpty()) return QLineEdit::cut();
+  if (!hasSelectedText() || echoMode() != QLineEdit::Normal) return;
+  copy();
+  if (typeDelete()) reportTextWithoutKey();
+}
+
+void LineEdit::contextMenuEvent(QContextMenuEvent* event) {
+  if (maskInUse().isEmpty() && !comforts().PasteWholeOrNothing)
+    return QLineEdit::contextMenuEvent(event);
+  ownMenu(this)->popup(event->globalPos());
+  event->accept();
+}
+
+/// A drop goes where the mouse is, and the focus with it: a field that is never entered is never
+/// left, and its text would be neither checked nor assigned. False when the focus did not come.
+bool LineEdit::takesFocusForDrop() {
+  const QPointer<LineEdit> self(this);
+  setFocus(Qt::MouseFocusReason);
+  FocusCycle* cycle = FocusCycle::of(window());
+  cycle->focusMoved();
+  if (!self) return false;
+  cycle->settlePending();
+  return self && window()->focusWidget() == this;
+}
+
+namespace {
+
+/// Text that a drop or the middle mouse button brings to a place of the edit.
+struct BroughtText {
+  QPoint point;
+  QString text;
+};
+
+std::optional<BroughtText> textBroughtBy(QEvent* event) {
+  if (event->type() == QEvent::Drop) {
+    const auto* drop = static_cast<QDropEvent*>(event);
+    return BroughtText{drop->position().toPoint(), drop->mimeData()->text()};
+  }
+  const auto* release = static_cast<QMouseEvent*>(event);
+  const QClipboard* clipboard = QApplication::clipboard();
+  if (release->button() != Qt::MiddleButton || !clipboard->supportsSelection()) return {};
+  return BroughtText{release->position().toPoint(), clipboard->text(QClipboard::Selection)};
+}
+
+/// Whether a drop only moves a text within the edit.
+bool movesWithin(const LineEdit& edit, const QEvent& event) {
+  if (event.type() != QEvent::Drop) return false;
+  const auto& drop = static_cast<const QDropEvent&>(event);
+  return drop.source() == &edit && drop.dropAction() == Qt::MoveAction;
+}
+
+}  // namespace
+
+/// A drop or the middle mouse button. False where Qt may act by itself: there is no mask, and the
+/// text fits.
+bool LineEdit::takesTextWithoutKey(QEvent* event) {
+  const auto brought = textBroughtBy(event);
+  if (!brought) return false;
+  const bool masked = !maskInUse().isEmpty();
+  const bool fits = limit_ == 0 || text().size() + brought->text.size() <= limit_;
+  if (!masked && (fits || movesWithin(*this, *event))) return false;
+  // A move would take the text out of its source, be it this very edit.
+  if (event->type() == QEvent::Drop) static_cast<QDropEvent*>(event)->setDropAction(Qt::CopyAction);
+  event->accept();
+  if (!masked && comforts().PasteWholeOrNothing) {
+    tellRefusedPaste(*this);
+    return true;
+  }
+  setSelStart(cursorPositionAt(brought->point));
+  if (masked)
+    pasteThroughMask(*this, brought->text);
+  else
+    insertFitting(brought->text);
+  return true;
+}
+
+}  // namespace tessaria::qt

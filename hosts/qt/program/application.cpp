@@ -1,0 +1,71 @@
+#include "hosts/qt/program/application.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QImageReader>
+
+#include "hosts/qt/boundary/event_boundary.h"
+#include "hosts/qt/boundary/handles.h"
+#include "hosts/qt/boundary/held_input.h"
+#include "hosts/qt/boundary/window_in_front.h"
+#include "hosts/qt/conversion/text.h"
+#include "hosts/qt/program/host.h"
+#include "hosts/qt/program/message_box.h"
+#include "tessaria/error.h"
+
+namespace tessaria::qt {
+namespace {
+
+constexpr Long kInvalidPicture = 481;
+
+}  // namespace
+
+String Application::Path() const { return fromQt(QCoreApplication::applicationDirPath()); }
+
+// Qt's own paths have "/" on every system.
+char16_t Application::PathSeparator() const { return u'/'; }
+
+bool Application::FileExists(const String& path) const { return QFileInfo(toQt(path)).isFile(); }
+
+std::shared_ptr<host::Picture> Application::LoadPicture(const String& path) {
+  const QString file = toQt(path);
+  if (!FileExists(path)) throw HostError(errors::FileNotFound);
+  QImageReader reader(file);
+  reader.setDecideFormatFromContent(true);
+  QIcon icon;
+  for (QImage image; reader.read(&image); image = QImage())
+    icon.addPixmap(QPixmap::fromImage(image));
+  if (icon.isNull()) throw HostError(kInvalidPicture);
+  return std::make_shared<Picture>(icon);
+}
+
+void Application::Beep() {
+  QApplication::beep();
+  guarded(QApplication::activeWindow(), [this] { emit host_.beeped(); });
+}
+
+// The core pumps in the middle of its work on a text. A key that ran there would find the text half
+// changed: it waits, and comes after the work.
+void Application::DoEvents() {
+  const HeldInput held;
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+Long Application::ShowMessageBox(Long owner, const String& text, Long style, const String& title) {
+  QWidget* window = widgetOf(owner);
+  window = window ? window->window() : windowInFront();
+  tellOfBox(window, toQt(text), toQt(title), style);
+  return showMessageBox(window, toQt(text), style, toQt(title));
+}
+
+/// A handler that fails causes one more box, which is not told of.
+void Application::tellOfBox(QWidget* window, const QString& text, const QString& title,
+                            Long style) {
+  if (telling_) return;
+  telling_ = true;
+  guarded(window, [&] { emit host_.boxShown(text, title, style); });
+  telling_ = false;
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,45 @@
+#include "hosts/qt/program/host.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include "hosts/qt/dialogs/desktop.h"
+#include "hosts/qt/focus/form_events.h"
+#include "hosts/qt/program/application.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria::qt {
+namespace {
+
+void loadTranslation(QObject* owner) {
+  auto* translator = new QTranslator(owner);
+  if (translator->load(QStringLiteral("qtbase_pt_BR"),
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(translator);
+}
+
+}  // namespace
+
+Host::Host(QObject* parent)
+    : QObject(parent),
+      application_(std::make_unique<Application>(*this)),
+      desktop_(std::make_unique<Desktop>()) {
+  loadTranslation(this);
+  new FormEvents(this);
+  State().application = application_.get();
+  State().desktop = desktop_.get();
+}
+
+Host::~Host() {
+  if (State().application == application_.get()) State().application = nullptr;
+  if (State().desktop == desktop_.get()) State().desktop = nullptr;
+}
+
+Host& install() {
+  Q_ASSERT_X(qApp, "tessaria::qt::install", "a QApplication must exist");
+  if (auto* host = qApp->findChild<Host*>({}, Qt::FindDirectChildrenOnly)) return *host;
+  return *new Host(qApp);
+}
+
+}  // namespace tessaria::qt
