@@ -23,7 +23,7 @@
 #include "hosts/memory/text_box.h"
 #include "hosts/memory/ts_text.h"
 #include "hosts/odbc/connection.h"
-#include "hosts/odbc/handles.h"
+#include "hosts/odbc/driver/handles.h"
 #include "lookup/description_lookup.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"

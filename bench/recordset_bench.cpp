@@ -17,7 +17,7 @@
 #include <string>
 
 #include "hosts/odbc/connection.h"
-#include "hosts/odbc/handles.h"
+#include "hosts/odbc/driver/handles.h"
 #include "tests/support/postgres_cluster.h"
 
 namespace tessaria::bench {

@@ -1,9 +1,9 @@
 #include "hosts/odbc/connection.h"
 
-#include "hosts/odbc/catalogue.h"
-#include "hosts/odbc/diagnostics.h"
+#include "hosts/odbc/driver/diagnostics.h"
 #include "hosts/odbc/odbc_connection.h"
-#include "hosts/odbc/recordset.h"
+#include "hosts/odbc/recordset/catalogue.h"
+#include "hosts/odbc/recordset/recordset.h"
 #include "runtime/text.h"
 #include "runtime/well_formed.h"
 

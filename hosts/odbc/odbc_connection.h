@@ -2,8 +2,8 @@
 #pragma once
 
 #include "hosts/odbc/connection.h"
-#include "hosts/odbc/session.h"
-#include "hosts/odbc/statement_guard.h"
+#include "hosts/odbc/session/session.h"
+#include "hosts/odbc/statements/statement_guard.h"
 
 namespace tessaria::odbc {
 

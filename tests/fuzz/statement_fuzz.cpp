@@ -2,7 +2,7 @@
 // token between apostrophes, and as a number.
 #include <cstdlib>
 
-#include "hosts/odbc/statement_guard.h"
+#include "hosts/odbc/statements/statement_guard.h"
 #include "lookup/literals.h"
 #include "runtime/text.h"
 #include "runtime/well_formed.h"

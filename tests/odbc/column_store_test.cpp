@@ -1,4 +1,4 @@
-#include "hosts/odbc/column_store.h"
+#include "hosts/odbc/values/column_store.h"
 
 #include <gtest/gtest.h>
 

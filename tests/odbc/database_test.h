@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "hosts/odbc/connection.h"
-#include "hosts/odbc/diagnostics.h"
+#include "hosts/odbc/driver/diagnostics.h"
 #include "tessaria/host/data.h"
 #include "tests/support/postgres_cluster.h"
 #include "tests/support/printers.h"

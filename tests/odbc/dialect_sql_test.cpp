@@ -1,10 +1,10 @@
 // What is sent to each database: parameter types, comparisons, names, settings.
-#include "hosts/odbc/dialect_sql.h"
+#include "hosts/odbc/statements/dialect_sql.h"
 
 #include <gtest/gtest.h>
 #include <sqlext.h>
 
-#include "hosts/odbc/session.h"
+#include "hosts/odbc/session/session.h"
 #include "tessaria/host/data.h"
 #include "tests/support/printers.h"
 

@@ -1,6 +1,6 @@
 // Rows that arrive while they are used.
-#include "hosts/odbc/block_reader.h"
-#include "hosts/odbc/session.h"
+#include "hosts/odbc/session/block_reader.h"
+#include "hosts/odbc/session/session.h"
 #include "tests/odbc/database_test.h"
 
 namespace tessaria::odbc::test {

@@ -1,12 +1,12 @@
 // The small rules that need no server.
 #include <gtest/gtest.h>
 
-#include "hosts/odbc/calendar.h"
-#include "hosts/odbc/connection_text.h"
-#include "hosts/odbc/dbms_version.h"
-#include "hosts/odbc/diagnostics.h"
-#include "hosts/odbc/money.h"
-#include "hosts/odbc/text_order.h"
+#include "hosts/odbc/driver/diagnostics.h"
+#include "hosts/odbc/session/connection_text.h"
+#include "hosts/odbc/session/dbms_version.h"
+#include "hosts/odbc/values/calendar.h"
+#include "hosts/odbc/values/money.h"
+#include "hosts/odbc/values/text_order.h"
 #include "runtime/text.h"
 #include "tests/support/printers.h"
 

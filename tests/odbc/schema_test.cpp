@@ -1,6 +1,6 @@
 // The database's own account of its tables: the contract of schemas, and what is this host's own.
-#include "hosts/odbc/catalogue.h"
-#include "hosts/odbc/key_columns.h"
+#include "hosts/odbc/recordset/catalogue.h"
+#include "hosts/odbc/session/key_columns.h"
 #include "tests/odbc/database_test.h"
 #include "tests/ports/schema_contract.h"
 

@@ -1,8 +1,8 @@
-#include "hosts/odbc/statement_guard.h"
+#include "hosts/odbc/statements/statement_guard.h"
 
 #include <gtest/gtest.h>
 
-#include "hosts/odbc/diagnostics.h"
+#include "hosts/odbc/driver/diagnostics.h"
 #include "tests/support/printers.h"
 
 namespace tessaria::odbc {

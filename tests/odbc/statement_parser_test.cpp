@@ -5,8 +5,8 @@
 #include <memory>
 #include <random>
 
-#include "hosts/odbc/diagnostics.h"
-#include "hosts/odbc/statement_guard.h"
+#include "hosts/odbc/driver/diagnostics.h"
+#include "hosts/odbc/statements/statement_guard.h"
 #include "runtime/text.h"
 #include "tests/odbc/database_test.h"
 

@@ -1,9 +1,9 @@
 // The table and columns of a query, read from its text.
-#include "hosts/odbc/statement_source.h"
+#include "hosts/odbc/statements/statement_source.h"
 
 #include <gtest/gtest.h>
 
-#include "hosts/odbc/statement_guard.h"
+#include "hosts/odbc/statements/statement_guard.h"
 #include "tests/support/printers.h"
 
 namespace tessaria::odbc {

@@ -1,0 +1,275 @@
+#include "hosts/odbc/session/block_reader.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "hosts/odbc/driver/diagnostics.h"
+#include "hosts/odbc/values/calendar.h"
+#include "hosts/odbc/values/money.h"
+#include "runtime/text.h"
+
+namespace tessaria::odbc {
+namespace {
+
+// A block that stays in the processor's cache reads faster than a longer one.
+constexpr SQLULEN kMostBlockRows = 128;
+constexpr std::size_t kMostBlockBytes = 256 * 1024;
+// Longer texts are rare; they are read again in full.
+constexpr std::size_t kBoundCharacters = 255;
+// A text up to this is bound whole when the driver cannot read it again.
+constexpr Long kBindableCharacters = 4000;
+constexpr std::size_t kNumberCharacters = 63;
+constexpr std::size_t kDayCharacters = 10;
+
+SQLSMALLINT CType(Storage storage) {
+  switch (storage) {
+    case Storage::Int16:
+      return SQL_C_SSHORT;
+    case Storage::Int32:
+      return SQL_C_SLONG;
+    case Storage::Int64:
+      return SQL_C_SBIGINT;
+    case Storage::Single:
+      return SQL_C_FLOAT;
+    case Storage::Double:
+      return SQL_C_DOUBLE;
+    case Storage::Boolean:
+      return SQL_C_BIT;
+    // As text: the structure of a time has no fraction, and a driver that cannot put an infinite
+    // date into a structure leaves the day of today there.
+    case Storage::Day:
+    case Storage::TimeOfDay:
+    case Storage::Moment:
+    case Storage::Money:
+    case Storage::Number:
+    case Storage::Text:
+      break;
+  }
+  return SQL_C_WCHAR;
+}
+
+std::size_t FixedWidth(SQLSMALLINT type) {
+  switch (type) {
+    case SQL_C_SSHORT:
+      return sizeof(SQLSMALLINT);
+    case SQL_C_SLONG:
+      return sizeof(SQLINTEGER);
+    case SQL_C_FLOAT:
+      return sizeof(SQLREAL);
+    case SQL_C_BIT:
+      return sizeof(SQLCHAR);
+    default:
+      return sizeof(std::int64_t);  // SQL_C_SBIGINT and SQL_C_DOUBLE
+  }
+}
+
+bool IsBounded(const Column& column) {
+  return column.storage != Storage::Text ||
+         (column.definedSize > 0 && column.definedSize <= kBindableCharacters);
+}
+
+template <class T>
+T CellAs(const char* cell) {
+  T value;
+  std::memcpy(&value, cell, sizeof value);
+  return value;
+}
+
+void AppendMoney(ColumnStore& store, std::size_t column, StringView text) {
+  const auto money = MoneyFromText(text);
+  money ? store.AppendFixed(column, *money) : store.AppendKept(column, PlainMoneyText(text));
+}
+
+void AppendDay(ColumnStore& store, std::size_t column, StringView text) {
+  const auto day = DayOfText(text);
+  day ? store.AppendFixed(column, *day) : store.AppendKept(column, text);
+}
+
+// yyyy-mm-dd[ hh:mm:ss[.f]]
+void AppendMoment(ColumnStore& store, std::size_t column, StringView text) {
+  const auto day = DayOfText(text.substr(0, kDayCharacters));
+  const auto micros = MicrosOfTime(text.substr(std::min(kDayCharacters + 1, text.size())));
+  if (day && micros) {
+    store.AppendFixed(column, *day * kMicrosPerDay + *micros);
+  } else {
+    store.AppendKept(column, text);
+  }
+}
+
+void AppendTime(ColumnStore& store, std::size_t column, StringView text) {
+  const auto micros = MicrosOfTime(text);
+  micros ? store.AppendFixed(column, *micros) : store.AppendKept(column, text);
+}
+
+void AppendFixedCell(ColumnStore& store, std::size_t column, SQLSMALLINT type, const char* cell) {
+  switch (type) {
+    case SQL_C_SSHORT:
+      return store.AppendFixed(column, CellAs<std::int16_t>(cell));
+    case SQL_C_SLONG:
+      return store.AppendFixed(column, CellAs<std::int32_t>(cell));
+    case SQL_C_FLOAT:
+      return store.AppendFixed(column, CellAs<float>(cell));
+    case SQL_C_BIT:
+      return store.AppendFixed(column, CellAs<std::uint8_t>(cell));
+    default:  // SQL_C_SBIGINT and SQL_C_DOUBLE
+      return store.AppendFixed(column, CellAs<std::int64_t>(cell));
+  }
+}
+
+StringView WithoutPadding(StringView text) {
+  return text.substr(0, text.find_last_not_of(u' ') + 1);
+}
+
+}  // namespace
+
+BlockReader::Buffer BlockReader::BufferFor(const Column& column, bool rereads) {
+  Buffer buffer;
+  buffer.storage = column.storage;
+  buffer.padded = column.padded;
+  buffer.lowerCase = column.lowerCase;
+  buffer.type = CType(column.storage);
+  buffer.width = FixedWidth(buffer.type);
+  if (buffer.type == SQL_C_WCHAR) {
+    std::size_t characters = kNumberCharacters;
+    if (column.storage == Storage::Text) {
+      characters = static_cast<std::size_t>(column.definedSize);
+      if (rereads && (characters == 0 || characters > kBoundCharacters)) {
+        characters = kBoundCharacters;
+      }
+    }
+    buffer.width = (characters + 1) * sizeof(char16_t);
+  }
+  return buffer;
+}
+
+BlockReader::BlockReader(const Statement& statement, const Columns& columns, bool rereads)
+    : statement_(statement) {
+  for (const Column& column : columns) buffers_.push_back(BufferFor(column, rereads));
+  bound_ = rereads || std::all_of(columns.begin(), columns.end(), IsBounded);
+  ChooseBlock();
+  Bind();
+}
+
+// Powers of two, so that blocks fill the store's chunks evenly.
+void BlockReader::ChooseBlock() {
+  std::size_t rowBytes = 1;
+  for (const Buffer& buffer : buffers_) rowBytes += buffer.width;
+  blockRows_ = bound_ ? kMostBlockRows : 1;
+  while (blockRows_ > 1 && blockRows_ * rowBytes > kMostBlockBytes) blockRows_ /= 2;
+}
+
+void BlockReader::Bind() {
+  const SQLHSTMT handle = statement_.get();
+  rowStates_.resize(blockRows_);
+  SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(blockRows_), 0);
+  SQLSetStmtAttrW(handle, SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0);
+  SQLSetStmtAttrW(handle, SQL_ATTR_ROW_STATUS_PTR, rowStates_.data(), 0);
+  for (std::size_t i = 0; i < buffers_.size(); ++i) {
+    Buffer& buffer = buffers_[i];
+    buffer.lengths.resize(blockRows_);
+    buffer.cells.resize(buffer.width * blockRows_);
+    if (!bound_) continue;
+    Check(SQLBindCol(handle, static_cast<SQLUSMALLINT>(i + 1), buffer.type, buffer.cells.data(),
+                     static_cast<SQLLEN>(buffer.width), buffer.lengths.data()),
+          SQL_HANDLE_STMT, handle);
+  }
+}
+
+std::uint32_t BlockReader::Read(ColumnStore& store) {
+  const SQLRETURN result = SQLFetch(statement_.get());
+  Check(result, SQL_HANDLE_STMT, statement_.get());
+  if (result == SQL_NO_DATA) return 0;
+  RequireSoundRows(result);
+  const auto rows = static_cast<std::uint32_t>(fetched_);
+  for (std::size_t column = 0; column < buffers_.size(); ++column) AppendColumn(store, column);
+  store.EndRows(rows);
+  return rows;
+}
+
+// A row that the driver could not convert must not pass for one that it could.
+void BlockReader::RequireSoundRows(SQLRETURN result) const {
+  if (result != SQL_SUCCESS_WITH_INFO) return;
+  const auto end = rowStates_.begin() + static_cast<std::ptrdiff_t>(fetched_);
+  if (std::find(rowStates_.begin(), end, SQL_ROW_ERROR) == end) return;
+  throw DiagnosticsOf(SQL_HANDLE_STMT, statement_.get());
+}
+
+void BlockReader::AppendColumn(ColumnStore& store, std::size_t column) {
+  const Buffer& buffer = buffers_[column];
+  const SQLULEN rows = fetched_;
+  for (SQLULEN row = 0; row < rows; ++row) {
+    hasWhole_ = false;
+    if (!bound_) {
+      LoadCell(column, row);
+    } else if (IsCut(buffer, row)) {
+      Check(SQLSetPos(statement_.get(), row + 1, SQL_POSITION, SQL_LOCK_NO_CHANGE), SQL_HANDLE_STMT,
+            statement_.get());
+      LoadText(column, row);
+    }
+    if (buffer.lengths[row] == SQL_NULL_DATA) {
+      store.AppendNull(column);
+    } else if (buffer.type == SQL_C_WCHAR) {
+      AppendText(store, column, TextOf(buffer, row));
+    } else {
+      AppendFixedCell(store, column, buffer.type, buffer.cells.data() + row * buffer.width);
+    }
+  }
+}
+
+bool BlockReader::IsCut(const Buffer& buffer, SQLULEN row) const {
+  if (buffer.type != SQL_C_WCHAR || buffer.lengths[row] == SQL_NULL_DATA) return false;
+  const auto room = static_cast<SQLLEN>(buffer.width - sizeof(char16_t));
+  return buffer.lengths[row] > room || buffer.lengths[row] == SQL_NO_TOTAL;
+}
+
+void BlockReader::LoadCell(std::size_t column, SQLULEN row) {
+  Buffer& buffer = buffers_[column];
+  if (buffer.type == SQL_C_WCHAR) return LoadText(column, row);
+  Check(SQLGetData(statement_.get(), static_cast<SQLUSMALLINT>(column + 1), buffer.type,
+                   buffer.cells.data(), static_cast<SQLLEN>(buffer.width), &buffer.lengths[row]),
+        SQL_HANDLE_STMT, statement_.get());
+}
+
+// Reads a text in parts, from its start.
+void BlockReader::LoadText(std::size_t column, SQLULEN row) {
+  constexpr std::size_t kPart = 4096;
+  SQLLEN& length = buffers_[column].lengths[row];
+  char16_t part[kPart];
+  whole_.clear();
+  hasWhole_ = true;
+  for (;;) {
+    const SQLRETURN result = SQLGetData(statement_.get(), static_cast<SQLUSMALLINT>(column + 1),
+                                        SQL_C_WCHAR, part, sizeof part, &length);
+    Check(result, SQL_HANDLE_STMT, statement_.get());
+    if (result == SQL_NO_DATA || length == SQL_NULL_DATA) return;
+    const bool more = result == SQL_SUCCESS_WITH_INFO &&
+                      (length == SQL_NO_TOTAL || length >= static_cast<SQLLEN>(sizeof part));
+    whole_.append(part, more ? kPart - 1 : static_cast<std::size_t>(length) / sizeof(char16_t));
+    if (!more) return;
+  }
+}
+
+StringView BlockReader::TextOf(const Buffer& buffer, SQLULEN row) const {
+  if (hasWhole_) return whole_;
+  return {reinterpret_cast<const char16_t*>(buffer.cells.data() + row * buffer.width),
+          static_cast<std::size_t>(buffer.lengths[row]) / sizeof(char16_t)};
+}
+
+void BlockReader::AppendText(ColumnStore& store, std::size_t column, StringView text) const {
+  const Buffer& buffer = buffers_[column];
+  switch (buffer.storage) {
+    case Storage::Money:
+      return AppendMoney(store, column, text);
+    case Storage::Day:
+      return AppendDay(store, column, text);
+    case Storage::Moment:
+      return AppendMoment(store, column, text);
+    case Storage::TimeOfDay:
+      return AppendTime(store, column, text);
+    default:
+      if (buffer.lowerCase) return store.AppendText(column, LCase(text));
+      return store.AppendText(column, buffer.padded ? WithoutPadding(text) : text);
+  }
+}
+
+}  // namespace tessaria::odbc

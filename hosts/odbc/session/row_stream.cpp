@@ -1,0 +1,179 @@
+#include "hosts/odbc/session/row_stream.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <utility>
+
+#include "hosts/odbc/statements/date_texts.h"
+#include "hosts/odbc/statements/statement_source.h"
+#include "runtime/text.h"
+#include "tessaria/error.h"
+
+namespace tessaria::odbc {
+namespace {
+
+// Rows in one FETCH, a multiple of every block size. The first should show at once, so one FETCH
+// goes alone; the rest should come fast, so several go together and the server prepares one while
+// the driver takes in the one before.
+constexpr std::uint32_t kFetchRows = 2048;
+constexpr std::uint32_t kFurtherFetches = 8;
+
+// Words before a parenthesis that call nothing with an effect of its own.
+constexpr StringView kHarmless[] = {
+    u"and", u"cast",    u"char", u"coalesce", u"decimal",   u"from",  u"in",      u"lower",
+    u"not", u"numeric", u"or",   u"trim",     u"substring", u"upper", u"varchar", u"where"};
+
+bool IsNamePart(char16_t c) {
+  return c == u'_' || c == u'"' || c == u'$' || c >= 0x80 || (c >= u'0' && c <= u'9') ||
+         (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
+}
+
+// The word before a place of a text, blanks between left out.
+String WordBefore(const String& text, std::size_t at) {
+  while (at > 0 && text[at - 1] <= u' ') --at;
+  std::size_t start = at;
+  while (start > 0 && IsNamePart(text[start - 1])) --start;
+  return LCase(StringView(text).substr(start, at - start));
+}
+
+// Whether a query must not run twice: a function that it calls may have an effect. What only looks
+// like a call, between quotes, counts too.
+bool MayHaveEffects(const String& text) {
+  for (std::size_t at = text.find(u'('); at != String::npos; at = text.find(u'(', at + 1)) {
+    const String word = WordBefore(text, at);
+    const bool harmless =
+        std::find(std::begin(kHarmless), std::end(kHarmless), word) != std::end(kHarmless);
+    if (!word.empty() && !harmless) return true;
+  }
+  return false;
+}
+
+constexpr StringView kMayBeExecuted =
+    u"O comando pode ter sido executado ou não: a conexão com o servidor caiu antes da resposta. "
+    u"Confira antes de repeti-lo.";
+
+const String kDeclare = u"DECLARE tessaria_rows NO SCROLL CURSOR FOR ";
+
+}  // namespace
+
+RowStream::RowStream(Session& session, const StatementFacts& facts)
+    : session_(session), statement_(session.NewStatement()) {
+  const bool isWhole = facts.isSmallQuery && !MayHaveEffects(facts.text);
+  cursor_ = facts.isPlainQuery && !isWhole && session.ServerInfo().IsPostgres();
+  try {
+    cursor_ ? OpenCursor(facts.text) : RunWhole(facts);
+    FillSourceOf(facts);
+    if (!columns_.empty()) reader_.emplace(*statement_, columns_, session_.ServerInfo().rereads);
+  } catch (...) {
+    Abandon();
+    throw;
+  }
+}
+
+RowStream::~RowStream() {
+  try {
+    if (statement_) Finish();
+  } catch (const HostError&) {
+    Abandon();
+  }
+}
+
+// SQL Server's driver tells tables and columns of server cursors only.
+void RowStream::FillSourceOf(const StatementFacts& facts) {
+  const Dialect dialect = session_.ServerInfo().dialect;
+  if (!facts.isSingleTable || !IsBracketed(dialect)) return;
+  if (const auto source = SourceOf(facts.text, dialect)) FillSource(columns_, *source);
+}
+
+// The columns are known before any row is read, so that no query runs twice.
+void RowStream::OpenCursor(const String& text) {
+  ownTransaction_ = !session_.InTransaction();
+  if (ownTransaction_) session_.BeginReading();
+  session_.Execute(*statement_, kDeclare + text + u"\n; FETCH 0 FROM tessaria_rows");
+  session_.Check(SQLMoreResults(statement_->get()), *statement_);
+  Describe();
+  if (HasDates(columns_)) {
+    SQLFreeStmt(statement_->get(), SQL_CLOSE);
+    session_.Execute(*statement_,
+                     u"CLOSE tessaria_rows; " + kDeclare + WithDatesAsTexts(columns_, text));
+  }
+  Fetch(1);
+}
+
+void RowStream::RunWhole(const StatementFacts& facts) {
+  const auto execute = [&] { session_.Execute(*statement_, facts.text); };
+  facts.isPlainQuery ? execute() : InDoubtWhenLost(session_, kMayBeExecuted, execute);
+  Describe();
+  if (!facts.isSmallQuery || !session_.ServerInfo().IsPostgres() || !HasDates(columns_)) return;
+  SQLFreeStmt(statement_->get(), SQL_CLOSE);
+  session_.Execute(*statement_, WithDatesAsTexts(columns_, facts.text));
+}
+
+void RowStream::Describe() {
+  columns_ = DescribeColumns(*statement_, session_.ServerInfo().IsPostgres());
+}
+
+void RowStream::Fetch(std::uint32_t times) {
+  SQLFreeStmt(statement_->get(), SQL_CLOSE);
+  asked_ = times * kFetchRows;
+  received_ = 0;
+  const String fetch = u"FETCH " + FromUtf8(std::to_string(kFetchRows)) + u" FROM tessaria_rows;";
+  String text;
+  for (; times > 0; --times) text += fetch;
+  session_.Execute(*statement_, text);
+}
+
+// The rows of the FETCH sent together with the last one. 0 when there is none left.
+std::uint32_t RowStream::ReadNextFetch(ColumnStore& store) {
+  const SQLRETURN result = SQLMoreResults(statement_->get());
+  if (result == SQL_NO_DATA) return 0;
+  session_.Check(result, *statement_);
+  return reader_->Read(store);
+}
+
+bool RowStream::Read(ColumnStore& store) {
+  if (!statement_ || !reader_) return false;
+  try {
+    std::uint32_t rows = reader_->Read(store);
+    if (rows == 0 && cursor_) rows = ReadNextFetch(store);
+    if (rows == 0 && cursor_ && received_ == asked_) {
+      Fetch(kFurtherFetches);
+      rows = reader_->Read(store);
+    }
+    received_ += rows;
+    if (rows == 0) Finish();
+    return rows > 0;
+  } catch (...) {
+    Abandon();
+    throw;
+  }
+}
+
+// What the query's functions did stays done, also when not all rows were wanted.
+void RowStream::Finish() {
+  reader_.reset();
+  statement_.reset();
+  if (!cursor_) return;
+  cursor_ = false;
+  if (ownTransaction_) return session_.EndReading();
+  CloseCursor();
+}
+
+void RowStream::CloseCursor() {
+  session_.Execute(session_.InnerStatement(), u"CLOSE tessaria_rows");
+}
+
+void RowStream::Abandon() noexcept {
+  reader_.reset();
+  statement_.reset();
+  if (!std::exchange(cursor_, false)) return;
+  if (ownTransaction_) return session_.AbandonReading();
+  try {
+    CloseCursor();
+  } catch (const HostError&) {
+    // It was never there, or the connection is gone; the first error tells.
+  }
+}
+
+}  // namespace tessaria::odbc

@@ -1,0 +1,55 @@
+// The rows of one running statement.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "hosts/odbc/session/block_reader.h"
+#include "hosts/odbc/session/session.h"
+#include "hosts/odbc/statements/statement_guard.h"
+
+namespace tessaria::odbc {
+
+/// Runs a statement and hands out its rows block by block. Queries on PostgreSQL go through a
+/// cursor of this layer's own, so that neither server nor driver holds the whole result: the
+/// driver would keep all rows in its memory, and its own cursors can end early unnoticed. Each
+/// FETCH is a statement that succeeds or fails by itself, and one that gives fewer rows than
+/// asked for is the last.
+///
+/// Dates are asked for as texts, by the same cursor. A query of one page that calls no function
+/// goes without a cursor, and is run a second time when it has dates.
+class RowStream {
+ public:
+  RowStream(Session& session, const StatementFacts& facts);
+  RowStream(const RowStream&) = delete;
+  RowStream& operator=(const RowStream&) = delete;
+  /// Rows that were not read are given up.
+  ~RowStream();
+
+  /// Empty for a statement that gives no rows.
+  const Columns& StatementColumns() const { return columns_; }
+  /// Appends the next block. False when there is none; the statement is finished then.
+  bool Read(ColumnStore& store);
+
+ private:
+  void FillSourceOf(const StatementFacts& facts);
+  void OpenCursor(const String& text);
+  void RunWhole(const StatementFacts& facts);
+  void Describe();
+  void Fetch(std::uint32_t times);
+  std::uint32_t ReadNextFetch(ColumnStore& store);
+  void CloseCursor();
+  void Finish();
+  void Abandon() noexcept;
+
+  Session& session_;
+  std::optional<Statement> statement_;
+  Columns columns_;
+  std::optional<BlockReader> reader_;
+  bool cursor_ = false;
+  bool ownTransaction_ = false;
+  std::uint32_t asked_ = 0;     // rows of the FETCHes under way
+  std::uint32_t received_ = 0;  // of them
+};
+
+}  // namespace tessaria::odbc

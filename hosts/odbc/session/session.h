@@ -1,0 +1,139 @@
+// The state behind a connection object: the link to the server, its transaction, its errors.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "hosts/odbc/driver/diagnostics.h"
+#include "hosts/odbc/driver/handles.h"
+#include "hosts/odbc/statements/dialect_sql.h"
+
+namespace tessaria::odbc {
+
+/// What is known of the server and its driver.
+struct Server {
+  String name;     ///< as the driver gives it
+  String version;  ///< for PostgreSQL in the form that version rules read
+  Dialect dialect = Dialect::Other;
+  String quote;          ///< the quotation mark of names; empty when there is none
+  bool rereads = false;  ///< a cell of a fetched block can be read again in parts
+
+  bool IsPostgres() const { return dialect == Dialect::PostgreSql; }
+};
+
+/// Rows that still arrive over a link. Nothing else may use the link before they are read.
+class PendingRows {
+ public:
+  PendingRows() = default;
+  PendingRows(const PendingRows&) = delete;
+  PendingRows& operator=(const PendingRows&) = delete;
+
+  /// Reads what is left. A failure is kept for whoever asks for the missing rows.
+  virtual void ReadRest() noexcept = 0;
+
+ protected:
+  ~PendingRows() = default;
+};
+
+/// Outlives the link: after a loss the same session is opened again, and the record sets that
+/// hold it can go on writing. Used by one thread at a time.
+class Session {
+ public:
+  Session() = default;
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+  ~Session();
+
+  /// Error 3705 when it is open. `timeout` is in seconds, 0 for the driver's own.
+  void Open(const String& connectionString, Long timeout);
+  /// A transaction under way is undone. Does nothing when closed.
+  void Close() noexcept;
+  bool IsOpen() const noexcept { return link_ != nullptr && !lost_; }
+
+  /// Error 3709 when closed, as all that follow.
+  const Server& ServerInfo() const;
+  SQLHDBC Handle() const;
+  /// A new statement, once the rows of the last one have been read.
+  Statement NewStatement();
+  /// A further statement of the rows that are being read.
+  Statement InnerStatement() const;
+
+  /// Whether the server reads backslashes in the plain texts of a statement as escapes. It is asked
+  /// only when the statement holds a backslash, and then each time: a program, a function or an
+  /// undone transaction may have changed it. Nothing where it is not known.
+  std::optional<bool> BackslashesEscape(StringView statement);
+
+  /// Runs a text. Undoes the statement's own work when it fails inside the application's
+  /// transaction.
+  void Execute(const Statement& statement, const String& text);
+  /// Runs a text with values for its "?" and returns the number of rows that it changed.
+  SQLLEN ExecuteWith(const Statement& statement, const String& text,
+                     const std::vector<Parameter>& values);
+  /// Runs savepoint statements, which a savepoint of ours must not enclose.
+  void ExecuteSavepoint(const String& text);
+  /// As the free function; notices a lost connection.
+  void Check(SQLRETURN result, const Statement& statement);
+
+  /// `modes` as SET TRANSACTION takes them.
+  void BeginTrans(const String& modes = {});
+  void CommitTrans();
+  void RollbackTrans();
+  bool InTransaction() const { return inTransaction_; }
+  /// A transaction of this layer's own, for a cursor. Not inside the application's.
+  void BeginReading();
+  void EndReading();
+  void AbandonReading() noexcept;
+
+  void Pending(PendingRows* rows) { pending_ = rows; }
+  void Finished(const PendingRows* rows) noexcept {
+    if (pending_ == rows) pending_ = nullptr;
+  }
+
+ private:
+  class Savepoint;
+
+  std::shared_ptr<Link> RequireLink() const;
+  void ReadServer();
+  void Settle();
+  SQLRETURN Send(const Statement& statement, const String& text) const;
+  void RunPlain(const String& text);
+  void AutoCommit(bool on);
+  void EndTransaction(SQLSMALLINT completion);
+  void LeaveTransaction(SQLSMALLINT completion);
+  void NoteLoss(const OdbcError& error);
+  [[noreturn]] void Fail(SQLSMALLINT type, SQLHANDLE handle);
+
+  std::shared_ptr<Link> link_;
+  Server server_;
+  PendingRows* pending_ = nullptr;
+  bool lost_ = false;
+  bool inTransaction_ = false;
+};
+
+using SessionPtr = std::shared_ptr<Session>;
+
+/// Runs what sends a write. When the connection is lost meanwhile, outside a transaction, the error
+/// is -2147217663, and its text starts with `doubt`.
+template <class Write>
+auto InDoubtWhenLost(Session& session, StringView doubt, Write write) {
+  const bool isUndoneByLoss = session.InTransaction();
+  try {
+    return write();
+  } catch (const HostError& error) {
+    if (session.IsOpen() || isUndoneByLoss) throw;
+    throw InDoubt(doubt, error);
+  }
+}
+
+/// A name in the server's quotation marks.
+String QuoteName(const Server& server, StringView name);
+/// A table's whole name in quotation marks. SQL Server's has the database too, which may be
+/// another than that of the connection.
+String TableNameOf(const Server& server, const String& catalogue, const String& schema,
+                   const String& table);
+/// Whether two names of a column are the same: one may have been read from a statement, where
+/// capitals do not count.
+bool IsSameName(Dialect dialect, StringView a, StringView b);
+
+}  // namespace tessaria::odbc

@@ -1,0 +1,228 @@
+#include "hosts/odbc/statements/dialect_sql.h"
+
+#include <sqlext.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "runtime/text.h"
+#include "tessaria/host/data.h"
+
+namespace tessaria::odbc {
+namespace {
+
+struct SettingRule {
+  Dialect dialect;
+  StringView statement;
+};
+
+constexpr SettingRule kSettings[] = {
+    // The guard against second statements reads '' quotes this way.
+    {Dialect::PostgreSql, u"SET standard_conforming_strings = on"},
+    // A failed statement must not take the transaction with it.
+    {Dialect::SqlServer, u"SET XACT_ABORT OFF"},
+    // The count of changed rows tells whether a row was still as it was read.
+    {Dialect::SqlServer, u"SET NOCOUNT OFF"},
+};
+
+// How a parameter for a column of an SQL type travels.
+enum class Travel { Fixed, Exact, Date, Time, Moment, Bytes, Text };
+
+struct TravelRule {
+  SQLLEN columnType;
+  Travel travel;
+  SQLSMALLINT sqlType;
+  SQLULEN size;
+};
+
+// Every SQL type that is not listed travels as text.
+constexpr TravelRule kTravelRules[] = {
+    {SQL_BIT, Travel::Fixed, SQL_BIT, 1},
+    // Whether it has a sign is each driver's own.
+    {SQL_TINYINT, Travel::Fixed, SQL_SMALLINT, 5},
+    {SQL_SMALLINT, Travel::Fixed, SQL_SMALLINT, 5},
+    {SQL_INTEGER, Travel::Fixed, SQL_INTEGER, 10},
+    {SQL_BIGINT, Travel::Fixed, SQL_BIGINT, 19},
+    {SQL_REAL, Travel::Fixed, SQL_REAL, 7},
+    {SQL_FLOAT, Travel::Fixed, SQL_DOUBLE, 15},
+    {SQL_DOUBLE, Travel::Fixed, SQL_DOUBLE, 15},
+    {SQL_GUID, Travel::Fixed, SQL_GUID, 36},
+    {SQL_NUMERIC, Travel::Exact, SQL_NUMERIC, 0},
+    {SQL_DECIMAL, Travel::Exact, SQL_DECIMAL, 0},
+    {SQL_TYPE_DATE, Travel::Date, SQL_TYPE_DATE, 10},
+    {SQL_TYPE_TIME, Travel::Time, SQL_TYPE_TIME, 8},
+    {SQL_TYPE_TIMESTAMP, Travel::Moment, SQL_TYPE_TIMESTAMP, 19},
+    {SQL_BINARY, Travel::Bytes, SQL_VARBINARY, 0},
+    {SQL_VARBINARY, Travel::Bytes, SQL_VARBINARY, 0},
+    {SQL_LONGVARBINARY, Travel::Bytes, SQL_LONGVARBINARY, 0},
+};
+constexpr TravelRule kTextRule = {SQL_WVARCHAR, Travel::Text, SQL_WVARCHAR, 0};
+
+// The longest text and the most bytes that travel as a plain value; above that as a long one.
+struct PlainLimits {
+  Dialect dialect;
+  std::size_t characters, bytes;
+};
+constexpr PlainLimits kPlainLimits[] = {
+    {Dialect::SqlServer, 4000, 8000},
+    {Dialect::Access, 255, 255},
+};
+
+// The most digits that any of the databases keeps exactly.
+constexpr std::size_t kMostDigits = 38;
+
+struct ComparisonRule {
+  Dialect dialect;
+  StringView typeName;
+  StringView column, value;  // @ stands for the column
+};
+
+constexpr ComparisonRule kComparisons[] = {
+    {Dialect::SqlServer, u"text", u"cast(@ as nvarchar(max))", u"cast(? as nvarchar(max))"},
+    {Dialect::SqlServer, u"ntext", u"cast(@ as nvarchar(max))", u"cast(? as nvarchar(max))"},
+    {Dialect::SqlServer, u"xml", u"cast(@ as nvarchar(max))", u"cast(? as nvarchar(max))"},
+    {Dialect::SqlServer, u"image", u"cast(@ as varbinary(max))", u"cast(? as varbinary(max))"},
+    // Its thirds of a hundredth of a second equal no decimal fraction but as its own type.
+    {Dialect::SqlServer, u"datetime", u"@", u"cast(? as datetime)"},
+    {Dialect::SqlServer, u"smalldatetime", u"@", u"cast(? as smalldatetime)"},
+    {Dialect::SqlServer, u"geography", u"", u""},
+    {Dialect::SqlServer, u"geometry", u"", u""},
+    {Dialect::SqlServer, u"hierarchyid", u"", u""},
+};
+
+const TravelRule& RuleOf(SQLLEN sqlType) {
+  const auto* rule = std::find_if(std::begin(kTravelRules), std::end(kTravelRules),
+                                  [&](const TravelRule& r) { return r.columnType == sqlType; });
+  return rule == std::end(kTravelRules) ? kTextRule : *rule;
+}
+
+PlainLimits LimitsOf(Dialect dialect) {
+  for (const PlainLimits& limits : kPlainLimits) {
+    if (limits.dialect == dialect) return limits;
+  }
+  constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
+  return {dialect, kNone, kNone};
+}
+
+Parameter AsText(const String& text, Dialect dialect) {
+  const bool plain = text.size() <= LimitsOf(dialect).characters;
+  return {text, static_cast<SQLSMALLINT>(plain ? SQL_WVARCHAR : SQL_WLONGVARCHAR),
+          std::max<SQLULEN>(text.size(), 1), 0};
+}
+
+// `text` is hexadecimal.
+Parameter AsBytes(const String& text, SQLSMALLINT sqlType, Dialect dialect) {
+  const std::size_t bytes = text.size() / 2;
+  const bool plain = bytes <= LimitsOf(dialect).bytes;
+  return {text, plain ? sqlType : static_cast<SQLSMALLINT>(SQL_LONGVARBINARY),
+          std::max<SQLULEN>(bytes, 1), 0};
+}
+
+std::size_t DecimalsOf(StringView text) {
+  const std::size_t point = text.find(u'.');
+  return point == StringView::npos ? 0 : text.size() - point - 1;
+}
+
+// With as many decimals as the value has: the server rounds to its own, the driver would refuse.
+Parameter AsExact(const String& text, SQLSMALLINT sqlType, Dialect dialect) {
+  const auto digits = static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char16_t c) { return c >= u'0' && c <= u'9'; }));
+  const std::size_t others = text.find_first_not_of(u"-.0123456789");
+  if (others != String::npos) {
+    const bool exponent = others > 0 && (text[others] == u'e' || text[others] == u'E');
+    if (!exponent) return AsText(text, dialect);
+    return {text, SQL_DOUBLE, 15, 0};
+  }
+  if (digits == 0 || digits > kMostDigits) return AsText(text, dialect);
+  return {text, sqlType, digits, static_cast<SQLSMALLINT>(DecimalsOf(text))};
+}
+
+// "yyyy-mm-dd hh:mm:ss", with the decimals that it needs.
+Parameter AsMoment(String text, const TravelRule& rule) {
+  const std::size_t point = text.find(u'.');
+  if (point != String::npos) text.resize(text.find_last_not_of(u'0') + 1);
+  if (text.back() == u'.') text.pop_back();
+  const std::size_t decimals = DecimalsOf(text);
+  const SQLULEN size = rule.size + (decimals > 0 ? decimals + 1 : 0);
+  return {std::move(text), rule.sqlType, size, static_cast<SQLSMALLINT>(decimals)};
+}
+
+}  // namespace
+
+std::vector<StringView> SettingsOf(Dialect dialect) {
+  std::vector<StringView> statements;
+  for (const SettingRule& rule : kSettings) {
+    if (rule.dialect == dialect) statements.push_back(rule.statement);
+  }
+  return statements;
+}
+
+Parameter ParameterOf(const Column& column, const String& text, Dialect dialect) {
+  if (dialect == Dialect::PostgreSql) return AsText(text, dialect);
+  const TravelRule& rule = RuleOf(column.sqlType);
+  switch (rule.travel) {
+    case Travel::Fixed:
+    case Travel::Date:
+      return {text, rule.sqlType, rule.size, 0};
+    case Travel::Exact:
+      return AsExact(text, rule.sqlType, dialect);
+    case Travel::Moment:
+      return AsMoment(text, rule);
+    case Travel::Time:  // the type has no fraction
+      if (DecimalsOf(text) > 0) return AsText(text, dialect);
+      return {text, rule.sqlType, rule.size, 0};
+    case Travel::Bytes:
+      return AsBytes(text, rule.sqlType, dialect);
+    case Travel::Text:
+      break;
+  }
+  return AsText(text, dialect);
+}
+
+// Types whose text PostgreSQL would read by the server's locale, or that have no plain text of
+// their own, go through one that is the same everywhere.
+String ValueSlot(const Column& column, Dialect dialect) {
+  if (dialect != Dialect::PostgreSql) return u"?";
+  if (column.storage == Storage::Money) return u"cast(cast(? as numeric) as money)";
+  return column.type == host::type::Binary ? u"decode(?, 'hex')" : u"?";
+}
+
+std::optional<String> ConditionOf(const Column& column, const String& name, Dialect dialect) {
+  if (dialect == Dialect::PostgreSql) {
+    const String left = column.comparable ? name : u"cast(" + name + u" as text)";
+    return left + u" = " + ValueSlot(column, dialect);
+  }
+  if (dialect == Dialect::Access && column.sqlType == SQL_LONGVARBINARY) return std::nullopt;
+  for (const ComparisonRule& rule : kComparisons) {
+    if (rule.dialect != dialect || !EqualNoCase(rule.typeName, column.typeName)) continue;
+    if (rule.column.empty()) return std::nullopt;
+    return Replace(rule.column, u"@", name) + u" = " + String(rule.value);
+  }
+  return name + u" = ?";
+}
+
+GivenKey GivenKeyOf(Dialect dialect) {
+  switch (dialect) {
+    case Dialect::PostgreSql:
+      return GivenKey::Returned;
+    case Dialect::SqlServer:
+      return GivenKey::SameBatch;
+    case Dialect::Access:
+      return GivenKey::Afterwards;
+    case Dialect::Other:
+      break;
+  }
+  return GivenKey::Unknown;
+}
+
+// Of the batch alone where there are triggers, whose own inserts have keys too.
+StringView IdentityQuestion(Dialect dialect) {
+  return dialect == Dialect::SqlServer ? u"SELECT SCOPE_IDENTITY()" : u"SELECT @@IDENTITY";
+}
+
+Outcome OutcomeOf(SQLLEN rows) {
+  if (rows < 0) return Outcome::Unknown;
+  return rows > 0 ? Outcome::Written : Outcome::Refused;
+}
+
+}  // namespace tessaria::odbc

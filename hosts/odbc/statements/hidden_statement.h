@@ -1,0 +1,13 @@
+// Second statements that no semicolon separates, as SQL Server takes them.
+#pragma once
+
+#include "hosts/odbc/statements/statement_pieces.h"
+
+namespace tessaria::odbc {
+
+/// Whether a Select, in parentheses or not, a Values, Table, With, Insert, Update or Delete is
+/// followed by another statement, or by what cannot be told from one with certainty. Any other
+/// statement is a program's own, not a lookup's, and may be a batch: false.
+bool HoldsHiddenStatement(const Pieces& pieces);
+
+}  // namespace tessaria::odbc
