@@ -18,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "control/tstext.h"
 #include "hosts/memory/application.h"
 #include "hosts/memory/form.h"
 #include "hosts/memory/text_box.h"

@@ -4,11 +4,12 @@
 #include <memory>
 #include <vector>
 
-#include "lookup/bag_reader.h"
 #include "lookup/grid_columns.h"
 #include "tessaria/host/control.h"
 
 namespace tessaria {
+
+class BagReader;
 
 /// One return field of a lookup.
 class CampoOutro : public Object {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "lookup/bag_reader.h"
 #include "tessaria/error.h"
 
 namespace tessaria {

@@ -4,11 +4,12 @@
 #include <memory>
 #include <vector>
 
-#include "lookup/bag_reader.h"
 #include "tessaria/host/control.h"
 #include "tessaria/variant.h"
 
 namespace tessaria {
+
+class BagReader;
 
 /// How one column of the grid shows a field.
 class ColunaGrid : public Object {

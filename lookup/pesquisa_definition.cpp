@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "lookup/bag_reader.h"
 #include "runtime/text.h"
 #include "tessaria/error.h"
 

@@ -4,7 +4,6 @@
 #include <memory>
 #include <vector>
 
-#include "lookup/bag_reader.h"
 #include "tessaria/host/control.h"
 
 namespace tessaria {

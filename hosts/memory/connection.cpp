@@ -4,6 +4,9 @@
 #include <iterator>
 #include <utility>
 
+#include "hosts/memory/second_statement.h"
+#include "lookup/dialect.h"
+#include "lookup/sql_scanner.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
 #include "runtime/well_formed.h"
@@ -98,17 +101,6 @@ class SchemaRows final : public RowSource {
   host::SchemaKind kind_;
   host::SchemaRestrictions restrictions_;
 };
-
-bool HoldsSecondStatement(StringView text, SqlRules rules) {
-  SqlScanner scanner(text, rules);
-  bool ended = false;
-  for (SqlToken token = scanner.Next(); !token.Is(SqlToken::Kind::End); token = scanner.Next()) {
-    const bool semicolon = scanner.TextOf(token) == u";";
-    if (ended && !semicolon) return true;
-    ended = ended || semicolon;
-  }
-  return false;
-}
 
 Connection::Connection() {
   SetProperty(u"DBMS Name", u"PostgreSQL");
@@ -271,12 +263,22 @@ host::RecordsetPtr Connection::OpenRows(std::unique_ptr<RowSource> source, const
   return rows;
 }
 
+namespace {
+
+SqlRules StatementRules(const host::Connection& connection) {
+  const Variant escapes = connection.Properties(u"Backslash Escapes");
+  return {FamiliaDoDialeto(UCase(CStr(connection.Properties(u"DBMS Name")))),
+          !escapes.IsNull() && CBool(escapes)};
+}
+
+}  // namespace
+
 RowSource::Answer Connection::Run(const String& statement, bool writable) {
   RequireOpen();
   RequireWellFormed(statement);
   statements_.push_back(statement);
   RaiseFault();
-  if (HoldsSecondStatement(statement, StatementRules())) {
+  if (HoldsSecondStatement(statement, StatementRules(*this))) {
     throw HostError(errors::ProviderError, u"O texto contém mais de um comando.");
   }
   if (IsQuery(statement, StatementRules())) return AnswerTo(statement, writable);
@@ -291,12 +293,6 @@ RowSource::Answer Connection::AnswerTo(const String& statement, bool writable) {
   if (!rows && OnStatement) rows = std::function(OnStatement)(statement);
   if (!rows) return TableRows(statement, writable);
   return {rows->Columns, Numbered(std::move(rows->Cells), rows->Columns), nullptr};
-}
-
-SqlRules Connection::StatementRules() const {
-  const Variant escapes = Properties(u"Backslash Escapes");
-  return {FamiliaDoDialeto(UCase(CStr(Properties(u"DBMS Name")))),
-          !escapes.IsNull() && CBool(escapes)};
 }
 
 RowSource::Answer Connection::TableRows(const String& statement, bool writable) const {

@@ -10,7 +10,6 @@
 
 #include "hosts/memory/recordset.h"
 #include "hosts/memory/table.h"
-#include "lookup/sql_scanner.h"
 
 namespace tessaria::memory {
 
@@ -89,7 +88,6 @@ class Connection final : public host::Connection, public std::enable_shared_from
   void Write(const std::function<void()>& change);
   RowSource::Answer Run(const String& statement, bool writable);
   RowSource::Answer AnswerTo(const String& statement, bool writable);
-  SqlRules StatementRules() const;
   RowSource::Answer TableRows(const String& statement, bool writable) const;
   host::RecordsetPtr OpenRows(std::unique_ptr<RowSource> source, const String& text);
   RowSource::Answer Schema(host::SchemaKind kind, const host::SchemaRestrictions& restrictions);
@@ -109,9 +107,5 @@ class Connection final : public host::Connection, public std::enable_shared_from
   std::vector<std::weak_ptr<Recordset>> recordsets_;
   std::optional<std::map<String, Table>> savedTables_;  ///< inside a transaction
 };
-
-/// Whether a text holds anything but semicolons behind a semicolon. Quoted texts and comments do
-/// not count.
-bool HoldsSecondStatement(StringView text, SqlRules rules);
 
 }  // namespace tessaria::memory

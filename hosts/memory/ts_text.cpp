@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "control/properties.h"
+#include "control/tstext.h"
 #include "runtime/text.h"
 
 namespace tessaria::memory {

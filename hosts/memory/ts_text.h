@@ -5,12 +5,15 @@
 #include <memory>
 #include <vector>
 
-#include "control/tstext.h"
 #include "hosts/memory/command_button.h"
 #include "hosts/memory/form.h"
 #include "hosts/memory/part.h"
 #include "hosts/memory/text_box.h"
 #include "tessaria/host/control.h"
+
+namespace tessaria {
+class tsText;
+}
 
 namespace tessaria::memory {
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "control/tstext.h"
 #include "hosts/memory/application.h"
 #include "hosts/memory/connection.h"
 #include "hosts/memory/controls.h"

@@ -7,6 +7,7 @@
 #include <map>
 #include <regex>
 
+#include "control/tstext.h"
 #include "hosts/memory/application.h"
 #include "hosts/memory/controls.h"
 #include "hosts/memory/dialogs/desktop.h"

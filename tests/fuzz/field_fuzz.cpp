@@ -1,6 +1,7 @@
 // An operator with any keys at a field with any mask, who then leaves it.
 #include <memory>
 
+#include "control/tstext.h"
 #include "hosts/memory/application.h"
 #include "hosts/memory/controls.h"
 #include "hosts/memory/form.h"

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "control/tstext.h"
 #include "hosts/memory/application.h"
 #include "hosts/memory/controls.h"
 #include "hosts/memory/property_bag.h"

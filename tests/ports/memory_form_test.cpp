@@ -1,6 +1,7 @@
 // The form of the memory host under the contract of forms.
 #include "hosts/memory/form.h"
 
+#include "control/tstext.h"
 #include "hosts/memory/application.h"
 #include "hosts/memory/controls.h"
 #include "hosts/memory/ts_text.h"

@@ -5,6 +5,7 @@
 #include "hosts/memory/application.h"
 #include "hosts/memory/connection.h"
 #include "hosts/memory/keys.h"
+#include "hosts/memory/second_statement.h"
 #include "runtime/conversion.h"
 #include "tessaria/thread_state.h"
 
