@@ -15,10 +15,10 @@
 #include <memory>
 #include <vector>
 
-#include "hosts/memory/application.h"
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/program/host.h"
-#include "mask/masks.h"
+#include "tessaria/masks.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/qt/host.h"
+#include "tessaria/qt/tstext.h"
 #include "tessaria/thread_state.h"
 #include "tests/mask/test_field.h"
 

@@ -32,12 +32,12 @@
 #include <stdexcept>
 #include <string>
 
-#include "hosts/odbc/connection.h"
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/conversion/metatypes.h"
-#include "hosts/qt/form/form.h"
-#include "hosts/qt/program/host.h"
-#include "lookup/pesquisa_definition.h"
+#include "tessaria/odbc/connection.h"
+#include "tessaria/pesquisa_definition.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/host.h"
+#include "tessaria/qt/metatypes.h"
+#include "tessaria/qt/tstext.h"
 #include "tests/support/postgres_cluster.h"
 
 namespace tessaria::bench {

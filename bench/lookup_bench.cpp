@@ -19,15 +19,15 @@
 #include <vector>
 
 #include "control/tstext.h"
-#include "hosts/memory/application.h"
-#include "hosts/memory/form.h"
-#include "hosts/memory/text_box.h"
-#include "hosts/memory/ts_text.h"
-#include "hosts/odbc/connection.h"
 #include "hosts/odbc/driver/handles.h"
 #include "lookup/description_lookup.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/memory/form.h"
+#include "tessaria/memory/text_box.h"
+#include "tessaria/memory/ts_text.h"
+#include "tessaria/odbc/connection.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 #include "tests/support/postgres_cluster.h"
 

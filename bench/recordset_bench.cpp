@@ -16,8 +16,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "hosts/odbc/connection.h"
 #include "hosts/odbc/driver/handles.h"
+#include "tessaria/odbc/connection.h"
 #include "tests/support/postgres_cluster.h"
 
 namespace tessaria::bench {

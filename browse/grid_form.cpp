@@ -8,13 +8,13 @@
 #include "browse/search_run.h"
 #include "lookup/dialect.h"
 #include "lookup/field_types.h"
-#include "runtime/conversion.h"
 #include "runtime/field_names.h"
-#include "runtime/text.h"
 #include "services/busy_pointer.h"
 #include "services/message_box.h"
 #include "services/trap.h"
+#include "tessaria/conversion.h"
 #include "tessaria/host/application.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

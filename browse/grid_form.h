@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "lookup/grid_columns.h"
-#include "lookup/pesquisa_definition.h"
+#include "tessaria/grid_columns.h"
 #include "tessaria/host/dialog.h"
+#include "tessaria/pesquisa_definition.h"
 
 namespace tessaria {
 

@@ -8,13 +8,13 @@
 #include "lookup/query_text.h"
 #include "lookup/where_text.h"
 #include "mask/exit_flag.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/busy_pointer.h"
 #include "services/dialog_placement.h"
 #include "services/message_box.h"
 #include "services/trap.h"
+#include "tessaria/conversion.h"
 #include "tessaria/host/application.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::mdlObjTxt {

@@ -3,10 +3,10 @@
 
 #include <memory>
 
-#include "lookup/grid_columns.h"
-#include "lookup/pesquisa_definition.h"
+#include "tessaria/grid_columns.h"
 #include "tessaria/host/form.h"
 #include "tessaria/host/widgets.h"
+#include "tessaria/pesquisa_definition.h"
 #include "tessaria/tstext_interface.h"
 
 namespace tessaria::mdlObjTxt {

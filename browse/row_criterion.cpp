@@ -1,10 +1,10 @@
 #include "browse/row_criterion.h"
 
 #include "lookup/dialect.h"
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
 #include "runtime/field_names.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {

@@ -3,8 +3,8 @@
 #include "lookup/dialect.h"
 #include "lookup/literals.h"
 #include "lookup/query_text.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {

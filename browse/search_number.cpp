@@ -2,8 +2,8 @@
 
 #include "browse/search_clause.h"
 #include "lookup/literals.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 
 namespace tessaria::mdlObjTxt {
 

@@ -3,14 +3,14 @@
 #include <algorithm>
 
 #include "browse/search_number.h"
-#include "lookup/browse_definition.h"
 #include "lookup/dialect.h"
-#include "mask/masks.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/trap.h"
+#include "tessaria/browse_definition.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/host/application.h"
+#include "tessaria/masks.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 #include "tessaria/tstext_interface.h"
 

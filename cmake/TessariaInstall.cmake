@@ -1,7 +1,6 @@
 # What `cmake --install` lays down, and the package that find_package(Tessaria) reads.
 #
-# Headers keep the tree's own folders below <prefix>/include/tessaria, because that is how they
-# include one another: "tessaria/variant.h", "control/tstext.h".
+# Programs write #include <tessaria/...>: the tree's own include/tessaria is what they get.
 
 include(CMakePackageConfigHelpers)
 
@@ -17,28 +16,28 @@ function(tessaria_install_component name)
   install(EXPORT Tessaria${name}Targets NAMESPACE Tessaria:: DESTINATION ${tessaria_package_dir})
 endfunction()
 
-# All headers of the core are public. A host's are those that its target names, without their
-# endings, in TESSARIA_PUBLIC_HEADERS.
-function(tessaria_install_host name folder)
+# tessaria_install_host(NAME): the library Tessaria<NAME>, when it was built, and the headers of its
+# own folder below include/tessaria.
+function(tessaria_install_host name)
   if(NOT TARGET Tessaria${name})
     return()
   endif()
   tessaria_install_component(${name})
-  get_target_property(headers Tessaria${name} TESSARIA_PUBLIC_HEADERS)
-  foreach(header ${headers})
-    cmake_path(GET header PARENT_PATH room)
-    install(FILES ${PROJECT_SOURCE_DIR}/${folder}/${header}.h
-            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tessaria/${folder}/${room})
-  endforeach()
+  string(TOLOWER ${name} folder)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/tessaria/${folder}
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tessaria FILES_MATCHING PATTERN "*.h")
 endfunction()
 
 tessaria_install_component(Core)
-foreach(folder include ${TESSARIA_CORE_FOLDERS})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/tessaria DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+        FILES_MATCHING PATTERN "*.h"
+        PATTERN memory EXCLUDE PATTERN odbc EXCLUDE PATTERN qt EXCLUDE)
+foreach(folder ${TESSARIA_CORE_FOLDERS})
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}/
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tessaria/${folder} FILES_MATCHING PATTERN "*.h")
 endforeach()
-tessaria_install_host(Odbc hosts/odbc)
-tessaria_install_host(Qt hosts/qt)
+tessaria_install_host(Odbc)
+tessaria_install_host(Qt)
 
 configure_package_config_file(
   ${PROJECT_SOURCE_DIR}/cmake/TessariaConfig.cmake.in

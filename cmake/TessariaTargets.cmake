@@ -35,8 +35,8 @@ function(tessaria_add_core_library)
   tessaria_shared_library(TessariaCore)
   target_include_directories(TessariaCore PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tessaria>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tessaria/include>)
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tessaria>)
 endfunction()
 
 # What all shared libraries of the project have in common.

@@ -10,13 +10,13 @@
 #include "pickers/calculator.h"
 #include "pickers/calendar.h"
 #include "pickers/folder_picker.h"
-#include "runtime/compare.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/message_box.h"
 #include "services/trap.h"
 #include "tessaria/comforts.h"
+#include "tessaria/compare.h"
+#include "tessaria/conversion.h"
 #include "tessaria/host/application.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

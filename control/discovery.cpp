@@ -2,10 +2,10 @@
 
 #include "control/scoped_flag.h"
 #include "control/tstext.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/message_box.h"
 #include "services/trap.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

@@ -2,10 +2,10 @@
 
 #include <optional>
 
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
 #include "runtime/number_text.h"
 #include "services/trap.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 
 namespace tessaria {

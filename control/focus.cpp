@@ -3,12 +3,12 @@
 #include "control/tstext.h"
 #include "mask/exit_flag.h"
 #include "mask/form_helpers.h"
-#include "mask/masks.h"
 #include "mask/numbers.h"
-#include "runtime/format.h"
-#include "runtime/text.h"
-#include "services/scramble.h"
 #include "services/trap.h"
+#include "tessaria/format.h"
+#include "tessaria/masks.h"
+#include "tessaria/scramble.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

@@ -8,10 +8,10 @@
 #include "lookup/query_text.h"
 #include "mask/editing_keys.h"
 #include "mask/key_filter.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/message_box.h"
 #include "services/trap.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

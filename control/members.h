@@ -4,8 +4,8 @@
 #include <memory>
 #include <optional>
 
-#include "lookup/browse_definition.h"
-#include "lookup/pesquisa_definition.h"
+#include "tessaria/browse_definition.h"
+#include "tessaria/pesquisa_definition.h"
 #include "tessaria/tstext_interface.h"
 
 namespace tessaria {

@@ -1,9 +1,9 @@
 // The first show, the layout of box and button, and the colours.
 
 #include "control/tstext.h"
-#include "runtime/text.h"
 #include "services/trap.h"
 #include "tessaria/host/application.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

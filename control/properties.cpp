@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "control/tstext.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

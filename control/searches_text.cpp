@@ -1,9 +1,9 @@
 // The older text form of the searches becomes the definition object.
 
 #include "control/tstext.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/trap.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

@@ -2,13 +2,13 @@
 
 #include <utility>
 
-#include "mask/masks.h"
 #include "pickers/calculator.h"
 #include "pickers/calendar.h"
 #include "pickers/folder_picker.h"
-#include "runtime/text.h"
 #include "services/message_box.h"
 #include "services/trap.h"
+#include "tessaria/masks.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

@@ -3,10 +3,10 @@
 #include "control/tstext.h"
 #include "lookup/relation_check.h"
 #include "mask/dates.h"
-#include "mask/masks.h"
-#include "runtime/text.h"
 #include "services/message_box.h"
 #include "services/trap.h"
+#include "tessaria/masks.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

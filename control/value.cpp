@@ -5,12 +5,12 @@
 #include "control/exact_number.h"
 #include "control/tstext.h"
 #include "control/type_codes.h"
-#include "mask/masks.h"
-#include "runtime/compare.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/message_box.h"
 #include "services/trap.h"
+#include "tessaria/compare.h"
+#include "tessaria/conversion.h"
+#include "tessaria/masks.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

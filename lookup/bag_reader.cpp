@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 
 namespace tessaria {

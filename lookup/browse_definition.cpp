@@ -1,4 +1,4 @@
-#include "lookup/browse_definition.h"
+#include "tessaria/browse_definition.h"
 
 #include <array>
 

@@ -5,13 +5,13 @@
 #include "lookup/dialect.h"
 #include "lookup/literals.h"
 #include "lookup/query_text.h"
-#include "runtime/compare.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/box_state.h"
 #include "services/trap.h"
+#include "tessaria/compare.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/host/application.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::mdlObjTxt {

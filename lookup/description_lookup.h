@@ -1,7 +1,7 @@
 // From a code to its description, and from typed text to the description that begins so.
 #pragma once
 
-#include "lookup/browse_definition.h"
+#include "tessaria/browse_definition.h"
 #include "tessaria/host/widgets.h"
 #include "tessaria/tstext_interface.h"
 #include "tessaria/variant.h"

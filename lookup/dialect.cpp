@@ -3,10 +3,10 @@
 #include <array>
 
 #include "lookup/literals.h"
-#include "runtime/conversion.h"
-#include "runtime/format.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/format.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

@@ -1,4 +1,4 @@
-#include "lookup/grid_columns.h"
+#include "tessaria/grid_columns.h"
 
 #include <utility>
 

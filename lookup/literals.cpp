@@ -1,9 +1,9 @@
 #include "lookup/literals.h"
 
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "runtime/well_formed.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

@@ -1,12 +1,12 @@
-#include "lookup/pesquisa_definition.h"
+#include "tessaria/pesquisa_definition.h"
 
 #include <algorithm>
 #include <optional>
 #include <utility>
 
 #include "lookup/bag_reader.h"
-#include "runtime/text.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 namespace {

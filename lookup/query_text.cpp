@@ -1,6 +1,6 @@
 #include "lookup/query_text.h"
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {

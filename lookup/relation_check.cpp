@@ -4,11 +4,11 @@
 #include "lookup/field_types.h"
 #include "lookup/literals.h"
 #include "lookup/query_text.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/message_box.h"
 #include "services/trap.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {

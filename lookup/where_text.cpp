@@ -5,8 +5,8 @@
 
 #include "lookup/literals.h"
 #include "mask/form_helpers.h"
-#include "runtime/text.h"
 #include "runtime/well_formed.h"
+#include "tessaria/text.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {

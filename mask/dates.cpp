@@ -4,9 +4,9 @@
 #include <cmath>
 #include <iterator>
 
-#include "mask/masks.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/masks.h"
+#include "tessaria/text.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {

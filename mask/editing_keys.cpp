@@ -3,10 +3,10 @@
 #include "mask/key_class.h"
 #include "mask/key_filter.h"
 #include "mask/keystroke.h"
-#include "mask/masks.h"
-#include "runtime/text.h"
 #include "services/trap.h"
 #include "tessaria/host/application.h"
+#include "tessaria/masks.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

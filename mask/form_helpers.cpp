@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <memory>
 
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 namespace {

@@ -4,13 +4,13 @@
 
 #include "mask/key_class.h"
 #include "mask/keystroke.h"
-#include "mask/masks.h"
 #include "mask/number_keys.h"
 #include "mask/slot_keys.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/trap.h"
+#include "tessaria/conversion.h"
 #include "tessaria/host/application.h"
+#include "tessaria/masks.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

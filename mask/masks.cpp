@@ -1,12 +1,12 @@
-#include "mask/masks.h"
+#include "tessaria/masks.h"
 
 #include <algorithm>
 #include <iterator>
 
-#include "runtime/conversion.h"
-#include "runtime/format.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/format.h"
+#include "tessaria/text.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "mask/key_class.h"
-#include "mask/masks.h"
-#include "runtime/text.h"
+#include "tessaria/masks.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

@@ -2,11 +2,11 @@
 
 #include <utility>
 
-#include "mask/masks.h"
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
 #include "runtime/number_text.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/masks.h"
+#include "tessaria/text.h"
 
 namespace tessaria::mdlObjTxt {
 namespace {

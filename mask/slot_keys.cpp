@@ -1,9 +1,9 @@
 #include "mask/slot_keys.h"
 
 #include "mask/key_class.h"
-#include "mask/masks.h"
-#include "runtime/text.h"
 #include "tessaria/error.h"
+#include "tessaria/masks.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

@@ -1,11 +1,11 @@
 #include "pickers/calculator.h"
 
-#include "runtime/compare.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/coloured_button.h"
 #include "services/dialog_placement.h"
+#include "tessaria/compare.h"
+#include "tessaria/conversion.h"
 #include "tessaria/host/application.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

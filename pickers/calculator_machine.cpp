@@ -2,10 +2,10 @@
 
 #include <cmath>
 
-#include "runtime/conversion.h"
 #include "runtime/number_text.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

@@ -1,12 +1,12 @@
 #include "pickers/calendar.h"
 
 #include "mask/dates.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/box_state.h"
 #include "services/dialog_placement.h"
 #include "tessaria/comforts.h"
+#include "tessaria/conversion.h"
 #include "tessaria/host/application.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

@@ -1,10 +1,10 @@
 #include "pickers/folder_picker.h"
 
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/dialog_placement.h"
 #include "services/message_box.h"
+#include "tessaria/conversion.h"
 #include "tessaria/host/application.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria {

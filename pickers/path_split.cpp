@@ -1,6 +1,6 @@
 #include "pickers/path_split.h"
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <array>
 
-#include "runtime/text.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

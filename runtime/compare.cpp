@@ -1,11 +1,11 @@
-#include "runtime/compare.h"
+#include "tessaria/compare.h"
 
 #include <cfloat>
 #include <cmath>
 #include <compare>
 
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 
 namespace tessaria {

@@ -1,4 +1,4 @@
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 
 #include <cmath>
 #include <limits>
@@ -8,8 +8,8 @@
 #include "runtime/date_text.h"
 #include "runtime/digits.h"
 #include "runtime/number_text.h"
-#include "runtime/text.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

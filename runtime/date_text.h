@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 
 namespace tessaria {
 

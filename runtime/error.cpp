@@ -4,7 +4,7 @@
 #include <iterator>
 #include <utility>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

@@ -1,9 +1,9 @@
 // Exact numbers for the data layer: their texts, and values with all their digits.
 #include <algorithm>
 
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
 #include "runtime/number_text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 
 namespace tessaria {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

@@ -1,11 +1,11 @@
-#include "runtime/format.h"
+#include "tessaria/format.h"
 
 #include <optional>
 
-#include "runtime/conversion.h"
 #include "runtime/date_text.h"
 #include "runtime/format_pattern.h"
 #include "runtime/number_text.h"
+#include "tessaria/conversion.h"
 
 namespace tessaria {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <utility>
 
-#include "runtime/conversion.h"
 #include "runtime/date_text.h"
 #include "runtime/format_pattern.h"
+#include "tessaria/conversion.h"
 
 namespace tessaria {
 

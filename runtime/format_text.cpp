@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "runtime/format_pattern.h"
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "runtime/digits.h"
-#include "runtime/format.h"
 #include "tessaria/error.h"
+#include "tessaria/format.h"
 
 namespace tessaria {
 

@@ -2,10 +2,10 @@
 
 #include <tuple>
 
-#include "runtime/compare.h"
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
-#include "runtime/text.h"
+#include "tessaria/compare.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 namespace {

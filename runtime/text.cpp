@@ -1,4 +1,4 @@
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // UTF-8 to and from UTF-16.
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 

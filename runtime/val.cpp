@@ -4,9 +4,9 @@
 #include <iterator>
 #include <limits>
 
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
 #include "runtime/number_text.h"
+#include "tessaria/conversion.h"
 
 namespace tessaria {
 

@@ -1,8 +1,8 @@
 // Texts of values.
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
-#include "runtime/format.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/format.h"
 
 namespace tessaria {
 

@@ -1,6 +1,6 @@
 #include "services/error_box.h"
 
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"

@@ -1,8 +1,8 @@
-#include "services/scramble.h"
+#include "tessaria/scramble.h"
 
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria::mdlComum {
 namespace {

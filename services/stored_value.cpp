@@ -9,10 +9,10 @@
 #include <string>
 #include <utility>
 
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/host/widgets.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 namespace {

@@ -1,13 +1,13 @@
-#include "services/text_property_bag.h"
+#include "tessaria/text_property_bag.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "runtime/compare.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "services/stored_value.h"
+#include "tessaria/compare.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria {
 namespace {

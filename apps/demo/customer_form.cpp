@@ -7,9 +7,9 @@
 #include "apps/demo/field_helpers.h"
 #include "apps/demo/form_loader.h"
 #include "apps/demo/lookups.h"
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/conversion/variants.h"
-#include "hosts/qt/data/adodc.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/tstext.h"
+#include "tessaria/qt/variants.h"
 
 namespace tessaria::demo {
 namespace {

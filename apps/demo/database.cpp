@@ -2,8 +2,8 @@
 
 #include "apps/demo/cluster.h"
 #include "apps/demo/failure.h"
-#include "hosts/odbc/connection.h"
-#include "hosts/qt/conversion/text.h"
+#include "tessaria/odbc/connection.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::demo {
 namespace {

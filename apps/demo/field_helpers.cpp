@@ -4,10 +4,10 @@
 #include <QKeyEvent>
 
 #include "control/tstext.h"
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/conversion/variants.h"
-#include "lookup/browse_definition.h"
-#include "runtime/text.h"
+#include "tessaria/browse_definition.h"
+#include "tessaria/qt/tstext.h"
+#include "tessaria/qt/variants.h"
+#include "tessaria/text.h"
 
 namespace tessaria::demo {
 namespace {

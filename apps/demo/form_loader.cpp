@@ -4,8 +4,8 @@
 #include <QUiLoader>
 #include <utility>
 
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/data/adodc.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/tstext.h"
 
 static void loadResources() { Q_INIT_RESOURCE(demo); }
 

@@ -2,11 +2,11 @@
 
 #include "apps/demo/field_helpers.h"
 #include "control/tstext.h"
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/conversion/text.h"
-#include "lookup/browse_definition.h"
-#include "lookup/pesquisa_definition.h"
-#include "runtime/conversion.h"
+#include "tessaria/browse_definition.h"
+#include "tessaria/conversion.h"
+#include "tessaria/pesquisa_definition.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::demo {
 namespace {

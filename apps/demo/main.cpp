@@ -12,8 +12,8 @@
 #include "apps/demo/options.h"
 #include "apps/demo/play/play.h"
 #include "apps/demo/quit_signals.h"
-#include "hosts/qt/program/host.h"
 #include "tessaria/comforts.h"
+#include "tessaria/qt/host.h"
 
 namespace tessaria::demo {
 namespace {

@@ -1,7 +1,7 @@
 #include "apps/demo/messages.h"
 
-#include "hosts/qt/conversion/text.h"
 #include "tessaria/host/application.h"
+#include "tessaria/qt/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::demo {

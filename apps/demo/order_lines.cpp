@@ -8,10 +8,10 @@
 #include "apps/demo/field_helpers.h"
 #include "apps/demo/form_loader.h"
 #include "apps/demo/lookups.h"
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/conversion/text.h"
-#include "runtime/conversion.h"
-#include "runtime/format.h"
+#include "tessaria/conversion.h"
+#include "tessaria/format.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::demo {
 namespace {

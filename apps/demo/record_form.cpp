@@ -10,13 +10,13 @@
 #include "apps/demo/field_helpers.h"
 #include "apps/demo/form_loader.h"
 #include "apps/demo/messages.h"
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/conversion/metatypes.h"
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/data/adodc.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/form/widget_tree.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/metatypes.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::demo {
 namespace {

@@ -1,9 +1,9 @@
-#include "hosts/memory/application.h"
+#include "tessaria/memory/application.h"
 
 #include <utility>
 
-#include "runtime/text.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::memory {

@@ -1,4 +1,4 @@
-#include "hosts/memory/connection.h"
+#include "tessaria/memory/connection.h"
 
 #include <algorithm>
 #include <iterator>
@@ -7,10 +7,10 @@
 #include "hosts/memory/second_statement.h"
 #include "lookup/dialect.h"
 #include "lookup/sql_scanner.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "runtime/well_formed.h"
+#include "tessaria/conversion.h"
 #include "tessaria/host/schema.h"
+#include "tessaria/text.h"
 
 namespace tessaria::memory {
 namespace {
@@ -281,7 +281,7 @@ RowSource::Answer Connection::Run(const String& statement, bool writable) {
   if (HoldsSecondStatement(statement, StatementRules(*this))) {
     throw HostError(errors::ProviderError, u"O texto contém mais de um comando.");
   }
-  if (IsQuery(statement, StatementRules())) return AnswerTo(statement, writable);
+  if (IsQuery(statement, StatementRules(*this))) return AnswerTo(statement, writable);
   RowSource::Answer answer;
   Write([&] { answer = AnswerTo(statement, writable); });
   return answer;

@@ -1,7 +1,7 @@
-#include "hosts/memory/controls.h"
+#include "tessaria/memory/controls.h"
 
-#include "hosts/memory/form.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
+#include "tessaria/memory/form.h"
 
 namespace tessaria::memory {
 namespace {

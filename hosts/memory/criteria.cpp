@@ -1,14 +1,14 @@
-#include "hosts/memory/criteria.h"
+#include "tessaria/memory/criteria.h"
 
 #include <algorithm>
 #include <iterator>
 
-#include "runtime/compare.h"
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
 #include "runtime/field_names.h"
 #include "runtime/number_text.h"
-#include "runtime/text.h"
+#include "tessaria/compare.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 
 namespace tessaria::memory {
 namespace {

@@ -1,12 +1,12 @@
-#include "hosts/memory/form.h"
+#include "tessaria/memory/form.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "hosts/memory/controls.h"
-#include "runtime/text.h"
 #include "tessaria/host/application.h"
 #include "tessaria/host/control.h"
+#include "tessaria/memory/controls.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::memory {

@@ -1,4 +1,4 @@
-#include "hosts/memory/keys.h"
+#include "tessaria/memory/keys.h"
 
 #include <algorithm>
 #include <iterator>

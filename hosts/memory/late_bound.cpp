@@ -1,10 +1,10 @@
-#include "hosts/memory/late_bound.h"
+#include "tessaria/memory/late_bound.h"
 
 #include <memory>
 #include <utility>
 
-#include "runtime/text.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria::memory {
 

@@ -1,8 +1,8 @@
-#include "hosts/memory/property_bag.h"
+#include "tessaria/memory/property_bag.h"
 
-#include "lookup/browse_definition.h"
-#include "lookup/pesquisa_definition.h"
-#include "runtime/text.h"
+#include "tessaria/browse_definition.h"
+#include "tessaria/pesquisa_definition.h"
+#include "tessaria/text.h"
 
 namespace tessaria::memory {
 

@@ -1,10 +1,10 @@
-#include "hosts/memory/recordset.h"
+#include "tessaria/memory/recordset.h"
 
 #include <algorithm>
 
-#include "runtime/compare.h"
-#include "runtime/conversion.h"
 #include "runtime/well_formed.h"
+#include "tessaria/compare.h"
+#include "tessaria/conversion.h"
 
 namespace tessaria::memory {
 namespace {

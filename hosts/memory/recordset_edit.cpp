@@ -2,11 +2,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "hosts/memory/recordset.h"
-#include "runtime/compare.h"
-#include "runtime/conversion.h"
 #include "runtime/stored_match.h"
 #include "runtime/well_formed.h"
+#include "tessaria/compare.h"
+#include "tessaria/conversion.h"
+#include "tessaria/memory/recordset.h"
 
 namespace tessaria::memory {
 namespace {

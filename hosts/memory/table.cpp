@@ -1,12 +1,12 @@
-#include "hosts/memory/table.h"
+#include "tessaria/memory/table.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 
 namespace tessaria::memory {
 namespace {

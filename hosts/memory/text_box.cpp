@@ -1,9 +1,9 @@
-#include "hosts/memory/text_box.h"
+#include "tessaria/memory/text_box.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::memory {
 namespace {

@@ -1,11 +1,11 @@
-#include "hosts/memory/ts_text.h"
+#include "tessaria/memory/ts_text.h"
 
 #include <algorithm>
 #include <iterator>
 
 #include "control/properties.h"
 #include "control/tstext.h"
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::memory {
 namespace {

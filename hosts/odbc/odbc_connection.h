@@ -1,9 +1,9 @@
 // The connection object; programs make it with `CreateConnection`.
 #pragma once
 
-#include "hosts/odbc/connection.h"
 #include "hosts/odbc/session/session.h"
 #include "hosts/odbc/statements/statement_guard.h"
+#include "tessaria/odbc/connection.h"
 
 namespace tessaria::odbc {
 

@@ -7,10 +7,10 @@
 #include <optional>
 #include <ostream>
 
-#include "hosts/odbc/connection.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/odbc/connection.h"
+#include "tessaria/text.h"
 #include "tests/attack/run.h"
 #include "tests/support/cutting_proxy.h"
 #include "tests/support/postgres_cluster.h"

@@ -2,7 +2,7 @@
 // program, and the memory does not grow.
 #include <gtest/gtest.h>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 #include "tests/attack/random_form.h"
 
 namespace tessaria::attack {

@@ -5,11 +5,11 @@
 #include <optional>
 #include <sstream>
 
-#include "mask/masks.h"
 #include "mask/numbers.h"
-#include "runtime/conversion.h"
-#include "runtime/format.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/format.h"
+#include "tessaria/masks.h"
+#include "tessaria/text.h"
 #include "tests/attack/random_form.h"
 #include "tests/support/printers.h"
 

@@ -2,9 +2,9 @@
 
 #include <limits>
 
-#include "lookup/browse_definition.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/browse_definition.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::attack {

@@ -5,12 +5,12 @@
 #include <vector>
 
 #include "control/tstext.h"
-#include "hosts/memory/application.h"
-#include "hosts/memory/connection.h"
-#include "hosts/memory/controls.h"
-#include "hosts/memory/dialogs/desktop.h"
-#include "hosts/memory/form.h"
-#include "hosts/memory/ts_text.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/memory/connection.h"
+#include "tessaria/memory/controls.h"
+#include "tessaria/memory/dialogs/desktop.h"
+#include "tessaria/memory/form.h"
+#include "tessaria/memory/ts_text.h"
 #include "tests/attack/run.h"
 
 namespace tessaria::attack {

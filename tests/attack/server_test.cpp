@@ -8,13 +8,13 @@
 #include <QVBoxLayout>
 #include <map>
 
-#include "hosts/odbc/connection.h"
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/conversion/metatypes.h"
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/data/adodc.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/odbc/connection.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/metatypes.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/tstext.h"
+#include "tessaria/text.h"
 #include "tests/attack/run.h"
 #include "tests/qt/operator.h"
 #include "tests/qt/watched_connection.h"

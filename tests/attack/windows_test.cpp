@@ -10,10 +10,10 @@
 #include <QVBoxLayout>
 #include <functional>
 
-#include "hosts/memory/connection.h"
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/conversion/metatypes.h"
-#include "hosts/qt/conversion/text.h"
+#include "tessaria/memory/connection.h"
+#include "tessaria/qt/metatypes.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/tstext.h"
 #include "tests/attack/random_form.h"
 #include "tests/qt/operator.h"
 

@@ -7,10 +7,10 @@
 #include <memory>
 #include <vector>
 
-#include "hosts/memory/application.h"
-#include "hosts/memory/connection.h"
-#include "hosts/memory/form.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/memory/connection.h"
+#include "tessaria/memory/form.h"
 #include "tessaria/thread_state.h"
 #include "tests/support/printers.h"
 #include "tests/support/test_desktop.h"

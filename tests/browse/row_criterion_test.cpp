@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 #include "tests/support/printers.h"
 
 namespace tessaria::test {

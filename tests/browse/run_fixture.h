@@ -4,8 +4,8 @@
 #include "browse/grid_form.h"
 #include "browse/lookup_run.h"
 #include "control/tstext.h"
-#include "hosts/memory/text_box.h"
-#include "hosts/memory/ts_text.h"
+#include "tessaria/memory/text_box.h"
+#include "tessaria/memory/ts_text.h"
 #include "tests/browse/browse_fixture.h"
 
 namespace tessaria::test {

@@ -3,7 +3,7 @@
 
 #include "browse/search_prompt.h"
 #include "control/tstext.h"
-#include "hosts/memory/ts_text.h"
+#include "tessaria/memory/ts_text.h"
 #include "tests/browse/browse_fixture.h"
 
 namespace tessaria::test {

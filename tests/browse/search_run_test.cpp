@@ -1,7 +1,7 @@
 // The statement of a search over the rows of a list.
 #include "browse/search_run.h"
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 #include "tests/browse/browse_fixture.h"
 
 namespace tessaria::test {

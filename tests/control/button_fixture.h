@@ -1,10 +1,10 @@
 // A field with a button on a form, and a desktop for the dialogs that it opens.
 #pragma once
 
-#include "hosts/memory/dialogs/desktop.h"
 #include "pickers/calculator.h"
 #include "pickers/calendar.h"
 #include "pickers/folder_picker.h"
+#include "tessaria/memory/dialogs/desktop.h"
 #include "tests/control/control_fixture.h"
 #include "tests/support/test_desktop.h"
 

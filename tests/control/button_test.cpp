@@ -1,7 +1,7 @@
 // The button: which dialog it opens, what becomes of the answer, what the application hears.
 
-#include "mask/masks.h"
 #include "tessaria/comforts.h"
+#include "tessaria/masks.h"
 #include "tests/control/button_fixture.h"
 
 namespace tessaria::test {

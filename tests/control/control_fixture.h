@@ -11,12 +11,12 @@
 
 #include "control/properties.h"
 #include "control/tstext.h"
-#include "hosts/memory/application.h"
-#include "hosts/memory/connection.h"
-#include "hosts/memory/controls.h"
-#include "hosts/memory/form.h"
-#include "hosts/memory/property_bag.h"
-#include "hosts/memory/ts_text.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/memory/connection.h"
+#include "tessaria/memory/controls.h"
+#include "tessaria/memory/form.h"
+#include "tessaria/memory/property_bag.h"
+#include "tessaria/memory/ts_text.h"
 #include "tessaria/thread_state.h"
 #include "tests/support/printers.h"
 

@@ -1,7 +1,7 @@
 // The calculator and the digits that no Double holds; what it was refused, and what it only showed.
 
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 #include "tests/control/button_fixture.h"
 #include "tests/control/raw_rows.h"
 

@@ -1,7 +1,7 @@
 // A dialog that is left without a choice: the field shows its value again, and its row stays.
 
-#include "runtime/text.h"
 #include "tessaria/comforts.h"
+#include "tessaria/text.h"
 #include "tests/control/button_fixture.h"
 #include "tests/control/raw_rows.h"
 

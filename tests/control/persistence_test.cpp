@@ -6,7 +6,7 @@
 #include "pickers/calculator.h"
 #include "pickers/calendar.h"
 #include "pickers/folder_picker.h"
-#include "services/text_property_bag.h"
+#include "tessaria/text_property_bag.h"
 #include "tests/control/control_fixture.h"
 #include "tests/support/test_desktop.h"
 

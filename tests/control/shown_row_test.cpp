@@ -1,6 +1,6 @@
 // A row that is shown: what its type cannot take is shown as a text, all other faults are told.
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 #include "tests/control/raw_rows.h"
 #include "tests/control/untouched_fixture.h"
 

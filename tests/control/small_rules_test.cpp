@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "hosts/memory/command_button.h"
-#include "runtime/text.h"
+#include "tessaria/memory/command_button.h"
+#include "tessaria/text.h"
 #include "tests/control/button_fixture.h"
 #include "tests/control/raw_rows.h"
 

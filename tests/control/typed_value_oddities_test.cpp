@@ -1,6 +1,6 @@
 // What becomes of hidden texts when their field is left.
 
-#include "services/scramble.h"
+#include "tessaria/scramble.h"
 #include "tests/control/control_fixture.h"
 
 namespace tessaria::test {

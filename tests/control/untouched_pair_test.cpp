@@ -1,6 +1,6 @@
 // A key and its description on one row, shown and left untouched: the row stays as it is.
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 #include "tests/control/control_fixture.h"
 #include "tests/control/raw_rows.h"
 

@@ -1,7 +1,7 @@
 // A field that nobody has touched: its row stays as it is, whatever mask shows it.
 
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 #include "tests/control/untouched_fixture.h"
 
 namespace tessaria::test {

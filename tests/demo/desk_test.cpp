@@ -1,8 +1,8 @@
 #include <QAction>
 
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/conversion/text.h"
-#include "services/scramble.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/tstext.h"
+#include "tessaria/scramble.h"
 #include "tests/demo/desk_fixture.h"
 #include "tests/qt/operator.h"
 

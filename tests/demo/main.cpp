@@ -5,8 +5,8 @@
 
 #include <QApplication>
 
-#include "hosts/qt/program/host.h"
 #include "tessaria/comforts.h"
+#include "tessaria/qt/host.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);

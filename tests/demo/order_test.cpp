@@ -1,5 +1,5 @@
 // The order form: stored tables, refusals, pairs, all by keys.
-#include "hosts/qt/control/tstext.h"
+#include "tessaria/qt/tstext.h"
 #include "tests/demo/desk_fixture.h"
 
 namespace tessaria::demo {

@@ -2,10 +2,10 @@
 #include <memory>
 
 #include "control/tstext.h"
-#include "hosts/memory/application.h"
-#include "hosts/memory/controls.h"
-#include "hosts/memory/form.h"
-#include "hosts/memory/ts_text.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/memory/controls.h"
+#include "tessaria/memory/form.h"
+#include "tessaria/memory/ts_text.h"
 #include "tests/fuzz/input.h"
 
 namespace tessaria::fuzz {

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "runtime/text.h"
 #include "tessaria/string.h"
+#include "tessaria/text.h"
 
 namespace tessaria::fuzz {
 

@@ -1,8 +1,8 @@
 // Any text as a field's stored settings. What loads is kept by another round.
 #include <cstdlib>
 
-#include "services/text_property_bag.h"
 #include "tessaria/error.h"
+#include "tessaria/text_property_bag.h"
 #include "tests/fuzz/input.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -4,9 +4,9 @@
 
 #include "hosts/odbc/statements/statement_guard.h"
 #include "lookup/literals.h"
-#include "runtime/text.h"
 #include "runtime/well_formed.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 #include "tests/fuzz/input.h"
 
 namespace {

@@ -1,9 +1,9 @@
 // Any text as a number, as a date, and under any format pattern.
 #include <tuple>
 
-#include "runtime/conversion.h"
-#include "runtime/format.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/format.h"
 #include "tests/fuzz/input.h"
 
 namespace tessaria::fuzz {

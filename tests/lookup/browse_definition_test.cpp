@@ -1,6 +1,6 @@
-#include "lookup/browse_definition.h"
+#include "tessaria/browse_definition.h"
 
-#include "services/text_property_bag.h"
+#include "tessaria/text_property_bag.h"
 #include "tests/lookup/faulty_bag.h"
 #include "tests/lookup/lookup_fixture.h"
 

@@ -1,5 +1,5 @@
-#include "hosts/memory/text_box.h"
 #include "lookup/description_lookup.h"
+#include "tessaria/memory/text_box.h"
 #include "tests/lookup/lookup_fixture.h"
 
 namespace tessaria::test {

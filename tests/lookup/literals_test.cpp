@@ -1,7 +1,7 @@
 // Values as they stand in SQL: texts, numbers, and what is refused.
 #include "lookup/literals.h"
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 #include "tests/lookup/lookup_fixture.h"
 
 namespace tessaria::test {

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "hosts/memory/application.h"
+#include "tessaria/memory/application.h"
 #include "tessaria/thread_state.h"
 #include "tests/lookup/recording_connection.h"
 #include "tests/support/printers.h"

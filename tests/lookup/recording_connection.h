@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "hosts/memory/connection.h"
+#include "tessaria/memory/connection.h"
 
 namespace tessaria::test {
 

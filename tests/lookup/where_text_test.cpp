@@ -1,10 +1,10 @@
 // Where texts with values in them: each value is one token, whatever it holds.
 #include "lookup/where_text.h"
 
-#include "hosts/memory/controls.h"
-#include "hosts/memory/form.h"
 #include "lookup/literals.h"
-#include "runtime/text.h"
+#include "tessaria/memory/controls.h"
+#include "tessaria/memory/form.h"
+#include "tessaria/text.h"
 #include "tests/lookup/lookup_fixture.h"
 
 namespace tessaria::test {

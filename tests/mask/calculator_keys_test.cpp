@@ -1,8 +1,8 @@
 // The keys that open the calculator of a number field: "x" where its slot refuses it, and F9.
 #include <gtest/gtest.h>
 
-#include "hosts/memory/application.h"
-#include "runtime/text.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/text.h"
 #include "tests/mask/test_field.h"
 #include "tests/support/printers.h"
 

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/memory/text_box.h"
-#include "mask/masks.h"
-#include "runtime/text.h"
+#include "tessaria/masks.h"
+#include "tessaria/memory/text_box.h"
+#include "tessaria/text.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/memory/application.h"
+#include "tessaria/memory/application.h"
 #include "tests/mask/session.h"
 #include "tests/mask/test_field.h"
 #include "tests/support/printers.h"

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/memory/text_box.h"
-#include "runtime/compare.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/compare.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/memory/text_box.h"
+#include "tessaria/text.h"
 #include "tests/support/comma_locale.h"
 #include "tests/support/printers.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "mask/masks.h"
+#include "tessaria/masks.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

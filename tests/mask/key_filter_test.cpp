@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/memory/application.h"
-#include "runtime/text.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/text.h"
 #include "tests/mask/session.h"
 #include "tests/mask/test_field.h"
 #include "tests/support/printers.h"

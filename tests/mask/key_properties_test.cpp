@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <random>
 
-#include "hosts/memory/application.h"
-#include "runtime/text.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/text.h"
 #include "tests/mask/test_field.h"
 #include "tests/support/printers.h"
 

@@ -1,9 +1,9 @@
-#include "mask/masks.h"
+#include "tessaria/masks.h"
 
 #include <gtest/gtest.h>
 
-#include "runtime/text.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

@@ -6,8 +6,8 @@
 #include <sstream>
 #include <vector>
 
-#include "hosts/memory/application.h"
-#include "runtime/text.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/text.h"
 #include "tests/mask/test_field.h"
 #include "tests/support/printers.h"
 

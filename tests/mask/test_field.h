@@ -1,11 +1,11 @@
 // A masked field around a text box of the memory host.
 #pragma once
 
-#include "hosts/memory/text_box.h"
 #include "mask/editing_keys.h"
 #include "mask/key_filter.h"
 #include "mask/masked_field.h"
-#include "mask/masks.h"
+#include "tessaria/masks.h"
+#include "tessaria/memory/text_box.h"
 
 namespace tessaria {
 

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/odbc/connection.h"
 #include "hosts/odbc/driver/diagnostics.h"
 #include "tessaria/host/data.h"
+#include "tessaria/odbc/connection.h"
 #include "tests/support/postgres_cluster.h"
 #include "tests/support/printers.h"
 

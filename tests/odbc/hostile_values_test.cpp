@@ -1,11 +1,11 @@
 // Values that are made to change a lookup, typed into its field and sent to a real server: none
 // finds a row that is not its own, and none runs anything.
 #include "browse/search_clause.h"
-#include "hosts/memory/application.h"
-#include "hosts/memory/text_box.h"
 #include "lookup/description_lookup.h"
 #include "lookup/relation_check.h"
-#include "runtime/text.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/memory/text_box.h"
+#include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 #include "tests/odbc/database_test.h"
 

@@ -7,7 +7,7 @@
 #include "hosts/odbc/values/calendar.h"
 #include "hosts/odbc/values/money.h"
 #include "hosts/odbc/values/text_order.h"
-#include "runtime/text.h"
+#include "tessaria/text.h"
 #include "tests/support/printers.h"
 
 namespace tessaria::odbc {

@@ -1,5 +1,5 @@
 #include "runtime/field_names.h"
-#include "runtime/text.h"
+#include "tessaria/text.h"
 #include "tests/odbc/database_test.h"
 #include "tests/support/odd_names.h"
 

@@ -7,7 +7,7 @@
 
 #include "hosts/odbc/driver/diagnostics.h"
 #include "hosts/odbc/statements/statement_guard.h"
-#include "runtime/text.h"
+#include "tessaria/text.h"
 #include "tests/odbc/database_test.h"
 
 namespace tessaria::odbc::test {

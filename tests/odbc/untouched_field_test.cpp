@@ -1,10 +1,10 @@
 // Fields on rows of a real server that nobody touches: no stored value changes.
 
 #include "control/tstext.h"
-#include "hosts/memory/application.h"
-#include "hosts/memory/controls.h"
-#include "hosts/memory/form.h"
-#include "hosts/memory/ts_text.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/memory/controls.h"
+#include "tessaria/memory/form.h"
+#include "tessaria/memory/ts_text.h"
 #include "tests/odbc/database_test.h"
 
 namespace tessaria::odbc::test {

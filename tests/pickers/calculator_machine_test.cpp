@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 #include "tests/support/printers.h"
 
 namespace tessaria::test {

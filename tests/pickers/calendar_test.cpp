@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "mask/masks.h"
 #include "tessaria/comforts.h"
+#include "tessaria/masks.h"
 #include "tests/pickers/picker_fixture.h"
 
 namespace tessaria::test {

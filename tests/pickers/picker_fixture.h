@@ -4,8 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "hosts/memory/application.h"
-#include "hosts/memory/text_box.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/memory/text_box.h"
 #include "tessaria/thread_state.h"
 #include "tests/support/printers.h"
 #include "tests/support/test_desktop.h"

@@ -2,9 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "hosts/memory/application.h"
-#include "hosts/memory/connection.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/memory/connection.h"
 #include "tessaria/thread_state.h"
 #include "tests/support/printers.h"
 #include "tests/support/test_desktop.h"

@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "control/tstext.h"
-#include "hosts/memory/application.h"
-#include "hosts/memory/controls.h"
-#include "hosts/memory/property_bag.h"
-#include "hosts/memory/ts_text.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/memory/controls.h"
+#include "tessaria/memory/property_bag.h"
+#include "tessaria/memory/ts_text.h"
 
 namespace tessaria::memory {
 namespace {

@@ -1,5 +1,5 @@
 // The record sets of the memory host under the contract of record sets.
-#include "hosts/memory/connection.h"
+#include "tessaria/memory/connection.h"
 #include "tests/ports/record_set_contract.h"
 #include "tests/ports/record_set_doubt_contract.h"
 #include "tests/ports/record_set_edit_contract.h"

@@ -1,5 +1,5 @@
 // The memory host's database under the contract of schemas.
-#include "hosts/memory/connection.h"
+#include "tessaria/memory/connection.h"
 #include "tests/ports/schema_contract.h"
 
 namespace tessaria::contract {

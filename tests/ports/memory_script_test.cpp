@@ -2,11 +2,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "hosts/memory/application.h"
-#include "hosts/memory/connection.h"
-#include "hosts/memory/keys.h"
 #include "hosts/memory/second_statement.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
+#include "tessaria/memory/application.h"
+#include "tessaria/memory/connection.h"
+#include "tessaria/memory/keys.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::memory {

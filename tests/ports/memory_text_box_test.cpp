@@ -1,5 +1,5 @@
 // The text box of the memory host under the contract of text boxes.
-#include "hosts/memory/text_box.h"
+#include "tessaria/memory/text_box.h"
 #include "tests/ports/case_count.h"
 #include "tests/ports/text_box_contract.h"
 #include "tests/ports/text_box_edit_contract.h"

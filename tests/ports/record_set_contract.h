@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/host/data.h"
+#include "tessaria/text.h"
 
 namespace tessaria::contract {
 

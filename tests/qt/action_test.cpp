@@ -13,10 +13,11 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/focus/focus_cycle.h"
-#include "hosts/qt/form/form.h"
 #include "tessaria/host/application.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/settle.h"
+#include "tessaria/qt/text.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/field_fixture.h"
 

@@ -13,6 +13,7 @@
 #include <QToolButton>
 
 #include "hosts/qt/focus/focus_cycle.h"
+#include "tessaria/qt/settle.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

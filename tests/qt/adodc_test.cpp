@@ -1,16 +1,16 @@
 // The data control: rows, moves, edits, refusals, and the order in which a form loads.
-#include "hosts/qt/data/adodc.h"
+#include "tessaria/qt/adodc.h"
 
 #include <QApplication>
 #include <QTest>
 #include <QToolButton>
 
 #include "control/tstext.h"
-#include "hosts/memory/connection.h"
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/form/form.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/memory/connection.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/text.h"
 #include "tests/qt/field_fixture.h"
 #include "tests/support/faulty_rows.h"
 

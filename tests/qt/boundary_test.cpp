@@ -6,10 +6,10 @@
 #include <stdexcept>
 
 #include "control/tstext.h"
-#include "hosts/qt/boundary/event_boundary.h"
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/form/form.h"
 #include "tessaria/host/application.h"
+#include "tessaria/qt/event_boundary.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/text.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/field_fixture.h"
 

@@ -1,6 +1,6 @@
 // Labels as messages and late-bound programs read them, and fields that lie on no form yet.
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/form/form.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/text.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -2,10 +2,10 @@
 #include <QCheckBox>
 #include <QRadioButton>
 
-#include "hosts/qt/form/form.h"
 #include "mask/form_helpers.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/form.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -9,9 +9,9 @@
 #include <QVBoxLayout>
 #include <memory>
 
-#include "hosts/odbc/connection.h"
-#include "hosts/qt/conversion/metatypes.h"
-#include "hosts/qt/conversion/text.h"
+#include "tessaria/odbc/connection.h"
+#include "tessaria/qt/metatypes.h"
+#include "tessaria/qt/text.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/key_queue.h"
 #include "tests/qt/operator.h"

@@ -4,7 +4,7 @@
 #include <QGroupBox>
 #include <QUiLoader>
 
-#include "hosts/memory/connection.h"
+#include "tessaria/memory/connection.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -4,12 +4,12 @@
 #include <QTest>
 
 #include "control/tstext.h"
-#include "hosts/memory/connection.h"
-#include "hosts/qt/conversion/metatypes.h"
-#include "hosts/qt/data/adodc.h"
 #include "hosts/qt/dialogs/tool_bar.h"
-#include "lookup/pesquisa_definition.h"
-#include "runtime/text.h"
+#include "tessaria/memory/connection.h"
+#include "tessaria/pesquisa_definition.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/metatypes.h"
+#include "tessaria/text.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -12,6 +12,7 @@
 #include "control/tstext.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "tessaria/host/application.h"
+#include "tessaria/qt/settle.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/field_fixture.h"
 

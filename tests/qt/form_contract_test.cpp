@@ -8,11 +8,11 @@
 #include <QVBoxLayout>
 #include <map>
 
-#include "hosts/qt/boundary/event_boundary.h"
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/conversion/variants.h"
-#include "hosts/qt/form/form.h"
 #include "tessaria/host/application.h"
+#include "tessaria/qt/event_boundary.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/variants.h"
 #include "tests/ports/action_contract.h"
 #include "tests/qt/operator.h"
 

@@ -3,12 +3,12 @@
 
 #include <QTabWidget>
 
-#include "hosts/qt/conversion/metatypes.h"
 #include "hosts/qt/conversion/units.h"
-#include "hosts/qt/form/form.h"
 #include "hosts/qt/keys/text_box.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/metatypes.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

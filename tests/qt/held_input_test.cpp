@@ -6,7 +6,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "hosts/qt/program/host.h"
+#include "tessaria/qt/host.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::qt::tests {

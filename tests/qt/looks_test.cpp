@@ -8,12 +8,12 @@
 
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/key_codes.h"
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/conversion/units.h"
-#include "hosts/qt/form/form.h"
 #include "hosts/qt/program/application.h"
-#include "hosts/qt/program/host.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/host.h"
+#include "tessaria/qt/text.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -3,8 +3,8 @@
 #include <QMessageBox>
 #include <QTimer>
 
-#include "hosts/qt/program/host.h"
 #include "tessaria/host/application.h"
+#include "tessaria/qt/host.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/field_fixture.h"
 

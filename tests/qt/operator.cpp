@@ -14,7 +14,7 @@
 #include <QTimer>
 #include <utility>
 
-#include "hosts/qt/program/host.h"
+#include "tessaria/qt/host.h"
 
 namespace tessaria::qt::tests {
 namespace {

@@ -9,7 +9,7 @@
 #include <functional>
 #include <vector>
 
-#include "hosts/qt/control/tstext.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt::tests {
 

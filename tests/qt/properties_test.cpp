@@ -6,9 +6,9 @@
 
 #include "control/properties.h"
 #include "control/tstext.h"
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/conversion/variants.h"
-#include "hosts/qt/form/form.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/variants.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -4,9 +4,9 @@
 #include <QUiLoader>
 
 #include "control/tstext.h"
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/data/adodc.h"
-#include "lookup/browse_definition.h"
+#include "tessaria/browse_definition.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/text.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -6,10 +6,10 @@
 #include <map>
 #include <stdexcept>
 
-#include "hosts/memory/connection.h"
-#include "hosts/qt/data/adodc.h"
-#include "hosts/qt/program/host.h"
 #include "tessaria/host/application.h"
+#include "tessaria/memory/connection.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/host.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/field_fixture.h"
 

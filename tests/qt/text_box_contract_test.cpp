@@ -5,9 +5,9 @@
 #include <QVBoxLayout>
 
 #include "hosts/qt/conversion/key_codes.h"
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/keys/text_box.h"
-#include "hosts/qt/program/host.h"
+#include "tessaria/qt/host.h"
+#include "tessaria/qt/text.h"
 #include "tests/ports/case_count.h"
 #include "tests/ports/text_box_contract.h"
 #include "tests/ports/text_box_edit_contract.h"

@@ -1,12 +1,12 @@
 // Values on their way between the core and Qt keep all their digits.
-#include "hosts/qt/conversion/variants.h"
+#include "tessaria/qt/variants.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "hosts/qt/conversion/text.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
+#include "tessaria/qt/text.h"
 #include "tests/support/printers.h"
 
 namespace tessaria::qt {

@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QToolButton>
 
-#include "mask/masks.h"
+#include "tessaria/masks.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -8,10 +8,10 @@
 #include <QTableView>
 #include <QTest>
 
-#include "hosts/odbc/connection.h"
-#include "hosts/qt/conversion/metatypes.h"
-#include "hosts/qt/form/form.h"
-#include "lookup/pesquisa_definition.h"
+#include "tessaria/odbc/connection.h"
+#include "tessaria/pesquisa_definition.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/metatypes.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 #include "tests/support/postgres_cluster.h"
 

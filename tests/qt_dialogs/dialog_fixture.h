@@ -7,10 +7,10 @@
 #include <QVBoxLayout>
 #include <memory>
 
-#include "hosts/memory/text_box.h"
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/program/host.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
+#include "tessaria/memory/text_box.h"
+#include "tessaria/qt/host.h"
+#include "tessaria/qt/text.h"
 #include "tessaria/thread_state.h"
 #include "tests/qt/printers.h"
 #include "tests/qt_dialogs/modal_driver.h"

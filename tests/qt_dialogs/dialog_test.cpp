@@ -8,7 +8,7 @@
 
 #include "hosts/qt/boundary/handles.h"
 #include "hosts/qt/dialogs/coloured_button.h"
-#include "hosts/qt/form/form.h"
+#include "tessaria/qt/form.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -4,9 +4,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "hosts/memory/connection.h"
-#include "hosts/qt/conversion/metatypes.h"
 #include "tessaria/comforts.h"
+#include "tessaria/memory/connection.h"
+#include "tessaria/qt/metatypes.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 
 namespace tessaria::qt::tests {

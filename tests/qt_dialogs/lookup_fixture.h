@@ -6,9 +6,9 @@
 #include <QTest>
 
 #include "browse/lookup_run.h"
-#include "hosts/memory/connection.h"
 #include "hosts/qt/dialogs/tool_bar.h"
-#include "hosts/qt/form/form.h"
+#include "tessaria/memory/connection.h"
+#include "tessaria/qt/form.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 
 namespace tessaria::qt::tests {

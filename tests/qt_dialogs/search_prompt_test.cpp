@@ -8,8 +8,8 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "hosts/qt/form/form.h"
-#include "runtime/text.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/text.h"
 #include "tests/qt_dialogs/lookup_fixture.h"
 #include "tests/support/comma_locale.h"
 

@@ -3,7 +3,7 @@
 
 #include <set>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

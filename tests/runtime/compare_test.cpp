@@ -1,5 +1,5 @@
 // Comparison of values of all kinds.
-#include "runtime/compare.h"
+#include "tessaria/compare.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <ctime>
 #include <initializer_list>
 
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

@@ -3,8 +3,8 @@
 
 #include <limits>
 
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
+#include "tessaria/conversion.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

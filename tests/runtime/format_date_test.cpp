@@ -1,8 +1,8 @@
 // Date patterns.
 #include <gtest/gtest.h>
 
-#include "runtime/conversion.h"
-#include "runtime/format.h"
+#include "tessaria/conversion.h"
+#include "tessaria/format.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

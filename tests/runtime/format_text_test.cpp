@@ -1,7 +1,7 @@
 // Text patterns.
 #include <gtest/gtest.h>
 
-#include "runtime/format.h"
+#include "tessaria/format.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

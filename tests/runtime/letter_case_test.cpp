@@ -1,7 +1,7 @@
 // Capital and small letters.
 #include <gtest/gtest.h>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

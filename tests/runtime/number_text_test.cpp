@@ -4,9 +4,9 @@
 #include <cmath>
 #include <limits>
 
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
 #include "runtime/number_text.h"
+#include "tessaria/conversion.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

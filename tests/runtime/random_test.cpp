@@ -6,10 +6,10 @@
 #include <cmath>
 #include <random>
 
-#include "runtime/compare.h"
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
-#include "runtime/format.h"
+#include "tessaria/compare.h"
+#include "tessaria/conversion.h"
+#include "tessaria/format.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

@@ -3,7 +3,7 @@
 
 #include <limits>
 
-#include "runtime/format.h"
+#include "tessaria/format.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

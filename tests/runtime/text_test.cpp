@@ -1,5 +1,5 @@
 // Text functions: positions from 1.
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // UTF-8.
 #include <gtest/gtest.h>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

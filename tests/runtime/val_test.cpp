@@ -3,7 +3,7 @@
 
 #include <limits>
 
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

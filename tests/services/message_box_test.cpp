@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/memory/application.h"
 #include "tessaria/error.h"
+#include "tessaria/memory/application.h"
 #include "tessaria/thread_state.h"
 #include "tests/support/printers.h"
 

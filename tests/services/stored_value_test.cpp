@@ -5,7 +5,7 @@
 #include <bit>
 #include <limits>
 
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/host/widgets.h"
 #include "tests/support/printers.h"

@@ -1,11 +1,11 @@
-#include "services/text_property_bag.h"
+#include "tessaria/text_property_bag.h"
 
 #include <gtest/gtest.h>
 
-#include "runtime/compare.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/compare.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

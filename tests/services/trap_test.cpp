@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "hosts/memory/application.h"
+#include "tessaria/memory/application.h"
 #include "tests/support/printers.h"
 
 namespace tessaria {

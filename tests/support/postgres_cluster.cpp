@@ -12,7 +12,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::test {
 namespace {

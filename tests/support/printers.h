@@ -8,10 +8,10 @@
 #include <ostream>
 #include <string>
 
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 #include "tessaria/variant.h"
 
 // Texts as UTF-8 in quotes; the framework's own printer escapes all that is not ASCII.

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/memory/dialogs/desktop.h"
-#include "runtime/text.h"
+#include "tessaria/memory/dialogs/desktop.h"
+#include "tessaria/text.h"
 
 namespace tessaria::test {
 

@@ -1,7 +1,7 @@
 #include "apps/demo/play/customer_session.h"
 
-#include "hosts/qt/conversion/text.h"
-#include "services/scramble.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/scramble.h"
 
 namespace tessaria::demo {
 namespace {

@@ -12,8 +12,8 @@
 #include <cstdio>
 
 #include "apps/demo/play/scene.h"
-#include "hosts/qt/control/tstext.h"
 #include "hosts/qt/form/widget_tree.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::demo {
 namespace {

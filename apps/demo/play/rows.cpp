@@ -2,9 +2,9 @@
 
 #include <cstdio>
 
-#include "hosts/odbc/connection.h"
-#include "hosts/qt/conversion/text.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
+#include "tessaria/odbc/connection.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::demo {
 namespace {

@@ -1,6 +1,6 @@
-#include "hosts/memory/dialogs/data_grid.h"
+#include "tessaria/memory/dialogs/data_grid.h"
 
-#include "runtime/format.h"
+#include "tessaria/format.h"
 
 namespace tessaria::memory {
 namespace {

@@ -1,8 +1,8 @@
-#include "hosts/memory/dialogs/desktop.h"
+#include "tessaria/memory/dialogs/desktop.h"
 
 #include <utility>
 
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::memory {

@@ -1,8 +1,8 @@
-#include "hosts/memory/dialogs/dialog.h"
+#include "tessaria/memory/dialogs/dialog.h"
 
 #include <utility>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::memory {
 namespace {

@@ -1,8 +1,8 @@
 // The operator's hands on a memory dialog.
 #include <algorithm>
 
-#include "hosts/memory/dialogs/dialog.h"
-#include "runtime/text.h"
+#include "tessaria/memory/dialogs/dialog.h"
+#include "tessaria/text.h"
 
 namespace tessaria::memory {
 

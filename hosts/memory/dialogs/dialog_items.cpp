@@ -1,4 +1,4 @@
-#include "hosts/memory/dialogs/dialog_items.h"
+#include "tessaria/memory/dialogs/dialog_items.h"
 
 namespace tessaria::memory {
 namespace {

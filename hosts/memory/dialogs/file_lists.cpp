@@ -1,4 +1,4 @@
-#include "hosts/memory/dialogs/file_lists.h"
+#include "tessaria/memory/dialogs/file_lists.h"
 
 namespace tessaria::memory {
 

@@ -1,9 +1,9 @@
-#include "hosts/memory/dialogs/file_system.h"
+#include "tessaria/memory/dialogs/file_system.h"
 
 #include <algorithm>
 
-#include "runtime/text.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria::memory {
 namespace {

@@ -1,8 +1,8 @@
-#include "hosts/memory/dialogs/modal_script.h"
+#include "tessaria/memory/dialogs/modal_script.h"
 
 #include <utility>
 
-#include "hosts/memory/dialogs/dialog.h"
+#include "tessaria/memory/dialogs/dialog.h"
 
 namespace tessaria::memory {
 

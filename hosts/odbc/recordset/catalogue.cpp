@@ -3,8 +3,8 @@
 #include "hosts/odbc/driver/diagnostics.h"
 #include "hosts/odbc/session/key_columns.h"
 #include "hosts/odbc/values/cell.h"
-#include "runtime/text.h"
 #include "tessaria/host/schema.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

@@ -4,10 +4,10 @@
 
 #include "hosts/odbc/driver/diagnostics.h"
 #include "hosts/odbc/values/calendar.h"
-#include "runtime/conversion.h"
 #include "runtime/field_names.h"
 #include "runtime/number_text.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

@@ -7,9 +7,9 @@
 #include "hosts/odbc/driver/diagnostics.h"
 #include "hosts/odbc/rows/find_criterion.h"
 #include "hosts/odbc/values/text_order.h"
-#include "runtime/conversion.h"
 #include "runtime/field_names.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

@@ -6,7 +6,7 @@
 #include "hosts/odbc/driver/diagnostics.h"
 #include "hosts/odbc/values/calendar.h"
 #include "hosts/odbc/values/money.h"
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

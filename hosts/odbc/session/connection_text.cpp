@@ -1,6 +1,6 @@
 #include "hosts/odbc/session/connection_text.h"
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "hosts/odbc/driver/diagnostics.h"
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

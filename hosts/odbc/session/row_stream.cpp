@@ -7,8 +7,8 @@
 
 #include "hosts/odbc/statements/date_texts.h"
 #include "hosts/odbc/statements/statement_source.h"
-#include "runtime/text.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

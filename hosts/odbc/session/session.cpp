@@ -4,8 +4,8 @@
 
 #include "hosts/odbc/session/connection_text.h"
 #include "hosts/odbc/session/dbms_version.h"
-#include "runtime/text.h"
 #include "runtime/well_formed.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

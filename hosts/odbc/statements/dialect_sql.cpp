@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <limits>
 
-#include "runtime/text.h"
 #include "tessaria/host/data.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

@@ -4,8 +4,8 @@
 
 #include "hosts/odbc/driver/diagnostics.h"
 #include "hosts/odbc/statements/hidden_statement.h"
-#include "runtime/text.h"
 #include "runtime/well_formed.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

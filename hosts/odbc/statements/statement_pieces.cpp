@@ -1,6 +1,6 @@
 #include "hosts/odbc/statements/statement_pieces.h"
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

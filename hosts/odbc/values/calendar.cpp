@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
-#include "runtime/text.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 
 namespace tessaria::odbc {
 

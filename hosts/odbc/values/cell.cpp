@@ -5,12 +5,12 @@
 
 #include "hosts/odbc/values/calendar.h"
 #include "hosts/odbc/values/money.h"
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
 #include "runtime/number_text.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/host/data.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

@@ -5,9 +5,9 @@
 #include <limits>
 
 #include "hosts/odbc/values/calendar.h"
-#include "runtime/conversion.h"
 #include "runtime/number_text.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

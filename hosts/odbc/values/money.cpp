@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <limits>
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

@@ -1,6 +1,6 @@
 #include "hosts/odbc/values/text_order.h"
 
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

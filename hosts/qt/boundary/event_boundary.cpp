@@ -1,12 +1,12 @@
-#include "hosts/qt/boundary/event_boundary.h"
+#include "tessaria/qt/event_boundary.h"
 
 #include <QPointer>
 #include <optional>
 #include <vector>
 
 #include "hosts/qt/boundary/handles.h"
-#include "hosts/qt/conversion/text.h"
 #include "tessaria/host/application.h"
+#include "tessaria/qt/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::qt {

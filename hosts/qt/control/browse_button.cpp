@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "hosts/qt/boundary/event_boundary.h"
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/units.h"
+#include "tessaria/qt/event_boundary.h"
 
 static void loadResources() { Q_INIT_RESOURCE(tessaria_qt); }
 

@@ -1,15 +1,15 @@
 #include "hosts/qt/control/control_site.h"
 
-#include "hosts/qt/boundary/event_boundary.h"
 #include "hosts/qt/boundary/handles.h"
-#include "hosts/qt/control/tstext.h"
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/fonts.h"
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/conversion/units.h"
-#include "hosts/qt/form/form.h"
 #include "hosts/qt/form/widget_tree.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/event_boundary.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt {
 

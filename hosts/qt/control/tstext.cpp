@@ -1,4 +1,4 @@
-#include "hosts/qt/control/tstext.h"
+#include "tessaria/qt/tstext.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -6,16 +6,16 @@
 #include "hosts/qt/control/tstext_parts.h"
 #include "hosts/qt/conversion/key_codes.h"
 #include "hosts/qt/conversion/label_text.h"
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/conversion/units.h"
 #include "hosts/qt/focus/dialog_keys.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/focus/form_events.h"
 #include "hosts/qt/form/widget_tree.h"
-#include "hosts/qt/program/host.h"
-#include "lookup/browse_definition.h"
-#include "lookup/pesquisa_definition.h"
-#include "services/text_property_bag.h"
+#include "tessaria/browse_definition.h"
+#include "tessaria/pesquisa_definition.h"
+#include "tessaria/qt/host.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/text_property_bag.h"
 
 namespace tessaria::qt {
 namespace {

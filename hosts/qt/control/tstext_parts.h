@@ -4,10 +4,10 @@
 #include "control/tstext.h"
 #include "hosts/qt/control/browse_button.h"
 #include "hosts/qt/control/control_site.h"
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/conversion/variants.h"
 #include "hosts/qt/keys/line_edit.h"
 #include "hosts/qt/keys/text_box.h"
+#include "tessaria/qt/tstext.h"
+#include "tessaria/qt/variants.h"
 
 namespace tessaria::qt {
 

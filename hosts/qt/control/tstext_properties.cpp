@@ -4,7 +4,7 @@
 #include "hosts/qt/control/tstext_parts.h"
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/fonts.h"
-#include "hosts/qt/conversion/text.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
 

@@ -2,7 +2,7 @@
 
 #include <QFontInfo>
 
-#include "hosts/qt/conversion/text.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
 

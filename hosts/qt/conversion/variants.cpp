@@ -1,4 +1,4 @@
-#include "hosts/qt/conversion/variants.h"
+#include "tessaria/qt/variants.h"
 
 #include <QColor>
 #include <QDateTime>
@@ -8,10 +8,10 @@
 
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/fonts.h"
-#include "hosts/qt/conversion/text.h"
-#include "runtime/conversion.h"
 #include "runtime/digits.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
 namespace {

@@ -1,4 +1,4 @@
-#include "hosts/qt/data/adodc.h"
+#include "tessaria/qt/adodc.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -7,14 +7,15 @@
 #include <QStyle>
 #include <QToolButton>
 
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/data/row_in_doubt.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/focus/form_events.h"
 #include "hosts/qt/form/widget_tree.h"
-#include "hosts/qt/program/host.h"
-#include "runtime/text.h"
+#include "tessaria/qt/host.h"
+#include "tessaria/qt/settle.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/tstext.h"
+#include "tessaria/text.h"
 
 namespace tessaria::qt {
 namespace {

@@ -3,8 +3,8 @@
 #include <utility>
 #include <vector>
 
-#include "runtime/conversion.h"
 #include "runtime/stored_match.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 
 namespace tessaria::qt {

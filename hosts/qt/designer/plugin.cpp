@@ -2,8 +2,8 @@
 
 #include <QIcon>
 
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/data/adodc.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt {
 namespace {

@@ -6,11 +6,11 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include "hosts/qt/conversion/text.h"
-#include "runtime/compare.h"
 #include "runtime/field_names.h"
-#include "runtime/text.h"
 #include "services/busy_pointer.h"
+#include "tessaria/compare.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::qt {
 namespace {

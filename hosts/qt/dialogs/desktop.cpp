@@ -6,12 +6,12 @@
 #include <QScreen>
 #include <cmath>
 
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/conversion/variants.h"
 #include "hosts/qt/dialogs/dialog.h"
 #include "hosts/qt/dialogs/folders.h"
 #include "hosts/qt/dialogs/volumes.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/variants.h"
 
 namespace tessaria::qt {
 namespace {

@@ -5,12 +5,12 @@
 
 #include "hosts/qt/boundary/handles.h"
 #include "hosts/qt/conversion/colours.h"
-#include "hosts/qt/conversion/metatypes.h"
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/conversion/units.h"
 #include "hosts/qt/dialogs/layouts.h"
 #include "hosts/qt/dialogs/make_item.h"
-#include "runtime/text.h"
+#include "tessaria/qt/metatypes.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::qt {
 namespace {

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "hosts/qt/boundary/event_boundary.h"
+#include "tessaria/qt/event_boundary.h"
 
 namespace tessaria::qt {
 

@@ -2,8 +2,8 @@
 
 #include <QStyle>
 
-#include "hosts/qt/conversion/text.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
 namespace {

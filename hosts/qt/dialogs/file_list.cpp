@@ -3,8 +3,8 @@
 #include <QFocusEvent>
 #include <algorithm>
 
-#include "hosts/qt/conversion/text.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
 

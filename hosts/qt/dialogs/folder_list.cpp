@@ -1,6 +1,6 @@
 #include "hosts/qt/dialogs/folder_list.h"
 
-#include "hosts/qt/conversion/text.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
 

@@ -3,8 +3,8 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include "hosts/qt/conversion/text.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
 namespace {

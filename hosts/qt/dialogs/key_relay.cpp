@@ -1,7 +1,7 @@
 #include "hosts/qt/dialogs/key_relay.h"
 
 #include "hosts/qt/conversion/key_codes.h"
-#include "runtime/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::qt {
 namespace {

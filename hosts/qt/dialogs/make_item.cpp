@@ -1,6 +1,5 @@
 #include "hosts/qt/dialogs/make_item.h"
 
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/dialogs/data_grid.h"
 #include "hosts/qt/dialogs/drive_list.h"
 #include "hosts/qt/dialogs/file_list.h"
@@ -8,6 +7,7 @@
 #include "hosts/qt/dialogs/simple_items.h"
 #include "hosts/qt/dialogs/tool_bar.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
 namespace {

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "hosts/qt/conversion/text.h"
 #include "lookup/field_types.h"
-#include "runtime/conversion.h"
-#include "runtime/format.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/format.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
 namespace {

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/conversion/variants.h"
-#include "hosts/qt/form/form.h"
-#include "runtime/conversion.h"
+#include "tessaria/conversion.h"
 #include "tessaria/host/widgets.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/variants.h"
 
 namespace tessaria::qt {
 

@@ -5,9 +5,9 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "hosts/qt/control/tstext.h"
 #include "hosts/qt/dialogs/coloured_button.h"
 #include "hosts/qt/dialogs/dialog_item.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt {
 

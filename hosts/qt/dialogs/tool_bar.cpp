@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 #include <QStyle>
 
-#include "hosts/qt/conversion/text.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
 namespace {

@@ -13,11 +13,11 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/data/adodc.h"
 #include "hosts/qt/focus/dialog_keys.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/form/widget_tree.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt {
 namespace {

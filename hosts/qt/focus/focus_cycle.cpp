@@ -3,9 +3,9 @@
 #include <QMenuBar>
 #include <utility>
 
-#include "hosts/qt/control/tstext.h"
 #include "hosts/qt/form/widget_tree.h"
 #include "hosts/qt/keys/line_edit.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt {
 namespace {
@@ -127,13 +127,6 @@ void FocusCycle::enterAgain() {
 void FocusCycle::windowHidden() {
   inside_ = nullptr;
   box_ = nullptr;
-}
-
-bool settle(QWidget* widget, const QString& action) {
-  FocusCycle* cycle = FocusCycle::existing(widget->window());
-  if (!cycle) return true;
-  if (action.isEmpty()) return cycle->settleField();
-  return cycle->settleField({makeActionPort(action, *formOf(widget)), {action}});
 }
 
 }  // namespace tessaria::qt

@@ -9,12 +9,13 @@
 #include <algorithm>
 
 #include "hosts/qt/boundary/window_in_front.h"
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/data/adodc.h"
 #include "hosts/qt/dialogs/dialog_window.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/form/widget_tree.h"
 #include "hosts/qt/keys/line_edit.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/settle.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt {
 namespace {

@@ -4,11 +4,11 @@
 #include <QPointer>
 #include <QToolButton>
 
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/form/form.h"
 #include "hosts/qt/form/widget_tree.h"
-#include "runtime/text.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/form.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::qt {
 namespace {

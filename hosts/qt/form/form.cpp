@@ -1,18 +1,18 @@
-#include "hosts/qt/form/form.h"
+#include "tessaria/qt/form.h"
 
 #include <QLabel>
 #include <QTabWidget>
 
 #include "control/tstext.h"
-#include "hosts/qt/control/tstext.h"
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/label_text.h"
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/data/adodc.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/form/widget_port.h"
 #include "hosts/qt/form/widget_tree.h"
-#include "runtime/text.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/tstext.h"
+#include "tessaria/text.h"
 
 namespace tessaria::qt {
 namespace {

@@ -7,16 +7,16 @@
 #include <type_traits>
 
 #include "control/properties.h"
-#include "hosts/qt/control/tstext.h"
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/label_text.h"
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/conversion/units.h"
-#include "hosts/qt/conversion/variants.h"
 #include "hosts/qt/form/widget_port.h"
-#include "runtime/conversion.h"
-#include "runtime/text.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/tstext.h"
+#include "tessaria/qt/variants.h"
+#include "tessaria/text.h"
 
 namespace tessaria::qt {
 namespace {

@@ -8,11 +8,11 @@
 #include <QRadioButton>
 #include <QTabWidget>
 
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/conversion/units.h"
-#include "hosts/qt/data/adodc.h"
 #include "hosts/qt/form/widget_tree.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt {
 namespace {

@@ -47,8 +47,8 @@ class WidgetPort : public Port {
 
 }  // namespace tessaria::qt
 
-#include "hosts/qt/form/form.h"
 #include "hosts/qt/form/late_binding.h"
+#include "tessaria/qt/form.h"
 
 namespace tessaria::qt {
 

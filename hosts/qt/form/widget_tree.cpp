@@ -9,8 +9,8 @@
 #include <QTabBar>
 #include <QTabWidget>
 
-#include "hosts/qt/control/tstext.h"
-#include "hosts/qt/data/adodc.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt {
 namespace {

@@ -8,12 +8,12 @@
 #include <utility>
 
 #include "hosts/qt/conversion/key_codes.h"
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/focus/dialog_keys.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/keys/line_edit_scopes.h"
-#include "runtime/text.h"
 #include "tessaria/comforts.h"
+#include "tessaria/qt/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::qt {
 namespace {

@@ -5,13 +5,13 @@
 #include <algorithm>
 
 #include "hosts/qt/conversion/key_codes.h"
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/keys/line_edit.h"
 #include "hosts/qt/keys/paste_refusal.h"
 #include "mask/key_class.h"
-#include "mask/masks.h"
 #include "tessaria/comforts.h"
 #include "tessaria/host/application.h"
+#include "tessaria/masks.h"
+#include "tessaria/qt/text.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::qt {

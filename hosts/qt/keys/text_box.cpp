@@ -1,11 +1,11 @@
 #include "hosts/qt/keys/text_box.h"
 
-#include "hosts/qt/boundary/event_boundary.h"
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/fonts.h"
-#include "hosts/qt/conversion/text.h"
 #include "hosts/qt/conversion/units.h"
 #include "hosts/qt/form/widget_tree.h"
+#include "tessaria/qt/event_boundary.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
 namespace {

@@ -5,14 +5,14 @@
 #include <QFileInfo>
 #include <QImageReader>
 
-#include "hosts/qt/boundary/event_boundary.h"
 #include "hosts/qt/boundary/handles.h"
 #include "hosts/qt/boundary/held_input.h"
 #include "hosts/qt/boundary/window_in_front.h"
-#include "hosts/qt/conversion/text.h"
-#include "hosts/qt/program/host.h"
 #include "hosts/qt/program/message_box.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/event_boundary.h"
+#include "tessaria/qt/host.h"
+#include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
 namespace {

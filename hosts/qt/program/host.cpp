@@ -1,4 +1,4 @@
-#include "hosts/qt/program/host.h"
+#include "tessaria/qt/host.h"
 
 #include <QApplication>
 #include <QLibraryInfo>

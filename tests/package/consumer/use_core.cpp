@@ -1,8 +1,8 @@
 // The core from outside: a mask laid out and stripped, and an error with its number.
 #include <iostream>
 
-#include "mask/masks.h"
 #include "tessaria/error.h"
+#include "tessaria/masks.h"
 #include "tessaria/variant.h"
 
 int main() {

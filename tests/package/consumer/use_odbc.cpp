@@ -1,8 +1,8 @@
 // The database layer from outside: a connection that cannot be opened says why.
 #include <iostream>
 
-#include "hosts/odbc/connection.h"
 #include "tessaria/error.h"
+#include "tessaria/odbc/connection.h"
 
 int main() {
   const auto connection = tessaria::odbc::CreateConnection();

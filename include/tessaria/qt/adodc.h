@@ -4,9 +4,9 @@
 #include <QWidget>
 #include <functional>
 
-#include "hosts/qt/boundary/event_boundary.h"
-#include "hosts/qt/conversion/metatypes.h"
 #include "tessaria/host/data.h"
+#include "tessaria/qt/event_boundary.h"
+#include "tessaria/qt/metatypes.h"
 
 class QKeySequence;
 class QLabel;

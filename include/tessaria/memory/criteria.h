@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "hosts/memory/table.h"
+#include "tessaria/memory/table.h"
 
 namespace tessaria::memory {
 

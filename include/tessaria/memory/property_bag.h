@@ -4,8 +4,8 @@
 #include <map>
 #include <vector>
 
-#include "services/text_property_bag.h"
 #include "tessaria/error.h"
+#include "tessaria/text_property_bag.h"
 
 namespace tessaria::memory {
 

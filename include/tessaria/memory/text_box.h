@@ -4,8 +4,8 @@
 #include <memory>
 #include <set>
 
-#include "hosts/memory/keys.h"
 #include "tessaria/host/widgets.h"
+#include "tessaria/memory/keys.h"
 
 namespace tessaria::memory {
 

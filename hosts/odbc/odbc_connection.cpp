@@ -1,11 +1,11 @@
-#include "hosts/odbc/connection.h"
+#include "hosts/odbc/odbc_connection.h"
 
 #include "hosts/odbc/driver/diagnostics.h"
-#include "hosts/odbc/odbc_connection.h"
 #include "hosts/odbc/recordset/catalogue.h"
 #include "hosts/odbc/recordset/recordset.h"
-#include "runtime/text.h"
 #include "runtime/well_formed.h"
+#include "tessaria/odbc/connection.h"
+#include "tessaria/text.h"
 
 namespace tessaria::odbc {
 namespace {

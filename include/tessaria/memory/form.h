@@ -5,9 +5,9 @@
 #include <memory>
 #include <vector>
 
-#include "hosts/memory/keys.h"
-#include "hosts/memory/part.h"
 #include "tessaria/host/form.h"
+#include "tessaria/memory/keys.h"
+#include "tessaria/memory/part.h"
 
 namespace tessaria::memory {
 

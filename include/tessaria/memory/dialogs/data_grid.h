@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "hosts/memory/dialogs/dialog_item.h"
+#include "tessaria/memory/dialogs/dialog_item.h"
 
 namespace tessaria::memory {
 

@@ -8,7 +8,7 @@
 #include <QWidget>
 #include <memory>
 
-#include "hosts/qt/boundary/event_boundary.h"
+#include "tessaria/qt/event_boundary.h"
 #include "tessaria/tstext_interface.h"
 
 class QLabel;

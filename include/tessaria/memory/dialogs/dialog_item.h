@@ -4,10 +4,10 @@
 #include <memory>
 #include <utility>
 
-#include "hosts/memory/form.h"
-#include "hosts/memory/keys.h"
-#include "hosts/memory/part.h"
 #include "tessaria/host/dialog.h"
+#include "tessaria/memory/form.h"
+#include "tessaria/memory/keys.h"
+#include "tessaria/memory/part.h"
 
 namespace tessaria::memory {
 

@@ -5,11 +5,11 @@
 #include <memory>
 #include <vector>
 
-#include "hosts/memory/command_button.h"
-#include "hosts/memory/form.h"
-#include "hosts/memory/part.h"
-#include "hosts/memory/text_box.h"
 #include "tessaria/host/control.h"
+#include "tessaria/memory/command_button.h"
+#include "tessaria/memory/form.h"
+#include "tessaria/memory/part.h"
+#include "tessaria/memory/text_box.h"
 
 namespace tessaria {
 class tsText;

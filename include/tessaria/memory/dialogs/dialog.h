@@ -4,13 +4,13 @@
 #include <memory>
 #include <vector>
 
-#include "hosts/memory/dialogs/data_grid.h"
-#include "hosts/memory/dialogs/dialog_items.h"
-#include "hosts/memory/dialogs/dialog_part.h"
-#include "hosts/memory/dialogs/file_lists.h"
-#include "hosts/memory/dialogs/modal_script.h"
-#include "hosts/memory/form.h"
 #include "tessaria/host/dialog.h"
+#include "tessaria/memory/dialogs/data_grid.h"
+#include "tessaria/memory/dialogs/dialog_items.h"
+#include "tessaria/memory/dialogs/dialog_part.h"
+#include "tessaria/memory/dialogs/file_lists.h"
+#include "tessaria/memory/dialogs/modal_script.h"
+#include "tessaria/memory/form.h"
 
 namespace tessaria::memory {
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "lookup/grid_columns.h"
+#include "tessaria/grid_columns.h"
 #include "tessaria/host/control.h"
 
 namespace tessaria {

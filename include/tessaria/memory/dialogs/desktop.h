@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "hosts/memory/dialogs/dialog.h"
+#include "tessaria/memory/dialogs/dialog.h"
 
 namespace tessaria::memory {
 

@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "hosts/memory/dialogs/dialog_item.h"
-#include "hosts/memory/ts_text.h"
+#include "tessaria/memory/dialogs/dialog_item.h"
+#include "tessaria/memory/ts_text.h"
 
 namespace tessaria::memory {
 

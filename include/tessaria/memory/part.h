@@ -3,10 +3,10 @@
 
 #include <memory>
 
-#include "hosts/memory/keys.h"
-#include "hosts/memory/late_bound.h"
 #include "tessaria/error.h"
 #include "tessaria/host/form.h"
+#include "tessaria/memory/keys.h"
+#include "tessaria/memory/late_bound.h"
 #include "tessaria/tstext_interface.h"
 
 namespace tessaria::memory {

@@ -3,7 +3,7 @@
 
 #include <QVariant>
 
-#include "hosts/qt/conversion/metatypes.h"
+#include "tessaria/qt/metatypes.h"
 #include "tessaria/variant.h"
 
 namespace tessaria::qt {

@@ -8,8 +8,8 @@
 #include <optional>
 #include <vector>
 
-#include "hosts/memory/recordset.h"
-#include "hosts/memory/table.h"
+#include "tessaria/memory/recordset.h"
+#include "tessaria/memory/table.h"
 
 namespace tessaria::memory {
 

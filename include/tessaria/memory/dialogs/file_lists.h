@@ -1,8 +1,8 @@
 // The lists of drives, folders and files of memory dialogs.
 #pragma once
 
-#include "hosts/memory/dialogs/dialog_item.h"
-#include "hosts/memory/dialogs/file_system.h"
+#include "tessaria/memory/dialogs/dialog_item.h"
+#include "tessaria/memory/dialogs/file_system.h"
 
 namespace tessaria::memory {
 

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "hosts/memory/part.h"
+#include "tessaria/memory/part.h"
 
 namespace tessaria::memory {
 

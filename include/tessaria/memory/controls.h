@@ -4,9 +4,9 @@
 #include <functional>
 #include <vector>
 
-#include "hosts/memory/connection.h"
-#include "hosts/memory/part.h"
 #include "tessaria/host/widgets.h"
+#include "tessaria/memory/connection.h"
+#include "tessaria/memory/part.h"
 
 namespace tessaria::memory {
 

@@ -5,9 +5,9 @@
 #include <memory>
 #include <vector>
 
-#include "hosts/memory/criteria.h"
-#include "hosts/memory/table.h"
 #include "tessaria/host/data.h"
+#include "tessaria/memory/criteria.h"
+#include "tessaria/memory/table.h"
 
 namespace tessaria::memory {
 
