@@ -10,6 +10,7 @@
 #include "lookup/field_types.h"
 #include "runtime/field_names.h"
 #include "services/busy_pointer.h"
+#include "services/key_codes.h"
 #include "services/message_box.h"
 #include "services/trap.h"
 #include "tessaria/conversion.h"
@@ -23,8 +24,6 @@ namespace {
 
 using host::WidgetKind;
 
-constexpr Integer kKeyEnter = 13;
-constexpr Integer kKeyEscape = 27;
 constexpr Integer kKeyPageUp = 33;
 constexpr Integer kKeyPageDown = 34;
 constexpr Integer kKeyBeforeF1 = 111;
@@ -34,7 +33,7 @@ constexpr Integer kShiftControl = 2;
 constexpr Long kBesideGrid = 120;
 constexpr Long kAboveGrid = 435;
 
-constexpr host::WidgetDescription kWidgets[] = {
+constexpr host::WidgetDescription kListWidgets[] = {
     {u"lblTitulo", WidgetKind::Label},
     {u"barBrowse", WidgetKind::ToolBar, u"&Pesquisar", u"Pesquisar"},
     {u"grdBrowse", WidgetKind::DataGrid, u"Registros"},
@@ -70,7 +69,7 @@ bool IsJumpCharacter(char16_t c) {
 }  // namespace
 
 const host::DialogDescription& frmBrowse::Description() {
-  static const host::DialogDescription description{u"frmBrowse", u"Pesquisa", kWidgets};
+  static const host::DialogDescription description{u"frmBrowse", u"Pesquisa", kListWidgets};
   return description;
 }
 

@@ -26,7 +26,7 @@ constexpr Long kLeastWidth = 3500;
 constexpr Long kEdge = 100;
 constexpr Long kCancelFromRight = 1700;
 
-constexpr host::WidgetDescription kWidgets[] = {
+constexpr host::WidgetDescription kPromptWidgets[] = {
     {u"editPesquisa", WidgetKind::TsText, u"Valor a pesquisar"},
     {u"btnOk", WidgetKind::CommandButton, u"&Ok"},
     {u"btnCancelar", WidgetKind::CommandButton, u"&Cancelar"},
@@ -35,7 +35,7 @@ constexpr host::WidgetDescription kWidgets[] = {
 }  // namespace
 
 const host::DialogDescription& frmTsPesquisa::Description() {
-  static const host::DialogDescription description{u"frmTsPesquisa", u"Pesquisa", kWidgets};
+  static const host::DialogDescription description{u"frmTsPesquisa", u"Pesquisa", kPromptWidgets};
   return description;
 }
 

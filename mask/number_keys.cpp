@@ -12,22 +12,22 @@ using namespace mdlObjTxt;
 
 namespace {
 
-constexpr StringView kComma = u",";
+constexpr StringView kDecimalComma = u",";
 constexpr StringView kSign = u"-";
 
 /// "," and "." both: puts the comma in, or jumps behind the one that lies to the right.
 void TypeComma(Keystroke& k) {
   const String text = TypedText(k.field);
   const Long caret = k.box.SelStart();
-  const Long comma = InStr(text, kComma);
+  const Long comma = InStr(text, kDecimalComma);
   if (comma > 0 && comma < caret + 1) return k.SwallowWithBeep();
   if (comma > 0) {
     k.box.SelStart(comma);
   } else {
-    const String composed = Left(text, caret).append(kComma) + Mid(text, caret + 1);
+    const String composed = Left(text, caret).append(kDecimalComma) + Mid(text, caret + 1);
     if (!k.HasRoomFor(composed)) return k.SwallowWithBeep();
     k.box.Text(composed);
-    k.box.SelStart(InStr(k.box.Text(), kComma));
+    k.box.SelStart(InStr(k.box.Text(), kDecimalComma));
   }
   k.Swallow();
 }
@@ -35,7 +35,7 @@ void TypeComma(Keystroke& k) {
 /// Only in a mask that is a number: the slots of all others take the key before it comes here.
 void BackspaceNumber(Keystroke& k) {
   const String text = TypedText(k.field);
-  if (Mid(text, k.box.SelStart(), 1) != kComma) return;
+  if (Mid(text, k.box.SelStart(), 1) != kDecimalComma) return;
   if (TiraVirgulaExcede(text, k.mask, k.box.MaxLength())) k.SwallowWithBeep();
 }
 
@@ -52,7 +52,7 @@ void TypeMinus(Keystroke& k) {
   const String typed = allSelected ? String() : TextForSign(k);
   const String before = k.field.Texto();
   k.field.GuardaTexto(typed);
-  const Long comma = InStr(typed, kComma);
+  const Long comma = InStr(typed, kDecimalComma);
   const Long integers = comma > 0 ? comma - 1 : Len(typed);
   if (!k.field.ValorNegativo() || integers >= k.Capacity()) return k.SwallowWithBeep();
   if (StartsWith(typed, kSign)) return k.SwallowWithBeep();
@@ -83,8 +83,8 @@ String TextWithoutSelection(const Keystroke& k) {
   const String selected = Mid(text, k.box.SelStart() + 1, k.box.SelLength());
   if (selected.empty()) return text;
   const String before = Left(text, k.box.SelStart());
-  const bool keepsComma = InStr(selected, kComma) > 0 && selected != text;
-  return before + String(keepsComma ? kComma : StringView()) +
+  const bool keepsComma = InStr(selected, kDecimalComma) > 0 && selected != text;
+  return before + String(keepsComma ? kDecimalComma : StringView()) +
          Right(text, Len(text) - Len(before) - Len(selected));
 }
 
@@ -92,7 +92,7 @@ String TextWithoutSelection(const Keystroke& k) {
 void TypeDigit(Keystroke& k) {
   if (k.box.MaxLength() == 0) return;
   const String text = TextWithoutSelection(k);
-  const Long comma = InStr(text, kComma);
+  const Long comma = InStr(text, kDecimalComma);
   const Long integerEnd = comma > 0 ? comma : Len(text) + 1;
   if (integerEnd > k.Capacity() && integerEnd >= k.box.SelStart() + 1) k.SwallowWithBeep();
 }

@@ -2,6 +2,7 @@
 
 #include "services/coloured_button.h"
 #include "services/dialog_placement.h"
+#include "services/key_codes.h"
 #include "tessaria/compare.h"
 #include "tessaria/conversion.h"
 #include "tessaria/host/application.h"
@@ -18,10 +19,9 @@ using host::WidgetKind;
 constexpr Colour kBlue = 0xFF0000;
 constexpr Colour kRed = 255;
 constexpr int kDigitCount = 10;
-constexpr Integer kKeyEscape = 27;
 constexpr Integer kKeyComma = 44;
 
-constexpr host::WidgetDescription kWidgets[] = {
+constexpr host::WidgetDescription kCalculatorWidgets[] = {
     {u"txtVisor", WidgetKind::TextBox, u"Visor"},
     {u"btnNumero", WidgetKind::CommandButton, u"0", {}, 0},
     {u"btnNumero", WidgetKind::CommandButton, u"1", {}, 1},
@@ -64,7 +64,8 @@ constexpr StringView kResetOnDigit = u"CD";
 }  // namespace
 
 const host::DialogDescription& frmCalculadora::Description() {
-  static const host::DialogDescription description{u"frmCalculadora", u"Calculadora", kWidgets};
+  static const host::DialogDescription description{u"frmCalculadora", u"Calculadora",
+                                                   kCalculatorWidgets};
   return description;
 }
 

@@ -3,6 +3,7 @@
 #include "mask/dates.h"
 #include "services/box_state.h"
 #include "services/dialog_placement.h"
+#include "services/key_codes.h"
 #include "tessaria/comforts.h"
 #include "tessaria/conversion.h"
 #include "tessaria/host/application.h"
@@ -13,10 +14,7 @@ namespace tessaria {
 
 namespace {
 
-constexpr Integer kKeyEnter = 13;
-constexpr Integer kKeyEscape = 27;
-
-constexpr host::WidgetDescription kWidgets[] = {
+constexpr host::WidgetDescription kCalendarWidgets[] = {
     {u"Calendario", host::WidgetKind::Calendar, u"Calendário"},
 };
 
@@ -44,7 +42,8 @@ Date StartDateKeepingBox(host::TextBox& box, const String& text, const String& m
 }  // namespace
 
 const host::DialogDescription& frmCalendario::Description() {
-  static const host::DialogDescription description{u"frmCalendario", u"Calendário", kWidgets};
+  static const host::DialogDescription description{u"frmCalendario", u"Calendário",
+                                                   kCalendarWidgets};
   return description;
 }
 

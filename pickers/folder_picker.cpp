@@ -1,6 +1,7 @@
 #include "pickers/folder_picker.h"
 
 #include "services/dialog_placement.h"
+#include "services/key_codes.h"
 #include "services/message_box.h"
 #include "tessaria/conversion.h"
 #include "tessaria/host/application.h"
@@ -13,10 +14,9 @@ namespace {
 
 using host::WidgetKind;
 
-constexpr Integer kKeyEnter = 13;
 constexpr StringView kAllFiles = u"*.*";
 
-constexpr host::WidgetDescription kWidgets[] = {
+constexpr host::WidgetDescription kPickerWidgets[] = {
     {u"lblCaption", WidgetKind::Label, u"Selecione o Diretório"},
     {u"drvDiretorio", WidgetKind::DriveList, u"Unidade"},
     {u"btnConfirmar", WidgetKind::CommandButton, u"&Confirmar", u"Confirmar"},
@@ -37,7 +37,7 @@ void ShowBox(const String& text, Long flags) { mdlMsgBox::ExibeMensagem(0, text,
 }  // namespace
 
 const host::DialogDescription& frmDiretorio::Description() {
-  static const host::DialogDescription description{u"frmDiretorio", u"Diretório", kWidgets};
+  static const host::DialogDescription description{u"frmDiretorio", u"Diretório", kPickerWidgets};
   return description;
 }
 

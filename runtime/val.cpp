@@ -12,7 +12,7 @@ namespace tessaria {
 
 namespace {
 
-constexpr int kMostExponent = 100000;  // far outside the range of doubles
+constexpr int kLargestExponent = 100000;  // far outside the range of doubles
 
 bool TakeOneOf(StringView& rest, StringView letters) {
   if (rest.empty() || letters.find(rest.front()) == StringView::npos) return false;
@@ -28,7 +28,7 @@ void TakeDigits(StringView& rest, std::string& digits) {
 
 // "&H1F", "&O17", "&17". Up to 16 bits are a signed number of 16 bits, as "&HFFFF" is -1; more,
 // or an "&" behind, make it one of 32.
-double ReadBits(StringView rest) {
+double ValueOfBits(StringView rest) {
   const int shift = TakeOneOf(rest, u"Hh") ? 4 : 3;
   if (shift == 3) TakeOneOf(rest, u"Oo");
   std::uint32_t bits = 0;
@@ -46,7 +46,7 @@ int ReadExponent(StringView rest) {
   if (!negative) TakeOneOf(rest, u"+");
   int exponent = 0;
   for (; !rest.empty() && IsDigit(rest.front()); rest.remove_prefix(1)) {
-    exponent = std::min(exponent * 10 + DigitValue(rest.front()), kMostExponent);
+    exponent = std::min(exponent * 10 + DigitValue(rest.front()), kLargestExponent);
   }
   return negative ? -exponent : exponent;
 }
@@ -57,7 +57,7 @@ double Val(StringView text) {
   String bare;  // blanks do not count, not even between digits
   std::ranges::remove_copy_if(text, std::back_inserter(bare), IsWhite);
   StringView rest = bare;
-  if (TakeOneOf(rest, u"&")) return ReadBits(rest);
+  if (TakeOneOf(rest, u"&")) return ValueOfBits(rest);
   Digits value;
   value.Negative = TakeOneOf(rest, u"-");
   if (!value.Negative) TakeOneOf(rest, u"+");

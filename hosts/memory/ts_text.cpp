@@ -14,7 +14,7 @@ constexpr Integer kSpace = 32;
 constexpr Integer kEnter = 13;
 
 /// A window token of its own for each surface.
-Long NextWindow() {
+Long NextSurface() {
   static thread_local Long last = 0;
   return ++last;
 }
@@ -56,7 +56,7 @@ class TsText::Site final : public host::ControlSite {
 
  private:
   TsText& owner_;
-  Long window_ = NextWindow();
+  Long window_ = NextSurface();
 };
 
 /// Keeps each event, then hands it to the application's handler.

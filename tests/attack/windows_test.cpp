@@ -22,7 +22,7 @@ namespace {
 
 using qt::TsText;
 
-constexpr std::size_t kFields = 4;
+constexpr std::size_t kFieldsOfAWindow = 4;
 constexpr int kSteps = 40;
 constexpr int kModalLook = 2;  // milliseconds
 constexpr long long kBytesAForm = 512;
@@ -46,7 +46,7 @@ class Life {
     window_->setObjectName(QStringLiteral("frmAtaque"));
     window_->setProperty("dbForm", QVariant::fromValue(host::ConnectionPtr(connection_)));
     auto* layout = new QVBoxLayout(window_);
-    for (std::size_t i = 0; i < kFields; ++i) AddField(*layout, i);
+    for (std::size_t i = 0; i < kFieldsOfAWindow; ++i) AddField(*layout, i);
     auto* button = new QPushButton(QStringLiteral("&Gravar"));
     layout->addWidget(button);
     if (moment == Moment::InAHandler) CloseInAHandler();
@@ -77,10 +77,13 @@ class Life {
     field->setBrowseTable(QStringLiteral("clientes"));
     field->setBrwCampo(QStringLiteral("codigo"));
     field->setBrwCampoIrmao(QStringLiteral("nome"));
-    field->setTxtIrmao(NameOf((number + 1 + random_.Below(kFields - 1)) % kFields));
+    field->setTxtIrmao(
+        NameOf((number + 1 + random_.Below(kFieldsOfAWindow - 1)) % kFieldsOfAWindow));
     field->setMascara(qt::toQt(RandomMask(random_)));
   }
-  TsText& AnyField() { return *window_->findChild<TsText*>(NameOf(random_.Below(kFields))); }
+  TsText& AnyField() {
+    return *window_->findChild<TsText*>(NameOf(random_.Below(kFieldsOfAWindow)));
+  }
 
   void CloseInAHandler() {
     TsText& field = AnyField();

@@ -1,6 +1,7 @@
 // The button when something goes wrong: a fault in a dialog, and forms that close under it.
 
 #include "tests/control/button_fixture.h"
+#include "tests/control/shared_values.h"
 
 namespace tessaria::test {
 namespace {
@@ -9,8 +10,6 @@ using memory::Key;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-const char16_t* const silenced = u"Nao Dispara Valida";
 
 // --- Faults -------------------------------------------------------------------------------------
 

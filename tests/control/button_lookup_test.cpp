@@ -2,6 +2,7 @@
 
 #include "tessaria/comforts.h"
 #include "tests/control/button_fixture.h"
+#include "tests/control/shared_values.h"
 
 namespace tessaria::test {
 namespace {
@@ -10,8 +11,6 @@ using memory::Key;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-const char16_t* const silenced = u"Nao Dispara Valida";
 
 // --- Whose texts they are -----------------------------------------------------------------------
 

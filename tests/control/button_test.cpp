@@ -3,6 +3,7 @@
 #include "tessaria/comforts.h"
 #include "tessaria/masks.h"
 #include "tests/control/button_fixture.h"
+#include "tests/control/shared_values.h"
 
 namespace tessaria::test {
 namespace {
@@ -11,8 +12,6 @@ using memory::Key;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-const char16_t* const silenced = u"Nao Dispara Valida";
 
 // --- Every kind ---------------------------------------------------------------------------------
 

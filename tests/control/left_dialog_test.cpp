@@ -4,6 +4,7 @@
 #include "tessaria/text.h"
 #include "tests/control/button_fixture.h"
 #include "tests/control/raw_rows.h"
+#include "tests/control/shared_values.h"
 
 namespace tessaria::test {
 namespace {
@@ -11,8 +12,6 @@ namespace {
 using memory::Key;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-const Variant null = Variant::Null();
 
 /// One field with a dialog on one row.
 class LeftDialog : public ButtonTest {

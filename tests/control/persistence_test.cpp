@@ -8,6 +8,7 @@
 #include "pickers/folder_picker.h"
 #include "tessaria/text_property_bag.h"
 #include "tests/control/control_fixture.h"
+#include "tests/control/shared_values.h"
 #include "tests/support/test_desktop.h"
 
 namespace tessaria::test {
@@ -16,8 +17,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr bool yes = true;
-constexpr bool no = false;
 const Variant dash;                       // read: Empty is passed
 const Variant none = Variant::Missing();  // write: no default is passed
 const Variant nothing{ObjectPtr()};
@@ -26,7 +25,7 @@ const Variant ambientFont = u"the ambient font";
 Variant Colour32(std::uint32_t colour) { return static_cast<Long>(colour); }
 
 /// One stored key. The sample is a value that is neither a default nor a start value.
-struct Key {
+struct StoredKey {
   const char16_t* Name;  ///< as it is read
   int Read;
   int Write;
@@ -35,10 +34,10 @@ struct Key {
   Variant Sample;
 };
 
-const std::vector<Key>& Keys() {
+const std::vector<StoredKey>& Keys() {
   static const Variant browse = std::make_shared<Browse>();
   static const Variant pesquisa = std::make_shared<Pesquisa>();
-  static const std::vector<Key> keys = {
+  static const std::vector<StoredKey> keys = {
       {u"TipoControle", 1, 1, Long{0}, Long{0}, Long{3}},
       {u"TxtIrmao", 2, 2, dash, none, u"txtNome"},
       {u"LabelAssociado", 3, 3, dash, none, u"lblCodigo"},
@@ -98,25 +97,25 @@ const std::vector<Key>& Keys() {
   return keys;
 }
 
-bool IsSelection(const Key& key) { return StartsWith(key.Name, u"Sel"); }
-bool IsFont(const Key& key) { return StringView(key.Name) == u"Font"; }
+bool IsSelection(const StoredKey& key) { return StartsWith(key.Name, u"Sel"); }
+bool IsFont(const StoredKey& key) { return StringView(key.Name) == u"Font"; }
 /// Asking for one of the two definitions makes it.
-bool IsMadeOnNeed(const Key& key) {
+bool IsMadeOnNeed(const StoredKey& key) {
   const StringView name = key.Name;
   return name == u"Browse" || name == u"Pesquisa";
 }
-String WriteName(const Key& key) {
+String WriteName(const StoredKey& key) {
   return StringView(key.Name) == u"valorNegativo" ? u"ValorNegativo" : key.Name;
 }
 
-std::vector<Key> InOrder(int Key::*position) {
-  std::vector<Key> walk(Keys().size());
-  for (const Key& key : Keys()) walk.at(static_cast<std::size_t>(key.*position) - 1) = key;
+std::vector<StoredKey> InOrder(int StoredKey::*position) {
+  std::vector<StoredKey> walk(Keys().size());
+  for (const StoredKey& key : Keys()) walk.at(static_cast<std::size_t>(key.*position) - 1) = key;
   return walk;
 }
 
 /// What the key's target holds now.
-Variant Target(const tsText& control, const Key& key) {
+Variant Target(const tsText& control, const StoredKey& key) {
   if (StringView(key.Name) == u"ItensMascara") return control.ItensMascara();
   const Variant held = GetProperty(control, key.Name);
   // A length is a Long to programs.
@@ -170,7 +169,7 @@ class PersistenceTest : public ControlTest {
 
   tsText& Control() { return **field; }
   void FillBag() {
-    for (const Key& key : Keys())
+    for (const StoredKey& key : Keys())
       if (!IsFont(key) && !IsSelection(key)) bag.Put(key.Name, key.Sample);
   }
 
@@ -181,7 +180,7 @@ class PersistenceTest : public ControlTest {
 TEST_F(PersistenceTest, ReadsTheKeysInTheirOrderWithTheirDefaults) {
   const host::Font ambient = memory::TextBox().Font();
   Control().UserControl_ReadProperties(bag);
-  const auto walk = InOrder(&Key::Read);
+  const auto walk = InOrder(&StoredKey::Read);
   ASSERT_EQ(bag.Reads().size(), walk.size());
   for (std::size_t i = 0; i < walk.size(); ++i) {
     SCOPED_TRACE(ToUtf8(walk[i].Name));
@@ -193,7 +192,7 @@ TEST_F(PersistenceTest, ReadsTheKeysInTheirOrderWithTheirDefaults) {
 TEST_F(PersistenceTest, WritesTheKeysInTheirOrderWithTheirDefaults) {
   const host::Font ambient = memory::TextBox().Font();
   Control().UserControl_WriteProperties(bag);
-  const auto walk = InOrder(&Key::Write);
+  const auto walk = InOrder(&StoredKey::Write);
   ASSERT_EQ(bag.Writes().size(), walk.size());
   for (std::size_t i = 0; i < walk.size(); ++i) {
     SCOPED_TRACE(ToUtf8(walk[i].Name));
@@ -203,7 +202,7 @@ TEST_F(PersistenceTest, WritesTheKeysInTheirOrderWithTheirDefaults) {
 }
 
 TEST_F(PersistenceTest, EachKeyFillsItsTarget) {
-  for (const Key& key : Keys()) {
+  for (const StoredKey& key : Keys()) {
     if (IsSelection(key) || IsFont(key)) continue;
     SCOPED_TRACE(ToUtf8(key.Name));
     RecordingBag one;
@@ -217,7 +216,7 @@ TEST_F(PersistenceTest, AnEmptyBagPutsEveryTargetAtItsDefault) {
   FillBag();
   Control().UserControl_ReadProperties(bag);
   Control().UserControl_ReadProperties(RecordingBag());
-  for (const Key& key : Keys()) {
+  for (const StoredKey& key : Keys()) {
     SCOPED_TRACE(ToUtf8(key.Name));
     if (IsFont(key) || IsMadeOnNeed(key)) continue;
     const bool isText = key.Sample.IsString();
@@ -231,7 +230,7 @@ TEST_F(PersistenceTest, EachTargetIsWrittenUnderItsKey) {
   Control().UserControl_ReadProperties(bag);
   RecordingBag written;
   Control().UserControl_WriteProperties(written);
-  for (const Key& key : Keys()) {
+  for (const StoredKey& key : Keys()) {
     if (IsSelection(key) || IsFont(key)) continue;
     SCOPED_TRACE(ToUtf8(key.Name));
     EXPECT_SAME(written.At(WriteName(key)), key.Sample);
@@ -389,17 +388,17 @@ TEST_F(PersistenceTest, StatusAndMeasuredValuesAreNotStored) {
 
 TEST_F(PersistenceTest, AfterAFailedReadTheLaterKeysKeepTheirStartValues) {
   FillBag();
-  for (const Key& failing : Keys()) {
+  for (const StoredKey& failing : Keys()) {
     SCOPED_TRACE(ToUtf8(failing.Name));
     const auto fresh = AddField(String(u"txt") + failing.Name);
     std::map<int, Variant> before;
-    for (const Key& key : Keys())
+    for (const StoredKey& key : Keys())
       if (key.Read >= failing.Read && !IsMadeOnNeed(key)) before[key.Read] = Target(**fresh, key);
     bag.FailsAt = failing.Name;
     (*fresh)->UserControl_ReadProperties(bag);
     EXPECT_THAT(app.TakeBoxes(),
                 ElementsAre(ErrorBox(HostError(13), u"UserControl_ReadProperties")));
-    for (const Key& key : Keys()) {
+    for (const StoredKey& key : Keys()) {
       if (IsSelection(key) || IsFont(key) || IsMadeOnNeed(key)) continue;
       SCOPED_TRACE(ToUtf8(key.Name));
       const bool wasRead = key.Read < failing.Read;

@@ -1,6 +1,7 @@
 // Every property: what assigning it stores, tells and shows.
 
 #include "tests/control/control_fixture.h"
+#include "tests/control/shared_values.h"
 
 namespace tessaria::test {
 namespace {
@@ -9,8 +10,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
-
-constexpr bool yes = true;
 
 /// One property of the interface, in its order.
 struct InterfaceRow {

@@ -2,14 +2,13 @@
 
 #include "tessaria/conversion.h"
 #include "tessaria/text.h"
+#include "tests/control/shared_values.h"
 #include "tests/control/untouched_fixture.h"
 
 namespace tessaria::test {
 namespace {
 
 using testing::SizeIs;
-
-const Variant null = Variant::Null();
 
 // --- Every mask, every type ---------------------------------------------------------------------
 

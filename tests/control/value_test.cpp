@@ -2,6 +2,7 @@
 
 #include "tests/control/control_fixture.h"
 #include "tests/control/raw_rows.h"
+#include "tests/control/shared_values.h"
 
 namespace tessaria::test {
 namespace {
@@ -12,7 +13,6 @@ using testing::IsEmpty;
 using testing::Not;
 
 const Variant empty;
-const Variant null = Variant::Null();
 const Variant christmas = FromCivil({2017, 12, 25});
 const char16_t* const amountMask = u"$$$$$.$$";
 const char16_t* const dateMask = u"dd/mm/yyyy";

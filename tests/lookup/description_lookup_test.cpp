@@ -34,14 +34,14 @@ class DescriptionTest : public LookupTest {
   Browse browse;
 };
 
-struct StatementCase {
+struct VersionStatement {
   const char16_t* dialect;
   const char16_t* version;
   const char16_t* groupBy;
   const char16_t* statement;
 };
 
-const StatementCase kStatements[] = {
+const VersionStatement kVersionStatements[] = {
     {u"ACCESS", u"", u"",
      u"Select Top 1 nome, cidade, uf From clientes Where codigo = 15 And ativo = 1"},
     {u"ACCESS", u"", u"Group By nome",
@@ -81,7 +81,7 @@ const StatementCase kStatements[] = {
 };
 
 TEST_F(DescriptionTest, WritesTheStatementOfEachDialect) {
-  for (const auto& row : kStatements) {
+  for (const auto& row : kVersionStatements) {
     SCOPED_TRACE(ToUtf8(row.dialect) + " " + ToUtf8(row.version));
     Use(row.dialect, row.version);
     browse.BrwGroupBy(row.groupBy);

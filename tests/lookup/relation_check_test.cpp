@@ -183,7 +183,7 @@ TEST_F(RelationTest, TheRowsAreOpenedStaticAndReadOnly) {
   }
 }
 
-struct StatementCase {
+struct ProbeCase {
   const char16_t* dialect;
   Long type;
   const char16_t* value;
@@ -191,7 +191,7 @@ struct StatementCase {
   const char16_t* statement;
 };
 
-const StatementCase kStatements[] = {
+const ProbeCase kProbes[] = {
     {u"ACCESS", host::type::Integer, u"15", u"",
      u"Select Top 1 codigo From clientes Where codigo = 15"},
     {u"Microsoft SQL Server", host::type::Integer, u"15", u"ativo = 1",
@@ -226,7 +226,7 @@ const StatementCase kStatements[] = {
 };
 
 TEST_F(RelationTest, WritesTheStatementOfEachDialect) {
-  for (const auto& row : kStatements) {
+  for (const auto& row : kProbes) {
     SCOPED_TRACE(ToUtf8(row.statement));
     State().dbConexao = connection = std::make_shared<RecordingConnection>();
     connection->Dbms(row.dialect);

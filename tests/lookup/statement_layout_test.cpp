@@ -10,12 +10,12 @@ using mdlObjTxt::LinhasDeLista;
 using mdlObjTxt::MontaSqlPronta;
 using mdlObjTxt::TermoDePesquisa;
 
-struct TextCase {
+struct LayoutCase {
   const char16_t* given;
   const char16_t* expected;
 };
 
-const TextCase kLayouts[] = {
+const LayoutCase kLayouts[] = {
     {u"", u""},
     {u"Select a", u"SELECT\r\n      a"},
     {u"Select a From t", u"SELECT\r\n      a \r\nFROM\r\n      t"},
@@ -134,7 +134,7 @@ String FormattedColumn(const String& dbms) {
          u"(Cliente.Cep,  6,  3)" + join + u"'' as CepFmt";
 }
 
-const TextCase kColumns[] = {
+const LayoutCase kLayoutColumns[] = {
     {u"ACCESS", u"Mid(Cliente.Cep,  1,  5) & '-' & Mid(Cliente.Cep,  6,  3) & '' as CepFmt"},
     {u"Microsoft SQL Server",
      u"Substring(Cliente.Cep,  1,  5) & '-' & Substring(Cliente.Cep,  6,  3) & '' as CepFmt"},
@@ -143,7 +143,7 @@ const TextCase kColumns[] = {
 };
 
 TEST(StatementLayout, LaysOutAWholeStatementInEachDialect) {
-  for (const auto& [dbms, column] : kColumns) {
+  for (const auto& [dbms, column] : kLayoutColumns) {
     SCOPED_TRACE(ToUtf8(dbms));
     ASSERT_EQ(FormattedColumn(dbms), column);
     const String fields = u"Cliente.Codigo, Cliente.Nome, Cidade.Descricao, " + String(column);

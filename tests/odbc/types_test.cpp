@@ -10,7 +10,7 @@ Variant DateValue(int year, int month, int day, int hour = 0, int minute = 0, in
   return FromCivil({year, month, day, hour, minute, second});
 }
 
-struct TypeCase {
+struct StoredTypeCase {
   StringView sqlType;
   Long type;
   StringView literal;
@@ -19,7 +19,7 @@ struct TypeCase {
   Long definedSize;
 };
 
-std::vector<TypeCase> TypeCases() {
+std::vector<StoredTypeCase> StoredTypeCases() {
   const auto decimal = [](const char16_t* text) { return Variant(DecimalFromText(text)); };
   return {
       {u"smallint", type::SmallInt, u"-7", Integer{-7}, Integer{32767}, 5},
@@ -66,7 +66,7 @@ class TypesTest : public DatabaseTest {
     if (IsSkipped()) return;
     Run(u"create type humor as enum ('bom', 'mau')");
   }
-  void CreateTable(const TypeCase& c) {
+  void CreateTable(const StoredTypeCase& c) {
     Run(u"drop table if exists t");
     Run(u"create table t (k int primary key, v " + String(c.sqlType) + u")");
     Run(u"insert into t values (1, " + String(c.literal) + u")");
@@ -74,7 +74,7 @@ class TypesTest : public DatabaseTest {
 };
 
 TEST_F(TypesTest, AreReportedAndReadByTheirNumbers) {
-  for (const TypeCase& c : TypeCases()) {
+  for (const StoredTypeCase& c : StoredTypeCases()) {
     SCOPED_TRACE(ToUtf8(c.sqlType));
     CreateTable(c);
     const auto rows = Read(u"select v from t");
@@ -86,7 +86,7 @@ TEST_F(TypesTest, AreReportedAndReadByTheirNumbers) {
 }
 
 TEST_F(TypesTest, SurviveBeingWritten) {
-  for (const TypeCase& c : TypeCases()) {
+  for (const StoredTypeCase& c : StoredTypeCases()) {
     SCOPED_TRACE(ToUtf8(c.sqlType));
     CreateTable(c);
     const auto rows = Edit(u"select k, v from t");
@@ -109,7 +109,7 @@ TEST_F(TypesTest, SurviveBeingWritten) {
 
 TEST_F(TypesTest, SurviveBeingWrittenWithoutServerSidePreparation) {
   connection_ = NewConnection(u"UseServerSidePrepare=0;");
-  for (const TypeCase& c : TypeCases()) {
+  for (const StoredTypeCase& c : StoredTypeCases()) {
     SCOPED_TRACE(ToUtf8(c.sqlType));
     CreateTable(c);
     const auto rows = Edit(u"select k, v from t");
@@ -122,7 +122,7 @@ TEST_F(TypesTest, SurviveBeingWrittenWithoutServerSidePreparation) {
 }
 
 TEST_F(TypesTest, TakeNullAndBlanks) {
-  for (const TypeCase& c : TypeCases()) {
+  for (const StoredTypeCase& c : StoredTypeCases()) {
     if (c.sqlType == u"serial") continue;
     SCOPED_TRACE(ToUtf8(c.sqlType));
     CreateTable(c);

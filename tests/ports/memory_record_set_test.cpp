@@ -78,9 +78,9 @@ TEST_P(RecordSetContract, AFieldThatOutlivesItsSetSays3704) {
   EXPECT_EQ(ErrorOf([&] { field->Value(); }), errors::ObjectClosed);
 }
 
-const DataHost kMemory{"memory", [] { return std::make_unique<MemoryData>(); }};
-INSTANTIATE_TEST_SUITE_P(Memory, RecordSetContract, testing::Values(kMemory));
-INSTANTIATE_TEST_SUITE_P(Memory, WriteInDoubtContract, testing::Values(kMemory));
+const DataHost kMemoryRows{"memory", [] { return std::make_unique<MemoryData>(); }};
+INSTANTIATE_TEST_SUITE_P(Memory, RecordSetContract, testing::Values(kMemoryRows));
+INSTANTIATE_TEST_SUITE_P(Memory, WriteInDoubtContract, testing::Values(kMemoryRows));
 
 // As a database shows a value that its kind cannot hold.
 TEST(MemoryRecordset, AKeptTextIsShownLeftAloneAndNoEditWhenItComesBack) {

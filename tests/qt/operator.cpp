@@ -44,7 +44,7 @@ void send(const QPointer<QWidget>& window, bool down, const Key& key) {
     QTest::simulateEvent(window->focusWidget(), down, key.code, key.modifiers, key.text, false);
 }
 
-void press(const QPointer<QWidget>& window, const Key& key) {
+void pressKey(const QPointer<QWidget>& window, const Key& key) {
   for (const auto& [modifier, code] : kModifierKeys)
     if (key.modifiers & modifier) send(window, true, {code, {}, {}});
   send(window, true, key);
@@ -125,14 +125,14 @@ void type(QWidget& window, const QString& text) {
   const QPointer<QWidget> alive(&window);
   for (QChar c : text) {
     const Key key{keyOf(c), QString(c), c.isUpper() ? Qt::ShiftModifier : Qt::NoModifier};
-    press(alive, key);
+    pressKey(alive, key);
     release(alive, key);
   }
 }
 
 void press(QWidget& window, int key, Qt::KeyboardModifiers modifiers) {
   const QPointer<QWidget> alive(&window);
-  press(alive, {key, {}, modifiers});
+  pressKey(alive, {key, {}, modifiers});
   release(alive, {key, {}, modifiers});
 }
 

@@ -7,11 +7,11 @@
 namespace tessaria::qt::tests {
 namespace {
 
-constexpr host::WidgetDescription kWidgets[] = {
+constexpr host::WidgetDescription kFrontWidgets[] = {
     {u"btn", host::WidgetKind::CommandButton, u"&Um"},
 };
-constexpr host::DialogDescription kDescription{u"frmTeste", u"Teste", kWidgets};
-constexpr host::DialogDescription kOther{u"frmOutra", u"Outra", kWidgets};
+constexpr host::DialogDescription kFrontDescription{u"frmTeste", u"Teste", kFrontWidgets};
+constexpr host::DialogDescription kOther{u"frmOutra", u"Outra", kFrontWidgets};
 
 class DialogFront : public DialogFixture {
  protected:
@@ -20,7 +20,7 @@ class DialogFront : public DialogFixture {
     dialog_->ShowModal();
   }
 
-  host::DialogPtr dialog_ = TheDesktop().MakeDialog(kDescription);
+  host::DialogPtr dialog_ = TheDesktop().MakeDialog(kFrontDescription);
 };
 
 TEST_F(DialogFront, AreActivatedEachTimeThatTheyComeToTheFront) {

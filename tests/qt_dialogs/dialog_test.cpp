@@ -17,14 +17,14 @@ namespace {
 using host::WidgetKind;
 using testing::ElementsAre;
 
-constexpr host::WidgetDescription kWidgets[] = {
+constexpr host::WidgetDescription kDialogWidgets[] = {
     {u"lblTitulo", WidgetKind::Label, u"Título & companhia"},
     {u"btn", WidgetKind::CommandButton, u"&Um", u"O primeiro", 0},
     {u"btn", WidgetKind::CommandButton, u"R&D", {}, 1},
     {u"visor", WidgetKind::TextBox, u"Visor"},
     {u"campo", WidgetKind::TsText, u"Campo"},
 };
-constexpr host::DialogDescription kDescription{u"frmTeste", u"Teste", kWidgets};
+constexpr host::DialogDescription kDialogDescription{u"frmTeste", u"Teste", kDialogWidgets};
 
 class DialogWindows : public DialogFixture {
  protected:
@@ -41,7 +41,7 @@ class DialogWindows : public DialogFixture {
     return at<QPushButton>(window, QStringLiteral("btn"), index);
   }
 
-  host::DialogPtr dialog_ = TheDesktop().MakeDialog(kDescription);
+  host::DialogPtr dialog_ = TheDesktop().MakeDialog(kDialogDescription);
   Log log_;
 };
 
@@ -149,7 +149,7 @@ TEST_F(DialogWindows, DestroyingTheFormUnderOneClosesIt) {
 }
 
 TEST_F(DialogWindows, OneOverAnotherGoesWithIt) {
-  const auto second = TheDesktop().MakeDialog(kDescription);
+  const auto second = TheDesktop().MakeDialog(kDialogDescription);
   button(0).OnClick = [&] {
     second->ShowModal();
     log_.push_back("back");

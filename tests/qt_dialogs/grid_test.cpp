@@ -14,11 +14,11 @@ using host::WidgetKind;
 
 constexpr Long kMillion = 1'000'000;
 
-constexpr host::WidgetDescription kWidgets[] = {
+constexpr host::WidgetDescription kGridWidgets[] = {
     {u"grade", WidgetKind::DataGrid, u"Registros"},
     {u"btnFim", WidgetKind::CommandButton, u"&Fim"},
 };
-constexpr host::DialogDescription kDescription{u"frmLista", u"Lista", kWidgets};
+constexpr host::DialogDescription kGridDescription{u"frmLista", u"Lista", kGridWidgets};
 
 class LongGrid : public DialogFixture {
  protected:
@@ -38,7 +38,7 @@ class LongGrid : public DialogFixture {
     return *at(window, QStringLiteral("grade")).findChild<QLabel*>();
   }
 
-  host::DialogPtr dialog_ = TheDesktop().MakeDialog(kDescription);
+  host::DialogPtr dialog_ = TheDesktop().MakeDialog(kGridDescription);
   host::DataGrid& grid_ = dialog_->Find<host::DataGrid>(u"grade");
   std::shared_ptr<LongRows> rows_ = std::make_shared<LongRows>(kMillion);
 };

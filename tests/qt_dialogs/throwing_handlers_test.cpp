@@ -15,11 +15,11 @@ namespace {
 
 using host::WidgetKind;
 
-constexpr host::WidgetDescription kWidgets[] = {
+constexpr host::WidgetDescription kThrowingWidgets[] = {
     {u"grade", WidgetKind::DataGrid, u"Registros"},
     {u"pasta", WidgetKind::FolderList, u"Pastas"},
 };
-constexpr host::DialogDescription kDescription{u"frmLista", u"Lista", kWidgets};
+constexpr host::DialogDescription kThrowingDescription{u"frmLista", u"Lista", kThrowingWidgets};
 
 struct Thrower {
   const char* name;
@@ -64,7 +64,7 @@ class ThrowingHandlers : public DialogFixture, public testing::WithParamInterfac
     return at<FolderTree>(window, QStringLiteral("pasta"));
   }
 
-  host::DialogPtr dialog_ = TheDesktop().MakeDialog(kDescription);
+  host::DialogPtr dialog_ = TheDesktop().MakeDialog(kThrowingDescription);
   host::DataGrid& grid_ = dialog_->Find<host::DataGrid>(u"grade");
   host::FolderList& folders_ = dialog_->Find<host::FolderList>(u"pasta");
   std::shared_ptr<LongRows> rows_ = std::make_shared<LongRows>(50);

@@ -6,7 +6,6 @@ namespace {
 using Kind = SqlToken::Kind;
 using Words = std::set<String>;
 
-const Words kReaders = {u"SELECT", u"VALUES", u"TABLE", u"WITH"};
 const Words kChangers = {u"INSERT", u"UPDATE", u"DELETE"};
 // Reserved words of SQL Server that start a statement and never stand inside a query, where no
 // column can have such a name without quotes, nor behind a point. A Merge and a With need a

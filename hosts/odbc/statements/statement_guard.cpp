@@ -15,7 +15,6 @@ using Kind = SqlToken::Kind;
 // A limit up to this is not worth a cursor.
 constexpr Long kSmallLimit = 1000;
 
-const std::set<String> kReaders = {u"SELECT", u"VALUES", u"TABLE", u"WITH"};
 // Anywhere in a reader's text: it does more than read.
 const std::set<String> kWriters = {u"INSERT", u"UPDATE", u"DELETE", u"MERGE", u"INTO", u"SHARE"};
 // Outermost words behind which a row is no longer one row of one table.

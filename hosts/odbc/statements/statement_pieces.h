@@ -16,6 +16,9 @@ struct Piece {
 };
 using Pieces = std::vector<Piece>;
 
+/// The words that a statement which reads begins with.
+inline const std::set<String> kReaders = {u"SELECT", u"VALUES", u"TABLE", u"WITH"};
+
 Pieces PiecesOf(StringView text, SqlRules rules);
 bool IsSymbol(const Piece& piece, StringView text);
 bool IsWordOf(const Piece& piece, const std::set<String>& words);

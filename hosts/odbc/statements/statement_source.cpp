@@ -10,7 +10,7 @@ namespace {
 
 using Kind = SqlToken::Kind;
 
-struct Piece {
+struct SourcePiece {
   Kind kind = Kind::End;
   String text;  ///< a quoted name without its quotes
 
@@ -19,7 +19,7 @@ struct Piece {
   bool IsSymbol(StringView symbol) const { return kind == Kind::Symbol && text == symbol; }
 };
 
-using Pieces = std::vector<Piece>;
+using SourcePieces = std::vector<SourcePiece>;
 
 // Words that are values, not columns.
 const std::set<String> kValues = {u"NULL",         u"TRUE",         u"FALSE",
@@ -32,8 +32,8 @@ String Unquoted(StringView quoted) {
   return Replace(quoted.substr(1, quoted.size() - 2), close + close, close);
 }
 
-Pieces PiecesOf(StringView text, Dialect dialect) {
-  Pieces pieces;
+SourcePieces SourcePiecesOf(StringView text, Dialect dialect) {
+  SourcePieces pieces;
   SqlScanner scanner(text, RulesOf(dialect));
   for (SqlToken token = scanner.Next(); !token.Is(Kind::End); token = scanner.Next()) {
     const StringView found = scanner.TextOf(token);
@@ -44,7 +44,7 @@ Pieces PiecesOf(StringView text, Dialect dialect) {
 }
 
 // Behind "Select", "All", "Top 10", "Top (10) Percent".
-std::size_t StartOfItems(const Pieces& pieces) {
+std::size_t StartOfItems(const SourcePieces& pieces) {
   std::size_t at = 1;
   const auto is = [&](StringView word) { return at < pieces.size() && pieces[at].IsWord(word); };
   if (is(u"ALL")) ++at;
@@ -58,7 +58,7 @@ std::size_t StartOfItems(const Pieces& pieces) {
 }
 
 // The names of "a.b.c" from a position on, which moves behind them. A name left out is empty.
-std::vector<String> TakeNames(const Pieces& pieces, std::size_t& at) {
+std::vector<String> TakeNames(const SourcePieces& pieces, std::size_t& at) {
   std::vector<String> names;
   while (at < pieces.size() && pieces[at].IsName()) {
     names.push_back(pieces[at++].text);
@@ -74,7 +74,7 @@ std::vector<String> TakeNames(const Pieces& pieces, std::size_t& at) {
 }
 
 // "[table.]column [[As] alias]"; nothing for all else.
-std::optional<String> ColumnOf(const Pieces& item) {
+std::optional<String> ColumnOf(const SourcePieces& item) {
   std::size_t at = 0;
   const std::vector<String> names = TakeNames(item, at);
   if (names.empty()) return std::nullopt;
@@ -86,17 +86,17 @@ std::optional<String> ColumnOf(const Pieces& item) {
   return at == item.size() ? std::optional(names.back()) : std::nullopt;
 }
 
-bool IsStar(const Pieces& item) {
+bool IsStar(const SourcePieces& item) {
   return !item.empty() && item.back().IsSymbol(u"*") &&
          (item.size() == 1 || item[item.size() - 2].IsSymbol(u"."));
 }
 
 // The items up to the outermost "From", behind which the position then stands.
-std::vector<Pieces> TakeItems(const Pieces& pieces, std::size_t& at) {
-  std::vector<Pieces> items(1);
+std::vector<SourcePieces> TakeItems(const SourcePieces& pieces, std::size_t& at) {
+  std::vector<SourcePieces> items(1);
   int depth = 0;
   for (; at < pieces.size(); ++at) {
-    const Piece& piece = pieces[at];
+    const SourcePiece& piece = pieces[at];
     if (depth == 0 && piece.IsWord(u"FROM")) return ++at, items;
     if (piece.IsSymbol(u"(")) ++depth;
     if (piece.IsSymbol(u")")) --depth;
@@ -109,7 +109,7 @@ std::vector<Pieces> TakeItems(const Pieces& pieces, std::size_t& at) {
   return {};
 }
 
-bool TakeTable(const Pieces& pieces, std::size_t at, StatementSource& source) {
+bool TakeTable(const SourcePieces& pieces, std::size_t at, StatementSource& source) {
   std::vector<String> names = TakeNames(pieces, at);
   // A "#" or another sign right behind means that the name was not understood.
   if (names.empty() || names.size() > 3) return false;
@@ -124,15 +124,15 @@ bool TakeTable(const Pieces& pieces, std::size_t at, StatementSource& source) {
 }  // namespace
 
 std::optional<StatementSource> SourceOf(StringView text, Dialect dialect) {
-  const Pieces pieces = PiecesOf(text, dialect);
+  const SourcePieces pieces = SourcePiecesOf(text, dialect);
   if (pieces.empty() || !pieces[0].IsWord(u"SELECT")) return std::nullopt;
   StatementSource source;
   std::size_t at = StartOfItems(pieces);
-  const std::vector<Pieces> items = TakeItems(pieces, at);
+  const std::vector<SourcePieces> items = TakeItems(pieces, at);
   if (items.empty() || !TakeTable(pieces, at, source)) return std::nullopt;
   source.isWhole = items.size() == 1 && IsStar(items[0]);
   if (source.isWhole) return source;
-  for (const Pieces& item : items) {
+  for (const SourcePieces& item : items) {
     // How many columns a star among others stands for is not known here.
     if (IsStar(item)) return std::nullopt;
     source.items.push_back(ColumnOf(item));
