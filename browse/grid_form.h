@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "tessaria/export.h"
 #include "tessaria/grid_columns.h"
 #include "tessaria/host/dialog.h"
 #include "tessaria/pesquisa_definition.h"
@@ -11,7 +12,7 @@ namespace tessaria {
 
 /// The list of a lookup: a grid over the rows, a tool bar with the menu of searches, two buttons.
 /// A new one for each lookup. It keeps the pieces of its statement so that it can search again.
-class frmBrowse {
+class TESSARIA_HOST_API frmBrowse {
  public:
   /// What the window is made of.
   static const host::DialogDescription& Description();

@@ -32,10 +32,7 @@ tessaria_install_component(Core)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/tessaria DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
         FILES_MATCHING PATTERN "*.h"
         PATTERN memory EXCLUDE PATTERN odbc EXCLUDE PATTERN qt EXCLUDE)
-foreach(folder ${TESSARIA_CORE_FOLDERS})
-  install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}/
-          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tessaria/${folder} FILES_MATCHING PATTERN "*.h")
-endforeach()
+tessaria_install_host(Memory)
 tessaria_install_host(Odbc)
 tessaria_install_host(Qt)
 

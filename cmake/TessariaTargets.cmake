@@ -3,6 +3,9 @@
 # Compiler settings that every target of ours shares.
 add_library(tessaria_settings INTERFACE)
 target_compile_features(tessaria_settings INTERFACE cxx_std_20)
+# Includes are written from the root of the tree; programs see include/ alone.
+target_include_directories(tessaria_settings INTERFACE
+  ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
 if(MSVC)
   target_compile_options(tessaria_settings INTERFACE /W4 /WX /utf-8)
 else()
@@ -12,41 +15,47 @@ else()
     $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local> $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 endif()
 
+# tessaria_objects(NAME source...): the objects tessaria_NAME. They see all headers of the tree, and
+# show other libraries only what a header exports.
+function(tessaria_objects name)
+  add_library(tessaria_${name} OBJECT ${ARGN})
+  set_target_properties(tessaria_${name} PROPERTIES
+    POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  target_link_libraries(tessaria_${name} PRIVATE tessaria_settings)
+endfunction()
+
 set(TESSARIA_CORE_FOLDERS "" CACHE INTERNAL "")
 
-# tessaria_core_folder(NAME source...): one folder of the core, as objects.
+# tessaria_core_folder(NAME source...): one folder of the core.
 function(tessaria_core_folder name)
-  add_library(tessaria_${name} OBJECT ${ARGN})
-  set_target_properties(tessaria_${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
-  target_include_directories(tessaria_${name} PUBLIC
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>)
-  target_link_libraries(tessaria_${name} PRIVATE tessaria_settings)
+  tessaria_objects(${name} ${ARGN})
   set(TESSARIA_CORE_FOLDERS ${TESSARIA_CORE_FOLDERS} ${name} CACHE INTERNAL "")
 endfunction()
 
-# The shared core library, of all folders. Shared, because its per-thread state must exist once.
-function(tessaria_add_core_library)
-  set(objects)
-  foreach(folder ${TESSARIA_CORE_FOLDERS})
-    list(APPEND objects $<TARGET_OBJECTS:tessaria_${folder}>)
-  endforeach()
-  add_library(TessariaCore SHARED ${objects})
-  add_library(Tessaria::Core ALIAS TessariaCore)
-  tessaria_shared_library(TessariaCore)
-  target_include_directories(TessariaCore PUBLIC
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tessaria>)
-endfunction()
+# tessaria_library(NAME objects...): the shared library TessariaNAME of the objects with these names.
+# All but the core itself stand on TessariaCore. Programs see include/ and nothing else. Shared,
+# because the state of a thread must exist once.
+#
+# Tests of what is inside link tessaria_all_NAME, the same objects, in place of the library.
+function(tessaria_library name)
+  list(TRANSFORM ARGN REPLACE "(.+)" "$<TARGET_OBJECTS:tessaria_\\1>" OUTPUT_VARIABLE objects)
+  add_library(Tessaria${name} SHARED ${objects})
+  add_library(Tessaria::${name} ALIAS Tessaria${name})
+  set_target_properties(Tessaria${name} PROPERTIES EXPORT_NAME ${name}
+    # A minor version may change what it exports, as the package's version file says.
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+  target_compile_features(Tessaria${name} PUBLIC cxx_std_20)
+  target_include_directories(Tessaria${name} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 
-# What all shared libraries of the project have in common.
-function(tessaria_shared_library target)
-  string(REPLACE "Tessaria" "" export_name ${target})
-  set_target_properties(${target} PROPERTIES
-    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
-    WINDOWS_EXPORT_ALL_SYMBOLS ON EXPORT_NAME ${export_name})
-  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:tessaria_settings>)
-  target_compile_features(${target} PUBLIC cxx_std_20)
+  string(TOLOWER tessaria_all_${name} all)
+  add_library(${all} INTERFACE)
+  target_sources(${all} INTERFACE ${objects})
+  if(NOT name STREQUAL Core)
+    target_link_libraries(Tessaria${name} PUBLIC TessariaCore)
+    target_link_libraries(${all} INTERFACE tessaria_all_core)
+  endif()
 endfunction()
 
 # The headers that every test program reads are compiled once: for the programs of the core, and

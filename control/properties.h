@@ -3,6 +3,7 @@
 
 #include <span>
 
+#include "tessaria/export.h"
 #include "tessaria/host/control.h"
 #include "tessaria/variant.h"
 
@@ -41,15 +42,15 @@ struct Property {
 };
 
 /// All properties, in the order of the interface.
-std::span<const Property> Properties();
+TESSARIA_HOST_API std::span<const Property> Properties();
 
 /// The property of that name, without regard to case; nullptr when there is none.
-const Property* FindProperty(StringView name);
+TESSARIA_HOST_API const Property* FindProperty(StringView name);
 
 /// A property by name, as late-bound programs reach it. Errors: 438 unknown name, 394 it can
 /// only be written.
-Variant GetProperty(const tsText& control, StringView name);
+TESSARIA_HOST_API Variant GetProperty(const tsText& control, StringView name);
 /// Errors: 438 unknown name, 383 it can only be read, and those of `Property::Let`.
-void LetProperty(tsText& control, StringView name, const Variant& value);
+TESSARIA_HOST_API void LetProperty(tsText& control, StringView name, const Variant& value);
 
 }  // namespace tessaria

@@ -8,6 +8,7 @@
 #include "control/members.h"
 #include "control/shown_text.h"
 #include "mask/masked_field.h"
+#include "tessaria/export.h"
 #include "tessaria/host/control.h"
 #include "tessaria/tstext_interface.h"
 
@@ -31,7 +32,7 @@ enum class FimDaLista;
 /// moment of use. Property setters raise in the caller what goes wrong in them, and end in
 /// `ControlSite::PropertyChanged`; the entry points report their errors themselves, except
 /// where a declaration says otherwise.
-class tsText final : public _tsText, private MaskedField {
+class TESSARIA_HOST_API tsText final : public _tsText, private MaskedField {
  public:
   /// All four outlive the control.
   tsText(host::ControlSite& site, host::TextBox& txtEdit, host::CommandButton& btnBrowse,

@@ -2,6 +2,7 @@
 // Nothing is cached: the connection is asked each time.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/host/data.h"
 #include "tessaria/string.h"
 
@@ -27,7 +28,7 @@ host::ConnectionPtr ConexaoAtual();
 /// The provider's name of its database, in upper case.
 String NomeDialeto(const host::Connection& conexao);
 /// The family of a dialect name, which is in upper case.
-FamiliaSql FamiliaDoDialeto(StringView strDialeto);
+TESSARIA_HOST_API FamiliaSql FamiliaDoDialeto(StringView strDialeto);
 /// The two-way rule: PostgreSQL or not.
 bool EhPostgreSQL(const host::Connection& conexao);
 

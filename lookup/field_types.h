@@ -1,15 +1,16 @@
 // Which fields of the database hold numbers, and which texts.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/string.h"
 
 namespace tessaria {
 
 /// True for the type codes of numeric fields, whose values stand in SQL without quotes. The
 /// `TipoDado` of a sibling is compared with them as it stands, although it is numbered otherwise.
-bool EhTipoDeCampoNumerico(Long type);
+TESSARIA_HOST_API bool EhTipoDeCampoNumerico(Long type);
 
 /// True for the type codes of text fields.
-bool EhTipoDeCampoTexto(Long type);
+TESSARIA_HOST_API bool EhTipoDeCampoTexto(Long type);
 
 }  // namespace tessaria

@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "lookup/dialect.h"
+#include "tessaria/export.h"
 
 namespace tessaria {
 
@@ -47,7 +48,7 @@ struct SqlToken {
 /// Walks a text token by token. A quotation or comment that never ends reaches to the end of the
 /// text and is unreadable. So are numbers with letters behind them, control characters and
 /// Unicode blanks outside of quotes, and comments where the family is not known to have them.
-class SqlScanner {
+class TESSARIA_HOST_API SqlScanner {
  public:
   SqlScanner(StringView text, SqlRules rules) : text_(text), rules_(rules) {}
 
@@ -86,6 +87,6 @@ class SqlScanner {
 };
 
 /// What the end of a text lies in. Closed, too, behind what cannot be read.
-SqlContext ContextBehind(StringView text, SqlRules rules);
+TESSARIA_HOST_API SqlContext ContextBehind(StringView text, SqlRules rules);
 
 }  // namespace tessaria

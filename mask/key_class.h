@@ -1,6 +1,7 @@
 // Which keys a mask character takes, and in which case it stores them.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/string.h"
 
 namespace tessaria {
@@ -19,7 +20,7 @@ inline constexpr Integer F9 = 120;  ///< also the character "x"
 
 /// Whether the key goes into a slot of that mask character. Always false for "$", literals and
 /// the empty character.
-bool SlotTakes(StringView slot, Integer key);
+TESSARIA_HOST_API bool SlotTakes(StringView slot, Integer key);
 
 /// The character that the slot stores for a key that it takes.
 String FoldForSlot(StringView slot, Integer key);

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "tessaria/export.h"
 #include "tessaria/variant.h"
 
 namespace tessaria {
@@ -30,37 +31,37 @@ inline constexpr int kDoubleDigits = 15;
 inline constexpr int kSingleDigits = 7;
 
 /// Rounded to `significant` digits. Error 6 for infinity and for what is no number.
-Digits DigitsOf(double value, int significant = kDoubleDigits);
+TESSARIA_HOST_API Digits DigitsOf(double value, int significant = kDoubleDigits);
 /// As many digits as tell the value from its neighbours. Error 6 as above.
 Digits ShortestDigits(double value);
 Digits ShortestDigits(float value);
-Digits DigitsOf(const Decimal& value);
+TESSARIA_HOST_API Digits DigitsOf(const Decimal& value);
 /// Of any kind that holds a number, of Empty (0) and of a date (its days).
-Digits DigitsOf(const Variant& value);
+TESSARIA_HOST_API Digits DigitsOf(const Variant& value);
 /// The same, but of a Double or Single as many digits as tell it from its neighbours, and of a
 /// text the number that `CDec` reads. Error 13 for a text that is no number, 6 for infinity.
-Digits ExactDigits(const Variant& value);
+TESSARIA_HOST_API Digits ExactDigits(const Variant& value);
 /// value divided by ten to the power of `scale`.
-Digits DigitsOf(std::int64_t value, int scale = 0);
+TESSARIA_HOST_API Digits DigitsOf(std::int64_t value, int scale = 0);
 
 enum class Halves { ToEven, AwayFromZero };
 /// Rounded to `decimals` places; more places change nothing.
 Digits Rounded(Digits value, int decimals, Halves halves);
 
 /// Nothing when out of range.
-std::optional<double> TryToDouble(const Digits& value);
+TESSARIA_HOST_API std::optional<double> TryToDouble(const Digits& value);
 /// Error 6 when out of range.
-double ToDouble(const Digits& value);
+TESSARIA_HOST_API double ToDouble(const Digits& value);
 /// Nothing when 96 bits do not hold all digits.
-std::optional<Decimal> TryToDecimal(const Digits& value);
+TESSARIA_HOST_API std::optional<Decimal> TryToDecimal(const Digits& value);
 /// Error 6 when out of range. Decimals that do not fit are rounded, halves to even.
 Decimal ToDecimal(const Digits& value);
 /// The count of units of ten to the power of -decimals, halves to even. Error 6 when it does
 /// not fit.
-std::int64_t ToWhole(const Digits& value, int decimals = 0);
+TESSARIA_HOST_API std::int64_t ToWhole(const Digits& value, int decimals = 0);
 
 /// The order of the values; the number of trailing zeros does not matter.
-std::strong_ordering Order(const Digits& a, const Digits& b);
+TESSARIA_HOST_API std::strong_ordering Order(const Digits& a, const Digits& b);
 
 /// "-1234.50" with the mark given, always at least one digit in front of it.
 String PlainText(const Digits& value, char16_t mark);

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "runtime/digits.h"
+#include "tessaria/export.h"
 
 namespace tessaria {
 
@@ -18,15 +19,15 @@ struct NumberText {
 /// The number that the whole text is under the Brazilian locale, or nothing. Blanks around, one
 /// sign in front or behind, "R$" and parentheses for a negative number, points anywhere in the
 /// whole part, one comma, an exponent behind E or D.
-std::optional<NumberText> ReadNumber(StringView text);
+TESSARIA_HOST_API std::optional<NumberText> ReadNumber(StringView text);
 
 /// The number of a criterion: with a point for decimals when it is plain ("12.5", "1E-05"), as a
 /// statement has it, else as above ("12,5", "1.234,50").
-std::optional<Digits> ReadCriterionNumber(StringView text);
+TESSARIA_HOST_API std::optional<Digits> ReadCriterionNumber(StringView text);
 
 /// Blank, tab or line end.
-bool IsWhite(char16_t c);
-bool IsDigit(char16_t c);
+TESSARIA_HOST_API bool IsWhite(char16_t c);
+TESSARIA_HOST_API bool IsDigit(char16_t c);
 /// The value of a digit in bases up to 16, or 16.
 int DigitValue(char16_t c);
 /// The text without white space around it.

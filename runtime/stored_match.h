@@ -1,6 +1,7 @@
 // Whether a stored value is what a column makes of a value that was given to it.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/host/data.h"
 
 namespace tessaria {
@@ -15,6 +16,7 @@ struct ColumnShape {
 /// Whether `stored` is `given`, or what is left of it in the column: a number at the column's
 /// scale, a text without the blanks that the column does not keep, a date or a time alone, to the
 /// second. Null is stored as Null.
-bool IsStoredFrom(const Variant& given, const Variant& stored, const ColumnShape& column);
+TESSARIA_HOST_API bool IsStoredFrom(const Variant& given, const Variant& stored,
+                                    const ColumnShape& column);
 
 }  // namespace tessaria

@@ -1,6 +1,7 @@
 // Texts that can be handed to a database whole.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/string.h"
 
 namespace tessaria {
@@ -9,6 +10,6 @@ namespace tessaria {
 /// surrogate pair.
 bool IsWellFormed(StringView text);
 /// Error 5, which says what the text holds, unless it is well formed.
-void RequireWellFormed(StringView text);
+TESSARIA_HOST_API void RequireWellFormed(StringView text);
 
 }  // namespace tessaria

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/grid_columns.h"
 #include "tessaria/host/control.h"
 
@@ -12,7 +13,7 @@ namespace tessaria {
 class BagReader;
 
 /// One return field of a lookup.
-class CampoOutro : public Object {
+class TESSARIA_CORE_API CampoOutro : public Object {
  public:
   explicit CampoOutro(String nome) : nome_(std::move(nome)) {}
 
@@ -28,7 +29,7 @@ class CampoOutro : public Object {
 };
 
 /// The return fields. An entry taken from the list stays good when the list changes.
-class ListaOutros : public Object {
+class TESSARIA_CORE_API ListaOutros : public Object {
  public:
   ListaOutros() = default;
   ListaOutros(const ListaOutros&) = delete;
@@ -49,7 +50,7 @@ class ListaOutros : public Object {
 };
 
 /// The definition of a lookup.
-class Browse : public host::Persistent {
+class TESSARIA_CORE_API Browse : public host::Persistent {
  public:
   Browse() = default;
   Browse(const Browse&) = delete;
@@ -121,7 +122,7 @@ namespace mdlObjTxt {
 
 /// Replaces the columns of one definition by copies of another's, which are removed there
 /// afterwards when `clearSource`.
-void CopiaColunas(Browse& source, Browse& target, bool clearSource);
+TESSARIA_CORE_API void CopiaColunas(Browse& source, Browse& target, bool clearSource);
 
 }  // namespace mdlObjTxt
 

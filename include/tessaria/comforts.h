@@ -1,10 +1,12 @@
 // Behaviour that a program may choose in place of the rules of the domain.
 #pragma once
 
+#include "tessaria/export.h"
+
 namespace tessaria {
 
 /// Each comfort bends one rule, which docs/fields.md names beside it. All are off by default.
-struct Comforts {
+struct TESSARIA_CORE_API Comforts {
   /// Masked fields take the keys of the clipboard and of undo. A pasted text passes the key filter;
   /// one undo takes one edit back.
   bool ClipboardKeys = false;
@@ -23,9 +25,9 @@ struct Comforts {
 
 /// Sets the comforts of the whole process. To be called before the first form is made, on the
 /// thread that starts the program.
-void setComforts(const Comforts& comforts);
+TESSARIA_CORE_API void setComforts(const Comforts& comforts);
 
 /// The comforts in force.
-const Comforts& comforts();
+TESSARIA_CORE_API const Comforts& comforts();
 
 }  // namespace tessaria

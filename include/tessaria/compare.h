@@ -1,6 +1,7 @@
 // Comparison of values.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/variant.h"
 
 namespace tessaria {
@@ -9,10 +10,10 @@ namespace tessaria {
 /// never equals a text when both are variants; a date counts as a number. Texts compare exactly.
 /// A Double beside a Single counts as a Single; beside a Currency or Decimal, a Double counts
 /// with its 15 significant digits. Objects and missing arguments: error 13.
-bool Equal(const Variant& a, const Variant& b);
+TESSARIA_CORE_API bool Equal(const Variant& a, const Variant& b);
 /// a < b under the same rules; a number is below every text. False when either is Null.
-bool Less(const Variant& a, const Variant& b);
+TESSARIA_CORE_API bool Less(const Variant& a, const Variant& b);
 /// Equal to Empty: "" and 0 are, Null is not.
-bool EqualsEmpty(const Variant& value);
+TESSARIA_CORE_API bool EqualsEmpty(const Variant& value);
 
 }  // namespace tessaria

@@ -5,6 +5,7 @@
 // out of range, 94 for Null.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/string.h"
 #include "tessaria/variant.h"
 
@@ -15,67 +16,67 @@ namespace tessaria {
 /// below 0,0001 or with more digits in front of the comma than that; a date is dd/mm/yyyy, with
 /// hh:mm:ss when it has a time, and only the time when it has no day; a Boolean is "Verdadeiro" or
 /// "Falso".
-String CStr(const Variant& value);
+TESSARIA_CORE_API String CStr(const Variant& value);
 /// Empty is 0, True is -1, a date its days. A text may have points for thousands (at any place
 /// of the whole part, so "12.34" is 1234), a comma for decimals, a sign in front or behind,
 /// parentheses for a negative number, "R$", an exponent behind E or D, and blanks around. "&H1F"
 /// and "&O17" are hexadecimal and octal.
-double CDbl(const Variant& value);
+TESSARIA_CORE_API double CDbl(const Variant& value);
 /// Rounds halves to even, as the next. A hexadecimal or octal text is a bit pattern of the
 /// result's width: "&HFFFFFFFF" is -1.
-Long CLng(const Variant& value);
-Integer CInt(const Variant& value);
+TESSARIA_CORE_API Long CLng(const Variant& value);
+TESSARIA_CORE_API Integer CInt(const Variant& value);
 /// Not 0; a text "Verdadeiro", "Falso", "True", "False" in any case, or a number.
-bool CBool(const Variant& value);
+TESSARIA_CORE_API bool CBool(const Variant& value);
 /// A text may be d/m/y, d/m (this year), m/yyyy (the first of the month), y-m-d, eight digits
 /// (day, month, year), each with or without a time h:m[:s] behind a blank or alone. Separators "/",
 /// "-" and ".". Two-digit years: 00 to 29 are 20xx, 30 to 99 are 19xx. Where a form with
 /// separators gives no day, but does with day and month swapped, it is read so: "12/25/2016" is
 /// Christmas. Error 13 for a day that does not exist. A number counts days; error 6 outside the
 /// years 100 to 9999.
-Date CDate(const Variant& value);
+TESSARIA_CORE_API Date CDate(const Variant& value);
 /// Rounds to four decimals, halves to even. A text is taken exactly.
-Currency CCur(const Variant& value);
+TESSARIA_CORE_API Currency CCur(const Variant& value);
 /// A double gives its 15 significant digits, a text all that 96 bits hold.
-Decimal CDec(const Variant& value);
+TESSARIA_CORE_API Decimal CDec(const Variant& value);
 
 /// True when CDbl takes the value. A date is no number here; Empty is one.
-bool IsNumeric(const Variant& value);
+TESSARIA_CORE_API bool IsNumeric(const Variant& value);
 /// True when the value is a date or a text that CDate takes.
-bool IsDate(const Variant& value);
+TESSARIA_CORE_API bool IsDate(const Variant& value);
 
 /// The number at the start of a text: blanks are skipped, between digits too, the point is the
 /// decimal mark, 0 when there is none. Takes an exponent, "&H" and "&O". Never an error.
-double Val(StringView text);
+TESSARIA_CORE_API double Val(StringView text);
 /// The text of a number with a point for decimals and a leading blank in place of the plus. No
 /// zero in front of the point: " .5".
-String Str(double value);
+TESSARIA_CORE_API String Str(double value);
 /// The text of a value inside an SQL statement: a number has a point whatever its kind, a
 /// Boolean is -1 or 0; all else is as CStr, and Null gives "".
-String SqlText(const Variant& value);
+TESSARIA_CORE_API String SqlText(const Variant& value);
 
 /// Calendar parts of a date.
-struct CivilTime {
+struct TESSARIA_CORE_API CivilTime {
   int Year = 1899, Month = 12, Day = 30, Hour = 0, Minute = 0, Second = 0;
 };
 /// Rounded to the second. Of a day before the origin the fraction is the time all the same:
 /// -1.25 is six o'clock of 29/12/1899. Error 6 outside the years 100 to 9999.
-CivilTime ToCivil(Date date);
+TESSARIA_CORE_API CivilTime ToCivil(Date date);
 /// Error 5 outside the years 100 to 9999 or for a day or time that does not exist.
-Date FromCivil(const CivilTime& time);
+TESSARIA_CORE_API Date FromCivil(const CivilTime& time);
 
 /// Exact texts of the two exact kinds, for the data layer: a point, no thousands, and for a
 /// decimal as many decimals as its scale.
-String DecimalText(const Decimal& value);
+TESSARIA_CORE_API String DecimalText(const Decimal& value);
 /// Takes [sign]digits[.digits] and [sign].digits. Decimals that do not fit are rounded, halves to
 /// even. Error 13 for anything else, 6 above 96 bits.
-Decimal DecimalFromText(StringView text);
+TESSARIA_CORE_API Decimal DecimalFromText(StringView text);
 
 /// As CDec, but a Double or Single gives as many digits as tell it from its neighbours: nothing of
 /// the whole part of a large one is lost.
-Decimal ExactDecimal(const Variant& value);
+TESSARIA_CORE_API Decimal ExactDecimal(const Variant& value);
 /// Whether two numbers have the same digits, read as `ExactDecimal` reads them, however many
 /// there are. Error 13 for what is no number, 6 for infinity.
-bool IsSameNumber(const Variant& a, const Variant& b);
+TESSARIA_CORE_API bool IsSameNumber(const Variant& a, const Variant& b);
 
 }  // namespace tessaria

@@ -4,6 +4,7 @@
 #include <exception>
 #include <string>
 
+#include "tessaria/export.h"
 #include "tessaria/string.h"
 
 namespace tessaria {
@@ -42,10 +43,10 @@ inline constexpr Long ProviderError = -2147467259;  ///< data layer: the driver'
 
 /// The system's Portuguese description of a run-time error number.
 /// A number without a text of its own gives "Erro definido pelo aplicativo ou pelo objeto".
-String ErrorDescription(Long number);
+TESSARIA_CORE_API String ErrorDescription(Long number);
 
 /// A run-time error: the number that callers test, the text that the operator reads.
-class HostError : public std::exception {
+class TESSARIA_CORE_API HostError : public std::exception {
  public:
   /// The error with the system's own description of that number.
   explicit HostError(Long number);
@@ -63,7 +64,7 @@ class HostError : public std::exception {
 };
 
 /// The pending error of a thread: what a trap caught last and has not finished with.
-struct ErrObject {
+struct TESSARIA_CORE_API ErrObject {
   Long Number = 0;
   String Description;
 
@@ -72,6 +73,6 @@ struct ErrObject {
 };
 
 /// The error object of this thread.
-ErrObject& Err();
+TESSARIA_CORE_API ErrObject& Err();
 
 }  // namespace tessaria

@@ -1,6 +1,7 @@
 // Rounding, and number and date formatting under the Brazilian locale.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/string.h"
 #include "tessaria/variant.h"
 
@@ -9,7 +10,7 @@ namespace tessaria {
 /// Rounds to `decimals` places, halves to even, on the 15 significant digits that a text of the
 /// value shows: 2.675 to two places is 2.68. Error 5 for negative decimals, 6 for infinity and
 /// for what is no number.
-double Round(double value, Long decimals = 0);
+TESSARIA_CORE_API double Round(double value, Long decimals = 0);
 
 /// Formats a value with a pattern.
 ///
@@ -36,6 +37,6 @@ double Round(double value, Long decimals = 0);
 /// A text that is a number (for a number pattern) or a date (for a date pattern) is taken as
 /// one; any other text comes back as it stands. Empty and Null give "". An empty pattern gives
 /// CStr of the value. Errors: 13 for objects, 6 for a number that is no date in a date pattern.
-String Format(const Variant& value, StringView pattern);
+TESSARIA_CORE_API String Format(const Variant& value, StringView pattern);
 
 }  // namespace tessaria

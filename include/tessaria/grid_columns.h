@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/host/control.h"
 #include "tessaria/variant.h"
 
@@ -12,7 +13,7 @@ namespace tessaria {
 class BagReader;
 
 /// How one column of the grid shows a field.
-class ColunaGrid : public Object {
+class TESSARIA_CORE_API ColunaGrid : public Object {
  public:
   String Caption() const { return caption_; }
   void Caption(const String& v) { caption_ = v; }
@@ -37,7 +38,7 @@ class ColunaGrid : public Object {
 };
 
 /// Columns from left to right. An entry taken from the list stays good when the list changes.
-class ListaColunas : public Object {
+class TESSARIA_CORE_API ListaColunas : public Object {
  public:
   ListaColunas() = default;
   ListaColunas(const ListaColunas&) = delete;
@@ -62,7 +63,7 @@ namespace mdlObjTxt {
 
 /// Replaces the columns of `target` by copies of those of `source`, which is emptied afterwards
 /// when `clearSource`.
-void CopiaColunas(ListaColunas& source, ListaColunas& target, bool clearSource);
+TESSARIA_CORE_API void CopiaColunas(ListaColunas& source, ListaColunas& target, bool clearSource);
 
 }  // namespace mdlObjTxt
 }  // namespace tessaria

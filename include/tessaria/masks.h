@@ -5,44 +5,46 @@
 // left to right. Positions count from 1.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/variant.h"
 
 namespace tessaria::mdlObjTxt {
 
 /// The item set of a mask: the fill character and the literals of the mask, each once.
-String MontaItensMascara(const String& mask, const String& fill);
+TESSARIA_CORE_API String MontaItensMascara(const String& mask, const String& fill);
 
 /// Whether the character at a position of the text is in the item set; false behind the end.
 /// Error 5 for a position below 1.
-bool EhItemMascara(const String& text, Integer position, const String& items);
+TESSARIA_CORE_API bool EhItemMascara(const String& text, Integer position, const String& items);
 
 /// The text without every character of the item set, wherever it stands; with an empty mask the
 /// text as it is.
-String LimpaMascara(const String& text, const String& mask, const String& items);
+TESSARIA_CORE_API String LimpaMascara(const String& text, const String& mask, const String& items);
 
 /// The value laid out in the mask, as the box shows it. Null counts as "". With a password
 /// character the result is its first character, as often as the laid-out text is long.
 /// Errors of CStr; 7 for a numeric mask whose suffix would come to millions of characters.
-String AplicaMascara(const Variant& value, const String& mask, const String& fill,
-                     const String& items, const String& password);
+TESSARIA_CORE_API String AplicaMascara(const Variant& value, const String& mask, const String& fill,
+                                       const String& items, const String& password);
 
 /// How many markers stand right behind the first separator; 0 without one. A text that ends in
 /// the separator counts one.
-Integer ContaDecimais(const String& text, const String& separator, const String& marker);
+TESSARIA_CORE_API Integer ContaDecimais(const String& text, const String& separator,
+                                        const String& marker);
 
 /// The number format of a numeric mask. The flag says that the mask holds a "." and changes
 /// nothing.
-String FormatoNumero(const String& mask, bool flag);
+TESSARIA_CORE_API String FormatoNumero(const String& mask, bool flag);
 
 /// The most integer digits that a numeric mask takes in a box of `MaxLength` characters, so that
 /// the formatted number with its points still fits. 0 characters are not "no limit" here: the
 /// result is then 0 or below. Error 6 for a length, or a result on the way, beyond 16 bits.
-Integer CapacidadeInteira(const String& mask, Long MaxLength);
+TESSARIA_CORE_API Integer CapacidadeInteira(const String& mask, Long MaxLength);
 /// Whether the number without its comma would have too many integer digits. Errors as above.
-bool TiraVirgulaExcede(const String& text, const String& mask, Long MaxLength);
+TESSARIA_CORE_API bool TiraVirgulaExcede(const String& text, const String& mask, Long MaxLength);
 
 /// Whether the mask makes its field a number.
-bool EhMascaraNumerica(const String& mask);
+TESSARIA_CORE_API bool EhMascaraNumerica(const String& mask);
 
 /// What a mask that is a date holds.
 enum class FormaDeData {
@@ -52,8 +54,8 @@ enum class FormaDeData {
   SoVazia,    ///< "00/00/0000": a date, yet only the empty one is valid
 };
 /// The form of a date mask in this exact case.
-FormaDeData FormaDaData(const String& mask);
+TESSARIA_CORE_API FormaDeData FormaDaData(const String& mask);
 /// Whether validation treats the mask as a date; without regard to case.
-bool EhMascaraDeData(const String& mask);
+TESSARIA_CORE_API bool EhMascaraDeData(const String& mask);
 
 }  // namespace tessaria::mdlObjTxt

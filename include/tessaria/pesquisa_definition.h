@@ -4,12 +4,13 @@
 #include <memory>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/host/control.h"
 
 namespace tessaria {
 
 /// One entry of the searches: a field, and how the operator's text is compared with it.
-class ItemPesquisa : public Object {
+class TESSARIA_CORE_API ItemPesquisa : public Object {
  public:
   /// Number of the search; entries of one number make one combined search. An entry without a
   /// number of its own answers its position in the list.
@@ -69,7 +70,7 @@ class ItemPesquisa : public Object {
 
 /// The list of searches. Entries are reached by position from 1 or by key; keys compare without
 /// regard to case. An entry taken from the list stays good when the list changes.
-class Pesquisa : public host::Persistent {
+class TESSARIA_CORE_API Pesquisa : public host::Persistent {
  public:
   Pesquisa() = default;
   Pesquisa(const Pesquisa&) = delete;

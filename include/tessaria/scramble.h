@@ -1,6 +1,7 @@
 // Scrambling of hidden texts, and two small helpers.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/variant.h"
 
 namespace tessaria::mdlComum {
@@ -8,11 +9,11 @@ namespace tessaria::mdlComum {
 /// The stored form of a hidden text: each character moved by its position, with no key.
 /// Characters outside the Western code page count as "?". Error 5 when a character's code
 /// leaves the page, which happens in texts of some hundred characters.
-String CodificaTexto(const String& strTexto);
+TESSARIA_CORE_API String CodificaTexto(const String& strTexto);
 
-bool EhPar(Long varNumero);
+TESSARIA_CORE_API bool EhPar(Long varNumero);
 
 /// The value as a number; 0 for Null and for anything that is no number.
-double NuloParaZero(const Variant& varValor);
+TESSARIA_CORE_API double NuloParaZero(const Variant& varValor);
 
 }  // namespace tessaria::mdlComum

@@ -13,6 +13,7 @@
 #include <memory>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/host/control.h"
 
 namespace tessaria {
@@ -20,7 +21,7 @@ namespace tessaria {
 /// The error number of a text that is no stored bag.
 inline constexpr Long kInvalidBagText = 321;
 
-class TextPropertyBag final : public host::PropertyBag {
+class TESSARIA_CORE_API TextPropertyBag final : public host::PropertyBag {
  public:
   using Factory = std::function<std::shared_ptr<host::Persistent>()>;
   /// How the objects that a bag may hold are made, by class name.

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "tessaria/export.h"
 #include "tessaria/variant.h"
 
 namespace tessaria {
@@ -18,7 +19,7 @@ class frmCalendario;
 class frmDiretorio;
 
 /// One instance per thread. A host sets `application` before it creates the first control.
-struct ThreadState {
+struct TESSARIA_CORE_API ThreadState {
   /// The hosting program's services; not owned, outlives every control of the thread.
   host::Application* application = nullptr;
   /// The desktop that the library's own windows open on; not owned. Nothing where no window can
@@ -35,12 +36,12 @@ struct ThreadState {
 };
 
 /// The state of the calling thread.
-ThreadState& State();
+TESSARIA_CORE_API ThreadState& State();
 
 /// The services of the hosting program. Error 91 when no host is installed on this thread.
-host::Application& App();
+TESSARIA_CORE_API host::Application& App();
 
 /// The desktop. Error 91 when the host of this thread has none.
-host::Desktop& TheDesktop();
+TESSARIA_CORE_API host::Desktop& TheDesktop();
 
 }  // namespace tessaria

@@ -1,6 +1,7 @@
 // A control of the library as its siblings and the library's own modules see it.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/variant.h"
 
 namespace tessaria {
@@ -24,7 +25,7 @@ enum class ExitVerdict {
 };
 
 /// The control from outside. Implemented by `tsText`.
-class _tsText {
+class TESSARIA_CORE_API _tsText {
  public:
   _tsText() = default;
   _tsText(const _tsText&) = delete;
@@ -54,7 +55,7 @@ class _tsText {
 };
 
 /// The events of a control. Arguments by reference may be changed by the handler.
-class tsTextEvents {
+class TESSARIA_CORE_API tsTextEvents {
  public:
   tsTextEvents() = default;
   tsTextEvents(const tsTextEvents&) = delete;

@@ -9,12 +9,13 @@
 #include <utility>
 #include <variant>
 
+#include "tessaria/export.h"
 #include "tessaria/string.h"
 
 namespace tessaria {
 
 /// Anything that a variant can refer to. Shared ownership: a variant keeps its object alive.
-class Object {
+class TESSARIA_CORE_API Object {
  public:
   Object() = default;
   virtual ~Object() = default;
@@ -27,13 +28,13 @@ class Object {
 using ObjectPtr = std::shared_ptr<Object>;
 
 /// A money value: a 64-bit count of ten-thousandths.
-struct Currency {
+struct TESSARIA_CORE_API Currency {
   std::int64_t TenThousandths = 0;
   auto operator<=>(const Currency&) const = default;
 };
 
 /// An exact decimal: sign, 96-bit whole number (least significant word first), power of ten.
-struct Decimal {
+struct TESSARIA_CORE_API Decimal {
   std::array<std::uint32_t, 3> Magnitude{};
   std::uint8_t Scale = 0;  ///< digits behind the decimal mark, 0 to 28
   bool Negative = false;
@@ -42,13 +43,13 @@ struct Decimal {
 };
 
 /// A date and time: days since 30 December 1899, the time as the fraction of the day.
-struct Date {
+struct TESSARIA_CORE_API Date {
   double Days = 0;
   auto operator<=>(const Date&) const = default;
 };
 
 /// A value that keeps its kind. The numbers of the kinds are the object model's type codes.
-class Variant {
+class TESSARIA_CORE_API Variant {
  public:
   enum class Kind : Integer {
     Empty = 0,

@@ -3,12 +3,13 @@
 
 #include <memory>
 
+#include "tessaria/export.h"
 #include "tessaria/variant.h"
 
 namespace tessaria::host {
 
 /// A picture that a host loaded and its own widgets can show. Opaque to the core.
-class Picture : public Object {};
+class TESSARIA_CORE_API Picture : public Object {};
 
 /// Styles of a message box, added up.
 namespace box {
@@ -28,7 +29,7 @@ inline constexpr Long No = 7;
 }  // namespace answer
 
 /// The services of the hosting program. Owned by the host; one per thread (`State().application`).
-class Application {
+class TESSARIA_CORE_API Application {
  public:
   Application() = default;
   Application(const Application&) = delete;

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "tessaria/export.h"
 #include "tessaria/host/form.h"
 #include "tessaria/host/widgets.h"
 #include "tessaria/variant.h"
@@ -10,7 +11,7 @@
 namespace tessaria::host {
 
 /// Stored settings by key, compared without regard to case.
-class PropertyBag {
+class TESSARIA_CORE_API PropertyBag {
  public:
   PropertyBag() = default;
   PropertyBag(const PropertyBag&) = delete;
@@ -27,7 +28,7 @@ class PropertyBag {
 };
 
 /// An object that a property bag can hold.
-class Persistent : public Object {
+class TESSARIA_CORE_API Persistent : public Object {
  public:
   /// The name under which the bag's reader makes the object again.
   virtual String ClassName() const = 0;
@@ -38,11 +39,11 @@ class Persistent : public Object {
 /// Thrown by a control's ports when its form was closed by a handler: what the core was still
 /// about to do for it is dropped. No run-time error, so it passes every trap; the host's event
 /// ends there, without a word to the operator.
-struct ControlGone {};
+struct TESSARIA_CORE_API ControlGone {};
 
 /// The surroundings of one control: its ambient, its place on the form, its surface.
 /// Owned by the host; lives as long as the control.
-class ControlSite {
+class TESSARIA_CORE_API ControlSite {
  public:
   ControlSite() = default;
   ControlSite(const ControlSite&) = delete;

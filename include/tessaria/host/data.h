@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/variant.h"
 
 namespace tessaria::host {
@@ -53,13 +54,13 @@ enum class SchemaKind : Long { Columns = 4, Tables = 20, PrimaryKeys = 28 };
 
 /// Of which tables a schema is asked: names as the schema of the tables gives them, capitals
 /// included; an empty one stands for all.
-struct SchemaRestrictions {
+struct TESSARIA_CORE_API SchemaRestrictions {
   String Catalog, Schema, Table;
 };
 
 /// One column of a record set, seen at its current row. Never outlives its record set: when
 /// that is closed, every member raises 3704.
-class Field : public Object {
+class TESSARIA_CORE_API Field : public Object {
  public:
   virtual String Name() const = 0;
   /// One of the numbers of `type`.
@@ -89,7 +90,7 @@ class Field : public Object {
 using FieldPtr = std::shared_ptr<Field>;
 
 /// The columns of a record set.
-class Fields {
+class TESSARIA_CORE_API Fields {
  public:
   Fields() = default;
   Fields(const Fields&) = delete;
@@ -126,7 +127,7 @@ class Connection;
 ///   when a row of its key is there with other values.
 /// Inside a transaction the loss undoes all, so the write was not stored and the error is the
 /// driver's own. The number says the same of a `CommitTrans` whose answer is lost.
-class Recordset : public Object {
+class TESSARIA_CORE_API Recordset : public Object {
  public:
   /// 0 closed, 1 open (`state`).
   virtual Long State() const = 0;
@@ -196,7 +197,7 @@ class Recordset : public Object {
 using RecordsetPtr = std::shared_ptr<Recordset>;
 
 /// A database connection. Shared with the record sets that it opened.
-class Connection : public Object {
+class TESSARIA_CORE_API Connection : public Object {
  public:
   virtual Long State() const = 0;
   virtual String ConnectionString() const = 0;

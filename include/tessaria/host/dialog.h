@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "tessaria/error.h"
+#include "tessaria/export.h"
 #include "tessaria/host/data.h"
 #include "tessaria/host/form.h"
 
@@ -31,7 +32,7 @@ enum class WidgetKind {
 };
 
 /// One widget of a dialog.
-struct WidgetDescription {
+struct TESSARIA_CORE_API WidgetDescription {
   StringView Name;
   WidgetKind Kind;
   StringView Caption = {};  ///< text on the widget; for a list or box, its accessible name
@@ -40,14 +41,14 @@ struct WidgetDescription {
 };
 
 /// A whole dialog. The texts outlive every dialog made from them.
-struct DialogDescription {
+struct TESSARIA_CORE_API DialogDescription {
   StringView Name;
   StringView Caption;
   std::span<const WidgetDescription> Widgets;
 };
 
 /// What all widgets of a dialog have. Events are raised only by the operator.
-class DialogWidget {
+class TESSARIA_CORE_API DialogWidget {
  public:
   DialogWidget() = default;
   DialogWidget(const DialogWidget&) = delete;
@@ -74,13 +75,13 @@ class DialogWidget {
   std::function<void(Integer& KeyAscii)> OnKeyPress;
 };
 
-class DialogLabel : public virtual DialogWidget {
+class TESSARIA_CORE_API DialogLabel : public virtual DialogWidget {
  public:
   virtual String Caption() const = 0;
   virtual void Caption(const String& text) = 0;
 };
 
-class DialogButton : public virtual DialogWidget {
+class TESSARIA_CORE_API DialogButton : public virtual DialogWidget {
  public:
   virtual String Caption() const = 0;
   /// The caption's colour; drawn a little lower while the button is pressed.
@@ -93,14 +94,14 @@ class DialogButton : public virtual DialogWidget {
 };
 
 /// A box that shows text and takes none from the keyboard.
-class DialogDisplay : public virtual DialogWidget {
+class TESSARIA_CORE_API DialogDisplay : public virtual DialogWidget {
  public:
   virtual String Text() const = 0;
   virtual void Text(const String& text) = 0;
 };
 
 /// A control of this library on a dialog; its properties are reached by name.
-class DialogField : public virtual DialogWidget {
+class TESSARIA_CORE_API DialogField : public virtual DialogWidget {
  public:
   virtual TsTextWidget& Control() = 0;
   /// Any change of the box.
@@ -108,7 +109,7 @@ class DialogField : public virtual DialogWidget {
 };
 
 /// A column of a grid. Error 9 is the grid's when there is no such column.
-class GridColumn {
+class TESSARIA_CORE_API GridColumn {
  public:
   GridColumn() = default;
   GridColumn(const GridColumn&) = delete;
@@ -130,7 +131,7 @@ class GridColumn {
 };
 
 /// A read-only grid over a record set. The grid's current row is the record set's.
-class DataGrid : public virtual DialogWidget {
+class TESSARIA_CORE_API DataGrid : public virtual DialogWidget {
  public:
   /// The rows shown; nothing empties the grid. New rows bring columns of their own, with
   /// captions and widths of the fields.
@@ -149,13 +150,13 @@ class DataGrid : public virtual DialogWidget {
 };
 
 /// One entry of the drop-down menu of a tool bar's button.
-struct MenuEntry {
+struct TESSARIA_CORE_API MenuEntry {
   String Text;  ///< "-" is a separator, which counts as an entry
   String Tag;
 };
 
 /// A tool bar with one button that has a drop-down menu.
-class ToolBar : public virtual DialogWidget {
+class TESSARIA_CORE_API ToolBar : public virtual DialogWidget {
  public:
   virtual bool ButtonEnabled() const = 0;
   virtual void ButtonEnabled(bool enabled) = 0;
@@ -171,7 +172,7 @@ class ToolBar : public virtual DialogWidget {
   std::function<void(Long position)> OnMenuClick;
 };
 
-class Calendar : public virtual DialogWidget {
+class TESSARIA_CORE_API Calendar : public virtual DialogWidget {
  public:
   /// The selected day.
   virtual Date Value() const = 0;
@@ -181,7 +182,7 @@ class Calendar : public virtual DialogWidget {
 };
 
 /// The drives or mounted volumes of the system.
-class DriveList : public virtual DialogWidget {
+class TESSARIA_CORE_API DriveList : public virtual DialogWidget {
  public:
   /// The entry that stands selected.
   virtual String Drive() const = 0;
@@ -192,7 +193,7 @@ class DriveList : public virtual DialogWidget {
 };
 
 /// The folders inside one folder, and those above it.
-class FolderList : public virtual DialogWidget {
+class TESSARIA_CORE_API FolderList : public virtual DialogWidget {
  public:
   virtual String Path() const = 0;
   /// Error 76 for a folder that is not there or cannot be read.
@@ -202,7 +203,7 @@ class FolderList : public virtual DialogWidget {
 };
 
 /// The files of one folder that match a pattern.
-class FileList : public virtual DialogWidget {
+class TESSARIA_CORE_API FileList : public virtual DialogWidget {
  public:
   virtual String Path() const = 0;
   /// Error 76 for a folder that is not there or cannot be read.
@@ -218,7 +219,7 @@ class FileList : public virtual DialogWidget {
 };
 
 /// A modal window of the library. Keys reach the window before the widget that has the focus.
-class Dialog {
+class TESSARIA_CORE_API Dialog {
  public:
   Dialog() = default;
   Dialog(const Dialog&) = delete;
@@ -270,7 +271,7 @@ class Dialog {
 using DialogPtr = std::shared_ptr<Dialog>;
 
 /// What dialogs ask of the desktop. Owned by the host; one per thread (`State().desktop`).
-class Desktop {
+class TESSARIA_CORE_API Desktop {
  public:
   Desktop() = default;
   Desktop(const Desktop&) = delete;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/host/data.h"
 #include "tessaria/variant.h"
 
@@ -19,7 +20,7 @@ using WidgetPtr = std::shared_ptr<Widget>;
 /// A control, a container or a form, as its form sees it. The object stands for the widget and
 /// may outlive it: when the widget is gone every member raises 91.
 /// Positions and sizes are in twips, relative to the container.
-class Widget : public Object {
+class TESSARIA_CORE_API Widget : public Object {
  public:
   virtual String Name() const = 0;
   /// The run-time type: "tsText", "Label", "CommandButton", "SSTab", "Adodc", "Form", ...
@@ -35,7 +36,7 @@ class Widget : public Object {
   virtual void Let(const String& property, const Variant& value) = 0;
 };
 
-class Label : public Widget {
+class TESSARIA_CORE_API Label : public Widget {
  public:
   virtual String Caption() const = 0;
   virtual Colour ForeColor() const = 0;
@@ -45,7 +46,7 @@ class Label : public Widget {
 };
 
 /// Pages with tabs, numbered from 0.
-class TabStrip : public Widget {
+class TESSARIA_CORE_API TabStrip : public Widget {
  public:
   virtual Integer Tab() const = 0;
   virtual void Tab(Integer number) = 0;
@@ -54,7 +55,7 @@ class TabStrip : public Widget {
 };
 
 /// A data control: names its rows and holds them.
-class DataControl : public Widget {
+class TESSARIA_CORE_API DataControl : public Widget {
  public:
   virtual String ConnectionString() const = 0;
   virtual String RecordSource() const = 0;
@@ -66,12 +67,12 @@ class DataControl : public Widget {
 
 /// A control of this library on a form. `Control` is the control itself; the reference is
 /// good until host events are pumped.
-class TsTextWidget : public Widget {
+class TESSARIA_CORE_API TsTextWidget : public Widget {
  public:
   virtual _tsText& Control() const = 0;
 };
 
-class Form : public Widget {
+class TESSARIA_CORE_API Form : public Widget {
  public:
   /// False before the first show and after the form is closed.
   virtual bool Visible() const = 0;

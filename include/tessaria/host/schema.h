@@ -3,12 +3,13 @@
 
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/host/data.h"
 
 namespace tessaria::host {
 
 /// One column of a schema record set.
-struct SchemaColumn {
+struct TESSARIA_CORE_API SchemaColumn {
   StringView Name;
   Long Type = type::VarWChar;
   Long DefinedSize = 128;

@@ -4,13 +4,14 @@
 #include <functional>
 #include <memory>
 
+#include "tessaria/export.h"
 #include "tessaria/host/application.h"
 #include "tessaria/variant.h"
 
 namespace tessaria::host {
 
 /// A font. Size in points.
-struct Font : Object {
+struct TESSARIA_CORE_API Font : Object {
   String Name;
   double Size = 8.25;
   bool Bold = false;
@@ -50,7 +51,7 @@ enum class Alignment : Integer { Left = 0, Right = 1 };
 /// operator types or pastes in place of the selection, and nothing else: a text assigned or
 /// standing already may be longer. A typed character that has no room is refused, a pasted text is
 /// cut, never inside a surrogate pair; when none of it has room, text and selection stay.
-class TextBox {
+class TESSARIA_CORE_API TextBox {
  public:
   TextBox() = default;
   TextBox(const TextBox&) = delete;
@@ -104,7 +105,7 @@ class TextBox {
 };
 
 /// A push button with a picture. Owned by the host.
-class CommandButton {
+class TESSARIA_CORE_API CommandButton {
  public:
   CommandButton() = default;
   CommandButton(const CommandButton&) = delete;

@@ -6,12 +6,13 @@
 #include <map>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/host/application.h"
 
 namespace tessaria::memory {
 
 /// A picture by the file that it came from.
-class Picture final : public host::Picture {
+class TESSARIA_MEMORY_API Picture final : public host::Picture {
  public:
   explicit Picture(String path) : path_(std::move(path)) {}
   const String& Path() const { return path_; }
@@ -21,7 +22,7 @@ class Picture final : public host::Picture {
 };
 
 /// A message box that was shown.
-struct MessageBoxRecord {
+struct TESSARIA_MEMORY_API MessageBoxRecord {
   Long Owner = 0;
   String Text;
   Long Style = 0;
@@ -31,7 +32,7 @@ struct MessageBoxRecord {
 
 /// The services of a program that has no screen. While it lives it is the application of its
 /// thread; at its end the former one is back.
-class Application final : public host::Application {
+class TESSARIA_MEMORY_API Application final : public host::Application {
  public:
   Application();
   ~Application() override;

@@ -1,12 +1,13 @@
 // The button inside a control, with no screen.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/host/widgets.h"
 
 namespace tessaria::memory {
 
 /// A push button that keeps what it is told.
-class CommandButton final : public host::CommandButton {
+class TESSARIA_MEMORY_API CommandButton final : public host::CommandButton {
  public:
   bool Visible() const override { return visible_; }
   void Visible(bool visible) override { visible_ = visible; }

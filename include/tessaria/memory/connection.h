@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/memory/recordset.h"
 #include "tessaria/memory/table.h"
 
@@ -15,7 +16,8 @@ namespace tessaria::memory {
 
 /// A statement is answered, in this order, by the faults, by the fixed answers, by `OnStatement`,
 /// and by the tables (a bare name, or "Select * From name"). Anything else is a provider error.
-class Connection final : public host::Connection, public std::enable_shared_from_this<Connection> {
+class TESSARIA_MEMORY_API Connection final : public host::Connection,
+                                             public std::enable_shared_from_this<Connection> {
  public:
   /// Closed, with no tables, "DBMS Name" "PostgreSQL", "DBMS Version" "PostgreSQL 15.0.0" and
   /// "Backslash Escapes" false.

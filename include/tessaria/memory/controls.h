@@ -4,6 +4,7 @@
 #include <functional>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/host/widgets.h"
 #include "tessaria/memory/connection.h"
 #include "tessaria/memory/part.h"
@@ -11,7 +12,7 @@
 namespace tessaria::memory {
 
 /// Its caption is kept without the mnemonic sign: "&&" is one "&".
-class Label final : public PartWith<host::Label> {
+class TESSARIA_MEMORY_API Label final : public PartWith<host::Label> {
  public:
   explicit Label(String name, const String& caption = u"");
 
@@ -29,7 +30,7 @@ class Label final : public PartWith<host::Label> {
 };
 
 /// A button of the form. It takes the focus when it is pressed.
-class Button final : public PartWith<host::Widget> {
+class TESSARIA_MEMORY_API Button final : public PartWith<host::Widget> {
  public:
   explicit Button(String name, String caption = u"");
 
@@ -45,7 +46,7 @@ class Button final : public PartWith<host::Widget> {
 };
 
 /// A container or any other control that the library only looks at: "Frame", "CheckBox", ...
-class Generic final : public PartWith<host::Widget> {
+class TESSARIA_MEMORY_API Generic final : public PartWith<host::Widget> {
  public:
   enum class Focus { Refused, Taken };
   Generic(String name, String typeName, Focus focus = Focus::Refused);
@@ -56,7 +57,7 @@ class Generic final : public PartWith<host::Widget> {
   Focus focus_;
 };
 
-class TabStrip final : public PartWith<host::TabStrip> {
+class TESSARIA_MEMORY_API TabStrip final : public PartWith<host::TabStrip> {
  public:
   TabStrip(String name, Integer tabs);
 
@@ -76,7 +77,7 @@ class TabStrip final : public PartWith<host::TabStrip> {
 
 /// A data control over a connection that the test hands it. It opens its rows by itself when
 /// the form loads, if it has a connection and a record source.
-class DataControl final : public PartWith<host::DataControl> {
+class TESSARIA_MEMORY_API DataControl final : public PartWith<host::DataControl> {
  public:
   explicit DataControl(String name, String typeName = u"Adodc");
 

@@ -3,13 +3,14 @@
 
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/memory/table.h"
 
 namespace tessaria::memory {
 
 /// A search criterion "field op value". Texts compare without regard to case; Null matches only
 /// "= Null", and "<> Null" matches all else.
-class Criterion {
+class TESSARIA_MEMORY_API Criterion {
  public:
   /// Errors: 3265 for an unknown field, 3001 for all else that cannot be read; `like` on a field
   /// that is no text is such a case.
@@ -30,14 +31,15 @@ class Criterion {
 };
 
 /// Row order by one column.
-struct SortKey {
+struct TESSARIA_MEMORY_API SortKey {
   std::size_t Column = 0;
   bool Descending = false;
 };
 
 /// Reads "field [ASC|DESC], ...". Errors: 3265 for an unknown field, 3001 for another word.
-std::vector<SortKey> SortKeys(const std::vector<Column>& columns, StringView order);
+TESSARIA_MEMORY_API std::vector<SortKey> SortKeys(const std::vector<Column>& columns,
+                                                  StringView order);
 /// Whether `a` stands before `b`. Null stands before every value.
-bool StandsBefore(const std::vector<SortKey>& keys, const Row& a, const Row& b);
+TESSARIA_MEMORY_API bool StandsBefore(const std::vector<SortKey>& keys, const Row& a, const Row& b);
 
 }  // namespace tessaria::memory

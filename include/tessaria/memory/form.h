@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/host/form.h"
 #include "tessaria/memory/keys.h"
 #include "tessaria/memory/part.h"
@@ -21,7 +22,8 @@ namespace tessaria::memory {
 /// Every call of the operator's hands is an event: an error that leaves a handler is shown in a
 /// box, kept in `UnhandledErrors`, and the form goes on. A form closed by a handler is hidden and
 /// its widgets answer 91 at once; its controls end when the outermost event has returned.
-class Form final : public host::Form, public std::enable_shared_from_this<Form> {
+class TESSARIA_MEMORY_API Form final : public host::Form,
+                                       public std::enable_shared_from_this<Form> {
  public:
   enum class Mode { Run, Design };
   static std::shared_ptr<Form> Create(String name, Mode mode = Mode::Run);

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/string.h"
 
 namespace tessaria::memory {
@@ -39,7 +40,7 @@ inline constexpr Integer Alt = 4;
 }  // namespace modifier
 
 /// One key going down and up again.
-struct Stroke {
+struct TESSARIA_MEMORY_API Stroke {
   Integer Code = 0;
   Integer Shift = modifier::None;
   /// What the key prints; 0 for none. Backspace, Enter and Escape count as characters.
@@ -47,9 +48,9 @@ struct Stroke {
 };
 
 /// The stroke of a key by code; its character when it has one without printing.
-Stroke StrokeOf(Key key, Integer shift = modifier::None);
+TESSARIA_MEMORY_API Stroke StrokeOf(Key key, Integer shift = modifier::None);
 /// The strokes that print a character on a Brazilian keyboard: a dead key first where one is
 /// needed, so that only the last of them carries the character.
-std::vector<Stroke> StrokesOf(char16_t character);
+TESSARIA_MEMORY_API std::vector<Stroke> StrokesOf(char16_t character);
 
 }  // namespace tessaria::memory

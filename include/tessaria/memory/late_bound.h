@@ -4,12 +4,13 @@
 #include <functional>
 #include <map>
 
+#include "tessaria/export.h"
 #include "tessaria/variant.h"
 
 namespace tessaria::memory {
 
 /// A table of properties by name, without regard to case.
-class LateBound {
+class TESSARIA_MEMORY_API LateBound {
  public:
   using Getter = std::function<Variant()>;
   using Setter = std::function<void(const Variant&)>;

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "tessaria/error.h"
+#include "tessaria/export.h"
 #include "tessaria/host/form.h"
 #include "tessaria/memory/keys.h"
 #include "tessaria/memory/late_bound.h"
@@ -14,7 +15,7 @@ namespace tessaria::memory {
 class Form;
 
 /// One control of a form, as the form drives it. Plain state, in twips, for tests to set.
-class Part : public std::enable_shared_from_this<Part> {
+class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
  public:
   struct State {
     String Name;
@@ -80,7 +81,7 @@ class Part : public std::enable_shared_from_this<Part> {
 
 /// A control that its form sees through the given port.
 template <class Port>
-class PartWith : public Port, public Part {
+class TESSARIA_MEMORY_API PartWith : public Port, public Part {
  public:
   using Part::Part;
 
@@ -114,7 +115,7 @@ class PartWith : public Port, public Part {
 };
 
 /// The form of a part as a widget.
-host::WidgetPtr FormWidgetOf(const Part& part);
+TESSARIA_MEMORY_API host::WidgetPtr FormWidgetOf(const Part& part);
 
 template <class Port>
 host::WidgetPtr PartWith<Port>::Container() const {

@@ -5,12 +5,13 @@
 #include <vector>
 
 #include "tessaria/error.h"
+#include "tessaria/export.h"
 #include "tessaria/text_property_bag.h"
 
 namespace tessaria::memory {
 
 /// Stores as the text bag does, keeps the keys in the order of use, and fails on demand.
-class PropertyBag final : public host::PropertyBag {
+class TESSARIA_MEMORY_API PropertyBag final : public host::PropertyBag {
  public:
   /// Makes the definition objects of a control again.
   PropertyBag();

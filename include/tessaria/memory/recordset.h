@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/host/data.h"
 #include "tessaria/memory/criteria.h"
 #include "tessaria/memory/table.h"
@@ -12,7 +13,7 @@
 namespace tessaria::memory {
 
 /// Where the rows of a record set come from and go to.
-class RowSource {
+class TESSARIA_MEMORY_API RowSource {
  public:
   RowSource() = default;
   RowSource(const RowSource&) = delete;
@@ -32,7 +33,8 @@ class RowSource {
   virtual void Write(const std::function<void()>& change) = 0;
 };
 
-class Recordset final : public host::Recordset, public std::enable_shared_from_this<Recordset> {
+class TESSARIA_MEMORY_API Recordset final : public host::Recordset,
+                                            public std::enable_shared_from_this<Recordset> {
  public:
   /// Runs the source. Rows without columns give a closed record set.
   static std::shared_ptr<Recordset> Open(std::unique_ptr<RowSource> rows, String source);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tessaria/error.h"
+#include "tessaria/export.h"
 #include "tessaria/host/data.h"
 
 namespace tessaria::memory {
@@ -16,7 +17,7 @@ namespace tessaria::memory {
 inline constexpr Long kRefusedValue = -2147217887;
 
 /// A column as its record sets report it.
-struct Column {
+struct TESSARIA_MEMORY_API Column {
   String Name;
   Long Type = host::type::VarWChar;
   Long DefinedSize = 50;
@@ -32,24 +33,25 @@ struct Column {
 using Row = std::vector<Variant>;
 
 /// What a statement answers: no columns for a statement that gives no rows.
-struct Rows {
+struct TESSARIA_MEMORY_API Rows {
   std::vector<Column> Columns;
   std::vector<Row> Cells;
 };
 
 /// Whether a type number is one of the text types.
-bool IsTextType(Long type);
+TESSARIA_MEMORY_API bool IsTextType(Long type);
 /// The value as a column of that type holds it; Null for Null, and for a blank in a column that is
 /// no text. Errors: 13 a text that is no such value, 6 out of range, -2147217887 a text that is
 /// too long or Null where it is not allowed.
-Variant ValueOfType(const Column& column, const Variant& value);
+TESSARIA_MEMORY_API Variant ValueOfType(const Column& column, const Variant& value);
 /// Position of a column by name, without regard to case; nothing when there is none.
-std::optional<std::size_t> ColumnByName(const std::vector<Column>& columns, StringView name);
+TESSARIA_MEMORY_API std::optional<std::size_t> ColumnByName(const std::vector<Column>& columns,
+                                                            StringView name);
 
 /// A table that record sets read and write and that tests change behind their back.
 /// Values are brought to their columns' types as they come in, with the errors of `ValueOfType`,
 /// and exact numbers to their columns' scale where a precision is told.
-class Table {
+class TESSARIA_MEMORY_API Table {
  public:
   /// A row by its lasting number; the version counts its changes.
   struct Stored {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <set>
 
+#include "tessaria/export.h"
 #include "tessaria/host/widgets.h"
 #include "tessaria/memory/keys.h"
 
@@ -11,7 +12,7 @@ namespace tessaria::memory {
 
 /// The text box of a control, driven by keys. Alone it takes every key; on a form the form
 /// routes the keys and the focus.
-class TextBox final : public host::TextBox {
+class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
  public:
   TextBox();
   ~TextBox() override;

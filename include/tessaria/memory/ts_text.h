@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/host/control.h"
 #include "tessaria/memory/command_button.h"
 #include "tessaria/memory/form.h"
@@ -18,7 +19,7 @@ class tsText;
 namespace tessaria::memory {
 
 /// An event that a control raised.
-struct ControlEvent {
+struct TESSARIA_MEMORY_API ControlEvent {
   enum class Kind { Show, Change, KeyDown, KeyPress, KeyUp, BrowseReturn };
   Kind What;
   Integer Code = 0;   ///< key events
@@ -30,7 +31,7 @@ struct ControlEvent {
 /// A control as a form holds it. A key comes to the surface and then to the box, at each of its
 /// steps. The control itself is there until the form ends; its widget answers 91 from the moment
 /// that the form closes.
-class TsText final : public PartWith<host::TsTextWidget> {
+class TESSARIA_MEMORY_API TsText final : public PartWith<host::TsTextWidget> {
  public:
   /// A newly placed control.
   explicit TsText(String name);

@@ -1,6 +1,7 @@
 // Connections over ODBC.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/host/data.h"
 
 namespace tessaria::odbc {
@@ -11,6 +12,6 @@ namespace tessaria::odbc {
 /// A lost server shows as an error with the driver's own text, and `State` is 0 from then on;
 /// `Open` connects again. Record sets keep the rows that they have read, and a pending edit is
 /// written by `Update` once the connection is open again.
-host::ConnectionPtr CreateConnection();
+TESSARIA_ODBC_API host::ConnectionPtr CreateConnection();
 
 }  // namespace tessaria::odbc

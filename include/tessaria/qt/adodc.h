@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <functional>
 
+#include "tessaria/export.h"
 #include "tessaria/host/data.h"
 #include "tessaria/qt/event_boundary.h"
 #include "tessaria/qt/metatypes.h"
@@ -24,7 +25,7 @@ namespace tessaria::qt {
 /// The buttons are reached by mouse; Alt+Home, Alt+PgUp, Alt+PgDown and Alt+End do the same from
 /// anywhere in the window, unless `NavigationKeys` is false: a program whose menu has one of these
 /// keys takes them away here. Without rows there is nothing to press.
-class Adodc final : public QWidget, public ErrorListener {
+class TESSARIA_QT_API Adodc final : public QWidget, public ErrorListener {
   Q_OBJECT
   Q_PROPERTY(QString ConnectionString READ connectionString WRITE setConnectionString)
   Q_PROPERTY(QString RecordSource READ recordSource WRITE setRecordSource)

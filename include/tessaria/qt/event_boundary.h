@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "tessaria/error.h"
+#include "tessaria/export.h"
 #include "tessaria/host/control.h"
 
 namespace tessaria::qt {
@@ -15,7 +16,7 @@ namespace tessaria::qt {
 using host::ControlGone;
 
 /// Whoever wants to hear of the unhandled errors of a widget: our widgets do.
-class ErrorListener {
+class TESSARIA_QT_API ErrorListener {
  public:
   virtual void unhandled(int number, const QString& description) = 0;
 
@@ -27,7 +28,7 @@ namespace boundary {
 /// Number of an exception that is no run-time error.
 inline constexpr int kInternalError = 51;
 /// Depth of the entries into the core on this thread.
-class Entry {
+class TESSARIA_QT_API Entry {
  public:
   Entry();
   Entry(const Entry&) = delete;
@@ -35,12 +36,12 @@ class Entry {
   ~Entry();
 };
 /// Shows the exception that is being handled, unless it is `ControlGone`. Nothing comes out of it.
-void reportException(QWidget* widget);
+TESSARIA_QT_API void reportException(QWidget* widget);
 }  // namespace boundary
 
 /// Keeps an object alive until the last entry into the core on this thread has returned. With
 /// none on the stack it goes at once.
-void retire(std::shared_ptr<void> object);
+TESSARIA_QT_API void retire(std::shared_ptr<void> object);
 
 /// Runs `body`. An error that comes out of it is an unhandled error of the widget's form: its
 /// signal, a box, and the program goes on. False when the body did not come to its end.

@@ -3,17 +3,18 @@
 
 #include <QWidget>
 
+#include "tessaria/export.h"
 #include "tessaria/host/form.h"
 
 namespace tessaria::qt {
 
 /// The form as its controls see it. `dbForm` is the dynamic property of that name, a QVariant of
 /// a `host::ConnectionPtr`.
-host::FormPtr makeForm(QWidget& form);
+TESSARIA_QT_API host::FormPtr makeForm(QWidget& form);
 
 /// Any widget, by its kind: TsText is "tsText", Adodc "Adodc", QLabel "Label", QTabWidget
 /// "SSTab", check boxes "CheckBox", radio buttons "OptionButton", every other button
 /// "CommandButton", a form "Form"; all others by their class name.
-host::WidgetPtr makeWidget(QWidget& widget);
+TESSARIA_QT_API host::WidgetPtr makeWidget(QWidget& widget);
 
 }  // namespace tessaria::qt

@@ -5,13 +5,14 @@
 #include <QString>
 #include <memory>
 
+#include "tessaria/export.h"
 #include "tessaria/host/application.h"
 #include "tessaria/host/dialog.h"
 
 namespace tessaria::qt {
 
 /// The running program as the core sees it, and what the program can watch of it.
-class Host final : public QObject {
+class TESSARIA_QT_API Host final : public QObject {
   Q_OBJECT
 
  public:
@@ -35,6 +36,6 @@ class Host final : public QObject {
 
 /// Makes this program the host of the calling thread, once; every control does so itself. Needs
 /// a QApplication, which owns the host. Loads Qt's own Brazilian texts when they are installed.
-Host& install();
+TESSARIA_QT_API Host& install();
 
 }  // namespace tessaria::qt

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include "tessaria/export.h"
+
 class QWidget;
 
 namespace tessaria::qt {
@@ -19,6 +21,6 @@ namespace tessaria::qt {
 ///
 /// False when the field refuses its text or its value could not be taken; it has then told the
 /// operator why.
-bool settle(QWidget* widget, const QString& action = {});
+TESSARIA_QT_API bool settle(QWidget* widget, const QString& action = {});
 
 }  // namespace tessaria::qt

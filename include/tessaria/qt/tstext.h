@@ -8,6 +8,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "tessaria/export.h"
 #include "tessaria/qt/event_boundary.h"
 #include "tessaria/tstext_interface.h"
 
@@ -28,7 +29,7 @@ namespace tessaria::qt {
 /// Setters, getters and events never throw. An error that surfaces in the caller, and every
 /// exception of a handler, is shown in a box and told by `unhandledError`; the program goes on.
 /// A handler may change what it gets by reference, and may destroy the control.
-class TsText final : public QWidget, public ErrorListener {
+class TESSARIA_QT_API TsText final : public QWidget, public ErrorListener {
   Q_OBJECT
   Q_PROPERTY(QStringList settings READ settings WRITE setSettings)
   Q_PROPERTY(QString DataSource READ dataSource WRITE setDataSource STORED false)

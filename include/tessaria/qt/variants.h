@@ -3,6 +3,7 @@
 
 #include <QVariant>
 
+#include "tessaria/export.h"
 #include "tessaria/qt/metatypes.h"
 #include "tessaria/variant.h"
 
@@ -11,11 +12,11 @@ namespace tessaria::qt {
 /// Empty is an invalid QVariant, Null a QVariant of nullptr. Whole numbers are int, all others
 /// double; an exact number that a double would round is a qlonglong, or the text of all its digits
 /// with a comma; a date is a QDate, with a time a QDateTime; an object is an `ObjectPtr`.
-QVariant toQVariant(const Variant& value);
+TESSARIA_QT_API QVariant toQVariant(const Variant& value);
 
 /// The way back. A whole number is a Long when it fits, else a Decimal; a colour is its number, a
 /// font a `host::Font`, an enumeration its number, and no connection is Empty. Error 13 for a kind
 /// that has no like.
-Variant toVariant(const QVariant& value);
+TESSARIA_QT_API Variant toVariant(const QVariant& value);
 
 }  // namespace tessaria::qt

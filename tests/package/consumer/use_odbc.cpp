@@ -1,8 +1,10 @@
 // The database layer from outside: a connection that cannot be opened says why.
+#include <tessaria/error.h>
+#include <tessaria/odbc/connection.h>
+
 #include <iostream>
 
-#include "tessaria/error.h"
-#include "tessaria/odbc/connection.h"
+#include "own_headers.h"
 
 int main() {
   const auto connection = tessaria::odbc::CreateConnection();

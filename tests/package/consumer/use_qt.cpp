@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <iostream>
 
+#include "own_headers.h"
+
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QWidget form;

@@ -4,12 +4,13 @@
 #include <memory>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/memory/dialogs/dialog_item.h"
 
 namespace tessaria::memory {
 
 /// Columns over a record set. The arrows move its current row.
-class DataGrid final : public DialogItemOf<host::DataGrid> {
+class TESSARIA_MEMORY_API DataGrid final : public DialogItemOf<host::DataGrid> {
  public:
   using DialogItemOf::DialogItemOf;
 

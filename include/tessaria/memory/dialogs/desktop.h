@@ -5,12 +5,13 @@
 #include <optional>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/memory/dialogs/dialog.h"
 
 namespace tessaria::memory {
 
 /// While it lives it is the desktop of its thread; at its end the former one is back.
-class Desktop final : public host::Desktop {
+class TESSARIA_MEMORY_API Desktop final : public host::Desktop {
  public:
   /// `onFault` hears of everything that the scripts did not foresee: a test fails in it.
   explicit Desktop(ModalScript::FaultHandler onFault);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/host/dialog.h"
 #include "tessaria/memory/dialogs/data_grid.h"
 #include "tessaria/memory/dialogs/dialog_items.h"
@@ -15,7 +16,7 @@
 namespace tessaria::memory {
 
 /// What the windows of one desktop share; outlives the desktop while a window does.
-struct DialogWorld {
+struct TESSARIA_MEMORY_API DialogWorld {
   explicit DialogWorld(ModalScript::FaultHandler onFault) : Script(std::move(onFault)) {}
 
   ModalScript Script;
@@ -26,7 +27,8 @@ struct DialogWorld {
 
 /// A window built from its description. Behind it stands a form of its name with a part for
 /// each widget: focus, Tab, controls and unhandled errors are that form's.
-class Dialog final : public host::Dialog, public std::enable_shared_from_this<Dialog> {
+class TESSARIA_MEMORY_API Dialog final : public host::Dialog,
+                                         public std::enable_shared_from_this<Dialog> {
  public:
   static host::DialogPtr Make(std::shared_ptr<DialogWorld> world,
                               const host::DialogDescription& description);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <utility>
 
+#include "tessaria/export.h"
 #include "tessaria/host/dialog.h"
 #include "tessaria/memory/form.h"
 #include "tessaria/memory/keys.h"
@@ -12,7 +13,7 @@
 namespace tessaria::memory {
 
 /// A widget as its dialog keeps it.
-class DialogItem {
+class TESSARIA_MEMORY_API DialogItem {
  public:
   explicit DialogItem(std::shared_ptr<memory::Part> part) : part_(std::move(part)) {}
   DialogItem(const DialogItem&) = delete;
@@ -37,7 +38,7 @@ class DialogItem {
 
 /// A widget of the given port: what all of them share.
 template <class PortType>
-class DialogItemOf : public PortType, public DialogItem {
+class TESSARIA_MEMORY_API DialogItemOf : public PortType, public DialogItem {
  public:
   using DialogItem::DialogItem;
 

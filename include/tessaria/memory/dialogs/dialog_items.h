@@ -3,12 +3,13 @@
 
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/memory/dialogs/dialog_item.h"
 #include "tessaria/memory/ts_text.h"
 
 namespace tessaria::memory {
 
-class DialogLabel final : public DialogItemOf<host::DialogLabel> {
+class TESSARIA_MEMORY_API DialogLabel final : public DialogItemOf<host::DialogLabel> {
  public:
   DialogLabel(std::shared_ptr<memory::Part> part, StringView caption)
       : DialogItemOf(std::move(part)), caption_(caption) {}
@@ -20,7 +21,7 @@ class DialogLabel final : public DialogItemOf<host::DialogLabel> {
   String caption_;
 };
 
-class DialogButton final : public DialogItemOf<host::DialogButton> {
+class TESSARIA_MEMORY_API DialogButton final : public DialogItemOf<host::DialogButton> {
  public:
   DialogButton(std::shared_ptr<memory::Part> part, StringView caption)
       : DialogItemOf(std::move(part)), caption_(caption) {}
@@ -40,7 +41,7 @@ class DialogButton final : public DialogItemOf<host::DialogButton> {
   Colour backColor_ = host::colour::ButtonFace;
 };
 
-class DialogDisplay final : public DialogItemOf<host::DialogDisplay> {
+class TESSARIA_MEMORY_API DialogDisplay final : public DialogItemOf<host::DialogDisplay> {
  public:
   using DialogItemOf::DialogItemOf;
 
@@ -52,7 +53,7 @@ class DialogDisplay final : public DialogItemOf<host::DialogDisplay> {
 };
 
 /// A whole control on the dialog's form.
-class DialogField final : public DialogItemOf<host::DialogField> {
+class TESSARIA_MEMORY_API DialogField final : public DialogItemOf<host::DialogField> {
  public:
   explicit DialogField(std::shared_ptr<TsText> control);
 
@@ -68,7 +69,7 @@ class DialogField final : public DialogItemOf<host::DialogField> {
   std::shared_ptr<TsText> control_;
 };
 
-class ToolBar final : public DialogItemOf<host::ToolBar> {
+class TESSARIA_MEMORY_API ToolBar final : public DialogItemOf<host::ToolBar> {
  public:
   using DialogItemOf::DialogItemOf;
 
@@ -94,7 +95,7 @@ class ToolBar final : public DialogItemOf<host::ToolBar> {
   int refreshes_ = 0;
 };
 
-class Calendar final : public DialogItemOf<host::Calendar> {
+class TESSARIA_MEMORY_API Calendar final : public DialogItemOf<host::Calendar> {
  public:
   using DialogItemOf::DialogItemOf;
 

@@ -3,12 +3,13 @@
 
 #include <functional>
 
+#include "tessaria/export.h"
 #include "tessaria/memory/part.h"
 
 namespace tessaria::memory {
 
 /// A widget as the dialog's form drives it; the dialog says what a key does.
-class DialogPart final : public PartWith<host::Widget> {
+class TESSARIA_MEMORY_API DialogPart final : public PartWith<host::Widget> {
  public:
   enum class Focus { Refused, Taken };
   DialogPart(String name, String typeName, Focus focus)

@@ -1,6 +1,7 @@
 // The lists of drives, folders and files of memory dialogs.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/memory/dialogs/dialog_item.h"
 #include "tessaria/memory/dialogs/file_system.h"
 
@@ -9,7 +10,7 @@ namespace tessaria::memory {
 using FileSystemPtr = std::shared_ptr<const FileSystem>;
 
 /// Starts on the first drive.
-class DriveList final : public DialogItemOf<host::DriveList> {
+class TESSARIA_MEMORY_API DriveList final : public DialogItemOf<host::DriveList> {
  public:
   DriveList(std::shared_ptr<memory::Part> part, FileSystemPtr files);
 
@@ -22,7 +23,7 @@ class DriveList final : public DialogItemOf<host::DriveList> {
   String drive_;
 };
 
-class FolderList final : public DialogItemOf<host::FolderList> {
+class TESSARIA_MEMORY_API FolderList final : public DialogItemOf<host::FolderList> {
  public:
   FolderList(std::shared_ptr<memory::Part> part, FileSystemPtr files);
 
@@ -36,7 +37,7 @@ class FolderList final : public DialogItemOf<host::FolderList> {
   String path_;
 };
 
-class FileList final : public DialogItemOf<host::FileList> {
+class TESSARIA_MEMORY_API FileList final : public DialogItemOf<host::FileList> {
  public:
   FileList(std::shared_ptr<memory::Part> part, FileSystemPtr files);
 

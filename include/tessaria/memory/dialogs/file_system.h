@@ -5,13 +5,14 @@
 #include <optional>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/string.h"
 
 namespace tessaria::memory {
 
 /// Names are compared without regard to case; "\" divides the parts of a path. A drive is named
 /// by an entry that begins with its letter and a colon: "c: [SISTEMA]", "z: [\\servidor\dados]".
-class FileSystem {
+class TESSARIA_MEMORY_API FileSystem {
  public:
   enum class DriveState { Ready, NotReady };
   void AddDrive(const String& entry, DriveState state = DriveState::Ready);
@@ -51,6 +52,6 @@ class FileSystem {
 };
 
 /// Whether a file's name matches a pattern of "*" and "?"; "*.*" matches every name.
-bool MatchesPattern(StringView name, StringView pattern);
+TESSARIA_MEMORY_API bool MatchesPattern(StringView name, StringView pattern);
 
 }  // namespace tessaria::memory

@@ -5,6 +5,7 @@
 #include <functional>
 #include <vector>
 
+#include "tessaria/export.h"
 #include "tessaria/string.h"
 
 namespace tessaria::memory {
@@ -14,7 +15,7 @@ class Dialog;
 /// A queue of scripts, one for each modal show, in the order in which the windows open. Windows
 /// may open while a script works another one. Whatever a script did not foresee is a fault: it is
 /// told, and the program goes on as if the window had been closed.
-class ModalScript {
+class TESSARIA_MEMORY_API ModalScript {
  public:
   using Script = std::function<void(Dialog&)>;
   using FaultHandler = std::function<void(const String& message)>;

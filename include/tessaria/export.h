@@ -1,0 +1,39 @@
+// What each library shows to programs and to the other libraries.
+#pragma once
+
+// TESSARIA_<LIBRARY>_API stands at every class and function that a library exports. Classes that
+// cross libraries (ports, errors) carry it too, so that casts and catches know them everywhere.
+#if defined(_WIN32)
+#define TESSARIA_EXPORT __declspec(dllexport)
+#define TESSARIA_IMPORT __declspec(dllimport)
+#else
+#define TESSARIA_EXPORT __attribute__((visibility("default")))
+#define TESSARIA_IMPORT __attribute__((visibility("default")))
+#endif
+
+#ifdef TESSARIA_BUILDS_CORE
+#define TESSARIA_CORE_API TESSARIA_EXPORT
+#else
+#define TESSARIA_CORE_API TESSARIA_IMPORT
+#endif
+
+#ifdef TESSARIA_BUILDS_QT
+#define TESSARIA_QT_API TESSARIA_EXPORT
+#else
+#define TESSARIA_QT_API TESSARIA_IMPORT
+#endif
+
+#ifdef TESSARIA_BUILDS_ODBC
+#define TESSARIA_ODBC_API TESSARIA_EXPORT
+#else
+#define TESSARIA_ODBC_API TESSARIA_IMPORT
+#endif
+
+#ifdef TESSARIA_BUILDS_MEMORY
+#define TESSARIA_MEMORY_API TESSARIA_EXPORT
+#else
+#define TESSARIA_MEMORY_API TESSARIA_IMPORT
+#endif
+
+// What the library's own hosts use of the core and no installed header declares.
+#define TESSARIA_HOST_API TESSARIA_CORE_API
