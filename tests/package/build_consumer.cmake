@@ -12,10 +12,12 @@ file(MAKE_DIRECTORY ${WORK})
 
 if(SUBDIRECTORY)
   set(COMPONENTS Core)
-  set(where -DTESSARIA_SUBDIRECTORY=${SOURCE} -DTESSARIA_QT=OFF -DTESSARIA_ODBC=OFF)
+  # That it builds is the question here, and not how it runs.
+  set(where -DTESSARIA_SUBDIRECTORY=${SOURCE} -DTESSARIA_QT=OFF -DTESSARIA_ODBC=OFF
+      -DCMAKE_BUILD_TYPE=Debug -DCMAKE_UNITY_BUILD=ON)
 else()
   run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/stage)
-  set(where -DCMAKE_PREFIX_PATH=${WORK}/stage)
+  set(where -DCMAKE_PREFIX_PATH=${WORK}/stage -DHEADERS=${WORK}/stage/include)
 endif()
 
 run(${CMAKE_COMMAND} -S ${SOURCE}/tests/package/consumer -B ${WORK}/build -G ${GENERATOR}
