@@ -1,11 +1,10 @@
 // A field's Enabled, whoever switches it: the program, a connection by name, a plain widget call.
-#include <QBuffer>
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QUiLoader>
 
 #include "tessaria/memory/connection.h"
 #include "tests/qt/field_fixture.h"
+#include "tests/qt/form_loader.h"
 
 namespace tessaria::qt::tests {
 namespace {
@@ -83,7 +82,7 @@ TEST_F(Enabled, SurroundingsThatAreDisabledLeaveTheFlagAlone) {
 }
 
 TEST_F(Enabled, AFormFileMayConnectIt) {
-  const QByteArray ui = R"(<?xml version="1.0" encoding="UTF-8"?>
+  const auto form = loadForm(QStringLiteral(R"(<?xml version="1.0" encoding="UTF-8"?>
 <ui version="4.0"><class>Form</class>
  <widget class="QWidget" name="Form"><layout class="QVBoxLayout">
   <item><widget class="QCheckBox" name="chkUsa"/></item>
@@ -91,14 +90,7 @@ TEST_F(Enabled, AFormFileMayConnectIt) {
  </layout></widget>
  <connections><connection><sender>chkUsa</sender><signal>toggled(bool)</signal>
   <receiver>txtCampo</receiver><slot>setDisabled(bool)</slot></connection></connections>
-</ui>)";
-  QUiLoader loader;
-  loader.clearPluginPaths();
-  loader.addPluginPath(QStringLiteral(TESSARIA_DESIGNER_PLUGINS));
-  QBuffer file;
-  file.setData(ui);
-  file.open(QIODevice::ReadOnly);
-  const std::unique_ptr<QWidget> form(loader.load(&file));
+</ui>)"));
   ASSERT_NE(form, nullptr);
   auto* field = form->findChild<TsText*>();
   ASSERT_NE(field, nullptr);

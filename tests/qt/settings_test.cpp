@@ -1,13 +1,10 @@
-// A control in a form file: its settings, read with no side effects, through Qt's form loader and
-// the Designer plugin.
-#include <QBuffer>
-#include <QUiLoader>
-
+// A control in a form file: its settings, read with no side effects, through Qt's form loader.
 #include "control/tstext.h"
 #include "tessaria/browse_definition.h"
 #include "tessaria/qt/adodc.h"
 #include "tessaria/qt/text.h"
 #include "tests/qt/field_fixture.h"
+#include "tests/qt/form_loader.h"
 
 namespace tessaria::qt::tests {
 namespace {
@@ -47,17 +44,6 @@ QString formWith(const QStringList& settings) {
  </widget>
 </ui>)")
       .arg(settings.join(QStringLiteral("</string><string>")));
-}
-
-/// Loads a form the way a program does that knows where the plugin is.
-std::unique_ptr<QWidget> load(const QString& ui) {
-  QUiLoader loader;
-  loader.clearPluginPaths();
-  loader.addPluginPath(QStringLiteral(TESSARIA_DESIGNER_PLUGINS));
-  QBuffer file;
-  file.setData(ui.toUtf8());
-  file.open(QIODevice::ReadOnly);
-  return std::unique_ptr<QWidget>(loader.load(&file));
 }
 
 class Settings : public FieldFixture {
@@ -115,8 +101,8 @@ TEST_F(Settings, ABrokenListSaysWhatIsWrong) {
   EXPECT_EQ(boxes_.boxes().size(), 2u);
 }
 
-TEST_F(Settings, AFormFileMakesTheControlThroughThePlugin) {
-  const auto form = load(formWith(kStored));
+TEST_F(Settings, AFormFileMakesTheControl) {
+  const auto form = loadForm(formWith(kStored));
   ASSERT_NE(form, nullptr);
   auto* field = form->findChild<TsText*>(QStringLiteral("txtCPF"));
   ASSERT_NE(field, nullptr);
@@ -136,12 +122,12 @@ TEST_F(Settings, AFormFileMakesTheControlThroughThePlugin) {
 }
 
 TEST_F(Settings, TheSettingsAreAllThatAFormFileNeeds) {
-  const auto form = load(formWith(kStored));
+  const auto form = loadForm(formWith(kStored));
   ASSERT_NE(form, nullptr);
   auto* field = form->findChild<TsText*>(QStringLiteral("txtCPF"));
   ASSERT_NE(field, nullptr);
   field->setMsgBrowse(QStringLiteral("Nada achado"));
-  const auto again = load(formWith(field->settings()));
+  const auto again = loadForm(formWith(field->settings()));
   ASSERT_NE(again, nullptr);
   EXPECT_EQ(again->findChild<TsText*>(QStringLiteral("txtCPF"))->msgBrowse(),
             QStringLiteral("Nada achado"));

@@ -1,0 +1,66 @@
+// The plugin for Qt Designer, as a program's form loader uses it: with the shared library alone.
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QUiLoader>
+#include <memory>
+
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/tstext.h"
+
+namespace tessaria::qt::tests {
+namespace {
+
+const QByteArray kForm = R"(<?xml version="1.0" encoding="UTF-8"?>
+<ui version="4.0">
+ <class>Form</class>
+ <widget class="QWidget" name="frmCliente">
+  <widget class="tessaria::qt::TsText" name="txtCPF">
+   <property name="settings">
+    <stringlist>
+     <string>tessaria 1</string>
+     <string>Mascara=String:000.000.000-00</string>
+     <string>PodeSerBranco=Boolean:False</string>
+    </stringlist>
+   </property>
+  </widget>
+  <widget class="tessaria::qt::Adodc" name="dcCliente">
+   <property name="RecordSource"><string>Cliente</string></property>
+  </widget>
+ </widget>
+</ui>)";
+
+class DesignerPlugin : public testing::Test {
+ protected:
+  DesignerPlugin() {
+    loader_.clearPluginPaths();
+    loader_.addPluginPath(QStringLiteral(TESSARIA_DESIGNER_PLUGINS));
+  }
+
+  QUiLoader loader_;
+};
+
+TEST_F(DesignerPlugin, OffersBothWidgets) {
+  const QStringList offered = loader_.availableWidgets();
+  EXPECT_TRUE(offered.contains(QStringLiteral("tessaria::qt::TsText")));
+  EXPECT_TRUE(offered.contains(QStringLiteral("tessaria::qt::Adodc")));
+}
+
+TEST_F(DesignerPlugin, AFormFileHoldsTheWidgetsWithTheirSettings) {
+  QBuffer file;
+  file.setData(kForm);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const std::unique_ptr<QWidget> form(loader_.load(&file));
+  ASSERT_NE(form, nullptr);
+  const auto* field = form->findChild<TsText*>(QStringLiteral("txtCPF"));
+  ASSERT_NE(field, nullptr);
+  EXPECT_EQ(field->mascara(), QStringLiteral("000.000.000-00"));
+  EXPECT_FALSE(field->podeSerBranco());
+  EXPECT_FALSE(field->designMode());
+  const auto* data = form->findChild<Adodc*>(QStringLiteral("dcCliente"));
+  ASSERT_NE(data, nullptr);
+  EXPECT_EQ(data->recordSource(), QStringLiteral("Cliente"));
+}
+
+}  // namespace
+}  // namespace tessaria::qt::tests
