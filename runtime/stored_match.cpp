@@ -1,4 +1,4 @@
-#include "runtime/stored_match.h"
+#include "tessaria/stored_match.h"
 
 #include <tuple>
 

@@ -7,11 +7,11 @@
 #include "apps/demo/field_helpers.h"
 #include "apps/demo/lookups.h"
 #include "apps/demo/order_lines.h"
-#include "runtime/stored_match.h"
 #include "tessaria/conversion.h"
 #include "tessaria/qt/adodc.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/qt/tstext.h"
+#include "tessaria/stored_match.h"
 
 namespace tessaria::demo {
 namespace {

@@ -2,11 +2,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "runtime/stored_match.h"
 #include "runtime/well_formed.h"
 #include "tessaria/compare.h"
 #include "tessaria/conversion.h"
 #include "tessaria/memory/recordset.h"
+#include "tessaria/stored_match.h"
 
 namespace tessaria::memory {
 namespace {

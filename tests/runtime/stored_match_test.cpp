@@ -1,5 +1,5 @@
 // What a column makes of a value that is given to it.
-#include "runtime/stored_match.h"
+#include "tessaria/stored_match.h"
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,8 @@
 #include "hosts/odbc/driver/diagnostics.h"
 #include "hosts/odbc/session/key_columns.h"
 #include "hosts/odbc/statements/date_texts.h"
-#include "runtime/stored_match.h"
 #include "tessaria/host/data.h"
+#include "tessaria/stored_match.h"
 
 namespace tessaria::odbc {
 

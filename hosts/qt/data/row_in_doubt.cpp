@@ -3,9 +3,9 @@
 #include <utility>
 #include <vector>
 
-#include "runtime/stored_match.h"
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/stored_match.h"
 
 namespace tessaria::qt {
 namespace {

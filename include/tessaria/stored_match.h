@@ -16,7 +16,7 @@ struct ColumnShape {
 /// Whether `stored` is `given`, or what is left of it in the column: a number at the column's
 /// scale, a text without the blanks that the column does not keep, a date or a time alone, to the
 /// second. Null is stored as Null.
-TESSARIA_HOST_API bool IsStoredFrom(const Variant& given, const Variant& stored,
+TESSARIA_CORE_API bool IsStoredFrom(const Variant& given, const Variant& stored,
                                     const ColumnShape& column);
 
 }  // namespace tessaria
