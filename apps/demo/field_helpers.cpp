@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 
-#include "control/tstext.h"
 #include "tessaria/browse_definition.h"
 #include "tessaria/qt/tstext.h"
 #include "tessaria/qt/variants.h"
@@ -27,7 +26,7 @@ void moveOnWithEnter(qt::TsText* field) {
 }
 
 Variant returned(const qt::TsText* code, const char16_t* field) {
-  const auto& fields = code->control().Browse()->Outros();
+  const auto& fields = code->browseDefinition()->Outros();
   for (Long i = 1; i <= fields.Count(); ++i)
     if (EqualNoCase(fields.Item(i)->Nome(), field)) return fields.Item(i)->Valor();
   return {};

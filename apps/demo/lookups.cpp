@@ -1,7 +1,6 @@
 #include "apps/demo/lookups.h"
 
 #include "apps/demo/field_helpers.h"
-#include "control/tstext.h"
 #include "tessaria/browse_definition.h"
 #include "tessaria/conversion.h"
 #include "tessaria/pesquisa_definition.h"
@@ -51,11 +50,11 @@ void addSearch(Pesquisa& searches, const ListSearch& search) {
 }  // namespace
 
 void useLookup(const Lookup& lookup, qt::TsText* code, qt::TsText* description) {
-  auto& ofCode = *code->control().Browse();
+  auto& ofCode = *code->browseDefinition();
   define(ofCode, lookup, 0);
   for (const StringView name : lookup.returned) ofCode.Outros().Add(String(name));
-  for (const ListSearch& search : lookup.searches) addSearch(*code->control().Pesquisa(), search);
-  define(*description->control().Browse(), lookup, 1);
+  for (const ListSearch& search : lookup.searches) addSearch(*code->pesquisaDefinition(), search);
+  define(*description->browseDefinition(), lookup, 1);
 }
 
 void keepCityInState(qt::TsText* state, qt::TsText* city) {

@@ -12,7 +12,6 @@
 #include "apps/demo/form_loader.h"
 #include "apps/demo/messages.h"
 #include "apps/demo/order_form.h"
-#include "hosts/qt/focus/focus_cycle.h"
 #include "tessaria/host/application.h"
 #include "tessaria/qt/host.h"
 #include "tessaria/qt/tstext.h"

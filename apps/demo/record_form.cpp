@@ -10,11 +10,11 @@
 #include "apps/demo/field_helpers.h"
 #include "apps/demo/form_loader.h"
 #include "apps/demo/messages.h"
-#include "hosts/qt/focus/focus_cycle.h"
-#include "hosts/qt/form/widget_tree.h"
 #include "tessaria/conversion.h"
 #include "tessaria/qt/adodc.h"
 #include "tessaria/qt/metatypes.h"
+#include "tessaria/qt/pages.h"
+#include "tessaria/qt/settle.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/qt/tstext.h"
 
@@ -152,7 +152,7 @@ void RecordForm::rowShown() {
     delete_->setEnabled(!isNewRow());
     showRow();
   });
-  qt::FocusCycle::of(window())->enterAgain();
+  qt::enterAgain(this);
 }
 
 void RecordForm::moveFirst() { rows_->moveFirst(); }
@@ -211,7 +211,7 @@ QString RecordForm::proposedKey() const {
 void RecordForm::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
   cancel_->setFocus();
-  qt::FocusCycle::of(window())->settlePending();
+  qt::settleLeftField(this);
   cancel_->click();
 }
 
@@ -269,7 +269,7 @@ bool RecordForm::check() {
     return false;
   }
   save_->setFocus();
-  qt::FocusCycle::of(window())->settlePending();
+  qt::settleLeftField(this);
   if (window()->focusWidget() != save_ || !checkFields()) return false;
   goOnWorking();
   return true;

@@ -9,7 +9,6 @@
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/key_codes.h"
 #include "hosts/qt/conversion/units.h"
-#include "hosts/qt/program/application.h"
 #include "tessaria/error.h"
 #include "tessaria/qt/form.h"
 #include "tessaria/qt/host.h"

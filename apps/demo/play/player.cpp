@@ -12,7 +12,6 @@
 #include <cstdio>
 
 #include "apps/demo/play/scene.h"
-#include "hosts/qt/form/widget_tree.h"
 #include "tessaria/qt/tstext.h"
 
 namespace tessaria::demo {
@@ -42,6 +41,20 @@ QString textOn(const QWidget* widget) {
   if (const auto* label = qobject_cast<const QLabel*>(widget)) return label->text();
   const auto* bar = qobject_cast<const QStatusBar*>(widget);
   return bar ? bar->currentMessage() : QString();
+}
+
+/// Its field's name, when the widget is a part of one.
+QString knownName(const QWidget* widget) {
+  if (!widget) return {};
+  const auto* field = qobject_cast<const qt::TsText*>(widget->parentWidget());
+  return field ? field->objectName() : widget->objectName();
+}
+
+/// The form that the widget lies on, or its window.
+const QWidget* formAround(const QWidget* widget) {
+  while (!widget->isWindow() && !widget->property("dbForm").isValid())
+    widget = widget->parentWidget();
+  return widget;
 }
 
 }  // namespace
@@ -78,7 +91,7 @@ QWidget* Player::focus() const {
 QWidget* Player::find(const QString& name) const {
   const auto all = front() ? front()->findChildren<QWidget*>(name) : QList<QWidget*>();
   for (QWidget* each : all)
-    if (qt::formOf(each)->isVisible()) return each;
+    if (formAround(each)->isVisible()) return each;
   return nullptr;
 }
 
@@ -191,8 +204,8 @@ void Player::expectFocus(const QString& name) {
     while (found && found->objectName() != name) found = found->parentWidget();
     return found != nullptr;
   };
-  expect(sees(holds), QStringLiteral("O foco não está em \"%1\", mas em \"%2\".")
-                          .arg(name, focus() ? qt::controlOf(focus())->objectName() : QString()));
+  expect(sees(holds),
+         QStringLiteral("O foco não está em \"%1\", mas em \"%2\".").arg(name, knownName(focus())));
 }
 
 void Player::expectText(const QString& field, const QString& text) {

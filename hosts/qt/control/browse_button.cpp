@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "hosts/qt/conversion/colours.h"
+#include "hosts/qt/conversion/picture.h"
 #include "hosts/qt/conversion/units.h"
 #include "tessaria/qt/event_boundary.h"
 

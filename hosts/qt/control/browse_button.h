@@ -4,7 +4,6 @@
 #include <QPointer>
 #include <QToolButton>
 
-#include "hosts/qt/program/application.h"
 #include "tessaria/host/widgets.h"
 #include "tessaria/tstext_interface.h"
 

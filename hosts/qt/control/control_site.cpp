@@ -9,16 +9,20 @@
 #include "tessaria/qt/event_boundary.h"
 #include "tessaria/qt/form.h"
 #include "tessaria/qt/text.h"
-#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt {
 
-TsText& ControlSite::surface() const {
+QWidget& ControlSite::surface() const {
   if (!surface_) throw ControlGone{};
   return *surface_;
 }
 
-bool ControlSite::UserMode() const { return !surface().designMode(); }
+const ControlSite::Control& ControlSite::control() const {
+  if (!surface_) throw ControlGone{};
+  return control_;
+}
+
+bool ControlSite::UserMode() const { return !control().designMode(); }
 String ControlSite::DisplayName() const { return fromQt(surface().objectName()); }
 host::Font ControlSite::AmbientFont() const { return toFont(surface().font()); }
 
@@ -50,7 +54,7 @@ void ControlSite::BackColor(Colour colour) {
 
 void ControlSite::applyColour() {
   if (!backColor_) return;
-  TsText& s = surface();
+  QWidget& s = surface();
   const QPalette theme = s.parentWidget() ? s.parentWidget()->palette() : QPalette();
   const bool themed = *backColor_ == host::colour::White && wantsLightVariants(theme);
   const QColor colour = themed ? theme.color(QPalette::Window) : toQColor(*backColor_, theme);
@@ -69,8 +73,6 @@ String ControlSite::ActiveControlName() const {
   return fromQt(focus->objectName());
 }
 
-void ControlSite::PropertyChanged(const String& name) {
-  emit surface().propertyChanged(toQt(name));
-}
+void ControlSite::PropertyChanged(const String& name) { control().propertyChanged(toQt(name)); }
 
 }  // namespace tessaria::qt

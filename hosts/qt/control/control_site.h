@@ -2,18 +2,25 @@
 #pragma once
 
 #include <QPointer>
+#include <QWidget>
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "tessaria/host/control.h"
 
 namespace tessaria::qt {
 
-class TsText;
-
 /// May outlive its widget: every member then raises `ControlGone`.
 class ControlSite final : public host::ControlSite {
  public:
-  explicit ControlSite(TsText& surface) : surface_(&surface) {}
+  /// What the control's widget has of its own.
+  struct Control {
+    std::function<bool()> designMode;
+    std::function<void(const QString& name)> propertyChanged;
+  };
+  ControlSite(QWidget& surface, Control control)
+      : surface_(&surface), control_(std::move(control)) {}
 
   bool UserMode() const override;
   String DisplayName() const override;
@@ -34,8 +41,11 @@ class ControlSite final : public host::ControlSite {
   void applyColour();
 
  private:
-  TsText& surface() const;
-  QPointer<TsText> surface_;
+  QWidget& surface() const;
+  const Control& control() const;
+
+  QPointer<QWidget> surface_;
+  const Control control_;
   std::optional<Colour> backColor_;  ///< none as long as it was not assigned
 };
 

@@ -3,13 +3,14 @@
 #include <QKeyEvent>
 #include <QLabel>
 
-#include "hosts/qt/control/tstext_parts.h"
+#include "hosts/qt/control/tstext.h"
 #include "hosts/qt/conversion/key_codes.h"
 #include "hosts/qt/conversion/label_text.h"
 #include "hosts/qt/conversion/units.h"
 #include "hosts/qt/focus/dialog_keys.h"
 #include "hosts/qt/focus/focus_cycle.h"
-#include "hosts/qt/focus/form_events.h"
+#include "hosts/qt/form/first_show.h"
+#include "hosts/qt/form/pages.h"
 #include "hosts/qt/form/widget_tree.h"
 #include "tessaria/browse_definition.h"
 #include "tessaria/pesquisa_definition.h"
@@ -144,25 +145,6 @@ void TsText::clearLastValue() {
 // --- The surface's events
 // -------------------------------------------------------------------------
 
-void TsText::showSurface() {
-  nameForAccessibility();
-  write([](tsText& c) { c.UserControl_Show(); });
-}
-
-void TsText::enterSurface() {
-  write([](tsText& c) { c.UserControl_EnterFocus(); });
-}
-
-ExitVerdict TsText::leaveSurface() {
-  ExitVerdict verdict = ExitVerdict::Left;
-  write([&](tsText& c) { verdict = c.UserControl_ExitFocus(); });
-  return verdict;
-}
-
-bool TsText::hasToSettle() const {
-  return read([](const tsText& c) { return c.HasToSettle(); });
-}
-
 void TsText::unhandled(int number, const QString& description) {
   emit unhandledError(number, description);
 }
@@ -179,7 +161,7 @@ void TsText::resizeEvent(QResizeEvent*) {
 void TsText::showEvent(QShowEvent*) {
   QWidget* form = formOf(this);
   FocusCycle::of(window());
-  if (designMode_ || wasShown(form)) return showSurface();
+  if (designMode_ || wasShown(form)) return formShown();
   // The form's own show comes next. For a control that is added later it has been.
   QMetaObject::invokeMethod(
       this, [this] { showFirst(formOf(this)); }, Qt::QueuedConnection);

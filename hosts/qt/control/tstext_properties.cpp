@@ -1,7 +1,7 @@
 // The control's properties as those of the widget.
 
 #include "control/properties.h"
-#include "hosts/qt/control/tstext_parts.h"
+#include "hosts/qt/control/tstext.h"
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/fonts.h"
 #include "tessaria/qt/text.h"
@@ -149,6 +149,12 @@ bool TsText::carregou() const {
 
 int TsText::hWnd() const {
   return read([](const tsText& c) { return c.hWnd(); });
+}
+
+std::shared_ptr<tessaria::Browse> TsText::browseDefinition() const { return control().Browse(); }
+
+std::shared_ptr<tessaria::Pesquisa> TsText::pesquisaDefinition() const {
+  return control().Pesquisa();
 }
 
 QVariant TsText::browse() const {

@@ -8,13 +8,12 @@
 #include <QToolButton>
 
 #include "hosts/qt/data/row_in_doubt.h"
-#include "hosts/qt/focus/focus_cycle.h"
-#include "hosts/qt/focus/form_events.h"
+#include "hosts/qt/form/control_pointer.h"
+#include "hosts/qt/form/first_show.h"
 #include "hosts/qt/form/widget_tree.h"
 #include "tessaria/qt/host.h"
 #include "tessaria/qt/settle.h"
 #include "tessaria/qt/text.h"
-#include "tessaria/qt/tstext.h"
 #include "tessaria/text.h"
 
 namespace tessaria::qt {
@@ -122,9 +121,9 @@ void Adodc::setNavigationKeys(bool move) {
 /// Of several data controls in a window, the one moves whose field has the focus.
 void Adodc::moveByKey(bool (Adodc::*move)()) {
   Adodc* target = this;
-  TsText* field = surfaceOf(window()->focusWidget());
+  Surface* field = surfaceOf(window()->focusWidget());
   if (field && !field->dataSource().isEmpty())
-    for (Adodc* other : formOf(field)->findChildren<Adodc*>())
+    for (Adodc* other : formOf(&field->widget())->findChildren<Adodc*>())
       if (other->objectName().compare(field->dataSource(), Qt::CaseInsensitive) == 0)
         target = other;
   if (target->isEnabled() && target->buttons_.first()->isEnabled()) (target->*move)();
@@ -166,7 +165,7 @@ void Adodc::open() {
   showPosition();
 }
 
-void Adodc::openAtFirstShow() {
+void Adodc::formShown() {
   if (recordSet_ || recordSource_.isEmpty() || connectionString().isEmpty()) return;
   guarded(this, [this] { open(); });
 }
@@ -339,15 +338,15 @@ void Adodc::loadRow() {
   if (refreshesForm_) {
     refreshForm();
     if (!self) return;
-    if (FocusCycle* cycle = FocusCycle::existing(window())) cycle->enterAgain();
+    enterAgain(this);
   }
   if (self) showPosition();
 }
 
 void Adodc::refreshForm() {
   const QString name = objectName();
-  QList<QPointer<TsText>> controls;
-  for (TsText* control : inLoadOrder(formOf(this)))
+  QList<ControlPointer<Surface>> controls;
+  for (Surface* control : inLoadOrder(formOf(this)))
     if (control->dataSource().compare(name, Qt::CaseInsensitive) == 0) controls << control;
   for (const auto& control : controls)
     if (control) control->refresh();

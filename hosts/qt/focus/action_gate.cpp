@@ -16,8 +16,7 @@
 #include "hosts/qt/focus/dialog_keys.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/form/widget_tree.h"
-#include "tessaria/qt/adodc.h"
-#include "tessaria/qt/tstext.h"
+#include "tessaria/qt/surface.h"
 
 namespace tessaria::qt {
 namespace {
@@ -67,6 +66,12 @@ bool runsByPress(const QWidget& widget) {
   return isAnyOf<QAbstractButton, QComboBox, QAbstractSpinBox, QAbstractSlider>(widget);
 }
 
+/// A data control settles the field for its own shortcuts.
+bool settlesByItself(const QObject* owner) {
+  const auto* control = dynamic_cast<const FormControl*>(owner);
+  return control && control->settlesByItself();
+}
+
 /// The menu of a field, its box or its button.
 bool belongsToField(const QMenu& menu) { return surfaceOf(menu.parentWidget()); }
 
@@ -110,9 +115,8 @@ bool ActionGate::holdsBackShortcut(QObject* receiver, const QEvent& event) {
   }
   const bool ambiguous = static_cast<const QShortcutEvent&>(event).isAmbiguous();
   const bool isAction = qobject_cast<QAction*>(receiver) && !ambiguous;
-  // A data control settles the field by itself.
   const bool isShortcut =
-      qobject_cast<QShortcut*>(receiver) && !qobject_cast<Adodc*>(receiver->parent());
+      qobject_cast<QShortcut*>(receiver) && !settlesByItself(receiver->parent());
   QWidget* window = windowInFocus();
   if (!window || !(isAction || isShortcut) || !settlesField(*receiver)) return false;
   return !settleFor(*window, standInOf(*receiver, *window)) || !alive;

@@ -1,11 +1,11 @@
 #include "hosts/qt/focus/focus_cycle.h"
 
 #include <QMenuBar>
+#include <QPointer>
 #include <utility>
 
+#include "hosts/qt/form/active_control.h"
 #include "hosts/qt/form/widget_tree.h"
-#include "hosts/qt/keys/line_edit.h"
-#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt {
 namespace {
@@ -32,11 +32,11 @@ FocusCycle* FocusCycle::of(QWidget* window) {
 void FocusCycle::focusMoved() {
   QWidget* focus = focusOf(window());
   if (!focus) return;
-  auto* box = qobject_cast<LineEdit*>(focus);
+  auto* box = dynamic_cast<FocusedEdit*>(focus);
   if (box != box_) {
     const QPointer<FocusCycle> self(this);
-    const QPointer<LineEdit> now(box);
-    const QPointer<LineEdit> before = std::exchange(box_, now);
+    const ControlPointer<FocusedEdit> now(box);
+    const ControlPointer<FocusedEdit> before = std::exchange(box_, now);
     if (before) before->deliverLostFocus();
     if (now) now->deliverGotFocus();
     if (!self) return;
@@ -50,9 +50,9 @@ void FocusCycle::focusMoved() {
 bool FocusCycle::settlePending(const StandIn& standIn) {
   if (!queued_) return true;
   const QPointer<FocusCycle> self(this);
-  standIn_ = standIn.control;
+  setActiveStandIn(*window(), standIn.control);
   const bool settled = run();
-  if (self) standIn_ = nullptr;
+  if (self) setActiveStandIn(*window(), nullptr);
   return settled;
 }
 
@@ -74,21 +74,21 @@ bool FocusCycle::run() {
 bool FocusCycle::step() {
   QWidget* focus = focusOf(window());
   if (!focus) return false;
-  TsText* target = surfaceOf(focus);
+  Surface* target = surfaceOf(focus);
   if (target == inside_) return false;
   if (inside_) {
     leave(*inside_);
   } else {
     inside_ = target;
-    target->enterSurface();
+    target->entered();
   }
   return true;
 }
 
-void FocusCycle::leave(TsText& field) {
+void FocusCycle::leave(Surface& field) {
   const QPointer<FocusCycle> self(this);
   inside_ = nullptr;
-  const ExitVerdict verdict = field.leaveSurface();
+  const ExitVerdict verdict = field.left();
   if (self && verdict != ExitVerdict::Left) unsettled_ = true;
 }
 
@@ -106,14 +106,14 @@ bool FocusCycle::settleField(const StandIn& standIn) {
   if (!settlePending()) return false;
   if (!self || !hasFieldToSettle(standIn)) return true;
   // With the focus on its own button a field does not check its text.
-  inside_->setFocus(Qt::OtherFocusReason);
+  inside_->widget().setFocus(Qt::OtherFocusReason);
   if (!self || !inside_) return true;
   running_ = true;
   unsettled_ = false;
-  standIn_ = standIn.control;
+  setActiveStandIn(*window(), standIn.control);
   leave(*inside_);
   if (!self) return true;
-  standIn_ = nullptr;
+  setActiveStandIn(*window(), nullptr);
   running_ = false;
   const bool settled = !unsettled_;
   run();
@@ -121,7 +121,7 @@ bool FocusCycle::settleField(const StandIn& standIn) {
 }
 
 void FocusCycle::enterAgain() {
-  if (inside_ && !queued_ && !running_) inside_->enterSurface();
+  if (inside_ && !queued_ && !running_) inside_->entered();
 }
 
 void FocusCycle::windowHidden() {

@@ -2,15 +2,14 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QWidget>
 
+#include "hosts/qt/focus/focused_edit.h"
 #include "hosts/qt/focus/stand_in.h"
+#include "hosts/qt/form/control_pointer.h"
+#include "tessaria/qt/surface.h"
 
 namespace tessaria::qt {
-
-class LineEdit;
-class TsText;
 
 /// Follows the focus of one window. Leaving and entering controls is told when Qt's own work on
 /// the focus is done: the new control is then the form's active one. Popups, menus, dialogs and
@@ -36,8 +35,6 @@ class FocusCycle final : public QObject {
   bool settleField(const StandIn& standIn = {});
   /// Whether that would do anything now.
   bool wouldSettle(const StandIn& standIn = {}) const;
-  /// What counts as the active control of the window just now; nothing for the widget in focus.
-  host::WidgetPtr standIn() const { return standIn_; }
   /// The control that holds the focus shows another row: enters it anew.
   void enterAgain();
   /// The window was hidden: nothing is inside any more, and no Exit is told.
@@ -47,16 +44,15 @@ class FocusCycle final : public QObject {
   explicit FocusCycle(QWidget* window);
   bool run();
   bool step();
-  void leave(TsText& field);
+  void leave(Surface& field);
   bool hasFieldToSettle(const StandIn& standIn) const;
   QWidget* window() const { return static_cast<QWidget*>(parent()); }
 
-  QPointer<TsText> inside_;  ///< the control that was entered and not left yet
-  QPointer<LineEdit> box_;   ///< the edit that has the focus
+  ControlPointer<Surface> inside_;   ///< the control that was entered and not left yet
+  ControlPointer<FocusedEdit> box_;  ///< the edit that has the focus
   bool queued_ = false;
   bool running_ = false;
   bool unsettled_ = false;  ///< a field that was left in the present run
-  host::WidgetPtr standIn_;
 };
 
 }  // namespace tessaria::qt

@@ -12,4 +12,13 @@ bool settle(QWidget* widget, const QString& action) {
   return cycle->settleField({makeActionPort(action, *formOf(widget)), {action}});
 }
 
+bool settleLeftField(QWidget* widget) {
+  FocusCycle* cycle = FocusCycle::existing(widget->window());
+  return !cycle || cycle->settlePending();
+}
+
+void enterAgain(QWidget* widget) {
+  if (FocusCycle* cycle = FocusCycle::existing(widget->window())) cycle->enterAgain();
+}
+
 }  // namespace tessaria::qt

@@ -3,15 +3,14 @@
 #include <QLabel>
 #include <QTabWidget>
 
-#include "control/tstext.h"
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/label_text.h"
-#include "hosts/qt/focus/focus_cycle.h"
-#include "hosts/qt/form/widget_port.h"
+#include "hosts/qt/form/active_control.h"
+#include "hosts/qt/form/form.h"
 #include "hosts/qt/form/widget_tree.h"
-#include "tessaria/qt/adodc.h"
+#include "tessaria/host/widgets.h"
+#include "tessaria/qt/surface.h"
 #include "tessaria/qt/text.h"
-#include "tessaria/qt/tstext.h"
 #include "tessaria/text.h"
 
 namespace tessaria::qt {
@@ -66,21 +65,6 @@ class TabPort final : public WidgetPort<host::TabStrip, QTabWidget> {
   }
 };
 
-class DataPort final : public WidgetPort<host::DataControl, Adodc> {
- public:
-  using WidgetPort::WidgetPort;
-  String ConnectionString() const override { return fromQt(widget().connectionString()); }
-  String RecordSource() const override { return fromQt(widget().recordSource()); }
-  host::RecordsetPtr RecordSet() const override { return widget().recordSet(); }
-  void Refresh() override { widget().open(); }
-};
-
-class SurfacePort final : public WidgetPort<host::TsTextWidget, TsText> {
- public:
-  using WidgetPort::WidgetPort;
-  _tsText& Control() const override { return widget().control(); }
-};
-
 class FormPort final : public WidgetPort<host::Form> {
  public:
   using WidgetPort::WidgetPort;
@@ -100,8 +84,7 @@ class FormPort final : public WidgetPort<host::Form> {
   /// an action it is the action.
   host::WidgetPtr ActiveControl() const override {
     const QWidget* window = widget().window();
-    if (const FocusCycle* cycle = FocusCycle::existing(window); cycle && cycle->standIn())
-      return cycle->standIn();
+    if (const auto standIn = activeStandIn(*window)) return standIn;
     QWidget* focus = window->focusWidget();
     if (!focus) return nullptr;
     return makeWidget(*controlOf(focus));
@@ -113,9 +96,7 @@ class FormPort final : public WidgetPort<host::Form> {
 host::FormPtr makeForm(QWidget& form) { return std::make_shared<FormPort>(form); }
 
 host::WidgetPtr makeWidget(QWidget& widget) {
-  if (auto* surface = qobject_cast<TsText*>(&widget))
-    return std::make_shared<SurfacePort>(*surface);
-  if (auto* data = qobject_cast<Adodc*>(&widget)) return std::make_shared<DataPort>(*data);
+  if (auto* own = dynamic_cast<FormControl*>(&widget)) return own->makePort();
   if (auto* label = qobject_cast<QLabel*>(&widget)) return std::make_shared<LabelPort>(*label);
   if (auto* tabs = qobject_cast<QTabWidget*>(&widget)) return std::make_shared<TabPort>(*tabs);
   if (isForm(&widget)) return makeForm(widget);

@@ -1,20 +1,20 @@
 #include "hosts/qt/form/late_binding.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QMetaProperty>
 #include <algorithm>
 #include <iterator>
 #include <type_traits>
 
-#include "control/properties.h"
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/label_text.h"
 #include "hosts/qt/conversion/units.h"
-#include "hosts/qt/form/widget_port.h"
+#include "hosts/qt/form/widget_place.h"
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/qt/surface.h"
 #include "tessaria/qt/text.h"
-#include "tessaria/qt/tstext.h"
 #include "tessaria/qt/variants.h"
 #include "tessaria/text.h"
 
@@ -132,16 +132,11 @@ QByteArray requireQtName(const QWidget& widget, StringView name) {
   return found;
 }
 
-bool isOwnProperty(StringView name) {
-  const Property* property = FindProperty(name);
-  return property && property->DispatchId != 0;
-}
-
 }  // namespace
 
 Variant getLate(const QWidget& widget, const String& property) {
-  const auto* control = qobject_cast<const TsText*>(&widget);
-  if (control && isOwnProperty(property)) return GetProperty(control->control(), property);
+  if (const auto* control = dynamic_cast<const FormControl*>(&widget))
+    if (const auto value = control->ownProperty(property)) return *value;
   if (const ModelProperty* found = findModel(property)) return found->get(widget);
   if (const auto* box = checkBoxFor(widget, property)) return checkOf(*box);
   if (const auto* label = qobject_cast<const QLabel*>(&widget))
@@ -150,8 +145,8 @@ Variant getLate(const QWidget& widget, const String& property) {
 }
 
 void letLate(QWidget& widget, const String& property, const Variant& value) {
-  auto* control = qobject_cast<TsText*>(&widget);
-  if (control && isOwnProperty(property)) return LetProperty(control->control(), property, value);
+  auto* control = dynamic_cast<FormControl*>(&widget);
+  if (control && control->letOwnProperty(property, value)) return;
   if (const ModelProperty* found = findModel(property)) {
     if (!found->let) throw HostError(errors::PropertyIsReadOnly);
     return found->let(widget, value);

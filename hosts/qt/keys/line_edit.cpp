@@ -10,7 +10,6 @@
 #include "hosts/qt/conversion/key_codes.h"
 #include "hosts/qt/focus/dialog_keys.h"
 #include "hosts/qt/focus/focus_cycle.h"
-#include "hosts/qt/keys/line_edit_scopes.h"
 #include "tessaria/comforts.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/text.h"

@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <functional>
 #include <optional>
+#include <utility>
 
+#include "hosts/qt/focus/focused_edit.h"
 #include "hosts/qt/keys/edit_commands.h"
 #include "hosts/qt/keys/edit_history.h"
 #include "tessaria/string.h"
@@ -57,7 +59,7 @@ class EditEvents {
 /// Order of a key: key-down, key-press per character, edit, change, key-up; the handlers are
 /// asked before the edit acts. Releases made by auto-repeat are none. Changes are told after Qt's
 /// own work on the event is done, so that a handler may destroy the edit.
-class LineEdit final : public QLineEdit {
+class LineEdit final : public QLineEdit, public FocusedEdit {
   Q_OBJECT
 
  public:
@@ -93,11 +95,10 @@ class LineEdit final : public QLineEdit {
   /// One key-up of code 0: text came without a key.
   void reportTextWithoutKey();
 
-  void deliverGotFocus();
-  void deliverLostFocus();
-  /// A press of the mouse has entered the field: what was selected by that is selected after the
-  /// click too, unless the operator drags.
-  void keepSelectionOverClick();
+  QWidget& widget() override { return *this; }
+  void deliverGotFocus() override;
+  void deliverLostFocus() override;
+  void keepSelectionOverClick() override;
 
   bool hasUndo() const;
   bool hasRedo() const;
@@ -116,9 +117,9 @@ class LineEdit final : public QLineEdit {
   void showEvent(QShowEvent* event) override;
 
  private:
-  enum class By;
-  class Work;  // a stretch in which changes are kept back
-  class Step;  // what one undo takes back
+  enum class By { Handlers, Qt };  ///< who changes the text
+  class Work;                      ///< a stretch in which changes are kept back
+  class Step;                      ///< what one undo takes back
 
   void handleKeyPress(QKeyEvent* event);
   void handleKeyRelease(QKeyEvent* event);
@@ -165,6 +166,50 @@ class LineEdit final : public QLineEdit {
   };
   std::optional<Selection> hidden_;   ///< stands without the focus
   std::optional<Selection> entered_;  ///< to come back when the mouse is released
+};
+
+/// What changes meanwhile is told at the end of the outermost one.
+class LineEdit::Work {
+ public:
+  Work(LineEdit* edit, By by) : edit_(edit), byHandlers_(by == By::Handlers) {
+    ++edit->working_;
+    if (byHandlers_) ++edit->typing_;
+  }
+  Work(const Work&) = delete;
+  Work& operator=(const Work&) = delete;
+  ~Work() {
+    if (!edit_) return;
+    --edit_->working_;
+    if (byHandlers_) {
+      --edit_->typing_;
+      edit_->trusted_ = true;
+    }
+    edit_->flush();
+  }
+
+ private:
+  QPointer<LineEdit> edit_;
+  const bool byHandlers_;
+};
+
+/// The outermost one counts.
+class LineEdit::Step {
+ public:
+  explicit Step(LineEdit* edit) : edit_(edit) {
+    if (edit->steps_++ == 0 && edit->keepsHistory()) before_ = edit->state();
+  }
+  Step(const Step&) = delete;
+  Step& operator=(const Step&) = delete;
+  ~Step() {
+    if (!edit_ || --edit_->steps_ > 0) return;
+    const bool inHistory = std::exchange(edit_->stepsInHistory_, false);
+    if (before_ && !inHistory && !edit_->state().hasTextOf(*before_))
+      edit_->history_.changed(*before_);
+  }
+
+ private:
+  QPointer<LineEdit> edit_;
+  std::optional<EditState> before_;
 };
 
 }  // namespace tessaria::qt

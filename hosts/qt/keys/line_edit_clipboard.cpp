@@ -10,7 +10,7 @@
 #include <optional>
 
 #include "hosts/qt/focus/focus_cycle.h"
-#include "hosts/qt/keys/line_edit_scopes.h"
+#include "hosts/qt/keys/line_edit.h"
 #include "hosts/qt/keys/masked_paste.h"
 #include "hosts/qt/keys/paste_refusal.h"
 #include "tessaria/comforts.h"

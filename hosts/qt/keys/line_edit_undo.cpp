@@ -1,6 +1,6 @@
 // Undo in masked edits, and texts that go in as a whole.
 
-#include "hosts/qt/keys/line_edit_scopes.h"
+#include "hosts/qt/keys/line_edit.h"
 #include "tessaria/comforts.h"
 
 namespace tessaria::qt {

@@ -3,8 +3,8 @@
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/fonts.h"
 #include "hosts/qt/conversion/units.h"
-#include "hosts/qt/form/widget_tree.h"
 #include "tessaria/qt/event_boundary.h"
+#include "tessaria/qt/pages.h"
 #include "tessaria/qt/text.h"
 
 namespace tessaria::qt {

@@ -8,10 +8,10 @@
 #include "hosts/qt/boundary/handles.h"
 #include "hosts/qt/boundary/held_input.h"
 #include "hosts/qt/boundary/window_in_front.h"
+#include "hosts/qt/conversion/picture.h"
 #include "hosts/qt/program/message_box.h"
 #include "tessaria/error.h"
 #include "tessaria/qt/event_boundary.h"
-#include "tessaria/qt/host.h"
 #include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
@@ -42,7 +42,7 @@ std::shared_ptr<host::Picture> Application::LoadPicture(const String& path) {
 
 void Application::Beep() {
   QApplication::beep();
-  guarded(QApplication::activeWindow(), [this] { emit host_.beeped(); });
+  guarded(QApplication::activeWindow(), [this] { listener_.beeped(); });
 }
 
 // The core pumps in the middle of its work on a text. A key that ran there would find the text half
@@ -64,7 +64,7 @@ void Application::tellOfBox(QWidget* window, const QString& text, const QString&
                             Long style) {
   if (telling_) return;
   telling_ = true;
-  guarded(window, [&] { emit host_.boxShown(text, title, style); });
+  guarded(window, [&] { listener_.boxShown(text, title, style); });
   telling_ = false;
 }
 

@@ -1,27 +1,24 @@
 // The application port over QApplication.
 #pragma once
 
-#include <QIcon>
+#include <QString>
+#include <functional>
+#include <utility>
 
 #include "tessaria/host/application.h"
 
+class QWidget;
+
 namespace tessaria::qt {
-
-class Host;
-
-/// A picture file as Qt loads it, in all the sizes that it holds.
-class Picture final : public host::Picture {
- public:
-  explicit Picture(QIcon icon) : icon_(std::move(icon)) {}
-  const QIcon& icon() const { return icon_; }
-
- private:
-  QIcon icon_;
-};
 
 class Application final : public host::Application {
  public:
-  explicit Application(Host& host) : host_(host) {}
+  /// Who hears of what the operator is about to see and hear. Errors are shown as unhandled ones.
+  struct Listener {
+    std::function<void(const QString& text, const QString& title, int style)> boxShown;
+    std::function<void()> beeped;
+  };
+  explicit Application(Listener listener) : listener_(std::move(listener)) {}
 
   String Path() const override;
   char16_t PathSeparator() const override;
@@ -36,7 +33,7 @@ class Application final : public host::Application {
  private:
   void tellOfBox(QWidget* window, const QString& text, const QString& title, Long style);
 
-  Host& host_;
+  const Listener listener_;
   bool telling_ = false;
 };
 

@@ -8,6 +8,7 @@
 #include "tessaria/host/data.h"
 #include "tessaria/qt/event_boundary.h"
 #include "tessaria/qt/metatypes.h"
+#include "tessaria/qt/surface.h"
 
 class QKeySequence;
 class QLabel;
@@ -25,7 +26,7 @@ namespace tessaria::qt {
 /// The buttons are reached by mouse; Alt+Home, Alt+PgUp, Alt+PgDown and Alt+End do the same from
 /// anywhere in the window, unless `NavigationKeys` is false: a program whose menu has one of these
 /// keys takes them away here. Without rows there is nothing to press.
-class TESSARIA_QT_API Adodc final : public QWidget, public ErrorListener {
+class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public ErrorListener {
   Q_OBJECT
   Q_PROPERTY(QString ConnectionString READ connectionString WRITE setConnectionString)
   Q_PROPERTY(QString RecordSource READ recordSource WRITE setRecordSource)
@@ -66,8 +67,6 @@ class TESSARIA_QT_API Adodc final : public QWidget, public ErrorListener {
   host::RecordsetPtr recordSet() const { return recordSet_; }
   /// Opens the rows anew; raises what goes wrong.
   void open();
-  /// Called by the form's first show: opens the rows when both texts are there.
-  void openAtFirstShow();
   /// Whether a row stands open for input that is not written yet. A deleted row does not.
   bool isEditPending() const;
 
@@ -113,6 +112,16 @@ class TESSARIA_QT_API Adodc final : public QWidget, public ErrorListener {
   void error(int number, const QString& description);
 
  private:
+  // FormControl
+  QWidget& widget() override { return *this; }
+  String typeName() const override;
+  host::WidgetPtr makePort() override;
+  std::optional<Variant> ownProperty(const String&) const override { return {}; }
+  bool letOwnProperty(const String&, const Variant&) override { return false; }
+  /// Opens the rows when both texts are there.
+  void formShown() override;
+  bool settlesByItself() const override { return true; }
+
   using Work = std::function<void(host::Recordset&)>;
   bool run(const Work& work, void (Adodc::*done)());
   void ensureConnection();

@@ -28,7 +28,6 @@ class TESSARIA_QT_API Host final : public QObject {
  private:
   explicit Host(QObject* parent);
   friend Host& install();
-  friend class Application;
 
   std::unique_ptr<host::Application> application_;
   std::unique_ptr<host::Desktop> desktop_;

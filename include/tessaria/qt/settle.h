@@ -1,4 +1,4 @@
-// Settling the field in focus ahead of an action that moves no focus.
+// Settling fields in a program's own code.
 #pragma once
 
 #include <QString>
@@ -22,5 +22,14 @@ namespace tessaria::qt {
 /// False when the field refuses its text or its value could not be taken; it has then told the
 /// operator why.
 TESSARIA_QT_API bool settle(QWidget* widget, const QString& action = {});
+
+/// Settles now a field of the widget's window that the focus has left, as `QWidget::setFocus` makes
+/// it do: otherwise that waits for the event loop. The field may take the focus back, so look where
+/// the focus is afterwards. False when the field refuses its text or its value could not be taken.
+TESSARIA_QT_API bool settleLeftField(QWidget* widget);
+
+/// Enters the field of the widget's window that holds the focus anew: the program has shown
+/// another row in it. Nothing happens while a field waits to be settled.
+TESSARIA_QT_API void enterAgain(QWidget* widget);
 
 }  // namespace tessaria::qt

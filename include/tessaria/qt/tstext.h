@@ -10,13 +10,15 @@
 
 #include "tessaria/export.h"
 #include "tessaria/qt/event_boundary.h"
-#include "tessaria/tstext_interface.h"
+#include "tessaria/qt/surface.h"
 
 class QLabel;
 
 namespace tessaria {
+class Browse;
+class Pesquisa;
 class tsText;
-}
+}  // namespace tessaria
 
 namespace tessaria::qt {
 
@@ -29,7 +31,7 @@ namespace tessaria::qt {
 /// Setters, getters and events never throw. An error that surfaces in the caller, and every
 /// exception of a handler, is shown in a box and told by `unhandledError`; the program goes on.
 /// A handler may change what it gets by reference, and may destroy the control.
-class TESSARIA_QT_API TsText final : public QWidget, public ErrorListener {
+class TESSARIA_QT_API TsText final : public QWidget, public Surface, public ErrorListener {
   Q_OBJECT
   Q_PROPERTY(QStringList settings READ settings WRITE setSettings)
   Q_PROPERTY(QString DataSource READ dataSource WRITE setDataSource STORED false)
@@ -110,7 +112,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public ErrorListener {
 
   // Surroundings
   /// Name of the data control on the form; takes effect at the next `refresh()`.
-  QString dataSource() const;
+  QString dataSource() const override;
   void setDataSource(const QString& v);
   /// Field of its record set; takes effect at the next `refresh()`.
   QString dataField() const;
@@ -128,7 +130,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public ErrorListener {
   QString numeroTab() const;
   void setNumeroTab(const QString& v);
   /// Name of the control that escapes validation when it takes the focus.
-  QString objetoCancelar() const;
+  QString objetoCancelar() const override;
   void setObjetoCancelar(const QString& v);
   /// The object name. Assigning shows a message and changes nothing.
   QString nome() const;
@@ -223,6 +225,10 @@ class TESSARIA_QT_API TsText final : public QWidget, public ErrorListener {
   int hWnd() const;
 
   // Lookup
+  /// The lookup's definition, which the program may change.
+  std::shared_ptr<tessaria::Browse> browseDefinition() const;
+  /// The searches of its list, likewise.
+  std::shared_ptr<tessaria::Pesquisa> pesquisaDefinition() const;
   /// The lookup's definition, a QVariant of an `ObjectPtr`.
   QVariant browse() const;
   void setBrowse(const QVariant& v);
@@ -304,7 +310,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public ErrorListener {
   void setLastValue(const QString& v);
 
   /// Resolves all names anew and loads the current row.
-  void refresh();
+  void refresh() override;
   /// Checks the text by the rules for leaving the field. True when it may be left; a required field
   /// may be left blank unless a command button has the focus. False without a word while the focus
   /// is on the field's own button or on the control that `ObjetoCancelar` names. A text that is
@@ -332,12 +338,6 @@ class TESSARIA_QT_API TsText final : public QWidget, public ErrorListener {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
-  // What the host's own modules call as the surface's events come in.
-  void showSurface();
-  void enterSurface();
-  ExitVerdict leaveSurface();
-  /// Whether the field, which holds the focus, has something to settle.
-  bool hasToSettle() const;
   void unhandled(int number, const QString& description) override;
 
  public slots:  // NOLINT
@@ -374,6 +374,19 @@ class TESSARIA_QT_API TsText final : public QWidget, public ErrorListener {
  private:
   struct Parts;
   class Events;
+
+  // Surface
+  QWidget& widget() override { return *this; }
+  String typeName() const override;
+  host::WidgetPtr makePort() override;
+  std::optional<Variant> ownProperty(const String& name) const override;
+  bool letOwnProperty(const String& name, const Variant& value) override;
+  void formShown() override;
+  bool settlesByItself() const override { return false; }
+  LoadOrder loadOrder() const override;
+  void entered() override;
+  ExitVerdict left() override;
+  bool hasToSettle() const override;
 
   template <class Get>
   auto read(Get&& get) const;

@@ -1,4 +1,4 @@
-#include "hosts/qt/focus/form_events.h"
+#include "hosts/qt/program/form_events.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
@@ -6,21 +6,18 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPointer>
-#include <algorithm>
 
 #include "hosts/qt/boundary/window_in_front.h"
 #include "hosts/qt/dialogs/dialog_window.h"
 #include "hosts/qt/focus/focus_cycle.h"
+#include "hosts/qt/focus/focused_edit.h"
+#include "hosts/qt/form/first_show.h"
+#include "hosts/qt/form/pages.h"
 #include "hosts/qt/form/widget_tree.h"
-#include "hosts/qt/keys/line_edit.h"
-#include "tessaria/qt/adodc.h"
 #include "tessaria/qt/settle.h"
-#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt {
 namespace {
-
-constexpr char kShown[] = "_tessaria_shown";
 
 /// First shows pump events, and inside the show of an outer widget Qt still walks its children:
 /// what is deleted meanwhile would be met there. A window is shown last of all, and its forms
@@ -36,19 +33,6 @@ void formShows(QWidget* widget) {
     if (isForm(inner) && inner->isVisible()) forms << inner;
   for (const auto& form : forms)
     if (form) showFirst(form);
-}
-
-/// Place of a control in the order of loading.
-int loadRank(const TsText& control) {
-  if (control.dataSource().isEmpty() || control.dataField().isEmpty()) return 0;
-  switch (control.tipoControle()) {
-    case TsText::Browse:
-      return 1;
-    case TsText::Descricao:
-      return 3;
-    default:
-      return 2;
-  }
 }
 
 }  // namespace
@@ -139,7 +123,7 @@ bool FormEvents::swallowsPress(QWidget* widget, const QMouseEvent& press) {
     if (button && press.button() == Qt::LeftButton) button->click();
     return true;
   }
-  if (auto* edit = qobject_cast<LineEdit*>(widget)) edit->keepSelectionOverClick();
+  if (auto* edit = dynamic_cast<FocusedEdit*>(widget)) edit->keepSelectionOverClick();
   return false;
 }
 
@@ -171,33 +155,6 @@ bool FormEvents::swallowsKey(QWidget* widget) {
   const QPointer<QWidget> alive(widget);
   cycle->settlePending();
   return !alive || alive->window()->focusWidget() != alive;
-}
-
-bool wasShown(const QWidget* form) { return form->property(kShown).toBool(); }
-
-QList<TsText*> inLoadOrder(const QWidget* form) {
-  QList<TsText*> controls;
-  if (auto* alone = qobject_cast<TsText*>(const_cast<QWidget*>(form))) controls << alone;
-  for (TsText* control : form->findChildren<TsText*>())
-    if (formOf(control) == form) controls << control;
-  std::stable_sort(controls.begin(), controls.end(),
-                   [](const TsText* a, const TsText* b) { return loadRank(*a) < loadRank(*b); });
-  return controls;
-}
-
-void showFirst(QWidget* form) {
-  if (wasShown(form)) return;
-  QList<QPointer<TsText>> controls;
-  for (TsText* control : inLoadOrder(form)) controls << control;
-  QList<QPointer<Adodc>> dataControls;
-  for (Adodc* data : form->findChildren<Adodc*>())
-    if (formOf(data) == form) dataControls << data;
-  if (controls.isEmpty() && dataControls.isEmpty()) return;
-  form->setProperty(kShown, true);
-  for (const auto& data : dataControls)
-    if (data) data->openAtFirstShow();
-  for (const auto& control : controls)
-    if (control) control->showSurface();
 }
 
 }  // namespace tessaria::qt

@@ -36,7 +36,8 @@ struct TsText::Parts {
         browseButton(new BrowseButton(&surface)),
         box(*edit),
         button(*browseButton),
-        site(surface),
+        site(surface, {[&surface] { return surface.designMode(); },
+                       [&surface](const QString& name) { emit surface.propertyChanged(name); }}),
         events(surface),
         control(site, box, button, events) {}
 

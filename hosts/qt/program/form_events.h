@@ -37,14 +37,4 @@ class FormEvents final : public QObject {
   int modalShows_ = 0;  ///< modal windows shown so far
 };
 
-/// Tells every control of the form of its first show, those on hidden pages too: unbound
-/// controls first, then keys, then the rest, descriptions last, so that no control wipes what
-/// another one has filled. Data controls open their rows before. Does nothing at a second call.
-void showFirst(QWidget* form);
-/// Whether the form had its first show.
-bool wasShown(const QWidget* form);
-
-/// The controls of a form in that order.
-QList<class TsText*> inLoadOrder(const QWidget* form);
-
 }  // namespace tessaria::qt

@@ -1,4 +1,4 @@
-#include "hosts/qt/form/widget_port.h"
+#include "hosts/qt/form/widget_place.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -10,9 +10,8 @@
 
 #include "hosts/qt/conversion/units.h"
 #include "hosts/qt/form/widget_tree.h"
-#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/surface.h"
 #include "tessaria/qt/text.h"
-#include "tessaria/qt/tstext.h"
 
 namespace tessaria::qt {
 namespace {
@@ -29,8 +28,6 @@ struct TypeRow {
 
 /// The first that matches.
 constexpr TypeRow kTypes[] = {
-    {is<TsText>, u"tsText"},
-    {is<Adodc>, u"Adodc"},
     {[](const QWidget& w) { return isForm(&w); }, u"Form"},
     {is<QLabel>, u"Label"},
     {is<QTabWidget>, u"SSTab"},
@@ -47,6 +44,7 @@ constexpr TypeRow kTypes[] = {
 String nameOf(const QWidget& widget) { return fromQt(widget.objectName()); }
 
 String typeNameOf(const QWidget& widget) {
+  if (const auto* own = dynamic_cast<const FormControl*>(&widget)) return own->typeName();
   for (const TypeRow& row : kTypes)
     if (row.matches(widget)) return row.name;
   return fromQt(QString::fromLatin1(widget.metaObject()->className()));

@@ -1,12 +1,13 @@
-#include "tessaria/qt/host.h"
+// Makes the program the host of its thread.
 
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QTranslator>
 
 #include "hosts/qt/dialogs/desktop.h"
-#include "hosts/qt/focus/form_events.h"
 #include "hosts/qt/program/application.h"
+#include "hosts/qt/program/form_events.h"
+#include "tessaria/qt/host.h"
 #include "tessaria/thread_state.h"
 
 namespace tessaria::qt {
@@ -23,7 +24,11 @@ void loadTranslation(QObject* owner) {
 
 Host::Host(QObject* parent)
     : QObject(parent),
-      application_(std::make_unique<Application>(*this)),
+      application_(std::make_unique<Application>(
+          Application::Listener{[this](const QString& text, const QString& title, int style) {
+                                  emit boxShown(text, title, style);
+                                },
+                                [this] { emit beeped(); }})),
       desktop_(std::make_unique<Desktop>()) {
   loadTranslation(this);
   new FormEvents(this);

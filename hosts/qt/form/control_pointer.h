@@ -1,0 +1,25 @@
+// A pointer to what a widget implements, which forgets it when the widget is destroyed.
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+namespace tessaria::qt {
+
+/// `Interface` tells its widget by `widget()`.
+template <class Interface>
+class ControlPointer {
+ public:
+  ControlPointer(Interface* control = nullptr)  // NOLINT: as QPointer
+      : widget_(control ? &control->widget() : nullptr), control_(control) {}
+
+  Interface* get() const { return widget_ ? control_ : nullptr; }
+  operator Interface*() const { return get(); }  // NOLINT: as QPointer
+  Interface* operator->() const { return get(); }
+
+ private:
+  QPointer<QWidget> widget_;
+  Interface* control_;
+};
+
+}  // namespace tessaria::qt

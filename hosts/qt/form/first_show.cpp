@@ -1,0 +1,50 @@
+#include "hosts/qt/form/first_show.h"
+
+#include <algorithm>
+
+#include "hosts/qt/form/control_pointer.h"
+#include "hosts/qt/form/widget_tree.h"
+
+namespace tessaria::qt {
+namespace {
+
+constexpr char kShown[] = "_tessaria_shown";
+
+/// Those on the form itself, in order of creation.
+template <class Control>
+QList<Control*> ownControls(const QWidget* form) {
+  QList<Control*> controls;
+  for (QWidget* widget : form->findChildren<QWidget*>()) {
+    auto* control = dynamic_cast<Control*>(widget);
+    if (control && formOf(widget) == form) controls << control;
+  }
+  return controls;
+}
+
+}  // namespace
+
+bool wasShown(const QWidget* form) { return form->property(kShown).toBool(); }
+
+QList<Surface*> inLoadOrder(const QWidget* form) {
+  QList<Surface*> fields;
+  if (auto* alone = dynamic_cast<Surface*>(const_cast<QWidget*>(form))) fields << alone;
+  fields << ownControls<Surface>(form);
+  std::stable_sort(fields.begin(), fields.end(), [](const Surface* a, const Surface* b) {
+    return a->loadOrder() < b->loadOrder();
+  });
+  return fields;
+}
+
+void showFirst(QWidget* form) {
+  if (wasShown(form)) return;
+  QList<ControlPointer<FormControl>> controls;
+  for (FormControl* control : ownControls<FormControl>(form))
+    if (!dynamic_cast<Surface*>(control)) controls << control;
+  for (Surface* field : inLoadOrder(form)) controls << field;
+  if (controls.isEmpty()) return;
+  form->setProperty(kShown, true);
+  for (const auto& control : controls)
+    if (control) control->formShown();
+}
+
+}  // namespace tessaria::qt

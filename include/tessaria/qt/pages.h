@@ -1,0 +1,14 @@
+// Pages of tabs.
+#pragma once
+
+#include "tessaria/export.h"
+
+class QWidget;
+
+namespace tessaria::qt {
+
+/// Brings all pages of tab widgets that the widget lies on to the front, so that it can be seen.
+/// Nothing happens for nullptr.
+TESSARIA_QT_API void showPagesOf(QWidget* widget);
+
+}  // namespace tessaria::qt

@@ -1,0 +1,66 @@
+// What a form and the focus ask of a control that is made of several widgets.
+#pragma once
+
+#include <QString>
+#include <optional>
+
+#include "tessaria/export.h"
+#include "tessaria/host/form.h"
+#include "tessaria/tstext_interface.h"
+
+class QWidget;
+
+namespace tessaria::qt {
+
+/// A control of the library on a form; what it is made of is its own affair. Implemented by the
+/// widgets themselves, and found from any widget by `dynamic_cast`. Only the library's own modules
+/// call the members; unless said otherwise none throws.
+class TESSARIA_QT_API FormControl {
+ public:
+  FormControl() = default;
+  FormControl(const FormControl&) = delete;
+  FormControl& operator=(const FormControl&) = delete;
+
+  virtual QWidget& widget() = 0;
+  /// As `host::Widget::TypeName`.
+  virtual String typeName() const = 0;
+  /// Stands for the control on its form, and may outlive it.
+  virtual host::WidgetPtr makePort() = 0;
+  /// A property of the control's own, without regard to case; nothing for a name that all widgets
+  /// have, or none. Raises what reading it raises.
+  virtual std::optional<Variant> ownProperty(const String& name) const = 0;
+  /// False for a name of the others. Raises what assigning it raises.
+  virtual bool letOwnProperty(const String& name, const Variant& value) = 0;
+  /// The form shows for the first time.
+  virtual void formShown() = 0;
+  /// Whether what the control's shortcuts start settles the field in focus by itself.
+  virtual bool settlesByItself() const = 0;
+
+ protected:
+  ~FormControl() = default;
+};
+
+/// When a field of a form is loaded.
+enum class LoadOrder { Unbound, Key, Bound, Description };
+
+/// A field: the operator enters it and leaves it as a whole.
+class TESSARIA_QT_API Surface : public FormControl {
+ public:
+  virtual LoadOrder loadOrder() const = 0;
+  /// Name of the data control whose rows the field shows; empty for none.
+  virtual QString dataSource() const = 0;
+  /// Name of the control that leaves the field without a check.
+  virtual QString objetoCancelar() const = 0;
+  /// Loads the current row.
+  virtual void refresh() = 0;
+
+  virtual void entered() = 0;
+  virtual ExitVerdict left() = 0;
+  /// Whether the field, which holds the focus, has something to settle.
+  virtual bool hasToSettle() const = 0;
+
+ protected:
+  ~Surface() = default;
+};
+
+}  // namespace tessaria::qt
