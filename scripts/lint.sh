@@ -1,12 +1,10 @@
 #!/usr/bin/env bash
-# Layout of the sources, static analysis of the core, and the scripts.
+# Layout and static analysis of all sources, and the scripts.
 # Usage: scripts/lint.sh
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # shellcheck source=scripts/build.sh
 . scripts/build.sh
-
-core='include runtime services mask lookup browse pickers control propertypage wizard'
 
 check_scripts() {
   local script
@@ -20,21 +18,22 @@ check_format() {
   git ls-files -z '*.h' '*.cpp' | xargs -0 -r clang-format --dry-run -Werror
 }
 
-# The analysis reads the build's own commands; g++ takes a warning that clang has not.
-check_core() {
-  local folders=() folder
-  for folder in $core; do
-    if [ -d "$folder" ]; then folders+=("$folder"); fi
-  done
-  find "${folders[@]}" -name '*.cpp' -print0 |
-    xargs -0 -r -n 4 -P "$(nproc)" clang-tidy --quiet -p build/release \
-      --extra-arg=-Wno-unknown-warning-option
+# All sources that the build joins, and those that it compiles one by one; nothing generated.
+sources_to_analyse() {
+  sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' build/lint/compile_commands.json |
+    grep -v '_autogen/' | grep -v '/tests/layout/.*\.h\.cpp$' | sort -u
 }
 
-scripts/install-dependencies.sh build run lint
-configure_preset release
-logs=build/release/log
+# A joined source includes others: that is no mistake.
+check_sources() {
+  sources_to_analyse | xargs -r -n 1 -P "$(nproc)" clang-tidy --quiet -p build/lint \
+    --config-file=.clang-tidy --checks=-bugprone-suspicious-include --header-filter="^$PWD/"
+}
+
+scripts/install-dependencies.sh build run lint fuzz bench
+configure_preset lint
+logs=build/lint/log
 run_quietly "$logs/lint-scripts.txt" 'Checking the scripts' check_scripts
 run_quietly "$logs/lint-format.txt" 'Checking the layout of the sources' check_format
 run_quietly "$logs/lint-code-map.txt" 'Comparing the code map' scripts/code-map.sh --check
-run_quietly "$logs/lint-core.txt" 'Analysing the core' check_core
+run_quietly "$logs/lint-sources.txt" 'Analysing the sources' check_sources
