@@ -47,6 +47,7 @@ void ModalScript::WorkInFront(Dialog& dialog, const String& name) {
 }
 
 /// The script is a copy, since the queue may change while it runs.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void ModalScript::Run(const Script script, Dialog& dialog) const {
   script(dialog);
   if (dialog.IsShown()) Fault(u"The script left the window " + String(dialog.Name()) + u" open");

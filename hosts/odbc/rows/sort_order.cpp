@@ -120,6 +120,7 @@ std::vector<SortKey> ParseSortOrder(const Columns& columns, const String& text) 
 
 void SortRows(const RowTable& table, const std::vector<SortKey>& keys, std::vector<RowId>& rows) {
   std::vector<std::unique_ptr<KeyColumn>> columns;
+  columns.reserve(keys.size());
   for (const SortKey& key : keys) columns.push_back(std::make_unique<KeyColumn>(table, key, rows));
   std::vector<Ranked> ranked;
   ranked.reserve(rows.size());

@@ -53,8 +53,8 @@ std::optional<std::int64_t> MicrosOfTime(StringView text) {
 }
 
 Date DateOf(std::int64_t day, std::int64_t micros) {
-  const double fraction =
-      static_cast<double>(micros / kMicrosPerSecond) / static_cast<double>(kSecondsPerDay);
+  const std::int64_t seconds = micros / kMicrosPerSecond;
+  const double fraction = static_cast<double>(seconds) / static_cast<double>(kSecondsPerDay);
   // Before the first day the fraction still counts forward from midnight.
   const double days = static_cast<double>(day);
   return Date{day < 0 ? days - fraction : days + fraction};

@@ -39,7 +39,7 @@ constexpr TypeRule kTypeRules[] = {
     {SQL_VARBINARY, type::Binary, Storage::Text},
     {SQL_LONGVARBINARY, type::Binary, Storage::Text},
 };
-constexpr TypeRule kTextRule = {SQL_WVARCHAR, type::VarWChar, Storage::Text};
+constexpr TypeRule kTextTypeRule = {SQL_WVARCHAR, type::VarWChar, Storage::Text};
 constexpr TypeRule kBooleanRule = {SQL_BIT, type::Boolean, Storage::Boolean};
 constexpr TypeRule kMoneyRule = {SQL_DOUBLE, type::Currency, Storage::Money};
 
@@ -75,10 +75,10 @@ SQLLEN NumberAttribute(const Statement& statement, SQLUSMALLINT column, SQLUSMAL
   return IsAnswered(result, statement) ? value : unknown;
 }
 
-const TypeRule& RuleOf(SQLLEN sqlType) {
+const TypeRule& TypeRuleOf(SQLLEN sqlType) {
   const auto* rule = std::find_if(std::begin(kTypeRules), std::end(kTypeRules),
                                   [&](const TypeRule& r) { return r.sqlType == sqlType; });
-  return rule == std::end(kTypeRules) ? kTextRule : *rule;
+  return rule == std::end(kTypeRules) ? kTextTypeRule : *rule;
 }
 
 // Types that the PostgreSQL driver describes as something else.
@@ -89,7 +89,7 @@ const TypeRule& PostgresRule(const String& typeName, const TypeRule& rule) {
 }
 
 const TypeRule& RuleFor(SQLLEN sqlType, const String& typeName, bool postgres) {
-  return postgres ? PostgresRule(typeName, RuleOf(sqlType)) : RuleOf(sqlType);
+  return postgres ? PostgresRule(typeName, TypeRuleOf(sqlType)) : TypeRuleOf(sqlType);
 }
 
 void RefinePostgres(Column& column, SQLLEN sqlType, const String& typeName) {

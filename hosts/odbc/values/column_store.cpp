@@ -211,7 +211,8 @@ std::optional<std::string_view> ColumnStore::KeptText(std::uint32_t row, std::si
 std::size_t ColumnStore::Bytes() const {
   std::size_t bytes = 0;
   for (const Data& data : data_) {
-    for (const auto& [row, text] : data.kept) bytes += sizeof row + sizeof text + text.capacity();
+    for (const auto& [row, text] : data.kept)
+      bytes += sizeof(decltype(data.kept)::value_type) + text.capacity();
     for (const Chunk& chunk : data.chunks) {
       bytes += chunk.bytes.capacity() + chunk.ends.Bytes() + chunk.nulls.capacity() / 8;
     }
