@@ -1,7 +1,8 @@
-// The calendar of dates: days since 30 December 1899, Gregorian throughout.
+#include "tessaria/calendar.h"
+
 #include <cmath>
 
-#include "runtime/date_text.h"
+#include "runtime/calendar.h"
 #include "tessaria/error.h"
 
 namespace tessaria {

@@ -5,6 +5,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "runtime/calendar.h"
 #include "runtime/date_text.h"
 #include "runtime/digits.h"
 #include "runtime/number_text.h"

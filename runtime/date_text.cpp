@@ -3,6 +3,7 @@
 #include <ctime>
 #include <vector>
 
+#include "runtime/calendar.h"
 #include "runtime/number_text.h"
 
 namespace tessaria {

@@ -4,7 +4,7 @@
 #include <iterator>
 #include <utility>
 
-#include "tessaria/text.h"
+#include "tessaria/utf8.h"
 
 namespace tessaria {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "runtime/date_text.h"
+#include "runtime/calendar.h"
 #include "runtime/format_pattern.h"
 #include "tessaria/conversion.h"
 

@@ -1,5 +1,4 @@
-// UTF-8 to and from UTF-16.
-#include "tessaria/text.h"
+#include "tessaria/utf8.h"
 
 namespace tessaria {
 

@@ -5,6 +5,7 @@
 // out of range, 94 for Null.
 #pragma once
 
+#include "tessaria/calendar.h"
 #include "tessaria/export.h"
 #include "tessaria/string.h"
 #include "tessaria/variant.h"
@@ -54,16 +55,6 @@ TESSARIA_CORE_API String Str(double value);
 /// The text of a value inside an SQL statement: a number has a point whatever its kind, a
 /// Boolean is -1 or 0; all else is as CStr, and Null gives "".
 TESSARIA_CORE_API String SqlText(const Variant& value);
-
-/// Calendar parts of a date.
-struct TESSARIA_CORE_API CivilTime {
-  int Year = 1899, Month = 12, Day = 30, Hour = 0, Minute = 0, Second = 0;
-};
-/// Rounded to the second. Of a day before the origin the fraction is the time all the same:
-/// -1.25 is six o'clock of 29/12/1899. Error 6 outside the years 100 to 9999.
-TESSARIA_CORE_API CivilTime ToCivil(Date date);
-/// Error 5 outside the years 100 to 9999 or for a day or time that does not exist.
-TESSARIA_CORE_API Date FromCivil(const CivilTime& time);
 
 /// Exact texts of the two exact kinds, for the data layer: a point, no thousands, and for a
 /// decimal as many decimals as its scale.

@@ -1,10 +1,9 @@
 // Text functions of the run time. Positions count from 1; lengths are in UTF-16 units.
 #pragma once
 
-#include <string>
-
 #include "tessaria/export.h"
 #include "tessaria/string.h"
+#include "tessaria/utf8.h"
 
 namespace tessaria {
 
@@ -45,18 +44,10 @@ TESSARIA_CORE_API String Space(Long count);
 /// `count` copies of the first character of `text`; error 5 when that is empty.
 TESSARIA_CORE_API String StringOf(Long count, StringView text);
 
-/// Whether the unit is the first, or second, half of a surrogate pair.
-constexpr bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-constexpr bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
 /// The code of a character in the Western code page (1252), 0 to 255; 63 ("?") for a
 /// character that the page does not hold.
 TESSARIA_CORE_API Integer AnsiCode(char16_t character);
 /// The character of a code of that page. Error 5 outside 0 to 255.
 TESSARIA_CORE_API char16_t AnsiCharacter(Long code);
-
-TESSARIA_CORE_API std::string ToUtf8(StringView text);
-/// Invalid bytes become U+FFFD.
-TESSARIA_CORE_API String FromUtf8(std::string_view bytes);
 
 }  // namespace tessaria
