@@ -1,6 +1,6 @@
 #include "browse/row_criterion.h"
 
-#include "lookup/dialect.h"
+#include "lookup/literals.h"
 #include "runtime/digits.h"
 #include "runtime/field_names.h"
 #include "tessaria/conversion.h"

@@ -2,8 +2,8 @@
 
 #include "browse/refused_statement.h"
 #include "browse/search_prompt.h"
-#include "lookup/dialect.h"
 #include "lookup/query_text.h"
+#include "lookup/sql_family.h"
 #include "services/busy_pointer.h"
 #include "services/message_box.h"
 #include "services/trap.h"

@@ -5,6 +5,7 @@
 #include "lookup/dialect.h"
 #include "lookup/literals.h"
 #include "lookup/query_text.h"
+#include "lookup/sql_family.h"
 #include "services/box_state.h"
 #include "services/trap.h"
 #include "tessaria/compare.h"

@@ -1,5 +1,6 @@
 #include "lookup/literals.h"
 
+#include "lookup/sql_family.h"
 #include "runtime/well_formed.h"
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"
@@ -47,6 +48,8 @@ SqlRules RegrasPara(StringView valor) {
   if (valor.find(u'\\') != StringView::npos) regras.backslashes = BarraEscapa(*conexao);
   return regras;
 }
+
+String DobraAspas(StringView strTexto) { return Replace(strTexto, u"'", u"''"); }
 
 String ConteudoDeTexto(StringView texto) {
   RequireWellFormed(texto);

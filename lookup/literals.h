@@ -11,6 +11,10 @@ namespace tessaria {
 /// does not know what its server makes of one.
 SqlRules RegrasPara(StringView valor);
 
+/// The text with every apostrophe doubled, and nothing else changed. For a statement's text see
+/// `ConteudoDeTexto`.
+String DobraAspas(StringView strTexto);
+
 /// What stands for a text between apostrophes: its apostrophes are doubled, and its backslashes
 /// where the server reads them as escapes. Error 5 for a text that is not well formed, and as
 /// above.

@@ -4,6 +4,7 @@
 #include "lookup/field_types.h"
 #include "lookup/literals.h"
 #include "lookup/query_text.h"
+#include "lookup/sql_family.h"
 #include "services/message_box.h"
 #include "services/trap.h"
 #include "tessaria/conversion.h"

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "lookup/dialect.h"
+#include "lookup/sql_family.h"
 #include "tessaria/export.h"
 
 namespace tessaria {

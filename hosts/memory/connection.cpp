@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "hosts/memory/second_statement.h"
-#include "lookup/dialect.h"
+#include "lookup/sql_family.h"
 #include "lookup/sql_scanner.h"
 #include "runtime/well_formed.h"
 #include "tessaria/conversion.h"

@@ -1,4 +1,6 @@
 #include "lookup/dialect.h"
+#include "lookup/literals.h"
+#include "lookup/sql_family.h"
 
 #include "tests/lookup/lookup_fixture.h"
 
