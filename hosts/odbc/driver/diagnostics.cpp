@@ -5,7 +5,7 @@
 #include <array>
 #include <string_view>
 
-#include "hosts/odbc/driver/handles.h"
+#include "hosts/odbc/driver/wide.h"
 
 namespace tessaria::odbc {
 namespace {

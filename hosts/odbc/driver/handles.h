@@ -1,4 +1,4 @@
-// ODBC handles that free themselves, and the bridge between SQLWCHAR and our text.
+// ODBC handles that free themselves.
 #pragma once
 
 #include <sql.h>
@@ -7,17 +7,7 @@
 #include <memory>
 #include <utility>
 
-#include "tessaria/string.h"
-
 namespace tessaria::odbc {
-
-static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "wide calls must take UTF-16");
-
-/// Text as the wide calls take it; they never write through an input pointer.
-inline SQLWCHAR* Wide(const char16_t* text) {
-  return reinterpret_cast<SQLWCHAR*>(const_cast<char16_t*>(text));
-}
-inline SQLWCHAR* Wide(char16_t* buffer) { return reinterpret_cast<SQLWCHAR*>(buffer); }
 
 /// Owns one handle of the given type.
 template <SQLSMALLINT type>

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "hosts/odbc/driver/diagnostics.h"
+#include "hosts/odbc/driver/wide.h"
 #include "tessaria/text.h"
 
 namespace tessaria::odbc {

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "hosts/odbc/driver/wide.h"
 #include "hosts/odbc/session/connection_text.h"
 #include "hosts/odbc/session/dbms_version.h"
 #include "runtime/well_formed.h"
