@@ -1,7 +1,6 @@
 #include "tessaria/memory/controls.h"
 
 #include "tessaria/conversion.h"
-#include "tessaria/memory/form.h"
 
 namespace tessaria::memory {
 namespace {
@@ -93,9 +92,7 @@ void DataControl::Refresh() {
 }
 
 void DataControl::Load() {
-  const auto form = OwnerForm();
-  const bool runs = form && form->UserMode();
-  if (runs && connection_ && !recordSource_.empty() && !recordSet_) Refresh();
+  if (connection_ && !recordSource_.empty() && !recordSet_) Refresh();
 }
 
 }  // namespace tessaria::memory

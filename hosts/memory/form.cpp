@@ -95,8 +95,12 @@ host::WidgetPtr Form::ActiveControl() const {
 void Form::Place(const PartPtr& part) {
   RequireLife();
   parts_.push_back(part);
-  part->PlaceOn(shared_from_this());
-  if (shown_) RunEvent([&] { part->Load(), part->FirstShow(); });
+  part->PlaceOn(shared_from_this(), shared_from_this());
+  if (!shown_) return;
+  RunEvent([&] {
+    if (UserMode()) part->Load();
+    part->FirstShow();
+  });
 }
 
 void Form::Remove(const String& name) {
@@ -122,7 +126,8 @@ void Form::Show() {
 
 void Form::FirstShow() {
   std::vector<PartPtr> order = parts_;
-  for (const auto& part : order) RunEvent([&] { part->Load(); });
+  if (UserMode())
+    for (const auto& part : order) RunEvent([&] { part->Load(); });
   std::stable_sort(order.begin(), order.end(),
                    [](const PartPtr& a, const PartPtr& b) { return a->Rank() < b->Rank(); });
   for (const auto& part : order) {

@@ -1,7 +1,6 @@
 #include "tessaria/memory/part.h"
 
 #include "tessaria/conversion.h"
-#include "tessaria/memory/form.h"
 
 namespace tessaria::memory {
 namespace {
@@ -31,7 +30,5 @@ Part::Part(String name, String typeName) {
   AddFlag(properties_, u"TabStop", state_.TabStop);
   properties_.AddValue(u"Tag", u"");
 }
-
-host::WidgetPtr FormWidgetOf(const Part& part) { return part.OwnerForm(); }
 
 }  // namespace tessaria::memory

@@ -123,7 +123,34 @@ void Dialog::ShowModal() {
     if (isFirst) Raise(OnResize);
     Raise(OnActivate);
   });
-  world_->Script.Work(*this);
+  WorkInFront();
+  if (Dialog* below = world_->Script.InFront(); below && below->shown_) below->Reactivate();
+}
+
+/// A window in front, however its script ends.
+class Dialog::InFront {
+ public:
+  explicit InFront(Dialog& dialog) : dialog_(dialog) {
+    dialog.world_->Script.Opened(dialog, String(dialog.Name()));
+  }
+  InFront(const InFront&) = delete;
+  InFront& operator=(const InFront&) = delete;
+  ~InFront() {
+    dialog_.Hide();
+    dialog_.world_->Script.Closed();
+  }
+
+ private:
+  Dialog& dialog_;
+};
+
+void Dialog::WorkInFront() {
+  const InFront inFront(*this);
+  const String name(Name());
+  const auto script = world_->Script.Take(name);
+  if (!script) return;
+  script(*this);
+  if (shown_) world_->Script.Fault(u"The script left the window " + name + u" open");
 }
 
 void Dialog::Hide() {

@@ -8,7 +8,7 @@ namespace tessaria::memory {
 
 template <class Body>
 void Dialog::Act(Body&& body) {
-  if (!shown_ || !world_->Script.IsInFront(*this))
+  if (!shown_ || world_->Script.InFront() != this)
     return world_->Script.Fault(u"The window " + String(Name()) + u" is not in front");
   const auto alive = shared_from_this();
   form_->RunEvent(std::forward<Body>(body));

@@ -47,8 +47,12 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
   bool IsGone() const { return gone_; }
 
   // --- What the form calls -----------------------------------------------------------------------
-  virtual void PlaceOn(const std::shared_ptr<Form>& form) { owner_ = form; }
-  /// The form is loading: ahead of every first show.
+  /// Both are the form, which the part does not keep alive.
+  void PlaceOn(const std::shared_ptr<Form>& form, const host::WidgetPtr& asWidget) {
+    owner_ = form;
+    ownerWidget_ = asWidget;
+  }
+  /// The form is loading for an operator: ahead of every first show.
   virtual void Load() {}
   virtual void FirstShow() {}
   /// Place in the order of the first shows, which is that of creation among equals.
@@ -70,12 +74,15 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
   virtual void Terminate() {}
 
  protected:
+  /// The form that the control lies on, as a widget; nothing as for `OwnerForm`.
+  host::WidgetPtr OwnerWidget() const { return ownerWidget_.lock(); }
   bool CanBeUsed() const { return state_.Visible && state_.Enabled && !gone_; }
 
  private:
   State state_;
   LateBound properties_;
   std::weak_ptr<Form> owner_;
+  std::weak_ptr<host::Widget> ownerWidget_;
   bool gone_ = false;
 };
 
@@ -92,7 +99,9 @@ class TESSARIA_MEMORY_API PartWith : public Port, public Part {
   Long Left() const override { return Live().Left; }
   Long Top() const override { return Live().Top; }
   Long Height() const override { return Live().Height; }
-  host::WidgetPtr Container() const override;
+  host::WidgetPtr Container() const override {
+    return Live().Container ? Live().Container : OwnerWidget();
+  }
   Variant Get(const String& property) const override {
     Live();
     return Properties().Get(property);
@@ -113,13 +122,5 @@ class TESSARIA_MEMORY_API PartWith : public Port, public Part {
     return Settings();
   }
 };
-
-/// The form of a part as a widget.
-TESSARIA_MEMORY_API host::WidgetPtr FormWidgetOf(const Part& part);
-
-template <class Port>
-host::WidgetPtr PartWith<Port>::Container() const {
-  return Live().Container ? Live().Container : FormWidgetOf(*this);
-}
 
 }  // namespace tessaria::memory

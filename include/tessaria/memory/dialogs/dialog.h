@@ -112,6 +112,9 @@ class TESSARIA_MEMORY_API Dialog final : public host::Dialog,
   DialogItem& Item(StringView name, Integer index);
   host::DialogWidget& Widget(StringView name, Integer index) override;
 
+  class InFront;
+  /// Has its script work the window, which is hidden when that has ended.
+  void WorkInFront();
   /// The last handle is gone: no handler runs any more, and the window hides.
   void Abandon();
   void Size(Long width, Long height);

@@ -29,10 +29,15 @@ class TESSARIA_MEMORY_API ModalScript {
   }
   /// Works the windows that no script waits for, which are faults without it.
   Script Unforeseen;
-  /// Works a window that has just opened; when this returns it is hidden, and the window below it
-  /// is told that it is in front again.
-  void Work(Dialog& dialog);
-  bool IsInFront(const Dialog& dialog) const { return !open_.empty() && open_.back() == &dialog; }
+  /// A window comes in front of those that are open.
+  void Opened(Dialog& dialog, const String& name);
+  /// The window in front is gone.
+  void Closed() { open_.pop_back(); }
+  /// nullptr for none.
+  Dialog* InFront() const { return open_.empty() ? nullptr : open_.back(); }
+  /// Takes the script that works a window of that name, which has opened. Nothing when there is
+  /// none: a fault, which is told.
+  Script Take(const String& name);
   void Fault(const String& message) const { onFault_(message); }
   /// Tells the scripts that no window came for.
   void Finish();
@@ -41,14 +46,10 @@ class TESSARIA_MEMORY_API ModalScript {
   const std::vector<String>& Shown() const { return shown_; }
 
  private:
-  class InFront;
   struct Entry {
     String Name;
     Script Work;
   };
-
-  void WorkInFront(Dialog& dialog, const String& name);
-  void Run(Script script, Dialog& dialog) const;
 
   FaultHandler onFault_;
   std::deque<Entry> waiting_;
