@@ -2,11 +2,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
 #include <iterator>
 #include <map>
 #include <regex>
 #include <sstream>
 
+#include "tests/layout/include_graph.h"
 #include "tests/layout/source_tree.h"
 
 namespace layout {
@@ -46,17 +49,32 @@ const std::map<std::string, std::string> kHostLibraries = {
     {"hosts/qt", R"(^(Qt\w*/)?Q\w+$|^Qt$)"},
 };
 
-// "hosts/qt" for a host, the first folder for everything else.
+// The rooms of each host, bottom up: a room includes itself and what is lower. The empty name is
+// the host's own folder.
+const std::map<std::string, std::vector<std::string>> kRooms = {
+    {"hosts/memory", {"", "dialogs"}},
+    {"hosts/odbc", {"driver", "values", "statements", "session", "rows", "recordset", ""}},
+    {"hosts/qt",
+     {"conversion", "boundary", "form", "focus", "keys", "data", "control", "dialogs", "program",
+      "designer"}},
+};
+
+// "include/tessaria/qt" for "hosts/qt".
+std::string PublicFolderOf(const std::string& host) {
+  return "include/tessaria" + host.substr(host.find('/'));
+}
+
+// "hosts/qt" for a host and its public headers, the first folder for everything else.
 std::string AreaOf(const std::string& path) {
+  for (const auto& [host, libraries] : kHostLibraries)
+    if (path.starts_with(PublicFolderOf(host) + "/")) return host;
   auto end = path.find('/');
   if (path.starts_with("hosts/")) end = path.find('/', end + 1);
   return path.substr(0, end);
 }
 
 // The area of a quoted include, which is written from the root or from include/.
-std::string AreaOfTarget(const Include& include) {
-  return include.target.starts_with("tessaria/") ? "include" : AreaOf(include.target);
-}
+std::string AreaOfTarget(const Include& include) { return AreaOf(PathOfTarget(include)); }
 
 bool IsCore(const std::string& area) { return kHeight.contains(area); }
 bool IsHost(const std::string& area) { return area.starts_with("hosts/"); }
@@ -85,6 +103,38 @@ bool ReachesOutOfAHost(const Include& include) {
   return !IsCore(target) && target != area;
 }
 
+// How high a component stands in its host, from 0; -1 for no room. A public header that belongs to
+// no source stands where its folder says, or else at the bottom.
+std::ptrdiff_t HeightInHost(const std::string& component) {
+  const std::string host = AreaOf(component);
+  const auto& rooms = kRooms.at(host);
+  const bool isPublic = !component.starts_with(host);
+  const auto folder = std::filesystem::path(component).parent_path();
+  const auto room = folder.lexically_relative(isPublic ? PublicFolderOf(host) : host);
+  const auto at = std::ranges::find(rooms, room == "." ? std::string() : room.generic_string());
+  if (at == rooms.end() || (isPublic && at->empty())) return isPublic ? 0 : -1;
+  return at - rooms.begin();
+}
+
+const Components& AllComponents() {
+  static const Components components(AllIncludes());
+  return components;
+}
+
+bool ReachesUpInAHost(const Include& include) {
+  const auto from = AllComponents().Of(include.file);
+  const auto to = AllComponents().Of(PathOfTarget(include));
+  if (include.angled || !IsHost(AreaOf(from)) || AreaOf(from) != AreaOf(to)) return false;
+  return HeightInHost(to) > HeightInHost(from);
+}
+
+// Programs use what is installed, and their own headers.
+bool ReachesIntoTheTree(const Include& include) {
+  static const std::set<std::string> closed = {"bench", "tests"};
+  const auto area = AreaOf(include.target);
+  return AreaOf(include.file) == "apps" && (IsCore(area) || IsHost(area) || closed.contains(area));
+}
+
 bool IsForeignToAHost(const Include& include) {
   const auto area = AreaOf(include.file);
   if (!include.angled || !IsHost(area)) return false;
@@ -92,9 +142,14 @@ bool IsForeignToAHost(const Include& include) {
          !std::regex_search(include.target, std::regex(kHostLibraries.at(area)));
 }
 
+// The program of an installed library has include folders of its own.
+bool IsOfAnotherTree(const std::string& file) {
+  return file.starts_with("tests/package/consumer/");
+}
+
 bool IsNotFromTheRoot(const Include& include) {
-  return !include.angled && !IsGenerated(include.target) && !Exists(include.target) &&
-         !Exists("include/" + include.target);
+  return !IsOfAnotherTree(include.file) && !include.angled && !IsGenerated(include.target) &&
+         !Exists(include.target) && !Exists("include/" + include.target);
 }
 
 using Rule = bool (*)(const Include&);
@@ -123,16 +178,38 @@ TEST(IncludeRules, EachRuleCatchesWhatItForbidsAndNothingElse) {
       {ReachesUpInTheCore, {"browse/a.cpp", 1, "pickers/b.h", false}, true},
       {ReachesUpInTheCore, {"include/tessaria/a.h", 1, "runtime/text.h", false}, true},
       {ReachesUpInTheCore, {"control/a.cpp", 1, "hosts/memory/b.h", false}, true},
+      {ReachesUpInTheCore, {"control/a.cpp", 1, "tessaria/qt/tstext.h", false}, true},
       {ReachesUpInTheCore, {"mask/a.cpp", 1, "mask/b.h", false}, false},
       {ReachesUpInTheCore, {"control/a.cpp", 1, "runtime/b.h", false}, false},
       {ReachesUpInTheCore, {"runtime/a.cpp", 1, "tessaria/variant.h", false}, false},
       {IsForeignToTheCore, {"mask/a.cpp", 1, "QString", true}, true},
       {IsForeignToTheCore, {"mask/a.cpp", 1, "unistd.h", true}, true},
       {IsForeignToTheCore, {"mask/a.cpp", 1, "string", true}, false},
+      {IsForeignToTheCore, {"include/tessaria/qt/a.h", 1, "QString", true}, false},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "hosts/odbc/b.h", false}, true},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "tests/support/b.h", false}, true},
+      {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "tessaria/memory/form.h", false}, true},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "a.moc", false}, false},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "control/tstext.h", false}, false},
+      {ReachesUpInAHost, {"hosts/qt/focus/a.cpp", 1, "hosts/qt/keys/b.h", false}, true},
+      {ReachesUpInAHost, {"hosts/qt/focus/a.cpp", 1, "tessaria/qt/tstext.h", false}, true},
+      {ReachesUpInAHost, {"include/tessaria/qt/a.h", 1, "tessaria/qt/settle.h", false}, true},
+      {ReachesUpInAHost, {"hosts/odbc/rows/a.h", 1, "hosts/odbc/odbc_connection.h", false}, true},
+      {ReachesUpInAHost, {"hosts/memory/a.h", 1, "tessaria/memory/dialogs/dialog.h", false}, true},
+      {ReachesUpInAHost, {"hosts/qt/keys/a.cpp", 1, "hosts/qt/focus/b.h", false}, false},
+      {ReachesUpInAHost, {"hosts/qt/keys/a.cpp", 1, "hosts/qt/keys/b.h", false}, false},
+      // A field installs the host, which opens the windows that hold fields.
+      {ReachesUpInAHost, {"hosts/qt/control/a.cpp", 1, "tessaria/qt/host.h", false}, false},
+      {ReachesUpInAHost,
+       {"hosts/odbc/odbc_connection.cpp", 1, "hosts/odbc/rows/a.h", false},
+       false},
+      {ReachesIntoTheTree, {"apps/demo/a.cpp", 1, "hosts/qt/form/b.h", false}, true},
+      {ReachesIntoTheTree, {"apps/demo/a.cpp", 1, "hosts/qt/form/b.h", true}, true},
+      {ReachesIntoTheTree, {"apps/demo/a.cpp", 1, "include/tessaria/text.h", false}, true},
+      {ReachesIntoTheTree, {"apps/demo/a.cpp", 1, "tests/qt/operator.h", false}, true},
+      {ReachesIntoTheTree, {"apps/demo/a.cpp", 1, "tessaria/qt/tstext.h", true}, false},
+      {ReachesIntoTheTree, {"apps/demo/a.cpp", 1, "apps/demo/b.h", false}, false},
+      {ReachesIntoTheTree, {"tests/qt/a.cpp", 1, "hosts/qt/form/b.h", false}, false},
       {IsForeignToAHost, {"hosts/odbc/a.cpp", 1, "QString", true}, true},
       {IsForeignToAHost, {"hosts/qt/a.cpp", 1, "sql.h", true}, true},
       {IsForeignToAHost, {"hosts/memory/a.cpp", 1, "sql.h", true}, true},
@@ -140,7 +217,8 @@ TEST(IncludeRules, EachRuleCatchesWhatItForbidsAndNothingElse) {
       {IsForeignToAHost, {"hosts/qt/a.cpp", 1, "QLineEdit", true}, false},
       {IsForeignToAHost, {"hosts/qt/a.cpp", 1, "QtDesigner/QExtensionFactory", true}, false},
       {IsNotFromTheRoot, {"runtime/a.cpp", 1, "text.h", false}, true},
-      {IsNotFromTheRoot, {"runtime/a.cpp", 1, "runtime/text.h", false}, false},
+      {IsNotFromTheRoot, {"runtime/a.cpp", 1, "runtime/digits.h", false}, false},
+      {IsNotFromTheRoot, {"tests/package/consumer/a.cpp", 1, "text.h", false}, false},
   };
   for (const auto& [rule, include, breaks] : cases) {
     EXPECT_EQ(rule(include), breaks) << include.Describe();
@@ -165,6 +243,21 @@ TEST(IncludeRules, TheCoreUsesTheStandardLibraryOnly) {
 
 TEST(IncludeRules, AHostKnowsTheCoreAndItselfOnly) {
   EXPECT_THAT(Breaches(ReachesOutOfAHost), IsEmpty());
+}
+
+TEST(IncludeRules, EveryFileOfAHostLiesInARoom) {
+  for (const auto& file : FilesEndingIn({".h", ".cpp"})) {
+    const bool inRoom = !IsHost(AreaOf(file)) || HeightInHost(AllComponents().Of(file)) >= 0;
+    EXPECT_TRUE(inRoom) << file;
+  }
+}
+
+TEST(IncludeRules, ARoomOfAHostIncludesOnlyWhatIsBelowIt) {
+  EXPECT_THAT(Breaches(ReachesUpInAHost), IsEmpty());
+}
+
+TEST(IncludeRules, ProgramsIncludeWhatIsInstalledAndTheirOwn) {
+  EXPECT_THAT(Breaches(ReachesIntoTheTree), IsEmpty());
 }
 
 TEST(IncludeRules, AHostUsesItsOwnLibraryOnly) {

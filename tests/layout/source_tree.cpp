@@ -61,7 +61,9 @@ std::vector<std::string> ReadLines(const std::string& file) {
 
 bool Exists(const std::string& path) { return fs::exists(kRoot / path); }
 
-std::vector<Include> AllIncludes() {
+namespace {
+
+std::vector<Include> ReadIncludes() {
   static const std::regex pattern(R"re(^\s*#\s*include\s*(["<])([^">]+)[">])re");
   std::vector<Include> includes;
   for (const auto& file : FilesEndingIn({".h", ".cpp"})) {
@@ -74,6 +76,13 @@ std::vector<Include> AllIncludes() {
       }
     }
   }
+  return includes;
+}
+
+}  // namespace
+
+const std::vector<Include>& AllIncludes() {
+  static const std::vector<Include> includes = ReadIncludes();
   return includes;
 }
 

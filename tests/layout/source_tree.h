@@ -31,7 +31,7 @@ std::vector<std::string> ReadLines(const std::string& file);
 /// Whether the path, from the root, leads to something.
 bool Exists(const std::string& path);
 
-/// The `#include` lines of all C++ files, sorted by file.
-std::vector<Include> AllIncludes();
+/// The `#include` lines of all C++ files, sorted by file. They are read once.
+const std::vector<Include>& AllIncludes();
 
 }  // namespace layout
