@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "hosts/odbc/driver/handles.h"
 #include "lookup/description_lookup.h"
 #include "tessaria/conversion.h"

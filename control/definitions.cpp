@@ -1,55 +1,42 @@
-// The two definition objects and the texts that stand in front of them.
-
-#include "control/tstext.h"
-#include "lookup/where_text.h"
-#include "services/trap.h"
+#include "control/definitions.h"
 
 namespace tessaria {
 
-std::shared_ptr<tessaria::Browse> tsText::Browse() const {
-  if (!m_.Browse) m_.Browse = std::make_shared<tessaria::Browse>();
-  return m_.Browse;
+void Definitions::Browse(const std::shared_ptr<tessaria::Browse>& v) {
+  browse_ = v ? v : std::make_shared<tessaria::Browse>();
 }
 
-void tsText::Browse(const std::shared_ptr<tessaria::Browse>& v) { Store(m_.Browse, v, u"Browse"); }
-
-std::shared_ptr<tessaria::Pesquisa> tsText::Pesquisa() const {
-  if (!m_.Pesquisa) m_.Pesquisa = std::make_shared<tessaria::Pesquisa>();
-  return m_.Pesquisa;
+void Definitions::Pesquisa(const std::shared_ptr<tessaria::Pesquisa>& v) {
+  pesquisaIsGiven_ = v != nullptr;
+  pesquisa_ = v ? v : std::make_shared<tessaria::Pesquisa>();
 }
 
-void tsText::Pesquisa(const std::shared_ptr<tessaria::Pesquisa>& v) {
-  Store(m_.Pesquisa, v, u"Pesquisa");
+std::shared_ptr<tessaria::Pesquisa> Definitions::StoredPesquisa() const {
+  return pesquisaIsGiven_ || pesquisa_->Count() > 0 ? pesquisa_ : nullptr;
 }
 
-String tsText::Condition() const {
-  const auto definition = Browse();
-  return definition->WherePronto() ? definition->BrwWhere() : Expanded(definition->BrwWhere());
+void Definitions::Release() {
+  Browse(nullptr);
+  Pesquisa(nullptr);
 }
 
-String tsText::Expanded(const String& where) const {
-  String condition;
-  Catch([&] { condition = mdlObjTxt::ExpandeCondicao(FormDoControle(), where); },
-        [&] { RaiseNaming(u"BrwWhere"); });
-  return condition;
-}
-
-// The eight texts of the lookup: the control's own wins over the definition's.
-#define TESSARIA_LOOKUP_TEXT(name)                                                     \
-  String tsText::name() const { return m_.name.empty() ? Browse()->name() : m_.name; } \
-  void tsText::name(const String& v) {                                                 \
-    Browse()->name(v);                                                                 \
-    Store(m_.name, v, u"" #name);                                                      \
+#define TESSARIA_DEFINE_TEXT(name)                                                                 \
+  String Definitions::name() const { return texts_.name.empty() ? browse_->name() : texts_.name; } \
+  void Definitions::name(const String& v) {                                                        \
+    browse_->name(v);                                                                              \
+    texts_.name = v;                                                                               \
   }
+TESSARIA_LOOKUP_TEXTS(TESSARIA_DEFINE_TEXT)
+#undef TESSARIA_DEFINE_TEXT
 
-TESSARIA_LOOKUP_TEXT(BrwTitulo)
-TESSARIA_LOOKUP_TEXT(BrowseTable)
-TESSARIA_LOOKUP_TEXT(BrwCampo)
-TESSARIA_LOOKUP_TEXT(BrwCampoIrmao)
-TESSARIA_LOOKUP_TEXT(BrwCampoOutros)
-TESSARIA_LOOKUP_TEXT(BrwGroupBy)
-TESSARIA_LOOKUP_TEXT(BrwLeftJoin)
-TESSARIA_LOOKUP_TEXT(BrwWhere)
-#undef TESSARIA_LOOKUP_TEXT
+bool Definitions::LookupIsComplete() const {
+  return !browse_->BrwCampo().empty() && !browse_->BrowseTable().empty() &&
+         !(browse_->BrwCampoIrmao().empty() && browse_->BrwCampoOutros().empty());
+}
+
+void Definitions::EmptyReturnFields() {
+  auto& fields = browse_->Outros();
+  for (Long i = 1; i <= fields.Count(); ++i) fields.Item(i)->Valor(Variant());
+}
 
 }  // namespace tessaria

@@ -1,8 +1,7 @@
-// Finding the connection, the sibling, the data control, the field and the label by name.
+#include "control/discovery.h"
 
 #include "control/scoped_flag.h"
-#include "control/tstext.h"
-#include "services/message_box.h"
+#include "control/surface.h"
 #include "services/trap.h"
 #include "tessaria/conversion.h"
 #include "tessaria/text.h"
@@ -41,46 +40,58 @@ Long OrdinalOf(const host::Fields& fields, const String& name) {
   return kNotFound;
 }
 
+bool IsNothing(const Variant& v) {
+  const bool isNoObject = v.IsObject() && !*v.TryGet<ObjectPtr>();
+  return v.IsEmpty() || v.IsNull() || isNoObject;
+}
+
 }  // namespace
 
-bool tsText::SetarVariaveis(StringView what) {
+Discovery::Discovery(host::ControlSite& site, const FieldKind& kind, FormTies& ties,
+                     FieldContents& contents, const Surroundings& surroundings, ValueRoad& value)
+    : site_(site),
+      kind_(kind),
+      ties_(ties),
+      contents_(contents),
+      surroundings_(surroundings),
+      value_(value) {}
+
+bool Discovery::Find(StringView what) {
   const auto asked = [what](StringView part) { return what == part || what == u"Todos"; };
-  const bool needsDatabase = m_.TipoControle == tessaria::TipoControle::Browse ||
-                             m_.TipoControle == tessaria::TipoControle::Descricao;
-  if (needsDatabase && !ConnectDatabase()) return false;
+  if (kind_.HasLookup() && !ConnectDatabase()) return false;
 
   bool loaded = false;
   Trap(u"tsText", u"SetarVariaveis", [&] {
-    if (asked(u"Irmao") && !Trim(m_.TxtIrmao).empty() &&
-        Named(u"TxtIrmao", m_.TxtIrmao)->TypeName() == u"tsText")
-      m_.bIrmaoConectado = true;
+    if (asked(u"Irmao") && !Trim(ties_.TxtIrmao).empty() &&
+        surroundings_.Named(u"TxtIrmao", ties_.TxtIrmao)->TypeName() == u"tsText")
+      ties_.bIrmaoConectado = true;
     const bool dataControlOk = asked(u"DataSource") && FindDataControl();
-    if (asked(u"Campo") && dataControlOk && BoundRecordset()->State() != host::state::Closed &&
+    if (asked(u"Campo") && dataControlOk && surroundings_.Rows()->State() != host::state::Closed &&
         BindField()) {
       LoadRow();
       loaded = true;
     }
-    if (asked(u"Label") && !m_.LabelAssociado.empty() &&
-        Named(u"LabelAssociado", m_.LabelAssociado)->TypeName() == u"Label")
-      m_.bLabelConectado = true;
+    if (asked(u"Label") && !ties_.LabelAssociado.empty() &&
+        surroundings_.Named(u"LabelAssociado", ties_.LabelAssociado)->TypeName() == u"Label")
+      ties_.bLabelConectado = true;
   });
   return loaded;
 }
 
-bool tsText::ConnectDatabase() {
+void Discovery::TellNotFound(const String& what) const {
+  TellStop(site_, what + PendingDescription(),
+           u"Objeto: '" + site_.DisplayName() + u"' Erro: " + PendingNumber());
+}
+
+bool Discovery::ConnectDatabase() {
   const auto refuse = [this] {
-    mdlMsgBox::ExibeMensagem(
-        hWnd(),
-        u"Não foi Possível Conectar 'dbForm'. Contate Administrador de Sistema." +
-            PendingDescription(),
-        mdlMsgBox::flag::Stop, u"Objeto: '" + site_.DisplayName() + u"' Erro: " + PendingNumber());
+    TellNotFound(u"Não foi Possível Conectar 'dbForm'. Contate Administrador de Sistema.");
   };
   bool connected = false;
   Catch(
       [&] {
         const Variant dbForm = site_.Parent()->Get(u"dbForm");
-        const bool isNothing = dbForm.IsObject() && !*dbForm.TryGet<ObjectPtr>();
-        if (dbForm.IsEmpty() || dbForm.IsNull() || isNothing) {
+        if (IsNothing(dbForm)) {
           refuse();
           return;
         }
@@ -91,73 +102,64 @@ bool tsText::ConnectDatabase() {
   return connected;
 }
 
-bool tsText::FindDataControl() {
-  if (m_.DataSource.empty() || m_.DataField.empty()) {
-    ShowValue(Variant::Null());
+bool Discovery::FindDataControl() {
+  if (ties_.DataSource.empty() || ties_.DataField.empty()) {
+    value_.Assign(Variant::Null(), Road::Show);
     return false;
   }
   const auto refuse = [this] {
-    mdlMsgBox::ExibeMensagem(hWnd(),
-                             u"Não foi Possível Localizar o Data Control '" + m_.DataSource +
-                                 u"'." + PendingDescription(),
-                             mdlMsgBox::flag::Stop,
-                             u"Objeto: '" + site_.DisplayName() + u"' Erro: " + PendingNumber());
+    TellNotFound(u"Não foi Possível Localizar o Data Control '" + ties_.DataSource + u"'.");
   };
   bool found = false;
   Catch(
       [&] {
-        const auto widget = Named(u"DataSource", m_.DataSource);
-        found = EndsWith(widget->TypeName(), u"Adodc") && IsConfigured(*DataControlByName());
+        const auto widget = surroundings_.Named(u"DataSource", ties_.DataSource);
+        found = EndsWith(widget->TypeName(), u"Adodc") && IsConfigured(*surroundings_.Data());
         if (!found) refuse();
       },
       refuse);
   return found;
 }
 
-bool tsText::BindField() {
-  m_.bCampoConectado = false;
-  const auto rows = BoundRecordset();
-  const auto& fields = rows->Fields();
-  if (!CacheHolds(fields, m_.PosDataField, m_.DataField)) {
-    const Long ordinal = OrdinalOf(fields, m_.DataField);
-    if (ordinal == kNotFound) {
-      mdlMsgBox::ExibeMensagem(hWnd(),
-                               u"Não Foi Possível Conectar o Objeto '" + site_.DisplayName() +
-                                   u"' ao Campo " + UCase(m_.DataField) + u"." +
-                                   PendingDescription(),
-                               mdlMsgBox::flag::Stop, u"Erro: " + PendingNumber());
-      return false;
-    }
-    PosDataField(CStr(Variant(ordinal)));
+bool Discovery::BindField() {
+  ties_.bCampoConectado = false;
+  const auto rows = surroundings_.Rows();
+  if (!CacheOrdinalOf(rows->Fields())) {
+    TellStop(site_,
+             u"Não Foi Possível Conectar o Objeto '" + site_.DisplayName() + u"' ao Campo " +
+                 UCase(ties_.DataField) + u"." + PendingDescription(),
+             u"Erro: " + PendingNumber());
+    return false;
   }
-  m_.bCampoConectado = true;
+  ties_.bCampoConectado = true;
   return true;
 }
 
-void tsText::LoadRow() {
-  const auto rows = BoundRecordset();
-  if (rows->Eof() || rows->Bof()) {
-    ShowValue(Variant::Null());
-    m_.OriginalValue = Variant::Null();
-    return;
-  }
-  const ScopedFlag loading(m_.bCarregandoCampo);
-  ShowValue(CampoVinculado()->Value());
-  m_.OriginalValue = CampoVinculado()->Value();
+/// False when no field has the name.
+bool Discovery::CacheOrdinalOf(const host::Fields& fields) {
+  if (CacheHolds(fields, ties_.PosDataField, ties_.DataField)) return true;
+  const Long ordinal = OrdinalOf(fields, ties_.DataField);
+  if (ordinal == kNotFound) return false;
+  ties_.PosDataField = CStr(Variant(ordinal));
+  site_.PropertyChanged(u"PosDataField");
+  return true;
 }
 
-void tsText::AchaObjetos() {
-  if (site_.UserMode() || m_.DataSource.empty() || m_.DataField.empty()) return;
+void Discovery::LoadRow() {
+  if (!surroundings_.HasRow()) {
+    value_.Assign(Variant::Null(), Road::Show);
+    contents_.OriginalValue = Variant::Null();
+    return;
+  }
+  const ScopedFlag loading(contents_.bCarregandoCampo);
+  value_.Assign(surroundings_.Column()->Value(), Road::Show);
+  contents_.OriginalValue = surroundings_.Column()->Value();
+}
+
+void Discovery::FindAtDesignTime() {
+  if (site_.UserMode() || ties_.DataSource.empty() || ties_.DataField.empty()) return;
   std::shared_ptr<host::DataControl> control;
-  Trap(u"tsText", u"AchaObjetos", [&] {
-    for (const auto& widget : site_.Parent()->Controls())
-      if (widget->Name() == m_.DataSource) {
-        control = std::dynamic_pointer_cast<host::DataControl>(widget);
-        if (!control) throw HostError(errors::NoSuchMember);
-        break;
-      }
-    if (control && !IsConfigured(*control)) control = nullptr;
-  });
+  Trap(u"tsText", u"AchaObjetos", [&] { control = ConfiguredControl(); });
   if (!control) return;
   // A record set that is not there yet is opened; an error after that is the caller's.
   Catch(
@@ -173,38 +175,21 @@ void tsText::AchaObjetos() {
       });
 }
 
-void tsText::CacheFieldOrdinal(host::DataControl& control) {
+/// The first control of that very name; nothing when there is none, or when it names no rows.
+std::shared_ptr<host::DataControl> Discovery::ConfiguredControl() const {
+  for (const auto& widget : site_.Parent()->Controls()) {
+    if (widget->Name() != ties_.DataSource) continue;
+    auto control = std::dynamic_pointer_cast<host::DataControl>(widget);
+    if (!control) throw HostError(errors::NoSuchMember);
+    return IsConfigured(*control) ? control : nullptr;
+  }
+  return nullptr;
+}
+
+void Discovery::CacheFieldOrdinal(const host::DataControl& control) {
   const auto rows = control.RecordSet();
   if (!rows) throw HostError(errors::ObjectNotSet);
-  const auto& fields = rows->Fields();
-  if (CacheHolds(fields, m_.PosDataField, m_.DataField)) return;
-  const Long ordinal = OrdinalOf(fields, m_.DataField);
-  if (ordinal != kNotFound) PosDataField(CStr(Variant(ordinal)));
-}
-
-std::shared_ptr<host::DataControl> tsText::DataControlByName() const {
-  auto control = std::dynamic_pointer_cast<host::DataControl>(Named(u"DataSource", m_.DataSource));
-  if (!control) throw HostError(errors::NoSuchMember);
-  return control;
-}
-
-host::WidgetPtr tsText::Named(const char16_t* property, const String& name) const {
-  host::WidgetPtr widget;
-  Catch([&] { widget = site_.Parent()->Controls(name); }, [&] { RaiseNaming(property); });
-  return widget;
-}
-
-void tsText::RaiseNaming(const char16_t* property) const {
-  String description = Err().Description;
-  if (Err().Number == errors::ControlNotFound)
-    description += String(u", em ") + property + u" de '" + site_.DisplayName() + u"'";
-  throw HostError(Err().Number, description);
-}
-
-host::RecordsetPtr tsText::BoundRecordset() const {
-  auto rows = DataControlByName()->RecordSet();
-  if (!rows) throw HostError(errors::ObjectNotSet);
-  return rows;
+  CacheOrdinalOf(rows->Fields());
 }
 
 }  // namespace tessaria

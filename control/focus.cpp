@@ -1,6 +1,5 @@
-// The focus comes and goes: the box shows an editable text inside, the finished one outside.
+#include "control/focus.h"
 
-#include "control/tstext.h"
 #include "mask/exit_flag.h"
 #include "mask/form_helpers.h"
 #include "mask/numbers.h"
@@ -13,107 +12,112 @@
 
 namespace tessaria {
 
-void tsText::UserControl_EnterFocus() {
+void Focus::Enter() {
   Trap(u"tsText", u"UserControl_EnterFocus", [&] {
-    if (!Enabled() || !txtEdit_.Visible()) return;
-    m_.bCarregandoCampo = false;
-    m_.LastValue = m_.Value;
-    shown_.ForgetTyping();
-    mdlObjTxt::MostraAba(ContainerDoControle(), NumeroTab(), txtEdit_);
-
-    if (m_.TipoControle == tessaria::TipoControle::Descricao) {
-      SelectWhole();
-      FetchSiblingLiteral();
-    } else if (EhNumerica()) {
-      txtEdit_.Alignment(host::Alignment::Left);
-      if (!ShowsStoredText()) WithoutTouching([&] { WriteBox(WithoutPoints()); });
-      SelectWhole();
-    } else if (m_.TipoControle != tessaria::TipoControle::Calendario) {
-      SelectWhole();
-    }
+    Members& members = parts_.Remembered;
+    host::TextBox& widget = parts_.Box.Widget();
+    if (!Enabled() || !widget.Visible()) return;
+    members.bCarregandoCampo = false;
+    members.LastValue = members.Value;
+    parts_.Box.Shown().ForgetTyping();
+    mdlObjTxt::MostraAba(parts_.Site.Extender()->Container(), Trim(members.NumeroTab), widget);
+    ShowEditable();
   });
 }
 
-/// An amount is edited without its thousands points.
-String tsText::WithoutPoints() const {
-  return mdlObjTxt::LimpaMascara(txtEdit_.Text(), m_.Mascara, m_.ItensMascara + u".");
+void Focus::ShowEditable() {
+  FieldBox& box = parts_.Box;
+  if (parts_.Remembered.IsDescription()) {
+    box.SelectWhole();
+    parts_.Siblings.FetchSiblingLiteral();
+  } else if (box.IsNumeric()) {
+    box.Widget().Alignment(host::Alignment::Left);
+    if (!box.ShowsStoredText()) box.WithoutTouching([&] { box.Write(box.WithoutPoints()); });
+    box.SelectWhole();
+  } else if (parts_.Remembered.TipoControle != TipoControle::Calendario) {
+    box.SelectWhole();
+  }
 }
 
-void tsText::SelectWhole() {
-  txtEdit_.SelStart(0);
-  txtEdit_.SelLength(Len(Trim(txtEdit_.Text())));
-}
-
-ExitVerdict tsText::UserControl_ExitFocus() {
+ExitVerdict Focus::Exit() {
   ExitVerdict verdict = ExitVerdict::Left;
-  pageDownIsHeld_ = false;
   Trap(u"tsText", u"UserControl_ExitFocus", [&] {
-    if (txtEdit_.Tag != exitIsSilenced && Enabled()) Settle(verdict);
+    if (parts_.Box.Widget().Tag != exitIsSilenced && Enabled()) Settle(verdict);
   });
   lastExit_ = verdict;
   return verdict;
 }
 
-bool tsText::HasToSettle() const {
-  return IsTouched() || ValueChanged() || lastExit_ != ExitVerdict::Left || !m_.LastValidaStatus ||
-         IsForbiddenBlank();
+bool Focus::HasToSettle() const {
+  return parts_.Box.IsTouched() || parts_.Remembered.HasChanged() ||
+         lastExit_ != ExitVerdict::Left || !parts_.Remembered.LastValidaStatus ||
+         parts_.Rules.IsForbiddenBlank();
 }
 
 /// `verdict` is right at every moment: an error may end the steps anywhere.
-void tsText::Settle(ExitVerdict& verdict) {
-  const bool touched = IsTouched();
+void Focus::Settle(ExitVerdict& verdict) {
+  const bool touched = parts_.Box.IsTouched();
   if (touched) verdict = ExitVerdict::NotStored;
   // The key-up of a key that is still held would have come too late.
-  if (shown_.IsTyped()) m_.bCarregandoCampo = true;
-  if (EhNumerica()) txtEdit_.Alignment(host::Alignment::Right);
-  Check check{};
-  WithoutTouching([&] {
-    FillZeros();
-    check = CheckText();
-  });
-  if (check != Check::Passed) {
-    verdict = check == Check::Refused ? ExitVerdict::Refused : ExitVerdict::Left;
+  if (parts_.Box.Shown().IsTyped()) parts_.Remembered.bCarregandoCampo = true;
+  if (parts_.Box.IsNumeric()) parts_.Box.Widget().Alignment(host::Alignment::Right);
+  const auto check = CheckText();
+  if (check != Validation::Verdict::Passed) {
+    verdict = check == Validation::Verdict::Refused ? ExitVerdict::Refused : ExitVerdict::Left;
   } else if (!touched) {
-    AssignItself();
+    parts_.Value.AssignItself();
   } else if (AssignTyped()) {
     verdict = ExitVerdict::Left;
   }
-  m_.bCarregandoCampo = false;
+  parts_.Remembered.bCarregandoCampo = false;
   ReportChange();
   State().vntValorIrmao = Variant();
 }
 
-void tsText::FillZeros() {
-  if (InStr(m_.Mascara, u"0") == 0 || Trim(Stripped()).empty() || ShowsStoredText()) return;
-  mdlObjTxt::PreencheZeros(txtEdit_, m_.Mascara, m_.ItensMascara, m_.PromptChar, m_.TipoStrZero);
+Validation::Verdict Focus::CheckText() {
+  Validation::Verdict verdict{};
+  parts_.Box.WithoutTouching([&] {
+    FillZeros();
+    verdict = parts_.Rules.Check();
+  });
+  return verdict;
+}
+
+void Focus::FillZeros() {
+  const FieldBox& box = parts_.Box;
+  const MaskSettings& mask = box.Mask();
+  if (InStr(mask.Mascara, u"0") == 0 || Trim(box.Stripped()).empty() || box.ShowsStoredText())
+    return;
+  mdlObjTxt::PreencheZeros(box.Widget(), mask.Mascara, mask.ItensMascara, mask.PromptChar,
+                           mask.TipoStrZero);
 }
 
 /// False when the value was refused.
-bool tsText::AssignTyped() {
-  if (EhNumerica())
-    WriteBox(Format(txtEdit_.Text(),
-                    mdlObjTxt::FormatoNumero(m_.Mascara, InStr(m_.Mascara, u".") != 0)));
-  if (EhEmbaralhada())
-    return Assign(
-        mdlComum::CodificaTexto(
-            m_.PromptInclude ? m_.Texto
-                             : mdlObjTxt::LimpaMascara(m_.Texto, m_.Mascara, m_.ItensMascara)),
-        Road::Write);
-  if (!m_.PromptInclude) return Assign(Stripped(), Road::Write);
-  if (!m_.Mascara.empty()) WriteBox(LaidOut(txtEdit_.Text()));
-  return Assign(txtEdit_.Text(), Road::Write);
+bool Focus::AssignTyped() {
+  FieldBox& box = parts_.Box;
+  const MaskSettings& mask = box.Mask();
+  const auto assign = [&](const String& text) { return parts_.Value.Assign(text, Road::Write); };
+  if (box.IsNumeric())
+    box.Write(Format(box.Widget().Text(),
+                     mdlObjTxt::FormatoNumero(mask.Mascara, InStr(mask.Mascara, u".") != 0)));
+  if (box.IsScrambled()) {
+    const String& typed = parts_.Remembered.Texto;
+    return assign(mdlComum::CodificaTexto(mask.PromptInclude ? typed : box.Stripped(typed)));
+  }
+  if (!mask.PromptInclude) return assign(box.Stripped());
+  if (!mask.Mascara.empty()) box.Write(box.LaidOut(box.Widget().Text()));
+  return assign(box.Widget().Text());
 }
 
-void tsText::ReportChange() {
-  bool changed = ValueChanged();
-  if (!changed) {
-    events_.BrowseReturn(changed, m_.LastValue);
-    return;
+void Focus::ReportChange() {
+  Members& members = parts_.Remembered;
+  const bool hasChanged = members.HasChanged();
+  // A description whose value has changed stays silent: its sibling reports the change.
+  if (!hasChanged || !members.IsDescription()) {
+    bool told = hasChanged;  // the handler may change its argument
+    parts_.Events.BrowseReturn(told, members.LastValue);
   }
-  // A description stays silent: its sibling reports the change.
-  if (m_.TipoControle != tessaria::TipoControle::Descricao)
-    events_.BrowseReturn(changed, m_.LastValue);
-  m_.LastValue = m_.Value;
+  if (hasChanged) members.LastValue = members.Value;
 }
 
 }  // namespace tessaria

@@ -1,36 +1,66 @@
-// What one control remembers.
+// What one control remembers, as plain data.
 #pragma once
 
-#include <memory>
 #include <optional>
 
-#include "tessaria/browse_definition.h"
-#include "tessaria/pesquisa_definition.h"
+#include "control/same_value.h"
 #include "tessaria/tstext_interface.h"
 
 namespace tessaria {
 
-/// The members of one control, as its property bag fills them. No assignment here has a side
-/// effect; the control's properties are the ones that have.
-struct Members {
-  String DataSource;    ///< name of the data control on the form
-  String DataField;     ///< field of its record set
-  String PosDataField;  ///< decimal text of the field's ordinal, a cache
+/// What kind of field it is, and what it may hold.
+struct FieldKind {
   tessaria::TipoControle TipoControle = tessaria::TipoControle::Normal;
   Long TipoDado = 1;
+  bool PodeSerBranco = false;
+  bool UsaChecaRelacao = false;
+  bool eSocial = false;
+  bool MultiLine = false;
+
+  /// The kinds that look into the database.
+  bool HasLookup() const {
+    return TipoControle == tessaria::TipoControle::Browse || IsDescription();
+  }
+  bool IsDescription() const { return TipoControle == tessaria::TipoControle::Descricao; }
+};
+
+/// The names that tie a field to its form, and which of them were found there.
+struct FormTies {
+  String DataSource;      ///< name of the data control on the form
+  String DataField;       ///< field of its record set
+  String PosDataField;    ///< decimal text of the field's ordinal, a cache
   String TxtIrmao;        ///< name of the sibling control
   String LabelAssociado;  ///< name of the caption label
-  bool PodeSerBranco = false;
-  bool eSocial = false;
   String ObjetoCancelar;  ///< name of the control that escapes validation
-  bool UsaChecaRelacao = false;
-  String NumeroTab;  ///< number of the tab that the control lies on
-  bool DirVerArquivos = false;
-  String DirPattern;
-  String DirFilePath;
-  String DirFileName;
+  String NumeroTab;       ///< number of the tab that the control lies on
+  bool bCampoConectado = false;
+  bool bIrmaoConectado = false;
+  bool bLabelConectado = false;
+};
 
-  std::shared_ptr<tessaria::Browse> Browse;
+struct MaskSettings {
+  String Mascara;
+  Long TipoStrZero = 2;
+  String ItensMascara;
+  bool PromptInclude = false;
+  String PromptChar = u"_";
+  bool ValorNegativo = false;
+};
+
+struct FieldContents {
+  Variant Value;
+  Variant OriginalValue;  ///< value of the row as it was loaded
+  Variant LastValue;      ///< value when the focus came in
+  String Texto;           ///< typed characters without the mask's literals
+  bool LastValidaStatus = false;
+  /// The next assignment of `Value` comes from a row, a lookup or typing.
+  bool bCarregandoCampo = false;
+
+  bool HasChanged() const { return !IsSame(Value, LastValue); }
+};
+
+/// The control's own texts in front of its lookup's definition.
+struct LookupTexts {
   String BrwTitulo;
   String BrowseTable;
   String BrwCampo;
@@ -39,23 +69,11 @@ struct Members {
   String BrwGroupBy;
   String BrwLeftJoin;
   String BrwWhere;
+  String MsgBrowse;  ///< message of a lookup that finds nothing
+};
 
-  Variant Value;
-  Variant OriginalValue;  ///< value of the row as it was loaded
-  Variant LastValue;      ///< value when the focus came in
-  String Texto;           ///< typed characters without the mask's literals
-  bool MultiLine = false;
-  bool LastValidaStatus = false;
-
-  String Mascara;
-  Long TipoStrZero = 2;
-  String ItensMascara;
-  bool PromptInclude = false;
-  String PromptChar = u"_";
-  bool ValorNegativo = false;
-
-  std::shared_ptr<tessaria::Pesquisa> Pesquisa;
-  /// The older text form of the searches; strings whatever they encode.
+/// The older text form of the searches; strings whatever they encode.
+struct SearchTexts {
   String PesqCaption;
   String PesqCampo;
   String PesqMascara;
@@ -65,22 +83,34 @@ struct Members {
   String PesqMaxLength;
   String PesqCompletaDescr;
   String PesqPromptInclude;
+};
 
+struct PathSettings {
+  bool DirVerArquivos = false;
+  String DirPattern;
+  String DirFilePath;
+  String DirFileName;
+};
+
+struct Appearance {
   bool Carregou = true;  ///< false only while the first show runs
-  String MsgBrowse;      ///< message of a lookup that finds nothing
-
-  bool bCampoConectado = false;
-  bool bIrmaoConectado = false;
-  bool bLabelConectado = false;
   bool bMostrado = false;
-  /// The next assignment of `Value` comes from a row, a lookup or typing.
-  bool bCarregandoCampo = false;
   Colour lngForeColorOriginal = 0;
-
   /// The colours to be stored while the box is drawn in others.
   std::optional<Colour> StoredForeColor, StoredBackColor;
   /// The font is the surroundings' own, bold or not.
   bool FontIsAmbient = false;
 };
+
+/// All of it, as the property bag fills it. No assignment here has a side effect; the control's
+/// properties are the ones that have. Each part of a control is given the groups that it needs.
+struct Members : FieldKind,
+                 FormTies,
+                 MaskSettings,
+                 FieldContents,
+                 LookupTexts,
+                 SearchTexts,
+                 PathSettings,
+                 Appearance {};
 
 }  // namespace tessaria

@@ -1,11 +1,9 @@
-// A control's start values, and its two walks through the property bag.
+#include "control/persistence.h"
 
 #include <algorithm>
 #include <vector>
 
 #include "control/properties.h"
-#include "control/scoped_flag.h"
-#include "control/tstext.h"
 #include "services/trap.h"
 
 namespace tessaria {
@@ -31,42 +29,41 @@ Variant DefaultOr(const Property::Storage& stored, const Variant& otherwise,
 
 }  // namespace
 
-void tsText::UserControl_InitProperties() {
+void SetStartValues(Members& members, host::TextBox& box) {
   Trap(u"tsText", u"UserControl_InitProperties", [&] {
-    m_.TipoControle = tessaria::TipoControle::Normal;
-    m_.PodeSerBranco = true;
-    m_.eSocial = false;
-    m_.UsaChecaRelacao = true;
-    m_.DirVerArquivos = true;
-    m_.TipoDado = 1;
-    m_.MultiLine = false;
-    m_.PromptInclude = false;
-    m_.PromptChar = u"_";
-    m_.TipoStrZero = 2;
-    host::Font font = txtEdit_.Font();
+    members.TipoControle = TipoControle::Normal;
+    members.PodeSerBranco = true;
+    members.eSocial = false;
+    members.UsaChecaRelacao = true;
+    members.DirVerArquivos = true;
+    members.TipoDado = 1;
+    members.MultiLine = false;
+    members.PromptInclude = false;
+    members.PromptChar = u"_";
+    members.TipoStrZero = 2;
+    host::Font font = box.Font();
     font.Bold = true;
-    txtEdit_.Font(font);
-    m_.FontIsAmbient = true;
+    box.Font(font);
+    members.FontIsAmbient = true;
   });
 }
 
-void tsText::UserControl_ReadProperties(const host::PropertyBag& bag) {
+void ReadProperties(StoredState& state, const host::PropertyBag& bag) {
   Trap(u"tsText", u"UserControl_ReadProperties", [&] {
-    const ScopedFlag silent(loading_);  // filling the box is no change of the field
     for (const Property* property : InOrder(&Property::Storage::ReadPosition)) {
       const auto& stored = property->Stored;
-      stored.Load(*this, bag.ReadProperty(String(stored.ReadKey),
-                                          DefaultOr(stored, stored.ReadDefault, site_)));
+      stored.Load(state, bag.ReadProperty(String(stored.ReadKey),
+                                          DefaultOr(stored, stored.ReadDefault, state.Site)));
     }
   });
 }
 
-void tsText::UserControl_WriteProperties(host::PropertyBag& bag) {
+void WriteProperties(const StoredState& state, host::PropertyBag& bag) {
   Trap(u"tsText", u"UserControl_WriteProperties", [&] {
     for (const Property* property : InOrder(&Property::Storage::WritePosition)) {
       const auto& stored = property->Stored;
-      bag.WriteProperty(String(stored.WriteKey), stored.Save(*this),
-                        DefaultOr(stored, stored.WriteDefault, site_));
+      bag.WriteProperty(String(stored.WriteKey), stored.Save(state),
+                        DefaultOr(stored, stored.WriteDefault, state.Site));
     }
   });
 }

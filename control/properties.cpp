@@ -3,19 +3,13 @@
 #include <utility>
 #include <vector>
 
-#include "control/tstext.h"
+#include "control/persistence.h"
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/text.h"
+#include "tessaria/tstext.h"
 
 namespace tessaria {
-
-/// The table's way to what a control remembers and to its box.
-struct MemberAccess {
-  static Members& Of(const tsText& control) { return control.m_; }
-  static host::TextBox& Box(const tsText& control) { return control.txtEdit_; }
-  static const host::ControlSite& Site(const tsText& control) { return control.site_; }
-};
 
 namespace {
 
@@ -133,11 +127,11 @@ Property::Storage StorageAt(StringView key, const Place& place) {
 template <class T, class Member>
 Property InMember(Property property, const Place& place, Member) {
   property.Stored = StorageAt(property.Name, place);
-  property.Stored.Load = [](tsText& control, const Variant& v) {
-    Member{}(MemberAccess::Of(control)) = Travel<T>::In(v);
+  property.Stored.Load = [](StoredState& state, const Variant& v) {
+    Member{}(state.Remembered) = Travel<T>::In(v);
   };
-  property.Stored.Save = [](const tsText& control) {
-    return Travel<T>::Out(Member{}(MemberAccess::Of(control)));
+  property.Stored.Save = [](const StoredState& state) {
+    return Travel<T>::Out(Member{}(state.Remembered));
   };
   return property;
 }
@@ -146,11 +140,11 @@ Property InMember(Property property, const Place& place, Member) {
 template <class T, class Access>
 Property InBox(Property property, StringView key, const Place& place, Access) {
   property.Stored = StorageAt(key, place);
-  property.Stored.Load = [](tsText& control, const Variant& v) {
-    Access{}(MemberAccess::Box(control), Travel<T>::In(v));
+  property.Stored.Load = [](StoredState& state, const Variant& v) {
+    Access{}(state.Box, Travel<T>::In(v));
   };
-  property.Stored.Save = [](const tsText& control) {
-    return Travel<T>::Out(Access{}(MemberAccess::Box(control)));
+  property.Stored.Save = [](const StoredState& state) {
+    return Travel<T>::Out(Access{}(state.Box));
   };
   return property;
 }
@@ -171,8 +165,8 @@ Property LengthRow(StringView name, int id, int read, int write, Access access) 
   const Variant none = Integer{0};
   Property row =
       InBox<Long>(ReadWrite<Long>(name, id, access), name, ValueAt(read, write, none), access);
-  row.Stored.Save = [](const tsText& control) -> Variant {
-    const Long length = Access{}(MemberAccess::Box(control));
+  row.Stored.Save = [](const StoredState& state) -> Variant {
+    const Long length = Access{}(state.Box);
     if (std::in_range<Integer>(length)) return static_cast<Integer>(length);
     return length;
   };
@@ -185,30 +179,47 @@ Property SignRow(int id) {
   return row;
 }
 
+// The two definitions are stored as they are handed out, new ones in the place of nothing.
+
 Property BrowseRow(int id) {
-  Property row = MEMBER_ROW(std::shared_ptr<Browse>, Browse, id, ValueAt(17, 18, kNothing));
-  // Writing makes the definition if there is none.
-  row.Stored.Save = [](const tsText& control) -> Variant { return control.Browse(); };
+  Property row = ReadWrite<std::shared_ptr<Browse>>(u"Browse", id, OF_CONTROL(Browse));
+  row.Stored = StorageAt(row.Name, ValueAt(17, 18, kNothing));
+  row.Stored.Load = [](StoredState& state, const Variant& v) {
+    state.Lookup.Browse(Travel<std::shared_ptr<Browse>>::In(v));
+  };
+  row.Stored.Save = [](const StoredState& state) -> Variant { return state.Lookup.Browse(); };
+  return row;
+}
+
+Property PesquisaRow(int id) {
+  Property row = ReadWrite<std::shared_ptr<Pesquisa>>(u"Pesquisa", id, OF_CONTROL(Pesquisa));
+  row.Stored = StorageAt(row.Name, ValueAt(34, 35, kNothing));
+  row.Stored.Load = [](StoredState& state, const Variant& v) {
+    state.Lookup.Pesquisa(Travel<std::shared_ptr<Pesquisa>>::In(v));
+  };
+  row.Stored.Save = [](const StoredState& state) {
+    return Travel<std::shared_ptr<Pesquisa>>::Out(state.Lookup.StoredPesquisa());
+  };
   return row;
 }
 
 /// A font without name and size is that of the surroundings, bold or not.
 bool IsAmbient(const host::Font& font) { return font.Name.empty() && font.Size == 0; }
 
-void LoadFont(tsText& control, const Variant& stored) {
+void LoadFont(StoredState& state, const Variant& stored) {
   auto font = Travel<host::Font>::In(stored);
-  MemberAccess::Of(control).FontIsAmbient = IsAmbient(font);
+  state.Remembered.FontIsAmbient = IsAmbient(font);
   if (IsAmbient(font)) {
     const bool bold = font.Bold;
-    font = MemberAccess::Site(control).AmbientFont();
+    font = state.Site.AmbientFont();
     font.Bold = bold;
   }
-  MemberAccess::Box(control).Font(font);
+  state.Box.Font(font);
 }
 
-Variant SaveFont(const tsText& control) {
-  auto font = MemberAccess::Box(control).Font();
-  if (MemberAccess::Of(control).FontIsAmbient) {
+Variant SaveFont(const StoredState& state) {
+  auto font = state.Box.Font();
+  if (state.Remembered.FontIsAmbient) {
     const bool bold = font.Bold;
     font = host::Font{};
     font.Size = 0;
@@ -229,13 +240,13 @@ Property FontRow(int id) {
 template <class Kept, class Access>
 Property ColourRow(Property row, StringView key, const Place& place, Kept, Access access) {
   row = InBox<Colour>(row, key, place, access);
-  row.Stored.Load = [](tsText& control, const Variant& v) {
-    Kept{}(MemberAccess::Of(control)).reset();
-    Access{}(MemberAccess::Box(control), Travel<Colour>::In(v));
+  row.Stored.Load = [](StoredState& state, const Variant& v) {
+    Kept{}(state.Remembered).reset();
+    Access{}(state.Box, Travel<Colour>::In(v));
   };
-  row.Stored.Save = [](const tsText& control) {
-    const auto& kept = Kept{}(MemberAccess::Of(control));
-    return Travel<Colour>::Out(kept ? *kept : Access{}(MemberAccess::Box(control)));
+  row.Stored.Save = [](const StoredState& state) {
+    const auto& kept = Kept{}(state.Remembered);
+    return Travel<Colour>::Out(kept ? *kept : Access{}(state.Box));
   };
   return row;
 }
@@ -260,7 +271,7 @@ std::vector<Property> MakeProperties() {
       MEMBER_ROW(String, BrwGroupBy, 11, TextAt(23, 24)),
       MEMBER_ROW(String, BrwLeftJoin, 12, TextAt(24, 25)),
       MEMBER_ROW(String, BrwWhere, 13, TextAt(25, 26)),
-      MEMBER_ROW(std::shared_ptr<Pesquisa>, Pesquisa, 14, ValueAt(34, 35, kNothing)),
+      PesquisaRow(14),
       MEMBER_ROW(String, PesqCaption, 15, TextAt(35, 36)),
       MEMBER_ROW(String, PesqCampo, 16, TextAt(36, 37)),
       MEMBER_ROW(String, PesqMascara, 17, TextAt(37, 38)),

@@ -10,6 +10,7 @@
 namespace tessaria {
 
 class tsText;
+struct StoredState;
 
 /// What a property holds, for whoever binds the table to another world.
 enum class PropertyType { String, Long, Boolean, Colour, Variant, Object, Font };
@@ -36,8 +37,8 @@ struct Property {
     Variant WriteDefault;
     bool DefaultIsAmbientFont = false;
     /// Straight to and from the member or the box, with no side effects.
-    void (*Load)(tsText&, const Variant&) = nullptr;
-    Variant (*Save)(const tsText&) = nullptr;
+    void (*Load)(StoredState&, const Variant&) = nullptr;
+    Variant (*Save)(const StoredState&) = nullptr;
   } Stored;
 };
 

@@ -1,6 +1,5 @@
-// The older text form of the searches becomes the definition object.
+#include "control/searches_text.h"
 
-#include "control/tstext.h"
 #include "services/trap.h"
 #include "tessaria/conversion.h"
 #include "tessaria/text.h"
@@ -30,35 +29,37 @@ Long LikeOf(const String& letter, Long before) {
 }
 
 Integer NumberOf(const String& text) { return CInt(Val(text)); }
+bool FlagOf(const String& text) { return Val(text) != 0; }
+
+/// False when one of them could not be added. All nine texts are cut at the places of the captions.
+bool AddAll(const SearchTexts& texts, Pesquisa& searches) {
+  bool allAdded = true;
+  Long start = 1;
+  Long type = 0;
+  Long like = 0;
+  for (Long p = 1; p <= Len(texts.PesqCaption); ++p) {
+    if (texts.PesqCaption[p - 1] != kFieldEnd) continue;
+    const auto slice = [&](const String& text) { return Trim(Mid(text, start, p - start)); };
+    type = TypeOf(slice(texts.PesqTipo), type);
+    like = LikeOf(slice(texts.PesqLike), like);
+    const bool added =
+        searches.Add(p, slice(texts.PesqCaption), slice(texts.PesqCampo), type, like,
+                     slice(texts.PesqMascara), NumberOf(slice(texts.PesqWidth)),
+                     NumberOf(slice(texts.PesqMaxLength)), FlagOf(slice(texts.PesqCompletaDescr)),
+                     FlagOf(slice(texts.PesqPromptInclude)), 0, 0, String());
+    allAdded = added && allAdded;
+    start = p + 1;
+  }
+  return allAdded;
+}
 
 }  // namespace
 
-void tsText::AtualizaPesquisa() {
-  if (m_.TipoControle != tessaria::TipoControle::Browse &&
-      m_.TipoControle != tessaria::TipoControle::Descricao)
-    return;
+void AddSearchTexts(SearchTexts& texts, Pesquisa& searches) {
   Trap(u"tsText", u"AtualizaPesquisa", [&] {
-    bool allAdded = true;
-    Long start = 1;
-    Long type = 0;
-    Long like = 0;
-    for (Long p = 1; p <= Len(m_.PesqCaption); ++p) {
-      if (m_.PesqCaption[p - 1] != kFieldEnd) continue;
-      // All nine texts are cut at the places of the captions.
-      const auto slice = [&](const String& text) { return Trim(Mid(text, start, p - start)); };
-      type = TypeOf(slice(m_.PesqTipo), type);
-      like = LikeOf(slice(m_.PesqLike), like);
-      allAdded =
-          Pesquisa()->Add(p, slice(m_.PesqCaption), slice(m_.PesqCampo), type, like,
-                          slice(m_.PesqMascara), NumberOf(slice(m_.PesqWidth)),
-                          NumberOf(slice(m_.PesqMaxLength)), Val(slice(m_.PesqCompletaDescr)) != 0,
-                          Val(slice(m_.PesqPromptInclude)) != 0, 0, 0, String()) &&
-          allAdded;
-      start = p + 1;
-    }
-    if (!allAdded) return;
-    for (String* text : {&m_.PesqCaption, &m_.PesqCampo, &m_.PesqMascara, &m_.PesqWidth,
-                         &m_.PesqMaxLength, &m_.PesqCompletaDescr, &m_.PesqPromptInclude})
+    if (!AddAll(texts, searches)) return;
+    for (String* text : {&texts.PesqCaption, &texts.PesqCampo, &texts.PesqMascara, &texts.PesqWidth,
+                         &texts.PesqMaxLength, &texts.PesqCompletaDescr, &texts.PesqPromptInclude})
       text->clear();
   });
 }

@@ -5,12 +5,6 @@
 
 namespace tessaria {
 
-/// What the operator has typed, for a host that takes an edit back.
-struct Typing {
-  String Texto;
-  bool Touches = false;  ///< whether it counts when the field is left
-};
-
 /// The memory of one box: a field that nobody has touched is not written when it is left.
 ///
 /// The field calls `Remember` whenever it has shown its value. A change of the box that no

@@ -20,7 +20,7 @@ bool Holds(const Long (&codes)[N], Long code) {
 
 }  // namespace
 
-bool EhTipoDadoNumerico(Long TipoDado) { return Holds(kUnboundNumbers, TipoDado); }
+bool IsUnboundNumber(Long TipoDado) { return Holds(kUnboundNumbers, TipoDado); }
 
 FieldFamily FamilyOf(Long fieldType) {
   if (Holds(kTextFamily, fieldType)) return FieldFamily::Text;

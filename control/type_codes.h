@@ -6,8 +6,8 @@
 namespace tessaria {
 
 /// `TipoDado` of an unbound date; 2, 4 and 5 are numbers, all other codes are texts.
-inline constexpr Long TipoDadoData = 7;
-bool EhTipoDadoNumerico(Long TipoDado);
+inline constexpr Long kUnboundDate = 7;
+bool IsUnboundNumber(Long TipoDado);
 
 enum class FieldFamily { Text, Number, Date, Other };
 

@@ -1,29 +1,39 @@
-// Whether the field may be left.
+#include "control/validation.h"
 
-#include "control/tstext.h"
+#include "control/surface.h"
 #include "lookup/relation_check.h"
 #include "mask/dates.h"
-#include "services/message_box.h"
 #include "services/trap.h"
 #include "tessaria/masks.h"
 #include "tessaria/text.h"
 
 namespace tessaria {
 
-bool tsText::Valida() {
-  Check check{};
-  WithoutTouching([&] { check = CheckText(); });
-  return check == Check::Passed;
+Validation::Validation(host::ControlSite& site, FieldBox& box, const FieldKind& kind,
+                       const FormTies& ties, FieldContents& contents,
+                       const Definitions& definitions, const LeavingForm& form)
+    : site_(site),
+      box_(box),
+      kind_(kind),
+      ties_(ties),
+      contents_(contents),
+      definitions_(definitions),
+      form_(form) {}
+
+Validation::Verdict Validation::Check() {
+  Verdict result{};
+  box_.WithoutTouching([&] { result = CheckText(); });
+  return result;
 }
 
-tsText::Check tsText::CheckText() {
-  Check result = Check::Escaped;
+Validation::Verdict Validation::CheckText() {
+  Verdict result = Verdict::Escaped;
   // The trap is armed for asking which inner widget is active and stays so: the first error
   // anywhere starts the rules over, a second one is the caller's.
   Catch(
       [&] {
-        if (site_.ActiveControlName() == u"btnBrowse")
-          m_.LastValidaStatus = false;
+        if (form_.OwnButtonIsActive())
+          contents_.LastValidaStatus = false;
         else
           result = CheckRules();
       },
@@ -34,106 +44,108 @@ tsText::Check tsText::CheckText() {
   return result;
 }
 
-tsText::Check tsText::CheckRules() {
-  if (Cancels()) return Check::Escaped;
+Validation::Verdict Validation::CheckRules() {
+  if (Cancels()) return Verdict::Escaped;
   const String label = LabelPrefix();
 
-  if (CommandButtonIsActive() && IsForbiddenBlank()) {
-    m_.LastValidaStatus = false;
-    Refuse(label + u"Não Pode Ser Branco, Verifique Por Favor");
-    if (txtEdit_.Visible()) txtEdit_.SetFocus();
-    return Check::Refused;
-  }
-  if (mdlObjTxt::EhMascaraDeData(m_.Mascara) && !CheckDate(label)) {
+  if (CommandButtonIsActive() && IsForbiddenBlank()) return RefuseBlank(label);
+  if (mdlObjTxt::EhMascaraDeData(box_.Mask().Mascara) && !CheckDate(label)) {
     ReturnFocus();
-    return Check::Refused;
+    return Verdict::Refused;
   }
   // A required blank lets the focus pass to anything but a command button, whose case is
   // settled above; the status stays as it was.
-  if (IsForbiddenBlank()) return Check::Passed;
+  if (IsForbiddenBlank()) return Verdict::Passed;
   // Nor is anybody held by a stored text that he did not write.
-  m_.LastValidaStatus = !m_.UsaChecaRelacao || ShowsStoredText() || CheckRelation(label);
-  if (m_.LastValidaStatus) return Check::Passed;
+  contents_.LastValidaStatus =
+      !kind_.UsaChecaRelacao || box_.ShowsStoredText() || CheckRelation(label);
+  if (contents_.LastValidaStatus) return Verdict::Passed;
   ReturnFocus();
-  return Check::Refused;
+  return Verdict::Refused;
 }
 
-bool tsText::Cancels() const {
-  if (m_.ObjetoCancelar.empty()) return false;
-  const auto active = site_.Parent()->ActiveControl();
-  return active && EqualNoCase(active->Name(), m_.ObjetoCancelar);
+Validation::Verdict Validation::RefuseBlank(const String& label) {
+  contents_.LastValidaStatus = false;
+  TellStop(site_, label + u"Não Pode Ser Branco, Verifique Por Favor");
+  if (box_.Widget().Visible()) box_.Widget().SetFocus();
+  return Verdict::Refused;
 }
 
-bool tsText::CommandButtonIsActive() const {
-  const auto active = site_.Parent()->ActiveControl();
+bool Validation::Cancels() const {
+  if (ties_.ObjetoCancelar.empty()) return false;
+  const auto active = form_.ActiveControl();
+  return active && EqualNoCase(active->Name(), ties_.ObjetoCancelar);
+}
+
+bool Validation::CommandButtonIsActive() const {
+  const auto active = form_.ActiveControl();
   return active && active->TypeName() == u"CommandButton";
 }
 
-String tsText::LabelPrefix() const {
-  return m_.bLabelConectado ? LabelWidget()->Caption() + u" " : String();
+String Validation::LabelPrefix() const {
+  const auto caption = form_.Caption();
+  return caption ? *caption + u" " : String();
 }
 
-bool tsText::IsForbiddenBlank() const {
-  if (m_.PodeSerBranco) return false;
-  const String text = Stripped();
+bool Validation::IsForbiddenBlank() const {
+  if (kind_.PodeSerBranco) return false;
+  const String text = box_.Stripped();
   if (Trim(text).empty()) return true;
-  return EhNumerica() && Trim(Replace(Replace(text, u"0", u""), u",", u"")).empty();
+  return box_.IsNumeric() && Trim(Replace(Replace(text, u"0", u""), u",", u"")).empty();
 }
 
-bool tsText::CheckDate(const String& label) {
-  const bool typed = !ShowsStoredText();
+bool Validation::CheckDate(const String& label) {
+  const bool typed = !box_.ShowsStoredText();
   bool valid = true;
-  if (typed && !Stripped().empty()) {
-    valid = mdlObjTxt::ChecaData(txtEdit_, m_.Mascara, m_.ItensMascara);
-    if (!valid) Refuse(label + u"Invalido(a), Corrija Por Favor");
+  if (typed && !box_.Stripped().empty()) {
+    valid = mdlObjTxt::ChecaData(box_.Widget(), box_.Mask().Mascara, box_.Mask().ItensMascara);
+    if (!valid) TellStop(site_, label + u"Invalido(a), Corrija Por Favor");
   } else if (typed && CommandButtonIsActive()) {
-    valid = m_.PodeSerBranco;
-    if (!valid) Refuse(label + u"Não Pode Ser Branco(a), Verifique Por Favor");
+    valid = kind_.PodeSerBranco;
+    if (!valid) TellStop(site_, label + u"Não Pode Ser Branco(a), Verifique Por Favor");
   }
-  m_.LastValidaStatus = valid;
+  contents_.LastValidaStatus = valid;
   return valid;
 }
 
-bool tsText::CheckRelation(const String& label) {
+bool Validation::CheckRelation(const String& label) {
   Variant found;
-  const bool exists = RelationHolds(Condition(), label, true, &found, CommandButtonIsActive());
-  if (exists && !found.IsEmpty()) WriteBox(LaidOut(found));
+  const String condition = form_.Condition(*definitions_.Browse());
+  const bool exists = Holds({condition, label, true, CommandButtonIsActive()}, &found);
+  if (exists && !found.IsEmpty()) box_.Write(box_.LaidOut(found));
   return exists;
 }
 
-bool tsText::AcionaChecaRelacao() {
+bool Validation::RelationHolds() {
   bool exists = false;
   Trap(u"tsText", u"AcionaChecaRelacao", [&] {
-    exists = RelationHolds(String(), m_.bLabelConectado ? LabelWidget()->Caption() : String(),
-                           false, nullptr, false);
+    exists = Holds({String(), form_.Caption().value_or(String()), false, false}, nullptr);
   });
   return exists;
 }
 
-bool tsText::RelationHolds(String condition, const String& label, bool tellsMissing, Variant* found,
-                           bool buttonIsActive) {
-  return mdlObjTxt::ChecaRelacao(Browse()->From(), BrwCampo(), SearchedText(), m_.TipoControle,
-                                 CampoVinculado().get(), m_.bCampoConectado, m_.PodeSerBranco,
-                                 tellsMissing, condition, label, found, hWnd(), buttonIsActive);
+bool Validation::Holds(Relation relation, Variant* found) const {
+  return mdlObjTxt::ChecaRelacao(
+      definitions_.Browse()->From(), definitions_.BrwCampo(), SearchedText(), kind_.TipoControle,
+      form_.Column().get(), ties_.bCampoConectado, kind_.PodeSerBranco, relation.TellsMissing,
+      relation.Condition, relation.Label, found, WindowOf(site_), relation.ButtonIsActive);
 }
 
-String tsText::SearchedText() const {
-  return mdlObjTxt::LimpaMascara(txtEdit_.Text(), m_.Mascara,
-                                 m_.PromptInclude ? m_.PromptChar : m_.ItensMascara);
+String Validation::SearchedText() const {
+  const MaskSettings& mask = box_.Mask();
+  return mdlObjTxt::LimpaMascara(box_.Widget().Text(), mask.Mascara,
+                                 mask.PromptInclude ? mask.PromptChar : mask.ItensMascara);
 }
 
-void tsText::ReturnFocus() {
-  const auto active = site_.Parent()->ActiveControl();
+void Validation::ReturnFocus() {
+  const auto active = form_.ActiveControl();
   // A sibling whose own validation has failed keeps the focus: two failing fields do not fight.
   const auto other = std::dynamic_pointer_cast<host::TsTextWidget>(active);
   const bool mayTake = !other || other->Control().LastValidaStatus();
-  if (mayTake && txtEdit_.Visible()) txtEdit_.SetFocus();
-  txtEdit_.SelStart(0);
-  txtEdit_.SelLength(Len(txtEdit_.Text()));
-}
-
-void tsText::Refuse(const String& text) {
-  mdlMsgBox::ExibeMensagem(hWnd(), text, mdlMsgBox::flag::Stop);
+  host::TextBox& widget = box_.Widget();
+  if (mayTake && widget.Visible()) widget.SetFocus();
+  widget.SelStart(0);
+  widget.SelLength(Len(widget.Text()));
 }
 
 }  // namespace tessaria

@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "control/properties.h"
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/text.h"
 
 namespace tessaria::memory {

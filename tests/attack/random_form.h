@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/connection.h"
 #include "tessaria/memory/controls.h"

@@ -7,7 +7,7 @@
 #include <map>
 #include <regex>
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/browse_definition.h"
 #include "tessaria/conversion.h"
 #include "tessaria/memory/application.h"

@@ -1,5 +1,5 @@
 // The searches of the list: what an entry of the menu asks and runs.
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/memory/ts_text.h"
 #include "tests/browse/grid_fixture.h"
 

@@ -3,7 +3,7 @@
 
 #include "browse/grid_form.h"
 #include "browse/lookup_run.h"
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/memory/text_box.h"
 #include "tessaria/memory/ts_text.h"
 #include "tests/browse/browse_fixture.h"

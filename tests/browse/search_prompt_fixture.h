@@ -2,7 +2,7 @@
 #pragma once
 
 #include "browse/search_prompt.h"
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/memory/ts_text.h"
 #include "tests/browse/browse_fixture.h"
 

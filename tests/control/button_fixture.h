@@ -10,6 +10,9 @@
 
 namespace tessaria::test {
 
+/// What the box is tagged with while its exit is silenced.
+inline const char16_t* const silenced = u"Nao Dispara Valida";
+
 class ButtonTest : public ControlTest {
  protected:
   using Script = memory::ModalScript::Script;

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "control/properties.h"
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/connection.h"
 #include "tessaria/memory/controls.h"

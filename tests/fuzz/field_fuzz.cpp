@@ -1,7 +1,7 @@
 // An operator with any keys at a field with any mask, who then leaves it.
 #include <memory>
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/controls.h"
 #include "tessaria/memory/form.h"

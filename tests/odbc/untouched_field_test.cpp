@@ -1,6 +1,6 @@
 // Fields on rows of a real server that nobody touches: no stored value changes.
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/controls.h"
 #include "tessaria/memory/form.h"

@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/conversion.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/controls.h"

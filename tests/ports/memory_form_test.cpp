@@ -1,7 +1,7 @@
 // The form of the memory host under the contract of forms.
 #include "tessaria/memory/form.h"
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/controls.h"
 #include "tessaria/memory/ts_text.h"

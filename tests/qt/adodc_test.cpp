@@ -5,7 +5,7 @@
 #include <QTest>
 #include <QToolButton>
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/conversion.h"
 #include "tessaria/memory/connection.h"
 #include "tessaria/qt/form.h"

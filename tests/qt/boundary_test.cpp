@@ -5,7 +5,7 @@
 #include <QTimer>
 #include <stdexcept>
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/host/application.h"
 #include "tessaria/qt/event_boundary.h"
 #include "tessaria/qt/form.h"

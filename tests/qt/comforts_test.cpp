@@ -5,7 +5,7 @@
 #include <QToolButton>
 #include <QToolTip>
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "hosts/qt/keys/line_edit.h"
 #include "tessaria/comforts.h"
 #include "tests/qt/field_fixture.h"

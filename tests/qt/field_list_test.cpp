@@ -3,7 +3,7 @@
 #include <QMenu>
 #include <QTest>
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "hosts/qt/dialogs/tool_bar.h"
 #include "tessaria/memory/connection.h"
 #include "tessaria/pesquisa_definition.h"

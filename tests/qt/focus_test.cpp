@@ -9,7 +9,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "tessaria/host/application.h"
 #include "tessaria/qt/settle.h"

@@ -3,7 +3,7 @@
 #include <QClipboard>
 #include <QTest>
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "hosts/qt/keys/line_edit.h"
 #include "tests/qt/field_fixture.h"
 

@@ -5,7 +5,7 @@
 #include <QMetaProperty>
 
 #include "control/properties.h"
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "tessaria/qt/form.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/qt/variants.h"

@@ -1,7 +1,7 @@
 // What a TsText is made of.
 #pragma once
 
-#include "control/tstext.h"
+#include "tessaria/tstext.h"
 #include "hosts/qt/control/browse_button.h"
 #include "hosts/qt/control/control_site.h"
 #include "hosts/qt/keys/line_edit.h"

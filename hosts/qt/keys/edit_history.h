@@ -4,7 +4,7 @@
 #include <QString>
 #include <vector>
 
-#include "control/shown_text.h"
+#include "tessaria/tstext.h"
 
 namespace tessaria::qt {
 

@@ -1,0 +1,81 @@
+// The button: the road to the dialogs of a field.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "browse/lookup_run.h"
+#include "control/definitions.h"
+#include "control/surroundings.h"
+#include "control/value.h"
+
+namespace tessaria {
+
+class frmCalculadora;
+
+class Dialogs {
+ public:
+  /// What the dialogs work on; all outlive them.
+  struct Parts {
+    host::ControlSite& Site;
+    FieldBox& Box;
+    Members& Remembered;
+    Definitions& Lookup;
+    Surroundings& Around;
+    ValueRoad& Value;
+    tsTextEvents& Events;
+  };
+  explicit Dialogs(const Parts& parts)
+      : parts_(parts), box_(parts.Box), m_(parts.Remembered), value_(parts.Value) {}
+  Dialogs(const Dialogs&) = delete;
+  Dialogs& operator=(const Dialogs&) = delete;
+
+  /// The button's click: opens the dialog of the field's kind and takes its answer. Errors are
+  /// reported.
+  void Open();
+  /// The keyboard's road to the calculator takes the answer unchecked.
+  void OpenCalculator();
+  /// Closes the dialogs that the controls of this thread share, errors ignored.
+  static void CloseShared();
+
+ private:
+  struct Place {
+    float Top;
+    float Left;
+  };
+  /// An answer, and whether it is no more than the field's own value.
+  struct Calculated {
+    Variant Answer;
+    bool IsOwn;
+  };
+  /// What the field and its row hold before an answer that may be taken back.
+  struct Held {
+    Variant Value;
+    std::optional<Variant> Stored;  ///< nothing where there is no row
+    FieldBox::What Shows;
+  };
+
+  Place PlaceBelow() const;
+  void Pick(const Place& place);
+  void PickFromList(const Place& place);
+  String RunList(const Place& place, mdlObjTxt::FimDaLista& end);
+  std::shared_ptr<Pesquisa> Searches() const;
+  void TakeFromList(mdlObjTxt::FimDaLista end, const String& key);
+  bool ExpandForList(String& where) const;
+  void PickDate(const Place& place);
+  void PickPath(const Place& place);
+  void Assign(const Variant& v) { value_.Assign(v, Road::Write); }
+  void TakeAnswer(const Variant& answer, bool isOwn);
+  Calculated Calculate(frmCalculadora& calculator, const Place& place);
+  void CalculateChecked(const Place& place);
+  bool CalculationFits();
+  Held Holds() const;
+  void GiveBack(const Held& before);
+
+  Parts parts_;
+  FieldBox& box_;
+  Members& m_;
+  ValueRoad& value_;
+};
+
+}  // namespace tessaria

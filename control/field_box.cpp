@@ -1,0 +1,69 @@
+#include "control/field_box.h"
+
+#include "tessaria/masks.h"
+#include "tessaria/text.h"
+
+namespace tessaria {
+
+bool FieldBox::IsNumeric() const { return mdlObjTxt::EhMascaraNumerica(mask_.Mascara); }
+
+bool FieldBox::IsScrambled() const { return UCase(Left(mask_.Mascara, 1)) == u"X"; }
+
+String FieldBox::LaidOut(const Variant& v) const {
+  return mdlObjTxt::AplicaMascara(v, mask_.Mascara, mask_.PromptChar, mask_.ItensMascara,
+                                  txtEdit_.PasswordChar());
+}
+
+String FieldBox::Stripped(const String& text) const {
+  return mdlObjTxt::LimpaMascara(text, mask_.Mascara, mask_.ItensMascara);
+}
+
+String FieldBox::WithoutPoints() const {
+  return mdlObjTxt::LimpaMascara(txtEdit_.Text(), mask_.Mascara, mask_.ItensMascara + u".");
+}
+
+void FieldBox::Write(const String& text) {
+  const ShownText::OwnWrite own(shown_);
+  txtEdit_.Text(text);
+}
+
+void FieldBox::WriteSelection(const String& text) {
+  const ShownText::OwnWrite own(shown_);
+  txtEdit_.SelText(text);
+}
+
+void FieldBox::Display(const Variant& v, What what) {
+  if (what == What::StoredText)
+    Write(mdlObjTxt::AplicaMascara(TextOf(v), {}, {}, {}, txtEdit_.PasswordChar()));
+  else if (!mask_.Mascara.empty() || !v.IsNull())  // else it is as the typed text left it
+    Write(LaidOut(v));
+  shown_.Remember(txtEdit_.Text(), contents_.Texto, what);
+}
+
+void FieldBox::Texto(const String& v) {
+  contents_.Texto = v;
+  const String password = txtEdit_.PasswordChar();
+  Write(password.empty() ? v : StringOf(Len(v), password));
+  site_.PropertyChanged(u"Texto");
+}
+
+void FieldBox::SelectWhole() {
+  txtEdit_.SelStart(0);
+  txtEdit_.SelLength(Len(Trim(txtEdit_.Text())));
+}
+
+void FieldBox::AlignByMask() {
+  txtEdit_.Alignment(IsNumeric() ? host::Alignment::Right : host::Alignment::Left);
+}
+
+bool FieldBox::HidesTexto() const { return IsScrambled() || !txtEdit_.PasswordChar().empty(); }
+
+bool FieldBox::IsTouched() const {
+  return shown_.IsTouched(txtEdit_.Text(), contents_.Texto, HidesTexto());
+}
+
+bool FieldBox::ShowsStoredText() const {
+  return shown_.Shows() == What::StoredText && !IsTouched();
+}
+
+}  // namespace tessaria

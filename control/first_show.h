@@ -1,0 +1,43 @@
+// The first appearance of a field, in the designer and on a running form.
+#pragma once
+
+#include "control/definitions.h"
+#include "control/discovery.h"
+#include "control/looks.h"
+#include "control/mask_change.h"
+
+namespace tessaria {
+
+class FirstShow {
+ public:
+  /// The parts that a field is made ready by; all outlive it.
+  struct Parts {
+    host::ControlSite& Site;
+    FieldBox& Box;
+    Members& Remembered;
+    Definitions& Lookup;
+    Surroundings& Around;
+    Discovery& Names;
+    MaskChange& Mask;
+    Looks& Drawing;
+    tsTextEvents& Events;
+  };
+  explicit FirstShow(const Parts& parts) : parts_(parts) {}
+  FirstShow(const FirstShow&) = delete;
+  FirstShow& operator=(const FirstShow&) = delete;
+
+  /// The first call makes the field ready; later ones do nothing. Errors are reported.
+  void Run();
+  /// Why the first show in the designer could not look into the database; "" when it could.
+  String DesignTimeError() const { return designTimeError_; }
+
+ private:
+  void ShowAtDesignTime();
+  void ShowAtRunTime();
+  void FitMaskToField();
+
+  Parts parts_;
+  String designTimeError_;
+};
+
+}  // namespace tessaria

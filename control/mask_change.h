@@ -1,0 +1,28 @@
+// A new mask, or a new fill character, for a field that shows a text already.
+#pragma once
+
+#include "control/value.h"
+
+namespace tessaria {
+
+class MaskChange {
+ public:
+  /// All outlive it.
+  MaskChange(host::ControlSite& site, FieldBox& box, MaskSettings& mask, ValueRoad& value)
+      : site_(site), box_(box), mask_(mask), value_(value) {}
+  MaskChange(const MaskChange&) = delete;
+  MaskChange& operator=(const MaskChange&) = delete;
+
+  /// At run time the box is laid out anew. A mask that is taken away from a blank text leaves Null.
+  void Mascara(const String& v);
+  void PromptChar(const String& v);
+  void ItensMascara(const String& v);
+
+ private:
+  host::ControlSite& site_;
+  FieldBox& box_;
+  MaskSettings& mask_;
+  ValueRoad& value_;
+};
+
+}  // namespace tessaria

@@ -1,0 +1,13 @@
+// The older text form of the searches becomes the definition object.
+#pragma once
+
+#include "control/members.h"
+#include "tessaria/pesquisa_definition.h"
+
+namespace tessaria {
+
+/// Adds a search for each caption, each at its place, and empties the texts when all were added.
+/// Errors are reported.
+void AddSearchTexts(SearchTexts& texts, Pesquisa& searches);
+
+}  // namespace tessaria

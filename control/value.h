@@ -1,0 +1,76 @@
+// The road of a value: from an assignment to the bound field, the typed text, the box and the
+// sibling.
+#pragma once
+
+#include "control/field_box.h"
+#include "tessaria/host/data.h"
+
+namespace tessaria {
+
+/// Whether an assignment writes the bound field, or only shows what a row holds.
+enum class Road { Write, Show };
+
+/// What the road of a value asks of the bound field.
+class BoundField {
+ public:
+  virtual ~BoundField() = default;
+  /// Errors of the names that lead there: 730, 438, 91.
+  virtual host::FieldPtr Field() const = 0;
+  virtual bool HasRow() const = 0;
+  /// Errors of the field.
+  virtual void Write(const Variant& v) = 0;
+};
+
+/// Who takes the value further when the field shows it.
+class ValueFollower {
+ public:
+  virtual ~ValueFollower() = default;
+  virtual void Follow(Road road) = 0;
+};
+
+/// Assigns a field's value.
+class ValueRoad {
+ public:
+  /// All outlive it.
+  ValueRoad(host::ControlSite& site, FieldBox& box, const FieldKind& kind, const FormTies& ties,
+            FieldContents& contents, BoundField& bound, ValueFollower& follower);
+  ValueRoad(const ValueRoad&) = delete;
+  ValueRoad& operator=(const ValueRoad&) = delete;
+
+  /// False when the value was refused, which the operator has been told.
+  bool Assign(const Variant& v, Road road);
+  /// The value as it is, for a field that nobody has touched: all that an assignment does, except
+  /// that nothing is converted and nothing written.
+  void AssignItself();
+  /// `what` tells what the box showed when the present value was assigned. The value comes in the
+  /// place of another that was refused.
+  void ShowAgain(FieldBox::What what, Road road);
+
+ private:
+  using What = FieldBox::What;
+  /// What the first steps of an assignment made of the value.
+  struct Taken {
+    Variant Shown;  ///< what the box will show
+    bool IsStored = false;
+    FieldBox::What What = FieldBox::What::Value;
+  };
+
+  Taken AssignUnbound(const Variant& v, Road road);
+  Taken AssignBound(const Variant& v, Road road);
+  void TakeBound(const Variant& v, Road road, Taken& taken);
+  template <class Convert>
+  static Taken Converted(const Variant& v, Road road, Convert convert);
+  void WriteField(Taken& taken);
+  void TextoFromValue();
+  void Present(const Taken& taken, Road road);
+
+  host::ControlSite& site_;
+  FieldBox& box_;
+  const FieldKind& kind_;
+  const FormTies& ties_;
+  FieldContents& contents_;
+  BoundField& bound_;
+  ValueFollower& follower_;
+};
+
+}  // namespace tessaria

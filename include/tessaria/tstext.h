@@ -1,0 +1,295 @@
+// The control: a text box that knows what it holds.
+#pragma once
+
+#include <memory>
+
+#include "tessaria/browse_definition.h"
+#include "tessaria/export.h"
+#include "tessaria/host/control.h"
+#include "tessaria/pesquisa_definition.h"
+#include "tessaria/tstext_interface.h"
+
+namespace tessaria {
+
+/// What the operator has typed, for a host that takes an edit back.
+struct Typing {
+  String Texto;
+  bool Touches = false;  ///< whether it counts when the field is left
+};
+
+/// A data-entry field: text box and button on one surface.
+///
+/// A host creates one with the widgets of the surface, then calls the `UserControl_...` entry
+/// points as the surface's events come in: InitProperties for a new control or ReadProperties
+/// for a stored one, Show at each appearance, EnterFocus and ExitFocus around the whole
+/// surface, the surface's key events, Resize, Terminate at the end. The constructor is the
+/// Initialize; it connects the events of the two widgets.
+///
+/// The names that tie a control to its form (data control, sibling, label) are resolved at the
+/// moment of use. Property setters raise in the caller what goes wrong in them, and end in
+/// `ControlSite::PropertyChanged`; the entry points report their errors themselves, except
+/// where a declaration says otherwise.
+class TESSARIA_CORE_API tsText final : public _tsText {
+ public:
+  /// All four outlive the control.
+  tsText(host::ControlSite& site, host::TextBox& txtEdit, host::CommandButton& btnBrowse,
+         tsTextEvents& events);
+  ~tsText() override;
+
+  // --- What the surface's host calls -----------------------------------------------------------
+
+  /// Start values of a control that is newly placed on a form.
+  void UserControl_InitProperties();
+  /// Fills the members straight from the bag, with no side effects.
+  void UserControl_ReadProperties(const host::PropertyBag& bag);
+  void UserControl_WriteProperties(host::PropertyBag& bag);
+  /// The first call resolves names, loads the row, draws and raises `Show`; later ones do nothing.
+  void UserControl_Show();
+  void UserControl_Resize();
+  void UserControl_EnterFocus();
+  /// Settles the field and tells how that ended: this is how a host or a program asks whether the
+  /// field may be left. A field that the focus leaves for its own button or for `ObjetoCancelar`
+  /// may be, with its text as it stands. A field that nobody has touched is not written, and is
+  /// `NotStored` never.
+  ExitVerdict UserControl_ExitFocus();
+  /// Whether leaving the field now would settle anything, for a host whose action runs while the
+  /// field keeps the focus: a text that the operator or a program has changed, a value assigned
+  /// since the focus came in, an exit or a check that failed, or a blank that an action may find.
+  bool HasToSettle() const;
+  /// These three pass the key on to the application; errors of its handlers surface here. A host
+  /// calls KeyUp for every release but those of auto-repeat; PageDown opens the dialog only when
+  /// its key-down came to this control too. The key-up of the box itself (`TextBox::OnKeyUp`)
+  /// comes behind it, and only for a key whose key-down the box had; once with code 0 for a text
+  /// that came without a key. A key that is held while the focus goes has none.
+  void UserControl_KeyDown(Integer& KeyCode, Integer& Shift);
+  void UserControl_KeyPress(Integer& KeyAscii);
+  void UserControl_KeyUp(Integer& KeyCode, Integer& Shift);
+  void UserControl_Terminate();
+
+  // --- Methods ---------------------------------------------------------------------------------
+
+  /// Resolves all names anew and loads the current row. The result is always Empty.
+  Variant Refresh();
+  /// Whether the field may be left, judged by which control has taken the focus. Shows its own
+  /// messages and takes the focus back when it refuses. Mostly also kept in `LastValidaStatus`.
+  bool Valida();
+  /// The relation check alone: no message for a missing row, no focus work, no status.
+  bool AcionaChecaRelacao();
+  Variant AtualizaIrmao(bool ApenasTsBrowse = false, bool DisparaBrowseReturn = false) override;
+  void ShowSibling(bool ApenasTsBrowse) override;
+  Variant DisparaEventos(const String& strEvento) override;
+  /// Sets the value that changes are measured against to Empty.
+  void ClearLastValue();
+
+  // --- Surroundings ----------------------------------------------------------------------------
+
+  /// The surface's window handle at run time, 0 at design time.
+  Long hWnd() const;
+  /// The control's name on its form. Assigning shows a message and changes nothing.
+  String Nome() const;
+  void Nome(const String& v);
+  /// Name of the data control on the form; takes effect at the next `Refresh`.
+  String DataSource() const;
+  void DataSource(const String& v);
+  /// Field of its record set, without regard to case; takes effect at the next `Refresh`.
+  String DataField() const;
+  void DataField(const String& v);
+  /// Decimal text of the field's ordinal from 0, a cache that corrects itself.
+  String PosDataField() const;
+  void PosDataField(const String& v);
+  /// Name of the sibling control: a key's description, or a description's key. The control's own
+  /// name is refused with a message. Takes effect at the next `Refresh`.
+  String TxtIrmao() const override;
+  void TxtIrmao(const String& v);
+  /// Name of the caption label. Can be assigned at design time only, and not the control's own
+  /// name; both refusals show a message.
+  String LabelAssociado() const;
+  void LabelAssociado(const String& v);
+  /// Number of the tab that the control lies on, trimmed; "" for none.
+  String NumeroTab() const;
+  void NumeroTab(const String& v);
+  /// Name of the control that escapes validation when it takes the focus.
+  String ObjetoCancelar() const;
+  void ObjetoCancelar(const String& v);
+
+  // --- Kind and value ----------------------------------------------------------------------------
+
+  /// Types 2 and 5 also set `PromptInclude`.
+  tessaria::TipoControle TipoControle() const;
+  void TipoControle(tessaria::TipoControle v);
+  /// Type code of an unbound value: 2, 4, 5 number, 7 date, any other text.
+  Long TipoDado() const override;
+  void TipoDado(Long v);
+  /// The typed value. Assigning converts it by the field's type, writes it to the bound field,
+  /// reads it back, shows it through the mask and refreshes the sibling. Refusals show a box.
+  Variant Value() const override;
+  void Value(const Variant& v) override;
+  bool TakeValue(const Variant& v) override;
+  void ShowValue(const Variant& v) override;
+  /// Value of the row as it was loaded. Assigning shows a message and changes nothing.
+  Variant OriginalValue() const;
+  void OriginalValue(const Variant& v);
+  /// The value that changes are measured against; write-only.
+  void LastValue(const String& v);
+  /// The typed characters without the mask's literals. Assigning writes the box too: the text,
+  /// or as many password characters.
+  String Texto() const;
+  void Texto(const String& v);
+  /// Both for a host that takes an edit back. Restoring writes the box as `Texto` does.
+  Typing CurrentTyping() const;
+  void RestoreTyping(const Typing& typing);
+  /// The box as it stands; no mask work and no effect on `Value`.
+  String Text() const;
+  void Text(const String& v);
+  /// The field may stay blank.
+  bool PodeSerBranco() const;
+  void PodeSerBranco(bool v);
+  /// Validation looks the value up in the lookup's table.
+  bool UsaChecaRelacao() const;
+  void UsaChecaRelacao(bool v);
+  /// Outcome of the last validation; true until there was one.
+  bool LastValidaStatus() const override;
+  void LastValidaStatus(bool v);
+
+  // --- Mask --------------------------------------------------------------------------------------
+
+  /// The mask; "" for none. At run time the box is laid out anew, without touching `Value`.
+  String Mascara() const;
+  void Mascara(const String& v);
+  /// The fill character; only the first character is kept.
+  String PromptChar() const;
+  void PromptChar(const String& v);
+  /// The value keeps the mask's literals and fill characters.
+  bool PromptInclude() const;
+  void PromptInclude(bool v);
+  /// Zero fill on leaving: 1 the whole text, any other run by run of the mask.
+  Long TipoStrZero() const;
+  void TipoStrZero(Long v);
+  /// A numeric mask accepts a minus sign. Such a field needs a `MaxLength`.
+  bool ValorNegativo() const;
+  void ValorNegativo(bool v);
+  /// The box's password character; "" shows the text itself.
+  String PasswordChar() const;
+  void PasswordChar(const String& v);
+  /// Most characters that the operator can type or paste; 0 is no limit there, and no integer
+  /// digits for a sign. Texts of the program, of a row or of a lookup are taken whole.
+  Long MaxLength() const;
+  void MaxLength(Long v);
+  /// Selection in the box: from 0, in characters.
+  Long SelStart() const;
+  void SelStart(Long v);
+  Long SelLength() const;
+  void SelLength(Long v);
+  String SelText() const;
+  void SelText(const String& v);
+
+  // --- Looks -------------------------------------------------------------------------------------
+
+  /// Of the box. A key field hands it on to its description when the two name each other.
+  bool Enabled() const override;
+  void Enabled(bool v) override;
+  Colour Forecolor() const;
+  void Forecolor(Colour v);
+  /// Of the box and the surface.
+  Colour BackColor() const;
+  void BackColor(Colour v);
+  host::Font Font() const;
+  void Font(const host::Font& v);
+  /// Marks the field: green, bold caption.
+  bool eSocial() const;
+  void eSocial(bool v);
+  /// Stored only.
+  bool MultiLine() const;
+  void MultiLine(bool v);
+  /// False only while the first show runs, and after one that failed.
+  bool Carregou() const;
+
+  // --- Lookup ------------------------------------------------------------------------------------
+
+  /// The lookup's definition; created on first need, never nothing.
+  std::shared_ptr<tessaria::Browse> Browse() const;
+  void Browse(const std::shared_ptr<tessaria::Browse>& v);
+  /// The eight texts of the lookup: the control's own when not empty, otherwise the definition's.
+  /// Assigning sets both.
+  String BrwTitulo() const;
+  void BrwTitulo(const String& v);
+  String BrowseTable() const;
+  void BrowseTable(const String& v);
+  String BrwCampo() const;
+  void BrwCampo(const String& v);
+  String BrwCampoIrmao() const;
+  void BrwCampoIrmao(const String& v);
+  String BrwCampoOutros() const;
+  void BrwCampoOutros(const String& v);
+  String BrwGroupBy() const;
+  void BrwGroupBy(const String& v);
+  String BrwLeftJoin() const;
+  void BrwLeftJoin(const String& v);
+  String BrwWhere() const;
+  void BrwWhere(const String& v);
+  /// The searches of the lookup's grid; created on first need.
+  std::shared_ptr<tessaria::Pesquisa> Pesquisa() const;
+  void Pesquisa(const std::shared_ptr<tessaria::Pesquisa>& v);
+  /// The older text form of the searches: one field per search, each closed by character 3.
+  String PesqCaption() const;
+  void PesqCaption(const String& v);
+  String PesqCampo() const;
+  void PesqCampo(const String& v);
+  String PesqMascara() const;
+  void PesqMascara(const String& v);
+  String PesqWidth() const;
+  void PesqWidth(const String& v);
+  String PesqTipo() const;
+  void PesqTipo(const String& v);
+  String PesqLike() const;
+  void PesqLike(const String& v);
+  String PesqMaxLength() const;
+  void PesqMaxLength(const String& v);
+  String PesqCompletaDescr() const;
+  void PesqCompletaDescr(const String& v);
+  String PesqPromptInclude() const;
+  void PesqPromptInclude(const String& v);
+  /// Message of a lookup that finds nothing; blank for the standard one.
+  String MsgBrowse() const;
+  void MsgBrowse(const String& v);
+
+  // --- Folder picker -----------------------------------------------------------------------------
+
+  /// The picker lists files too, and the text is split into folder and file.
+  bool DirVerArquivos() const;
+  void DirVerArquivos(bool v);
+  String DirPattern() const;
+  void DirPattern(const String& v);
+  String DirFilePath() const;
+  void DirFilePath(const String& v);
+  String DirFileName() const;
+  void DirFileName(const String& v);
+
+  // --- For the library's own modules -------------------------------------------------------------
+
+  /// The fill character and the literals of the mask, each once.
+  String ItensMascara() const;
+  void ItensMascara(const String& v);
+  /// The bound field, found by name at each call; nothing when not bound.
+  host::FieldPtr CampoVinculado() const;
+  host::WidgetPtr ContainerDoControle() const;
+  host::FormPtr FormDoControle() const;
+  /// Assigns the bound field.
+  void GravaValorCampo(const Variant& v);
+  /// Resolves names: "Irmao", "DataSource", "Campo", "Label", or "Todos" for all of them. True
+  /// when a field was bound and loaded, which only "Todos" can do.
+  bool SetarVariaveis(StringView what);
+  /// Why the first show in the designer could not look into the database; "" when it could. For
+  /// the property page to tell.
+  String DesignTimeError() const;
+  /// A message that only a visible form shows. Flags and title as `ExibeMensagem` takes them.
+  void MsgSeVisivel(const String& text, Long flags, const String& title);
+
+ private:
+  friend struct StoredAccess;  // the property table's way to what the bag keeps
+
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace tessaria
