@@ -13,19 +13,17 @@ namespace tessaria {
 
 namespace {
 
-// Virtual-key codes that start no search of a description.
+// Virtual-key codes.
+constexpr Integer kKeyPageDown = 34;
+// These start no search of a description.
 constexpr Integer kKeyShift = 16;
 constexpr Integer kKeyHome = 36;
 
 }  // namespace
 
-BoxEvents::BoxEvents(FieldBox& box, Members& members, Pair& pair, Looks& looks,
-                     tsTextEvents& events, std::function<void()> openCalculator)
-    : box_(box),
-      members_(members),
-      pair_(pair),
-      events_(events),
-      openCalculator_(std::move(openCalculator)) {
+BoxEvents::BoxEvents(FieldBox& box, Members& members, Pair& pair, Looks& looks, Dialogs& dialogs,
+                     tsTextEvents& events)
+    : box_(box), members_(members), pair_(pair), dialogs_(dialogs), events_(events) {
   host::TextBox& widget = box_.Widget();
   widget.OnChange = [this] { OnChange(); };
   widget.OnSameText = [this] { box_.Shown().NoteTyping(); };
@@ -45,6 +43,17 @@ BoxEvents::~BoxEvents() {
   widget.OnKeyUp = nullptr;
   widget.OnGotFocus = nullptr;
   widget.OnLostFocus = nullptr;
+}
+
+void BoxEvents::KeyDown(Integer& KeyCode, Integer& Shift) {
+  if (KeyCode == kKeyPageDown) pageDownIsHeld_ = true;
+  events_.KeyDown(KeyCode, Shift);
+}
+
+void BoxEvents::KeyUp(Integer& KeyCode, Integer& Shift) {
+  const bool isOwnPageDown = KeyCode == kKeyPageDown && std::exchange(pageDownIsHeld_, false);
+  if (isOwnPageDown && members_.TipoControle != tessaria::TipoControle::Normal) dialogs_.Open();
+  events_.KeyUp(KeyCode, Shift);
 }
 
 /// What the key filter puts into the box is typed, be it the same as before.

@@ -1,8 +1,7 @@
 // The events of the box, and the keys of the surface.
 #pragma once
 
-#include <functional>
-
+#include "control/dialogs.h"
 #include "control/field_box.h"
 #include "control/looks.h"
 #include "control/pair.h"
@@ -10,13 +9,20 @@
 
 namespace tessaria {
 
-/// Takes the events of a field's box for as long as it lives.
+/// Takes the events of a field's box for as long as it lives, and the keys of its surface from the
+/// host.
 class BoxEvents final : private MaskedField {
  public:
-  /// All outlive it. The calculator is the one that a key of the filter opens.
-  BoxEvents(FieldBox& box, Members& members, Pair& pair, Looks& looks, tsTextEvents& events,
-            std::function<void()> openCalculator);
+  /// All outlive it.
+  BoxEvents(FieldBox& box, Members& members, Pair& pair, Looks& looks, Dialogs& dialogs,
+            tsTextEvents& events);
   ~BoxEvents() override;
+
+  /// PageDown opens the dialog with its key-up, when its key-down came to this field too.
+  void KeyDown(Integer& KeyCode, Integer& Shift);
+  void KeyUp(Integer& KeyCode, Integer& Shift);
+  /// The focus goes: a key that is held has no key-up here.
+  void ForgetHeldKey() { pageDownIsHeld_ = false; }
 
   /// While one lives, the box's text is loaded: that is no change of the field.
   class Silence {
@@ -41,7 +47,7 @@ class BoxEvents final : private MaskedField {
   String Texto() const override { return members_.Texto; }
   void Texto(const String& text) override;
   void GuardaTexto(const String& text) override { members_.Texto = text; }
-  void AbreCalculadora() override { openCalculator_(); }
+  void AbreCalculadora() override { dialogs_.OpenCalculator(); }
 
   void OnChange();
   void OnKeyUp(Integer KeyCode);
@@ -50,8 +56,9 @@ class BoxEvents final : private MaskedField {
   FieldBox& box_;
   Members& members_;
   Pair& pair_;
+  Dialogs& dialogs_;
   tsTextEvents& events_;
-  std::function<void()> openCalculator_;
+  bool pageDownIsHeld_ = false;
   bool isSilent_ = false;
 };
 

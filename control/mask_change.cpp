@@ -27,6 +27,13 @@ void MaskChange::PromptChar(const String& v) {
   ItensMascara(mdlObjTxt::MontaItensMascara(mask_.Mascara, mask_.PromptChar));
 }
 
+void MaskChange::TipoControle(FieldKind& kind, tessaria::TipoControle v) {
+  kind.TipoControle = v;
+  if (v == tessaria::TipoControle::Calendario || v == tessaria::TipoControle::Calculadora)
+    mask_.PromptInclude = true;
+  site_.PropertyChanged(u"TipoControle");
+}
+
 void MaskChange::ItensMascara(const String& v) {
   mask_.ItensMascara = v;
   site_.PropertyChanged(u"ItensMascara");

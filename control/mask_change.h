@@ -16,6 +16,8 @@ class MaskChange {
   /// At run time the box is laid out anew. A mask that is taken away from a blank text leaves Null.
   void Mascara(const String& v);
   void PromptChar(const String& v);
+  /// Dates and amounts keep the literals of their masks in the value.
+  void TipoControle(FieldKind& kind, tessaria::TipoControle v);
   void ItensMascara(const String& v);
 
  private:

@@ -2,20 +2,11 @@
 
 #include "tessaria/tstext.h"
 
-#include <utility>
-
 #include "control/tstext_parts.h"
 #include "services/message_box.h"
 #include "services/trap.h"
 
 namespace tessaria {
-
-namespace {
-
-// Virtual-key codes.
-constexpr Integer kKeyPageDown = 34;
-
-}  // namespace
 
 tsText::tsText(host::ControlSite& site, host::TextBox& txtEdit, host::CommandButton& btnBrowse,
                tsTextEvents& events)
@@ -41,25 +32,20 @@ void tsText::UserControl_Resize() { parts_->looks.Resize(); }
 void tsText::UserControl_EnterFocus() { parts_->focus.Enter(); }
 
 ExitVerdict tsText::UserControl_ExitFocus() {
-  parts_->pageDownIsHeld = false;
+  parts_->boxEvents.ForgetHeldKey();
   return parts_->focus.Exit();
 }
 
 bool tsText::HasToSettle() const { return parts_->focus.HasToSettle(); }
 
 void tsText::UserControl_KeyDown(Integer& KeyCode, Integer& Shift) {
-  if (KeyCode == kKeyPageDown) parts_->pageDownIsHeld = true;
-  parts_->events.KeyDown(KeyCode, Shift);
+  parts_->boxEvents.KeyDown(KeyCode, Shift);
 }
 
 void tsText::UserControl_KeyPress(Integer& KeyAscii) { parts_->events.KeyPress(KeyAscii); }
 
 void tsText::UserControl_KeyUp(Integer& KeyCode, Integer& Shift) {
-  const bool isOwnPageDown =
-      KeyCode == kKeyPageDown && std::exchange(parts_->pageDownIsHeld, false);
-  if (isOwnPageDown && parts_->members.TipoControle != tessaria::TipoControle::Normal)
-    parts_->dialogs.Open();
-  parts_->events.KeyUp(KeyCode, Shift);
+  parts_->boxEvents.KeyUp(KeyCode, Shift);
 }
 
 void tsText::UserControl_Terminate() {

@@ -7,6 +7,7 @@
 #include "control/first_show.h"
 #include "control/focus.h"
 #include "control/mask_change.h"
+#include "control/naming.h"
 #include "control/persistence.h"
 #include "tessaria/tstext.h"
 
@@ -20,6 +21,7 @@ struct tsText::Parts {
         button(btnBrowse),
         events(handlers),
         box(site, txtEdit, members, members),
+        naming(site, members),
         around(site, members),
         pair(site, box, members, members, members, lookup, around, events),
         value(site, box, members, members, members, around, pair),
@@ -30,7 +32,7 @@ struct tsText::Parts {
         firstShow({site, box, members, lookup, around, discovery, mask, looks, events}),
         focus({site, box, members, validation, value, pair, events}),
         dialogs({site, box, members, lookup, around, value, events}),
-        boxEvents(box, members, pair, looks, events, [this] { dialogs.OpenCalculator(); }),
+        boxEvents(box, members, pair, looks, dialogs, events),
         stored{members, lookup, txtEdit, site} {
     button.OnClick = [this] { dialogs.Open(); };
   }
@@ -44,6 +46,7 @@ struct tsText::Parts {
   Members members;
   Definitions lookup{members};
   FieldBox box;
+  Naming naming;
   Surroundings around;
   Pair pair;
   ValueRoad value;
@@ -56,7 +59,6 @@ struct tsText::Parts {
   Dialogs dialogs;
   BoxEvents boxEvents;
   StoredState stored;
-  bool pageDownIsHeld = false;
 };
 
 }  // namespace tessaria

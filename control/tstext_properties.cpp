@@ -2,9 +2,7 @@
 
 #include "control/surface.h"
 #include "control/tstext_parts.h"
-#include "tessaria/host/application.h"
 #include "tessaria/text.h"
-#include "tessaria/thread_state.h"
 
 namespace tessaria {
 
@@ -40,28 +38,8 @@ void tsText::Nome(const String&) { Tell(parts_->site, u"Propriedade Apenas Para 
 
 String tsText::NumeroTab() const { return Trim(parts_->members.NumeroTab); }
 
-void tsText::TxtIrmao(const String& v) {
-  if (UCase(v) == UCase(Nome())) {
-    App().ShowMessageBox(0, u"Como é Que o Componente Consegue ser Irmão Dele Mesmo???",
-                         host::box::Ok, u"Alerta!");
-    return;
-  }
-  parts_->members.TxtIrmao = v;
-  parts_->site.PropertyChanged(u"TxtIrmao");
-}
-
-void tsText::LabelAssociado(const String& v) {
-  if (parts_->site.UserMode()) {
-    Tell(parts_->site, u"Não é possível alterar a propriedade LabelAssociado em Tempo de Execucao");
-    return;
-  }
-  if (UCase(v) == UCase(Nome())) {
-    Tell(parts_->site, u"Tá Querendo me Enganar é ??");
-    return;
-  }
-  parts_->members.LabelAssociado = v;
-  parts_->site.PropertyChanged(u"TxtLabelAssociado");  // the name told is no property's
-}
+void tsText::TxtIrmao(const String& v) { parts_->naming.TxtIrmao(v); }
+void tsText::LabelAssociado(const String& v) { parts_->naming.LabelAssociado(v); }
 
 // --- Kind and value
 
@@ -75,10 +53,7 @@ TESSARIA_VALUE(bool, UsaChecaRelacao)
 TESSARIA_VALUE(bool, LastValidaStatus)
 
 void tsText::TipoControle(tessaria::TipoControle v) {
-  parts_->members.TipoControle = v;
-  if (v == tessaria::TipoControle::Calendario || v == tessaria::TipoControle::Calculadora)
-    parts_->members.PromptInclude = true;
-  parts_->site.PropertyChanged(u"TipoControle");
+  parts_->mask.TipoControle(parts_->members, v);
   parts_->looks.Draw();
 }
 
