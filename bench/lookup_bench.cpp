@@ -18,7 +18,6 @@
 #include <string>
 #include <vector>
 
-#include "tessaria/tstext.h"
 #include "hosts/odbc/driver/handles.h"
 #include "lookup/description_lookup.h"
 #include "tessaria/conversion.h"
@@ -29,6 +28,7 @@
 #include "tessaria/odbc/connection.h"
 #include "tessaria/text.h"
 #include "tessaria/thread_state.h"
+#include "tessaria/tstext.h"
 #include "tests/support/postgres_cluster.h"
 
 namespace tessaria::bench {

@@ -5,6 +5,7 @@
 #include "control/field_box.h"
 #include "control/looks.h"
 #include "control/pair.h"
+#include "control/scoped_flag.h"
 #include "mask/masked_field.h"
 
 namespace tessaria {
@@ -27,13 +28,10 @@ class BoxEvents final : private MaskedField {
   /// While one lives, the box's text is loaded: that is no change of the field.
   class Silence {
    public:
-    explicit Silence(BoxEvents& events) : events_(events) { events_.isSilent_ = true; }
-    ~Silence() { events_.isSilent_ = false; }
-    Silence(const Silence&) = delete;
-    Silence& operator=(const Silence&) = delete;
+    explicit Silence(BoxEvents& events) : flag_(events.isSilent_) {}
 
    private:
-    BoxEvents& events_;
+    ScopedFlag flag_;
   };
 
  private:

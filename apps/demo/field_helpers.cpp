@@ -7,6 +7,7 @@
 #include "tessaria/qt/tstext.h"
 #include "tessaria/qt/variants.h"
 #include "tessaria/text.h"
+#include "tessaria/tstext.h"
 
 namespace tessaria::demo {
 namespace {

@@ -6,6 +6,7 @@
 #include "tessaria/pesquisa_definition.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/qt/tstext.h"
+#include "tessaria/tstext.h"
 
 namespace tessaria::demo {
 namespace {

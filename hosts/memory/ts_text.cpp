@@ -4,8 +4,8 @@
 #include <iterator>
 
 #include "control/properties.h"
-#include "tessaria/tstext.h"
 #include "tessaria/text.h"
+#include "tessaria/tstext.h"
 
 namespace tessaria::memory {
 namespace {

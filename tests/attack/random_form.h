@@ -4,13 +4,13 @@
 #include <memory>
 #include <vector>
 
-#include "tessaria/tstext.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/connection.h"
 #include "tessaria/memory/controls.h"
 #include "tessaria/memory/dialogs/desktop.h"
 #include "tessaria/memory/form.h"
 #include "tessaria/memory/ts_text.h"
+#include "tessaria/tstext.h"
 #include "tests/attack/run.h"
 
 namespace tessaria::attack {

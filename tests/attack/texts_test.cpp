@@ -7,7 +7,6 @@
 #include <map>
 #include <regex>
 
-#include "tessaria/tstext.h"
 #include "tessaria/browse_definition.h"
 #include "tessaria/conversion.h"
 #include "tessaria/memory/application.h"
@@ -19,6 +18,7 @@
 #include "tessaria/pesquisa_definition.h"
 #include "tessaria/text.h"
 #include "tessaria/thread_state.h"
+#include "tessaria/tstext.h"
 #include "tests/attack/hostile_texts.h"
 #include "tests/attack/server_log.h"
 #include "tests/support/postgres_cluster.h"

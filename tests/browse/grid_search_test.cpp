@@ -1,6 +1,6 @@
 // The searches of the list: what an entry of the menu asks and runs.
-#include "tessaria/tstext.h"
 #include "tessaria/memory/ts_text.h"
+#include "tessaria/tstext.h"
 #include "tests/browse/grid_fixture.h"
 
 namespace tessaria::test {

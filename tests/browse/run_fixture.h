@@ -3,9 +3,9 @@
 
 #include "browse/grid_form.h"
 #include "browse/lookup_run.h"
-#include "tessaria/tstext.h"
 #include "tessaria/memory/text_box.h"
 #include "tessaria/memory/ts_text.h"
+#include "tessaria/tstext.h"
 #include "tests/browse/browse_fixture.h"
 
 namespace tessaria::test {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "browse/search_prompt.h"
-#include "tessaria/tstext.h"
 #include "tessaria/memory/ts_text.h"
+#include "tessaria/tstext.h"
 #include "tests/browse/browse_fixture.h"
 
 namespace tessaria::test {

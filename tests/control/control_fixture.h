@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "control/properties.h"
-#include "tessaria/tstext.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/connection.h"
 #include "tessaria/memory/controls.h"
@@ -18,6 +17,7 @@
 #include "tessaria/memory/property_bag.h"
 #include "tessaria/memory/ts_text.h"
 #include "tessaria/thread_state.h"
+#include "tessaria/tstext.h"
 #include "tests/support/printers.h"
 
 namespace tessaria::memory {
@@ -55,6 +55,8 @@ inline HostError MissingControl(const String& name, const String& property = {},
   const String where = property.empty() ? String() : u", em " + property + u" de '" + field + u"'";
   return {errors::ControlNotFound, u"Controle não encontrado: '" + name + u"'" + where};
 }
+
+inline const Variant null = Variant::Null();
 
 class ControlTest : public testing::Test {
  protected:

@@ -1,11 +1,11 @@
 // An operator with any keys at a field with any mask, who then leaves it.
 #include <memory>
 
-#include "tessaria/tstext.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/controls.h"
 #include "tessaria/memory/form.h"
 #include "tessaria/memory/ts_text.h"
+#include "tessaria/tstext.h"
 #include "tests/fuzz/input.h"
 
 namespace tessaria::fuzz {

@@ -1,10 +1,10 @@
 // Fields on rows of a real server that nobody touches: no stored value changes.
 
-#include "tessaria/tstext.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/controls.h"
 #include "tessaria/memory/form.h"
 #include "tessaria/memory/ts_text.h"
+#include "tessaria/tstext.h"
 #include "tests/odbc/database_test.h"
 
 namespace tessaria::odbc::test {

@@ -2,12 +2,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tessaria/tstext.h"
 #include "tessaria/conversion.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/controls.h"
 #include "tessaria/memory/property_bag.h"
 #include "tessaria/memory/ts_text.h"
+#include "tessaria/tstext.h"
 
 namespace tessaria::memory {
 namespace {

@@ -1,10 +1,10 @@
 // The form of the memory host under the contract of forms.
 #include "tessaria/memory/form.h"
 
-#include "tessaria/tstext.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/controls.h"
 #include "tessaria/memory/ts_text.h"
+#include "tessaria/tstext.h"
 #include "tests/ports/action_contract.h"
 
 namespace tessaria::contract {

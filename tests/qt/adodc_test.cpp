@@ -5,12 +5,12 @@
 #include <QTest>
 #include <QToolButton>
 
-#include "tessaria/tstext.h"
 #include "tessaria/conversion.h"
 #include "tessaria/memory/connection.h"
 #include "tessaria/qt/form.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/text.h"
+#include "tessaria/tstext.h"
 #include "tests/qt/field_fixture.h"
 #include "tests/support/faulty_rows.h"
 

@@ -5,12 +5,12 @@
 #include <QTimer>
 #include <stdexcept>
 
-#include "tessaria/tstext.h"
 #include "tessaria/host/application.h"
 #include "tessaria/qt/event_boundary.h"
 #include "tessaria/qt/form.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/thread_state.h"
+#include "tessaria/tstext.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -5,9 +5,9 @@
 #include <QToolButton>
 #include <QToolTip>
 
-#include "tessaria/tstext.h"
 #include "hosts/qt/keys/line_edit.h"
 #include "tessaria/comforts.h"
+#include "tessaria/tstext.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

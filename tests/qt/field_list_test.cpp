@@ -3,13 +3,13 @@
 #include <QMenu>
 #include <QTest>
 
-#include "tessaria/tstext.h"
 #include "hosts/qt/dialogs/tool_bar.h"
 #include "tessaria/memory/connection.h"
 #include "tessaria/pesquisa_definition.h"
 #include "tessaria/qt/adodc.h"
 #include "tessaria/qt/metatypes.h"
 #include "tessaria/text.h"
+#include "tessaria/tstext.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 
 namespace tessaria::qt::tests {

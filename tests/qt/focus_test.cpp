@@ -9,11 +9,11 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "tessaria/tstext.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "tessaria/host/application.h"
 #include "tessaria/qt/settle.h"
 #include "tessaria/thread_state.h"
+#include "tessaria/tstext.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

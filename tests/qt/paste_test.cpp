@@ -3,8 +3,8 @@
 #include <QClipboard>
 #include <QTest>
 
-#include "tessaria/tstext.h"
 #include "hosts/qt/keys/line_edit.h"
+#include "tessaria/tstext.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

@@ -5,10 +5,10 @@
 #include <QMetaProperty>
 
 #include "control/properties.h"
-#include "tessaria/tstext.h"
 #include "tessaria/qt/form.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/qt/variants.h"
+#include "tessaria/tstext.h"
 #include "tests/qt/field_fixture.h"
 
 namespace tessaria::qt::tests {

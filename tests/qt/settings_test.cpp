@@ -3,6 +3,7 @@
 #include "tessaria/browse_definition.h"
 #include "tessaria/qt/adodc.h"
 #include "tessaria/qt/text.h"
+#include "tessaria/tstext.h"
 #include "tests/qt/field_fixture.h"
 #include "tests/qt/form_loader.h"
 

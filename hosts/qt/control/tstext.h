@@ -1,13 +1,13 @@
 // What a TsText is made of.
 #pragma once
 
-#include "tessaria/tstext.h"
 #include "hosts/qt/control/browse_button.h"
 #include "hosts/qt/control/control_site.h"
 #include "hosts/qt/keys/line_edit.h"
 #include "hosts/qt/keys/text_box.h"
 #include "tessaria/qt/tstext.h"
 #include "tessaria/qt/variants.h"
+#include "tessaria/tstext.h"
 
 namespace tessaria::qt {
 

@@ -12,6 +12,7 @@
 #include "tessaria/qt/surface.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/text.h"
+#include "tessaria/tstext.h"
 
 namespace tessaria::qt {
 namespace {
