@@ -374,6 +374,22 @@ TEST_F(PersistenceTest, WritingMakesTheBrowseDefinitionButNotTheSearches) {
   EXPECT_SAME(bag.At(u"Pesquisa"), nothing);
 }
 
+TEST_F(PersistenceTest, SearchesAreStoredWhenSomebodyGaveOrFilledThem) {
+  Control().Pesquisa();  // a look at the list is no change of it
+  Control().UserControl_WriteProperties(bag);
+  EXPECT_SAME(bag.At(u"Pesquisa"), nothing);
+
+  const auto given = std::make_shared<Pesquisa>();
+  Control().Pesquisa(given);
+  Control().UserControl_WriteProperties(bag);
+  EXPECT_EQ(bag.At(u"Pesquisa").As<Pesquisa>(), given);
+
+  Control().Pesquisa(nullptr);
+  Control().Pesquisa()->Add(0, u"Nome", u"nome", 8, 1, u"", 0, 0, true, false, 0, 0, u"");
+  Control().UserControl_WriteProperties(bag);
+  EXPECT_EQ(bag.At(u"Pesquisa").As<Pesquisa>(), Control().Pesquisa());
+}
+
 TEST_F(PersistenceTest, StatusAndMeasuredValuesAreNotStored) {
   for (const char16_t* name : {u"LastValidaStatus", u"OriginalValue", u"LastValue"}) {
     SCOPED_TRACE(ToUtf8(name));
