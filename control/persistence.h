@@ -1,19 +1,9 @@
 // A control's start values, and its two walks through the property bag.
 #pragma once
 
-#include "control/definitions.h"
-#include "control/members.h"
-#include "tessaria/host/control.h"
+#include "control/stored_state.h"
 
 namespace tessaria {
-
-/// What of a control is stored, and what its storing asks. All outlive it.
-struct StoredState {
-  Members& Remembered;
-  Definitions& Lookup;
-  host::TextBox& Box;
-  const host::ControlSite& Site;
-};
 
 /// Start values of a control that is newly placed on a form. Errors of all three are reported.
 void SetStartValues(Members& members, host::TextBox& box);

@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "control/persistence.h"
+#include "control/stored_state.h"
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/text.h"

@@ -2,7 +2,7 @@
 
 #include "tessaria/tstext.h"
 
-#include "control/tstext_parts.h"
+#include "control/tstext.h"
 #include "services/message_box.h"
 #include "services/trap.h"
 
@@ -15,17 +15,6 @@ tsText::tsText(host::ControlSite& site, host::TextBox& txtEdit, host::CommandBut
 tsText::~tsText() = default;
 
 // --- What the surface's host calls
-
-void tsText::UserControl_InitProperties() { SetStartValues(parts_->members, parts_->box.Widget()); }
-
-void tsText::UserControl_ReadProperties(const host::PropertyBag& bag) {
-  const BoxEvents::Silence silence(parts_->boxEvents);
-  ReadProperties(parts_->stored, bag);
-}
-
-void tsText::UserControl_WriteProperties(host::PropertyBag& bag) {
-  WriteProperties(parts_->stored, bag);
-}
 
 void tsText::UserControl_Show() { parts_->firstShow.Run(); }
 void tsText::UserControl_Resize() { parts_->looks.Resize(); }

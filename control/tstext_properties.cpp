@@ -1,7 +1,7 @@
 // The control's properties: each reads or writes one part and tells that it has changed.
 
 #include "control/surface.h"
-#include "control/tstext_parts.h"
+#include "control/tstext.h"
 #include "tessaria/text.h"
 
 namespace tessaria {

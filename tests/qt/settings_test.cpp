@@ -1,5 +1,4 @@
 // A control in a form file: its settings, read with no side effects, through Qt's form loader.
-#include "tessaria/tstext.h"
 #include "tessaria/browse_definition.h"
 #include "tessaria/qt/adodc.h"
 #include "tessaria/qt/text.h"

@@ -8,7 +8,7 @@
 #include "control/focus.h"
 #include "control/mask_change.h"
 #include "control/naming.h"
-#include "control/persistence.h"
+#include "control/stored_state.h"
 #include "tessaria/tstext.h"
 
 namespace tessaria {
