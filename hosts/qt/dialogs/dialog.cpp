@@ -114,7 +114,7 @@ Colour Dialog::BackColor() const {
 Long Dialog::hWnd() const { return handleOf(*window_); }
 
 void Dialog::dbForm(host::ConnectionPtr connection) {
-  window_->setProperty("dbForm", QVariant::fromValue(std::move(connection)));
+  window_->setProperty("dbForm", QVariant::fromValue(connection));
 }
 
 // --- Life ---------------------------------------------------------------------------------------

@@ -65,6 +65,7 @@ void FileListItem::Pattern(const String& pattern) { list_.setPattern(toQt(patter
 
 std::vector<String> FileListItem::List() const {
   std::vector<String> names;
+  names.reserve(static_cast<std::size_t>(list_.count()));
   for (int i = 0; i < list_.count(); ++i) names.push_back(fromQt(list_.item(i)->text()));
   return names;
 }

@@ -8,16 +8,16 @@ constexpr std::size_t kMostStates = 1000;
 
 }  // namespace
 
-void EditHistory::changed(EditState before) {
+void EditHistory::changed(const EditState& before) {
   if (before_.size() == kMostStates) before_.erase(before_.begin());
-  before_.push_back(std::move(before));
+  before_.push_back(before);
   after_.clear();
 }
 
-EditState EditHistory::step(States& from, States& to, EditState now) {
+EditState EditHistory::step(States& from, States& to, const EditState& now) {
   EditState wanted = std::move(from.back());
   from.pop_back();
-  to.push_back(std::move(now));
+  to.push_back(now);
   return wanted;
 }
 

@@ -25,16 +25,16 @@ class EditHistory {
  public:
   void clear() { before_.clear(), after_.clear(); }
   /// The operator has changed the edit, which was `before`.
-  void changed(EditState before);
+  void changed(const EditState& before);
   bool canUndo() const { return !before_.empty(); }
   bool canRedo() const { return !after_.empty(); }
   /// The state to go to from `now`.
-  EditState undo(EditState now) { return step(before_, after_, std::move(now)); }
-  EditState redo(EditState now) { return step(after_, before_, std::move(now)); }
+  EditState undo(const EditState& now) { return step(before_, after_, now); }
+  EditState redo(const EditState& now) { return step(after_, before_, now); }
 
  private:
   using States = std::vector<EditState>;
-  static EditState step(States& from, States& to, EditState now);
+  static EditState step(States& from, States& to, const EditState& now);
 
   States before_;
   States after_;

@@ -131,7 +131,7 @@ class LineEdit final : public QLineEdit, public FocusedEdit {
   bool keepsHistory() const;
   EditState state() const;
   void restore(const EditState& state);
-  void stepThroughHistory(EditState (EditHistory::*step)(EditState));
+  void stepThroughHistory(EditState (EditHistory::*step)(const EditState&));
   KeyFate askKeyPress(const QString& unit, QString& typed);
   void insertTyped(const QString& typed);
   bool hasRoomFor(const QString& text) const { return fitting(text).size() == text.size(); }

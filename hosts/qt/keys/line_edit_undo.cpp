@@ -30,7 +30,7 @@ bool LineEdit::attempt(const std::function<bool()>& body) {
   return self && done;
 }
 
-void LineEdit::stepThroughHistory(EditState (EditHistory::*step)(EditState)) {
+void LineEdit::stepThroughHistory(EditState (EditHistory::*step)(const EditState&)) {
   const QPointer<LineEdit> self(this);
   {
     const Step present(this);
