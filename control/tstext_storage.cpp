@@ -1,7 +1,7 @@
 // The control's start values and its two walks through the property bag.
 
 #include "control/persistence.h"
-#include "control/tstext_parts.h"
+#include "control/tstext.h"
 
 namespace tessaria {
 
