@@ -7,7 +7,7 @@
 
 #include "apps/demo/failure.h"
 
-static void loadResources() { Q_INIT_RESOURCE(demo); }
+static void loadScripts() { Q_INIT_RESOURCE(demo); }
 
 namespace tessaria::demo {
 namespace {
@@ -186,7 +186,7 @@ bool Cluster::hasTables() const {
 }
 
 void Cluster::loadTables() const {
-  loadResources();
+  loadScripts();
   const QTemporaryDir scripts;
   writeScripts(scripts.path());
   const Outcome loaded = query({QStringLiteral("--single-transaction"), QStringLiteral("-f"),

@@ -21,7 +21,7 @@ const QString kCnpj = QStringLiteral("##.###.###/####-##");
 const QString kFixedLine = QStringLiteral("(##) ####-####");
 const QString kMobile = QStringLiteral("(##) #####-####");
 
-RecordKind kind() {
+RecordKind customerKind() {
   return {QStringLiteral("cliente"),
           QStringLiteral("clientes"),
           QStringLiteral("codigo"),
@@ -40,7 +40,7 @@ void useMask(qt::TsText* field, const QString& mask) {
 }  // namespace
 
 CustomerForm::CustomerForm(Database& database, QWidget* parent)
-    : RecordForm(database, QStringLiteral("customer_form.ui"), kind(), parent),
+    : RecordForm(database, QStringLiteral("customer_form.ui"), customerKind(), parent),
       document_(field("documento")),
       telephone_(field("telefone")),
       password_(field("senha")),

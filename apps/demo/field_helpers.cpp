@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 
 #include "tessaria/browse_definition.h"
+#include "tessaria/conversion.h"
+#include "tessaria/qt/text.h"
 #include "tessaria/qt/tstext.h"
 #include "tessaria/qt/variants.h"
 #include "tessaria/text.h"
@@ -37,6 +39,8 @@ void giveCode(qt::TsText* code, const Variant& value) {
   code->setValue(qt::toQVariant(value));
   code->atualizaIrmao();
 }
+
+QString textOf(const Variant& value) { return value.IsNull() ? QString() : qt::toQt(CStr(value)); }
 
 QString codeIn(const qt::TsText* field) {
   const QVariant value = field->value();

@@ -20,6 +20,9 @@ Variant returned(const qt::TsText* code, const char16_t* field);
 /// Gives a code to a pair as if it had been chosen: its description follows.
 void giveCode(qt::TsText* code, const Variant& value);
 
+/// A value as text; empty for Null.
+QString textOf(const Variant& value);
+
 /// The field's value as text; empty for Null.
 QString codeIn(const qt::TsText* field);
 

@@ -7,7 +7,7 @@
 #include "tessaria/qt/adodc.h"
 #include "tessaria/qt/tstext.h"
 
-static void loadResources() { Q_INIT_RESOURCE(demo); }
+static void loadForms() { Q_INIT_RESOURCE(demo); }
 
 namespace tessaria::demo {
 namespace {
@@ -33,7 +33,7 @@ class Loader final : public QUiLoader {
 }  // namespace
 
 void loadForm(const QString& file, QWidget& form) {
-  loadResources();
+  loadForms();
   QFile stored(QLatin1String(":/demo/forms/") + file);
   Loader loader(form);
   if (!stored.open(QIODevice::ReadOnly) || !loader.load(&stored))

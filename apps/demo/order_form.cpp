@@ -16,7 +16,7 @@
 namespace tessaria::demo {
 namespace {
 
-RecordKind kind() {
+RecordKind orderKind() {
   QStringList fields =
       QStringLiteral(
           "numero dataPedido cliente nomeCliente uf estado cidade nomeCidade condicao "
@@ -72,7 +72,7 @@ bool holds(host::Recordset& row, const std::map<String, Variant>& values) {
 }  // namespace
 
 OrderForm::OrderForm(Database& database, QWidget* parent)
-    : RecordForm(database, QStringLiteral("order_form.ui"), kind(), parent),
+    : RecordForm(database, QStringLiteral("order_form.ui"), orderKind(), parent),
       lines_(new OrderLines(*this)),
       date_(field("dataPedido")),
       customer_(field("cliente")),

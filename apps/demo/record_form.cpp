@@ -10,7 +10,6 @@
 #include "apps/demo/field_helpers.h"
 #include "apps/demo/form_loader.h"
 #include "apps/demo/messages.h"
-#include "tessaria/conversion.h"
 #include "tessaria/qt/adodc.h"
 #include "tessaria/qt/metatypes.h"
 #include "tessaria/qt/pages.h"
@@ -23,8 +22,6 @@ namespace {
 
 const QString kRefused = QStringLiteral("o banco de dados recusou");
 const QString kConnectionLost = QStringLiteral("a conexão com o banco de dados caiu");
-
-QString textOf(const Variant& value) { return value.IsNull() ? QString() : qt::toQt(CStr(value)); }
 
 }  // namespace
 

@@ -8,8 +8,6 @@
 namespace tessaria::demo {
 namespace {
 
-QString s(const char* text) { return QString::fromUtf8(text); }
-
 /// The next prompt of a search is answered.
 void answerPrompt(Player& p, const char* text, const char* picture) {
   p.expectWindow(s("frmTsPesquisa"), [&p, text, picture] {

@@ -5,8 +5,6 @@
 namespace tessaria::demo {
 namespace {
 
-QString s(const char* text) { return QString::fromUtf8(text); }
-
 void startOrder(Player& p) {
   p.stage(s("Os pedidos"));
   p.press(s("Ctrl+2"));

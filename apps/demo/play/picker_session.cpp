@@ -3,11 +3,7 @@
 #include <QFileInfo>
 
 namespace tessaria::demo {
-namespace {
-
-QString s(const char* text) { return QString::fromUtf8(text); }
-
-}  // namespace
+namespace {}  // namespace
 
 void playCalendar(Player& p) {
   p.stage(s("A entrega, no calendário"));

@@ -14,6 +14,9 @@ class QTableView;
 
 namespace tessaria::demo {
 
+/// A text of the session.
+inline QString s(const char* text) { return QString::fromUtf8(text); }
+
 /// Every step acts on what has the focus, as an operator's hands do, and then waits until the
 /// program is at rest. A step that does not find what it expects notes a failure, and so does a
 /// window that was not announced; nothing is done after the first one. Names are looked for in

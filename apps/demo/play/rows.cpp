@@ -2,14 +2,12 @@
 
 #include <cstdio>
 
-#include "tessaria/conversion.h"
+#include "apps/demo/field_helpers.h"
 #include "tessaria/odbc/connection.h"
 #include "tessaria/qt/text.h"
 
 namespace tessaria::demo {
 namespace {
-
-QString textOf(const Variant& value) { return value.IsNull() ? QString() : qt::toQt(CStr(value)); }
 
 Row currentRow(host::Recordset& rows) {
   Row row;
