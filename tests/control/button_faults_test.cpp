@@ -1,7 +1,6 @@
 // The button when something goes wrong: a fault in a dialog, and forms that close under it.
 
 #include "tests/control/button_fixture.h"
-#include "tests/control/shared_values.h"
 
 namespace tessaria::test {
 namespace {

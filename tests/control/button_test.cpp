@@ -3,7 +3,6 @@
 #include "tessaria/comforts.h"
 #include "tessaria/masks.h"
 #include "tests/control/button_fixture.h"
-#include "tests/control/shared_values.h"
 
 namespace tessaria::test {
 namespace {

@@ -4,7 +4,6 @@
 #include "tessaria/text.h"
 #include "tests/control/button_fixture.h"
 #include "tests/control/raw_rows.h"
-#include "tests/control/shared_values.h"
 
 namespace tessaria::test {
 namespace {

@@ -2,7 +2,6 @@
 
 #include "tessaria/conversion.h"
 #include "tessaria/text.h"
-#include "tests/control/shared_values.h"
 #include "tests/control/untouched_fixture.h"
 
 namespace tessaria::test {

@@ -2,7 +2,6 @@
 
 #include "tests/control/control_fixture.h"
 #include "tests/control/raw_rows.h"
-#include "tests/control/shared_values.h"
 
 namespace tessaria::test {
 namespace {
