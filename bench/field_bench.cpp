@@ -109,7 +109,7 @@ void FilterOurs(benchmark::State& state, const Family& family) {
   Run(state, std::string("typing ") + family.name, false, double(strlen(family.keys)), [&] {
     field.Show(u"");
     for (const char* key = family.keys; *key; ++key) {
-      Integer code = *key;
+      Integer code = static_cast<unsigned char>(*key);
       txtEdit_KeyPress(field, code);
     }
   });

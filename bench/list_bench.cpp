@@ -428,7 +428,8 @@ void OpenPeersDatabase() {
 }  // namespace
 }  // namespace tessaria::bench
 
-int main(int argc, char** argv) {
+// An error ends the measurement.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   tessaria::bench::WatchedApplication application(argc, argv);
   QApplication::setStyle("fusion");

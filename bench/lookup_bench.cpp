@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "hosts/odbc/driver/handles.h"
+#include "hosts/odbc/driver/wide.h"
 #include "lookup/description_lookup.h"
 #include "tessaria/conversion.h"
 #include "tessaria/memory/application.h"

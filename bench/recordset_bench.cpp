@@ -17,6 +17,7 @@
 #include <string>
 
 #include "hosts/odbc/driver/handles.h"
+#include "hosts/odbc/driver/wide.h"
 #include "tessaria/odbc/connection.h"
 #include "tests/support/postgres_cluster.h"
 
