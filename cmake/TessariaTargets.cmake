@@ -45,6 +45,9 @@ function(tessaria_library name)
     # A minor version may change what it exports, as the package's version file says.
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
   target_compile_features(Tessaria${name} PUBLIC cxx_std_20)
+  # A symbol that another library keeps to itself fails here, and not in a program.
+  target_link_options(Tessaria${name} PRIVATE
+    $<$<AND:$<PLATFORM_ID:Linux>,$<CONFIG:Release>>:LINKER:--no-undefined>)
   target_include_directories(Tessaria${name} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)

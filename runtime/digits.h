@@ -46,7 +46,7 @@ TESSARIA_HOST_API Digits DigitsOf(std::int64_t value, int scale = 0);
 
 enum class Halves { ToEven, AwayFromZero };
 /// Rounded to `decimals` places; more places change nothing.
-Digits Rounded(Digits value, int decimals, Halves halves);
+TESSARIA_HOST_API Digits Rounded(Digits value, int decimals, Halves halves);
 
 /// Nothing when out of range.
 TESSARIA_HOST_API std::optional<double> TryToDouble(const Digits& value);
@@ -55,7 +55,7 @@ TESSARIA_HOST_API double ToDouble(const Digits& value);
 /// Nothing when 96 bits do not hold all digits.
 TESSARIA_HOST_API std::optional<Decimal> TryToDecimal(const Digits& value);
 /// Error 6 when out of range. Decimals that do not fit are rounded, halves to even.
-Decimal ToDecimal(const Digits& value);
+TESSARIA_HOST_API Decimal ToDecimal(const Digits& value);
 /// The count of units of ten to the power of -decimals, halves to even. Error 6 when it does
 /// not fit.
 TESSARIA_HOST_API std::int64_t ToWhole(const Digits& value, int decimals = 0);
