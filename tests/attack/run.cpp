@@ -97,7 +97,7 @@ long long FaultCount() {
 
 long long HeapBytes() {
   const struct mallinfo2 info = mallinfo2();
-  return static_cast<long long>(info.uordblks + info.hblkhd);
+  return static_cast<long long>(info.uordblks) + static_cast<long long>(info.hblkhd);
 }
 
 Random::Random(const std::string& part) : engine_(settings.Seed ^ Hash(part)) {}
