@@ -246,8 +246,9 @@ class Server : public testing::Test {
          {u"drop schema public cascade", u"create schema public",
           u"create table cidades (codigo varchar(5) primary key, nome text)",
           u"insert into cidades values ('00010', 'Campinas'), ('00020', 'Santos')",
-          u"create table clientes (id serial primary key, codigo varchar(5), nome text,"
-          u" cidade varchar(5), limite numeric(11,2), nascimento date, observacao text)",
+          // NOLINTNEXTLINE(bugprone-suspicious-missing-comma)
+          u"create table clientes (id serial primary key, codigo varchar(5), nome text, cidade "
+          u"varchar(5), limite numeric(11,2), nascimento date, observacao text)",
           u"insert into clientes (codigo, nome) values ('00001', 'Ana'), ('00002', 'Bia')"})
       connection->Execute(statement);
   }
