@@ -233,7 +233,10 @@ TEST_F(LateFailure, BehindTheRowOfTheValueTheListDoesNotOpen) {
 
 class ServerStopped : public ListSurvival {
  protected:
-  ~ServerStopped() override { server().EnsureRunning(); }
+  void TearDown() override {
+    server().EnsureRunning();
+    ListSurvival::TearDown();
+  }
   void stop() { server().Stop(); }
   void startAgain() {
     server().EnsureRunning();
