@@ -63,6 +63,7 @@ class SchemaContract : public testing::TestWithParam<SchemaHost> {
   }
   static std::vector<String> FieldNames(const host::RecordsetPtr& rows) {
     std::vector<String> names;
+    names.reserve(static_cast<std::size_t>(rows->Fields().Count()));
     for (Long i = 0; i < rows->Fields().Count(); ++i) {
       names.push_back(rows->Fields().Item(i)->Name());
     }
