@@ -69,7 +69,7 @@ class Reader {
     ++at_;
     Add("S");
   }
-  // A plain name stands for itself, any other is Q.
+  // A plain name of a usual length stands for itself, any other is Q.
   void Quoted() {
     std::string name;
     for (++at_; at_ < text_.size(); ++at_) {
@@ -78,7 +78,7 @@ class Reader {
       name += Here();
     }
     ++at_;
-    const bool isPlain = std::all_of(name.begin(), name.end(), IsWord);
+    const bool isPlain = name.size() < 64 && std::all_of(name.begin(), name.end(), IsWord);
     Add(isPlain ? '"' + name + '"' : "Q");
   }
   void Number() {

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <regex>
 
 #include "tessaria/browse_definition.h"
 #include "tessaria/conversion.h"
@@ -20,6 +19,7 @@
 #include "tessaria/thread_state.h"
 #include "tessaria/tstext.h"
 #include "tests/attack/hostile_texts.h"
+#include "tests/attack/library_shapes.h"
 #include "tests/attack/server_log.h"
 #include "tests/support/postgres_cluster.h"
 #include "tests/support/printers.h"
@@ -68,51 +68,6 @@ Setting RandomSetting(Random& random, long long number) {
           random.Chance(30),
           random.Chance(50),
           random.OneOf(kWays)};
-}
-
-// A query without what its cursor does around it: a first portion, and dates that come as texts.
-std::string WithoutCursor(const std::string& shape) {
-  static const std::regex portion(" ; fetch N from tessaria_rows$");
-  static const std::regex wrapped(
-      "^close tessaria_rows ; declare tessaria_rows no scroll cursor for select [castex(), ]+ from "
-      "\\( (.*) \\) as tessaria_rows \\( [c, ]+ \\)$");
-  static const std::regex cursor("^(begin ; )?declare tessaria_rows no scroll cursor for ");
-  const std::string query = std::regex_replace(std::regex_replace(shape, portion, ""), cursor, "");
-  return std::regex_replace(query, wrapped, "$1");
-}
-
-// Whether the library's own texts, with one value at each place of a value, give this shape.
-bool IsShapeOfTheLibrary(const std::string& sent) {
-  const std::string shape = WithoutCursor(sent);
-  const std::string column = "(codigo|nome)";
-  const std::string condition =
-      "(uf < > S|codigo < > N|nome not like S|(\"[^ \"]*\"|Q) is not null|\\( clientes \\. codigo "
-      "= N \\)|"
-      "\\( clientes \\. nome ilike S \\)|\\( clientes \\. nascimento > = S : : date \\)|" +
-      column + " (ilike S|= [SN]|is not null))( and |(?= order| limit|$))";
-  const std::string key =
-      "(cast \\( " + column + " as integer \\) = N|cast \\( lower \\( " + column +
-      " \\) as varchar \\) = cast \\( lower \\( S \\) as varchar \\)|cast \\( " + column +
-      " as varchar \\) = cast \\( [SN] as varchar \\)|" + column + " = null)";
-  const std::string from = " from clientes where ";
-  static const std::regex expected[] = {
-      std::regex(
-          "(begin|commit|rollback|savepoint \\w+|release( savepoint)? \\w+|rollback to \\w+) ?;?"),
-      std::regex("(fetch N from|close) tessaria_rows ;?"),
-      std::regex("show standard_conforming_strings"),
-      std::regex("(begin ; )?(declare tessaria_rows no scroll cursor for )?select \\* from ficha "
-                 "where id = N"),
-      std::regex("(begin ; )?(declare tessaria_rows no scroll cursor for )?select (codigo , "
-                 "nome|nome , codigo)" +
-                 from + "(" + condition + ")+ order by (codigo|nome|nascimento|N)"),
-      std::regex("select (codigo|nome|codigo , nome|nome , codigo)" + from + "(" + condition +
-                 ")+ limit N"),
-      std::regex("select " + column + from + key + "( and (" + condition + ")+)? limit N"),
-      // These carry values as parameters alone.
-      std::regex("(select \"id\" ,|update \"public\" \\. \"ficha\" set) [^;S]*"),
-      std::regex("select (n|ta) \\. \\w+ , .*pg_catalog \\. .*")};
-  return std::ranges::any_of(
-      expected, [&](const std::regex& pattern) { return std::regex_match(shape, pattern); });
 }
 
 std::string Told(const Setting& setting, const String& text) {

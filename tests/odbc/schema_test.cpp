@@ -16,12 +16,15 @@ host::ConnectionPtr OpenOdbc() {
   auto connection = odbc::CreateConnection();
   connection->ConnectionString(PostgresCluster::Shared().ConnectionString());
   connection->Open();
+  const StringView cliente =
+      u"create table cliente (codigo int primary key, nome varchar(20) not null,"
+      u" valor numeric(10,2))";
   for (const StringView statement :
-       {u"drop schema public cascade", u"create schema public",
-        u"create table cliente (codigo int primary key, nome varchar(20) not null,"
-        u" valor numeric(10,2))",
-        u"create table item_1 (pedido int, item int, qtde int, primary key (item, pedido))",
-        u"create table itemx1 (outra int)", u"create view ativos as select codigo from cliente"}) {
+       {StringView(u"drop schema public cascade"), StringView(u"create schema public"), cliente,
+        StringView(
+            u"create table item_1 (pedido int, item int, qtde int, primary key (item, pedido))"),
+        StringView(u"create table itemx1 (outra int)"),
+        StringView(u"create view ativos as select codigo from cliente")}) {
     connection->Execute(String(statement));
   }
   return connection;

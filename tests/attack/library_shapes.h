@@ -1,0 +1,12 @@
+// The shapes of the statements that the library itself writes for the forms of the text attack.
+#pragma once
+
+#include <string>
+
+namespace tessaria::attack {
+
+/// Whether the library's own statements, with one value at each place of a value, have the shape
+/// `sent` (see ShapeOf).
+bool IsShapeOfTheLibrary(const std::string& sent);
+
+}  // namespace tessaria::attack
