@@ -264,14 +264,14 @@ void CompletePair(benchmark::State& state) {
   const auto form = memory::Form::Create(u"frmPedido");
   form->DbForm(desk.Connection());
   const auto add = [&](const String& control, TipoControle kind, const String& sibling,
-                       const String& campo, const String& other) {
+                       const String& column, const String& otherColumn) {
     const auto field = form->Add<memory::TsText>(control);
     (*field)->TipoControle(kind);
     (*field)->TxtIrmao(sibling);
     const auto definition = (*field)->Browse();
     definition->BrowseTable(u"clientes");
-    definition->BrwCampo(campo);
-    definition->BrwCampoIrmao(other);
+    definition->BrwCampo(column);
+    definition->BrwCampoIrmao(otherColumn);
     return field;
   };
   const auto key = add(u"codCliente", TipoControle::Browse, u"desCliente", u"codigo", u"nome");

@@ -31,11 +31,9 @@ class OdbcData final : public DataDriver {
   host::RecordsetPtr OpenEmpty() override {
     return Rows(u"select * from contrato where 1 = 2", host::LockType::ReadOnly);
   }
-  void ChangeNome(Long codigo, const String& nome) override {
-    other_->Execute(Renaming(codigo, nome));
-  }
-  void DeleteRow(Long codigo) override {
-    other_->Execute(u"delete from contrato where \"Codigo\" = " + CStr(Variant(codigo)));
+  void ChangeName(Long code, const String& name) override { other_->Execute(Renaming(code, name)); }
+  void DeleteRow(Long code) override {
+    other_->Execute(u"delete from contrato where \"Codigo\" = " + CStr(Variant(code)));
   }
   void LoseNextAnswer(bool stored) override {
     using Side = test::CuttingProxy::Side;
@@ -45,9 +43,9 @@ class OdbcData final : public DataDriver {
       proxy_.CutAt(Side::Client, {"INSERT INTO", "UPDATE ", "DELETE FROM"});
     }
   }
-  String Renaming(Long codigo, const String& nome) override {
-    return u"UPDATE contrato SET \"Nome\" = '" + Replace(nome, u"'", u"''") +
-           u"' where \"Codigo\" = " + CStr(Variant(codigo));
+  String Renaming(Long code, const String& name) override {
+    return u"UPDATE contrato SET \"Nome\" = '" + Replace(name, u"'", u"''") +
+           u"' where \"Codigo\" = " + CStr(Variant(code));
   }
   void StoreNamesInCapitals() override {
     other_->Execute(

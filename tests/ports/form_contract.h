@@ -246,17 +246,17 @@ TEST_P(FormContract, AFormIsVisibleFromItsShowToItsClose) {
 }
 
 TEST_P(FormContract, TheFirstShowGoesToEveryFieldOnce) {
-  int codigo = 0;
-  int nome = 0;
-  Driver().Handle(u"txtCodigo", {[&] { ++codigo; }, nullptr, nullptr});
-  Driver().Handle(u"txtNome", {[&] { ++nome; }, nullptr, nullptr});
+  int codeEvents = 0;
+  int nameEvents = 0;
+  Driver().Handle(u"txtCodigo", {[&] { ++codeEvents; }, nullptr, nullptr});
+  Driver().Handle(u"txtNome", {[&] { ++nameEvents; }, nullptr, nullptr});
   Driver().Show();
-  EXPECT_EQ(codigo, 1);
-  EXPECT_EQ(nome, 1);
+  EXPECT_EQ(codeEvents, 1);
+  EXPECT_EQ(nameEvents, 1);
   Driver().Hide();
   Driver().Show();
-  EXPECT_EQ(codigo, 1);
-  EXPECT_EQ(nome, 1);
+  EXPECT_EQ(codeEvents, 1);
+  EXPECT_EQ(nameEvents, 1);
 }
 
 TEST_P(FormContract, UnboundFieldsShowAheadOfBoundOnes) {
@@ -271,24 +271,24 @@ TEST_P(FormContract, UnboundFieldsShowAheadOfBoundOnes) {
 TEST_P(FormContract, OfTheBoundFieldsKeysShowFirstAndDescriptionsLast) {
   // Kinds: 0 a plain field, 1 a key, 3 a description.
   const struct {
-    Long codigo;
-    Long nome;
-    bool nomeFirst;
+    Long codeKind;
+    Long nameKind;
+    bool nameFirst;
   } cases[] = {{3, 1, true}, {0, 1, true}, {3, 0, true}, {1, 3, false}, {1, 1, false}};
   for (const auto& row : cases) {
     driver_ = nullptr;  // a host leaves before the next one comes
     driver_ = GetParam().make();
     std::vector<String> order;
-    Control(u"txtCodigo")->Let(u"TipoControle", row.codigo);
-    Control(u"txtNome")->Let(u"TipoControle", row.nome);
+    Control(u"txtCodigo")->Let(u"TipoControle", row.codeKind);
+    Control(u"txtNome")->Let(u"TipoControle", row.nameKind);
     for (const char16_t* name : {u"txtCodigo", u"txtNome"}) {
       Driver().Bind(name);
       Driver().Handle(name, {[&order, name] { order.push_back(name); }, nullptr, nullptr});
     }
     Driver().Show();
-    const String first = row.nomeFirst ? u"txtNome" : u"txtCodigo";
+    const String first = row.nameFirst ? u"txtNome" : u"txtCodigo";
     ASSERT_EQ(order.size(), 2u);
-    EXPECT_EQ(order.front(), first) << row.codigo << " and " << row.nome;
+    EXPECT_EQ(order.front(), first) << row.codeKind << " and " << row.nameKind;
   }
 }
 
@@ -398,14 +398,14 @@ TEST_P(FormContract, OfATabOnlyTheReleaseReachesAFieldTheOneItLedTo) {
 
 TEST_P(FormContract, KeysReachTheFieldInFocusAlone) {
   Driver().Show();
-  int codigo = 0;
-  int nome = 0;
-  Driver().Handle(u"txtCodigo", {nullptr, [&] { ++codigo; }, nullptr});
-  Driver().Handle(u"txtNome", {nullptr, [&] { ++nome; }, nullptr});
+  int codeEvents = 0;
+  int nameEvents = 0;
+  Driver().Handle(u"txtCodigo", {nullptr, [&] { ++codeEvents; }, nullptr});
+  Driver().Handle(u"txtNome", {nullptr, [&] { ++nameEvents; }, nullptr});
   Driver().Click(u"txtNome");
   Driver().Type(u"a");
-  EXPECT_EQ(codigo, 0);
-  EXPECT_EQ(nome, 3);
+  EXPECT_EQ(codeEvents, 0);
+  EXPECT_EQ(nameEvents, 3);
 }
 
 // --- Handlers that go far ---------------------------------------------------------------------

@@ -36,16 +36,16 @@ class MemoryData final : public DataDriver {
   host::RecordsetPtr OpenEmpty() override {
     return connection_->Execute(u"Select * From Cliente Where 1 = 2");
   }
-  void ChangeNome(Long codigo, const String& nome) override {
-    table_->Change(RowOf(codigo), u"Nome", nome);
+  void ChangeName(Long code, const String& name) override {
+    table_->Change(RowOf(code), u"Nome", name);
   }
-  void DeleteRow(Long codigo) override { table_->Remove(RowOf(codigo)); }
+  void DeleteRow(Long code) override { table_->Remove(RowOf(code)); }
   void LoseNextAnswer(bool stored) override { connection_->LoseNextAnswer(stored); }
-  String Renaming(Long codigo, const String& nome) override {
-    const String statement = u"Update Cliente Set Nome = '" + nome + u"'";
+  String Renaming(Long code, const String& name) override {
+    const String statement = u"Update Cliente Set Nome = '" + name + u"'";
     connection_->OnStatement = [=, this](const String& sent) -> std::optional<memory::Rows> {
       if (sent != statement) return std::nullopt;
-      ChangeNome(codigo, nome);
+      ChangeName(code, name);
       return memory::Rows{};
     };
     return statement;
@@ -60,9 +60,9 @@ class MemoryData final : public DataDriver {
   }
 
  private:
-  std::size_t RowOf(Long codigo) const {
+  std::size_t RowOf(Long code) const {
     std::size_t row = 0;
-    while (CLng(table_->Rows().at(row).Cells[0]) != codigo) ++row;
+    while (CLng(table_->Rows().at(row).Cells[0]) != code) ++row;
     return row;
   }
 

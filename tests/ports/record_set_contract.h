@@ -37,10 +37,10 @@ class DataDriver {
   /// A statement that finds no row of the table.
   virtual host::RecordsetPtr OpenEmpty() = 0;
   /// What another user does to the row of a Codigo, and sees in the table.
-  virtual void ChangeNome(Long codigo, const String& nome) = 0;
-  virtual void DeleteRow(Long codigo) = 0;
+  virtual void ChangeName(Long code, const String& name) = 0;
+  virtual void DeleteRow(Long code) = 0;
   /// A statement that gives the row of a Codigo another Nome.
-  virtual String Renaming(Long codigo, const String& nome) = 0;
+  virtual String Renaming(Long code, const String& name) = 0;
   /// The connection breaks with the next write, before or after it is stored.
   virtual void LoseNextAnswer(bool stored) = 0;
   /// From now on the database stores Nome in capitals, whoever writes it.
@@ -68,8 +68,10 @@ class RecordSetContract : public testing::TestWithParam<DataHost> {
   static host::FieldPtr Field(const host::RecordsetPtr& rows, const String& name) {
     return rows->Fields().Item(name);
   }
-  static String Nome(const host::RecordsetPtr& rows) { return CStr(Field(rows, u"Nome")->Value()); }
-  static Long Codigo(const host::RecordsetPtr& rows) {
+  static String NameOf(const host::RecordsetPtr& rows) {
+    return CStr(Field(rows, u"Nome")->Value());
+  }
+  static Long CodeOf(const host::RecordsetPtr& rows) {
     return CLng(Field(rows, u"Codigo")->Value());
   }
   template <class Call>
@@ -166,18 +168,18 @@ TEST_P(RecordSetContract, AnOpenedSetStandsOnTheFirstRow) {
   EXPECT_FALSE(rows->Eof());
   EXPECT_EQ(rows->AbsolutePosition(), 1);
   EXPECT_EQ(rows->RecordCount(), 3);
-  EXPECT_EQ(Codigo(rows), 1);
+  EXPECT_EQ(CodeOf(rows), 1);
 }
 
 TEST_P(RecordSetContract, MoveNextEndsBehindTheLastRow) {
   const auto rows = ReadOnly();
   std::vector<String> names;
-  for (; !rows->Eof(); rows->MoveNext()) names.push_back(Nome(rows));
+  for (; !rows->Eof(); rows->MoveNext()) names.push_back(NameOf(rows));
   EXPECT_THAT(names, testing::ElementsAre(u"Ana", u"Bruno", u"Carla"));
   EXPECT_FALSE(rows->Bof());
   EXPECT_EQ(rows->AbsolutePosition(), -3);
   EXPECT_EQ(ErrorOf([&] { rows->MoveNext(); }), errors::NoCurrentRecord);
-  EXPECT_EQ(ErrorOf([&] { Nome(rows); }), errors::NoCurrentRecord);
+  EXPECT_EQ(ErrorOf([&] { NameOf(rows); }), errors::NoCurrentRecord);
 }
 
 TEST_P(RecordSetContract, MovePreviousEndsAheadOfTheFirstRow) {
@@ -187,25 +189,25 @@ TEST_P(RecordSetContract, MovePreviousEndsAheadOfTheFirstRow) {
   EXPECT_FALSE(rows->Eof());
   EXPECT_EQ(rows->AbsolutePosition(), -1);
   EXPECT_EQ(ErrorOf([&] { rows->MovePrevious(); }), errors::NoCurrentRecord);
-  EXPECT_EQ(ErrorOf([&] { Nome(rows); }), errors::NoCurrentRecord);
+  EXPECT_EQ(ErrorOf([&] { NameOf(rows); }), errors::NoCurrentRecord);
   rows->MoveNext();
-  EXPECT_EQ(Nome(rows), u"Ana");
+  EXPECT_EQ(NameOf(rows), u"Ana");
 }
 
 TEST_P(RecordSetContract, MoveFirstAndMoveLastGoToTheEnds) {
   const auto rows = ReadOnly();
   rows->MoveLast();
-  EXPECT_EQ(Nome(rows), u"Carla");
+  EXPECT_EQ(NameOf(rows), u"Carla");
   EXPECT_EQ(rows->AbsolutePosition(), 3);
   rows->MoveNext();
   rows->MoveFirst();
-  EXPECT_EQ(Nome(rows), u"Ana");
+  EXPECT_EQ(NameOf(rows), u"Ana");
 }
 
 TEST_P(RecordSetContract, APositionCountsFrom1) {
   const auto rows = ReadOnly();
   rows->AbsolutePosition(2);
-  EXPECT_EQ(Nome(rows), u"Bruno");
+  EXPECT_EQ(NameOf(rows), u"Bruno");
   EXPECT_EQ(ErrorOf([&] { rows->AbsolutePosition(0); }), errors::NoCurrentRecord);
   EXPECT_EQ(ErrorOf([&] { rows->AbsolutePosition(4); }), errors::NoCurrentRecord);
 }
@@ -220,7 +222,7 @@ TEST_P(RecordSetContract, AnEmptySetStandsAtBothEnds) {
   EXPECT_EQ(rows->Fields().Count(), 4);
   EXPECT_EQ(ErrorOf([&] { rows->MoveNext(); }), errors::NoCurrentRecord);
   EXPECT_EQ(ErrorOf([&] { rows->MovePrevious(); }), errors::NoCurrentRecord);
-  EXPECT_EQ(ErrorOf([&] { Nome(rows); }), errors::NoCurrentRecord);
+  EXPECT_EQ(ErrorOf([&] { NameOf(rows); }), errors::NoCurrentRecord);
 }
 
 TEST_P(RecordSetContract, AListReadsValuesOfAnyRowWithoutMoving) {
@@ -284,7 +286,7 @@ TEST_P(RecordSetContract, FindSeeksForwardFromTheCurrentRow) {
   for (const auto& [criteria, found] : cases) {
     const auto rows = ReadOnly();
     rows->Find(criteria);
-    EXPECT_EQ(rows->Eof() ? u"" : Nome(rows), found) << testing::PrintToString(String(criteria));
+    EXPECT_EQ(rows->Eof() ? u"" : NameOf(rows), found) << testing::PrintToString(String(criteria));
   }
 }
 
@@ -292,16 +294,16 @@ TEST_P(RecordSetContract, FindLooksAtTheCurrentRowToo) {
   const auto rows = ReadOnly();
   rows->MoveNext();
   rows->Find(u"Codigo >= 1");
-  EXPECT_EQ(Codigo(rows), 2);
+  EXPECT_EQ(CodeOf(rows), 2);
   rows->Find(u"Codigo = 1");
   EXPECT_TRUE(rows->Eof());
 }
 
 TEST_P(RecordSetContract, FindReadsDoubledQuotes) {
-  driver_->ChangeNome(2, u"D'Ávila");
+  driver_->ChangeName(2, u"D'Ávila");
   const auto rows = ReadOnly();
   rows->Find(u"Nome = 'D''Ávila'");
-  EXPECT_EQ(Codigo(rows), 2);
+  EXPECT_EQ(CodeOf(rows), 2);
 }
 
 TEST_P(RecordSetContract, FindRefusesWhatItCannotRead) {
@@ -310,7 +312,7 @@ TEST_P(RecordSetContract, FindRefusesWhatItCannotRead) {
                                    u"Codigo = x", u"Codigo = 01/02/2020", u"Data = x"}) {
     EXPECT_EQ(ErrorOf([&] { rows->Find(criteria); }), 3001)
         << testing::PrintToString(String(criteria));
-    EXPECT_EQ(Codigo(rows), 1);
+    EXPECT_EQ(CodeOf(rows), 1);
   }
 }
 
@@ -324,21 +326,21 @@ TEST_P(RecordSetContract, SortOrdersTheRowsAndStandsOnTheFirst) {
   rows->MoveLast();
   rows->Sort(u"Nome DESC");
   EXPECT_EQ(rows->AbsolutePosition(), 1);
-  EXPECT_EQ(Nome(rows), u"Carla");
+  EXPECT_EQ(NameOf(rows), u"Carla");
   EXPECT_EQ(rows->Sort(), u"Nome DESC");
   rows->Sort(u"Codigo");
-  EXPECT_EQ(Nome(rows), u"Ana");
+  EXPECT_EQ(NameOf(rows), u"Ana");
   rows->Sort(u"Data, Nome");
   rows->MoveLast();
-  EXPECT_EQ(Nome(rows), u"Ana");
+  EXPECT_EQ(NameOf(rows), u"Ana");
 }
 
 TEST_P(RecordSetContract, SortComparesNumbersAsNumbers) {
   const auto rows = ReadOnly();
   rows->Sort(u"Valor desc");
-  EXPECT_EQ(Nome(rows), u"Ana");
+  EXPECT_EQ(NameOf(rows), u"Ana");
   rows->MoveNext();
-  EXPECT_EQ(Nome(rows), u"Carla");
+  EXPECT_EQ(NameOf(rows), u"Carla");
 }
 
 TEST_P(RecordSetContract, AnEmptySortRestoresTheOrderOfTheStatement) {
@@ -346,7 +348,7 @@ TEST_P(RecordSetContract, AnEmptySortRestoresTheOrderOfTheStatement) {
   rows->Sort(u"Nome DESC");
   rows->Sort(u"");
   EXPECT_EQ(rows->Sort(), u"");
-  EXPECT_EQ(Nome(rows), u"Ana");
+  EXPECT_EQ(NameOf(rows), u"Ana");
 }
 
 TEST_P(RecordSetContract, SortRefusesAnUnknownField) {
@@ -359,21 +361,21 @@ TEST_P(RecordSetContract, SortRefusesAnUnknownField) {
 TEST_P(RecordSetContract, RowsAreStaticUntilTheRequery) {
   const auto rows = ReadOnly();
   rows->MoveLast();
-  driver_->ChangeNome(3, u"Cecília");
+  driver_->ChangeName(3, u"Cecília");
   driver_->DeleteRow(2);
-  EXPECT_EQ(Nome(rows), u"Carla");
+  EXPECT_EQ(NameOf(rows), u"Carla");
   EXPECT_EQ(rows->RecordCount(), 3);
   rows->Requery();
   EXPECT_EQ(rows->AbsolutePosition(), 1);
   EXPECT_EQ(rows->RecordCount(), 2);
   rows->MoveLast();
-  EXPECT_EQ(Nome(rows), u"Cecília");
+  EXPECT_EQ(NameOf(rows), u"Cecília");
 }
 
 TEST_P(RecordSetContract, FieldsOutliveARequery) {
   const auto rows = ReadOnly();
   const auto field = Field(rows, u"Nome");
-  driver_->ChangeNome(1, u"Amanda");
+  driver_->ChangeName(1, u"Amanda");
   rows->Requery();
   EXPECT_EQ(CStr(field->Value()), u"Amanda");
 }
@@ -382,7 +384,7 @@ TEST_P(RecordSetContract, APendingEditRefusesTheRequery) {
   const auto rows = Writable();
   Field(rows, u"Nome")->Value(u"Alice");
   EXPECT_EQ(ErrorOf([&] { rows->Requery(); }), 3219);
-  EXPECT_EQ(Nome(rows), u"Alice");
+  EXPECT_EQ(NameOf(rows), u"Alice");
 }
 
 TEST_P(RecordSetContract, AClosedSetSays3704) {

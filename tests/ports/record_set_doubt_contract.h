@@ -47,13 +47,13 @@ TEST_P(WriteInDoubtContract, TheEditStaysAsItWasTypedAndIsNotSentByItself) {
   for (int i = 0; i < 2; ++i) {
     EXPECT_EQ(rows->AbsolutePosition(), 1);
     EXPECT_EQ(rows->EditMode(), host::EditMode::InProgress);
-    EXPECT_EQ(Nome(rows), u"Alice");
+    EXPECT_EQ(NameOf(rows), u"Alice");
     EXPECT_EQ(ErrorOf([&] { rows->Update(); }), errors::InvalidConnection);
   }
   Reconnect();
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Ana", u"Bruno", u"Carla"));
   rows->MoveNext();
-  EXPECT_EQ(Nome(rows), u"Bruno");
+  EXPECT_EQ(NameOf(rows), u"Bruno");
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Alice", u"Bruno", u"Carla"));
 }
 
@@ -83,7 +83,7 @@ TEST_P(WriteInDoubtContract, WhatWasTypedSinceIsWrittenOnTop) {
     rows->Update();
     EXPECT_EQ(rows->EditMode(), host::EditMode::None);
     rows->Requery();
-    EXPECT_EQ(Nome(rows), u"Ana");
+    EXPECT_EQ(NameOf(rows), u"Ana");
     EXPECT_EQ(CDbl(Field(rows, u"Valor")->Value()), 5);
   }
 }
@@ -95,15 +95,15 @@ TEST_P(WriteInDoubtContract, AnotherUsersChangeIsNotOverwritten) {
     const auto rows = Writable();
     Field(rows, u"Nome")->Value(u"Alice");
     Lose(stored, [&] { rows->Update(); });
-    driver_->ChangeNome(1, u"Amanda");
+    driver_->ChangeName(1, u"Amanda");
     Reconnect();
     EXPECT_EQ(ErrorOf([&] { rows->Update(); }), errors::WriteInDoubt);
     EXPECT_EQ(ErrorOf([&] { rows->MoveNext(); }), errors::WriteInDoubt);
-    EXPECT_EQ(Nome(rows), u"Alice");
+    EXPECT_EQ(NameOf(rows), u"Alice");
     EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Amanda", u"Bruno", u"Carla"));
     rows->CancelUpdate();
     rows->Requery();
-    EXPECT_EQ(Nome(rows), u"Amanda");
+    EXPECT_EQ(NameOf(rows), u"Amanda");
   }
 }
 
@@ -115,10 +115,10 @@ TEST_P(WriteInDoubtContract, AnEditThatTheDatabaseChangedIsNotWrittenOnceMore) {
   Reconnect();
   for (int i = 0; i < 2; ++i) EXPECT_EQ(ErrorOf([&] { rows->Update(); }), errors::WriteInDoubt);
   EXPECT_TRUE(rows->IsInDoubt());
-  EXPECT_EQ(Nome(rows), u"Alice");
+  EXPECT_EQ(NameOf(rows), u"Alice");
   rows->CancelUpdate();
   rows->Requery();
-  EXPECT_EQ(Nome(rows), u"ALICE");
+  EXPECT_EQ(NameOf(rows), u"ALICE");
 }
 
 TEST_P(WriteInDoubtContract, AnEditIsFoundAsItsColumnStoresIt) {
@@ -154,14 +154,14 @@ TEST_P(WriteInDoubtContract, ANewRowIsStoredOnceHoweverOftenItIsSaved) {
     const auto rows = WithNewRow();
     Lose(stored, [&] { rows->Update(); });
     EXPECT_EQ(rows->EditMode(), host::EditMode::Add);
-    EXPECT_EQ(Nome(rows), u"Davi");
+    EXPECT_EQ(NameOf(rows), u"Davi");
     EXPECT_EQ(ErrorOf([&] { rows->Update(); }), errors::InvalidConnection);
     Reconnect();
     for (int i = 0; i < 4; ++i) rows->Update();
     EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Ana", u"Bruno", u"Carla", u"Davi"));
     EXPECT_EQ(rows->RecordCount(), 4);
     EXPECT_EQ(rows->AbsolutePosition(), 4);
-    EXPECT_EQ(Nome(rows), u"Davi");
+    EXPECT_EQ(NameOf(rows), u"Davi");
   }
 }
 
@@ -172,20 +172,20 @@ TEST_P(WriteInDoubtContract, ANewRowThatGotAnotherKeySinceIsStillOneRow) {
   Reconnect();
   rows->Update();
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Ana", u"Bruno", u"Carla", u"Davi"));
-  EXPECT_EQ(Codigo(rows), 5);
+  EXPECT_EQ(CodeOf(rows), 5);
 }
 
 TEST_P(WriteInDoubtContract, ANewRowWhoseKeyHoldsSomethingElseIsLookedAtByTheProgramFirst) {
   const auto rows = WithNewRow();
   Lose(true, [&] { rows->Update(); });
-  driver_->ChangeNome(4, u"Daniel");
+  driver_->ChangeName(4, u"Daniel");
   Reconnect();
   EXPECT_EQ(ErrorOf([&] { rows->Update(); }), errors::WriteInDoubt);
   EXPECT_EQ(ErrorOf([&] { rows->MoveFirst(); }), errors::WriteInDoubt);
   EXPECT_EQ(ErrorOf([&] { rows->AddNew(); }), errors::WriteInDoubt);
   rows->Requery();
   EXPECT_EQ(rows->EditMode(), host::EditMode::Add);
-  EXPECT_EQ(Nome(rows), u"Davi");
+  EXPECT_EQ(NameOf(rows), u"Davi");
   EXPECT_EQ(CStr(rows->ValueAt(4, 1)), u"Daniel");
   EXPECT_EQ(ErrorOf([&] { rows->Requery(); }), 3219);
   rows->CancelUpdate();
@@ -199,7 +199,7 @@ TEST_P(WriteInDoubtContract, ADeletionIsLookedUpToo) {
     const auto rows = Writable();
     rows->MoveNext();
     Lose(stored, [&] { rows->Delete(); });
-    EXPECT_EQ(Nome(rows), u"Bruno");
+    EXPECT_EQ(NameOf(rows), u"Bruno");
     Reconnect();
     rows->Delete();
     EXPECT_EQ(rows->EditMode(), host::EditMode::Delete);
@@ -216,7 +216,7 @@ TEST_P(WriteInDoubtContract, ARowThatMayBeDeletedCannotBeEditedWhenItIs) {
   EXPECT_EQ(ErrorOf([&] { rows->Update(); }), errors::RowChanged);
   rows->CancelUpdate();
   rows->MoveNext();
-  EXPECT_EQ(Nome(rows), u"Bruno");
+  EXPECT_EQ(NameOf(rows), u"Bruno");
 }
 
 TEST_P(WriteInDoubtContract, AStatementThatWritesIsInDoubtToo) {
@@ -244,7 +244,7 @@ TEST_P(WriteInDoubtContract, CancelUpdateDropsTheEdit) {
   Lose(true, [&] { rows->Update(); });
   rows->CancelUpdate();
   EXPECT_EQ(rows->EditMode(), host::EditMode::None);
-  EXPECT_EQ(Nome(rows), u"Ana");
+  EXPECT_EQ(NameOf(rows), u"Ana");
   Reconnect();
   rows->Requery();
   EXPECT_EQ(rows->RecordCount(), 4);

@@ -9,11 +9,11 @@ TEST_P(RecordSetContract, AnEditIsSeenAtOnceAndWrittenByUpdate) {
   const auto rows = Writable();
   Field(rows, u"Nome")->Value(u"Alice");
   EXPECT_EQ(rows->EditMode(), host::EditMode::InProgress);
-  EXPECT_EQ(Nome(rows), u"Alice");
+  EXPECT_EQ(NameOf(rows), u"Alice");
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Ana", u"Bruno", u"Carla"));
   rows->Update();
   EXPECT_EQ(rows->EditMode(), host::EditMode::None);
-  EXPECT_EQ(Nome(rows), u"Alice");
+  EXPECT_EQ(NameOf(rows), u"Alice");
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Alice", u"Bruno", u"Carla"));
 }
 
@@ -44,7 +44,7 @@ TEST_P(RecordSetContract, MovingOffAnEditedRowWritesIt) {
   const auto rows = Writable();
   Field(rows, u"Nome")->Value(u"Alice");
   rows->MoveNext();
-  EXPECT_EQ(Nome(rows), u"Bruno");
+  EXPECT_EQ(NameOf(rows), u"Bruno");
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Alice", u"Bruno", u"Carla"));
 }
 
@@ -53,7 +53,7 @@ TEST_P(RecordSetContract, CancelUpdateDropsTheEdit) {
   Field(rows, u"Nome")->Value(u"Alice");
   rows->CancelUpdate();
   EXPECT_EQ(rows->EditMode(), host::EditMode::None);
-  EXPECT_EQ(Nome(rows), u"Ana");
+  EXPECT_EQ(NameOf(rows), u"Ana");
   rows->MoveNext();
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Ana", u"Bruno", u"Carla"));
 }
@@ -81,7 +81,7 @@ TEST_P(RecordSetContract, AReadOnlySetRefusesEdits) {
   EXPECT_EQ(ErrorOf([&] { Field(rows, u"Nome")->Value(u"Alice"); }), errors::NotUpdatable);
   EXPECT_EQ(ErrorOf([&] { rows->AddNew(); }), errors::NotUpdatable);
   EXPECT_EQ(ErrorOf([&] { rows->Delete(); }), errors::NotUpdatable);
-  EXPECT_EQ(Nome(rows), u"Ana");
+  EXPECT_EQ(NameOf(rows), u"Ana");
 }
 
 TEST_P(RecordSetContract, AReadOnlySetTakesAnEqualValue) {
@@ -107,7 +107,7 @@ TEST_P(RecordSetContract, ATextThatNoDatabaseTakesWholeIsRefusedBeforeItIsStored
   for (const String& text : {String(u"Ali\0ce", 6), String(u"Alice") + String(1, char16_t{0xD83D}),
                              String(1, char16_t{0xDE00}) + u"Alice"}) {
     EXPECT_EQ(ErrorOf([&] { Field(rows, u"Nome")->Value(text); }), errors::InvalidArgument);
-    EXPECT_EQ(Nome(rows), u"Ana");
+    EXPECT_EQ(NameOf(rows), u"Ana");
     EXPECT_EQ(rows->EditMode(), host::EditMode::None);
   }
   rows->AddNew();
@@ -120,15 +120,15 @@ TEST_P(RecordSetContract, ATextThatNoDatabaseTakesWholeIsRefusedBeforeItIsStored
 TEST_P(RecordSetContract, ARefusedWriteStaysOnTheRowWithTheEdit) {
   const auto rows = Writable();
   Field(rows, u"Nome")->Value(u"Alice");
-  driver_->ChangeNome(1, u"Amanda");
+  driver_->ChangeName(1, u"Amanda");
   EXPECT_EQ(ErrorOf([&] { rows->MoveNext(); }), errors::RowChanged);
   EXPECT_EQ(rows->AbsolutePosition(), 1);
   EXPECT_EQ(rows->EditMode(), host::EditMode::InProgress);
-  EXPECT_EQ(Nome(rows), u"Alice");
+  EXPECT_EQ(NameOf(rows), u"Alice");
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Amanda", u"Bruno", u"Carla"));
   rows->CancelUpdate();
   rows->MoveNext();
-  EXPECT_EQ(Nome(rows), u"Bruno");
+  EXPECT_EQ(NameOf(rows), u"Bruno");
 }
 
 TEST_P(RecordSetContract, ARowThatAnotherUserDeletedIsNotWritten) {
@@ -150,7 +150,7 @@ TEST_P(RecordSetContract, ANewRowReadsAsNullUntilItIsAssigned) {
   Field(rows, u"Nome")->Value(u"Davi");
   rows->Update();
   EXPECT_EQ(rows->EditMode(), host::EditMode::None);
-  EXPECT_EQ(Nome(rows), u"Davi");
+  EXPECT_EQ(NameOf(rows), u"Davi");
   EXPECT_EQ(rows->RecordCount(), 4);
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Ana", u"Bruno", u"Carla", u"Davi"));
 }
@@ -162,7 +162,7 @@ TEST_P(RecordSetContract, CancelUpdateTakesANewRowAway) {
   Field(rows, u"Codigo")->Value(4);
   rows->CancelUpdate();
   EXPECT_EQ(rows->RecordCount(), 3);
-  EXPECT_EQ(Nome(rows), u"Bruno");
+  EXPECT_EQ(NameOf(rows), u"Bruno");
 }
 
 TEST_P(RecordSetContract, ANewRowMayBeTheFirst) {
@@ -182,9 +182,9 @@ TEST_P(RecordSetContract, DeleteTakesTheCurrentRowAway) {
   rows->Delete();
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Ana", u"Carla"));
   EXPECT_EQ(rows->RecordCount(), 2);
-  EXPECT_EQ(ErrorOf([&] { Nome(rows); }), errors::NoCurrentRecord);
+  EXPECT_EQ(ErrorOf([&] { NameOf(rows); }), errors::NoCurrentRecord);
   rows->MoveNext();
-  EXPECT_EQ(Nome(rows), u"Carla");
+  EXPECT_EQ(NameOf(rows), u"Carla");
 }
 
 TEST_P(RecordSetContract, ADeletedRowIsTheEditModeUntilTheNextMove) {
@@ -195,7 +195,7 @@ TEST_P(RecordSetContract, ADeletedRowIsTheEditModeUntilTheNextMove) {
   EXPECT_FALSE(rows->Eof());
   rows->MoveNext();
   EXPECT_EQ(rows->EditMode(), host::EditMode::None);
-  EXPECT_EQ(Nome(rows), u"Bruno");
+  EXPECT_EQ(NameOf(rows), u"Bruno");
   rows->Delete();
   rows->AddNew();
   EXPECT_EQ(rows->EditMode(), host::EditMode::Add);
@@ -209,7 +209,7 @@ TEST_P(RecordSetContract, DeletingANewRowDropsIt) {
   rows->AddNew();
   rows->Delete();
   EXPECT_EQ(rows->EditMode(), host::EditMode::None);
-  EXPECT_EQ(Nome(rows), u"Bruno");
+  EXPECT_EQ(NameOf(rows), u"Bruno");
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Ana", u"Bruno", u"Carla"));
 }
 
@@ -230,7 +230,7 @@ TEST_P(RecordSetContract, ASetEmptiedByDeletesHasNoRowToMoveTo) {
 
 TEST_P(RecordSetContract, DeleteRefusesARowThatAnotherUserChanged) {
   const auto rows = Writable();
-  driver_->ChangeNome(1, u"Amanda");
+  driver_->ChangeName(1, u"Amanda");
   EXPECT_EQ(ErrorOf([&] { rows->Delete(); }), errors::RowChanged);
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Amanda", u"Bruno", u"Carla"));
 }
