@@ -1,6 +1,7 @@
-// Typing, laying out and building fields, beside a line edit with an input mask.
+// Benchmarks of typing into fields and of their layout and construction, compared with a line edit
+// that has an input mask.
 //
-// Every figure comes in pairs: the peer first, then ours with the counter "ratio" to it. The
+// Every figure comes in a pair: first the peer, then ours, with the counter "ratio" of the two. The
 // window benchmarks send the same key events to real widgets.
 #include <benchmark/benchmark.h>
 
@@ -45,7 +46,7 @@ std::map<std::string, double>& PeerSeconds() {
   return seconds;
 }
 
-/// Times the body by hand, so that the pair can be put in proportion.
+/// Measures the time of the body itself, so that the ratio of the pair can be computed.
 template <class Body>
 void Run(benchmark::State& state, const std::string& pair, bool isPeer, double perLap, Body body) {
   using Clock = std::chrono::steady_clock;
@@ -102,7 +103,7 @@ void TypingOurs(benchmark::State& state, const Family& family) {
   });
 }
 
-/// The filter alone, over a text box with no screen.
+/// The key filter alone, on a text box without a screen.
 void FilterOurs(benchmark::State& state, const Family& family) {
   TestField field(String(family.ours, family.ours + strlen(family.ours)));
   field.box.MaxLength(14);

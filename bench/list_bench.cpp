@@ -1,13 +1,15 @@
-// The list of a lookup over a million rows, beside a table view over the two SQL models of Qt.
+// Benchmark of the list of a lookup with a million rows, compared with a table view on each of the
+// two SQL models of Qt.
 //
-// Each lap opens the list, reads it to its end, sorts it by the names and leaves; then opens it in
-// the order of the names and jumps to the last letter, with the first rows read (early_jump_ms)
-// and with all of them (jump_ms; the models know no other). Times run from the call or key to the
-// paint event of the view that shows the outcome, last_ms from the call; peak_mb is what the
-// process took on top of what it had, after reading to the end. The best of all laps counts. The
-// window's ratios are to the better model. Of the window alone: scroll_ms is the longest step of
-// dragging the bar to the end until all rows are there, search_ms runs from the prompt's answer,
-// with the first rows read.
+// Each lap opens the list, reads it to its end, sorts it by name and leaves it; then it opens the
+// list in the order of the names and jumps to the last letter, with only the first rows read
+// (early_jump_ms) and with all of them (jump_ms; the models support only this). Times run from the
+// call or key to the paint event of the view that shows the result; last_ms runs from the call.
+// peak_mb is the additional memory that the process takes, measured after reading to the end. The
+// best of all laps counts. The ratios of the window compare it with the better model. Two figures
+// exist only for the window: scroll_ms is the longest step while the scroll bar is dragged to the
+// end until all rows are there, and search_ms runs from the answer of the prompt, with the first
+// rows read.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
@@ -89,7 +91,7 @@ class Memory {
  public:
   Memory() {
     malloc_trim(0);
-    std::ofstream("/proc/self/clear_refs") << "5";  // the peak starts over
+    std::ofstream("/proc/self/clear_refs") << "5";  // resets the peak
     before_ = StatusMb("VmRSS");
   }
   double PeakMb() const { return StatusMb("VmHWM") - before_; }
@@ -98,7 +100,7 @@ class Memory {
   double before_;
 };
 
-/// Notes each time that a table view has painted rows.
+/// Records each time that a table view has painted rows.
 class WatchedApplication final : public QApplication {
  public:
   using QApplication::QApplication;
@@ -113,7 +115,8 @@ class WatchedApplication final : public QApplication {
     return result;
   }
 
-  /// Runs the action and serves events until rows were painted; the time of both together.
+  /// Runs the action and processes events until rows are painted. Returns the time of both
+  /// together.
   double MsToPaint(const std::function<void()>& action) {
     const auto start = Clock::now();
     action();
@@ -155,7 +158,7 @@ void RequireLetter(const QTableView& view) {
     throw std::runtime_error("the jump missed");
 }
 
-// Makes the table once: keys, names under all letters, cities.
+// Creates the table once: keys, names that start with all letters, cities.
 void Provide() {
   static const bool done = [] {
     PostgresCluster::Shared().Run(
@@ -231,7 +234,7 @@ void ClickHeader(QTableView& view, int column) {
   }
 }
 
-/// The longest step of dragging the bar to the end, until that is the last row.
+/// The longest step while the bar is dragged to the end, until the end is the last row.
 double LongestScrollMs(QTableView& view) {
   double longest = 0;
   while (view.model()->rowCount() < kRows) {
@@ -244,7 +247,7 @@ double LongestScrollMs(QTableView& view) {
   return longest;
 }
 
-/// From the answer of the prompt to the narrowed list.
+/// The time from the answer of the prompt to the narrowed list.
 double SearchMs(QTableView& view) {
   constexpr auto kPromptIsReady = std::chrono::milliseconds(200);
   Clock::time_point answered;
@@ -412,7 +415,7 @@ void Window(benchmark::State& state) {
   state.counters["jump_to_peer"] = ours.jumpMs / BestPeer().jumpMs;
 }
 
-// The models first: the ratios need them.
+// The models run first: the ratios need their figures.
 BENCHMARK(QueryModel)->UseManualTime()->Iterations(kLaps)->Unit(benchmark::kMillisecond);
 BENCHMARK(TableModel)->UseManualTime()->Iterations(kLaps)->Unit(benchmark::kMillisecond);
 BENCHMARK(Window)->UseManualTime()->Iterations(kLaps)->Unit(benchmark::kMillisecond);

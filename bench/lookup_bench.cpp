@@ -1,10 +1,11 @@
-// One lookup and one step of a completion on a million rows, beside the same statement through
-// bare ODBC and through the server's own client library.
+// Benchmark of one lookup and one step of a completion on a million rows, compared with the same
+// statement through bare ODBC and through the server's own client library.
 //
-// The three take turns, so that whatever else the machine does meets all of them. The time of a
-// case is the library's. Counters, from the medians of all turns: us of wall-clock time each,
-// to_odbc and to_libpq as ratios of these, cpu_us of processor time in this process each, and
-// cpu_above_odbc_us, what the library takes on top of the bare statement.
+// The three take turns, so that other load on the machine affects all of them. The time of a case
+// is that of the library. The counters are computed from the medians of all turns: us is the
+// wall-clock time of each, to_odbc and to_libpq are the ratios of these times, cpu_us is the
+// processor time in this process, and cpu_above_odbc_us is the processor time that the library
+// takes in addition to the bare statement.
 #include <benchmark/benchmark.h>
 #include <libpq-fe.h>
 
@@ -59,7 +60,7 @@ void Provide() {
   benchmark::DoNotOptimize(done);
 }
 
-/// A row of the table, another one each time.
+/// The key of a row of the table, a different one each turn.
 int SomeKey(int turn) { return static_cast<int>(turn * 7919LL % kRows) + 1; }
 
 String DescriptionOf(const String& literal) {
@@ -71,7 +72,7 @@ String CompletionOf(const String& typed, const String& more = {}) {
   return u"Select nome" + more + u" From clientes Where nome ilike '" + typed + u"%' Limit 1";
 }
 
-/// What an operator has typed of a name, and the code of the row that it leads to.
+/// The part of a name that an operator has typed, and the code of the row that it leads to.
 struct Typed {
   String text;
   String code;
@@ -144,7 +145,7 @@ class Libpq {
   std::unique_ptr<PGconn, void (*)(PGconn*)> connection_;
 };
 
-/// What the library works in: a program without a screen, over the real connection.
+/// The environment that the library works in: a program without a screen, on the real connection.
 class Desk {
  public:
   Desk() {
@@ -157,7 +158,7 @@ class Desk {
   Desk& operator=(const Desk&) = delete;
 
   const host::ConnectionPtr& Connection() const { return connection_; }
-  /// A box would be a lookup that failed.
+  /// A box means that a lookup has failed.
   void RequireNoBox() {
     if (!app_.TakeBoxes().empty()) throw std::runtime_error("a lookup failed");
   }
@@ -255,7 +256,7 @@ void CompleteText(benchmark::State& state) {
       });
 }
 
-/// The key-up of a whole field whose key sits beside it: the completion, and the key's own look.
+/// The key-up of a whole field with its key field: the completion, and the lookup of the key.
 void CompletePair(benchmark::State& state) {
   Provide();
   Desk desk;

@@ -1,9 +1,10 @@
-// Reading a large result through a record set, beside the driver's own block fetch.
+// Benchmark of reading a large result through a record set, compared with the driver's own block
+// fetch.
 //
-// The bare readings keep nothing but the present block; the record set holds all rows when it is
-// done. Counters: first_ms and last_ms to the first and the last row, peak_mb of memory on top
-// of what the process had. The record set's ratios are to the better time of the bare readings
-// and to the bytes of the data.
+// The bare readings keep only the current block; the record set holds all rows at the end.
+// Counters: first_ms and last_ms are the times to the first and the last row, peak_mb is the memory
+// in addition to what the process had. The ratios of the record set compare it with the better time
+// of the bare readings and with the bytes of the data.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
@@ -42,7 +43,7 @@ struct Sample {
   }
 };
 
-// The best of each way so far, for the ratios.
+// The best figures of each way so far, for the ratios.
 struct Results {
   Sample bare;
   Sample bareCursor;
@@ -54,7 +55,7 @@ Results& Best() {
   return results;
 }
 
-// Makes the table once and measures its bytes: four for the key, and the texts in UTF-8.
+// Creates the table once and measures its bytes: four for the key, and the texts in UTF-8.
 void Provide() {
   static const bool done = [] {
     PostgresCluster::Shared().Run(
@@ -85,7 +86,7 @@ double StatusMb(const std::string& name) {
 // Measures one reading. `read` calls its argument when it has the first row.
 Sample Measure(const std::function<void(const std::function<void()>&)>& read) {
   malloc_trim(0);
-  std::ofstream("/proc/self/clear_refs") << "5";  // the peak starts over
+  std::ofstream("/proc/self/clear_refs") << "5";  // resets the peak
   const double before = StatusMb("VmRSS");
   Sample sample;
   const auto start = std::chrono::steady_clock::now();
@@ -115,7 +116,7 @@ void Require(SQLRETURN result) {
   if (!SQL_SUCCEEDED(result)) throw std::runtime_error("an ODBC call failed");
 }
 
-// One thousand rows a block, columns bound as the record set binds them.
+// Reads one thousand rows a block, with the columns bound as the record set binds them.
 void ReadBare(const String& settings, const std::function<void()>& firstRow) {
   constexpr std::size_t kBlock = 1000;
   constexpr std::size_t kCharacters = 256;
@@ -177,7 +178,7 @@ void RecordsetToTheLastRow(benchmark::State& state) {
   state.counters["peak_to_data"] = best.peakMb / Best().dataMb;
 }
 
-// The bare readings first: the ratios need them.
+// The bare readings run first: the ratios need their figures.
 BENCHMARK(BareBlockFetch)->UseManualTime()->Iterations(7)->Unit(benchmark::kMillisecond);
 BENCHMARK(BareBlockFetchWithDriverCursor)
     ->UseManualTime()
