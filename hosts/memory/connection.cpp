@@ -32,7 +32,8 @@ String TableName(StringView source) {
   return StartsWith(text, kSelect) ? Trim(StringView(text).substr(kSelect.size())) : text;
 }
 
-// What the schema tells of each table; its rows start with catalogue and schema, which are none.
+// The rows that the schema returns for each table. They start with catalogue and schema, which are
+// Null.
 void AddColumnRows(std::vector<Row>& rows, const String& table, const Table& contents) {
   Long ordinal = 0;
   for (const Column& column : contents.Columns()) {
@@ -60,7 +61,7 @@ std::vector<Column> ColumnsOfSchema(host::SchemaKind kind) {
   return columns;
 }
 
-/// Whether a text only reads: it begins as a query does, or is a table's name.
+/// Whether a text only reads: it starts as a query does, or is the name of a table.
 bool IsQuery(StringView text, SqlRules rules) {
   SqlScanner scanner(text, rules);
   const String first = UCase(scanner.TextOf(scanner.Next()));
@@ -71,7 +72,7 @@ bool IsQuery(StringView text, SqlRules rules) {
 
 }  // namespace
 
-/// One statement on one connection, to be run again.
+/// One statement on one connection, which can be run again.
 class StatementRows final : public RowSource {
  public:
   StatementRows(std::shared_ptr<Connection> connection, String statement, bool writable)
@@ -86,7 +87,7 @@ class StatementRows final : public RowSource {
   bool writable_;
 };
 
-/// One look at the schema, to be taken again.
+/// One query of the schema, which can be run again.
 class SchemaRows final : public RowSource {
  public:
   SchemaRows(std::shared_ptr<Connection> connection, host::SchemaKind kind,

@@ -30,7 +30,7 @@ String TakeName(StringView& text) {
   return *name;
 }
 
-/// The text between quotes, doubled quotes made single.
+/// The text between quotes, with doubled quotes made single.
 String Unquoted(StringView text) {
   const String quote(1, text.front());
   if (text.size() < 2 || text.back() != text.front()) Refuse(text);
@@ -42,7 +42,7 @@ String Unquoted(StringView text) {
 
 bool IsQuoted(StringView text) { return text.front() == u'\'' || text.front() == u'"'; }
 
-/// A text without quotes that is no number is left to its column: a date may stand so.
+/// A text without quotes that is not a number is left to its column, because it may be a date.
 Variant ValueFrom(StringView text) {
   if (text.empty()) Refuse(text);
   if (EqualNoCase(text, u"null")) return Variant::Null();
@@ -52,7 +52,7 @@ Variant ValueFrom(StringView text) {
   return number ? Variant(ToDecimal(*number)) : Variant(String(text));
 }
 
-/// As values compare: texts without regard to case, dates to the second.
+/// The form in which values are compared: texts without regard to case, dates to the second.
 Variant Folded(const Variant& value) {
   if (const String* text = value.TryGet<String>()) return LCase(*text);
   if (const Date* date = value.TryGet<Date>()) return FromCivil(ToCivil(*date));
@@ -112,7 +112,7 @@ void Criterion::TakeValue(const Column& column, StringView text) {
   }
 }
 
-/// A number stays as exact as it is: 12.4 is no integer. A Single has fewer digits.
+/// A number keeps its exact value: 12.4 does not become an integer. A Single has fewer digits.
 void Criterion::TakeTyped(const Column& column, StringView text) {
   const String* quoted = value_.TryGet<String>();
   if (quoted != nullptr && IsNumberType(column.Type)) {
@@ -121,7 +121,7 @@ void Criterion::TakeTyped(const Column& column, StringView text) {
     value_ = ToDecimal(*number);
   }
   if (value_.IsNumeric() && column.Type != host::type::Single) {
-    // More digits than a Double shows mean that one binary number.
+    // A number with more digits than a Double shows means exactly that binary number.
     const double binary = CDbl(value_);
     const bool exact = Order(DigitsOf(Variant(binary)), DigitsOf(value_)) != 0;
     if (column.Type == host::type::Double && exact) value_ = binary;
@@ -154,7 +154,7 @@ bool Criterion::Matches(const Row& row) const {
     const bool same = cell.IsNull() && value_.IsNull();
     return operator_ == Operator::Equal ? same : operator_ == Operator::NotEqual && !same;
   }
-  // A stored text that is no value of the column's type.
+  // A stored text that is not a value of the column's type.
   if (cell.IsString() != value_.IsString()) return operator_ == Operator::NotEqual;
   switch (operator_) {
     case Operator::Equal:

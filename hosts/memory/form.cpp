@@ -11,7 +11,7 @@
 
 namespace tessaria::memory {
 
-/// An event that runs: keeps the form alive, and ends it afterwards when it was closed.
+/// A running event: keeps the form alive, and ends it afterwards when it was closed.
 class Form::Event {
  public:
   explicit Event(Form& form) : form_(form.shared_from_this()) { ++form_->eventDepth_; }
@@ -153,7 +153,7 @@ void Form::RunEvent(const std::function<void()>& body) {
   try {
     body();
   } catch (const host::ControlGone&) {
-    // The form was closed within the event.
+    // The form was closed during the event.
   } catch (const HostError& error) {
     Report(error);
   } catch (const std::exception& error) {
@@ -271,7 +271,7 @@ void Form::CloseByFrame() {
   if (Settle(u"")) Close();
 }
 
-/// Without a name the control in focus stays the active one.
+/// Without a name, the control in focus stays the active one.
 bool Form::Settle(const String& name) {
   const auto part = entered_;
   if (closed_ || delivering_ || !part || !part->HasToSettle(name)) return true;

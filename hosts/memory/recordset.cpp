@@ -9,7 +9,7 @@
 namespace tessaria::memory {
 namespace {
 
-/// One column, as long as its record set is open.
+/// One column, usable while its record set is open.
 class ColumnField final : public host::Field {
  public:
   ColumnField(std::weak_ptr<Recordset> rows, std::size_t column)
@@ -158,7 +158,7 @@ void Recordset::MoveLast() {
 void Recordset::MoveNext() {
   Settle();
   if (Eof()) throw HostError(errors::NoCurrentRecord);
-  // The row behind a deleted one has already come up to its place.
+  // The row after a deleted one has already moved to its position.
   if (!onDeleted_) ++position_;
   onDeleted_ = false;
 }

@@ -1,4 +1,4 @@
-// Edits of the rows of a record set.
+// Editing the rows of a record set.
 #include <algorithm>
 #include <cmath>
 
@@ -48,7 +48,7 @@ void Recordset::Value(std::size_t column, const Variant& value) {
   const Column& definition = columns_.at(column);
   const Variant& present = CurrentCells()[column];
   if (value.IsNull() && present.IsNull()) return;
-  // A stored text that is no value of the type is no edit when it comes back.
+  // Assigning a stored text that is not a value of the type once more is no edit.
   if (value.IsString() && present.IsString() && SameValue(value, present)) return;
   const bool writable = origin_ != nullptr && definition.Updatable;
   Variant typed;
@@ -115,7 +115,7 @@ void Recordset::Update() {
   }
 }
 
-// What was typed since is an edit of the row that is stored now.
+// What was typed since then is an edit of the row that is stored now.
 void Recordset::SettleDoubt() {
   rowSource_->Write([] {});
   const bool isNew = editMode_ == host::EditMode::Add;
@@ -181,7 +181,7 @@ void Recordset::Delete() {
 
 void Recordset::Requery() {
   RequireOpen();
-  // A new row in doubt is kept, to be looked for among the rows.
+  // A new row in doubt is kept, so that it can be looked for among the rows.
   const bool isKept = editMode_ == host::EditMode::Add && doubt_ == Doubt::Edit;
   if (editMode_ != host::EditMode::None && !isKept) throw HostError(kEditPending);
   Load();

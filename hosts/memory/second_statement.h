@@ -1,12 +1,12 @@
-// Texts that hold more than one statement.
+// Detects texts that hold more than one statement.
 #pragma once
 
 #include "lookup/sql_scanner.h"
 
 namespace tessaria::memory {
 
-/// Whether a text holds anything but semicolons behind a semicolon. Quoted texts and comments do
-/// not count.
+/// Whether a text holds anything other than semicolons after a semicolon. Quoted texts and comments
+/// do not count.
 bool HoldsSecondStatement(StringView text, SqlRules rules);
 
 }  // namespace tessaria::memory

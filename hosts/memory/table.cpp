@@ -59,7 +59,7 @@ Variant NumberOrDateOf(Long type, const Variant& value) {
   }
 }
 
-/// Whether a text stays as it is stored.
+/// Whether the value is the text that is already stored.
 bool IsKeptText(const Variant& stored, const Variant& value) {
   const auto* text = stored.TryGet<String>();
   return text != nullptr && value.IsString() && *text == *value.TryGet<String>();

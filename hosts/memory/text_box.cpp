@@ -16,10 +16,10 @@ void Raise(const Slot& slot, Arguments&... arguments) {
 
 bool IsControlCharacter(char16_t character) { return character < u' '; }
 
-/// Positions from 0. One in the middle of a surrogate pair moves to its start.
+/// Positions from 0. A position in the middle of a surrogate pair moves to its start.
 Long BeforePair(const String& text, Long position) { return Len(LeftWhole(text, position)); }
 
-/// The position of the character before the one at `position`, and behind it.
+/// The positions of the character before `position`, and after the one at `position`.
 Long Previous(const String& text, Long position) {
   return BeforePair(text, std::max<Long>(0, position - 1));
 }
@@ -122,7 +122,7 @@ bool TextBox::PassesKeyDown(const Stroke& stroke) {
   const std::weak_ptr<const bool> alive = alive_;
   Integer code = stroke.Code;
   Integer shift = stroke.Shift;
-  // A character of no key of this keyboard has the code 0 from the start.
+  // A character that no key of this keyboard makes has the code 0 from the start.
   const auto swallowed = [&] { return alive.expired() || (code == 0 && stroke.Code != 0); };
   Raise(Surface.OnKeyDown, code, shift);
   if (swallowed()) return false;
@@ -130,7 +130,7 @@ bool TextBox::PassesKeyDown(const Stroke& stroke) {
   return !swallowed();
 }
 
-/// The two halves of a surrogate pair come one behind the other and are one character.
+/// The two halves of a surrogate pair come one after the other and are one character.
 void TextBox::PressCharacter(char16_t character) {
   if (IsHighSurrogate(character)) {
     half_ = character;

@@ -13,7 +13,7 @@ namespace {
 constexpr Integer kSpace = 32;
 constexpr Integer kEnter = 13;
 
-/// A window token of its own for each surface.
+/// A separate window token for each surface.
 Long NextSurface() {
   static thread_local Long last = 0;
   return ++last;
@@ -59,7 +59,7 @@ class TsText::Site final : public host::ControlSite {
   Long window_ = NextSurface();
 };
 
-/// Keeps each event, then hands it to the application's handler.
+/// Records each event, then passes it to the application's handler.
 class TsText::EventSink final : public tsTextEvents {
  public:
   explicit EventSink(TsText& owner) : owner_(owner) {}
@@ -109,7 +109,7 @@ void TsText::Create() {
   site_ = std::make_unique<Site>(*this);
   sink_ = std::make_unique<EventSink>(*this);
   core_ = std::make_unique<tsText>(*site_, box_, button_, *sink_);
-  // An error of the change surfaces as that of an event, whoever has changed the text.
+  // An error of the change is reported as an error of an event, whoever has changed the text.
   box_.OnChange = [this, change = box_.OnChange] {
     if (const auto form = OwnerForm())
       form->RunEvent(change);

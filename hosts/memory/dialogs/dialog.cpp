@@ -10,7 +10,7 @@ namespace {
 using host::WidgetKind;
 using Focus = DialogPart::Focus;
 
-/// A window token of its own for each dialog, apart from those of controls.
+/// A separate window token for each dialog, different from those of controls.
 Long NextWindow() {
   static thread_local Long last = 0x10000;
   return ++last;
@@ -22,7 +22,7 @@ host::DialogPtr Dialog::Make(std::shared_ptr<DialogWorld> world,
                              const host::DialogDescription& description) {
   const std::shared_ptr<Dialog> dialog(new Dialog(std::move(world), description));
   dialog->Build();
-  // The handle is apart from the window, which outlives it inside its modal loop.
+  // The handle is separate from the window, which outlives it inside its modal loop.
   return {dialog.get(), [dialog](host::Dialog*) { dialog->Abandon(); }};
 }
 
@@ -81,7 +81,7 @@ std::shared_ptr<DialogPart> Dialog::AddPart(const host::WidgetDescription& widge
   return part;
 }
 
-/// A control gets its keys by itself: the window only looks at them ahead of it.
+/// A control gets its keys itself: the window only sees them first.
 std::shared_ptr<TsText> Dialog::AddField(const host::WidgetDescription& widget) {
   auto field = form_->Add<TsText>(String(widget.Name));
   auto& surface = field->txtEdit().Surface;
@@ -127,7 +127,7 @@ void Dialog::ShowModal() {
   if (Dialog* below = world_->Script.InFront(); below && below->shown_) below->Reactivate();
 }
 
-/// A window in front, however its script ends.
+/// Keeps a window in front until its script ends, even with an exception.
 class Dialog::InFront {
  public:
   explicit InFront(Dialog& dialog) : dialog_(dialog) {

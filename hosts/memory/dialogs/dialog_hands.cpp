@@ -1,4 +1,4 @@
-// The operator's hands on a memory dialog.
+// What the operator does to a memory dialog: focus, keys and mouse.
 #include <algorithm>
 
 #include "tessaria/memory/dialogs/dialog.h"
@@ -14,7 +14,8 @@ void Dialog::Act(Body&& body) {
   form_->RunEvent(std::forward<Body>(body));
 }
 
-/// Runs the body on a widget that the operator can reach, after it took the focus if it takes it.
+/// Runs the body on a widget that the operator can reach. A widget that takes the focus gets it
+/// first.
 template <class Target, class Body>
 void Dialog::ActOn(StringView name, Body&& body) {
   Act([&] {
@@ -23,7 +24,7 @@ void Dialog::ActOn(StringView name, Body&& body) {
   });
 }
 
-/// False when the widget that was left took the focus back.
+/// Returns false when the widget that was left took the focus back.
 bool Dialog::TakeFocus(DialogItem& item) {
   if (!item.Part()->TakesFocus()) return true;
   form_->MoveFocusTo(item.Part());
@@ -97,7 +98,7 @@ void Dialog::DoubleClick(StringView name) {
 
 void Dialog::ClickMenu(StringView name, Long position) {
   ActOn<ToolBar>(name, [&](ToolBar& bar) {
-    bar.Menu(position);  // an entry that is not there is an error
+    bar.Menu(position);  // raises an error when there is no such entry
     if (bar.ButtonEnabled()) Raise(bar.OnMenuClick, position);
   });
 }
