@@ -72,8 +72,8 @@ StatementFacts OdbcConnection::Read(const String& statement) const {
   return RequireSingleStatement(statement, session_->ServerInfo().dialect, escapes);
 }
 
-// A transaction that the application asks for by text is one of this layer's, with its savepoints;
-// the driver alone would give it up at the first failed statement.
+// A transaction that the application begins with a statement is managed by this layer, with its
+// savepoints; the driver alone would abort it at the first failed statement.
 bool OdbcConnection::RunControl(const StatementFacts& facts) {
   if (!session_->ServerInfo().IsPostgres()) return false;
   switch (facts.control) {

@@ -15,7 +15,7 @@ struct StateRule {
   Long number;
 };
 
-// The first start that fits decides.
+// The first prefix that matches decides.
 constexpr StateRule kStateRules[] = {
     {"22", errors::ValueRefused},         {"23", errors::IntegrityViolation},
     {"28", errors::AuthenticationFailed}, {"42", errors::ErrorsInCommand},

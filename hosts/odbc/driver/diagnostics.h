@@ -1,4 +1,4 @@
-// What a driver says about a failed call, as an error.
+// Errors made from what a driver reports about a failed call.
 #pragma once
 
 #include <sql.h>
@@ -22,23 +22,25 @@ inline constexpr Long EditPending = 3219;
 inline constexpr Long InvalidCriteria = 3001;
 }  // namespace errors
 
-/// A failed call. Number by SQLSTATE class, the driver's own text as description.
+/// A failed call. The number follows from the SQLSTATE class; the description is the driver's own
+/// text.
 class OdbcError : public HostError {
  public:
   OdbcError(std::string state, String description);
 
   /// The five characters of SQLSTATE; "HY000" when the driver gave none.
   const std::string& SqlState() const noexcept { return state_; }
-  /// The server or the way to it is gone; the connection cannot be used again.
+  /// Whether the server or the way to it is gone, so that the connection cannot be used again.
   bool IsConnectionLoss() const noexcept;
-  /// The driver has no such call, attribute or field.
+  /// Whether the driver does not support the call, attribute or field.
   bool IsNotSupported() const noexcept;
 
  private:
   std::string state_;
 };
 
-/// The error of a write whose answer was lost with the connection: `text` and the loss itself.
+/// The error of a write whose answer was lost with the connection. Its text is `text` and that of
+/// the loss.
 HostError InDoubt(StringView text, const HostError& loss);
 
 /// The error number that callers see for an SQLSTATE.

@@ -5,7 +5,7 @@
 namespace tessaria::odbc {
 
 Link::Link() : environment_(SQL_NULL_HANDLE) {
-  // The version must be told before a connection handle can be made.
+  // The version must be set before a connection handle can be made.
   Check(SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION,
                       reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0),
         SQL_HANDLE_ENV, environment_.get());

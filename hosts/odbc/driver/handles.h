@@ -32,7 +32,7 @@ class Handle {
   SQLHANDLE handle_ = SQL_NULL_HANDLE;
 };
 
-/// One physical connection. It stays alive while a statement of it does.
+/// One physical connection. It stays alive as long as one of its statements.
 class Link {
  public:
   Link();

@@ -1,4 +1,4 @@
-// The bridge between SQLWCHAR and our text.
+// Conversion between SQLWCHAR and our text.
 #pragma once
 
 #include <sql.h>

@@ -22,12 +22,12 @@ bool IsSized(Long type) {
   return type == host::type::WChar || type == host::type::VarWChar || type == host::type::Binary;
 }
 
-// A name that is not there: some drivers say so with an empty text.
+// Null for a missing name, which some drivers report as an empty text.
 Variant TextOrNull(const std::optional<String>& text) {
   return text && !text->empty() ? Variant(*text) : Variant::Null();
 }
 
-// Catalogue calls take patterns; a name that holds their marks must stand for itself.
+// Catalogue calls take patterns, so the pattern characters of a name are escaped.
 String Escaped(Session& session, const String& name) {
   char16_t escape[8] = {};
   SQLSMALLINT bytes = 0;
@@ -46,13 +46,13 @@ bool IsAskedForRow(const SchemaRestrictions& asked, const std::optional<String>&
          IsAskedFor(table, asked.Table);
 }
 
-// The rows of a catalogue call, whose first three columns say which table.
+// The rows of a catalogue call, whose first three columns identify the table.
 class CatalogueRows {
  public:
   CatalogueRows(Session& session, const Statement& statement, const SchemaRestrictions& asked)
       : session_(session), statement_(statement), asked_(asked) {}
 
-  /// To the next row that was asked for; false behind the last.
+  /// Moves to the next row that was asked for. Returns false after the last one.
   bool Next() {
     while (NextRow(session_, statement_)) {
       row_ = {TextOrNull(Take(1)), TextOrNull(Take(2)), TextOrNull(Take(3))};
@@ -60,9 +60,10 @@ class CatalogueRows {
     }
     return false;
   }
-  /// Catalogue, schema and table of the present row.
+  /// Catalogue, schema and table of the current row.
   const SchemaRow& Place() const { return row_; }
-  /// The columns behind them, in rising order: not all drivers give them in another.
+  /// The columns after those. They are read in ascending order, because not all drivers support
+  /// another.
   std::optional<String> Text(SQLUSMALLINT column) const {
     return ReadText(session_, statement_, column);
   }

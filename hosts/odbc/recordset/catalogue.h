@@ -1,4 +1,4 @@
-// What the database says of its tables, columns and keys, as rows.
+// Reads the tables, columns and keys of the database as rows.
 #pragma once
 
 #include "hosts/odbc/session/session.h"
@@ -7,15 +7,16 @@
 
 namespace tessaria::odbc {
 
-/// The columns of such rows.
+/// The columns of these rows.
 Columns SchemaResultColumns(host::SchemaKind kind);
 
-/// Asks the driver. Errors: 3001 for the key of no table, the driver's own for the rest.
+/// Asks the driver. Errors: 3001 when a key is asked for without a table; otherwise the driver's
+/// own.
 ColumnStore ReadSchema(Session& session, host::SchemaKind kind,
                        const host::SchemaRestrictions& restrictions);
 
-/// Whether a row's name is the one asked for. Drivers whose patterns know no escape take "_" and
-/// "%" in a name for more than they are, and some know no capitals.
+/// Whether a row's name is the one asked for. Drivers whose patterns have no escape take "_" and
+/// "%" in a name as wildcards, and some ignore case.
 bool IsAskedFor(const std::optional<String>& name, const String& asked);
 
 }  // namespace tessaria::odbc

@@ -1,4 +1,4 @@
-// The columns of a record set, seen at its current row.
+// The columns of a record set, with the values of its current row.
 
 #include "hosts/odbc/driver/diagnostics.h"
 #include "hosts/odbc/recordset/recordset.h"

@@ -39,7 +39,7 @@ OdbcRecordset::OdbcRecordset(SessionPtr session, String source)
 
 OdbcRecordset::~OdbcRecordset() = default;
 
-// Runs the statement and stands on the first row.
+// Runs the statement and moves to the first row.
 void OdbcRecordset::Run() {
   auto table = open_ ? open_() : std::make_unique<RowTable>(session_, facts_);
   std::optional<KeyTable> key;
@@ -72,7 +72,7 @@ bool OdbcRecordset::HasRow(std::int64_t position) const {
   if (position < 0) return false;
   if (!order_) return table.Reach(static_cast<std::uint32_t>(position));
   if (position < static_cast<std::int64_t>(order_->size())) return true;
-  table.RowCount();  // raises when the rows are not all there
+  table.RowCount();  // raises an error when not all rows were read
   return false;
 }
 
@@ -109,7 +109,8 @@ Long OdbcRecordset::AbsolutePosition() const {
   return Eof() ? kPositionEof : static_cast<Long>(position_) + 1;
 }
 
-// The edit is written before the move, and a target that cannot be read leaves all as it was.
+// The edit is written before the move. When the target cannot be read, the position does not
+// change.
 void OdbcRecordset::MoveTo(std::int64_t position) {
   position_ = position;
   onDeleted_ = false;
@@ -132,7 +133,7 @@ void OdbcRecordset::MoveLast() {
 void OdbcRecordset::MoveNext() {
   WriteEdit();
   if (Eof()) ThrowNoRow();
-  // The row behind a deleted one has taken its place.
+  // The row after a deleted one has taken its position.
   const std::int64_t next = onDeleted_ ? position_ : position_ + 1;
   HasRow(next);
   MoveTo(next);
@@ -165,7 +166,8 @@ std::vector<RowId>& OdbcRecordset::Order() {
   return HeldOrder();
 }
 
-// The same, with the rows that came when the reading fails: whoever asks for others is told.
+// The same, but with only the rows that arrived when reading fails. Whoever asks for other rows
+// gets the error.
 std::vector<RowId>& OdbcRecordset::HeldOrder() {
   if (!order_) {
     Table().ReadRest();
@@ -210,7 +212,7 @@ Variant OdbcRecordset::ValueAt(Long row, Long ordinal) const {
 
 void OdbcRecordset::Requery() {
   Table();
-  // A new row in doubt is kept, to be looked for among the rows.
+  // A new row in doubt is kept, so that it can be looked for among the rows.
   const bool isKept = edit_ == host::EditMode::Add && doubt_ == Doubt::Edit;
   if (edit_ != host::EditMode::None && !isKept) {
     throw HostError(errors::EditPending, u"Há uma edição pendente no registro atual.");

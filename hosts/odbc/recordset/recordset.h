@@ -14,8 +14,8 @@ namespace tessaria::odbc {
 
 class OdbcRecordset;
 
-/// One column. Pointers to it keep the record set alive; once that is closed every member
-/// raises 3704.
+/// One column. Pointers to it keep the record set alive; after that is closed, every member raises
+/// 3704.
 class OdbcField final : public host::Field {
  public:
   OdbcField(OdbcRecordset& recordset, std::size_t column)
@@ -46,7 +46,7 @@ class OdbcFields final : public host::Fields {
   host::FieldPtr Item(Long ordinal) const override;
   host::FieldPtr Item(const String& name) const override;
 
-  /// Makes fields for columns that have none yet; a field lives as long as the record set.
+  /// Creates fields for columns that have none yet; a field lives as long as the record set.
   void Provide(std::size_t columns);
 
  private:
@@ -56,15 +56,15 @@ class OdbcFields final : public host::Fields {
   mutable std::deque<OdbcField> fields_;
 };
 
-/// Made with `std::make_shared`.
+/// Created with `std::make_shared`.
 class OdbcRecordset final : public host::Recordset,
                             public std::enable_shared_from_this<OdbcRecordset> {
  public:
   /// Runs the statement. `source` is what the application asked for.
   OdbcRecordset(SessionPtr session, StatementFacts facts, String source, host::LockType lock);
-  /// Rows that need no statement: `open` makes them, again at each requery.
+  /// Rows that need no statement: `open` creates them, again at each requery.
   OdbcRecordset(SessionPtr session, std::function<std::unique_ptr<RowTable>()> open);
-  /// A closed one, as a statement without rows gives it.
+  /// A closed record set, as a statement without rows returns it.
   OdbcRecordset(SessionPtr session, String source);
   ~OdbcRecordset() override;
 
@@ -98,7 +98,7 @@ class OdbcRecordset final : public host::Recordset,
   Variant ValueAt(Long row, Long ordinal) const override;
   String Source() const override { return source_; }
 
-  /// For the fields. Errors of all: 3704 when closed.
+  /// For the fields. All of them raise 3704 when closed.
   const Columns& ColumnInfo() const;
   bool IsWritable(std::size_t column) const;
   bool TakesBack(std::size_t column, const Variant& value) const;
@@ -106,10 +106,10 @@ class OdbcRecordset final : public host::Recordset,
   void FieldValue(std::size_t column, const Variant& value);
 
  private:
-  // Of which write to the current row the answer was lost.
+  // Which write to the current row has lost its answer.
   enum class Doubt { None, Edit, Deletion };
 
-  // A row number that stands before the first row.
+  // The row number of the position before the first row.
   static constexpr std::int64_t kBof = -1;
 
   void Run();
@@ -132,23 +132,23 @@ class OdbcRecordset final : public host::Recordset,
   void HideRow(RowId row);
 
   SessionPtr session_;
-  std::function<std::unique_ptr<RowTable>()> open_;  // none for the rows of a statement
+  std::function<std::unique_ptr<RowTable>()> open_;  // empty for the rows of a statement
   StatementFacts facts_;
   String source_;
   host::LockType lock_ = host::LockType::ReadOnly;
   OdbcFields fields_;
-  std::unique_ptr<RowTable> table_;  // none when closed
-  std::optional<RowWriter> writer_;  // none when the rows cannot be written
-  // The rows in the order in which they show; none while that is the statement's own.
+  std::unique_ptr<RowTable> table_;  // null when closed
+  std::optional<RowWriter> writer_;  // empty when the rows cannot be written
+  // The rows in the order in which they are shown; empty while that is the order of the statement.
   std::optional<std::vector<RowId>> order_;
   std::vector<RowId> unsorted_;  // `order_` as it would be without the sort
   String sort_;
-  std::int64_t position_ = 0;  // from 0; behind the last row at the end
-  bool onDeleted_ = false;     // the row at `position_` is the one behind the deleted row
+  std::int64_t position_ = 0;  // from 0; after the last row at the end
+  bool onDeleted_ = false;     // the row at `position_` is the one after the deleted row
   host::EditMode edit_ = host::EditMode::None;
   Changes changes_;
   Doubt doubt_ = Doubt::None;
-  Changes sent_;  // what the edit in doubt was to store
+  Changes sent_;  // the changes of the edit in doubt
 };
 
 }  // namespace tessaria::odbc

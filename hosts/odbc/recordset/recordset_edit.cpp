@@ -38,8 +38,8 @@ Variant OdbcRecordset::FieldValue(std::size_t column) const {
   return table_->Value(RowAt(position_), column);
 }
 
-// Whether the value is the text that the row holds in a column of another kind. While a write is
-// in doubt nobody knows what the row holds.
+// Whether the value is the text that the row holds in a column of another kind. False while a write
+// is in doubt, because it is unknown then what the row holds.
 bool OdbcRecordset::TakesBack(std::size_t column, const Variant& value) const {
   const bool isEdit = edit_ == host::EditMode::InProgress && doubt_ == Doubt::None;
   if (!value.IsString() || !isEdit || !changes_.contains(column)) return false;
@@ -51,8 +51,8 @@ void OdbcRecordset::FieldValue(std::size_t column, const Variant& value) {
   if (const String* text = value.TryGet<String>()) RequireWellFormed(*text);
   const Column& info = ColumnInfo()[column];
   const Variant present = FieldValue(column);
-  // A stored text that is no value of the column's kind is no edit when it comes back, behind
-  // another too.
+  // Assigning a stored text that is not a value of the column's kind once more is no edit, even
+  // after another value.
   if (value.IsString() && IsSame(present, value)) return;
   if (TakesBack(column, value)) {
     changes_.erase(column);
@@ -91,7 +91,7 @@ void OdbcRecordset::Update() {
   WriteEdit();
 }
 
-// Notes a write whose answer is lost.
+// Records a write whose answer is lost.
 template <class Write>
 auto OdbcRecordset::Send(Doubt doubt, Write write) {
   try {
@@ -105,7 +105,7 @@ auto OdbcRecordset::Send(Doubt doubt, Write write) {
   }
 }
 
-// The edit ends once the database has taken it, whatever becomes of all that follows.
+// The edit ends once the database has accepted it, whatever fails afterwards.
 void OdbcRecordset::WriteEdit() {
   if (doubt_ == Doubt::Edit) SettleDoubt();
   if (edit_ == host::EditMode::Add) {
@@ -121,8 +121,8 @@ void OdbcRecordset::WriteEdit() {
   }
 }
 
-// Finds out whether the edit in doubt was stored. If so, what was typed since is an edit of the row
-// that is stored now; if not, the edit is written as if for the first time.
+// Finds out whether the edit in doubt was stored. If so, what was typed since then is an edit of
+// the row that is stored now; if not, the edit is written as if for the first time.
 void OdbcRecordset::SettleDoubt() {
   const bool isNew = edit_ == host::EditMode::Add;
   const RowId row = isNew ? 0 : RowAt(position_);

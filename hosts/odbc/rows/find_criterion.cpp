@@ -64,7 +64,7 @@ std::optional<FindCriterion::Operator> FindCriterion::OperatorAt(const String& t
     StringView sign;
     Operator op;
   };
-  // Two signs before one.
+  // Operators of two signs come before those of one.
   static constexpr Entry kOperators[] = {{u"<>", Operator::NotEqual},
                                          {u"<=", Operator::LessOrEqual},
                                          {u">=", Operator::GreaterOrEqual},
@@ -109,7 +109,7 @@ void FindCriterion::TakeValue(const Column& column, String text) {
   }
 }
 
-// With the digits that a value of the column shows.
+// Keeps the digits that a value of the column shows.
 void FindCriterion::TakeNumber(const Column& column, const String& text) {
   if (column.storage == Storage::Boolean) {
     number_ = DigitsOf(Variant(CBool(text)));
@@ -124,7 +124,7 @@ void FindCriterion::TakeNumber(const Column& column, const String& text) {
   }
 }
 
-// A criterion of more digits than its value shows means that one binary number.
+// A criterion with more digits than its value shows means exactly that binary number.
 void FindCriterion::TakeBinary(const Variant& value) {
   const Digits shown = DigitsOf(value);
   if (Order(shown, number_) != 0) {
@@ -146,7 +146,7 @@ bool FindCriterion::Matches(const RowTable& table, RowId row) const {
   return Holds(CompareText(text, value_) <=> 0);
 }
 
-// Unordered for a cell that shows as text, unless that is a number.
+// Unordered for a cell that is shown as text, unless the text is a number.
 std::partial_ordering FindCriterion::Compare(const Variant& cell) const {
   if (const String* text = cell.TryGet<String>()) {
     const auto number = ReadNumber(*text);

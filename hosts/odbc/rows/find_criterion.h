@@ -1,4 +1,4 @@
-// The criterion of a seek in a record set.
+// The criterion of a search in a record set.
 #pragma once
 
 #include <compare>
@@ -10,18 +10,18 @@
 
 namespace tessaria::odbc {
 
-/// The column of that name, without regard to case and in or without brackets.
+/// The column of that name, without regard to case and with or without brackets.
 std::optional<std::size_t> ColumnOfName(const Columns& columns, StringView name);
 
-/// "field op value": =, <>, <, >, <=, >= or like; the value between apostrophes, between #,
-/// or bare; Null stands for an empty cell. Numbers take a point or a comma and compare exactly, a
+/// "field op value": =, <>, <, >, <=, >= or like; the value between apostrophes, between #, or
+/// bare; Null stands for an empty cell. Numbers take a point or a comma and compare exactly, a
 /// Double by 15 significant digits and a Single by 7, or exactly when the criterion has more; dates
-/// are read by the Brazilian rules and compare to the second. A cell that shows as text and is no
-/// number matches "<>" alone.
+/// are read by the Brazilian rules and compare to the second. A cell that is shown as text and is
+/// not a number matches only "<>".
 class FindCriterion {
  public:
-  /// Errors: 3001 for a text that is no criterion, a pattern for a column that is no text and a
-  /// value that is none of the column's kind; 3265 for an unknown field.
+  /// Errors: 3001 for a text that is not a criterion, a pattern for a column that is not text, and
+  /// a value that is not of the column's kind; 3265 for an unknown field.
   FindCriterion(const Columns& columns, const String& text);
 
   bool Matches(const RowTable& table, RowId row) const;

@@ -3,9 +3,9 @@
 namespace tessaria::odbc {
 namespace {
 
-// Rows that are read at once, so that small results are complete when they are opened.
+// Rows that are read immediately, so that small results are complete when they are opened.
 constexpr std::uint32_t kFirstPage = 1000;
-// Identities of rows that were not read but added start here.
+// The identities of added rows start here.
 constexpr RowId kAdded = 0x8000'0000;
 
 }  // namespace

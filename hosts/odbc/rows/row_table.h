@@ -1,4 +1,4 @@
-// The rows that a record set holds: as they were read, and as they were written since.
+// The rows that a record set holds, as they were read and as they were written since then.
 #pragma once
 
 #include <cstdint>
@@ -16,29 +16,31 @@ namespace tessaria::odbc {
 /// Identifies a row for as long as the table lives.
 using RowId = std::uint32_t;
 
-/// Fills as rows are asked for. A failure of the reading is raised to whoever asks for a row
-/// that did not arrive, each time; the rows before it stay readable.
+/// Reads rows as they are asked for. When reading fails, each request for a row that did not arrive
+/// raises the error; the rows before it stay readable.
 class RowTable final : public PendingRows {
  public:
   RowTable(SessionPtr session, const StatementFacts& facts);
-  /// Rows that are there already.
+  /// Rows that are already read.
   RowTable(SessionPtr session, Columns columns, ColumnStore rows);
   ~RowTable();
 
   const Columns& TableColumns() const { return columns_; }
 
-  /// Whether there is a row of that number, from 0, in the order of the statement. Reads as far.
+  /// Whether there is a row of that number, from 0, in the order of the statement. Reads up to that
+  /// row.
   bool Reach(std::uint32_t number);
   /// Reads to the end.
   std::uint32_t RowCount();
-  /// Rows of the statement that were read, and whether they are all: after a failure they are not.
+  /// The number of rows of the statement that were read, and whether they are all; after a failure
+  /// they are not.
   std::uint32_t RowsRead() const { return read_->RowCount(); }
   bool IsComplete() const { return !stream_ && !failure_; }
   void ReadRest() noexcept override;
 
   bool IsNull(RowId row, std::size_t column) const;
   Variant Value(RowId row, std::size_t column) const;
-  /// As `CellRank` and `CompareCells` tell it.
+  /// See `CellRank` and `CompareCells`.
   double Rank(RowId row, std::size_t column) const;
   int Compare(RowId a, RowId b, std::size_t column) const;
   /// UTF-8, of a column that is kept as text.
@@ -49,9 +51,9 @@ class RowTable final : public PendingRows {
   /// Appends the cell to a store of the same columns.
   void CopyCell(RowId row, std::size_t column, ColumnStore& to) const;
 
-  /// Takes the one row of `values` in place of the row's present ones.
+  /// Replaces the values of the row with the only row of `values`.
   void Replace(RowId row, ColumnStore values);
-  /// Takes the one row of `values` as a new row.
+  /// Adds the only row of `values` as a new row.
   RowId Add(ColumnStore values);
 
  private:
@@ -64,8 +66,8 @@ class RowTable final : public PendingRows {
   Columns columns_;
   std::optional<ColumnStore> read_;
   std::uint32_t added_ = 0;
-  std::vector<ColumnStore> written_;  // one row each: what became of rows since they were read
-  std::unordered_map<RowId, std::size_t> replaced_;  // into `written_`
+  std::vector<ColumnStore> written_;                 // one row each: as written since the read
+  std::unordered_map<RowId, std::size_t> replaced_;  // index into `written_`
 };
 
 }  // namespace tessaria::odbc

@@ -10,7 +10,7 @@
 
 namespace tessaria::odbc {
 
-/// A text with its parameter values.
+/// A statement with its parameter values.
 struct RowWriter::Command {
   String text;
   std::vector<Parameter> values;
@@ -35,7 +35,7 @@ constexpr StringView kMayBeDeleted =
                   u"dados outra vez e confira antes de gravar.");
 }
 
-// The database may have changed what it was given, or another user the row.
+// The database may have changed the values that it received, or another user the row.
 [[noreturn]] void ThrowCannotTellEdit() {
   throw HostError(errors::WriteInDoubt,
                   u"Não se sabe se a alteração foi gravada quando a conexão caiu: o registro não "
@@ -69,7 +69,7 @@ String RowWriter::NameOf(std::size_t column) const {
   return QuoteName(session_->ServerInfo(), columns_[column].baseColumn);
 }
 
-// Nothing is added for a value that the database cannot compare.
+// Adds nothing for a value that the database cannot compare.
 void RowWriter::AddCondition(Command& command, std::size_t column, const String& name,
                              const std::optional<String>& value) const {
   const Dialect dialect = session_->ServerInfo().dialect;
@@ -140,14 +140,14 @@ void RowWriter::Delete(const RowTable& table, RowId row) const {
   if (!told && ReadBack(KeysAfter(table, row, {}))) ThrowRowChanged();
 }
 
-// Once it is sent, only the answer tells whether it was done.
+// Once the statement is sent, only the answer shows whether it was executed.
 SQLLEN RowWriter::Send(const Statement& statement, const Command& command, StringView doubt) const {
   return InDoubtWhenLost(*session_, doubt, [&] {
     return session_->ExecuteWith(statement, command.text, command.values);
   });
 }
 
-// False when the server does not tell whether it changed the row.
+// Returns false when the server does not report whether it changed the row.
 bool RowWriter::ExecuteOnRow(const Command& command, StringView doubt) const {
   const Statement statement = session_->NewStatement();
   const Outcome outcome = OutcomeOf(Send(statement, command, doubt));
@@ -168,7 +168,7 @@ Changes RowWriter::MissingIn(const ColumnStore& row, const Changes& changes) con
 
 std::optional<ColumnStore> RowWriter::FindUpdated(const RowTable& table, RowId row,
                                                   const Changes& sent) const {
-  // A row of the new key is another one as long as that of the old key is there.
+  // While the row with the old key exists, a row with the new key is a different one.
   if (IsKeyChanged(sent) && IsThere(table, row)) return std::nullopt;
   auto now = Look(KeysAfter(table, row, sent));
   if (!now || MissingIn(*now, sent).empty()) return now;
@@ -255,7 +255,7 @@ ColumnStore RowWriter::Insert(const Changes& changes) const {
   return written;
 }
 
-// What cannot be read stays unknown: the row is written, and shows what was assigned.
+// A key that cannot be read stays unknown: the row is written, and shows what was assigned.
 RowWriter::Keys RowWriter::ReturnedKeys(const Statement& statement) const {
   Keys keys(table_.keys.size());
   try {
@@ -269,7 +269,7 @@ RowWriter::Keys RowWriter::ReturnedKeys(const Statement& statement) const {
   return keys;
 }
 
-// The number that the server counted up for the new row; nothing when it cannot tell.
+// The number that the server generated for the new row; nothing when it cannot report it.
 std::optional<String> RowWriter::GivenNumber(const Statement& statement) const {
   const Dialect dialect = session_->ServerInfo().dialect;
   try {
@@ -284,7 +284,7 @@ std::optional<String> RowWriter::GivenNumber(const Statement& statement) const {
   }
 }
 
-// A key is known when the program set it; else the server is asked.
+// A key is known when the program set it; otherwise the server is asked.
 RowWriter::Keys RowWriter::InsertedKeys(const Statement& statement, const Changes& changes) const {
   if (GivenKeyOf(session_->ServerInfo().dialect) == GivenKey::Returned) {
     return ReturnedKeys(statement);
@@ -317,7 +317,7 @@ RowWriter::Keys RowWriter::KeysAfter(const RowTable& table, RowId row,
   return keys;
 }
 
-// Expressions are computed by the statement itself, cut down to the one row.
+// Expressions are computed by the statement itself, restricted to the one row.
 RowWriter::Command RowWriter::ReadBackCommand(const Keys& keys) const {
   const Server& server = session_->ServerInfo();
   const bool asTexts = server.IsPostgres() && HasDates(columns_);
@@ -352,8 +352,8 @@ std::optional<ColumnStore> RowWriter::Look(const Keys& keys) const {
   return std::nullopt;
 }
 
-// The write is done whatever becomes of this: a row that cannot be read again shows what was
-// written, and the next call meets the error.
+// The write is complete even if this fails: a row that cannot be read again shows what was written,
+// and the next call raises the error.
 std::optional<ColumnStore> RowWriter::ReadBack(const Keys& keys) const noexcept {
   if (std::count(keys.begin(), keys.end(), std::nullopt) > 0) return std::nullopt;
   try {

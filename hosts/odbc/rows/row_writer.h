@@ -11,10 +11,10 @@ namespace tessaria::odbc {
 /// New values by column number.
 using Changes = std::map<std::size_t, Variant>;
 
-/// Statements take every value as a parameter. A row is found by its key, and only as long as
-/// the values that were read are still there: otherwise error -2147217864, and nothing is
-/// written. The driver's own errors come as they are. An error means that nothing was written,
-/// but for -2147217663: the connection was lost before the answer, so nobody knows. Inside a
+/// Statements take every value as a parameter. A row is found by its key, and only while the values
+/// that were read are unchanged: otherwise error -2147217864 is raised and nothing is written. The
+/// driver's own errors are raised unchanged. An error means that nothing was written, except for
+/// -2147217663: the connection was lost before the answer, so the outcome is unknown. Inside a
 /// transaction a lost write is undone and the error is the driver's own.
 class RowWriter {
  public:
@@ -22,23 +22,23 @@ class RowWriter {
 
   bool IsWritable(std::size_t column) const { return !columns_[column].baseColumn.empty(); }
 
-  /// Both return the one row as the database has it now.
+  /// Both return the row as it is now in the database.
   ColumnStore Update(const RowTable& table, RowId row, const Changes& changes) const;
   ColumnStore Insert(const Changes& changes) const;
   void Delete(const RowTable& table, RowId row) const;
 
-  // What became of a write in doubt. All of them raise what goes wrong with the reading.
-  /// The row as it is in the database, when it holds the changes that were sent; nothing when it
-  /// is as it was read, or gone. Error -2147217663 when it holds something else.
+  // The outcome of a write in doubt. All of these functions raise the errors of reading.
+  /// The row as it is in the database, when it holds the changes that were sent; nothing when it is
+  /// as it was read, or no longer exists. Error -2147217663 when it holds something else.
   std::optional<ColumnStore> FindUpdated(const RowTable& table, RowId row,
                                          const Changes& sent) const;
-  /// The new row, or nothing when it is not there. Error -2147217663 when that cannot be told: the
-  /// database gives the key, or a row of that key holds something else.
+  /// The new row, or nothing when it does not exist. Error -2147217663 when that cannot be
+  /// determined: the database generates the key, or a row of that key holds something else.
   std::optional<ColumnStore> FindInserted(const Changes& sent) const;
-  /// Whether there is a row of that key.
+  /// Whether there is a row with the key of that row.
   bool IsThere(const RowTable& table, RowId row) const;
-  /// The changes that a row, the first of a store, does not hold, not even as its columns store
-  /// them.
+  /// The changes that a row, the first of a store, does not hold, not even in the form in which its
+  /// columns store them.
   Changes MissingIn(const ColumnStore& row, const Changes& changes) const;
 
  private:

@@ -14,9 +14,9 @@
 namespace tessaria::odbc {
 namespace {
 
-// A number for each double, in the same order.
+// A number for each double, in the same order as the doubles.
 std::uint64_t RankOf(double number) {
-  number += 0.0;  // the negative zero is no other number
+  number += 0.0;  // turns a negative zero into zero
   std::uint64_t bits = 0;
   static_assert(sizeof bits == sizeof number);
   std::memcpy(&bits, &number, sizeof bits);
@@ -24,7 +24,7 @@ std::uint64_t RankOf(double number) {
   return (bits & kSign) != 0 ? ~bits : bits | kSign;
 }
 
-// The first letters.
+// A number from the first letters, in their order.
 std::uint64_t RankOf(StringView letters) {
   constexpr std::size_t kLetters = sizeof(std::uint64_t) / sizeof(char16_t);
   std::uint64_t rank = 0;
@@ -34,8 +34,8 @@ std::uint64_t RankOf(StringView letters) {
   return rank;
 }
 
-// What is compared of one column, computed once for each row. Rows are numbered by their place
-// in the list that is being sorted.
+// The values of one column that are compared, computed once for each row. Rows are numbered by
+// their place in the list that is being sorted.
 class KeyColumn {
  public:
   KeyColumn(const RowTable& table, const SortKey& key, const std::vector<RowId>& rows)
@@ -48,7 +48,7 @@ class KeyColumn {
     }
   }
 
-  // Of two rows with different ranks the lower comes first; rows with the same are to be compared.
+  // The row with the lower rank comes first; rows with the same rank must be compared.
   std::uint64_t Rank(std::uint32_t place) const {
     const std::uint64_t rank = nulls_[place] ? 0
                                : isText_     ? RankOf(Letters(place))
@@ -75,7 +75,7 @@ class KeyColumn {
     const std::size_t start = place == 0 ? 0 : ends_[place - 1];
     return StringView(letters_).substr(start, ends_[place] - start);
   }
-  // Accents are looked at only where the base letters agree, which is seldom.
+  // Accents are compared only when the base letters are equal, which is rare.
   int CompareTexts(std::uint32_t a, std::uint32_t b) const {
     const int base = Letters(a).compare(Letters(b));
     if (base != 0) return base;
@@ -97,8 +97,8 @@ class KeyColumn {
   std::vector<std::size_t> ends_;
 };
 
-// A row in the list that is being sorted. The rank lies beside it, because most comparisons need
-// no more and the rest of the key is far away.
+// A row in the list that is being sorted. The rank is stored with it, because most comparisons need
+// no more and the rest of the key is elsewhere in memory.
 struct Ranked {
   std::uint64_t rank;
   std::uint32_t place;

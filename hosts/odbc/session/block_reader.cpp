@@ -16,7 +16,7 @@ constexpr SQLULEN kMostBlockRows = 128;
 constexpr std::size_t kMostBlockBytes = 256 * 1024;
 // Longer texts are rare; they are read again in full.
 constexpr std::size_t kBoundCharacters = 255;
-// A text up to this is bound whole when the driver cannot read it again.
+// Texts of up to this length are bound whole when the driver cannot read them again.
 constexpr Long kBindableCharacters = 4000;
 constexpr std::size_t kNumberCharacters = 63;
 constexpr std::size_t kDayCharacters = 10;
@@ -35,8 +35,8 @@ SQLSMALLINT CType(Storage storage) {
       return SQL_C_DOUBLE;
     case Storage::Boolean:
       return SQL_C_BIT;
-    // As text: the structure of a time has no fraction, and a driver that cannot put an infinite
-    // date into a structure leaves the day of today there.
+    // Read as text: the time structure has no fraction, and a driver that cannot put an infinite
+    // date into a structure leaves today's date there.
     case Storage::Day:
     case Storage::TimeOfDay:
     case Storage::Moment:
@@ -150,7 +150,7 @@ BlockReader::BlockReader(const Statement& statement, const Columns& columns, boo
   Bind();
 }
 
-// Powers of two, so that blocks fill the store's chunks evenly.
+// Uses powers of two, so that blocks fill the store's chunks evenly.
 void BlockReader::ChooseBlock() {
   std::size_t rowBytes = 1;
   for (const Buffer& buffer : buffers_) rowBytes += buffer.width;
@@ -186,7 +186,7 @@ std::uint32_t BlockReader::Read(ColumnStore& store) {
   return rows;
 }
 
-// A row that the driver could not convert must not pass for one that it could.
+// A row that the driver could not convert must not count as a converted one.
 void BlockReader::RequireSoundRows(SQLRETURN result) const {
   if (result != SQL_SUCCESS_WITH_INFO) return;
   const auto end = rowStates_.begin() + static_cast<std::ptrdiff_t>(fetched_);

@@ -14,9 +14,9 @@ namespace tessaria::odbc {
 /// stay bound.
 class BlockReader {
  public:
-  /// `rereads` says that the driver can read a cell of a fetched block again in parts
-  /// (SQL_GD_BLOCK and SQL_GD_BOUND). Without that, and with texts of no known bound, rows come
-  /// one at a time.
+  /// `rereads` says that the driver can read a cell of a fetched block again in parts (SQL_GD_BLOCK
+  /// and SQL_GD_BOUND). If it cannot, and a text has no known maximum length, rows come one at a
+  /// time.
   BlockReader(const Statement& statement, const Columns& columns, bool rereads);
   BlockReader(const BlockReader&) = delete;
   BlockReader& operator=(const BlockReader&) = delete;
@@ -53,7 +53,7 @@ class BlockReader {
   SQLULEN fetched_ = 0;
   bool bound_ = true;
   String whole_;           // the text of a cell that its buffer could not hold
-  bool hasWhole_ = false;  // whether the present cell has one
+  bool hasWhole_ = false;  // whether the current cell has one
 };
 
 }  // namespace tessaria::odbc

@@ -10,15 +10,15 @@
 namespace tessaria::odbc {
 namespace {
 
-// Access names the index of a primary key so.
+// The name that Access gives to the index of a primary key.
 constexpr StringView kPrimaryIndex = u"PrimaryKey";
 
-// Other drivers than PostgreSQL's cannot run a second statement beside arriving rows.
+// Drivers other than PostgreSQL's cannot run a second statement while rows arrive.
 Statement CatalogueStatement(Session& session) {
   return session.ServerInfo().IsPostgres() ? session.InnerStatement() : session.NewStatement();
 }
 
-// Nothing when the driver has no such call.
+// Returns nothing when the driver does not support the call.
 std::optional<std::vector<KeyPart>> AskedPrimaryKey(Session& session, const String& catalogue,
                                                     const String& schema, const String& table) {
   const Statement statement = CatalogueStatement(session);
@@ -47,7 +47,8 @@ std::optional<std::vector<KeyPart>> AskedPrimaryKey(Session& session, const Stri
   return parts;
 }
 
-// Empty when the driver has no such call either, or has none for what is no table of its own.
+// Returns an empty list when the driver does not support this call either, or rejects it for what
+// is not a table of its own.
 std::vector<KeyPart> UniqueIndexesOf(Session& session, const String& catalogue,
                                      const String& schema, const String& table) {
   const Statement statement = CatalogueStatement(session);
@@ -76,7 +77,7 @@ std::vector<KeyPart> UniqueIndexesOf(Session& session, const String& catalogue,
   return parts;
 }
 
-// Behind the last part of the index that starts there.
+// The position after the last part of the index that starts at `start`.
 std::vector<KeyPart>::const_iterator EndOfIndex(std::vector<KeyPart>::const_iterator start,
                                                 const std::vector<KeyPart>& parts) {
   return std::find_if(start, parts.end(), [&](const KeyPart& p) { return p.key != start->key; });

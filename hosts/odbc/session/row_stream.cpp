@@ -13,13 +13,13 @@
 namespace tessaria::odbc {
 namespace {
 
-// Rows in one FETCH, a multiple of every block size. The first should show at once, so one FETCH
-// goes alone; the rest should come fast, so several go together and the server prepares one while
-// the driver takes in the one before.
+// The number of rows in one FETCH, a multiple of every block size. The first FETCH is sent alone,
+// so that its rows appear immediately; the others are sent several at a time, so that the server
+// prepares one while the driver receives the one before.
 constexpr std::uint32_t kFetchRows = 2048;
 constexpr std::uint32_t kFurtherFetches = 8;
 
-// Words before a parenthesis that call nothing with an effect of its own.
+// Words before a parenthesis that do not call anything with side effects.
 constexpr StringView kHarmless[] = {
     u"and", u"cast",    u"char", u"coalesce", u"decimal",   u"from",  u"in",      u"lower",
     u"not", u"numeric", u"or",   u"trim",     u"substring", u"upper", u"varchar", u"where"};
@@ -29,7 +29,7 @@ bool IsNamePart(char16_t c) {
          (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
 }
 
-// The word before a place of a text, blanks between left out.
+// The word before a position in a text, without the blanks between them.
 String WordBefore(const String& text, std::size_t at) {
   while (at > 0 && text[at - 1] <= u' ') --at;
   std::size_t start = at;
@@ -37,8 +37,8 @@ String WordBefore(const String& text, std::size_t at) {
   return LCase(StringView(text).substr(start, at - start));
 }
 
-// Whether a query must not run twice: a function that it calls may have an effect. What only looks
-// like a call, between quotes, counts too.
+// Whether a query must not run twice, because a function that it calls may have side effects. Text
+// between quotes that looks like a call counts too.
 bool MayHaveEffects(const String& text) {
   for (std::size_t at = text.find(u'('); at != String::npos; at = text.find(u'(', at + 1)) {
     const String word = WordBefore(text, at);
@@ -79,7 +79,7 @@ RowStream::~RowStream() {
   }
 }
 
-// SQL Server's driver tells tables and columns of server cursors only.
+// The driver of SQL Server reports tables and columns only for server cursors.
 void RowStream::FillSourceOf(const StatementFacts& facts) {
   const Dialect dialect = session_.ServerInfo().dialect;
   if (!facts.isSingleTable || !IsBracketed(dialect)) return;
@@ -124,7 +124,8 @@ void RowStream::Fetch(std::uint32_t times) {
   session_.Execute(*statement_, text);
 }
 
-// The rows of the FETCH sent together with the last one. 0 when there is none left.
+// Reads the rows of the next FETCH that was sent together with the last one. Returns 0 when there
+// is none left.
 std::uint32_t RowStream::ReadNextFetch(ColumnStore& store) {
   const SQLRETURN result = SQLMoreResults(statement_->get());
   if (result == SQL_NO_DATA) return 0;
@@ -150,7 +151,7 @@ bool RowStream::Read(ColumnStore& store) {
   }
 }
 
-// What the query's functions did stays done, also when not all rows were wanted.
+// The side effects of the query's functions are kept, even when not all rows were read.
 void RowStream::Finish() {
   reader_.reset();
   statement_.reset();
@@ -172,7 +173,7 @@ void RowStream::Abandon() noexcept {
   try {
     CloseCursor();
   } catch (const HostError&) {
-    // It was never there, or the connection is gone; the first error tells.
+    // The cursor never existed, or the connection is lost; the first error is the one to report.
   }
 }
 

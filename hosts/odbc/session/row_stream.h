@@ -10,25 +10,25 @@
 
 namespace tessaria::odbc {
 
-/// Runs a statement and hands out its rows block by block. Queries on PostgreSQL go through a
-/// cursor of this layer's own, so that neither server nor driver holds the whole result: the
-/// driver would keep all rows in its memory, and its own cursors can end early unnoticed. Each
-/// FETCH is a statement that succeeds or fails by itself, and one that gives fewer rows than
-/// asked for is the last.
+/// Runs a statement and returns its rows block by block. Queries on PostgreSQL go through a cursor
+/// of this layer's own, so that neither server nor driver holds the whole result: the driver would
+/// keep all rows in its memory, and its own cursors can end early without an error. Each FETCH is a
+/// statement that succeeds or fails by itself, and one that returns fewer rows than asked for is
+/// the last.
 ///
-/// Dates are asked for as texts, by the same cursor. A query of one page that calls no function
-/// goes without a cursor, and is run a second time when it has dates.
+/// Dates are asked for as texts, through the same cursor. A query of one page that calls no
+/// function runs without a cursor, and runs a second time when it has dates.
 class RowStream {
  public:
   RowStream(Session& session, const StatementFacts& facts);
   RowStream(const RowStream&) = delete;
   RowStream& operator=(const RowStream&) = delete;
-  /// Rows that were not read are given up.
+  /// Rows that were not read are discarded.
   ~RowStream();
 
-  /// Empty for a statement that gives no rows.
+  /// Empty for a statement that returns no rows.
   const Columns& StatementColumns() const { return columns_; }
-  /// Appends the next block. False when there is none; the statement is finished then.
+  /// Appends the next block. Returns false when there is none; the statement is finished then.
   bool Read(ColumnStore& store);
 
  private:
@@ -48,8 +48,8 @@ class RowStream {
   std::optional<BlockReader> reader_;
   bool cursor_ = false;
   bool ownTransaction_ = false;
-  std::uint32_t asked_ = 0;     // rows of the FETCHes under way
-  std::uint32_t received_ = 0;  // of them
+  std::uint32_t asked_ = 0;     // rows that the current FETCHes ask for
+  std::uint32_t received_ = 0;  // rows of these that have arrived
 };
 
 }  // namespace tessaria::odbc

@@ -23,8 +23,8 @@ String InfoText(SQLHDBC connection, SQLUSMALLINT what) {
 
 }  // namespace
 
-// Marks the place to which a failed statement is undone. PostgreSQL would give up the whole
-// transaction, and the driver's own way loses it on a syntax error without a word.
+// Marks the point to which a failed statement is undone. PostgreSQL would abort the whole
+// transaction, and the driver's own handling silently loses it on a syntax error.
 class Session::Savepoint {
  public:
   explicit Savepoint(Session& session)
@@ -38,7 +38,7 @@ class Session::Savepoint {
     try {
       session_.RunPlain(u"ROLLBACK TO SAVEPOINT tessaria_statement");
     } catch (const HostError&) {
-      // The statement's own error is on its way and tells more.
+      // The statement's own error is being raised and says more.
     }
   }
 
@@ -46,7 +46,7 @@ class Session::Savepoint {
     if (set_) session_.RunPlain(u"RELEASE SAVEPOINT tessaria_statement");
     set_ = false;
   }
-  /// Leaves it in the transaction: the statement has dropped it, or stands on it.
+  /// Leaves it in the transaction: the statement has dropped it, or depends on it.
   void Leave() { set_ = false; }
 
  private:
@@ -63,7 +63,7 @@ void Session::Open(const String& connectionString, Long timeout) {
   RequireWellFormed(connectionString);
   Close();
   auto link = std::make_shared<Link>();
-  // A driver that knows no time-out connects without one.
+  // A driver that does not support a time-out connects without one.
   if (timeout > 0) {
     SQLSetConnectAttrW(link->get(), SQL_ATTR_LOGIN_TIMEOUT,
                        reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(timeout)), 0);
@@ -133,7 +133,7 @@ Statement Session::NewStatement() {
 
 Statement Session::InnerStatement() const {
   Statement statement(RequireLink());
-  // A driver that knows no escapes has none to leave alone.
+  // A driver that does not support escapes does not need the setting.
   const SQLRETURN result = SQLSetStmtAttrW(statement.get(), SQL_ATTR_NOSCAN,
                                            reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
   if (SQL_SUCCEEDED(result)) return statement;
@@ -174,7 +174,8 @@ std::optional<bool> Session::BackslashesEscape(StringView statement) {
   return StringView(answer.data()) != u"on";
 }
 
-// The one way of a text to the driver, which cuts it at a character of code 0.
+// Every statement goes to the driver through here, because the driver cuts a text at a character of
+// code 0.
 SQLRETURN Session::Send(const Statement& statement, const String& text) const {
   RequireWellFormed(text);
   return SQLExecDirectW(statement.get(), Wide(text.c_str()), static_cast<SQLINTEGER>(text.size()));
@@ -201,7 +202,7 @@ SQLLEN Session::ExecuteWith(const Statement& statement, const String& text,
   Savepoint savepoint(*this);
   const SQLRETURN result = Send(statement, text);
   Check(result, statement);
-  // The statement is done; a driver that cannot count now leaves the number unknown.
+  // The statement has been executed; if the driver cannot count now, the number stays unknown.
   SQLLEN rows = 0;
   if (result != SQL_NO_DATA && !SQL_SUCCEEDED(SQLRowCount(statement.get(), &rows))) rows = -1;
   savepoint.Release();
@@ -249,7 +250,8 @@ void Session::EndTransaction(SQLSMALLINT completion) {
   LeaveTransaction(completion);
 }
 
-// Statements stand for themselves again, whatever the server says to the end of the transaction.
+// Each statement commits by itself again, whatever the server answers to the end of the
+// transaction.
 void Session::LeaveTransaction(SQLSMALLINT completion) {
   const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, Handle(), completion);
   if (!SQL_SUCCEEDED(result)) {
@@ -297,7 +299,7 @@ String TableNameOf(const Server& server, const String& catalogue, const String& 
   const bool whole = server.dialect == Dialect::SqlServer && !catalogue.empty();
   String name = whole ? QuoteName(server, catalogue) + u"." : String();
   if (!schema.empty()) name += QuoteName(server, schema);
-  // A database with no schema stands for the schema that the login has there.
+  // A database without a schema means the schema that the login has there.
   if (whole || !schema.empty()) name += u".";
   return name + QuoteName(server, table);
 }

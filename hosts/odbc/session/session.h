@@ -11,9 +11,9 @@
 
 namespace tessaria::odbc {
 
-/// What is known of the server and its driver.
+/// What is known about the server and its driver.
 struct Server {
-  String name;     ///< as the driver gives it
+  String name;     ///< as the driver reports it
   String version;  ///< for PostgreSQL in the form that version rules read
   Dialect dialect = Dialect::Other;
   String quote;          ///< the quotation mark of names; empty when there is none
@@ -29,7 +29,7 @@ class PendingRows {
   PendingRows(const PendingRows&) = delete;
   PendingRows& operator=(const PendingRows&) = delete;
 
-  /// Reads what is left. A failure is kept for whoever asks for the missing rows.
+  /// Reads the remaining rows. A failure is kept for whoever asks for the missing rows.
   virtual void ReadRest() noexcept = 0;
 
  protected:
@@ -45,42 +45,42 @@ class Session {
   Session& operator=(const Session&) = delete;
   ~Session();
 
-  /// Error 3705 when it is open. `timeout` is in seconds, 0 for the driver's own.
+  /// Raises 3705 when it is already open. `timeout` is in seconds; 0 means the driver's own.
   void Open(const String& connectionString, Long timeout);
-  /// A transaction under way is undone. Does nothing when closed.
+  /// Undoes a transaction in progress. Does nothing when closed.
   void Close() noexcept;
   bool IsOpen() const noexcept { return link_ != nullptr && !lost_; }
 
-  /// Error 3709 when closed, as all that follow.
+  /// Raises 3709 when closed, as do all functions below.
   const Server& ServerInfo() const;
   SQLHDBC Handle() const;
-  /// A new statement, once the rows of the last one have been read.
+  /// A new statement, after reading the remaining rows of the last one.
   Statement NewStatement();
-  /// A further statement of the rows that are being read.
+  /// Another statement for the rows that are being read.
   Statement InnerStatement() const;
 
   /// Whether the server reads backslashes in the plain texts of a statement as escapes. It is asked
   /// only when the statement holds a backslash, and then each time: a program, a function or an
-  /// undone transaction may have changed it. Nothing where it is not known.
+  /// undone transaction may have changed it. Nothing when that is unknown.
   std::optional<bool> BackslashesEscape(StringView statement);
 
-  /// Runs a text. Undoes the statement's own work when it fails inside the application's
-  /// transaction.
+  /// Runs a statement. When it fails inside the application's transaction, only its own work is
+  /// undone.
   void Execute(const Statement& statement, const String& text);
-  /// Runs a text with values for its "?" and returns the number of rows that it changed.
+  /// Runs a statement with values for its "?" and returns the number of rows that it changed.
   SQLLEN ExecuteWith(const Statement& statement, const String& text,
                      const std::vector<Parameter>& values);
-  /// Runs savepoint statements, which a savepoint of ours must not enclose.
+  /// Runs savepoint statements, which a savepoint of this layer must not enclose.
   void ExecuteSavepoint(const String& text);
-  /// As the free function; notices a lost connection.
+  /// Like the free function; also detects a lost connection.
   void Check(SQLRETURN result, const Statement& statement);
 
-  /// `modes` as SET TRANSACTION takes them.
+  /// `modes` are in the syntax of SET TRANSACTION.
   void BeginTrans(const String& modes = {});
   void CommitTrans();
   void RollbackTrans();
   bool InTransaction() const { return inTransaction_; }
-  /// A transaction of this layer's own, for a cursor. Not inside the application's.
+  /// Begins a transaction of this layer for a cursor. Not allowed inside the application's.
   void BeginReading();
   void EndReading();
   void AbandonReading() noexcept;
@@ -113,8 +113,8 @@ class Session {
 
 using SessionPtr = std::shared_ptr<Session>;
 
-/// Runs what sends a write. When the connection is lost meanwhile, outside a transaction, the error
-/// is -2147217663, and its text starts with `doubt`.
+/// Runs a call that sends a write. When the connection is lost during it, outside a transaction,
+/// the error is -2147217663, and its text starts with `doubt`.
 template <class Write>
 auto InDoubtWhenLost(Session& session, StringView doubt, Write write) {
   const bool isUndoneByLoss = session.InTransaction();
@@ -132,7 +132,7 @@ String QuoteName(const Server& server, StringView name);
 /// another than that of the connection.
 String TableNameOf(const Server& server, const String& catalogue, const String& schema,
                    const String& table);
-/// Whether two names of a column are the same: one may have been read from a statement, where
+/// Whether two names of a column are the same. One may have been read from a statement, where
 /// capitals do not count.
 bool IsSameName(Dialect dialect, StringView a, StringView b);
 

@@ -20,7 +20,7 @@ bool HasDates(const Columns& columns) {
 
 String AsArrivingText(const Column& column, const String& name) {
   if (!IsDate(column)) return name;
-  // A moment with a zone is told in the session's own.
+  // A moment with a zone is converted to the zone of the session.
   const bool isMoment = column.storage == Storage::Moment;
   return u"cast(" + (isMoment ? u"cast(" + name + u" as timestamp)" : name) + u" as text)";
 }

@@ -5,12 +5,12 @@
 
 namespace tessaria::odbc {
 
-/// The driver reads dates itself and loses what its own kind cannot hold: it drops "BC", cuts a
-/// year of five digits and takes an infinite moment for the last second of 9999. As texts they
-/// arrive as the server writes them.
+/// Whether there are columns of dates. The driver parses dates itself and loses what its own type
+/// cannot hold: it drops "BC", cuts a year of five digits and turns an infinite moment into the
+/// last second of 9999. As texts, dates arrive as the server writes them.
 bool HasDates(const Columns& columns);
 
-/// What stands for a column in a list of columns, so that a date arrives as text.
+/// The expression for a column in a list of columns that makes a date arrive as text.
 String AsArrivingText(const Column& column, const String& name);
 
 /// The query with the dates of its columns as texts. Its columns are named by `TextColumnName`.

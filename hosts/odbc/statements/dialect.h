@@ -1,11 +1,11 @@
-// The databases whose ways this layer knows.
+// The databases whose SQL dialects this layer knows.
 #pragma once
 
 #include "lookup/sql_scanner.h"
 
 namespace tessaria::odbc {
 
-/// A database whose ways are known.
+/// A database whose dialect is known.
 enum class Dialect {
   PostgreSql,  ///< E'' and dollar quotes, nested comments
   SqlServer,   ///< [identifiers]; statements may follow each other without a semicolon
@@ -18,10 +18,10 @@ constexpr bool IsBracketed(Dialect dialect) {
   return dialect == Dialect::SqlServer || dialect == Dialect::Access;
 }
 
-/// The dialect of a database by the name that its driver gives ("PostgreSQL", "ACCESS", ...).
+/// The dialect of a database by the name that its driver reports ("PostgreSQL", "ACCESS", ...).
 Dialect DialectOf(StringView dbmsName);
 
-/// How its statements are read. `backslashes`: as in `SqlRules`.
+/// How its statements are read. For `backslashes` see `SqlRules`.
 SqlRules RulesOf(Dialect dialect, bool backslashes = false);
 
 }  // namespace tessaria::odbc

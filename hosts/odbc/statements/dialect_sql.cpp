@@ -19,13 +19,13 @@ struct SettingRule {
 constexpr SettingRule kSettings[] = {
     // The guard against second statements reads '' quotes this way.
     {Dialect::PostgreSql, u"SET standard_conforming_strings = on"},
-    // A failed statement must not take the transaction with it.
+    // A failed statement must not abort the transaction.
     {Dialect::SqlServer, u"SET XACT_ABORT OFF"},
     // The count of changed rows tells whether a row was still as it was read.
     {Dialect::SqlServer, u"SET NOCOUNT OFF"},
 };
 
-// How a parameter for a column of an SQL type travels.
+// How a parameter for a column of an SQL type is sent.
 enum class Travel { Fixed, Exact, Date, Time, Moment, Bytes, Text };
 
 struct TravelRule {
@@ -35,10 +35,10 @@ struct TravelRule {
   SQLULEN size;
 };
 
-// Every SQL type that is not listed travels as text.
+// Every SQL type that is not listed is sent as text.
 constexpr TravelRule kTravelRules[] = {
     {SQL_BIT, Travel::Fixed, SQL_BIT, 1},
-    // Whether it has a sign is each driver's own.
+    // Whether it has a sign depends on the driver.
     {SQL_TINYINT, Travel::Fixed, SQL_SMALLINT, 5},
     {SQL_SMALLINT, Travel::Fixed, SQL_SMALLINT, 5},
     {SQL_INTEGER, Travel::Fixed, SQL_INTEGER, 10},
@@ -58,7 +58,8 @@ constexpr TravelRule kTravelRules[] = {
 };
 constexpr TravelRule kTextRule = {SQL_WVARCHAR, Travel::Text, SQL_WVARCHAR, 0};
 
-// The longest text and the most bytes that travel as a plain value; above that as a long one.
+// The longest text and the most bytes that are sent as a plain value; what is longer is sent as a
+// long one.
 struct PlainLimits {
   Dialect dialect;
   std::size_t characters, bytes;
@@ -82,7 +83,8 @@ constexpr ComparisonRule kComparisons[] = {
     {Dialect::SqlServer, u"ntext", u"cast(@ as nvarchar(max))", u"cast(? as nvarchar(max))"},
     {Dialect::SqlServer, u"xml", u"cast(@ as nvarchar(max))", u"cast(? as nvarchar(max))"},
     {Dialect::SqlServer, u"image", u"cast(@ as varbinary(max))", u"cast(? as varbinary(max))"},
-    // Its thirds of a hundredth of a second equal no decimal fraction but as its own type.
+    // Its values are multiples of 1/300 second: a decimal fraction equals one only when it is
+    // converted to the type.
     {Dialect::SqlServer, u"datetime", u"@", u"cast(? as datetime)"},
     {Dialect::SqlServer, u"smalldatetime", u"@", u"cast(? as smalldatetime)"},
     {Dialect::SqlServer, u"geography", u"", u""},
@@ -123,7 +125,8 @@ std::size_t DecimalsOf(StringView text) {
   return point == StringView::npos ? 0 : text.size() - point - 1;
 }
 
-// With as many decimals as the value has: the server rounds to its own, the driver would refuse.
+// With as many decimals as the value has: the server rounds to its own, while the driver would
+// refuse the value.
 Parameter AsExact(const String& text, SQLSMALLINT sqlType, Dialect dialect) {
   const auto digits = static_cast<std::size_t>(
       std::count_if(text.begin(), text.end(), [](char16_t c) { return c >= u'0' && c <= u'9'; }));
@@ -180,7 +183,7 @@ Parameter ParameterOf(const Column& column, const String& text, Dialect dialect)
 }
 
 // Types whose text PostgreSQL would read by the server's locale, or that have no plain text of
-// their own, go through one that is the same everywhere.
+// their own, are converted from a text that is the same everywhere.
 String ValueSlot(const Column& column, Dialect dialect) {
   if (dialect != Dialect::PostgreSql) return u"?";
   if (column.storage == Storage::Money) return u"cast(cast(? as numeric) as money)";
@@ -215,7 +218,7 @@ GivenKey GivenKeyOf(Dialect dialect) {
   return GivenKey::Unknown;
 }
 
-// Of the batch alone where there are triggers, whose own inserts have keys too.
+// SQL Server has triggers, whose own inserts generate keys too: only those of the batch count.
 StringView IdentityQuestion(Dialect dialect) {
   return dialect == Dialect::SqlServer ? u"SELECT SCOPE_IDENTITY()" : u"SELECT @@IDENTITY";
 }

@@ -1,4 +1,4 @@
-// Where the statements of this layer differ from database to database.
+// The parts of statements that differ from database to database.
 #pragma once
 
 #include <sql.h>
@@ -11,11 +11,11 @@
 
 namespace tessaria::odbc {
 
-/// What a new connection is told before anything else.
+/// The settings that a new connection sends before anything else.
 std::vector<StringView> SettingsOf(Dialect dialect);
 
-/// A value for a "?". It is handed over as text, which the driver turns into the SQL type; so no
-/// server reads it by its own language, and no comparison mixes types.
+/// A value for a "?". It is passed as text, which the driver converts to the SQL type; so no server
+/// reads it by its own language settings, and no comparison mixes types.
 struct Parameter {
   String text;
   SQLSMALLINT sqlType = SQL_WVARCHAR;
@@ -23,32 +23,33 @@ struct Parameter {
   SQLSMALLINT decimals = 0;
 };
 
-/// A value of a column, by its text as cell.h gives it. PostgreSQL takes every value as text and
-/// reads it by the column's type.
+/// The parameter for a value of a column. `text` is the value as cell.h returns it. PostgreSQL
+/// takes every value as text and reads it by the column's type.
 Parameter ParameterOf(const Column& column, const String& text, Dialect dialect);
 
-/// What stands for a column's value in a statement: "?", or what makes of it one of the type.
+/// The placeholder for a column's value in a statement: "?", or an expression that converts it to
+/// the column's type.
 String ValueSlot(const Column& column, Dialect dialect);
 
-/// The comparison of a column, under its name, with a parameter that is not Null. Nothing for what
-/// the database cannot compare.
+/// The comparison of a column, under its name, with a parameter that is not Null. Nothing when the
+/// database cannot compare the column.
 std::optional<String> ConditionOf(const Column& column, const String& name, Dialect dialect);
 
-/// How the key that the database gave to a new row comes to be known.
+/// How the key that the database gave to a new row is obtained.
 enum class GivenKey {
   Unknown,
   Returned,   ///< by the insert itself, for all columns of the key
-  SameBatch,  ///< asked right behind the insert, for one column
-  Afterwards  ///< asked by a statement of its own, for one column
+  SameBatch,  ///< queried right after the insert, for one column
+  Afterwards  ///< queried by a separate statement, for one column
 };
 GivenKey GivenKeyOf(Dialect dialect);
-/// The question for `SameBatch` and `Afterwards`.
+/// The query for `SameBatch` and `Afterwards`.
 StringView IdentityQuestion(Dialect dialect);
 
-/// What the number of rows that a statement changed says of its one row.
+/// What the number of rows that a statement changed means for its one row.
 enum class Outcome {
   Written,
-  Refused,  ///< the row is not there as it was
+  Refused,  ///< the row is no longer as it was
   Unknown   ///< the server does not count
 };
 Outcome OutcomeOf(SQLLEN rows);

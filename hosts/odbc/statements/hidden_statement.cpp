@@ -7,9 +7,9 @@ using Kind = SqlToken::Kind;
 using Words = std::set<String>;
 
 const Words kChangers = {u"INSERT", u"UPDATE", u"DELETE"};
-// Reserved words of SQL Server that start a statement and never stand inside a query, where no
-// column can have such a name without quotes, nor behind a point. A Merge and a With need a
-// semicolon before or behind them.
+// Reserved words of SQL Server that start a statement and never appear inside a query, where no
+// column can have such a name without quotes, not even after a point. A Merge and a With need a
+// semicolon before or after them.
 const Words kStarters = {
     u"ADD",        u"ALTER",   u"BACKUP",   u"BEGIN",     u"BREAK",    u"CHECKPOINT",
     u"CLOSE",      u"COMMIT",  u"CONTINUE", u"CREATE",    u"DBCC",     u"DEALLOCATE",
@@ -19,7 +19,7 @@ const Words kStarters = {
     u"RESTORE",    u"RETURN",  u"REVERT",   u"REVOKE",    u"ROLLBACK", u"SAVE",
     u"SET",        u"SETUSER", u"SHUTDOWN", u"TRIGGER",   u"TRUNCATE", u"UPDATE",
     u"UPDATETEXT", u"USE",     u"WAITFOR",  u"WHILE",     u"WRITETEXT"};
-// Behind USE in the hints of a query.
+// After USE in the hints of a query.
 const Words kHints = {u"HINT", u"PLAN"};
 // Before a further outermost Select of the same query.
 const Words kCombiners = {u"UNION", u"EXCEPT", u"INTERSECT", u"ALL"};
@@ -31,7 +31,7 @@ const Words kTakesQuery = {u"ALL",   u"AND",    u"ANY",   u"APPLY",     u"AS",  
                            u"UNION", u"WHEN",   u"WHERE", u"TOP"};
 constexpr StringView kOperators = u"=<>+-*/%,&|^~!(";
 
-// Walks a statement and takes from it what its first words allow.
+// Walks through a statement and consumes what its first words allow.
 class Reading {
  public:
   explicit Reading(const Pieces& pieces) : pieces_(pieces) {
@@ -67,13 +67,13 @@ class Reading {
     return false;
   }
 
-  // A With and an Insert have their first outermost Select behind other words.
+  // A With and an Insert have their first outermost Select after other words.
   bool IsSecondSelect(std::size_t i) const {
     if (!Is(i, u"SELECT") || pieces_[i].depth > 0) return false;
     return hasRows_ && !IsWordOf(pieces_[i - 1], kCombiners);
   }
 
-  // A query in parentheses that nothing before it asks for.
+  // A query in parentheses that does not belong to what stands before it.
   bool IsLooseQuery(std::size_t i) {
     if (pieces_[i].depth > 0 || !OpensQuery(i)) return false;
     const Piece& before = pieces_[i - 1];
@@ -100,8 +100,8 @@ class Reading {
   std::size_t start_ = 0;
   String first_;
   bool checked_ = false;
-  bool hasRows_ = false;  // no further outermost Select is its own
-  bool taken_ = false;    // its own Set or Exec
+  bool hasRows_ = false;  // no further outermost Select belongs to the statement
+  bool taken_ = false;    // the statement's own Set or Exec was found
 };
 
 }  // namespace

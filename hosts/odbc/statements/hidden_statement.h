@@ -6,8 +6,9 @@
 namespace tessaria::odbc {
 
 /// Whether a Select, in parentheses or not, a Values, Table, With, Insert, Update or Delete is
-/// followed by another statement, or by what cannot be told from one with certainty. Any other
-/// statement is a program's own, not a lookup's, and may be a batch: false.
+/// followed by another statement, or by something that cannot be distinguished from one with
+/// certainty. Returns false for any other statement, which is a program's own, not a lookup's, and
+/// may be a batch.
 bool HoldsHiddenStatement(const Pieces& pieces);
 
 }  // namespace tessaria::odbc

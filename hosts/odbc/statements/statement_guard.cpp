@@ -12,12 +12,12 @@ namespace {
 
 using Kind = SqlToken::Kind;
 
-// A limit up to this is not worth a cursor.
+// A query with a limit of up to this does not need a cursor.
 constexpr Long kSmallLimit = 1000;
 
-// Anywhere in a reader's text: it does more than read.
+// A statement that starts as a reader but contains one of these does more than read.
 const std::set<String> kWriters = {u"INSERT", u"UPDATE", u"DELETE", u"MERGE", u"INTO", u"SHARE"};
-// Outermost words behind which a row is no longer one row of one table.
+// After one of these outermost words a row is no longer one row of one table.
 const std::set<String> kMixers = {u"JOIN",  u"UNION",    u"INTERSECT", u"EXCEPT",
                                   u"GROUP", u"DISTINCT", u"HAVING",    u"WITH"};
 
@@ -61,8 +61,8 @@ void RefuseDriverMarks(const Pieces& pieces, Dialect dialect) {
   }
 }
 
-// SQL Server takes a line end behind a backslash out of a text: what it reads is not what stands
-// there.
+// SQL Server removes a line end after a backslash from a text, so what it reads differs from what
+// is written.
 void RefuseBrokenLines(const Pieces& pieces) {
   for (const Piece& piece : pieces) {
     if (piece.kind != Kind::Text && piece.kind != Kind::QuotedName) continue;
@@ -123,7 +123,7 @@ bool HasSmallLimit(const Pieces& pieces) {
   return false;
 }
 
-// One name behind the outermost From, no comma in that list, and none of the mixers.
+// One name after the outermost From, no comma in that list, and none of the mixers.
 bool IsSingleTable(const Pieces& pieces) {
   if (pieces.front().text != u"SELECT") return false;
   bool inFrom = false;

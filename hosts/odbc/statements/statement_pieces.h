@@ -1,4 +1,4 @@
-// A statement as the rules on whole statements see it: words, quotations and signs.
+// Splits a statement into words, quotations and signs, for the rules on whole statements.
 #pragma once
 
 #include <set>
@@ -12,11 +12,11 @@ namespace tessaria::odbc {
 struct Piece {
   SqlToken::Kind kind;
   String text;  ///< words in upper case
-  int depth;    ///< open parentheses around it; a parenthesis lies outside of itself
+  int depth;    ///< open parentheses around it; a parenthesis does not count itself
 };
 using Pieces = std::vector<Piece>;
 
-/// The words that a statement which reads begins with.
+/// The first words of statements that read.
 inline const std::set<String> kReaders = {u"SELECT", u"VALUES", u"TABLE", u"WITH"};
 
 Pieces PiecesOf(StringView text, SqlRules rules);

@@ -43,7 +43,7 @@ SourcePieces SourcePiecesOf(StringView text, Dialect dialect) {
   return pieces;
 }
 
-// Behind "Select", "All", "Top 10", "Top (10) Percent".
+// The position after "Select", "All", "Top 10", "Top (10) Percent".
 std::size_t StartOfItems(const SourcePieces& pieces) {
   std::size_t at = 1;
   const auto is = [&](StringView word) { return at < pieces.size() && pieces[at].IsWord(word); };
@@ -57,7 +57,7 @@ std::size_t StartOfItems(const SourcePieces& pieces) {
   return at;
 }
 
-// The names of "a.b.c" from a position on, which moves behind them. A name left out is empty.
+// The names of "a.b.c" from a position on, which moves past them. An omitted name is empty.
 std::vector<String> TakeNames(const SourcePieces& pieces, std::size_t& at) {
   std::vector<String> names;
   while (at < pieces.size() && pieces[at].IsName()) {
@@ -73,7 +73,7 @@ std::vector<String> TakeNames(const SourcePieces& pieces, std::size_t& at) {
   return {};  // ends with a point, or is no name
 }
 
-// "[table.]column [[As] alias]"; nothing for all else.
+// "[table.]column [[As] alias]"; nothing for anything else.
 std::optional<String> ColumnOf(const SourcePieces& item) {
   std::size_t at = 0;
   const std::vector<String> names = TakeNames(item, at);
@@ -91,7 +91,7 @@ bool IsStar(const SourcePieces& item) {
          (item.size() == 1 || item[item.size() - 2].IsSymbol(u"."));
 }
 
-// The items up to the outermost "From", behind which the position then stands.
+// The items up to the outermost "From", which the position then moves past.
 std::vector<SourcePieces> TakeItems(const SourcePieces& pieces, std::size_t& at) {
   std::vector<SourcePieces> items(1);
   int depth = 0;
@@ -111,7 +111,7 @@ std::vector<SourcePieces> TakeItems(const SourcePieces& pieces, std::size_t& at)
 
 bool TakeTable(const SourcePieces& pieces, std::size_t at, StatementSource& source) {
   std::vector<String> names = TakeNames(pieces, at);
-  // A "#" or another sign right behind means that the name was not understood.
+  // A "#" or another sign directly after the name means that it was not understood.
   if (names.empty() || names.size() > 3) return false;
   if (at < pieces.size() && pieces[at].kind == Kind::Symbol) return false;
   names.insert(names.begin(), 3 - names.size(), String());
@@ -133,7 +133,7 @@ std::optional<StatementSource> SourceOf(StringView text, Dialect dialect) {
   source.isWhole = items.size() == 1 && IsStar(items[0]);
   if (source.isWhole) return source;
   for (const SourcePieces& item : items) {
-    // How many columns a star among others stands for is not known here.
+    // It is unknown here how many columns a star among other items stands for.
     if (IsStar(item)) return std::nullopt;
     source.items.push_back(ColumnOf(item));
   }

@@ -1,4 +1,4 @@
-// Which table and columns a query shows, read from its text.
+// Reads from the text of a query which table and columns it shows.
 #pragma once
 
 #include <optional>
@@ -9,18 +9,18 @@
 
 namespace tessaria::odbc {
 
-/// The one table behind a query, for drivers that do not tell.
+/// The only table of a query, for drivers that do not report it.
 struct StatementSource {
   String catalogue, schema, table;           ///< empty where the text has none
   bool isWhole = false;                      ///< "*": all columns under their own names
   std::vector<std::optional<String>> items;  ///< a column's name, or nothing for an expression
 };
 
-/// Of "Select items From table ..." with one table, which the guard has found it to be. Nothing for
-/// a text that cannot be read so: a temporary table, a name of four parts.
+/// For "Select items From table ..." with one table, as the guard has determined. Nothing for a
+/// text that cannot be read this way: a temporary table, a name of four parts.
 std::optional<StatementSource> SourceOf(StringView text, Dialect dialect);
 
-/// Tells the columns where they come from, unless the driver told of one or their number is not
+/// Sets the origin of the columns, unless the driver reported one of them or their number is not
 /// that of the items.
 void FillSource(Columns& columns, const StatementSource& source);
 

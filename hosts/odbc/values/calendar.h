@@ -22,10 +22,10 @@ std::optional<std::int32_t> DayOfText(StringView text);
 /// and from 24:00 on, which a date value cannot hold.
 std::optional<std::int64_t> MicrosOfTime(StringView text);
 
-/// The date value of a day and the microseconds behind its midnight, without the fraction of the
+/// The date value of a day and the microseconds since its midnight, without the fraction of the
 /// second: rounded up it would be another second, and at midnight another day.
 Date DateOf(std::int64_t day, std::int64_t micros);
-/// The day of a moment, and what is left of it.
+/// The day of a moment, and the microseconds since its midnight.
 struct SplitMoment {
   std::int64_t day;
   std::int64_t micros;

@@ -22,7 +22,7 @@ String ShortestText(T number) {
   return FromUtf8({buffer, static_cast<std::size_t>(end - buffer)});
 }
 
-// With the comma that a number has for the operator.
+// With the decimal comma that the operator sees in numbers.
 Variant NumberValue(std::string_view stored) {
   const String text = Replace(FromUtf8(stored), u".", u",");
   const auto number = ReadNumber(text);

@@ -15,7 +15,7 @@ Variant CellValue(const ColumnStore& store, const Columns& columns, std::uint32_
 
 /// The value as the column keeps it; numbers go into exact columns with all their digits. A blank
 /// (Empty, or nothing but blanks) is "" for a text column and Null for all others. Errors: 13 for a
-/// value that is none of the column's kind, 6 out of its range.
+/// value that is not of the column's kind, 6 for one out of its range.
 Variant ConvertFor(const Column& column, const Variant& value);
 
 /// Whether two values of a column, as it keeps them, are the same: dates to the second, all else

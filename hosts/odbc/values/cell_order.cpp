@@ -14,7 +14,7 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-// Of infinities, too.
+// The rank of an infinite value and of "NaN"; nothing for any other text.
 std::optional<double> InfiniteRank(StringView text) {
   if (EqualNoCase(text, u"infinity") || EqualNoCase(text, u"nan")) return kInfinity;
   if (EqualNoCase(text, u"-infinity")) return -kInfinity;
@@ -33,7 +33,7 @@ double NumberRank(std::string_view stored) {
   return TryToDouble(*digits).value_or(digits->Negative ? -kInfinity : kInfinity);
 }
 
-// Of y-m-d with a year that no date value has: beyond all days of date values, in their order.
+// The rank of y-m-d with a year that no date value has: beyond all days of date values, in order.
 double FarDay(StringView text) {
   const double year = Val(text.substr(0, text.find(u'-')));
   const StringView rest = text.substr(std::min(text.find(u'-') + 1, text.size()));
@@ -74,7 +74,7 @@ int CompareNumbers(std::string_view a, std::string_view b) {
     const auto order = Order(*first, *second);
     return order < 0 ? -1 : order > 0 ? 1 : 0;
   }
-  // Of the words "NaN" comes behind all, as the server has it.
+  // Of the words, "NaN" comes last, as on the server.
   const auto place = [](const std::optional<Digits>& digits, std::string_view text) {
     if (digits) return 0;
     return text.starts_with('-') ? -1 : text.starts_with('N') ? 2 : 1;

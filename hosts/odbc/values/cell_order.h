@@ -1,17 +1,17 @@
-// The order of cells of a column that is no text.
+// The order of cells of a column that is not text.
 #pragma once
 
 #include "hosts/odbc/values/column_store.h"
 
 namespace tessaria::odbc {
 
-/// A number that never orders two cells of a column wrongly; where it is the same for both, they
-/// may still differ in digits that a double cannot hold. Infinite values, days outside the years of
-/// a date value and "NaN" (behind all others) have one too. Not for Null.
+/// A number that never orders two cells of a column wrongly; when it is the same for both, they may
+/// still differ in digits that a double cannot hold. Infinite values, days outside the years of a
+/// date value and "NaN" (after all others) have one too. Not for Null.
 double CellRank(const ColumnStore& store, const Columns& columns, std::uint32_t row,
                 std::size_t column);
 
-/// A cell as one takes part in an exact comparison.
+/// A cell that takes part in an exact comparison.
 struct CellPlace {
   const ColumnStore* store;
   std::uint32_t row;

@@ -45,11 +45,12 @@ constexpr TypeRule kMoneyRule = {SQL_DOUBLE, type::Currency, Storage::Money};
 
 constexpr Long kUuidLength = 36;
 constexpr Long kBigIntDigits = 19;
-// The longest text that PostgreSQL lets be declared, and more than the other databases do: what is
-// longer has no declared size.
+// The greatest size that PostgreSQL lets a text declare, which is more than in the other databases:
+// a longer text has no declared size.
 constexpr SQLLEN kMostSize = 10'485'760;
 
-// False when the driver does not know the attribute: without it the rows can still be read.
+// Returns false when the driver does not support the attribute: the rows can still be read without
+// it.
 bool IsAnswered(SQLRETURN result, const Statement& statement) {
   if (SQL_SUCCEEDED(result)) return true;
   const OdbcError error = DiagnosticsOf(SQL_HANDLE_STMT, statement.get());

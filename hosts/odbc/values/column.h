@@ -1,4 +1,4 @@
-// What is known of one column of a result.
+// The description of one column of a result.
 #pragma once
 
 #include <sql.h>
@@ -34,22 +34,22 @@ struct Column {
   Long precision = 0;
   Long scale = 0;
   bool nullable = true;
-  bool padded = false;     ///< char(n): blanks behind the value are no part of it
-  bool lowerCase = false;  ///< the driver's capitals are not the server's (uuid)
-  bool comparable = true;  ///< the type has an equality of its own
-  SQLLEN sqlType = 0;      ///< as the driver says it
+  bool padded = false;     ///< char(n): trailing blanks are not part of the value
+  bool lowerCase = false;  ///< the driver returns capitals, the server does not (uuid)
+  bool comparable = true;  ///< the type has its own equality operator
+  SQLLEN sqlType = 0;      ///< as the driver reports it
   String typeName;         ///< as the database calls it; empty when the driver cannot tell
   String catalogue, schema, table, baseColumn;  ///< where it comes from; empty for an expression
 };
 
 using Columns = std::vector<Column>;
 
-/// The columns of an executed statement; empty when it gives no rows. `postgres` says that type
+/// The columns of an executed statement; empty when it returns no rows. `postgres` says that type
 /// names are those of PostgreSQL.
 Columns DescribeColumns(const Statement& statement, bool postgres);
 
-/// The number of `host::type` for an SQL type, and the size that a field of it reports: 0 where
-/// none is declared.
+/// The number of `host::type` for an SQL type, and the size that a field of it reports: 0 when none
+/// is declared.
 Long FieldTypeOf(SQLLEN sqlType, const String& typeName, bool postgres);
 Long SizeOfType(SQLLEN sqlType, SQLLEN size);
 

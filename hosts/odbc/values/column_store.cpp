@@ -33,7 +33,7 @@ std::size_t WidthOf(Storage storage) {
   return 0;
 }
 
-// Writes a character's UTF-8 and returns the end. Room for four bytes is the caller's.
+// Writes a character as UTF-8 and returns the end. The caller provides room for four bytes.
 char* Encode(char32_t c, char* out) {
   const auto tail = [&](int shift) { return static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
   if (c < 0x800) {
@@ -62,7 +62,7 @@ void AppendUtf8(std::vector<char>& bytes, std::u16string_view text) {
     bytes.insert(bytes.end(), text.begin(), text.end());
     return;
   }
-  bytes.resize(before + 3 * text.size());  // three bytes a unit is the most there can be
+  bytes.resize(before + 3 * text.size());  // a unit takes at most three bytes
   char* out = bytes.data() + before;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char16_t unit = text[i];
@@ -102,7 +102,8 @@ ColumnStore::ColumnStore(const Columns& columns) {
   for (const Column& column : columns) data_.push_back({WidthOf(column.storage), {}, {}});
 }
 
-// The chunk that takes the next cell. A full one gives back what it reserved in vain.
+// The chunk that takes the next cell. A full chunk releases the memory that it reserved and did not
+// use.
 ColumnStore::Chunk& ColumnStore::Room(Data& data) {
   if (!data.chunks.empty() && data.chunks.back().rows == kChunkRows) {
     Chunk& full = data.chunks.back();
@@ -110,7 +111,7 @@ ColumnStore::Chunk& ColumnStore::Room(Data& data) {
     full.ends.GiveBack();
   }
   if (data.chunks.empty() || data.chunks.back().rows == kChunkRows) {
-    // The next rows mostly need as much room as those before.
+    // The next rows usually need as much room as those before.
     const std::size_t bytes = data.chunks.empty() ? 0 : data.chunks.back().bytes.size();
     data.chunks.emplace_back().bytes.reserve(bytes);
   }

@@ -13,9 +13,7 @@
 
 namespace tessaria::odbc {
 
-/// The text of a store is UTF-8: half the size of UTF-16 for the texts of this trade.
-/// Rows are appended column by column; a row counts when `EndRows` has counted it. Rows and
-/// columns are numbered from 0.
+/// The text of a store is UTF-8: half the size of UTF-16 for typical texts of business data.
 class ColumnStore {
  public:
   explicit ColumnStore(const Columns& columns);
@@ -30,9 +28,9 @@ class ColumnStore {
   }
   void AppendText(std::size_t column, std::u16string_view text);
   void AppendNull(std::size_t column);
-  /// A cell whose value the column's storage cannot hold, such as an infinite date.
+  /// Appends a cell whose value the column's storage cannot hold, such as an infinite date.
   void AppendKept(std::size_t column, std::u16string_view text);
-  /// The same cell as one of another store of the same columns.
+  /// Appends the same cell of another store with the same columns.
   void AppendCell(std::size_t column, const ColumnStore& from, std::uint32_t row);
   /// Counts `rows` more rows, once every column has their cells.
   void EndRows(std::uint32_t rows);
@@ -55,7 +53,7 @@ class ColumnStore {
  private:
   static constexpr std::uint32_t kChunkRows = 2048;
 
-  // Where the texts of a chunk end, in two bytes each for as long as that holds them.
+  // The ends of the texts in a chunk, in two bytes each while that is enough.
   class Ends {
    public:
     void Add(std::size_t end);
@@ -70,8 +68,8 @@ class ColumnStore {
     std::vector<std::uint32_t> wide_;
   };
 
-  // The cells of one column for up to kChunkRows rows. Never grows by doubling as a whole, so
-  // that a large store needs no second copy of itself.
+  // The cells of one column for up to kChunkRows rows. The store never grows by doubling as a
+  // whole, so that a large one needs no second copy of itself.
   struct Chunk {
     std::vector<char> bytes;  // fixed cells, or all texts end to end
     Ends ends;                // of the texts
@@ -81,7 +79,7 @@ class ColumnStore {
   struct Data {
     std::size_t width = 0;  // bytes of a fixed cell; 0 for text
     std::vector<Chunk> chunks;
-    std::unordered_map<std::uint32_t, std::string> kept;  // by row, mostly none
+    std::unordered_map<std::uint32_t, std::string> kept;  // by row; usually empty
   };
 
   Chunk& Room(Data& data);

@@ -12,7 +12,7 @@ constexpr int kDecimals = 4;
 
 bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
-// Digits behind the decimal mark; 0 when the last mark only groups thousands.
+// Digits after the decimal mark; 0 when the last mark only groups thousands.
 std::size_t DecimalsOf(StringView text) {
   const std::size_t mark = text.find_last_of(u".,");
   if (mark == StringView::npos) return 0;

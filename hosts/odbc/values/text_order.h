@@ -1,4 +1,4 @@
-// How texts are compared when rows are sorted and sought: without regard to case.
+// How texts are compared when rows are sorted and searched: without regard to case.
 #pragma once
 
 #include "tessaria/string.h"
