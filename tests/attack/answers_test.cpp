@@ -1,5 +1,5 @@
-// The line to the server is cut at every byte of a write: the row is stored at most once, and the
-// program is told the truth about it.
+// Cuts the line to the server at every byte of a write: the row is stored at most once, and the
+// program learns the true outcome.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -37,27 +37,27 @@ constexpr std::array kWrites = {
 
 enum class Outcome { Stored, NotStored, InDoubt };
 
-/// A write of one kind, told by another session whether it has taken place.
+/// A write of one kind. Another session checks whether it has taken place.
 class CutWrite {
  public:
   CutWrite(host::Connection& observer, host::Connection& connection, Write kind)
       : observer_(observer), connection_(connection), kind_(kind) {
     observer_.Execute(u"truncate t restart identity");
     observer_.Execute(u"insert into t (nome) values ('um'), ('dois')");
-    // A loss that nobody noticed yet comes out now.
+    // A loss that was not noticed before is detected here.
     if (Try([&] { OpenRows(); }) != Outcome::Stored) OpenRows();
     Begin();
   }
 
-  /// Sends it, the first time.
+  /// Sends the write for the first time.
   Outcome Send() {
     return Try([&] {
       if (kind_ == Write::Commit) return connection_.CommitTrans();
       kind_ == Write::Delete ? rows_->Delete() : rows_->Update();
     });
   }
-  /// As a program goes on after an error: connects anew, finds out, writes again if it must. False
-  /// when it comes to no end.
+  /// Continues as a program does after an error: connects again, finds out the outcome, and writes
+  /// again if necessary. Returns false when it does not succeed.
   bool Settle(Outcome outcome) {
     for (int i = 0; i < kMostAttempts && outcome != Outcome::Stored; ++i) {
       if (connection_.State() == host::state::Closed) connection_.Open();
@@ -66,13 +66,14 @@ class CutWrite {
     return outcome == Outcome::Stored;
   }
 
-  /// How often the row stands as it was to be written; 1 and 0 for a deletion.
+  /// How many rows hold what was written; for a deletion, 1 when the row is gone and 0 when it is
+  /// there.
   Long TimesDone() const {
     const String where = kind_ == Write::Delete ? u"nome = 'dois'" : u"nome = 'novo'";
     const Long found = Ask(u"select count(*)::int from t where " + where);
     return kind_ == Write::Delete ? 1 - found : found;
   }
-  /// No row but those that the write leaves.
+  /// Whether the other rows are those that the write leaves.
   bool OthersStand() const {
     const bool adds = kind_ != Write::Update && kind_ != Write::Delete;
     const Long rows = Ask(u"select count(*)::int from t where nome <> 'novo'");
@@ -117,7 +118,7 @@ class CutWrite {
     if (kind_ == Write::Delete) return Try([&] { rows_->Delete(); });
     const Outcome again = Try([&] { rows_->Update(); });
     if (again != Outcome::InDoubt || last != Outcome::InDoubt) return again;
-    // A key that the server gives cannot be looked for: the program reads the rows.
+    // A key that the server generates cannot be looked for, so the program reads the rows.
     const Outcome read = Try([&] { rows_->Requery(); });
     if (read != Outcome::Stored) return read;
     if (!HoldsTheNewRow()) return Outcome::InDoubt;
@@ -168,7 +169,7 @@ class Answers : public testing::TestWithParam<Named> {
     return connection;
   }
 
-  /// Cuts behind so many bytes. False when the write was over before.
+  /// Cuts after that many bytes. Returns false when the write was over before.
   bool CutBehind(CuttingProxy::Side side, std::size_t bytes) {
     CutWrite write(*observer_, *connection_, GetParam().Kind);
     const int cuts = proxy_->Cuts();
@@ -213,7 +214,7 @@ class Answers : public testing::TestWithParam<Named> {
   std::string where_;
 };
 
-TEST_P(Answers, ThatAreCutLeaveTheRowStoredAtMostOnceAndTheTruthTold) {
+TEST_P(Answers, ThatAreCutLeaveTheRowStoredAtMostOnceAndTheOutcomeKnown) {
   const std::size_t step = TheSettings().Long ? 1 : 9;
   for (const auto side : {CuttingProxy::Side::Client, CuttingProxy::Side::Server}) {
     std::size_t bytes = 0;

@@ -1,5 +1,5 @@
-// Thousands of forms made, worked and destroyed, closed at the worst moments: none harms the
-// program, and the memory does not grow.
+// Creates, uses and destroys thousands of forms, and closes them at the worst moments: none harms
+// the program, and the memory does not grow.
 #include <gtest/gtest.h>
 
 #include "tessaria/text.h"
@@ -18,7 +18,7 @@ constexpr Moment kMoments[] = {Moment::Afterwards, Moment::InTheBox, Moment::InT
 constexpr const char* kMomentNames[] = {"after its work", "under a box", "under a dialog",
                                         "in a handler", "in pumped events"};
 
-/// A form, worked a little, that closes itself when its moment comes.
+/// A form that is used a little and closes itself at the chosen moment.
 class Life {
  public:
   Life(Random& random, Moment moment) : random_(random), form_(random), moment_(moment) {
@@ -52,7 +52,7 @@ class Life {
   }
 
  private:
-  // One event of one field, drawn for the form, closes it.
+  // One event of one field, chosen at random for the form, closes it.
   void SetHandlers() {
     memory::TsText& field = form_.AnyField();
     const auto close = [this](auto&&...) { Close(); };

@@ -12,7 +12,7 @@ constexpr std::size_t kLongText = 20'000;
 
 // With their length, because some hold a NUL.
 constexpr StringView kFragments[] = {
-    // Quotes and what looks like them.
+    // Quotes and characters that look like them.
     u"'"sv, u"''"sv, u"'''"sv, u"\""sv, u"\"\""sv, u"`"sv, u"´"sv, u"’"sv, u"＇"sv, u"ʼ"sv,
     // Comments and ends of statements.
     u"--"sv, u"--\n"sv, u"/*"sv, u"*/"sv, u"/*/**/"sv, u"#"sv, u";"sv, u";;"sv, u"\n"sv, u"\r"sv,
@@ -25,7 +25,7 @@ constexpr StringView kFragments[] = {
     // Controls, the NUL among them.
     u"\0"sv, u"a\0b"sv, u"\x01"sv, u"\b"sv, u"\x1a"sv, u"\x1b"sv, u"\x7f"sv, u"\x85"sv, u"\xa0"sv,
     u"\xad"sv,
-    // Every plane, marks of direction, joiners, no characters at all.
+    // Every plane, direction marks, joiners, code points that are not characters.
     u"é"sv, u"ÇÃO"sv, u"ß"sv, u"İ"sv, u"ǅ"sv, u"e\x0301"sv, u"中"sv, u"\xFEFF"sv, u"\xFFFE"sv,
     u"\xFFFF"sv, u"\xFFFD"sv, u"\xE000"sv, u"\U0001F600"sv, u"\U00020000"sv, u"\U00030000"sv,
     u"\U00040000"sv, u"\U00050000"sv, u"\U00060000"sv, u"\U00070000"sv, u"\U00080000"sv,
@@ -39,7 +39,7 @@ constexpr StringView kFragments[] = {
     u"R$ 1,00"sv, u"&H1F"sv, u"&O17"sv, u"0x1F"sv, u"1_000"sv, u"NaN"sv, u"Infinity"sv,
     u"-infinity"sv, u"9007199254740993"sv, u"99999999999999999999"sv, u"-32769"sv, u"2147483648"sv,
     u"0,000000001"sv, u"１２"sv, u"٣"sv, u"1 2"sv, u"1\t"sv,
-    // Dates and truths.
+    // Dates and booleans.
     u"25/12/2017"sv, u"31/02/2017"sv, u"25122017"sv, u"2017-12-25"sv, u"1/1/1"sv, u"31/12/9999"sv,
     u"24:00"sv, u"23:59:59,9999"sv, u"today"sv, u"epoch"sv, u"01/01/0001 BC"sv, u"true"sv, u"t"sv,
     u"Verdadeiro"sv, u"null"sv, u"NULL"sv, u"default"sv,
@@ -54,7 +54,7 @@ constexpr StringView kFragments[] = {
     u"<b>x</b>"sv, u"__/__/____"sv, u"0#dmyAaC$XN"sv, u"$$$.$$"sv, u"N00A"sv, u"(00) 0"sv, u"abc"sv,
     u"Ana"sv, u"7"sv, u"O'Brien"sv, u"C:\\x\\y"sv, u"/etc/passwd"sv, u"..\\..\\"sv};
 
-// Attacks that are whole: each of them has harmed some program.
+// Complete attacks, each of which has harmed some program.
 constexpr StringView kAttacks[] = {u"'; drop table alvo; --"sv,
                                    u"1; drop table alvo"sv,
                                    u"1; drop table alvo; --"sv,

@@ -1,4 +1,4 @@
-// Texts that nobody types by mistake: quotes, comments, escapes, SQL, every plane of Unicode.
+// Texts that are hostile on purpose: quotes, comments, escapes, SQL, every plane of Unicode.
 #pragma once
 
 #include <vector>
@@ -11,8 +11,8 @@ namespace tessaria::attack {
 /// The table whose loss shows that a text became a command.
 inline constexpr const char* kCanaryTable = "alvo";
 
-/// Each fragment alone, whole attacks, very long ones, and joined fragments up to `count` texts,
-/// which are the same for the same seed.
+/// Returns each fragment alone, complete attacks, very long texts, and joined fragments until there
+/// are `count` texts. The same seed gives the same texts.
 std::vector<String> HostileTexts(std::size_t count, Random& random);
 
 }  // namespace tessaria::attack

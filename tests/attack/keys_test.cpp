@@ -1,4 +1,5 @@
-// Random keys at fields of every mask and property: nothing breaks, and the field stays true.
+// Types random keys into fields of every mask and property: nothing breaks, and what a field shows
+// agrees with its value.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -26,7 +27,7 @@ constexpr Key kKeys[] = {Key::Backspace, Key::Backspace, Key::Delete, Key::Left,
 std::string Told(const Variant& value) { return testing::PrintToString(value); }
 std::string Quoted(StringView text) { return "\"" + ToUtf8(text) + "\""; }
 
-// All that a row holds, to be compared.
+// The cells of a row as one text, for comparisons.
 std::string Told(const memory::Row& cells) {
   std::string text;
   for (const Variant& cell : cells) text += Told(cell) + " ";
@@ -44,11 +45,11 @@ struct LeftBehind {
 
   String Box, Texto;
   Variant Value;
-  bool Typed = false;  ///< by the operator, since the focus came in
+  bool Typed = false;  ///< by the operator, since the field got the focus
 };
 
-/// One form under attack. Its draws depend on its number alone, so a fault is told a second time
-/// with every step that led to it.
+/// One form under attack. Its random choices depend only on its number, so a second run repeats a
+/// fault and records every step that led to it.
 class Round {
  public:
   Round(long long number, bool tells)
@@ -89,7 +90,8 @@ class Round {
     ++keys_;
     memory::TsText* field = form_.Focused();
     const Long before = field ? Len((*field)->Text()) : 0;
-    const long long windows = form_.WindowsShown();  // what one answers is taken whole
+    // A text that a window returns is taken whole.
+    const long long windows = form_.WindowsShown();
     if (random_.Chance(75)) {
       const char16_t character = RandomCharacter(random_);
       Tell("key " + Quoted(String(1, character)));
@@ -184,7 +186,7 @@ class Round {
     CheckUnedited("a row that is shown is not written", row);
   }
 
-  /// The operator tabs through all the fields of a fresh row and touches none.
+  /// The operator tabs through all the fields of a row that was just loaded and changes none.
   void Visit() {
     const auto row = static_cast<Long>(1 + random_.Below(form_.Stored().Rows().size()));
     Tell("visit of row " + std::to_string(row));
@@ -199,7 +201,7 @@ class Round {
     Count("visits of untouched fields", static_cast<long long>(form_.Fields().size()));
   }
 
-  // --- What holds --------------------------------------------------------------------------------
+  // --- Checks ------------------------------------------------------------------------------------
 
   void CheckErrors() {
     for (const HostError& error : form_.Form().UnhandledErrors()) {
@@ -213,7 +215,7 @@ class Round {
     const tsText& control = *field;
     const Long most = control.MaxLength();
     const Long now = Len(control.Text());
-    // The text that completes a description is the lookup's.
+    // The text that completes a description comes from the lookup.
     if (most == 0 || now <= most || now <= before ||
         control.TipoControle() == TipoControle::Descricao)
       return;
@@ -231,7 +233,8 @@ class Round {
           rule + "\n  stored  " + Told(stored) + "\n  pending " + Told(pending));
   }
 
-  /// After a field was left: what was typed is either its value, in all its forms, or still there.
+  /// After the operator has left a field, the typed text is either its value, in all its forms, or
+  /// still there.
   void CheckAgreement(memory::TsText& field, const LeftBehind& before) {
     const tsText& control = *field;
     const auto active = form_.Form().ActiveControl();
@@ -241,7 +244,7 @@ class Round {
     const Variant value = control.Value();
     const String expected = mdlObjTxt::LimpaMascara(value.IsNull() ? String() : CStr(value),
                                                     control.Mascara(), control.ItensMascara());
-    // Where a column has made Null of a text, the text stays in memory.
+    // When a column has made Null of a text, the text stays in memory.
     const bool isNull = control.Texto().empty() && ColumnHoldsNull(control);
     if (control.Texto() != expected && !isNull)
       Found("Texto and Value differ after the exit",
@@ -257,7 +260,7 @@ class Round {
   void CheckTypedStays(memory::TsText& field, const LeftBehind& before) {
     Count("exits with a message");
     const tsText& control = *field;
-    // What nobody typed gives way to the value.
+    // A text that was not typed is replaced by the value.
     if (!before.Typed) return Count("untouched exits with a message");
     if (RefusedByItsType(control)) return Count("texts that their type refused");
     const bool stays = ShowsSomething(control, control.Text()) || HasNewValue(control, before);
@@ -281,8 +284,9 @@ class Round {
            (!value.IsString() || ShowsSomething(control, CStr(value)));
   }
 
-  /// Whether the exit's own steps leave any of the text in the box: zeros, the number's format, the
-  /// relation check, which puts the found key in its place, and a mask that may lay it out twice.
+  /// Whether the steps of the exit themselves leave any of the text in the box: zeros, the number's
+  /// format, the relation check, which replaces it with the found key, and a mask that may be
+  /// applied twice.
   static bool KeepsByTheRules(const tsText& control, const LeftBehind& before) {
     const bool scrambled = StartsWith(UCase(control.Mascara()), u"X");
     const String typed = Rounded(control, ZeroFilled(control, before.Box));
@@ -307,8 +311,8 @@ class Round {
     return mdlObjTxt::AplicaMascara(text, control.Mascara(), control.PromptChar(),
                                     control.ItensMascara(), u"");
   }
-  /// The box behind the assignment of the text. The mask is laid over it twice where the value
-  /// holds the mask too.
+  /// The text of the box after the text was assigned. The mask is applied twice when the value
+  /// includes the mask.
   static String Assigned(const tsText& control, const String& text) {
     if (control.PromptInclude()) return LaidOut(control, LaidOut(control, text));
     return LaidOut(control,
@@ -321,7 +325,7 @@ class Round {
     return told;
   }
 
-  /// A text that is no number or no date leaves a blank box.
+  /// A text that is not a number or not a date leaves a blank box.
   bool RefusedByItsType(const tsText& control) {
     const auto column = control.CampoVinculado();
     const bool takesText = column ? IsTextType(column->Type()) : !IsTypedCode(control.TipoDado());
@@ -346,12 +350,12 @@ class Round {
     return told.str();
   }
 
-  // --- The story ---------------------------------------------------------------------------------
+  // --- The record of the steps -------------------------------------------------------------------
 
   void Tell(const std::string& what) {
     if (tells_) story_.push_back(what);
   }
-  /// Where the step led to.
+  /// Adds the field that has the focus after the step.
   void TellFocused() {
     const memory::TsText* field = story_.empty() ? nullptr : form_.Focused();
     if (field == nullptr) return;
@@ -377,7 +381,7 @@ class Round {
   std::optional<std::pair<std::string, std::string>> fault_;
 };
 
-TEST(Keys, NeitherBreakAFieldNorMakeItTellSomethingElse) {
+TEST(Keys, NeitherBreakAFieldNorMakeItDisagreeWithItsValue) {
   const long long wanted = Amount(300'000, 100'000'000);
   long long keys = 0;
   for (long long number = 0; keys < wanted; ++number) {

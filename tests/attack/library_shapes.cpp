@@ -7,14 +7,14 @@
 namespace tessaria::attack {
 namespace {
 
-// A pattern repeats short pieces only: the standard library's matching calls itself once for each
-// repetition, so long texts are compared by hand.
+// Patterns repeat only short pieces: the matching of the standard library recurses once for each
+// repetition, so long texts are compared without it.
 bool IsCatalogueQuery(std::string_view shape) {
   return (shape.starts_with("select n . ") || shape.starts_with("select ta . ")) &&
          shape.find(" pg_catalog . ") != shape.npos;
 }
 
-// The row behind a form, which carries values as parameters alone.
+// A statement on the row of a form, which passes values only as parameters.
 bool IsRowStatement(std::string_view shape) {
   return (shape.starts_with("select \"id\" , ") ||
           shape.starts_with("update \"public\" . \"ficha\" set ")) &&
@@ -34,7 +34,7 @@ std::string Unwrapped(const std::string& shape) {
   return {begin.suffix().first, end.prefix().second};
 }
 
-// A query without what its cursor does around it: a first portion, and dates that come as texts.
+// A query without what its cursor adds: the first portion, and the reading of dates as texts.
 std::string WithoutCursor(const std::string& shape) {
   static const std::regex portion(" ; fetch N from tessaria_rows$");
   static const std::regex cursor("^(begin ; )?declare tessaria_rows no scroll cursor for ");

@@ -5,8 +5,8 @@
 
 namespace tessaria::attack {
 
-/// Whether the library's own statements, with one value at each place of a value, have the shape
-/// `sent` (see ShapeOf).
+/// Whether `sent` (see ShapeOf) is the shape of one of the library's own statements, with one value
+/// at each place of a value.
 bool IsShapeOfTheLibrary(const std::string& sent);
 
 }  // namespace tessaria::attack

@@ -149,7 +149,7 @@ RandomForm::~RandomForm() {
 
 void RandomForm::AddTables() {
   table_ = connection_->AddTable(u"dados", Columns(), StartRows());
-  // Lookups find one row, several, none or an error, whatever they ask.
+  // Lookups find one row, several, none or an error, whatever they ask for.
   connection_->OnStatement = [this](const String& statement) -> std::optional<memory::Rows> {
     if (connection_->Statements().size() > kStatementsKept) connection_->TakeStatements();
     if (InStr(LCase(statement), u"dados") != 0) return std::nullopt;

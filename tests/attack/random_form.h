@@ -1,4 +1,4 @@
-// A memory form of fields that chance made, over one table of every column type.
+// A memory form of random fields, on one table with every column type.
 #pragma once
 
 #include <memory>
@@ -15,14 +15,14 @@
 
 namespace tessaria::attack {
 
-/// A mask: mostly one that programs have, else one that chance wrote.
+/// A mask: usually one that programs use, otherwise a random one.
 String RandomMask(Random& random);
-/// A value as a program assigns it: of every kind and of many spellings.
+/// A value as a program assigns it: of every kind and in many spellings.
 Variant RandomValue(Random& random);
 /// A character as an operator types it.
 char16_t RandomCharacter(Random& random);
 
-/// The windows of the library are closed, after a few keys, by whoever opens one.
+/// When a field opens a window of the library, a script closes it after a few keys.
 class RandomForm {
  public:
   explicit RandomForm(Random& random);
@@ -42,19 +42,18 @@ class RandomForm {
   const std::shared_ptr<memory::Form>& Shared() { return form_; }
   std::vector<std::shared_ptr<memory::TsText>>& Fields() { return fields_; }
   memory::TsText& AnyField() { return *random_.OneOf(fields_); }
-  /// The field that has the focus; nothing when none has.
+  /// The field that has the focus; null when none has it.
   memory::TsText* Focused();
   host::Recordset& Rows() { return *data_->RecordSet(); }
   const memory::Table& Stored() const { return *table_; }
 
-  /// Draws anew the properties that a program changes at run time.
+  /// Sets the properties that a program changes at run time to new random values.
   void Reconfigure(memory::TsText& field);
-  /// Another row, with its values in all the fields, as a data control brings them. A pending
-  /// edit is dropped.
+  /// Loads another row into all the fields, as a data control does. A pending edit is dropped.
   void LoadRow(Long row);
-  /// What the windows and boxes left behind; long runs would keep it all.
+  /// Drops what the windows and boxes have recorded, which would pile up in long runs.
   void ForgetThePast();
-  /// What the windows did that nobody foresaw.
+  /// What the windows did unexpectedly.
   const std::vector<String>& WindowFaults() const { return windowFaults_; }
 
  private:

@@ -1,5 +1,4 @@
-// Sessions that edit the same rows at random: no update is lost, and none is counted that was
-// refused.
+// Several sessions edit the same rows at random: no update is lost, and no refused one is stored.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -27,19 +26,20 @@ host::ConnectionPtr Open() {
   return connection;
 }
 
-/// What the table must hold: each counter of each row, and the letters behind each name.
+/// What the table must hold: each counter of each row, and the number of letters appended to each
+/// name.
 struct Ledger {
   std::map<std::pair<Long, String>, Long> Counts;
   std::map<Long, std::size_t> Letters;
   Long Inserted = 0;
 };
 
-/// One user with rows of his own, read at some time.
+/// One user with a record set of their own, read at some time.
 class Session {
  public:
   explicit Session(Random& random) : random_(random), connection_(Open()) { Read(); }
 
-  /// Edits a row as it was read; the ledger tells of what the database took.
+  /// Edits a row as it was read. The ledger records what the database accepted.
   void Act(Ledger& ledger) {
     switch (random_.Below(10)) {
       case 0:
@@ -66,7 +66,8 @@ class Session {
     rows_->AbsolutePosition(static_cast<Long>(1 + random_.Below(kRows)));
     return CLng(Value(u"id"));
   }
-  // True when the database took the edit. A refused one is dropped, and the rows are read anew.
+  // Returns true when the database accepted the edit. A refused edit is dropped, and the rows are
+  // read again.
   bool Write() {
     Count("edits");
     try {
@@ -83,7 +84,7 @@ class Session {
 
   void AddToCounter(Ledger& ledger) {
     const Long id = StandOnAnyRow();
-    // Two columns at once now and then: both are taken, or none.
+    // Sometimes two columns at once: both are written, or none.
     const String first = random_.OneOf(kCounters);
     const String second = random_.OneOf(kCounters);
     Increment(first);

@@ -13,7 +13,7 @@
 namespace tessaria::attack {
 namespace {
 
-// g++ and clang tell of the address sanitizer in ways of their own.
+// g++ and clang report the address sanitizer in different ways.
 #if defined(__SANITIZE_ADDRESS__)
 constexpr bool kSlow = true;
 #elif defined(__has_feature)
@@ -32,7 +32,7 @@ void TakeSeed(std::string_view text) {
   settings.Seed = std::strtoull(std::string(text).c_str(), nullptr, 10);
 }
 
-// Of texts as of names: the same on every machine.
+// The same on every machine.
 std::uint64_t Hash(std::string_view text) {
   std::uint64_t hash = 14695981039346656037u;
   for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;

@@ -1,4 +1,4 @@
-// How an attack runs: its seed, its amounts, and what it counts for its closing lines.
+// How an attack runs: its seed, its amounts, and the counts that it prints at the end.
 #pragma once
 
 #include <chrono>
@@ -10,17 +10,17 @@
 
 namespace tessaria::attack {
 
-/// Amounts are small by default, so that every change is attacked. Called with `--long`, or with
-/// TESSARIA_ATTACK=long in the environment, they are those of a night. `--seed=N`, or
-/// TESSARIA_ATTACK_SEED, repeats a run; a long run without one draws its own.
+/// Amounts are small by default, so that every change is attacked. With `--long`, or with
+/// TESSARIA_ATTACK=long in the environment, they are those of a run over night. `--seed=N`, or
+/// TESSARIA_ATTACK_SEED, repeats a run; a long run without a seed chooses one.
 struct Settings {
   bool Long = false;
   std::uint64_t Seed = 1;
 };
 
-/// Those of this program.
+/// The settings of this program.
 const Settings& TheSettings();
-/// Reads the arguments and the environment, and prints the seed. To be called first.
+/// Reads the arguments and the environment, and prints the seed. Call it first.
 void ReadSettings(int argc, char** argv);
 
 /// The amount of this run. Under the sanitizers a short run is a quarter, at least one.
@@ -28,10 +28,10 @@ long long Amount(long long shortRun, long long longRun);
 
 /// Adds to a count that `PrintCounts` prints, in order of first use.
 void Count(const std::string& what, long long by = 1);
-/// The counts, the seconds and the megabytes of the run so far.
+/// Prints the counts, the seconds and the megabytes of the run so far.
 void PrintCounts();
 
-/// A fault of the attacked: fails the test, and tells the first ones of each kind.
+/// Reports a fault: fails the test, and prints the first ones of each kind.
 void Fault(const std::string& kind, const std::string& detail);
 /// Faults so far.
 long long FaultCount();
@@ -39,8 +39,8 @@ long long FaultCount();
 /// Bytes of the heap that are in use.
 long long HeapBytes();
 
-/// Draws by one seed. The draws of a part depend on its name alone, so that parts can be run one
-/// by one.
+/// Random numbers from one seed. Those of a part depend only on the seed and the name of the part,
+/// so that parts can be run one by one.
 class Random {
  public:
   explicit Random(const std::string& part);
@@ -61,7 +61,7 @@ class Random {
   std::mt19937_64 engine_;
 };
 
-/// Seconds since it was made.
+/// Seconds since its creation.
 class Stopwatch {
  public:
   double Seconds() const {

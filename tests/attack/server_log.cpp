@@ -49,7 +49,7 @@ class Reader {
     Add(std::string(1, c));
   }
 
-  // A sign in front of a number belongs to it where no value comes before.
+  // A sign before a number belongs to it unless a value comes before the sign.
   bool SignFits() const {
     const char next = Here(1);
     const char before = shape_.empty() ? ' ' : shape_.back();
@@ -69,7 +69,7 @@ class Reader {
     ++at_;
     Add("S");
   }
-  // A plain name of a usual length stands for itself, any other is Q.
+  // A plain name of a usual length stays as it is, any other becomes Q.
   void Quoted() {
     std::string name;
     for (++at_; at_ < text_.size(); ++at_) {
@@ -90,7 +90,7 @@ class Reader {
     }
     Add("N");
   }
-  // Numbers at the end of a name count savepoints and cursors.
+  // Numbers at the end of a name count savepoints and cursors, and are left out.
   void Word() {
     std::string word;
     for (; IsWord(Here()); ++at_)
@@ -134,7 +134,7 @@ std::vector<std::string> ServerLog::TakeStatements() {
   bool inside = false;
   file_.clear();
   for (std::string line; std::getline(file_, line);) {
-    // What a statement's own line breaks begin is set in by the server.
+    // The server indents the lines that follow a line break of a statement.
     if (line.starts_with('\t') && inside) {
       statements.back() += "\n" + line.substr(1);
       continue;

@@ -1,4 +1,4 @@
-// What reached the server, by its own log: the shapes of the statements.
+// The shapes of the statements that reached the server, read from its own log.
 #pragma once
 
 #include <fstream>
@@ -16,8 +16,8 @@ namespace tessaria::attack {
 enum class Backslash { Plain, Escapes };
 
 /// The shape of a statement: words in lower case, S for a string, N for a number with its sign, D
-/// for a dollar quote, "comment" for a comment, which no expected shape has. Written without
-/// regard to the library's own scanner, to check it.
+/// for a dollar quote, "comment" for a comment, which no expected shape has. Independent of the
+/// library's own scanner, in order to check it.
 std::string ShapeOf(std::string_view statement, Backslash backslash);
 
 /// The statements that the cluster's server received since the last call, of every session that

@@ -1,5 +1,5 @@
-// A working session over a real server that is killed at each of its steps: nothing typed is lost
-// from the screen, nothing is stored twice, and every step ends.
+// Runs a working session on a real server that is killed at each of its steps: no typed text is
+// lost from the screen, nothing is stored twice, and every step ends.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -55,7 +55,7 @@ void EndSessions() {
       u" where pid <> pg_backend_pid() and backend_type = 'client backend'");
 }
 
-// Letters and digits alone: what a mask adds to a text, and takes from it, are others.
+// Only letters and digits: a mask adds and removes only other characters.
 QString essence(const QString& text) {
   QString kept;
   for (const QChar c : text)
@@ -89,7 +89,8 @@ class Desk {
     return boxes_.boxes().empty() ? QString() : boxes_.boxes().back().text;
   }
 
-  /// Types a text over what the field holds, and leaves it. False when the focus was refused.
+  /// Types a text over what the field holds, and leaves the field. Returns false when the focus was
+  /// refused.
   bool Fill(const char* name, const QString& text) {
     TsText& field = Field(name);
     if (!Enter(field)) return false;
@@ -108,13 +109,13 @@ class Desk {
     typed_.erase(s(name));
     return Enter(Field("repouso"));
   }
-  /// Another row is on the screen.
+  /// After a move to another row, forgets what was typed. Returns whether it moved.
   bool Moved(bool moved) {
     if (moved) typed_.clear();
     return moved;
   }
-  /// Saves the new row. One of which nobody knows whether it was stored is looked for by reading
-  /// again, as the box says, and given up when it is there.
+  /// Saves the new row. When it is unknown whether the row was stored, the operator reads the rows
+  /// again, as the box says, and cancels the new row when it is there.
   bool SaveNewRow() {
     if (!rows_->recordSet()->IsInDoubt()) return rows_->saveRow();
     const auto boxes = boxes_.boxes().size();
@@ -280,7 +281,7 @@ class Server : public testing::Test {
     Count("sessions");
   }
 
-  // False when the step comes to no good end, however often the operator repeats it.
+  // Returns false when the step does not succeed in all attempts of the operator.
   bool Do(const Step& step, Desk& desk) {
     for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
       const int boxes = desk.Boxes();

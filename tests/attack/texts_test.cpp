@@ -1,5 +1,5 @@
-// Hostile texts in every kind of field over a real server: none becomes a command, none is stored
-// as another one.
+// Enters hostile texts into every kind of field on a real server: none becomes a command, and none
+// is stored as a different text.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -41,7 +41,7 @@ constexpr const char16_t* kMasks[] = {u"CCCCCCCCCC", u"aaa-0000", u"dd/mm/yyyy",
 // The places where a condition takes the value of another field.
 constexpr const char16_t* kWheres[] = {u"uf <> '@pai@'", u"codigo <> @pai@",
                                        u"nome not like '@pai@'", u"\"@pai@\" is not null"};
-// Every kind of field without a mask and with one: so many fields one after the other are all.
+// The number of kinds of fields, without a mask and with one; as many fields in a row cover all.
 constexpr long long kKindsOfFields = 2 * kKinds;
 // More characters than an operator would type one by one.
 constexpr std::size_t kMostTyped = 60;
@@ -49,7 +49,7 @@ constexpr const char16_t* kRow =
     u"update ficha set nome = 'Ana', curto = 'abc', inteiro = 7, numero = 1.5, dia = '2017-12-25',"
     u" ativo = true where id = 1";
 
-/// One field, and how a text comes into it.
+/// One field, and how a text is entered into it.
 struct Setting {
   TipoControle Kind;
   String Column, Mask, Where;
@@ -57,7 +57,7 @@ struct Setting {
   Way How;
 };
 
-// The kind of field and whether it has a mask follow from the number, the rest is drawn.
+// The kind of field and whether it has a mask follow from the number; the rest is random.
 Setting RandomSetting(Random& random, long long number) {
   const bool hasMask = number / kKinds % 2 != 0;
   return {static_cast<TipoControle>(number % kKinds),
@@ -80,12 +80,13 @@ std::string Told(const Setting& setting, const String& text) {
          testing::PrintToString(ToUtf8(text.substr(0, 200)));
 }
 
-// Strictly as the field shows it: no folding, no blanks cut.
+// Compares the text as the field shows it: case and blanks count.
 bool IsText(const Variant& stored, const String& text) {
   return stored.IsNull() ? text.empty() : CStr(stored) == text;
 }
 
-/// A form with a parent, a field under attack, its sibling and a way out, used once.
+/// A form with a parent field, a field under attack, its sibling and a field to move on to.
+/// Used once.
 class Try {
  public:
   Try(const host::ConnectionPtr& connection, const Setting& setting, const String& text)
@@ -124,9 +125,9 @@ class Try {
 
   /// What the box held when the field was left.
   const String& Typed() const { return typed_; }
-  /// The operator was told, by a box or a beep, ahead of the list.
+  /// Whether the operator was informed, by a box or a beep, before the list opened.
   bool HadError() const { return hadError_; }
-  /// An exception left the library that is no run-time error.
+  /// The exception, other than a run-time error, that left the library; empty when there was none.
   std::string Exception() const {
     for (const HostError& error : form_->UnhandledErrors())
       if (error.Number() == 0) return error.what();
@@ -182,7 +183,7 @@ class Try {
     form_->Focus(u"campo");
     form_->RunEvent([&] { field_->ClickButton(); });
   }
-  // The text as a value that another field's condition takes in.
+  // Uses the text as a value that the condition of another field takes in.
   void AttackParent() {
     const auto parent = std::dynamic_pointer_cast<memory::TsText>(form_->Controls(u"pai"));
     form_->RunEvent([&] { (**parent).Value(text_); });
@@ -271,7 +272,7 @@ class Texts : public testing::Test {
     }
   }
 
-  // Few shapes come again and again.
+  // The same few shapes occur many times.
   bool IsExpected(const std::string& shape) {
     const auto [entry, isNew] = judged_.try_emplace(shape);
     if (isNew) entry->second = IsShapeOfTheLibrary(shape);
@@ -292,7 +293,7 @@ class Texts : public testing::Test {
       CheckNumber(stored, one.Typed(), lastDigit, told);
     }
   }
-  // The server cuts blanks, and blanks only, behind the length of a column.
+  // The server cuts only blanks beyond the length of a column.
   static String CutToTen(String text) {
     const auto isHalf = [](char16_t c) { return c >= 0xDC00 && c <= 0xDFFF; };
     const auto characters = [&] { return std::ssize(text) - std::ranges::count_if(text, isHalf); };
@@ -319,7 +320,7 @@ class Texts : public testing::Test {
     if (!lives) Fault("the canary is dead", told);
   }
 
-  // All the texts, each in so many fields.
+  // Enters all the texts, each into that many fields.
   void AttackAll(std::size_t texts, long long fields, Backslash backslash, const char* part) {
     Random random(part);
     ServerLog log(PostgresCluster::Shared());
@@ -343,7 +344,7 @@ TEST_F(Texts, AreValuesAndNothingElse) {
   AttackAll(2200, Amount(1, 4 * kKindsOfFields), Backslash::Plain, "texts");
 }
 
-TEST_F(Texts, AreValuesWhereTheServerReadsBackslashes) {
+TEST_F(Texts, AreValuesWhenTheServerReadsBackslashesAsEscapes) {
   AttackAll(300, Amount(1, 4 * kKindsOfFields), Backslash::Escapes, "texts with backslashes");
 }
 

@@ -1,5 +1,5 @@
-// Hundreds of real windows made, worked and destroyed, closed at the worst moments: none harms the
-// program, and the memory does not grow.
+// Creates, uses and destroys hundreds of real windows, and closes them at the worst moments: none
+// harms the program, and the memory does not grow.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -33,7 +33,7 @@ QString NameOf(std::size_t field) { return QStringLiteral("campo%1").arg(field);
 enum class Moment { Afterwards, InTheModalWindow, InAHandler };
 constexpr Moment kMoments[] = {Moment::Afterwards, Moment::InTheModalWindow, Moment::InAHandler};
 
-/// A window that destroys itself when its moment comes.
+/// A window that destroys itself at the chosen moment.
 class Life {
  public:
   Life(Random& random, Moment moment)
@@ -112,7 +112,7 @@ class Life {
     }
   }
 
-  // Closes the modal window in front, and what lies under it when that is the moment.
+  // Closes the modal window in front, and the window under it when that is the chosen moment.
   void WorkModal() {
     const QPointer<QWidget> modal(QApplication::activeModalWidget());
     if (!modal) return;
@@ -121,7 +121,7 @@ class Life {
     if (modal && modal->isVisible()) qt::tests::press(*modal, Qt::Key_Return);
   }
 
-  // As a dead key delivers it, where the window may go under the key.
+  // Enters it as a dead key does, because the window may be destroyed during the key.
   void Enter(const QString& character) {
     if (moment_ == Moment::Afterwards) return qt::tests::type(*window_, character);
     if (window_->focusWidget()) qt::tests::commit(*window_, character);
