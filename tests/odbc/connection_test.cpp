@@ -7,7 +7,7 @@ namespace {
 
 using ConnectionTest = DatabaseTest;
 
-TEST_F(ConnectionTest, TellsItsState) {
+TEST_F(ConnectionTest, ReportsItsState) {
   EXPECT_EQ(connection_->State(), host::state::Open);
   EXPECT_EQ(connection_->ConnectionString(), Cluster().ConnectionString());
   EXPECT_HOST_ERROR(connection_->Open(), errors::ObjectOpen);
@@ -43,7 +43,7 @@ TEST_F(ConnectionTest, AConnectionStringThatWouldBeCutIsRefused) {
   EXPECT_EQ(connection->State(), host::state::Closed);
 }
 
-TEST_F(ConnectionTest, NamesThatWouldBeCutAreNotLookedFor) {
+TEST_F(ConnectionTest, NamesThatWouldBeCutAreRefused) {
   EXPECT_HOST_ERROR(
       connection_->OpenSchema(host::SchemaKind::Columns,
                               {.Catalog = {}, .Schema = {}, .Table = String(u"a\0", 2)}),
@@ -63,7 +63,7 @@ TEST_F(ConnectionTest, OpensByDataSourceName) {
   unsetenv("ODBCINI");
 }
 
-TEST_F(ConnectionTest, TellsWhyItCannotOpen) {
+TEST_F(ConnectionTest, ReportsWhyItCannotOpen) {
   auto connection = CreateConnection();
   connection->ConnectionString(u"Driver={PostgreSQL Unicode};Servername=/nenhum;Database=x");
   try {
@@ -118,7 +118,7 @@ TEST_F(ConnectionTest, ErrorsCarryTheDriversText) {
   }
 }
 
-TEST_F(ConnectionTest, ServerTimeOutIsAnErrorOfItsOwn) {
+TEST_F(ConnectionTest, ServerTimeOutHasItsOwnError) {
   Run(u"set statement_timeout = 100");
   EXPECT_HOST_ERROR(Run(u"select pg_sleep(5)"), errors::TimeOut);
   EXPECT_EQ(connection_->State(), host::state::Open);
@@ -143,7 +143,7 @@ constexpr TextCase kTexts[] = {
     {u"to_char('2020-02-29'::date, 'dd/mm/yyyy')", u"29/02/2020"},
 };
 
-TEST_F(ConnectionTest, TextsOfStatementsReachTheServerAsTheyStand) {
+TEST_F(ConnectionTest, TextsOfStatementsReachTheServerUnchanged) {
   Run(u"create table t (a text)");
   for (const TextCase& c : kTexts) {
     SCOPED_TRACE(ToUtf8(c.literal));
@@ -162,7 +162,7 @@ TEST_F(ConnectionTest, TypedValueCannotAppendAStatement) {
   EXPECT_SAME(Scalar(u"select count(*)::int from t"), Long{1});
 }
 
-TEST_F(ConnectionTest, StatementWithoutRowsGivesAClosedRecordset) {
+TEST_F(ConnectionTest, StatementWithoutRowsReturnsAClosedRecordset) {
   const auto created = connection_->Execute(u"create table t (a int)");
   EXPECT_EQ(created->State(), host::state::Closed);
   EXPECT_HOST_ERROR(created->Eof(), errors::ObjectClosed);

@@ -28,26 +28,26 @@ class CuttingProxyTest : public DatabaseTest {
   host::ConnectionPtr behind_;
 };
 
-TEST_F(CuttingProxyTest, PassesWhatItIsNotToldToCut) {
+TEST_F(CuttingProxyTest, PassesWhatItIsNotAskedToCut) {
   behind_->Execute(u"insert into t select generate_series(1, 10000)");
   EXPECT_EQ(behind_->Execute(u"select * from t")->RecordCount(), 10000);
   EXPECT_EQ(proxy_->Cuts(), 0);
 }
 
-TEST_F(CuttingProxyTest, CutsAheadOfWhatTheClientSends) {
+TEST_F(CuttingProxyTest, CutsBeforeWhatTheClientSends) {
   proxy_->CutAt(Side::Client, {"insert into"});
   EXPECT_HOST_ERROR(behind_->Execute(u"insert into t values (1)"), errors::WriteInDoubt);
   EXPECT_EQ(Count(), 0);
   EXPECT_EQ(proxy_->Cuts(), 1);
 }
 
-TEST_F(CuttingProxyTest, CutsAheadOfWhatTheServerAnswers) {
+TEST_F(CuttingProxyTest, CutsBeforeWhatTheServerAnswers) {
   proxy_->CutAt(Side::Server, {"UPDATE 1", "INSERT 0 1"});
   EXPECT_HOST_ERROR(behind_->Execute(u"insert into t values (1)"), errors::WriteInDoubt);
   EXPECT_EQ(Count(), 1);
 }
 
-TEST_F(CuttingProxyTest, CutsBehindSoManyBytes) {
+TEST_F(CuttingProxyTest, CutsAfterANumberOfBytes) {
   Run(u"insert into t select generate_series(1, 10000)");
   proxy_->CutAfter(Side::Server, 20000);
   EXPECT_ANY_THROW(behind_->Execute(u"select * from t")->RecordCount());

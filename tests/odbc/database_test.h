@@ -1,4 +1,4 @@
-// What the tests against a real server share.
+// Shared by the tests against a real server: an open connection and its helpers.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -39,7 +39,7 @@ constexpr ParameterCase kParameters[] = {
     {SQL_REAL, u"1.1", kServer, SQL_REAL, 7, 0},
     {SQL_FLOAT, u"1e+20", kServer, SQL_DOUBLE, 15, 0},
     {SQL_DOUBLE, u"0.1", kAccess, SQL_DOUBLE, 15, 0},
-    // exact numbers travel with the decimals of the value: the server rounds, a driver refuses
+    // exact numbers are sent with the decimals of the value: the server rounds, a driver refuses
     {SQL_NUMERIC, u"1.239", kServer, SQL_NUMERIC, 4, 3},
     {SQL_DECIMAL, u"-10.5000", kServer, SQL_DECIMAL, 6, 4},
     {SQL_DECIMAL, u"7", kAccess, SQL_DECIMAL, 1, 0},
@@ -77,7 +77,7 @@ TEST(ParameterOf, HasTheTypeOfTheColumn) {
   }
 }
 
-TEST(ParameterOf, KeepsTheTextButForNeedlessDecimalsOfASecond) {
+TEST(ParameterOf, KeepsTheTextExceptForNeedlessDecimalsOfASecond) {
   Column moment;
   moment.sqlType = SQL_TYPE_TIMESTAMP;
   EXPECT_EQ(ParameterOf(moment, u"2020-02-29 10:00:00.500000", kServer).text,
@@ -102,7 +102,7 @@ constexpr LengthCase kLengths[] = {
     {Dialect::Other, 100'000, SQL_WVARCHAR},
 };
 
-TEST(ParameterOf, IsALongTextWhereAPlainOneIsTooShort) {
+TEST(ParameterOf, IsALongTextWhenAPlainOneIsTooShort) {
   for (const LengthCase& c : kLengths) {
     const Parameter parameter = ParameterOf({}, String(c.characters, u'a'), c.dialect);
     EXPECT_EQ(parameter.sqlType, c.sqlType) << c.characters;
@@ -171,12 +171,12 @@ constexpr NameCase kNames[] = {
     {kServer, u"outro", u"", u"\"outro\"..\"t\""},
     {kServer, u"", u"dbo", u"\"dbo\".\"t\""},
     {kServer, u"", u"", u"\"t\""},
-    // There a catalogue is the connection's own database, or a file.
+    // For these a catalogue is the connection's own database, or a file.
     {Dialect::PostgreSql, u"postgres", u"public", u"\"public\".\"t\""},
     {kAccess, u"C:\\dados", u"", u"\"t\""},
 };
 
-TEST(TableName, HasTheDatabaseWhereItMayBeAnother) {
+TEST(TableName, IncludesTheDatabaseWhenItMayBeAnother) {
   Server server;
   server.quote = u"\"";
   for (const NameCase& c : kNames) {
@@ -185,7 +185,7 @@ TEST(TableName, HasTheDatabaseWhereItMayBeAnother) {
   }
 }
 
-TEST(TableName, CapitalsCountWhereTheDriverTellsTheName) {
+TEST(TableName, CapitalsCountWhenTheDriverReportsTheName) {
   EXPECT_TRUE(IsSameName(kServer, u"CODIGO", u"Codigo"));
   EXPECT_TRUE(IsSameName(kAccess, u"CODIGO", u"Codigo"));
   EXPECT_FALSE(IsSameName(Dialect::PostgreSql, u"CODIGO", u"Codigo"));
@@ -199,7 +199,7 @@ TEST(Settings, AreThoseOfTheDatabase) {
   EXPECT_TRUE(SettingsOf(Dialect::Other).empty());
 }
 
-TEST(GivenKey, IsAskedInEachDatabasesWay) {
+TEST(GivenKey, IsObtainedInTheWayOfEachDatabase) {
   EXPECT_EQ(GivenKeyOf(Dialect::PostgreSql), GivenKey::Returned);
   EXPECT_EQ(GivenKeyOf(kServer), GivenKey::SameBatch);
   EXPECT_EQ(IdentityQuestion(kServer), u"SELECT SCOPE_IDENTITY()");

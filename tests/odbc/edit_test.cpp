@@ -142,7 +142,7 @@ TEST_F(EditTest, ReadOnlySetRefusesToWrite) {
   readOnly->Update();
 }
 
-// Rows whose way back to one row of one table is not certain.
+// Rows that cannot be traced with certainty to one row of one table.
 TEST_F(EditTest, SetWithoutATableAndItsKeyIsReadOnly) {
   Run(u"create table u (codigo int)");
   Run(u"insert into u values (1)");
@@ -171,7 +171,7 @@ TEST_F(EditTest, ColumnsMayHaveOtherNamesInTheSet) {
   EXPECT_SAME(Get(rows, u"g"), u"BIA");
 }
 
-TEST_F(EditTest, RowShowsWhatTheDatabaseMadeOfIt) {
+TEST_F(EditTest, RowShowsWhatTheDatabaseStored) {
   Run(u"create function f() returns trigger language plpgsql as"
       u" $$begin new.nome := upper(new.nome); return new; end$$");
   Run(u"create trigger g before insert or update on t for each row execute function f()");
@@ -185,7 +185,7 @@ TEST_F(EditTest, RowShowsWhatTheDatabaseMadeOfIt) {
   EXPECT_SAME(NameOf(1), u"AGAIN");
 }
 
-TEST_F(EditTest, RowThatLeavesTheConditionStaysInTheSet) {
+TEST_F(EditTest, RowThatNoLongerMeetsTheConditionStaysInTheSet) {
   const auto rows = Edit(u"select codigo, nome, nome || '!' as n from t where nome = 'Ana'");
   Set(rows, u"nome", u"Eva");
   rows->Update();
@@ -193,7 +193,7 @@ TEST_F(EditTest, RowThatLeavesTheConditionStaysInTheSet) {
   EXPECT_EQ(rows->RecordCount(), 1);
 }
 
-TEST_F(EditTest, AddNewInsertsAndTellsTheKeyAndTheDefaults) {
+TEST_F(EditTest, AddNewInsertsAndReturnsTheKeyAndTheDefaults) {
   rows_->AddNew();
   EXPECT_EQ(rows_->EditMode(), EditMode::Add);
   EXPECT_FALSE(rows_->Eof());
@@ -219,7 +219,7 @@ TEST_F(EditTest, AddNewWithNothingAssignedInsertsTheDefaults) {
   EXPECT_SAME(Get(rows_, u"nome"), u"novo");
 }
 
-TEST_F(EditTest, CancelledNewRowGoesAway) {
+TEST_F(EditTest, CancelledNewRowIsRemoved) {
   rows_->MoveNext();
   rows_->AddNew();
   Set(rows_, u"nome", u"X");
@@ -269,7 +269,7 @@ TEST_F(EditTest, KeyItselfCanBeChanged) {
   EXPECT_SAME(NameOf(100), u"Ada");
 }
 
-TEST_F(EditTest, DeleteTakesTheRowAway) {
+TEST_F(EditTest, DeleteRemovesTheRow) {
   rows_->MoveNext();
   rows_->Delete();
   EXPECT_EQ(Count(), 2);

@@ -1,5 +1,5 @@
-// Stored values at the ends of their types: shown right or as text, and left alone by an edit of
-// another column.
+// Stored values at the ends of their types: they are shown correctly or as text, and an edit of
+// another column leaves them alone.
 #include "tests/odbc/database_test.h"
 
 namespace tessaria::odbc::test {
@@ -98,7 +98,7 @@ class ExtremesTest : public DatabaseTest {
   Variant stored_;
 };
 
-TEST_F(ExtremesTest, AreShownRightOrAsText) {
+TEST_F(ExtremesTest, AreShownCorrectlyOrAsText) {
   for (const ExtremeCase& c : ExtremeCases()) {
     SCOPED_TRACE(ToUtf8(c.sqlType) + " " + ToUtf8(c.literal));
     CreateTable(c);
@@ -110,7 +110,7 @@ TEST_F(ExtremesTest, AreShownRightOrAsText) {
   }
 }
 
-TEST_F(ExtremesTest, AreNoEditWhenTheyComeBack) {
+TEST_F(ExtremesTest, AreNoEditWhenAssignedAgain) {
   for (const ExtremeCase& c : ExtremeCases()) {
     SCOPED_TRACE(ToUtf8(c.sqlType) + " " + ToUtf8(c.literal));
     CreateTable(c);
@@ -181,7 +181,7 @@ TEST_F(ExtremesTest, MayBeKeys) {
   EXPECT_SAME(Scalar(u"select sum(n)::int from t"), Long{3});
 }
 
-// Dates arrive as texts, which is no reason to lose what a result tells of its columns.
+// Although dates arrive as texts, the columns keep what the result reports about them.
 TEST_F(ExtremesTest, ColumnsStayThoseOfTheStatement) {
   Run(u"create table t (k int primary key, d date not null, m timestamp)");
   Run(u"insert into t select n, date '2020-01-01' + n, null from generate_series(1, 5000) n");
@@ -220,7 +220,7 @@ TEST_F(ExtremesTest, SortInTheirOrder) {
   }
 }
 
-TEST_F(ExtremesTest, AWordThatComesBackEndsTheEditOfItsField) {
+TEST_F(ExtremesTest, AWordThatIsAssignedAgainEndsTheEditOfItsField) {
   Run(u"create table t (k int primary key, n numeric, x text)");
   Run(u"insert into t values (1, 'NaN', 'a')");
   const auto rows = Edit(u"select * from t");

@@ -68,7 +68,7 @@ constexpr FindCase kCases[] = {
     {u"[com espaço] = ''", 3},
 };
 
-TEST_F(FindTest, SeeksForwardFromTheCurrentRow) {
+TEST_F(FindTest, SearchesForwardFromTheCurrentRow) {
   for (const FindCase& c : kCases) {
     rows_->MoveFirst();
     rows_->Find(String(c.criterion));
@@ -76,7 +76,7 @@ TEST_F(FindTest, SeeksForwardFromTheCurrentRow) {
   }
 }
 
-TEST_F(FindTest, LooksAtTheCurrentRowAndNotBehindIt) {
+TEST_F(FindTest, SearchesTheCurrentRowAndNoneBeforeIt) {
   rows_->AbsolutePosition(3);
   rows_->Find(u"codigo = 3");
   EXPECT_EQ(rows_->AbsolutePosition(), 3);
@@ -127,7 +127,7 @@ constexpr TypedCase kTyped[] = {
     {u"n = 12345678901234567890123456789012345", 4},
 };
 
-// A number is what it is in its own type, not what a double makes of it.
+// A number is compared in its own type, not as a double.
 TEST_F(FindTest, ComparesByTheTypeOfTheField) {
   const auto rows = Read(
       u"select * from (values"
@@ -145,7 +145,7 @@ TEST_F(FindTest, ComparesByTheTypeOfTheField) {
   }
 }
 
-// As the list of a field looks for the row of its value.
+// The list of a field looks for the row of its value in this way.
 TEST_F(FindTest, FindsARowByTheTextOfItsValue) {
   const auto rows = Read(
       u"select * from (values (1.1::real, 0.1::float8, 9007199254740992, 1.10, '1.1'::money),"
@@ -163,7 +163,7 @@ TEST_F(FindTest, FindsARowByTheTextOfItsValue) {
   }
 }
 
-TEST_F(FindTest, ReadsOnWhileItSeeks) {
+TEST_F(FindTest, ReadsOnWhileItSearches) {
   const auto rows = Read(u"select n from generate_series(1, 20000) n");
   rows->Find(u"n = 15000");
   EXPECT_EQ(rows->AbsolutePosition(), 15000);

@@ -1,5 +1,5 @@
-// Values that are made to change a lookup, typed into its field and sent to a real server: none
-// finds a row that is not its own, and none runs anything.
+// Values made to change a lookup are typed into its field and sent to a real server: none finds a
+// row other than its own, and none runs anything.
 #include "browse/search_clause.h"
 #include "lookup/description_lookup.h"
 #include "lookup/relation_check.h"
@@ -115,7 +115,7 @@ TEST_F(HostileValues, EachIsFoundAsATextByItself) {
   ExpectAllIsThere();
 }
 
-TEST_F(HostileValues, EachBeginsWithItselfInAPattern) {
+TEST_F(HostileValues, EachMatchesTheTextThatBeginsWithItInAPattern) {
   for (const bool backslashes : {false, true}) {
     Run(backslashes ? u"set standard_conforming_strings to off"
                     : u"set standard_conforming_strings to on");
@@ -137,7 +137,7 @@ TEST_F(HostileValues, EachBeginsWithItselfInAPattern) {
   }
 }
 
-TEST_F(HostileValues, ATextThatWouldBeCutIsNotLookedForAndNotStored) {
+TEST_F(HostileValues, ATextThatWouldBeCutIsNeitherLookedUpNorStored) {
   const String cut(u"um\0 or true", 11);
   EXPECT_FALSE(Exists(u"nome", cut));
   EXPECT_SAME(CodeOf(u"nome", cut), Variant());

@@ -116,7 +116,7 @@ TEST_F(LostServerTest, ObjectsMayBeDroppedInAnyOrderAfterwards) {
   EXPECT_SAME(field->Value(), Long{1});
 }
 
-/// Takes connections and never says a word.
+/// Accepts connections and never answers.
 class MuteServer {
  public:
   explicit MuteServer(const std::string& folder) : socket_(socket(AF_UNIX, SOCK_STREAM, 0)) {
@@ -139,7 +139,7 @@ class MuteServer {
   bool isListening_ = false;
 };
 
-TEST_F(LostServerTest, ServerThatDoesNotAnswerIsWaitedForNoLongerThanTold) {
+TEST_F(LostServerTest, WaitForAServerThatDoesNotAnswerEndsWithTheTimeout) {
   const std::string folder = Cluster().Folder() + "/mudo";
   const MuteServer server(folder);
   ASSERT_TRUE(server.IsListening());

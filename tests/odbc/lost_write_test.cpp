@@ -1,4 +1,4 @@
-// Writes against a line or a reading that fails at each step: what was accepted is over.
+// Writes while the line or a reading fails at each step: a write that was accepted is over.
 #include <optional>
 
 #include "tests/odbc/database_test.h"
@@ -26,7 +26,7 @@ class LostWriteTest : public DatabaseTest {
   host::RecordsetPtr EditOnLine(const String& statement) {
     return line_->OpenRecordset(statement, CursorType::Static, LockType::Optimistic);
   }
-  /// Rows of which some came and the reading of the rest has failed.
+  /// Rows of which some arrived before reading the rest failed.
   host::RecordsetPtr BrokenRows() {
     auto rows = EditOnLine(u"select * from t order by codigo");
     proxy_->CutNow();
@@ -58,8 +58,8 @@ TEST_F(LostWriteTest, NewRowIsStoredOnceWhenTheOtherRowsCannotBeRead) {
   EXPECT_EQ(CountOf(u"Davi 2"), 1);
 }
 
-// The rows that did not come stay missed: nothing passes for all rows.
-TEST_F(LostWriteTest, RowsThatCouldNotBeReadAreStillAnErrorBehindAWrite) {
+// Rows that did not arrive stay missing: an incomplete set never counts as complete.
+TEST_F(LostWriteTest, RowsThatCouldNotBeReadAreStillAnErrorAfterAWrite) {
   const auto rows = BrokenRows();
   rows->AddNew();
   rows->Update();
@@ -88,7 +88,7 @@ TEST_F(LostWriteTest, DeletedRowIsGoneWhenTheOtherRowsCannotBeRead) {
   EXPECT_HOST_ERROR(rows->FetchMore(1), errors::ProviderError);
 }
 
-TEST_F(LostWriteTest, EditIsOverWhenTheMoveBehindItFails) {
+TEST_F(LostWriteTest, EditIsOverWhenTheMoveAfterItFails) {
   const auto rows = BrokenRows();
   const Long last = rows->RowsRead();
   rows->AbsolutePosition(last);
@@ -99,7 +99,7 @@ TEST_F(LostWriteTest, EditIsOverWhenTheMoveBehindItFails) {
   EXPECT_EQ(CountOf(u"Davi"), 1);
 }
 
-// The row shows what was written; the next call meets the error.
+// The row shows what was written; the next call raises the error.
 TEST_F(LostWriteTest, WriteIsOverWhenTheRowCannotBeReadAgain) {
   const auto rows = EditOnLine(u"select * from t where codigo = 1");
   const auto cutReading = [&] { proxy_->CutAt(Side::Client, {"SELECT "}); };
@@ -146,12 +146,12 @@ TEST_F(LostWriteTest, NewRowWhoseKeyTheDatabaseGivesIsWrittenAgainOnlyWhenTheRow
   }
 }
 
-TEST_F(LostWriteTest, AQueryWhoseAnswerIsLostIsInNoDoubt) {
+TEST_F(LostWriteTest, AQueryWhoseAnswerIsLostIsNotInDoubt) {
   proxy_->CutAt(Side::Client, {"SELECT count"});
   EXPECT_HOST_ERROR(line_->Execute(u"SELECT count(*) from t"), errors::ProviderError);
 }
 
-TEST_F(LostWriteTest, AStatementThatMayBeDoneIsToldInPlainWords) {
+TEST_F(LostWriteTest, AStatementThatMayBeDoneIsReportedInPlainWords) {
   proxy_->CutAt(Side::Server, {"INSERT 0 1"});
   try {
     line_->Execute(u"insert into t (nome) values ('Davi')");
@@ -163,7 +163,7 @@ TEST_F(LostWriteTest, AStatementThatMayBeDoneIsToldInPlainWords) {
   EXPECT_EQ(CountOf(u"Davi"), 1);
 }
 
-TEST_F(LostWriteTest, DoubtIsToldInPlainWords) {
+TEST_F(LostWriteTest, DoubtIsReportedInPlainWords) {
   const auto rows = EditOnLine(u"select * from t where codigo = 1");
   Set(rows, u"nome", u"Davi");
   proxy_->CutAt(Side::Server, {"UPDATE 1"});
@@ -207,7 +207,7 @@ TEST_F(LostWriteTest, ARowThatHoldsTheNewKeyAlreadyIsNotTheEditedOne) {
   EXPECT_SAME(Get(rows, u"nome"), u"nome 1");
 }
 
-TEST_F(LostWriteTest, ARowThatIsAsNobodyKnowsIsToldInPlainWords) {
+TEST_F(LostWriteTest, ARowInAnUnknownStateIsReportedInPlainWords) {
   const auto rows = EditOnLine(u"select * from t where codigo = 1");
   Set(rows, u"nome", u"Davi");
   proxy_->CutAt(Side::Server, {"UPDATE 1"});
@@ -223,7 +223,7 @@ TEST_F(LostWriteTest, ARowThatIsAsNobodyKnowsIsToldInPlainWords) {
   EXPECT_EQ(CountOf(u"Eva"), 1);
 }
 
-// What the line does at any byte: never a second row, and never a lost one once it was accepted.
+// Wherever the line is cut: there is never a second row, and an accepted row is never lost.
 TEST_F(LostWriteTest, NewRowIsStoredOnceWhereverTheAnswerIsCut) {
   for (std::size_t bytes = 0; bytes < 400; bytes += 13) {
     SCOPED_TRACE(bytes);

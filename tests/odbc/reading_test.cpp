@@ -52,7 +52,7 @@ TEST_F(ReadingTest, OtherStatementsOfTheConnectionDoNotCutItShort) {
   ExpectAllRows(first);
 }
 
-// A failing write is what ends the driver's own cursors without a diagnostic.
+// A failing write ends the driver's own cursors without a diagnostic.
 TEST_F(ReadingTest, FailingStatementDoesNotCutItShort) {
   for (const StringView settings : {u"", u"UseDeclareFetch=1;Fetch=100;", u"Protocol=7.4-2;"}) {
     connection_ = NewConnection(String(settings));
@@ -98,7 +98,7 @@ TEST_F(ReadingTest, EffectsOfAQueryStayWhenItIsClosedEarly) {
   EXPECT_GT(CLng(Scalar(u"select count(*)::int from u")), 0);
 }
 
-TEST_F(ReadingTest, ErrorInALaterRowIsRaisedWhereItIsMet) {
+TEST_F(ReadingTest, ErrorInALaterRowIsRaisedWhenItIsReached) {
   const auto rows = Read(u"select n, 1 / (35000 - n) from generate_series(1, 40000) n");
   rows->AbsolutePosition(15000);
   EXPECT_SAME(Get(rows, 0), Long{15000});
@@ -108,8 +108,8 @@ TEST_F(ReadingTest, ErrorInALaterRowIsRaisedWhereItIsMet) {
   EXPECT_SAME(Scalar(u"select 1"), Long{1});
 }
 
-// The server sends rows in portions; wherever in them the error falls, it is told.
-TEST_F(ReadingTest, ErrorInAnyRowIsTold) {
+// The server sends rows in portions; an error is reported wherever it occurs in them.
+TEST_F(ReadingTest, ErrorInAnyRowIsReported) {
   for (const bool inTransaction : {false, true}) {
     for (const int row : {1, 2048, 2049, 4096, 4097, 9000, 18432, 18433, 20480, 20000, 40000}) {
       SCOPED_TRACE(row);
@@ -196,7 +196,7 @@ TEST_F(ReadingTest, TextsAtTheEdgeOfTheBufferAreReadWhole) {
   }
 }
 
-// The way for drivers that cannot read a bound cell again.
+// The way in which rows are read with drivers that cannot read a bound cell again.
 TEST_F(ReadingTest, CellByCellGivesTheSameRows) {
   Session session;
   session.Open(Cluster().ConnectionString(), 0);

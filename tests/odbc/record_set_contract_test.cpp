@@ -1,4 +1,4 @@
-// Rows of a real database under the contracts of record sets.
+// Runs the contracts of record sets on rows of a real database.
 #include "tests/ports/record_set_contract.h"
 #include "tests/odbc/database_test.h"
 #include "tests/ports/record_set_doubt_contract.h"

@@ -1,4 +1,4 @@
-// Two users at the same rows.
+// Two users who edit the same rows.
 #include "tests/odbc/database_test.h"
 
 namespace tessaria::odbc::test {
@@ -30,7 +30,7 @@ class RivalsTest : public DatabaseTest {
   host::ConnectionPtr other_;
 };
 
-TEST_F(RivalsTest, AnothersChangeOfTheColumnIsNotOverwritten) {
+TEST_F(RivalsTest, AnotherUsersChangeOfTheColumnIsNotOverwritten) {
   Set(rows_, u"nome", u"Eva");
   other_->Execute(u"update t set nome = 'Ada' where codigo = 1");
   ExpectRowChanged([&] { rows_->Update(); });
@@ -43,7 +43,7 @@ TEST_F(RivalsTest, AnothersChangeOfTheColumnIsNotOverwritten) {
   rows_->MoveNext();
 }
 
-TEST_F(RivalsTest, AnothersChangeToOrFromNullIsNoticed) {
+TEST_F(RivalsTest, AnotherUsersChangeToOrFromNullIsDetected) {
   Set(rows_, u"obs", u"minha");
   other_->Execute(u"update t set obs = 'dele' where codigo = 1");
   ExpectRowChanged([&] { rows_->Update(); });
@@ -54,7 +54,7 @@ TEST_F(RivalsTest, AnothersChangeToOrFromNullIsNoticed) {
   ExpectRowChanged([&] { rows_->Update(); });
 }
 
-TEST_F(RivalsTest, AnothersChangeOfAnotherColumnIsKept) {
+TEST_F(RivalsTest, AnotherUsersChangeOfAnotherColumnIsKept) {
   Set(rows_, u"nome", u"Eva");
   other_->Execute(u"update t set valor = 99 where codigo = 1");
   rows_->Update();
@@ -62,7 +62,7 @@ TEST_F(RivalsTest, AnothersChangeOfAnotherColumnIsKept) {
   EXPECT_SAME(Scalar(u"select nome || valor from t where codigo = 1"), u"Eva99");
 }
 
-TEST_F(RivalsTest, DeletedRowIsNoticed) {
+TEST_F(RivalsTest, DeletedRowIsDetected) {
   Set(rows_, u"nome", u"Eva");
   other_->Execute(u"delete from t where codigo = 1");
   ExpectRowChanged([&] { rows_->Update(); });
@@ -80,7 +80,7 @@ TEST_F(RivalsTest, ChangedRowIsNotDeleted) {
   EXPECT_SAME(Scalar(u"select count(*)::int from t"), Long{1});
 }
 
-TEST_F(RivalsTest, SecondOfTwoWritersIsTold) {
+TEST_F(RivalsTest, SecondOfTwoWritersGetsAnError) {
   const auto second = other_->OpenRecordset(u"select * from t order by codigo", CursorType::Static,
                                             LockType::Optimistic);
   Set(rows_, u"valor", Long{11});
@@ -95,7 +95,7 @@ TEST_F(RivalsTest, SecondOfTwoWritersIsTold) {
   EXPECT_SAME(Scalar(u"select valor from t where codigo = 1"), Long{12});
 }
 
-TEST_F(RivalsTest, LockedRowIsWaitedForNoLongerThanTheServerSays) {
+TEST_F(RivalsTest, WaitForALockedRowEndsWithTheTimeoutOfTheServer) {
   other_->BeginTrans();
   other_->Execute(u"update t set valor = 0 where codigo = 1");
   Run(u"set lock_timeout = 100");

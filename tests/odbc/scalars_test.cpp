@@ -27,8 +27,8 @@ constexpr VersionCase kVersions[] = {
     {u"100.2", u"PostgreSQL 100.0.2", 1000},
 };
 
-// The rule of the lookups: six characters from 11 behind the start of "PostgreSQL", without
-// points, as a 16-bit integer.
+// The rule of the lookups: six characters from 11 after the start of "PostgreSQL", without points,
+// as a 16-bit integer.
 TEST(DbmsVersion, IsReadAsANumberByTheVersionRule) {
   for (const VersionCase& c : kVersions) {
     const String text = PostgreSqlVersion(c.reported);
@@ -86,7 +86,7 @@ TEST(Calendar, CountsTheTimeOfEarlyDaysForward) {
   EXPECT_EQ(split.micros, kMicrosPerDay / 4);
 }
 
-TEST(TextOrder, LooksAtBaseLettersThenAccentsNeverAtCase) {
+TEST(TextOrder, ComparesBaseLettersThenAccentsNeverCase) {
   EXPECT_EQ(CompareText(u"SÃO PAULO", u"são paulo"), 0);
   EXPECT_LT(CompareText(u"Sao Paulo", u"São Paulo"), 0);
   EXPECT_LT(CompareText(u"São Paulo", u"Sao Pedro"), 0);

@@ -1,4 +1,5 @@
-// The database's own account of its tables: the contract of schemas, and what is this host's own.
+// What the database reports about its tables: the contract of schemas, and what is specific to this
+// host.
 #include "hosts/odbc/recordset/catalogue.h"
 #include "hosts/odbc/session/key_columns.h"
 #include "tests/odbc/database_test.h"
@@ -60,7 +61,7 @@ constexpr TypeCase kTypes[] = {
     {u"bytea", host::type::Binary},     {u"double precision", host::type::Double},
     {u"smallint", host::type::SmallInt}};
 
-// A column is told in the schema by the type and size that its field has.
+// The schema reports a column with the type and size that its field has.
 TEST_F(SchemaTest, TypesAndSizesAreThoseOfTheFields) {
   for (const TypeCase& c : kTypes) {
     SCOPED_TRACE(ToUtf8(c.declared));
@@ -78,7 +79,7 @@ TEST_F(SchemaTest, TypesAndSizesAreThoseOfTheFields) {
   }
 }
 
-TEST_F(SchemaTest, TellsDatabaseAndSchema) {
+TEST_F(SchemaTest, ReportsDatabaseAndSchema) {
   Run(u"create table t (a int constraint chave primary key)");
   const auto table = Schema(SchemaKind::Tables, u"t");
   EXPECT_SAME(Get(table, u"TABLE_CATALOG"), u"postgres");
@@ -89,14 +90,14 @@ TEST_F(SchemaTest, TellsDatabaseAndSchema) {
   EXPECT_TRUE(connection_->OpenSchema(SchemaKind::Tables, {u"outro", {}, u"t"})->Eof());
 }
 
-TEST_F(SchemaTest, CanBeReadBesideRowsThatStillArrive) {
+TEST_F(SchemaTest, CanBeReadWhileRowsStillArrive) {
   Run(u"create table t (a int primary key)");
   const auto rows = Read(u"select * from generate_series(1, 20000)");
   EXPECT_EQ(Schema(SchemaKind::PrimaryKeys, u"t")->RecordCount(), 1);
   EXPECT_EQ(rows->RecordCount(), 20000);
 }
 
-TEST(Catalogue, NameIsAskedForExactly) {
+TEST(Catalogue, NameMatchesExactly) {
   EXPECT_TRUE(IsAskedFor(u"a_b", u"a_b"));
   EXPECT_FALSE(IsAskedFor(u"axb", u"a_b"));
   EXPECT_FALSE(IsAskedFor(u"A_B", u"a_b"));
@@ -104,7 +105,7 @@ TEST(Catalogue, NameIsAskedForExactly) {
   EXPECT_TRUE(IsAskedFor(std::nullopt, u""));
 }
 
-// --- Keys of drivers that cannot tell primary keys ----------------------------------------------
+// --- Keys of drivers that cannot report primary keys --------------------------------------------
 
 KeyPart Part(const String& index, const String& column) { return {{}, {}, u"t", column, 1, index}; }
 
@@ -118,7 +119,7 @@ Columns Result(const std::vector<std::pair<String, bool>>& namesAndNulls) {
   return columns;
 }
 
-TEST(UniqueIndex, IsTakenForTheKeyWhenAllOfItIsThereAndNeverNull) {
+TEST(UniqueIndex, IsTakenAsTheKeyWhenItIsCompleteAndNeverNull) {
   using Names = std::vector<String>;
   const std::vector<KeyPart> parts = {Part(u"IxCpf", u"cpf"), Part(u"IxPedido", u"pedido"),
                                       Part(u"IxPedido", u"item"), Part(u"PrimaryKey", u"codigo")};

@@ -53,7 +53,7 @@ TEST_F(SortTest, OrdersRowsAndKeepsEqualOnesInPlace) {
   }
 }
 
-TEST_F(SortTest, AColumnOfAnyNameOrdersAndIsSought) {
+TEST_F(SortTest, AColumnOfAnyNameCanBeSortedAndSearched) {
   for (const char16_t* name : tessaria::test::kOddNames) {
     SCOPED_TRACE(ToUtf8(name));
     const auto rows =
@@ -69,7 +69,7 @@ TEST_F(SortTest, AColumnOfAnyNameOrdersAndIsSought) {
   }
 }
 
-TEST_F(SortTest, WhatIsNoOrderIsRefused) {
+TEST_F(SortTest, ATextThatIsNoOrderIsRefused) {
   for (const char16_t* order : {u"[nome", u"nome,,codigo", u"[nome] upa"})
     EXPECT_HOST_ERROR(rows_->Sort(order), errors::InvalidCriteria);
 }

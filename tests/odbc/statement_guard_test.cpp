@@ -47,7 +47,7 @@ constexpr GuardCase kPostgresCases[] = {
     {u"select 1 /* /* */", false},
     {u"select E'sem fim\\'", false},
     {u"select E'sem fim\\", false},
-    // a text that goes on on another line is of the kind of its first part
+    // a text that continues on another line is of the kind of its first part
     {u"select E'' \n'\\''; drop table t; --'", false},
     {u"select E'' \n'\\'; drop table t; --'", true},
     {u"select 1 or '' = E'' --\n'\\''; drop table t; --", false},
@@ -98,7 +98,7 @@ constexpr GuardCase kPostgresCases[] = {
     {u"select {fn now()}", false},
     {u"select 1 }", false},
     {u"select campo::date", true},
-    // blanks and signs that not every server takes for the same
+    // blanks and signs that not every server reads in the same way
     {u"select\v1", false},
     {u"select\u00A01", false},
     {u"select\u30001", false},
@@ -146,7 +146,7 @@ TEST(StatementGuard, RefusesATextThatTheDriverWouldCut) {
     EXPECT_HOST_ERROR(RequireSingleStatement(text, Dialect::PostgreSql), errors::InvalidArgument);
 }
 
-TEST(StatementGuard, SaysFromWhereATextCannotBeRead) {
+TEST(StatementGuard, ReportsWhereATextBecomesUnreadable) {
   try {
     RequireSingleStatement(u"select 1 where nome = 'sem fim", Dialect::PostgreSql);
     FAIL();
@@ -219,7 +219,7 @@ constexpr GuardCase kSqlServerCases[] = {
     // a batch of the program's own
     {u"If 1 = 1 Drop Table t", true},
     {u"Declare @a int Select @a = 1", true},
-    // a line end that a backslash takes out of a text
+    // a line end that a backslash removes from a text
     {u"Select 'a\\b', 'c\\'", true},
     {u"Select 'a\\\nb'", false},
     {u"Select 'a\\\r\nb'", false},
@@ -233,7 +233,7 @@ constexpr GuardCase kSqlServerCases[] = {
     {u"Select setor, useful, printed, ifo, opened From t", true},
 };
 
-TEST(StatementGuard, FindsStatementsWithoutSemicolonWhereTheDialectTakesThem) {
+TEST(StatementGuard, FindsStatementsWithoutSemicolonWhenTheDialectTakesThem) {
   for (const GuardCase& c : kSqlServerCases) {
     SCOPED_TRACE(ToUtf8(c.text));
     if (c.accepted) {
@@ -284,19 +284,19 @@ TEST(StatementGuard, RefusesEveryStatementThatNeedsNoSemicolon) {
   }
 }
 
-// It runs one statement and calls the rest an error; its reserved words are others.
+// Access runs one statement and reports the rest as an error; its reserved words are different.
 TEST(StatementGuard, AccessMayNameColumnsAsItLikes) {
   EXPECT_NO_THROW(RequireSingleStatement(u"Select Print, Use From [a;b]", Dialect::Access));
   EXPECT_HOST_ERROR(RequireSingleStatement(u"Select [a]; drop table t", Dialect::Access),
                     errors::ErrorsInCommand);
   EXPECT_NO_THROW(
       RequireSingleStatement(u"Select a From t Where d = #12/25/2017 '#", Dialect::Access));
-  // It has no comments: "--" would be two signs.
+  // Access has no comments: "--" would be two signs.
   EXPECT_HOST_ERROR(RequireSingleStatement(u"Select 1 -- 1", Dialect::Access),
                     errors::ErrorsInCommand);
 }
 
-TEST(StatementGuard, TakesNoSemicolonInsideWhereTheQuotingIsUnknown) {
+TEST(StatementGuard, TakesNoSemicolonInsideWhenTheQuotingIsUnknown) {
   EXPECT_NO_THROW(RequireSingleStatement(u"select 'a';", Dialect::Other));
   EXPECT_HOST_ERROR(RequireSingleStatement(u"select 'a;b'", Dialect::Other),
                     errors::ErrorsInCommand);
@@ -336,7 +336,7 @@ constexpr FactCase kFactCases[] = {
     {u"vendas.\"Clientes Novos\"", false, false, false, true},
 };
 
-TEST(StatementGuard, TellsWhatAStatementIs) {
+TEST(StatementGuard, RecognisesWhatAStatementIs) {
   for (const FactCase& c : kFactCases) {
     SCOPED_TRACE(ToUtf8(c.text));
     const StatementFacts facts = RequireSingleStatement(c.text, Dialect::PostgreSql);
@@ -367,7 +367,7 @@ constexpr ControlCase kControlCases[] = {
     {u"select 1", Control::None},
 };
 
-TEST(StatementGuard, KnowsTransactionControl) {
+TEST(StatementGuard, RecognisesTransactionControl) {
   for (const ControlCase& c : kControlCases) {
     EXPECT_EQ(RequireSingleStatement(c.text, Dialect::PostgreSql).control, c.control)
         << ToUtf8(c.text);

@@ -1,5 +1,5 @@
 // The guard against second statements, compared with the server's own parser: thousands of texts
-// that are made of the signs by which texts, names and comments begin and end.
+// made of the signs that begin and end texts, names and comments.
 #include <libpq-fe.h>
 
 #include <memory>
@@ -13,7 +13,7 @@
 namespace tessaria::odbc::test {
 namespace {
 
-/// What the server's parser makes of a text.
+/// How the server's parser reads a text.
 enum class Verdict { One, Several, None };
 
 /// A session whose server parses texts and runs none of them.
@@ -40,7 +40,7 @@ class Parser {
     if (state == nullptr || message == nullptr) throw std::runtime_error("the parser is gone");
     if (std::string(message).starts_with("cannot insert multiple commands"))
       return Verdict::Several;
-    // Names that are unknown and types that do not fit are found behind the parser.
+    // Unknown names and types that do not match are detected after parsing.
     const std::string found(state);
     return found.starts_with("42") && found != "42601" ? Verdict::One : Verdict::None;
   }
@@ -67,8 +67,8 @@ bool GuardAccepts(const String& text, bool backslashes) {
   }
 }
 
-/// What the guard refuses on purpose although a server may take it: signs that the driver would
-/// replace, blanks and signs that not every server reads alike, no statement at all.
+/// Whether the guard refuses a text on purpose although a server may take it: signs that the driver
+/// would replace, blanks and signs that not every server reads alike, no statement at all.
 bool IsRefusedOnPurpose(const String& text) {
   return text.find_first_of(u"?{}\v\u00A0\u2003") != String::npos ||
          text.find_first_of(u"abcdefgnstuxBEUX0123456789'\"$(") == String::npos;
@@ -205,7 +205,7 @@ TEST_F(StatementParserTest, AgreesWithTheServerOnKnownTricks) {
   }
 }
 
-// The guard cannot be told which of two servers it talks to, so it takes neither reading.
+// The guard does not know which of two servers it talks to, so it accepts neither reading.
 TEST_F(StatementParserTest, RefusesWhatServersReadInSeveralWays) {
   for (const char16_t* text :
        {u"select 1a", u"select 0x10", u"select 1_000", u"select 1E'a'", u"select $1a",
@@ -219,7 +219,7 @@ TEST_F(StatementParserTest, RefusesWhatServersReadInSeveralWays) {
 // One text, or two statements where backslashes escape.
 constexpr const char16_t* kHidden = u"select 'a\\''; drop table t; --'";
 
-TEST_F(StatementParserTest, FollowsWhatAProgramDoesToTheReadingOfBackslashes) {
+TEST_F(StatementParserTest, FollowsAProgramThatChangesTheReadingOfBackslashes) {
   EXPECT_SAME(connection_->Properties(u"Backslash Escapes"), false);
   EXPECT_SAME(Scalar(u"select 'a\\'"), u"a\\");
   for (const char16_t* change :
@@ -236,7 +236,7 @@ TEST_F(StatementParserTest, FollowsWhatAProgramDoesToTheReadingOfBackslashes) {
   }
 }
 
-TEST_F(StatementParserTest, AnUndoneTransactionUndoesTheReadingOfBackslashes) {
+TEST_F(StatementParserTest, AnUndoneTransactionRestoresTheReadingOfBackslashes) {
   connection_->BeginTrans();
   Run(u"set standard_conforming_strings to off");
   EXPECT_SAME(connection_->Properties(u"Backslash Escapes"), true);
@@ -244,7 +244,7 @@ TEST_F(StatementParserTest, AnUndoneTransactionUndoesTheReadingOfBackslashes) {
   EXPECT_SAME(connection_->Properties(u"Backslash Escapes"), false);
 }
 
-TEST_F(StatementParserTest, AServerThatReadsBackslashesAsEscapesIsToldNotTo) {
+TEST_F(StatementParserTest, AServerThatReadsBackslashesAsEscapesIsSwitchedToTheStandard) {
   Cluster().Run("alter database postgres set standard_conforming_strings to off");
   const auto connection = NewConnection();
   Cluster().Run("alter database postgres reset standard_conforming_strings");

@@ -59,7 +59,7 @@ Columns Named(const std::vector<String>& names) {
   return columns;
 }
 
-TEST(StatementSource, IsFilledInWhereTheDriverToldNothing) {
+TEST(StatementSource, IsFilledInWhenTheDriverReportsNothing) {
   Columns columns = Named({u"k", u"n", u"m"});
   FillSource(columns, *SourceOf(u"Select codigo k, nome n, 1 m From dbo.t", Dialect::SqlServer));
   EXPECT_EQ(columns[0].baseColumn, u"codigo");
@@ -77,7 +77,7 @@ TEST(StatementSource, StarGivesEachColumnItsOwnName) {
   EXPECT_EQ(columns[1].baseColumn, u"Nome");
 }
 
-TEST(StatementSource, IsLeftAloneWhenTheDriverToldOrTheNumberDiffers) {
+TEST(StatementSource, IsLeftAloneWhenTheDriverReportsOneOrTheNumberDiffers) {
   const auto source = *SourceOf(u"Select a, b From t", Dialect::SqlServer);
   Columns told = Named({u"a", u"b"});
   told[1].table = u"outra";

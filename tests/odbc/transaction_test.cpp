@@ -39,7 +39,7 @@ TEST_F(TransactionTest, CannotBeNestedNorEndedTwice) {
   EXPECT_HOST_ERROR(connection_->CommitTrans(), errors::ProviderError);
 }
 
-// A syntax error in particular: with the driver's own handling it undoes all without a word.
+// A syntax error in particular: the driver's own handling silently undoes everything.
 TEST_F(TransactionTest, FailingStatementLeavesTheTransactionUsable) {
   for (const StringView settings : {u"", u"Protocol=7.4-0;", u"Protocol=7.4-1;", u"Protocol=7.4-2;",
                                     u"UseDeclareFetch=1;", u"UseServerSidePrepare=0;"}) {
@@ -60,7 +60,7 @@ TEST_F(TransactionTest, FailingStatementLeavesTheTransactionUsable) {
   }
 }
 
-// As lookups, relation checks and lists send them: some fail only after rows have come.
+// As lookups, relation checks and lists send them: some fail only after rows have arrived.
 TEST_F(TransactionTest, FailingLookupLeavesTheTransactionUsable) {
   connection_->BeginTrans();
   Run(u"insert into t select generate_series(1, 20000)");
@@ -80,7 +80,7 @@ TEST_F(TransactionTest, FailingLookupLeavesTheTransactionUsable) {
   EXPECT_EQ(Committed(), 20000);
 }
 
-TEST_F(TransactionTest, CanBeControlledByText) {
+TEST_F(TransactionTest, CanBeControlledByStatements) {
   Run(u"begin");
   Run(u"insert into t values (1)");
   EXPECT_ANY_THROW(Run(u"selec"));
@@ -108,7 +108,7 @@ TEST_F(TransactionTest, HasSavepointsOfTheApplication) {
   EXPECT_EQ(Committed(), 2);
 }
 
-TEST_F(TransactionTest, RefusedCommitTellsAndLeavesTheConnectionUsable) {
+TEST_F(TransactionTest, RefusedCommitIsReportedAndLeavesTheConnectionUsable) {
   Run(u"alter table t add p int references t deferrable initially deferred");
   connection_->BeginTrans();
   Run(u"insert into t values (1, 99)");
@@ -121,7 +121,7 @@ TEST_F(TransactionTest, RefusedCommitTellsAndLeavesTheConnectionUsable) {
 }
 
 // A query whose function writes is read in a transaction of this layer's own; a check at its end
-// may refuse that.
+// may refuse it.
 TEST_F(TransactionTest, RefusedEndOfAReadingLeavesTheConnectionUsable) {
   Run(u"alter table t add p int references t deferrable initially deferred");
   Run(u"create function f() returns int language plpgsql as"

@@ -1,4 +1,4 @@
-// What each database type is to the program, and that values survive the road there and back.
+// How each database type appears to the program, and that values survive being read and written.
 #include "tests/odbc/database_test.h"
 
 namespace tessaria::odbc::test {
@@ -222,17 +222,17 @@ TEST_F(TypesTest, FractionsOfSecondsSurviveAnEditOfTheRow) {
   rows->Delete();
 }
 
-TEST_F(TypesTest, NumberOfTooManyDigitsReadsAsText) {
+TEST_F(TypesTest, NumberWithTooManyDigitsIsReadAsText) {
   Run(u"create table t (k int primary key, v numeric)");
   Run(u"insert into t values (1, 123456789012345678901234567890.12345)");
   const auto rows = Edit(u"select * from t");
   EXPECT_SAME(Get(rows, u"v"), u"123456789012345678901234567890,12345");
-  Set(rows, u"v", Long{1});  // its original goes back exactly
+  Set(rows, u"v", Long{1});  // the original value is sent back exactly
   rows->Update();
   EXPECT_SAME(Scalar(u"select v::int from t"), Long{1});
 }
 
-// 255 and 8190 were the driver's own numbers for what has no size.
+// 255 and 8190 were the driver's own numbers for types without a size.
 TEST_F(TypesTest, OnlyADeclaredSizeIsReported) {
   const auto rows = Read(
       u"select 'a'::text, 'a'::varchar, 'a'::bpchar, 'a'::varchar(255), 'a'::varchar(8190),"
@@ -254,7 +254,7 @@ TEST_F(TypesTest, ExpressionsHaveTypesToo) {
   EXPECT_SAME(Get(rows, 3), u"É");
 }
 
-TEST_F(TypesTest, AttributesTellWhatAFieldTakes) {
+TEST_F(TypesTest, AttributesReportWhatAFieldAccepts) {
   Run(u"create table t (k serial primary key, n int not null, v varchar(5))");
   const auto rows = Edit(u"select k, n, v, n + 1 as e from t");
   const auto attributes = [&](const String& name) {

@@ -1,4 +1,4 @@
-// Fields on rows of a real server that nobody touches: no stored value changes.
+// Fields that nobody touches, on rows of a real server: no stored value changes.
 
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/controls.h"
