@@ -1,4 +1,5 @@
-// What every host's form does with keys and actions: whose key-up it is, what is settled first.
+// Contract of every host's form for keys and actions: which box gets a key-up, and what is settled
+// first.
 #pragma once
 
 #include "tests/ports/form_contract.h"
@@ -10,7 +11,7 @@ namespace tessaria::contract {
 const char16_t kCompletionIsNotSetUp[] =
     u"Propriedades da Browse Não Informadas Corretamente. Contate o Administrador de Sistema.";
 
-/// A description without a table says at every key-up of its box that it cannot search.
+/// A description without a table reports at every key-up of its box that it cannot search.
 class KeyContract : public FormContract {
  protected:
   void ShowDescription() {
@@ -107,7 +108,7 @@ class ActionContract : public FormContract {
   String seen_;  ///< the value of the field when the action ran
 };
 
-TEST_P(ActionContract, TheFieldIsSettledAheadOfAnAction) {
+TEST_P(ActionContract, TheFieldIsSettledBeforeAnAction) {
   ShowField();
   String active;
   Driver().Handle(u"txtCodigo", {nullptr, nullptr, [&](bool) {
@@ -140,7 +141,7 @@ TEST_P(ActionContract, ARequiredBlankHoldsTheActionBack) {
               testing::ElementsAre(u"Não Pode Ser Branco, Verifique Por Favor"));
 }
 
-TEST_P(ActionContract, AFieldThatStandsAsItWasEnteredIsNotDisturbed) {
+TEST_P(ActionContract, AFieldThatIsUnchangedSinceItWasEnteredIsNotDisturbed) {
   ShowField();
   CountSettlings(u"txtCodigo");
   Driver().RunAction();
@@ -148,7 +149,7 @@ TEST_P(ActionContract, AFieldThatStandsAsItWasEnteredIsNotDisturbed) {
   EXPECT_THAT(settled_, testing::IsEmpty());
 }
 
-TEST_P(ActionContract, AValueThatAProgramHasAssignedIsSettledAheadOfAnAction) {
+TEST_P(ActionContract, AValueThatAProgramHasAssignedIsSettledBeforeAnAction) {
   ShowField();
   CountSettlings(u"txtCodigo");
   Control(u"txtCodigo")->Let(u"Value", u"abc");
@@ -173,7 +174,7 @@ class RoundedAmountContract : public ActionContract {
   double Amount() { return *Control(u"txtCodigo")->Get(u"Value").TryGet<double>(); }
 };
 
-TEST_P(RoundedAmountContract, ThatIsTypedAgainAsItIsShownIsSettledAheadOfAnAction) {
+TEST_P(RoundedAmountContract, ThatIsTypedAgainAsItIsShownIsSettledBeforeAnAction) {
   double seen = 0;
   Driver().HandleAction([&] { seen = Amount(); });
   Driver().Type(u"1,24");

@@ -1,5 +1,5 @@
-// States at the end of a run how many cases of the port contracts a host went through, so that
-// a gap between hosts shows.
+// Prints at the end of a run how many cases of the port contracts a host went through, so that a
+// gap between hosts shows.
 #pragma once
 
 #include <gtest/gtest.h>

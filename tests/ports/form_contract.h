@@ -1,4 +1,4 @@
-// What every host's form does, told once. See text_box_contract.h for how a host joins in.
+// Contract of every host's form. See text_box_contract.h for how a host joins in.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -48,10 +48,10 @@ class FormDriver {
   virtual void Click(const String& control) = 0;
   virtual void PressTab(bool backwards) = 0;
   virtual void Type(const String& text) = 0;
-  /// A letter's key going down, and up again wherever the focus is by then.
+  /// Presses the key of a letter. It is released wherever the focus is by then.
   virtual void Hold(char16_t letter) = 0;
   virtual void Release(char16_t letter) = 0;
-  /// Text that comes into a field in focus without a key.
+  /// Puts a text without a key into a field that has the focus.
   virtual void Insert(const String& field, const String& text) = 0;
   /// Triggers the shortcut of an action named acSalvar.
   virtual void RunAction() = 0;
@@ -127,7 +127,7 @@ TEST_P(FormContract, ControlsAreFoundWithoutRegardToCase) {
   EXPECT_EQ(Control(u"txtcodigo")->Name(), u"txtCodigo");
 }
 
-TEST_P(FormContract, AnUnknownControlIsNamed) {
+TEST_P(FormContract, TheErrorNamesAnUnknownControl) {
   try {
     Form().Controls(u"txtNada");
     FAIL();
@@ -176,7 +176,7 @@ TEST_P(FormContract, ContainersLeadToTheForm) {
 
 // --- Properties by name -----------------------------------------------------------------------
 
-TEST_P(FormContract, AFormWithoutDbFormSays438) {
+TEST_P(FormContract, AFormWithoutDbFormRaises438) {
   EXPECT_EQ(ErrorOf([&] { Form().Get(u"dbForm"); }), errors::NoSuchMember);
 }
 
@@ -259,7 +259,7 @@ TEST_P(FormContract, TheFirstShowGoesToEveryFieldOnce) {
   EXPECT_EQ(nameEvents, 1);
 }
 
-TEST_P(FormContract, UnboundFieldsShowAheadOfBoundOnes) {
+TEST_P(FormContract, UnboundFieldsShowBeforeBoundOnes) {
   std::vector<String> order;
   Driver().Bind(u"txtCodigo");
   Driver().Handle(u"txtCodigo", {[&] { order.push_back(u"txtCodigo"); }, nullptr, nullptr});
@@ -268,7 +268,7 @@ TEST_P(FormContract, UnboundFieldsShowAheadOfBoundOnes) {
   EXPECT_THAT(order, testing::ElementsAre(u"txtNome", u"txtCodigo"));
 }
 
-TEST_P(FormContract, OfTheBoundFieldsKeysShowFirstAndDescriptionsLast) {
+TEST_P(FormContract, BoundKeysShowFirstAndBoundDescriptionsLast) {
   // Kinds: 0 a plain field, 1 a key, 3 a description.
   const struct {
     Long codeKind;
@@ -276,7 +276,7 @@ TEST_P(FormContract, OfTheBoundFieldsKeysShowFirstAndDescriptionsLast) {
     bool nameFirst;
   } cases[] = {{3, 1, true}, {0, 1, true}, {3, 0, true}, {1, 3, false}, {1, 1, false}};
   for (const auto& row : cases) {
-    driver_ = nullptr;  // a host leaves before the next one comes
+    driver_ = nullptr;  // a host is destroyed before the next one is made
     driver_ = GetParam().make();
     std::vector<String> order;
     Control(u"txtCodigo")->Let(u"TipoControle", row.codeKind);
@@ -292,7 +292,7 @@ TEST_P(FormContract, OfTheBoundFieldsKeysShowFirstAndDescriptionsLast) {
   }
 }
 
-TEST_P(FormContract, AWidgetOfAClosedFormSays91) {
+TEST_P(FormContract, AWidgetOfAClosedFormRaises91) {
   Driver().Show();
   const auto label = ControlAs<host::Label>(u"lblCodigo");
   const auto field = ControlAs<host::TsTextWidget>(u"txtCodigo");
@@ -352,7 +352,7 @@ TEST_P(FormContract, LeavingAFieldSettlesItOnce) {
   EXPECT_EQ(*Control(u"txtCodigo")->Get(u"Value").TryGet<String>(), u"abc");
 }
 
-TEST_P(FormContract, AFieldThatTakesTheFocusBackSparesTheOtherBothEvents) {
+TEST_P(FormContract, AFieldThatTakesTheFocusBackKeepsBothEventsFromTheOther) {
   Driver().Show();
   Driver().Click(u"txtCodigo");
   bool first = true;
@@ -366,7 +366,7 @@ TEST_P(FormContract, AFieldThatTakesTheFocusBackSparesTheOtherBothEvents) {
   Driver().Click(u"txtNome");
   EXPECT_EQ(ActiveName(), u"txtCodigo");
   EXPECT_THAT(settled_, testing::ElementsAre(u"txtCodigo"));
-  // The field is inside again, so it is left again.
+  // The field is entered again, so it is left again.
   Driver().Click(u"txtNome");
   EXPECT_EQ(ActiveName(), u"txtNome");
   EXPECT_THAT(settled_, testing::ElementsAre(u"txtCodigo", u"txtCodigo"));
@@ -384,7 +384,7 @@ TEST_P(FormContract, AButtonIsNotPressedWhenTheFieldTakesTheFocusBack) {
   EXPECT_EQ(ActiveName(), u"txtCodigo");
 }
 
-TEST_P(FormContract, OfATabOnlyTheReleaseReachesAFieldTheOneItLedTo) {
+TEST_P(FormContract, OnlyTheReleaseOfATabReachesTheFieldThatGetsTheFocus) {
   Driver().Show();
   int keys = 0;
   Driver().Handle(u"txtCodigo", {nullptr, [&] { ++keys; }, nullptr});
@@ -408,7 +408,7 @@ TEST_P(FormContract, KeysReachTheFieldInFocusAlone) {
   EXPECT_EQ(nameEvents, 3);
 }
 
-// --- Handlers that go far ---------------------------------------------------------------------
+// --- Handlers that fail or close the form -----------------------------------------------------
 
 TEST_P(FormContract, AnErrorThatLeavesAHandlerIsShownAndTheFormGoesOn) {
   Driver().Show();

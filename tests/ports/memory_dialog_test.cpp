@@ -1,4 +1,4 @@
-// What dialogs ask of the desktop, on the memory host; and the scripts that work them.
+// The dialogs of the memory host and the scripts that work them.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -36,7 +36,7 @@ class MemoryDialog : public testing::Test {
  protected:
   using Log = std::vector<std::string>;
 
-  /// Shows the dialog and works it.
+  /// Shows the dialog and runs the script on it.
   void Show(ModalScript::Script script) {
     desktop.WillShow(u"frmTeste", std::move(script));
     dialog->ShowModal();
@@ -78,7 +78,7 @@ TEST_F(MemoryDialog, RefusesUnknownNamesAndOtherKinds) {
   EXPECT_EQ(errorOf([&] { dialog->Find<host::DialogLabel>(u"grade"); }), errors::TypeMismatch);
 }
 
-TEST_F(MemoryDialog, ReturnsWhenItIsHiddenAndTellsItsEventsInOrder) {
+TEST_F(MemoryDialog, ReturnsWhenItIsHiddenAndRaisesItsEventsInOrder) {
   dialog->OnResize = [&] { log.push_back("resize"); };
   dialog->OnActivate = [&] { log.push_back("activate"); };
   dialog->Width(5000);
@@ -306,7 +306,7 @@ TEST_F(MemoryDialog, ACalendarIsClickedAndMovedByTheArrows) {
 
 // --- Scripts ------------------------------------------------------------------------------------
 
-TEST_F(MemoryDialog, AWindowThatTheScriptLeavesOpenIsAFaultAndNoHang) {
+TEST_F(MemoryDialog, AWindowThatTheScriptLeavesOpenIsAFaultAndDoesNotHang) {
   Show([](Dialog&) {});
   EXPECT_THAT(faults, ElementsAre(HasSubstr("open")));
 }
@@ -316,7 +316,7 @@ TEST_F(MemoryDialog, AWindowWithNoScriptIsAFault) {
   EXPECT_THAT(faults, ElementsAre("No script for the window frmTeste"));
 }
 
-TEST_F(MemoryDialog, AnotherWindowThanForeseenIsAFault) {
+TEST_F(MemoryDialog, AnUnexpectedWindowIsAFault) {
   {
     Desktop inner{[this](const String& message) { faults.push_back(ToUtf8(message)); }};
     inner.WillShow(u"frmOutro", Close);
@@ -429,7 +429,7 @@ TEST_F(MemoryFiles, DrivesAreKnownByTheirLetter) {
   EXPECT_THROW(drives.Drive(u"q:\\"), HostError);
 }
 
-TEST_F(MemoryFiles, FoldersTellTheirChangeAlsoWhenAssigned) {
+TEST_F(MemoryFiles, FoldersReportTheirChangeAlsoWhenAssigned) {
   auto& folders = dialog->Find<FolderList>(u"pasta");
   folders.OnChange = [&] { log.push_back(ToUtf8(folders.Path())); };
   folders.Path(u"c: [SISTEMA]");

@@ -63,7 +63,7 @@ TEST_F(MemoryField, LeavingAFieldTurnsItsTextIntoItsValue) {
   EXPECT_TRUE(settled[0].HouveAlteracao);
 }
 
-TEST_F(MemoryField, ADataControlLoadsAheadOfTheFields) {
+TEST_F(MemoryField, ADataControlLoadsBeforeTheFields) {
   const auto field = Field(u"txtNome");
   (*field)->DataSource(u"dcCliente");
   (*field)->DataField(u"NOME");
@@ -110,7 +110,7 @@ TEST_F(MemoryField, PressingTheFieldsOwnButtonIsNoExit) {
   EXPECT_EQ((*field)->Text(), u"1");
 }
 
-TEST_F(MemoryField, AFormClosedWhileABoxIsOpenEndsBehindTheEvent) {
+TEST_F(MemoryField, AFormClosedWhileABoxIsOpenEndsAfterTheEvent) {
   const auto field = Field(u"txtData");
   (*field)->Mascara(u"dd/mm/yyyy");
   Field(u"txtOutro");
@@ -118,16 +118,16 @@ TEST_F(MemoryField, AFormClosedWhileABoxIsOpenEndsBehindTheEvent) {
   form_->Type(u"99999999");
   application_.OnMessageBox = [&](const MessageBoxRecord&) {
     form_->Close();
-    EXPECT_NO_THROW((*field)->Text()) << "the control is there as long as its event runs";
+    EXPECT_NO_THROW((*field)->Text()) << "the control exists while its event runs";
     EXPECT_THROW(field->Control(), HostError);
   };
   form_->Press(Key::Tab);
-  EXPECT_EQ(application_.Boxes().size(), 1u) << "nothing is said of a form that is gone";
+  EXPECT_EQ(application_.Boxes().size(), 1u) << "nothing is shown for a form that is gone";
   EXPECT_FALSE(form_->Visible());
   EXPECT_THROW((*field)->Text(), HostError);
 }
 
-TEST_F(MemoryField, TheFormMayGoWhileItsHandlerRuns) {
+TEST_F(MemoryField, TheFormMayBeDestroyedWhileItsHandlerRuns) {
   const auto field = Field(u"txtNome");
   form_->Show();
   Form* const form = form_.get();
@@ -167,7 +167,7 @@ TEST_F(MemoryField, EscapePressesTheCancelButton) {
   EXPECT_TRUE(form_->IsClosed());
 }
 
-TEST_F(MemoryField, ADisabledFieldIsPassedBy) {
+TEST_F(MemoryField, ADisabledFieldIsSkipped) {
   Field(u"txtA");
   const auto second = Field(u"txtB");
   Field(u"txtC");

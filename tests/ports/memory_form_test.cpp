@@ -1,4 +1,4 @@
-// The form of the memory host under the contract of forms.
+// Runs the contracts of forms on the form of the memory host.
 #include "tessaria/memory/form.h"
 
 #include "tessaria/memory/application.h"

@@ -1,4 +1,4 @@
-// The record sets of the memory host under the contract of record sets.
+// Runs the contracts of record sets on the record sets of the memory host.
 #include "tessaria/memory/connection.h"
 #include "tests/ports/record_set_contract.h"
 #include "tests/ports/record_set_doubt_contract.h"
@@ -70,8 +70,8 @@ class MemoryData final : public DataDriver {
   memory::TablePtr table_;
 };
 
-// This host's own: a database's field keeps its rows.
-TEST_P(RecordSetContract, AFieldThatOutlivesItsSetSays3704) {
+// Specific to this host: a field of a database keeps its rows alive.
+TEST_P(RecordSetContract, AFieldThatOutlivesItsSetRaises3704) {
   auto rows = ReadOnly();
   const auto field = Field(rows, u"Nome");
   rows.reset();
@@ -82,8 +82,8 @@ const DataHost kMemoryRows{"memory", [] { return std::make_unique<MemoryData>();
 INSTANTIATE_TEST_SUITE_P(Memory, RecordSetContract, testing::Values(kMemoryRows));
 INSTANTIATE_TEST_SUITE_P(Memory, WriteInDoubtContract, testing::Values(kMemoryRows));
 
-// As a database shows a value that its kind cannot hold.
-TEST(MemoryRecordset, AKeptTextIsShownLeftAloneAndNoEditWhenItComesBack) {
+// A database shows a value that its kind cannot hold in this way.
+TEST(MemoryRecordset, AKeptTextIsShownAndStaysAndIsNoEditWhenAssignedAgain) {
   const auto connection = memory::Connection::CreateOpen();
   const auto table = connection->AddTable(
       u"Nota", {{.Name = u"Data", .Type = host::type::DBDate}, {.Name = u"Texto"}}, {{}});
@@ -102,7 +102,6 @@ TEST(MemoryRecordset, AKeptTextIsShownLeftAloneAndNoEditWhenItComesBack) {
   EXPECT_TRUE(rows->Eof());
 }
 
-// A table that names no key is one whose key the database gives.
 TEST(MemoryRecordset, ASingleRefusesWhatItCannotHold) {
   const auto connection = memory::Connection::CreateOpen();
   connection->AddTable(u"Medida", {{.Name = u"Valor", .Type = host::type::Single}}, {{1.5}});
@@ -113,6 +112,7 @@ TEST(MemoryRecordset, ASingleRefusesWhatItCannotHold) {
   EXPECT_SAME(field->Value(), 1.5F);
 }
 
+// The database generates the key of a table that names none.
 TEST(MemoryRecordset, ANewRowWithoutAKeyIsWrittenAgainOnlyWhenTheRowsWereReadAgain) {
   const auto connection = memory::Connection::CreateOpen();
   const auto table = connection->AddTable(u"Nota", {{.Name = u"Texto"}});

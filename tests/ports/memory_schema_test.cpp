@@ -1,4 +1,4 @@
-// The memory host's database under the contract of schemas.
+// Runs the contract of schemas on the database of the memory host.
 #include "tessaria/memory/connection.h"
 #include "tests/ports/schema_contract.h"
 
@@ -32,14 +32,14 @@ std::shared_ptr<memory::Connection> OpenMemory() {
 
 INSTANTIATE_TEST_SUITE_P(Memory, SchemaContract, testing::Values(SchemaHost{"memory", OpenMemory}));
 
-TEST(MemorySchema, FaultMeetsTheNextCall) {
+TEST(MemorySchema, FaultIsRaisedByTheNextCall) {
   const auto connection = OpenMemory();
   connection->FailNext(HostError(errors::ProviderError, u"fora do ar"));
   EXPECT_HOST_ERROR(connection->OpenSchema(host::SchemaKind::Tables), errors::ProviderError);
   EXPECT_EQ(connection->OpenSchema(host::SchemaKind::Tables)->RecordCount(), 4);
 }
 
-TEST(MemorySchema, FactsAreOfTablesThatAreThere) {
+TEST(MemorySchema, FactsAboutAnUnknownTableAreRefused) {
   const auto connection = memory::Connection::CreateOpen();
   EXPECT_HOST_ERROR(connection->SetTableType(u"nenhuma", u"VIEW"), errors::ItemNotFound);
   EXPECT_HOST_ERROR(connection->SetPrimaryKey(u"nenhuma", {u"a"}), errors::ItemNotFound);

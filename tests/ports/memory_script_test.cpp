@@ -1,4 +1,4 @@
-// What tests ask of the memory host itself: scripts and faults.
+// What tests need of the memory host itself: scripts and faults.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -45,7 +45,7 @@ TEST(MemoryApplication, BoxesAreKeptAndAnsweredInOrder) {
   EXPECT_TRUE(application.Boxes().empty());
 }
 
-TEST(MemoryApplication, FilesAreThoseThatWerePutThere) {
+TEST(MemoryApplication, FilesAreThoseThatWereAdded) {
   Application application;
   application.AddFile(u"C:\\Programa\\Leia.txt");
   application.AddFile(u"C:\\Programa\\TresPontos.ico", Application::FileKind::Picture);
@@ -56,7 +56,7 @@ TEST(MemoryApplication, FilesAreThoseThatWerePutThere) {
   EXPECT_EQ(ErrorOf([] { App().LoadPicture(u"C:\\Programa\\Leia.txt"); }), 481);
 }
 
-TEST(MemoryApplication, EventPumpingServesWhatWaitsOnce) {
+TEST(MemoryApplication, EventPumpingRunsWaitingWorkOnce) {
   Application application;
   int runs = 0;
   application.Post([&] {
@@ -98,7 +98,7 @@ TEST(MemoryConnection, AnswersByTextByScriptAndByTable) {
               ElementsAre(u"Select 1", u"Select 2", u"select * from CLIENTE", u"Select 3"));
 }
 
-TEST(MemoryConnection, AStatementWithoutRowsGivesAClosedSet) {
+TEST(MemoryConnection, AStatementWithoutRowsReturnsAClosedSet) {
   const auto connection = Connection::CreateOpen();
   connection->Answer(u"Delete From Cliente", {});
   EXPECT_EQ(connection->Execute(u"Delete From Cliente")->State(), host::state::Closed);
@@ -112,7 +112,7 @@ TEST(MemoryConnection, FaultsComeInOrder) {
   EXPECT_EQ(ErrorOf([&] { connection->Execute(u"Cliente"); }), 0);
 }
 
-TEST(MemoryConnection, ADroppedLineIsNoticedByTheNextCallAndMendedByOpen) {
+TEST(MemoryConnection, ADroppedLineIsDetectedByTheNextCallAndRestoredByOpen) {
   const auto connection = Connection::CreateOpen();
   connection->AddTable(u"Cliente", {{.Name = u"Nome"}}, {{u"Ana"}});
   const auto rows =

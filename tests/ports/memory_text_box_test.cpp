@@ -1,4 +1,4 @@
-// The text box of the memory host under the contract of text boxes.
+// Runs the contract of text boxes on the text box of the memory host.
 #include "tessaria/memory/text_box.h"
 #include "tests/ports/case_count.h"
 #include "tests/ports/text_box_contract.h"

@@ -1,5 +1,4 @@
-// What every data host's record set does, told once. See text_box_contract.h for how a host
-// joins in.
+// Contract of every data host's record set. See text_box_contract.h for how a host joins in.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -30,16 +29,16 @@ class DataDriver {
   DataDriver& operator=(const DataDriver&) = delete;
   virtual ~DataDriver() = default;
 
-  /// Open.
+  /// An open connection.
   virtual host::ConnectionPtr Connection() = 0;
   /// The table's rows in the order of Codigo.
   virtual host::RecordsetPtr Open(host::LockType lock) = 0;
   /// A statement that finds no row of the table.
   virtual host::RecordsetPtr OpenEmpty() = 0;
-  /// What another user does to the row of a Codigo, and sees in the table.
+  /// Changes by another user to the row of a Codigo, which the table shows.
   virtual void ChangeName(Long code, const String& name) = 0;
   virtual void DeleteRow(Long code) = 0;
-  /// A statement that gives the row of a Codigo another Nome.
+  /// A statement that changes the Nome of the row of a Codigo.
   virtual String Renaming(Long code, const String& name) = 0;
   /// The connection breaks with the next write, before or after it is stored.
   virtual void LoseNextAnswer(bool stored) = 0;
@@ -109,7 +108,7 @@ TEST_P(RecordSetContract, AnUnknownColumnIsError3265) {
   EXPECT_EQ(ErrorOf([&] { rows->Fields().Item(-1); }), errors::ItemNotFound);
 }
 
-TEST_P(RecordSetContract, ColumnsTellTheirTypes) {
+TEST_P(RecordSetContract, ColumnsReportTheirTypes) {
   const auto rows = ReadOnly();
   EXPECT_EQ(Field(rows, u"Codigo")->Type(), host::type::Integer);
   EXPECT_THAT(Field(rows, u"Nome")->Type(),
@@ -119,14 +118,14 @@ TEST_P(RecordSetContract, ColumnsTellTheirTypes) {
               testing::AnyOf(host::type::Date, host::type::DBDate, host::type::DBTimeStamp));
 }
 
-TEST_P(RecordSetContract, ColumnsTellTheirSizes) {
+TEST_P(RecordSetContract, ColumnsReportTheirSizes) {
   const auto rows = ReadOnly();
   EXPECT_EQ(Field(rows, u"Nome")->DefinedSize(), 20);
   EXPECT_EQ(Field(rows, u"Valor")->Precision(), 10);
   EXPECT_EQ(Field(rows, u"Valor")->NumericScale(), 2);
 }
 
-TEST_P(RecordSetContract, ColumnsTellWhetherTheyAcceptNull) {
+TEST_P(RecordSetContract, ColumnsReportWhetherTheyAcceptNull) {
   const auto rows = Writable();
   EXPECT_EQ(Field(rows, u"Nome")->Attributes() & host::attribute::IsNullable, 0);
   EXPECT_NE(Field(rows, u"Valor")->Attributes() & host::attribute::IsNullable, 0);
@@ -171,7 +170,7 @@ TEST_P(RecordSetContract, AnOpenedSetStandsOnTheFirstRow) {
   EXPECT_EQ(CodeOf(rows), 1);
 }
 
-TEST_P(RecordSetContract, MoveNextEndsBehindTheLastRow) {
+TEST_P(RecordSetContract, MoveNextEndsAfterTheLastRow) {
   const auto rows = ReadOnly();
   std::vector<String> names;
   for (; !rows->Eof(); rows->MoveNext()) names.push_back(NameOf(rows));
@@ -182,7 +181,7 @@ TEST_P(RecordSetContract, MoveNextEndsBehindTheLastRow) {
   EXPECT_EQ(ErrorOf([&] { NameOf(rows); }), errors::NoCurrentRecord);
 }
 
-TEST_P(RecordSetContract, MovePreviousEndsAheadOfTheFirstRow) {
+TEST_P(RecordSetContract, MovePreviousEndsBeforeTheFirstRow) {
   const auto rows = ReadOnly();
   rows->MovePrevious();
   EXPECT_TRUE(rows->Bof());
@@ -251,7 +250,7 @@ TEST_P(RecordSetContract, AListSeesTheOrderOfTheRowsAndNoPendingEdit) {
 
 // --- Find and Sort ----------------------------------------------------------------------------
 
-TEST_P(RecordSetContract, FindSeeksForwardFromTheCurrentRow) {
+TEST_P(RecordSetContract, FindSearchesForwardFromTheCurrentRow) {
   struct {
     const char16_t* criteria;
     const char16_t* found;  ///< Nome; "" for EOF
@@ -290,7 +289,7 @@ TEST_P(RecordSetContract, FindSeeksForwardFromTheCurrentRow) {
   }
 }
 
-TEST_P(RecordSetContract, FindLooksAtTheCurrentRowToo) {
+TEST_P(RecordSetContract, FindSearchesTheCurrentRowToo) {
   const auto rows = ReadOnly();
   rows->MoveNext();
   rows->Find(u"Codigo >= 1");
@@ -387,7 +386,7 @@ TEST_P(RecordSetContract, APendingEditRefusesTheRequery) {
   EXPECT_EQ(NameOf(rows), u"Alice");
 }
 
-TEST_P(RecordSetContract, AClosedSetSays3704) {
+TEST_P(RecordSetContract, AClosedSetRaises3704) {
   const auto rows = Writable();
   const auto field = Field(rows, u"Nome");
   rows->Close();
@@ -422,7 +421,7 @@ TEST_P(RecordSetContract, AnUnknownConnectionPropertyIsError3265) {
   EXPECT_EQ(ErrorOf([&] { connection->Properties(u"Nada"); }), errors::ItemNotFound);
 }
 
-TEST_P(RecordSetContract, AConnectionTellsHowItsServerReadsBackslashes) {
+TEST_P(RecordSetContract, AConnectionReportsHowItsServerReadsBackslashes) {
   EXPECT_FALSE(CBool(driver_->Connection()->Properties(u"Backslash Escapes")));
 }
 
@@ -437,7 +436,7 @@ TEST_P(RecordSetContract, AStatementThatWouldBeCutIsRefusedWhole) {
   }
 }
 
-TEST_P(RecordSetContract, AClosedConnectionSays3709) {
+TEST_P(RecordSetContract, AClosedConnectionRaises3709) {
   const auto connection = driver_->Connection();
   EXPECT_EQ(connection->State(), host::state::Open);
   connection->Close();

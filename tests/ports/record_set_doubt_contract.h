@@ -1,4 +1,4 @@
-// What rows for update do in every host when the answer to a write is lost, told once.
+// Contract of every host's rows for update when the answer to a write is lost.
 #pragma once
 
 #include "tests/ports/record_set_contract.h"
@@ -10,7 +10,7 @@ class WriteInDoubtContract : public RecordSetContract {
   void Reconnect() {
     if (driver_->Connection()->State() == host::state::Closed) driver_->Connection()->Open();
   }
-  /// Runs what writes, with its answer lost.
+  /// Runs a call that writes, and loses its answer.
   template <class Call>
   void Lose(bool stored, Call&& call) {
     driver_->LoseNextAnswer(stored);
@@ -26,7 +26,7 @@ class WriteInDoubtContract : public RecordSetContract {
   }
 };
 
-TEST_P(WriteInDoubtContract, TheRowsTellThatTheirRowIsInDoubt) {
+TEST_P(WriteInDoubtContract, TheRowsReportThatTheirRowIsInDoubt) {
   const auto rows = WithNewRow();
   EXPECT_FALSE(rows->IsInDoubt());
   Lose(true, [&] { rows->Update(); });
@@ -71,7 +71,7 @@ TEST_P(WriteInDoubtContract, AnEditThatWasStoredIsOver) {
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Amanda", u"Bruno", u"Carla"));
 }
 
-TEST_P(WriteInDoubtContract, WhatWasTypedSinceIsWrittenOnTop) {
+TEST_P(WriteInDoubtContract, WhatWasTypedSinceThenIsWrittenToo) {
   for (const bool stored : {true, false}) {
     driver_ = GetParam().make();
     const auto rows = Writable();
@@ -88,7 +88,7 @@ TEST_P(WriteInDoubtContract, WhatWasTypedSinceIsWrittenOnTop) {
   }
 }
 
-// The row is neither as it was read nor as it was written: nobody knows who made it so.
+// The row is neither as it was read nor as it was written: it is unknown who changed it.
 TEST_P(WriteInDoubtContract, AnotherUsersChangeIsNotOverwritten) {
   for (const bool stored : {true, false}) {
     driver_ = GetParam().make();
@@ -107,7 +107,7 @@ TEST_P(WriteInDoubtContract, AnotherUsersChangeIsNotOverwritten) {
   }
 }
 
-TEST_P(WriteInDoubtContract, AnEditThatTheDatabaseChangedIsNotWrittenOnceMore) {
+TEST_P(WriteInDoubtContract, AnEditThatTheDatabaseChangedIsNotWrittenAgain) {
   const auto rows = Writable();
   driver_->StoreNamesInCapitals();
   Field(rows, u"Nome")->Value(u"Alice");
@@ -165,7 +165,7 @@ TEST_P(WriteInDoubtContract, ANewRowIsStoredOnceHoweverOftenItIsSaved) {
   }
 }
 
-TEST_P(WriteInDoubtContract, ANewRowThatGotAnotherKeySinceIsStillOneRow) {
+TEST_P(WriteInDoubtContract, ANewRowThatGotAnotherKeySinceThenIsStillOneRow) {
   const auto rows = WithNewRow();
   Lose(true, [&] { rows->Update(); });
   Field(rows, u"Codigo")->Value(5);
@@ -175,7 +175,7 @@ TEST_P(WriteInDoubtContract, ANewRowThatGotAnotherKeySinceIsStillOneRow) {
   EXPECT_EQ(CodeOf(rows), 5);
 }
 
-TEST_P(WriteInDoubtContract, ANewRowWhoseKeyHoldsSomethingElseIsLookedAtByTheProgramFirst) {
+TEST_P(WriteInDoubtContract, ANewRowWhoseKeyHoldsSomethingElseIsLeftToTheProgram) {
   const auto rows = WithNewRow();
   Lose(true, [&] { rows->Update(); });
   driver_->ChangeName(4, u"Daniel");
@@ -208,7 +208,7 @@ TEST_P(WriteInDoubtContract, ADeletionIsLookedUpToo) {
   }
 }
 
-TEST_P(WriteInDoubtContract, ARowThatMayBeDeletedCannotBeEditedWhenItIs) {
+TEST_P(WriteInDoubtContract, ARowInDoubtThatWasDeletedCannotBeEdited) {
   const auto rows = Writable();
   Lose(true, [&] { rows->Delete(); });
   Reconnect();

@@ -1,4 +1,4 @@
-// What rows for update do in every host, told once: edits, new rows, deleted rows.
+// Contract of every host's rows for update: edits, new rows, deleted rows.
 #pragma once
 
 #include "tests/ports/record_set_contract.h"
@@ -17,7 +17,7 @@ TEST_P(RecordSetContract, AnEditIsSeenAtOnceAndWrittenByUpdate) {
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Alice", u"Bruno", u"Carla"));
 }
 
-TEST_P(RecordSetContract, ValuesAreBroughtToTheTypeOfTheirField) {
+TEST_P(RecordSetContract, ValuesAreConvertedToTheTypeOfTheirField) {
   const auto rows = Writable();
   Field(rows, u"Valor")->Value(u"1.234,50");
   Field(rows, u"Data")->Value(u"31/12/2022");
@@ -155,7 +155,7 @@ TEST_P(RecordSetContract, ANewRowReadsAsNullUntilItIsAssigned) {
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Ana", u"Bruno", u"Carla", u"Davi"));
 }
 
-TEST_P(RecordSetContract, CancelUpdateTakesANewRowAway) {
+TEST_P(RecordSetContract, CancelUpdateRemovesANewRow) {
   const auto rows = Writable();
   rows->MoveNext();
   rows->AddNew();
@@ -176,7 +176,7 @@ TEST_P(RecordSetContract, ANewRowMayBeTheFirst) {
   EXPECT_THAT(driver_->StoredNames(), testing::ElementsAre(u"Eva"));
 }
 
-TEST_P(RecordSetContract, DeleteTakesTheCurrentRowAway) {
+TEST_P(RecordSetContract, DeleteRemovesTheCurrentRow) {
   const auto rows = Writable();
   rows->MoveNext();
   rows->Delete();
@@ -187,7 +187,7 @@ TEST_P(RecordSetContract, DeleteTakesTheCurrentRowAway) {
   EXPECT_EQ(NameOf(rows), u"Carla");
 }
 
-TEST_P(RecordSetContract, ADeletedRowIsTheEditModeUntilTheNextMove) {
+TEST_P(RecordSetContract, TheEditModeReportsADeletedRowUntilTheNextMove) {
   const auto rows = Writable();
   rows->Delete();
   EXPECT_EQ(rows->EditMode(), host::EditMode::Delete);

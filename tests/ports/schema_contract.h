@@ -1,5 +1,4 @@
-// What every data host tells of its database, told once. See text_box_contract.h for how a host
-// joins in.
+// Contract of every data host's schema. See text_box_contract.h for how a host joins in.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -18,8 +17,8 @@
 
 namespace tessaria::contract {
 
-/// How to open a database with these and nothing else of type TABLE or VIEW; null when that cannot
-/// be had on this machine:
+/// Opens a database with these and nothing else of type TABLE or VIEW; null when there is none on
+/// this machine:
 ///
 ///   table cliente  codigo  integer, key   nome  text of up to 20, not null   valor  number 10.2
 ///   table item_1   pedido integer, item integer, qtde integer; key: item, pedido
@@ -50,7 +49,7 @@ class SchemaContract : public testing::TestWithParam<SchemaHost> {
     const Variant value = Get(rows, field);
     return value.IsNull() ? u"Null" : CStr(value);
   }
-  /// The fields named, of each row, with blanks between them.
+  /// The named fields of each row, with blanks between them.
   static std::vector<String> Lines(const host::RecordsetPtr& rows,
                                    const std::vector<String>& fields) {
     std::vector<String> lines;
@@ -128,7 +127,7 @@ TEST_P(SchemaContract, KeyComesInItsOwnOrder) {
 }
 
 // "_" and "%" are letters of a name here, not marks of a pattern; capitals count.
-TEST_P(SchemaContract, NameAgreesExactly) {
+TEST_P(SchemaContract, NameMatchesExactly) {
   EXPECT_THAT(Lines(Schema(SchemaKind::Tables, u"item_1"), {u"TABLE_NAME"}),
               ElementsAre(u"item_1"));
   EXPECT_THAT(Lines(Schema(SchemaKind::Columns, u"item_1"), {u"COLUMN_NAME"}),
@@ -141,7 +140,7 @@ TEST_P(SchemaContract, NameAgreesExactly) {
   }
 }
 
-TEST_P(SchemaContract, SchemaThatIsNotThereHasNothing) {
+TEST_P(SchemaContract, UnknownSchemaHasNoRows) {
   host::SchemaRestrictions restrictions;
   restrictions.Table = u"cliente";
   restrictions.Schema = u"nenhum";
@@ -150,7 +149,7 @@ TEST_P(SchemaContract, SchemaThatIsNotThereHasNothing) {
   }
 }
 
-TEST_P(SchemaContract, RowsCannotBeWrittenButAskedForAgain) {
+TEST_P(SchemaContract, RowsAreReadOnlyAndCanBeReadAgain) {
   const auto rows = Schema(SchemaKind::Tables, u"cliente");
   EXPECT_EQ(rows->RecordCount(), 1);
   EXPECT_HOST_ERROR(rows->AddNew(), errors::NotUpdatable);
@@ -163,18 +162,18 @@ TEST_P(SchemaContract, RowsCannotBeWrittenButAskedForAgain) {
   EXPECT_EQ(rows->RecordCount(), 1);
 }
 
-TEST_P(SchemaContract, KeyOfNoTableIsRefused) {
+TEST_P(SchemaContract, KeyWithoutATableIsRefused) {
   EXPECT_HOST_ERROR(Schema(SchemaKind::PrimaryKeys), 3001);
 }
 
-TEST_P(SchemaContract, ClosedConnectionTellsNothing) {
+TEST_P(SchemaContract, ClosedConnectionIsAnError) {
   connection_->Close();
   EXPECT_HOST_ERROR(Schema(SchemaKind::Tables), errors::InvalidConnection);
   EXPECT_HOST_ERROR(Schema(SchemaKind::Columns), errors::InvalidConnection);
   EXPECT_HOST_ERROR(Schema(SchemaKind::PrimaryKeys, u"cliente"), errors::InvalidConnection);
 }
 
-TEST_P(SchemaContract, TimeOutIsToldWhileClosed) {
+TEST_P(SchemaContract, TimeOutIsSetWhileClosed) {
   EXPECT_EQ(connection_->ConnectionTimeout(), 15);
   EXPECT_HOST_ERROR(connection_->ConnectionTimeout(5), 3705);
   connection_->Close();

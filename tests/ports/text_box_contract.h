@@ -1,4 +1,4 @@
-// What every host's text box does, told once. A host instantiates the suite with its driver:
+// Contract of every host's text box. A host instantiates the suite with its driver:
 //
 //   INSTANTIATE_TEST_SUITE_P(Memory, TextBoxContract,
 //                            testing::Values(TextBoxHost{"memory", MakeMemoryTextBox}));
@@ -31,7 +31,7 @@ enum class EditKey : Integer {
 
 enum class With { Nothing, Shift, Control };
 
-/// A host's text box on a surface beside something else that takes the focus. The box starts
+/// A host's text box on a surface next to something else that takes the focus. The box starts
 /// empty, enabled, visible and without the focus.
 class TextBoxDriver {
  public:
@@ -159,7 +159,7 @@ TEST_P(TextBoxContract, AssigningTextRaisesChangeOnceAndOnlyWhenTheTextDiffers) 
   EXPECT_EQ(Count("change"), 2);
 }
 
-TEST_P(TextBoxContract, ATextThatDiffersOnlyBehindMaxLengthRaisesChange) {
+TEST_P(TextBoxContract, ATextThatDiffersOnlyBeyondMaxLengthRaisesChange) {
   Box().MaxLength(3);
   Start(u"abc");
   Box().Text(u"abcdef");
@@ -228,7 +228,7 @@ TEST_P(TextBoxContract, SelTextReadsTheSelection) {
   EXPECT_EQ(Box().SelText(), u"");
 }
 
-TEST_P(TextBoxContract, AssigningSelTextReplacesTheSelectionAndLeavesTheCaretBehindIt) {
+TEST_P(TextBoxContract, AssigningSelTextReplacesTheSelectionAndLeavesTheCaretAfterIt) {
   Start(u"abcdef", 1, 3);
   Box().SelText(u"XY");
   EXPECT_EQ(Box().Text(), u"aXYef");

@@ -1,5 +1,4 @@
-// What every host's text box does with keys that edit, and with text that comes without a key, told
-// once.
+// Contract of every host's text box for keys that edit, and for text that comes without a key.
 #pragma once
 
 #include "tests/ports/text_box_contract.h"
@@ -8,7 +7,7 @@ namespace tessaria::contract {
 
 // --- Keys that edit ---------------------------------------------------------------------------
 
-TEST_P(TextBoxContract, DeleteTakesTheCharacterBehindTheCaretWithoutAKeyPress) {
+TEST_P(TextBoxContract, DeleteRemovesTheCharacterAfterTheCaretWithoutAKeyPress) {
   Start(u"abc", 1);
   Operator().Press(EditKey::Delete);
   EXPECT_EQ(Box().Text(), u"ac");
@@ -16,7 +15,7 @@ TEST_P(TextBoxContract, DeleteTakesTheCharacterBehindTheCaretWithoutAKeyPress) {
   EXPECT_THAT(events_, testing::ElementsAre("down 46 0", "change", "up 46"));
 }
 
-TEST_P(TextBoxContract, DeleteTakesTheSelection) {
+TEST_P(TextBoxContract, DeleteRemovesTheSelection) {
   Start(u"abcdef", 1, 3);
   Operator().Press(EditKey::Delete);
   EXPECT_EQ(Box().Text(), u"aef");
@@ -44,7 +43,7 @@ TEST_P(TextBoxContract, BackspaceIsAKeyPress8) {
   EXPECT_THAT(events_, testing::ElementsAre("down 8 0", "press 8", "change", "up 8"));
 }
 
-TEST_P(TextBoxContract, BackspaceTakesTheSelection) {
+TEST_P(TextBoxContract, BackspaceRemovesTheSelection) {
   Start(u"abcdef", 1, 3);
   Operator().Press(EditKey::Backspace);
   EXPECT_EQ(Box().Text(), u"aef");
@@ -138,7 +137,7 @@ TEST_P(TextBoxContract, TextWithoutAKeyIsCutToTheRoomThatItsSelectionMakes) {
   EXPECT_EQ(Box().Text(), u"1234");
 }
 
-TEST_P(TextBoxContract, TheSameTextInPlaceOfTheSelectionIsTold) {
+TEST_P(TextBoxContract, TheSameTextInPlaceOfTheSelectionIsReported) {
   Start(u"abc", 1, 1);
   Operator().Type(u"b");
   EXPECT_EQ(Count("same text"), 1);
@@ -150,7 +149,7 @@ TEST_P(TextBoxContract, TheSameTextInPlaceOfTheSelectionIsTold) {
   ExpectSelection(3, 0);
 }
 
-TEST_P(TextBoxContract, TheSameTextOfAProgramIsNotTold) {
+TEST_P(TextBoxContract, TheSameTextFromAProgramIsNotReported) {
   Start(u"abc", 0, 3);
   Box().SelText(u"abc");
   Box().Text(u"abc");
@@ -158,7 +157,7 @@ TEST_P(TextBoxContract, TheSameTextOfAProgramIsNotTold) {
   EXPECT_EQ(Count("same text"), 0);
 }
 
-TEST_P(TextBoxContract, AKeyThatFindsNoRoomTellsOfNoText) {
+TEST_P(TextBoxContract, AKeyThatFindsNoRoomReportsNoText) {
   Start(u"abcdef", 0, 2);
   Box().MaxLength(3);
   Operator().Type(u"a");

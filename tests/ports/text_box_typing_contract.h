@@ -1,4 +1,4 @@
-// What every host's text box does with keys that print, told once.
+// Contract of every host's text box for keys that print.
 #pragma once
 
 #include "tests/ports/text_box_contract.h"
@@ -191,7 +191,7 @@ TEST_P(TextBoxContract, AKeyPressMayTurnIntoAnotherCharacter) {
   EXPECT_EQ(Box().Text(), u"Z");
 }
 
-TEST_P(TextBoxContract, AHandlerThatWritesTheTextAndSwallowsTheKeyHasTheLastWord) {
+TEST_P(TextBoxContract, AHandlerThatWritesTheTextAndSwallowsTheKeyDecidesTheText) {
   Start(u"__/__");
   Box().OnKeyPress = [&](Integer& code) {
     Box().Text(u"1_/__");
