@@ -1,4 +1,4 @@
-// What a lookup asks of the database.
+// The definition of a lookup: the table, the fields and the conditions of its statements.
 #pragma once
 
 #include <memory>
@@ -17,7 +17,7 @@ class TESSARIA_CORE_API CampoOutro : public Object {
  public:
   explicit CampoOutro(String nome) : nome_(std::move(nome)) {}
 
-  /// The field's name as it is selected.
+  /// The field's name as the statement selects it.
   String Nome() const { return nome_; }
   /// The field's value in the row that the last lookup found; Empty without one.
   Variant Valor() const { return valor_; }
@@ -28,7 +28,7 @@ class TESSARIA_CORE_API CampoOutro : public Object {
   Variant valor_;
 };
 
-/// The return fields. An entry taken from the list stays good when the list changes.
+/// The return fields. An entry taken from the list stays valid when the list changes.
 class TESSARIA_CORE_API ListaOutros : public Object {
  public:
   ListaOutros() = default;
@@ -77,7 +77,7 @@ class TESSARIA_CORE_API Browse : public host::Persistent {
   /// The whole text behind From; replaces `BrowseTable` in every statement when not empty.
   String BrwLeftJoin() const { return brwLeftJoin_; }
   void BrwLeftJoin(const String& v) { brwLeftJoin_ = v; }
-  /// What stands behind From: `BrwLeftJoin`, or the table when that is empty.
+  /// The text behind From: `BrwLeftJoin`, or the table when that is empty.
   String From() const { return brwLeftJoin_.empty() ? browseTable_ : brwLeftJoin_; }
   /// A condition without the word Where; may hold @name@ parameters.
   String BrwWhere() const { return brwWhere_; }
@@ -85,7 +85,8 @@ class TESSARIA_CORE_API Browse : public host::Persistent {
     brwWhere_ = v;
     wherePronto_ = false;
   }
-  /// Takes a condition that has no parameters any more: an "@" in it is a value's own. Not stored.
+  /// Assigns a condition whose parameters are already expanded: an "@" in it belongs to a value.
+  /// Not stored.
   void WherePronto(const String& v) {
     brwWhere_ = v;
     wherePronto_ = true;
@@ -99,8 +100,8 @@ class TESSARIA_CORE_API Browse : public host::Persistent {
   const ListaColunas& cgrColGrid() const { return cgrColGrid_; }
 
   String ClassName() const override { return u"Browse"; }
-  /// Replaces everything by what the bag holds. Error 13 when a value is broken; all others are
-  /// then loaded all the same.
+  /// Replaces everything by what the bag holds. Error 13 when a value is invalid; all other values
+  /// are loaded nevertheless.
   void ReadProperties(const host::PropertyBag& bag) override;
   void WriteProperties(host::PropertyBag& bag) const override;
 
@@ -120,8 +121,8 @@ class TESSARIA_CORE_API Browse : public host::Persistent {
 
 namespace mdlObjTxt {
 
-/// Replaces the columns of one definition by copies of another's, which are removed there
-/// afterwards when `clearSource`.
+/// Replaces the columns of `target` by copies of those of `source`, which are then removed from
+/// `source` when `clearSource` is true.
 TESSARIA_CORE_API void CopiaColunas(Browse& source, Browse& target, bool clearSource);
 
 }  // namespace mdlObjTxt

@@ -38,7 +38,7 @@ inline constexpr Long NotUpdatable = 3251;       ///< data layer: the record set
 inline constexpr Long RowChanged = -2147217864;  ///< data layer: another user changed the row
 /// data layer: the answer to a write was lost, so that it may have been stored
 inline constexpr Long WriteInDoubt = -2147217663;
-inline constexpr Long ProviderError = -2147467259;  ///< data layer: the driver's own text tells
+inline constexpr Long ProviderError = -2147467259;  ///< data layer: described by the driver
 }  // namespace errors
 
 /// The system's Portuguese description of a run-time error number.
@@ -63,7 +63,7 @@ class TESSARIA_CORE_API HostError : public std::exception {
   std::string utf8_;
 };
 
-/// The pending error of a thread: what a trap caught last and has not finished with.
+/// The pending error of a thread: the error that a trap caught last and is still handling.
 struct TESSARIA_CORE_API ErrObject {
   Long Number = 0;
   String Description;

@@ -1,8 +1,9 @@
-// What each library shows to programs and to the other libraries.
+// Export macros: what each library makes visible to programs and to the other libraries.
 #pragma once
 
-// TESSARIA_<LIBRARY>_API stands at every class and function that a library exports. Classes that
-// cross libraries (ports, errors) carry it too, so that casts and catches know them everywhere.
+// TESSARIA_<LIBRARY>_API marks every class and function that a library exports. Classes that cross
+// libraries (ports, errors) carry it too, so that casts and catch clauses recognise them
+// everywhere.
 #if defined(_WIN32)
 #define TESSARIA_EXPORT __declspec(dllexport)
 #define TESSARIA_IMPORT __declspec(dllimport)
@@ -35,5 +36,5 @@
 #define TESSARIA_MEMORY_API TESSARIA_IMPORT
 #endif
 
-// What the library's own hosts use of the core and no installed header declares.
+// Marks the core functions that the library's own hosts use and that no installed header declares.
 #define TESSARIA_HOST_API TESSARIA_CORE_API

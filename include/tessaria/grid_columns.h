@@ -37,7 +37,7 @@ class TESSARIA_CORE_API ColunaGrid : public Object {
   bool visible_ = true;
 };
 
-/// Columns from left to right. An entry taken from the list stays good when the list changes.
+/// Columns from left to right. An entry taken from the list stays valid when the list changes.
 class TESSARIA_CORE_API ListaColunas : public Object {
  public:
   ListaColunas() = default;
@@ -51,7 +51,7 @@ class TESSARIA_CORE_API ListaColunas : public Object {
            bool Visible);
   void Clear() { colunas_.clear(); }
 
-  /// Replaces the list by the stored one; broken values are left to the reader to report.
+  /// Replaces the list by the stored one; the reader reports invalid values.
   void Read(BagReader& reader);
   void Write(host::PropertyBag& bag) const;
 
@@ -62,7 +62,7 @@ class TESSARIA_CORE_API ListaColunas : public Object {
 namespace mdlObjTxt {
 
 /// Replaces the columns of `target` by copies of those of `source`, which is emptied afterwards
-/// when `clearSource`.
+/// when `clearSource` is true.
 TESSARIA_CORE_API void CopiaColunas(ListaColunas& source, ListaColunas& target, bool clearSource);
 
 }  // namespace mdlObjTxt

@@ -13,9 +13,9 @@ namespace tessaria {
 class TESSARIA_CORE_API ItemPesquisa : public Object {
  public:
   /// Number of the search; entries of one number make one combined search. An entry without a
-  /// number of its own answers its position in the list.
+  /// number of its own returns its position in the list.
   Long Indice() const { return indice_ != 0 ? indice_ : posicao_; }
-  /// 0 gives the number up for the position.
+  /// 0 removes the number, so that the position counts again.
   void Indice(Long v) { indice_ = v; }
   /// Title of the prompt and text of the menu.
   String Caption() const { return caption_; }
@@ -23,13 +23,13 @@ class TESSARIA_CORE_API ItemPesquisa : public Object {
   /// The field to compare; may be an expression.
   String Campo() const { return campo_; }
   void Campo(const String& v) { campo_ = v; }
-  /// The prompt's value keeps the mask's literals.
+  /// Whether the prompt's value keeps the mask's literals.
   bool PromptInclude() const { return promptInclude_; }
   void PromptInclude(bool v) { promptInclude_ = v; }
-  /// `Campo` is used as it stands, not qualified by the table.
+  /// Whether `Campo` is used as it stands, not qualified by the table.
   bool CampoPronto() const { return campoPronto_; }
   void CampoPronto(bool v) { campoPronto_ = v; }
-  /// The prompt for a text completes it as the operator types.
+  /// Whether the prompt for a text completes it as the operator types.
   bool CompletaDescr() const { return completaDescr_; }
   void CompletaDescr(bool v) { completaDescr_ = v; }
   Integer MaxLength() const { return maxLength_; }
@@ -39,7 +39,7 @@ class TESSARIA_CORE_API ItemPesquisa : public Object {
   void Width(Integer v) { width_ = v; }
   String Mascara() const { return mascara_; }
   void Mascara(const String& v) { mascara_ = v; }
-  /// Comparison: 0 equal, 1 starts with, 2 ends with, 3 holds, 4 to 7 >, >=, <, <=.
+  /// Comparison: 0 equal, 1 starts with, 2 ends with, 3 contains, 4 to 7 >, >=, <, <=.
   Long Like() const { return like_; }
   void Like(Long v) { like_ = v; }
   /// 2 number, 7 date, 8 text.
@@ -69,7 +69,7 @@ class TESSARIA_CORE_API ItemPesquisa : public Object {
 };
 
 /// The list of searches. Entries are reached by position from 1 or by key; keys compare without
-/// regard to case. An entry taken from the list stays good when the list changes.
+/// regard to case. An entry taken from the list stays valid when the list changes.
 class TESSARIA_CORE_API Pesquisa : public host::Persistent {
  public:
   Pesquisa() = default;
@@ -84,10 +84,10 @@ class TESSARIA_CORE_API Pesquisa : public host::Persistent {
   /// False for the empty key, which is no key.
   bool Contains(const String& key) const;
 
-  /// Puts an entry in front of position `Antes`, or behind position `Depois`, or, when both are
-  /// 0, at the end. An `Indice` of 0 numbers the entry by its position, now and after every
-  /// change of the list. `Chave` "" gives no key. False, with nothing changed, when the key is
-  /// taken, when a position is not in the list, or when both positions are given.
+  /// Inserts an entry before position `Antes`, or after position `Depois`, or, when both are 0, at
+  /// the end. An `Indice` of 0 numbers the entry by its position, now and after every change of the
+  /// list. An empty `Chave` gives no key. Returns false and changes nothing when the key is already
+  /// used, when a position is not in the list, or when both positions are given.
   bool Add(Long Indice, const String& Caption, const String& Campo, Long Tipo, Long Like,
            const String& Mascara, Integer Width, Integer MaxLength, bool CompletaDescr,
            bool PromptInclude, Long Antes, Long Depois, const String& Chave);
@@ -96,8 +96,8 @@ class TESSARIA_CORE_API Pesquisa : public host::Persistent {
   void Clear() { itens_.clear(); }
 
   String ClassName() const override { return u"Pesquisa"; }
-  /// Replaces everything by what the bag holds. Error 13 when a value is broken (a key that
-  /// comes twice is); all others are then loaded all the same.
+  /// Replaces everything by what the bag holds. Error 13 when a value is invalid (as is a key that
+  /// occurs twice); all other values are loaded nevertheless.
   void ReadProperties(const host::PropertyBag& bag) override;
   void WriteProperties(host::PropertyBag& bag) const override;
 

@@ -1,4 +1,4 @@
-// A property bag that is lines of text: what design files store.
+// A property bag kept as lines of text, as design files store it.
 //
 //   tessaria 1
 //   TipoControle=Long:1
@@ -18,30 +18,30 @@
 
 namespace tessaria {
 
-/// The error number of a text that is no stored bag.
+/// The error number of a text that is not a stored bag.
 inline constexpr Long kInvalidBagText = 321;
 
 class TESSARIA_CORE_API TextPropertyBag final : public host::PropertyBag {
  public:
   using Factory = std::function<std::shared_ptr<host::Persistent>()>;
-  /// How the objects that a bag may hold are made, by class name.
+  /// Factories of the objects that a bag may hold, by class name.
   using Factories = std::map<String, Factory>;
 
   explicit TextPropertyBag(Factories factories = {});
 
-  /// An object is made anew at each read. Error 13 when its class has no factory.
+  /// Each read creates a new object. Error 13 when its class has no factory.
   Variant ReadProperty(const String& name, const Variant& byDefault) const override;
   /// Stores fonts and `Persistent` objects too, as they are at this moment; an object that is
-  /// neither is error 13. A default counts only against a value of its own sort: an empty text
-  /// never equals a Boolean. A value that is not stored takes an earlier one away. Error 5 for a
+  /// neither is error 13. A default is compared only with a value of its own sort: an empty text
+  /// never equals a Boolean. When a value is not stored, an earlier one is removed. Error 5 for a
   /// name that is empty or holds a blank, ".", "=" or a control character.
   void WriteProperty(const String& name, const Variant& value, const Variant& byDefault) override;
 
   /// All lines, the version first, each with its line break; keys in order of first writing.
   String Save() const;
-  /// Replaces the contents. Line breaks may be of either system; empty lines are skipped.
-  /// Errors, each naming the line: 13 a broken value, 321 any other broken text. The contents
-  /// then stay as they were.
+  /// Replaces the contents. Lines may end in LF or CRLF; empty lines are skipped. Errors, which
+  /// name the line: 13 for an invalid value, 321 for any other invalid text. The contents then stay
+  /// unchanged.
   void Load(StringView text);
 
  private:

@@ -1,4 +1,4 @@
-// What all controls of one thread share.
+// The state that all controls of one thread share.
 #pragma once
 
 #include <memory>
@@ -22,14 +22,13 @@ class frmDiretorio;
 struct TESSARIA_CORE_API ThreadState {
   /// The hosting program's services; not owned, outlives every control of the thread.
   host::Application* application = nullptr;
-  /// The desktop that the library's own windows open on; not owned. Nothing where no window can
-  /// open.
+  /// The desktop that the library's own windows open on; not owned. Null when no window can open.
   host::Desktop* desktop = nullptr;
   /// The open connection that the last discovery took from a form's `dbForm`.
   std::shared_ptr<host::Connection> dbConexao;
   /// The sibling's value as an SQL literal while a description field has the focus.
   Variant vntValorIrmao = Variant::Null();
-  /// The dialogs of the fields' buttons, made on first need.
+  /// The dialogs of the fields' buttons, created when first needed.
   std::shared_ptr<tessaria::frmCalendario> frmCalendario;
   std::shared_ptr<tessaria::frmCalculadora> frmCalculadora;
   std::shared_ptr<tessaria::frmDiretorio> frmDiretorio;

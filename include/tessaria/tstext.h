@@ -11,7 +11,7 @@
 
 namespace tessaria {
 
-/// What the operator has typed, for a host that takes an edit back.
+/// What the operator has typed, for a host that undoes an edit.
 struct Typing {
   String Texto;
   bool Touches = false;  ///< whether it counts when the field is left
@@ -26,9 +26,9 @@ struct Typing {
 /// Initialize; it connects the events of the two widgets.
 ///
 /// The names that tie a control to its form (data control, sibling, label) are resolved at the
-/// moment of use. Property setters raise in the caller what goes wrong in them, and end in
-/// `ControlSite::PropertyChanged`; the entry points report their errors themselves, except
-/// where a declaration says otherwise.
+/// moment of use. Property setters raise their errors in the caller, and end by calling
+/// `ControlSite::PropertyChanged`; the entry points report their errors themselves, except where a
+/// declaration says otherwise.
 class TESSARIA_CORE_API tsText final : public _tsText {
  public:
   /// All four outlive the control.
@@ -38,29 +38,30 @@ class TESSARIA_CORE_API tsText final : public _tsText {
 
   // --- What the surface's host calls -----------------------------------------------------------
 
-  /// Start values of a control that is newly placed on a form.
+  /// Sets the start values of a control that is newly placed on a form.
   void UserControl_InitProperties();
-  /// Fills the members straight from the bag, with no side effects.
+  /// Fills the members directly from the bag, without side effects.
   void UserControl_ReadProperties(const host::PropertyBag& bag);
   void UserControl_WriteProperties(host::PropertyBag& bag);
   /// The first call resolves names, loads the row, draws and raises `Show`; later ones do nothing.
   void UserControl_Show();
   void UserControl_Resize();
   void UserControl_EnterFocus();
-  /// Settles the field and tells how that ended: this is how a host or a program asks whether the
-  /// field may be left. A field that the focus leaves for its own button or for `ObjetoCancelar`
-  /// may be, with its text as it stands. A field that nobody has touched is not written, and is
-  /// `NotStored` never.
+  /// Settles the field and returns the outcome: a host or a program calls it to find out whether
+  /// the field may be left. A field that the focus leaves for its own button or for
+  /// `ObjetoCancelar` may be left, with its text as it stands. A field that nobody has touched is
+  /// not written and never `NotStored`.
   ExitVerdict UserControl_ExitFocus();
   /// Whether leaving the field now would settle anything, for a host whose action runs while the
   /// field keeps the focus: a text that the operator or a program has changed, a value assigned
-  /// since the focus came in, an exit or a check that failed, or a blank that an action may find.
+  /// since the field got the focus, an exit or a check that failed, or a blank that must not remain
+  /// when an action runs.
   bool HasToSettle() const;
-  /// These three pass the key on to the application; errors of its handlers surface here. A host
-  /// calls KeyUp for every release but those of auto-repeat; PageDown opens the dialog only when
+  /// These three pass the key on to the application and raise the errors of its handlers. A host
+  /// calls KeyUp for every release except those of auto-repeat; PageDown opens the dialog only when
   /// its key-down came to this control too. The key-up of the box itself (`TextBox::OnKeyUp`)
-  /// comes behind it, and only for a key whose key-down the box had; once with code 0 for a text
-  /// that came without a key. A key that is held while the focus goes has none.
+  /// follows it, only for a key whose key-down the box received, and once with code 0 for a text
+  /// that came without a key. A key that is held while the focus leaves has none.
   void UserControl_KeyDown(Integer& KeyCode, Integer& Shift);
   void UserControl_KeyPress(Integer& KeyAscii);
   void UserControl_KeyUp(Integer& KeyCode, Integer& Shift);
@@ -68,17 +69,18 @@ class TESSARIA_CORE_API tsText final : public _tsText {
 
   // --- Methods ---------------------------------------------------------------------------------
 
-  /// Resolves all names anew and loads the current row. The result is always Empty.
+  /// Resolves all names again and loads the current row. The result is always Empty.
   Variant Refresh();
-  /// Whether the field may be left, judged by which control has taken the focus. Shows its own
-  /// messages and takes the focus back when it refuses. Mostly also kept in `LastValidaStatus`.
+  /// Whether the field may be left, depending on which control has taken the focus. Shows its own
+  /// messages and takes the focus back when it refuses. In most cases the result is also kept in
+  /// `LastValidaStatus`.
   bool Valida();
-  /// The relation check alone: no message for a missing row, no focus work, no status.
+  /// The relation check alone: no message for a missing row, no change of focus, no status.
   bool AcionaChecaRelacao();
   Variant AtualizaIrmao(bool ApenasTsBrowse = false, bool DisparaBrowseReturn = false) override;
   void ShowSibling(bool ApenasTsBrowse) override;
   Variant DisparaEventos(const String& strEvento) override;
-  /// Sets the value that changes are measured against to Empty.
+  /// Sets the value that changes are compared with to Empty.
   void ClearLastValue();
 
   // --- Surroundings ----------------------------------------------------------------------------
@@ -108,7 +110,7 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// Number of the tab that the control lies on, trimmed; "" for none.
   String NumeroTab() const;
   void NumeroTab(const String& v);
-  /// Name of the control that escapes validation when it takes the focus.
+  /// Name of the control that can take the focus without validation.
   String ObjetoCancelar() const;
   void ObjetoCancelar(const String& v);
 
@@ -121,7 +123,8 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   Long TipoDado() const override;
   void TipoDado(Long v);
   /// The typed value. Assigning converts it by the field's type, writes it to the bound field,
-  /// reads it back, shows it through the mask and refreshes the sibling. Refusals show a box.
+  /// reads it back, shows it through the mask and refreshes the sibling. Refusals show a message
+  /// box.
   Variant Value() const override;
   void Value(const Variant& v) override;
   bool TakeValue(const Variant& v) override;
@@ -129,50 +132,51 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// Value of the row as it was loaded. Assigning shows a message and changes nothing.
   Variant OriginalValue() const;
   void OriginalValue(const Variant& v);
-  /// The value that changes are measured against; write-only.
+  /// The value that changes are compared with; write-only.
   void LastValue(const String& v);
   /// The typed characters without the mask's literals. Assigning writes the box too: the text,
   /// or as many password characters.
   String Texto() const;
   void Texto(const String& v);
-  /// Both for a host that takes an edit back. Restoring writes the box as `Texto` does.
+  /// Both are for a host that undoes an edit. Restoring writes the box as `Texto` does.
   Typing CurrentTyping() const;
   void RestoreTyping(const Typing& typing);
-  /// The box as it stands; no mask work and no effect on `Value`.
+  /// The text of the box as it stands, without the mask's work and without effect on `Value`.
   String Text() const;
   void Text(const String& v);
-  /// The field may stay blank.
+  /// Whether the field may stay blank.
   bool PodeSerBranco() const;
   void PodeSerBranco(bool v);
-  /// Validation looks the value up in the lookup's table.
+  /// Whether validation looks the value up in the lookup's table.
   bool UsaChecaRelacao() const;
   void UsaChecaRelacao(bool v);
-  /// Outcome of the last validation; true until there was one.
+  /// Outcome of the last validation; true before the first one.
   bool LastValidaStatus() const override;
   void LastValidaStatus(bool v);
 
   // --- Mask --------------------------------------------------------------------------------------
 
-  /// The mask; "" for none. At run time the box is laid out anew, without touching `Value`.
+  /// The mask; "" for none. At run time the box is laid out again; `Value` stays unchanged.
   String Mascara() const;
   void Mascara(const String& v);
   /// The fill character; only the first character is kept.
   String PromptChar() const;
   void PromptChar(const String& v);
-  /// The value keeps the mask's literals and fill characters.
+  /// Whether the value keeps the mask's literals and fill characters.
   bool PromptInclude() const;
   void PromptInclude(bool v);
-  /// Zero fill on leaving: 1 the whole text, any other run by run of the mask.
+  /// Zero-fill when the field is left: 1 fills the whole text, any other number each run of the
+  /// mask.
   Long TipoStrZero() const;
   void TipoStrZero(Long v);
-  /// A numeric mask accepts a minus sign. Such a field needs a `MaxLength`.
+  /// Whether a numeric mask accepts a minus sign. Such a field needs a `MaxLength`.
   bool ValorNegativo() const;
   void ValorNegativo(bool v);
   /// The box's password character; "" shows the text itself.
   String PasswordChar() const;
   void PasswordChar(const String& v);
-  /// Most characters that the operator can type or paste; 0 is no limit there, and no integer
-  /// digits for a sign. Texts of the program, of a row or of a lookup are taken whole.
+  /// The most characters that the operator can type or paste. 0 means no limit there, but no
+  /// integer digits when a sign is typed. Texts from the program, a row or a lookup are never cut.
   Long MaxLength() const;
   void MaxLength(Long v);
   /// Selection in the box: from 0, in characters.
@@ -185,7 +189,7 @@ class TESSARIA_CORE_API tsText final : public _tsText {
 
   // --- Looks -------------------------------------------------------------------------------------
 
-  /// Of the box. A key field hands it on to its description when the two name each other.
+  /// Of the box. A key field passes it on to its description when the two name each other.
   bool Enabled() const override;
   void Enabled(bool v) override;
   Colour Forecolor() const;
@@ -195,10 +199,10 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   void BackColor(Colour v);
   host::Font Font() const;
   void Font(const host::Font& v);
-  /// Marks the field: green, bold caption.
+  /// Marks the field by a green, bold caption.
   bool eSocial() const;
   void eSocial(bool v);
-  /// Stored only.
+  /// Stored, without any effect.
   bool MultiLine() const;
   void MultiLine(bool v);
   /// False only while the first show runs, and after one that failed.
@@ -206,7 +210,7 @@ class TESSARIA_CORE_API tsText final : public _tsText {
 
   // --- Lookup ------------------------------------------------------------------------------------
 
-  /// The lookup's definition; created on first need, never nothing.
+  /// The lookup's definition; created when first needed, never null.
   std::shared_ptr<tessaria::Browse> Browse() const;
   void Browse(const std::shared_ptr<tessaria::Browse>& v);
   /// The eight texts of the lookup: the control's own when not empty, otherwise the definition's.
@@ -227,10 +231,10 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   void BrwLeftJoin(const String& v);
   String BrwWhere() const;
   void BrwWhere(const String& v);
-  /// The searches of the lookup's grid; created on first need.
+  /// The searches of the lookup's grid; created when first needed.
   std::shared_ptr<tessaria::Pesquisa> Pesquisa() const;
   void Pesquisa(const std::shared_ptr<tessaria::Pesquisa>& v);
-  /// The older text form of the searches: one field per search, each closed by character 3.
+  /// The older text form of the searches: one field per search, each ended by character 3.
   String PesqCaption() const;
   void PesqCaption(const String& v);
   String PesqCampo() const;
@@ -255,7 +259,7 @@ class TESSARIA_CORE_API tsText final : public _tsText {
 
   // --- Folder picker -----------------------------------------------------------------------------
 
-  /// The picker lists files too, and the text is split into folder and file.
+  /// Whether the picker lists files too; the text is then split into folder and file.
   bool DirVerArquivos() const;
   void DirVerArquivos(bool v);
   String DirPattern() const;
@@ -270,7 +274,7 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// The fill character and the literals of the mask, each once.
   String ItensMascara() const;
   void ItensMascara(const String& v);
-  /// The bound field, found by name at each call; nothing when not bound.
+  /// The bound field, found by name at each call; null when not bound.
   host::FieldPtr CampoVinculado() const;
   host::WidgetPtr ContainerDoControle() const;
   host::FormPtr FormDoControle() const;
@@ -279,14 +283,14 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// Resolves names: "Irmao", "DataSource", "Campo", "Label", or "Todos" for all of them. True
   /// when a field was bound and loaded, which only "Todos" can do.
   bool SetarVariaveis(StringView what);
-  /// Why the first show in the designer could not look into the database; "" when it could. For
-  /// the property page to tell.
+  /// Why the first show in the designer could not access the database; "" when it could. For a
+  /// property page to show.
   String DesignTimeError() const;
-  /// A message that only a visible form shows. Flags and title as `ExibeMensagem` takes them.
+  /// Shows a message, but only on a visible form. Flags and title are those of `ExibeMensagem`.
   void MsgSeVisivel(const String& text, Long flags, const String& title);
 
  private:
-  friend struct StoredAccess;  // the property table's way to what the bag keeps
+  friend struct StoredAccess;  // lets the property table reach the stored members
 
   struct Parts;
   std::unique_ptr<Parts> parts_;

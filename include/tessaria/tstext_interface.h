@@ -20,11 +20,11 @@ enum class TipoControle : Long {
 enum class ExitVerdict {
   Left,      ///< the field is settled, or there was nothing to settle
   Refused,   ///< the text is not valid: the field keeps it and wants the focus back
-  NotStored  ///< the value was refused, or an error came before it was stored; the operator was
-             ///< told
+  NotStored  ///< the value was refused, or an error came before it was stored; the operator has
+             ///< been told
 };
 
-/// The control from outside. Implemented by `tsText`.
+/// The control as seen from outside. Implemented by `tsText`.
 class TESSARIA_CORE_API _tsText {
  public:
   _tsText() = default;
@@ -34,9 +34,9 @@ class TESSARIA_CORE_API _tsText {
 
   virtual Variant Value() const = 0;
   virtual void Value(const Variant& value) = 0;
-  /// As assigning `Value`. False when the value was refused, which the operator has been told.
+  /// Assigns `Value`. Returns false when the value was refused; the operator has then been told.
   virtual bool TakeValue(const Variant& value) = 0;
-  /// As assigning `Value`, except that the bound field is not written: a row is being shown.
+  /// Assigns `Value` without writing the bound field: a row is being shown.
   virtual void ShowValue(const Variant& value) = 0;
   /// Code of the variant type that an unbound value is held in.
   virtual Long TipoDado() const = 0;
@@ -44,8 +44,8 @@ class TESSARIA_CORE_API _tsText {
   virtual bool Enabled() const = 0;
   virtual void Enabled(bool enabled) = 0;
   virtual bool LastValidaStatus() const = 0;
-  /// Looks the description up again and hands it to the sibling. With `ApenasTsBrowse` a key
-  /// field leaves its sibling alone; with `DisparaBrowseReturn` the event follows.
+  /// Looks the description up again and passes it to the sibling. With `ApenasTsBrowse` a key field
+  /// leaves its sibling alone; with `DisparaBrowseReturn` the event is raised afterwards.
   virtual Variant AtualizaIrmao(bool ApenasTsBrowse = false, bool DisparaBrowseReturn = false) = 0;
   /// As `AtualizaIrmao`, except that the sibling's bound field is not written: a row is being
   /// shown.
@@ -68,7 +68,8 @@ class TESSARIA_CORE_API tsTextEvents {
   virtual void KeyDown(Integer& KeyCode, Integer& Shift) = 0;
   virtual void KeyPress(Integer& KeyAscii) = 0;
   virtual void KeyUp(Integer& KeyCode, Integer& Shift) = 0;
-  /// The field was settled. `LastValue` is the control's own member: the value before.
+  /// The field was settled. `LastValue` is the control's own member, which holds the previous
+  /// value.
   virtual void BrowseReturn(bool& HouveAlteracao, Variant& LastValue) = 0;
 };
 

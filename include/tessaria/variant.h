@@ -38,7 +38,7 @@ struct TESSARIA_CORE_API Decimal {
   std::array<std::uint32_t, 3> Magnitude{};
   std::uint8_t Scale = 0;  ///< digits behind the decimal mark, 0 to 28
   bool Negative = false;
-  /// The same digits: 1.5 and 1.50 differ here. `Equal` compares values.
+  /// Compares the digits: 1.5 and 1.50 differ here. `Equal` compares values.
   bool operator==(const Decimal&) const = default;
 };
 
@@ -95,7 +95,7 @@ class TESSARIA_CORE_API Variant {
   bool IsMissing() const { return Type() == Kind::Missing; }
   bool IsString() const { return Type() == Kind::String; }
   bool IsObject() const { return Type() == Kind::Object; }
-  /// True for every kind that holds a number, Boolean included; a date is none.
+  /// True for every kind that holds a number, Boolean included; a date does not count as one.
   bool IsNumeric() const;
 
   /// The value held, or nullptr when the variant holds another kind.
@@ -104,8 +104,8 @@ class TESSARIA_CORE_API Variant {
     return std::get_if<T>(&data_);
   }
 
-  /// The object as a T. Errors: 424 when this is no object, 91 when it is nothing,
-  /// 13 when it is an object of another class.
+  /// The object as a T. Errors: 424 when this is not an object, 91 when it is the reference to
+  /// nothing, 13 when it is an object of another class.
   template <class T>
   std::shared_ptr<T> As() const;
 

@@ -1,4 +1,4 @@
-// What the library asks of the program that hosts it.
+// The services that the library needs from the hosting program.
 #pragma once
 
 #include <memory>
@@ -11,7 +11,7 @@ namespace tessaria::host {
 /// A picture that a host loaded and its own widgets can show. Opaque to the core.
 class TESSARIA_CORE_API Picture : public Object {};
 
-/// Styles of a message box, added up.
+/// Styles of a message box, combined by addition.
 namespace box {
 inline constexpr Long Ok = 0;
 inline constexpr Long YesNo = 4;
@@ -41,15 +41,15 @@ class TESSARIA_CORE_API Application {
   /// The character between the parts of a path on this system.
   virtual char16_t PathSeparator() const = 0;
   virtual bool FileExists(const String& path) const = 0;
-  /// Loads a picture file. Errors: 53 when it is missing, 481 when it is no picture.
+  /// Loads a picture file. Errors: 53 when it is missing, 481 when it is not a picture.
   virtual std::shared_ptr<Picture> LoadPicture(const String& path) = 0;
 
   virtual void Beep() = 0;
-  /// Serves the events that wait, once.
+  /// Processes the pending events once.
   virtual void DoEvents() = 0;
-  /// Shows a modal box and waits for its answer.
-  /// `owner` is a window handle as `ControlSite::hWnd` gives it, 0 for none; `style` adds up
-  /// values of `box`. Answers 6 for yes, 7 for no, 1 otherwise. Closing a yes/no box is a no.
+  /// Shows a modal box and waits for its answer. `owner` is a window handle as `ControlSite::hWnd`
+  /// returns it, 0 for none; `style` is a sum of values of `box`. Returns 6 for yes, 7 for no, 1
+  /// otherwise. Closing a yes/no box counts as no.
   virtual Long ShowMessageBox(Long owner, const String& text, Long style, const String& title) = 0;
 };
 

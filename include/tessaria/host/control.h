@@ -1,4 +1,4 @@
-// What one control asks of its surroundings.
+// What one control needs from its surroundings.
 #pragma once
 
 #include <memory>
@@ -30,15 +30,15 @@ class TESSARIA_CORE_API PropertyBag {
 /// An object that a property bag can hold.
 class TESSARIA_CORE_API Persistent : public Object {
  public:
-  /// The name under which the bag's reader makes the object again.
+  /// The name by which the bag's reader recreates the object.
   virtual String ClassName() const = 0;
   virtual void ReadProperties(const PropertyBag& bag) = 0;
   virtual void WriteProperties(PropertyBag& bag) const = 0;
 };
 
-/// Thrown by a control's ports when its form was closed by a handler: what the core was still
-/// about to do for it is dropped. No run-time error, so it passes every trap; the host's event
-/// ends there, without a word to the operator.
+/// Thrown by a control's ports when a handler has closed its form: the core abandons what it was
+/// still about to do for the control. It is not a run-time error, so it passes every trap; the
+/// host's event ends there, without a message to the operator.
 struct TESSARIA_CORE_API ControlGone {};
 
 /// The surroundings of one control: its ambient, its place on the form, its surface.

@@ -46,20 +46,20 @@ inline constexpr Long Open = 1;
 
 enum class CursorType : Long { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
 enum class LockType : Long { ReadOnly = 1, Pessimistic = 2, Optimistic = 3, BatchOptimistic = 4 };
-/// What the pending edit of a record set is.
+/// The kind of a record set's pending edit.
 enum class EditMode : Long { None = 0, InProgress = 1, Add = 2, Delete = 4 };
 enum class Affect : Long { Current = 1 };
-/// What `Connection::OpenSchema` tells of, by the data layer's numbers.
+/// What `Connection::OpenSchema` describes, by the data layer's numbers.
 enum class SchemaKind : Long { Columns = 4, Tables = 20, PrimaryKeys = 28 };
 
-/// Of which tables a schema is asked: names as the schema of the tables gives them, capitals
-/// included; an empty one stands for all.
+/// The tables that a schema is requested for: names as the schema of the tables spells them, with
+/// the same capitals; an empty name stands for all.
 struct TESSARIA_CORE_API SchemaRestrictions {
   String Catalog, Schema, Table;
 };
 
-/// One column of a record set, seen at its current row. Never outlives its record set: when
-/// that is closed, every member raises 3704.
+/// One column of a record set, seen at its current row. Usable only while its record set is open:
+/// afterwards every member raises 3704.
 class TESSARIA_CORE_API Field : public Object {
  public:
   virtual String Name() const = 0;
@@ -73,17 +73,17 @@ class TESSARIA_CORE_API Field : public Object {
   virtual Long Precision() const = 0;
   /// Digits behind the decimal mark, for numbers.
   virtual Long NumericScale() const = 0;
-  /// The value in the current row, the pending edit included. Numbers and dates come in the kind of
-  /// their type; a stored one that the kind cannot hold comes as its text: an infinite date or one
-  /// outside the years 100 to 9999, "NaN", a number of more digits than a Decimal has (with a
-  /// comma). Error 3021 at BOF or EOF.
+  /// The value in the current row, the pending edit included. Numbers and dates are returned in the
+  /// kind of their type; a stored value that the kind cannot hold is returned as text: an infinite
+  /// date or one outside the years 100 to 9999, "NaN", a number with more digits than a Decimal has
+  /// (with a comma). Error 3021 at BOF or EOF.
   virtual Variant Value() const = 0;
-  /// Starts or continues the edit of the current row. A value equal to the present one is no
-  /// edit, and so is the text of a stored value that comes as text. Exact types compare exactly, a
-  /// Double with as many digits as tell it from its neighbours; Single and Double types as such,
-  /// dates to the second. Errors: 3021 no row, 3251 not updatable, 13 or -2147217887 a value that
-  /// the type refuses, 5 a text with a character of code 0 or half of a surrogate pair; the row
-  /// keeps what it had.
+  /// Starts or continues the edit of the current row. Assigning a value equal to the present one is
+  /// not an edit; nor is assigning the text of a stored value that is returned as text. Exact types
+  /// compare exactly, a Double with as many digits as distinguish it from its neighbours; Single
+  /// and Double types as such, dates to the second. Errors: 3021 no row, 3251 not updatable, 13 or
+  /// -2147217887 a value that the type refuses, 5 a text with a character of code 0 or half of a
+  /// surrogate pair; the row then keeps its present value.
   virtual void Value(const Variant& value) = 0;
 };
 
@@ -110,23 +110,23 @@ class Connection;
 /// Moving off an edited row writes the edit first; when that is refused the record set stays
 /// on the row with the edit intact and the error is raised.
 ///
-/// A write that the database accepted is over: the edit ends, whatever fails after it, such as
-/// the reading of further rows. When the connection is lost before the answer comes, nobody knows
-/// whether the row was stored. Error -2147217663 says so, the edit stays as it was typed, and
-/// nothing is sent again by itself. Once the connection is open again:
-/// - Writing again first looks for the row by its key. An edit that was stored is over; what was
-///   typed since then is written on top of it. One that was not stored is written now. A deletion
-///   is looked up in the same way. Values count as stored when the row holds what their columns
-///   make of them (a number at the column's scale, a text without padding).
-/// - A row that is neither as it was read nor as it was written (another user changed it, or the
-///   database what it was given) is nobody's to tell: writing it raises the same error until the
-///   edit is dropped and the rows are read again.
-/// - A new row whose key the database gives cannot be found so. Writing it raises the same error
-///   until `Requery` has read the rows again, which keeps the new row as a pending edit: the
-///   program looks for it among the rows (`ValueAt`) and then writes it or drops it. The same holds
-///   when a row of its key is there with other values.
-/// Inside a transaction the loss undoes all, so the write was not stored and the error is the
-/// driver's own. The number says the same of a `CommitTrans` whose answer is lost.
+/// A write that the database accepted is final: the edit ends even when something fails afterwards,
+/// such as reading further rows. When the connection is lost before the answer arrives, it is
+/// unknown whether the row was stored. Error -2147217663 says so, the edit stays as it was typed,
+/// and nothing is sent again automatically. Once the connection is open again:
+/// - Writing again first looks for the row by its key. An edit that was stored is complete; what
+///   was typed since then is written on top of it. An edit that was not stored is written now. A
+///   deletion is checked in the same way. Values count as stored when the row holds what their
+///   columns make of them (a number at the column's scale, a text without padding).
+/// - When the row is neither as it was read nor as it was written (another user changed it, or the
+///   database changed what it was given), the outcome cannot be determined: writing it raises the
+///   same error until the edit is discarded and the rows are read again.
+/// - A new row whose key the database generates cannot be found this way. Writing it raises the
+///   same error until `Requery` has read the rows again, which keeps the new row as a pending edit:
+///   the program looks for it among the rows (`ValueAt`) and then writes or discards it. The same
+///   applies when a row with its key exists with other values.
+/// Inside a transaction the loss rolls everything back, so the write was not stored and the error
+/// is the driver's own. The same number reports a `CommitTrans` whose answer is lost.
 class TESSARIA_CORE_API Recordset : public Object {
  public:
   /// 0 closed, 1 open (`state`).
@@ -134,28 +134,29 @@ class TESSARIA_CORE_API Recordset : public Object {
   virtual bool Bof() const = 0;
   virtual bool Eof() const = 0;
   virtual host::Fields& Fields() = 0;
-  /// Rows in all. Reads to the end.
+  /// The total number of rows. Reads to the end.
   virtual Long RecordCount() = 0;
   /// Row number from 1; -1 at BOF (or no rows), -3 at EOF.
   virtual Long AbsolutePosition() const = 0;
 
   virtual void MoveFirst() = 0;
   virtual void MoveLast() = 0;
-  /// Errors of both: 3021 when already behind the end.
+  /// Both raise 3021 when already past the end in their direction.
   virtual void MoveNext() = 0;
   virtual void MovePrevious() = 0;
-  /// To a row number from 1. Error 3021 outside the rows.
+  /// Moves to a row number, from 1. Error 3021 outside the rows.
   virtual void AbsolutePosition(Long row) = 0;
-  /// Seeks forward from the current row, which is looked at too, for "field op value" (=, <>, <, >,
-  /// <=, >=, like with * or % at either end; [odd name], its "]" doubled). EOF when nothing
-  /// matches. Values compare in the field's own type: exact numbers with all digits, a Double with
-  /// 15 and a Single with 7 (exactly, if the criterion has more), dates to the second; a stored
-  /// value that comes as text and is no number matches "<>" alone. A number may have a point or a
-  /// comma for decimals. Error 3001 for a criterion that it cannot read; "like" on a field that is
-  /// no text is one.
+  /// Searches forward from the current row, inclusive, for "field op value" (=, <>, <, >, <=, >=,
+  /// like with * or % at either end; an unusual field name goes in brackets, with its "]" doubled).
+  /// EOF when nothing matches. Values compare in the field's own type: exact numbers with all
+  /// digits, a Double with 15 and a Single with 7 (exactly, if the criterion has more), dates to
+  /// the second; a stored value that is returned as text and is not a number matches only "<>". A
+  /// number may have a point or a comma for decimals. Error 3001 for a criterion that cannot be
+  /// read, or "like" on a field that is not text.
   virtual void Find(const String& criteria) = 0;
-  /// Orders the rows: field names (odd ones as above), each with " ASC" or " DESC", separated by
-  /// commas; "" restores the statement's order. Goes to the first row. Errors: 3265 unknown, 3001.
+  /// Orders the rows: field names (unusual ones as above), each with " ASC" or " DESC", separated
+  /// by commas; "" restores the statement's order. Moves to the first row. Errors: 3265 for an
+  /// unknown field, 3001 for an order that cannot be read.
   virtual void Sort(const String& order) = 0;
   virtual String Sort() const = 0;
 
@@ -168,25 +169,25 @@ class TESSARIA_CORE_API Recordset : public Object {
   /// row since it was read (nothing is overwritten), -2147217663 when it may have been stored,
   /// the driver's own for the rest. The edit stays pending after an error.
   virtual void Update() = 0;
-  /// Drops the pending edit; a new row goes away. One in doubt may be stored all the same.
+  /// Discards the pending edit; a new row disappears. An edit in doubt may be stored nevertheless.
   virtual void CancelUpdate() = 0;
   /// Deletes the current row in the database. Errors -2147217864 and -2147217663 as for Update.
   virtual void Delete() = 0;
-  /// Runs the statement again; stands on the first row. A pending edit is an error (3219), but for
-  /// a new row in doubt, which stays pending.
+  /// Runs the statement again and moves to the first row. Error 3219 when an edit is pending,
+  /// except for a new row in doubt, which stays pending.
   virtual void Requery() = 0;
-  /// Closes the rows. A pending edit is dropped.
+  /// Closes the rows. A pending edit is discarded.
   virtual void Close() = 0;
 
-  // What a list of the rows asks. None of it moves the current row.
-  /// Rows that are held so far, in the present order: those that are read without waiting.
+  // For lists of the rows. None of these moves the current row.
+  /// The number of rows held so far, which can be read without waiting, in the present order.
   virtual Long RowsRead() const = 0;
-  /// Whether `RowsRead` are all rows. Never true after a reading that failed.
+  /// Whether `RowsRead` covers all rows. Never true after a read that failed.
   virtual bool Complete() const = 0;
-  /// Reads up to so many rows more. False when there are no more. The error of a reading that
-  /// failed is raised, again at each call; rows that came before it are held.
+  /// Reads up to `rows` further rows. False when there are no more. The error of a read that failed
+  /// is raised, again at each call; rows read before it are kept.
   virtual bool FetchMore(Long rows) = 0;
-  /// Value in a row held, by row number from 1 and ordinal from 0, the pending edit left aside.
+  /// The value in a held row, by row number from 1 and ordinal from 0, without the pending edit.
   /// Errors: 3021 outside the rows held, 3265 outside the columns.
   virtual Variant ValueAt(Long row, Long ordinal) const = 0;
 
@@ -206,30 +207,31 @@ class TESSARIA_CORE_API Connection : public Object {
   virtual void Open() = 0;
   virtual void Close() = 0;
 
-  /// Seconds that `Open` waits for a server that does not answer; 15 unless told. 0 leaves it to
-  /// the driver. Assigned while closed; errors: 3705 while open, 3001 for a negative number.
+  /// Seconds that `Open` waits for a server that does not answer; 15 by default. 0 leaves it to the
+  /// driver. Can be assigned only while closed. Errors: 3705 while open, 3001 for a negative
+  /// number.
   virtual Long ConnectionTimeout() const = 0;
   virtual void ConnectionTimeout(Long seconds) = 0;
 
-  /// A provider property by name. Error 3265 for others, 3709 when the connection is closed.
-  /// "DBMS Name", "DBMS Version": texts. "Backslash Escapes": whether the server, now, reads a
-  /// backslash in a plain text ('...') of a statement as an escape; Null when that is not known.
+  /// A provider property by name. Error 3265 for others, 3709 when the connection is closed. "DBMS
+  /// Name", "DBMS Version": texts. "Backslash Escapes": whether the server currently reads a
+  /// backslash in a plain text ('...') of a statement as an escape; Null when that is unknown.
   virtual Variant Properties(const String& name) const = 0;
-  /// Runs one statement. Rows come back as a read-only record set; a statement without rows
-  /// gives a closed one. A text that holds a second statement is refused. Error 5 for a text with
-  /// a character of code 0 or half of a surrogate pair, here and wherever a text goes to the
-  /// server. Outside a transaction, error -2147217663 for a statement that is no plain query and
-  /// whose answer is lost with the connection: what it writes may have been stored.
+  /// Runs one statement. Rows are returned as a read-only record set; a statement that has no
+  /// result rows gives a closed one. A text that holds a second statement is refused. Error 5 for a
+  /// text with a character of code 0 or half of a surrogate pair, here and wherever a text goes to
+  /// the server. Outside a transaction, error -2147217663 for a statement that is not a plain query
+  /// and whose answer is lost with the connection: what it writes may have been stored.
   virtual RecordsetPtr Execute(const String& statement) = 0;
   /// Opens rows of one statement. `Optimistic` makes them writable when they come from one
   /// table and hold its key. `options` -1 leaves open whether the text is a statement.
   virtual RecordsetPtr OpenRecordset(const String& source, CursorType cursor, LockType lock,
                                      Long options = -1) = 0;
-  /// Rows about the database itself, read-only; their columns are in schema.h.
-  /// Tables: views and system tables too, told by TABLE_TYPE ("TABLE", "VIEW", ...); by type and
-  /// name. Columns: by table, and in each in the table's order; DATA_TYPE is one of `type`,
-  /// CHARACTER_MAXIMUM_LENGTH is Null for what is no text. PrimaryKeys: in the order of the key.
-  /// Errors: 3709 when closed, 3001 for PrimaryKeys of no table.
+  /// Rows about the database itself, read-only; their columns are in schema.h. Tables: includes
+  /// views and system tables, distinguished by TABLE_TYPE ("TABLE", "VIEW", ...); ordered by type
+  /// and name. Columns: ordered by table, and within a table in its own order; DATA_TYPE is one of
+  /// `type`, CHARACTER_MAXIMUM_LENGTH is Null for columns that are not text. PrimaryKeys: in the
+  /// order of the key. Errors: 3709 when closed, 3001 for PrimaryKeys without a table.
   virtual RecordsetPtr OpenSchema(SchemaKind kind, const SchemaRestrictions& restrictions = {}) = 0;
 
   virtual void BeginTrans() = 0;

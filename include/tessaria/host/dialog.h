@@ -1,9 +1,9 @@
 // The library's own windows: what a dialog is made of, and the widgets that its logic drives.
 //
-// The logic of a dialog is a class of the core. It hands the host a description, one table; the
-// host builds the window from it and adds only geometry and looks. Widgets and window live
-// until the dialog is destroyed; a dialog destroyed inside its modal loop is hidden at once and
-// goes away when the loop has returned. Positions and sizes are in twips.
+// The logic of a dialog is a class of the core. It gives the host a description, which is one
+// table; the host builds the window from it and adds only geometry and looks. Widgets and window
+// live until the dialog is destroyed; a dialog destroyed inside its modal loop is hidden at once
+// and goes away when the loop has returned. Positions and sizes are in twips.
 #pragma once
 
 #include <functional>
@@ -93,7 +93,7 @@ class TESSARIA_CORE_API DialogButton : public virtual DialogWidget {
   std::function<void()> OnClick;
 };
 
-/// A box that shows text and takes none from the keyboard.
+/// A box that shows text and accepts none from the keyboard.
 class TESSARIA_CORE_API DialogDisplay : public virtual DialogWidget {
  public:
   virtual String Text() const = 0;
@@ -108,7 +108,7 @@ class TESSARIA_CORE_API DialogField : public virtual DialogWidget {
   std::function<void()> OnChange;
 };
 
-/// A column of a grid. Error 9 is the grid's when there is no such column.
+/// A column of a grid. The grid raises error 9 when there is no such column.
 class TESSARIA_CORE_API GridColumn {
  public:
   GridColumn() = default;
@@ -133,8 +133,8 @@ class TESSARIA_CORE_API GridColumn {
 /// A read-only grid over a record set. The grid's current row is the record set's.
 class TESSARIA_CORE_API DataGrid : public virtual DialogWidget {
  public:
-  /// The rows shown; nothing empties the grid. New rows bring columns of their own, with
-  /// captions and widths of the fields.
+  /// The rows shown; null empties the grid. New rows replace the columns; captions and widths are
+  /// those of the fields.
   virtual RecordsetPtr DataSource() const = 0;
   virtual void DataSource(RecordsetPtr rows) = 0;
   virtual Long ColumnCount() const = 0;
@@ -184,7 +184,7 @@ class TESSARIA_CORE_API Calendar : public virtual DialogWidget {
 /// The drives or mounted volumes of the system.
 class TESSARIA_CORE_API DriveList : public virtual DialogWidget {
  public:
-  /// The entry that stands selected.
+  /// The selected entry.
   virtual String Drive() const = 0;
   /// Selects the entry that a path lies on. Error 68 when there is none.
   virtual void Drive(const String& path) = 0;
@@ -196,7 +196,7 @@ class TESSARIA_CORE_API DriveList : public virtual DialogWidget {
 class TESSARIA_CORE_API FolderList : public virtual DialogWidget {
  public:
   virtual String Path() const = 0;
-  /// Error 76 for a folder that is not there or cannot be read.
+  /// Error 76 for a folder that does not exist or cannot be read.
   virtual void Path(const String& path) = 0;
   /// Raised by assignments too.
   std::function<void()> OnChange;
@@ -206,7 +206,7 @@ class TESSARIA_CORE_API FolderList : public virtual DialogWidget {
 class TESSARIA_CORE_API FileList : public virtual DialogWidget {
  public:
   virtual String Path() const = 0;
-  /// Error 76 for a folder that is not there or cannot be read.
+  /// Error 76 for a folder that does not exist or cannot be read.
   virtual void Path(const String& path) = 0;
   virtual String Pattern() const = 0;
   virtual void Pattern(const String& pattern) = 0;
@@ -239,11 +239,11 @@ class TESSARIA_CORE_API Dialog {
   virtual Colour BackColor() const = 0;
   /// A 32-bit token for the window.
   virtual Long hWnd() const = 0;
-  /// The connection that controls on the dialog find; nothing for none.
+  /// The connection that controls on the dialog find; null for none.
   virtual void dbForm(ConnectionPtr connection) = 0;
 
-  /// Shows the window and returns when it is hidden or closed. Controls get their first show,
-  /// then come `OnResize`, at the first show, and `OnActivate`.
+  /// Shows the window and returns when it is hidden or closed. Controls receive their first show;
+  /// then `OnResize` (at the first show) and `OnActivate` are raised.
   virtual void ShowModal() = 0;
   virtual void Hide() = 0;
 
@@ -254,8 +254,8 @@ class TESSARIA_CORE_API Dialog {
     throw HostError(errors::TypeMismatch);
   }
 
-  /// The window has become the active one: at each show, and each time that it comes back to the
-  /// front, from under another window of the library, a box or another program.
+  /// The window has become the active one: at each show, and each time it returns to the front from
+  /// behind another window of the library, a box or another program.
   std::function<void()> OnActivate;
   /// The operator closes the window by its frame. Without a handler it hides.
   std::function<void()> OnCloseRequest;
@@ -270,7 +270,7 @@ class TESSARIA_CORE_API Dialog {
 
 using DialogPtr = std::shared_ptr<Dialog>;
 
-/// What dialogs ask of the desktop. Owned by the host; one per thread (`State().desktop`).
+/// What dialogs need from the desktop. Owned by the host; one per thread (`State().desktop`).
 class TESSARIA_CORE_API Desktop {
  public:
   Desktop() = default;
@@ -282,11 +282,11 @@ class TESSARIA_CORE_API Desktop {
   virtual Long ScreenWidth() const = 0;
   virtual Long ScreenHeight() const = 0;
   virtual Date Today() const = 0;
-  /// A window made from its description, hidden. The description outlives it.
+  /// Creates a hidden window from its description, which must outlive the window.
   virtual DialogPtr MakeDialog(const DialogDescription& description) = 0;
-  /// Shows the pointer that asks to wait, until as many calls have taken it back.
+  /// Shows the wait pointer until each call with true is matched by one with false.
   virtual void Busy(bool busy) = 0;
-  /// Replaces what the clipboard holds.
+  /// Replaces the contents of the clipboard.
   virtual void ClipboardText(const String& text) = 0;
   /// The name of the first ordinary file that a path with wildcards matches; "" for none.
   /// "*.*" matches every name.

@@ -28,7 +28,7 @@ class TESSARIA_CORE_API Widget : public Object {
   virtual Long Left() const = 0;
   virtual Long Top() const = 0;
   virtual Long Height() const = 0;
-  /// What the widget lies on, the form at last; nothing for a form.
+  /// What the widget lies on; outermost is the form. Null for a form.
   virtual WidgetPtr Container() const = 0;
   /// A property by name, without regard to case. Error 438 when there is none.
   virtual Variant Get(const String& property) const = 0;
@@ -59,14 +59,14 @@ class TESSARIA_CORE_API DataControl : public Widget {
  public:
   virtual String ConnectionString() const = 0;
   virtual String RecordSource() const = 0;
-  /// The rows; nothing before the first Refresh.
+  /// The rows; null before the first Refresh.
   virtual RecordsetPtr RecordSet() const = 0;
-  /// Opens the rows anew.
+  /// Reopens the rows.
   virtual void Refresh() = 0;
 };
 
-/// A control of this library on a form. `Control` is the control itself; the reference is
-/// good until host events are pumped.
+/// A control of this library on a form. `Control` is the control itself; the reference is valid
+/// until host events are processed.
 class TESSARIA_CORE_API TsTextWidget : public Widget {
  public:
   virtual _tsText& Control() const = 0;
@@ -80,7 +80,7 @@ class TESSARIA_CORE_API Form : public Widget {
   virtual WidgetPtr Controls(const String& name) const = 0;
   /// All controls, in order of creation.
   virtual std::vector<WidgetPtr> Controls() const = 0;
-  /// The control that has the focus, or has just taken it; nothing when none has.
+  /// The control that has the focus, or has just taken it; null when none has.
   virtual WidgetPtr ActiveControl() const = 0;
 };
 

@@ -1,4 +1,4 @@
-// The columns of the record sets that `Connection::OpenSchema` gives, the same in every host.
+// The columns of the record sets that `Connection::OpenSchema` returns, the same in every host.
 #pragma once
 
 #include <vector>
@@ -16,7 +16,7 @@ struct TESSARIA_CORE_API SchemaColumn {
   bool Nullable = true;
 };
 
-/// In the order of the record set: callers count on the ordinals.
+/// In the order of the record set: callers rely on the ordinals.
 inline std::vector<SchemaColumn> SchemaColumns(SchemaKind kind) {
   std::vector<SchemaColumn> columns = {
       {u"TABLE_CATALOG"}, {u"TABLE_SCHEMA"}, {u"TABLE_NAME", type::VarWChar, 128, false}};

@@ -48,9 +48,9 @@ enum class Alignment : Integer { Left = 0, Right = 1 };
 /// change, key-up.
 ///
 /// `MaxLength` (in UTF-16 units; 0 is no limit, a negative one is kept as 0) bounds what the
-/// operator types or pastes in place of the selection, and nothing else: a text assigned or
-/// standing already may be longer. A typed character that has no room is refused, a pasted text is
-/// cut, never inside a surrogate pair; when none of it has room, text and selection stay.
+/// operator types or pastes in place of the selection, and nothing else: a text that is assigned or
+/// already present may be longer. A typed character without room is refused; a pasted text is cut,
+/// but never inside a surrogate pair; when nothing of it fits, text and selection stay unchanged.
 class TESSARIA_CORE_API TextBox {
  public:
   TextBox() = default;
@@ -91,11 +91,12 @@ class TESSARIA_CORE_API TextBox {
   virtual void Height(Long twips) = 0;
   virtual void SetFocus() = 0;
 
-  /// Free text of the box's user.
+  /// Free text for the code that uses the box.
   String Tag;
 
   std::function<void()> OnChange;
-  /// The operator has put the very text into the box that it held: in place of `OnChange`.
+  /// Raised instead of `OnChange` when the operator enters the same text that the box already
+  /// holds.
   std::function<void()> OnSameText;
   std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
   std::function<void(Integer& KeyAscii)> OnKeyPress;

@@ -1,4 +1,4 @@
-// The hosting program, with no screen: boxes are recorded and answered by a script.
+// The hosting program without a screen: boxes are recorded and answered by a script.
 #pragma once
 
 #include <deque>
@@ -11,7 +11,7 @@
 
 namespace tessaria::memory {
 
-/// A picture by the file that it came from.
+/// A picture, known by the file that it came from.
 class TESSARIA_MEMORY_API Picture final : public host::Picture {
  public:
   explicit Picture(String path) : path_(std::move(path)) {}
@@ -30,8 +30,8 @@ struct TESSARIA_MEMORY_API MessageBoxRecord {
   bool operator==(const MessageBoxRecord&) const = default;
 };
 
-/// The services of a program that has no screen. While it lives it is the application of its
-/// thread; at its end the former one is back.
+/// The services of a program that has no screen. While it exists it is the application of its
+/// thread; its destructor restores the former one.
 class TESSARIA_MEMORY_API Application final : public host::Application {
  public:
   Application();
@@ -45,20 +45,20 @@ class TESSARIA_MEMORY_API Application final : public host::Application {
   void Beep() override { ++beeps_; }
   /// Runs what was posted until now, then `OnDoEvents`.
   void DoEvents() override;
-  /// Answers with the next answer of the script, else with what closing the box answers:
-  /// no for a yes/no box, OK for any other.
+  /// Returns the next answer of the script; when there is none, the answer that closing the box
+  /// gives: no for a yes/no box, OK for any other.
   Long ShowMessageBox(Long owner, const String& text, Long style, const String& title) override;
 
   // --- The script ------------------------------------------------------------------------------
   enum class FileKind { Other, Picture };
-  /// Puts a file there, by its whole path; names are compared without regard to case.
+  /// Adds a file by its full path; names are compared without regard to case.
   void AddFile(const String& path, FileKind kind = FileKind::Other);
   void RemoveFile(const String& path);
-  /// Queues the answer of a box to come.
+  /// Queues the answer to a later box.
   void WillAnswer(Long answer) { answers_.push_back(answer); }
-  /// Queues work that the next event pumping does.
+  /// Queues work for the next `DoEvents`.
   void Post(std::function<void()> work) { posted_.push_back(std::move(work)); }
-  /// Runs while a box is open, ahead of its answer.
+  /// Runs while a box is open, before its answer.
   std::function<void(const MessageBoxRecord&)> OnMessageBox;
   std::function<void()> OnDoEvents;
 

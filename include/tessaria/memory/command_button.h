@@ -1,4 +1,4 @@
-// The button inside a control, with no screen.
+// The button inside a control, without a screen.
 #pragma once
 
 #include "tessaria/export.h"
@@ -6,7 +6,7 @@
 
 namespace tessaria::memory {
 
-/// A push button that keeps what it is told.
+/// A push button that keeps what is assigned to it.
 class TESSARIA_MEMORY_API CommandButton final : public host::CommandButton {
  public:
   bool Visible() const override { return visible_; }

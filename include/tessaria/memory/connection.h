@@ -1,4 +1,4 @@
-// A database connection whose answers a test writes.
+// A database connection whose answers a test supplies.
 #pragma once
 
 #include <deque>
@@ -46,25 +46,25 @@ class TESSARIA_MEMORY_API Connection final : public host::Connection,
   // --- The database --------------------------------------------------------------------------
   void SetProperty(const String& name, const Variant& value);
   TablePtr AddTable(const String& name, std::vector<Column> columns, std::vector<Row> rows = {});
-  /// What the schema says of a table: its type, "TABLE" unless told, and its key's columns in
-  /// their order. Error 3265 when there is none of that name.
+  /// What the schema reports for a table: its type, "TABLE" by default, and its key's columns in
+  /// their order. Error 3265 when there is no table of that name.
   void SetTableType(const String& name, const String& type);
   void SetPrimaryKey(const String& name, std::vector<String> columns);
-  /// Error 3265 when there is none of that name.
+  /// Error 3265 when there is no table of that name.
   TablePtr TableNamed(const String& name) const;
-  /// The answer of one exact statement.
+  /// Sets the answer to one exact statement.
   void Answer(const String& statement, Rows rows);
-  /// Answers any statement, or nothing to leave it to the tables; may raise.
+  /// Answers any statement, or returns no value to leave it to the tables; may raise an error.
   std::function<std::optional<Rows>(const String& statement)> OnStatement;
 
   // --- Faults --------------------------------------------------------------------------------
   /// The next statement, or the next Open, fails with this error; queued.
   void FailNext(HostError error) { faults_.push_back(std::move(error)); }
-  /// The line breaks: what comes next finds the connection closed.
+  /// Breaks the connection: the next call finds it closed.
   void Drop() { dropped_ = true; }
-  /// The line breaks with the next write, of a record set or by a statement that is no query,
-  /// before (`stored` false) or after it is done; the writer gets error -2147217663. Inside a
-  /// transaction all is undone and the error is the provider's.
+  /// Breaks the connection at the next write, by a record set or by a statement that is not a
+  /// query, before (`stored` false) or after it is done; the writer gets error -2147217663. Inside
+  /// a transaction everything is rolled back and the error is the provider's.
   void LoseNextAnswer(bool stored) { lostAnswer_ = stored; }
 
   // --- What happened -------------------------------------------------------------------------

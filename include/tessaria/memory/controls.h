@@ -62,10 +62,10 @@ class TESSARIA_MEMORY_API TabStrip final : public PartWith<host::TabStrip> {
   TabStrip(String name, Integer tabs);
 
   Integer Tab() const override { return Live(), tab_; }
-  /// Error 380 for a number that is no tab.
+  /// Error 380 for a number that is not a tab.
   void Tab(Integer number) override;
   bool TabVisible(Integer number) const override;
-  /// Error 380 for a number that is no tab.
+  /// Error 380 for a number that is not a tab.
   void TabVisible(Integer number, bool visible);
 
  private:
@@ -75,8 +75,8 @@ class TESSARIA_MEMORY_API TabStrip final : public PartWith<host::TabStrip> {
   std::vector<bool> visible_;
 };
 
-/// A data control over a connection that the test hands it. It opens its rows by itself when
-/// the form loads, if it has a connection and a record source.
+/// A data control over a connection that the test supplies. It opens its rows by itself when the
+/// form loads, if it has a connection and a record source.
 class TESSARIA_MEMORY_API DataControl final : public PartWith<host::DataControl> {
  public:
   explicit DataControl(String name, String typeName = u"Adodc");
@@ -90,7 +90,7 @@ class TESSARIA_MEMORY_API DataControl final : public PartWith<host::DataControl>
   /// Error 3709 without a connection; what was open is closed first.
   void Refresh() override;
 
-  /// Connects: the connection, and the two texts that tell of it.
+  /// Sets the connection and the two texts that belong to it.
   void Connect(host::ConnectionPtr connection, const String& recordSource);
   int Refreshes() const { return refreshes_; }
 

@@ -1,4 +1,4 @@
-// Seeking and ordering rows.
+// Searching and ordering rows.
 #pragma once
 
 #include <vector>
@@ -8,12 +8,12 @@
 
 namespace tessaria::memory {
 
-/// A search criterion "field op value". Texts compare without regard to case; Null matches only
-/// "= Null", and "<> Null" matches all else.
+/// A search criterion "field op value". Texts compare without regard to case; Null matches only "=
+/// Null", and "<> Null" matches everything else.
 class TESSARIA_MEMORY_API Criterion {
  public:
-  /// Errors: 3265 for an unknown field, 3001 for all else that cannot be read; `like` on a field
-  /// that is no text is such a case.
+  /// Errors: 3265 for an unknown field, 3001 for anything else that cannot be read, and for `like`
+  /// on a field that is not text.
   Criterion(const std::vector<Column>& columns, StringView text);
 
   bool Matches(const Row& row) const;

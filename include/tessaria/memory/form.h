@@ -1,4 +1,4 @@
-// A form with no screen: its controls, the focus, the keys.
+// A form without a screen: its controls, the focus, the keys.
 #pragma once
 
 #include <functional>
@@ -12,16 +12,16 @@
 
 namespace tessaria::memory {
 
-/// A form that an operator, or a test in his place, works on.
+/// A form that an operator, or a test in that role, works on.
 ///
 /// The events of a focus change come in the order of a real form: the new control is already the
-/// active one when the old one's surface is left; then the new surface is entered. A control that
-/// takes the focus back while it is left spares the other one both events, and is entered anew.
-/// A key-up belongs to the box that got the key-down.
+/// active one when the old one's surface is left; then the new surface is entered. When a control
+/// takes the focus back while it is being left, the other one receives neither event, and the first
+/// is entered again. A key-up belongs to the box that got the key-down.
 ///
-/// Every call of the operator's hands is an event: an error that leaves a handler is shown in a
-/// box, kept in `UnhandledErrors`, and the form goes on. A form closed by a handler is hidden and
-/// its widgets answer 91 at once; its controls end when the outermost event has returned.
+/// Every action of the operator is an event: an error that leaves a handler is shown in a box and
+/// kept in `UnhandledErrors`, and the form continues. A form closed by a handler is hidden and its
+/// widgets raise 91 at once; its controls end when the outermost event has returned.
 class TESSARIA_MEMORY_API Form final : public host::Form,
                                        public std::enable_shared_from_this<Form> {
  public:
@@ -48,9 +48,9 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
   bool UserMode() const { return mode_ == Mode::Run; }
   /// Properties by name, `dbForm` among them once it is set.
   LateBound& Properties() { return properties_; }
-  /// What `dbForm` yields; Empty for a form that has the property and no connection in it.
+  /// Sets the value of `dbForm`; Empty for a form that has the property but no connection in it.
   void DbForm(const Variant& connection) { properties_.AddValue(u"dbForm", connection); }
-  /// Makes a control; on a form that is already shown it shows at once.
+  /// Creates a control; on a form that is already shown it shows at once.
   template <class T, class... Arguments>
   std::shared_ptr<T> Add(Arguments&&... arguments) {
     auto part = std::make_shared<T>(std::forward<Arguments>(arguments)...);
@@ -60,8 +60,9 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
   void Remove(const String& name);
 
   // --- The life of the form --------------------------------------------------------------------
-  /// The first time: loads the data controls, then gives every control its first show, unbound
-  /// ones first, then keys, the rest, descriptions, then focuses the first that takes it.
+  /// The first call loads the data controls, then gives every control its first show (unbound ones
+  /// first, then keys, the rest, descriptions), then focuses the first control that takes the
+  /// focus.
   void Show();
   void Hide() { visible_ = false; }
   void Close();
@@ -69,20 +70,21 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
 
   // --- The operator's hands ----------------------------------------------------------------------
   void Type(StringView text);
-  /// Tab and Shift+Tab move the focus and reach no control. Enter and Escape press the default
-  /// and the cancel button where there is one, and otherwise go to the active control.
+  /// Tab and Shift+Tab move the focus and reach no control. Enter and Escape press the default and
+  /// the cancel button when there is one, and otherwise go to the active control.
   void Press(Key key, Integer shift = modifier::None);
-  /// Moves the focus to the control, where it takes it, and then presses it, unless the focus
-  /// was taken back by the control that was left. Error 730 when there is none of that name.
+  /// Moves the focus to the control, if it takes the focus, and then presses it, unless the control
+  /// that was left has taken the focus back. Error 730 when there is no control of that name.
   void Click(const String& name);
   void Focus(const String& name);
-  /// Works a tool button, an entry of a menu or a shortcut of that name, which takes no focus: the
+  /// Triggers a tool button, a menu entry or a shortcut of that name, which takes no focus: the
   /// control in focus is settled first, with a command button of the name as the active control.
-  /// What it refuses does not run; a control whose `ObjetoCancelar` is the name is left alone.
+  /// When that control refuses, the action does not run; a control whose `ObjetoCancelar` is the
+  /// name is left alone.
   void RunAction(const String& name, const std::function<void()>& action);
   /// Closes the form by its frame: settles the control in focus, and stays open when that refuses.
   void CloseByFrame();
-  /// A key going down, and up again wherever the focus is by then.
+  /// `Hold` presses a key down; `Release` releases it wherever the focus is by then.
   void Hold(const Stroke& stroke);
   void Release(const Stroke& stroke);
 
@@ -90,7 +92,7 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
   const std::vector<HostError>& UnhandledErrors() const { return unhandled_; }
 
   // --- What its parts call -----------------------------------------------------------------------
-  /// Runs one event: reports an error that leaves it, and ends a closed form behind it.
+  /// Runs one event: reports an error that leaves it, and ends a closed form afterwards.
   void RunEvent(const std::function<void()>& event);
   /// Moves the focus; events follow at once, or when the running change of focus is done.
   void MoveFocusTo(const std::shared_ptr<Part>& part);

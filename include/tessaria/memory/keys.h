@@ -47,7 +47,7 @@ struct TESSARIA_MEMORY_API Stroke {
   char16_t Character = 0;
 };
 
-/// The stroke of a key by code; its character when it has one without printing.
+/// The stroke of a key by code, with the character of a key that has one without printing.
 TESSARIA_MEMORY_API Stroke StrokeOf(Key key, Integer shift = modifier::None);
 /// The strokes that print a character on a Brazilian keyboard: a dead key first where one is
 /// needed, so that only the last of them carries the character.

@@ -22,7 +22,7 @@ class TESSARIA_MEMORY_API LateBound {
   void Remove(const String& name);
   bool Has(const String& name) const;
 
-  /// Error 438 when there is none of that name.
+  /// Error 438 when there is no property of that name.
   Variant Get(const String& name) const;
   /// Errors: 438 as above, 383 read-only, those of the setter.
   void Let(const String& name, const Variant& value) const;

@@ -1,4 +1,4 @@
-// What a memory form knows of everything that lies on it.
+// What a memory form knows about everything that lies on it.
 #pragma once
 
 #include <memory>
@@ -27,7 +27,7 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
     bool Visible = true;
     bool Enabled = true;
     bool TabStop = true;
-    host::WidgetPtr Container;  ///< nothing: the form itself
+    host::WidgetPtr Container;  ///< null: the form itself
   };
 
   Part(String name, String typeName);
@@ -42,7 +42,7 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
   const LateBound& Properties() const { return properties_; }
 
   virtual host::WidgetPtr AsWidget() = 0;
-  /// The form that the control lies on; nothing when on none, or when it is gone.
+  /// The form that the control lies on; null when there is none, or when it is gone.
   std::shared_ptr<Form> OwnerForm() const { return owner_.lock(); }
   bool IsGone() const { return gone_; }
 
@@ -52,10 +52,10 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
     owner_ = form;
     ownerWidget_ = asWidget;
   }
-  /// The form is loading for an operator: ahead of every first show.
+  /// The form is loading at run time: called before every first show.
   virtual void Load() {}
   virtual void FirstShow() {}
-  /// Place in the order of the first shows, which is that of creation among equals.
+  /// Place in the order of the first shows; controls of the same rank keep the order of creation.
   enum class ShowRank { Unbound, Key, Bound, Description };
   virtual ShowRank Rank() const { return ShowRank::Unbound; }
   /// Whether the control can have the focus now.
@@ -64,17 +64,17 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
   virtual ExitVerdict Leave() { return ExitVerdict::Left; }
   /// Whether an action of that name has something to settle here first.
   virtual bool HasToSettle(const String&) const { return false; }
-  /// Checks and assigns as `Leave` does, with the focus staying.
+  /// Checks and assigns as `Leave` does, while the focus stays.
   virtual ExitVerdict Settle() { return ExitVerdict::Left; }
   virtual void Hold(const Stroke&) {}
   virtual void Release(const Stroke&) {}
   virtual void Click() {}
-  /// From here on the widget answers nothing but 91.
+  /// From now on every call of the widget raises 91.
   void MarkGone() { gone_ = true; }
   virtual void Terminate() {}
 
  protected:
-  /// The form that the control lies on, as a widget; nothing as for `OwnerForm`.
+  /// The form that the control lies on, as a widget; null as for `OwnerForm`.
   host::WidgetPtr OwnerWidget() const { return ownerWidget_.lock(); }
   bool CanBeUsed() const { return state_.Visible && state_.Enabled && !gone_; }
 

@@ -13,14 +13,14 @@ namespace tessaria::memory {
 /// Stores as the text bag does, keeps the keys in the order of use, and fails on demand.
 class TESSARIA_MEMORY_API PropertyBag final : public host::PropertyBag {
  public:
-  /// Makes the definition objects of a control again.
+  /// Can recreate the definition objects of a control.
   PropertyBag();
   explicit PropertyBag(TextPropertyBag::Factories factories);
 
   Variant ReadProperty(const String& name, const Variant& byDefault) const override;
   void WriteProperty(const String& name, const Variant& value, const Variant& byDefault) override;
 
-  /// The keys that were asked for, and those that were offered, stored or not, in order.
+  /// The keys that were read, and those that were written, stored or not, in order.
   const std::vector<String>& Reads() const { return reads_; }
   const std::vector<String>& Writes() const { return writes_; }
   /// Whether there is a stored value, without regard to case.

@@ -28,8 +28,8 @@ class TESSARIA_MEMORY_API RowSource {
   };
   /// Runs the statement, again for a requery.
   virtual Answer Run() = 0;
-  /// Runs what changes the table. Raises an error ahead of it when nothing can be written now,
-  /// and error -2147217663 when a test has its answer lost.
+  /// Runs `change`, which modifies the table. Raises an error before that when nothing can be
+  /// written now, and error -2147217663 when a test makes its answer get lost.
   virtual void Write(const std::function<void()>& change) = 0;
 };
 
@@ -71,7 +71,7 @@ class TESSARIA_MEMORY_API Recordset final : public host::Recordset,
   String Source() const override { return source_; }
 
   // --- What its fields and its connection ask ----------------------------------------------------
-  /// Closes without a check: the connection went.
+  /// Closes without a check: the connection is gone.
   void Drop();
   /// Error 3704 when closed.
   const std::vector<Column>& Columns() const;
@@ -80,7 +80,7 @@ class TESSARIA_MEMORY_API Recordset final : public host::Recordset,
 
  private:
   class FieldList;
-  // Of which write to the current row the answer was lost.
+  // The write to the current row whose answer was lost.
   enum class Doubt { None, Edit, Deletion };
 
   Recordset(std::unique_ptr<RowSource> rows, String source);
@@ -90,7 +90,7 @@ class TESSARIA_MEMORY_API Recordset final : public host::Recordset,
   void RequireRow() const;
   void RequireUpdatable() const;
   bool IsOnRow() const;
-  /// Ahead of a move: writes the pending edit.
+  /// Before a move: writes the pending edit.
   void Settle();
   void Write(Doubt doubt, const std::function<void()>& change);
   /// Finds out whether the edit in doubt was stored.

@@ -32,7 +32,7 @@ struct TESSARIA_MEMORY_API Column {
 
 using Row = std::vector<Variant>;
 
-/// What a statement answers: no columns for a statement that gives no rows.
+/// The answer to a statement: no columns for a statement that has no result rows.
 struct TESSARIA_MEMORY_API Rows {
   std::vector<Column> Columns;
   std::vector<Row> Cells;
@@ -41,16 +41,16 @@ struct TESSARIA_MEMORY_API Rows {
 /// Whether a type number is one of the text types.
 TESSARIA_MEMORY_API bool IsTextType(Long type);
 /// The value as a column of that type holds it; Null for Null, and for a blank in a column that is
-/// no text. Errors: 13 a text that is no such value, 6 out of range, -2147217887 a text that is
+/// not text. Errors: 13 a text that holds no such value, 6 out of range, -2147217887 a text that is
 /// too long or Null where it is not allowed.
 TESSARIA_MEMORY_API Variant ValueOfType(const Column& column, const Variant& value);
-/// Position of a column by name, without regard to case; nothing when there is none.
+/// Position of a column by name, without regard to case; no value when there is none.
 TESSARIA_MEMORY_API std::optional<std::size_t> ColumnByName(const std::vector<Column>& columns,
                                                             StringView name);
 
-/// A table that record sets read and write and that tests change behind their back.
-/// Values are brought to their columns' types as they come in, with the errors of `ValueOfType`,
-/// and exact numbers to their columns' scale where a precision is told.
+/// A table that record sets read and write and that tests change behind their back. Values are
+/// brought to their columns' types as they come in, with the errors of `ValueOfType`, and exact
+/// numbers to their columns' scale when a precision is given.
 class TESSARIA_MEMORY_API Table {
  public:
   /// A row by its lasting number; the version counts its changes.
@@ -70,7 +70,7 @@ class TESSARIA_MEMORY_API Table {
   Stored Insert(Row cells);
   Stored Update(Long id, Long version, Row cells);
   void Delete(Long id, Long version);
-  /// Raises the error that the column was told to raise.
+  /// Raises the error that `RefuseField` has set for the column.
   void CheckField(const String& column) const;
 
   /// The row of that number; nullptr when there is none.
@@ -78,12 +78,12 @@ class TESSARIA_MEMORY_API Table {
 
   // --- What another user does; rows count from 0.
   void Append(Row cells);
-  /// Stores a text that the column's type does not take ("infinity" as a date), as it stands.
+  /// Stores a text that the column's type does not accept ("infinity" as a date), unchanged.
   void KeepText(std::size_t row, const String& column, const String& text);
   void Change(std::size_t row, const String& column, const Variant& value);
   void Remove(std::size_t row);
 
-  /// What a trigger of the database does to a row that a record set writes.
+  /// Sets what a trigger of the database does to a row that a record set writes.
   void ChangeWhatIsWritten(std::function<void(Row&)> trigger) { trigger_ = std::move(trigger); }
 
   // --- Faults.

@@ -1,4 +1,4 @@
-// A text box with no screen that edits as a real one does.
+// A text box without a screen that edits as a real one does.
 #pragma once
 
 #include <memory>
@@ -10,7 +10,7 @@
 
 namespace tessaria::memory {
 
-/// The text box of a control, driven by keys. Alone it takes every key; on a form the form
+/// The text box of a control, driven by keys. On its own it takes every key; on a form the form
 /// routes the keys and the focus.
 class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
  public:
@@ -46,29 +46,31 @@ class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
   void Width(Long twips) override { width_ = twips; }
   Long Height() const override { return height_; }
   void Height(Long twips) override { height_ = twips; }
-  /// Nothing happens to a box that is disabled or hidden.
+  /// Does nothing for a box that is disabled or hidden.
   void SetFocus() override;
 
   /// What the operator sees: the text, or one password character for each of its characters.
   String DisplayedText() const;
   bool HasFocus() const { return hasFocus_; }
 
-  // --- The operator's hands ------------------------------------------------------------------
-  // A disabled or hidden box takes no key. A key whose code or character a handler sets to 0
-  // goes no further into the box; its release is reported all the same.
+  // --- The operator's hands ------------------------------------------------------------------ A
+  // disabled or hidden box takes no key. A key whose code or character a handler sets to 0 does not
+  // reach the box; its release is still reported.
 
   /// Types each character with its key, or keys.
   void Type(StringView text);
   void Press(Key key, Integer shift = modifier::None);
   /// Key-down, key-press and the edit.
   void Hold(const Stroke& stroke);
-  /// Key-up: the box's own only for a key that went down here; the surface hears of every one.
+  /// Key-up: the box raises its own only for a key that went down in it; the surface gets every
+  /// one.
   void Release(const Stroke& stroke);
-  /// Text that comes without a key (menu, drop): replaces the selection; one key-up of code 0.
+  /// Text that comes without a key (menu, drop): replaces the selection and raises one key-up of
+  /// code 0.
   void Insert(const String& text);
 
   // --- What a surface around the box connects --------------------------------------------------
-  /// Handlers of the surface, called ahead of the box's own.
+  /// Handlers of the surface, called before the box's own.
   struct Preview {
     std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
     std::function<void(Integer& KeyAscii)> OnKeyPress;
@@ -77,7 +79,7 @@ class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
   Preview Surface;
   /// Moves the focus here on a form. Without it the box takes the focus by itself.
   std::function<void()> OnSetFocus;
-  /// The box refused text that has no room, all of it or the rest.
+  /// The box refused text for lack of room: all of it, or the rest.
   std::function<void()> OnNoRoom;
   void GainFocus();
   void LoseFocus();
@@ -91,12 +93,12 @@ class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
   void MoveCaret(Long position, bool extend);
   void Backspace();
   void Delete();
-  /// What the operator puts in place of the selection: as much as there is room for. Nothing
-  /// happens when there is room for none.
+  /// Replaces the selection by the operator's text, or as much of it as there is room for. Does
+  /// nothing when there is no room.
   void Enter(const String& text);
-  /// An edit of the operator, told.
+  /// An edit of the operator, which raises its event.
   void PutIn(Long start, Long length, const String& text);
-  /// Whether that changes the text.
+  /// Returns whether that changes the text.
   bool Replace(Long start, Long length, const String& text);
   Long Clamp(Long position) const;
 
@@ -116,7 +118,7 @@ class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
   host::Font font_;
   Long width_ = 1215;
   Long height_ = 315;
-  /// Gone when the box is destroyed, so that a key stops when a handler closes the form.
+  /// Destroyed with the box, so that the work on a key stops when a handler closes the form.
   std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 

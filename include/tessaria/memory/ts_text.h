@@ -28,9 +28,9 @@ struct TESSARIA_MEMORY_API ControlEvent {
   Variant LastValue = {};  ///< BrowseReturn
 };
 
-/// A control as a form holds it. A key comes to the surface and then to the box, at each of its
-/// steps. The control itself is there until the form ends; its widget answers 91 from the moment
-/// that the form closes.
+/// A control as a form holds it. Each step of a key goes to the surface and then to the box. The
+/// control itself exists until the form ends; its widget raises 91 from the moment that the form
+/// closes.
 class TESSARIA_MEMORY_API TsText final : public PartWith<host::TsTextWidget> {
  public:
   /// A newly placed control.
@@ -87,7 +87,7 @@ class TESSARIA_MEMORY_API TsText final : public PartWith<host::TsTextWidget> {
   class EventSink;
   enum class Inner { Box, Button };
 
-  /// The part that both constructors share, ahead of the control's own start values.
+  /// The part that both constructors share, before the control's own start values.
   void Create();
   bool HasFocus() const;
   ExitVerdict Exit();
@@ -99,7 +99,7 @@ class TESSARIA_MEMORY_API TsText final : public PartWith<host::TsTextWidget> {
   std::unique_ptr<Site> site_;
   std::unique_ptr<EventSink> sink_;
   std::unique_ptr<tsText> core_;
-  std::unique_ptr<tsText> retired_;  ///< the control of a closed form, until this object goes
+  std::unique_ptr<tsText> retired_;  ///< the control of a closed form, kept to the end
   Inner inner_ = Inner::Box;         ///< where the focus is when the surface has it
   bool entered_ = false;
   std::vector<ControlEvent> log_;

@@ -19,13 +19,13 @@ namespace tessaria::qt {
 
 /// Holds the rows of `RecordSource`, opened for update on one table where that is possible.
 ///
-/// Everything that moves settles the field that holds the focus first and writes the pending
-/// edit; when either is refused the rows stay where they are and the operator reads why. After a
-/// move the controls whose `DataSource` names this one are loaded anew.
+/// Every move first settles the field that has the focus and writes the pending edit; when either
+/// is refused, the rows stay where they are and the operator is told why. After a move the controls
+/// whose `DataSource` names this one are loaded again.
 ///
-/// The buttons are reached by mouse; Alt+Home, Alt+PgUp, Alt+PgDown and Alt+End do the same from
+/// The buttons are used by mouse; Alt+Home, Alt+PgUp, Alt+PgDown and Alt+End do the same from
 /// anywhere in the window, unless `NavigationKeys` is false: a program whose menu has one of these
-/// keys takes them away here. Without rows there is nothing to press.
+/// keys disables them here. Without rows the buttons are disabled.
 class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public ErrorListener {
   Q_OBJECT
   Q_PROPERTY(QString ConnectionString READ connectionString WRITE setConnectionString)
@@ -35,65 +35,67 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   Q_PROPERTY(bool refreshesForm READ refreshesForm WRITE setRefreshesForm)
 
  public:
-  /// Makes the connection for a connection string; it is opened here when it is not open yet.
+  /// Creates the connection for a connection string; the data control opens it when it is not open
+  /// yet.
   using ConnectionFactory = std::function<host::ConnectionPtr(const QString& connectionString)>;
 
   explicit Adodc(QWidget* parent = nullptr);
   ~Adodc() override;
 
-  /// The given connection's text, or the one assigned.
+  /// The text of the given connection, or the assigned one.
   QString connectionString() const;
   void setConnectionString(const QString& text);
   /// A statement or the name of a table; takes effect at the next `refresh()`.
   QString recordSource() const { return recordSource_; }
   void setRecordSource(const QString& source);
-  /// Text between the buttons; empty shows the number of the row.
+  /// Text between the buttons; when empty, the number of the row is shown.
   QString caption() const { return caption_; }
   void setCaption(const QString& text);
-  /// Whether the keys of the window move; true at first.
+  /// Whether the keys of the window move among the rows; true by default.
   bool navigationKeys() const;
   void setNavigationKeys(bool move);
-  /// Whether a move loads the form's controls anew.
+  /// Whether a move loads the form's controls again.
   bool refreshesForm() const { return refreshesForm_; }
   void setRefreshesForm(bool refreshes) { refreshesForm_ = refreshes; }
 
-  /// A connection of the program, used in place of one of its own.
+  /// Sets a connection of the program, which is used instead of one of its own.
   void setConnection(host::ConnectionPtr connection);
   host::ConnectionPtr connection() const { return connection_; }
-  /// For all data controls that have no connection given.
+  /// Sets the factory for all data controls that are given no connection.
   static void setConnectionFactory(ConnectionFactory factory);
 
-  /// The rows; nothing before the first `refresh()`.
+  /// The rows; null before the first `refresh()`.
   host::RecordsetPtr recordSet() const { return recordSet_; }
-  /// Opens the rows anew; raises what goes wrong.
+  /// Reopens the rows; raises any error in the caller.
   void open();
-  /// Whether a row stands open for input that is not written yet. A deleted row does not.
+  /// Whether a row is open for input that is not written yet. A deleted row is not.
   bool isEditPending() const;
 
   void unhandled(int number, const QString& description) override;
 
  public slots:  // NOLINT
-  /// Writes the pending edit, opens the rows anew and loads the form. False, with a box, when
-  /// that fails; the rows then stay as they are. A new row that may be stored already, under a key
-  /// that the database gives, is not written again: the rows are read anew around it, the box says
-  /// whether one of them has its values, and `saveRow()` or `cancelRow()` decides.
+  /// Writes the pending edit, reopens the rows and loads the form. Returns false and shows a box
+  /// when that fails; the rows then stay as they are. A new row that may already be stored, under a
+  /// key that the database generates, is not written again: the rows are read again around it, the
+  /// box says whether one of them has its values, and `saveRow()` or `cancelRow()` decides.
   bool refresh();
   bool moveFirst();
   bool movePrevious();
   bool moveNext();
   bool moveLast();
-  /// To the first row that matches, as `Recordset::Find` reads it. False when there is none, and
-  /// with a box when it cannot be looked for; the rows then stay where they are.
+  /// Moves to the first row that matches, by the criteria of `Recordset::Find`. Returns false when
+  /// there is none, or, after a message box, when the search fails; the rows then stay where they
+  /// are.
   bool findRow(const QString& criteria);
   /// Starts a new row.
   bool addRow();
   /// Writes the pending edit.
   bool saveRow();
-  /// Drops the pending edit and loads the row as it was. Of a row in doubt, which may be stored all
-  /// the same, a box says so.
+  /// Discards the pending edit and loads the row as it was. For a row in doubt a box says that it
+  /// may be stored nevertheless.
   bool cancelRow();
-  /// Deletes the row and goes to the next one, or the last. A new row is dropped, and the one
-  /// before it shows again.
+  /// Deletes the row and goes to the next one, or the last. A new row is discarded, and the row
+  /// before it is shown again.
   bool deleteRow();
   /// Loads the controls whose `DataSource` names this one: unbound controls first, then keys,
   /// the rest, descriptions.
@@ -108,7 +110,7 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   void rowSaved();
   void rowCancelled();
   void rowDeleted();
-  /// The rows refused; the box follows.
+  /// The record set raised an error; a message box follows.
   void error(int number, const QString& description);
 
  private:
@@ -118,7 +120,7 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   host::WidgetPtr makePort() override;
   std::optional<Variant> ownProperty(const String&) const override { return {}; }
   bool letOwnProperty(const String&, const Variant&) override { return false; }
-  /// Opens the rows when both texts are there.
+  /// Opens the rows when both texts are set.
   void formShown() override;
   bool settlesByItself() const override { return true; }
 

@@ -1,4 +1,4 @@
-// The one place where Qt enters the core, and where no exception leaves it.
+// The one place where Qt calls into the core, and where every exception stops.
 #pragma once
 
 #include <QPointer>
@@ -15,7 +15,7 @@ namespace tessaria::qt {
 
 using host::ControlGone;
 
-/// Whoever wants to hear of the unhandled errors of a widget: our widgets do.
+/// Receives the unhandled errors of a widget. The library's widgets implement it.
 class TESSARIA_QT_API ErrorListener {
  public:
   virtual void unhandled(int number, const QString& description) = 0;
@@ -27,7 +27,7 @@ class TESSARIA_QT_API ErrorListener {
 namespace boundary {
 /// Number of an exception that is no run-time error.
 inline constexpr int kInternalError = 51;
-/// Depth of the entries into the core on this thread.
+/// Counts the nested entries into the core on this thread.
 class TESSARIA_QT_API Entry {
  public:
   Entry();
@@ -35,17 +35,17 @@ class TESSARIA_QT_API Entry {
   Entry& operator=(const Entry&) = delete;
   ~Entry();
 };
-/// Shows the exception that is being handled, unless it is `ControlGone`. Nothing comes out of it.
+/// Shows the exception that is being handled, unless it is `ControlGone`. Throws nothing.
 TESSARIA_QT_API void reportException(QWidget* widget);
 }  // namespace boundary
 
-/// Keeps an object alive until the last entry into the core on this thread has returned. With
-/// none on the stack it goes at once.
+/// Keeps an object alive until the last entry into the core on this thread has returned. When there
+/// is none on the stack, the object is released at once.
 TESSARIA_QT_API void retire(std::shared_ptr<void> object);
 
-/// Runs `body`. An error that comes out of it is an unhandled error of the widget's form: its
-/// signal, a box, and the program goes on. False when the body did not come to its end.
-/// `widget` may be destroyed by the body.
+/// Runs `body`. An exception that leaves it is an unhandled error of the widget's form: it is
+/// reported by its signal and a box, and the program continues. Returns false when `body` did not
+/// run to its end. `widget` may be destroyed by the body.
 template <class Body>
 bool guarded(QWidget* widget, Body&& body) {
   const QPointer<QWidget> owner(widget);

@@ -12,9 +12,10 @@ namespace tessaria::qt {
 /// a `host::ConnectionPtr`.
 TESSARIA_QT_API host::FormPtr makeForm(QWidget& form);
 
-/// Any widget, by its kind: TsText is "tsText", Adodc "Adodc", QLabel "Label", QTabWidget
-/// "SSTab", check boxes "CheckBox", radio buttons "OptionButton", every other button
-/// "CommandButton", a form "Form"; all others by their class name.
+/// Any widget as its form sees it. Its type name depends on its kind: TsText is "tsText", Adodc
+/// "Adodc", QLabel "Label", QTabWidget "SSTab", check boxes "CheckBox", radio buttons
+/// "OptionButton", every other button "CommandButton", a form "Form"; all others by their class
+/// name.
 TESSARIA_QT_API host::WidgetPtr makeWidget(QWidget& widget);
 
 }  // namespace tessaria::qt

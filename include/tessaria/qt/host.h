@@ -11,7 +11,7 @@
 
 namespace tessaria::qt {
 
-/// The running program as the core sees it, and what the program can watch of it.
+/// The running program as the core sees it, with signals that the program can connect to.
 class TESSARIA_QT_API Host final : public QObject {
   Q_OBJECT
 
@@ -21,7 +21,7 @@ class TESSARIA_QT_API Host final : public QObject {
   host::Application& application() { return *application_; }
 
  signals:
-  /// A message box is about to show. `style` adds up values of `host::box`.
+  /// A message box is about to show. `style` is a sum of values of `host::box`.
   void boxShown(const QString& text, const QString& title, int style);
   void beeped();
 
@@ -33,8 +33,8 @@ class TESSARIA_QT_API Host final : public QObject {
   std::unique_ptr<host::Desktop> desktop_;
 };
 
-/// Makes this program the host of the calling thread, once; every control does so itself. Needs
-/// a QApplication, which owns the host. Loads Qt's own Brazilian texts when they are installed.
+/// Makes this program the host of the calling thread, once; every control does this itself. Needs a
+/// QApplication, which owns the host. Loads Qt's own Brazilian texts when they are installed.
 TESSARIA_QT_API Host& install();
 
 }  // namespace tessaria::qt

@@ -1,4 +1,4 @@
-// Pages of tabs.
+// Brings tab pages to the front.
 #pragma once
 
 #include "tessaria/export.h"
@@ -8,7 +8,7 @@ class QWidget;
 namespace tessaria::qt {
 
 /// Brings all pages of tab widgets that the widget lies on to the front, so that it can be seen.
-/// Nothing happens for nullptr.
+/// Does nothing for nullptr.
 TESSARIA_QT_API void showPagesOf(QWidget* widget);
 
 }  // namespace tessaria::qt

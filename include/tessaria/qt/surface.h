@@ -1,4 +1,4 @@
-// What a form and the focus ask of a control that is made of several widgets.
+// What a form and the focus need from a control that is made of several widgets.
 #pragma once
 
 #include <QString>
@@ -12,9 +12,9 @@ class QWidget;
 
 namespace tessaria::qt {
 
-/// A control of the library on a form; what it is made of is its own affair. Implemented by the
-/// widgets themselves, and found from any widget by `dynamic_cast`. Only the library's own modules
-/// call the members; unless said otherwise none throws.
+/// A control of the library on a form, whatever widgets it is made of. Implemented by the widgets
+/// themselves, and found from any widget by `dynamic_cast`. Only the library's own modules call the
+/// members; unless stated otherwise, they do not throw.
 class TESSARIA_QT_API FormControl {
  public:
   FormControl() = default;
@@ -26,30 +26,30 @@ class TESSARIA_QT_API FormControl {
   virtual String typeName() const = 0;
   /// Stands for the control on its form, and may outlive it.
   virtual host::WidgetPtr makePort() = 0;
-  /// A property of the control's own, without regard to case; nothing for a name that all widgets
-  /// have, or none. Raises what reading it raises.
+  /// A property of the control's own, without regard to case; no value for a name that all widgets
+  /// have, or that none has. Raises the errors of the property's getter.
   virtual std::optional<Variant> ownProperty(const String& name) const = 0;
-  /// False for a name of the others. Raises what assigning it raises.
+  /// Returns false for any other name. Raises the errors of the property's setter.
   virtual bool letOwnProperty(const String& name, const Variant& value) = 0;
   /// The form shows for the first time.
   virtual void formShown() = 0;
-  /// Whether what the control's shortcuts start settles the field in focus by itself.
+  /// Whether the actions of the control's shortcuts settle the field in focus themselves.
   virtual bool settlesByItself() const = 0;
 
  protected:
   ~FormControl() = default;
 };
 
-/// When a field of a form is loaded.
+/// The order in which the fields of a form are loaded.
 enum class LoadOrder { Unbound, Key, Bound, Description };
 
 /// A field: the operator enters it and leaves it as a whole.
 class TESSARIA_QT_API Surface : public FormControl {
  public:
   virtual LoadOrder loadOrder() const = 0;
-  /// Name of the data control whose rows the field shows; empty for none.
+  /// Name of the data control whose rows the field shows; empty for an unbound field.
   virtual QString dataSource() const = 0;
-  /// Name of the control that leaves the field without a check.
+  /// Name of the control that can take the focus without validation.
   virtual QString objetoCancelar() const = 0;
   /// Loads the current row.
   virtual void refresh() = 0;

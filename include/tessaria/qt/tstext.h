@@ -26,11 +26,12 @@ namespace tessaria::qt {
 /// of the widget, under the same name.
 ///
 /// A setter is an assignment with its side effects, so single properties are not stored in form
-/// files: there a control is the one property `settings`, which fills it with no side effects.
+/// files: there a control is stored as the one property `settings`, which is loaded without side
+/// effects.
 ///
-/// Setters, getters and events never throw. An error that surfaces in the caller, and every
-/// exception of a handler, is shown in a box and told by `unhandledError`; the program goes on.
-/// A handler may change what it gets by reference, and may destroy the control.
+/// Setters, getters and events never throw. An error that would reach the caller, and every
+/// exception of a handler, is shown in a box and reported by `unhandledError`; the program
+/// continues. A handler may change what it gets by reference, and may destroy the control.
 class TESSARIA_QT_API TsText final : public QWidget, public Surface, public ErrorListener {
   Q_OBJECT
   Q_PROPERTY(QStringList settings READ settings WRITE setSettings)
@@ -105,8 +106,8 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   explicit TsText(QWidget* parent = nullptr);
   ~TsText() override;
 
-  /// The property bag as lines of text, the version first. Assigning an empty list does nothing;
-  /// a broken one shows what is wrong with it and leaves the control as it was.
+  /// The property bag as lines of text, the version first. Assigning an empty list does nothing; an
+  /// invalid one shows an error and leaves the control unchanged.
   QStringList settings() const;
   void setSettings(const QStringList& lines);
 
@@ -129,7 +130,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Number of the tab that the control lies on; empty for none.
   QString numeroTab() const;
   void setNumeroTab(const QString& v);
-  /// Name of the control that escapes validation when it takes the focus.
+  /// Name of the control that can take the focus without validation.
   QString objetoCancelar() const override;
   void setObjetoCancelar(const QString& v);
   /// The object name. Assigning shows a message and changes nothing.
@@ -143,12 +144,13 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Type code of an unbound value: 2, 4, 5 number, 7 date, any other text.
   int tipoDado() const;
   void setTipoDado(int v);
-  /// The typed value; assigning takes the whole road of a value. Null is a null pointer. A number
-  /// that a double would round comes as a whole number of 64 bits where it fits, else as the text
-  /// of all its digits, with a comma; given back, each is the very same number.
+  /// The typed value. Assigning converts it by the field's type, writes it to the bound field,
+  /// shows it through the mask and refreshes the sibling. Null is a null pointer. A number that a
+  /// double would round is returned as a whole number of 64 bits when it fits, otherwise as the
+  /// text of all its digits, with a comma; assigning either gives exactly the same number.
   QVariant value() const;
   void setValue(const QVariant& v);
-  /// Value of the row as it was loaded. Assigning shows a message, changes nothing.
+  /// Value of the row as it was loaded. Assigning shows a message and changes nothing.
   QVariant originalValue() const;
   void setOriginalValue(const QVariant& v);
   /// The typed characters without the mask's literals.
@@ -157,14 +159,14 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// The box as it stands.
   QString text() const;
   void setText(const QString& v);
-  /// Whether the field may stay blank; asked when the focus goes to a button.
+  /// Whether the field may stay blank; checked when the focus goes to a button.
   bool podeSerBranco() const;
   void setPodeSerBranco(bool v);
   /// Whether leaving the field looks its text up in the browse table.
   bool usaChecaRelacao() const;
   void setUsaChecaRelacao(bool v);
-  /// Outcome of the last check; true before the first one. A check that cancelling skipped, or that
-  /// let a required blank pass, leaves it as it was.
+  /// Outcome of the last check; true before the first one. A check that was skipped by cancelling,
+  /// or that let a required field stay blank, leaves it unchanged.
   bool lastValidaStatus() const;
   void setLastValidaStatus(bool v);
 
@@ -178,7 +180,8 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Whether `Value` holds the text with the mask's literals.
   bool promptInclude() const;
   void setPromptInclude(bool v);
-  /// Zero fill on leaving: 1 the whole text, any other run by run of the mask.
+  /// Zero-fill when the field is left: 1 fills the whole text, any other number each run of the
+  /// mask.
   int tipoStrZero() const;
   void setTipoStrZero(int v);
   /// Whether a number may take a minus sign.
@@ -187,8 +190,8 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Shown in place of each character; only the first one is kept. Empty shows the text.
   QString passwordChar() const;
   void setPasswordChar(const QString& v);
-  /// Most characters that the operator can type or paste; 0 is no limit. Texts of the program, of a
-  /// row or of a lookup are taken whole.
+  /// The most characters that the operator can type or paste; 0 means no limit. Texts from the
+  /// program, a row or a lookup are never cut.
   int maxLength() const;
   void setMaxLength(int v);
   /// Selection in the box: from 0, in characters.
@@ -201,8 +204,8 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   void setSelText(const QString& v);
 
   // Looks
-  /// The control's own flag. The widget's follows it, and brings it along when it is changed
-  /// through `QWidget`; what disables the surroundings leaves it alone.
+  /// The control's own flag. The widget's flag follows it, and changes it when it is changed
+  /// through `QWidget`; disabling a parent widget leaves it alone.
   bool isFieldEnabled() const;
   /// Of the box. A colour of the theme reads as its present value.
   QColor foreColor() const;
@@ -216,7 +219,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Marks the caption green and bold.
   bool eSocial() const;
   void setESocial(bool v);
-  /// Kept with the settings; the box has one line all the same.
+  /// Kept with the settings; the box always has one line.
   bool multiLine() const;
   void setMultiLine(bool v);
   /// False only while the first show runs, and after one that failed.
@@ -250,7 +253,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// GROUP BY clause of the list, with its keyword.
   QString brwGroupBy() const;
   void setBrwGroupBy(const QString& v);
-  /// Join that takes the table's place in FROM.
+  /// Join that replaces the table in FROM.
   QString brwLeftJoin() const;
   void setBrwLeftJoin(const QString& v);
   /// Condition on the rows; `@name@` stands for the value of another field.
@@ -259,8 +262,8 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// The searches of the lookup's grid, likewise.
   QVariant pesquisa() const;
   void setPesquisa(const QVariant& v);
-  // The nine below are the older form of the searches, one part for each, closed by the
-  // character 3. Shown in the designer, the field makes `Pesquisa` of them.
+  // The nine below are the older form of the searches: one part for each search, ended by character
+  // 3. When the field is shown in the designer, it converts them to `Pesquisa`.
   /// Captions of the searches.
   QString pesqCaption() const;
   void setPesqCaption(const QString& v);
@@ -273,13 +276,13 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Widths of the prompts, in twips.
   QString pesqWidth() const;
   void setPesqWidth(const QString& v);
-  /// Kinds of what is searched: N number, S text, D date.
+  /// Types of the searched values: N number, S text, D date.
   QString pesqTipo() const;
   void setPesqTipo(const QString& v);
   /// Where the wildcard goes: N nowhere, F behind, C in front, A both.
   QString pesqLike() const;
   void setPesqLike(const QString& v);
-  /// Most characters in the prompts.
+  /// The most characters in the prompts.
   QString pesqMaxLength() const;
   void setPesqMaxLength(const QString& v);
   /// Whether the prompts complete what is typed.
@@ -288,7 +291,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Whether the prompts hand on the literals of their masks.
   QString pesqPromptInclude() const;
   void setPesqPromptInclude(const QString& v);
-  /// What is said when the list finds no row; blank for the standard text.
+  /// The message when the list finds no row; blank for the standard text.
   QString msgBrowse() const;
   void setMsgBrowse(const QString& v);
 
@@ -306,32 +309,32 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   QString dirFileName() const;
   void setDirFileName(const QString& v);
 
-  /// The value that changes are measured against; write-only.
+  /// The value that changes are compared with; write-only.
   void setLastValue(const QString& v);
 
-  /// Resolves all names anew and loads the current row.
+  /// Resolves all names again and loads the current row.
   void refresh() override;
   /// Checks the text by the rules for leaving the field. True when it may be left; a required field
-  /// may be left blank unless a command button has the focus. False without a word while the focus
-  /// is on the field's own button or on the control that `ObjetoCancelar` names. A text that is
-  /// refused is told in a box and takes the focus back.
+  /// may be left blank unless a command button has the focus. Returns false without a message while
+  /// the focus is on the field's own button or on the control that `ObjetoCancelar` names. A
+  /// refused text is reported in a box, and the field takes the focus back.
   bool valida();
   /// The relation check alone.
   bool acionaChecaRelacao();
-  /// Looks the description up and assigns it to the sibling. `apenasTsBrowse` spares the sibling
-  /// of a key; `disparaBrowseReturn` raises `browseReturn` afterwards.
+  /// Looks the description up and assigns it to the sibling. `apenasTsBrowse` leaves the sibling of
+  /// a key alone; `disparaBrowseReturn` raises `browseReturn` afterwards.
   void atualizaIrmao(bool apenasTsBrowse = false, bool disparaBrowseReturn = false);
   /// "BrowseReturn" raises `browseReturn(true, ...)`; any other name does nothing.
   void disparaEventos(const QString& evento);
-  /// Forgets the value that changes are measured against.
+  /// Forgets the value that changes are compared with.
   void clearLastValue();
 
   /// The control itself. Its members throw: calls belong inside `guarded()`.
   tsText& control();
   const tsText& control() const;
 
-  /// True while a form is drawn: nothing is loaded then. A program that builds a form by hand
-  /// sets it around what can be assigned at design time only.
+  /// True while a form is being designed: nothing is loaded then. A program that builds a form in
+  /// code sets it while it assigns properties that can be assigned at design time only.
   bool designMode() const { return designMode_; }
   void setDesignMode(bool designing) { designMode_ = designing; }
 
@@ -341,22 +344,23 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   void unhandled(int number, const QString& description) override;
 
  public slots:  // NOLINT
-  /// Hide those of the widget, for connections by name too.
+  /// Hide those of `QWidget`, for connections by name too.
   void setEnabled(bool v);
   void setDisabled(bool v) { setEnabled(!v); }
 
  signals:
   /// The first show at run time is complete.
   void shown();
-  /// The text in the box differs, by whomever.
+  /// The text in the box has changed, whoever changed it.
   void changed();
-  /// The three keys: a handler connected directly may change them; 0 swallows the key.
+  /// The three key events: a handler connected directly may change the arguments; code 0 swallows
+  /// the key.
   void keyDown(qint16& keyCode, qint16& shift);
   void keyPress(qint16& keyAscii);
   void keyUp(qint16& keyCode, qint16& shift);
-  /// The field was settled. `lastValue` is the value before.
+  /// The field was settled. `lastValue` is the previous value.
   void browseReturn(bool& houveAlteracao, QVariant& lastValue);
-  /// An error that nobody handled; the box follows.
+  /// An error that nobody handled; a message box follows.
   void unhandledError(int number, const QString& description);
   /// A property was assigned.
   void propertyChanged(const QString& name);

@@ -14,9 +14,9 @@ namespace tessaria::qt {
 /// with a comma; a date is a QDate, with a time a QDateTime; an object is an `ObjectPtr`.
 TESSARIA_QT_API QVariant toQVariant(const Variant& value);
 
-/// The way back. A whole number is a Long when it fits, else a Decimal; a colour is its number, a
-/// font a `host::Font`, an enumeration its number, and no connection is Empty. Error 13 for a kind
-/// that has no like.
+/// The reverse conversion. A whole number is a Long when it fits, else a Decimal; a colour is its
+/// number, a font a `host::Font`, an enumeration its number, and a null connection is Empty. Error
+/// 13 for a kind without a counterpart.
 TESSARIA_QT_API Variant toVariant(const QVariant& value);
 
 }  // namespace tessaria::qt

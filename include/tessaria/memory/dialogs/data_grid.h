@@ -9,7 +9,7 @@
 
 namespace tessaria::memory {
 
-/// Columns over a record set. The arrows move its current row.
+/// Columns over a record set. The arrow keys move its current row.
 class TESSARIA_MEMORY_API DataGrid final : public DialogItemOf<host::DataGrid> {
  public:
   using DialogItemOf::DialogItemOf;

@@ -1,4 +1,4 @@
-// The desktop of a program with no screen: its windows are worked by scripts.
+// The desktop of a program without a screen: scripts operate its windows.
 #pragma once
 
 #include <memory>
@@ -10,12 +10,12 @@
 
 namespace tessaria::memory {
 
-/// While it lives it is the desktop of its thread; at its end the former one is back.
+/// While it exists it is the desktop of its thread; its destructor restores the former one.
 class TESSARIA_MEMORY_API Desktop final : public host::Desktop {
  public:
-  /// `onFault` hears of everything that the scripts did not foresee: a test fails in it.
+  /// `onFault` is called for everything that the scripts did not expect: a test fails in it.
   explicit Desktop(ModalScript::FaultHandler onFault);
-  /// A script that no window came for is a fault.
+  /// A script for which no window opened is a fault.
   ~Desktop() override;
 
   Long ScreenWidth() const override { return screenWidth_; }
@@ -34,18 +34,19 @@ class TESSARIA_MEMORY_API Desktop final : public host::Desktop {
   /// The size of the windows to be made.
   void DialogSize(Long width, Long height);
   FileSystem& Files() { return *world_->Files; }
-  /// The pointer asks to wait.
+  /// Whether the wait pointer is shown.
   bool IsBusy() const { return busy_ > 0; }
-  /// Nothing until something was put there.
+  /// No value until a text is put there.
   const std::optional<String>& Clipboard() const { return clipboard_; }
 
   // --- The script ------------------------------------------------------------------------------
-  /// Queues who works the next window that opens, which must have this name. The script ends
-  /// with the window hidden.
+  /// Queues the script for the next window that opens, which must have this name. The window is
+  /// hidden when the script has returned.
   void WillShow(StringView name, ModalScript::Script script) {
     world_->Script.WillShow(name, std::move(script));
   }
-  /// Works every window that no script waits for; nothing makes such a window a fault.
+  /// Sets the script for every window that no queued script expects; with an empty one such a
+  /// window is a fault.
   void WillShowOthers(ModalScript::Script script) { world_->Script.Unforeseen = std::move(script); }
   /// The names of the windows that were shown, in order.
   const std::vector<String>& Shown() const { return world_->Script.Shown(); }

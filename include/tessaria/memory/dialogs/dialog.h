@@ -1,4 +1,4 @@
-// A modal window with no screen, worked by a script while it is open.
+// A modal window without a screen, operated by a script while it is open.
 #pragma once
 
 #include <memory>
@@ -25,8 +25,8 @@ struct TESSARIA_MEMORY_API DialogWorld {
   Long DialogHeight = 4000;
 };
 
-/// A window built from its description. Behind it stands a form of its name with a part for
-/// each widget: focus, Tab, controls and unhandled errors are that form's.
+/// A window built from its description. It contains a form of its name with a part for each widget,
+/// which keeps the focus, Tab, the controls and the unhandled errors.
 class TESSARIA_MEMORY_API Dialog final : public host::Dialog,
                                          public std::enable_shared_from_this<Dialog> {
  public:
@@ -50,7 +50,7 @@ class TESSARIA_MEMORY_API Dialog final : public host::Dialog,
   void ShowModal() override;
   void Hide() override;
 
-  /// What `BackColor` tells.
+  /// What `BackColor` returns.
   Colour BackColour = host::colour::ButtonFace;
 
   // --- What the operator sees ------------------------------------------------------------------
@@ -65,11 +65,11 @@ class TESSARIA_MEMORY_API Dialog final : public host::Dialog,
 
   // --- The operator's hands --------------------------------------------------------------------
   // For the window in front only; anything else is a fault of the script. Each is an event: an
-  // error that leaves a handler is shown in a box and kept, and the window goes on. What cannot
+  // error that leaves a handler is shown in a box and kept, and the window continues. What cannot
   // be reached (hidden, disabled) does nothing.
 
   /// Window first, then the widget that has the focus: key-down, key-press, the widget's own
-  /// doing, key-up. Tab moves the focus.
+  /// action, key-up. Tab moves the focus.
   void Press(Key key, Integer shift = modifier::None);
   void Type(StringView text);
   void FocusOn(StringView name, Integer index = -1);
@@ -93,7 +93,7 @@ class TESSARIA_MEMORY_API Dialog final : public host::Dialog,
   /// The window's own close button.
   void CloseWindow();
   /// The window is in front again: a box over it is gone, or the operator is back from another
-  /// program. No script has to tell that a window over it has closed.
+  /// program. A script need not call this after a window over it has closed.
   void Reactivate();
 
  private:
@@ -113,7 +113,7 @@ class TESSARIA_MEMORY_API Dialog final : public host::Dialog,
   host::DialogWidget& Widget(StringView name, Integer index) override;
 
   class InFront;
-  /// Has its script work the window, which is hidden when that has ended.
+  /// Lets its script operate the window, and hides the window afterwards.
   void WorkInFront();
   /// The last handle is gone: no handler runs any more, and the window hides.
   void Abandon();

@@ -25,7 +25,7 @@ class TESSARIA_MEMORY_API DialogItem {
   virtual void OwnKey(const Stroke&) {}
 
   const std::shared_ptr<memory::Part>& Part() const { return part_; }
-  /// The operator can reach the widget.
+  /// Whether the operator can reach the widget.
   bool CanBeWorked() const { return part_->Settings().Visible && part_->Settings().Enabled; }
 
  protected:

@@ -1,4 +1,4 @@
-// The widgets of memory dialogs that are nothing but what they were told.
+// The simple widgets of memory dialogs, which store what is assigned to them.
 #pragma once
 
 #include <vector>
@@ -32,7 +32,7 @@ class TESSARIA_MEMORY_API DialogButton final : public DialogItemOf<host::DialogB
   Colour BackColor() const override { return backColor_; }
   void BackColor(Colour colour) override { backColor_ = colour; }
 
-  /// Enter and the blank press it.
+  /// Enter and the space bar press it.
   void OwnKey(const Stroke& stroke) override;
 
  private:
@@ -102,7 +102,7 @@ class TESSARIA_MEMORY_API Calendar final : public DialogItemOf<host::Calendar> {
   Date Value() const override { return value_; }
   void Value(Date day) override { value_ = day; }
 
-  /// The arrows move the selection by a day or a week.
+  /// The arrow keys move the selection by a day or a week.
   void OwnKey(const Stroke& stroke) override;
 
  private:

@@ -18,22 +18,22 @@ class TESSARIA_MEMORY_API FileSystem {
   void AddDrive(const String& entry, DriveState state = DriveState::Ready);
   /// Lists that were filled before keep the entry.
   void RemoveDrive(const String& entry);
-  /// Makes the folder and all above it.
+  /// Creates the folder and all folders above it.
   void AddFolder(const String& path);
-  /// Makes the file and its folder.
+  /// Creates the file and its folder.
   void AddFile(const String& path);
 
-  /// The entries, in order of making.
+  /// The entries, in order of creation.
   std::vector<String> Drives() const;
   /// The entry of the drive that a path lies on.
   std::optional<String> DriveOf(const String& path) const;
   /// Error 68 when there is no such drive.
   bool DriveReady(const String& drive) const;
 
-  /// The folder of a path or of a drive's entry as it was made, with a separator behind only for
-  /// a drive's root. Error 76 when there is none, or its drive is not ready.
+  /// The folder of a path or of a drive's entry as it was created, with a separator at the end only
+  /// for a drive's root. Error 76 when there is none, or its drive is not ready.
   String RequireFolder(const String& path) const;
-  /// The folders right below, by name; all that follow are in order of name.
+  /// The folders right below, by name. Like all lists below, it is in order of name.
   std::vector<String> FoldersIn(const String& path) const;
   /// The files that match one of the patterns, which semicolons divide.
   std::vector<String> FilesIn(const String& path, const String& patterns) const;

@@ -1,4 +1,4 @@
-// Who works the modal windows of a test, and what went wrong in that.
+// The scripts that operate the modal windows of a test, and their faults.
 #pragma once
 
 #include <deque>
@@ -12,9 +12,9 @@ namespace tessaria::memory {
 
 class Dialog;
 
-/// A queue of scripts, one for each modal show, in the order in which the windows open. Windows
-/// may open while a script works another one. Whatever a script did not foresee is a fault: it is
-/// told, and the program goes on as if the window had been closed.
+/// A queue of scripts, one for each modal show, in the order in which the windows open. Windows may
+/// open while a script operates another one. Whatever a script did not expect is a fault: it is
+/// reported, and the program continues as if the window had been closed.
 class TESSARIA_MEMORY_API ModalScript {
  public:
   using Script = std::function<void(Dialog&)>;
@@ -27,7 +27,7 @@ class TESSARIA_MEMORY_API ModalScript {
   void WillShow(StringView name, Script script) {
     waiting_.push_back({String(name), std::move(script)});
   }
-  /// Works the windows that no script waits for, which are faults without it.
+  /// Operates the windows that no queued script expects, which are faults without it.
   Script Unforeseen;
   /// A window comes in front of those that are open.
   void Opened(Dialog& dialog, const String& name);
@@ -35,11 +35,11 @@ class TESSARIA_MEMORY_API ModalScript {
   void Closed() { open_.pop_back(); }
   /// nullptr for none.
   Dialog* InFront() const { return open_.empty() ? nullptr : open_.back(); }
-  /// Takes the script that works a window of that name, which has opened. Nothing when there is
-  /// none: a fault, which is told.
+  /// Takes the script for a window of that name, which has opened. Empty when there is none, which
+  /// is reported as a fault.
   Script Take(const String& name);
   void Fault(const String& message) const { onFault_(message); }
-  /// Tells the scripts that no window came for.
+  /// Reports the scripts for which no window opened.
   void Finish();
 
   /// The names of the windows that were shown, in order.
