@@ -140,8 +140,8 @@ class TESSARIA_CORE_API DataGrid : public virtual DialogWidget {
   virtual Long ColumnCount() const = 0;
   /// By position from 0. Error 9 outside the columns.
   virtual GridColumn& Column(Long position) = 0;
-  /// Shows the record set's current row after it was moved, or the rows were ordered anew, from
-  /// outside.
+  /// Shows the record set's current row after code outside the grid has moved it or reordered the
+  /// rows.
   virtual void ShowCurrentRow() = 0;
 
   std::function<void()> OnDblClick;

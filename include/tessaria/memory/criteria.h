@@ -39,7 +39,7 @@ struct TESSARIA_MEMORY_API SortKey {
 /// Reads "field [ASC|DESC], ...". Errors: 3265 for an unknown field, 3001 for another word.
 TESSARIA_MEMORY_API std::vector<SortKey> SortKeys(const std::vector<Column>& columns,
                                                   StringView order);
-/// Whether `a` stands before `b`. Null stands before every value.
+/// Whether `a` comes before `b`. Null comes before every value.
 TESSARIA_MEMORY_API bool StandsBefore(const std::vector<SortKey>& keys, const Row& a, const Row& b);
 
 }  // namespace tessaria::memory

@@ -126,7 +126,7 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
   std::vector<PartPtr> parts_;    ///< in order of creation
   std::vector<PartPtr> removed_;  ///< taken away while an event runs
   PartPtr active_;                ///< has the focus, or has just taken it
-  PartPtr entered_;               ///< was told last that it has the focus
+  PartPtr entered_;               ///< was notified last that it has the focus
   bool delivering_ = false;
   host::WidgetPtr action_;  ///< counts as the active control
   bool visible_ = false;

@@ -23,7 +23,7 @@ class TESSARIA_MEMORY_API RowSource {
   struct Answer {
     std::vector<Column> Columns;
     std::vector<Table::Stored> Rows;
-    TablePtr Origin;                 ///< where edits go; nothing when the rows cannot be written
+    TablePtr Origin;                 ///< where edits go; null when the rows cannot be written
     std::vector<std::size_t> Key{};  ///< columns by which a row is found; empty when there is none
   };
   /// Runs the statement, again for a requery.

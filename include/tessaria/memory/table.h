@@ -65,8 +65,8 @@ class TESSARIA_MEMORY_API Table {
   const std::vector<Column>& Columns() const { return columns_; }
   const std::vector<Stored>& Rows() const { return rows_; }
 
-  // --- What record sets do: refused by the faults below, -2147217864 for a row that was changed
-  // --- or deleted since `version`.
+  // --- For record sets. The faults below can refuse the calls; error -2147217864 for a row that
+  // --- was changed or deleted since `version`.
   Stored Insert(Row cells);
   Stored Update(Long id, Long version, Row cells);
   void Delete(Long id, Long version);

@@ -53,9 +53,9 @@ class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
   String DisplayedText() const;
   bool HasFocus() const { return hasFocus_; }
 
-  // --- The operator's hands ------------------------------------------------------------------ A
-  // disabled or hidden box takes no key. A key whose code or character a handler sets to 0 does not
-  // reach the box; its release is still reported.
+  // --- The operator's hands ------------------------------------------------------------------
+  // A disabled or hidden box takes no key. A key whose code or character a handler sets to 0 does
+  // not reach the box; its release is still reported.
 
   /// Types each character with its key, or keys.
   void Type(StringView text);

@@ -288,7 +288,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Whether the prompts complete what is typed.
   QString pesqCompletaDescr() const;
   void setPesqCompletaDescr(const QString& v);
-  /// Whether the prompts hand on the literals of their masks.
+  /// Whether the prompts return the literals of their masks.
   QString pesqPromptInclude() const;
   void setPesqPromptInclude(const QString& v);
   /// The message when the list finds no row; blank for the standard text.
