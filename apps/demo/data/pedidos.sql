@@ -7,14 +7,14 @@ select
   uf,
   cidade,
   condicao,
-  data + 3 + pg_temp.sorteio(numero, 'prazo', 25)
+  data + 3 + pg_temp.draw(numero, 'prazo', 25)
 from (
   select
     numero,
     date '2026-01-05' + numero * 3 as data,
-    lpad((1 + pg_temp.sorteio(numero, 'cliente do pedido', 400))::text, 5, '0') as codigo
+    lpad((1 + pg_temp.draw(numero, 'cliente do pedido', 400))::text, 5, '0') as codigo
   from generate_series(1, 60) as numero
-) as sorteados
+) as drawn
 join clientes using (codigo)
 order by numero;
 
@@ -23,16 +23,16 @@ select
   pedido,
   item,
   codigo,
-  1 + pg_temp.sorteio(numero * 3 + item, 'quantidade', 24),
+  1 + pg_temp.draw(numero * 3 + item, 'quantidade', 24),
   preco
 from (
   select
     lpad(numero::text, 6, '0') as pedido,
     numero,
     item,
-    lpad((1 + (pg_temp.sorteio(numero, 'produto', 60) + item * 17) % 60)::text, 5, '0') as codigo
+    lpad((1 + (pg_temp.draw(numero, 'produto', 60) + item * 17) % 60)::text, 5, '0') as codigo
   from generate_series(1, 60) as numero, generate_series(1, 3) as item
-  where item <= 1 + pg_temp.sorteio(numero, 'itens', 3)
-) as sorteados
+  where item <= 1 + pg_temp.draw(numero, 'itens', 3)
+) as drawn
 join produtos using (codigo)
 order by pedido, item;
