@@ -26,7 +26,7 @@ QString contentsOf(const QString& path) {
   return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-/// Client programs read files and no resources.
+/// Client programs read files, not resources.
 void writeScripts(const QString& folder) {
   const QDir scripts(QStringLiteral(":/demo/data"));
   for (const QString& name : scripts.entryList())
@@ -95,7 +95,7 @@ void Cluster::lock() {
   lock_ = std::move(lock);
 }
 
-/// The program may have been killed the last time, and its server runs on.
+/// The program may have been killed the last time, so that its server still runs.
 void Cluster::stopLeftOver() const {
   if (!QFileInfo::exists(dataFolder() + QLatin1String("/postmaster.pid"))) return;
   programs_->runAsServer(QStringLiteral("pg_ctl"),
@@ -113,7 +113,8 @@ void Cluster::makeSocketFolder() {
   programs_->giveFolder(sockets_->path());
 }
 
-/// Made beside its place first: one that was interrupted is never taken for a whole one.
+/// Created under another name first, so that an interrupted creation is never taken for a complete
+/// one.
 void Cluster::createData() const {
   const QString unfinished = dataFolder() + QLatin1String(".novo");
   QDir(unfinished).removeRecursively();
@@ -141,7 +142,7 @@ void Cluster::startServer() const {
                          logFile()));
 }
 
-/// Waits at a pipe that this process alone holds open, so that a crash ends the server too.
+/// Waits on a pipe that only this process holds open, so that a crash ends the server too.
 void Cluster::watchOverServer() {
   if (watcher_) return;
   const ProgramCall stop = programs_->callAsServer(
@@ -151,7 +152,8 @@ void Cluster::watchOverServer() {
   watcher_->setWorkingDirectory(QStringLiteral("/"));
   watcher_->setStandardOutputFile(QProcess::nullDevice());
   watcher_->setStandardErrorFile(QProcess::nullDevice());
-  // In a session of its own: what the terminal sends to the program is not for it.
+  // In a session of its own, so that it does not get the signals that the terminal sends to the
+  // program.
   watcher_->start(
       QStringLiteral("setsid"),
       QStringList{QStringLiteral("sh"), QStringLiteral("-c"),
@@ -172,7 +174,7 @@ Outcome Cluster::query(const QStringList& arguments) const {
           arguments);
 }
 
-/// A folder that an earlier program filled has no orders, and codes of another kind.
+/// A folder that an earlier version of the program filled has no orders, and codes of another kind.
 bool Cluster::hasTables() const {
   const Outcome found =
       query({QStringLiteral("-At"), QStringLiteral("-c"),

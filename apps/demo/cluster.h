@@ -11,8 +11,8 @@
 
 namespace tessaria::demo {
 
-/// A server that is reached through a socket which only its user can open, never by network.
-/// It lives in one folder, made and filled at the first start.
+/// A server that is reached through a socket which only its user can open, never by network. Its
+/// files are in one folder, which is created and filled at the first start.
 class Cluster {
  public:
   enum class StopMode { Orderly, AtOnce };
@@ -24,13 +24,12 @@ class Cluster {
   /// Stops the server.
   ~Cluster();
 
-  /// The folder where the operator's data live. For root it is one that the server's user can
-  /// enter.
+  /// The folder of the operator's data. For root it is one that the server's user can enter.
   static QString defaultFolder();
 
-  /// Makes what is missing and starts the server. Does nothing while it runs. Raises `Failure`:
-  /// no server installed, a folder that cannot be written, one that another instance uses, a
-  /// server that does not start.
+  /// Creates what is missing and starts the server. Does nothing when it already runs. Raises
+  /// `Failure`: no server installed, a folder that cannot be written, one that another instance
+  /// uses, a server that does not start.
   void start();
   /// `AtOnce` ends all connections as a crash would.
   void stop(StopMode mode = StopMode::Orderly);
@@ -57,7 +56,7 @@ class Cluster {
   std::unique_ptr<ServerPrograms> programs_;
   std::unique_ptr<QLockFile> lock_;
   std::unique_ptr<QTemporaryDir> sockets_;
-  std::unique_ptr<QProcess> watcher_;  ///< stops the server when this process is gone
+  std::unique_ptr<QProcess> watcher_;  ///< stops the server when this process has ended
 };
 
 }  // namespace tessaria::demo

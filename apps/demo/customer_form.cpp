@@ -70,7 +70,7 @@ void CustomerForm::connectFields() {
 }
 
 void CustomerForm::showRow() {
-  // The mask decides what of the number is shown, so it comes first.
+  // The mask decides which part of the number is shown, so it is set first.
   showPerson(personOf(fieldInRow(QStringLiteral("cpf_cnpj"))));
   document_->refresh();
   fitTelephone();
@@ -104,7 +104,7 @@ void CustomerForm::fitTelephone() {
   useMask(telephone_, telephone_->texto().size() == kFixedLineLength ? kFixedLine : kMobile);
 }
 
-/// The stored text is never laid into the box: left again, it would be scrambled again.
+/// The stored text is never put into the box: leaving the field would scramble it again.
 void CustomerForm::takePassword() {
   qt::guarded(this, [this] {
     rows().recordSet()->Fields().Item(u"senha")->Value(qt::toVariant(password_->value()));

@@ -1,4 +1,4 @@
-// The customers: one at a time, with their rows to move among.
+// The customers, one at a time, with navigation among their rows.
 #pragma once
 
 #include "apps/demo/documents.h"
@@ -13,8 +13,8 @@ class CustomerForm final : public RecordForm {
   Q_OBJECT
 
  public:
-  /// The database is open and outlives the form. Raises `Failure` when it has no customers'
-  /// table.
+  /// The database is open and outlives the form. Raises `Failure` when it has no table of
+  /// customers.
   explicit CustomerForm(Database& database, QWidget* parent = nullptr);
 
  private:

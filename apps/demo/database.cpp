@@ -61,7 +61,7 @@ bool Database::isReachable() {
       return false;
     }
   };
-  // A lost connection is found out by its first failure only.
+  // A lost connection is noticed only at its first failure.
   return answers() || (connection_->State() == host::state::Closed && answers());
 }
 

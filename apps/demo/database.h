@@ -13,15 +13,15 @@ class Cluster;
 /// One connection for the whole program, which survives the server's absence.
 class Database {
  public:
-  /// `ownServer` is the server behind the connection where that is the program's own, else
-  /// nullptr; it outlives the database.
+  /// `ownServer` is the server of the connection when that is the program's own, else nullptr; it
+  /// outlives the database.
   explicit Database(const QString& connectionString, Cluster* ownServer = nullptr);
 
-  /// Raises `Failure` with what is to be done about it.
+  /// Raises `Failure`, whose text says what the operator can do.
   void open();
-  /// Whether the server answers; a lost connection is made anew first.
+  /// Whether the server answers; a lost connection is opened again first.
   bool isReachable();
-  /// The same, and starts the program's own server when that is down. Raises `Failure`.
+  /// The same, and starts the program's own server when it is down. Raises `Failure`.
   void reconnect();
 
   const host::ConnectionPtr& connection() const { return connection_; }
@@ -34,8 +34,8 @@ class Database {
 
 /// What keeps a database from being opened.
 enum class OpenFault { MissingDriver, UnknownDataSource, Other };
-/// The fault that the error tells of. The driver manager has one text for a driver and for a data
-/// source that it does not know: what the connection string names decides.
+/// The fault behind the error. The driver manager has the same text for an unknown driver and an
+/// unknown data source: the function decides by what the connection string names.
 OpenFault faultOf(const HostError& error, const QString& connectionString);
 
 }  // namespace tessaria::demo

@@ -9,7 +9,7 @@ constexpr int kCpfLength = 11;
 constexpr int kCnpjLength = 14;
 constexpr int kCheckDigits = 2;
 
-/// Weights run from 2 up to `greatest`, from the right, again and again.
+/// Weights run from 2 up to `greatest`, from the right, repeated.
 int checkDigit(const QString& digits, int greatest) {
   int sum = 0;
   for (int i = 0; i < digits.size(); ++i)

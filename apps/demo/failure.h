@@ -6,7 +6,7 @@
 
 namespace tessaria::demo {
 
-/// Thrown where the program cannot go on; `text` is complete sentences in Portuguese.
+/// Thrown when the program cannot continue; `text` is complete sentences in Portuguese.
 class Failure final : public std::exception {
  public:
   explicit Failure(QString text) : text_(std::move(text)), utf8_(text_.toUtf8()) {}

@@ -1,4 +1,4 @@
-// Small things that the forms do with their fields.
+// Helper functions that the forms use with their fields.
 #pragma once
 
 #include <QString>
@@ -11,13 +11,13 @@ class TsText;
 
 namespace tessaria::demo {
 
-/// Enter goes on to the next field as Tab does.
+/// Makes Enter go to the next field, as Tab does.
 void moveOnWithEnter(qt::TsText* field);
 
-/// What a lookup's return field held in the row that the code's last lookup found.
+/// The value of a lookup's return field in the row that the code's last lookup found.
 Variant returned(const qt::TsText* code, const char16_t* field);
 
-/// Gives a code to a pair as if it had been chosen: its description follows.
+/// Assigns a code to a pair as if it had been chosen, and fetches its description.
 void giveCode(qt::TsText* code, const Variant& value);
 
 /// A value as text; empty for Null.

@@ -12,7 +12,7 @@ static void loadForms() { Q_INIT_RESOURCE(demo); }
 namespace tessaria::demo {
 namespace {
 
-/// Knows the widgets of the library, with no plugin.
+/// Creates the widgets of the library without a plugin.
 class Loader final : public QUiLoader {
  public:
   explicit Loader(QWidget& form) : form_(&form) {}
@@ -27,7 +27,7 @@ class Loader final : public QUiLoader {
   }
 
  private:
-  QWidget* form_;  ///< until the outermost widget is asked for
+  QWidget* form_;  ///< null once the outermost widget was requested
 };
 
 }  // namespace

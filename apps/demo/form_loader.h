@@ -5,10 +5,11 @@
 
 namespace tessaria::demo {
 
-/// Fills `form` with what a file in ":/demo/forms" holds: it becomes the file's outermost widget.
+/// Loads a file in ":/demo/forms" into `form`, which becomes the file's outermost widget.
 void loadForm(const QString& file, QWidget& form);
 
-/// A widget of a loaded form. The forms are part of the program: a name that is missing ends it.
+/// A widget of a loaded form. The forms are part of the program, so a missing name ends the
+/// program.
 template <class Widget>
 Widget* widgetOf(const QWidget& form, const char* name) {
   auto* widget = form.findChild<Widget*>(QString::fromLatin1(name));

@@ -25,7 +25,7 @@ void addColumn(ListaColunas& columns, const ListColumn& column) {
               column.width > 0);
 }
 
-/// `own` is the place of the field's own column among the first two.
+/// `own` is the position of the field's own column among the first two.
 void define(Browse& definition, const Lookup& lookup, std::size_t own) {
   const ListColumn& key = lookup.columns[own];
   const ListColumn& sibling = lookup.columns[1 - own];

@@ -1,4 +1,4 @@
-// The lists that codes are chosen from, and the pairs of a code and its description.
+// The lists from which codes are chosen, and the pairs of a code and its description.
 #pragma once
 
 #include <vector>
@@ -22,7 +22,7 @@ struct ListColumn {
 /// How a search compares.
 enum class Match { Equal = 0, BeginsWith = 1, Contains = 3, AtLeast = 5, AtMost = 7 };
 
-/// A search of a list. Those of one number are asked one after the other and hold together.
+/// A search of a list. Those of one number are asked one after the other and must all match.
 struct ListSearch {
   enum Kind { Number = 2, Date = 7, Text = 8 };
 
@@ -44,7 +44,7 @@ struct Lookup {
   StringView where;  ///< "@name@" stands for the value of a field of the form
   std::vector<ListColumn> columns;
   std::vector<ListSearch> searches;
-  std::vector<StringView> returned;  ///< fields that a program asks for by `returned()`
+  std::vector<StringView> returned;  ///< fields that a program reads by `returned()`
 };
 
 const Lookup& customersLookup();
@@ -57,7 +57,8 @@ const Lookup& statesLookup();
 /// Makes two fields that name each other a pair over the lookup.
 void useLookup(const Lookup& lookup, qt::TsText* code, qt::TsText* description);
 
-/// A city goes when its customer moves to another state, and a state comes with a city.
+/// Clears the city when the state changes to another one, and sets an empty state when a city is
+/// chosen.
 void keepCityInState(qt::TsText* state, qt::TsText* city);
 
 }  // namespace tessaria::demo

@@ -33,15 +33,15 @@ int runDesk(const Options& options) {
   return runUntilSignal();
 }
 
-/// On the screen where there is one, and always where a caller can read it.
+/// Prints the failure to the error output, and shows it in a box if asked to.
 int report(const Failure& failure, bool inABox) {
   std::fprintf(stderr, "%s\n", qPrintable(failure.text()));
   if (inABox) warn(failure.text());
   return EXIT_FAILURE;
 }
 
-/// A window without a screen has no size hints to hand on, is not raised and grabs no keyboard;
-/// Qt says so each time.
+/// A window without a screen passes on no size hints, is not raised and grabs no keyboard, and Qt
+/// warns about this each time.
 void dropKnownNoise(QtMsgType type, const QMessageLogContext& context, const QString& text) {
   if (text.startsWith(QLatin1String("This plugin does not support"))) return;
   std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));

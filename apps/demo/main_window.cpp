@@ -87,7 +87,7 @@ void MainWindow::connectActions() {
   onForm("acaoAtualizar", &RecordForm::reload);
 }
 
-/// What a box has refused stands in the status bar until a field is left that is right.
+/// The text of a refusal stays in the status bar until a valid field is left.
 void MainWindow::connectRefusals() {
   connect(&qt::install(), &qt::Host::boxShown, this,
           [this](const QString& text, const QString&, int style) {

@@ -21,7 +21,7 @@ class MainWindow final : public QMainWindow {
   explicit MainWindow(Database& database);
 
  protected:
-  /// Asks before what was typed is lost.
+  /// Asks before typed input is lost.
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -37,7 +37,7 @@ class MainWindow final : public QMainWindow {
   RecordForm* current() const;
   void showForm(int index);
   void reconnect();
-  /// How long a line of the status bar is true, unless another comes.
+  /// How long a line of the status bar is shown, unless another replaces it.
   enum class Until { Typing, FieldIsRight, NextNotice };
   void showNotice(const QString& text, Until until = Until::Typing);
   void clearNotice(Until until);

@@ -1,4 +1,4 @@
-// Boxes of the program itself, in the looks of the fields' own.
+// Message boxes of the program itself, which look like those of the fields.
 #pragma once
 
 #include <QString>

@@ -9,11 +9,11 @@ namespace tessaria::demo {
 struct Options {
   QString dataFolder;        ///< of the private server
   QString connectionString;  ///< empty for the private server
-  QString playFolder;        ///< where pictures go; empty unless a session is to be played
+  QString playFolder;        ///< folder of the pictures; empty unless a session is to be played
 };
 
-/// Raises `Failure` for options that cannot be read or do not go together. Options that only
-/// tell something end the program.
+/// Raises `Failure` for options that cannot be read or do not go together. Options that only print
+/// information end the program.
 Options readOptions(const QStringList& arguments);
 
 }  // namespace tessaria::demo

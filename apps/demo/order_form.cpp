@@ -34,7 +34,7 @@ RecordKind orderKind() {
           fields};
 }
 
-/// In a transaction, which is undone when the work fails.
+/// Runs the work in a transaction, which is rolled back when the work fails.
 template <class Work>
 void atOnce(host::Connection& connection, Work&& work) {
   connection.BeginTrans();
@@ -45,7 +45,7 @@ void atOnce(host::Connection& connection, Work&& work) {
     try {
       connection.RollbackTrans();
     } catch (const HostError&) {
-      // A server that is gone has undone it, as has one that refused at the end.
+      // A server that is gone has rolled it back, and so has one that refused the commit.
     }
     throw;
   }
@@ -105,8 +105,8 @@ void OrderForm::showRow() {
 
 void OrderForm::proposeRow() { date_->setValue(QDate::currentDate()); }
 
-/// The customer brings its state, its city and its terms along. A name that is being typed
-/// reports its code with each key.
+/// The customer sets the state, the city and the terms of payment. A name that is being typed
+/// reports its code at each key.
 void OrderForm::customerChosen() {
   const QString customer = codeIn(customer_);
   if (customer == proposedFor_) return;
@@ -117,7 +117,7 @@ void OrderForm::customerChosen() {
   giveCode(paymentTerm_, returned(customer_, u"condicao"));
 }
 
-/// The lines are no part of the row: another version says that the order is to be written.
+/// The lines are not part of the row: a new version number marks the order as changed.
 void OrderForm::linesChanged() {
   if (isNewRow() || keyInRow().isEmpty() || !lines_->isChanged()) return;
   qt::guarded(this,
@@ -137,8 +137,8 @@ bool OrderForm::checkRow() {
   return fault.isEmpty() || refuse(where, fault);
 }
 
-/// The head goes by a row of its own, so that what was typed stays pending until all is stored.
-/// Of a transaction whose answer was lost the order itself tells.
+/// The head is written through a row of its own, so that the input stays pending until everything
+/// is stored. When the answer of a transaction was lost, the stored order shows the outcome.
 void OrderForm::writeRow() {
   const QString number = keyInRow();
   if (isInDoubt()) findOut(number);
@@ -184,7 +184,7 @@ void OrderForm::writeHead(const QString& number) {
 }
 
 /// Whether the transaction in doubt was stored: the order then has the next version and the head
-/// that was sent. What is typed from now on goes on top of it.
+/// that was sent. Later input is written on top of it.
 bool OrderForm::findOut(const QString& number) {
   const auto stored = openHead(number);
   const Long version = stored->Eof() ? 0 : CLng(stored->Fields().Item(kVersion)->Value());

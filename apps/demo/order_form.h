@@ -1,4 +1,4 @@
-// The orders: who buys what, where it goes and how it is paid.
+// The orders: customer, items, delivery and payment.
 #pragma once
 
 #include <map>

@@ -57,7 +57,7 @@ void OrderLines::connectLine(Line& line) {
     });
 }
 
-/// A description that is being typed reports its code with each key.
+/// A description that is being typed reports its code at each key.
 void OrderLines::productChosen(Line& line) {
   const QString product = codeIn(line.product);
   if (product == line.priced) return;
@@ -117,7 +117,7 @@ OrderLines::Content OrderLines::contentOf(const Line& line) {
   return {codeIn(line.product), line.quantity->value().toDouble(), line.price->value().toDouble()};
 }
 
-/// As the database rounds it: by the digits that are shown.
+/// Rounded as the database does: by the digits that are shown.
 double OrderLines::totalOf(const Line& line) {
   const Content content = contentOf(line);
   const double cents = std::round(content.price * 100) * std::round(content.quantity * 100);

@@ -1,4 +1,4 @@
-// The lines of an order: what is sold, how much, at which price.
+// The lines of an order: product, quantity and price.
 #pragma once
 
 #include <QObject>
@@ -16,7 +16,7 @@ class TsText;
 
 namespace tessaria::demo {
 
-/// Three lines of fields that are not bound: their rows are written together with the order's.
+/// Three lines of unbound fields; their rows are written together with the order's.
 class OrderLines final : public QObject {
   Q_OBJECT
 
@@ -25,19 +25,19 @@ class OrderLines final : public QObject {
 
   explicit OrderLines(QWidget& form);
 
-  /// Shows the lines of an order; an empty number clears them. Raises what the database says.
+  /// Shows the lines of an order; an empty number clears them. Raises the database's errors.
   void load(host::Connection& connection, const QString& order);
   /// Replaces the order's rows. Called inside its transaction.
   void write(host::Connection& connection, const QString& order) const;
 
-  /// Whether something else stands in the fields than was loaded.
+  /// Whether the fields differ from what was loaded.
   bool isChanged() const;
   bool isEmpty() const;
-  /// What is wrong, and where; an empty text when nothing is.
+  /// What is wrong, and in which field; an empty text when nothing is wrong.
   QString fault(qt::TsText*& where) const;
   double total() const;
 
-  /// What the field "nome" of line 1 is called: "nome1".
+  /// The object name of a field in a line, counted from 0: "produto1" in the first one.
   static QString nameOf(const char* field, int line);
 
  signals:

@@ -13,7 +13,7 @@ namespace {
 int pipeEnds[2] = {-1, -1};
 int received = 0;
 
-/// A handler may do next to nothing: the event loop hears of the signal through a pipe.
+/// A signal handler may call very little, so it notifies the event loop through a pipe.
 void tellLoop(int signal) {
   const auto number = static_cast<unsigned char>(signal);
   [[maybe_unused]] const auto written = write(pipeEnds[1], &number, 1);
@@ -33,7 +33,7 @@ void quitOnSignals(QApplication& application) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, tellLoop);
 }
 
-/// A signal may have come while there was no loop to leave.
+/// A signal may have come before the event loop ran.
 int runUntilSignal() {
   const int result = received ? 0 : QApplication::exec();
   return received ? 128 + received : result;

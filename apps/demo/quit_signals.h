@@ -1,15 +1,15 @@
-// Ends the program in good order when the system asks it to end.
+// Ends the program cleanly when the system asks it to end.
 #pragma once
 
 class QApplication;
 
 namespace tessaria::demo {
 
-/// From now on SIGINT, SIGTERM and SIGHUP end `runUntilSignal`, so that the program's own server
-/// is stopped.
+/// Makes SIGINT, SIGTERM and SIGHUP end `runUntilSignal`, so that the program's own server is
+/// stopped.
 void quitOnSignals(QApplication& application);
 
-/// Runs the event loop. Gives its result, or 128 and the number of a signal that came since
+/// Runs the event loop. Returns its result, or 128 plus the number of a signal that came since
 /// `quitOnSignals`.
 int runUntilSignal();
 

@@ -71,20 +71,20 @@ void RecordForm::loadRows() {
 void RecordForm::connectFields() {
   for (qt::TsText* each : findChildren<qt::TsText*>()) moveOnWithEnter(each);
   for (qt::TsText* each : fields_) watchInput(each);
-  // The last field to show: the first row stands in all of them then.
+  // The last field is shown last: all fields then hold the first row.
   connect(fields_.last(), &qt::TsText::shown, this, &RecordForm::rowShown, Qt::QueuedConnection);
   connect(search_, &qt::TsText::browseReturn, this, [this](bool& changed) {
     if (!changed || !search_->lastValidaStatus()) return;
     const QString key = search_->value().toString();
     search_->setValue(QVariant::fromValue(nullptr));
-    // The field is still being left: the rows move afterwards.
+    // The field is still being left, so the rows move afterwards.
     QMetaObject::invokeMethod(
         this, [this, key] { goTo(key); }, Qt::QueuedConnection);
   });
 }
 
-/// A field's input is in the row, or in the form's own keeping, once the field was left for
-/// anything but the Cancel button.
+/// A field's input is in the row, or kept by the form, once the field was left for anything but the
+/// Cancel button.
 void RecordForm::watchInput(qt::TsText* each) {
   constexpr qint16 kWithoutKey = 0, kBackspace = 8, kBlank = 32, kDelete = 46;
   connect(each, &qt::TsText::keyPress, this, [this](qint16& key) {
@@ -223,7 +223,7 @@ void RecordForm::cancel() {
   goOnWorking();
 }
 
-/// A button has had the focus for its work: the operator goes on in the field.
+/// A button had the focus while it acted; the operator continues in the field.
 void RecordForm::goOnWorking() {
   if (worked_) worked_->setFocus();
 }
@@ -254,7 +254,8 @@ bool RecordForm::save() {
   return write() && rows_->saveRow();
 }
 
-/// Fields demand their input only of a button, so the button for it takes the focus meanwhile.
+/// Fields check that they are filled only when a button has the focus, so the Save button gets it
+/// meanwhile.
 bool RecordForm::check() {
   if (!database_.isReachable()) {
     warn(QStringLiteral("O %1 não foi salvo: o servidor do banco de dados não responde.\n\n"
@@ -286,7 +287,7 @@ bool RecordForm::refuse(qt::TsText* field, const QString& text) {
 }
 
 bool RecordForm::checkKeyIsFree() {
-  // A key that is taken may be this very row's.
+  // A key that is taken may belong to this row itself.
   if (!isNewRow() || isInDoubt()) return true;
   QString taken;
   const bool asked = qt::guarded(this, [&] {
@@ -311,7 +312,7 @@ bool RecordForm::write() {
     return false;
   }
   emit notice(written);
-  nextNotice_ = written;  // the row on the screen is shown anew, or another one
+  nextNotice_ = written;  // this row, or another one, is then shown again
   return true;
 }
 

@@ -1,4 +1,4 @@
-// What the forms over one table have in common: a row at a time, its buttons and its checks.
+// Common base of the forms over one table: one row at a time, its buttons and its checks.
 #pragma once
 
 #include <QList>
@@ -19,19 +19,19 @@ namespace tessaria::demo {
 
 class Database;
 
-/// What a form shows, for its statements and its texts.
+/// What a form edits, for its statements and its texts.
 struct RecordKind {
   QString noun;        ///< "cliente"
   QString table;       ///< "clientes"
   QString key;         ///< the column of the key, a text of digits that is filled with zeros
   int keyLength;       ///< digits of the key
   QString keyField;    ///< the field of the key
-  QString takenText;   ///< an expression over a row: what is said of it when its key is taken
+  QString takenText;   ///< an SQL expression over a row: the message when its key is taken
   QStringList fields;  ///< all fields, in the order in which they are checked
 };
 
-/// A row is checked as a whole when it is saved, and whenever it is left. What was typed stays on
-/// the screen until the database has taken it or the operator cancels.
+/// A row is checked as a whole when it is saved, and whenever it is left. Input stays on the screen
+/// until the database has accepted it or the operator cancels.
 ///
 /// The form file has a data control "dados", a search field "localizar" and the buttons
 /// "btnNovo", "btnSalvar", "btnCancelar" and "btnExcluir".
@@ -47,7 +47,7 @@ class RecordForm : public QWidget {
 
  public slots:  // NOLINT
   void addRecord();
-  /// False when the row was refused; the operator then knows why.
+  /// Returns false when the row was refused; the operator has then been told why.
   bool save();
   void cancel();
   void deleteRecord();
@@ -57,13 +57,13 @@ class RecordForm : public QWidget {
   void moveLast();
   /// Puts the focus where a key can be typed.
   void startSearch();
-  /// Reads all rows anew and stays on the row.
+  /// Reads all rows again and stays on the row.
   void reload();
 
  signals:
-  /// One line on what has just been done. An empty one when the last is no longer true.
+  /// A line about what has just been done. Empty when the last line is no longer true.
   void notice(const QString& text);
-  /// One line on why what stands on the screen is not stored. True until a notice comes.
+  /// A line about why the input on the screen is not stored. It is true until the next notice.
   void notSaved(const QString& text);
   /// The operator has typed, pasted or deleted something.
   void typed();
@@ -71,21 +71,21 @@ class RecordForm : public QWidget {
  protected:
   /// The database is open and outlives the form. Raises `Failure` when it has no such table.
   RecordForm(Database& database, const QString& file, RecordKind kind, QWidget* parent);
-  /// Called at the end of a form's own making.
+  /// Called at the end of the constructor of a form.
   void start();
 
   // What a form adds
-  /// Another row stands in the fields.
+  /// Another row is shown in the fields.
   virtual void showRow() = 0;
-  /// A new row is open, and its key proposed.
+  /// A new row is open, and its key is proposed.
   virtual void proposeRow() {}
-  /// Checks that no field can make by itself, and tells what is wrong.
+  /// Checks that no field can make by itself. Tells the operator what is wrong.
   virtual bool checkRow() { return true; }
-  /// Writes the pending edit. Raises what the database says; the edit is pending then.
+  /// Writes the pending edit. Raises the database's errors; the edit then stays pending.
   virtual void writeRow();
-  /// Whether nobody knows if the last write of the row was stored. `writeRow()` finds that out.
+  /// Whether it is unknown if the last write of the row was stored. `writeRow()` finds it out.
   virtual bool isInDoubt() const;
-  /// What tells the row from others, behind its key: "José".
+  /// What describes the row besides its key: "José".
   virtual QString describeRow() const = 0;
 
   Database& database() const { return database_; }
@@ -93,13 +93,13 @@ class RecordForm : public QWidget {
   qt::TsText* field(const char* name) const;
   bool isNewRow() const;
   QString keyInRow() const { return fieldInRow(kind_.key); }
-  /// Text of a column of the row; empty for Null and where there is no row.
+  /// Text of a column of the row; empty for Null and when there is no row.
   QString fieldInRow(const QString& column) const;
   QString criteriaOf(const QString& key) const;
-  /// Tells what is wrong with a field and goes there. False.
+  /// Tells the operator what is wrong with a field and puts the focus there. Returns false.
   bool refuse(qt::TsText* field, const QString& text);
 
-  /// Escape cancels, also where no field holds the focus. Asks first when input would be lost.
+  /// Escape cancels, also when no field has the focus. Asks first when input would be lost.
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -128,13 +128,13 @@ class RecordForm : public QWidget {
   QList<qt::TsText*> fields_;
   qt::TsText *key_, *search_;
   QPushButton *new_, *save_, *cancel_, *delete_;
-  QPointer<QWidget> worked_;  ///< where the operator was before a button
-  QString nextNotice_;        ///< to be told once the next row is shown
-  bool hasTyped_ = false;     ///< something that is not in the row yet
-  bool isStale_ = false;      ///< the row in the database may be another than the one on the screen
+  QPointer<QWidget> worked_;  ///< the widget that had the focus before a button
+  QString nextNotice_;        ///< sent once the next row is shown
+  bool hasTyped_ = false;     ///< whether there is input that is not in the row yet
+  bool isStale_ = false;      ///< the row in the database may differ from the one on the screen
 };
 
-/// The first value of a statement's first row; Null without rows. Raises what the database says.
+/// The first value of a statement's first row; Null without rows. Raises the database's errors.
 Variant single(const Database& database, const QString& statement);
 
 }  // namespace tessaria::demo

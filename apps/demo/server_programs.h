@@ -6,7 +6,7 @@
 
 namespace tessaria::demo {
 
-/// What a program left behind.
+/// The result of a program that has ended.
 struct Outcome {
   bool succeeded = false;
   QString output;  ///< both streams, trimmed
@@ -20,11 +20,11 @@ struct ProgramCall {
 /// The server refuses to run as root: for root its programs run as the user "postgres".
 class ServerPrograms {
  public:
-  /// The newest installation, or the one of `release` ("15") where that is not empty and there
-  /// is one. Raises `Failure` when there is none that this user can run.
+  /// The newest installation, or the one of `release` ("15") when that is not empty and installed.
+  /// Raises `Failure` when there is none that this user can run.
   static ServerPrograms find(const QString& release);
 
-  /// How a program of the installation is called as the server's user.
+  /// The call that runs a program of the installation as the server's user.
   ProgramCall callAsServer(const QString& program, const QStringList& arguments) const;
   /// Runs a program of the installation as the server's user and waits for its end.
   Outcome runAsServer(const QString& program, const QStringList& arguments) const;

@@ -1,6 +1,6 @@
--- 400 customers, the same at every load; each fourth one is a company. People, companies and
--- addresses are invented. Documents have right check digits, telephones and postcodes are of
--- the customer's city.
+-- 400 customers, the same at every load; every fourth one is a company. People, companies and
+-- addresses are invented. Documents have right check digits, telephones and postcodes are of the
+-- customer's city.
 
 -- A number from 0 below `bound`; it depends only on the customer and the subject.
 create function pg_temp.draw(codigo integer, subject text, bound integer) returns integer

@@ -1,11 +1,11 @@
--- What the fields ask of the tables on PostgreSQL, and the index that answers it.
+-- The statements that the fields send to PostgreSQL, and the indexes that serve them.
 --
 -- A code is checked, without regard to case:
 --   Select codigo From cidades Where cast(lower(codigo) as varchar) = cast(lower('00015') as
 --   varchar) limit 1
 -- The description that belongs to a code is fetched:
 --   Select nome From cidades Where cast(codigo as varchar) = cast('00015' as varchar) limit 1
--- The key of a varchar column answers that. A char column needs its cast in the index.
+-- The primary key of a varchar column serves that. A char column needs the cast in the index.
 create index estados_uf_lower on estados (lower(uf));
 create index estados_uf_varchar on estados (cast(uf as varchar));
 create index cidades_codigo_lower on cidades (lower(codigo));
@@ -26,7 +26,7 @@ create index clientes_nome_lower on clientes (lower(nome));
 -- A description completes as it is typed, and a list is searched for a part of it:
 --   Select nome, codigo From cidades Where nome ilike 'camp%' limit 1
 --   Select ... From clientes Where (clientes.nome ilike '%silva%') Order by clientes.nome
--- No ordered index knows "ilike"; one of the texts' groups of three letters does.
+-- No ordered index serves "ilike"; an index of the texts' trigrams does.
 create extension if not exists pg_trgm;
 create index estados_nome_trgm on estados using gin (nome gin_trgm_ops);
 create index cidades_nome_trgm on cidades using gin (nome gin_trgm_ops);

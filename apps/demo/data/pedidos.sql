@@ -1,4 +1,4 @@
--- 60 orders of the first half of 2026, the same at every load, drawn as the customers are.
+-- 60 orders of the first half of 2026, the same at every load, generated like the customers.
 insert into pedidos (numero, data, cliente, uf, cidade, condicao, entrega)
 select
   lpad(numero::text, 6, '0'),

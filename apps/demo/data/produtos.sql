@@ -1,4 +1,4 @@
--- Terms of payment, and what the company trades in.
+-- Terms of payment, and the products of the company.
 insert into condicoes_pagamento (codigo, descricao, parcelas, primeira, intervalo, acrescimo) values
   ('01', 'À vista', 1, 0, 0, 0),
   ('02', '7 dias', 1, 7, 0, 0),

@@ -13,7 +13,7 @@ create table cidades (
   nome   varchar(60) not null,
   uf     char(2)     not null references estados,
   ddd    varchar(2)  not null,
-  cep    varchar(8)  not null  -- where the city's postcodes begin
+  cep    varchar(8)  not null  -- the city's first postcode
 );
 create unique index cidades_nome on cidades (nome, uf);
 create index cidades_uf on cidades (uf);
@@ -67,9 +67,9 @@ create table pedidos (
   cidade    varchar(5)   not null references cidades,
   condicao  varchar(2)   not null references condicoes_pagamento,
   entrega   date,
-  documento varchar(255),                    -- a file that belongs to the order
-  pasta     varchar(255),                    -- where its papers go
-  versao    integer      not null default 1, -- counts the savings, so that none goes unseen
+  documento varchar(255),                    -- a file of the order
+  pasta     varchar(255),                    -- the folder of its papers
+  versao    integer      not null default 1, -- counts the writes, so that none is overlooked
   constraint pedidos_entrega check (entrega >= data)
 );
 create index pedidos_cliente on pedidos (cliente);

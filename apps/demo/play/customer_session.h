@@ -6,12 +6,12 @@
 
 namespace tessaria::demo {
 
-/// Fills a new customer, is refused a wrong date, an unknown state and a blank name, corrects
-/// them and saves; moves through the customers and changes one. `window` is the main window in
-/// front of the data as they are first loaded.
+/// Fills in a new customer; a wrong date, an unknown state and a blank name are refused and
+/// corrected. Then saves, moves through the customers and changes one. The main window must be in
+/// front, with the data as they are first loaded.
 void playCustomerSession(Player& player);
 
-/// The rows that the session leaves.
+/// The rows that must be stored after the session.
 QList<ExpectedRow> rowsAfterCustomerSession();
 
 }  // namespace tessaria::demo

@@ -8,7 +8,7 @@
 namespace tessaria::demo {
 namespace {
 
-/// The next prompt of a search is answered.
+/// Announces the answer to the next prompt of a search.
 void answerPrompt(Player& p, const char* text, const char* picture) {
   p.expectWindow(s("frmTsPesquisa"), [&p, text, picture] {
     p.expectFocus(s("editPesquisa"));
@@ -29,7 +29,7 @@ void lookAtMenu(Player& p) {
 }
 
 void searchCustomers(Player& p) {
-  // Two fields, one after the other.
+  // Asks for two fields, one after the other.
   answerPrompt(p, "sp", "pesquisa-combinada");
   answerPrompt(p, "joã", "pesquisa-nome");
   p.press(s("Ctrl+2"));

@@ -1,4 +1,4 @@
-// An operator's way through the lists of an order's codes.
+// An operator's use of the lists of an order's codes.
 #pragma once
 
 #include "apps/demo/play/player.h"
@@ -12,8 +12,8 @@ void playCustomerList(Player& player);
 /// A state without cities, then the cities of Minas Gerais: one is found by its name and chosen.
 void playCityList(Player& player);
 
-/// A list whose table another user has renamed for the moment, and the same list again: the term
-/// of three instalments is chosen. `connectionString` is the other user's.
+/// A list whose table another user has renamed temporarily, then the same list again, in which the
+/// term of three instalments is chosen. `connectionString` is the other user's.
 void playTermList(Player& player, const QString& connectionString);
 
 /// The products up to a price; one is chosen.

@@ -8,10 +8,10 @@
 namespace tessaria::demo {
 
 /// Enters an order with three items by keyboard alone, after the customers' session. Another user
-/// with a connection of that text is at work too.
+/// works at the same time, with the connection string `connectionString`.
 void playOrderSession(Player& player, const OrderPapers& papers, const QString& connectionString);
 
-/// The rows that the session leaves.
+/// The rows that must be stored after the session.
 QList<ExpectedRow> rowsAfterOrderSession(const OrderPapers& papers);
 
 }  // namespace tessaria::demo

@@ -1,14 +1,14 @@
-// An operator's way through the calendar, the calculator and the folders of an order.
+// An operator's use of the calendar, the calculator and the folder picker of an order.
 #pragma once
 
 #include "apps/demo/play/player.h"
 
 namespace tessaria::demo {
 
-/// What lies on the disk for the session.
+/// The files and folders that the session needs.
 struct OrderPapers {
   QString document;  ///< a file to attach
-  QString folder;    ///< where papers go, a folder beside it
+  QString folder;    ///< the folder of the papers, beside the file
   QString other;     ///< another file beside the first one
 };
 
@@ -18,8 +18,8 @@ void playCalendar(Player& player);
 /// Picks the document, then the folder.
 void playFolders(Player& player, const OrderPapers& papers);
 
-/// Works out a price in the field that holds the focus, by its calculator: opened with `key`, fed
-/// with `keys` that end with "=".
+/// Computes a price in the field that has the focus, with its calculator: opens it with `key` and
+/// types `keys`, which end with "=".
 void playCalculator(Player& player, const QString& key, const QString& keys,
                     const QString& picture);
 

@@ -37,7 +37,7 @@ QStringList checkRows(const QString& connectionString, const QList<ExpectedRow>&
   return wrong;
 }
 
-/// What the operator attaches to the order.
+/// Creates what the operator attaches to the order.
 OrderPapers makePapers(const QString& place) {
   const QDir folder(place + QLatin1String("/documentos"));
   QDir().mkpath(folder.filePath(QStringLiteral("notas")));

@@ -17,7 +17,7 @@
 namespace tessaria::demo {
 namespace {
 
-/// On a Brazilian keyboard these take a dead key; ç has a key of its own.
+/// On a Brazilian keyboard these need a dead key; ç has a key of its own.
 bool isComposed(QChar c) {
   return c.decompositionTag() == QChar::Canonical && c.toLower() != QLatin1Char('\xE7');
 }
@@ -36,14 +36,14 @@ void typeCharacter(QWidget* target, QChar c) {
                       modifiers);
 }
 
-/// What a label or a status bar shows.
+/// The text that a label or a status bar shows.
 QString textOn(const QWidget* widget) {
   if (const auto* label = qobject_cast<const QLabel*>(widget)) return label->text();
   const auto* bar = qobject_cast<const QStatusBar*>(widget);
   return bar ? bar->currentMessage() : QString();
 }
 
-/// Its field's name, when the widget is a part of one.
+/// The name of the field, when the widget is a part of one.
 QString knownName(const QWidget* widget) {
   if (!widget) return {};
   const auto* field = qobject_cast<const qt::TsText*>(widget->parentWidget());
@@ -76,7 +76,7 @@ void Player::stage(const QString& title) {
 
 // --- Hands ---------------------------------------------------------------------------------------
 
-/// What takes the keys: a menu, a dialog, or the window.
+/// The window that gets the keys: a menu, a dialog, or the main window.
 QWidget* Player::front() const {
   if (QWidget* popup = QApplication::activePopupWidget()) return popup;
   if (QWidget* dialog = QApplication::activeModalWidget()) return dialog;
@@ -193,7 +193,7 @@ void Player::expectWindow(const QString& name, std::function<void()> work) {
   expectNext({name, {}, {}, {}, true, std::move(work)});
 }
 
-/// An operator looks until it is there; a slow machine takes its time.
+/// Waits for the condition, because a slow machine needs more time.
 bool Player::sees(const std::function<bool()>& condition) const {
   return QTest::qWaitFor([&] { return !isPlaying() || condition(); }) && isPlaying();
 }

@@ -14,51 +14,51 @@ class QTableView;
 
 namespace tessaria::demo {
 
-/// A text of the session.
+/// A literal of the session as a QString.
 inline QString s(const char* text) { return QString::fromUtf8(text); }
 
-/// Every step acts on what has the focus, as an operator's hands do, and then waits until the
-/// program is at rest. A step that does not find what it expects notes a failure, and so does a
-/// window that was not announced; nothing is done after the first one. Names are looked for in
-/// the window in front, and among forms on the one that shows.
+/// Every step acts on the widget that has the focus, as an operator does, and then waits until the
+/// program is idle. A step that does not find what it expects records a failure, and so does a
+/// window that was not announced; nothing is done after the first failure. Names are searched in
+/// the window in front, and there on the form that is shown.
 class Player final : public QObject {
   Q_OBJECT
 
  public:
-  /// Pictures go into `pictures`; with an empty one none are made. `window` is shown.
+  /// Pictures go into `pictures`; with an empty name there are none. `window` is already shown.
   Player(QWidget& window, const QString& pictures);
 
   /// Names the steps that follow, for the listing and in failures.
   void stage(const QString& title);
 
   // Hands
-  /// Types characters: accents that are composed with a dead key come as an input method's text.
+  /// Types characters: accented letters that need a dead key are sent as an input method's text.
   void type(const QString& text);
   /// A key, or several with modifiers: "Tab", "Alt+S".
   void press(const QString& keys);
   void press(const QString& keys, int times);
   void click(const QString& name);
-  /// Tab until the focus is on the widget of that name.
+  /// Presses Tab until the focus is on the widget of that name.
   void tabTo(const QString& name);
-  /// The mouse on the caption of a column of the list in front.
+  /// Clicks the caption of a column of the list in front.
   void clickHeader(int column);
 
   // Eyes
-  // Windows that are announced one after the other come one after the other.
+  // Windows must open in the order in which they are announced.
   /// The next step must bring up a box with exactly this text; it is answered with the key.
   void expectBox(const QString& text, const QString& picture = {},
                  const QString& answer = QStringLiteral("Return"));
-  /// The same with a box whose text begins so: what follows is the database's own.
+  /// The same for a box whose text begins with `beginning`: the rest is the database's own.
   void expectRefusal(const QString& beginning, const QString& picture, const QString& answer);
-  /// The next step must bring up this dialog, or with an empty name a menu. `work` plays in it
-  /// and closes it with its last step.
+  /// The next step must open this dialog, or with an empty name a menu. `work` acts in it and
+  /// closes it with its last step.
   void expectWindow(const QString& name, std::function<void()> work);
   void expectFocus(const QString& name);
   void expectText(const QString& field, const QString& text);
   /// What a label or the status bar shows.
   void expectShown(const QString& name, const QString& text);
-  /// The list in front has so many rows (or any number, with -1), and this text in a cell of its
-  /// first one.
+  /// The list in front must have `rows` rows (or any number, with -1), and the text `first` in that
+  /// column of the first row.
   void expectList(int rows, int column, const QString& first);
   void expect(bool holds, const QString& what);
   void picture(const QString& name);
@@ -67,7 +67,7 @@ class Player final : public QObject {
   const QStringList& failures() const { return failures_; }
 
  private:
-  /// A window that is to come: a box, which is answered, or one that is worked.
+  /// An announced window: a box, which is answered, or a window in which `work` acts.
   struct Expected {
     QString name;
     QString text;
@@ -101,8 +101,8 @@ class Player final : public QObject {
   int pictureCount_ = 0;
   QString stage_;
   QList<Expected> expected_;      ///< the next one first
-  qsizetype later_ = 0;           ///< the last of them, which come when the window in front is gone
-  QList<QPointer<QWidget>> met_;  ///< windows that came and may still be open, in order
+  qsizetype later_ = 0;           ///< how many of them open after the window in front has closed
+  QList<QPointer<QWidget>> met_;  ///< windows that have opened and may still be open, in order
   QStringList failures_;
 };
 

@@ -1,4 +1,4 @@
-// The windows that open while an operator is played: boxes, dialogs, menus.
+// The windows that open during a played session: boxes, dialogs, menus.
 
 #include <QApplication>
 #include <QMenu>
@@ -19,7 +19,7 @@ bool isReady(QWidget* window) {
 
 }  // namespace
 
-/// A timer for each look: one that repeats would rest while a window is worked.
+/// Each check has a timer of its own: a repeating one would stop while `work` acts in a window.
 void Player::watchSoon() {
   QTimer::singleShot(kWatchInterval, this, [this] { watch(); });
 }

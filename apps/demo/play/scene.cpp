@@ -13,7 +13,7 @@ int titleHeight(const QWidget& window) {
   return qobject_cast<const QMenu*>(&window) ? 0 : kTitleHeight;
 }
 
-/// On the screen, with the title.
+/// The place on the screen, with the title bar.
 QRect placeOf(const QWidget& window) {
   return QRect(window.mapToGlobal(QPoint()), window.size()).adjusted(0, -titleHeight(window), 0, 0);
 }

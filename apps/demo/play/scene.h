@@ -1,4 +1,4 @@
-// Pictures of a window with what lies in front of it.
+// Pictures of a window with the windows in front of it.
 #pragma once
 
 #include <QList>
@@ -8,8 +8,8 @@
 
 namespace tessaria::demo {
 
-/// The window and the windows in front of it, each where it lies on the screen, with their titles:
-/// title bars are the window system's, and no part of what windows draw.
+/// The window and the windows in front of it, each at its place on the screen, with their titles:
+/// title bars belong to the window system, so windows do not draw them.
 QPixmap pictureOf(QWidget& window, const QList<QPointer<QWidget>>& inFront);
 
 }  // namespace tessaria::demo
