@@ -1,6 +1,6 @@
-# What `cmake --install` lays down, and the package that find_package(Tessaria) reads.
+# What `cmake --install` installs, and the package that find_package(Tessaria) reads.
 #
-# Programs write #include <tessaria/...>: the tree's own include/tessaria is what they get.
+# Programs write #include <tessaria/...>; the tree's include/tessaria is installed for that.
 
 include(CMakePackageConfigHelpers)
 

@@ -1,22 +1,22 @@
-# How the targets of this project are made.
+# Functions that create the targets of this project.
 
 # Compiler settings that every target of ours shares.
 add_library(tessaria_settings INTERFACE)
 target_compile_features(tessaria_settings INTERFACE cxx_std_20)
-# Includes are written from the root of the tree; programs see include/ alone.
+# Includes are written from the root of the tree; programs see only include/.
 target_include_directories(tessaria_settings INTERFACE
   ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
 if(MSVC)
   target_compile_options(tessaria_settings INTERFACE /W4 /WX /utf-8)
 else()
   target_compile_options(tessaria_settings INTERFACE -Wall -Wextra -Wpedantic -Werror)
-  # g++ 12 sees overlaps in optimised string concatenation that are none.
+  # g++ 12 warns falsely of overlaps in optimised string concatenation.
   target_compile_options(tessaria_settings INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local> $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 endif()
 
 # tessaria_objects(NAME source...): the objects tessaria_NAME. They see all headers of the tree, and
-# show other libraries only what a header exports.
+# export only what a header marks for export.
 function(tessaria_objects name)
   add_library(tessaria_${name} OBJECT ${ARGN})
   set_target_properties(tessaria_${name} PROPERTIES
@@ -32,20 +32,20 @@ function(tessaria_core_folder name)
   set(TESSARIA_CORE_FOLDERS ${TESSARIA_CORE_FOLDERS} ${name} CACHE INTERNAL "")
 endfunction()
 
-# tessaria_library(NAME objects...): the shared library TessariaNAME of the objects with these names.
-# All but the core itself stand on TessariaCore. Programs see include/ and nothing else. Shared,
-# because the state of a thread must exist once.
+# tessaria_library(NAME objects...): the shared library TessariaNAME of the objects with these
+# names. All but the core itself link TessariaCore. Programs see only include/. The libraries are
+# shared, because the state of a thread must exist once.
 #
-# Tests of what is inside link tessaria_all_NAME, the same objects, in place of the library.
+# Tests of internals link tessaria_all_NAME, the same objects, instead of the library.
 function(tessaria_library name)
   list(TRANSFORM ARGN REPLACE "(.+)" "$<TARGET_OBJECTS:tessaria_\\1>" OUTPUT_VARIABLE objects)
   add_library(Tessaria${name} SHARED ${objects})
   add_library(Tessaria::${name} ALIAS Tessaria${name})
   set_target_properties(Tessaria${name} PROPERTIES EXPORT_NAME ${name}
-    # A minor version may change what it exports, as the package's version file says.
+    # A minor version may change the exported symbols, as the package's version file says.
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
   target_compile_features(Tessaria${name} PUBLIC cxx_std_20)
-  # A symbol that another library keeps to itself fails here, and not in a program.
+  # A symbol that another library does not export fails here, and not in a program.
   target_link_options(Tessaria${name} PRIVATE
     $<$<AND:$<PLATFORM_ID:Linux>,$<CONFIG:Release>>:LINKER:--no-undefined>)
   target_include_directories(Tessaria${name} PUBLIC
@@ -61,8 +61,8 @@ function(tessaria_library name)
   endif()
 endfunction()
 
-# The headers that every test program reads are compiled once: for the programs of the core, and
-# for those with windows.
+# The headers that every test program reads are precompiled once for the programs of the core, and
+# once for those with windows.
 function(tessaria_test_headers name)
   if(TARGET ${name})
     return()
@@ -83,8 +83,8 @@ function(tessaria_test_headers name)
   set_target_properties(${name} PROPERTIES PCH_INSTANTIATE_TEMPLATES OFF)
 endfunction()
 
-# The libraries are tested as they are built; the test code itself compiles twice as fast so. Qt's
-# definitions with a folder's name would give each program headers of its own.
+# The libraries are tested as they are built; only the test code is not optimised, so that it
+# compiles twice as fast. Qt's definitions with a folder's name would prevent the shared headers.
 function(tessaria_test_options name)
   if(NOT MSVC)
     target_compile_options(${name} PRIVATE

@@ -1,8 +1,8 @@
 # Shared by ./demo, ./test and .ci/run: quiet configuring and building.
-# To be sourced from the root of the repository. The caller has set -euo pipefail.
+# Source it from the root of the repository, with `set -euo pipefail`.
 # shellcheck shell=bash
 
-# run_quietly LOG WHAT COMMAND...: one line of output when all is well, the log's end when not.
+# run_quietly LOG WHAT COMMAND...: prints one line on success, the end of the log on failure.
 run_quietly() {
   local log=$1 what=$2 begin=$SECONDS
   shift 2

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Writes docs/code-map.md: a line for each file, the first sentence of the file's own comment.
-# Usage: scripts/code-map.sh [--check]     (with it: only says whether the map is up to date)
+# Usage: scripts/code-map.sh [--check]     (with it: only checks whether the map is up to date)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -25,8 +25,8 @@ first_sentence() {
     }' "$1" | head -n 1
 }
 
-# A source with no comment of its own is told by its header: a test by the one that shares its
-# name, another by the public one that it includes first.
+# A source without a comment of its own is described by its header: a test by the header of the same
+# name, any other source by the public header that it includes first.
 describe() {
   local text name
   text=$(first_sentence "$1")
@@ -71,7 +71,7 @@ source_files() {
     while IFS= read -r file; do [ ! -f "$file" ] || echo "$file"; done
 }
 
-# Folders bottom up, as in docs/architecture.md; what is not named here follows.
+# Folders bottom up, as in docs/architecture.md; folders that are not named here follow.
 folders_in_order() {
   local all folder
   all=$(source_files | sed 's|/[^/]*$||; /^[^/]*$/{/^demo$\|^test$/s/.*/./}' | sort -u)
@@ -89,8 +89,8 @@ write_map() {
 # Code map
 
 What each file is for, bottom up. A header and the source of the same name share a line. The lines
-are the files' own first sentences; `scripts/code-map.sh` writes this page. The layers are told in
-[architecture.md](architecture.md).
+are the files' own first sentences; `scripts/code-map.sh` writes this page.
+[architecture.md](architecture.md) describes the layers.
 TEXT
   while IFS= read -r folder; do
     if [ "$folder" = . ]; then printf '\n## Root\n\n'; else printf '\n## %s\n\n' "$folder"; fi

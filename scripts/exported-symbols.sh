@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Writes docs/exported-symbols.txt: what the shared libraries of a build show to programs.
+# Writes docs/exported-symbols.txt: the symbols that the shared libraries of a build export.
 # Usage: scripts/exported-symbols.sh [--check] [BUILD]
-#        (with --check: only says whether the list is up to date; BUILD: build/release)
+#        (with --check: only checks whether the list is up to date; BUILD: build/release)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the fuzzers and runs each for a while. What they find stays in build/sanitizers/found.
+# Builds the fuzzers and runs each for some seconds.
+# Inputs that fail are kept in build/sanitizers/found.
 # Usage: scripts/fuzz.sh [SECONDS]      (20 seconds for each)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."

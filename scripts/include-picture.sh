@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Draws the picture of includes in docs/architecture.md, and counts the circles of includes.
 # Usage: scripts/include-picture.sh [--check]
-#        (with it: only says whether the picture is true and there is no circle)
+#        (with it: only checks that the picture is up to date and that there is no circle)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -17,9 +17,9 @@ list_includes() {
     sed -E 's|^([^:]+):#include "([^"]+)"|\1 \2|; s| tessaria/| include/tessaria/|'
 }
 
-# Reads those lines. A header and the source of its name are one component, wherever the header
-# stands: a source includes its own header first. Arrows between folders that follow from others
-# are left out.
+# Reads those lines. A header and the source of the same name are one component, wherever the header
+# is: a source includes its own header first. Arrows between folders that follow from others are
+# left out.
 draw() {
   awk '
     # Public headers of the core are a folder of their own; those of a host belong to its rooms.
@@ -32,7 +32,7 @@ draw() {
     function stem(path) { sub(/\.(h|cpp)$/, "", path); return path }
     function base(path) { path = stem(path); sub(/^.*\//, "", path); return path }
     function component(path) { path = stem(path); return (path in source) ? source[path] : path }
-    # Whether there is a way from a to b over at least one more folder.
+    # Whether a path leads from a to b through at least one other folder.
     function detour(a, b,  k) { for (k in room) if ((a, k) in way && (k, b) in way) return 1; return 0 }
     function place(name) { return (host(name) == "core" ? "0" : "1") name }
     function label(name) { gsub(/\//, "_", name); return name }
@@ -47,7 +47,7 @@ draw() {
         room[a] = room[b] = 1
         if (a != b) arrow[a, b] = way[a, b] = 1
       }
-      # Components from which no includes lead on, or to which none lead, are in no circle.
+      # Components without outgoing or without incoming includes are in no circle.
       do {
         gone = 0
         split("", out); split("", in_)
@@ -55,7 +55,8 @@ draw() {
         for (n in node) if (!(n in out) || !(n in in_)) { delete node[n]; gone = 1 }
         for (e in edge) { split(e, p, SUBSEP); if (!(p[1] in node) || !(p[2] in node)) delete edge[e] }
       } while (gone)
-      # What is left leads to a circle or comes from one; in it is what leads back to itself.
+      # The remaining components lead to a circle or come from one; those that lead back to
+      # themselves are in it.
       count = 0
       for (k in node) for (a in node) if ((a, k) in edge) for (b in node) if ((k, b) in edge) edge[a, b] = 1
       for (a in node) if ((a, a) in edge) { ++count; print "include-picture: in a circle: " a > "/dev/stderr" }

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that the named groups need, those that are missing only.
+# Installs the Debian packages that the named groups need and that are missing.
 # Usage: scripts/install-dependencies.sh [build|run|lint|fuzz|bench ...]     (default: build run)
 set -euo pipefail
 
-# What each package is for stands in docs/dependencies.md.
+# docs/dependencies.md says what each package is for.
 packages_of() {
   case $1 in
     build)
@@ -25,7 +25,7 @@ is_installed() {
   [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
-# The commands by which another system shows that it has what the groups need.
+# The commands that show, on another system, that what the groups need is installed.
 commands_of() {
   case $1 in
     build) echo cmake ninja c++ ;;

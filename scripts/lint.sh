@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Layout and static analysis of all sources, and the scripts.
+# Checks the layout of all sources, runs the static analysis, and checks the scripts.
 # Usage: scripts/lint.sh
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -18,13 +18,13 @@ check_format() {
   git ls-files -z '*.h' '*.cpp' | xargs -0 -r clang-format --dry-run -Werror
 }
 
-# All sources that the build joins, and those that it compiles one by one; nothing generated.
+# All sources that the build joins, and those that it compiles one by one, without generated ones.
 sources_to_analyse() {
   sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' build/lint/compile_commands.json |
     grep -v '_autogen/' | grep -v '/tests/layout/.*\.h\.cpp$' | sort -u
 }
 
-# A joined source includes others: that is no mistake.
+# A joined source includes other sources on purpose.
 check_sources() {
   sources_to_analyse | xargs -r -n 1 -P "$(nproc)" clang-tidy --quiet -p build/lint \
     --config-file=.clang-tidy --checks=-bugprone-suspicious-include --header-filter="^$PWD/"
