@@ -14,7 +14,7 @@
 
 namespace tessaria::demo {
 
-/// A temporary folder that the server's user can pass through.
+/// A temporary folder that the server's user can enter.
 class ServerFolder {
  public:
   ServerFolder() {
@@ -66,7 +66,7 @@ class DeskTest : public testing::Test {
     return QStringLiteral("O %1 não foi salvo. Desfazer o que foi digitado?")
         .arg(QString::fromLatin1(noun));
   }
-  /// Cancels what was typed, and says so when asked.
+  /// Cancels what was typed, and confirms the question.
   void dropInput(const char* noun, const char* key = "Alt+C") {
     player_->expectBox(dropQuestion(noun), {}, QStringLiteral("Alt+S"));
     player_->press(QString::fromLatin1(key));

@@ -236,7 +236,7 @@ TEST_F(DeskTest, AWrongCpfIsRefused) {
   EXPECT_EQ(stored("cpf_cnpj", "00051"), "11144477735");
 }
 
-// A field of the "X" kind scrambles what it holds each time it is left.
+// A field with an "X" mask scrambles its content each time it is left.
 TEST_F(DeskTest, APasswordIsScrambledOnceHoweverOftenItsFieldIsPassed) {
   Player& p = operatorsHands();
   const std::string scrambled = qt::toQt(mdlComum::CodificaTexto(u"Segredo1")).toStdString();

@@ -1,4 +1,5 @@
-// Saving when the server's answer is lost: the desk finds out before it writes again.
+// Saving when the server's answer is lost: the program finds out the outcome before it writes
+// again.
 #include <QRegularExpression>
 
 #include "tests/demo/desk_fixture.h"

@@ -1,4 +1,4 @@
-// The order form: stored tables, refusals, pairs, all by keys.
+// The order form: stored tables, refusals and pairs, all by keyboard.
 #include "tessaria/qt/tstext.h"
 #include "tests/demo/desk_fixture.h"
 
@@ -19,7 +19,7 @@ class OrderTest : public DeskTest {
     p.press("Return");
     p.expectText("numero", number);
   }
-  /// A new order, with all that its head needs; the focus is on the first product.
+  /// Starts a new order with everything that its head needs; the focus is on the first product.
   void startOrder(const QString& number) {
     Player& p = operatorsHands();
     p.press("Alt+N");
@@ -41,7 +41,7 @@ class OrderTest : public DeskTest {
     p.type(quantity);
     p.press("Tab", 2);
   }
-  /// One text that a statement selects; "?" without rows.
+  /// The text that a statement selects; "?" without rows.
   static std::string scalar(const char* statement) {
     const QList<Row> rows = readRows(server_->connectionString(), QString::fromUtf8(statement));
     return rows.isEmpty() ? "?" : rows.first().first().second.toStdString();
@@ -100,7 +100,7 @@ TEST_F(OrderTest, WhatTheDatabaseRefusesIsNeitherStoredNorLost) {
   EXPECT_EQ(itemsOf("000702"), "1:00001x2.00=55.80");
 }
 
-// The rows are written, and the transaction is refused at its very end.
+// The rows are written, and the commit of the transaction is refused.
 TEST_F(OrderTest, WhatIsRefusedAtTheEndOfTheTransactionIsNotLost) {
   Player& p = operatorsHands();
   startOrder("703");
@@ -236,7 +236,7 @@ TEST_F(OrderTest, DeletingTakesTheItemsAlong) {
   EXPECT_EQ(scalar("select count(*) from itens_pedido where pedido = '000020'"), "0");
 }
 
-// The status bar tells of a refusal as long as it holds.
+// The status bar shows a refusal as long as it is true.
 TEST_F(OrderTest, ARefusalIsForgottenWhenItsFieldIsRight) {
   Player& p = operatorsHands();
   p.press("Alt+N");

@@ -1,7 +1,7 @@
 # Builds and runs tests/package/consumer from an empty folder.
-# SOURCE, BUILD: the project. WORK: the folder to work in. COMPONENTS: what was built, with
-# commas between.
-# SUBDIRECTORY: take the project in as a subdirectory, its core alone, and not as a package.
+# SOURCE, BUILD: the project. WORK: the folder to work in. COMPONENTS: what was built, separated by
+# commas.
+# SUBDIRECTORY: adds the project as a subdirectory, its core alone, instead of as a package.
 
 function(run)
   execute_process(COMMAND ${ARGN} COMMAND_ECHO STDOUT COMMAND_ERROR_IS_FATAL ANY)
@@ -12,7 +12,7 @@ file(MAKE_DIRECTORY ${WORK})
 
 if(SUBDIRECTORY)
   set(COMPONENTS Core)
-  # That it builds is the question here, and not how it runs.
+  # Only the build is tested here, not how the result runs.
   set(where -DTESSARIA_SUBDIRECTORY=${SOURCE} -DTESSARIA_QT=OFF -DTESSARIA_ODBC=OFF
       -DCMAKE_BUILD_TYPE=Debug -DCMAKE_UNITY_BUILD=ON)
 else()

@@ -1,3 +1,3 @@
-// A header of the program's own, of a name that the library uses inside.
+// A header of the program itself, with a name that the library uses internally.
 #pragma once
 #define OWN_ERROR_H 1
