@@ -77,7 +77,7 @@ TEST_F(DeskTest, CancelAsksNothingWhenNothingWasTyped) {
   expectNotice("O que foi digitado foi desfeito.");
 }
 
-TEST_F(DeskTest, ANoticeGoesWhenItIsNoLongerTrue) {
+TEST_F(DeskTest, ANoticeDisappearsWhenItIsNoLongerTrue) {
   Player& p = operatorsHands();
   goTo("00094");
   expectNotice("Cliente 00094.");
@@ -96,7 +96,7 @@ TEST_F(DeskTest, ANoticeGoesWhenItIsNoLongerTrue) {
   dropInput("cliente", "Esc");
 }
 
-TEST_F(DeskTest, ThatARowIsNotSavedStandsUntilItIs) {
+TEST_F(DeskTest, TheNoticeThatARowIsNotSavedStaysUntilItIsSaved) {
   Player& p = operatorsHands();
   goTo("00097");
   p.type("Sem servidor");
@@ -140,7 +140,7 @@ TEST_F(DeskTest, KeepsTheTextWhileTheServerIsAwayAndSavesWhenItIsBack) {
   EXPECT_EQ(stored("nome", "00020"), "Conceição à Espera");
 }
 
-TEST_F(DeskTest, TheMenuStartsTheOwnServerAgain) {
+TEST_F(DeskTest, TheMenuRestartsTheProgramsOwnServer) {
   Player& p = operatorsHands();
   goTo("00021");
   p.type("Religado pelo menu");
@@ -153,7 +153,7 @@ TEST_F(DeskTest, TheMenuStartsTheOwnServerAgain) {
   EXPECT_EQ(stored("nome", "00021"), "Religado pelo menu");
 }
 
-TEST_F(DeskTest, NothingIsWrittenOverAnotherUsersChange) {
+TEST_F(DeskTest, AnotherUsersChangeIsNotOverwritten) {
   Player& p = operatorsHands();
   goTo("00030");
   p.type("O que eu quis");
@@ -237,7 +237,7 @@ TEST_F(DeskTest, AWrongCpfIsRefused) {
 }
 
 // A field with an "X" mask scrambles its content each time it is left.
-TEST_F(DeskTest, APasswordIsScrambledOnceHoweverOftenItsFieldIsPassed) {
+TEST_F(DeskTest, APasswordIsScrambledOnlyOnceHoweverOftenItsFieldIsLeft) {
   Player& p = operatorsHands();
   const std::string scrambled = qt::toQt(mdlComum::CodificaTexto(u"Segredo1")).toStdString();
   goTo("00060");
@@ -259,7 +259,7 @@ TEST_F(DeskTest, APasswordIsScrambledOnceHoweverOftenItsFieldIsPassed) {
   EXPECT_EQ(stored("senha", "00060"), scrambled);
 }
 
-TEST_F(DeskTest, TelephonesOfBothLengthsAreLaidOut) {
+TEST_F(DeskTest, TelephonesOfBothLengthsAreFormatted) {
   Player& p = operatorsHands();
   asAnotherUser("update clientes set telefone = '1133334444' where codigo = '00070'");
   p.press("F5");

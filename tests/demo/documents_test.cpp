@@ -31,7 +31,7 @@ TEST(Documents, CheckDigits) {
     EXPECT_EQ(isValidDocument(c.person, QString::fromLatin1(c.digits)), c.valid) << c.digits;
 }
 
-TEST(Documents, TheLengthTellsThePerson) {
+TEST(Documents, TheLengthDeterminesTheKindOfPerson) {
   EXPECT_EQ(personOf("52998224725"), Person::Natural);
   EXPECT_EQ(personOf(""), Person::Natural);
   EXPECT_EQ(personOf("11222333000181"), Person::Legal);

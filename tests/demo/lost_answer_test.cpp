@@ -104,18 +104,18 @@ TEST_F(LostAnswerTest, AnOrderWhoseTransactionWasStoredIsSaved) {
   EXPECT_EQ(ordersOf("000900"), "1:1");
 }
 
-TEST_F(LostAnswerTest, AnOrderWhoseTransactionWasNotStoredIsToldSo) {
+TEST_F(LostAnswerTest, AnOrderWhoseTransactionWasNotStoredIsReportedAsNotStored) {
   Player& p = operatorsHands();
   startOrder("901");
   asAnotherUser(
-      "create function corta() returns trigger language plpgsql as "
+      "create function cut_connection() returns trigger language plpgsql as "
       "'begin perform pg_terminate_backend(pg_backend_pid()); return null; end'");
   asAnotherUser(
-      "create constraint trigger corte after insert on pedidos deferrable initially deferred "
-      "for each row execute function corta()");
+      "create constraint trigger cut_at_commit after insert on pedidos "
+      "deferrable initially deferred for each row execute function cut_connection()");
   p.expectRefusal("O pedido não foi salvo: a conexão com o banco de dados caiu.", {}, "Return");
   p.press("Alt+S");
-  asAnotherUser("drop trigger corte on pedidos");
+  asAnotherUser("drop trigger cut_at_commit on pedidos");
   EXPECT_EQ(ordersOf("000901"), "");
 
   p.press("Alt+S");

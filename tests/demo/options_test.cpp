@@ -17,7 +17,7 @@ std::string refusalOf(const QStringList& arguments) {
   }
 }
 
-TEST(Options, WithoutAnyTheDataAreTheUsersOwn) {
+TEST(Options, DefaultToTheUsersOwnData) {
   const Options options = readOptions({"tessaria-demo"});
   EXPECT_EQ(options.dataFolder, Cluster::defaultFolder());
   EXPECT_TRUE(options.connectionString.isEmpty());
@@ -30,7 +30,7 @@ TEST(Options, AreRead) {
   EXPECT_EQ(readOptions({"x", "--play", "p"}).playFolder, "p");
 }
 
-TEST(Options, ThatCannotBeReadAreRefused) {
+TEST(Options, AreRefusedWhenTheyCannotBeRead) {
   using testing::HasSubstr;
   EXPECT_THAT(refusalOf({"--dta", "x"}), HasSubstr("Opção desconhecida"));
   EXPECT_THAT(refusalOf({"--data"}), HasSubstr("incompleta"));

@@ -54,7 +54,7 @@ class OrderTest : public DeskTest {
   }
 };
 
-TEST_F(OrderTest, IsEnteredAndStoredByKeysAlone) {
+TEST_F(OrderTest, IsEnteredAndStoredByKeyboardAlone) {
   Player& p = operatorsHands();
   startOrder("700");
   enterItem("1", "2");
@@ -67,7 +67,7 @@ TEST_F(OrderTest, IsEnteredAndStoredByKeysAlone) {
   EXPECT_EQ(scalar("select versao from pedidos where numero = '000700'"), "1");
 }
 
-TEST_F(OrderTest, ChangedLinesAloneAreAChange) {
+TEST_F(OrderTest, ChangedLinesAloneCountAsAChange) {
   Player& p = operatorsHands();
   startOrder("701");
   enterItem("1", "2");
@@ -101,7 +101,7 @@ TEST_F(OrderTest, WhatTheDatabaseRefusesIsNeitherStoredNorLost) {
 }
 
 // The rows are written, and the commit of the transaction is refused.
-TEST_F(OrderTest, WhatIsRefusedAtTheEndOfTheTransactionIsNotLost) {
+TEST_F(OrderTest, WhatIsRefusedAtCommitIsNotLost) {
   Player& p = operatorsHands();
   startOrder("703");
   enterItem("1", "2");
@@ -121,7 +121,7 @@ TEST_F(OrderTest, WhatIsRefusedAtTheEndOfTheTransactionIsNotLost) {
   EXPECT_EQ(itemsOf("000703"), "1:00001x2.00=55.80");
 }
 
-TEST_F(OrderTest, NothingIsWrittenOverAnotherUsersOrder) {
+TEST_F(OrderTest, AnotherUsersOrderIsNotOverwritten) {
   Player& p = operatorsHands();
   goToOrder("000010");
   const std::string before = itemsOf("000010");
@@ -162,7 +162,7 @@ TEST_F(OrderTest, AnOrderNeedsItemsAndTheirQuantities) {
   dropInput("pedido");
 }
 
-TEST_F(OrderTest, DeliveryIsNotBeforeTheOrder) {
+TEST_F(OrderTest, DeliveryBeforeTheOrderIsRefused) {
   Player& p = operatorsHands();
   startOrder("705");
   enterItem("1", "1");
@@ -176,7 +176,7 @@ TEST_F(OrderTest, DeliveryIsNotBeforeTheOrder) {
   dropInput("pedido");
 }
 
-TEST_F(OrderTest, CitiesAreThoseOfTheState) {
+TEST_F(OrderTest, OnlyTheCitiesOfTheStateAreListed) {
   Player& p = operatorsHands();
   p.press("Alt+N");
   p.tabTo("uf");
@@ -199,7 +199,7 @@ TEST_F(OrderTest, CitiesAreThoseOfTheState) {
   dropInput("pedido");
 }
 
-TEST_F(OrderTest, ACityBringsItsState) {
+TEST_F(OrderTest, ChoosingACitySetsItsState) {
   Player& p = operatorsHands();
   p.press("Alt+N");
   p.tabTo("cidade");
@@ -211,7 +211,7 @@ TEST_F(OrderTest, ACityBringsItsState) {
   dropInput("pedido");
 }
 
-TEST_F(OrderTest, ARowOfTheListIsTaken) {
+TEST_F(OrderTest, ARowCanBeChosenFromTheList) {
   Player& p = operatorsHands();
   p.press("Alt+N");
   p.tabTo("condicao");
@@ -226,7 +226,7 @@ TEST_F(OrderTest, ARowOfTheListIsTaken) {
   dropInput("pedido");
 }
 
-TEST_F(OrderTest, DeletingTakesTheItemsAlong) {
+TEST_F(OrderTest, DeletingAnOrderDeletesItsItems) {
   Player& p = operatorsHands();
   goToOrder("000020");
   const QString customer = window_->findChild<qt::TsText*>("nomeCliente")->text();
@@ -237,7 +237,7 @@ TEST_F(OrderTest, DeletingTakesTheItemsAlong) {
 }
 
 // The status bar shows a refusal as long as it is true.
-TEST_F(OrderTest, ARefusalIsForgottenWhenItsFieldIsRight) {
+TEST_F(OrderTest, ARefusalDisappearsWhenItsFieldIsValid) {
   Player& p = operatorsHands();
   p.press("Alt+N");
   p.tabTo("uf");

@@ -96,7 +96,7 @@ TEST_F(Program, SaysWhatIsWrongWithItsConnection) {
   EXPECT_THAT(output(), HasSubstr("Falta o driver ODBC do PostgreSQL"));
 }
 
-TEST_F(Program, TellsAWrongDataSourceFromAMissingDriver) {
+TEST_F(Program, DistinguishesAWrongDataSourceFromAMissingDriver) {
   start({"--connection", "DSN=NaoExiste"});
   EXPECT_NE(result(), 0);
   const std::string told = output();
