@@ -74,10 +74,10 @@ class TESSARIA_CORE_API Browse : public host::Persistent {
   /// The whole group clause with its keywords.
   String BrwGroupBy() const { return brwGroupBy_; }
   void BrwGroupBy(const String& v) { brwGroupBy_ = v; }
-  /// The whole text behind From; replaces `BrowseTable` in every statement when not empty.
+  /// The whole text after From; replaces `BrowseTable` in every statement when not empty.
   String BrwLeftJoin() const { return brwLeftJoin_; }
   void BrwLeftJoin(const String& v) { brwLeftJoin_ = v; }
-  /// The text behind From: `BrwLeftJoin`, or the table when that is empty.
+  /// The text after From: `BrwLeftJoin`, or the table when that is empty.
   String From() const { return brwLeftJoin_.empty() ? browseTable_ : brwLeftJoin_; }
   /// A condition without the word Where; may hold @name@ parameters.
   String BrwWhere() const { return brwWhere_; }

@@ -19,7 +19,7 @@ namespace tessaria {
 /// "Falso".
 TESSARIA_CORE_API String CStr(const Variant& value);
 /// Empty is 0, True is -1, a date its days. A text may have points for thousands (at any place of
-/// the whole part, so "12.34" is 1234), a comma for decimals, a sign in front or behind,
+/// the whole part, so "12.34" is 1234), a comma for decimals, a leading or trailing sign,
 /// parentheses for a negative number, "R$", an exponent after E or D, and surrounding blanks.
 /// "&H1F" and "&O17" are hexadecimal and octal.
 TESSARIA_CORE_API double CDbl(const Variant& value);

@@ -14,16 +14,16 @@ TESSARIA_CORE_API double Round(double value, Long decimals = 0);
 /// Formats a value with a pattern.
 ///
 /// Number patterns: "0" is a digit, "#" a digit where there is one; "," between places groups
-/// thousands, "," behind the last one divides by a thousand; "." is the decimal mark; "%"
-/// multiplies by a hundred; "E+00" and "E-00" an exponent. In the result the two marks are "." and
-/// ",". Sections divided by ";": positive, negative, zero; a section that is missing or empty is
+/// thousands, "," after the last one divides by a thousand; "." is the decimal mark; "%" multiplies
+/// by a hundred; "E+00" and "E-00" an exponent. In the result the two marks are "." and ",".
+/// Sections divided by ";": positive, negative, zero; a section that is missing or empty is
 /// replaced by the first. Exact halves are rounded away from zero. A double counts with 15
 /// significant digits, an exact number and a text with all of theirs. A value that shows as zero
 /// has no minus.
 ///
 /// Date patterns: d, dd, ddd, dddd, m to mmmm, yy, yyyy, y (day of the year), h, hh, n, nn, s, ss,
 /// q, w, ww; "ddddd" a short and "dddddd" a long date, "ttttt" the time, "c" as CStr; "AM/PM",
-/// "am/pm", "A/P", "a/p" for twelve hours; m behind h is minutes. Names are Portuguese.
+/// "am/pm", "A/P", "a/p" for twelve hours; m after h is minutes. Names are Portuguese.
 ///
 /// Text patterns, for the text of any value: "@" is a character or a blank, "&" a character or
 /// nothing, filled from the right, with "!" from the left; characters without a place of their own

@@ -107,7 +107,7 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// name; both refusals show a message.
   String LabelAssociado() const;
   void LabelAssociado(const String& v);
-  /// Number of the tab that the control lies on, trimmed; "" for none.
+  /// Number of the tab that the control is on, trimmed; "" for none.
   String NumeroTab() const;
   void NumeroTab(const String& v);
   /// Name of the control that can take the focus without validation.

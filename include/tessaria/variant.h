@@ -36,7 +36,7 @@ struct TESSARIA_CORE_API Currency {
 /// An exact decimal: sign, 96-bit whole number (least significant word first), power of ten.
 struct TESSARIA_CORE_API Decimal {
   std::array<std::uint32_t, 3> Magnitude{};
-  std::uint8_t Scale = 0;  ///< digits behind the decimal mark, 0 to 28
+  std::uint8_t Scale = 0;  ///< digits after the decimal mark, 0 to 28
   bool Negative = false;
   /// Compares the digits: 1.5 and 1.50 differ here. `Equal` compares values.
   bool operator==(const Decimal&) const = default;

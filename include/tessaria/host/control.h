@@ -56,7 +56,7 @@ class TESSARIA_CORE_API ControlSite {
   virtual String DisplayName() const = 0;
   virtual Font AmbientFont() const = 0;
 
-  /// The form. Error 91 when the control lies on none.
+  /// The form. Error 91 when the control is on none.
   virtual FormPtr Parent() const = 0;
   /// The control as its form sees it: position, height, container.
   virtual WidgetPtr Extender() const = 0;

@@ -71,7 +71,7 @@ class TESSARIA_CORE_API Field : public Object {
   virtual Long DefinedSize() const = 0;
   /// Digits in all, for numbers; 0 when unknown.
   virtual Long Precision() const = 0;
-  /// Digits behind the decimal mark, for numbers.
+  /// Digits after the decimal mark, for numbers.
   virtual Long NumericScale() const = 0;
   /// The value in the current row, the pending edit included. Numbers and dates are returned in the
   /// kind of their type; a stored value that the kind cannot hold is returned as text: an infinite

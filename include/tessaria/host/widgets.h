@@ -65,7 +65,7 @@ class TESSARIA_CORE_API TextBox {
   virtual Long SelLength() const = 0;
   virtual void SelLength(Long length) = 0;
   virtual String SelText() const = 0;
-  /// Replaces the selection by the whole text and leaves the caret behind it.
+  /// Replaces the selection by the whole text and leaves the caret after it.
   virtual void SelText(const String& text) = 0;
   virtual Long MaxLength() const = 0;
   virtual void MaxLength(Long characters) = 0;

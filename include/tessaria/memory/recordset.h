@@ -110,7 +110,7 @@ class TESSARIA_MEMORY_API Recordset final : public host::Recordset,
   TablePtr origin_;
   String order_;
   std::ptrdiff_t position_ = 0;  ///< -1 at BOF, the count at EOF
-  bool onDeleted_ = false;       ///< the row ahead of `position_` was deleted under the cursor
+  bool onDeleted_ = false;       ///< the row before `position_` was deleted under the cursor
   host::EditMode editMode_ = host::EditMode::None;
   Row edit_;
   Doubt doubt_ = Doubt::None;

@@ -127,7 +127,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Name of the caption label; can be assigned at design time only.
   QString labelAssociado() const;
   void setLabelAssociado(const QString& v);
-  /// Number of the tab that the control lies on; empty for none.
+  /// Number of the tab that the control is on; empty for none.
   QString numeroTab() const;
   void setNumeroTab(const QString& v);
   /// Name of the control that can take the focus without validation.
@@ -279,7 +279,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Types of the searched values: N number, S text, D date.
   QString pesqTipo() const;
   void setPesqTipo(const QString& v);
-  /// Where the wildcard goes: N nowhere, F behind, C in front, A both.
+  /// Where the wildcard goes: N nowhere, F after the text, C before it, A both.
   QString pesqLike() const;
   void setPesqLike(const QString& v);
   /// The most characters in the prompts.
@@ -351,7 +351,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
  signals:
   /// The first show at run time is complete.
   void shown();
-  /// The text in the box has changed, whoever changed it.
+  /// The text in the box has changed, by the operator or by the program.
   void changed();
   /// The three key events: a handler connected directly may change the arguments; code 0 swallows
   /// the key.

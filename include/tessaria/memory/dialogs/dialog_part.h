@@ -1,4 +1,4 @@
-// A widget's place on the form behind a memory dialog: geometry, focus, keys.
+// A widget as a part of a memory dialog's form: geometry, focus, keys.
 #pragma once
 
 #include <functional>
