@@ -243,7 +243,7 @@ void Dialogs::GiveBack(const Held& before) {
   if (before.Stored && !IsSame(parts_.Around.Column()->Value(), *before.Stored))
     parts_.Around.Write(*before.Stored);
   m_.Value = before.Value;
-  value_.ShowAgain(before.Shows, Road::Write);
+  value_.ShowAgain(before.Shows, AssignMode::Write);
 }
 
 void Dialogs::OpenCalculator() {

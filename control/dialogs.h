@@ -1,4 +1,4 @@
-// The button: the road to the dialogs of a field.
+// The button, which opens the dialogs of a field.
 #pragma once
 
 #include <memory>
@@ -22,7 +22,7 @@ class Dialogs {
     Members& Remembered;
     Definitions& Lookup;
     Surroundings& Around;
-    ValueRoad& Value;
+    ValueAssignment& Value;
     tsTextEvents& Events;
   };
   explicit Dialogs(const Parts& parts)
@@ -33,7 +33,7 @@ class Dialogs {
   /// The button's click: opens the dialog of the field's kind and takes its answer. Errors are
   /// reported.
   void Open();
-  /// The keyboard's road to the calculator takes the answer unchecked.
+  /// Opens the calculator from the keyboard: its answer is taken unchecked.
   void OpenCalculator();
   /// Closes the dialogs that the controls of this thread share, errors ignored.
   static void CloseShared();
@@ -64,7 +64,7 @@ class Dialogs {
   bool ExpandForList(String& where) const;
   void PickDate(const Place& place);
   void PickPath(const Place& place);
-  void Assign(const Variant& v) { value_.Assign(v, Road::Write); }
+  void Assign(const Variant& v) { value_.Assign(v, AssignMode::Write); }
   void TakeAnswer(const Variant& answer, bool isOwn);
   Calculated Calculate(frmCalculadora& calculator, const Place& place);
   void CalculateChecked(const Place& place);
@@ -75,7 +75,7 @@ class Dialogs {
   Parts parts_;
   FieldBox& box_;
   Members& m_;
-  ValueRoad& value_;
+  ValueAssignment& value_;
 };
 
 }  // namespace tessaria

@@ -48,7 +48,8 @@ bool IsNothing(const Variant& v) {
 }  // namespace
 
 Discovery::Discovery(host::ControlSite& site, const FieldKind& kind, FormTies& ties,
-                     FieldContents& contents, const Surroundings& surroundings, ValueRoad& value)
+                     FieldContents& contents, const Surroundings& surroundings,
+                     ValueAssignment& value)
     : site_(site),
       kind_(kind),
       ties_(ties),
@@ -104,7 +105,7 @@ bool Discovery::ConnectDatabase() {
 
 bool Discovery::FindDataControl() {
   if (ties_.DataSource.empty() || ties_.DataField.empty()) {
-    value_.Assign(Variant::Null(), Road::Show);
+    value_.Assign(Variant::Null(), AssignMode::Show);
     return false;
   }
   const auto refuse = [this] {
@@ -147,12 +148,12 @@ bool Discovery::CacheOrdinalOf(const host::Fields& fields) {
 
 void Discovery::LoadRow() {
   if (!surroundings_.HasRow()) {
-    value_.Assign(Variant::Null(), Road::Show);
+    value_.Assign(Variant::Null(), AssignMode::Show);
     contents_.OriginalValue = Variant::Null();
     return;
   }
   const ScopedFlag loading(contents_.bCarregandoCampo);
-  value_.Assign(surroundings_.Column()->Value(), Road::Show);
+  value_.Assign(surroundings_.Column()->Value(), AssignMode::Show);
   contents_.OriginalValue = surroundings_.Column()->Value();
 }
 

@@ -11,7 +11,7 @@ class Discovery {
  public:
   /// All outlive it.
   Discovery(host::ControlSite& site, const FieldKind& kind, FormTies& ties, FieldContents& contents,
-            const Surroundings& surroundings, ValueRoad& value);
+            const Surroundings& surroundings, ValueAssignment& value);
   Discovery(const Discovery&) = delete;
   Discovery& operator=(const Discovery&) = delete;
 
@@ -37,7 +37,7 @@ class Discovery {
   FormTies& ties_;
   FieldContents& contents_;
   const Surroundings& surroundings_;
-  ValueRoad& value_;
+  ValueAssignment& value_;
 };
 
 }  // namespace tessaria

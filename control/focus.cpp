@@ -96,7 +96,9 @@ void Focus::FillZeros() {
 bool Focus::AssignTyped() {
   FieldBox& box = parts_.Box;
   const MaskSettings& mask = box.Mask();
-  const auto assign = [&](const String& text) { return parts_.Value.Assign(text, Road::Write); };
+  const auto assign = [&](const String& text) {
+    return parts_.Value.Assign(text, AssignMode::Write);
+  };
   if (box.IsNumeric())
     box.Write(Format(box.Widget().Text(),
                      mdlObjTxt::FormatoNumero(mask.Mascara, InStr(mask.Mascara, u".") != 0)));

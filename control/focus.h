@@ -15,7 +15,7 @@ class Focus {
     FieldBox& Box;
     Members& Remembered;
     Validation& Rules;
-    ValueRoad& Value;
+    ValueAssignment& Value;
     Pair& Siblings;
     tsTextEvents& Events;
   };

@@ -8,13 +8,13 @@ namespace tessaria {
 void MaskChange::Mascara(const String& v) {
   const String before = box_.Stripped();
   // A row that nobody edits is shown anew and not written.
-  const Road road = box_.IsTouched() ? Road::Write : Road::Show;
+  const AssignMode mode = box_.IsTouched() ? AssignMode::Write : AssignMode::Show;
   mask_.Mascara = v;
   ItensMascara(mdlObjTxt::MontaItensMascara(v, mask_.PromptChar));
   box_.AlignByMask();
   if (site_.UserMode()) {
     if (v.empty() && before.empty())
-      value_.Assign(Variant::Null(), road);
+      value_.Assign(Variant::Null(), mode);
     else
       box_.WithoutTouching([&] { box_.Write(box_.LaidOut(box_.Stripped())); });
   }

@@ -8,7 +8,7 @@ namespace tessaria {
 class MaskChange {
  public:
   /// All outlive it.
-  MaskChange(host::ControlSite& site, FieldBox& box, MaskSettings& mask, ValueRoad& value)
+  MaskChange(host::ControlSite& site, FieldBox& box, MaskSettings& mask, ValueAssignment& value)
       : site_(site), box_(box), mask_(mask), value_(value) {}
   MaskChange(const MaskChange&) = delete;
   MaskChange& operator=(const MaskChange&) = delete;
@@ -24,7 +24,7 @@ class MaskChange {
   host::ControlSite& site_;
   FieldBox& box_;
   MaskSettings& mask_;
-  ValueRoad& value_;
+  ValueAssignment& value_;
 };
 
 }  // namespace tessaria

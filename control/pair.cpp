@@ -62,12 +62,12 @@ Pair::Pair(host::ControlSite& site, FieldBox& box, const FieldKind& kind, const 
 
 bool Pair::HasSibling() const { return !ties_.TxtIrmao.empty() && ties_.bIrmaoConectado; }
 
-void Pair::Follow(Road road) {
+void Pair::Follow(AssignMode mode) {
   if (!contents_.bCarregandoCampo || !definitions_.LookupIsComplete() || ComesRound()) return;
   if (handedOn_.size() == kDeepestChain) throw HostError(kOutOfStackSpace);
   const HandingOn running(handedOn_, contents_.Value);
-  const Outcome outcome = LookUp({.NarrowsToKey = kind_.IsDescription(), .HandsOn = true}, road);
-  if (outcome == Outcome::HandedOn && kind_.IsDescription()) RefreshBack(road);
+  const Outcome outcome = LookUp({.NarrowsToKey = kind_.IsDescription(), .HandsOn = true}, mode);
+  if (outcome == Outcome::HandedOn && kind_.IsDescription()) RefreshBack(mode);
 }
 
 /// A ring of siblings ends at the value that comes round; any other value is a new one.
@@ -76,22 +76,22 @@ bool Pair::ComesRound() const {
                      [&](const Variant& v) { return IsSame(v, contents_.Value); });
 }
 
-void Pair::Refresh(bool ApenasTsBrowse, bool DisparaBrowseReturn, Road road) {
+void Pair::Refresh(bool ApenasTsBrowse, bool DisparaBrowseReturn, AssignMode mode) {
   // The module and the procedure of this report are one run-on text.
   Trap(u"tsText",
        u"Erro ao efetuar a ataulização do campo IrmãoMódulo tsText - Procedimento AtualizaIrmao",
        [&] {
          if (!definitions_.LookupIsComplete()) return;
          const bool handsOn = !ApenasTsBrowse || kind_.TipoControle != TipoControle::Browse;
-         const Outcome outcome = LookUp({.NarrowsToKey = false, .HandsOn = handsOn}, road);
+         const Outcome outcome = LookUp({.NarrowsToKey = false, .HandsOn = handsOn}, mode);
          if (outcome != Outcome::Blank && DisparaBrowseReturn) RaiseBrowseReturn();
        });
 }
 
 /// A blank value empties the sibling without a search.
-Pair::Outcome Pair::LookUp(Search search, Road road) {
+Pair::Outcome Pair::LookUp(Search search, AssignMode mode) {
   if (contents_.Value.IsNull()) {
-    if (search.HandsOn) HandOn(Variant::Null(), road);
+    if (search.HandsOn) HandOn(Variant::Null(), mode);
     definitions_.EmptyReturnFields();
     return Outcome::Blank;
   }
@@ -100,21 +100,21 @@ Pair::Outcome Pair::LookUp(Search search, Road road) {
       *definition, contents_.Value, site_.DisplayName(),
       search.NarrowsToKey ? SiblingCondition() : form_.Condition(*definition));
   if (found.Falhou || !search.HandsOn || !HasSibling()) return Outcome::Searched;
-  HandOn(found.Valor, road);
+  HandOn(found.Valor, mode);
   return Outcome::HandedOn;
 }
 
-void Pair::HandOn(const Variant& value, Road road) {
+void Pair::HandOn(const Variant& value, AssignMode mode) {
   if (!HasSibling()) return;
-  if (road == Road::Write)
+  if (mode == AssignMode::Write)
     form_.Sibling()->Control().Value(value);
   else
     form_.Sibling()->Control().ShowValue(value);
 }
 
 /// The key that a description has found looks its own return fields up.
-void Pair::RefreshBack(Road road) {
-  if (road == Road::Write)
+void Pair::RefreshBack(AssignMode mode) {
+  if (mode == AssignMode::Write)
     form_.Sibling()->Control().AtualizaIrmao(true);
   else
     form_.Sibling()->Control().ShowSibling(true);

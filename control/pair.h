@@ -31,9 +31,9 @@ class Pair final : public ValueFollower {
   Pair& operator=(const Pair&) = delete;
 
   /// The value that the field shows is looked up, and what was found goes to the sibling.
-  void Follow(Road road) override;
+  void Follow(AssignMode mode) override;
   /// The same on demand. Errors are reported. The flags are those of `AtualizaIrmao`.
-  void Refresh(bool ApenasTsBrowse, bool DisparaBrowseReturn, Road road);
+  void Refresh(bool ApenasTsBrowse, bool DisparaBrowseReturn, AssignMode mode);
   void RaiseBrowseReturn();
 
   /// The key becomes the thread's sibling value, as a description takes the focus.
@@ -49,10 +49,10 @@ class Pair final : public ValueFollower {
   };
   enum class Outcome { Blank, Searched, HandedOn };
 
-  Outcome LookUp(Search search, Road road);
+  Outcome LookUp(Search search, AssignMode mode);
   bool HasSibling() const;
-  void HandOn(const Variant& value, Road road);
-  void RefreshBack(Road road);
+  void HandOn(const Variant& value, AssignMode mode);
+  void RefreshBack(AssignMode mode);
   bool ComesRound() const;
   String SiblingCondition() const;
   String KeyFilter(const String& siblingField) const;

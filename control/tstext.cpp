@@ -55,12 +55,12 @@ bool tsText::Valida() { return parts_->validation.Check() == Validation::Verdict
 bool tsText::AcionaChecaRelacao() { return parts_->validation.RelationHolds(); }
 
 Variant tsText::AtualizaIrmao(bool ApenasTsBrowse, bool DisparaBrowseReturn) {
-  parts_->pair.Refresh(ApenasTsBrowse, DisparaBrowseReturn, Road::Write);
+  parts_->pair.Refresh(ApenasTsBrowse, DisparaBrowseReturn, AssignMode::Write);
   return {};
 }
 
 void tsText::ShowSibling(bool ApenasTsBrowse) {
-  parts_->pair.Refresh(ApenasTsBrowse, false, Road::Show);
+  parts_->pair.Refresh(ApenasTsBrowse, false, AssignMode::Show);
 }
 
 Variant tsText::DisparaEventos(const String& strEvento) {
@@ -70,9 +70,9 @@ Variant tsText::DisparaEventos(const String& strEvento) {
 
 void tsText::ClearLastValue() { parts_->members.LastValue = Variant(); }
 
-void tsText::Value(const Variant& v) { parts_->value.Assign(v, Road::Write); }
-bool tsText::TakeValue(const Variant& v) { return parts_->value.Assign(v, Road::Write); }
-void tsText::ShowValue(const Variant& v) { parts_->value.Assign(v, Road::Show); }
+void tsText::Value(const Variant& v) { parts_->value.Assign(v, AssignMode::Write); }
+bool tsText::TakeValue(const Variant& v) { return parts_->value.Assign(v, AssignMode::Write); }
+void tsText::ShowValue(const Variant& v) { parts_->value.Assign(v, AssignMode::Show); }
 
 // --- For the library's own modules
 

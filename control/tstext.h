@@ -49,7 +49,7 @@ struct tsText::Parts {
   Naming naming;
   Surroundings around;
   Pair pair;
-  ValueRoad value;
+  ValueAssignment value;
   Validation validation;
   Looks looks;
   MaskChange mask;

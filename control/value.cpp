@@ -7,9 +7,9 @@
 
 namespace tessaria {
 
-ValueRoad::ValueRoad(host::ControlSite& site, FieldBox& box, const FieldKind& kind,
-                     const FormTies& ties, FieldContents& contents, BoundField& bound,
-                     ValueFollower& follower)
+ValueAssignment::ValueAssignment(host::ControlSite& site, FieldBox& box, const FieldKind& kind,
+                                 const FormTies& ties, FieldContents& contents, BoundField& bound,
+                                 ValueFollower& follower)
     : site_(site),
       box_(box),
       kind_(kind),
@@ -18,22 +18,22 @@ ValueRoad::ValueRoad(host::ControlSite& site, FieldBox& box, const FieldKind& ki
       bound_(bound),
       follower_(follower) {}
 
-bool ValueRoad::Assign(const Variant& argument, Road road) {
+bool ValueAssignment::Assign(const Variant& argument, AssignMode mode) {
   // The argument may be a member that the steps change.
   const Variant v = argument;  // NOLINT(performance-unnecessary-copy-initialization)
-  const Taken taken = ties_.bCampoConectado ? AssignBound(v, road) : AssignUnbound(v, road);
-  Present(taken, road);
+  const Taken taken = ties_.bCampoConectado ? AssignBound(v, mode) : AssignUnbound(v, mode);
+  Present(taken, mode);
   return taken.IsStored;
 }
 
-void ValueRoad::AssignItself() { ShowAgain(box_.Shown().Shows(), Road::Show); }
+void ValueAssignment::AssignItself() { ShowAgain(box_.Shown().Shows(), AssignMode::Show); }
 
-void ValueRoad::ShowAgain(FieldBox::What what, Road road) {
+void ValueAssignment::ShowAgain(FieldBox::What what, AssignMode mode) {
   TextoFromValue();
-  Present({contents_.Value, true, what == What::Refused ? What::Value : what}, road);
+  Present({contents_.Value, true, what == What::Refused ? What::Value : what}, mode);
 }
 
-void ValueRoad::Present(const Taken& taken, Road road) {
+void ValueAssignment::Present(const Taken& taken, AssignMode mode) {
   Catch(
       [&] {
         // A handler of the typed text's change has assigned anew: what that showed stands.
@@ -41,7 +41,7 @@ void ValueRoad::Present(const Taken& taken, Road road) {
         box_.Display(taken.Shown, taken.What);
         // At the end of a record set nothing was written: the value stays in memory.
         if (contents_.Value.IsNull()) contents_.Value = taken.Shown;
-        follower_.Follow(road);
+        follower_.Follow(mode);
         site_.PropertyChanged(u"Value");
       },
       [&] { TellStop(site_, Err().Description, u"Erro ao Atualizar o Campo"); });
@@ -49,11 +49,11 @@ void ValueRoad::Present(const Taken& taken, Road road) {
   box_.Shown().ForgetTyping();
 }
 
-ValueRoad::Taken ValueRoad::AssignUnbound(const Variant& v, Road road) {
+ValueAssignment::Taken ValueAssignment::AssignUnbound(const Variant& v, AssignMode mode) {
   Taken taken;
   Catch(
       [&] {
-        taken = Converted(v, road, [&] { return ConvertUnbound(v, kind_.TipoDado, box_.Mask()); });
+        taken = Converted(v, mode, [&] { return ConvertUnbound(v, kind_.TipoDado, box_.Mask()); });
         taken.IsStored = true;
         contents_.Value = taken.Shown;
         TextoFromValue();
@@ -67,9 +67,9 @@ ValueRoad::Taken ValueRoad::AssignUnbound(const Variant& v, Road road) {
   return taken;
 }
 
-ValueRoad::Taken ValueRoad::AssignBound(const Variant& v, Road road) {
+ValueAssignment::Taken ValueAssignment::AssignBound(const Variant& v, AssignMode mode) {
   Taken taken;
-  Catch([&] { TakeBound(v, road, taken); },
+  Catch([&] { TakeBound(v, mode, taken); },
         [&] {
           TellStop(site_, Err().Description,
                    u"Erro ao Atualizar o Campo '" + site_.DisplayName() + u"'");
@@ -82,18 +82,18 @@ ValueRoad::Taken ValueRoad::AssignBound(const Variant& v, Road road) {
 }
 
 /// `taken` is right at every moment: an error may end the steps anywhere.
-void ValueRoad::TakeBound(const Variant& v, Road road, Taken& taken) {
+void ValueAssignment::TakeBound(const Variant& v, AssignMode mode, Taken& taken) {
   const auto field = bound_.Field();
   const FieldFamily family = FamilyOf(field->Type());
   const bool acceptsNull = (field->Attributes() & host::attribute::IsNullable) != 0;
-  taken = Converted(v, road, [&] { return ConvertBound(v, family, acceptsNull, box_.Mask()); });
+  taken = Converted(v, mode, [&] { return ConvertBound(v, family, acceptsNull, box_.Mask()); });
   if (!bound_.HasRow()) {
     taken.IsStored = true;
     box_.Texto(String());
     contents_.Value = Variant::Null();
     return;
   }
-  if (road == Road::Write)
+  if (mode == AssignMode::Write)
     WriteField(taken);
   else
     contents_.Value = ReadsAlike(v, taken.Shown) ? v : taken.Shown;
@@ -102,13 +102,14 @@ void ValueRoad::TakeBound(const Variant& v, Road road, Taken& taken) {
 
 /// A value that a row holds and the field's type cannot take is shown as its text.
 template <class Convert>
-ValueRoad::Taken ValueRoad::Converted(const Variant& v, Road road, Convert convert) {
+ValueAssignment::Taken ValueAssignment::Converted(const Variant& v, AssignMode mode,
+                                                  Convert convert) {
   const auto readable = [&] {
     Variant shown = convert();
     if (!shown.IsNull()) CStr(shown);  // what has no text is refused before anything takes it
     return shown;
   };
-  if (road == Road::Write) return {.Shown = readable()};
+  if (mode == AssignMode::Write) return {.Shown = readable()};
   Taken taken;
   Catch([&] { taken.Shown = readable(); },
         [&] {
@@ -121,7 +122,7 @@ ValueRoad::Taken ValueRoad::Converted(const Variant& v, Road road, Convert conve
   return taken;
 }
 
-void ValueRoad::WriteField(Taken& taken) {
+void ValueAssignment::WriteField(Taken& taken) {
   taken.What = What::Refused;  // until the field has taken it
   bound_.Write(taken.Shown);
   taken.What = What::Value;
@@ -129,6 +130,6 @@ void ValueRoad::WriteField(Taken& taken) {
   contents_.Value = bound_.Field()->Value();
 }
 
-void ValueRoad::TextoFromValue() { box_.Texto(box_.Stripped(TextOf(contents_.Value))); }
+void ValueAssignment::TextoFromValue() { box_.Texto(box_.Stripped(TextOf(contents_.Value))); }
 
 }  // namespace tessaria

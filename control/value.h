@@ -1,4 +1,4 @@
-// The road of a value: from an assignment to the bound field, the typed text, the box and the
+// Conversion and assignment of a value: to the bound field, the typed text, the box and the
 // sibling.
 #pragma once
 
@@ -8,9 +8,9 @@
 namespace tessaria {
 
 /// Whether an assignment writes the bound field, or only shows what a row holds.
-enum class Road { Write, Show };
+enum class AssignMode { Write, Show };
 
-/// What the road of a value asks of the bound field.
+/// What an assignment needs from the bound field.
 class BoundField {
  public:
   virtual ~BoundField() = default;
@@ -25,26 +25,27 @@ class BoundField {
 class ValueFollower {
  public:
   virtual ~ValueFollower() = default;
-  virtual void Follow(Road road) = 0;
+  virtual void Follow(AssignMode mode) = 0;
 };
 
 /// Assigns a field's value.
-class ValueRoad {
+class ValueAssignment {
  public:
   /// All outlive it.
-  ValueRoad(host::ControlSite& site, FieldBox& box, const FieldKind& kind, const FormTies& ties,
-            FieldContents& contents, BoundField& bound, ValueFollower& follower);
-  ValueRoad(const ValueRoad&) = delete;
-  ValueRoad& operator=(const ValueRoad&) = delete;
+  ValueAssignment(host::ControlSite& site, FieldBox& box, const FieldKind& kind,
+                  const FormTies& ties, FieldContents& contents, BoundField& bound,
+                  ValueFollower& follower);
+  ValueAssignment(const ValueAssignment&) = delete;
+  ValueAssignment& operator=(const ValueAssignment&) = delete;
 
   /// False when the value was refused, which the operator has been told.
-  bool Assign(const Variant& v, Road road);
+  bool Assign(const Variant& v, AssignMode mode);
   /// The value as it is, for a field that nobody has touched: all that an assignment does, except
   /// that nothing is converted and nothing written.
   void AssignItself();
   /// `what` tells what the box showed when the present value was assigned. The value comes in the
   /// place of another that was refused.
-  void ShowAgain(FieldBox::What what, Road road);
+  void ShowAgain(FieldBox::What what, AssignMode mode);
 
  private:
   using What = FieldBox::What;
@@ -55,14 +56,14 @@ class ValueRoad {
     FieldBox::What What = FieldBox::What::Value;
   };
 
-  Taken AssignUnbound(const Variant& v, Road road);
-  Taken AssignBound(const Variant& v, Road road);
-  void TakeBound(const Variant& v, Road road, Taken& taken);
+  Taken AssignUnbound(const Variant& v, AssignMode mode);
+  Taken AssignBound(const Variant& v, AssignMode mode);
+  void TakeBound(const Variant& v, AssignMode mode, Taken& taken);
   template <class Convert>
-  static Taken Converted(const Variant& v, Road road, Convert convert);
+  static Taken Converted(const Variant& v, AssignMode mode, Convert convert);
   void WriteField(Taken& taken);
   void TextoFromValue();
-  void Present(const Taken& taken, Road road);
+  void Present(const Taken& taken, AssignMode mode);
 
   host::ControlSite& site_;
   FieldBox& box_;

@@ -21,7 +21,7 @@ class FailedLookupTest : public SiblingTest {
 };
 
 TEST_F(FailedLookupTest, OfADescriptionLeavesItsKeyAndTellsTheKeyNothing) {
-  const auto city = AddOutro(description, u"cidade");
+  const auto city = AddReturnField(description, u"cidade");
   city->Valor(u"Campinas");
   LoseTheServer();
   AssignTyped(description, u"Ana Maria");

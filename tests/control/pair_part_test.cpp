@@ -58,26 +58,26 @@ class PairPartTest : public PartTest {
 };
 
 TEST_F(PairPartTest, WhatAKeyFindsGoesToItsDescription) {
-  pair.Follow(Road::Write);
+  pair.Follow(AssignMode::Write);
   EXPECT_THAT(Sibling().calls, ElementsAre(u"Value"));
   EXPECT_SAME(Sibling().value, u"Ana");
 }
 
 TEST_F(PairPartTest, ARowThatIsShownIsShownToTheSiblingToo) {
-  pair.Follow(Road::Show);
+  pair.Follow(AssignMode::Show);
   EXPECT_THAT(Sibling().calls, ElementsAre(u"ShowValue"));
 }
 
 TEST_F(PairPartTest, AProgramsAssignmentIsNotHandedOn) {
   members.bCarregandoCampo = false;
-  pair.Follow(Road::Write);
+  pair.Follow(AssignMode::Write);
   EXPECT_THAT(Sibling().calls, IsEmpty());
   EXPECT_THAT(statements, IsEmpty());
 }
 
 TEST_F(PairPartTest, AnIncompleteLookupAsksNothing) {
   lookup.BrwCampoIrmao(u"");
-  pair.Follow(Road::Write);
+  pair.Follow(AssignMode::Write);
   EXPECT_THAT(statements, IsEmpty());
 }
 
@@ -85,7 +85,7 @@ TEST_F(PairPartTest, ABlankEmptiesSiblingAndReturnFieldsWithoutASearch) {
   lookup.Browse()->Outros().Add(u"cidade");
   lookup.Browse()->Outros().Item(1)->Valor(u"Campinas");
   members.Value = Variant::Null();
-  pair.Follow(Road::Write);
+  pair.Follow(AssignMode::Write);
   EXPECT_SAME(Sibling().value, Variant::Null());
   EXPECT_SAME(lookup.Browse()->Outros().Item(1)->Valor(), Variant());
   EXPECT_THAT(statements, IsEmpty());
@@ -93,20 +93,20 @@ TEST_F(PairPartTest, ABlankEmptiesSiblingAndReturnFieldsWithoutASearch) {
 
 TEST_F(PairPartTest, AFailedSearchLeavesTheSiblingAlone) {
   databaseFails = true;
-  pair.Follow(Road::Write);
+  pair.Follow(AssignMode::Write);
   EXPECT_THAT(Sibling().calls, IsEmpty());
   EXPECT_EQ(Told().size(), 1u);
 }
 
 TEST_F(PairPartTest, ADescriptionLetsItsKeyRefreshTheReturnFields) {
   MakeDescription();
-  pair.Follow(Road::Write);
+  pair.Follow(AssignMode::Write);
   EXPECT_THAT(Sibling().calls, ElementsAre(u"Value", u"AtualizaIrmao keys", u"BrowseReturn"));
 }
 
 TEST_F(PairPartTest, AShownDescriptionShowsItsKeyAnew) {
   MakeDescription();
-  pair.Follow(Road::Show);
+  pair.Follow(AssignMode::Show);
   EXPECT_THAT(Sibling().calls, ElementsAre(u"ShowValue", u"ShowSibling keys", u"BrowseReturn"));
 }
 
@@ -115,14 +115,14 @@ TEST_F(PairPartTest, ADescriptionSearchesUnderItsKeyAlone) {
   lookup.BrwCampoIrmao(u"c.codigo");
   lookup.BrwWhere(u"ativo = 1");
   State().vntValorIrmao = Long{7};
-  pair.Follow(Road::Write);
+  pair.Follow(AssignMode::Write);
   ASSERT_EQ(statements.size(), 1u);
   EXPECT_NE(statements[0].find(u"ativo = 1 And c.codigo = 7"), String::npos)
       << ToUtf8(statements[0]);
 }
 
 TEST_F(PairPartTest, ARefreshOfKeysAloneSearchesAndLeavesTheSibling) {
-  pair.Refresh(true, true, Road::Write);
+  pair.Refresh(true, true, AssignMode::Write);
   EXPECT_EQ(statements.size(), 1u);
   EXPECT_THAT(Sibling().calls, IsEmpty());
   EXPECT_EQ(events.returns, 1);
@@ -131,7 +131,7 @@ TEST_F(PairPartTest, ARefreshOfKeysAloneSearchesAndLeavesTheSibling) {
 TEST_F(PairPartTest, ARefreshNeedsNoLoadedValueAndRaisesNothingForABlank) {
   members.bCarregandoCampo = false;
   members.Value = Variant::Null();
-  pair.Refresh(false, true, Road::Write);
+  pair.Refresh(false, true, AssignMode::Write);
   EXPECT_THAT(Sibling().calls, ElementsAre(u"Value"));
   EXPECT_EQ(events.returns, 0);
 }
@@ -139,7 +139,7 @@ TEST_F(PairPartTest, ARefreshNeedsNoLoadedValueAndRaisesNothingForABlank) {
 TEST_F(PairPartTest, ARefreshOfADescriptionIsNotNarrowedToItsKey) {
   MakeDescription();
   State().vntValorIrmao = Long{7};
-  pair.Refresh(false, false, Road::Write);
+  pair.Refresh(false, false, AssignMode::Write);
   ASSERT_EQ(statements.size(), 1u);
   EXPECT_EQ(statements[0].find(u"nome = 7"), String::npos) << ToUtf8(statements[0]);
   EXPECT_THAT(Sibling().calls, ElementsAre(u"Value"));

@@ -47,7 +47,7 @@ class SiblingTest : public ControlTest {
     field->txtEdit().OnKeyUp(code, shift);
     (*field)->Value(value);
   }
-  std::shared_ptr<CampoOutro> AddOutro(const FieldPtr& field, const String& name) {
+  std::shared_ptr<CampoOutro> AddReturnField(const FieldPtr& field, const String& name) {
     (*field)->Browse()->Outros().Add(name);
     return (*field)->Browse()->Outros().Item((*field)->Browse()->Outros().Count());
   }

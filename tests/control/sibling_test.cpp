@@ -46,7 +46,7 @@ TEST_F(SiblingTest, ACodeThatIsNotThereEmptiesTheDescription) {
 
 TEST_F(SiblingTest, ASearchThatFailsLeavesDescriptionAndReturnFieldsAsTheyStood) {
   (*description)->Value(u"Ana");
-  const auto city = AddOutro(key, u"cidade");
+  const auto city = AddReturnField(key, u"cidade");
   city->Valor(u"Campinas");
   connection->OnStatement = [](const String&) -> memory::Rows {
     throw HostError(errors::ProviderError, u"sem servidor");
@@ -64,7 +64,7 @@ TEST_F(SiblingTest, ASearchThatFailsLeavesDescriptionAndReturnFieldsAsTheyStood)
 
 TEST_F(SiblingTest, AConditionThatCannotBeExpandedLeavesDescriptionAndReturnFieldsAsTheyStood) {
   (*description)->Value(u"Ana");
-  const auto city = AddOutro(key, u"cidade");
+  const auto city = AddReturnField(key, u"cidade");
   city->Valor(u"Campinas");
   (*key)->Browse()->BrwWhere(u"uf = @txtNada@");
   AssignTyped(key, u"8");
@@ -76,12 +76,12 @@ TEST_F(SiblingTest, AConditionThatCannotBeExpandedLeavesDescriptionAndReturnFiel
 }
 
 TEST_F(SiblingTest, ANullKeyEmptiesDescriptionAndReturnFieldsWithoutAsking) {
-  const auto cidade = AddOutro(key, u"cidade");
-  cidade->Valor(u"Campinas");
+  const auto city = AddReturnField(key, u"cidade");
+  city->Valor(u"Campinas");
   (*description)->Value(u"Ana");
   AssignTyped(key, u"");
   EXPECT_THAT((*description)->Value(), IsNullVariant());
-  EXPECT_THAT(cidade->Valor(), IsEmptyVariant());
+  EXPECT_THAT(city->Valor(), IsEmptyVariant());
   EXPECT_THAT(connection->TakeStatements(), IsEmpty());
 }
 
@@ -143,10 +143,10 @@ TEST_F(SiblingTest, WithoutAConnectedSiblingTheReturnFieldsAreFetchedAllTheSame)
   const auto alone = AddField(u"txtSozinho");
   Define(alone, u"codigo", u"nome");
   (*alone)->Browse()->BrwCampoOutros(u"cidade");
-  const auto cidade = AddOutro(alone, u"cidade");
+  const auto city = AddReturnField(alone, u"cidade");
   (*alone)->TxtIrmao(u"txtNome");  // named, and not looked for since
   AssignTyped(alone, u"7");
-  EXPECT_THAT(cidade->Valor(), IsValue(u"Campinas"));
+  EXPECT_THAT(city->Valor(), IsValue(u"Campinas"));
   EXPECT_THAT((*description)->Value(), IsNullVariant());
 }
 
@@ -192,18 +192,16 @@ TEST_F(SiblingTest, AConditionThatIsReadyTakesItsMarksAsTheyStand) {
 // --- A description's step -----------------------------------------------------------------------
 
 TEST_F(SiblingTest, ADescriptionFillsItsKeyWhichLooksUpAndTellsButDoesNotWriteBack) {
-  const auto cidade = AddOutro(key, u"cidade");
+  const auto city = AddReturnField(key, u"cidade");
   (*key)->Browse()->BrwCampoOutros(u"cidade");
   // The key has looked up by the time that it tells.
-  key->OnBrowseReturn = [&](bool&, Variant&) {
-    EXPECT_THAT(cidade->Valor(), IsValue(u"Campinas"));
-  };
+  key->OnBrowseReturn = [&](bool&, Variant&) { EXPECT_THAT(city->Valor(), IsValue(u"Campinas")); };
   AssignTyped(description, u"Ana Maria");
   EXPECT_THAT(connection->TakeStatements(),
               ElementsAre(u"Select Top 1 codigo From clientes Where nome = 'Ana Maria'",
                           u"Select Top 1 nome, cidade From clientes Where codigo = '7'"));
   EXPECT_THAT((*key)->Value(), IsValue(u"7"));
-  EXPECT_THAT(cidade->Valor(), IsValue(u"Campinas"));
+  EXPECT_THAT(city->Valor(), IsValue(u"Campinas"));
   EXPECT_THAT((*description)->Value(), IsValue(u"Ana Maria"));
   const auto returns = key->Events(Kind::BrowseReturn);
   ASSERT_EQ(returns.size(), 1u);
@@ -331,11 +329,11 @@ TEST_F(SiblingTest, AtualizaIrmaoFillsTheSiblingWithoutATypedKey) {
 
 TEST_F(SiblingTest, AtualizaIrmaoOnlyForTheKeysLeavesAKeysSiblingAlone) {
   (*key)->Browse()->BrwCampoOutros(u"cidade");
-  const auto cidade = AddOutro(key, u"cidade");
+  const auto city = AddReturnField(key, u"cidade");
   (*key)->Value(u"7");
   (*key)->AtualizaIrmao(true, true);
   EXPECT_EQ(connection->TakeStatements().size(), 1u);
-  EXPECT_THAT(cidade->Valor(), IsValue(u"Campinas"));
+  EXPECT_THAT(city->Valor(), IsValue(u"Campinas"));
   EXPECT_THAT((*description)->Value(), IsNullVariant());
   EXPECT_EQ(key->Events(Kind::BrowseReturn).size(), 1u);
 }
@@ -356,13 +354,13 @@ TEST_F(SiblingTest, AtualizaIrmaoHasNoFilter) {
 }
 
 TEST_F(SiblingTest, AtualizaIrmaoOfANullEmptiesAndRaisesNothing) {
-  const auto cidade = AddOutro(key, u"cidade");
+  const auto city = AddReturnField(key, u"cidade");
   for (const bool onlyKeys : {false, true}) {
-    cidade->Valor(u"Campinas");
+    city->Valor(u"Campinas");
     (*description)->Value(u"Ana");
     (*key)->AtualizaIrmao(onlyKeys, true);
     EXPECT_EQ((*description)->Value().IsNull(), !onlyKeys);
-    EXPECT_THAT(cidade->Valor(), IsEmptyVariant());
+    EXPECT_THAT(city->Valor(), IsEmptyVariant());
   }
   EXPECT_THAT(key->Events(Kind::BrowseReturn), IsEmpty());
   EXPECT_THAT(connection->TakeStatements(), IsEmpty());

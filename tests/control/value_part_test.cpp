@@ -1,4 +1,4 @@
-// The road of a value alone: a column and a follower as plain state.
+// The assignment of a value, tested alone: the column and the follower are plain state.
 
 #include "control/value.h"
 
@@ -40,12 +40,12 @@ struct FakeBound final : BoundField {
 };
 
 struct FakeFollower final : ValueFollower {
-  void Follow(Road road) override {
-    roads.push_back(road);
+  void Follow(AssignMode mode) override {
+    modes.push_back(mode);
     if (fails) throw HostError(errors::TypeMismatch);
   }
 
-  std::vector<Road> roads;
+  std::vector<AssignMode> modes;
   bool fails = false;
 };
 
@@ -58,7 +58,7 @@ class ValuePartTest : public PartTest {
 
   FakeBound bound;
   FakeFollower follower;
-  ValueRoad value{site, box, members, members, members, bound, follower};
+  ValueAssignment value{site, box, members, members, members, bound, follower};
 };
 
 constexpr Long kTextColumn = 202;
@@ -66,22 +66,22 @@ constexpr Long kNumberColumn = 5;
 constexpr Long kDateColumn = 7;
 
 TEST_F(ValuePartTest, AnUnboundTextIsKeptAsItIsAndABlankOneIsNull) {
-  EXPECT_TRUE(value.Assign(u"Ana", Road::Write));
+  EXPECT_TRUE(value.Assign(u"Ana", AssignMode::Write));
   EXPECT_SAME(members.Value, u"Ana");
   EXPECT_EQ(txtEdit.Text(), u"Ana");
-  EXPECT_TRUE(value.Assign(u"", Road::Write));
+  EXPECT_TRUE(value.Assign(u"", AssignMode::Write));
   EXPECT_SAME(members.Value, Variant::Null());
 }
 
 TEST_F(ValuePartTest, AnUnboundNumberIsADouble) {
   members.TipoDado = 5;
-  EXPECT_TRUE(value.Assign(u"1.234,5", Road::Write));
+  EXPECT_TRUE(value.Assign(u"1.234,5", AssignMode::Write));
   EXPECT_SAME(members.Value, 1234.5);
 }
 
 TEST_F(ValuePartTest, AnUnboundNumberThatIsNoneIsToldAndLeavesEmpty) {
   members.TipoDado = 5;
-  EXPECT_FALSE(value.Assign(u"doze", Road::Write));
+  EXPECT_FALSE(value.Assign(u"doze", AssignMode::Write));
   EXPECT_SAME(members.Value, Variant());
   EXPECT_EQ(Told().size(), 1u);
 }
@@ -89,13 +89,13 @@ TEST_F(ValuePartTest, AnUnboundNumberThatIsNoneIsToldAndLeavesEmpty) {
 TEST_F(ValuePartTest, ABlankUnderANumericMaskIsZero) {
   members.TipoDado = 5;
   Mask(u"$0,00", u"_,");
-  EXPECT_TRUE(value.Assign(Variant::Null(), Road::Write));
+  EXPECT_TRUE(value.Assign(Variant::Null(), AssignMode::Write));
   EXPECT_SAME(members.Value, Integer{0});
 }
 
 TEST_F(ValuePartTest, ABoundValueIsReadBackFromTheColumn) {
   Bind(kNumberColumn);
-  EXPECT_TRUE(value.Assign(u"12,5", Road::Write));
+  EXPECT_TRUE(value.Assign(u"12,5", AssignMode::Write));
   EXPECT_SAME(bound.column->stored, 12.5);
   EXPECT_SAME(members.Value, 12.5);
   EXPECT_EQ(members.Texto, u"12,5");
@@ -103,16 +103,16 @@ TEST_F(ValuePartTest, ABoundValueIsReadBackFromTheColumn) {
 
 TEST_F(ValuePartTest, ARowThatIsShownIsNotWritten) {
   Bind(kTextColumn);
-  EXPECT_FALSE(value.Assign(u"Ana", Road::Show));
+  EXPECT_FALSE(value.Assign(u"Ana", AssignMode::Show));
   EXPECT_EQ(bound.column->writes, 0);
   EXPECT_SAME(members.Value, u"Ana");
-  EXPECT_THAT(follower.roads, ElementsAre(Road::Show));
+  EXPECT_THAT(follower.modes, ElementsAre(AssignMode::Show));
 }
 
 TEST_F(ValuePartTest, AtTheEndOfTheRowsTheValueStaysInMemory) {
   Bind(kTextColumn);
   bound.hasRow = false;
-  EXPECT_TRUE(value.Assign(u"Ana", Road::Write));
+  EXPECT_TRUE(value.Assign(u"Ana", AssignMode::Write));
   EXPECT_EQ(bound.column->writes, 0);
   EXPECT_SAME(members.Value, u"Ana");
 }
@@ -121,7 +121,7 @@ TEST_F(ValuePartTest, ARefusedValueIsShownBesideTheRowsOwnValue) {
   Bind(kTextColumn);
   bound.column->stored = u"antes";
   bound.column->refuses = true;
-  EXPECT_FALSE(value.Assign(u"depois", Road::Write));
+  EXPECT_FALSE(value.Assign(u"depois", AssignMode::Write));
   EXPECT_SAME(members.Value, u"antes");
   EXPECT_EQ(txtEdit.Text(), u"depois");
   EXPECT_EQ(box.Shown().Shows(), FieldBox::What::Refused);
@@ -132,7 +132,7 @@ TEST_F(ValuePartTest, ARefusedValueIsShownBesideTheRowsOwnValue) {
 TEST_F(ValuePartTest, ARefusedValueOfAnEmptyRowIsTheFieldsValue) {
   Bind(kTextColumn);
   bound.column->refuses = true;
-  EXPECT_FALSE(value.Assign(u"depois", Road::Write));
+  EXPECT_FALSE(value.Assign(u"depois", AssignMode::Write));
   EXPECT_SAME(members.Value, u"depois");
   EXPECT_EQ(box.Shown().Shows(), FieldBox::What::RefusedValue);
 }
@@ -140,7 +140,7 @@ TEST_F(ValuePartTest, ARefusedValueOfAnEmptyRowIsTheFieldsValue) {
 TEST_F(ValuePartTest, AStoredTextThatIsNoDateIsShownAsItsText) {
   Bind(kDateColumn);
   Mask(u"dd/mm/yyyy", u"_/");
-  value.Assign(u"infinity", Road::Show);
+  value.Assign(u"infinity", AssignMode::Show);
   EXPECT_EQ(txtEdit.Text(), u"infinity");
   EXPECT_TRUE(box.ShowsStoredText());
   EXPECT_THAT(Told(), IsEmpty());
@@ -149,7 +149,7 @@ TEST_F(ValuePartTest, AStoredTextThatIsNoDateIsShownAsItsText) {
 TEST_F(ValuePartTest, ATextColumnThatTakesNoNullGetsEmpty) {
   Bind(kTextColumn);
   bound.column->acceptsNull = false;
-  EXPECT_TRUE(value.Assign(Variant::Null(), Road::Write));
+  EXPECT_TRUE(value.Assign(Variant::Null(), AssignMode::Write));
   EXPECT_SAME(bound.column->stored, Variant());
 }
 
@@ -164,7 +164,7 @@ TEST_F(ValuePartTest, TheValueItselfIsShownAnewWithoutConversion) {
 
 TEST_F(ValuePartTest, AFollowerThatFailsIsToldAndTakesNothingBack) {
   follower.fails = true;
-  EXPECT_TRUE(value.Assign(u"Ana", Road::Write));
+  EXPECT_TRUE(value.Assign(u"Ana", AssignMode::Write));
   EXPECT_SAME(members.Value, u"Ana");
   EXPECT_EQ(Told().size(), 1u);
   EXPECT_FALSE(box.Shown().IsTyped());
@@ -174,9 +174,9 @@ TEST_F(ValuePartTest, AHandlersNewValueStands) {
   bool again = true;
   txtEdit.OnChange = [&] {
     if (!std::exchange(again, false)) return;
-    value.Assign(u"dois", Road::Write);
+    value.Assign(u"dois", AssignMode::Write);
   };
-  value.Assign(u"um", Road::Write);
+  value.Assign(u"um", AssignMode::Write);
   EXPECT_SAME(members.Value, u"dois");
   EXPECT_EQ(txtEdit.Text(), u"dois");
 }

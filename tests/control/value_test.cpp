@@ -1,4 +1,4 @@
-// The road of a value: conversion, the record, the typed text and the box.
+// Assigning a value: conversion, the bound row, the typed text and the box.
 
 #include "tests/control/control_fixture.h"
 #include "tests/control/raw_rows.h"
