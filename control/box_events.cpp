@@ -15,7 +15,7 @@ namespace {
 
 // Virtual-key codes.
 constexpr Integer kKeyPageDown = 34;
-// These start no search of a description.
+// These keys start no search in a description.
 constexpr Integer kKeyShift = 16;
 constexpr Integer kKeyHome = 36;
 
@@ -56,7 +56,7 @@ void BoxEvents::KeyUp(Integer& KeyCode, Integer& Shift) {
   events_.KeyUp(KeyCode, Shift);
 }
 
-/// What the key filter puts into the box is typed, be it the same as before.
+/// What the key filter puts into the box counts as typed, even if the text stays the same.
 void BoxEvents::Texto(const String& text) {
   box_.Shown().NoteTyping();
   box_.Texto(text);

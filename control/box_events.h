@@ -10,8 +10,8 @@
 
 namespace tessaria {
 
-/// Takes the events of a field's box for as long as it lives, and the keys of its surface from the
-/// host.
+/// Handles the events of a field's box during its lifetime, and the keys of its surface, which the
+/// host passes on.
 class BoxEvents final : private MaskedField {
  public:
   /// All outlive it.
@@ -19,13 +19,13 @@ class BoxEvents final : private MaskedField {
             tsTextEvents& events);
   ~BoxEvents() override;
 
-  /// PageDown opens the dialog with its key-up, when its key-down came to this field too.
+  /// The key-up of PageDown opens the dialog, if its key-down came to this field too.
   void KeyDown(Integer& KeyCode, Integer& Shift);
   void KeyUp(Integer& KeyCode, Integer& Shift);
-  /// The focus goes: a key that is held has no key-up here.
+  /// The field loses the focus: the key-up of a held key goes elsewhere.
   void ForgetHeldKey() { pageDownIsHeld_ = false; }
 
-  /// While one lives, the box's text is loaded: that is no change of the field.
+  /// While one exists, changes of the box's text come from loading and do not change the field.
   class Silence {
    public:
     explicit Silence(BoxEvents& events) : flag_(events.isSilent_) {}

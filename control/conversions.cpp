@@ -14,7 +14,7 @@ const Variant kZero{Integer{0}};
 
 bool IsNumericMask(const MaskSettings& mask) { return mdlObjTxt::EhMascaraNumerica(mask.Mascara); }
 
-/// Whether a text holds nothing but what its mask puts there.
+/// Whether a text holds only what its mask puts there.
 bool IsBlankInMask(const String& text, const MaskSettings& mask) {
   return Trim(mdlObjTxt::LimpaMascara(text, mask.Mascara, mask.ItensMascara)).empty();
 }

@@ -1,4 +1,4 @@
-// What a field's type makes of a value that is assigned.
+// Conversion of an assigned value to the type of its field.
 #pragma once
 
 #include "control/members.h"

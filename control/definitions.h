@@ -1,4 +1,4 @@
-// What a field looks up: the two definition objects and the texts that stand in front of them.
+// What a field looks up: the two definition objects and the texts that override them.
 #pragma once
 
 #include <memory>
@@ -27,26 +27,26 @@ class Definitions {
   Definitions(const Definitions&) = delete;
   Definitions& operator=(const Definitions&) = delete;
 
-  /// Never nothing. Assigning nothing makes a new one.
+  /// Never null. Assigning null creates a new one.
   std::shared_ptr<tessaria::Browse> Browse() const { return browse_; }
   void Browse(const std::shared_ptr<tessaria::Browse>& v);
   std::shared_ptr<tessaria::Pesquisa> Pesquisa() const { return pesquisa_; }
   void Pesquisa(const std::shared_ptr<tessaria::Pesquisa>& v);
-  /// The searches as they are stored: nothing for a list that nobody gave or filled.
+  /// The searches to be stored: null for a list that was neither assigned nor filled.
   std::shared_ptr<tessaria::Pesquisa> StoredPesquisa() const;
-  /// Lets go of both objects.
+  /// Releases both objects.
   void Release();
 
-  /// The control's own text when not empty, otherwise the definition's. Assigning sets both.
+  /// The control's own text unless it is empty, otherwise the definition's. Assigning sets both.
 #define TESSARIA_DECLARE_TEXT(name) \
   String name() const;              \
   void name(const String& v);
   TESSARIA_LOOKUP_TEXTS(TESSARIA_DECLARE_TEXT)
 #undef TESSARIA_DECLARE_TEXT
 
-  /// A key, a table, and something to give to the sibling or to the return fields.
+  /// Whether there are a key, a table, and something to pass to the sibling or the return fields.
   bool LookupIsComplete() const;
-  /// The return fields hold nothing any more.
+  /// Empties the return fields.
   void EmptyReturnFields();
 
  private:

@@ -27,8 +27,8 @@ namespace {
 constexpr float kRoomAbove = 930;
 constexpr float kRoomLeft = 30;
 
-/// A dialog that the controls of a thread share, made on first need. The caller's reference
-/// keeps it until it has answered.
+/// A dialog that the controls of a thread share, created on first use. The caller's reference
+/// keeps it alive until it has answered.
 template <class Form>
 std::shared_ptr<Form> Shared(std::shared_ptr<Form>& slot) {
   if (!slot) slot = std::make_shared<Form>();
@@ -46,7 +46,7 @@ void UnloadShared(std::shared_ptr<Form>& shared) {
   if (const auto form = std::exchange(shared, nullptr)) Catch([&] { form->Unload(); }, [] {});
 }
 
-/// The number that a value holds, with all its digits; 0 for what is none.
+/// The number that a value holds, with all its digits; 0 if it is not a number.
 Variant NumberOrZero(const Variant& v) { return IsNumeric(v) ? ExactNumber(v) : Variant(0.0); }
 
 Variant NumberIn(const String& text) { return NumberOrZero(Replace(text, u".", u"")); }
@@ -61,7 +61,7 @@ void Dialogs::CloseShared() {
 
 void Dialogs::Open() {
   Trap(u"tsText", u"btnBrowse_Click", [&] {
-    // The tag stays when the dialog fails, until the next click works.
+    // If the dialog fails, the tag stays until a click succeeds.
     box_.Widget().Tag = exitIsSilenced;
     Pick(PlaceBelow());
     bool changed = m_.HasChanged();
@@ -130,8 +130,8 @@ std::shared_ptr<Pesquisa> Dialogs::Searches() const {
 }
 
 void Dialogs::TakeFromList(mdlObjTxt::FimDaLista end, const String& key) {
-  if (end == mdlObjTxt::FimDaLista::Falhou) return;  // the field stays as it stands
-  // The answer takes the place of what was typed, and has a key of its own.
+  if (end == mdlObjTxt::FimDaLista::Falhou) return;  // the field keeps its value
+  // The answer replaces what was typed, and has its own key.
   box_.Shown().ForgetTyping();
   m_.bCarregandoCampo = true;
   const Long room = box_.Widget().MaxLength();
@@ -141,7 +141,7 @@ void Dialogs::TakeFromList(mdlObjTxt::FimDaLista end, const String& key) {
     Assign(room != 0 ? LeftWhole(key, room) : key);
 }
 
-/// False when that failed, which is reported as the list's own errors are.
+/// Returns false on an error, which is reported like the list's own errors.
 bool Dialogs::ExpandForList(String& where) const {
   return parts_.Lookup.Browse()->WherePronto() ||
          Trap(u"mdlObjTxt", u"VerBrowse", [&] { where = parts_.Around.Expanded(where); });
@@ -154,7 +154,7 @@ void Dialogs::PickDate(const Place& place) {
   const auto calendar = Shared(State().frmCalendario);
   bool chosen = false;
   Variant day;
-  box_.WithoutTouching([&] {  // it may write the year out
+  box_.WithoutTouching([&] {  // it may complete the year
     day = calendar->ExecutaCalendario(place.Top, place.Left, box_.Widget(), Trim(box_.Stripped()),
                                       m_.Mascara, m_.ItensMascara, &chosen);
   });
@@ -166,7 +166,7 @@ void Dialogs::PickDate(const Place& place) {
 void Dialogs::PickPath(const Place& place) {
   const String given = box_.Widget().Text();
   const bool touched = box_.IsTouched();
-  // A field may be wider than the picker's 16-bit width tells.
+  // A field may be wider than the picker's 16-bit width can express.
   const auto width = static_cast<Integer>(std::min<Long>(parts_.Site.Width(), 32767));
   const auto picker = Shared(State().frmDiretorio);
   const Variant path = picker->ExecutaDiretorio(place.Top, place.Left, width, given,
@@ -175,7 +175,7 @@ void Dialogs::PickPath(const Place& place) {
   Release(picker, State().frmDiretorio);
 }
 
-/// An answer that nobody made is the field's own value, of which the box may show a part only.
+/// Without a choice the answer is the field's own value, which the box may show only in part.
 void Dialogs::TakeAnswer(const Variant& answer, bool isOwn) {
   if (isOwn)
     value_.AssignItself();
@@ -183,7 +183,7 @@ void Dialogs::TakeAnswer(const Variant& answer, bool isOwn) {
     Assign(answer);
 }
 
-/// A blank that nobody touched has no value of its own to keep: the calculator's 0 is its answer.
+/// An untouched blank has no value to keep: the calculator's 0 is its answer.
 Dialogs::Calculated Dialogs::Calculate(frmCalculadora& calculator, const Place& place) {
   const bool mayKeep = !box_.IsTouched() && !box_.Widget().Text().empty();
   bool changed = false;
@@ -208,8 +208,8 @@ void Dialogs::CalculateChecked(const Place& place) {
   Release(calculator, State().frmCalculadora);
 }
 
-/// Compares what the field made of the result with what it shows: a result that the mask cut
-/// down is caught here.
+/// Compares the field's value with what the box shows, and so detects a result that the mask has
+/// cut.
 bool Dialogs::CalculationFits() {
   if (box_.Widget().MaxLength() <= 0) return true;
   String text = box_.Widget().Text();
@@ -228,7 +228,7 @@ bool Dialogs::CalculationFits() {
 
 Dialogs::Held Dialogs::Holds() const {
   Held held{m_.Value, std::nullopt, box_.Shown().Shows()};
-  // A row that cannot be read is told by the assignment that follows.
+  // The assignment that follows reports a row that cannot be read.
   Catch(
       [&] {
         if (m_.bCampoConectado && parts_.Around.HasRow())
@@ -238,7 +238,7 @@ Dialogs::Held Dialogs::Holds() const {
   return held;
 }
 
-/// The row gets what it held and no conversion of it: that may be a text that no number is.
+/// Writes back exactly what the row held, unconverted: it may be a text that is not a number.
 void Dialogs::GiveBack(const Held& before) {
   if (before.Stored && !IsSame(parts_.Around.Column()->Value(), *before.Stored))
     parts_.Around.Write(*before.Stored);

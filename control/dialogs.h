@@ -15,7 +15,7 @@ class frmCalculadora;
 
 class Dialogs {
  public:
-  /// What the dialogs work on; all outlive them.
+  /// What the dialogs work on; all of it outlives them.
   struct Parts {
     host::ControlSite& Site;
     FieldBox& Box;
@@ -35,7 +35,7 @@ class Dialogs {
   void Open();
   /// Opens the calculator from the keyboard: its answer is taken unchecked.
   void OpenCalculator();
-  /// Closes the dialogs that the controls of this thread share, errors ignored.
+  /// Closes the dialogs that the controls of this thread share. Errors are ignored.
   static void CloseShared();
 
  private:
@@ -43,15 +43,15 @@ class Dialogs {
     float Top;
     float Left;
   };
-  /// An answer, and whether it is no more than the field's own value.
+  /// An answer, and whether it is just the field's own value.
   struct Calculated {
     Variant Answer;
     bool IsOwn;
   };
-  /// What the field and its row hold before an answer that may be taken back.
+  /// What the field and its row hold before an answer that may be undone.
   struct Held {
     Variant Value;
-    std::optional<Variant> Stored;  ///< nothing where there is no row
+    std::optional<Variant> Stored;  ///< empty if there is no row
     FieldBox::What Shows;
   };
 

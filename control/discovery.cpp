@@ -13,8 +13,8 @@ namespace {
 
 constexpr Long kNotFound = -1;
 
-/// The error object's number and description as the boxes of this file show them; both are
-/// usually blank, because a name that leads nowhere is no error of its own.
+/// The error object's number and description as the boxes of this file show them. Both are usually
+/// blank, because a name that is not found does not raise an error by itself.
 String PendingDescription() { return u"\r" + Err().Description; }
 String PendingNumber() { return CStr(Variant(Err().Number)); }
 
@@ -136,7 +136,7 @@ bool Discovery::BindField() {
   return true;
 }
 
-/// False when no field has the name.
+/// Returns false if no field has the name.
 bool Discovery::CacheOrdinalOf(const host::Fields& fields) {
   if (CacheHolds(fields, ties_.PosDataField, ties_.DataField)) return true;
   const Long ordinal = OrdinalOf(fields, ties_.DataField);
@@ -162,7 +162,7 @@ void Discovery::FindAtDesignTime() {
   std::shared_ptr<host::DataControl> control;
   Trap(u"tsText", u"AchaObjetos", [&] { control = ConfiguredControl(); });
   if (!control) return;
-  // A record set that is not there yet is opened; an error after that is the caller's.
+  // A missing record set is opened; later errors are raised to the caller.
   Catch(
       [&] {
         const auto rows = control->RecordSet();
@@ -170,13 +170,13 @@ void Discovery::FindAtDesignTime() {
         CacheFieldOrdinal(*control);
       },
       [&] {
-        Err().Clear();  // steers, reports nothing
+        Err().Clear();  // only selects this branch; it is not reported
         control->Refresh();
         CacheFieldOrdinal(*control);
       });
 }
 
-/// The first control of that very name; nothing when there is none, or when it names no rows.
+/// The first control with exactly that name; null if there is none or it names no rows.
 std::shared_ptr<host::DataControl> Discovery::ConfiguredControl() const {
   for (const auto& widget : site_.Parent()->Controls()) {
     if (widget->Name() != ties_.DataSource) continue;

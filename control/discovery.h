@@ -6,7 +6,7 @@
 
 namespace tessaria {
 
-/// Notes which of a field's names lead somewhere, and loads the current row.
+/// Notes which of a field's names resolve, and loads the current row.
 class Discovery {
  public:
   /// All outlive it.
@@ -15,11 +15,11 @@ class Discovery {
   Discovery(const Discovery&) = delete;
   Discovery& operator=(const Discovery&) = delete;
 
-  /// "Irmao", "DataSource", "Campo", "Label", or "Todos" for all of them. True when a field was
-  /// bound and loaded, which only "Todos" can do.
+  /// Resolves "Irmao", "DataSource", "Campo", "Label", or "Todos" for all of them. Returns true if
+  /// a field was bound and loaded, which only "Todos" can do.
   bool Find(StringView what);
-  /// In the designer: opens the rows where they are not, and caches the field's ordinal. Errors of
-  /// the database are the caller's.
+  /// In the designer: opens the rows unless they are open, and caches the field's ordinal. Raises
+  /// the errors of the database.
   void FindAtDesignTime();
 
  private:

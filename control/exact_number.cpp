@@ -12,7 +12,7 @@ namespace tessaria {
 
 namespace {
 
-/// The digits that the value is written with; nothing for one that a Double holds as it is.
+/// The digits of the value as written; empty for a value that a Double holds exactly.
 std::optional<Digits> WrittenDigits(const Variant& value) {
   if (const String* text = value.TryGet<String>()) {
     const auto number = ReadNumber(*text);
@@ -24,7 +24,7 @@ std::optional<Digits> WrittenDigits(const Variant& value) {
   return isShort || isExact ? std::optional(DigitsOf(value)) : std::nullopt;
 }
 
-/// Nothing when a Decimal would have to round.
+/// Empty if a Decimal would have to round.
 std::optional<Decimal> AsDecimal(const Digits& value) {
   std::optional<Decimal> exact;
   Catch([&] { exact = ToDecimal(value); }, [] { Err().Clear(); });

@@ -1,4 +1,4 @@
-// Numbers that keep every digit.
+// Numbers with all their digits.
 #pragma once
 
 #include "tessaria/variant.h"

@@ -35,7 +35,7 @@ void FieldBox::WriteSelection(const String& text) {
 void FieldBox::Display(const Variant& v, What what) {
   if (what == What::StoredText)
     Write(mdlObjTxt::AplicaMascara(TextOf(v), {}, {}, {}, txtEdit_.PasswordChar()));
-  else if (!mask_.Mascara.empty() || !v.IsNull())  // else it is as the typed text left it
+  else if (!mask_.Mascara.empty() || !v.IsNull())  // otherwise the typed text has written it
     Write(LaidOut(v));
   shown_.Remember(txtEdit_.Text(), contents_.Texto, what);
 }

@@ -1,4 +1,4 @@
-// The text box of a field: what it was left showing, and the way of a text through the mask.
+// The text box of a field: what it shows, whether it was touched, and its text under the mask.
 #pragma once
 
 #include "control/members.h"
@@ -8,7 +8,7 @@
 
 namespace tessaria {
 
-/// The box with its mask and its typed text. It knows whether anybody has touched it.
+/// The box with its mask and its typed text. It knows whether it was touched.
 class FieldBox {
  public:
   using What = ShownText::What;
@@ -25,9 +25,9 @@ class FieldBox {
   ShownText& Shown() { return shown_; }
   const ShownText& Shown() const { return shown_; }
 
-  /// The mask makes the field a number.
+  /// Whether the mask is numeric.
   bool IsNumeric() const;
-  /// The value is stored scrambled.
+  /// Whether the value is stored scrambled.
   bool IsScrambled() const;
 
   /// A value as the box shows it.
@@ -35,10 +35,10 @@ class FieldBox {
   /// A text without the literals of the mask; without an argument, that of the box.
   String Stripped(const String& text) const;
   String Stripped() const { return Stripped(txtEdit_.Text()); }
-  /// An amount as it is edited: without its thousands points.
+  /// An amount as it is edited: without thousands points.
   String WithoutPoints() const;
 
-  /// Writes the box as the field's own: that touches nothing.
+  /// Writes to the box on behalf of the field, which does not count as touching it.
   void Write(const String& text);
   void WriteSelection(const String& text);
   /// Shows a value and remembers it. A stored text that the field's type cannot take is shown
@@ -47,14 +47,14 @@ class FieldBox {
   /// Assigns the typed text and the box: the text itself, or as many password characters.
   void Texto(const String& v);
   void SelectWhole();
-  /// Numbers stand at the right, all else at the left.
+  /// Aligns numbers right and everything else left.
   void AlignByMask();
 
-  /// Whether the box shows something else than the field's own value.
+  /// Whether the box shows something other than the field's value.
   bool IsTouched() const;
-  /// Whether the box shows a stored text that nobody has touched.
+  /// Whether the box shows an untouched stored text.
   bool ShowsStoredText() const;
-  /// What the field itself does to its box in `body` does not touch it, also when it breaks off.
+  /// What the field does to its box in `body` does not count as touching it, even if `body` throws.
   template <class Body>
   void WithoutTouching(Body&& body);
 

@@ -8,7 +8,7 @@ namespace tessaria {
 
 namespace {
 
-/// Positions in a mask have 16 bits. A field of no such size keeps its mask.
+/// Positions in a mask have 16 bits. A longer field keeps its mask.
 constexpr Long kLongestMask = 32767;
 
 }  // namespace
@@ -32,8 +32,8 @@ void FirstShow::ShowAtDesignTime() {
   Members& members = parts_.Remembered;
   if (!members.PesqCaption.empty() && members.HasLookup())
     AddSearchTexts(members, *parts_.Lookup.Pesquisa());
-  // A database that cannot be reached is for the property page to tell: the designer opens forms
-  // without one.
+  // The property page reports a database that cannot be reached: the designer opens forms without
+  // one.
   designTimeError_.clear();
   Catch([&] { parts_.Names.FindAtDesignTime(); },
         [&] {
@@ -60,7 +60,7 @@ void FirstShow::FitMaskToField() {
   const Long size = column ? column->DefinedSize() : box.Widget().MaxLength();
   if (size <= 0 || size > kLongestMask) return;
   parts_.Mask.Mascara(StringOf(size, u"A"));
-  // The mask as it was has cut what it showed.
+  // The former mask has cut what the box shows.
   box.Display(Variant(parts_.Remembered.Value), box.Shown().Shows());
 }
 

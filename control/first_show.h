@@ -1,4 +1,4 @@
-// The first appearance of a field, in the designer and on a running form.
+// The first show of a field, in the designer and on a running form.
 #pragma once
 
 #include "control/definitions.h"
@@ -10,7 +10,7 @@ namespace tessaria {
 
 class FirstShow {
  public:
-  /// The parts that a field is made ready by; all outlive it.
+  /// The parts that prepare a field; all of them outlive it.
   struct Parts {
     host::ControlSite& Site;
     FieldBox& Box;
@@ -26,9 +26,9 @@ class FirstShow {
   FirstShow(const FirstShow&) = delete;
   FirstShow& operator=(const FirstShow&) = delete;
 
-  /// The first call makes the field ready; later ones do nothing. Errors are reported.
+  /// The first call prepares the field; later calls do nothing. Errors are reported.
   void Run();
-  /// Why the first show in the designer could not look into the database; "" when it could.
+  /// Why the first show in the designer could not read the database; "" if it could.
   String DesignTimeError() const { return designTimeError_; }
 
  private:

@@ -54,11 +54,11 @@ bool Focus::HasToSettle() const {
          parts_.Rules.IsForbiddenBlank();
 }
 
-/// `verdict` is right at every moment: an error may end the steps anywhere.
+/// Keeps `verdict` up to date at every step: an error may end the steps anywhere.
 void Focus::Settle(ExitVerdict& verdict) {
   const bool touched = parts_.Box.IsTouched();
   if (touched) verdict = ExitVerdict::NotStored;
-  // The key-up of a key that is still held would have come too late.
+  // The key-up of a key that is still held would come too late.
   if (parts_.Box.Shown().IsTyped()) parts_.Remembered.bCarregandoCampo = true;
   if (parts_.Box.IsNumeric()) parts_.Box.Widget().Alignment(host::Alignment::Right);
   const auto check = CheckText();
@@ -92,7 +92,7 @@ void Focus::FillZeros() {
                            mask.TipoStrZero);
 }
 
-/// False when the value was refused.
+/// Returns false if the value was refused.
 bool Focus::AssignTyped() {
   FieldBox& box = parts_.Box;
   const MaskSettings& mask = box.Mask();

@@ -1,4 +1,4 @@
-// The focus comes and goes: the box shows an editable text inside, the finished one outside.
+// Entering and leaving a field: the box shows an editable text inside, the formatted one outside.
 #pragma once
 
 #include "control/pair.h"
@@ -9,7 +9,7 @@ namespace tessaria {
 
 class Focus {
  public:
-  /// What the focus works on; all outlive it.
+  /// What the focus works on; all of it outlives the focus.
   struct Parts {
     host::ControlSite& Site;
     FieldBox& Box;
@@ -23,9 +23,9 @@ class Focus {
   Focus(const Focus&) = delete;
   Focus& operator=(const Focus&) = delete;
 
-  /// Errors of both are reported.
+  /// Both report errors.
   void Enter();
-  /// Settles the field and tells how that ended.
+  /// Settles the field and returns how that ended.
   ExitVerdict Exit();
   /// Whether leaving the field now would settle anything.
   bool HasToSettle() const;

@@ -15,7 +15,7 @@ constexpr Long kRoomWithButton = 360;
 constexpr Long kRoomWithoutButton = 70;
 constexpr Long kButtonFromRight = 350;
 
-/// The icon file of a kind of control; nullptr for a kind with no button of its own.
+/// The icon file of a kind of control; nullptr for a kind without a button.
 const char16_t* IconFile(TipoControle kind) {
   switch (kind) {
     case TipoControle::Browse:
@@ -62,7 +62,7 @@ void Looks::Draw() {
   Trap(u"tsText", u"AtualizaExibicao", [&] {
     btnBrowse_.Visible(ShowsButton());
     if (btnBrowse_.Visible()) LoadButtonPicture();
-    // Here the type decides, not the button: a description without one keeps the room.
+    // The kind decides here, not the button: a description without a button keeps the room for it.
     const bool isPlain = kind_.TipoControle == TipoControle::Normal;
     txtEdit_.Width(site_.Width() - (isPlain ? kRoomWithoutButton : kRoomWithButton));
     btnBrowse_.Enabled(Enabled());
@@ -110,7 +110,7 @@ void Looks::Enabled(bool v) {
   txtEdit_.Enabled(v);
   site_.TabStop(v);
   if (kind_.TipoControle == TipoControle::Browse && ties_.bIrmaoConectado) {
-    // Only a pair that names each other both ways, and only a sibling that differs.
+    // Only for a pair whose fields name each other, and only if the sibling differs.
     auto& sibling = form_.Sibling()->Control();
     if (sibling.TxtIrmao() == site_.DisplayName() && sibling.Enabled() != v) sibling.Enabled(v);
   }

@@ -1,4 +1,4 @@
-// How a field looks: the layout of box and button, colours, caption, picture, enabled or not.
+// The looks of a field: layout of box and button, colours, caption, picture, enabled state.
 #pragma once
 
 #include <memory>
@@ -8,13 +8,13 @@
 
 namespace tessaria {
 
-/// What the looks of a field ask of its form. Errors are those of the names on it.
+/// What the looks of a field need from its form. Raises the errors of the names on it.
 class LooksForm {
  public:
   virtual ~LooksForm() = default;
   /// The form's own name.
   virtual String FormName() const = 0;
-  /// The caption's label, for a field that has found one.
+  /// The caption's label, if the field has found one.
   virtual std::shared_ptr<host::Label> CaptionLabel() const = 0;
   virtual std::shared_ptr<host::TsTextWidget> Sibling() const = 0;
 };
@@ -27,18 +27,18 @@ class Looks {
   Looks(const Looks&) = delete;
   Looks& operator=(const Looks&) = delete;
 
-  /// Draws everything anew. Errors are reported.
+  /// Redraws everything. Errors are reported.
   void Draw();
-  /// The surface has another size. Errors are reported.
+  /// The size of the surface has changed. Errors are reported.
   void Resize();
-  /// The caption shows whether the field has the focus.
+  /// Updates the caption, which shows whether the field has the focus.
   void ColourFocused();
   void ColourUnfocused();
 
   bool Enabled() const { return txtEdit_.Enabled(); }
-  /// A key field hands it on to its description when the two name each other.
+  /// A key field passes it on to its description if the two name each other.
   void Enabled(bool v);
-  /// Colours and fonts that are assigned are stored.
+  /// Assigned colours and fonts are stored.
   void Forecolor(Colour v);
   void BackColor(Colour v);
   void Font(const host::Font& v);

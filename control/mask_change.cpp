@@ -7,7 +7,7 @@ namespace tessaria {
 
 void MaskChange::Mascara(const String& v) {
   const String before = box_.Stripped();
-  // A row that nobody edits is shown anew and not written.
+  // A row that nobody edits is shown again and not written.
   const AssignMode mode = box_.IsTouched() ? AssignMode::Write : AssignMode::Show;
   mask_.Mascara = v;
   ItensMascara(mdlObjTxt::MontaItensMascara(v, mask_.PromptChar));

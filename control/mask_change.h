@@ -1,4 +1,4 @@
-// A new mask, or a new fill character, for a field that shows a text already.
+// A new mask, or a new fill character, for a field that already shows a text.
 #pragma once
 
 #include "control/value.h"
@@ -13,7 +13,8 @@ class MaskChange {
   MaskChange(const MaskChange&) = delete;
   MaskChange& operator=(const MaskChange&) = delete;
 
-  /// At run time the box is laid out anew. A mask that is taken away from a blank text leaves Null.
+  /// At run time the box is laid out again. Removing the mask of a blank text sets the value to
+  /// Null.
   void Mascara(const String& v);
   void PromptChar(const String& v);
   /// Dates and amounts keep the literals of their masks in the value.

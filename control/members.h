@@ -1,4 +1,4 @@
-// What one control remembers, as plain data.
+// The state of one control, as plain data.
 #pragma once
 
 #include <optional>
@@ -8,7 +8,7 @@
 
 namespace tessaria {
 
-/// What kind of field it is, and what it may hold.
+/// The kind of field, and what it may hold.
 struct FieldKind {
   tessaria::TipoControle TipoControle = tessaria::TipoControle::Normal;
   Long TipoDado = 1;
@@ -17,7 +17,7 @@ struct FieldKind {
   bool eSocial = false;
   bool MultiLine = false;
 
-  /// The kinds that look into the database.
+  /// The kinds that query the database.
   bool HasLookup() const {
     return TipoControle == tessaria::TipoControle::Browse || IsDescription();
   }
@@ -50,7 +50,7 @@ struct MaskSettings {
 struct FieldContents {
   Variant Value;
   Variant OriginalValue;  ///< value of the row as it was loaded
-  Variant LastValue;      ///< value when the focus came in
+  Variant LastValue;      ///< value when the field was entered
   String Texto;           ///< typed characters without the mask's literals
   bool LastValidaStatus = false;
   /// The next assignment of `Value` comes from a row, a lookup or typing.
@@ -59,7 +59,7 @@ struct FieldContents {
   bool HasChanged() const { return !IsSame(Value, LastValue); }
 };
 
-/// The control's own texts in front of its lookup's definition.
+/// The control's own texts, which override its lookup's definition.
 struct LookupTexts {
   String BrwTitulo;
   String BrowseTable;
@@ -69,10 +69,10 @@ struct LookupTexts {
   String BrwGroupBy;
   String BrwLeftJoin;
   String BrwWhere;
-  String MsgBrowse;  ///< message of a lookup that finds nothing
+  String MsgBrowse;  ///< message when a lookup finds nothing
 };
 
-/// The older text form of the searches; strings whatever they encode.
+/// The older text form of the searches; all are strings, whatever they encode.
 struct SearchTexts {
   String PesqCaption;
   String PesqCampo;
@@ -96,14 +96,14 @@ struct Appearance {
   bool Carregou = true;  ///< false only while the first show runs
   bool bMostrado = false;
   Colour lngForeColorOriginal = 0;
-  /// The colours to be stored while the box is drawn in others.
+  /// The colours to store while the box is drawn in others.
   std::optional<Colour> StoredForeColor, StoredBackColor;
-  /// The font is the surroundings' own, bold or not.
+  /// Whether the font is the ambient one, bold or not.
   bool FontIsAmbient = false;
 };
 
-/// All of it, as the property bag fills it. No assignment here has a side effect; the control's
-/// properties are the ones that have. Each part of a control is given the groups that it needs.
+/// The whole state, as the property bag fills it. Assignments here have no side effects; those of
+/// the control's properties have. Each part of a control gets the groups that it needs.
 struct Members : FieldKind,
                  FormTies,
                  MaskSettings,

@@ -29,7 +29,7 @@ void Naming::LabelAssociado(const String& v) {
     return;
   }
   ties_.LabelAssociado = v;
-  site_.PropertyChanged(u"TxtLabelAssociado");  // the name told is no property's
+  site_.PropertyChanged(u"TxtLabelAssociado");  // not the name of any property
 }
 
 }  // namespace tessaria

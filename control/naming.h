@@ -1,4 +1,4 @@
-// Which names a field may be tied to.
+// The names that a field may refer to.
 #pragma once
 
 #include "control/members.h"
@@ -6,7 +6,7 @@
 
 namespace tessaria {
 
-/// Assigns names of other widgets; those that are refused are told to the programmer.
+/// Assigns names of other widgets; a message box tells the programmer about a refused name.
 class Naming {
  public:
   /// Both outlive it.

@@ -19,16 +19,16 @@ namespace tessaria {
 
 namespace {
 
-// Virtual-key codes that only prepare a letter.
+// Virtual-key codes of dead keys.
 constexpr Integer kKeyAcute = 219;
 constexpr Integer kKeyTilde = 222;
 
-/// Values that may be handed on one inside the other. Handlers that never stop assigning new ones
-/// end in an error, and not in the program's end.
+/// How many values may be passed on, one inside the other. Handlers that assign new values without
+/// end raise an error instead of exhausting the stack.
 constexpr std::size_t kDeepestChain = 32;
 constexpr Long kOutOfStackSpace = 28;
 
-/// A value stands last in a list for the length of a scope.
+/// Appends a value to a list for the duration of a scope.
 class HandingOn {
  public:
   HandingOn(std::vector<Variant>& values, const Variant& value) : values_(values) {
@@ -70,14 +70,14 @@ void Pair::Follow(AssignMode mode) {
   if (outcome == Outcome::HandedOn && kind_.IsDescription()) RefreshBack(mode);
 }
 
-/// A ring of siblings ends at the value that comes round; any other value is a new one.
+/// A ring of siblings ends when a value comes back; any other value is passed on.
 bool Pair::ComesRound() const {
   return std::any_of(handedOn_.begin(), handedOn_.end(),
                      [&](const Variant& v) { return IsSame(v, contents_.Value); });
 }
 
 void Pair::Refresh(bool ApenasTsBrowse, bool DisparaBrowseReturn, AssignMode mode) {
-  // The module and the procedure of this report are one run-on text.
+  // This report has the module and the procedure in one text, without a separator.
   Trap(u"tsText",
        u"Erro ao efetuar a ataulização do campo IrmãoMódulo tsText - Procedimento AtualizaIrmao",
        [&] {
@@ -88,7 +88,7 @@ void Pair::Refresh(bool ApenasTsBrowse, bool DisparaBrowseReturn, AssignMode mod
        });
 }
 
-/// A blank value empties the sibling without a search.
+/// A blank value empties the sibling without searching.
 Pair::Outcome Pair::LookUp(Search search, AssignMode mode) {
   if (contents_.Value.IsNull()) {
     if (search.HandsOn) HandOn(Variant::Null(), mode);
@@ -112,7 +112,7 @@ void Pair::HandOn(const Variant& value, AssignMode mode) {
     form_.Sibling()->Control().ShowValue(value);
 }
 
-/// The key that a description has found looks its own return fields up.
+/// Makes the key that a description has found look up its own return fields.
 void Pair::RefreshBack(AssignMode mode) {
   if (mode == AssignMode::Write)
     form_.Sibling()->Control().AtualizaIrmao(true);
@@ -133,7 +133,7 @@ String Pair::SiblingCondition() const {
   return Joined(form_.Condition(*definition), filter);
 }
 
-/// "" where there is no field or no key to compare it with.
+/// "" if there is no field, or no key to compare it with.
 String Pair::KeyFilter(const String& siblingField) const {
   const String literal = siblingField.empty() ? String() : SiblingLiteral();
   if (literal.empty()) return {};
@@ -182,7 +182,7 @@ void Pair::Complete(Integer KeyCode) {
   mdlObjTxt::CompletaDescr(box_.Widget(), definition->From(), definitions_.BrwCampo(), KeyCode,
                            ties_.bIrmaoConectado, siblingField,
                            sibling ? &sibling->Control() : nullptr, narrowed);
-  // A search that failed has given the box back what it held.
+  // A failed search has restored the text of the box.
   if (!typed && box_.Widget().Text() == before) box_.Shown().ForgetTyping();
 }
 

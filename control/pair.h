@@ -9,12 +9,12 @@
 
 namespace tessaria {
 
-/// What a pair asks of its form.
+/// What a pair needs from its form.
 class PairForm {
  public:
   virtual ~PairForm() = default;
-  /// The sibling's widget. Errors: 730 for a name that leads nowhere, 438 for one that leads to no
-  /// control of the library.
+  /// The sibling's widget. Errors: 730 for an unknown name, 438 for a widget that is not a control
+  /// of the library.
   virtual std::shared_ptr<host::TsTextWidget> Sibling() const = 0;
   /// The definition's where text with its parameters replaced. Error 730 as above.
   virtual String Condition(const Browse& definition) const = 0;
@@ -30,19 +30,19 @@ class Pair final : public ValueFollower {
   Pair(const Pair&) = delete;
   Pair& operator=(const Pair&) = delete;
 
-  /// The value that the field shows is looked up, and what was found goes to the sibling.
+  /// Looks up the value that the field shows, and passes what was found to the sibling.
   void Follow(AssignMode mode) override;
-  /// The same on demand. Errors are reported. The flags are those of `AtualizaIrmao`.
+  /// Does the same on demand. Errors are reported. The flags are those of `AtualizaIrmao`.
   void Refresh(bool ApenasTsBrowse, bool DisparaBrowseReturn, AssignMode mode);
   void RaiseBrowseReturn();
 
-  /// The key becomes the thread's sibling value, as a description takes the focus.
+  /// Stores the key as the thread's sibling value when a description gets the focus.
   void FetchSiblingLiteral() const;
   /// Completes what the operator has typed into a description.
   void Complete(Integer KeyCode);
 
  private:
-  /// How a value is looked up, and whether what was found goes to the sibling.
+  /// How to look up a value, and whether to pass what was found to the sibling.
   struct Search {
     bool NarrowsToKey;
     bool HandsOn;

@@ -7,7 +7,7 @@ namespace tessaria {
 
 /// Start values of a control that is newly placed on a form. Errors of all three are reported.
 void SetStartValues(Members& members, host::TextBox& box);
-/// Straight into the members and the box, with no side effects.
+/// Directly to and from the members and the box, without side effects.
 void ReadProperties(StoredState& state, const host::PropertyBag& bag);
 void WriteProperties(const StoredState& state, host::PropertyBag& bag);
 

@@ -13,7 +13,7 @@ namespace tessaria {
 
 namespace {
 
-// How each type of property travels in a variant.
+// How a variant holds each type of property.
 template <class T>
 struct Travel;
 
@@ -106,8 +106,8 @@ struct Place {
   Variant WriteDefault;
 };
 
-// The two usual places. A text has no default on either side: reading passes Empty, writing
-// passes nothing, and then a blank is not stored.
+// The two usual ways. A text has no default on either side: reading passes Empty, and writing
+// passes no default, so that a blank is not stored.
 Place TextAt(int read, int write) { return {read, write, Variant(), Variant::Missing()}; }
 Place ValueAt(int read, int write, const Variant& byDefault) {
   return {read, write, byDefault, byDefault};
@@ -123,7 +123,7 @@ Property::Storage StorageAt(StringView key, const Place& place) {
   return stored;
 }
 
-/// Stored from and into a member.
+/// Stored in a member.
 template <class T, class Member>
 Property InMember(Property property, const Place& place, Member) {
   property.Stored = StorageAt(property.Name, place);
@@ -136,7 +136,7 @@ Property InMember(Property property, const Place& place, Member) {
   return property;
 }
 
-/// Stored from and into the text box.
+/// Stored in the text box.
 template <class T, class Access>
 Property InBox(Property property, StringView key, const Place& place, Access) {
   property.Stored = StorageAt(key, place);
@@ -149,7 +149,7 @@ Property InBox(Property property, StringView key, const Place& place, Access) {
   return property;
 }
 
-// The most common rows in short.
+// Short forms of the most common rows.
 #define MEMBER_ROW(type, name, id, place) \
   InMember<type>(ReadWrite<type>(u"" #name, id, OF_CONTROL(name)), place, OF_MEMBERS(name))
 #define BOX_ROW(type, name, id, place) \
@@ -159,7 +159,7 @@ const Variant kNothing{ObjectPtr()};
 const Variant kSystemWindow = static_cast<Long>(host::colour::WindowBackground);
 const Variant kSystemWindowText = static_cast<Long>(host::colour::WindowText);
 
-/// A length or a position of the box, stored as an Integer while that holds it.
+/// A length or a position of the box, stored as an Integer if it fits into one.
 template <class Access>
 Property LengthRow(StringView name, int id, int read, int write, Access access) {
   const Variant none = Integer{0};
@@ -179,7 +179,7 @@ Property SignRow(int id) {
   return row;
 }
 
-// The two definitions are stored as they are handed out, new ones in the place of nothing.
+// The two definitions are stored as the properties return them, with a new one in place of null.
 
 Property BrowseRow(int id) {
   Property row = ReadWrite<std::shared_ptr<Browse>>(u"Browse", id, OF_CONTROL(Browse));
@@ -203,7 +203,7 @@ Property PesquisaRow(int id) {
   return row;
 }
 
-/// A font without name and size is that of the surroundings, bold or not.
+/// A font without name and size is the ambient font, bold or not.
 bool IsAmbient(const host::Font& font) { return font.Name.empty() && font.Size == 0; }
 
 void LoadFont(StoredState& state, const Variant& stored) {
@@ -236,7 +236,7 @@ Property FontRow(int id) {
   return row;
 }
 
-/// A colour of the box, as it was before the box was drawn in another.
+/// A colour of the box as it was before the box was drawn in another one.
 template <class Kept, class Access>
 Property ColourRow(Property row, StringView key, const Place& place, Kept, Access access) {
   row = InBox<Colour>(row, key, place, access);

@@ -1,4 +1,4 @@
-// Every property of the control, listed once.
+// The table of the control's properties.
 #pragma once
 
 #include <span>
@@ -12,7 +12,7 @@ namespace tessaria {
 class tsText;
 struct StoredState;
 
-/// What a property holds, for whoever binds the table to another world.
+/// The type of a property, for code that binds the table to another object model.
 enum class PropertyType { String, Long, Boolean, Colour, Variant, Object, Font };
 
 /// One property: how programs reach it and how the bag stores it.
@@ -22,7 +22,7 @@ struct Property {
   /// Dispatch number: position among the properties of the interface, from 1; 0 when programs do
   /// not reach it.
   int DispatchId;
-  /// nullptr for a property that cannot be read, or written, by programs.
+  /// nullptr for a property that programs cannot read, or cannot write.
   Variant (*Get)(const tsText&);
   /// Errors: 13 for a value of another type, 6 for a number out of range.
   void (*Let)(tsText&, const Variant&);
@@ -36,7 +36,7 @@ struct Property {
     Variant ReadDefault;
     Variant WriteDefault;
     bool DefaultIsAmbientFont = false;
-    /// Straight to and from the member or the box, with no side effects.
+    /// Directly to and from the member or the box, without side effects.
     void (*Load)(StoredState&, const Variant&) = nullptr;
     Variant (*Save)(const StoredState&) = nullptr;
   } Stored;
@@ -48,10 +48,9 @@ TESSARIA_HOST_API std::span<const Property> Properties();
 /// The property of that name, without regard to case; nullptr when there is none.
 TESSARIA_HOST_API const Property* FindProperty(StringView name);
 
-/// A property by name, as late-bound programs reach it. Errors: 438 unknown name, 394 it can
-/// only be written.
+/// Reads a property by name, for late-bound programs. Errors: 438 unknown name, 394 write-only.
 TESSARIA_HOST_API Variant GetProperty(const tsText& control, StringView name);
-/// Errors: 438 unknown name, 383 it can only be read, and those of `Property::Let`.
+/// Errors: 438 unknown name, 383 read-only, and those of `Property::Let`.
 TESSARIA_HOST_API void LetProperty(tsText& control, StringView name, const Variant& value);
 
 }  // namespace tessaria

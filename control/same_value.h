@@ -1,20 +1,20 @@
-// When two values of a field are the same, and what they read as.
+// Comparison of a field's values, and their text.
 #pragma once
 
 #include "tessaria/variant.h"
 
 namespace tessaria {
 
-/// Null is the same as Null alone, and so is what is no number.
+/// Null is the same only as Null, and a NaN only as a NaN.
 bool IsSame(const Variant& a, const Variant& b);
 
-/// Whether two values differ in no more than their kind, or in what no text of them tells.
+/// Whether two values differ only in their kind, or in what their texts do not show.
 bool ReadsAlike(const Variant& a, const Variant& b);
 
-/// The text of a value, with Null as no text. What lies beyond all numbers is a word.
+/// The text of a value; "" for Null. Values beyond all numbers have a word as their text.
 String TextOf(const Variant& v);
 
-/// Null, Empty and what equals it.
+/// True for Null, Empty and what equals Empty.
 bool IsBlank(const Variant& v);
 
 }  // namespace tessaria

@@ -1,4 +1,4 @@
-// A flag that is up for the length of a scope.
+// A flag that is set for the duration of a scope.
 #pragma once
 
 namespace tessaria {

@@ -10,7 +10,7 @@ namespace {
 
 constexpr char16_t kFieldEnd = 3;
 
-/// The type code of a letter; `before` for a letter without a meaning.
+/// The type code of a letter; `before` for an unknown letter.
 Long TypeOf(const String& letter, Long before) {
   if (letter == u"N") return 2;
   if (letter == u"S") return 8;
@@ -18,8 +18,8 @@ Long TypeOf(const String& letter, Long before) {
   return before;
 }
 
-/// The comparison of a letter, which tells where the wildcard goes: nowhere, at the end, at the
-/// start, at both.
+/// The comparison of a letter, which says where the wildcard goes: nowhere, at the end, at the
+/// start, or at both.
 Long LikeOf(const String& letter, Long before) {
   if (letter == u"N") return 0;
   if (letter == u"F") return 1;
@@ -31,7 +31,7 @@ Long LikeOf(const String& letter, Long before) {
 Integer NumberOf(const String& text) { return CInt(Val(text)); }
 bool FlagOf(const String& text) { return Val(text) != 0; }
 
-/// False when one of them could not be added. All nine texts are cut at the places of the captions.
+/// Returns false if one of them could not be added. All nine texts are cut where the captions end.
 bool AddAll(const SearchTexts& texts, Pesquisa& searches) {
   bool allAdded = true;
   Long start = 1;

@@ -1,4 +1,4 @@
-// The older text form of the searches becomes the definition object.
+// Conversion of the older text form of the searches into the definition object.
 #pragma once
 
 #include "control/members.h"
@@ -6,7 +6,7 @@
 
 namespace tessaria {
 
-/// Adds a search for each caption, each at its place, and empties the texts when all were added.
+/// Adds a search for each caption, at its position, and empties the texts when all were added.
 /// Errors are reported.
 void AddSearchTexts(SearchTexts& texts, Pesquisa& searches);
 

@@ -1,11 +1,11 @@
-// What the box was left showing, and so whether anybody has changed it since.
+// The text that a field has left in its box, to tell whether it was changed since.
 #pragma once
 
 #include "tessaria/string.h"
 
 namespace tessaria {
 
-/// The memory of one box: a field that nobody has touched is not written when it is left.
+/// The last text of one box: an untouched field is not written when it is left.
 ///
 /// The field calls `Remember` whenever it has shown its value. A change of the box that no
 /// `OwnWrite` covers is the operator's.
@@ -18,7 +18,7 @@ class ShownText {
     StoredText,    ///< a stored value that the field's type cannot take, as its text
   };
 
-  /// A write of the field or of the program, for the length of a scope.
+  /// Marks writes of the field or of the program for the duration of a scope.
   class OwnWrite {
    public:
     explicit OwnWrite(ShownText& shown) : shown_(shown) { ++shown_.ownWrites_; }
@@ -30,15 +30,15 @@ class ShownText {
     ShownText& shown_;
   };
 
-  /// The focus comes in, or the value is shown anew: what was typed before counts no more.
+  /// The field is entered, or the value is shown again: what was typed before no longer counts.
   void ForgetTyping() { typed_ = false; }
   void RestoreTyping(bool typed) { typed_ = typed; }
   /// The box has changed.
   void NoteChange() { typed_ = typed_ || ownWrites_ == 0; }
-  /// The operator puts a text into the box, be it the same as before.
+  /// The operator puts a text into the box, even if it is the same as before.
   void NoteTyping() { typed_ = true; }
 
-  /// These are the texts that the field leaves in its box and as its typed text.
+  /// Stores the texts that the field leaves in its box and as its typed text.
   void Remember(const String& box, const String& texto) {
     box_ = box;
     texto_ = texto;
@@ -48,11 +48,11 @@ class ShownText {
     what_ = what;
   }
 
-  /// Whether the operator has changed the box since the focus came in.
+  /// Whether the operator has changed the box since the field was entered.
   bool IsTyped() const { return typed_; }
   What Shows() const { return what_; }
-  /// Whether the box shows something else than the field's own value. A refused value counts
-  /// until another is shown. The typed text tells only of a box that hides it.
+  /// Whether the box shows something other than the field's value. A refused value counts until
+  /// another one is shown. The typed text is compared only if the box hides it.
   bool IsTouched(const String& box, const String& texto, bool hidesTexto) const {
     const bool refused = what_ == What::Refused || what_ == What::RefusedValue;
     return typed_ || refused || box != box_ || (hidesTexto && texto != texto_);

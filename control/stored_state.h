@@ -1,4 +1,4 @@
-// What of a control is stored.
+// The parts of a control that are stored.
 #pragma once
 
 #include "control/definitions.h"
@@ -8,7 +8,7 @@
 
 namespace tessaria {
 
-/// What the property bag holds, and what storing it asks. All outlive it.
+/// What the property bag holds, and what storing it needs. All of it outlives this object.
 struct StoredState {
   Members& Remembered;
   Definitions& Lookup;

@@ -1,11 +1,12 @@
-// The surface of a field: its window, and the messages that it owns.
+// The surface of a field: its window handle, and the message boxes that it owns.
 #pragma once
 
 #include "tessaria/host/control.h"
 
 namespace tessaria {
 
-/// The surface's window handle at run time, 0 at design time. An error is reported and gives 0.
+/// The surface's window handle at run time, 0 at design time. On an error, reports it and returns
+/// 0.
 Long WindowOf(const host::ControlSite& site);
 
 /// Shows a message with the stop icon that the surface owns.

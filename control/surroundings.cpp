@@ -11,7 +11,7 @@ host::WidgetPtr Surroundings::Named(const char16_t* property, const String& name
   return widget;
 }
 
-/// Raises the pending error again; error 730 then tells the property and this field.
+/// Raises the pending error again; error 730 then names the property and this field.
 void Surroundings::RaiseNaming(const char16_t* property) const {
   String description = Err().Description;
   if (Err().Number == errors::ControlNotFound)
@@ -19,7 +19,7 @@ void Surroundings::RaiseNaming(const char16_t* property) const {
   throw HostError(Err().Number, description);
 }
 
-/// Error 438 when the name leads to something else.
+/// Error 438 if the name is that of something else.
 template <class Kind>
 std::shared_ptr<Kind> Surroundings::NamedAs(const char16_t* property, const String& name) const {
   auto widget = std::dynamic_pointer_cast<Kind>(Named(property, name));

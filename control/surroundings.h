@@ -1,4 +1,4 @@
-// What lies around a field: the widgets, the rows and the column that its names lead to.
+// The surroundings of a field: the widgets, the rows and the column that it names.
 #pragma once
 
 #include "control/looks.h"
@@ -8,8 +8,8 @@
 
 namespace tessaria {
 
-/// Follows the names of one field. Nothing is kept: each call looks anew, so that what is closed
-/// meanwhile leaves no dangling link.
+/// Resolves the names of one field. Nothing is cached: each call looks them up again, so that an
+/// object that was closed meanwhile leaves no dangling link.
 class Surroundings final : public BoundField,
                            public PairForm,
                            public LeavingForm,
@@ -20,11 +20,11 @@ class Surroundings final : public BoundField,
   Surroundings(const Surroundings&) = delete;
   Surroundings& operator=(const Surroundings&) = delete;
 
-  /// A control of the form by the name that the property holds. Error 730 tells both.
+  /// A control of the form by the name that the property holds. Error 730 names both.
   host::WidgetPtr Named(const char16_t* property, const String& name) const;
-  /// Error 438 for a name that leads to no data control.
+  /// Error 438 if the name is not that of a data control.
   std::shared_ptr<host::DataControl> Data() const;
-  /// The rows that the field is bound to. Error 91 when there are none.
+  /// The rows that the field is bound to. Error 91 if there are none.
   host::RecordsetPtr Rows() const;
   /// A where text with its parameters replaced by the values of the form's controls.
   String Expanded(const String& where) const;

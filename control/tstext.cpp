@@ -1,4 +1,4 @@
-// The control: what its host and its siblings call, handed to its parts.
+// The control: passes the calls of its host and its siblings to its parts.
 
 #include "tessaria/tstext.h"
 
@@ -39,7 +39,7 @@ void tsText::UserControl_KeyUp(Integer& KeyCode, Integer& Shift) {
 
 void tsText::UserControl_Terminate() {
   Trap(u"tsText", u"UserControl_Terminate", [&] { parts_->lookup.Release(); });
-  // The dialogs are shared: the end of any control closes them for all.
+  // The dialogs are shared: destroying any control closes them for all.
   Dialogs::CloseShared();
 }
 

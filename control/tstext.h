@@ -1,4 +1,4 @@
-// The parts of a control, and how they are joined.
+// The parts of a control, and how they are connected.
 #pragma once
 
 #include "control/box_events.h"
@@ -13,7 +13,7 @@
 
 namespace tessaria {
 
-/// Each part is given what it works on; the last ones stand on the first.
+/// Each part gets what it works on; later parts depend on earlier ones.
 struct tsText::Parts {
   Parts(host::ControlSite& surface, host::TextBox& txtEdit, host::CommandButton& btnBrowse,
         tsTextEvents& handlers)

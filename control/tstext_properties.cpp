@@ -1,4 +1,4 @@
-// The control's properties: each reads or writes one part and tells that it has changed.
+// The control's properties: each reads or writes one part and reports the change.
 
 #include "control/surface.h"
 #include "control/tstext.h"
@@ -6,7 +6,7 @@
 
 namespace tessaria {
 
-// A member that is read, and one that can be assigned too.
+// A read-only member, and one that can also be assigned.
 #define TESSARIA_READ(Type, name) \
   Type tsText::name() const { return parts_->members.name; }
 #define TESSARIA_STORE(Argument, name)       \

@@ -1,4 +1,4 @@
-// How the control sorts the type codes of values and fields.
+// How the control classifies the type codes of values and fields.
 #pragma once
 
 #include "tessaria/string.h"

@@ -28,8 +28,8 @@ Validation::Verdict Validation::Check() {
 
 Validation::Verdict Validation::CheckText() {
   Verdict result = Verdict::Escaped;
-  // The trap is armed for asking which inner widget is active and stays so: the first error
-  // anywhere starts the rules over, a second one is the caller's.
+  // The trap is armed for the question which inner widget is active, and stays armed: the first
+  // error anywhere starts the rules again, and a second one is raised to the caller.
   Catch(
       [&] {
         if (form_.OwnButtonIsActive())
@@ -38,7 +38,7 @@ Validation::Verdict Validation::CheckText() {
           result = CheckRules();
       },
       [&] {
-        Err().Clear();  // steers, reports nothing
+        Err().Clear();  // only starts the rules again; it is not reported
         result = CheckRules();
       });
   return result;
@@ -53,10 +53,10 @@ Validation::Verdict Validation::CheckRules() {
     ReturnFocus();
     return Verdict::Refused;
   }
-  // A required blank lets the focus pass to anything but a command button, whose case is
-  // settled above; the status stays as it was.
+  // A required blank lets the focus pass to anything but a command button, which is handled above;
+  // the status does not change.
   if (IsForbiddenBlank()) return Verdict::Passed;
-  // Nor is anybody held by a stored text that he did not write.
+  // A stored text that the operator did not write does not keep the focus either.
   contents_.LastValidaStatus =
       !kind_.UsaChecaRelacao || box_.ShowsStoredText() || CheckRelation(label);
   if (contents_.LastValidaStatus) return Verdict::Passed;
@@ -139,7 +139,8 @@ String Validation::SearchedText() const {
 
 void Validation::ReturnFocus() {
   const auto active = form_.ActiveControl();
-  // A sibling whose own validation has failed keeps the focus: two failing fields do not fight.
+  // A control whose own validation has failed keeps the focus, so that two failing fields do not
+  // take it from each other.
   const auto other = std::dynamic_pointer_cast<host::TsTextWidget>(active);
   const bool mayTake = !other || other->Control().LastValidaStatus();
   host::TextBox& widget = box_.Widget();

@@ -10,17 +10,17 @@
 
 namespace tessaria {
 
-/// What the validation asks of its field's form. Errors are those of the names on it.
+/// What the validation needs from its field's form. Raises the errors of the names on it.
 class LeavingForm {
  public:
   virtual ~LeavingForm() = default;
-  /// Whether the focus is in the field's own button. Error 91 when it is not in the field at all.
+  /// Whether the focus is in the field's own button. Error 91 if it is not in the field at all.
   virtual bool OwnButtonIsActive() const = 0;
-  /// The control that has taken the focus; nothing when none has.
+  /// The control that has taken the focus; null if none has.
   virtual host::WidgetPtr ActiveControl() const = 0;
-  /// The text of the field's caption; nothing for a field without one.
+  /// The text of the field's caption; empty for a field without one.
   virtual std::optional<String> Caption() const = 0;
-  /// The bound field; nothing when not bound.
+  /// The bound field; null if not bound.
   virtual host::FieldPtr Column() const = 0;
   /// The definition's where text with its parameters replaced.
   virtual String Condition(const Browse& definition) const = 0;
@@ -28,7 +28,7 @@ class LeavingForm {
 
 class Validation {
  public:
-  /// How the rules of leaving end. Escaped: the focus goes where nothing is checked.
+  /// The result of the rules of leaving. Escaped: the focus goes where nothing is checked.
   enum class Verdict { Passed, Refused, Escaped };
 
   /// All outlive it.
@@ -37,10 +37,10 @@ class Validation {
   Validation(const Validation&) = delete;
   Validation& operator=(const Validation&) = delete;
 
-  /// Judges the text in the box, which that does not touch. Shows its own messages and takes the
-  /// focus back when it refuses.
+  /// Checks the text in the box without touching it. Shows its own messages and takes the focus
+  /// back if it refuses the text.
   Verdict Check();
-  /// The relation check alone: no message for a missing row, no focus work, no status.
+  /// Runs only the relation check: no message for a missing row, no change of focus or status.
   bool RelationHolds();
   bool IsForbiddenBlank() const;
 

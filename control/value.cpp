@@ -36,16 +36,16 @@ void ValueAssignment::ShowAgain(FieldBox::What what, AssignMode mode) {
 void ValueAssignment::Present(const Taken& taken, AssignMode mode) {
   Catch(
       [&] {
-        // A handler of the typed text's change has assigned anew: what that showed stands.
+        // A handler of the typed text's change has assigned another value: its display stays.
         if (!ties_.bCampoConectado && !IsSame(contents_.Value, taken.Shown)) return;
         box_.Display(taken.Shown, taken.What);
-        // At the end of a record set nothing was written: the value stays in memory.
+        // At the end of a record set nothing was written: the value is kept in memory.
         if (contents_.Value.IsNull()) contents_.Value = taken.Shown;
         follower_.Follow(mode);
         site_.PropertyChanged(u"Value");
       },
       [&] { TellStop(site_, Err().Description, u"Erro ao Atualizar o Campo"); });
-  // The sibling step asks what was typed. A step that fails takes nothing of the value back.
+  // The sibling step asks what was typed. A failing step does not undo the assignment.
   box_.Shown().ForgetTyping();
 }
 
@@ -81,7 +81,7 @@ ValueAssignment::Taken ValueAssignment::AssignBound(const Variant& v, AssignMode
   return taken;
 }
 
-/// `taken` is right at every moment: an error may end the steps anywhere.
+/// Keeps `taken` up to date at every step: an error may end the steps anywhere.
 void ValueAssignment::TakeBound(const Variant& v, AssignMode mode, Taken& taken) {
   const auto field = bound_.Field();
   const FieldFamily family = FamilyOf(field->Type());
@@ -100,30 +100,30 @@ void ValueAssignment::TakeBound(const Variant& v, AssignMode mode, Taken& taken)
   TextoFromValue();
 }
 
-/// A value that a row holds and the field's type cannot take is shown as its text.
+/// A value of a row that the field's type cannot take is shown as its text.
 template <class Convert>
 ValueAssignment::Taken ValueAssignment::Converted(const Variant& v, AssignMode mode,
                                                   Convert convert) {
   const auto readable = [&] {
     Variant shown = convert();
-    if (!shown.IsNull()) CStr(shown);  // what has no text is refused before anything takes it
+    if (!shown.IsNull()) CStr(shown);  // refuses a value without a text before it is stored
     return shown;
   };
   if (mode == AssignMode::Write) return {.Shown = readable()};
   Taken taken;
   Catch([&] { taken.Shown = readable(); },
         [&] {
-          Err().Clear();  // steers, reports nothing
+          Err().Clear();  // only selects this branch; it is not reported
           taken.Shown = TextOf(v);
           taken.What = What::StoredText;
         });
-  // Empty is for a column to take in place of Null; a row that is only shown holds Null.
+  // Empty is what a column is given in place of Null; a row that is only shown holds Null.
   if (taken.Shown.IsEmpty()) taken.Shown = Variant::Null();
   return taken;
 }
 
 void ValueAssignment::WriteField(Taken& taken) {
-  taken.What = What::Refused;  // until the field has taken it
+  taken.What = What::Refused;  // until the field accepts it
   bound_.Write(taken.Shown);
   taken.What = What::Value;
   taken.IsStored = true;

@@ -7,21 +7,21 @@
 
 namespace tessaria {
 
-/// Whether an assignment writes the bound field, or only shows what a row holds.
+/// Whether an assignment writes the bound field or only shows what a row holds.
 enum class AssignMode { Write, Show };
 
 /// What an assignment needs from the bound field.
 class BoundField {
  public:
   virtual ~BoundField() = default;
-  /// Errors of the names that lead there: 730, 438, 91.
+  /// Raises the errors of the names on the form: 730, 438, 91.
   virtual host::FieldPtr Field() const = 0;
   virtual bool HasRow() const = 0;
-  /// Errors of the field.
+  /// Raises the errors of the field.
   virtual void Write(const Variant& v) = 0;
 };
 
-/// Who takes the value further when the field shows it.
+/// Receives the value once the field shows it.
 class ValueFollower {
  public:
   virtual ~ValueFollower() = default;
@@ -38,18 +38,18 @@ class ValueAssignment {
   ValueAssignment(const ValueAssignment&) = delete;
   ValueAssignment& operator=(const ValueAssignment&) = delete;
 
-  /// False when the value was refused, which the operator has been told.
+  /// Returns false if the value was refused; the operator has been told.
   bool Assign(const Variant& v, AssignMode mode);
-  /// The value as it is, for a field that nobody has touched: all that an assignment does, except
-  /// that nothing is converted and nothing written.
+  /// Assigns an untouched field its present value: does what an assignment does, but converts and
+  /// writes nothing.
   void AssignItself();
-  /// `what` tells what the box showed when the present value was assigned. The value comes in the
-  /// place of another that was refused.
+  /// Shows the present value in place of one that was refused. `what` is what the box showed when
+  /// the present value was assigned.
   void ShowAgain(FieldBox::What what, AssignMode mode);
 
  private:
   using What = FieldBox::What;
-  /// What the first steps of an assignment made of the value.
+  /// The result of the first steps of an assignment.
   struct Taken {
     Variant Shown;  ///< what the box will show
     bool IsStored = false;
