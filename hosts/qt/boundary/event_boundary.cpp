@@ -33,7 +33,7 @@ struct Failure {
   QString text;
 };
 
-/// The exception that is being handled; nothing when there is nothing to say of it.
+/// The exception that is being handled; empty if there is nothing to report.
 std::optional<Failure> failureInHand() {
   const auto described = [](Long number, const QString& text) {
     return Failure{number, text.isEmpty() ? toQt(ErrorDescription(number)) : text};
@@ -65,7 +65,7 @@ Entry::Entry() { ++entries().depth; }
 
 Entry::~Entry() {
   if (--entries().depth > 0) return;
-  // What is destroyed here may retire more.
+  // The objects that are destroyed here may retire others.
   const auto retired = std::move(entries().retired);
   entries().retired.clear();
 }
@@ -74,7 +74,7 @@ void reportException(QWidget* widget) {
   const auto failure = failureInHand();
   if (!failure) return;
   const QPointer<QWidget> alive(widget);
-  // Whoever listens for errors may fail too, and is not told of that.
+  // The error listener may fail too; that is not reported to it.
   try {
     if (auto* listener = listenerAround(widget))
       listener->unhandled(failure->number, failure->text);

@@ -7,9 +7,9 @@
 
 namespace tessaria::qt {
 
-/// The widget's token, the same at each call; never 0.
+/// The widget's token, the same on each call; never 0.
 Long handleOf(QWidget& widget);
-/// The widget of a token; nullptr for 0, an unknown token, or a widget that is gone.
+/// The widget of a token; nullptr for 0, an unknown token, or a destroyed widget.
 QWidget* widgetOf(Long handle);
 
 }  // namespace tessaria::qt

@@ -1,4 +1,4 @@
-// Keeps what the operator types out of a pumping of events.
+// Holds back the operator's input while events are processed.
 #pragma once
 
 #include <QEvent>
@@ -9,10 +9,10 @@
 
 namespace tessaria::qt {
 
-/// While it lives, keys and texts of input methods that are delivered to a widget are kept back;
-/// at its end they are posted to it again, in their order. What the window system has still
-/// queued is none of its business: a pumping leaves that where it is. A window that is opened
-/// inside the pumping, in a loop of its own, takes its keys.
+/// During its lifetime, keys and texts of input methods that are delivered to a widget are held
+/// back; its destructor posts them to the widget again, in order. Input that the window system has
+/// still queued is not affected: it stays in the queue. A window that is opened meanwhile, in an
+/// event loop of its own, receives its keys.
 class HeldInput final : public QObject {
  public:
   HeldInput();
@@ -27,7 +27,7 @@ class HeldInput final : public QObject {
     std::unique_ptr<QEvent> event;
   };
   std::vector<Kept> kept_;
-  int loopLevel_;  ///< of the pumping
+  int loopLevel_;  ///< of the loop that processes the events
 };
 
 }  // namespace tessaria::qt

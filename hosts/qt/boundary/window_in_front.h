@@ -1,15 +1,15 @@
-// The window that the operator works with.
+// The window that the operator is working in.
 #pragma once
 
 #include <QWidget>
 
 namespace tessaria::qt {
 
-/// The modal window, or the active one; nullptr for none. Right behind a box or a dialog no window
-/// may be active yet: then it is the one that was active before.
+/// The modal window, or the active one; nullptr for none. Right after a box or a dialog closes, no
+/// window may be active yet: then it is the one that was active before.
 QWidget* windowInFront();
 
-/// A window has become active.
+/// Notes that a window has become active.
 void noteActive(QWidget& window);
 
 }  // namespace tessaria::qt

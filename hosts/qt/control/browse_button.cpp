@@ -30,7 +30,7 @@ constexpr Face kFaces[] = {
     {TipoControle::Calculadora, ":/tessaria/calculadora.png", "Calculadora"},
 };
 
-// Twips: the place that the control leaves for the button, less an edge on either side.
+// Twips: the room that the control leaves for the button, less an edge on either side.
 constexpr Long kWidth = 330;
 constexpr Long kTop = 30;
 constexpr int kEdge = 6;  // pixels between the border and the icon, both sides together
@@ -40,7 +40,7 @@ QRgb halfwayToWhite(QRgb pixel) {
   return qRgba(lighter(qRed(pixel)), lighter(qGreen(pixel)), lighter(qBlue(pixel)), qAlpha(pixel));
 }
 
-/// The same shapes and hues, with strokes that stand out from a dark button.
+/// The same shapes and hues, with strokes that contrast with a dark button.
 QIcon lightVariant(const QIcon& icon) {
   QIcon light;
   for (const QSize& size : icon.availableSizes()) {
@@ -101,7 +101,7 @@ CommandButton::CommandButton(BrowseButton& button) : button_(&button) {
     guarded(pressed, [this] {
       if (const auto click = OnClick) click();
     });
-    // The operator goes on in the field.
+    // The operator continues in the field.
     if (pressed && pressed->window()->focusWidget() == pressed)
       pressed->parentWidget()->setFocus(Qt::OtherFocusReason);
   });

@@ -1,4 +1,4 @@
-// The small button of a control, and its port.
+// The browse button of a control, and its port.
 #pragma once
 
 #include <QPointer>
@@ -9,15 +9,15 @@
 
 namespace tessaria::qt {
 
-/// Takes the focus by a click and no place in the order of tabs.
+/// Takes the focus when clicked, and has no place in the tab order.
 class BrowseButton final : public QToolButton {
   Q_OBJECT
 
  public:
   explicit BrowseButton(QWidget* parent = nullptr);
 
-  /// Icon, accessible name and tool tip for a kind of control. A picture stays in front of the
-  /// icon.
+  /// Sets icon, accessible name and tool tip for a kind of control. An assigned picture takes
+  /// precedence over the icon.
   void setKind(TipoControle kind);
   void setPicture(std::shared_ptr<host::Picture> picture);
   std::shared_ptr<host::Picture> picture() const { return picture_; }
@@ -33,7 +33,7 @@ class BrowseButton final : public QToolButton {
   std::shared_ptr<host::Picture> picture_;
 };
 
-/// May outlive its button: every member then raises `ControlGone`.
+/// May outlive its button; every member then raises `ControlGone`.
 class CommandButton final : public host::CommandButton {
  public:
   explicit CommandButton(BrowseButton& button);

@@ -26,7 +26,7 @@ bool ControlSite::UserMode() const { return !control().designMode(); }
 String ControlSite::DisplayName() const { return fromQt(surface().objectName()); }
 host::Font ControlSite::AmbientFont() const { return toFont(surface().font()); }
 
-// A field that no parent was given yet is a window of its own, and so a form.
+// A field without a parent is a window of its own, and so a form.
 host::FormPtr ControlSite::Parent() const { return makeForm(*formOf(&surface())); }
 
 host::WidgetPtr ControlSite::Extender() const { return makeWidget(surface()); }
@@ -58,8 +58,8 @@ void ControlSite::applyColour() {
   const QPalette theme = s.parentWidget() ? s.parentWidget()->palette() : QPalette();
   const bool themed = *backColor_ == host::colour::White && wantsLightVariants(theme);
   const QColor colour = themed ? theme.color(QPalette::Window) : toQColor(*backColor_, theme);
-  // Only a colour of the program's own is painted: the white of an ordinary box would show as a
-  // patch on the form where the button is missing.
+  // Only a colour that the program has set is painted: the white of an ordinary box would show as a
+  // patch on the form where there is no button.
   s.setAutoFillBackground(*backColor_ != host::colour::White && !isSystemColour(*backColor_));
   if (s.palette().color(QPalette::Window) == colour) return;
   QPalette palette;

@@ -11,10 +11,10 @@
 
 namespace tessaria::qt {
 
-/// May outlive its widget: every member then raises `ControlGone`.
+/// May outlive its widget; every member then raises `ControlGone`.
 class ControlSite final : public host::ControlSite {
  public:
-  /// What the control's widget has of its own.
+  /// The parts that the control's widget provides.
   struct Control {
     std::function<bool()> designMode;
     std::function<void(const QString& name)> propertyChanged;
@@ -37,7 +37,7 @@ class ControlSite final : public host::ControlSite {
   String ActiveControlName() const override;
   void PropertyChanged(const String& name) override;
 
-  /// Draws the colour anew, after the theme has changed.
+  /// Applies the colour again after the theme has changed.
   void applyColour();
 
  private:
@@ -46,7 +46,7 @@ class ControlSite final : public host::ControlSite {
 
   QPointer<QWidget> surface_;
   const Control control_;
-  std::optional<Colour> backColor_;  ///< none as long as it was not assigned
+  std::optional<Colour> backColor_;  ///< empty until it is assigned
 };
 
 }  // namespace tessaria::qt

@@ -66,14 +66,14 @@ TsText::~TsText() {
   retire(std::move(parts_));
 }
 
-/// Also when it was assigned past this widget's own properties.
+/// Also if it was assigned without this widget's own properties.
 void TsText::followControl(const QString& property) {
   if (property == QLatin1String("TipoControle"))
     parts_->browseButton->setKind(parts_->control.TipoControle());
   if (property == QLatin1String("Enabled") && !designMode_) QWidget::setEnabled(isFieldEnabled());
 }
 
-/// The widget's own flag, whatever is around it.
+/// The widget's own flag, regardless of its ancestors.
 void TsText::followWidget() {
   const bool enabled = !testAttribute(Qt::WA_ForceDisabled);
   if (!designMode_ && enabled != isFieldEnabled()) setEnabled(enabled);
@@ -91,7 +91,6 @@ tsText& TsText::control() { return parts_->control; }
 const tsText& TsText::control() const { return parts_->control; }
 
 // --- Settings
-// -------------------------------------------------------------------------------------
 
 QStringList TsText::settings() const {
   QStringList lines;
@@ -116,7 +115,6 @@ void TsText::setSettings(const QStringList& lines) {
 }
 
 // --- Methods
-// --------------------------------------------------------------------------------------
 
 void TsText::refresh() {
   write([](tsText& c) { c.Refresh(); });
@@ -143,7 +141,6 @@ void TsText::clearLastValue() {
 }
 
 // --- The surface's events
-// -------------------------------------------------------------------------
 
 void TsText::unhandled(int number, const QString& description) {
   emit unhandledError(number, description);
@@ -162,7 +159,7 @@ void TsText::showEvent(QShowEvent*) {
   QWidget* form = formOf(this);
   FocusCycle::of(window());
   if (designMode_ || wasShown(form)) return formShown();
-  // The form's own show comes next. For a control that is added later it has been.
+  // The form's own show comes next. A control that is added later has missed it.
   QMetaObject::invokeMethod(
       this, [this] { showFirst(formOf(this)); }, Qt::QueuedConnection);
 }
@@ -201,7 +198,6 @@ bool TsText::focusNextPrevChild(bool next) {
 }
 
 // --- Looks
-// ----------------------------------------------------------------------------------------
 
 QSize TsText::hintAround(const QSize& box) const {
   return {box.width() + pixelsX(kRoomForButton, *this),
@@ -224,12 +220,12 @@ QLabel* TsText::captionLabel() {
   return buddyLabel;
 }
 
-/// The edit is what a screen reader meets: it takes the field's own accessible name, or else its
-/// caption, as it reads now.
+/// A screen reader reads the edit: it gets the field's own accessible name, or else the present
+/// text of its caption.
 void TsText::nameForAccessibility() {
   QLabel* label = captionLabel();
   if (label && !label->buddy()) label->setBuddy(this);
-  // A label tells no change of its text, but draws it.
+  // A label does not signal a change of its text, but it repaints.
   if (label) label->installEventFilter(this);
   QString name = accessibleName();
   if (name.isEmpty() && label) name = captionOf(*label);
@@ -243,9 +239,8 @@ bool TsText::eventFilter(QObject* object, QEvent* event) {
 }
 
 // --- Events
-// ---------------------------------------------------------------------------------------
 
-/// A handler may destroy the control: then nothing is left to do for it.
+/// A handler may destroy the control: then nothing is left to do.
 template <class Emit>
 void TsText::Events::tell(Emit&& emitter) {
   if (!surface_) throw ControlGone{};

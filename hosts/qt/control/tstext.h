@@ -1,4 +1,4 @@
-// What a TsText is made of.
+// The private parts of TsText.
 #pragma once
 
 #include "hosts/qt/control/browse_button.h"
@@ -11,7 +11,7 @@
 
 namespace tessaria::qt {
 
-/// Hands the control's events on as signals.
+/// Emits the control's events as signals.
 class TsText::Events final : public tsTextEvents {
  public:
   explicit Events(TsText& surface) : surface_(&surface) {}
@@ -29,7 +29,7 @@ class TsText::Events final : public tsTextEvents {
   QPointer<TsText> surface_;
 };
 
-/// The widgets are children of the surface; the rest outlives it while the core is at work.
+/// The widgets are children of the surface; the rest outlives it while the core is running.
 struct TsText::Parts {
   explicit Parts(TsText& surface)
       : edit(new LineEdit(&surface)),

@@ -1,4 +1,4 @@
-// The control's properties as those of the widget.
+// The control's properties as properties of the widget.
 
 #include "control/properties.h"
 #include "hosts/qt/control/tstext.h"
@@ -8,7 +8,7 @@
 
 namespace tessaria::qt {
 
-// The most common rows in short.
+// Short forms of the most common rows.
 #define TEXT(getter, setter, Name)                               \
   QString TsText::getter() const {                               \
     return read([](const tsText& c) { return toQt(c.Name()); }); \

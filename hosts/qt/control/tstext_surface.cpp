@@ -1,4 +1,4 @@
-// The control as its form and the focus know it.
+// The control as its form and the focus handling see it.
 
 #include "control/properties.h"
 #include "hosts/qt/control/tstext.h"

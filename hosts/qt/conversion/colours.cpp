@@ -46,7 +46,7 @@ constexpr ThemeColour kThemeColours[] = {
     {QPalette::Active, QPalette::ToolTipBase},      // tool tip background
 };
 
-/// The least contrast at which a text counts as readable.
+/// The minimum contrast at which a text counts as readable.
 constexpr double kLeastContrast = 4.5;
 
 double linear(double channel) {

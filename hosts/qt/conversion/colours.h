@@ -1,4 +1,4 @@
-// Colours of the object model in Qt: system colours are the theme's own.
+// Colours of the object model in Qt: system colours come from the theme.
 #pragma once
 
 #include <QColor>
@@ -14,17 +14,17 @@ bool isSystemColour(Colour colour);
 QColor toQColor(Colour colour, const QPalette& palette);
 Colour toColour(const QColor& colour);
 
-/// Whether a box of that background shows the theme's own: one of the system's colour, and under
-/// `Comforts::DarkPalette` a white one in a dark theme.
+/// Whether a box with that background uses the theme's base colour: one with the system's colour,
+/// and under `Comforts::DarkPalette` a white one in a dark theme.
 bool isThemesBase(Colour colour, const QPalette& theme);
 bool isDark(const QPalette& theme);
-/// Whether what is drawn for a light theme has to be drawn light now.
+/// Whether drawings made for a light theme must now be drawn in light colours.
 bool wantsLightVariants(const QPalette& theme);
 
 bool isReadableOn(const QColor& fore, const QColor& back);
-/// Black or white, whichever reads better.
+/// Black or white, whichever is more readable.
 QColor textColourOn(const QColor& back);
-/// `fore`, or the nearest to it that can be read on `back`: blended towards black or white.
+/// `fore`, or the nearest colour that is readable on `back`: blended towards black or white.
 QColor readableOn(const QColor& fore, const QColor& back);
 
 }  // namespace tessaria::qt

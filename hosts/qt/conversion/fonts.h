@@ -1,4 +1,4 @@
-// Fonts between the core and Qt.
+// Conversion of fonts between the core and Qt.
 #pragma once
 
 #include <QFont>
@@ -8,8 +8,7 @@
 namespace tessaria::qt {
 
 host::Font toFont(const QFont& font);
-/// Only what differs from the surrounding font is set, so that the rest follows the operator's
-/// theme.
+/// Sets only what differs from the surrounding font, so that the rest follows the operator's theme.
 QFont toQFont(const host::Font& font, const QFont& surrounding);
 
 }  // namespace tessaria::qt

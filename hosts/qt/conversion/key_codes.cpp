@@ -104,7 +104,8 @@ Integer keypadKey(int key) {
   return find(kKeypad, key);
 }
 
-/// Control held alone: with Alt as well it is the third level of the keyboard, which prints.
+/// Whether Control is held without Alt: with Alt it selects the third level of the keyboard, which
+/// types characters.
 bool isControl(const QKeyEvent& event) {
   return event.modifiers().testFlag(Qt::ControlModifier) &&
          !event.modifiers().testFlag(Qt::AltModifier);

@@ -1,4 +1,4 @@
-// Keys of Qt as the virtual-key codes that the core and its applications know.
+// Conversion of Qt keys to the virtual-key codes that the core and applications use.
 #pragma once
 
 #include <QKeyEvent>
@@ -8,15 +8,15 @@
 
 namespace tessaria::qt {
 
-/// Virtual-key code of the key; 0 for a key that has none. Punctuation has the codes of the
+/// The virtual-key code of the key; 0 for a key without one. Punctuation has the codes of the
 /// Brazilian layout.
 Integer virtualKey(const QKeyEvent& event);
 
 /// Added up: 1 Shift, 2 Control, 4 Alt.
 Integer shiftState(Qt::KeyboardModifiers modifiers);
 
-/// What the key types, one character a unit (a surrogate pair is one): printable characters, and
-/// the control characters of Backspace, Enter, Escape and of letters with Control.
+/// What the key types, one character per element (a surrogate pair is one): printable characters,
+/// and the control characters of Backspace, Enter, Escape and of letters with Control.
 QStringList charactersOf(const QKeyEvent& event);
 /// The characters of a text, a surrogate pair as one.
 QStringList charactersOf(const QString& text);

@@ -1,4 +1,4 @@
-// The words of a label, without the signs that only draw it.
+// The plain text of a label, without mnemonics and markup.
 #pragma once
 
 #include <QLabel>

@@ -1,4 +1,4 @@
-// A picture of the core as Qt draws it.
+// Pictures of the core as Qt images.
 #pragma once
 
 #include <QIcon>
@@ -8,7 +8,7 @@
 
 namespace tessaria::qt {
 
-/// A picture file as Qt loads it, in all the sizes that it holds.
+/// A picture file as loaded by Qt, in all the sizes that it holds.
 class Picture final : public host::Picture {
  public:
   explicit Picture(QIcon icon) : icon_(std::move(icon)) {}

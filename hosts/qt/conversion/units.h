@@ -1,4 +1,4 @@
-// Twips at the ports, pixels in Qt.
+// Conversion between the twips of the ports and the pixels of Qt.
 #pragma once
 
 #include <QWidget>

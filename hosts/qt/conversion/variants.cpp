@@ -50,7 +50,8 @@ Variant fromUnsigned(qulonglong number) {
   return fromWhole(static_cast<qlonglong>(number));
 }
 
-/// A double where it has all digits of the number; else a whole number, or the text of all digits.
+/// A double if it holds all digits of the number; otherwise a whole number, or the text of all
+/// digits.
 QVariant fromExact(const Variant& value) {
   const Digits exact = DigitsOf(value);
   const double number = CDbl(value);
@@ -65,7 +66,7 @@ Variant fromOther(const QVariant& value) {
   if (value.metaType() == QMetaType::fromType<ObjectPtr>()) return value.value<ObjectPtr>();
   if (value.metaType() == QMetaType::fromType<host::ConnectionPtr>()) {
     const auto connection = value.value<host::ConnectionPtr>();
-    return connection ? Variant(connection) : Variant();  // a form that has none yet
+    return connection ? Variant(connection) : Variant();  // the form may have none yet
   }
   if (value.metaType().flags() & QMetaType::IsEnumeration) return fromWhole(value.toLongLong());
   if (!value.canConvert<QString>()) throw HostError(errors::TypeMismatch);

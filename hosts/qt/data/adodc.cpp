@@ -35,21 +35,21 @@ bool hasEdit(const host::Recordset& rows) {
   return rows.EditMode() == host::EditMode::InProgress || rows.EditMode() == host::EditMode::Add;
 }
 
-/// From before the first row or behind the last one back onto it.
+/// Moves from before the first row, or from after the last one, back onto it.
 void stayOnARow(host::Recordset& rows) {
   if (rows.Bof() && rows.Eof()) return;
   if (rows.Eof()) rows.MoveLast();
   if (rows.Bof()) rows.MoveFirst();
 }
 
-/// From a row that was deleted to the next one, or the last.
+/// Moves from a deleted row to the next one, or to the last.
 void leaveDeletedRow(host::Recordset& rows) {
   if (rows.EditMode() != host::EditMode::Delete) return;
   rows.MoveNext();
   stayOnARow(rows);
 }
 
-/// Whether there is a row to start a move from.
+/// Whether there is a row to move from.
 bool standsOnRow(host::Recordset& rows) {
   leaveDeletedRow(rows);
   return hasRow(rows);
@@ -90,7 +90,7 @@ Adodc::Adodc(QWidget* parent) : QWidget(parent), label_(new QLabel(this)) {
 
 Adodc::~Adodc() = default;
 
-/// The keys work from anywhere in the window and leave the focus where it is.
+/// The keys work anywhere in the window and do not move the focus.
 QToolButton* Adodc::addButton(int icon, const QString& name, const QKeySequence& keys,
                               bool (Adodc::*move)()) {
   auto* button = new QToolButton(this);
@@ -118,7 +118,7 @@ void Adodc::setNavigationKeys(bool move) {
   }
 }
 
-/// Of several data controls in a window, the one moves whose field has the focus.
+/// If a window has several data controls, the one whose field has the focus moves.
 void Adodc::moveByKey(bool (Adodc::*move)()) {
   Adodc* target = this;
   Surface* field = surfaceOf(window()->focusWidget());
@@ -130,7 +130,6 @@ void Adodc::moveByKey(bool (Adodc::*move)()) {
 }
 
 // --- Where the rows come from
-// ---------------------------------------------------------------------
 
 QString Adodc::connectionString() const {
   return connection_ ? toQt(connection_->ConnectionString()) : connectionString_;
@@ -185,9 +184,9 @@ bool Adodc::refresh() {
 }
 
 // --- Moves and edits
-// ------------------------------------------------------------------------------
 
-/// A field that refuses has told the operator why. A row that the program deleted takes no text.
+/// A field that refuses has told the operator why. A row that the program has deleted accepts no
+/// text.
 bool Adodc::settleField() {
   if (recordSet_ && recordSet_->State() != host::state::Closed &&
       recordSet_->EditMode() == host::EditMode::Delete)
@@ -204,7 +203,7 @@ bool Adodc::mayLeaveRow() {
   return answered && self && !refused;
 }
 
-/// What was done stands, whatever a handler makes of it.
+/// The operation is done, whatever a handler does.
 void Adodc::tell(void (Adodc::*signal)()) {
   guarded(this, [&] { emit(this->*signal)(); });
 }
@@ -292,7 +291,7 @@ bool Adodc::cancelRow() {
   const QPointer<Adodc> self(this);
   bool inDoubt = false;
   auto edit = host::EditMode::None;
-  // What stands in the focused field is given up too: it is not settled.
+  // The text in the focused field is discarded too: it is not settled.
   const bool dropped = guarded(this, [&] {
     host::Recordset& rows = require(recordSet_);
     inDoubt = rows.IsInDoubt();
@@ -317,7 +316,7 @@ bool Adodc::deleteRow() {
     rows.Delete();
   });
   if (!deleted || !self) return false;
-  // The row is gone, whatever becomes of the step to the next one. A new row was only dropped.
+  // The row is deleted even if the step to the next one fails. A new row was only dropped.
   const bool stepped = guarded(this, [this] {
     leaveDeletedRow(*recordSet_);
     stayOnARow(*recordSet_);
@@ -355,7 +354,6 @@ void Adodc::refreshForm() {
 void Adodc::unhandled(int number, const QString& description) { emit error(number, description); }
 
 // --- Looks
-// ----------------------------------------------------------------------------------------
 
 void Adodc::showPosition() {
   QString text = caption_;
@@ -371,7 +369,7 @@ void Adodc::showPosition() {
   enableButtons();
 }
 
-/// At either end they stay: a move there still writes the pending edit.
+/// The buttons stay enabled at either end: a move there still writes the pending edit.
 void Adodc::enableButtons() {
   bool anyRow = false;
   guarded(this, [&] {

@@ -1,4 +1,4 @@
-// The data control as its form and the fields know it.
+// The data control as its form and the fields see it.
 
 #include "hosts/qt/form/form.h"
 #include "tessaria/qt/adodc.h"

@@ -12,7 +12,7 @@ namespace {
 
 constexpr Long kPortion = 1000;  // rows that are read at once
 
-/// The values that were given to the new row, by column.
+/// The values that were assigned to the new row, by column.
 using Given = std::vector<std::pair<Long, Variant>>;
 
 Given givenValues(host::Recordset& rows) {
@@ -23,7 +23,7 @@ Given givenValues(host::Recordset& rows) {
   return given;
 }
 
-/// As the columns store it.
+/// Compares the values as the columns store them.
 bool holds(host::Recordset& rows, Long row, const Given& given) {
   for (const auto& [column, value] : given) {
     const host::FieldPtr field = rows.Fields().Item(column);

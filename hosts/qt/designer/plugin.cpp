@@ -16,8 +16,8 @@ QWidget* makeTsText(QWidget* parent, bool designing) {
 
 QWidget* makeAdodc(QWidget* parent, bool) { return new Adodc(parent); }
 
-// Designer stores a property of a widget only once it was set: the settings are named here, so
-// that they are always stored.
+// Designer stores a property only after it was set: naming the settings here makes it always store
+// them.
 constexpr WidgetEntry kEntries[] = {
     {"tessaria::qt::TsText", "tessaria/qt/tstext.h", ":/tessaria/tres_pontos.png",
      "Campo de entrada de dados",

@@ -6,7 +6,7 @@
 
 namespace tessaria::qt {
 
-/// What Designer is told of one widget.
+/// Describes one widget to Designer.
 struct WidgetEntry {
   const char* className;
   const char* header;

@@ -8,7 +8,7 @@
 namespace tessaria::qt {
 namespace {
 
-/// Pixels by which the caption sinks with the button.
+/// Pixels by which the caption moves down with the pressed button.
 constexpr int kSink = 1;
 
 }  // namespace
@@ -22,7 +22,7 @@ void ColouredButton::setTextColour(Colour colour) {
   update();
 }
 
-// The system's face needs no palette of its own, and so follows the theme.
+// A button with the system's face needs no palette of its own, and so follows the theme.
 void ColouredButton::setBackColour(Colour colour) {
   backColour_ = colour;
   QPalette own;
@@ -31,7 +31,7 @@ void ColouredButton::setBackColour(Colour colour) {
   setPalette(own);
 }
 
-/// The colour, moved away from a background on which it could not be read.
+/// The colour, adjusted if it is not readable on the background.
 QColor ColouredButton::penColour() const {
   if (!isEnabled()) return palette().color(QPalette::Disabled, QPalette::ButtonText);
   const QColor wanted = toQColor(*colour_, palette());

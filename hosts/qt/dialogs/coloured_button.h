@@ -1,4 +1,4 @@
-// A push button whose caption and face have colours of their own.
+// A push button with its own colours for caption and face.
 #pragma once
 
 #include <QPushButton>
@@ -8,8 +8,8 @@
 
 namespace tessaria::qt {
 
-/// With a colour the caption is written as it stands, and sinks by a pixel with the pressed
-/// button. Without one it is a push button like any other: "&" marks the mnemonic.
+/// With a colour, the caption is drawn literally, and moves down by a pixel while the button is
+/// pressed. Without one it is an ordinary push button: "&" marks the mnemonic.
 class ColouredButton final : public QPushButton {
   Q_OBJECT
 

@@ -124,7 +124,7 @@ class DataGridItem::FieldColumn final : public host::GridColumn {
 
   String Caption() const override { return fromQt(pane_.model().caption(position_)); }
   void Caption(const String& text) override { pane_.model().setCaption(position_, toQt(text)); }
-  /// The operator may have drawn it wider.
+  /// The operator may have made it wider.
   float Width() const override {
     const int now = header().sectionSize(position_);
     return now == 0 || now == pixels() ? width_ : float(twipsX(now, pane_));
@@ -148,7 +148,7 @@ class DataGridItem::FieldColumn final : public host::GridColumn {
   int wantedPixels() const {
     return pane_.fontMetrics().averageCharWidth() * pane_.model().charactersOf(position_);
   }
-  /// A column without width shows nothing.
+  /// A column without width is hidden.
   void show() {
     const bool shows = visible_ && pixels() > 0;
     header().setSectionHidden(position_, !shows);
@@ -174,7 +174,7 @@ DataGridItem::DataGridItem(GridPane& pane, const DialogGate& gate)
   QObject::connect(pane.view().horizontalHeader(), &QHeaderView::sectionClicked, &pane,
                    [this](int column) { headClicked(column); });
   pane.view().orderWanted = [this](int column) { headClicked(column); };
-  // Queued: a box may not open in the middle of painting or scrolling.
+  // Queued: a box must not open during painting or scrolling.
   pane.model().readingFailed = [this](const std::exception_ptr& failure) {
     QMetaObject::invokeMethod(
         &pane_, [this, failure] { this->gate().enter([&] { std::rethrow_exception(failure); }); },
@@ -219,7 +219,7 @@ void DataGridItem::aboutToShow() {
   ShowCurrentRow();
 }
 
-/// An arrow on the header tells which column the rows are ordered by.
+/// An arrow in the header shows which column the rows are ordered by.
 void DataGridItem::showOrder() {
   QHeaderView& header = *pane_.view().horizontalHeader();
   const auto& rows = pane_.model().rows();
@@ -254,8 +254,8 @@ void DataGridItem::goToEnd(bool last) {
   });
 }
 
-/// After an event that failed. The record set may stand on another row than the one shown; and the
-/// box has gone away, but a list that is not all there is must go on saying so.
+/// Called after an event has failed. The record set may be on another row than the one shown; and
+/// the message box is closed, but an incomplete list must keep showing its warning.
 void DataGridItem::repair() {
   pane_.model().noteFailure();
   ShowCurrentRow();

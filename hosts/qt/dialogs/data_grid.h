@@ -12,37 +12,36 @@
 
 namespace tessaria::qt {
 
-/// Whole rows, one at a time. Letters are the dialog's; Home and End are the list's ends, and
-/// Control with the arrows to the sides moves the order from column to column.
+/// Selects whole rows, one at a time. Letters are left to the dialog; Home and End go to the ends
+/// of the list, and Control with the left and right arrows moves the order from column to column.
 class GridView final : public QTableView {
   Q_OBJECT
 
  public:
   explicit GridView(QWidget* parent);
   void keyboardSearch(const QString&) override {}
-  /// Wide enough for all columns.
+  /// A hint that is wide enough for all columns.
   QSize sizeHint() const override;
-  /// The column, or the first one that shows when it is hidden: rows are moved among in a column
-  /// that shows. -1 when none does.
+  /// The column, or the first visible one if it is hidden: keys move through the rows in a visible
+  /// column. -1 if none is visible.
   int shownColumn(int column) const;
 
-  /// Told of the keys for the list's ends and for another order. Neither may throw.
+  /// Called for the keys that go to the list's ends and that change the order. Neither may throw.
   std::function<void(bool last)> endWanted;
   std::function<void(int column)> orderWanted;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  /// The current row stays the selected one.
+  /// Keeps the current row selected.
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                        const QEvent* event) const override;
 
  private:
-  /// The column that shows next to the one of the present order, by steps of 1 or -1. -1 at the
-  /// end.
+  /// The visible column next to the one of the present order, in steps of 1 or -1. -1 at the end.
   int columnBeside(int step) const;
 };
 
-/// The table, and below it what is wrong with its rows.
+/// The table, and below it a warning if its rows are incomplete.
 class GridPane final : public QWidget {
   Q_OBJECT
 
@@ -82,7 +81,7 @@ class DataGridItem final : public DialogItemOf<host::DataGrid> {
 
   GridPane& pane_;
   std::vector<std::unique_ptr<FieldColumn>> columns_;
-  bool following_ = false;  ///< the view is being told, and not telling, the current row
+  bool following_ = false;  ///< the current row is set on the view, not reported by it
 };
 
 }  // namespace tessaria::qt

@@ -1,4 +1,4 @@
-// The desktop of a Qt program: where the library's windows open.
+// The desktop of a Qt program, where the library's windows open.
 #pragma once
 
 #include "tessaria/host/dialog.h"
@@ -7,8 +7,8 @@ namespace tessaria::qt {
 
 class Desktop final : public host::Desktop {
  public:
-  /// The right and the lower edge of the screen with the active window, as far as windows may
-  /// lie on it: positions count from the corner of the first screen.
+  /// The right and the lower edge of the area for windows on the screen with the active window:
+  /// positions count from the corner of the first screen.
   Long ScreenWidth() const override;
   Long ScreenHeight() const override;
   Date Today() const override;
@@ -16,7 +16,7 @@ class Desktop final : public host::Desktop {
   void Busy(bool busy) override;
   void ClipboardText(const String& text) override;
   String Dir(const String& pattern) const override;
-  /// Error 68 for what is no entry of the list of drives.
+  /// Error 68 if it is not an entry of the list of drives.
   bool DriveReady(const String& drive) const override;
 };
 

@@ -22,7 +22,7 @@ constexpr Long kAlreadyShown = 400;
 host::DialogPtr Dialog::make(const host::DialogDescription& description) {
   const std::shared_ptr<Dialog> dialog(new Dialog(description));
   dialog->build();
-  // The handle is apart from the window, which outlives it inside its modal loop.
+  // The handle is separate from the window, which outlives it inside its modal loop.
   return {dialog.get(), [dialog](host::Dialog*) { dialog->abandon(); }};
 }
 
@@ -40,7 +40,7 @@ Dialog::Dialog(const host::DialogDescription& description)
   };
 }
 
-/// Widgets may still signal while the window goes away.
+/// Widgets may still emit signals while the window is destroyed.
 Dialog::~Dialog() {
   gate_.close();
   window_.reset();
@@ -104,7 +104,7 @@ void Dialog::Height(Long twips) {
   window_->resize(window_->width(), height_.pixel);
 }
 
-// A window that has the application's own colour tells the system's name for it.
+// A window with the application's own colour returns the system's name for it.
 Colour Dialog::BackColor() const {
   const QColor back = window_->palette().color(QPalette::Window);
   return back == QGuiApplication::palette().color(QPalette::Window) ? host::colour::ButtonFace

@@ -9,8 +9,8 @@
 
 namespace tessaria::qt {
 
-/// The window is named as the dialog, and the widgets on it as the description names them, so
-/// that controls and programs find them. Showing it again while it is open is error 400.
+/// The window has the name of the dialog, and its widgets have the names of the description, so
+/// that controls and programs find them. Showing it again while it is open raises error 400.
 class Dialog final : public host::Dialog, public std::enable_shared_from_this<Dialog> {
  public:
   static host::DialogPtr make(const host::DialogDescription& description);
@@ -37,7 +37,7 @@ class Dialog final : public host::Dialog, public std::enable_shared_from_this<Di
     const host::WidgetDescription* description;
     std::unique_ptr<DialogItem> item;
   };
-  /// A number as it was assigned, for as long as the window stays at the pixel it came to.
+  /// A number as it was assigned, valid while the window stays at the pixel it was moved to.
   struct Kept {
     Long twips = 0;
     int pixel = 0;
@@ -51,7 +51,7 @@ class Dialog final : public host::Dialog, public std::enable_shared_from_this<Di
   void shown();
   DialogItem* itemOf(const QWidget* widget) const;
   host::DialogWidget& Widget(StringView name, Integer index) override;
-  /// The last handle is gone: no handler runs any more, and the window hides.
+  /// Called when the last handle is gone: no handler runs any more, and the window hides.
   void abandon();
 
   const host::DialogDescription& description_;

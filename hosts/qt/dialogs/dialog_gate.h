@@ -1,4 +1,4 @@
-// The way from Qt's signals into the handlers of a dialog.
+// Delivery of Qt's signals to the handlers of a dialog.
 #pragma once
 
 #include <QWidget>
@@ -14,8 +14,8 @@ void callSlot(const Slot& slot, Arguments&... arguments) {
   if (const Slot copy = slot) copy(arguments...);
 }
 
-/// Owned by a dialog; its widgets raise their events through it. Once closed it raises nothing:
-/// who filled the slots may be gone.
+/// Owned by a dialog; its widgets raise their events through it. Once closed, it raises no events:
+/// the owner of the slots may be gone.
 class DialogGate {
  public:
   explicit DialogGate(QWidget& window) : window_(&window) {}
@@ -23,7 +23,7 @@ class DialogGate {
   bool isOpen() const { return open_; }
   void close() { open_ = false; }
 
-  /// Runs an event at the boundary, and what `afterFailure` was told when the event fails.
+  /// Runs an event at the boundary, and the action set by `afterFailure` if the event fails.
   template <class Body>
   void enter(Body&& body) const {
     if (!open_ || guarded(window_, std::forward<Body>(body))) return;
@@ -33,7 +33,7 @@ class DialogGate {
   void raise(const Slot& slot, Arguments&... arguments) const {
     enter([&] { callSlot(slot, arguments...); });
   }
-  /// For the one widget whose contents an event may leave half done.
+  /// For the one widget whose contents a failing event may leave incomplete.
   void afterFailure(std::function<void()> repair) const { afterFailure_ = std::move(repair); }
 
  private:

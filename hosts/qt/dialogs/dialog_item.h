@@ -1,4 +1,4 @@
-// What every widget of a dialog has.
+// The common base of the widgets of a dialog.
 #pragma once
 
 #include <QWidget>
@@ -11,8 +11,8 @@
 
 namespace tessaria::qt {
 
-/// A widget as its dialog keeps it. The widget is the dialog window's child, and outlives nothing
-/// that is asked of it here.
+/// A widget as its dialog holds it. The widget is a child of the dialog's window, and must exist
+/// while any of these members is called.
 class DialogItem {
  public:
   DialogItem(QWidget& face, const DialogGate& gate) : face_(face), gate_(gate) {}
@@ -21,14 +21,14 @@ class DialogItem {
   virtual ~DialogItem() = default;
 
   virtual host::DialogWidget& port() = 0;
-  /// Keys that come while `focus`, the widget or a part of it, has the focus are not told here;
-  /// the dialog looks at them first all the same.
+  /// Keys that arrive while `focus`, the widget or a part of it, has the focus are not reported
+  /// here; the dialog still sees them first.
   virtual bool keepsKeysOf(const QWidget& /*focus*/) const { return false; }
-  /// The window is about to show.
+  /// Called before the window shows.
   virtual void aboutToShow() {}
 
   QWidget& face() const { return face_; }
-  /// What takes the focus: the widget or the part that stands for it.
+  /// What takes the focus: the widget, or the part of it that does so.
   QWidget& focusTarget() const {
     QWidget* target = &face_;
     while (target->focusProxy()) target = target->focusProxy();
@@ -38,8 +38,8 @@ class DialogItem {
  protected:
   const DialogGate& gate() const { return gate_; }
 
-  /// Numbers that were assigned. The window's layout decides where the widget is drawn, so that
-  /// nothing is clipped by another font or size.
+  /// The numbers that were assigned. The window's layout decides where the widget is drawn, so that
+  /// another font or size clips nothing.
   struct {
     std::optional<Long> left, top, width, height;
   } place_;

@@ -16,7 +16,7 @@
 namespace tessaria::qt {
 namespace {
 
-/// The place between `least` and `most`; `least` when there is no room.
+/// The position between `least` and `most`; `least` if there is no room.
 int within(int place, int least, int most) { return std::max(least, std::min(place, most)); }
 
 }  // namespace
@@ -35,13 +35,13 @@ void DialogWindow::run(const std::function<void()>& shown) {
   show();
   keepOnScreen(owner);  // its frame is known now
   shown();
-  wasLeft_ = false;  // what the window system tells of this show comes late
+  wasLeft_ = false;  // the window system reports this show late
   waitUntilHidden();
   if (owner) {
     owner->removeEventFilter(this);
     disconnect(owner, nullptr, this, nullptr);
   }
-  // Not every window system gives the focus back by itself.
+  // Not every window system returns the focus by itself.
   if (owner && owner->isVisible()) owner->activateWindow();
   running_ = false;
 }
@@ -68,7 +68,7 @@ void DialogWindow::waitUntilHidden() {
   hide();  // the program may be quitting
 }
 
-/// Over the middle of its owner unless it was placed, and wholly on the screen.
+/// Centres the window over its owner unless it was placed, and keeps it wholly on the screen.
 void DialogWindow::keepOnScreen(const QWidget* owner) {
   ensurePolished();
   if (layout()) resize(size().expandedTo(layout()->totalMinimumSize()));

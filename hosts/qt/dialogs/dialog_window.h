@@ -9,8 +9,8 @@ class QEventLoop;
 
 namespace tessaria::qt {
 
-/// No widget owns the window, so that it outlives the form that it opened over: when that is
-/// hidden or destroyed the window hides, and its loop returns.
+/// No widget owns the window, so that it outlives the form that it opened over: when the form is
+/// hidden or destroyed, the window hides and its loop returns.
 /// Enter presses the default button; Escape the one with the property "Cancel", or hides.
 class DialogWindow final : public QDialog {
   Q_OBJECT
@@ -20,14 +20,14 @@ class DialogWindow final : public QDialog {
 
   /// Shows the window over the active one, calls `shown`, and returns when it is hidden.
   void run(const std::function<void()>& shown);
-  /// Makes room for all that the widgets would like to show.
+  /// Widens the window to the size hint of its widgets.
   void widenToHint();
   bool isRunning() const { return running_; }
-  /// Asked when the operator closes the window by its frame: true when that is seen to.
+  /// Called when the operator closes the window by its frame: returns true if it has handled that.
   std::function<bool()> closeByFrame;
-  /// Told of each new size. Must not throw.
+  /// Called with each new size. Must not throw.
   std::function<void()> sizeChanged;
-  /// Told when the window is the active one again. Must not throw.
+  /// Called when the window becomes active again. Must not throw.
   std::function<void()> cameBack;
 
  protected:

@@ -8,8 +8,8 @@
 
 namespace tessaria::qt {
 
-/// An entry is the folder that a volume is mounted on; the box shows its label too. The box lists
-/// what is mounted when it is made, asked for a drive, and shown.
+/// An entry is the folder that a volume is mounted on; the box also shows its label. The box lists
+/// the mounted volumes when it is created, when it is asked for a drive, and when it shows.
 class DriveListItem final : public DialogItemOf<host::DriveList> {
  public:
   DriveListItem(QComboBox& box, const DialogGate& gate);
@@ -20,7 +20,7 @@ class DriveListItem final : public DialogItemOf<host::DriveList> {
   void aboutToShow() override { fill(listVolumes()); }
 
  private:
-  /// Keeps the entry that stands selected, for as long as it is there.
+  /// Keeps the selected entry while it exists.
   void fill(const QList<Volume>& volumes);
 
   QComboBox& box_;

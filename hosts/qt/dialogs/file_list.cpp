@@ -30,7 +30,7 @@ void FileNames::listHidden(Hidden hidden) {
   if (!kept.isEmpty() && !same.isEmpty()) setCurrentItem(same.first());
 }
 
-/// The file that has the focus only, without being selected, is not chosen.
+/// A file that has the focus without being selected is not chosen.
 QString FileNames::selected() const {
   const auto items = selectedItems();
   return items.isEmpty() ? QString() : items.first()->text();

@@ -25,7 +25,7 @@ class FileNames final : public QListWidget {
   QString selected() const;
 
  protected:
-  /// Whoever comes by the keyboard finds a file selected.
+  /// A file is selected when the list is entered by the keyboard.
   void focusInEvent(QFocusEvent* event) override;
 
  private:

@@ -58,8 +58,7 @@ QTreeWidgetItem* FolderTree::add(QTreeWidgetItem* parent, const QString& name) {
   return folder;
 }
 
-/// A folder that the path leads through is shown though it is hidden, or its parent refuses to be
-/// listed.
+/// A folder on the path is shown even if it is hidden or its parent cannot be listed.
 QTreeWidgetItem* FolderTree::child(QTreeWidgetItem* parent, const QString& name) {
   fill(parent);
   const QString path = below(pathOf(parent), name);
@@ -98,7 +97,7 @@ void FolderTree::reveal(const QString& path) {
 
 // --- The operator -------------------------------------------------------------------------------
 
-/// The refusal comes when the view is done with the click or key that made it.
+/// The refusal comes after the view has finished handling the click or key that caused it.
 void FolderTree::select(QTreeWidgetItem* folder) {
   if (showing_ || !folder || pathOf(folder) == path_) return;
   const QString wanted = pathOf(folder);

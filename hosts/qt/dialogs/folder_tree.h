@@ -8,24 +8,24 @@
 
 namespace tessaria::qt {
 
-/// The folder that stands selected is the one chosen. Folders are read as they are opened; those
-/// that cannot be read say so and cannot be selected.
+/// The selected folder is the one chosen. Folders are read when they are opened; those that cannot
+/// be read say so and cannot be selected.
 class FolderTree final : public QTreeWidget {
   Q_OBJECT
 
  public:
   explicit FolderTree(QWidget* parent);
 
-  /// Without a separator at its end, unless it is a root; empty before the first `open`.
+  /// Has no separator at its end unless it is a root; empty before the first `open`.
   const QString& path() const { return path_; }
-  /// Shows and selects a folder, whatever its place. Error 76 when it cannot be read.
+  /// Shows and selects a folder anywhere. Error 76 if it cannot be read.
   void open(const QString& path);
   void listHidden(Hidden hidden);
 
-  /// Told when the operator selects another folder. Must not throw.
+  /// Called when the operator selects another folder. Must not throw.
   std::function<void()> chosen;
-  /// Told when the operator selects one that cannot be read any more: the selection goes back. Must
-  /// not throw.
+  /// Called when the operator selects a folder that can no longer be read: the selection goes back.
+  /// Must not throw.
   std::function<void(const QString& path)> refused;
 
  private:

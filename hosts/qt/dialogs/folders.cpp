@@ -15,7 +15,7 @@ QDir::Filters withHidden(QDir::Filters filters, Hidden hidden) {
   return hidden == Hidden::Listed ? filters | QDir::Hidden : filters;
 }
 
-/// A pattern as Qt reads it, where "[" would begin a set of characters.
+/// The pattern for Qt, where an unescaped "[" would begin a set of characters.
 QString nameFilter(QString pattern) {
   if (pattern == QLatin1String("*.*")) return QStringLiteral("*");
   return pattern.replace(QLatin1Char('['), QLatin1String("[[]"));
@@ -57,7 +57,7 @@ QString firstFile(const QString& pattern) {
   const qsizetype end = pattern.lastIndexOf(QLatin1Char('/'));
   const QString folder = end < 0 ? QStringLiteral(".") : pattern.left(end + 1);
   const QString name = pattern.mid(end + 1);
-  // A name may hold what means something else in a pattern.
+  // A name may contain characters that are special in a pattern.
   if (!name.isEmpty() && QFileInfo(pattern).isFile()) return name;
   const auto hidden = name.startsWith(QLatin1Char('.')) ? Hidden::Listed : Hidden::Skipped;
   const QString filter = name.isEmpty() ? QStringLiteral("*") : nameFilter(name);

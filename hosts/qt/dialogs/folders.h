@@ -1,4 +1,4 @@
-// Folders and files of the system, as dialogs list them.
+// Folders and files of the file system, as dialogs list them.
 #pragma once
 
 #include <QString>
@@ -10,17 +10,17 @@ enum class Hidden { Skipped, Listed };
 
 /// Why a folder cannot be read, in a sentence for the operator; empty when it can.
 QString whyUnreadable(const QString& folder);
-/// The folder's path, with a separator behind only for a root. Error 76, with the reason, for
-/// one that cannot be read.
+/// The folder's path, with a trailing separator only for a root. Error 76, with the reason, if it
+/// cannot be read.
 QString requireFolder(const QString& path);
 
-/// Names of the folders right below, in order of name.
+/// The names of the folders directly below, ordered by name.
 QStringList foldersIn(const QString& folder, Hidden hidden);
-/// Names of the files that match one of the patterns, which semicolons divide, in order of name.
-/// "*.*" matches every name.
+/// The names of the files that match one of the patterns, ordered by name. Semicolons separate the
+/// patterns; "*.*" matches every name.
 QStringList filesIn(const QString& folder, const QString& patterns, Hidden hidden);
-/// The name of the first file that a path matches, in whose name "*" and "?" are wildcards; the
-/// file of exactly that name comes before all. Empty for none. Hidden files match only a pattern
+/// The name of the first file that matches a path, in whose name "*" and "?" are wildcards; a file
+/// with exactly that name comes first. Empty if there is none. Hidden files match only a pattern
 /// that begins with their dot.
 QString firstFile(const QString& pattern);
 

@@ -6,7 +6,7 @@
 namespace tessaria::qt {
 namespace {
 
-/// How a character outside the plane of single units reads in the Western codes.
+/// The Western code of a character outside the Basic Multilingual Plane.
 constexpr Integer kUnknownCharacter = u'?';
 
 bool isNavigation(const QKeyEvent& event) {
@@ -24,7 +24,7 @@ void KeyRelay::watchAll() {
   for (QWidget* widget : window_.findChildren<QWidget*>()) widget->installEventFilter(this);
 }
 
-/// A key that its widget leaves alone comes by again on its way up to the window.
+/// A key that its widget ignores comes here again when Qt propagates it to the window.
 bool KeyRelay::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return false;
   QWidget* focus = window_.focusWidget();

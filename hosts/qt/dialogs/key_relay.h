@@ -1,4 +1,4 @@
-// Keys of a dialog on their way to the widget that has the focus.
+// Passes the keys of a dialog to its handlers before the focused widget acts.
 #pragma once
 
 #include <QKeyEvent>
@@ -9,7 +9,7 @@
 
 namespace tessaria::qt {
 
-/// Shows each key to the window's handlers, then to the widget's, key-down first and then
+/// Passes each key to the window's handlers and then to the widget's, first key-down and then
 /// key-press for each character, before the widget acts. A key set to 0 goes no further, nor
 /// does one that hid the window.
 class KeyRelay final : public QObject {

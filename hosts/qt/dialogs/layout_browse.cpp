@@ -21,7 +21,7 @@ void layOutGridForm(QDialog& window) {
   auto* bar = part<DialogToolBar>(window, "barBrowse");
   bar->keysOf = &frmBrowse::TeclasDoMenu;
   bar->setMinimumWidth(bar->sizeHint().width());
-  // The result of a search is to be moved in at once.
+  // The operator can move through the result of a search at once.
   auto* grid = part(window, "grdBrowse");
   QObject::connect(&bar->button(), &QToolButton::clicked, grid, [grid] { grid->setFocus(); });
   QObject::connect(bar->button().menu(), &QMenu::triggered, grid, [grid] { grid->setFocus(); });
@@ -40,7 +40,7 @@ void layOutGridForm(QDialog& window) {
 
 namespace {
 
-/// What is searched for. A narrow window's title bar would cut it.
+/// Shows what is searched for, which the title bar of a narrow window would cut.
 QLabel* captionOf(QDialog& window, QWidget& edit) {
   auto* caption = new QLabel(&window);
   caption->setTextFormat(Qt::PlainText);

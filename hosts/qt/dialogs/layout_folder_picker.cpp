@@ -1,4 +1,4 @@
-// The picker of folders and files.
+// Layout of the folder and file picker.
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
@@ -25,7 +25,7 @@ QCheckBox* hiddenSwitch(QDialog& window, FolderTree* folders, FileNames* files) 
   return box;
 }
 
-/// The name of a list, whose mnemonic leads to it.
+/// The name of a list, whose mnemonic moves the focus to the list.
 QLabel* titleOf(QWidget* list) {
   auto* title = new QLabel(QLatin1Char('&') + list->accessibleName(), list->parentWidget());
   title->setBuddy(list);

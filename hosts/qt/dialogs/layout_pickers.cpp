@@ -1,4 +1,4 @@
-// Calculator and calendar.
+// Layout of the calculator and the calendar.
 #include <QCalendarWidget>
 #include <QGridLayout>
 #include <QLineEdit>
@@ -11,8 +11,8 @@
 namespace tessaria::qt {
 namespace {
 
-/// A key of the calculator, where it lies, and what a reader of the screen calls it when its
-/// caption is a sign.
+/// A key of the calculator, its position, and its name for screen readers if its caption is a
+/// sign.
 struct Key {
   const char* array;
   int index;
@@ -25,11 +25,11 @@ struct Key {
 constexpr char kDigits[] = "btnNumero";
 constexpr char kOperators[] = "btnOperador";
 constexpr int kColumns = 4;
-// Times the window's font.
+// Multiples of the window's font.
 constexpr double kKeySize = 1.3;
 constexpr double kDisplaySize = 1.8;
 
-/// Row by row: the order of tabs.
+/// Row by row, in tab order.
 constexpr Key kKeys[] = {
     {kOperators, 0, 1, 0, "Limpar"},
     {kOperators, 1, 1, 1, "Limpar entrada"},

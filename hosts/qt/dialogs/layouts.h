@@ -1,4 +1,4 @@
-// Where the widgets of each dialog lie: the one thing that its description leaves to the host.
+// The layout of each dialog's widgets, which its description leaves to the host.
 #pragma once
 
 #include <QDialog>
@@ -8,9 +8,9 @@
 
 namespace tessaria::qt {
 
-/// Lays out the widgets of the dialog of that name, which are the window's children, each under
-/// its own object name, and gives the window its first size. A dialog with no layout of its own
-/// has its widgets one below the other.
+/// Lays out the widgets of the dialog of that name, which are children of the window, each with its
+/// own object name, and sets the initial size of the window. A dialog without its own layout has
+/// its widgets one below the other.
 void layOut(QDialog& window, StringView name);
 
 /// One for each dialog.
@@ -20,7 +20,7 @@ void layOutFolderPicker(QDialog& window);
 void layOutGridForm(QDialog& window);
 void layOutSearchPrompt(QDialog& window);
 
-/// A widget by object name; of several with one name the one at `index`, in order of creation.
+/// A widget by object name; if several have that name, the one at `index`, in order of creation.
 template <class Widget = QWidget>
 Widget* part(const QDialog& window, const char* name, int index = 0) {
   return window.findChildren<Widget*>(QLatin1String(name)).at(index);
@@ -29,7 +29,7 @@ Widget* part(const QDialog& window, const char* name, int index = 0) {
 /// The row of the two buttons that end a dialog: the default one, and the one that Escape presses.
 QHBoxLayout* answerRow(QDialog& window, const char* yes, const char* no);
 
-/// Pixels of so many average characters, or lines, in the window's font.
+/// The pixels of that many average characters, or lines, in the window's font.
 int characters(const QWidget& window, int count);
 int lines(const QWidget& window, int count);
 

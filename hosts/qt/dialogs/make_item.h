@@ -1,4 +1,4 @@
-// From a widget's description to the widget.
+// Creates the widgets of a dialog from their descriptions.
 #pragma once
 
 #include <memory>
@@ -7,7 +7,7 @@
 
 namespace tessaria::qt {
 
-/// Makes the widget as the window's child, under its own name.
+/// Creates the widget as a child of the window, with its own name.
 std::unique_ptr<DialogItem> makeItem(const host::WidgetDescription& widget, QWidget& window,
                                      const DialogGate& gate);
 

@@ -11,8 +11,8 @@
 namespace tessaria::qt {
 namespace {
 
-/// Rows read at a time: half as many as there are, so that the end of a long table is reached
-/// in a few steps.
+/// The number of rows to read at a time: half as many as there are, so that a few steps reach the
+/// end of a long table.
 constexpr int kLeastRows = 1000;
 
 constexpr int kLeastCharacters = 6;
@@ -84,7 +84,7 @@ int RecordModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : int(columns_.size());
 }
 
-/// A value that the pattern does not fit shows as it is.
+/// A value that does not fit the pattern is shown without it.
 QString RecordModel::text(const QModelIndex& index) const {
   const Variant value = rows_->ValueAt(index.row() + 1, index.column());
   try {
@@ -106,7 +106,7 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
   try {
     return text(index);
   } catch (const HostError&) {
-    return {};  // gone since the view asked how many there are
+    return {};  // the row has gone since the view asked for the number of rows
   }
 }
 
@@ -133,14 +133,14 @@ std::exception_ptr RecordModel::readOn(int rows) {
   return failure;
 }
 
-/// Qt asks in the middle of its own work: a failure is only kept here, for its listener.
+/// Qt calls this during its own work: a failure is only kept, for the listener.
 void RecordModel::fetchMore(const QModelIndex& parent) {
   if (!canFetchMore(parent)) return;
   const auto failure = readOn(std::max(kLeastRows, shown_ / 2));
   if (failure && readingFailed) readingFailed(failure);
 }
 
-/// A record set whose reading has failed says so at once.
+/// A record set that already failed to read reports it at once.
 void RecordModel::noteFailure() {
   if (canFetchMore({})) readOn(1);
 }

@@ -1,4 +1,4 @@
-// Rows of a record set as a model of Qt's.
+// The rows of a record set as a Qt model.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -10,8 +10,8 @@
 
 namespace tessaria::qt {
 
-/// Shows the rows that were read; more are read as the view comes to their end. A reading that
-/// fails ends that: it is told once, and the rows count as incomplete from then on.
+/// Shows the rows that were read; more are read when the view reaches their end. A failed read
+/// ends that: it is reported once, and the rows count as incomplete from then on.
 class RecordModel final : public QAbstractTableModel {
   Q_OBJECT
 
@@ -19,13 +19,13 @@ class RecordModel final : public QAbstractTableModel {
   using QAbstractTableModel::QAbstractTableModel;
 
   const host::RecordsetPtr& rows() const { return rows_; }
-  /// Nothing empties the model. Columns take the names of the fields.
+  /// A null record set empties the model. Columns take the names of the fields.
   void setRows(host::RecordsetPtr rows);
-  /// Takes over what was read, or put in another order, since.
+  /// Updates the model after rows were read or reordered.
   void refresh();
-  /// Takes note of a reading that failed without this model.
+  /// Notes a read that failed outside this model.
   void noteFailure();
-  /// The rows are not all there are, and no more will come.
+  /// Whether rows are missing that will not be read any more.
   bool hasFailed() const { return failed_; }
 
   QString caption(int column) const { return columns_[std::size_t(column)].caption; }
@@ -42,7 +42,7 @@ class RecordModel final : public QAbstractTableModel {
   bool canFetchMore(const QModelIndex& parent) const override;
   void fetchMore(const QModelIndex& parent) override;
 
-  /// Told of a failure in the middle of the view's work. Must not throw.
+  /// Called with a failure during the view's work. Must not throw.
   std::function<void(const std::exception_ptr& failure)> readingFailed;
 
  private:

@@ -71,11 +71,11 @@ void FieldItem::Width(Long twips) {
 
 namespace {
 
-// What a date of the core can hold.
+// The range of dates of the core.
 constexpr int kFirstYear = 100;
 constexpr int kLastYear = 9999;
 
-/// What a reader of the screen calls the parts that show a drawing, or a number only.
+/// Names for screen readers of the parts that show only a drawing or a number.
 constexpr struct {
   const char* part;
   const char* name;
@@ -85,7 +85,7 @@ constexpr struct {
                   {"qt_calendar_yearbutton", "Ano"},
                   {"qt_calendar_yearedit", "Ano"}};
 
-/// Gives the days the focus when the editor of the year hides: Escape leaves it there.
+/// Moves the focus to the days when the year editor hides: Escape leaves it in the editor.
 class BackToDays final : public QObject {
  public:
   BackToDays(QWidget& editor, QCalendarWidget& calendar) : QObject(&calendar) {
@@ -102,7 +102,7 @@ class BackToDays final : public QObject {
   }
 };
 
-/// The same day of another month, or that month's last.
+/// The same day of another month, or the last day of that month.
 QDate dayIn(int year, int month, int day) {
   return QDate(year, month, std::min(day, QDate(year, month, 1).daysInMonth()));
 }
@@ -140,7 +140,7 @@ void CalendarItem::turnTo(int year, int month) {
   describeParts();
 }
 
-/// Their names hide what they show.
+/// A screen reader reads their names instead of what they show, so the descriptions repeat that.
 void CalendarItem::describeParts() {
   for (auto* part : calendar_.findChildren<QToolButton*>())
     part->setAccessibleDescription(part->text());

@@ -47,7 +47,7 @@ class DisplayItem final : public DialogItemOf<host::DialogDisplay> {
   QLineEdit& box_;
 };
 
-/// Its width is the one assigned, but never clips the font.
+/// Has the assigned width, but never clips the font.
 class FieldItem final : public DialogItemOf<host::DialogField> {
  public:
   FieldItem(TsText& surface, const DialogGate& gate, const QString& accessibleName);
@@ -55,7 +55,7 @@ class FieldItem final : public DialogItemOf<host::DialogField> {
   host::TsTextWidget& Control() override { return *control_; }
   using DialogItemOf::Width;
   void Width(Long twips) override;
-  /// The field tells them itself.
+  /// The field reports them itself.
   bool keepsKeysOf(const QWidget&) const override { return true; }
 
  private:
@@ -63,8 +63,9 @@ class FieldItem final : public DialogItemOf<host::DialogField> {
   std::shared_ptr<host::TsTextWidget> control_;
 };
 
-/// A month in Portuguese whose weeks begin on Sunday. Turning the page takes the selection along.
-/// Enter in the editor of the year takes the year and Escape drops it; both go back to the days.
+/// A month in Portuguese, with weeks that begin on Sunday. Changing the page moves the selection to
+/// the new month. Enter in the year editor accepts the year and Escape discards it; both return to
+/// the days.
 class CalendarItem final : public DialogItemOf<host::Calendar> {
  public:
   CalendarItem(QCalendarWidget& calendar, const DialogGate& gate);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr StringView kSeparator = u"-";
 
-/// A caption is no mnemonic: two captions may begin alike.
+/// A caption has no mnemonic: two captions may begin with the same letter.
 QString literal(StringView text) {
   return toQt(text).replace(QLatin1Char('&'), QLatin1String("&&"));
 }

@@ -11,7 +11,7 @@
 
 namespace tessaria::qt {
 
-/// A button that Enter presses, as the blank does, and whose menu the down arrow opens.
+/// A button that Enter presses like the space bar, and whose menu the down arrow opens.
 class MenuButton final : public QToolButton {
   Q_OBJECT
 
@@ -30,7 +30,7 @@ class DialogToolBar final : public QToolBar {
   explicit DialogToolBar(const QString& caption, const QString& toolTip, QWidget* parent);
 
   MenuButton& button() const { return *button_; }
-  /// Which keys choose an entry, by position from 1: shown in the menu.
+  /// The keys that choose an entry, by position from 1; shown in the menu.
   std::function<String(Long position)> keysOf;
 
  private:

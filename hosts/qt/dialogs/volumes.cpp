@@ -13,7 +13,7 @@
 namespace tessaria::qt {
 namespace {
 
-/// File systems that hold what the system itself needs.
+/// File systems that hold only what the system itself needs.
 constexpr const char* kOwnTypes[] = {"autofs", "devtmpfs", "efivarfs", "proc",
                                      "ramfs",  "squashfs", "sysfs",    "tmpfs"};
 
@@ -26,7 +26,7 @@ QList<Volume> mountedVolumes() {
   return volumes;
 }
 
-/// What a thread knows of volumes.
+/// The state of a thread's volumes.
 struct Known {
   VolumeSource source = mountedVolumes;
   QSet<QString> listed;  ///< the roots
@@ -45,7 +45,7 @@ bool liesIn(const QString& path, const QString& root) {
 
 bool isSystems(const Volume& volume) { return volume.root == QDir::rootPath(); }
 
-/// A container has single files mounted too.
+/// A container also mounts single files.
 bool isOfPeople(const Volume& volume) {
   if (isSystems(volume)) return true;
   if (!QFileInfo(volume.root).isDir() || liesIn(volume.root, QStringLiteral("/boot"))) return false;

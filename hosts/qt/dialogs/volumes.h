@@ -11,22 +11,22 @@ namespace tessaria::qt {
 struct Volume {
   QString root;                ///< the folder that it is mounted on
   QString label = {};          ///< what the operator calls it; may be empty
-  QByteArray fileSystem = {};  ///< the kind of its file system, as the system names it
+  QByteArray fileSystem = {};  ///< the type of its file system, as the system names it
   bool isReady = true;
 };
 
-/// Tells all that is mounted, what the system has for itself too.
+/// Returns all that is mounted, including what the system mounts for itself.
 using VolumeSource = std::function<QList<Volume>()>;
-/// Puts a source in the place of the thread's, and gives that one back; the first asks the system.
+/// Replaces the source of this thread and returns the former one; the initial one asks the system.
 VolumeSource exchangeVolumeSource(VolumeSource source);
 
-/// Those that hold files of people: disks, shares and sticks, the system's first. They are listed
-/// from then on.
+/// The volumes that hold users' files: disks, shares and sticks, the system's disk first. They
+/// count as listed from then on.
 QList<Volume> listVolumes();
-/// The root of the volume that a path lies on; empty when it lies on none of them.
+/// The root of the volume that a path is on; empty if it is on none of them.
 QString volumeOf(const QString& path, const QList<Volume>& volumes);
-/// Whether the volume of that root can be read; false for one that was listed and is gone. Error
-/// 68 for what is no volume.
+/// Whether the volume with that root can be read; false for one that was listed and is gone. Error
+/// 68 if it is not a volume.
 bool isReady(const QString& root);
 
 }  // namespace tessaria::qt

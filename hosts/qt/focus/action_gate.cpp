@@ -26,7 +26,7 @@ bool settlesField(const QObject& action) {
   return !wish.isValid() || wish.toBool();
 }
 
-/// The window that a menu, or whatever has the focus, belongs to.
+/// The window that a menu, or the widget with the focus, belongs to.
 QWidget* windowBehind(QWidget* widget) {
   while (widget && widget->window()->windowType() == Qt::Popup)
     widget = widget->window()->parentWidget();

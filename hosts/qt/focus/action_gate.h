@@ -1,4 +1,4 @@
-// Settles the field in focus before an action runs that takes no focus.
+// Settles the field in focus before running an action that does not take the focus.
 #pragma once
 
 #include <QWidget>
@@ -8,19 +8,19 @@
 
 namespace tessaria::qt {
 
-/// Sees the events of the application ahead of their receivers: shortcuts, picks from menus, and
-/// presses on buttons and other controls that take no focus by the mouse. A field that refuses, or
-/// whose value could not be taken, holds the action back.
+/// Sees the events of the application before their receivers: shortcuts, menu entries, and presses
+/// on buttons and other controls that do not take the focus when clicked. A field that refuses its
+/// text, or whose value could not be stored, prevents the action.
 ///
-/// An action, shortcut or button whose property "settlesField" is false runs as it is: the commands
-/// of a menu "Edit" work on what is selected in the field.
+/// An action, shortcut or button whose property "settlesField" is false runs without settling: the
+/// commands of a menu "Edit" work on the selection in the field.
 class ActionGate final {
  public:
-  /// Whether the event ends here.
+  /// Returns true if the event must not be delivered.
   bool holdsBack(QObject* receiver, QEvent* event);
-  /// A mouse press on a widget: whether it would run something while the focus stays where it is.
+  /// Whether a mouse press on a widget would run something without moving the focus.
   static bool runsWithoutFocus(const QWidget& widget);
-  /// Whether the wheel of the mouse would change the widget's value.
+  /// Whether the mouse wheel would change the widget's value.
   static bool turnsByWheel(const QWidget& widget);
 
  private:
@@ -29,11 +29,11 @@ class ActionGate final {
   bool holdsBackPick(QMenuBar& bar, const QEvent& event);
 
   MenuPicks picks_;
-  QPointer<QMenu> replaying_;  ///< triggers its entry in its own loop
+  QPointer<QMenu> replaying_;  ///< the menu that triggers its entry in its own loop
 };
 
 /// Settles the field of the window of `widget`, or of the window that its floating tool bar or dock
-/// belongs to. False when an action must not run.
+/// belongs to. Returns false if an action must not run.
 bool settleFor(QWidget& widget, const StandIn& standIn);
 
 }  // namespace tessaria::qt

@@ -1,4 +1,4 @@
-// Enter and Escape in an edit, on their way to the form's buttons.
+// Enter and Escape in an edit, which press buttons of the form.
 #pragma once
 
 #include <QAbstractButton>
@@ -6,18 +6,18 @@
 
 namespace tessaria::qt {
 
-/// Enter or Escape.
+/// Whether the key is Enter or Escape.
 bool isDialogKey(const QKeyEvent& event);
 
-/// Presses the default button (Enter) or the cancel button (Escape) of the edit's window: the
-/// one with the property "Cancel". The button takes the focus first, so that the field is
-/// settled, and is not pressed when the field takes the focus back. False when there is no such
-/// button: the key is then the window's own.
+/// Presses the default button (Enter) of the edit's window, or its cancel button (Escape), which
+/// has the property "Cancel". The button takes the focus first, so that the field is settled, and
+/// is not pressed if the field takes the focus back. Returns false if there is no such button: the
+/// window then handles the key.
 bool pressDialogButton(QWidget* edit, int key);
 
-/// Moves the focus to the button and settles the field that it leaves. False when the field
-/// refused its text, the focus did not stay there, or the button is gone. A button that takes no
-/// focus has the field settled in place.
+/// Moves the focus to the button and settles the field that it leaves. Returns false if the field
+/// refused its text, the focus did not stay on the button, or the button is gone. For a button that
+/// does not take the focus, the field is settled in place.
 bool takeFocusBeforePress(QAbstractButton* button);
 
 }  // namespace tessaria::qt

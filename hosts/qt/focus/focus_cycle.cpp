@@ -10,7 +10,7 @@
 namespace tessaria::qt {
 namespace {
 
-/// A menu bar that is worked by keys gives the focus back: it takes it from nobody.
+/// A menu bar that is operated by keys returns the focus: it does not take it from a field.
 QWidget* focusOf(const QWidget* window) {
   QWidget* focus = window->focusWidget();
   return qobject_cast<QMenuBar*>(focus) ? nullptr : focus;
@@ -68,9 +68,9 @@ bool FocusCycle::run() {
   return !unsettled_;
 }
 
-/// Leaves or enters one control. False when the control inside is the one with the focus. A
-/// control that takes the focus back while it is left is entered again, and the other one hears
-/// of nothing.
+/// Leaves or enters one control. Returns false if the entered control is the one with the focus. A
+/// control that takes the focus back while it is left is entered again, and the other one gets no
+/// event.
 bool FocusCycle::step() {
   QWidget* focus = focusOf(window());
   if (!focus) return false;
@@ -105,7 +105,7 @@ bool FocusCycle::settleField(const StandIn& standIn) {
   const QPointer<FocusCycle> self(this);
   if (!settlePending()) return false;
   if (!self || !hasFieldToSettle(standIn)) return true;
-  // With the focus on its own button a field does not check its text.
+  // A field does not check its text while its own button has the focus.
   inside_->widget().setFocus(Qt::OtherFocusReason);
   if (!self || !inside_) return true;
   running_ = true;

@@ -11,33 +11,33 @@
 
 namespace tessaria::qt {
 
-/// Follows the focus of one window. Leaving and entering controls is told when Qt's own work on
-/// the focus is done: the new control is then the form's active one. Popups, menus, dialogs and
-/// a window that loses activation are no moves, for the window's own focus stays where it was.
+/// Follows the focus of one window. Leaving and entering of controls is reported after Qt has moved
+/// the focus: the new control is then the form's active one. Popups, menus, dialogs and the loss of
+/// activation do not count as moves, because the window's own focus stays where it was.
 class FocusCycle final : public QObject {
   Q_OBJECT
 
  public:
-  /// The window's cycle, made when there is none.
+  /// The window's cycle, created on first use.
   static FocusCycle* of(QWidget* window);
   static FocusCycle* existing(const QWidget* window);
 
   /// The focus has moved inside the window.
   void focusMoved();
   bool hasPending() const { return queued_; }
-  /// Delivers what is queued now, with `standIn` as the active control when it is one. False when
-  /// a field that was left has refused its text, or its value could not be taken.
+  /// Delivers what is queued now, with `standIn` as the active control unless it is empty. Returns
+  /// false if a field that was left has refused its text, or its value could not be stored.
   bool settlePending(const StandIn& standIn = {});
-  /// Has the field that holds the focus checked and assigned as if it were left, and entered
-  /// again. A field that stands as it was entered is spared, unless it must not stay blank; so is
-  /// one whose `ObjetoCancelar` names the stand-in. False when the field refuses its text, or its
-  /// value could not be taken.
+  /// Checks and assigns the field that has the focus as if it were left, and enters it again. Skips
+  /// a field that is unchanged since it was entered, unless it must not stay blank, and one whose
+  /// `ObjetoCancelar` names the stand-in. Returns false if the field refuses its text, or its value
+  /// could not be stored.
   bool settleField(const StandIn& standIn = {});
-  /// Whether that would do anything now.
+  /// Whether settling would do anything now.
   bool wouldSettle(const StandIn& standIn = {}) const;
-  /// The control that holds the focus shows another row: enters it anew.
+  /// The control with the focus shows another row: enters it again.
   void enterAgain();
-  /// The window was hidden: nothing is inside any more, and no Exit is told.
+  /// The window was hidden: no control is entered any more, and no Exit is reported.
   void windowHidden();
 
  private:
@@ -48,11 +48,11 @@ class FocusCycle final : public QObject {
   bool hasFieldToSettle(const StandIn& standIn) const;
   QWidget* window() const { return static_cast<QWidget*>(parent()); }
 
-  ControlPointer<Surface> inside_;   ///< the control that was entered and not left yet
+  ControlPointer<Surface> inside_;   ///< the control that was entered and not yet left
   ControlPointer<FocusedEdit> box_;  ///< the edit that has the focus
   bool queued_ = false;
   bool running_ = false;
-  bool unsettled_ = false;  ///< a field that was left in the present run
+  bool unsettled_ = false;  ///< a field that was left in the present run was not settled
 };
 
 }  // namespace tessaria::qt

@@ -1,12 +1,12 @@
-// What the focus tells an edit.
+// The interface through which an edit is notified of focus changes.
 #pragma once
 
 class QWidget;
 
 namespace tessaria::qt {
 
-/// An edit that hears of the focus when Qt's own work on it is done. Implemented by a widget, which
-/// may be destroyed by what it is told.
+/// An edit that is notified of the focus after Qt has moved it. Implemented by a widget, which may
+/// be destroyed by the notification.
 class FocusedEdit {
  public:
   FocusedEdit() = default;
@@ -16,8 +16,8 @@ class FocusedEdit {
   virtual QWidget& widget() = 0;
   virtual void deliverGotFocus() = 0;
   virtual void deliverLostFocus() = 0;
-  /// A press of the mouse has entered the field: what was selected by that is selected after the
-  /// click too, unless the operator drags.
+  /// A mouse press has entered the field: keeps the selection made by entering after the click,
+  /// unless the operator drags.
   virtual void keepSelectionOverClick() = 0;
 
  protected:

@@ -19,7 +19,7 @@ bool hasMnemonic(const QAction& action, QChar letter) {
   return !mnemonic.isEmpty() && mnemonic[0].key() == Qt::Key(letter.toUpper().unicode());
 }
 
-/// The one entry with that letter; several only take turns at being selected.
+/// The only entry with that letter; if there are several, the key only selects them in turn.
 QAction* byMnemonic(const QList<QAction*>& actions, QChar letter) {
   QAction* found = nullptr;
   for (QAction* action : actions) {

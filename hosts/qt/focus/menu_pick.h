@@ -10,24 +10,25 @@
 
 namespace tessaria::qt {
 
-/// Sees the events of menus ahead of them. Triggering an entry is the last thing a menu does with
-/// an event, when its windows are closed; whoever wants to come between has to know it before.
+/// Sees the events of menus before the menus do. Triggering an entry is the last thing that a menu
+/// does with an event, after its windows are closed; code that must run before has to find out
+/// earlier.
 class MenuPicks final {
  public:
-  /// The entry that the event triggers; nullptr for none. Entries with a menu of their own open it.
+  /// The entry that the event triggers; nullptr for none. Entries with a submenu only open it.
   QAction* picked(QMenu& menu, const QEvent& event);
   static QAction* picked(QMenuBar& bar, const QEvent& event);
 
-  /// Whether the menu, which is open, runs a loop of its own that returns what was picked.
+  /// Whether the open menu runs a loop of its own that returns the chosen entry.
   bool runsLoop(const QMenu& menu) const;
   /// Closes all menus.
   static void close();
-  /// Triggers the entry in the loop of a menu that is closed.
+  /// Triggers the entry in the loop of a closed menu.
   static void triggerInLoop(QMenu& menu, QAction& action);
 
  private:
-  QPointer<QMenu> pressed_;         ///< saw the mouse go down
-  QHash<const QMenu*, int> level_;  ///< depth of event loops when the menu was shown
+  QPointer<QMenu> pressed_;         ///< the menu that received the mouse press
+  QHash<const QMenu*, int> level_;  ///< depth of event loops when each menu was shown
 };
 
 }  // namespace tessaria::qt

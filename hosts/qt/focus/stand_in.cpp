@@ -13,7 +13,7 @@
 namespace tessaria::qt {
 namespace {
 
-/// Has a name and a place on the form, and nothing else.
+/// A widget that has only a name and a place on the form.
 class ActionPort final : public host::Widget {
  public:
   ActionPort(const QString& name, QWidget& form) : name_(fromQt(name)), form_(&form) {}
@@ -41,7 +41,7 @@ class ActionPort final : public host::Widget {
   const QPointer<QWidget> form_;
 };
 
-/// The names that a program knows a button by: its action's ahead of its own.
+/// The names by which a program knows a button: that of its action, then its own.
 QStringList namesOf(const QWidget& widget) {
   QStringList names;
   const auto* tool = qobject_cast<const QToolButton*>(&widget);

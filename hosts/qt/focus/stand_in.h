@@ -1,4 +1,4 @@
-// What counts as the active control while a field is settled for an action.
+// The control that counts as active while a field is settled for an action.
 #pragma once
 
 #include <QStringList>
@@ -10,19 +10,19 @@ class QAction;
 
 namespace tessaria::qt {
 
-/// An action takes no focus, so that the field it finds is settled where it stands.
+/// An action does not take the focus, so the field in focus is settled in place.
 struct StandIn {
-  host::WidgetPtr control;  ///< nothing: the field itself stays the active control
-  QStringList names;        ///< a field whose `ObjetoCancelar` is one of them is left alone
+  host::WidgetPtr control;  ///< null: the field itself stays the active control
+  QStringList names;        ///< a field whose `ObjetoCancelar` is one of them is not settled
 };
 
-/// A command button of that name on the form, whatever it is in Qt.
+/// A command button of that name on the form, whatever its type in Qt.
 host::WidgetPtr makeActionPort(const QString& name, QWidget& form);
 
-/// An entry of a menu, or a shortcut: a command button of its object name.
+/// For a menu entry or a shortcut: a command button with its object name.
 StandIn standInOf(const QObject& action, QWidget& form);
-/// A widget that takes no focus by the mouse. A button counts as a command button; it may be named
-/// by its action too.
+/// For a widget that does not take the focus when clicked. A button counts as a command button; the
+/// name of its action counts too.
 StandIn standInOf(QWidget& widget);
 
 }  // namespace tessaria::qt

@@ -1,4 +1,4 @@
-// The control that counts as active in place of the widget in focus.
+// The control that counts as active in place of the widget with the focus.
 #pragma once
 
 #include <QWidget>
@@ -7,9 +7,9 @@
 
 namespace tessaria::qt {
 
-/// What counts as the active control of the window just now; nothing for the widget in focus.
+/// The control that counts as active in the window at present; null for the widget with the focus.
 host::WidgetPtr activeStandIn(const QWidget& window);
-/// Nothing gives the part back to the widget in focus.
+/// Null makes the widget with the focus the active control again.
 void setActiveStandIn(QWidget& window, const host::WidgetPtr& control);
 
 }  // namespace tessaria::qt

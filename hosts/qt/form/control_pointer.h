@@ -1,4 +1,4 @@
-// A pointer to what a widget implements, which forgets it when the widget is destroyed.
+// A pointer to an interface of a widget, which becomes null when the widget is destroyed.
 #pragma once
 
 #include <QPointer>
@@ -6,7 +6,7 @@
 
 namespace tessaria::qt {
 
-/// `Interface` tells its widget by `widget()`.
+/// `Interface` returns its widget by `widget()`.
 template <class Interface>
 class ControlPointer {
  public:

@@ -10,7 +10,8 @@ namespace {
 
 constexpr char kShown[] = "_tessaria_shown";
 
-/// Those on the form itself, in order of creation.
+/// The controls of a type on the form itself, without those of forms inside it, in order of
+/// creation.
 template <class Control>
 QList<Control*> ownControls(const QWidget* form) {
   QList<Control*> controls;

@@ -8,11 +8,11 @@
 
 namespace tessaria::qt {
 
-/// Tells every control of the form of its first show, those on hidden pages too: unbound
-/// controls first, then keys, then the rest, descriptions last, so that no control wipes what
-/// another one has filled. Data controls open their rows before. Does nothing at a second call.
+/// Notifies every control of the form of its first show, including those on hidden pages: unbound
+/// controls first, then keys, then the rest, and descriptions last, so that no control clears what
+/// another one has filled. Data controls open their rows before. A second call does nothing.
 void showFirst(QWidget* form);
-/// Whether the form had its first show.
+/// Whether the form has had its first show.
 bool wasShown(const QWidget* form);
 
 /// The fields of a form in that order.

@@ -27,7 +27,7 @@ class LabelPort final : public WidgetPort<host::Label, QLabel> {
     const QVariant kept = widget().property(kColour);
     return kept.isValid() ? kept.toUInt() : host::colour::MenuText;
   }
-  /// A literal colour that cannot be read on the theme's background is moved away from it.
+  /// A literal colour that is not readable on the theme's background is adjusted.
   void ForeColor(Colour colour) override {
     QLabel& label = widget();
     label.setProperty(kColour, colour);
@@ -81,8 +81,8 @@ class FormPort final : public WidgetPort<host::Form> {
     for (QWidget* control : controlsOf(&widget())) controls.push_back(makeWidget(*control));
     return controls;
   }
-  /// The window's own notion, which survives boxes and other windows. While a field is settled for
-  /// an action it is the action.
+  /// The window's own focus widget, which does not change while boxes and other windows are active.
+  /// While a field is settled for an action, it is the action.
   host::WidgetPtr ActiveControl() const override {
     const QWidget* window = widget().window();
     if (const auto standIn = activeStandIn(*window)) return standIn;

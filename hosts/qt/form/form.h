@@ -1,4 +1,4 @@
-// What all widgets have in common at the port.
+// The common implementation of the widget port.
 #pragma once
 
 #include <QPointer>
@@ -11,7 +11,7 @@
 
 namespace tessaria::qt {
 
-/// Implements `host::Widget` for any of its kinds. Every member raises 91 when the widget is
+/// Implements `host::Widget` for all kinds of widgets. Every member raises 91 if the widget is
 /// gone.
 template <class Port, class Qt = QWidget>
 class WidgetPort : public Port {

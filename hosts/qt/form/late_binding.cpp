@@ -31,13 +31,13 @@ void setColour(QWidget& widget, QPalette::ColorRole role, const Variant& value) 
   widget.setPalette(palette);
 }
 
-/// The widget that Tab stops at: inside a control that is made of several.
+/// The widget that Tab stops at, which may be inside a control that is made of several.
 template <class Widget>
 Widget& tabStopOf(Widget& widget) {
   return widget.focusProxy() ? *widget.focusProxy() : widget;
 }
 
-/// A name of the object model that Qt has no property of its own for.
+/// A name of the object model for which Qt has no property.
 struct ModelProperty {
   StringView name;
   Variant (*get)(const QWidget&);
@@ -54,7 +54,7 @@ const ModelProperty kModel[] = {
      [](QWidget& w, const Variant& v) { w.resize(pixelsX(CLng(v), w), w.height()); }},
     {u"Height", [](const QWidget& w) { return Variant(heightOf(w)); },
      [](QWidget& w, const Variant& v) { w.resize(w.width(), pixelsY(CLng(v), w)); }},
-    // The widget's own flags, whatever is around it.
+    // The widget's own flags, regardless of its ancestors.
     {u"Visible", [](const QWidget& w) { return Variant(!w.isHidden()); },
      [](QWidget& w, const Variant& v) { w.setVisible(CBool(v)); }},
     {u"Enabled", [](const QWidget& w) { return Variant(!w.testAttribute(Qt::WA_ForceDisabled)); },
@@ -70,7 +70,8 @@ const ModelProperty kModel[] = {
      [](QWidget& w, const Variant& v) { setColour(w, w.backgroundRole(), v); }},
 };
 
-/// A check box holds 0, 1, or 2 when it is partially checked; an option button a Boolean.
+/// The value of a check box is 0, 1, or 2 if it is partially checked; that of an option button is a
+/// Boolean.
 constexpr Qt::CheckState kCheckStates[] = {Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked};
 
 Variant checkOf(const QCheckBox& box) {
@@ -78,22 +79,22 @@ Variant checkOf(const QCheckBox& box) {
   return static_cast<Integer>(state - std::begin(kCheckStates));
 }
 
-/// True is a check mark too.
+/// True also checks the box.
 void setCheck(QCheckBox& box, const Variant& value) {
   const Long state = value.TryGet<bool>() ? Long{CBool(value)} : CLng(value);
   if (state < 0 || state >= Long{std::size(kCheckStates)}) throw HostError(errors::InvalidArgument);
   box.setCheckState(kCheckStates[state]);
 }
 
-/// The check box whose own state a name stands for.
+/// The check box, if the name stands for its state.
 template <class Widget>
 auto* checkBoxFor(Widget& widget, StringView name) {
   using Box = std::conditional_t<std::is_const_v<Widget>, const QCheckBox, QCheckBox>;
   return EqualNoCase(name, u"Value") ? qobject_cast<Box*>(&widget) : nullptr;
 }
 
-/// Names of the object model for properties that Qt calls otherwise; the first that the widget
-/// has counts.
+/// Names of the object model for properties with another name in Qt; the first one that the widget
+/// has is used.
 struct Alias {
   StringView name;
   const char* qtName;
@@ -112,7 +113,7 @@ const ModelProperty* findModel(StringView name) {
   return nullptr;
 }
 
-/// Qt's own spelling of a property; empty when the widget has none of that name.
+/// Qt's spelling of a property name; empty if the widget has no such property.
 QByteArray findQtName(const QWidget& widget, StringView name) {
   const QMetaObject& meta = *widget.metaObject();
   const QByteArray wanted = toQt(name).toUtf8();

@@ -1,4 +1,4 @@
-// Properties of widgets by name, as late-bound programs reach them.
+// Properties of widgets by name, for late-bound programs.
 #pragma once
 
 #include <QWidget>
@@ -7,10 +7,10 @@
 
 namespace tessaria::qt {
 
-/// Names without regard to case: those of the object model first (Caption, Text, Visible,
-/// ForeColor, ...), then those of Qt, dynamic ones included. A control of ours answers with its
-/// own properties ahead of both. Error 438 for a name that the widget does not have, 394 for one
-/// that can only be written.
+/// Names are not case-sensitive: those of the object model come first (Caption, Text, Visible,
+/// ForeColor, ...), then those of Qt, including dynamic ones. For a control of this library, its
+/// own properties come before both. Errors: 438 if the widget does not have the property, 394 if
+/// it can only be written.
 Variant getLate(const QWidget& widget, const String& property);
 /// Errors: 438 no such property, 13 a value that it cannot take, 383 read-only.
 void letLate(QWidget& widget, const String& property, const Variant& value);

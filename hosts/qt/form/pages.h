@@ -1,14 +1,14 @@
-// What lies on the pages of a window, and the walk with Tab from one page to the next.
+// The controls on the pages of a window, and Tab from one page to the next.
 #pragma once
 
 #include <QWidget>
 
 namespace tessaria::qt {
 
-/// Whether nothing but pages that are not in front hides the widget.
+/// Whether the widget is hidden only by pages that are not in front.
 bool isReachable(const QWidget* widget);
-/// Moves the focus on to a control of a page that is not in front, when that is the next in the
-/// order of tabs. False when the next one is elsewhere.
+/// Moves the focus to the next control in the tab order if it is on a page that is not in front.
+/// Returns false if it is elsewhere.
 bool focusNextPage(QWidget* window, bool next);
 
 }  // namespace tessaria::qt

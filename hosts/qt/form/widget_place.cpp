@@ -26,7 +26,7 @@ struct TypeRow {
   const char16_t* name;
 };
 
-/// The first that matches.
+/// The first match counts.
 constexpr TypeRow kTypes[] = {
     {[](const QWidget& w) { return isForm(&w); }, u"Form"},
     {is<QLabel>, u"Label"},
@@ -60,7 +60,7 @@ QWidget* containerOf(const QWidget& widget) {
 
 namespace {
 
-/// In the container; a form's own place is the one on the screen.
+/// The position in the container; for a form, the one on the screen.
 QPoint placeOf(const QWidget& widget) {
   if (widget.isWindow()) return widget.pos();
   if (QWidget* container = containerOf(widget)) return widget.mapTo(container, QPoint());

@@ -1,4 +1,4 @@
-// How a widget is called and where it lies, as its form sees it.
+// The name and the position of a widget, as its form sees them.
 #pragma once
 
 #include <QWidget>
@@ -12,8 +12,8 @@ String typeNameOf(const QWidget& widget);
 Long leftOf(const QWidget& widget);
 Long topOf(const QWidget& widget);
 Long heightOf(const QWidget& widget);
-/// The page, frame or form around the widget, past the parts that Qt puts between; nullptr for a
-/// form.
+/// The page, frame or form around the widget, without the widgets that Qt inserts between them;
+/// nullptr for a form.
 QWidget* containerOf(const QWidget& widget);
 
 }  // namespace tessaria::qt

@@ -19,7 +19,7 @@ bool isAnyOf(const QWidget* widget) {
   return (qobject_cast<const Classes*>(widget) || ...);
 }
 
-/// A control whose children are its own affair.
+/// A control whose children are not controls themselves.
 bool isClosed(const QWidget* widget) {
   return dynamic_cast<const FormControl*>(widget) ||
          isAnyOf<QAbstractItemView, QAbstractSpinBox, QCalendarWidget, QComboBox, QLineEdit,

@@ -1,4 +1,4 @@
-// Where a widget lies: its control and its form.
+// The control and the form that a widget belongs to.
 #pragma once
 
 #include <QWidget>
@@ -7,20 +7,20 @@
 
 namespace tessaria::qt {
 
-/// The field that the widget is, or lies inside of; nullptr for none.
+/// The field that the widget is or is inside of; nullptr for none.
 Surface* surfaceOf(QWidget* widget);
 
-/// A window, or a widget with the property "dbForm".
+/// Whether the widget is a window or has the property "dbForm".
 bool isForm(const QWidget* widget);
 /// The nearest form around a widget, or the widget itself when it is a window.
 QWidget* formOf(QWidget* widget);
 
-/// Whether a program knows the widget as a control: it has a name of its own and is no part of
+/// Whether a program knows the widget as a control: it has its own name and is not a part of
 /// another control.
 bool isControl(const QWidget* widget);
-/// The control that the widget is or is a part of; the form at last.
+/// The control that the widget is or is a part of; otherwise the form.
 QWidget* controlOf(QWidget* widget);
-/// All controls of a form in order of creation; those of forms inside it are not among them.
+/// All controls of a form in order of creation, except those of forms inside it.
 QList<QWidget*> controlsOf(const QWidget* form);
 
 }  // namespace tessaria::qt

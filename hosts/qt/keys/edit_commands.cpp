@@ -16,7 +16,7 @@ constexpr Keys kKeys[] = {
     {QKeySequence::SelectAll, EditCommand::SelectAll}, {QKeySequence::Redo, EditCommand::Redo},
 };
 
-/// Not the platform's own everywhere.
+/// Not a standard key on every platform.
 bool isControlY(const QKeyEvent& event) {
   return event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier;
 }
@@ -27,7 +27,7 @@ EditCommand commandOf(const QKeyEvent& event) {
   if (!comforts().ClipboardKeys) return EditCommand::None;
   if (isControlY(event)) return EditCommand::Redo;
   for (const Keys& keys : kKeys)
-    // Not const in Qt, and changes nothing.
+    // Not const in Qt, but changes nothing.
     if (const_cast<QKeyEvent&>(event).matches(keys.standard)) return keys.command;
   return EditCommand::None;
 }

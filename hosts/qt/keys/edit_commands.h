@@ -1,4 +1,4 @@
-// The keys of the clipboard and of undo in a masked edit.
+// The keys for the clipboard and for undo in a masked edit.
 #pragma once
 
 #include <QKeyEvent>

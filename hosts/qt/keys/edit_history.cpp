@@ -3,7 +3,7 @@
 namespace tessaria::qt {
 namespace {
 
-/// Edits of one stay in a field.
+/// The limit of edits kept while the field has the focus.
 constexpr std::size_t kMostStates = 1000;
 
 }  // namespace

@@ -1,4 +1,4 @@
-// What a masked edit was before each change of the operator, for undo and redo.
+// The states of a masked edit before each change of the operator, for undo and redo.
 #pragma once
 
 #include <QString>
@@ -8,27 +8,27 @@
 
 namespace tessaria::qt {
 
-/// All that an edit takes back at once.
+/// The state that one undo restores.
 struct EditState {
   QString text;
   int selStart = 0;
   int selLength = 0;
-  Typing typing;  ///< what stands behind the box
+  Typing typing;  ///< the typed text behind the box
 
   bool hasTextOf(const EditState& other) const {
     return text == other.text && typing.Texto == other.typing.Texto;
   }
 };
 
-/// States in both directions. A new change ends what could be done again.
+/// The states for undo and redo. A new change discards the states for redo.
 class EditHistory {
  public:
   void clear() { before_.clear(), after_.clear(); }
-  /// The operator has changed the edit, which was `before`.
+  /// Notes that the operator has changed the edit; `before` is its former state.
   void changed(const EditState& before);
   bool canUndo() const { return !before_.empty(); }
   bool canRedo() const { return !after_.empty(); }
-  /// The state to go to from `now`.
+  /// The state to restore, which replaces `now`.
   EditState undo(const EditState& now) { return step(before_, after_, now); }
   EditState redo(const EditState& now) { return step(after_, before_, now); }
 

@@ -17,7 +17,7 @@
 namespace tessaria::qt {
 namespace {
 
-/// What a character gives as its code when it has none.
+/// The code of a character that has none.
 constexpr Integer kOutsideTheWesternCodes = u'?';
 
 bool isNavigation(const QKeyEvent& event) {
@@ -28,8 +28,8 @@ bool isText(const QString& typed) {
   return !typed.isEmpty() && typed.front() >= QLatin1Char(' ') && typed.front() != QChar(127);
 }
 
-/// Tells a key from all others, whatever the modifiers make of it. An event that no keyboard has
-/// sent knows its code alone.
+/// Identifies a key, regardless of the modifiers. An event that does not come from a keyboard has
+/// only its code.
 quint64 keyOf(const QKeyEvent& event, Integer code) {
   constexpr quint64 kByScanCode = quint64{1} << 32;
   const quint32 scanCode = event.nativeScanCode();
@@ -47,7 +47,7 @@ bool bypassesMask(const QKeyEvent& event) {
                                                         QKeySequence::DeleteEndOfLine,
                                                         QKeySequence::DeleteCompleteLine};
   return std::any_of(std::begin(kKeys), std::end(kKeys), [&](auto key) {
-    return const_cast<QKeyEvent&>(event).matches(key);  // not const in Qt, changes nothing
+    return const_cast<QKeyEvent&>(event).matches(key);  // not const in Qt, but changes nothing
   });
 }
 
@@ -62,7 +62,6 @@ LineEdit::LineEdit(QWidget* parent) : QLineEdit(parent) {
 MaskInUse LineEdit::maskInUse() const { return events_ ? events_->maskInUse() : MaskInUse{}; }
 
 // --- Text and selection
-// ---------------------------------------------------------------------------
 
 void LineEdit::assignText(const QString& text) {
   const Work work(this, By::Handlers);
@@ -104,21 +103,20 @@ void LineEdit::setSelLength(int length) {
   if (const int fitting = std::clamp(length, 0, room); fitting > 0) setSelection(start, fitting);
 }
 
-/// As much of what the operator puts in place of the selection as there is room for. Qt's own limit
-/// is none: it would cut texts that a program assigns.
+/// The part of the operator's text that has room in place of the selection. Qt's own limit is not
+/// used: it would cut texts that a program assigns.
 QString LineEdit::fitting(const QString& text) const {
   const auto room = std::max<qsizetype>(0, limit_ - (this->text().size() - selLength()));
   if (limit_ == 0 || text.size() <= room) return text;
   return toQt(LeftWhole(fromQt(text), Long(room)));
 }
 
-/// The selection stays when nothing fits in its place.
+/// Keeps the selection if nothing fits in its place.
 void LineEdit::insertFitting(const QString& text) {
   if (const QString part = fitting(text); !part.isEmpty()) insert(part);
 }
 
 // --- Changes
-// --------------------------------------------------------------------------------------
 
 /// The operator changed the text by Qt's own means.
 void LineEdit::edited() {
@@ -127,8 +125,8 @@ void LineEdit::edited() {
   flush();
 }
 
-/// Only the handlers' way leads into a masked text: anything else is taken back. What an assistive
-/// technology writes into a plain text is text without a key, as long as it has room.
+/// A masked text is changed only through the handlers: any other change is undone. What an
+/// assistive technology writes into a plain text is text without a key, if there is room for it.
 bool LineEdit::takesBackForeignText() {
   const bool trusted = std::exchange(trusted_, false);
   if (trusted || text() == known_) return false;
@@ -164,7 +162,6 @@ void LineEdit::reportTextWithoutKey() {
 }
 
 // --- Keys
-// -----------------------------------------------------------------------------------------
 
 bool LineEdit::event(QEvent* event) {
   const Step step(this);
@@ -199,7 +196,8 @@ void LineEdit::handleKeyPress(QKeyEvent* event) {
   const QPointer<LineEdit> self(this);
   const quint64 key = keyOf(*event, virtualKey(*event));
   const bool isHeld = event->isAutoRepeat() && held_.contains(key);
-  // Held down since a dialog that it closed, say: the form's buttons are none of its business.
+  // The key may be held since it closed a dialog, for example: it must not press the form's
+  // buttons.
   if (event->isAutoRepeat() && isDialogKey(*event) && !isHeld) return event->accept();
   const Integer code = isHeld ? held_.value(key) : virtualKey(*event);
   held_.insert(key, code);
@@ -226,14 +224,14 @@ void LineEdit::pressCharacters(QKeyEvent* event, const QStringList& units) {
     if (!self) return event->accept();
     takenBySurface = fate == KeyFate::TakenBySurface;
     if (fate != KeyFate::LeftAlone) continue;
-    const Work work(this, By::Handlers);  // told at its end: that may destroy the edit
+    const Work work(this, By::Handlers);  // reports at its end, which may destroy the edit
     if (typed == unit && units.size() == 1 && (!isText(typed) || hasRoomFor(typed)))
       act(event);
     else
       insertTyped(typed);
   }
   if (!self) return event->accept();
-  // The form's default and cancel buttons hear of these keys whatever the filter says.
+  // These keys press the form's default and cancel buttons whatever the filter does.
   if (isDialogKey(*event) && !takenBySurface)
     event->setAccepted(pressDialogButton(this, event->key()));
   else
@@ -246,7 +244,7 @@ void LineEdit::editCommand(QKeyEvent* event) {
   act(event);
 }
 
-/// Qt's own work on a key, but for a paste: Qt would not bound it.
+/// Lets Qt handle the key, except for a paste, which Qt would not limit.
 void LineEdit::act(QKeyEvent* event) {
   if (!event->matches(QKeySequence::Paste)) return QLineEdit::keyPressEvent(event);
   const bool selection = event->key() == Qt::Key_Insert &&
@@ -261,14 +259,14 @@ void LineEdit::handleKeyRelease(QKeyEvent* event) {
   const Integer ownCode = virtualKey(*event);
   const auto pressed = held_.constFind(keyOf(*event, ownCode));
   const bool inBox = pressed != held_.cend();
-  // The modifiers may have gone since the press.
+  // The modifiers may have been released since the press.
   const Integer code = inBox ? *pressed : ownCode;
   if (inBox) held_.erase(pressed);
   const PressedIn where = inBox ? PressedIn::Box : PressedIn::Elsewhere;
   if (events_) events_->keyUp(code, shiftState(event->modifiers()), where);
 }
 
-/// Asks the handlers; `typed` is what the character has become.
+/// Calls the handlers; `typed` receives the character as they have changed it.
 KeyFate LineEdit::askKeyPress(const QString& unit, QString& typed) {
   typed = unit;
   if (!events_) return KeyFate::LeftAlone;
@@ -322,7 +320,6 @@ bool LineEdit::typeDelete() {
 }
 
 // --- Input methods
-// --------------------------------------------------------------------------------
 
 void LineEdit::handleInputMethod(QInputMethodEvent* event) {
   const QPointer<LineEdit> self(this);
@@ -330,7 +327,7 @@ void LineEdit::handleInputMethod(QInputMethodEvent* event) {
   const QString commit = event->commitString();
   event->accept();
   if (commit.isEmpty()) {
-    // A pre-edit would take the selection out of a mask's slots.
+    // A pre-edit would remove the selection from a mask's slots.
     if (!masked) {
       const Work work(this, By::Handlers);
       QLineEdit::inputMethodEvent(event);
@@ -358,7 +355,6 @@ void LineEdit::handleInputMethod(QInputMethodEvent* event) {
 }
 
 // --- Focus
-// ----------------------------------------------------------------------------------------
 
 void LineEdit::focusInEvent(QFocusEvent* event) {
   // Qt selects the whole text for these reasons; here only the control selects.

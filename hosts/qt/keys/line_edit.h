@@ -19,10 +19,10 @@ class QInputMethodEvent;
 
 namespace tessaria::qt {
 
-/// Where a key ended.
+/// The outcome of a key.
 enum class KeyFate { LeftAlone, TakenBySurface, TakenByBox };
 
-/// The mask that the edit works under; empty for none.
+/// The mask of the edit; empty for none.
 struct MaskInUse {
   String mask;
   String items;
@@ -30,35 +30,35 @@ struct MaskInUse {
   bool isEmpty() const { return mask.empty(); }
 };
 
-/// How far a key goes.
+/// Which handlers a key reaches.
 enum class KeyReach { Box, SurfaceOnly };
 
-/// Who got the press of a key that is released.
+/// Who received the press of a key that is released.
 enum class PressedIn { Box, Elsewhere };
 
-/// What an edit tells the outside. Any of them may destroy the edit.
+/// The events of an edit. Any of them may destroy the edit.
 class EditEvents {
  public:
   virtual ~EditEvents() = default;
   virtual void changed() = 0;
-  /// The operator has put in the very text that the edit held.
+  /// The operator has entered the same text that the edit held.
   virtual void sameText() = 0;
   virtual KeyFate keyDown(Integer code, Integer shift, KeyReach reach) = 0;
-  /// `code` may come back changed.
+  /// May change `code`.
   virtual KeyFate keyPress(Integer& code) = 0;
   virtual void keyUp(Integer code, Integer shift, PressedIn where) = 0;
   virtual void gotFocus() = 0;
   virtual void lostFocus() = 0;
   virtual MaskInUse maskInUse() const = 0;
-  /// What stands behind the box: the typed text, which a password hides, and whether it counts.
-  /// Restoring it may write the box too.
+  /// What is behind the box: the typed text, which a password hides, and whether it counts as
+  /// typed. Restoring it may also write the box.
   virtual Typing typing() const = 0;
   virtual void restoreTyping(const Typing& typing) = 0;
 };
 
 /// Order of a key: key-down, key-press per character, edit, change, key-up; the handlers are
-/// asked before the edit acts. Releases made by auto-repeat are none. Changes are told after Qt's
-/// own work on the event is done, so that a handler may destroy the edit.
+/// called before the edit acts. Releases made by auto-repeat are ignored. Changes are reported
+/// after Qt has finished handling the event, so that a handler may destroy the edit.
 class LineEdit final : public QLineEdit, public FocusedEdit {
   Q_OBJECT
 
@@ -69,30 +69,30 @@ class LineEdit final : public QLineEdit, public FocusedEdit {
   void setEvents(EditEvents* events) { events_ = events; }
   MaskInUse maskInUse() const;
 
-  /// Assigns the text whole: caret at 0, nothing selected.
+  /// Assigns the text without any limit: caret at 0, nothing selected.
   void assignText(const QString& text);
-  /// Replaces the selection by the whole text; the caret ends behind it.
+  /// Replaces the selection by the text without any limit; the caret is then after it.
   void replaceSelection(const QString& text);
-  /// The selection stands while the focus is elsewhere, though it is not shown.
+  /// The selection is kept while the focus is elsewhere, though it is not shown.
   int selStart() const;
   int selLength() const;
   QString selText() const { return text().mid(selStart(), selLength()); }
   void setSelStart(int position);
   void setSelLength(int length);
-  /// Most characters that the operator may bring the text to; 0 is no limit.
+  /// The maximum length in characters that the operator can make the text; 0 is no limit.
   int limit() const { return limit_; }
   void setLimit(int characters) { limit_ = std::max(characters, 0); }
 
-  /// Sends a character the way of a typed one, key-press and edit. False when the edit is gone.
+  /// Sends a character as if typed: key-press and edit. Returns false if the edit is gone.
   bool typeCharacter(const QString& unit);
-  /// The same, without the edit of the box itself when no handler took the character.
+  /// The same, but does not edit the box if no handler has taken the character.
   bool offerCharacter(const QString& unit);
-  /// Sends Delete as the key does. False when the edit is gone.
+  /// Does what the Delete key does. Returns false if the edit is gone.
   bool typeDelete();
-  /// Runs `body`; what it changes is told once, at the end. When it returns false all is taken
-  /// back, and so is the result.
+  /// Runs `body` and returns its result; its changes are reported once, at the end. If it returns
+  /// false, all of them are undone.
   bool attempt(const std::function<bool()>& body);
-  /// One key-up of code 0: text came without a key.
+  /// Raises one key-up of code 0, for text that came without a key.
   void reportTextWithoutKey();
 
   QWidget& widget() override { return *this; }
@@ -103,7 +103,7 @@ class LineEdit final : public QLineEdit, public FocusedEdit {
   bool hasUndo() const;
   bool hasRedo() const;
 
- public slots:  // NOLINT: Qt's own names, so that callers by name come here
+ public slots:  // NOLINT: the names of Qt, so that calls by name come here
   void paste();
   void cut();
   void undo();
@@ -118,8 +118,8 @@ class LineEdit final : public QLineEdit, public FocusedEdit {
 
  private:
   enum class By { Handlers, Qt };  ///< who changes the text
-  class Work;                      ///< a stretch in which changes are kept back
-  class Step;                      ///< what one undo takes back
+  class Work;                      ///< a scope in which changes are held back
+  class Step;                      ///< a scope that one undo reverts
 
   void handleKeyPress(QKeyEvent* event);
   void handleKeyRelease(QKeyEvent* event);
@@ -148,27 +148,27 @@ class LineEdit final : public QLineEdit, public FocusedEdit {
 
   EditEvents* events_ = nullptr;
   QHash<quint64, Integer> held_;  ///< codes of the keys whose release is awaited, by `keyOf`
-  QString known_;                 ///< the text as last told
+  QString known_;                 ///< the text as last reported
   int limit_ = 0;
   int working_ = 0;       ///< depth of `Work`
   int typing_ = 0;        ///< depth of `Work` whose text went through the handlers
-  bool trusted_ = false;  ///< the text not told yet came that way
-  bool edited_ = false;   ///< the operator did something to it
+  bool trusted_ = false;  ///< the text that is not yet reported came through the handlers
+  bool edited_ = false;   ///< the operator has edited it
   bool withoutKey_ = false;
   bool byKey_ = false;  ///< a key has its own key-up
   EditHistory history_;
   int steps_ = 0;                ///< depth of `Step`
-  bool stepsInHistory_ = false;  ///< the present one moves in the history
+  bool stepsInHistory_ = false;  ///< the present step moves in the history
 
   struct Selection {
     int start = 0;
     int length = 0;
   };
-  std::optional<Selection> hidden_;   ///< stands without the focus
-  std::optional<Selection> entered_;  ///< to come back when the mouse is released
+  std::optional<Selection> hidden_;   ///< the selection without the focus
+  std::optional<Selection> entered_;  ///< to be restored when the mouse is released
 };
 
-/// What changes meanwhile is told at the end of the outermost one.
+/// Changes made meanwhile are reported at the end of the outermost one.
 class LineEdit::Work {
  public:
   Work(LineEdit* edit, By by) : edit_(edit), byHandlers_(by == By::Handlers) {
@@ -192,7 +192,7 @@ class LineEdit::Work {
   const bool byHandlers_;
 };
 
-/// The outermost one counts.
+/// Only the outermost one counts.
 class LineEdit::Step {
  public:
   explicit Step(LineEdit* edit) : edit_(edit) {

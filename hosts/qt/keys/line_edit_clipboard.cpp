@@ -25,8 +25,8 @@ void addEntry(QMenu& menu, const QString& text, bool enabled, LineEdit* edit,
   QObject::connect(entry, &QAction::triggered, edit, [edit, action] { action(*edit); });
 }
 
-/// The menu of an edit that Qt's own would lead past the rules: what they can answer for, undo only
-/// where it is kept.
+/// The context menu of an edit for which Qt's own would bypass the rules. It offers undo only where
+/// a history is kept.
 QMenu* ownMenu(LineEdit* edit) {
   auto* menu = new QMenu(edit);
   menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -69,7 +69,7 @@ bool LineEdit::hasRedo() const {
 
 void LineEdit::paste() { pasteFrom(QClipboard::Clipboard); }
 
-/// In a plain text, what fits is Qt's own paste.
+/// Pastes what fits into a plain text as Qt does.
 void LineEdit::pasteFrom(QClipboard::Mode mode) {
   const Step step(this);
   const QString text = QApplication::clipboard()->text(mode);
@@ -94,8 +94,9 @@ void LineEdit::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
 }
 
-/// A drop goes where the mouse is, and the focus with it: a field that is never entered is never
-/// left, and its text would be neither checked nor assigned. False when the focus did not come.
+/// A drop goes where the mouse is, and takes the focus there: a field that is never entered is
+/// never left, and its text would be neither checked nor assigned. Returns false if the field did
+/// not get the focus.
 bool LineEdit::takesFocusForDrop() {
   const QPointer<LineEdit> self(this);
   setFocus(Qt::MouseFocusReason);
@@ -108,7 +109,7 @@ bool LineEdit::takesFocusForDrop() {
 
 namespace {
 
-/// Text that a drop or the middle mouse button brings to a place of the edit.
+/// Text that a drop or the middle mouse button inserts at a position of the edit.
 struct BroughtText {
   QPoint point;
   QString text;
@@ -125,7 +126,7 @@ std::optional<BroughtText> textBroughtBy(QEvent* event) {
   return BroughtText{release->position().toPoint(), clipboard->text(QClipboard::Selection)};
 }
 
-/// Whether a drop only moves a text within the edit.
+/// Whether a drop only moves text within the edit.
 bool movesWithin(const LineEdit& edit, const QEvent& event) {
   if (event.type() != QEvent::Drop) return false;
   const auto& drop = static_cast<const QDropEvent&>(event);
@@ -134,15 +135,15 @@ bool movesWithin(const LineEdit& edit, const QEvent& event) {
 
 }  // namespace
 
-/// A drop or the middle mouse button. False where Qt may act by itself: there is no mask, and the
-/// text fits.
+/// Handles a drop or the middle mouse button. Returns false if Qt may handle it: there is no mask,
+/// and the text fits.
 bool LineEdit::takesTextWithoutKey(QEvent* event) {
   const auto brought = textBroughtBy(event);
   if (!brought) return false;
   const bool masked = !maskInUse().isEmpty();
   const bool fits = limit_ == 0 || text().size() + brought->text.size() <= limit_;
   if (!masked && (fits || movesWithin(*this, *event))) return false;
-  // A move would take the text out of its source, be it this very edit.
+  // A move would remove the text from its source, which may be this edit.
   if (event->type() == QEvent::Drop) static_cast<QDropEvent*>(event)->setDropAction(Qt::CopyAction);
   event->accept();
   if (!masked && comforts().PasteWholeOrNothing) {

@@ -1,11 +1,11 @@
-// Undo in masked edits, and texts that go in as a whole.
+// Undo in masked edits, and inserting several characters as one change.
 
 #include "hosts/qt/keys/line_edit.h"
 #include "tessaria/comforts.h"
 
 namespace tessaria::qt {
 
-/// Without a mask Qt keeps its own.
+/// Without a mask, Qt keeps the history.
 bool LineEdit::keepsHistory() const { return comforts().ClipboardKeys && !maskInUse().isEmpty(); }
 
 EditState LineEdit::state() const {

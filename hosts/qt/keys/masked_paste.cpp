@@ -25,7 +25,7 @@ class SlotPaste {
         mask_(edit.maskInUse()),
         literals_(mdlObjTxt::MontaItensMascara(mask_.mask, u"")) {}
 
-  /// Whether any slot has a use for any of the characters.
+  /// Whether any slot takes any of the characters.
   bool hasUseFor(const QString& text) const {
     for (QChar c : text)
       for (int slot = 0; slot < length(); ++slot)
@@ -33,7 +33,7 @@ class SlotPaste {
     return false;
   }
 
-  /// Empties the selected slots. False when the edit is gone.
+  /// Empties the selected slots. Returns false if the edit is gone.
   bool clearSelection() {
     if (edit_->selLength() == 0) return true;
     const int end = caret() + edit_->selLength();
@@ -44,7 +44,7 @@ class SlotPaste {
   }
 
   enum class Fate { Taken, Refused, Over };
-  /// Over when the edit is gone, or the mask or the box is full.
+  /// Ends when the edit is gone, or the mask or the box is full.
   Fate take(const QString& unit) {
     const char16_t c = unit.size() == 1 ? unit.front().unicode() : u'\0';
     if (isLiteral(c) && placesCaret(c)) return Fate::Taken;
@@ -62,7 +62,7 @@ class SlotPaste {
   char16_t maskAt(int position) const { return mask_.mask[std::size_t(position)]; }
   bool isLiteral(char16_t c) const { return c != 0 && literals_.find(c) != String::npos; }
   bool isFill(char16_t c) const { return c != 0 && mask_.prompt == String(1, c); }
-  /// The first slot from a position on. The filter walks there too, but gives up before the last
+  /// The first slot from a position on. The filter also goes there, but stops before the last
   /// literals of some masks.
   int slotFrom(int position) const {
     while (position < length() && isLiteral(maskAt(position))) ++position;
@@ -74,8 +74,8 @@ class SlotPaste {
     return c != 0 && c != u'.' && c < 128 &&
            SlotTakes(String(1, maskAt(slot)), static_cast<Integer>(c));
   }
-  /// Puts the caret behind the literal, the next in the mask. False when the slot at the caret
-  /// would rather take it as a character.
+  /// Moves the caret after the next occurrence of the literal in the mask. Returns false if the
+  /// slot at the caret takes it as a character instead.
   bool placesCaret(char16_t c) {
     if (standsBeforeCaret(c)) return true;
     const int here = caret();
@@ -84,7 +84,7 @@ class SlotPaste {
     if (found != String::npos) edit_->setSelStart(int(found) + 1);
     return true;
   }
-  /// Among the literals that the caret has just walked over.
+  /// Whether it is among the literals that the caret has just passed.
   bool standsBeforeCaret(char16_t c) const {
     for (int i = caret() - 1; i >= 0 && i < length() && isLiteral(maskAt(i)); --i)
       if (maskAt(i) == c) return true;
@@ -112,7 +112,7 @@ QString typedNumber(QString text, const String& literals) {
   return typed;
 }
 
-/// What a text says as a number: its digits and commas, behind its minus signs.
+/// The number in a text: its digits and commas, after its minus signs.
 QString plainNumber(const QString& text) {
   QString signs;
   QString digits;
@@ -123,7 +123,7 @@ QString plainNumber(const QString& text) {
   return signs + digits;
 }
 
-/// Whether the text says a number and nothing else.
+/// Whether the text is a number and nothing else.
 bool isNumber(QString text, const String& literals) {
   text.remove(QLatin1String("R$"));
   for (char16_t c : literals) text.remove(QChar(c));
@@ -131,7 +131,8 @@ bool isNumber(QString text, const String& literals) {
   return number.match(text).hasMatch();
 }
 
-/// Goes in as a whole or not at all: a number that lost a digit to the mask would be another one.
+/// Inserts the number as a whole or not at all: without a digit that the mask refuses it would be
+/// another number.
 bool pasteNumber(LineEdit& edit, const QString& text, const String& literals) {
   const QPointer<LineEdit> alive(&edit);
   const QString typed = typedNumber(text, literals);
@@ -146,7 +147,7 @@ bool pasteNumber(LineEdit& edit, const QString& text, const String& literals) {
   });
 }
 
-/// False when nothing was pasted, or the edit is gone.
+/// Returns false if nothing was pasted or the edit is gone.
 bool pasteSlots(LineEdit& edit, const QString& text) {
   const QPointer<LineEdit> alive(&edit);
   SlotPaste paste(edit);
@@ -167,7 +168,7 @@ bool pasteAllSlots(LineEdit& edit, const QString& text) {
   });
 }
 
-/// The first line that holds something.
+/// The first line that is not blank.
 QString firstLine(const QString& text) {
   static const QRegularExpression ends(QStringLiteral("[\\r\\n]"));
   return text.trimmed().section(ends, 0, 0).trimmed();

@@ -1,4 +1,4 @@
-// A pasted text that does not fit is refused as a whole.
+// The message for a pasted text that does not fit and is refused as a whole.
 #pragma once
 
 #include <QString>
@@ -8,7 +8,7 @@ namespace tessaria::qt {
 class LineEdit;
 
 /// Tells the operator at the field, without taking the focus: a beep, and a text that is shown for
-/// a while and read out.
+/// a while and read by screen readers.
 void tellRefusedPaste(LineEdit& edit);
 
 }  // namespace tessaria::qt

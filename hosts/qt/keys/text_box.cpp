@@ -30,7 +30,6 @@ LineEdit& TextBox::edit() const {
 }
 
 // --- Text
-// -----------------------------------------------------------------------------------------
 
 String TextBox::Text() const { return fromQt(edit().text()); }
 void TextBox::Text(const String& text) { edit().assignText(toQt(text)); }
@@ -50,7 +49,6 @@ void TextBox::PasswordChar(const String& text) {
 }
 
 // --- Looks
-// ----------------------------------------------------------------------------------------
 
 host::Alignment TextBox::Alignment() const {
   return edit().alignment().testFlag(Qt::AlignRight) ? host::Alignment::Right
@@ -62,7 +60,7 @@ void TextBox::Alignment(host::Alignment alignment) {
   edit().setAlignment((right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 
-/// The box's own flag, whatever disables the surface around it.
+/// The box's own flag, even if its surface is disabled.
 bool TextBox::Enabled() const { return !edit().testAttribute(Qt::WA_ForceDisabled); }
 
 void TextBox::Enabled(bool enabled) {
@@ -82,13 +80,13 @@ void TextBox::BackColor(Colour colour) {
   applyColours();
 }
 
-/// A literal background gets a literal text colour beside a theme's that cannot be read on it.
+/// A literal background gets a literal text colour if the theme's is not readable on it.
 QColor TextBox::textColour(const QColor& wanted, const QColor& back) const {
   if (isSystemColour(foreColor_) && !isReadableOn(wanted, back)) return textColourOn(back);
   return readableOn(wanted, back);
 }
 
-/// The colours belong to the state that the box is in: the theme draws the other one.
+/// The colours apply to the present state of the box: the theme draws the other one.
 void TextBox::applyColours() {
   const QWidget* around = edit().parentWidget();
   const QPalette theme = around ? around->palette() : QPalette();
@@ -125,7 +123,6 @@ void TextBox::SetFocus() {
 }
 
 // --- Events
-// ---------------------------------------------------------------------------------------
 
 void TextBox::changed() {
   guarded(edit_, [this] { raise(OnChange); });
@@ -162,7 +159,7 @@ KeyFate TextBox::keyPress(Integer& code) {
   return fate;
 }
 
-/// A key-up belongs to the box that got the key-down; the surface hears of every release.
+/// A key-up goes to the box that received the key-down; the surface receives every key-up.
 void TextBox::keyUp(Integer code, Integer shift, PressedIn where) {
   guarded(edit_, [&, alive = edit_] {
     raise(Surface.OnKeyUp, code, shift);

@@ -9,7 +9,7 @@
 
 namespace tessaria::qt {
 
-/// May outlive its edit: every member then raises `ControlGone`.
+/// May outlive its edit; every member then raises `ControlGone`.
 class TextBox final : public host::TextBox, public EditEvents {
  public:
   /// The edit is not owned.
@@ -44,23 +44,23 @@ class TextBox final : public host::TextBox, public EditEvents {
   void Width(Long twips) override;
   Long Height() const override;
   void Height(Long twips) override;
-  /// Brings the pages that the box lies on to the front. Nothing happens to a disabled box.
+  /// Brings the pages that the box is on to the front. Does nothing for a disabled box.
   void SetFocus() override;
 
-  /// Handlers of the surface, asked ahead of the box's own.
+  /// The handlers of the surface, called before those of the box.
   struct Preview {
     std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
     std::function<void(Integer& KeyAscii)> OnKeyPress;
     std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyUp;
   };
   Preview Surface;
-  /// What stands behind the box; restoring it may write the box too.
+  /// The typed text behind the box; restoring it may also write the box.
   std::function<Typing()> Typed;
   std::function<void(const Typing&)> RestoreTyped;
   /// The mask that pasted text goes through.
   std::function<MaskInUse()> Mask;
 
-  /// Draws the colours anew, after the theme has changed.
+  /// Applies the colours again after the theme has changed.
   void applyColours();
 
  private:

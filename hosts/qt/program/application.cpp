@@ -45,8 +45,8 @@ void Application::Beep() {
   guarded(QApplication::activeWindow(), [this] { listener_.beeped(); });
 }
 
-// The core pumps in the middle of its work on a text. A key that ran there would find the text half
-// changed: it waits, and comes after the work.
+// The core processes events in the middle of its work on a text. A key that ran there would find
+// the text half changed: it waits until the work is done.
 void Application::DoEvents() {
   const HeldInput held;
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
@@ -59,7 +59,7 @@ Long Application::ShowMessageBox(Long owner, const String& text, Long style, con
   return showMessageBox(window, toQt(text), style, toQt(title));
 }
 
-/// A handler that fails causes one more box, which is not told of.
+/// A handler that fails causes one more box, which is not reported to the handler.
 void Application::tellOfBox(QWidget* window, const QString& text, const QString& title,
                             Long style) {
   if (telling_) return;

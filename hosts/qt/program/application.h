@@ -13,7 +13,7 @@ namespace tessaria::qt {
 
 class Application final : public host::Application {
  public:
-  /// Who hears of what the operator is about to see and hear. Errors are shown as unhandled ones.
+  /// Called before a box is shown or a beep sounds. Errors are shown as unhandled ones.
   struct Listener {
     std::function<void(const QString& text, const QString& title, int style)> boxShown;
     std::function<void()> beeped;
@@ -25,9 +25,9 @@ class Application final : public host::Application {
   bool FileExists(const String& path) const override;
   std::shared_ptr<host::Picture> LoadPicture(const String& path) override;
   void Beep() override;
-  /// Serves all but what the operator types and clicks, which comes later.
+  /// Processes all events except the operator's input, which is delivered later.
   void DoEvents() override;
-  /// A handle that stands for no widget gives the active window as owner.
+  /// If the handle is that of no widget, the active window is the owner.
   Long ShowMessageBox(Long owner, const String& text, Long style, const String& title) override;
 
  private:

@@ -19,9 +19,9 @@
 namespace tessaria::qt {
 namespace {
 
-/// First shows pump events, and inside the show of an outer widget Qt still walks its children:
-/// what is deleted meanwhile would be met there. A window is shown last of all, and its forms
-/// with it; a form that is shown later waits for the event loop.
+/// First shows process events, and inside the show of an outer widget Qt still iterates over its
+/// children, where it would meet an object that is deleted meanwhile. A window is shown after all
+/// its children, and its forms with it; a form that is shown later waits for the event loop.
 void formShows(QWidget* widget) {
   if (!widget->isWindow()) {
     QMetaObject::invokeMethod(
@@ -87,13 +87,13 @@ void FormEvents::watchShow(QWidget* widget) {
   if (isForm(widget)) formShows(widget);
 }
 
-/// The mouse has moved the focus, and the field that had it is not settled yet.
+/// The mouse has moved the focus, and the field that had it is not yet settled.
 bool FormEvents::hasMoved(const QWidget& widget) {
   const FocusCycle* cycle = FocusCycle::existing(widget.window());
   return cycle && cycle->hasPending();
 }
 
-/// False when what the mouse does to the widget must not happen.
+/// Returns false if the mouse event must not reach the widget.
 bool FormEvents::settlesAhead(QWidget* widget, bool moved, bool stays) {
   const QPointer<QWidget> alive(widget);
   const QPointer<QWidget> focus(widget->window()->focusWidget());
@@ -103,15 +103,15 @@ bool FormEvents::settlesAhead(QWidget* widget, bool moved, bool stays) {
   return alive && settled && (!moved || alive->window()->focusWidget() == focus);
 }
 
-/// The wheel turns a box that needs no focus for it.
+/// The wheel can change a box that does not have the focus.
 bool FormEvents::swallowsWheel(QWidget* widget) {
   const bool moved = hasMoved(*widget);
   const bool stays = !moved && ActionGate::turnsByWheel(*widget);
   return (moved || stays) && !settlesAhead(widget, moved, stays);
 }
 
-/// The press has moved the focus already, unless the widget takes none. Under a modal window its
-/// release went elsewhere, and the widget would stay half pressed: a button is clicked instead.
+/// The press has already moved the focus, unless the widget does not take it. Under a modal window
+/// the release went elsewhere, and the widget would stay half pressed: a button is clicked instead.
 bool FormEvents::swallowsPress(QWidget* widget, const QMouseEvent& press) {
   const bool moved = hasMoved(*widget);
   const bool stays = ActionGate::runsWithoutFocus(*widget);
@@ -127,8 +127,8 @@ bool FormEvents::swallowsPress(QWidget* widget, const QMouseEvent& press) {
   return false;
 }
 
-/// The frame of a window asks it to close. The library's own dialogs are cancelled by it; a form
-/// that asks its operator what to do keeps its question, refused or not.
+/// The frame of a window asks it to close, which cancels the library's own dialogs. A form that
+/// asks its operator what to do does so whether its field has refused or not.
 bool FormEvents::swallowsClose(QWidget* window, QCloseEvent& close) {
   if (qobject_cast<DialogWindow*>(window)) return false;
   const QPointer<QWidget> alive(window);
@@ -137,7 +137,8 @@ bool FormEvents::swallowsClose(QWidget* window, QCloseEvent& close) {
   return true;
 }
 
-/// From any widget of a form with fields; those that write or walk with the key keep it.
+/// The keys work from any widget of a form with fields; widgets that write or navigate with the key
+/// keep it.
 bool FormEvents::movesToNextPage(QWidget* widget, const QKeyEvent& key) {
   const bool back = key.key() == Qt::Key_Backtab ||
                     (key.key() == Qt::Key_Tab && key.modifiers().testFlag(Qt::ShiftModifier));
@@ -148,7 +149,7 @@ bool FormEvents::movesToNextPage(QWidget* widget, const QKeyEvent& key) {
   return !qobject_cast<QAbstractScrollArea*>(widget) && focusNextPage(window, !back);
 }
 
-/// A key that was meant for a field which the focus did not reach.
+/// A key for a field that the focus did not reach.
 bool FormEvents::swallowsKey(QWidget* widget) {
   FocusCycle* cycle = FocusCycle::existing(widget->window());
   if (!cycle || !cycle->hasPending() || widget->window()->focusWidget() != widget) return false;

@@ -1,4 +1,4 @@
-// What the controls of a program need to see of its other events.
+// The other events of a program that its controls depend on.
 #pragma once
 
 #include <QKeyEvent>
@@ -10,8 +10,8 @@
 
 namespace tessaria::qt {
 
-/// Watches the whole application: first shows of forms, moves of the focus, and keys, clicks,
-/// actions and closing windows that must wait until the field before them is settled.
+/// Watches the whole application: first shows of forms, moves of the focus, and the keys, clicks,
+/// actions and closing windows that must wait until the focused field is settled.
 class FormEvents final : public QObject {
   Q_OBJECT
 

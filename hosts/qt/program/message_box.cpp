@@ -36,7 +36,7 @@ bool belongsTo(const QWidget* window, const QWidget* owner) {
   return window && owner;
 }
 
-/// The window that the operator works with: the owner, or the modal one that blocks it.
+/// The window that the operator is working in: the owner, or the modal one that blocks it.
 QWidget* windowInFront(QWidget* owner) {
   QWidget* modal = QApplication::activeModalWidget();
   if (!modal || belongsTo(owner, modal)) return owner;
@@ -44,7 +44,7 @@ QWidget* windowInFront(QWidget* owner) {
   return blocks ? modal : owner;
 }
 
-/// Closes the box when a window that it stands for is hidden under it, or destroyed.
+/// Closes the box when a window that it belongs to is hidden or destroyed.
 class OwnerWatch final : public QObject {
  public:
   explicit OwnerWatch(QMessageBox* box) : QObject(box), box_(box) {}
@@ -67,7 +67,7 @@ QPushButton* addButton(QMessageBox& box, const QString& text, QMessageBox::Butto
   return button;
 }
 
-/// Adds the buttons; gives the one that means yes, if there is one.
+/// Adds the buttons; returns the one that means yes, if there is one.
 QAbstractButton* addButtons(QMessageBox& box, Long style) {
   if (!asksYesNo(style)) {
     box.setDefaultButton(addButton(box, QStringLiteral("OK"), QMessageBox::AcceptRole));
@@ -90,7 +90,7 @@ QString lines(QString text) {
 
 Long showMessageBox(QWidget* owner, const QString& text, Long style, const QString& title) {
   const QPointer<QWidget> window(windowInFront(owner));
-  // On the heap: the window may be destroyed under the box, and takes it along.
+  // On the heap: the window may be destroyed under the box, and the box with it.
   const QPointer<QMessageBox> box(
       new QMessageBox(iconOf(style), title, {}, QMessageBox::NoButton, window));
   box->setTextFormat(Qt::PlainText);
@@ -102,7 +102,7 @@ Long showMessageBox(QWidget* owner, const QString& text, Long style, const QStri
   box->exec();
   const bool saidYes = box && yes && box->clickedButton() == yes;
   delete box;
-  // Not every window system gives the focus back by itself.
+  // Not every window system returns the focus by itself.
   if (window && window->isVisible()) window->activateWindow();
   if (!asksYesNo(style)) return host::answer::Ok;
   return saidYes ? host::answer::Yes : host::answer::No;
