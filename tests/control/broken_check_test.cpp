@@ -1,4 +1,4 @@
-// A check that breaks off on a fault: what it did to the box by then touches nothing.
+// A check that is ended by an error: what it has done to the box does not touch the field.
 
 #include "tests/control/untouched_fixture.h"
 
@@ -8,7 +8,7 @@ namespace {
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// A field whose relation check asks for the city, which is no number at first.
+/// A field whose relation check reads the city, which is not a number at first.
 class BrokenCheck : public UntouchedTest {
  protected:
   BrokenCheck() : city(AddField(u"txtCidade")) {
@@ -49,7 +49,7 @@ TEST_F(BrokenCheck, TheZerosThatItFilledInAreNotWrittenAtTheNextExit) {
   ExpectNothingWritten(u"7");
 }
 
-TEST_F(BrokenCheck, TheYearThatItWroteOutIsNotWrittenAtTheNextExit) {
+TEST_F(BrokenCheck, TheYearThatItCompletedIsNotWrittenAtTheNextExit) {
   const Date stored = FromCivil({2017, 12, 25});
   ShowRow({u"campo", host::type::Date}, stored, u"dd/mm/yy");
   TabThrough();
@@ -58,7 +58,7 @@ TEST_F(BrokenCheck, TheYearThatItWroteOutIsNotWrittenAtTheNextExit) {
   ExpectNothingWritten(stored);
 }
 
-TEST_F(BrokenCheck, AProgramThatAsksWhetherTheFieldIsValidTouchesNothing) {
+TEST_F(BrokenCheck, AProgramThatAsksWhetherTheFieldIsValidDoesNotTouchIt) {
   const Date stored = FromCivil({2017, 12, 25});
   ShowRow({u"campo", host::type::Date}, stored, u"dd/mm/yy");
   EXPECT_THROW(Control().Valida(), HostError);
@@ -66,7 +66,7 @@ TEST_F(BrokenCheck, AProgramThatAsksWhetherTheFieldIsValidTouchesNothing) {
   ExpectNothingWritten(stored);
 }
 
-TEST_F(BrokenCheck, WhatWasTypedBeforeIsStillWritten) {
+TEST_F(BrokenCheck, TextTypedBeforeIsStillWritten) {
   ShowRow({u"campo", host::type::VarWChar, 10}, u"7", u"00000");
   Enter();
   form->Type(u"8");
@@ -79,8 +79,8 @@ TEST_F(BrokenCheck, WhatWasTypedBeforeIsStillWritten) {
   EXPECT_THAT(Stored(), IsValue(u"00008"));
 }
 
-// Of a short year six characters are left, which are no date for the calendar.
-TEST_F(BrokenCheck, ACalendarThatCannotOpenTouchesNothing) {
+// A short year leaves six characters, which are not a date for the calendar.
+TEST_F(BrokenCheck, ACalendarThatCannotOpenDoesNotTouchTheField) {
   const Date stored = FromCivil({2017, 12, 25});
   ShowRow({u"campo", host::type::Date}, stored, u"dd/mm/yy");
   Control().UsaChecaRelacao(false);
@@ -88,7 +88,7 @@ TEST_F(BrokenCheck, ACalendarThatCannotOpenTouchesNothing) {
   Enter();
   field->btnBrowse().OnClick();
   EXPECT_THAT(app.Boxes(), SizeIs(1));
-  Box().Tag.clear();  // the fault has silenced the exit
+  Box().Tag.clear();  // the error has silenced the exit
   Leave();
   ExpectNothingWritten(stored);
 }

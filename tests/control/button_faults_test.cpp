@@ -1,4 +1,4 @@
-// The button when something goes wrong: a fault in a dialog, and forms that close under it.
+// The button when something fails: errors in a dialog, and forms that close while it is open.
 
 #include "tests/control/button_fixture.h"
 
@@ -10,11 +10,11 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-// --- Faults -------------------------------------------------------------------------------------
+// --- Errors -------------------------------------------------------------------------------------
 
 class ButtonFaults : public ButtonTest {
  protected:
-  /// The desktop is out of reach: no window can be made.
+  /// Removes the desktop, so that no window can be created.
   void ClickWithNoDesktop() {
     const auto former = std::exchange(State().desktop, nullptr);
     field->btnBrowse().OnClick();
@@ -25,7 +25,7 @@ class ButtonFaults : public ButtonTest {
   }
 };
 
-TEST_F(ButtonFaults, AFaultIsReportedAndTheFieldStaysSilentUntilAClickSucceeds) {
+TEST_F(ButtonFaults, AnErrorIsReportedAndTheFieldStaysSilentUntilAClickSucceeds) {
   const struct {
     TipoControle Kind;
     StringView Window;
@@ -45,7 +45,7 @@ TEST_F(ButtonFaults, AFaultIsReportedAndTheFieldStaysSilentUntilAClickSucceeds) 
     EXPECT_EQ(Box().Tag, silenced);
     EXPECT_THAT(Returns(), IsEmpty());
 
-    // The field no longer validates when it is left, and takes nothing that was typed.
+    // The field no longer validates when it is left, and does not store what was typed.
     Box().Text(u"abc");
     form->Focus(u"chkAtivo");
     EXPECT_THAT(Returns(), IsEmpty());
@@ -60,7 +60,7 @@ TEST_F(ButtonFaults, AFaultIsReportedAndTheFieldStaysSilentUntilAClickSucceeds) 
   }
 }
 
-TEST_F(ButtonFaults, ABoxOfNothingButFillCharactersIsAFaultOfTheCalculator) {
+TEST_F(ButtonFaults, ABoxWithOnlyFillCharactersIsAnErrorOfTheCalculator) {
   Show(TipoControle::Calculadora);
   Control().Mascara(u"####");
   Box().Text(u"____");
@@ -68,7 +68,7 @@ TEST_F(ButtonFaults, ABoxOfNothingButFillCharactersIsAFaultOfTheCalculator) {
   EXPECT_THAT(app.TakeBoxes(), ElementsAre(Reported(errors::TypeMismatch)));
   EXPECT_EQ(Box().Tag, silenced);
   EXPECT_THAT(Returns(), IsEmpty());
-  // The window was made and stays for the next click.
+  // The window was created and stays for the next click.
   EXPECT_TRUE(State().frmCalculadora != nullptr);
   Box().Text(u"12__");
   Click(u"frmCalculadora", Close);
@@ -76,7 +76,7 @@ TEST_F(ButtonFaults, ABoxOfNothingButFillCharactersIsAFaultOfTheCalculator) {
   EXPECT_EQ(Box().Tag, u"");
 }
 
-TEST_F(ButtonFaults, ANameWithADotAndNoSeparatorIsAFaultOfThePathPicker) {
+TEST_F(ButtonFaults, ANameWithADotAndNoSeparatorIsAnErrorOfThePathPicker) {
   Control().DirVerArquivos(false);
   Show(TipoControle::Diretorio);
   Box().Text(u"carta.txt");
@@ -87,7 +87,7 @@ TEST_F(ButtonFaults, ANameWithADotAndNoSeparatorIsAFaultOfThePathPicker) {
   EXPECT_THAT(Returns(), IsEmpty());
 }
 
-TEST_F(ButtonFaults, ADateOfSixDigitsIsAFaultOfTheCalendar) {
+TEST_F(ButtonFaults, ADateOfSixDigitsIsAnErrorOfTheCalendar) {
   Show(TipoControle::Calendario);
   Control().Mascara(u"dd/mm/yy");
   Box().Text(u"05/03/18");
@@ -96,8 +96,8 @@ TEST_F(ButtonFaults, ADateOfSixDigitsIsAFaultOfTheCalendar) {
   EXPECT_EQ(Box().Tag, silenced);
 }
 
-// The place comes first, for a field that opens nothing too.
-TEST_F(ButtonFaults, APlaceThatCannotBeWorkedOutIsAFaultOfEveryKind) {
+// The position is determined first, even for a field that opens nothing.
+TEST_F(ButtonFaults, APositionThatCannotBeDeterminedIsAnErrorOfEveryKind) {
   const auto frame = form->Add<memory::Generic>(u"fraDados", u"Frame");
   field->Settings().Container = frame;
   Show(TipoControle::Normal);
@@ -115,7 +115,7 @@ TEST_F(ButtonFaults, APlaceThatCannotBeWorkedOutIsAFaultOfEveryKind) {
   EXPECT_THAT(Returns(), IsEmpty());
 }
 
-TEST_F(ButtonFaults, AFaultOfTheApplicationsHandlerIsReportedAndTheOldValueStaysTheLast) {
+TEST_F(ButtonFaults, AnErrorOfTheApplicationsHandlerIsReportedAndLastValueIsNotUpdated) {
   Show(TipoControle::Browse);
   Control().Value(u"1");
   form->Focus(u"chkAtivo");
@@ -129,7 +129,7 @@ TEST_F(ButtonFaults, AFaultOfTheApplicationsHandlerIsReportedAndTheOldValueStays
   EXPECT_THAT(LastValue(), IsValue(u"1"));
 }
 
-TEST_F(ButtonFaults, ALookupReportsItsOwnFaultsAndTheClickGoesOn) {
+TEST_F(ButtonFaults, ALookupReportsItsOwnErrorsAndTheClickContinues) {
   Show(TipoControle::Browse);
   connection->FailNext(HostError(errors::ProviderError, u"a consulta falhou"));
   field->btnBrowse().OnClick();
@@ -139,7 +139,8 @@ TEST_F(ButtonFaults, ALookupReportsItsOwnFaultsAndTheClickGoesOn) {
   EXPECT_THAT(Returns(), SizeIs(1));
 }
 
-TEST_F(ButtonFaults, AConditionWithoutItsControlIsToldAsAFaultOfTheListAndTheClickGoesOn) {
+TEST_F(ButtonFaults,
+       AConditionWithAMissingControlIsReportedAsAnErrorOfTheListAndTheClickContinues) {
   Control().BrwWhere(u"cidade = @txtNada@");
   Show(TipoControle::Browse);
   connection->TakeStatements();
@@ -152,7 +153,7 @@ TEST_F(ButtonFaults, AConditionWithoutItsControlIsToldAsAFaultOfTheListAndTheCli
   EXPECT_THAT(Returns(), SizeIs(1));
 }
 
-TEST_F(ButtonFaults, AKeyThatIsGoneIsAFaultOfItsDescription) {
+TEST_F(ButtonFaults, AMissingKeyIsAnErrorOfItsDescription) {
   AddField(u"txtChave");
   Control().TxtIrmao(u"txtChave");
   Show(TipoControle::Descricao);
@@ -199,7 +200,7 @@ TEST_P(ClosedUnderADialog, TheControlMayGoAway) {
   EXPECT_HOST_ERROR(**field, errors::ObjectNotSet);
 }
 
-TEST_P(ClosedUnderADialog, AnotherFormMayCloseAndThenTheSharedWindowCloses) {
+TEST_P(ClosedUnderADialog, ClosingAnotherFormClosesTheSharedWindow) {
   const auto other = memory::Form::Create(u"frmOutro");
   other->Add<memory::TsText>(u"txtOutro");
   Show(GetParam());
@@ -227,10 +228,10 @@ TEST_F(ButtonTest, ASharedWindowIsDestroyedWhenItsModalLoopHasReturned) {
     EXPECT_FALSE(window.expired());
   });
   EXPECT_TRUE(window.expired());
-  EXPECT_THAT(Control().Value(), IsValue(12.0));  // what stood on the display
+  EXPECT_THAT(Control().Value(), IsValue(12.0));  // the number on the display
 }
 
-TEST_F(ButtonTest, TheEndOfAControlReleasesWindowsThatAFaultLeft) {
+TEST_F(ButtonTest, DestroyingAControlReleasesWindowsThatAnErrorLeft) {
   Show(TipoControle::Calculadora);
   Control().Mascara(u"####");
   Box().Text(u"____");

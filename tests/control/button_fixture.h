@@ -10,7 +10,7 @@
 
 namespace tessaria::test {
 
-/// What the box is tagged with while its exit is silenced.
+/// The tag of the box while its exit is silenced.
 inline const char16_t* const silenced = u"Nao Dispara Valida";
 
 class ButtonTest : public ControlTest {
@@ -34,7 +34,7 @@ class ButtonTest : public ControlTest {
   tsText& Control() { return **field; }
   memory::TextBox& Box() { return field->txtEdit(); }
   std::vector<memory::ControlEvent> Returns() { return field->Events(Kind::BrowseReturn); }
-  /// The value that the next change is measured against.
+  /// The value that the next change is compared with.
   Variant LastValue() {
     Control().DisparaEventos(u"BrowseReturn");
     return Returns().back().LastValue;
@@ -63,7 +63,7 @@ class ButtonTest : public ControlTest {
     field->ForgetEvents();
     app.TakeBoxes();
   }
-  /// Presses the button; the script works the window of that name.
+  /// Presses the button; the script operates the window of that name.
   void Click(StringView window, Script script) {
     desktop->WillShow(window, std::move(script));
     field->btnBrowse().OnClick();
@@ -81,20 +81,20 @@ class ButtonTest : public ControlTest {
         return u"frmBrowse";
     }
   }
-  /// No shared window is left.
+  /// Whether no shared window is left.
   static bool AllReleased() {
     return !State().frmCalendario && !State().frmCalculadora && !State().frmDiretorio;
   }
 
   static void Close(memory::Dialog& shown) { shown.CloseWindow(); }
-  /// Takes a row of the list.
+  /// Chooses a row of the list.
   static Script Pick(Long row) {
     return [row](memory::Dialog& shown) {
       shown.SelectRow(u"grdBrowse", row);
       shown.Click(u"btnConfirmar");
     };
   }
-  /// Types on the calculator, and leaves it by Escape when the keys did not end it.
+  /// Types on the calculator, and closes it with Escape if the keys have not.
   static Script Calculate(const String& keys) {
     return [keys](memory::Dialog& shown) {
       shown.Type(keys);
@@ -107,7 +107,7 @@ class ButtonTest : public ControlTest {
       TipoControle::Diretorio, TipoControle::Calculadora};
 
   TestDesktop desktop;
-  /// What the list of a lookup answers, and what the search for a description.
+  /// The results of the list of a lookup, and of the search for a description.
   memory::Rows list{{{u"codigo"}, {u"nome"}},
                     {{u"1", u"Ana"}, {u" 15 ", u"Bruno"}, {u"700", u"Beatriz"}}};
   memory::Rows description{{{u"nome"}}, {{u"Bruno"}}};

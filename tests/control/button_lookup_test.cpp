@@ -1,4 +1,4 @@
-// The button of a lookup: whose texts make the list, what comes back of it, and what escapes it.
+// The button of a lookup: the texts that define the list, what it returns, and which errors pass.
 
 #include "tessaria/comforts.h"
 #include "tests/control/button_fixture.h"
@@ -11,9 +11,9 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-// --- Whose texts they are -----------------------------------------------------------------------
+// --- Texts of the control and of its definition -------------------------------------------------
 
-TEST_F(ButtonTest, TheControlsOwnTextsWinOverThoseOfItsDefinition) {
+TEST_F(ButtonTest, TheControlsOwnTextsOverrideThoseOfItsDefinition) {
   const auto own = AddStored(u"txtProprio", {{u"BrowseTable", u"clientes"},
                                              {u"BrwCampo", u"codigo"},
                                              {u"BrwCampoIrmao", u"nome"},
@@ -53,7 +53,7 @@ TEST_F(ButtonTest, TheControlsOwnTextsWinOverThoseOfItsDefinition) {
 // --- The answer ---------------------------------------------------------------------------------
 
 // The key of the chosen row narrows the completion that the same key-up starts.
-TEST_F(ButtonTest, ADescriptionPickedByPageDownIsNotCompletedToALongerOne) {
+TEST_F(ButtonTest, ADescriptionChosenByPageDownIsNotCompletedToALongerOne) {
   list = {{{u"nome"}, {u"codigo"}}, {{u"Ana", u"1"}, {u"Ana Maria", u"2"}}};
   connection->OnStatement = [this](const String& statement) -> memory::Rows {
     if (InStr(statement, u"Order by 1") != 0) return list;
@@ -74,7 +74,7 @@ TEST_F(ButtonTest, ADescriptionPickedByPageDownIsNotCompletedToALongerOne) {
   EXPECT_THAT((*key)->Value(), IsValue(u"1"));
 }
 
-/// Two rows of one description, and the key of each.
+/// Two rows with the same description, and their keys.
 class Homonyms : public ButtonTest, public testing::WithParamInterface<bool> {
  protected:
   Homonyms() {
@@ -122,7 +122,7 @@ TEST_P(Homonyms, TheChosenRowGivesItsOwnKeyAlsoWhenSomethingWasTypedBefore) {
   }
 }
 
-TEST_P(Homonyms, AListThatIsLeftGivesTheKeyThatTheFieldHadBack) {
+TEST_P(Homonyms, ACancelledListRestoresTheKeyOfTheField) {
   form->Focus(u"txtCampo");
   PickByPageDown(Pick(2));
   form->Focus(u"chkAtivo");
@@ -133,8 +133,8 @@ TEST_P(Homonyms, AListThatIsLeftGivesTheKeyThatTheFieldHadBack) {
   EXPECT_THAT((*key)->Value(), IsValue(u"2"));
 }
 
-// The key of a choice is a former key too once something else is typed.
-TEST_P(Homonyms, WhatIsTypedAfterAChoiceIsSearchedByTheRuleOfTheComfort) {
+// The key of a choice counts as a former key when something else is typed.
+TEST_P(Homonyms, TextTypedAfterAChoiceIsSearchedAsTheComfortSays) {
   form->Focus(u"txtCampo");
   PickByPageDown(Pick(2));
   connection->TakeStatements();
@@ -143,7 +143,7 @@ TEST_P(Homonyms, WhatIsTypedAfterAChoiceIsSearchedByTheRuleOfTheComfort) {
   EXPECT_EQ(InStr(statement, u"codigo = '2'") == 0, GetParam()) << ToUtf8(statement);
 }
 
-/// Homonyms whose list has one search, by a prompt that completes or not.
+/// Homonyms whose list has one search, with a prompt that completes or not.
 class HomonymsWithASearch : public Homonyms {
  protected:
   void AddSearch(bool completes) {
@@ -151,7 +151,7 @@ class HomonymsWithASearch : public Homonyms {
     searches->Clear();
     searches->Add(1, u"Nome", u"nome", 8, 1, u"", 2000, 0, completes, false, 0, 0, u"");
   }
-  /// Enters the pair of the second row, opens its list, and asks for the search.
+  /// Enters the pair of the second row, opens its list, and starts the search.
   void Search(Script prompt, Script afterwards) {
     (*key)->Value(u"1");
     form->Focus(u"txtCampo");
@@ -175,7 +175,7 @@ class HomonymsWithASearch : public Homonyms {
 
 INSTANTIATE_TEST_SUITE_P(SearchWithoutFormerKey, HomonymsWithASearch, testing::Bool());
 
-TEST_P(HomonymsWithASearch, AListThatIsLeftAfterAPromptKeepsTheKeyOfThePair) {
+TEST_P(HomonymsWithASearch, AListCancelledAfterAPromptKeepsTheKeyOfThePair) {
   for (const bool completes : {false, true}) {
     for (const StringView button : {u"btnOk", u"btnCancelar"}) {
       SCOPED_TRACE(ToUtf8(button) + (completes ? ", completing" : ""));
@@ -200,7 +200,7 @@ TEST_P(HomonymsWithASearch, ARowThatIsChosenAfterAPromptGivesItsOwnKey) {
   }
 }
 
-TEST_P(HomonymsWithASearch, AListInsideAPromptLeavesTheOuterKeyAlone) {
+TEST_P(HomonymsWithASearch, AListInsideAPromptDoesNotChangeTheOuterKey) {
   AddSearch(true);
   const auto opensAList = [&](const Script& inner) {
     return [&, inner](memory::Dialog& prompt) {
@@ -230,7 +230,7 @@ TEST_F(ButtonTest, AKeyThatIsCutAtTheFieldsLengthKeepsWholeCharacters) {
   EXPECT_THAT(Control().Value(), IsValue(u"Ana"));
 }
 
-TEST_F(ButtonTest, ARowThatIsDeletedUnderTheListGivesItsKeyWithoutADescription) {
+TEST_F(ButtonTest, ARowDeletedWhileTheListIsOpenReturnsItsKeyWithoutADescription) {
   const auto name = AddField(u"txtNome");
   (*name)->Value(u"antigo");
   Control().TxtIrmao(u"txtNome");
@@ -239,7 +239,7 @@ TEST_F(ButtonTest, ARowThatIsDeletedUnderTheListGivesItsKeyWithoutADescription) 
   Show(TipoControle::Browse);
   form->Focus(u"txtCampo");
   Click(u"frmBrowse", [&](memory::Dialog& shown) {
-    description.Cells.clear();  // another user's doing
+    description.Cells.clear();  // as another user would
     Pick(2)(shown);
   });
   EXPECT_THAT(Control().Value(), IsValue(u"15"));
@@ -257,7 +257,7 @@ class FailedLookup : public ButtonTest, public testing::WithParamInterface<TipoC
 INSTANTIATE_TEST_SUITE_P(Button, FailedLookup,
                          testing::Values(TipoControle::Browse, TipoControle::Descricao));
 
-TEST_P(FailedLookup, AListThatCannotOpenLeavesFieldAndValueAndTellsThatNothingChanged) {
+TEST_P(FailedLookup, AListThatCannotOpenKeepsFieldAndValueAndReportsNoChange) {
   Show(GetParam());
   Control().Value(u"15");
   form->Focus(u"txtCampo");
@@ -289,18 +289,18 @@ class PumpedLookup : public ButtonTest, public testing::WithParamInterface<TipoC
 INSTANTIATE_TEST_SUITE_P(Button, PumpedLookup,
                          testing::Values(TipoControle::Browse, TipoControle::Descricao));
 
-TEST_P(PumpedLookup, TheEventQueueIsServedThreeTimesWhenTheListIsClosedToo) {
+TEST_P(PumpedLookup, TheEventQueueIsProcessedThreeTimesAlsoWhenTheListIsClosed) {
   Show(GetParam());
   int before = 0;
   Click(u"frmBrowse", [&](memory::Dialog& shown) {
     before = app.EventPumps();
     shown.CloseWindow();
   });
-  // By the list, and around the assignment; the lookup of a description comes on top.
+  // By the list, before and after the assignment; and by the lookup of a description.
   EXPECT_EQ(app.EventPumps() - before, 3);
 }
 
-TEST_P(PumpedLookup, AFaultInTheQueueIsReportedByWhoServesIt) {
+TEST_P(PumpedLookup, AnErrorInTheQueueIsReportedByTheCodeThatProcessesIt) {
   const struct {
     int Pump;
     bool ClickGoesOn;
@@ -327,7 +327,7 @@ TEST_P(PumpedLookup, AFaultInTheQueueIsReportedByWhoServesIt) {
   }
 }
 
-TEST_P(PumpedLookup, WithNoWindowTheListReportsAndTheClickGoesOn) {
+TEST_P(PumpedLookup, WithoutAWindowTheListReportsAnErrorAndTheClickContinues) {
   Show(GetParam());
   auto* const former = std::exchange(State().desktop, nullptr);
   field->btnBrowse().OnClick();

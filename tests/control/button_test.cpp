@@ -1,4 +1,4 @@
-// The button: which dialog it opens, what becomes of the answer, what the application hears.
+// The button: which dialog it opens, how the answer is used, and which events the application gets.
 
 #include "tessaria/comforts.h"
 #include "tessaria/masks.h"
@@ -54,7 +54,7 @@ TEST_P(EveryKind, SilencesTheExitOfTheFieldWhileTheDialogIsOpen) {
   EXPECT_THAT(Returns(), SizeIs(1));
 }
 
-TEST_P(EveryKind, TellsTheApplicationOnceTheAnswerStandsAndTheDialogIsGone) {
+TEST_P(EveryKind, RaisesBrowseReturnAfterTheAnswerIsAssignedAndTheDialogIsClosed) {
   Show(GetParam());
   field->OnBrowseReturn = [&](bool&, Variant&) {
     EXPECT_TRUE(AllReleased());
@@ -64,7 +64,7 @@ TEST_P(EveryKind, TellsTheApplicationOnceTheAnswerStandsAndTheDialogIsGone) {
   EXPECT_THAT(Returns(), SizeIs(1));
 }
 
-TEST_P(EveryKind, TheWindowIsGoneBehindTheClick) {
+TEST_P(EveryKind, TheWindowIsDestroyedAfterTheClick) {
   Show(GetParam());
   std::weak_ptr<memory::Dialog> window;
   Click(WindowOf(GetParam()), [&](memory::Dialog& shown) {
@@ -74,7 +74,7 @@ TEST_P(EveryKind, TheWindowIsGoneBehindTheClick) {
   EXPECT_TRUE(window.expired());
 }
 
-TEST_P(EveryKind, PageDownOpensItAheadOfTheKeyEvent) {
+TEST_P(EveryKind, PageDownOpensItBeforeTheKeyEvent) {
   Show(GetParam());
   form->Focus(u"txtCampo");
   desktop->WillShow(WindowOf(GetParam()), [&](memory::Dialog& shown) {
@@ -108,7 +108,7 @@ TEST_F(ButtonTest, PageDownOnAPlainFieldDoesNothing) {
   EXPECT_THAT(field->Events(Kind::KeyUp), SizeIs(1));
 }
 
-TEST_F(ButtonTest, TheButtonOfAPlainFieldReportsAllTheSame) {
+TEST_F(ButtonTest, TheButtonOfAPlainFieldAlsoRaisesBrowseReturn) {
   Show(TipoControle::Normal);
   Control().Value(u"novo");
   field->btnBrowse().OnClick();
@@ -118,7 +118,7 @@ TEST_F(ButtonTest, TheButtonOfAPlainFieldReportsAllTheSame) {
   EXPECT_EQ(Box().Tag, u"");
 }
 
-TEST_F(ButtonTest, AKindThatIsNoneOpensNothingAndReports) {
+TEST_F(ButtonTest, AnUnknownKindOpensNothingAndRaisesBrowseReturn) {
   Show(TipoControle::Normal);
   Control().TipoControle(static_cast<TipoControle>(9));
   form->Focus(u"txtCampo");
@@ -129,7 +129,7 @@ TEST_F(ButtonTest, AKindThatIsNoneOpensNothingAndReports) {
   EXPECT_EQ(Box().Tag, u"");
 }
 
-// --- What the application hears -----------------------------------------------------------------
+// --- Events of the application ------------------------------------------------------------------
 
 TEST_F(ButtonTest, AChangeIsReportedWithTheValueBefore) {
   Show(TipoControle::Browse);
@@ -143,7 +143,7 @@ TEST_F(ButtonTest, AChangeIsReportedWithTheValueBefore) {
   EXPECT_THAT(LastValue(), IsValue(u"15"));
 }
 
-TEST_F(ButtonTest, ACancelledListIsNoChange) {
+TEST_F(ButtonTest, ACancelledListReportsNoChange) {
   for (const Variant& before : {Variant(u"1"), Variant::Null()}) {
     if (!form->Visible()) Show(TipoControle::Browse);
     Control().Value(before);
@@ -157,7 +157,7 @@ TEST_F(ButtonTest, ACancelledListIsNoChange) {
   }
 }
 
-TEST_F(ButtonTest, ADescriptionIsNotSilentHere) {
+TEST_F(ButtonTest, ADescriptionReportsAChangeHere) {
   Show(TipoControle::Descricao);
   form->Focus(u"txtCampo");
   Click(u"frmBrowse", Pick(1));
@@ -166,7 +166,7 @@ TEST_F(ButtonTest, ADescriptionIsNotSilentHere) {
   EXPECT_THAT(Returns().front().LastValue, IsNullVariant());
 }
 
-TEST_F(ButtonTest, WhatAHandlerMakesOfTheOldValueIsForgotten) {
+TEST_F(ButtonTest, AHandlersChangeOfTheOldValueIsDiscarded) {
   Show(TipoControle::Calendario);
   field->OnBrowseReturn = [](bool& changed, Variant& last) {
     changed = false;
@@ -179,7 +179,7 @@ TEST_F(ButtonTest, WhatAHandlerMakesOfTheOldValueIsForgotten) {
 
 // --- Lookups ------------------------------------------------------------------------------------
 
-TEST_F(ButtonTest, ALookupWithNoTableOrFieldTellsAndChangesNothing) {
+TEST_F(ButtonTest, ALookupWithoutATableOrFieldShowsAMessageAndChangesNothing) {
   for (const TipoControle kind : {TipoControle::Browse, TipoControle::Descricao}) {
     Show(kind);
     form->Focus(u"txtCampo");
@@ -209,7 +209,7 @@ TEST_F(ButtonTest, TheChosenKeyIsTrimmedAndCutToTheField) {
   EXPECT_THAT(Control().Value(), IsValue(u"70"));
 }
 
-TEST_F(ButtonTest, TheEventQueueIsServedBeforeAndAfterTheAssignment) {
+TEST_F(ButtonTest, TheEventQueueIsProcessedBeforeAndAfterTheAssignment) {
   Show(TipoControle::Browse);
   Control().Value(u"1");
   std::vector<String> values;
@@ -247,7 +247,7 @@ TEST_F(ButtonTest, TheAssignmentOfALookupFetchesTheDescription) {
   EXPECT_THAT((*name)->Value(), IsValue(u"Bruno"));
 }
 
-TEST_F(ButtonTest, TheListIsThatOfTheDefinition) {
+TEST_F(ButtonTest, TheListShowsWhatTheDefinitionSays) {
   Control().BrwCampoIrmao(u"nome");
   Control().BrwCampoOutros(u"cidade");
   Control().BrwGroupBy(u"Group by codigo");
@@ -320,7 +320,7 @@ TEST_F(SearchesOfALookup, AKeyUsesItsOwn) {
 
 // --- Dates and paths ----------------------------------------------------------------------------
 
-TEST_F(ButtonTest, TheCalendarOpensOnTheTypedDateAndAnswersADay) {
+TEST_F(ButtonTest, TheCalendarOpensOnTheTypedDateAndReturnsADay) {
   Show(TipoControle::Calendario);
   form->Focus(u"txtCampo");
   form->Type(u"03052016");
@@ -334,13 +334,13 @@ TEST_F(ButtonTest, TheCalendarOpensOnTheTypedDateAndAnswersADay) {
   EXPECT_TRUE(Returns().front().HouveAlteracao);
 }
 
-TEST_F(ButtonTest, ThereIsNoCancelOfTheCalendar) {
+TEST_F(ButtonTest, TheCalendarCannotBeCancelled) {
   Show(TipoControle::Calendario);
   Click(u"frmCalendario", [](memory::Dialog& shown) { shown.Press(Key::Escape); });
   EXPECT_THAT(Control().Value(), IsValue(FromCivil({2017, 12, 25})));
 }
 
-TEST_F(ButtonTest, WithTheComfortACalendarThatIsLeftChangesNothing) {
+TEST_F(ButtonTest, WithTheComfortACancelledCalendarChangesNothing) {
   setComforts({.CalendarCancels = true});
   Show(TipoControle::Calendario);
   form->Focus(u"txtCampo");
@@ -357,7 +357,7 @@ TEST_F(ButtonTest, WithTheComfortACalendarThatIsLeftChangesNothing) {
   setComforts({});
 }
 
-TEST_F(ButtonTest, ThePathPickerReadsTheBoxAndAnswersAPath) {
+TEST_F(ButtonTest, ThePathPickerReadsTheBoxAndReturnsAPath) {
   Control().DirPattern(u"*.png");
   Show(TipoControle::Diretorio);
   form->Focus(u"txtCampo");
@@ -374,7 +374,7 @@ TEST_F(ButtonTest, ThePathPickerReadsTheBoxAndAnswersAPath) {
   EXPECT_EQ(Control().DirFileName(), u"foto.png");
 }
 
-TEST_F(ButtonTest, TheWidthOfThePathPickerEndsAtSixteenBits) {
+TEST_F(ButtonTest, TheWidthOfThePathPickerIsLimitedToSixteenBits) {
   field->Resize(40000, 330);
   Show(TipoControle::Diretorio);
   Click(u"frmDiretorio", [](memory::Dialog& shown) {
@@ -383,7 +383,7 @@ TEST_F(ButtonTest, TheWidthOfThePathPickerEndsAtSixteenBits) {
   });
 }
 
-TEST_F(ButtonTest, APathThatIsNotValidStays) {
+TEST_F(ButtonTest, AnInvalidPathStays) {
   Show(TipoControle::Diretorio);
   Box().Text(u"c:\\Nada");
   field->btnBrowse().OnClick();

@@ -1,5 +1,5 @@
-// The calculator of a number field: by the button, where its answer is tested against the field,
-// and by the keyboard, where it is not.
+// The calculator of a number field: opened by the button, which checks the answer against the
+// field, and by the keyboard, which does not.
 
 #include "tests/control/button_fixture.h"
 
@@ -40,15 +40,15 @@ class CalculatorField : public ButtonTest {
   }
 };
 
-// --- The answer against the field ---------------------------------------------------------------
+// --- The answer is checked ----------------------------------------------------------------------
 
 struct Fit {
   const char16_t* Mask;
   Long MaxLength;
   const char16_t* Keys;
   bool Taken;
-  double Value;          ///< when taken
-  const char16_t* Text;  ///< of the box, when taken
+  double Value;          ///< if accepted
+  const char16_t* Text;  ///< of the box, if accepted
 };
 
 const Fit fits[] = {
@@ -62,16 +62,16 @@ const Fit fits[] = {
     {u"$$$.$$", 6, u"-123=", false, 0, u""},
     // More decimals than the mask has: what is shown becomes the value.
     {u"$$$.$$", 6, u"1,239", true, 1.24, u"1,24"},
-    // A text that is no number counts as 0: a suffix makes a 0 of every answer.
+    // A text that is not a number counts as 0: with a suffix every answer is 0.
     {u"$$$.$$%", 7, u"12,5", true, 0, u"0,00%"},
-    // Without decimals: no thousands, and not more than the value itself.
+    // Without decimals: no thousands points, and not more than the value itself.
     {u"$$$$$", 5, u"999", true, 999, u"999"},
     {u"$$$$$", 5, u"1000", false, 0, u""},
     {u"$$$", 3, u"2,4", true, 2.4, u"2"},
     {u"$$$", 3, u"2,6", false, 0, u""},            // shown as 3, which is above 2,6
     {u"####", 4, u"-1234=", false, 0, u""},        // cut to -123
-    {u"####", 4, u"12345", true, 12345, u"1234"},  // a cut that makes the number smaller passes
-    // No limit: taken as it is.
+    {u"####", 4, u"12345", true, 12345, u"1234"},  // a cut to a smaller number is accepted
+    // No limit: accepted as it is.
     {u"$$$$$.$$", 0, u"123456789", true, 123456789, u"123.456.789,00"},
     {u"$$$", 0, u"2,6", true, 2.6, u"3"},
     {u"", 0, u"2,6", true, 2.6, u"2,6"},
@@ -95,7 +95,7 @@ TEST_F(CalculatorField, AnAnswerThatDoesNotFitIsRefused) {
   }
 }
 
-TEST_F(CalculatorField, TheWindowIsStillThereWhileTheRefusalIsTold) {
+TEST_F(CalculatorField, TheWindowIsStillOpenWhileTheRefusalIsShown) {
   Open(u"$$$", 3);
   app.OnMessageBox = [](const memory::MessageBoxRecord&) {
     EXPECT_TRUE(State().frmCalculadora != nullptr);
@@ -105,7 +105,7 @@ TEST_F(CalculatorField, TheWindowIsStillThereWhileTheRefusalIsTold) {
   EXPECT_EQ(app.TakeBoxes().size(), 1u);
 }
 
-TEST_F(CalculatorField, OpensOnTheNumberOfTheBoxAndLeavesItToACancel) {
+TEST_F(CalculatorField, OpensOnTheNumberOfTheBoxAndKeepsItWhenCancelled) {
   Open(u"$$$$$.$$", 9);
   Click(u"frmCalculadora", [](memory::Dialog& shown) {
     EXPECT_EQ(shown.Find<host::DialogDisplay>(u"txtVisor").Text(), u"7");
@@ -136,7 +136,7 @@ TEST_F(CalculatorField, F9OpensItBelowTheFieldWithNoFlagAndNoReport) {
   EXPECT_TRUE(AllReleased());
 }
 
-TEST_F(CalculatorField, F9TakesAnAnswerThatDoesNotFit) {
+TEST_F(CalculatorField, F9AcceptsAnAnswerThatDoesNotFit) {
   Open(u"$$$$$.$$", 9);
   desktop->WillShow(u"frmCalculadora", Calculate(u"X1000000="));
   form->Press(Key::F9);
@@ -145,15 +145,15 @@ TEST_F(CalculatorField, F9TakesAnAnswerThatDoesNotFit) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(CalculatorField, AnXStillReachesTheBoxBesideTheAnswer) {
+TEST_F(CalculatorField, AnXIsTypedIntoTheBoxInAdditionToTheAnswer) {
   Open(u"$$$$$.$$", 9);
   desktop->WillShow(u"frmCalculadora", Calculate(u"+5"));
   form->Type(u"x");
   EXPECT_THAT(Control().Value(), IsValue(5.0));
-  EXPECT_EQ(Box().Text(), u"x5,00");  // the assignment put the caret in front
+  EXPECT_EQ(Box().Text(), u"x5,00");  // the assignment has moved the caret to the start
 }
 
-TEST_F(CalculatorField, WithNoMaskNeitherXNorF9OpensIt) {
+TEST_F(CalculatorField, WithoutAMaskNeitherXNorF9OpensIt) {
   Open(u"", 0);
   form->Press(Key::F9);
   form->Type(u"x");
@@ -172,7 +172,7 @@ TEST_F(CalculatorField, InALetterSlotAnXIsALetter) {
   EXPECT_THAT(desktop->Shown(), IsEmpty());
 }
 
-TEST_F(CalculatorField, AFaultOnTheKeyboardsRoadIsTheKeyFiltersToReport) {
+TEST_F(CalculatorField, TheKeyFilterReportsAnErrorOfTheCalculatorOpenedByAKey) {
   Open(u"####", 4);
   Box().Text(u"____");
   form->Press(Key::F9);

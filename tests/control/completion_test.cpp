@@ -32,7 +32,7 @@ class CompletionTest : public KeysTest {
     field->txtEdit().Text(u"");
     connection->TakeStatements();
   }
-  /// The statement that a key-up behind this text sends; "" for none.
+  /// The statement that a key-up after this text sends; "" for none.
   String Sent(const char16_t* text, Integer code = 65) {
     field->txtEdit().Text(text);
     KeyUp(code);
@@ -53,7 +53,7 @@ TEST_F(CompletionTest, TypingCompletesAndSelectsTheRest) {
 }
 
 TEST_F(CompletionTest, WhichKeysSearch) {
-  // Home and Shift never, nor a dead key alone; arrows and all the rest do.
+  // Home, Shift and a dead key alone do not; arrows and all other keys do.
   for (const auto& [code, searches] : {std::pair<Integer, bool>{36, false},
                                        {16, false},
                                        {219, false},
@@ -126,7 +126,7 @@ TEST_F(CompletionTest, TheSiblingsLiteralNarrowsTheSearchWhateverTheLocale) {
   }
 }
 
-TEST_F(CompletionTest, ByTheComfortWhatIsTypedIsCompletedWithoutTheFormerKey) {
+TEST_F(CompletionTest, WithTheComfortTypedTextIsCompletedWithoutTheFormerKey) {
   Control().Browse()->BrwCampoIrmao(u"codigo");
   for (const bool without : {false, true}) {
     setComforts({.SearchWithoutFormerKey = without});
@@ -140,7 +140,7 @@ TEST_F(CompletionTest, ByTheComfortWhatIsTypedIsCompletedWithoutTheFormerKey) {
   setComforts({});
 }
 
-TEST_F(CompletionTest, ASiblingsLiteralThatIsNoTokenIsRefusedBeforeItIsSent) {
+TEST_F(CompletionTest, ASiblingsLiteralThatIsNotOneTokenIsRefusedBeforeItIsSent) {
   Control().Browse()->BrwCampoIrmao(u"codigo");
   for (const char16_t* hostile : {u"1 or true", u"'a' or 'b'='b'", u"'a"}) {
     State().vntValorIrmao = hostile;
@@ -165,7 +165,7 @@ TEST_F(CompletionTest, TheSiblingsFieldIsComparedWithoutItsAlias) {
             u"'An%'");
 }
 
-TEST_F(CompletionTest, AConnectedSiblingTakesTheCodeAndTells) {
+TEST_F(CompletionTest, AConnectedSiblingGetsTheCodeAndRaisesBrowseReturn) {
   ConnectSibling();
   form->Type(u"A");
   EXPECT_THAT((*key)->Value(), IsValue(u"7"));
@@ -179,7 +179,7 @@ TEST_F(CompletionTest, ASiblingThatIsNotConnectedReceivesNothing) {
   EXPECT_THAT((*key)->Value(), Not(IsValue(u"7")));
 }
 
-TEST_F(CompletionTest, AnIncompleteDefinitionIsTold) {
+TEST_F(CompletionTest, AnIncompleteDefinitionIsReported) {
   for (const bool hasTable : {true, false}) {
     const auto alone = AddField(hasTable ? u"txtUm" : u"txtDois");
     (*alone)->TipoControle(TipoControle::Descricao);
@@ -190,7 +190,7 @@ TEST_F(CompletionTest, AnIncompleteDefinitionIsTold) {
     Integer code = 65, shift = 0;
     alone->txtEdit().OnKeyUp(code, shift);
     EXPECT_THAT(app.TakeBoxes(), ElementsAre(StopBox((*alone)->hWnd(), incomplete)));
-    code = 219;  // the definition is looked at ahead of the dead keys
+    code = 219;  // the definition is checked before the dead keys
     alone->txtEdit().OnKeyUp(code, shift);
     EXPECT_EQ(app.TakeBoxes().size(), 1u);
     for (const Integer quiet : {16, 36}) {
@@ -201,19 +201,19 @@ TEST_F(CompletionTest, AnIncompleteDefinitionIsTold) {
   }
 }
 
-TEST_F(CompletionTest, ASiblingThatWentAwayIsReported) {
+TEST_F(CompletionTest, ARemovedSiblingIsReported) {
   ConnectSibling();
   form->Remove(u"txtCodigo");
   EXPECT_EQ(Sent(u"An"), u"");
   EXPECT_THAT(app.TakeBoxes(),
               ElementsAre(ErrorBox(MissingControl(u"txtCodigo", u"TxtIrmao", u"txtNome"),
                                    u"txtEdit_KeyUp")));
-  // The sibling is fetched ahead of the dead keys too.
+  // The sibling is also fetched before the dead keys are checked.
   KeyUp(222);
   EXPECT_EQ(app.TakeBoxes().size(), 1u);
 }
 
-TEST_F(CompletionTest, AServerThatWentAwayLeavesTheText) {
+TEST_F(CompletionTest, ALostServerLeavesTheTextUnchanged) {
   connection->FailNext(HostError(errors::ProviderError, u"servidor parado"));
   field->txtEdit().Text(u"An");
   KeyUp(65);
@@ -223,7 +223,7 @@ TEST_F(CompletionTest, AServerThatWentAwayLeavesTheText) {
   EXPECT_EQ(field->txtEdit().Text(), u"An");
 }
 
-// --- Whose texts they are -----------------------------------------------------------------------
+// --- Texts of the control and of its definition -------------------------------------------------
 
 /// A description whose own texts differ from those of its definition.
 class OwnTexts : public KeysTest {
@@ -248,7 +248,7 @@ class OwnTexts : public KeysTest {
   FieldPtr own;
 };
 
-TEST_F(OwnTexts, TheFieldsAreTheControlsTableAndConditionTheDefinitions) {
+TEST_F(OwnTexts, TheFieldsComeFromTheControlAndTableAndConditionFromTheDefinition) {
   const auto definition = (*own)->Browse();
   definition->BrowseTable(u"clientes");
   definition->BrwCampo(u"nome");
@@ -263,8 +263,8 @@ TEST_F(OwnTexts, TheFieldsAreTheControlsTableAndConditionTheDefinitions) {
             u"Like 'An%'");
 }
 
-// The control's table is asked for, the definition's is used.
-TEST_F(OwnTexts, ATableOfTheControlAloneLetsAStatementWithoutOneGo) {
+// The control's table is required, the definition's is used.
+TEST_F(OwnTexts, ATableOfTheControlAloneSendsAStatementWithoutATable) {
   EXPECT_EQ(Sent(), u"Select Top 1 apelido, id From  Where id = 12 And apelido Like 'An%'");
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
@@ -309,15 +309,15 @@ TEST_F(CompletedPair, TwoDescriptionsMayCompleteIntoEachOther) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// The lookup of the key serves the event queue, and with it whatever the program does there.
+// The lookup of the key processes the event queue, and with it whatever the program does there.
 
-TEST_F(CompletedPair, TheFormMayCloseUnderAKey) {
+TEST_F(CompletedPair, TheFormMayCloseDuringAKeyUp) {
   app.Post([this] { form->Close(); });
   form->Type(u"A");
   EXPECT_TRUE(form->IsClosed());
 }
 
-TEST_F(CompletedPair, TheKeyMayGoAwayUnderAKey) {
+TEST_F(CompletedPair, TheKeyFieldMayBeRemovedDuringAKeyUp) {
   app.Post([this] { form->Remove(u"txtCodigo"); });
   form->Type(u"A");
   EXPECT_EQ(field->txtEdit().Text(), u"Ana Maria");

@@ -1,5 +1,5 @@
-// What the tests of the control share: a form with no screen, a connection and field by field
-// the controls on it.
+// What the tests of the control share: a form without a screen, a connection, and controls that are
+// added to the form.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -36,7 +36,7 @@ MATCHER_P(IsValue, expected, "") { return Same(arg, Variant(expected)); }
 MATCHER(IsEmptyVariant, "") { return arg.IsEmpty(); }
 MATCHER(IsNullVariant, "") { return arg.IsNull(); }
 
-/// A box with the stop icon, as nearly all are.
+/// A box with the stop icon, like nearly all.
 inline memory::MessageBoxRecord StopBox(Long owner, const String& text,
                                         const String& title = u"Alerta!") {
   return {owner, text, host::box::Stop, title};
@@ -49,7 +49,7 @@ inline memory::MessageBoxRecord ErrorBox(const HostError& error, const String& p
           u"Erro: " + CStr(Variant(error.Number())) + u" - Função: " + module + u"." + procedure};
 }
 
-/// The error of a name that leads nowhere: of a parameter, or of a property of a field.
+/// The error of an unknown name in a parameter, or in a property of a field.
 inline HostError MissingControl(const String& name, const String& property = {},
                                 const String& field = {}) {
   const String where = property.empty() ? String() : u", em " + property + u" de '" + field + u"'";

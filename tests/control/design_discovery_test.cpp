@@ -32,7 +32,7 @@ TEST_F(OrdinalTest, TheFirstShowOpensTheRowsAndCachesTheOrdinal) {
   EXPECT_THAT(Control().Value(), IsEmptyVariant());
 }
 
-TEST_F(OrdinalTest, ClosedRowsAreOpenedAndOpenOnesLeftAlone) {
+TEST_F(OrdinalTest, ClosedRowsAreOpenedAndOpenOnesStayOpen) {
   data->Refresh();
   data->RecordSet()->Close();
   Control().UserControl_Show();
@@ -44,7 +44,7 @@ TEST_F(OrdinalTest, ClosedRowsAreOpenedAndOpenOnesLeftAlone) {
   EXPECT_EQ((*second)->PosDataField(), u"0");
 }
 
-TEST_F(OrdinalTest, WhatIsNoOrdinalDiffers) {
+TEST_F(OrdinalTest, ATextThatIsNotAnOrdinalCountsAsDifferent) {
   for (const char16_t* cached : {u"", u"abc", u"99", u"0", u"-1"}) {
     SCOPED_TRACE(ToUtf8(cached));
     const auto fresh = AddField(String(u"txt") + cached);
@@ -56,7 +56,7 @@ TEST_F(OrdinalTest, WhatIsNoOrdinalDiffers) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(OrdinalTest, AFieldThatIsNotThereKeepsTheCache) {
+TEST_F(OrdinalTest, AMissingFieldKeepsTheCache) {
   Control().DataField(u"não_há");
   Control().PosDataField(u"5");
   Control().UserControl_Show();
@@ -64,7 +64,7 @@ TEST_F(OrdinalTest, AFieldThatIsNotThereKeepsTheCache) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(OrdinalTest, NothingIsDoneWithoutNamesDataControlOrConfiguration) {
+TEST_F(OrdinalTest, DoesNothingWithoutNamesDataControlOrConfiguration) {
   data->RecordSource(u"");
   Control().UserControl_Show();
   for (const auto& [source, column] : {std::pair{u"dtcDados", u""},
@@ -81,16 +81,16 @@ TEST_F(OrdinalTest, NothingIsDoneWithoutNamesDataControlOrConfiguration) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(OrdinalTest, AControlThatHoldsNoRowsIsReportedUnderTheSearch) {
+TEST_F(OrdinalTest, AControlWithoutRowsIsReportedUnderTheNameOfTheSearch) {
   form->Add<memory::Label>(u"lblNome");
   Control().DataSource(u"lblNome");
   Control().UserControl_Show();
   EXPECT_THAT(app.TakeBoxes(), ElementsAre(ErrorBox(HostError(438), u"AchaObjetos")));
-  EXPECT_TRUE(Control().Carregou());  // the show itself went on
+  EXPECT_TRUE(Control().Carregou());  // the show itself continued
 }
 
-// The designer opens forms without a database too: the property page tells what is wrong.
-TEST_F(OrdinalTest, RowsThatCannotBeOpenedAreForThePropertyPageToTell) {
+// The designer also opens forms without a database: the property page reports the error.
+TEST_F(OrdinalTest, ThePropertyPageReportsRowsThatCannotBeOpened) {
   const HostError refused(errors::ProviderError, u"servidor parado");
   connection->FailNext(refused);
   connection->FailNext(refused);
@@ -100,7 +100,7 @@ TEST_F(OrdinalTest, RowsThatCannotBeOpenedAreForThePropertyPageToTell) {
   EXPECT_TRUE(Control().Carregou());
 }
 
-TEST_F(OrdinalTest, OneFailureOfTheRowsIsCuredByOpeningThemAgain) {
+TEST_F(OrdinalTest, AFailureOfTheRowsIsRepairedByOpeningThemAgain) {
   connection->FailNext(HostError(errors::ProviderError, u"servidor parado"));
   Control().UserControl_Show();
   EXPECT_THAT(app.Boxes(), IsEmpty());

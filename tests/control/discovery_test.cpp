@@ -38,7 +38,7 @@ class DiscoveryTest : public ControlTest {
 
 // --- The connection -----------------------------------------------------------------------------
 
-TEST_F(DiscoveryTest, OnlyKindsThatLookUpAskForTheConnection) {
+TEST_F(DiscoveryTest, OnlyKindsThatQueryTheDatabaseNeedTheConnection) {
   form->Properties().Remove(u"dbForm");
   for (const Long kind : {0, 1, 2, 3, 4, 5}) {
     SCOPED_TRACE(kind);
@@ -48,15 +48,15 @@ TEST_F(DiscoveryTest, OnlyKindsThatLookUpAskForTheConnection) {
   }
 }
 
-TEST_F(DiscoveryTest, AFormWithoutTheConnectionIsToldWithItsError) {
+TEST_F(DiscoveryTest, AFormWithoutTheConnectionIsReportedWithItsError) {
   form->Properties().Remove(u"dbForm");
   Control().TipoControle(TipoControle::Browse);
   Control().Refresh();
   EXPECT_THAT(app.TakeBoxes(), ElementsAre(NoConnection(ErrorDescription(438), u"438")));
 }
 
-// An empty property is no error: number 0 and no description are shown.
-TEST_F(DiscoveryTest, AnEmptyConnectionIsToldWithNumberZero) {
+// An empty property is not an error: number 0 and no description are shown.
+TEST_F(DiscoveryTest, AnEmptyConnectionIsReportedWithNumberZero) {
   Control().TipoControle(TipoControle::Descricao);
   for (const Variant& empty : {Variant(), Variant::Null(), Variant(ObjectPtr())}) {
     form->DbForm(empty);
@@ -65,7 +65,7 @@ TEST_F(DiscoveryTest, AnEmptyConnectionIsToldWithNumberZero) {
   }
 }
 
-TEST_F(DiscoveryTest, SomethingElseInItsPlaceIsToldWithItsError) {
+TEST_F(DiscoveryTest, AnotherObjectInItsPlaceIsReportedWithItsError) {
   Control().TipoControle(TipoControle::Browse);
   form->DbForm(u"DSN=teste");
   Control().Refresh();
@@ -116,12 +116,12 @@ class SiblingDiscoveryTest : public DiscoveryTest {
 
 TEST_F(SiblingDiscoveryTest, AControlOfThisLibraryIsASibling) {
   Control().TxtIrmao(u"TXTNOME");
-  EXPECT_FALSE(IsConnected());  // only the next look finds it
+  EXPECT_FALSE(IsConnected());  // only the next search finds it
   Control().Refresh();
   EXPECT_TRUE(IsConnected());
 }
 
-TEST_F(SiblingDiscoveryTest, AnythingElseIsPassedOverInSilence) {
+TEST_F(SiblingDiscoveryTest, AnythingElseIsIgnored) {
   for (const char16_t* name : {u"lblNome", u"", u"   "}) {
     Control().TxtIrmao(name);
     Control().Refresh();
@@ -130,7 +130,7 @@ TEST_F(SiblingDiscoveryTest, AnythingElseIsPassedOverInSilence) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(SiblingDiscoveryTest, AMissingSiblingIsReportedAndEndsTheLooking) {
+TEST_F(SiblingDiscoveryTest, AMissingSiblingIsReportedAndEndsTheSearch) {
   AddData({{u"codigo"}}, {{u"7"}})->Refresh();
   Bind(field, u"codigo");
   Control().TxtIrmao(u"txtQueNaoHa");
@@ -141,13 +141,13 @@ TEST_F(SiblingDiscoveryTest, AMissingSiblingIsReportedAndEndsTheLooking) {
   EXPECT_EQ(Control().PosDataField(), u"");
 }
 
-TEST_F(SiblingDiscoveryTest, TheFlagOnlyGoesUp) {
+TEST_F(SiblingDiscoveryTest, TheFlagIsNeverCleared) {
   Control().TxtIrmao(u"txtNome");
   Control().Refresh();
   Control().TxtIrmao(u"lblNome");
   Control().Refresh();
   EXPECT_THAT(app.TakeBoxes(), IsEmpty());
-  Control().UserControl_EnterFocus();  // still counts as connected, and the label is no sibling
+  Control().UserControl_EnterFocus();  // still counts as connected, but the label is not a sibling
   EXPECT_THAT(app.TakeBoxes(), ElementsAre(ErrorBox(HostError(438), u"UserControl_EnterFocus")));
 }
 
@@ -184,7 +184,7 @@ TEST_F(BindingTest, ARowIsLoaded) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(BindingTest, TheOriginalValueIsReadAgainBehindTheAssignment) {
+TEST_F(BindingTest, TheOriginalValueIsReadAgainAfterTheAssignment) {
   AddRows();
   field->OnChange = [&] { rows->Field.Value = u"de um tratador"; };
   Control().Refresh();
@@ -204,7 +204,7 @@ TEST_F(BindingTest, WithoutBothNamesTheValueIsNull) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(BindingTest, ADataControlThatDoesNotExistIsToldWithItsError) {
+TEST_F(BindingTest, AMissingDataControlIsReportedWithItsError) {
   Control().Refresh();
   EXPECT_THAT(
       app.TakeBoxes(),
@@ -212,7 +212,7 @@ TEST_F(BindingTest, ADataControlThatDoesNotExistIsToldWithItsError) {
                            CStr(Variant(errors::ControlNotFound)).c_str())));
 }
 
-// The type's name decides by its ending, exactly; there is no error, so number 0 is shown.
+// The ending of the type's name decides, case-sensitive; there is no error, so number 0 is shown.
 TEST_F(BindingTest, TheTypeNameMustEndInAdodc) {
   for (const auto& [typeName, found] :
        {std::pair{u"Adodc", true}, {u"MeuAdodc", true}, {u"adodc", false}, {u"AdodcX", false}}) {
@@ -227,7 +227,7 @@ TEST_F(BindingTest, TheTypeNameMustEndInAdodc) {
   }
 }
 
-TEST_F(BindingTest, TheEndingOfItsOwnNameDoesNotCount) {
+TEST_F(BindingTest, TheEndingOfTheControlsNameDoesNotCount) {
   form->Add<memory::Generic>(u"meuAdodc", u"Frame");
   Control().DataSource(u"meuAdodc");
   Control().Refresh();
@@ -247,7 +247,7 @@ TEST_F(BindingTest, ADataControlThatIsNotConfiguredIsNotFound) {
   EXPECT_THAT(app.TakeBoxes(), ElementsAre(NotFound(u"", u"0")));
 }
 
-TEST_F(BindingTest, ClosedRowsLeaveTheControlUnboundWithNoMessage) {
+TEST_F(BindingTest, ClosedRowsLeaveTheControlUnboundWithoutAMessage) {
   AddRows();
   rows->Field.IsOpen = false;
   Control().Refresh();
@@ -255,7 +255,7 @@ TEST_F(BindingTest, ClosedRowsLeaveTheControlUnboundWithNoMessage) {
   EXPECT_FALSE(IsBound(field, rows));
 }
 
-TEST_F(BindingTest, RowsThatAreNotThereAreReported) {
+TEST_F(BindingTest, MissingRowsAreReported) {
   AddRows()->RecordSet(nullptr);
   Control().Refresh();
   EXPECT_THAT(app.TakeBoxes(), ElementsAre(ErrorBox(HostError(91), u"SetarVariaveis")));
@@ -277,7 +277,7 @@ TEST_F(BindingTest, AtTheEndsOfTheRowsBothValuesAreNull) {
 
 // --- The field ----------------------------------------------------------------------------------
 
-TEST_F(BindingTest, AFieldThatIsNotThereIsToldInCapitalsWithNumberZero) {
+TEST_F(BindingTest, AMissingFieldIsReportedInCapitalsWithNumberZero) {
   AddRows();
   Control().DataField(u"não_há");
   Control().Refresh();
@@ -326,7 +326,7 @@ TEST_F(FieldTest, TheCachedOrdinalIsCorrected) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(FieldTest, OnlyACorrectionIsTold) {
+TEST_F(FieldTest, OnlyACorrectionIsNotified) {
   Control().Refresh();
   EXPECT_THAT(field->ChangedProperties(), Contains(u"PosDataField"));
   const auto told = std::count(field->ChangedProperties().begin(), field->ChangedProperties().end(),
@@ -348,7 +348,7 @@ TEST_F(FieldTest, RefreshShowsTheRowThatTheProgramMovedTo) {
   EXPECT_THAT(Control().Value(), IsNullVariant());
 }
 
-TEST_F(FieldTest, ARequeryNeedsNoBindingAnew) {
+TEST_F(FieldTest, ARequeryNeedsNoNewBinding) {
   Control().Refresh();
   data->Refresh();
   Control().Value(u"10");
@@ -367,7 +367,7 @@ TEST_F(FieldTest, ALoadedRowFetchesItsDescriptionAndOnlyThat) {
   connection->TakeStatements();
   Control().Refresh();
   EXPECT_EQ(connection->TakeStatements().size(), 1u);
-  Control().Value(u"8");  // the flag is down again
+  Control().Value(u"8");  // the flag is clear again
   EXPECT_THAT(connection->TakeStatements(), IsEmpty());
 }
 
@@ -391,7 +391,7 @@ TEST_F(LabelDiscoveryTest, TheLabelIsFoundAlsoWhenTheFieldIsNot) {
   EXPECT_EQ(label->ForeColor(), 0xFF0000u);
 }
 
-TEST_F(LabelDiscoveryTest, AnythingElseIsPassedOverInSilence) {
+TEST_F(LabelDiscoveryTest, AnythingElseIsIgnored) {
   AddField(u"txtNome");
   const auto labelled = AddLabelled(u"txtNome");
   (*labelled)->Refresh();

@@ -1,4 +1,4 @@
-// The calculator and the digits that no Double holds; what it was refused, and what it only showed.
+// The calculator with more digits than a Double holds, refused results, and unchanged values.
 
 #include "tessaria/conversion.h"
 #include "tessaria/text.h"
@@ -49,7 +49,7 @@ class ExactCalculator : public ButtonTest {
   std::shared_ptr<RawRows> rows = std::make_shared<RawRows>();
 };
 
-TEST_F(ExactCalculator, EscapeWritesATypedNumberWithAllItsDigits) {
+TEST_F(ExactCalculator, EscapeWritesATypedNumberWithAllDigits) {
   for (const bool byKey : {false, true}) {
     if (!form->Visible()) ShowRow(Variant::Null(), u"$$$$$$$$$$$$$$$$$$$$.$$", 30);
     Enter();
@@ -61,7 +61,7 @@ TEST_F(ExactCalculator, EscapeWritesATypedNumberWithAllItsDigits) {
   }
 }
 
-TEST_F(ExactCalculator, AnEntryOfSixteenDigitsIsWrittenAsItWasKeyedIn) {
+TEST_F(ExactCalculator, AnEntryOfSixteenDigitsIsWrittenAsTyped) {
   for (const bool byKey : {false, true}) {
     if (!form->Visible()) ShowRow(Variant::Null(), u"$$$$$$$$$$$$$$$$$$$$.$$", 30);
     rows->Field.Value = Variant::Null();
@@ -82,7 +82,7 @@ TEST_F(ExactCalculator, AnEntryOfSixteenDigitsIsWrittenAsItWasKeyedIn) {
   }
 }
 
-TEST_F(ExactCalculator, ARefusedResultGivesTheRowBackExactlyWhatItHeld) {
+TEST_F(ExactCalculator, ARefusedResultRestoresTheExactValueOfTheRow) {
   for (const Variant& stored :
        {Variant(u"NaN"), Variant(u"123456789012345678901234567890,5"), Variant::Null(),
         Variant(DecimalFromText(u"1.239")), Variant(DecimalFromText(u"9007199254740993"))}) {
@@ -109,7 +109,7 @@ TEST_F(ExactCalculator, ARefusedResultGivesTheRowBackExactlyWhatItHeld) {
   }
 }
 
-TEST_F(ExactCalculator, OpeningAndClosingItOverAStoredWordWritesNothing) {
+TEST_F(ExactCalculator, OpeningAndClosingItOnAStoredWordWritesNothing) {
   for (const char16_t* word : {u"NaN", u"-Infinity"})
     for (const bool byKey : {false, true}) {
       if (!form->Visible()) ShowRow(word, u"$$$$$.$$", 9);
@@ -126,13 +126,13 @@ TEST_F(ExactCalculator, OpeningAndClosingItOverAStoredWordWritesNothing) {
     }
 }
 
-TEST_F(ExactCalculator, ANumberThatIsKeyedInOverAStoredWordIsWritten) {
+TEST_F(ExactCalculator, ANumberTypedOnAStoredWordIsWritten) {
   ShowRow(u"NaN", u"$$$$$.$$", 9);
   Open(false, u"5");
   EXPECT_EQ(CDbl(rows->Field.Value), 5);
 }
 
-TEST_F(ExactCalculator, ACalendarThatIsLeftOverAStoredWordWritesNothing) {
+TEST_F(ExactCalculator, ACancelledCalendarOnAStoredWordWritesNothing) {
   ShowRow(u"infinity", u"dd/mm/yyyy", 10, TipoControle::Calendario);
   Click(u"frmCalendario", [](memory::Dialog& shown) { shown.Press(Key::Escape); });
   EXPECT_EQ(Box().Text(), u"infinity");
@@ -143,8 +143,8 @@ TEST_F(ExactCalculator, ACalendarThatIsLeftOverAStoredWordWritesNothing) {
   EXPECT_THAT(rows->Written, SizeIs(1));
 }
 
-// The calendar of a blank field answers the day that it opened on, cancelled or not.
-TEST_F(ExactCalculator, ACalendarThatIsLeftOverABlankAnswersItsDay) {
+// The calendar of a blank field returns the day that it opened on, cancelled or not.
+TEST_F(ExactCalculator, ACancelledCalendarOnABlankReturnsItsDay) {
   ShowRow(Variant::Null(), u"dd/mm/yyyy", 10, TipoControle::Calendario);
   Click(u"frmCalendario", [](memory::Dialog& shown) { shown.Press(Key::Escape); });
   EXPECT_THAT(rows->Written, SizeIs(1));

@@ -1,4 +1,4 @@
-// A lookup that fails leaves everything as it stood: of a description, and in a bound sibling.
+// A failed lookup changes nothing: neither that of a description nor that of a bound sibling.
 #include "tests/control/sibling_fixture.h"
 
 namespace tessaria::test {
@@ -20,7 +20,7 @@ class FailedLookupTest : public SiblingTest {
   }
 };
 
-TEST_F(FailedLookupTest, OfADescriptionLeavesItsKeyAndTellsTheKeyNothing) {
+TEST_F(FailedLookupTest, OfADescriptionKeepsItsKeyAndDoesNotNotifyTheKey) {
   const auto city = AddReturnField(description, u"cidade");
   city->Valor(u"Campinas");
   LoseTheServer();
@@ -35,7 +35,7 @@ TEST_F(FailedLookupTest, OfADescriptionLeavesItsKeyAndTellsTheKeyNothing) {
   EXPECT_THAT((*description)->Value(), IsValue(u"Ana Maria"));
 }
 
-TEST_F(FailedLookupTest, OfAKeyLeavesTheRowOfABoundDescription) {
+TEST_F(FailedLookupTest, OfAKeyKeepsTheRowOfABoundDescription) {
   connection->OnStatement = nullptr;
   AddData({{u"nome", host::type::VarWChar}}, {{u"Ana"}})->Refresh();
   Bind(description, u"nome");

@@ -10,7 +10,7 @@ using testing::IsEmpty;
 
 // --- Enter --------------------------------------------------------------------------------------
 
-TEST_F(FocusTest, EnteringTakesTheValueToMeasureAgainst) {
+TEST_F(FocusTest, EnteringStoresTheValueToCompareWith) {
   Show();
   Control().Value(u"antes");
   Enter();
@@ -44,7 +44,7 @@ TEST_F(FocusTest, EnteringBringsTheFieldsTabToTheFront) {
   EXPECT_EQ(ActiveName(), u"txtCampo");
 }
 
-TEST_F(FocusTest, ATabThatIsNoNumberIsReportedAndEndsTheEntering) {
+TEST_F(FocusTest, ATabThatIsNotANumberIsReportedAndEndsTheEntering) {
   field->Settings().Container = form->Add<memory::TabStrip>(u"tabDados", Integer{3});
   Control().NumeroTab(u"dois");
   Show();
@@ -69,16 +69,16 @@ const Selected selections[] = {
     {3, u"", u"abc", u"abc", 3},
     {4, u"", u"C:\\a", u"C:\\a", 4},
     {5, u"", u"12", u"12", 2},
-    {0, u"", u" ab ", u" ab ", 2},  // the length is that of the trimmed text
+    {0, u"", u" ab ", u" ab ", 2},  // the length of the trimmed text
     {0, u"$$$$$.$$", u"1.234,50", u"1234,50", 7},
     {5, u"$$$$$.$$", u"1.234,50", u"1234,50", 7},
-    {2, u"$$$$$.$$", u"1.234,50", u"1234,50", 7},  // an amount selects, whatever its kind
-    {0, u"$$$$$", u"1.234", u"1234", 4},           // the point goes though the mask has none
+    {2, u"$$$$$.$$", u"1.234,50", u"1234,50", 7},  // an amount is selected, whatever the kind
+    {0, u"$$$$$", u"1.234", u"1234", 4},           // the point is removed though the mask has none
     {0, u"$$$.$$%", u"12,50%", u"12,50", 5},
-    {3, u"$$$$$.$$", u"1.234,50", u"1.234,50", 8},  // a description is left as it stands
+    {3, u"$$$$$.$$", u"1.234,50", u"1.234,50", 8},  // a description is not changed
 };
 
-TEST_F(FocusTest, WhatTheBoxShowsAndSelectsInside) {
+TEST_F(FocusTest, TextAndSelectionWhileTheFieldHasTheFocus) {
   Show();
   for (const Selected& row : selections) {
     SCOPED_TRACE(testing::Message() << "kind " << row.Kind << ", " << ToUtf8(row.Text));
@@ -164,14 +164,14 @@ TEST_F(SiblingLiteralTest, WithoutAConnectedSiblingItIsEmpty) {
   State().vntValorIrmao = u"de antes";
   (*alone)->UserControl_EnterFocus();
   EXPECT_THAT(State().vntValorIrmao, IsEmptyVariant());
-  // Named, and not looked for since.
+  // Named, but not searched since.
   (*alone)->TxtIrmao(u"txtChave");
   State().vntValorIrmao = u"de antes";
   (*alone)->UserControl_EnterFocus();
   EXPECT_THAT(State().vntValorIrmao, IsEmptyVariant());
 }
 
-TEST_F(SiblingLiteralTest, OtherKindsLeaveItAlone) {
+TEST_F(SiblingLiteralTest, OtherKindsDoNotChangeIt) {
   Control().TipoControle(TipoControle::Browse);
   EXPECT_THAT(LiteralInside(), IsValue(u"de antes"));
 }

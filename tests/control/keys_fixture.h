@@ -1,4 +1,4 @@
-// A field whose keys are looked at, on a database that finds "Ana Maria", code 7.
+// A field for tests of keys, on a database that finds "Ana Maria", code 7.
 #pragma once
 
 #include "tests/control/control_fixture.h"

@@ -1,4 +1,4 @@
-// The keys of the surface and of the box: what they raise and set.
+// The keys of the surface and of the box: the events that they raise and the state that they set.
 
 #include "tests/control/keys_fixture.h"
 
@@ -9,7 +9,7 @@ using testing::IsEmpty;
 
 // --- The events ---------------------------------------------------------------------------------
 
-TEST_F(KeysTest, AKeyRaisesItsThreeEventsAndAChange) {
+TEST_F(KeysTest, AKeyRaisesItsThreeEventsAndChange) {
   Show();
   form->Type(u"a");
   const auto& events = field->Events();
@@ -23,7 +23,7 @@ TEST_F(KeysTest, AKeyRaisesItsThreeEventsAndAChange) {
   EXPECT_EQ(events[3].Code, 65);
 }
 
-TEST_F(KeysTest, TheApplicationMaySwallowAKey) {
+TEST_F(KeysTest, TheApplicationMayDiscardAKey) {
   Show();
   field->OnKeyPress = [](Integer& code) {
     if (code == 'b') code = 0;
@@ -42,7 +42,7 @@ TEST_F(KeysTest, TheApplicationMayTurnAKeyIntoAnother) {
   EXPECT_EQ(field->txtEdit().Text(), u"x");
 }
 
-TEST_F(KeysTest, ErrorsOfTheApplicationsHandlersSurface) {
+TEST_F(KeysTest, ErrorsOfTheApplicationsHandlersReachTheCaller) {
   field->OnKeyDown = [](Integer&, Integer&) { throw HostError(11); };
   field->OnKeyPress = [](Integer&) { throw HostError(9); };
   field->OnKeyUp = [](Integer&, Integer&) { throw HostError(6); };
@@ -56,7 +56,7 @@ TEST_F(KeysTest, ErrorsOfTheApplicationsHandlersSurface) {
 // --- Every key-up counts as typing --------------------------------------------------------------
 
 // The key went down in another control, whose handler has moved the focus.
-TEST_F(KeysTest, APageDownThatWentDownElsewhereOpensNothing) {
+TEST_F(KeysTest, APageDownPressedInAnotherFieldOpensNothing) {
   Control().TipoControle(TipoControle::Browse);
   Show();
   Integer code = 34, shift = 0;
@@ -75,7 +75,7 @@ TEST_F(KeysTest, EveryKeyUpLetsTheNextAssignmentFetchTheDescription) {
   Control().BrwCampoIrmao(u"nome");
   for (const Integer code : {0, 8, 9, 16, 27, 36, 37, 65, 219, 222}) {
     SCOPED_TRACE(code);
-    Control().UserControl_EnterFocus();  // takes the flag down
+    Control().UserControl_EnterFocus();  // clears the flag
     Control().Value(u"7");
     EXPECT_THAT(connection->TakeStatements(), IsEmpty());
     KeyUp(code);

@@ -1,4 +1,4 @@
-// How leaving a field tells of a change, and fetches the description.
+// How leaving a field reports a change, and fetches the description.
 
 #include "tests/control/focus_fixture.h"
 
@@ -20,7 +20,7 @@ const Change changes[] = {
     {u"abc", u"abc", false},       {u"abc", u"ABC", true},          {u"abc", u"abd", true},
 };
 
-TEST_F(FocusTest, BrowseReturnTellsWhetherTheValueChangedAndTheValueBefore) {
+TEST_F(FocusTest, BrowseReturnReportsWhetherTheValueChangedAndTheFormerValue) {
   Show();
   for (const Change& row : changes) {
     SCOPED_TRACE(testing::PrintToString(row.Before) + " to " + ToUtf8(row.Text));
@@ -36,7 +36,7 @@ TEST_F(FocusTest, BrowseReturnTellsWhetherTheValueChangedAndTheValueBefore) {
   }
 }
 
-// The property takes a text, and a text never equals a number.
+// The property holds a text, and a text never equals a number.
 TEST_F(FocusTest, ALastValueSetByAProgramIsATextAndDiffersFromANumber) {
   Control().TipoDado(5);
   Show();
@@ -48,7 +48,7 @@ TEST_F(FocusTest, ALastValueSetByAProgramIsATextAndDiffersFromANumber) {
   EXPECT_TRUE(Returns()[0].HouveAlteracao);
 }
 
-TEST_F(FocusTest, AClearedLastValueEqualsNothingButABlank) {
+TEST_F(FocusTest, AClearedLastValueEqualsOnlyABlank) {
   Show();
   Enter();
   Control().ClearLastValue();
@@ -57,7 +57,7 @@ TEST_F(FocusTest, AClearedLastValueEqualsNothingButABlank) {
   EXPECT_TRUE(Returns()[0].HouveAlteracao);  // Null against Empty: exactly one is Null
 }
 
-TEST_F(FocusTest, ADescriptionIsSilentAboutAChangeAndTellsThatThereWasNone) {
+TEST_F(FocusTest, ADescriptionDoesNotReportAChangeButReportsThatThereWasNone) {
   Control().TipoControle(TipoControle::Descricao);
   Show();
   Enter();
@@ -76,7 +76,7 @@ TEST_F(FocusTest, TheEventsLastValueIsTheMemberItself) {
   Show();
   field->OnBrowseReturn = [](bool&, Variant& last) { last = u"do programa"; };
   Enter();
-  Leave();  // no change: what the handler left stays
+  Leave();  // no change: what the handler has set stays
   field->OnBrowseReturn = nullptr;
   EXPECT_THAT(LastValue(), IsValue(u"do programa"));
   field->OnBrowseReturn = [](bool&, Variant& last) { last = u"do programa"; };
@@ -114,7 +114,7 @@ TEST_F(DescriptionOnLeavingTest, ATypedKeyFetchesItOnLeaving) {
   EXPECT_EQ(connection->TakeStatements().size(), 1u);
 }
 
-TEST_F(DescriptionOnLeavingTest, WithNoKeyItIsNotFetched) {
+TEST_F(DescriptionOnLeavingTest, WithoutAKeyItIsNotFetched) {
   Enter();
   Control().Text(u"7");  // the program's
   Leave();
@@ -122,7 +122,7 @@ TEST_F(DescriptionOnLeavingTest, WithNoKeyItIsNotFetched) {
   EXPECT_THAT(connection->TakeStatements(), IsEmpty());
 }
 
-// The key is down when the focus goes, and comes up elsewhere.
+// The key is down when the focus moves, and is released elsewhere.
 TEST_F(DescriptionOnLeavingTest, AKeyThatIsStillHeldCountsWhenItChangedTheText) {
   Enter();
   Box().Hold({55, 0, u'7'});
@@ -139,14 +139,14 @@ TEST_F(DescriptionOnLeavingTest, AHeldKeyThatChangedNothingDoesNotCount) {
   EXPECT_THAT(connection->TakeStatements(), IsEmpty());
 }
 
-TEST_F(DescriptionOnLeavingTest, AKeyFromBeforeTheEnteringDoesNotCount) {
+TEST_F(DescriptionOnLeavingTest, AKeyFromBeforeEnteringDoesNotCount) {
   TouchAKey();
   Enter();
   Control().Value(u"7");
   EXPECT_THAT(connection->TakeStatements(), IsEmpty());
 }
 
-TEST_F(DescriptionOnLeavingTest, AKeyDoesNotCountBehindTheLeaving) {
+TEST_F(DescriptionOnLeavingTest, AKeyDoesNotCountAfterLeaving) {
   Enter();
   TouchAKey();
   Leave();

@@ -1,4 +1,4 @@
-// What leaving a field does: when nothing, the zero fill, what becomes the value, what is refused.
+// Leaving a field: silenced exits, the zero fill, the new value, and refusals.
 
 #include "tests/control/focus_fixture.h"
 
@@ -7,9 +7,9 @@ namespace {
 
 using testing::IsEmpty;
 
-// --- Exit: when nothing happens -----------------------------------------------------------------
+// --- Exit: silenced -----------------------------------------------------------------------------
 
-TEST_F(FocusTest, TheFlagInTheTagSilencesTheLeaving) {
+TEST_F(FocusTest, TheFlagInTheTagSilencesTheExit) {
   Show();
   Enter();
   Box().Text(u"novo");
@@ -19,7 +19,7 @@ TEST_F(FocusTest, TheFlagInTheTagSilencesTheLeaving) {
   EXPECT_THAT(Returns(), IsEmpty());
 }
 
-TEST_F(FocusTest, AnyOtherTagDoesNot) {
+TEST_F(FocusTest, AnyOtherTagDoesNotSilenceTheExit) {
   Show();
   Enter();
   Box().Text(u"novo");
@@ -74,7 +74,7 @@ TEST_F(FocusTest, ZeroFillOnLeaving) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// --- Exit: what becomes the value ---------------------------------------------------------------
+// --- Exit: the new value ------------------------------------------------------------------------
 
 struct ValueRule {
   bool PromptInclude;
@@ -97,13 +97,13 @@ const ValueRule valueRules[] = {
     {true, u"XX-XX", u"ab-cd", u"ab-cd", scrambledWithDash},
     {false, u"XX-XX", u"ab-cd", u"ab-cd", scrambled},
     {false, u"XXXX", u"abcd", u"abcd", scrambled},
-    // The box plays no part in a hidden text.
+    // The box does not matter for a hidden text.
     {false, u"XXXX", u"abcd", u"****", scrambled},
-    // A small "x" is a literal in the mask, and hides the text all the same.
+    // A small "x" is a literal in the mask, but still hides the text.
     {false, u"xAAAA", u"abcd", u"xABCD", scrambled},
 };
 
-TEST_F(FocusTest, WhatBecomesTheValue) {
+TEST_F(FocusTest, TheValueAfterTheExit) {
   Show();
   for (const ValueRule& row : valueRules) {
     SCOPED_TRACE(ToUtf8(row.Mask) + " with " + ToUtf8(row.Box));
@@ -127,7 +127,7 @@ TEST_F(FocusTest, AnAmountIsFormattedBeforeItIsAssigned) {
   EXPECT_THAT(Control().Value(), IsValue(u"1234,50"));  // the point is a literal of the mask
 }
 
-TEST_F(FocusTest, TypedKeysEndInTheValue) {
+TEST_F(FocusTest, TypedKeysBecomeTheValue) {
   Control().Mascara(u"dd/mm/yyyy");
   Control().TipoDado(7);
   Show();
@@ -142,7 +142,7 @@ TEST_F(FocusTest, TypedKeysEndInTheValue) {
 
 // --- Exit: refused ------------------------------------------------------------------------------
 
-TEST_F(FocusTest, AFailedValidationKeepsTheTextAndRaisesFalse) {
+TEST_F(FocusTest, AFailedValidationKeepsTheTextAndReportsNoChange) {
   Control().Mascara(u"dd/mm/yyyy");
   Show();
   Control().Value(u"25/12/2017");
@@ -171,7 +171,7 @@ TEST_F(FocusTest, TheZeroFillComesBeforeTheValidation) {
 
 // --- Exit: the verdict --------------------------------------------------------------------------
 
-TEST_F(FocusTest, ASettledFieldIsLeftAndSoIsOneThatIsSilencedOrDisabled) {
+TEST_F(FocusTest, ASettledASilencedAndADisabledFieldAreLeft) {
   Show();
   Enter();
   EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::Left);
@@ -223,7 +223,7 @@ TEST_F(FocusTest, AValueThatItsFieldRefusesIsNotStored) {
   EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::Left);
 }
 
-TEST_F(FocusTest, AnErrorAheadOfTheAssignmentLeavesTheTypedTextNotStored) {
+TEST_F(FocusTest, AnErrorBeforeTheAssignmentLeavesTheTypedTextUnstored) {
   Control().Mascara(u"00000");
   Show();
   Enter();
@@ -231,7 +231,7 @@ TEST_F(FocusTest, AnErrorAheadOfTheAssignmentLeavesTheTypedTextNotStored) {
   EXPECT_EQ(Control().UserControl_ExitFocus(), ExitVerdict::NotStored);
 }
 
-TEST_F(FocusTest, AnErrorBehindTheAssignmentIsNoRefusal) {
+TEST_F(FocusTest, AnErrorAfterTheAssignmentIsNotARefusal) {
   Show();
   Enter();
   Box().Text(u"novo");

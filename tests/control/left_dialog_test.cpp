@@ -1,4 +1,4 @@
-// A dialog that is left without a choice: the field shows its value again, and its row stays.
+// A cancelled dialog: the field shows its value again, and its row does not change.
 
 #include "tessaria/comforts.h"
 #include "tessaria/text.h"
@@ -55,7 +55,7 @@ class LeftDialog : public ButtonTest {
 
 // --- The list -----------------------------------------------------------------------------------
 
-/// Each way out of the list.
+/// The ways to cancel the list.
 struct WayOut {
   const char* Name;
   void (*Leave)(memory::Dialog&);
@@ -89,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Held{host::type::DBTimeStamp, FromCivil({2017, 12, 25, 10, 30, 59}),
                          u"dd/mm/yyyy", 10}));
 
-TEST_P(LeftList, LeavesTheRowAndShowsTheValueAgain) {
+TEST_P(LeftList, KeepsTheRowAndShowsTheValueAgain) {
   const Held& held = GetParam();
   ShowRow(TipoControle::Browse, held.Type, held.Value, held.Mask, held.MaxLength);
   form->Focus(u"chkAtivo");
@@ -121,7 +121,7 @@ TEST_F(LeftDialog, AnUnboundFieldKeepsItsNull) {
   EXPECT_THAT(Control().Value(), IsValue(before));
 }
 
-TEST_F(LeftDialog, ABoxOfPasswordCharactersHoldsItsFormerTextAgain) {
+TEST_F(LeftDialog, ABoxOfPasswordCharactersGetsItsFormerTextBack) {
   Show(TipoControle::Browse);
   Control().PasswordChar(u"*");
   Control().Value(u"700");
@@ -133,7 +133,7 @@ TEST_F(LeftDialog, ABoxOfPasswordCharactersHoldsItsFormerTextAgain) {
   EXPECT_THAT(Control().Value(), IsValue(u"700"));
 }
 
-TEST_F(LeftDialog, TheListFillsTheDescriptionAndLeavesItsRowAlone) {
+TEST_F(LeftDialog, TheListFillsTheDescriptionAndDoesNotChangeItsRow) {
   data = AddData({{u"codigo"}, {u"nome"}}, {{u"15", u"Outro nome"}});
   const auto name = AddField(u"txtNome");
   (*name)->UsaChecaRelacao(false);
@@ -150,7 +150,7 @@ TEST_F(LeftDialog, TheListFillsTheDescriptionAndLeavesItsRowAlone) {
   ExpectNothingHappened();
 }
 
-/// One field on a row that refuses what is written.
+/// One field on a row that refuses writes.
 class LeftListBehindARefusal : public LeftDialog {
  protected:
   void RefuseTyped(const Variant& stored) {
@@ -188,13 +188,13 @@ TEST_F(LeftListBehindARefusal, ShowsTheRowsValueWhichCountsAsUntouched) {
   EXPECT_THAT(rows->Written, IsEmpty());
 }
 
-TEST_F(LeftListBehindARefusal, GoesOnShowingTheRefusedValueWhereTheRowHoldsNone) {
+TEST_F(LeftListBehindARefusal, ShowsTheRefusedValueIfTheRowHoldsNone) {
   RefuseTyped(null);
   LeaveList();
   EXPECT_THAT(rows->Written, SizeIs(1));
 }
 
-TEST_F(LeftListBehindARefusal, AsksNoRowOfAFieldThatIsBoundNoMore) {
+TEST_F(LeftListBehindARefusal, ReadsNoRowOfAFieldThatIsNoLongerBound) {
   RefuseTyped(DecimalFromText(u"1.25"));
   Control().DataField(u"outro");
   Control().Refresh();
@@ -204,7 +204,7 @@ TEST_F(LeftListBehindARefusal, AsksNoRowOfAFieldThatIsBoundNoMore) {
   EXPECT_THAT(rows->Written, IsEmpty());
 }
 
-TEST_F(LeftListBehindARefusal, AsksNoRowAtTheEndOfTheRows) {
+TEST_F(LeftListBehindARefusal, ReadsNoRowAtTheEndOfTheRows) {
   RefuseTyped(DecimalFromText(u"1.25"));
   rows->Field.AtEof = true;
   rows->Field.ReadFault = HostError(errors::NoCurrentRecord);
@@ -213,7 +213,7 @@ TEST_F(LeftListBehindARefusal, AsksNoRowAtTheEndOfTheRows) {
   EXPECT_THAT(rows->Written, IsEmpty());
 }
 
-TEST_F(LeftListBehindARefusal, AtTheEndOfTheRowsTheRefusedValueStaysWhereTheRowHeldNone) {
+TEST_F(LeftListBehindARefusal, AtTheEndOfTheRowsTheRefusedValueStaysIfTheRowHeldNone) {
   RefuseTyped(null);
   rows->Field.AtEof = true;
   rows->Field.ReadFault = HostError(errors::NoCurrentRecord);
@@ -222,7 +222,7 @@ TEST_F(LeftListBehindARefusal, AtTheEndOfTheRowsTheRefusedValueStaysWhereTheRowH
   EXPECT_EQ(CDbl(Control().Value()), 8);
 }
 
-TEST_F(LeftDialog, AListOverAValueThatAnUnboundFieldRefusedShowsTheValueThatItHas) {
+TEST_F(LeftDialog, ACancelledListShowsTheStoredValueInPlaceOfOneThatAnUnboundFieldRefused) {
   Show(TipoControle::Browse);
   Control().TipoDado(5);
   Enter();
@@ -239,7 +239,7 @@ TEST_F(LeftDialog, AListOverAValueThatAnUnboundFieldRefusedShowsTheValueThatItHa
 
 // --- Calendar, calculator, folder ---------------------------------------------------------------
 
-TEST_F(LeftDialog, TheCalendarKeepsTheTimeOfTheDayThatItWasGiven) {
+TEST_F(LeftDialog, TheCalendarKeepsTheTimeOfDay) {
   const Date moment = FromCivil({2017, 12, 25, 10, 30, 59});
   ShowRow(TipoControle::Calendario, host::type::DBTimeStamp, moment, u"dd/mm/yyyy", 10);
   for (const Key key : {Key::Escape, Key::Enter}) {
@@ -250,9 +250,9 @@ TEST_F(LeftDialog, TheCalendarKeepsTheTimeOfTheDayThatItWasGiven) {
   }
 }
 
-// Of a short year six characters are left, which are no date; the test of the date has written the
-// year out by then, and a second click would find eight.
-TEST_F(LeftDialog, ByTheComfortACalendarThatCannotOpenTouchesNothing) {
+// A short year leaves six characters, which are not a date; the check of the date has completed the
+// year by then, so that a second click would find eight.
+TEST_F(LeftDialog, WithTheComfortACalendarThatCannotOpenDoesNotTouchTheField) {
   setComforts({.CalendarCancels = true});
   const Date moment = FromCivil({2017, 12, 25, 10, 30, 59});
   ShowRow(TipoControle::Calendario, host::type::DBTimeStamp, moment, u"dd/mm/yy", 10);
@@ -263,14 +263,14 @@ TEST_F(LeftDialog, ByTheComfortACalendarThatCannotOpenTouchesNothing) {
     EXPECT_EQ(Box().Text(), shown);
   }
   EXPECT_THAT(desktop->Shown(), IsEmpty());
-  Box().Tag.clear();  // the fault has silenced the exit
+  Box().Tag.clear();  // the error has silenced the exit
   form->Focus(u"chkAtivo");
   EXPECT_THAT(Control().Value(), IsValue(moment));
   ExpectNothingHappened();
   setComforts({});
 }
 
-TEST_F(LeftDialog, TheCalendarAnswersTheDayThatWasTypedAnew) {
+TEST_F(LeftDialog, TheCalendarReturnsANewlyTypedDay) {
   ShowRow(TipoControle::Calendario, host::type::DBTimeStamp, FromCivil({2017, 12, 25, 10, 30, 59}),
           u"dd/mm/yyyy", 10);
   form->Type(u"25122017");
@@ -278,7 +278,7 @@ TEST_F(LeftDialog, TheCalendarAnswersTheDayThatWasTypedAnew) {
   EXPECT_THAT(Control().Value(), IsValue(FromCivil({2017, 12, 25})));
 }
 
-TEST_F(LeftDialog, TheCalculatorLeavesTheNumberThatItWasGiven) {
+TEST_F(LeftDialog, TheCalculatorKeepsTheNumberOfTheField) {
   for (const char16_t* number : {u"12345.67", u"1.239", u"-0.004", u"9007199254740993"}) {
     SCOPED_TRACE(ToUtf8(number));
     const Variant stored(DecimalFromText(number));
@@ -304,22 +304,22 @@ TEST_F(LeftDialog, TheCalculatorLeavesTheNumberThatItWasGiven) {
   }
 }
 
-TEST_F(LeftDialog, TheCalculatorAnswersTheNumberThatWasTyped) {
+TEST_F(LeftDialog, TheCalculatorReturnsATypedNumber) {
   ShowRow(TipoControle::Calculadora, host::type::Numeric, DecimalFromText(u"1.239"), u"$$$$.$$", 7);
   form->Type(u"1,24");
   Click(u"frmCalculadora", Calculate(u""));
   EXPECT_EQ(CDbl(Stored()), 1.24);
 }
 
-// Escape keeps what the display shows, and a calculator that was given no number shows 0.
-TEST_F(LeftDialog, TheCalculatorAnswersZeroForABlank) {
+// Escape keeps what the display shows, and a calculator opened without a number shows 0.
+TEST_F(LeftDialog, TheCalculatorReturnsZeroForABlank) {
   ShowRow(TipoControle::Calculadora, host::type::Numeric, null);
   ASSERT_EQ(Box().Text(), u"");
   Click(u"frmCalculadora", Calculate(u""));
   EXPECT_EQ(CStr(Stored()), u"0");
 }
 
-TEST_F(LeftDialog, TheFolderPickerLeavesThePathThatItWasGiven) {
+TEST_F(LeftDialog, TheFolderPickerKeepsThePathOfTheField) {
   ShowRow(TipoControle::Diretorio, host::type::VarWChar, u"c:\\Dados", u"", 4);
   ASSERT_EQ(Box().Text(), u"c:\\Dados");
   Click(u"frmDiretorio", [](memory::Dialog& shown) { shown.Click(u"btnVoltar"); });

@@ -1,4 +1,4 @@
-// The looks of a field alone: form, label and sibling are plain state.
+// The looks of a field, tested alone: form, label and sibling are plain state.
 
 #include "control/looks.h"
 
@@ -47,7 +47,7 @@ TEST_F(LooksPartTest, TheKindsWithADialogHaveAButton) {
   }
 }
 
-TEST_F(LooksPartTest, ADescriptionHasItsButtonInTheSearchPromptsOnly) {
+TEST_F(LooksPartTest, ADescriptionHasItsButtonOnlyInSearchPrompts) {
   members.TipoControle = TipoControle::Descricao;
   for (const char16_t* name : {u"frmTsPesquisa", u"frmPesquisa"}) {
     form.name = name;
@@ -56,7 +56,7 @@ TEST_F(LooksPartTest, ADescriptionHasItsButtonInTheSearchPromptsOnly) {
   }
 }
 
-TEST_F(LooksPartTest, ThePictureIsTakenFromTheProgramsFolderWhenItIsThere) {
+TEST_F(LooksPartTest, ThePictureIsTakenFromTheProgramsFolderIfItExists) {
   members.TipoControle = TipoControle::Calendario;
   looks.Draw();
   EXPECT_EQ(button.Picture(), nullptr);
@@ -94,7 +94,7 @@ TEST_F(LooksPartTest, AnEnabledFieldIsWhiteAndADisabledOneIsNot) {
   EXPECT_FALSE(button.Enabled());
 }
 
-TEST_F(LooksPartTest, AColourThatIsDrawnDoesNotTakeThePlaceOfTheStoredOne) {
+TEST_F(LooksPartTest, ADrawnColourDoesNotReplaceTheStoredOne) {
   txtEdit.ForeColor(0x112233);
   members.lngForeColorOriginal = 0x112233;
   members.TipoControle = TipoControle::Descricao;
@@ -103,7 +103,7 @@ TEST_F(LooksPartTest, AColourThatIsDrawnDoesNotTakeThePlaceOfTheStoredOne) {
   EXPECT_EQ(members.StoredForeColor, std::optional<Colour>(0x112233));
 }
 
-TEST_F(LooksPartTest, AColourThatIsAssignedIsStored) {
+TEST_F(LooksPartTest, AnAssignedColourIsStored) {
   looks.Draw();
   looks.Forecolor(0x010203);
   looks.BackColor(0x040506);
@@ -113,14 +113,14 @@ TEST_F(LooksPartTest, AColourThatIsAssignedIsStored) {
   EXPECT_EQ(site.backColor, 0x040506u);
 }
 
-TEST_F(LooksPartTest, AFontThatIsAssignedIsNoLongerTheSurroundings) {
+TEST_F(LooksPartTest, AnAssignedFontIsNoLongerTheAmbientOne) {
   members.FontIsAmbient = true;
   looks.Font(host::Font{});
   EXPECT_FALSE(members.FontIsAmbient);
   EXPECT_THAT(site.changed, Contains(u"Font"));
 }
 
-TEST_F(LooksPartTest, TheCaptionShowsTheFocusAndWhatTheFieldIs) {
+TEST_F(LooksPartTest, TheCaptionShowsTheFocusAndTheKindOfField) {
   members.bLabelConectado = true;
   looks.ColourFocused();
   EXPECT_EQ(form.label->colour, host::colour::Blue);
@@ -139,24 +139,24 @@ TEST_F(LooksPartTest, AMarkedFieldHasAGreenBoldCaption) {
   EXPECT_TRUE(form.label->bold);
 }
 
-TEST_F(LooksPartTest, ACaptionThatWasNotFoundIsLeftAlone) {
+TEST_F(LooksPartTest, ACaptionThatWasNotFoundIsNotChanged) {
   looks.Draw();
   looks.ColourFocused();
   looks.ColourUnfocused();
   EXPECT_EQ(form.label->colour, 0u);
 }
 
-TEST_F(LooksPartTest, AKeyHandsEnabledOnToADescriptionThatNamesItBack) {
+TEST_F(LooksPartTest, AKeyPassesEnabledToADescriptionThatNamesItBack) {
   members.TipoControle = TipoControle::Browse;
   members.bIrmaoConectado = true;
   looks.Enabled(false);
   EXPECT_FALSE(form.sibling->control.enabled);
   form.sibling->control.calls.clear();
   looks.Enabled(false);
-  EXPECT_THAT(form.sibling->control.calls, IsEmpty());  // it does not differ any more
+  EXPECT_THAT(form.sibling->control.calls, IsEmpty());  // it no longer differs
 }
 
-TEST_F(LooksPartTest, ADescriptionThatNamesAnotherKeyIsLeftAlone) {
+TEST_F(LooksPartTest, ADescriptionThatNamesAnotherKeyIsNotChanged) {
   members.TipoControle = TipoControle::Browse;
   members.bIrmaoConectado = true;
   form.sibling->control.txtIrmao = u"txtOutro";

@@ -1,4 +1,4 @@
-// What assigning `Mascara` does to the box, and what it leaves alone.
+// What assigning `Mascara` does to the box, and what it does not change.
 
 #include "tests/control/control_fixture.h"
 
@@ -18,7 +18,7 @@ class MaskAssignmentTest : public ControlTest {
     Control().Mascara(mask);
     Control().Value(value);
   }
-  /// The properties that assigning the mask reports.
+  /// The properties that assigning the mask notifies.
   std::vector<String> Assign(const String& mask) {
     const auto before = static_cast<std::ptrdiff_t>(field->ChangedProperties().size());
     Control().Mascara(mask);
@@ -40,7 +40,7 @@ const Aligned kAlignments[] = {
     {u"$$$%", host::Alignment::Right},   {u"0$", host::Alignment::Left},
 };
 
-TEST_F(MaskAssignmentTest, ANumberStandsOnTheRight) {
+TEST_F(MaskAssignmentTest, ANumberIsAlignedRight) {
   Start(u"", Variant::Null());
   for (const Aligned& row : kAlignments) {
     Control().Mascara(row.Mask);
@@ -48,7 +48,7 @@ TEST_F(MaskAssignmentTest, ANumberStandsOnTheRight) {
   }
 }
 
-TEST_F(MaskAssignmentTest, TellsTheItemsThenTheMask) {
+TEST_F(MaskAssignmentTest, NotifiesTheItemsBeforeTheMask) {
   Start(u"", u"1234");
   EXPECT_THAT(Assign(u"00/00"), ElementsAre(u"ItensMascara", u"Mascara"));
   EXPECT_EQ(Control().ItensMascara(), u"_/");
@@ -71,12 +71,12 @@ const Relaid kRelaid[] = {
     {u"00/00", u"12", u"000/000", u"12_/___"},
     // The old mask's literals are stripped only where the new one has them too.
     {u"00/00", u"1234", u"00-00", u"12-/3"},
-    // Without a mask nothing is stripped at all: the text stays as it stands.
+    // Without a mask nothing is stripped: the text does not change.
     {u"00/00", u"1234", u"", u"12/34"},
     {u"00/00", u"12", u"", u"12/__"},
 };
 
-TEST_F(MaskAssignmentTest, LaysTheBoxOutAnewAndLeavesValueAndTypedTextAlone) {
+TEST_F(MaskAssignmentTest, LaysOutTheBoxAgainAndKeepsValueAndTypedText) {
   for (const Relaid& row : kRelaid) {
     SCOPED_TRACE(ToUtf8(row.Before) + " to " + ToUtf8(row.Mask));
     Start(row.Before, row.Value);
@@ -87,7 +87,7 @@ TEST_F(MaskAssignmentTest, LaysTheBoxOutAnewAndLeavesValueAndTypedTextAlone) {
   }
 }
 
-TEST_F(MaskAssignmentTest, TakingTheMaskOffAnEmptyBoxMakesTheValueNull) {
+TEST_F(MaskAssignmentTest, RemovingTheMaskOfAnEmptyBoxSetsTheValueToNull) {
   Start(u"00/00", u"1234");
   Box().Text(u"__/__");
   EXPECT_THAT(Assign(u""), ElementsAre(u"ItensMascara", u"Texto", u"Value", u"Mascara"));
@@ -96,7 +96,7 @@ TEST_F(MaskAssignmentTest, TakingTheMaskOffAnEmptyBoxMakesTheValueNull) {
   EXPECT_EQ(Box().Text(), u"");
 }
 
-TEST_F(MaskAssignmentTest, WithPasswordCharactersTheyAreWhatIsLaidOut) {
+TEST_F(MaskAssignmentTest, PasswordCharactersAreLaidOutThemselves) {
   Start(u"", u"segredo");
   Control().PasswordChar(u"*");
   Control().Value(u"segredo");
@@ -106,7 +106,7 @@ TEST_F(MaskAssignmentTest, WithPasswordCharactersTheyAreWhatIsLaidOut) {
   EXPECT_THAT(Control().Value(), IsValue(u"segredo"));
 }
 
-TEST_F(MaskAssignmentTest, NoMaskInPlaceOfNoneEmptiesTheValueOfAnEmptyBox) {
+TEST_F(MaskAssignmentTest, AssigningNoMaskToAFieldWithoutOneEmptiesTheValueOfAnEmptyBox) {
   Start(u"", u"abc");
   Control().Mascara(u"");
   EXPECT_THAT(Control().Value(), IsValue(u"abc"));

@@ -1,4 +1,4 @@
-// One half of a pair alone: the sibling and the database are plain state.
+// One half of a pair, tested alone: the sibling and the database are plain state.
 
 #include "control/pair.h"
 
@@ -57,25 +57,25 @@ class PairPartTest : public PartTest {
   bool databaseFails = false;
 };
 
-TEST_F(PairPartTest, WhatAKeyFindsGoesToItsDescription) {
+TEST_F(PairPartTest, AKeyPassesWhatItFindsToItsDescription) {
   pair.Follow(AssignMode::Write);
   EXPECT_THAT(Sibling().calls, ElementsAre(u"Value"));
   EXPECT_SAME(Sibling().value, u"Ana");
 }
 
-TEST_F(PairPartTest, ARowThatIsShownIsShownToTheSiblingToo) {
+TEST_F(PairPartTest, AShownRowIsAlsoShownToTheSibling) {
   pair.Follow(AssignMode::Show);
   EXPECT_THAT(Sibling().calls, ElementsAre(u"ShowValue"));
 }
 
-TEST_F(PairPartTest, AProgramsAssignmentIsNotHandedOn) {
+TEST_F(PairPartTest, AProgramsAssignmentIsNotPassedOn) {
   members.bCarregandoCampo = false;
   pair.Follow(AssignMode::Write);
   EXPECT_THAT(Sibling().calls, IsEmpty());
   EXPECT_THAT(statements, IsEmpty());
 }
 
-TEST_F(PairPartTest, AnIncompleteLookupAsksNothing) {
+TEST_F(PairPartTest, AnIncompleteLookupQueriesNothing) {
   lookup.BrwCampoIrmao(u"");
   pair.Follow(AssignMode::Write);
   EXPECT_THAT(statements, IsEmpty());
@@ -91,7 +91,7 @@ TEST_F(PairPartTest, ABlankEmptiesSiblingAndReturnFieldsWithoutASearch) {
   EXPECT_THAT(statements, IsEmpty());
 }
 
-TEST_F(PairPartTest, AFailedSearchLeavesTheSiblingAlone) {
+TEST_F(PairPartTest, AFailedSearchDoesNotChangeTheSibling) {
   databaseFails = true;
   pair.Follow(AssignMode::Write);
   EXPECT_THAT(Sibling().calls, IsEmpty());
@@ -104,13 +104,13 @@ TEST_F(PairPartTest, ADescriptionLetsItsKeyRefreshTheReturnFields) {
   EXPECT_THAT(Sibling().calls, ElementsAre(u"Value", u"AtualizaIrmao keys", u"BrowseReturn"));
 }
 
-TEST_F(PairPartTest, AShownDescriptionShowsItsKeyAnew) {
+TEST_F(PairPartTest, AShownDescriptionShowsItsKeyAgain) {
   MakeDescription();
   pair.Follow(AssignMode::Show);
   EXPECT_THAT(Sibling().calls, ElementsAre(u"ShowValue", u"ShowSibling keys", u"BrowseReturn"));
 }
 
-TEST_F(PairPartTest, ADescriptionSearchesUnderItsKeyAlone) {
+TEST_F(PairPartTest, ADescriptionSearchesOnlyUnderItsKey) {
   MakeDescription();
   lookup.BrwCampoIrmao(u"c.codigo");
   lookup.BrwWhere(u"ativo = 1");
@@ -121,7 +121,7 @@ TEST_F(PairPartTest, ADescriptionSearchesUnderItsKeyAlone) {
       << ToUtf8(statements[0]);
 }
 
-TEST_F(PairPartTest, ARefreshOfKeysAloneSearchesAndLeavesTheSibling) {
+TEST_F(PairPartTest, ARefreshOfKeysOnlySearchesAndKeepsTheSibling) {
   pair.Refresh(true, true, AssignMode::Write);
   EXPECT_EQ(statements.size(), 1u);
   EXPECT_THAT(Sibling().calls, IsEmpty());
@@ -165,7 +165,7 @@ TEST_F(PairPartTest, AFieldWithoutASiblingHasNoKey) {
   EXPECT_SAME(State().vntValorIrmao, Variant());
 }
 
-TEST_F(PairPartTest, ACompletionWithoutALookupIsTold) {
+TEST_F(PairPartTest, ACompletionWithoutALookupIsReported) {
   MakeDescription();
   lookup.BrwCampo(u"");
   pair.Complete(u'A');

@@ -1,4 +1,4 @@
-// The surroundings of a control's parts, as plain state: each part is tested alone over these.
+// The surroundings of a control's parts, as plain state: with these each part is tested alone.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -16,7 +16,7 @@
 
 namespace tessaria::test {
 
-/// A surface that lies on no form.
+/// A surface that is not on a form.
 struct FakeSite final : host::ControlSite {
   bool UserMode() const override { return userMode; }
   String DisplayName() const override { return u"txtCampo"; }
@@ -40,7 +40,7 @@ struct FakeSite final : host::ControlSite {
   std::vector<String> changed;
 };
 
-/// A widget of a form, by its name and its type.
+/// A widget of a form, with its name and its type.
 template <class Port>
 struct FakeWidgetOf : Port {
   explicit FakeWidgetOf(String name_, String type_)
@@ -70,7 +70,7 @@ struct FakeLabel final : FakeWidgetOf<host::Label> {
   bool bold = false;
 };
 
-/// A control that writes down what it is asked to do.
+/// A control that records its calls.
 struct FakeControl final : _tsText {
   Variant Value() const override { return value; }
   void Value(const Variant& v) override { Note(u"Value", v); }
@@ -107,7 +107,7 @@ struct FakeControl final : _tsText {
   std::vector<String> calls;
 };
 
-/// The same as its form holds it.
+/// Its widget, as the form holds it.
 struct FakeControlWidget final : FakeWidgetOf<host::TsTextWidget> {
   FakeControlWidget() : FakeWidgetOf(u"txtIrmao", u"tsText") {}
   _tsText& Control() const override { return control; }
@@ -115,7 +115,7 @@ struct FakeControlWidget final : FakeWidgetOf<host::TsTextWidget> {
   mutable FakeControl control;
 };
 
-/// What every part stands on: a surface, a box, and what the control remembers.
+/// What every part works on: a surface, a box, and the state of the control.
 class PartTest : public testing::Test {
  protected:
   PartTest() {

@@ -62,9 +62,9 @@ TEST_F(PathTest, OtherKindsDoNotSplit) {
   EXPECT_EQ(other->Events(Kind::Change).size(), 1u);
 }
 
-// A text without a separator asks for -1 characters. That is an error of the change's event, in
-// every host, whoever has changed the text.
-TEST_F(PathTest, ATextWithoutASeparatorIsAnErrorOfItsChangeAndStays) {
+// A text without a separator makes the split ask for -1 characters. That is an error of the Change
+// event, in every host, whoever has changed the text.
+TEST_F(PathTest, ATextWithoutASeparatorIsAnErrorOfTheChangeEventAndStays) {
   (*field)->Text(u"lista.txt");
   ASSERT_EQ(form->UnhandledErrors().size(), 1u);
   EXPECT_EQ(form->UnhandledErrors()[0].Number(), 5);
@@ -72,7 +72,7 @@ TEST_F(PathTest, ATextWithoutASeparatorIsAnErrorOfItsChangeAndStays) {
   EXPECT_THAT(field->Events(Kind::Change), IsEmpty());
 }
 
-TEST_F(PathTest, ATypedLetterWithoutASeparatorStaysAndTheProgramRunsOn) {
+TEST_F(PathTest, ATypedLetterWithoutASeparatorStaysAndTheProgramContinues) {
   form->Show();
   form->Focus(u"txtCaminho");
   form->Type(u"a");
@@ -83,7 +83,7 @@ TEST_F(PathTest, ATypedLetterWithoutASeparatorStaysAndTheProgramRunsOn) {
   EXPECT_EQ((*field)->DirFilePath(), u"a");
 }
 
-TEST_F(PathTest, AnAssignedValueWithoutASeparatorStaysToo) {
+TEST_F(PathTest, AnAssignedValueWithoutASeparatorAlsoStays) {
   (*field)->Value(u"lista.txt");
   const auto boxes = app.TakeBoxes();
   ASSERT_FALSE(boxes.empty());

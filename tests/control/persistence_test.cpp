@@ -99,7 +99,7 @@ const std::vector<StoredKey>& Keys() {
 
 bool IsSelection(const StoredKey& key) { return StartsWith(key.Name, u"Sel"); }
 bool IsFont(const StoredKey& key) { return StringView(key.Name) == u"Font"; }
-/// Asking for one of the two definitions makes it.
+/// Reading one of the two definitions creates it.
 bool IsMadeOnNeed(const StoredKey& key) {
   const StringView name = key.Name;
   return name == u"Browse" || name == u"Pesquisa";
@@ -118,7 +118,7 @@ std::vector<StoredKey> InOrder(int StoredKey::*position) {
 Variant Target(const tsText& control, const StoredKey& key) {
   if (StringView(key.Name) == u"ItensMascara") return control.ItensMascara();
   const Variant held = GetProperty(control, key.Name);
-  // A length is a Long to programs.
+  // A length is a Long for programs.
   const bool isShort = key.Sample.Type() == Variant::Kind::Integer;
   return isShort ? Variant(static_cast<Integer>(*held.TryGet<Long>())) : held;
 }
@@ -237,7 +237,7 @@ TEST_F(PersistenceTest, EachTargetIsWrittenUnderItsKey) {
   }
 }
 
-TEST_F(PersistenceTest, TheFontTravelsAsAnObject) {
+TEST_F(PersistenceTest, TheFontIsStoredAsAnObject) {
   const auto font = std::make_shared<host::Font>();
   font->Name = u"Arial";
   font->Size = 12;
@@ -250,7 +250,7 @@ TEST_F(PersistenceTest, TheFontTravelsAsAnObject) {
   EXPECT_EQ(*written.At(u"Font").As<host::Font>(), *font);
 }
 
-TEST_F(PersistenceTest, ALengthThatNoIntegerHoldsIsStoredAsALongAndBothAreRead) {
+TEST_F(PersistenceTest, ALengthThatDoesNotFitIntoAnIntegerIsStoredAsALongAndBothAreRead) {
   for (const Long length : {32767, 32768, 2000000000}) {
     field->txtEdit().MaxLength(length);
     RecordingBag written;
@@ -263,7 +263,7 @@ TEST_F(PersistenceTest, ALengthThatNoIntegerHoldsIsStoredAsALongAndBothAreRead) 
   EXPECT_EQ((*AddStored(u"txtAntigo", {{u"MaxLength", Long{7}}}))->MaxLength(), 7);
 }
 
-// The selection stands in the walk ahead of the text, whose assignment takes it away.
+// The selection is read before the text, whose assignment clears it.
 TEST_F(PersistenceTest, TheSelectionIsStoredButLostOnReading) {
   field->txtEdit().Text(u"abcdef");
   field->txtEdit().SelStart(2);
@@ -279,7 +279,7 @@ TEST_F(PersistenceTest, TheSelectionIsStoredButLostOnReading) {
   EXPECT_EQ(loaded->txtEdit().SelLength(), 0);
 }
 
-TEST_F(PersistenceTest, ASecondTripWritesTheSameLines) {
+TEST_F(PersistenceTest, StoringAgainWritesTheSameLines) {
   FillBag();
   bag.Put(u"Browse", nothing);
   bag.Put(u"Pesquisa", nothing);
@@ -316,7 +316,7 @@ TEST_F(PersistenceTest, TheSignSurvivesOnlyInABagThatIgnoresCase) {
   EXPECT_TRUE((*loaded)->ValorNegativo());
 }
 
-TEST_F(PersistenceTest, AnEmptyObjetoCancelarIsStoredAllTheSame) {
+TEST_F(PersistenceTest, AnEmptyObjetoCancelarIsAlsoStored) {
   TextPropertyBag stored({{u"Browse", [] { return std::make_shared<Browse>(); }}});
   Control().UserControl_WriteProperties(stored);
   const String lines = stored.Save();
@@ -325,7 +325,7 @@ TEST_F(PersistenceTest, AnEmptyObjetoCancelarIsStoredAllTheSame) {
     EXPECT_EQ(lines.find(String(u"\n") + blank + u"="), String::npos) << ToUtf8(blank);
 }
 
-TEST_F(PersistenceTest, ReadingRunsNoLetAndReachesNoEngine) {
+TEST_F(PersistenceTest, ReadingHasNoSideEffectsOfAssignment) {
   FillBag();
   bag.Put(u"TipoControle", Long{4});  // a path whose text has no separator
   const auto loaded = form->Add<memory::TsText>(u"txtOutro", bag);
@@ -335,7 +335,7 @@ TEST_F(PersistenceTest, ReadingRunsNoLetAndReachesNoEngine) {
   // The mask is not compiled again, and the fill character is not cut to one.
   EXPECT_EQ((*loaded)->ItensMascara(), u"quaisquer");
   EXPECT_EQ((*loaded)->PromptChar(), u"*#");
-  // Value, typed text and box stand side by side as they were stored.
+  // Value, typed text and box are read independently, as they were stored.
   EXPECT_THAT((*loaded)->Value(), IsValue(12.5));
   EXPECT_EQ((*loaded)->Texto(), u"texto cru");
   EXPECT_EQ(loaded->txtEdit().Text(), u"na caixa");
@@ -350,7 +350,7 @@ TEST_F(PersistenceTest, ReadingAKindDoesNotTurnPromptIncludeOn) {
   EXPECT_FALSE(Control().PromptInclude());
 }
 
-TEST_F(PersistenceTest, WritingTakesTheLooksFromTheBox) {
+TEST_F(PersistenceTest, WritingReadsTheLooksFromTheBox) {
   auto& box = field->txtEdit();
   box.BackColor(0x010203);
   box.ForeColor(0x040506);
@@ -367,15 +367,15 @@ TEST_F(PersistenceTest, WritingTakesTheLooksFromTheBox) {
   EXPECT_SAME(bag.At(u"Enabled"), false);
 }
 
-TEST_F(PersistenceTest, WritingMakesTheBrowseDefinitionButNotTheSearches) {
+TEST_F(PersistenceTest, WritingCreatesTheBrowseDefinitionButNotTheSearches) {
   Control().UserControl_WriteProperties(bag);
   const auto browse = bag.At(u"Browse").As<Browse>();
   EXPECT_EQ(browse, Control().Browse());
   EXPECT_SAME(bag.At(u"Pesquisa"), nothing);
 }
 
-TEST_F(PersistenceTest, SearchesAreStoredWhenSomebodyGaveOrFilledThem) {
-  Control().Pesquisa();  // a look at the list is no change of it
+TEST_F(PersistenceTest, SearchesAreStoredIfAssignedOrFilled) {
+  Control().Pesquisa();  // reading the list does not change it
   Control().UserControl_WriteProperties(bag);
   EXPECT_SAME(bag.At(u"Pesquisa"), nothing);
 
@@ -390,7 +390,7 @@ TEST_F(PersistenceTest, SearchesAreStoredWhenSomebodyGaveOrFilledThem) {
   EXPECT_EQ(bag.At(u"Pesquisa").As<Pesquisa>(), Control().Pesquisa());
 }
 
-TEST_F(PersistenceTest, StatusAndMeasuredValuesAreNotStored) {
+TEST_F(PersistenceTest, StatusAndValuesForComparisonAreNotStored) {
   for (const char16_t* name : {u"LastValidaStatus", u"OriginalValue", u"LastValue"}) {
     SCOPED_TRACE(ToUtf8(name));
     const Property* property = FindProperty(name);
@@ -481,7 +481,7 @@ TEST_F(PersistenceTest, ANewControlStoresNoFontButBold) {
   EXPECT_EQ(again.Save(), stored.Save());
 }
 
-TEST_F(PersistenceTest, AKindOutOfRangeIsKeptAndBehavesAsAPlainField) {
+TEST_F(PersistenceTest, AKindOutOfRangeIsKeptAndBehavesLikeAPlainField) {
   for (const Long kind : {-1, 6, 99, 2147483647}) {
     const auto odd = AddStored(u"txt" + CStr(Variant(kind)), {{u"TipoControle", kind}});
     (*odd)->UserControl_Show();
@@ -495,7 +495,7 @@ TEST_F(PersistenceTest, AControlCountsAsLoadedBeforeItsFirstShow) {
   EXPECT_TRUE(Control().Carregou());
 }
 
-TEST_F(PersistenceTest, TheEndDropsBothDefinitions) {
+TEST_F(PersistenceTest, TheEndReleasesBothDefinitions) {
   const std::weak_ptr<Browse> browse = Control().Browse();
   const std::weak_ptr<Pesquisa> pesquisa = Control().Pesquisa();
   Control().UserControl_Terminate();
@@ -504,7 +504,7 @@ TEST_F(PersistenceTest, TheEndDropsBothDefinitions) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// The dialogs are one for all controls: the end of any control takes them away.
+// All controls share the dialogs: destroying any control closes them.
 TEST_F(PersistenceTest, TheEndReleasesTheSharedDialogs) {
   TestDesktop desktop;
   State().frmCalendario = std::make_shared<frmCalendario>();

@@ -25,7 +25,7 @@ class FirstShowTest : public ControlTest {
   FieldPtr field;
 };
 
-TEST_F(FirstShowTest, TheEventIsRaisedLastOfAllAndOnce) {
+TEST_F(FirstShowTest, TheEventIsRaisedOnceAndAfterEverythingElse) {
   bool loadedInside = true;
   bool validInside = false;
   field->OnShow = [&] {
@@ -57,7 +57,7 @@ TEST_F(FirstShowTest, AnErrorLeavesTheControlNotLoaded) {
 }
 
 // While the host reports that an object is not set, the run-time part is left out.
-TEST_F(FirstShowTest, APendingError91LeavesTheRunTimePartOut) {
+TEST_F(FirstShowTest, APendingError91SkipsTheRunTimePart) {
   Err().Set(HostError(91));
   Control().UserControl_Show();
   Err().Clear();
@@ -66,7 +66,7 @@ TEST_F(FirstShowTest, APendingError91LeavesTheRunTimePartOut) {
   EXPECT_TRUE(Control().Carregou());
 }
 
-TEST_F(FirstShowTest, AnyOtherPendingErrorDoesNot) {
+TEST_F(FirstShowTest, AnyOtherPendingErrorDoesNotSkipIt) {
   Err().Set(HostError(13));
   Control().UserControl_Show();
   Err().Clear();
@@ -89,8 +89,8 @@ struct LetterMask {
 
 const LetterMask letterMasks[] = {
     {u"A", 10, 3, u"AAAAAAAAAA"}, {u"AAAAAAAA", 2, 0, u"AA"},
-    {u"A-00", 4, 0, u"AAAA"},                             // the rest of the mask is given up
-    {u"A", -1, 3, u"AAA"},        {u"AA", -1, 0, u"AA"},  // no size leaves the mask as it is
+    {u"A-00", 4, 0, u"AAAA"},                             // the rest of the mask is dropped
+    {u"A", -1, 3, u"AAA"},        {u"AA", -1, 0, u"AA"},  // without a size the mask stays
     {u"AA", 0, 9, u"AA"},         {u"a", 10, 3, u"a"},
     {u"00", 10, 3, u"00"},        {u"", 10, 3, u""},
     {u"A", -1, 2147483647, u"A"},  // no mask is as long as that
@@ -127,7 +127,7 @@ TEST_F(DesignShowTest, TheDesignersShowRaisesNothing) {
   EXPECT_EQ(State().dbConexao, nullptr);
   EXPECT_FALSE((*field)->LastValidaStatus());
   EXPECT_TRUE((*field)->Carregou());
-  EXPECT_TRUE(field->btnBrowse().Visible());  // and yet it is drawn
+  EXPECT_TRUE(field->btnBrowse().Visible());  // but it is drawn
 }
 
 TEST_F(DesignShowTest, AnotherKindShowsItsButtonAndNarrowsTheBoxAtOnce) {
@@ -178,7 +178,7 @@ TEST_F(FirstShowTest, TheButtonAndItsIconByKind) {
   }
 }
 
-TEST_F(FirstShowTest, AMissingIconIsNoError) {
+TEST_F(FirstShowTest, AMissingIconIsNotAnError) {
   app.AddFile(app.Path() + u"\\Calendario.ico", memory::Application::FileKind::Picture);
   Control().TipoControle(TipoControle::Browse);
   EXPECT_TRUE(field->btnBrowse().Visible());
@@ -186,12 +186,12 @@ TEST_F(FirstShowTest, AMissingIconIsNoError) {
   Control().TipoControle(TipoControle::Calendario);
   const auto calendar = field->btnBrowse().Picture();
   EXPECT_NE(calendar, nullptr);
-  Control().TipoControle(TipoControle::Browse);  // the button stays as it is
+  Control().TipoControle(TipoControle::Browse);  // the button does not change
   EXPECT_EQ(field->btnBrowse().Picture(), calendar);
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(FirstShowTest, AFileThatIsNoPictureIsReported) {
+TEST_F(FirstShowTest, AFileThatIsNotAPictureIsReported) {
   app.AddFile(app.Path() + u"\\TresPontos.ico");
   Control().TipoControle(TipoControle::Browse);
   ASSERT_EQ(app.Boxes().size(), 1u);
@@ -214,22 +214,22 @@ TEST_F(FirstShowTest, BoxAndButtonFollowTheSurface) {
   EXPECT_EQ(field->txtEdit().Height(), 600);
   EXPECT_EQ(field->btnBrowse().Height(), 540);
   EXPECT_EQ(field->btnBrowse().Left(), 1650);
-  EXPECT_EQ(field->txtEdit().Width(), 1640);  // a fresh button is visible
+  EXPECT_EQ(field->txtEdit().Width(), 1640);  // a new button is visible
   field->btnBrowse().Visible(false);
   field->Resize(2000, 600);
   EXPECT_EQ(field->txtEdit().Width(), 1930);
 }
 
-TEST_F(FirstShowTest, TheButtonsHeightFollowsOnlyABoxThatDiffers) {
+TEST_F(FirstShowTest, TheButtonsHeightFollowsTheBoxOnlyIfTheyDiffer) {
   field->Resize(2000, 600);
   field->btnBrowse().Height(1);
   field->Resize(2100, 600);
   EXPECT_EQ(field->btnBrowse().Height(), 1);
 }
 
-// Drawing asks for the kind, resizing for the button: a description without one keeps the room
-// until it is resized.
-TEST_F(FirstShowTest, ADescriptionKeepsTheRoomOfAButtonThatItDoesNotHave) {
+// Drawing checks the kind, resizing the button: a description without one keeps the room until it
+// is resized.
+TEST_F(FirstShowTest, ADescriptionKeepsTheRoomForAButtonThatItDoesNotHave) {
   Control().TipoControle(TipoControle::Descricao);
   const Long width = field->Settings().Width;
   EXPECT_FALSE(field->btnBrowse().Visible());
@@ -246,7 +246,7 @@ class ColourTest : public ControlTest {
     label = form->Add<memory::Label>(u"lblCampo");
     label->ForeColor(labelsOwn);
   }
-  /// Shown, with the label's own look back at its start.
+  /// A shown field, with the label's looks reset.
   FieldPtr Add(Long kind, bool eSocial, bool enabled = true) {
     const auto field = AddStored(u"txt" + CStr(Variant(++fields_)),
                                  {{u"TipoControle", kind},
@@ -301,7 +301,7 @@ TEST_F(ColourTest, BoxAndCaptionByState) {
   }
 }
 
-TEST_F(ColourTest, ABoldCaptionIsNeverMadePlain) {
+TEST_F(ColourTest, ABoldCaptionStaysBold) {
   const auto field = Add(0, false);
   label->FontBold(true);
   (*field)->Enabled(false);
@@ -309,14 +309,14 @@ TEST_F(ColourTest, ABoldCaptionIsNeverMadePlain) {
   EXPECT_TRUE(label->FontBold());
 }
 
-TEST_F(ColourTest, DrawingTellsItsColours) {
+TEST_F(ColourTest, DrawingNotifiesItsColours) {
   const auto field = Add(0, false);
   const auto& told = field->ChangedProperties();
   EXPECT_THAT(told, Contains(u"ForeColor"));
   EXPECT_THAT(told, Contains(u"BackColor"));
 }
 
-// The colours that a field is drawn in come and go with its state.
+// The colours that a field is drawn in depend on its state.
 TEST_F(ColourTest, AColourThatIsOnlyDrawnIsNotStored) {
   const Colour yellow = 0x00C0FFFF;
   const auto stored = [](const FieldPtr& field, const char16_t* key) {
@@ -359,7 +359,7 @@ const FocusRow focusRows[] = {
     {true, false, 0xFF0000, 0x80000008},
     {true, true, 0xFF0000, 32768},
     {false, false, 0x80000011, 0x80000011},
-    // A disabled field of this mark turns blue all the same, and then keeps it.
+    // A disabled field with this mark also turns blue, and then stays blue.
     {false, true, 0xFF0000, 0xFF0000},
 };
 
@@ -412,7 +412,7 @@ class EnabledTest : public ControlTest {
   FieldPtr key, description;
 };
 
-TEST_F(EnabledTest, ReachesBoxButtonAndTabStopAndIsTold) {
+TEST_F(EnabledTest, ReachesBoxButtonAndTabStopAndIsNotified) {
   for (const bool enabled : {false, true}) {
     (*key)->Enabled(enabled);
     EXPECT_EQ((*key)->Enabled(), enabled);
@@ -423,20 +423,20 @@ TEST_F(EnabledTest, ReachesBoxButtonAndTabStopAndIsTold) {
   EXPECT_THAT(key->ChangedProperties(), Contains(u"Enabled"));
 }
 
-TEST_F(EnabledTest, AKeyHandsItOnToADescriptionThatNamesItBack) {
+TEST_F(EnabledTest, AKeyPassesItToADescriptionThatNamesItBack) {
   for (const bool enabled : {false, true}) {
     (*key)->Enabled(enabled);
     EXPECT_EQ((*description)->Enabled(), enabled);
   }
 }
 
-TEST_F(EnabledTest, NotToOneThatNamesAnother) {
+TEST_F(EnabledTest, AKeyDoesNotPassItToOneThatNamesAnother) {
   (*description)->TxtIrmao(u"txtOutro");
   (*key)->Enabled(false);
   EXPECT_TRUE((*description)->Enabled());
 }
 
-TEST_F(EnabledTest, ADescriptionHandsNothingOn) {
+TEST_F(EnabledTest, ADescriptionDoesNotPassItOn) {
   (*description)->Enabled(false);
   EXPECT_TRUE((*key)->Enabled());
 }
@@ -452,7 +452,7 @@ TEST_F(EnabledTest, OnlyASiblingThatDiffersIsAssigned) {
   EXPECT_EQ(count(), before);
 }
 
-TEST_F(EnabledTest, TwoKeysThatNameEachOtherDoNotRing) {
+TEST_F(EnabledTest, TwoKeysThatNameEachOtherDoNotLoop) {
   (*description)->TipoControle(TipoControle::Browse);
   (*key)->Enabled(false);
   EXPECT_FALSE((*description)->Enabled());

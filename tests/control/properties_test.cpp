@@ -1,4 +1,4 @@
-// Every property: what assigning it stores, tells and shows.
+// Every property: what assigning it stores, notifies and shows.
 
 #include "tests/control/control_fixture.h"
 #include "tests/control/shared_values.h"
@@ -97,8 +97,8 @@ TEST(PropertyTable, ListsTheInterfaceInItsOrder) {
   }
 }
 
-// What is behind the interface is stored, but no program reaches it.
-TEST(PropertyTable, HoldsNothingElseButTheDerivedItems) {
+// Items behind the interface are stored, but programs cannot reach them.
+TEST(PropertyTable, HoldsNothingElseExceptTheDerivedItems) {
   const std::size_t listed = std::size(interfaceRows);
   ASSERT_EQ(Properties().size(), listed + 1);
   const Property& items = Properties()[listed];
@@ -117,7 +117,7 @@ class PropertiesTest : public DesignTest {
   PropertiesTest() : field(AddField(u"txtCampo")) {}
 
   tsText& Control() { return **field; }
-  /// The names told by one assignment.
+  /// The names that one assignment notifies.
   std::vector<String> Told(const String& name, const Variant& value) {
     const std::size_t before = field->ChangedProperties().size();
     LetProperty(Control(), name, value);
@@ -165,7 +165,7 @@ const PlainPair plainPairs[] = {
     {u"MsgBrowse", u"Nada"},
 };
 
-TEST_F(PropertiesTest, APlainPairStoresAndTellsItsName) {
+TEST_F(PropertiesTest, APlainPropertyStoresItsValueAndNotifiesItsName) {
   for (const PlainPair& pair : plainPairs) {
     SCOPED_TRACE(ToUtf8(pair.Name));
     const String before = field->txtEdit().Text();
@@ -233,7 +233,7 @@ TEST_F(PropertiesTest, ColoursAndFontReachTheBox) {
   EXPECT_EQ(field->txtEdit().Font(), *font);
 }
 
-TEST_F(PropertiesTest, ASystemColourTravelsAsANegativeNumber) {
+TEST_F(PropertiesTest, ASystemColourIsANegativeNumber) {
   const auto face = static_cast<Long>(0x8000000F);
   LetProperty(Control(), u"BackColor", face);
   EXPECT_EQ(Control().BackColor(), 0x8000000Fu);
@@ -242,19 +242,19 @@ TEST_F(PropertiesTest, ASystemColourTravelsAsANegativeNumber) {
 
 // --- The odd ones -------------------------------------------------------------------------------
 
-TEST_F(PropertiesTest, ForecolorTellsForeColor) {
+TEST_F(PropertiesTest, ForecolorNotifiesForeColor) {
   EXPECT_THAT(Told(u"Forecolor", Long{255}), ElementsAre(u"ForeColor"));
   EXPECT_EQ(field->txtEdit().ForeColor(), 255u);
   EXPECT_EQ(Control().Forecolor(), 255u);
 }
 
-TEST_F(PropertiesTest, LabelAssociadoTellsANameThatNoPropertyHas) {
+TEST_F(PropertiesTest, LabelAssociadoNotifiesANameThatNoPropertyHas) {
   EXPECT_THAT(Told(u"LabelAssociado", u"lblCampo"), ElementsAre(u"TxtLabelAssociado"));
   EXPECT_EQ(Control().LabelAssociado(), u"lblCampo");
   EXPECT_EQ(FindProperty(u"TxtLabelAssociado"), nullptr);
 }
 
-TEST_F(PropertiesTest, PromptCharKeepsTheFirstCharacterAndRemakesTheItems) {
+TEST_F(PropertiesTest, PromptCharKeepsTheFirstCharacterAndUpdatesTheItems) {
   Control().Mascara(u"00/00-00/0");
   EXPECT_THAT(Told(u"PromptChar", u"*#"), ElementsAre(u"PromptChar", u"ItensMascara"));
   EXPECT_EQ(Control().PromptChar(), u"*");
@@ -264,7 +264,7 @@ TEST_F(PropertiesTest, PromptCharKeepsTheFirstCharacterAndRemakesTheItems) {
   EXPECT_EQ(Control().ItensMascara(), u"/-");
 }
 
-TEST_F(PropertiesTest, NumeroTabIsReadTrimmedAndStoredAsItCame) {
+TEST_F(PropertiesTest, NumeroTabIsReadTrimmedAndStoredUnchanged) {
   EXPECT_THAT(Told(u"NumeroTab", u"  2 "), ElementsAre(u"NumeroTab"));
   EXPECT_EQ(Control().NumeroTab(), u"2");
   memory::PropertyBag bag;
@@ -289,7 +289,7 @@ TEST_F(PropertiesTest, PromptIncludeStaysOnWhenTheKindGoesBackToNormal) {
   EXPECT_TRUE(Control().PromptInclude());
 }
 
-TEST_F(PropertiesTest, ClearLastValueAndLastValueSetWhatChangesAreMeasuredAgainst) {
+TEST_F(PropertiesTest, ClearLastValueAndLastValueSetTheValueThatChangesAreComparedWith) {
   Control().LastValue(u"7");
   Control().DisparaEventos(u"BrowseReturn");
   Control().ClearLastValue();
@@ -300,7 +300,7 @@ TEST_F(PropertiesTest, ClearLastValueAndLastValueSetWhatChangesAreMeasuredAgains
   EXPECT_THAT(returns[1].LastValue, IsEmptyVariant());
 }
 
-TEST_F(PropertiesTest, RefreshAnswersEmpty) { EXPECT_THAT(Control().Refresh(), IsEmptyVariant()); }
+TEST_F(PropertiesTest, RefreshReturnsEmpty) { EXPECT_THAT(Control().Refresh(), IsEmptyVariant()); }
 
 // --- Refusals -----------------------------------------------------------------------------------
 
@@ -327,7 +327,7 @@ TEST_F(PropertiesTest, OriginalValueCannotBeAssigned) {
 
 // --- The window ---------------------------------------------------------------------------------
 
-TEST_F(PropertiesTest, TheWindowIsNoneAtDesignTime) { EXPECT_EQ(Control().hWnd(), 0); }
+TEST_F(PropertiesTest, ThereIsNoWindowAtDesignTime) { EXPECT_EQ(Control().hWnd(), 0); }
 
 class RunningPropertiesTest : public ControlTest {};
 
@@ -406,7 +406,7 @@ TEST_F(PropertiesTest, ALookupTextIsStoredInTheControlAndInItsDefinition) {
   }
 }
 
-TEST_F(PropertiesTest, AnEmptyLookupTextAnswersFromTheDefinition) {
+TEST_F(PropertiesTest, AnEmptyLookupTextIsReadFromTheDefinition) {
   const auto definition = std::make_shared<Browse>();
   definition->BrwTitulo(u"BrwTitulo");
   definition->BrowseTable(u"BrowseTable");
@@ -420,7 +420,7 @@ TEST_F(PropertiesTest, AnEmptyLookupTextAnswersFromTheDefinition) {
   for (const char16_t* name : lookupTexts) EXPECT_SAME(GetProperty(Control(), name), name);
 }
 
-TEST_F(PropertiesTest, TheControlsOwnLookupTextWinsOverTheDefinitions) {
+TEST_F(PropertiesTest, TheControlsOwnLookupTextOverridesTheDefinitions) {
   Control().BrwCampo(u"da propriedade");
   Control().Browse()->BrwCampo(u"da definição");
   EXPECT_EQ(Control().BrwCampo(), u"da propriedade");
@@ -428,7 +428,7 @@ TEST_F(PropertiesTest, TheControlsOwnLookupTextWinsOverTheDefinitions) {
   EXPECT_EQ(Control().Browse()->BrwCampo(), u"");
 }
 
-TEST_F(PropertiesTest, TheDefinitionsAreMadeOnFirstNeedAndStay) {
+TEST_F(PropertiesTest, TheDefinitionsAreCreatedOnFirstUseAndStay) {
   const auto browse = Control().Browse();
   const auto pesquisa = Control().Pesquisa();
   ASSERT_NE(browse, nullptr);
@@ -437,7 +437,7 @@ TEST_F(PropertiesTest, TheDefinitionsAreMadeOnFirstNeedAndStay) {
   EXPECT_EQ(Control().Pesquisa(), pesquisa);
 }
 
-TEST_F(PropertiesTest, ADefinitionCanBeGivenAndTakenAway) {
+TEST_F(PropertiesTest, ADefinitionCanBeAssignedAndRemoved) {
   const auto browse = std::make_shared<Browse>();
   EXPECT_THAT(Told(u"Browse", browse), ElementsAre(u"Browse"));
   EXPECT_EQ(Control().Browse(), browse);
@@ -480,8 +480,8 @@ TEST_F(PropertiesTest, ByNameErrors) {
   EXPECT_HOST_ERROR(LetProperty(Control(), u"Browse", std::make_shared<Pesquisa>()), 13);
 }
 
-// A bad assignment surfaces in the caller and changes nothing; no box is shown.
-TEST_F(PropertiesTest, AFailedAssignmentStoresAndTellsNothing) {
+// An invalid assignment raises an error to the caller and changes nothing; no box is shown.
+TEST_F(PropertiesTest, AFailedAssignmentStoresAndNotifiesNothing) {
   EXPECT_HOST_ERROR(LetProperty(Control(), u"TipoStrZero", u"abc"), 13);
   EXPECT_EQ(Control().TipoStrZero(), 2);
   EXPECT_THAT(field->ChangedProperties(), IsEmpty());

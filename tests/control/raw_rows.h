@@ -1,4 +1,4 @@
-// Rows of one field that keeps exactly what it is given, kind and all.
+// Rows of one field that keeps exactly the assigned value, including its kind.
 #pragma once
 
 #include <functional>
@@ -11,10 +11,10 @@
 
 namespace tessaria::test {
 
-/// One row with one field, of whatever type a test asks for.
+/// One row with one field, of any type.
 class RawRows final : public host::Recordset, private host::Fields {
  public:
-  /// What a test sets.
+  /// The settings of a test.
   struct {
     String Name = u"campo";
     Long Type = host::type::VarWChar;
@@ -24,7 +24,7 @@ class RawRows final : public host::Recordset, private host::Fields {
     bool AtEof = false;
     bool IsOpen = true;
     Variant Value;
-    /// What the field makes of a value; nothing keeps it as it is.
+    /// How the field converts a value; without it the field keeps the value as it is.
     std::function<Variant(const Variant&)> Makes;
     std::optional<HostError> Refusal;
     std::optional<HostError> ReadFault;

@@ -1,4 +1,4 @@
-// The older text form of the searches becomes the definition at the designer's first show.
+// Conversion of the older text form of the searches at the designer's first show.
 
 #include "tests/control/control_fixture.h"
 
@@ -79,7 +79,7 @@ TEST_F(SearchesTest, TheNumberOfAnEntryIsACharacterPosition) {
   EXPECT_EQ(Item(2).Indice(), 16);
 }
 
-TEST_F(SearchesTest, SevenOfTheNineTextsAreClearedKindAndComparisonStay) {
+TEST_F(SearchesTest, SevenOfTheNineTextsAreClearedAndKindAndComparisonStay) {
   Convert();
   for (const char16_t* name : {u"PesqCaption", u"PesqCampo", u"PesqMascara", u"PesqWidth",
                                u"PesqMaxLength", u"PesqCompletaDescr", u"PesqPromptInclude"})
@@ -88,10 +88,10 @@ TEST_F(SearchesTest, SevenOfTheNineTextsAreClearedKindAndComparisonStay) {
   EXPECT_NE(Control().PesqLike(), u"");
 }
 
-TEST_F(SearchesTest, AnUnknownLetterKeepsTheOneBefore) {
+TEST_F(SearchesTest, AnUnknownLetterKeepsTheFormerOne) {
   Control().PesqTipo(
       u"D      \x0003"
-      u"d      \x0003");  // letters count in their case
+      u"d      \x0003");  // letters are case-sensitive
   Control().PesqLike(
       u"F      \x0003"
       u"?      \x0003");
@@ -142,7 +142,7 @@ TEST_F(SearchesTest, AllTextsAreCutWhereTheCaptionsEnd) {
   EXPECT_EQ(Item(1).Campo(), u"nome");
 }
 
-TEST_F(SearchesTest, ATextWithoutItsEndAddsNothingAndIsClearedAllTheSame) {
+TEST_F(SearchesTest, ATextWithoutItsEndAddsNothingAndIsStillCleared) {
   Control().PesqCaption(u"Nome");
   Convert();
   EXPECT_EQ(Control().Pesquisa()->Count(), 0);
@@ -150,7 +150,7 @@ TEST_F(SearchesTest, ATextWithoutItsEndAddsNothingAndIsClearedAllTheSame) {
   EXPECT_EQ(Control().PesqCampo(), u"");
 }
 
-TEST_F(SearchesTest, OnlyKindsThatLookUpConvert) {
+TEST_F(SearchesTest, OnlyKindsThatQueryTheDatabaseConvert) {
   for (const Long kind : {0, 1, 2, 3, 4, 5}) {
     SCOPED_TRACE(kind);
     const auto fresh = AddField(u"txtTipo" + CStr(Variant(kind)));

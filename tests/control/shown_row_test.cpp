@@ -1,4 +1,4 @@
-// A row that is shown: what its type cannot take is shown as a text, all other faults are told.
+// Showing a row: a value that the type cannot take is shown as a text, other errors are reported.
 
 #include "tessaria/text.h"
 #include "tests/control/raw_rows.h"
@@ -28,7 +28,7 @@ class LostField : public UntouchedTest {
   }
 };
 
-TEST_F(LostField, ADataControlThatIsTakenAwayIsToldByItsOwnError) {
+TEST_F(LostField, ARemovedDataControlIsReportedByItsOwnError) {
   Control().DataSource(u"");
   Control().DataField(u"");
   Control().Refresh();
@@ -37,7 +37,7 @@ TEST_F(LostField, ADataControlThatIsTakenAwayIsToldByItsOwnError) {
   EXPECT_EQ(Box().Text(), u"Ana");
 }
 
-TEST_F(LostField, AColumnThatIsTakenAwayIsToldByItsOwnError) {
+TEST_F(LostField, ARemovedColumnIsReportedByItsOwnError) {
   Control().DataField(u"");
   Control().Refresh();
   const auto boxes = app.TakeBoxes();
@@ -46,7 +46,7 @@ TEST_F(LostField, AColumnThatIsTakenAwayIsToldByItsOwnError) {
   EXPECT_THAT(Control().Value(), IsValue(u"Ana"));
 }
 
-TEST_F(LostField, RowsThatWereClosedLeaveValueAndBindingWithoutAMessage) {
+TEST_F(LostField, ClosedRowsKeepValueAndBindingWithoutAMessage) {
   data->RecordSet()->Close();
   Control().Refresh();
   EXPECT_THAT(app.TakeBoxes(), IsEmpty());
@@ -93,12 +93,12 @@ class LostDescription : public ControlTest {
   FieldPtr key, name;
 };
 
-TEST_F(LostDescription, ClosedRowsAreTold) {
+TEST_F(LostDescription, ClosedRowsAreReported) {
   names->RecordSet()->Close();
   ExpectTold(errors::ObjectClosed);
 }
 
-TEST_F(LostDescription, AColumnThatLeftTheRowsIsTold) {
+TEST_F(LostDescription, AColumnMissingFromTheRowsIsReported) {
   (*name)->DataField(u"sobrenome");
   ExpectTold(errors::ItemNotFound);
 }
@@ -141,7 +141,7 @@ INSTANTIATE_TEST_SUITE_P(Values, UnreadableDescription,
                                          Unreadable{7, u"infinity", u"dd/mm/yyyy"},
                                          Unreadable{7, u"25/12/12017", u""}));
 
-TEST_P(UnreadableDescription, IsShownAsItStandsInAnUnboundField) {
+TEST_P(UnreadableDescription, IsShownUnchangedInAnUnboundField) {
   const String text = GetParam().Text;
   form->Show();
   for (int row = 0; row < 2; ++row) {

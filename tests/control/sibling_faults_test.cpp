@@ -1,4 +1,4 @@
-// A key and its description when handlers interfere, and when one of the two is gone.
+// A key and its description when handlers interfere, and when one of the two is removed.
 
 #include "tests/control/sibling_fixture.h"
 
@@ -10,7 +10,7 @@ using testing::IsEmpty;
 
 // --- Handlers that assign -----------------------------------------------------------------------
 
-TEST_F(SiblingTest, AKeyThatIsAssignedAnewWhileTheOldOneIsHandedOnIsLookedUpToo) {
+TEST_F(SiblingTest, AKeyAssignedWhileTheFormerOneIsPassedOnIsAlsoLookedUp) {
   connection->OnStatement = [](const String& statement) -> memory::Rows {
     return {{{u"nome"}}, {{EndsWith(statement, u"'8'") ? u"Bruno" : u"Ana"}}};
   };
@@ -27,7 +27,7 @@ TEST_F(SiblingTest, AKeyThatIsAssignedAnewWhileTheOldOneIsHandedOnIsLookedUpToo)
   EXPECT_EQ(description->txtEdit().Text(), u"Bruno");
 }
 
-TEST_F(SiblingTest, AKeyThatIsAssignedAnewByItsOwnReturnIsLookedUpToo) {
+TEST_F(SiblingTest, AKeyAssignedByItsOwnBrowseReturnIsAlsoLookedUp) {
   connection->OnStatement = [](const String& statement) -> memory::Rows {
     const bool isBruno = EndsWith(statement, u"'8'") || EndsWith(statement, u"'Bruno'");
     if (StartsWith(statement, u"Select Top 1 nome"))
@@ -46,7 +46,7 @@ TEST_F(SiblingTest, AKeyThatIsAssignedAnewByItsOwnReturnIsLookedUpToo) {
   EXPECT_LT(connection->TakeStatements().size(), 6u);
 }
 
-TEST_F(SiblingTest, HandlersThatNeverStopAssigningEndInAnError) {
+TEST_F(SiblingTest, HandlersThatAssignWithoutEndRaiseAnError) {
   Long next = 1;
   connection->OnStatement = [&](const String&) -> memory::Rows {
     return {{{u"nome"}}, {{u"Nome " + CStr(Variant(next))}}};
@@ -59,7 +59,7 @@ TEST_F(SiblingTest, HandlersThatNeverStopAssigningEndInAnError) {
   EXPECT_LT(connection->TakeStatements().size(), 100u);
 }
 
-// --- A sibling that is gone ---------------------------------------------------------------------
+// --- A removed sibling --------------------------------------------------------------------------
 
 enum class Loss { Removed, Replaced };
 
@@ -77,7 +77,7 @@ class LostSibling : public SiblingTest, public testing::WithParamInterface<Loss>
 
 INSTANTIATE_TEST_SUITE_P(Sibling, LostSibling, testing::Values(Loss::Removed, Loss::Replaced));
 
-TEST_P(LostSibling, IsToldByTheAssignmentWhichStands) {
+TEST_P(LostSibling, IsReportedAndTheAssignmentIsKept) {
   Lose();
   for (const Variant& value : {Variant(u"7"), Variant::Null()}) {
     AssignTyped(key, value);

@@ -41,7 +41,7 @@ class SiblingTest : public ControlTest {
     description->ForgetEvents();
     app.TakeBoxes();
   }
-  /// Assigns as behind a typed key.
+  /// Assigns as after a typed key.
   static void AssignTyped(const FieldPtr& field, const Variant& value) {
     Integer code = 16, shift = 0;  // Shift starts no search
     field->txtEdit().OnKeyUp(code, shift);

@@ -1,4 +1,4 @@
-// A key and its description fill each other; the guards of their names.
+// A key and its description fill each other, and names that they refuse.
 
 #include "tessaria/comforts.h"
 #include "tests/control/sibling_fixture.h"
@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-// --- The step of an assignment ------------------------------------------------------------------
+// --- The lookup of an assignment ----------------------------------------------------------------
 
 TEST_F(SiblingTest, ATypedKeyFetchesTheDescriptionIntoItsSibling) {
   AssignTyped(key, u"7");
@@ -31,20 +31,20 @@ TEST_F(SiblingTest, ANumberHasAPointInItsStatementWhateverTheLocale) {
               ElementsAre(u"Select Top 1 nome From clientes Where codigo = 1234567.5"));
 }
 
-TEST_F(SiblingTest, AnAssignmentFromAProgramLeavesTheSiblingAlone) {
+TEST_F(SiblingTest, AnAssignmentFromAProgramDoesNotChangeTheSibling) {
   (*key)->Value(u"7");
   EXPECT_THAT(connection->TakeStatements(), IsEmpty());
   EXPECT_THAT((*description)->Value(), IsNullVariant());
 }
 
-TEST_F(SiblingTest, ACodeThatIsNotThereEmptiesTheDescription) {
+TEST_F(SiblingTest, AnUnknownCodeEmptiesTheDescription) {
   (*description)->Value(u"antiga");
   found = false;
   AssignTyped(key, u"99");
   EXPECT_THAT((*description)->Value(), IsNullVariant());
 }
 
-TEST_F(SiblingTest, ASearchThatFailsLeavesDescriptionAndReturnFieldsAsTheyStood) {
+TEST_F(SiblingTest, AFailedSearchKeepsDescriptionAndReturnFields) {
   (*description)->Value(u"Ana");
   const auto city = AddReturnField(key, u"cidade");
   city->Valor(u"Campinas");
@@ -62,7 +62,7 @@ TEST_F(SiblingTest, ASearchThatFailsLeavesDescriptionAndReturnFieldsAsTheyStood)
   EXPECT_THAT(city->Valor(), IsValue(u"Campinas"));
 }
 
-TEST_F(SiblingTest, AConditionThatCannotBeExpandedLeavesDescriptionAndReturnFieldsAsTheyStood) {
+TEST_F(SiblingTest, AConditionThatCannotBeExpandedKeepsDescriptionAndReturnFields) {
   (*description)->Value(u"Ana");
   const auto city = AddReturnField(key, u"cidade");
   city->Valor(u"Campinas");
@@ -75,7 +75,7 @@ TEST_F(SiblingTest, AConditionThatCannotBeExpandedLeavesDescriptionAndReturnFiel
   EXPECT_THAT(connection->TakeStatements(), IsEmpty());
 }
 
-TEST_F(SiblingTest, ANullKeyEmptiesDescriptionAndReturnFieldsWithoutAsking) {
+TEST_F(SiblingTest, ANullKeyEmptiesDescriptionAndReturnFieldsWithoutASearch) {
   const auto city = AddReturnField(key, u"cidade");
   city->Valor(u"Campinas");
   (*description)->Value(u"Ana");
@@ -118,7 +118,7 @@ TEST_F(SiblingTest, OnlyACompleteDefinitionRuns) {
 }
 
 // The control's own texts do not count here, only the definition's.
-TEST_F(SiblingTest, TheStepReadsTheDefinitionNotTheControlsOwnTexts) {
+TEST_F(SiblingTest, TheLookupReadsTheDefinitionNotTheControlsOwnTexts) {
   const auto stored = AddStored(u"txtLido", {{u"BrowseTable", u"clientes"},
                                              {u"BrwCampo", u"codigo"},
                                              {u"BrwCampoIrmao", u"nome"},
@@ -139,12 +139,12 @@ TEST_F(SiblingTest, TheStepReadsTheDefinitionNotTheControlsOwnTexts) {
   EXPECT_THAT(connection->TakeStatements(), ElementsAre(statement, statement));
 }
 
-TEST_F(SiblingTest, WithoutAConnectedSiblingTheReturnFieldsAreFetchedAllTheSame) {
+TEST_F(SiblingTest, WithoutAConnectedSiblingTheReturnFieldsAreStillFetched) {
   const auto alone = AddField(u"txtSozinho");
   Define(alone, u"codigo", u"nome");
   (*alone)->Browse()->BrwCampoOutros(u"cidade");
   const auto city = AddReturnField(alone, u"cidade");
-  (*alone)->TxtIrmao(u"txtNome");  // named, and not looked for since
+  (*alone)->TxtIrmao(u"txtNome");  // named, but not searched since
   AssignTyped(alone, u"7");
   EXPECT_THAT(city->Valor(), IsValue(u"Campinas"));
   EXPECT_THAT((*description)->Value(), IsNullVariant());
@@ -177,7 +177,7 @@ TEST_F(SiblingTest, AValueInTheConditionStaysOneToken) {
             u"aceito aqui.");
 }
 
-TEST_F(SiblingTest, AConditionThatIsReadyTakesItsMarksAsTheyStand) {
+TEST_F(SiblingTest, AReadyConditionIsNotExpanded) {
   (*key)->Browse()->WherePronto(u"mail = 'joao@x'");
   AssignTyped(key, u"7");
   EXPECT_THAT(connection->TakeStatements(),
@@ -189,12 +189,12 @@ TEST_F(SiblingTest, AConditionThatIsReadyTakesItsMarksAsTheyStand) {
   EXPECT_EQ(app.TakeBoxes().size(), 1u);
 }
 
-// --- A description's step -----------------------------------------------------------------------
+// --- The lookup of a description ----------------------------------------------------------------
 
-TEST_F(SiblingTest, ADescriptionFillsItsKeyWhichLooksUpAndTellsButDoesNotWriteBack) {
+TEST_F(SiblingTest, ADescriptionFillsItsKeyWhichLooksUpAndRaisesBrowseReturnButDoesNotWriteBack) {
   const auto city = AddReturnField(key, u"cidade");
   (*key)->Browse()->BrwCampoOutros(u"cidade");
-  // The key has looked up by the time that it tells.
+  // The key has already looked up when it raises BrowseReturn.
   key->OnBrowseReturn = [&](bool&, Variant&) { EXPECT_THAT(city->Valor(), IsValue(u"Campinas")); };
   AssignTyped(description, u"Ana Maria");
   EXPECT_THAT(connection->TakeStatements(),
@@ -212,7 +212,7 @@ TEST_F(SiblingTest, ADescriptionFillsItsKeyWhichLooksUpAndTellsButDoesNotWriteBa
 struct Filter {
   Variant Literal;
   const char16_t* Where;
-  const char16_t* Condition;  ///< as it stands behind the code
+  const char16_t* Condition;  ///< the condition after that of the code
 };
 
 const Filter filters[] = {
@@ -247,7 +247,7 @@ TEST_F(SiblingTest, TheKeysFieldIsComparedWithoutItsAlias) {
             u" = 7");
 }
 
-TEST_F(SiblingTest, ByTheComfortADescriptionThatIsTypedAnewIsLookedUpWithoutItsFormerKey) {
+TEST_F(SiblingTest, WithTheComfortARetypedDescriptionIsLookedUpWithoutItsFormerKey) {
   const auto statementAfter = [&](bool typesAnew) {
     (*description)->Value(u"Ana");
     (*key)->Value(u"7");
@@ -290,7 +290,7 @@ TEST_F(SiblingTest, AKeyIsNotFiltered) {
 // --- Rings --------------------------------------------------------------------------------------
 
 TEST_F(SiblingTest, ARingOfSiblingsEnds) {
-  (*key)->TipoControle(TipoControle::Descricao);  // both hand on
+  (*key)->TipoControle(TipoControle::Descricao);  // both pass it on
   Integer code = 16, shift = 0;
   key->txtEdit().OnKeyUp(code, shift);
   AssignTyped(description, u"Ana");
@@ -300,7 +300,7 @@ TEST_F(SiblingTest, ARingOfSiblingsEnds) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(SiblingTest, AControlThatIsItsOwnSiblingByARoundaboutWayEnds) {
+TEST_F(SiblingTest, ARingOfThreeSiblingsEnds) {
   // Three in a circle.
   const auto third = AddField(u"txtTerceiro");
   Define(third, u"nome", u"codigo");
@@ -313,7 +313,7 @@ TEST_F(SiblingTest, AControlThatIsItsOwnSiblingByARoundaboutWayEnds) {
   Integer code = 16, shift = 0;
   for (const auto& field : {key, description, third}) field->txtEdit().OnKeyUp(code, shift);
   (*key)->Value(u"1");
-  // The key that comes round is another one, and is looked up once more.
+  // The key that comes back is another one, and is looked up once more.
   EXPECT_EQ(connection->TakeStatements().size(), 4u);
   EXPECT_THAT((*third)->Value(), IsValue(u"7"));
 }
@@ -374,8 +374,8 @@ TEST_F(SiblingTest, AtualizaIrmaoWithoutATableDoesNothingAtAll) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// The module and the procedure of this one report run into each other.
-TEST_F(SiblingTest, AnErrorOfAtualizaIrmaoIsReportedUnderARunOnName) {
+// The module and the procedure of this report are not separated.
+TEST_F(SiblingTest, AnErrorOfAtualizaIrmaoIsReportedUnderModuleAndProcedureInOneText) {
   (*key)->Browse()->BrwWhere(u"x = @txtNada@");
   (*key)->Value(u"7");
   (*key)->AtualizaIrmao();
@@ -387,7 +387,7 @@ TEST_F(SiblingTest, AnErrorOfAtualizaIrmaoIsReportedUnderARunOnName) {
           u"IrmãoMódulo tsText - Procedimento AtualizaIrmao"}));
 }
 
-TEST_F(SiblingTest, AnErrorBehindTheAssignmentLeavesTheSiblingWritten) {
+TEST_F(SiblingTest, AnErrorAfterTheAssignmentLeavesTheSiblingWritten) {
   (*key)->Value(u"7");
   key->OnBrowseReturn = [](bool&, Variant&) { throw HostError(11); };
   (*key)->AtualizaIrmao(false, true);
@@ -415,13 +415,13 @@ TEST_F(SiblingTest, TheLastValueOfDisparaEventosIsTheMemberItself) {
   EXPECT_THAT(key->Events().back().LastValue, IsValue(u"do programa"));
 }
 
-TEST_F(SiblingTest, AnErrorOfAHandlerOfDisparaEventosSurfaces) {
+TEST_F(SiblingTest, AnErrorOfAHandlerOfDisparaEventosReachesTheCaller) {
   key->OnBrowseReturn = [](bool&, Variant&) { throw HostError(11); };
   EXPECT_HOST_ERROR((*key)->DisparaEventos(u"BrowseReturn"), 11);
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// --- The guards ---------------------------------------------------------------------------------
+// --- Refused names ------------------------------------------------------------------------------
 
 TEST_F(SiblingTest, AControlIsNotItsOwnSiblingInAnyCase) {
   for (const char16_t* own : {u"txtCodigo", u"TXTCODIGO", u"txtcodigo"}) {

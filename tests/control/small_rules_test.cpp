@@ -1,4 +1,4 @@
-// Rules of the control that no other test asks for, one by one.
+// Rules of the control that no other test covers, one by one.
 
 #include <limits>
 
@@ -16,9 +16,9 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;
 
-// --- Faults of the surroundings -----------------------------------------------------------------
+// --- Errors of the surroundings -----------------------------------------------------------------
 
-/// Surroundings that answer every question with a fault.
+/// Surroundings that fail on every call.
 class FaultySite final : public host::ControlSite {
  public:
   bool UserMode() const override { Raise(); }
@@ -84,7 +84,7 @@ class SmallRules : public ButtonTest {
   void Leave() { form->Focus(u"chkAtivo"); }
 };
 
-TEST_F(SmallRules, AnotherKindIsToldBeforeTheFieldIsDrawn) {
+TEST_F(SmallRules, AChangeOfKindIsNotifiedBeforeTheFieldIsDrawn) {
   const auto before = static_cast<std::ptrdiff_t>(field->ChangedProperties().size());
   Control().TipoControle(TipoControle::Browse);
   const auto& told = field->ChangedProperties();
@@ -92,7 +92,7 @@ TEST_F(SmallRules, AnotherKindIsToldBeforeTheFieldIsDrawn) {
               ElementsAre(u"TipoControle", u"ForeColor", u"BackColor"));
 }
 
-TEST_F(SmallRules, AFieldThatCannotTellItsSizeEndsTheFirstShowAheadOfTheEvent) {
+TEST_F(SmallRules, AFieldWhoseSizeCannotBeReadEndsTheFirstShowBeforeTheEvent) {
   const auto rows = std::make_shared<RawRows>();
   rows->Field.SizeFault = HostError(errors::ProviderError, u"sem tamanho");
   const auto control = form->Add<memory::DataControl>(u"dtcDados");
@@ -115,7 +115,7 @@ TEST_F(DesignTest, ASecondShowDrawsNothing) {
   EXPECT_EQ(field->ChangedProperties().size(), told);
 }
 
-TEST_F(SmallRules, ASiblingThatIsGoneIsTheCallersErrorWhenTheKeyIsDisabled) {
+TEST_F(SmallRules, DisablingAKeyRaisesAnErrorIfItsSiblingIsMissing) {
   Show(TipoControle::Browse);
   AddField(u"txtNome");
   Control().TxtIrmao(u"txtNome");
@@ -140,7 +140,7 @@ TEST_F(SmallRules, AnUnboundNumberOfManyDigitsIsKeptExactlyOrRefused) {
   EXPECT_THAT(Control().Value(), IsEmptyVariant());
 }
 
-TEST_F(SmallRules, WhatIsNoNumberIsRefusedWithItsBox) {
+TEST_F(SmallRules, AValueThatIsNotANumberIsRefusedWithAMessage) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   Show(TipoControle::Normal);
   for (const Long type : {1, 5}) {
@@ -152,7 +152,7 @@ TEST_F(SmallRules, WhatIsNoNumberIsRefusedWithItsBox) {
   }
 }
 
-TEST_F(SmallRules, ARowThatHoldsWhatIsNoNumberShowsAWordAndStays) {
+TEST_F(SmallRules, ARowWithoutANumberShowsAWordAndIsNotChanged) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   const auto data = AddData({{u"campo", host::type::Double}}, {{nan}});
   Bind(field, u"campo");
@@ -178,7 +178,7 @@ TEST_F(SmallRules, ARequiredBlankPassesToACheckBoxAndToAnOptionButton) {
   }
 }
 
-TEST_F(SmallRules, AHandlerOfTheChangeReadsThePathAlreadySplit) {
+TEST_F(SmallRules, AHandlerOfChangeReadsThePathAlreadySplit) {
   Control().DirVerArquivos(true);
   Show(TipoControle::Diretorio);
   String folder, file;
@@ -193,7 +193,7 @@ TEST_F(SmallRules, AHandlerOfTheChangeReadsThePathAlreadySplit) {
 
 // --- Leaving ------------------------------------------------------------------------------------
 
-TEST_F(SmallRules, ASilencedAndADisabledExitLeaveTheLastValue) {
+TEST_F(SmallRules, ASilencedAndADisabledExitKeepTheLastValue) {
   Show(TipoControle::Normal);
   Control().Value(u"antes");
   Enter();
@@ -228,7 +228,7 @@ class FetchingKey : public SmallRules {
   }
 };
 
-TEST_F(FetchingKey, ARefusedExitEndsTheFetchingAndForgetsTheKeyOfTheSibling) {
+TEST_F(FetchingKey, ARefusedExitEndsTheFetchingAndClearsTheKeyOfTheSibling) {
   ShowKey(TipoControle::Browse);
   Control().Mascara(u"dd/mm/yyyy");
   State().vntValorIrmao = u"'7'";
@@ -238,7 +238,7 @@ TEST_F(FetchingKey, ARefusedExitEndsTheFetchingAndForgetsTheKeyOfTheSibling) {
   EXPECT_FALSE(Fetches(u"15"));
 }
 
-TEST_F(FetchingKey, BehindAChoiceAProgramsValueFetchesUntilTheNextExit) {
+TEST_F(FetchingKey, AfterAChoiceAProgramsValueIsLookedUpUntilTheNextExit) {
   ShowKey(TipoControle::Browse);
   Click(u"frmBrowse", Pick(1));
   EXPECT_TRUE(Fetches(u"15"));
@@ -278,7 +278,7 @@ TEST_F(FetchingKey, ACodeThatAHandlerChangesReachesTheSearchOfTheBox) {
   EXPECT_FALSE(pressA());
 }
 
-// --- Looking around -----------------------------------------------------------------------------
+// --- Discovery ----------------------------------------------------------------------------------
 
 struct Asked {
   const char16_t* What;
@@ -324,7 +324,7 @@ TEST_P(LookingAround, EachWordResolvesItsOwnPart) {
     EXPECT_THAT((*looked)->Value(), IsValue(shown));
     looked->txtEdit().OnGotFocus();
     EXPECT_EQ(label->ForeColor() == host::colour::Blue, asked.Label);
-    // A key hands its state on to a sibling that it knows.
+    // A key passes its state to a sibling that it knows.
     (*sibling)->TxtIrmao(u"txt" + suffix);
     (*looked)->UsaChecaRelacao(false);
     (*looked)->BrowseTable(u"clientes");
@@ -338,7 +338,7 @@ TEST_P(LookingAround, EachWordResolvesItsOwnPart) {
   }
 }
 
-TEST_F(SmallRules, AMissingColumnIsToldAndTheLabelIsStillFound) {
+TEST_F(SmallRules, AMissingColumnIsReportedAndTheLabelIsStillFound) {
   AddData({{u"campo"}}, {{u"Ana"}});
   const auto label = form->Add<memory::Label>(u"lblCampo");
   const auto looked = AddStored(

@@ -1,4 +1,4 @@
-// What touches a field, and what it shows when its mask or its type cannot take the value.
+// What counts as touching a field, and what it shows if its mask or type cannot take the value.
 
 #include "tests/control/untouched_fixture.h"
 
@@ -11,7 +11,7 @@ using testing::SizeIs;
 
 // --- Masks that show less than the value ---------------------------------------------------------
 
-TEST_F(UntouchedTest, TheFirstRowFillsTheMaskThatHasGrownToItsField) {
+TEST_F(UntouchedTest, TheFirstRowFillsTheMaskAfterItWasFittedToItsField) {
   AddRow({u"campo", host::type::VarWChar, 8}, u"MARIA");
   Control().Mascara(u"A");
   form->Show();
@@ -35,19 +35,19 @@ INSTANTIATE_TEST_SUITE_P(Masks, CutDateTest,
                                          CutDate{u"mm/yy", u"25/12"},
                                          CutDate{u"dd/mm/yy", u"25/12/20"}));
 
-// The digits of a whole date fill the places of the mask from the left, whatever they stand for.
-TEST_P(CutDateTest, AMaskWithoutRoomForAWholeDateShowsItsFirstDigitsAndKeepsTheDate) {
+// The digits of a whole date fill the slots of the mask from the left, whatever their meaning.
+TEST_P(CutDateTest, AMaskTooShortForADateShowsItsFirstDigitsAndKeepsTheDate) {
   AddRow(host::type::Date, FromCivil({2017, 12, 25}));
   Control().Mascara(GetParam().Mask);
   form->Show();
   EXPECT_EQ(Box().Text(), GetParam().Shown);
   TabThrough();
-  app.TakeBoxes();  // such digits may be no date
+  app.TakeBoxes();  // such digits may not be a date
   EXPECT_SAME(Control().Value(), FromCivil({2017, 12, 25}));
   EXPECT_FALSE(IsEdited());
 }
 
-TEST_F(UntouchedTest, TakingTheMaskOffABlankBoxWritesNothing) {
+TEST_F(UntouchedTest, RemovingTheMaskOfABlankBoxWritesNothing) {
   AddRow({u"campo", host::type::VarWChar, 8}, u"__/__");
   Control().Mascara(u"##/##");
   form->Show();
@@ -58,7 +58,7 @@ TEST_F(UntouchedTest, TakingTheMaskOffABlankBoxWritesNothing) {
   EXPECT_FALSE(IsEdited());
 }
 
-TEST_F(UntouchedTest, TakingTheMaskOffABoxThatTheOperatorEmptiedWritesNull) {
+TEST_F(UntouchedTest, RemovingTheMaskOfABoxThatTheOperatorEmptiedWritesNull) {
   AddRow({u"campo", host::type::VarWChar, 8}, u"1234");
   Control().Mascara(u"##/##");
   form->Show();
@@ -83,14 +83,14 @@ class TouchedTest : public UntouchedTest {
   }
 };
 
-TEST_F(TouchedTest, ATypedKeyDoes) {
+TEST_F(TouchedTest, ATypedKeyTouchesTheField) {
   form->Type(u"1,24");
   Leave();
   EXPECT_TRUE(IsEdited());
   EXPECT_SAME(Control().Value(), DecimalFromText(u"1.24"));
 }
 
-TEST_F(TouchedTest, ATextOfTheProgramDoesWhenItDiffers) {
+TEST_F(TouchedTest, ADifferentTextOfTheProgramTouchesTheField) {
   Control().Text(u"1,24");
   Leave();
   EXPECT_SAME(Stored(), DecimalFromText(u"1.239"));
@@ -100,7 +100,7 @@ TEST_F(TouchedTest, ATextOfTheProgramDoesWhenItDiffers) {
   EXPECT_SAME(Control().Value(), DecimalFromText(u"1.25"));
 }
 
-TEST_F(TouchedTest, AKeyThatChangesNothingDoesNot) {
+TEST_F(TouchedTest, AKeyThatChangesNothingDoesNotTouchTheField) {
   form->Press(memory::Key::End);
   form->Press(memory::Key::Left);
   form->Type(u"z");
@@ -108,15 +108,15 @@ TEST_F(TouchedTest, AKeyThatChangesNothingDoesNot) {
   EXPECT_FALSE(IsEdited());
 }
 
-TEST_F(TouchedTest, AValueThatAProgramAssignsMeanwhileEndsIt) {
+TEST_F(TouchedTest, AValueAssignedByAProgramMakesTheFieldUntouched) {
   form->Type(u"5");
   Control().Value(7.777);
   Leave();
   EXPECT_SAME(Control().Value(), DecimalFromText(u"7.777"));
 }
 
-// The stored text is longer than what may be typed, so that the box refuses the key.
-TEST_F(UntouchedTest, AKeyThatFindsNoRoomOverASelectionTouchesNothing) {
+// The stored text is longer than typed text may be, so that the box refuses the key.
+TEST_F(UntouchedTest, AKeyThatHasNoRoomOverASelectionDoesNotTouchTheField) {
   AddRow({u"campo", host::type::VarWChar, 20}, u"Maria Antonieta");
   Control().MaxLength(5);
   form->Show();
@@ -155,7 +155,7 @@ TEST_P(TypedAnew, TheSameTextWithoutAKeyIsWritten) {
   EXPECT_THAT(rows->Written, ElementsAre(IsValue(5.0)));
 }
 
-TEST_F(UntouchedTest, ATextOfTheProgramInPlaceOfTheSameIsNotWritten) {
+TEST_F(UntouchedTest, TheSameTextAssignedByTheProgramIsNotWritten) {
   AddRawRow(host::type::Numeric, Long{5});
   form->Show();
   Enter();
@@ -182,7 +182,7 @@ TEST_F(UntouchedTest, ARefusedValueIsTouchedUntilAWriteSucceedsOrTheRowIsLoadedA
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(UntouchedTest, AGoodValueBehindARefusedOneEndsIt) {
+TEST_F(UntouchedTest, AValidValueAfterARefusedOneMakesTheFieldUntouched) {
   AddRawRow(host::type::Numeric, DecimalFromText(u"1.25"));
   Control().Mascara(u"$$$.$");
   form->Show();
@@ -203,8 +203,8 @@ TEST_F(UntouchedTest, AGoodValueBehindARefusedOneEndsIt) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// What could not be converted has left nothing in the box that could be stored.
-TEST_F(UntouchedTest, ATextThatCouldNotBeConvertedGivesWayToTheOldValueAtTheNextExit) {
+// A text that could not be converted has left nothing in the box that could be stored.
+TEST_F(UntouchedTest, ATextThatCouldNotBeConvertedIsReplacedByTheFormerValueAtTheNextExit) {
   AddRow(host::type::Integer, Long{7});
   form->Show();
   Enter();
@@ -241,7 +241,7 @@ class StoredTextTest : public UntouchedTest, public testing::WithParamInterface<
 
 INSTANTIATE_TEST_SUITE_P(Values, StoredTextTest, testing::ValuesIn(noValues));
 
-TEST_P(StoredTextTest, IsShownAsItStandsAndPassesUnwritten) {
+TEST_P(StoredTextTest, IsShownUnchangedAndIsNotWritten) {
   AddRawRow(GetParam().Type, GetParam().Text);
   Control().Mascara(GetParam().Mask);
   form->Show();

@@ -1,4 +1,4 @@
-// What becomes of hidden texts when their field is left.
+// What happens to hidden texts when their field is left.
 
 #include "tessaria/scramble.h"
 #include "tests/control/control_fixture.h"
@@ -77,7 +77,7 @@ TEST_F(HiddenTextTest, ATypedTextThatAProgramReplacesIsTouched) {
   EXPECT_THAT((*field)->Value(), IsValue(CodificaTexto(u"efgh")));
 }
 
-/// So a field for a new password is unbound and emptied once its value is taken.
+/// So a field for a new password is unbound, and is emptied after its value is read.
 TEST_F(HiddenTextTest, AnEmptyFieldOfXStaysEmpty) {
   const auto field = Add(u"XXXX", u"*");
   form->Show();
@@ -98,7 +98,7 @@ struct Hidden {
 
 const Hidden kHidden[] = {
     {u"####", u"1234", false, u"****"},
-    {u"####", u"12", false, u"****"},  // the empty slots are hidden too
+    {u"####", u"12", false, u"****"},  // the empty slots are also hidden
     {u"##-##", u"1234", false, u"*****"},
     {u"####", u"1234", true, u"****"},
     {u"AAAA", u"abcd", false, u"****"},
@@ -116,7 +116,7 @@ TEST_F(HiddenTextTest, AnyMaskButXStoresThePasswordCharactersThemselves) {
   }
 }
 
-TEST_F(HiddenTextTest, WithoutAMaskAnAssignedValueIsLostWhenItIsTypedOn) {
+TEST_F(HiddenTextTest, WithoutAMaskTypingIntoAnAssignedValueLosesIt) {
   const auto field = Add(u"", u"*");
   form->Show();
   Type(field, u"abcd");
@@ -132,7 +132,7 @@ TEST_F(HiddenTextTest, WithoutAMaskAnAssignedValueIsLostWhenItIsTypedOn) {
   EXPECT_THAT((*field)->Value(), IsValue(u"****e"));
 }
 
-TEST_F(HiddenTextTest, TheZeroFillTakesNoPasswordCharacters) {
+TEST_F(HiddenTextTest, TheZeroFillIgnoresPasswordCharacters) {
   const auto field = Add(u"0000", u"*");
   form->Show();
   Type(field, u"12");

@@ -1,4 +1,4 @@
-// One field on one row, to be left untouched or not.
+// One field on one row, for tests of touched and untouched fields.
 #pragma once
 
 #include "tests/control/control_fixture.h"
@@ -20,7 +20,7 @@ class UntouchedTest : public ControlTest {
     Control().UsaChecaRelacao(false);
   }
   void AddRow(Long type, const Variant& stored) { AddRow({u"campo", type}, stored); }
-  /// A row that keeps any value whatever its type, and notes what is written.
+  /// A row that keeps any value whatever its type, and records writes.
   void AddRawRow(Long type, const Variant& stored) {
     rows->Field.Type = type;
     rows->Field.Value = stored;

@@ -1,4 +1,4 @@
-// A key and its description on one row, shown and left untouched: the row stays as it is.
+// A key and its description on one row, shown and left untouched: the row does not change.
 
 #include "tessaria/text.h"
 #include "tests/control/control_fixture.h"
@@ -10,8 +10,8 @@ namespace {
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// The row holds code 7 with a name of its own; the database finds "Ana" for every code and "9"
-/// for every name.
+/// The row holds code 7 with its own name; the database finds "Ana" for every code and "9" for
+/// every name.
 class UntouchedPairTest : public ControlTest {
  protected:
   UntouchedPairTest() {
@@ -95,7 +95,7 @@ TEST_F(UntouchedPairTest, ARowWithoutAKeyEmptiesTheDescriptionAndTheReturnFields
   EXPECT_FALSE(IsEdited());
 }
 
-TEST_F(UntouchedPairTest, ARowWhoseLookupFailsLeavesTheDescriptionAndTheReturnFields) {
+TEST_F(UntouchedPairTest, ARowWhoseLookupFailsKeepsTheDescriptionAndTheReturnFields) {
   (*key)->Browse()->Outros().Add(u"cidade");
   const auto city = (*key)->Browse()->Outros().Item(1);
   const auto stays = [&] {
@@ -129,8 +129,8 @@ TEST_F(UntouchedPairTest, AKeyWithoutAColumnThatIsRefreshedWhileItIsTypedEmpties
   EXPECT_FALSE(IsEdited());
 }
 
-// The key's rows are at their end; the description's are another's.
-TEST_F(UntouchedPairTest, TheEndOfTheKeysRowsEmptiesTheDescriptionAndLeavesItsRowAlone) {
+// The key's rows are at their end; the description is bound to other rows.
+TEST_F(UntouchedPairTest, TheEndOfTheKeysRowsEmptiesTheDescriptionAndDoesNotChangeItsRow) {
   connection->AddTable(u"vazia", {{u"codigo", host::type::VarWChar}}, {});
   const auto empty = form->Add<memory::DataControl>(u"dtcVazio");
   empty->Connect(connection, u"vazia");
@@ -162,7 +162,7 @@ TEST_F(UntouchedPairTest, ARowThatCannotBeReadDoesNotMakeTheNextAssignmentALoad)
 
 // --- A field is left ----------------------------------------------------------------------------
 
-TEST_F(UntouchedPairTest, AKeyThatChangesNothingFillsTheDescriptionAndLeavesItsRowAlone) {
+TEST_F(UntouchedPairTest, AKeyThatChangesNothingFillsTheDescriptionAndDoesNotChangeItsRow) {
   for (const auto stroke : {memory::Key::Left, memory::Key::Shift, memory::Key::Home}) {
     (*description)->ShowValue(u"Velho");
     form->Focus(u"txtCodigo");
@@ -175,7 +175,7 @@ TEST_F(UntouchedPairTest, AKeyThatChangesNothingFillsTheDescriptionAndLeavesItsR
   }
 }
 
-TEST_F(UntouchedPairTest, AKeyThatChangesNothingInADescriptionLeavesTheKeysRowAlone) {
+TEST_F(UntouchedPairTest, AKeyThatChangesNothingInADescriptionDoesNotChangeTheKeysRow) {
   form->Focus(u"txtNome");
   form->Press(memory::Key::Home);  // starts no search
   form->Focus(u"chkAtivo");
@@ -194,7 +194,7 @@ TEST_F(UntouchedPairTest, ATypedKeyWritesTheDescription) {
   EXPECT_THAT(Stored(u"nome"), IsValue(u"Ana"));
 }
 
-TEST_F(UntouchedPairTest, AKeyIsSettledThoughItsDescriptionCouldNotBeLookedFor) {
+TEST_F(UntouchedPairTest, AKeyIsSettledEvenIfItsDescriptionCannotBeLookedUp) {
   (*key)->Browse()->BrwWhere(u"uf = @txtNada@");
   form->Focus(u"txtCodigo");
   key->txtEdit().SelLength(1);
@@ -237,7 +237,7 @@ class RefusedCompletionTest : public UntouchedPairTest {
   memory::TextBox& Box() { return description->txtEdit(); }
 };
 
-TEST_F(RefusedCompletionTest, GivesTheBoxBackWhatWasTyped) {
+TEST_F(RefusedCompletionTest, RestoresTheTypedText) {
   key->ForgetEvents();
   Box().SelStart(2);
   form->Type(u"a");
@@ -251,7 +251,7 @@ TEST_F(RefusedCompletionTest, GivesTheBoxBackWhatWasTyped) {
   EXPECT_THAT(Stored(u"nome"), IsValue(u"Ana"));
 }
 
-TEST_F(RefusedCompletionTest, TouchesNothingWhenNothingWasTyped) {
+TEST_F(RefusedCompletionTest, DoesNotTouchTheFieldIfNothingWasTyped) {
   form->Press(memory::Key::Left);
   EXPECT_THAT(app.TakeBoxes(), SizeIs(1));
   EXPECT_EQ(Box().Text(), u"An");

@@ -1,4 +1,4 @@
-// A field that nobody has touched: its row stays as it is, whatever mask shows it.
+// An untouched field: its row does not change, whatever mask shows it.
 
 #include "tessaria/conversion.h"
 #include "tessaria/text.h"
@@ -99,7 +99,7 @@ TEST_P(UntouchedTable, ShowingAndTabbingThroughWriteNothingAndTheBoxShowsTheSame
       }
 }
 
-TEST_P(UntouchedTable, NoKindOfFieldAndNoSettingOfItWritesWhatNobodyTyped) {
+TEST_P(UntouchedTable, NoKindOfFieldAndNoSettingWritesAnUntouchedValue) {
   State().dbConexao = connection;
   connection->OnStatement = [](const String& statement) -> std::optional<memory::Rows> {
     if (InStr(statement, u"taxas") == 0) return std::nullopt;
@@ -132,7 +132,7 @@ TEST_P(UntouchedTable, NoKindOfFieldAndNoSettingOfItWritesWhatNobodyTyped) {
       }
 }
 
-TEST_F(UntouchedTest, ARowIsShownWholeWhateverMaxLengthSays) {
+TEST_F(UntouchedTest, ARowIsShownWholeWhateverTheMaxLength) {
   AddRow(host::type::Numeric, DecimalFromText(u"12345.67"));
   Control().Mascara(u"$$$$$.$$");
   Control().MaxLength(7);
@@ -143,8 +143,8 @@ TEST_F(UntouchedTest, ARowIsShownWholeWhateverMaxLengthSays) {
   EXPECT_FALSE(IsEdited());
 }
 
-// The key filter leaves room for the points; a program's text has no such bound.
-TEST_F(UntouchedTest, TheFormatOfAnAmountIsShownWholeToo) {
+// The key filter leaves room for the points; a program's text has no such limit.
+TEST_F(UntouchedTest, AFormattedAmountIsAlsoShownWhole) {
   AddRow(host::type::Numeric, null);
   Control().Mascara(u"$$$$$$$.$$");
   Control().MaxLength(9);
@@ -180,7 +180,7 @@ TEST_F(UntouchedTest, AStoredZeroIsShownAsABlankAndStaysZero) {
   EXPECT_FALSE(IsEdited());
 }
 
-TEST_F(UntouchedTest, AnAmountLooksFinishedAgainWhenItIsLeft) {
+TEST_F(UntouchedTest, AnAmountIsFormattedAgainWhenTheFieldIsLeft) {
   AddRow(host::type::Numeric, DecimalFromText(u"1234567.891"));
   Control().Mascara(u"$$$$$$$.$$");
   form->Show();
@@ -195,7 +195,7 @@ TEST_F(UntouchedTest, AnAmountLooksFinishedAgainWhenItIsLeft) {
   EXPECT_SAME(Stored(), DecimalFromText(u"1234567.891"));
 }
 
-TEST_F(UntouchedTest, AnUntouchedExitTellsItsValueAndThatNothingChanged) {
+TEST_F(UntouchedTest, AnUntouchedExitReportsItsValueAndNoChange) {
   AddRow(host::type::Numeric, DecimalFromText(u"1.239"));
   form->Show();
   Enter();
@@ -208,8 +208,8 @@ TEST_F(UntouchedTest, AnUntouchedExitTellsItsValueAndThatNothingChanged) {
   EXPECT_FALSE(field->Events(Kind::BrowseReturn)[0].HouveAlteracao);
 }
 
-// A refused sign replaces the typed text and leaves the box alone.
-TEST_F(UntouchedTest, AnUntouchedExitTakesTheTypedTextFromTheValueAgain) {
+// A refused sign replaces the typed text and does not change the box.
+TEST_F(UntouchedTest, AnUntouchedExitSetsTheTypedTextFromTheValue) {
   AddRow(host::type::Numeric, DecimalFromText(u"1234.5"));
   Control().Mascara(u"$$$$$.$$");
   form->Show();
@@ -222,7 +222,7 @@ TEST_F(UntouchedTest, AnUntouchedExitTakesTheTypedTextFromTheValueAgain) {
   EXPECT_FALSE(IsEdited());
 }
 
-TEST_F(UntouchedTest, AnUnboundFieldKeepsItsValueToo) {
+TEST_F(UntouchedTest, AnUnboundFieldAlsoKeepsItsValue) {
   field = AddField(u"txtCampo");
   Control().UsaChecaRelacao(false);
   Control().TipoDado(5);
@@ -236,7 +236,7 @@ TEST_F(UntouchedTest, AnUnboundFieldKeepsItsValueToo) {
   }
 }
 
-TEST_F(UntouchedTest, TheMaskOfLettersThatFitsItsFieldTouchesNothing) {
+TEST_F(UntouchedTest, FittingAMaskOfLettersToItsFieldDoesNotTouchIt) {
   AddRow({u"campo", host::type::VarWChar, 5}, u"a_b");
   Control().Mascara(u"A");
   form->Show();

@@ -1,4 +1,4 @@
-// The rules of leaving alone: who has the focus, the caption and the column are plain state.
+// The rules of leaving, tested alone: focus, caption and column are plain state.
 
 #include "control/validation.h"
 
@@ -64,7 +64,7 @@ TEST_F(ValidationPartTest, TheCancellingControlEscapesWithoutRegardToCase) {
   EXPECT_THAT(Told(), IsEmpty());
 }
 
-TEST_F(ValidationPartTest, ARequiredBlankIsRefusedToACommandButton) {
+TEST_F(ValidationPartTest, ARequiredBlankIsRefusedOnTheWayToACommandButton) {
   members.PodeSerBranco = false;
   leaving.caption = u"Nome:";
   PressButton(u"btnGravar");
@@ -73,7 +73,7 @@ TEST_F(ValidationPartTest, ARequiredBlankIsRefusedToACommandButton) {
   EXPECT_FALSE(members.LastValidaStatus);
 }
 
-TEST_F(ValidationPartTest, ARequiredBlankPassesToAnythingElse) {
+TEST_F(ValidationPartTest, ARequiredBlankAllowsTheFocusOnAnythingElse) {
   members.PodeSerBranco = false;
   leaving.active = std::make_shared<FakeWidget>(u"chkAtivo", u"CheckBox");
   EXPECT_EQ(rules.Check(), Verdict::Passed);
@@ -92,7 +92,7 @@ TEST_F(ValidationPartTest, AnAllowedBlankIsNeverForbidden) {
   EXPECT_FALSE(rules.IsForbiddenBlank());
 }
 
-TEST_F(ValidationPartTest, ABrokenDateIsRefusedWithTheCaptionInFront) {
+TEST_F(ValidationPartTest, AnInvalidDateIsRefusedWithTheCaptionInFront) {
   Mask(u"dd/mm/yyyy", u"_/");
   leaving.caption = u"Data:";
   txtEdit.Text(u"31/02/2001");
@@ -101,7 +101,7 @@ TEST_F(ValidationPartTest, ABrokenDateIsRefusedWithTheCaptionInFront) {
   EXPECT_EQ(txtEdit.SelText(), u"31/02/2001");
 }
 
-TEST_F(ValidationPartTest, ACaptionThatIsEmptyStillLeavesItsBlank) {
+TEST_F(ValidationPartTest, AnEmptyCaptionStillLeavesItsBlank) {
   Mask(u"dd/mm/yyyy", u"_/");
   leaving.caption = u"";
   txtEdit.Text(u"31/02/2001");
@@ -109,14 +109,14 @@ TEST_F(ValidationPartTest, ACaptionThatIsEmptyStillLeavesItsBlank) {
   EXPECT_THAT(Told(), ElementsAre(u" Invalido(a), Corrija Por Favor"));
 }
 
-TEST_F(ValidationPartTest, AStoredTextThatNobodyTouchedIsNoBrokenDate) {
+TEST_F(ValidationPartTest, AnUntouchedStoredTextIsNotAnInvalidDate) {
   Mask(u"dd/mm/yyyy", u"_/");
   box.Display(u"infinity", FieldBox::What::StoredText);
   EXPECT_EQ(rules.Check(), Verdict::Passed);
   EXPECT_THAT(Told(), IsEmpty());
 }
 
-TEST_F(ValidationPartTest, AFieldThatFailsItselfKeepsTheFocus) {
+TEST_F(ValidationPartTest, AnotherFieldThatHasFailedKeepsTheFocus) {
   const auto other = std::make_shared<FakeControlWidget>();
   leaving.active = other;
   Mask(u"dd/mm/yyyy", u"_/");
@@ -140,7 +140,7 @@ TEST_F(ValidationPartTest, AnUnknownKeyIsRefused) {
   EXPECT_FALSE(members.LastValidaStatus);
 }
 
-TEST_F(ValidationPartTest, AKnownKeyIsWrittenAsTheTableHasIt) {
+TEST_F(ValidationPartTest, AKnownKeyIsShownAsStoredInTheTable) {
   members.UsaChecaRelacao = true;
   lookup.BrowseTable(u"clientes");
   lookup.BrwCampo(u"codigo");
@@ -152,7 +152,7 @@ TEST_F(ValidationPartTest, AKnownKeyIsWrittenAsTheTableHasIt) {
   EXPECT_FALSE(box.IsTouched());
 }
 
-TEST_F(ValidationPartTest, TheRelationAloneTellsNothingAndLeavesTheStatus) {
+TEST_F(ValidationPartTest, TheRelationCheckAloneShowsNoMessageAndKeepsTheStatus) {
   lookup.BrowseTable(u"clientes");
   lookup.BrwCampo(u"codigo");
   txtEdit.Text(u"9");

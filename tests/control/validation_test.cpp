@@ -1,4 +1,4 @@
-// Whether a field may be left, judged by which control has taken the focus.
+// Whether a field may be left, depending on the control that has taken the focus.
 
 #include "tests/control/control_fixture.h"
 
@@ -10,7 +10,7 @@ using testing::IsEmpty;
 
 const char16_t* const missing = u" Inexistente, Verifique Por Favor";
 
-/// A field that is not entered itself: the control that "has taken the focus" is given it first.
+/// A field that is not entered itself: the control that "has taken the focus" gets it first.
 class ValidationTest : public ControlTest {
  protected:
   ValidationTest() {
@@ -60,11 +60,11 @@ class ValidationTest : public ControlTest {
 
 // --- Own button and cancel ----------------------------------------------------------------------
 
-TEST_F(ValidationTest, TheOwnButtonIsNoLeavingAndNoSuccess) {
+TEST_F(ValidationTest, TheOwnButtonDoesNotLeaveTheFieldAndIsNotASuccess) {
   Control().TipoControle(TipoControle::Calendario);
   RequireText(u"", u"");
   form->Focus(u"txtCodigo");
-  field->btnBrowse().OnClick = nullptr;  // the focus alone is wanted here, not the dialog
+  field->btnBrowse().OnClick = nullptr;  // only the focus is needed here, not the dialog
   field->ClickButton();
   Control().LastValidaStatus(true);
   EXPECT_FALSE(Control().Valida());
@@ -72,7 +72,7 @@ TEST_F(ValidationTest, TheOwnButtonIsNoLeavingAndNoSuccess) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(ValidationTest, ThatNoInnerWidgetIsActiveIsNoFailure) {
+TEST_F(ValidationTest, AFieldWithoutAnActiveInnerWidgetDoesNotFail) {
   EXPECT_TRUE(ValidaFrom(u"chkAtivo"));
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
@@ -93,7 +93,7 @@ TEST_F(ValidationTest, TheCancellingControlSkipsEverythingAndKeepsTheStatus) {
 
 // --- Required fields ----------------------------------------------------------------------------
 
-TEST_F(ValidationTest, ARequiredBlankIsRefusedToACommandButton) {
+TEST_F(ValidationTest, ARequiredBlankIsRefusedOnTheWayToACommandButton) {
   RequireText(u"", u"  ");
   field->txtEdit().SelStart(1);
   EXPECT_FALSE(ValidaFrom(u"btnGravar"));
@@ -101,7 +101,7 @@ TEST_F(ValidationTest, ARequiredBlankIsRefusedToACommandButton) {
   EXPECT_EQ(ActiveName(), u"txtCodigo");
 }
 
-TEST_F(ValidationTest, WithNoLabelTheMessageStandsAlone) {
+TEST_F(ValidationTest, WithoutALabelTheMessageHasNoPrefix) {
   (*other)->PodeSerBranco(false);
   form->Focus(u"btnGravar");
   EXPECT_FALSE((*other)->Valida());
@@ -109,7 +109,7 @@ TEST_F(ValidationTest, WithNoLabelTheMessageStandsAlone) {
               ElementsAre(StopBox((*other)->hWnd(), u"Não Pode Ser Branco, Verifique Por Favor")));
 }
 
-TEST_F(ValidationTest, AHiddenRequiredBlankTakesNoFocus) {
+TEST_F(ValidationTest, AHiddenRequiredBlankDoesNotTakeTheFocus) {
   RequireText(u"", u"");
   field->txtEdit().Visible(false);
   EXPECT_FALSE(ValidaFrom(u"btnGravar"));
@@ -118,7 +118,7 @@ TEST_F(ValidationTest, AHiddenRequiredBlankTakesNoFocus) {
 
 // The control that took the focus is compared with a name that it can never have, so a required
 // blank lets it pass to everything but a real command button; the status is not touched.
-TEST_F(ValidationTest, ARequiredBlankPassesToAnythingButACommandButton) {
+TEST_F(ValidationTest, ARequiredBlankIsAllowedOnTheWayToAnythingButACommandButton) {
   RequireText(u"", u"");
   for (const char16_t* taker : {u"chkAtivo", u"txtOutro"}) {
     for (const bool status : {true, false}) {
@@ -143,7 +143,7 @@ const Blank blanks[] = {
     {u"", u"0", false},
     {u"00/00", u"__/__", true},
     {u"00/00", u"1_/__", false},
-    {u"000", u"000", false},  // only in an amount do zeros count as nothing
+    {u"000", u"000", false},  // zeros count as blank only in an amount
     {u"$$$$$.$$", u"", true},
     {u"$$$$$.$$", u"0,00", true},
     {u"$$$$$.$$", u"0.000,00", true},
@@ -152,7 +152,7 @@ const Blank blanks[] = {
     {u"$$$$$.$$", u"-0", false},
 };
 
-TEST_F(ValidationTest, WhatCountsAsBlank) {
+TEST_F(ValidationTest, TextsThatCountAsBlank) {
   for (const Blank& row : blanks) {
     SCOPED_TRACE(ToUtf8(row.Mask) + " with " + ToUtf8(row.Text));
     RequireText(row.Mask, row.Text);
@@ -181,10 +181,10 @@ const DateRow dates[] = {
     {u"mm/yyyy", u"12/2017", true, u"12/2017"},
     {u"mm/yy", u"13/17", false, u"13/17"},
     {u"mm/yy", u"12/41", true, u"12/1941"},
-    {u"00/00/0000", u"25/12/2017", false, u"25/12/2017"},  // accepts nothing but no date
+    {u"00/00/0000", u"25/12/2017", false, u"25/12/2017"},  // accepts only an empty date
     {u"DD/MM/YYYY", u"25/12/2017", false,
-     u"25/12/2017"},                       // a date by name, with no rule of its own
-    {u"00/00", u"99/99", true, u"99/99"},  // no date mask
+     u"25/12/2017"},                       // a date mask by name, without its own rule
+    {u"00/00", u"99/99", true, u"99/99"},  // not a date mask
 };
 
 TEST_F(ValidationTest, Dates) {
@@ -216,15 +216,15 @@ TEST_F(ValidationTest, AnEmptyDatePasses) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(ValidationTest, ARequiredEmptyDatePassesToAnythingButACommandButton) {
+TEST_F(ValidationTest, ARequiredEmptyDateIsAllowedOnTheWayToAnythingButACommandButton) {
   RequireText(u"dd/mm/yyyy", u"__/__/____");
   Control().LastValidaStatus(false);
   EXPECT_TRUE(ValidaFrom(u"chkAtivo"));
   EXPECT_TRUE(Control().LastValidaStatus());  // here the date rule has set it
 }
 
-// The date rule has a wording of its own for a blank, with "(a)"; the general one comes first.
-TEST_F(ValidationTest, ARequiredEmptyDateIsRefusedInTheGeneralWords) {
+// The date rule has its own message for a blank, with "(a)"; the general one comes first.
+TEST_F(ValidationTest, ARequiredEmptyDateIsRefusedWithTheGeneralMessage) {
   RequireText(u"dd/mm/yyyy", u"__/__/____");
   EXPECT_FALSE(ValidaFrom(u"btnGravar"));
   ExpectRefusal(u"Código: Não Pode Ser Branco, Verifique Por Favor");
@@ -232,7 +232,7 @@ TEST_F(ValidationTest, ARequiredEmptyDateIsRefusedInTheGeneralWords) {
 
 // --- The focus comes back -----------------------------------------------------------------------
 
-TEST_F(ValidationTest, TwoFailingFieldsDoNotFightForTheFocus) {
+TEST_F(ValidationTest, TwoFailingFieldsDoNotTakeTheFocusFromEachOther) {
   Control().Mascara(u"dd/mm/yyyy");
   for (const bool otherIsValid : {true, false}) {
     field->txtEdit().Text(u"31/04/2017");
@@ -276,7 +276,7 @@ class RelationTest : public ValidationTest {
     Control().Mascara(mask);
     field->txtEdit().Text(text);
   }
-  /// The statement that asks for the row, behind the one that asks for the field's type.
+  /// The statement that reads the row, after the one that reads the field's type.
   String Asked() {
     const auto statements = connection->TakeStatements();
     return statements.empty() ? String() : statements.back();
@@ -294,7 +294,7 @@ TEST_F(RelationTest, AFieldThatUsesNoRelationNeverReachesTheDatabase) {
   EXPECT_THAT(connection->Statements(), IsEmpty());
 }
 
-TEST_F(RelationTest, AnUnboundValueIsAskedForByTheTypeOfTheTablesField) {
+TEST_F(RelationTest, AnUnboundValueIsSearchedByTheTypeOfTheTablesField) {
   Type(u"", u"15");
   EXPECT_TRUE(ValidaFrom(u"chkAtivo"));
   EXPECT_THAT(connection->TakeStatements(),
@@ -311,7 +311,7 @@ TEST_F(RelationTest, TheJoinReplacesTheTable) {
             u"Where codigo = '15'");
 }
 
-TEST_F(RelationTest, TheMasksLiteralsStayInTheTextOnlyWithPromptInclude) {
+TEST_F(RelationTest, TheLiteralsOfTheMaskAreSearchedOnlyWithPromptInclude) {
   Type(u"00.00", u"1_.5_");
   EXPECT_TRUE(ValidaFrom(u"chkAtivo"));
   EXPECT_EQ(Asked(), u"Select Top 1 codigo From clientes Where codigo = '15'");
@@ -329,8 +329,8 @@ TEST_F(RelationTest, TheConditionIsExpanded) {
   EXPECT_EQ(Asked(), u"Select Top 1 codigo From clientes Where codigo = '15' And cidade = 3");
 }
 
-// The key of a chosen row narrows the description lookup and the completion alone.
-TEST_F(RelationTest, TheKeyOfAChosenRowIsNoPartOfTheCondition) {
+// The key of a chosen row narrows only the description lookup and the completion.
+TEST_F(RelationTest, TheKeyOfAChosenRowIsNotPartOfTheCondition) {
   Control().TipoControle(TipoControle::Descricao);
   Control().Browse()->BrwCampoIrmao(u"cidade");
   State().vntValorIrmao = u"'3'";
@@ -349,7 +349,7 @@ TEST_F(RelationTest, AValueInTheConditionStaysOneToken) {
             u"Select Top 1 codigo From clientes Where codigo = '15' And cidade = ''' or ''''='''");
 }
 
-TEST_F(RelationTest, AValueThatIsNoTokenOfTheConditionIsRefusedBeforeItIsSent) {
+TEST_F(RelationTest, AValueThatIsNotOneTokenOfTheConditionIsRefusedBeforeItIsSent) {
   Control().Browse()->BrwWhere(u"cidade = @txtOutro@");
   (*other)->Value(u"0 or true");
   Type(u"", u"15");
@@ -390,7 +390,7 @@ TEST_F(RelationTest, TheFoundValueIsLaidOutInTheBox) {
   EXPECT_EQ(field->txtEdit().Text(), u"9_-__");
 }
 
-// What was found is a field, which is something even when it holds Null.
+// The result is a field, which exists even if it holds Null.
 TEST_F(RelationTest, AFoundNullEmptiesTheBox) {
   answer = {{Variant::Null()}};
   Type(u"00-00", u"15-__");
@@ -398,8 +398,8 @@ TEST_F(RelationTest, AFoundNullEmptiesTheBox) {
   EXPECT_EQ(field->txtEdit().Text(), u"__-__");
 }
 
-// Behind the label stand its own blank and the message's: both are shown.
-TEST_F(RelationTest, AMissingRowIsToldUnderTheLabelWithTwoBlanks) {
+// The label is followed by its own blank and by that of the message: both are shown.
+TEST_F(RelationTest, AMissingRowIsReportedWithTheLabelAndTwoBlanks) {
   answer = {};
   Type(u"", u"99");
   EXPECT_FALSE(ValidaFrom(u"chkAtivo"));
@@ -411,7 +411,7 @@ TEST_F(RelationTest, AMissingRowIsToldUnderTheLabelWithTwoBlanks) {
   ExpectAllSelected();
 }
 
-TEST_F(RelationTest, AMissingRowWithNoLabelIsToldUnderFieldAndTable) {
+TEST_F(RelationTest, AMissingRowWithoutALabelIsReportedWithFieldAndTable) {
   answer = {};
   (*other)->BrowseTable(u"clientes");
   (*other)->BrwCampo(u"codigo");
@@ -422,7 +422,7 @@ TEST_F(RelationTest, AMissingRowWithNoLabelIsToldUnderFieldAndTable) {
   EXPECT_EQ(app.Boxes()[0].Text, String(u"codigo de clientes") + missing);
 }
 
-TEST_F(RelationTest, ABlankThatMayBeBlankPassesToACommandButtonWithNoQuestion) {
+TEST_F(RelationTest, AnAllowedBlankIsAcceptedOnTheWayToACommandButtonWithoutAQuery) {
   Type(u"", u"");
   EXPECT_TRUE(ValidaFrom(u"btnGravar"));
   EXPECT_TRUE(Control().LastValidaStatus());
@@ -453,7 +453,7 @@ void AddFailing(memory::Form& form, int failures) {
   });
 }
 
-TEST_F(RelationTest, TheFirstErrorStartsTheRulesOver) {
+TEST_F(RelationTest, TheFirstErrorStartsTheRulesAgain) {
   AddFailing(*form, 1);
   Control().Browse()->BrwWhere(u"cidade = @txtFalha@");
   Type(u"", u"15");
@@ -462,7 +462,7 @@ TEST_F(RelationTest, TheFirstErrorStartsTheRulesOver) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(RelationTest, TheSecondErrorIsTheCallers) {
+TEST_F(RelationTest, TheSecondErrorIsRaisedToTheCaller) {
   AddFailing(*form, 2);
   Control().Browse()->BrwWhere(u"cidade = @txtFalha@");
   Type(u"", u"15");
@@ -471,8 +471,8 @@ TEST_F(RelationTest, TheSecondErrorIsTheCallers) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// That no inner widget is active is an error too: it counts as the first.
-TEST_F(RelationTest, FromOutsideTheFieldTheFirstErrorOfARuleIsTheCallers) {
+// It is also an error that no inner widget is active: it counts as the first.
+TEST_F(RelationTest, FromOutsideTheFieldTheFirstErrorOfARuleIsRaisedToTheCaller) {
   AddFailing(*form, 1);
   Control().Browse()->BrwWhere(u"cidade = @txtFalha@");
   Type(u"", u"15");
@@ -482,7 +482,7 @@ TEST_F(RelationTest, FromOutsideTheFieldTheFirstErrorOfARuleIsTheCallers) {
 
 // --- The relation alone -------------------------------------------------------------------------
 
-TEST_F(RelationTest, TheCheckAloneTellsNothingAndTouchesNothing) {
+TEST_F(RelationTest, TheCheckAloneShowsNoMessageAndDoesNotTouchTheField) {
   Control().Browse()->BrwWhere(u"ativo = 1");
   Type(u"", u"99");
   form->Focus(u"chkAtivo");
@@ -501,7 +501,7 @@ TEST_F(RelationTest, TheCheckAloneTellsNothingAndTouchesNothing) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(RelationTest, TheCheckAlonePassesABlankEvenWhenRequired) {
+TEST_F(RelationTest, TheCheckAloneAcceptsABlankEvenIfRequired) {
   RequireText(u"", u"");
   form->Focus(u"btnGravar");
   EXPECT_TRUE(Control().AcionaChecaRelacao());

@@ -65,7 +65,7 @@ constexpr Long kTextColumn = 202;
 constexpr Long kNumberColumn = 5;
 constexpr Long kDateColumn = 7;
 
-TEST_F(ValuePartTest, AnUnboundTextIsKeptAsItIsAndABlankOneIsNull) {
+TEST_F(ValuePartTest, AnUnboundTextIsKeptUnchangedAndABlankOneIsNull) {
   EXPECT_TRUE(value.Assign(u"Ana", AssignMode::Write));
   EXPECT_SAME(members.Value, u"Ana");
   EXPECT_EQ(txtEdit.Text(), u"Ana");
@@ -79,7 +79,7 @@ TEST_F(ValuePartTest, AnUnboundNumberIsADouble) {
   EXPECT_SAME(members.Value, 1234.5);
 }
 
-TEST_F(ValuePartTest, AnUnboundNumberThatIsNoneIsToldAndLeavesEmpty) {
+TEST_F(ValuePartTest, AnInvalidUnboundNumberIsReportedAndLeavesEmpty) {
   members.TipoDado = 5;
   EXPECT_FALSE(value.Assign(u"doze", AssignMode::Write));
   EXPECT_SAME(members.Value, Variant());
@@ -101,7 +101,7 @@ TEST_F(ValuePartTest, ABoundValueIsReadBackFromTheColumn) {
   EXPECT_EQ(members.Texto, u"12,5");
 }
 
-TEST_F(ValuePartTest, ARowThatIsShownIsNotWritten) {
+TEST_F(ValuePartTest, AShownRowIsNotWritten) {
   Bind(kTextColumn);
   EXPECT_FALSE(value.Assign(u"Ana", AssignMode::Show));
   EXPECT_EQ(bound.column->writes, 0);
@@ -137,7 +137,7 @@ TEST_F(ValuePartTest, ARefusedValueOfAnEmptyRowIsTheFieldsValue) {
   EXPECT_EQ(box.Shown().Shows(), FieldBox::What::RefusedValue);
 }
 
-TEST_F(ValuePartTest, AStoredTextThatIsNoDateIsShownAsItsText) {
+TEST_F(ValuePartTest, AStoredTextThatIsNotADateIsShownAsText) {
   Bind(kDateColumn);
   Mask(u"dd/mm/yyyy", u"_/");
   value.Assign(u"infinity", AssignMode::Show);
@@ -146,14 +146,14 @@ TEST_F(ValuePartTest, AStoredTextThatIsNoDateIsShownAsItsText) {
   EXPECT_THAT(Told(), IsEmpty());
 }
 
-TEST_F(ValuePartTest, ATextColumnThatTakesNoNullGetsEmpty) {
+TEST_F(ValuePartTest, ATextColumnThatDoesNotAcceptNullGetsEmpty) {
   Bind(kTextColumn);
   bound.column->acceptsNull = false;
   EXPECT_TRUE(value.Assign(Variant::Null(), AssignMode::Write));
   EXPECT_SAME(bound.column->stored, Variant());
 }
 
-TEST_F(ValuePartTest, TheValueItselfIsShownAnewWithoutConversion) {
+TEST_F(ValuePartTest, ThePresentValueIsShownAgainWithoutConversion) {
   Bind(kNumberColumn);
   members.Value = u"doze";
   value.AssignItself();
@@ -162,7 +162,7 @@ TEST_F(ValuePartTest, TheValueItselfIsShownAnewWithoutConversion) {
   EXPECT_EQ(bound.column->writes, 0);
 }
 
-TEST_F(ValuePartTest, AFollowerThatFailsIsToldAndTakesNothingBack) {
+TEST_F(ValuePartTest, AFailingFollowerIsReportedAndUndoesNothing) {
   follower.fails = true;
   EXPECT_TRUE(value.Assign(u"Ana", AssignMode::Write));
   EXPECT_SAME(members.Value, u"Ana");
@@ -170,7 +170,7 @@ TEST_F(ValuePartTest, AFollowerThatFailsIsToldAndTakesNothingBack) {
   EXPECT_FALSE(box.Shown().IsTyped());
 }
 
-TEST_F(ValuePartTest, AHandlersNewValueStands) {
+TEST_F(ValuePartTest, AValueAssignedByAHandlerIsKept) {
   bool again = true;
   txtEdit.OnChange = [&] {
     if (!std::exchange(again, false)) return;

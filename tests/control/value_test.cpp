@@ -16,7 +16,7 @@ const Variant christmas = FromCivil({2017, 12, 25});
 const char16_t* const amountMask = u"$$$$$.$$";
 const char16_t* const dateMask = u"dd/mm/yyyy";
 
-/// One row of a conversion table: what is assigned and what comes of it.
+/// One row of a conversion table: the assigned value and its result.
 struct Conversion {
   const char16_t* Mask;
   Variant Assigned;
@@ -27,7 +27,7 @@ struct Conversion {
 
 class UnboundValueTest : public ControlTest {
  protected:
-  /// What a field that starts afresh holds after the assignment.
+  /// The value of a new field after the assignment.
   FieldPtr Assign(Long TipoDado, const char16_t* mask, const Variant& value) {
     const auto field = AddField(u"txt" + CStr(Variant(++fields_)));
     (*field)->TipoDado(TipoDado);
@@ -88,7 +88,7 @@ TEST_F(UnboundValueTest, DateType) {
 // The number 0 is blank in the other types; as a date it is the first day of the calendar.
 TEST_F(UnboundValueTest, TheNumberZeroIsADate) { ExpectTable(7, {{u"", Long{0}, Date{0}}}); }
 
-TEST_F(UnboundValueTest, EveryOtherTypeIsTextAndKeepsWhatItIsGiven) {
+TEST_F(UnboundValueTest, EveryOtherTypeIsTextAndKeepsTheAssignedValue) {
   // Long, Currency and Boolean too: only the three number codes and the date convert.
   for (const Long TipoDado : {0, 1, 3, 6, 8, 11, 14, 99, -1})
     ExpectTable(TipoDado, {
@@ -132,7 +132,7 @@ const Shown shownRows[] = {
     {7, u"", u"25122017", u"25/12/2017", u"25/12/2017"},
 };
 
-TEST_F(UnboundValueTest, TheTypedTextFollowsTheValueAndTheBoxItsMask) {
+TEST_F(UnboundValueTest, TheTypedTextFollowsTheValueAndTheBoxFollowsTheMask) {
   for (const Shown& row : shownRows) {
     SCOPED_TRACE(testing::Message()
                  << "mask " << ToUtf8(row.Mask) << ", " << testing::PrintToString(row.Assigned));
@@ -158,7 +158,7 @@ TEST_F(UnboundValueTest, APasswordFieldHoldsTheTextAndShowsItsCharacters) {
   EXPECT_EQ(field->txtEdit().Text(), u"*******");
 }
 
-TEST_F(UnboundValueTest, AnAssignmentTellsTextoThenValue) {
+TEST_F(UnboundValueTest, AnAssignmentNotifiesTextoThenValue) {
   const auto field = AddField(u"txtCampo");
   (*field)->Value(u"abc");
   EXPECT_THAT(field->ChangedProperties(), ElementsAre(u"Texto", u"Value"));
@@ -185,7 +185,7 @@ TEST_F(UnboundValueTest, AnImpossibleDateShowsTheConversionBox) {
   EXPECT_EQ(field->txtEdit().Text(), u"__/__/____");
 }
 
-TEST_F(UnboundValueTest, AnAssignmentLeavesTheMeasuredValuesAlone) {
+TEST_F(UnboundValueTest, AnAssignmentDoesNotChangeTheValuesForComparison) {
   const auto field = AddField(u"txtCampo");
   (*field)->LastValue(u"antes");
   (*field)->Value(u"depois");
@@ -194,7 +194,7 @@ TEST_F(UnboundValueTest, AnAssignmentLeavesTheMeasuredValuesAlone) {
   EXPECT_THAT((*field)->OriginalValue(), IsEmptyVariant());
 }
 
-TEST_F(UnboundValueTest, AnAssignmentMayComeFromItsOwnMember) {
+TEST_F(UnboundValueTest, AValueMayBeAssignedFromItsOwnMember) {
   const auto field = AddField(u"txtCampo");
   (*field)->LastValue(u"antes");
   field->OnBrowseReturn = [&](bool&, Variant& last) { (*field)->Value(last); };
@@ -300,7 +300,7 @@ TEST_F(BoundValueTest, DateFields) {
                       {u"", u"25/12/2017", christmas},
                       {dateMask, u"25/12/2017", christmas},
                       {dateMask, u"25122017", christmas},
-                      {dateMask, u"_25/12/2017_", christmas},  // only the fill goes
+                      {dateMask, u"_25/12/2017_", christmas},  // only the fill is removed
                       {u"mm/yyyy", u"12/2017", FromCivil({2017, 12, 1})},
                       {u"", christmas, christmas},
                   });
@@ -308,8 +308,8 @@ TEST_F(BoundValueTest, DateFields) {
   }
 }
 
-// Codes of numbers and texts are among them: only the three families above convert.
-TEST_F(BoundValueTest, FieldsOfAnyOtherTypeTakeWhatTheyAreGiven) {
+// They include codes of numbers and texts: only the three families above convert.
+TEST_F(BoundValueTest, FieldsOfAnyOtherTypeGetTheAssignedValueUnchanged) {
   for (const Long type : {8, 11, 12, 17, 18, 19, 20, 21, 64, 72, 128, 134, 139, 201, 203, 205})
     ExpectTable(type, true,
                 {
@@ -329,7 +329,7 @@ TEST_F(BoundValueTest, EmptyStaysEmptyInAFieldOfAnyOtherType) {
   EXPECT_THAT(rows->Written[0], IsEmptyVariant());
 }
 
-// Accepting Null is bit 0x20; that the field may read as Null, 0x40, is another matter.
+// Bit 0x20 means that the field accepts Null; 0x40, that it may read as Null, does not count.
 TEST_F(BoundValueTest, OnlyTheBitForAcceptingNullCounts) {
   rows->Field.Attributes = host::attribute::MayBeNull | host::attribute::Updatable;
   Control().Value(u"");
@@ -339,7 +339,7 @@ TEST_F(BoundValueTest, OnlyTheBitForAcceptingNullCounts) {
   EXPECT_THAT(rows->Written.back(), IsNullVariant());
 }
 
-TEST_F(BoundValueTest, TheBoundFieldDecidesNotTipoDado) {
+TEST_F(BoundValueTest, TheTypeOfTheBoundFieldCountsAndNotTipoDado) {
   Control().TipoDado(5);
   Control().Value(u"abc");
   EXPECT_THAT(rows->Written.back(), IsValue(u"abc"));
@@ -354,7 +354,7 @@ TEST_F(BoundValueTest, TheValueIsReadBackWhileTheBoxShowsWhatWasAssigned) {
   EXPECT_EQ(field->txtEdit().Text(), u"abc");
 }
 
-TEST_F(BoundValueTest, AValueReadBackAsNullGivesWayToTheAssignedOne) {
+TEST_F(BoundValueTest, AValueReadBackAsNullIsReplacedByTheAssignedOne) {
   rows->Field.Makes = [](const Variant&) { return Variant::Null(); };
   Control().Value(u"abc");
   EXPECT_THAT(Control().Value(), IsValue(u"abc"));
@@ -380,7 +380,7 @@ TEST_F(BoundValueTest, AtTheEndsOfTheRowsNothingIsWrittenAndTheValueStays) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(BoundValueTest, ARefusedValueKeepsTheOldOneWhileTheBoxShowsTheRefused) {
+TEST_F(BoundValueTest, ARefusedValueKeepsTheFormerOneWhileTheBoxShowsTheRefusedOne) {
   Control().Value(u"antigo");
   rows->Field.Refusal = HostError(memory::kRefusedValue, u"O campo é pequeno demais.");
   Control().Value(u"novo");
@@ -390,7 +390,7 @@ TEST_F(BoundValueTest, ARefusedValueKeepsTheOldOneWhileTheBoxShowsTheRefused) {
   EXPECT_EQ(field->txtEdit().Text(), u"novo");
 }
 
-TEST_F(BoundValueTest, ATextThatIsNoNumberKeepsTheOldValueAndEmptiesTheBox) {
+TEST_F(BoundValueTest, ATextThatIsNotANumberKeepsTheFormerValueAndEmptiesTheBox) {
   rows->Field.Type = host::type::Integer;
   Control().Value(Long{7});
   Control().Value(u"abc");
@@ -401,8 +401,8 @@ TEST_F(BoundValueTest, ATextThatIsNoNumberKeepsTheOldValueAndEmptiesTheBox) {
   EXPECT_EQ(rows->Written.size(), 1u);
 }
 
-// The conversion of a date takes only the fill character away. With a fill of "/" nothing is
-// left of the literals either, and the eight digits are read all the same.
+// The conversion of a date removes only the fill character. With "/" as the fill this also removes
+// the literals, and the eight digits are still read.
 TEST_F(BoundValueTest, ADateOfTypedDigitsIsRead) {
   rows->Field.Type = host::type::Date;
   Control().Mascara(dateMask);
@@ -411,13 +411,13 @@ TEST_F(BoundValueTest, ADateOfTypedDigitsIsRead) {
   EXPECT_THAT(rows->Written.back(), IsValue(christmas));
 }
 
-TEST_F(BoundValueTest, AFieldThatCannotBeReadBackLeavesItsErrorToTheCaller) {
+TEST_F(BoundValueTest, AFieldThatCannotBeReadBackRaisesItsErrorToTheCaller) {
   rows->Field.ReadFault = HostError(3021);
   EXPECT_HOST_ERROR(Control().Value(u"x"), 3021);
   EXPECT_THAT(app.TakeBoxes(), ElementsAre(Refusal(ErrorDescription(3021))));
 }
 
-TEST_F(BoundValueTest, AnAssignmentFromAProgramLeavesOriginalValueAlone) {
+TEST_F(BoundValueTest, AnAssignmentFromAProgramDoesNotChangeOriginalValue) {
   rows->Field.Value = u"da linha";
   Control().Refresh();
   Control().Value(u"do programa");
@@ -490,7 +490,7 @@ class LaterStepsTest : public ControlTest {
   FieldPtr field;
 };
 
-TEST_F(LaterStepsTest, AnErrorIsShownAndTheAssignmentIsNotTold) {
+TEST_F(LaterStepsTest, AnErrorIsShownAndTheAssignmentIsNotNotified) {
   (*field)->BrwWhere(u"cidade = @txtNada@");
   TypedAKey();
   (*field)->Value(u"5");
@@ -527,7 +527,7 @@ class TableValueTest : public ControlTest {
   FieldPtr code, name;
 };
 
-TEST_F(TableValueTest, TheFieldMakesOfTheNumberWhatItsColumnHolds) {
+TEST_F(TableValueTest, TheColumnConvertsTheAssignedNumber) {
   (*code)->Value(u"12");
   EXPECT_THAT((*code)->Value(), IsValue(Long{12}));
   EXPECT_THAT(data->RecordSet()->Fields().Item(u"codigo")->Value(), IsValue(Long{12}));
@@ -549,8 +549,8 @@ TEST_F(TableValueTest, AFieldThatRefusesNullReceivesZero) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// The value in memory is then not the row's.
-TEST_F(ControlTest, ATextThatItsColumnMakesNullOfStaysInMemory) {
+// The value in memory then differs from that of the row.
+TEST_F(ControlTest, ATextThatItsColumnStoresAsNullStaysInMemory) {
   const auto data = AddData({{u"ativo", host::type::Boolean}}, {{true}});
   const auto field = AddField(u"txtAtivo");
   Bind(field, u"ativo");
