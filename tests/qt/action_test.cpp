@@ -1,4 +1,4 @@
-// Actions that take no focus: tool buttons, menus, shortcuts, and the frame of the window.
+// Actions that do not take the focus: tool buttons, menus, shortcuts, and the frame of the window.
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -87,7 +87,7 @@ TEST_F(Actions, AToolButtonFindsTheFieldSettled) {
   EXPECT_EQ(focusedField(), first_);
 }
 
-TEST_F(Actions, AToolButtonOfAnActionIsNamedByEither) {
+TEST_F(Actions, TheNameOfAToolButtonOrOfItsActionCounts) {
   QToolButton* button = toolButton();
   button->setObjectName(QStringLiteral("btnDesfazer"));
   for (const char* name : {"btnDesfazer", "acSalvar"}) {
@@ -103,7 +103,7 @@ TEST_F(Actions, AToolButtonOfAnActionIsNamedByEither) {
   }
 }
 
-TEST_F(Actions, AMenuEntryThatCancelsRunsWithTheFieldUnchecked) {
+TEST_F(Actions, ACancellingMenuEntryRunsWithoutCheckingTheField) {
   QMenu* menu = menuBar();
   first_->setObjetoCancelar(QStringLiteral("acSalvar"));
   refuseDates();
@@ -118,7 +118,7 @@ TEST_F(Actions, AMenuEntryThatCancelsRunsWithTheFieldUnchecked) {
   EXPECT_EQ(first_->text(), QStringLiteral("31/02/2017"));
 }
 
-TEST_F(Actions, ARefusedFieldHoldsAToolButtonBack) {
+TEST_F(Actions, AFieldThatRefusesPreventsAToolButton) {
   QToolButton* button = toolButton();
   refuseDates();
   show();
@@ -129,7 +129,7 @@ TEST_F(Actions, ARefusedFieldHoldsAToolButtonBack) {
   EXPECT_FALSE(button->isDown());
 }
 
-TEST_F(Actions, ABoxOfTheProgramWhileTheFieldIsSettledDoesNotLoseTheClick) {
+TEST_F(Actions, AMessageBoxWhileTheFieldIsSettledDoesNotLoseTheClick) {
   QToolButton* button = toolButton();
   QObject::connect(first_, &TsText::browseReturn, [] {
     State().application->ShowMessageBox(0, u"Cliente em atraso", 0, u"Aviso");
@@ -170,7 +170,7 @@ TEST_F(Actions, EveryControlWithoutAFocusPolicyFindsTheFieldSettled) {
   }
 }
 
-TEST_F(Actions, OpeningAMenuRunsNothingYet) {
+TEST_F(Actions, OpeningAMenuRunsNothing) {
   auto* button = add(new QToolButton, "btnMais");
   button->setPopupMode(QToolButton::InstantPopup);
   button->setMenu(new QMenu(button));
@@ -211,7 +211,7 @@ TEST_F(Actions, AShortcutFindsTheFieldSettled) {
   EXPECT_EQ(active_, QStringLiteral("atalho CommandButton"));
 }
 
-// A field without an `ObjetoCancelar` does not take a nameless action for the one that cancels.
+// A field without an `ObjetoCancelar` does not treat a nameless action as the cancelling one.
 TEST_F(Actions, ANamelessActionFindsTheFieldSettled) {
   save_->setObjectName(QString());
   save_->setShortcut(Qt::CTRL | Qt::Key_S);
@@ -232,7 +232,7 @@ TEST_F(Actions, ANamelessActionFindsTheFieldSettled) {
   EXPECT_EQ(seen_, QStringList({"a", "b", "c", "d"}));
 }
 
-TEST_F(Actions, AShortcutBehindATabFindsTheFieldLeft) {
+TEST_F(Actions, AShortcutAfterATabFindsTheFieldLeft) {
   save_->setShortcut(Qt::CTRL | Qt::Key_S);
   window_->addAction(save_);
   show();
@@ -258,7 +258,7 @@ TEST_F(Actions, AMnemonicOfAButtonWithoutFocusSettlesTheField) {
   EXPECT_EQ(seen_, QStringList({"abc"}));
 }
 
-TEST_F(Actions, AnActionMaySayThatItSettlesNothing) {
+TEST_F(Actions, AnActionCanDisableSettling) {
   save_->setProperty("settlesField", false);
   save_->setShortcut(Qt::Key_F7);
   window_->addAction(save_);
@@ -268,7 +268,7 @@ TEST_F(Actions, AnActionMaySayThatItSettlesNothing) {
   EXPECT_EQ(seen_, QStringList({""}));
 }
 
-TEST_F(Actions, TriggeringByTheProgramSettlesNothingUnlessItAsks) {
+TEST_F(Actions, AProgramThatTriggersAnActionMustSettleTheFieldItself) {
   show();
   type(*window_, QStringLiteral("abc"));
   save_->trigger();
@@ -294,7 +294,7 @@ TEST_F(Actions, AMenuEntryFindsTheFieldSettledAndTheMenuClosed) {
   EXPECT_EQ(active_, QStringLiteral("acSalvar CommandButton"));
 }
 
-TEST_F(Actions, AMenuEntryIsPickedByKeysToo) {
+TEST_F(Actions, AMenuEntryIsAlsoChosenByKeys) {
   using Pick = void (*)(QMenu&);
   const Pick picks[] = {[](QMenu& menu) {
                           QTest::keyClick(&menu, Qt::Key_Down);
@@ -319,7 +319,7 @@ TEST_F(Actions, AMenuEntryIsPickedByKeysToo) {
   }
 }
 
-TEST_F(Actions, ARefusedFieldHoldsAMenuEntryBack) {
+TEST_F(Actions, AFieldThatRefusesPreventsAMenuEntry) {
   QMenu* menu = menuBar();
   int told = 0;
   QObject::connect(menu, &QMenu::triggered, [&] { ++told; });
@@ -335,7 +335,7 @@ TEST_F(Actions, ARefusedFieldHoldsAMenuEntryBack) {
   EXPECT_EQ(focusedField(), first_);
 }
 
-TEST_F(Actions, AMenuTellsOfItsEntryOnce) {
+TEST_F(Actions, AMenuTriggersItsEntryOnce) {
   QMenu* menu = menuBar();
   int told = 0;
   QObject::connect(menu, &QMenu::triggered, [&] { ++told; });
@@ -374,7 +374,7 @@ TEST_F(Actions, AMenuThatRunsItsOwnLoopReturnsNothingWhenTheFieldRefuses) {
   EXPECT_EQ(seen_, QStringList());
 }
 
-TEST_F(Actions, TheKeysOfAMenuBarAreNoMove) {
+TEST_F(Actions, TheKeysOfAMenuBarDoNotMoveTheFocus) {
   menuBar();
   int left = 0;
   QObject::connect(first_, &TsText::browseReturn, [&] { ++left; });
@@ -416,7 +416,7 @@ class Asking final : public QWidget {
   void closeEvent(QCloseEvent* event) override { event->setAccepted(discards); }
 };
 
-TEST_F(Actions, AFormThatAsksItsOperatorMayCloseOverARefusal) {
+TEST_F(Actions, AFormThatAsksItsOperatorMayCloseDespiteARefusal) {
   Asking form;
   form.setProperty("asksBeforeClosing", true);
   auto* field = new TsText(&form);
@@ -433,7 +433,7 @@ TEST_F(Actions, AFormThatAsksItsOperatorMayCloseOverARefusal) {
   EXPECT_FALSE(form.isVisible());
 }
 
-TEST_F(Actions, ClosingByTheProgramIsTheProgramsOwn) {
+TEST_F(Actions, ClosingByTheProgramSettlesNothing) {
   refuseDates();
   show();
   type(*window_, QStringLiteral("31022017"));

@@ -1,5 +1,5 @@
-// Actions in places of their own: overflow menus of tool bars, bars that float, menu bars that the
-// desktop shows, spin boxes.
+// Actions in special places: overflow menus of tool bars, floating bars, menu bars that the desktop
+// shows, spin boxes.
 #include <QAction>
 #include <QApplication>
 #include <QDockWidget>
@@ -50,7 +50,7 @@ class ActionPlaces : public FieldFixture {
   QStringList seen_;
 };
 
-/// Makes the bar too short for its actions and gives the button that opens the rest.
+/// Makes the bar too short for its actions and returns the button that opens the rest.
 QToolButton* shorten(QMainWindow& main, QToolBar& bar) {
   for (int i = 0; i < 30; ++i) {
     auto* filler = new QAction(QStringLiteral("Comando %1").arg(i), &bar);
@@ -71,7 +71,7 @@ TEST_F(ActionPlaces, AnActionInTheOverflowOfAToolBarFindsTheFieldSettled) {
     QWidget* button = tools->widgetForAction(&save_);
     ASSERT_FALSE(button && button->isVisible());
     typeInto(refused ? QStringLiteral("31022017") : QStringLiteral("abc"));
-    // Its menu, or the bar unfolded: whichever the style shows.
+    // Its menu or the unfolded bar, depending on the style.
     QTimer::singleShot(20, &main_, [&] {
       if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
         QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(&save_).center());
@@ -131,8 +131,8 @@ TEST_F(ActionPlaces, AFloatingDockSettlesTheFieldOfItsWindow) {
   EXPECT_EQ(seen_, QStringList({"abc"}));
 }
 
-// The desktop triggers the entry, and no event tells of it before: the handler asks.
-TEST_F(ActionPlaces, AHandlerBehindADesktopsMenuBarSettlesByItself) {
+// The desktop triggers the entry, and no event precedes that: the handler must settle the field.
+TEST_F(ActionPlaces, AHandlerOfAMenuBarOfTheDesktopSettlesTheFieldItself) {
   main_.menuBar()->setNativeMenuBar(true);
   main_.menuBar()->addMenu(QStringLiteral("&Arquivo"))->addAction(&save_);
   QStringList settled;
@@ -183,7 +183,7 @@ TEST_F(SpinBoxes, TheArrowsFindTheFieldSettled) {
   }
 }
 
-TEST_F(SpinBoxes, ARefusedFieldHoldsTheArrowsBack) {
+TEST_F(SpinBoxes, AFieldThatRefusesPreventsTheArrows) {
   first_->setMascara(QStringLiteral("dd/mm/yyyy"));
   first_->setPromptInclude(true);
   for (const auto policy : {Qt::WheelFocus, Qt::NoFocus}) {
@@ -200,7 +200,7 @@ TEST_F(SpinBoxes, ARefusedFieldHoldsTheArrowsBack) {
   }
 }
 
-// The wheel turns a box that has not the focus, too.
+// The wheel also changes a box that does not have the focus.
 TEST_F(SpinBoxes, TheWheelFindsTheFieldSettled) {
   spin_->setFocusPolicy(Qt::StrongFocus);
   show();

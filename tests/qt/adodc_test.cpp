@@ -53,7 +53,7 @@ class DataControl : public FieldFixture {
   QStringList errors_;
 };
 
-TEST_F(DataControl, OpensItsRowsAtTheFirstShowAheadOfItsControls) {
+TEST_F(DataControl, OpensItsRowsAtTheFirstShowBeforeItsControlsAreLoaded) {
   show();
   EXPECT_EQ(name(), QStringLiteral("Ana"));
   EXPECT_EQ(first_->value().toInt(), 1);
@@ -97,7 +97,7 @@ TEST_F(DataControl, AMoveWritesWhatWasTyped) {
   EXPECT_EQ(*table_->Rows()[0].Cells[1].TryGet<String>(), u"Ângela");
 }
 
-TEST_F(DataControl, AMoveWritesAnAmountThatIsTypedAgainAsItIsShown) {
+TEST_F(DataControl, AMoveWritesAnAmountThatIsRetypedAsShown) {
   const auto prices =
       connection_->AddTable(u"Preco", {{u"Valor", host::type::Double}}, {{1.239}, {2.0}});
   data_->setRecordSource(QStringLiteral("Preco"));
@@ -160,7 +160,7 @@ TEST_F(DataControl, ANewRowIsWrittenOrDropped) {
   EXPECT_NE(name(), QStringLiteral("Eva"));
 }
 
-TEST_F(DataControl, ADeletedRowGivesWayToTheNextOne) {
+TEST_F(DataControl, ADeletedRowIsReplacedByTheNextOne) {
   show();
   EXPECT_TRUE(data_->deleteRow());
   EXPECT_EQ(name(), QStringLiteral("Bia"));
@@ -170,7 +170,7 @@ TEST_F(DataControl, ADeletedRowGivesWayToTheNextOne) {
   EXPECT_EQ(name(), QStringLiteral("Bia"));
 }
 
-TEST_F(DataControl, ADeletedNewRowLeavesTheRowThatWasCurrent) {
+TEST_F(DataControl, DeletingANewRowReturnsToTheFormerRow) {
   show();
   data_->moveNext();
   EXPECT_TRUE(data_->addRow());
@@ -180,7 +180,7 @@ TEST_F(DataControl, ADeletedNewRowLeavesTheRowThatWasCurrent) {
   EXPECT_EQ(table_->Rows().size(), 3u);
 }
 
-TEST_F(DataControl, ARowIsGoneEvenWhenTheStepToTheNextOneFails) {
+TEST_F(DataControl, ARowIsDeletedEvenIfTheStepToTheNextOneFails) {
   const auto rows = std::make_shared<test::FaultyRows>();
   data_->setConnection(std::make_shared<test::FaultyConnection>(connection_, rows));
   show();
@@ -192,7 +192,7 @@ TEST_F(DataControl, ARowIsGoneEvenWhenTheStepToTheNextOneFails) {
   EXPECT_EQ(table_->Rows().size(), 2u);
 }
 
-TEST_F(DataControl, TheProgramsOwnDeleteIsNoPendingEdit) {
+TEST_F(DataControl, TheProgramsOwnDeleteIsNotAPendingEdit) {
   int leaving = 0;
   QObject::connect(data_, &Adodc::leavingRow, [&] { ++leaving; });
   show();
@@ -234,11 +234,11 @@ TEST_F(DataControl, ARefreshWhoseWriteIsRefusedKeepsTheRowsAndTheEdit) {
   EXPECT_EQ(name(), QStringLiteral("Outra"));
 }
 
-// --- Rows of which nobody knows whether they were stored
+// --- Rows in doubt
 
 class RowInDoubt : public DataControl {
  protected:
-  /// A new row whose answer was lost. The table has no key by which it could be found.
+  /// A new row for which the answer of the server was lost. The table has no key to find it by.
   void loseNewRow(bool stored) {
     show();
     data_->addRow();
@@ -263,7 +263,7 @@ TEST_F(RowInDoubt, ARefreshLooksForTheNewRowAndLeavesTheDecisionToTheOperator) {
       boxes_.takeTexts();
     }
     loseNewRow(stored);
-    EXPECT_FALSE(data_->refresh());  // which opens the connection again
+    EXPECT_FALSE(data_->refresh());  // this opens the connection again
     const QStringList texts = boxes_.takeTexts();
     ASSERT_EQ(texts.size(), 1);
     EXPECT_EQ(texts[0].contains(QStringLiteral("o registro 4 tem os mesmos valores")), stored);
@@ -299,7 +299,7 @@ TEST_F(RowInDoubt, ARefreshFindsTheNewRowAsItsColumnsStoreIt) {
   EXPECT_TRUE(texts[0].contains(QStringLiteral("o registro 1 tem os mesmos valores")));
 }
 
-TEST_F(RowInDoubt, ARefreshDoesNotDenyARowThatTheDatabaseChanged) {
+TEST_F(RowInDoubt, ARefreshDoesNotRuleOutARowThatTheDatabaseChanged) {
   table_->ChangeWhatIsWritten([](memory::Row& row) { row[1] = UCase(CStr(row[1])); });
   loseNewRow(true);
   EXPECT_FALSE(data_->refresh());
@@ -309,7 +309,7 @@ TEST_F(RowInDoubt, ARefreshDoesNotDenyARowThatTheDatabaseChanged) {
   EXPECT_EQ(rowsOf(u"DAVI"), 1);
 }
 
-TEST_F(RowInDoubt, ADeletionThatIsGivenUpIsNamedAsOne) {
+TEST_F(RowInDoubt, ADeletionThatIsGivenUpIsReportedAsADeletion) {
   show();
   connection_->LoseNextAnswer(true);
   EXPECT_FALSE(data_->deleteRow());
@@ -333,7 +333,7 @@ TEST_F(RowInDoubt, SavingOrMovingNeverStoresItTwice) {
   EXPECT_EQ(name(), QStringLiteral("Davi"));
 }
 
-TEST_F(RowInDoubt, GivingItUpSaysThatItMayBeStored) {
+TEST_F(RowInDoubt, GivingItUpReportsThatItMayBeStored) {
   for (bool (Adodc::*giveUp)() : {&Adodc::cancelRow, &Adodc::deleteRow}) {
     loseNewRow(true);
     EXPECT_TRUE((data_->*giveUp)());
@@ -390,7 +390,7 @@ TEST_F(DataControl, AValueThatTheRowRefusesStopsTheMove) {
   EXPECT_EQ(focusedField(), second_);
 }
 
-TEST_F(DataControl, AValueThatTheRowRefusesKeepsTheDefaultButtonUp) {
+TEST_F(DataControl, AValueThatTheRowRefusesDoesNotPressTheDefaultButton) {
   int clicks = 0;
   QObject::connect(button_, &QPushButton::clicked, [&] { ++clicks; });
   button_->setDefault(true);
@@ -402,7 +402,7 @@ TEST_F(DataControl, AValueThatTheRowRefusesKeepsTheDefaultButtonUp) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList({"out of range"}));
 }
 
-TEST_F(DataControl, KeysMoveFromAnywhereAndLeaveTheFocusWhereItIs) {
+TEST_F(DataControl, KeysMoveFromAnyWidgetAndKeepTheFocus) {
   show();
   second_->setFocus();
   settleEvents();
@@ -430,7 +430,7 @@ TEST_F(DataControl, TheProgramMayTakeTheKeysForItself) {
   EXPECT_EQ(navigation("Próximo").toolTip(), QStringLiteral("Próximo"));
 }
 
-TEST_F(DataControl, OfTwoDataControlsTheKeysMoveTheOneOfTheFocusedField) {
+TEST_F(DataControl, WithTwoDataControlsTheKeysMoveTheOneOfTheFocusedField) {
   auto* other = new Adodc;
   other->setObjectName(QStringLiteral("dcOutro"));
   window_->layout()->addWidget(other);
@@ -443,7 +443,7 @@ TEST_F(DataControl, OfTwoDataControlsTheKeysMoveTheOneOfTheFocusedField) {
   EXPECT_EQ(name(), QStringLiteral("Ana"));
 }
 
-TEST_F(DataControl, WithoutRowsThereIsNothingToPress) {
+TEST_F(DataControl, WithoutRowsTheButtonsAreDisabled) {
   table_->Remove(0), table_->Remove(0), table_->Remove(0);
   EXPECT_FALSE(navigation("Próximo").isEnabled());
   show();
@@ -558,7 +558,7 @@ TEST_F(DataControl, TheFirstShowGoesToUnboundControlsFirst) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
-TEST_F(DataControl, AFormWithoutDbFormTellsItsKeys) {
+TEST_F(DataControl, AFormWithoutDbFormReportsTheMissingConnection) {
   first_->setTipoControle(TsText::Browse);
   show();
   ASSERT_EQ(boxes_.boxes().size(), 1u);
@@ -566,7 +566,7 @@ TEST_F(DataControl, AFormWithoutDbFormTellsItsKeys) {
       QStringLiteral("Não foi Possível Conectar 'dbForm'. Contate Administrador de Sistema.")));
 }
 
-TEST_F(DataControl, AMissingDataControlIsTold) {
+TEST_F(DataControl, AMissingDataControlIsReported) {
   first_->setDataSource(QStringLiteral("dcNada"));
   show();
   ASSERT_EQ(boxes_.boxes().size(), 1u);
@@ -574,7 +574,7 @@ TEST_F(DataControl, AMissingDataControlIsTold) {
       QStringLiteral("Não foi Possível Localizar o Data Control 'dcNada'.")));
 }
 
-TEST_F(DataControl, AControlAddedLaterShowsToo) {
+TEST_F(DataControl, AControlAddedLaterIsAlsoShown) {
   show();
   auto* late = new TsText;
   late->setObjectName(QStringLiteral("txtTarde"));

@@ -26,7 +26,7 @@ class Boundary : public FieldFixture {
   QStringList errors_;
 };
 
-TEST_F(Boundary, ARunTimeErrorOfAHandlerIsShownAndTheProgramGoesOn) {
+TEST_F(Boundary, ARunTimeErrorOfAHandlerIsShownAndTheProgramContinues) {
   QObject::connect(first_, &TsText::keyPress,
                    [](qint16&) { throw HostError(errors::InvalidArgument); });
   show();
@@ -39,7 +39,7 @@ TEST_F(Boundary, ARunTimeErrorOfAHandlerIsShownAndTheProgramGoesOn) {
   EXPECT_EQ(boxes_.boxes()[0].owner, QStringLiteral("frmTeste"));
 }
 
-TEST_F(Boundary, AnExceptionOfAnotherKindIsShownToo) {
+TEST_F(Boundary, AnyOtherExceptionIsAlsoShown) {
   QObject::connect(first_, &TsText::changed, [] { throw std::runtime_error("nada feito"); });
   show();
   first_->setText(QStringLiteral("x"));
@@ -48,7 +48,7 @@ TEST_F(Boundary, AnExceptionOfAnotherKindIsShownToo) {
   EXPECT_EQ(first_->text(), QStringLiteral("x"));
 }
 
-TEST_F(Boundary, AWrongTypeAssignedIsShown) {
+TEST_F(Boundary, AssigningAValueOfTheWrongTypeShowsAnError) {
   show();
   first_->setBrowse(QVariant(5));
   ASSERT_EQ(errors_.size(), 1);
@@ -90,8 +90,8 @@ TEST_F(Boundary, BoxesHavePortugueseButtonsAndTheirOwner) {
   EXPECT_EQ(boxes_.boxes()[2].buttons, QStringList({"OK"}));
 }
 
-// Behind the first box the window system may not have made the form active again yet.
-TEST_F(Boundary, ABoxRightBehindAnotherOneBelongsToTheFormToo) {
+// After the first box, the window system may not yet have made the form active again.
+TEST_F(Boundary, ABoxRightAfterAnotherOneAlsoBelongsToTheForm) {
   show();
   for (const auto* text : {u"Um", u"Dois", u"Tr\u00EAs"})
     State().application->ShowMessageBox(0, text, 0, u"Alerta!");
@@ -102,14 +102,13 @@ TEST_F(Boundary, ABoxRightBehindAnotherOneBelongsToTheFormToo) {
   EXPECT_EQ(QApplication::focusWidget(), editOf(*second_));
 }
 
-TEST_F(Boundary, ClosingAYesNoBoxIsANo) {
+TEST_F(Boundary, ClosingAYesNoBoxMeansNo) {
   show();
   boxes_.whileOpen = [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); };
   EXPECT_EQ(State().application->ShowMessageBox(0, u"?", 4, u"Alerta!"), 7);
 }
 
 // --- What handlers do to their own control
-// ----------------------------------------------------------
 
 using Destroy = void (*)(TsText*, std::function<void()>);
 struct Event {
@@ -178,8 +177,8 @@ INSTANTIATE_TEST_SUITE_P(
                             QObject::connect(f, &TsText::browseReturn, qApp, [end] { end(); });
                           }}));
 
-// Qt looks for shortcuts before it delivers a key; the field is settled right there.
-TEST_P(DestroyedInAHandler, TheWholeFormInAShortcutsKey) {
+// Qt looks for shortcuts before it delivers a key; the field is settled at that point.
+TEST_P(DestroyedInAHandler, TheWholeFormDuringAShortcut) {
   for (const bool keyIsTaken : {true, false}) {
     SCOPED_TRACE(keyIsTaken);
     QPointer<QWidget> window(new QWidget);
@@ -276,7 +275,7 @@ TEST_F(Boundary, AFormClosedUnderABoxClosesTheBox) {
   EXPECT_EQ(boxes_.takeTexts().size(), 1);
 }
 
-TEST_F(Boundary, AFormDestroyedUnderABoxTakesItAlong) {
+TEST_F(Boundary, AFormDestroyedUnderABoxDestroysTheBox) {
   first_->setMascara(QStringLiteral("dd/mm/yyyy"));
   show();
   type(*window_, QStringLiteral("31022017"));
@@ -296,7 +295,7 @@ TEST_F(Boundary, AHandleOfADestroyedWidgetOwnsNothing) {
   EXPECT_EQ(State().application->ShowMessageBox(handle, u"Oi", 0, u"Alerta!"), 1);
 }
 
-TEST_F(Boundary, WidgetsOfADestroyedFormSay91) {
+TEST_F(Boundary, WidgetsOfADestroyedFormRaise91) {
   const host::WidgetPtr widget = makeWidget(*first_);
   window_.reset();
   EXPECT_THROW(widget->Name(), HostError);

@@ -1,4 +1,4 @@
-// Labels as messages and late-bound programs read them, and fields that lie on no form yet.
+// The text of labels in messages and for late-bound programs, and fields that are not on a form.
 #include "tessaria/qt/form.h"
 #include "tessaria/qt/text.h"
 #include "tests/qt/field_fixture.h"
@@ -47,7 +47,7 @@ TEST_F(Captions, StandInMessages) {
 
 class Alone : public FieldFixture {};
 
-TEST_F(Alone, AFieldWithoutAParentTakesItsSettingsInSilence) {
+TEST_F(Alone, AFieldWithoutAParentAcceptsItsSettingsWithoutMessages) {
   TsText field;
   for (const auto kind : {TsText::Normal, TsText::Browse, TsText::Calendario, TsText::Descricao,
                           TsText::Diretorio, TsText::Calculadora})
@@ -59,7 +59,7 @@ TEST_F(Alone, AFieldWithoutAParentTakesItsSettingsInSilence) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
-TEST_F(Alone, AKindThatIsNoneIsKeptAndBehavesAsNormal) {
+TEST_F(Alone, AnUnknownKindIsKeptAndBehavesAsNormal) {
   EXPECT_TRUE(first_->setProperty("TipoControle", 99));
   EXPECT_EQ(first_->property("TipoControle").toInt(), 99);
   first_->setSettings({QStringLiteral("tessaria 1"), QStringLiteral("TipoControle=Long:-7")});

@@ -1,4 +1,4 @@
-// Check boxes and option buttons as a form's fields know them.
+// Check boxes and option buttons as the fields of a form see them.
 #include <QCheckBox>
 #include <QRadioButton>
 
@@ -62,8 +62,8 @@ TEST_F(CheckBox, AnOptionButtonIsABoolean) {
   EXPECT_EQ(CStr(option->Get(u"Value")), CStr(Variant(true)));
 }
 
-// They are no command buttons: a field that must be filled lets the operator pass to them.
-TEST_F(CheckBox, ARequiredBlankPassesToThem) {
+// They are not command buttons: a required field lets the focus pass to them.
+TEST_F(CheckBox, ARequiredBlankAllowsTheFocusOnThem) {
   first_->setPodeSerBranco(false);
   show();
   for (QWidget* widget : std::initializer_list<QWidget*>{check_, option_}) {

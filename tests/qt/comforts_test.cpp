@@ -81,7 +81,7 @@ TEST_F(ClipboardKeys, PasteGoesThroughTheFilter) {
         QObject::connect(first_, &TsText::keyUp, [&](qint16& code) { ups.push_back(code); });
     keys(paste.key, paste.modifiers);
     EXPECT_EQ(first_->text(), QStringLiteral("123-4"));
-    // The modifier's own key comes up behind it.
+    // The modifier's own key is released after it.
     ASSERT_EQ(ups.size(), 2u);
     EXPECT_EQ(ups[0], paste.key == Qt::Key_V ? 86 : 45);
     QObject::disconnect(link);
@@ -89,7 +89,7 @@ TEST_F(ClipboardKeys, PasteGoesThroughTheFilter) {
   }
 }
 
-TEST_F(ClipboardKeys, AProgramMaySwallowThem) {
+TEST_F(ClipboardKeys, AProgramMayDiscardThem) {
   QObject::connect(first_, &TsText::keyDown, [](qint16& code) {
     if (code == 'V') code = 0;
   });
@@ -138,7 +138,7 @@ TEST_F(ClipboardKeys, OnePasteIsOneEdit) {
   EXPECT_EQ(first_->selLength(), 5);
 }
 
-TEST_F(ClipboardKeys, UndoOfANumberBringsItsSignBack) {
+TEST_F(ClipboardKeys, UndoOfANumberRestoresItsSign) {
   first_->setValorNegativo(true);
   start("$$$$$.$$", "12,5", 10);
   press(*window_, Qt::Key_Minus);
@@ -150,7 +150,7 @@ TEST_F(ClipboardKeys, UndoOfANumberBringsItsSignBack) {
   EXPECT_EQ(first_->text(), QStringLiteral("-12,5"));
 }
 
-TEST_F(ClipboardKeys, UndoOfAPasswordBringsWhatStandsBehindIt) {
+TEST_F(ClipboardKeys, UndoOfAPasswordRestoresTheTextBehindIt) {
   first_->setPasswordChar(QStringLiteral("*"));
   start("XXXX", "ab");
   keys(Qt::Key_Z);
@@ -158,14 +158,14 @@ TEST_F(ClipboardKeys, UndoOfAPasswordBringsWhatStandsBehindIt) {
   EXPECT_EQ(first_->text(), QStringLiteral("*"));
 }
 
-TEST_F(ClipboardKeys, WhatTheProgramAssignsIsNoEdit) {
+TEST_F(ClipboardKeys, AnAssignmentOfTheProgramIsNotAnEdit) {
   start("0000", "12");
   first_->setValue(QStringLiteral("7777"));
   keys(Qt::Key_Z);
   EXPECT_EQ(first_->text(), QStringLiteral("7777"));
 }
 
-TEST_F(ClipboardKeys, UndoEndsAtTheEntryIntoTheField) {
+TEST_F(ClipboardKeys, UndoEndsWhereTheFieldWasEntered) {
   start("####", "12");
   leave();
   first_->setFocus();
@@ -205,7 +205,7 @@ void PrintTo(const Refused& row, std::ostream* out) { *out << row.name; }
 
 class RefusedPaste : public WholePaste, public testing::WithParamInterface<Refused> {};
 
-TEST_P(RefusedPaste, LeavesTheFieldAsItIsAndSaysSo) {
+TEST_P(RefusedPaste, LeavesTheFieldUnchangedAndReportsIt) {
   const Refused& row = GetParam();
   start(row.mask, row.typed, row.maxLength);
   const QString before = first_->text();
@@ -238,7 +238,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Refused{"a number that is too long", "$$$$$.$$", "7", "123456789,00", 9},
                     Refused{"more than MaxLength", "", "ab", "cde", 4}));
 
-TEST_F(WholePaste, ATextThatFitsGoesIn) {
+TEST_F(WholePaste, ATextThatFitsIsPasted) {
   start("000.000.000-00");
   pasteByMenu(box(), QStringLiteral(" 123.456.789-09\n"));
   EXPECT_EQ(first_->text(), QStringLiteral("123.456.789-09"));
@@ -266,7 +266,7 @@ TEST_F(WholePaste, WithoutAMaskByKeyAndDrop) {
   EXPECT_EQ(box().accessibleDescription(), QString());
 }
 
-// What would fit is not taken either.
+// The part that would fit is not pasted either.
 TEST_F(WholePaste, IntoAMaskByDrop) {
   start("00000", "12");
   const QString before = first_->text();
@@ -284,7 +284,7 @@ TEST_F(WholePaste, IntoAMaskByTheMiddleButton) {
   expectRefused(before);
 }
 
-TEST_F(WholePaste, ASelectionMakesRoom) {
+TEST_F(WholePaste, ASelectionProvidesRoom) {
   start("", "abcd", 4);
   box().selectAll();
   QApplication::clipboard()->setText(QStringLiteral("wxyz"));
@@ -351,7 +351,7 @@ TEST_F(DarkPalette, IconsAreLight) {
   EXPECT_GT(iconLightness(), before);
 }
 
-TEST_F(DarkPalette, WithoutTheComfortBoxesStayWhiteAndIconsAsTheyAre) {
+TEST_F(DarkPalette, WithoutTheComfortBoxesStayWhiteAndIconsUnchanged) {
   setComforts({});
   first_->setTipoControle(TsText::Calendario);
   show();

@@ -1,5 +1,5 @@
-// Pairs that are ill defined, texts that are SQL, servers that go away: what the operator is told,
-// and that what was typed stays.
+// Invalid pairs, texts that are SQL, lost servers: what the operator is told, and that the typed
+// text stays.
 #include <QInputMethodEvent>
 #include <QLabel>
 
@@ -82,7 +82,7 @@ TEST_F(CompletionFaults, ADescriptionWithoutACodeCompletesAndTheCodeIsNull) {
 
 // --- Pairs ---------------------------------------------------------------------------------------
 
-TEST_F(CompletionFaults, ASiblingThatIsNotThereIsToldAtTheShowAndTheTextStillCompletes) {
+TEST_F(CompletionFaults, AMissingSiblingIsReportedAtTheFirstShowAndTheTextStillCompletes) {
   city_ = addPair(QStringLiteral("Cidade"), QStringLiteral("cidades"));
   city_.name->setTxtIrmao(QStringLiteral("codNada"));
   show();
@@ -95,7 +95,7 @@ TEST_F(CompletionFaults, ASiblingThatIsNotThereIsToldAtTheShowAndTheTextStillCom
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
-TEST_F(CompletionFaults, ASiblingOfAnotherTypeIsNone) {
+TEST_F(CompletionFaults, AWidgetOfAnotherTypeIsNotASibling) {
   city_ = addPair(QStringLiteral("Cidade"), QStringLiteral("cidades"));
   add(new QLabel(QStringLiteral("Cidade")), QStringLiteral("lblCidade"));
   city_.name->setTxtIrmao(QStringLiteral("lblCidade"));
@@ -106,7 +106,7 @@ TEST_F(CompletionFaults, ASiblingOfAnotherTypeIsNone) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
-TEST_F(CompletionFaults, ASiblingThatGoesAwayIsReportedAtEachKeyAndTheTextStays) {
+TEST_F(CompletionFaults, ARemovedSiblingIsReportedAtEachKeyAndTheTextStays) {
   showCity();
   delete city_.key;
   for (const char* typed : {"U", "Ub"}) {
@@ -117,7 +117,7 @@ TEST_F(CompletionFaults, ASiblingThatGoesAwayIsReportedAtEachKeyAndTheTextStays)
   }
 }
 
-TEST_F(CompletionFaults, TwoDescriptionsThatNameEachOtherComeToAnEnd) {
+TEST_F(CompletionFaults, TwoDescriptionsThatNameEachOtherDoNotLoop) {
   showCity();
   city_.key->setTipoControle(TsText::Descricao);
   type(*window_, QStringLiteral("Uba"));
@@ -130,7 +130,7 @@ TEST_F(CompletionFaults, TwoDescriptionsThatNameEachOtherComeToAnEnd) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
-TEST_F(CompletionFaults, TwoKeysThatNameEachOtherComeToAnEnd) {
+TEST_F(CompletionFaults, TwoKeysThatNameEachOtherDoNotLoop) {
   showCity();
   city_.name->setTipoControle(TsText::Browse);
   enter(city_.key);
@@ -142,8 +142,8 @@ TEST_F(CompletionFaults, TwoKeysThatNameEachOtherComeToAnEnd) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
-// First names the description of second, second that of first.
-TEST_F(CompletionFaults, PairsThatNameEachOtherCrosswiseComeToAnEnd) {
+// The first names the description of the second, the second that of the first.
+TEST_F(CompletionFaults, PairsThatNameEachOtherCrosswiseDoNotLoop) {
   const Pair first = addPair(QStringLiteral("Cidade"), QStringLiteral("cidades"));
   const Pair second = addPair(QStringLiteral("Destino"), QStringLiteral("cidades"));
   first.key->setTxtIrmao(second.name->objectName());
@@ -164,7 +164,7 @@ TEST_F(CompletionFaults, PairsThatNameEachOtherCrosswiseComeToAnEnd) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
-TEST_F(CompletionFaults, ADefinitionWithoutATableIsToldAtEachKey) {
+TEST_F(CompletionFaults, ADefinitionWithoutATableIsReportedAtEachKey) {
   showCity();
   city_.name->setBrowseTable(QString());
   type(*window_, QStringLiteral("Ub"));
@@ -196,7 +196,7 @@ struct Hostile {
   const char* code;
 };
 
-TEST_F(CompletionFaults, WhateverIsTypedIsOnlyText) {
+TEST_F(CompletionFaults, TypedTextIsNeverExecuted) {
   const Hostile rows[] = {
       {"Santa Bárbara d'", "Oeste", "00007"},
       {"100%", " Rural", "00008"},
@@ -218,7 +218,7 @@ TEST_F(CompletionFaults, WhateverIsTypedIsOnlyText) {
       EXPECT_EQ(city_.key->value().toString(), QLatin1String(row.code));
     }
     EXPECT_EQ(boxes_.takeTexts(), QStringList());
-    // Left like this, the text is checked as a description.
+    // When the field is left, the text is checked as a description.
     press(*window_, Qt::Key_Tab);
     settleEvents();
     EXPECT_EQ(box().text(), QString::fromUtf8(row.typed) + QLatin1String(row.completed));
@@ -227,7 +227,7 @@ TEST_F(CompletionFaults, WhateverIsTypedIsOnlyText) {
   }
 }
 
-TEST_F(CompletionFaults, ABackslashStandsForItself) {
+TEST_F(CompletionFaults, ABackslashIsLiteral) {
   showCity();
   type(*window_, QStringLiteral("C:"));
   expectBox(QStringLiteral("C:"), QStringLiteral("\\temp"));
@@ -252,7 +252,7 @@ TEST_F(CompletionFaults, BackspaceTakesAWholeCharacter) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
-TEST_F(CompletionFaults, ACodeThatIsSqlIsOnlyText) {
+TEST_F(CompletionFaults, ACodeThatIsSqlIsNeverExecuted) {
   for (const char* typed : {"'; drop table cidades; --", "00001' or '1'='1", "\\", "%"}) {
     SCOPED_TRACE(typed);
     newWindow();
@@ -284,7 +284,7 @@ TEST_F(CompletionFaults, ALetterInANumericKeyIsRefusedAndStays) {
 
 // --- The server ----------------------------------------------------------------------------------
 
-TEST_F(CompletionFaults, AServerThatGoesAwayBetweenTwoKeysLosesNoText) {
+TEST_F(CompletionFaults, LosingTheServerBetweenTwoKeysLosesNoText) {
   showCity();
   type(*window_, QStringLiteral("U"));
   expectBox(QStringLiteral("U"), QStringLiteral("beraba"));
@@ -301,7 +301,7 @@ TEST_F(CompletionFaults, AServerThatGoesAwayBetweenTwoKeysLosesNoText) {
   cluster().Start();
   type(*window_, QStringLiteral("t"));
   EXPECT_EQ(box().text(), QStringLiteral("Ubat"));
-  EXPECT_THAT(boxes_.takeTexts(), SizeIs(1));  // the connection is the application's to open
+  EXPECT_THAT(boxes_.takeTexts(), SizeIs(1));  // only the application opens the connection
   connection_->Open();
   type(*window_, QStringLiteral("u"));
   expectBox(QStringLiteral("Ubatu"), QStringLiteral("ba"));
@@ -309,7 +309,7 @@ TEST_F(CompletionFaults, AServerThatGoesAwayBetweenTwoKeysLosesNoText) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
-TEST_F(CompletionFaults, AServerThatGoesAwayBeforeTheFieldIsLeftKeepsTextAndFocus) {
+TEST_F(CompletionFaults, LosingTheServerBeforeTheFieldIsLeftKeepsTextAndFocus) {
   showCity();
   enter(city_.key);
   type(*window_, QStringLiteral("00013"));
@@ -321,7 +321,7 @@ TEST_F(CompletionFaults, AServerThatGoesAwayBeforeTheFieldIsLeftKeepsTextAndFocu
   EXPECT_THAT(boxes_.takeTexts(), SizeIs(testing::Ge(1)));
   cluster().Start();
   connection_->Open();
-  // Only a key-up in the box has its description fetched when it is left.
+  // Only after a key-up in the box is its description fetched when it is left.
   press(*window_, Qt::Key_End);
   press(*window_, Qt::Key_Tab);
   settleEvents();

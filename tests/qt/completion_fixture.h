@@ -60,7 +60,7 @@ class CompletionFixture : public testing::Test {
     window_->layout()->addWidget(widget);
     return widget;
   }
-  /// The fields "cod" + name and "des" + name, each with the lookup of its side.
+  /// Adds the fields "cod" + name and "des" + name, each with its lookup.
   Pair addPair(const QString& name, const QString& table, const QString& where = {}) {
     const Pair pair{add(new TsText, QStringLiteral("cod") + name),
                     add(new TsText, QStringLiteral("des") + name)};
@@ -77,7 +77,7 @@ class CompletionFixture : public testing::Test {
     define(pair.name, pair.key, "nome", "codigo");
     return pair;
   }
-  /// One pair of cities, and a button; shown, with the focus in the description.
+  /// Shows one pair of cities and a button, with the focus in the description.
   void showCity(const QString& table = QStringLiteral("cidades")) {
     city_ = addPair(QStringLiteral("Cidade"), table);
     button_ = add(new QPushButton(QStringLiteral("Gravar")), QStringLiteral("btnGravar"));
@@ -99,7 +99,7 @@ class CompletionFixture : public testing::Test {
     return field ? field->objectName() : focus ? focus->objectName() : QString();
   }
 
-  // --- Keys as the window system queues them: nothing is delivered yet --------------------------
+  // --- Keys as the window system queues them, not yet delivered ----------------------------------
   void queue(QEvent::Type type, int key, const QString& text = {}, bool repeated = false) {
     queueKeyEvent(*window_, type, key, text, repeated);
   }
@@ -111,12 +111,12 @@ class CompletionFixture : public testing::Test {
     for (QChar c : text) queueKey(keyOf(c), QString(c));
   }
   static int keyOf(QChar c) { return c.toUpper().unicode(); }
-  /// Serves events until nothing is left to do.
+  /// Processes events until none are left.
   static void settleAll() {
     for (int i = 0; i < 20; ++i) QCoreApplication::processEvents();
   }
 
-  /// Expects the description's box: what was typed, what was completed and is selected.
+  /// Checks the description's box: the typed part, and the completed part, which is selected.
   void expectBox(const QString& typed, const QString& completed) {
     EXPECT_EQ(box().text(), typed + completed);
     EXPECT_EQ(box().selectedText(), completed);

@@ -1,4 +1,4 @@
-// Keys that are typed while the database works: none is lost, none overtakes another.
+// Keys that are typed while the database is busy: none is lost, and their order is kept.
 #include <QElapsedTimer>
 #include <QInputMethodEvent>
 
@@ -26,7 +26,7 @@ class SlowCompletion : public CompletionFixture {
     return {city_.name->text(), city_.key->text(), city_.name->value().toString(),
             city_.key->value().toString(), focusName()};
   }
-  /// Runs once, while the statement of that number since now (from 0) is under way.
+  /// Runs once, while the statement with that number, counted from 0 from now on, is executed.
   void duringStatement(int number, std::function<void()> act) {
     remaining_ = number;
     connection_->during = [this, act = std::move(act)](const String&) {
@@ -37,7 +37,7 @@ class SlowCompletion : public CompletionFixture {
   int remaining_ = 0;
 };
 
-// Whichever statement of a key's search the keys meet, they come when all of it is done.
+// Keys that arrive during any statement of a key's search are handled after the whole search.
 TEST_F(SlowCompletion, KeysFromTheWindowSystemComeAfterTheSearch) {
   for (int statement : {0, 1}) {
     SCOPED_TRACE(statement);
@@ -79,7 +79,7 @@ TEST_F(SlowCompletion, PostedTextOfAnInputMethodComesAfterTheSearch) {
   EXPECT_EQ(box().text(), QStringLiteral("São"));
 }
 
-TEST_F(SlowCompletion, BackspaceAndArrowsWaitAsWell) {
+TEST_F(SlowCompletion, BackspaceAndArrowsAlsoWait) {
   duringStatement(1, [this] {
     queueText(QStringLiteral("ba"));
     queueKey(Qt::Key_Backspace);
@@ -91,7 +91,7 @@ TEST_F(SlowCompletion, BackspaceAndArrowsWaitAsWell) {
   EXPECT_EQ(box().cursorPosition(), 0);
 }
 
-TEST_F(SlowCompletion, AHeldKeyWaitsAndItsReleasesStayNone) {
+TEST_F(SlowCompletion, AHeldKeyWaitsAndItsAutoRepeatReleasesAreIgnored) {
   duringStatement(0, [this] {
     queue(QEvent::KeyPress, Qt::Key_X, QStringLiteral("x"));
     for (int i = 0; i < 3; ++i) {
@@ -129,7 +129,8 @@ TEST_F(SlowCompletion, KeysTypedWhileACodeIsCheckedGoToTheNextField) {
   settleAll();
   EXPECT_TRUE(queued);
   EXPECT_EQ(focusName(), QStringLiteral("desCidade"));
-  // The Tab starts no search: the description that the code fetched is selected, and typed over.
+  // The Tab starts no search: the description that the code has fetched is selected and
+  // overwritten.
   EXPECT_EQ(box().text(), QStringLiteral("Ma"));
   EXPECT_EQ(city_.key->value().toString(), QStringLiteral("00013"));
 }
@@ -140,8 +141,8 @@ struct Typed {
   int tabs;
 };
 
-// Everything waits in the queue, every statement takes its time.
-TEST_F(SlowCompletion, TypeThenTabAtFullSpeedIsTypeThenTabSlowly) {
+// All keys wait in the queue, and every statement is slow.
+TEST_F(SlowCompletion, TypingAndTabAtFullSpeedHaveTheSameResultAsSlowly) {
   const Typed rows[] = {{"Uba", 1, 1},   {"São C", 1, 1}, {"Santa", 1, 1},
                         {"maria", 1, 1}, {"Xyz", 1, 1},   {"Ág", 1, 1},
                         {"00004", 0, 2}, {"00013", 0, 2}, {"100%", 1, 1}};
@@ -189,7 +190,7 @@ TEST_F(SlowCompletion, ASlowTableKeepsEveryKey) {
                                   QStringLiteral("btnGravar")}));
 }
 
-TEST_F(SlowCompletion, AFormThatAHandlerDestroysDuringTheSearchTakesTheKeysAlong) {
+TEST_F(SlowCompletion, AFormThatAHandlerDestroysDuringTheSearchDiscardsTheKeys) {
   QObject::connect(city_.key, &TsText::browseReturn, [this] { window_.reset(); });
   duringStatement(1, [this] {
     QCoreApplication::postEvent(

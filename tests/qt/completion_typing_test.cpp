@@ -1,4 +1,4 @@
-// A description completes while it is typed: which tail is selected after which key.
+// Completion of a description while it is typed: the selected tail after each key.
 #include <QInputMethodEvent>
 
 #include "tests/qt/completion_fixture.h"
@@ -44,14 +44,14 @@ TEST_F(Completion, EachKeyCompletesAndSelectsTheTail) {
   }
 }
 
-TEST_F(Completion, TheTypedCaseGivesWayToTheRows) {
+TEST_F(Completion, TheTypedCaseIsReplacedByThatOfTheRow) {
   type(*window_, QStringLiteral("uBE"));
   expectBox(QStringLiteral("Ube"), QStringLiteral("raba"));
   type(*window_, QStringLiteral("R"));
   expectBox(QStringLiteral("Uber"), QStringLiteral("aba"));
 }
 
-TEST_F(Completion, AKeyUpSendsOneSearchAndTheKeysCheck) {
+TEST_F(Completion, AKeyUpSendsOneSearchAndTheCheckOfTheKey) {
   type(*window_, QStringLiteral("U"));
   const auto sent = connection_->takeStatements();
   EXPECT_EQ(sent.front(), u"Select nome, codigo From cidades Where nome ilike 'U%' Limit 1");
@@ -77,7 +77,7 @@ TEST_F(Completion, CapitalsByShiftSearchOnceForTheLetter) {
   expectBox(QStringLiteral("U"), QStringLiteral("beraba"));
 }
 
-TEST_F(Completion, AHeldKeyTypesOnAndSearchesWhenItIsReleased) {
+TEST_F(Completion, AHeldKeyRepeatsAndSearchesWhenItIsReleased) {
   queue(QEvent::KeyPress, Qt::Key_U, QStringLiteral("u"));
   for (int i = 0; i < 2; ++i) {
     queue(QEvent::KeyRelease, Qt::Key_U, QStringLiteral("u"), true);
@@ -101,7 +101,7 @@ TEST_F(Completion, AHeldBackspaceEmptiesTheSelectionThenTheText) {
   }
   queue(QEvent::KeyRelease, Qt::Key_Backspace);
   settleAll();
-  // "Uber" and two characters less by the box, one less by the search.
+  // "Uber" minus two characters by the box and one by the search.
   expectBox(QStringLiteral("U"), QStringLiteral("beraba"));
 }
 
@@ -115,7 +115,7 @@ TEST_F(Completion, BackspaceShortensTheTypedPart) {
   expectBox(QStringLiteral("U"), QStringLiteral("beraba"));
 }
 
-// The box is emptied and everything begins with nothing.
+// The box is emptied, and every row begins with the empty text.
 TEST_F(Completion, BackspaceOnTheLastCharacterFindsTheFirstRow) {
   type(*window_, QStringLiteral("U"));
   press(*window_, Qt::Key_Backspace);
@@ -149,7 +149,7 @@ TEST_F(Completion, EveryOtherKeyWithoutATextSearchesForTheWholeText) {
   }
 }
 
-TEST_F(Completion, EndTakesTheTailAndTheNextKeyGoesOnBehindIt) {
+TEST_F(Completion, EndAcceptsTheTailAndTheNextKeyIsTypedAfterIt) {
   type(*window_, QStringLiteral("Ma"));
   expectBox(QStringLiteral("Ma"), QStringLiteral("ria da Fé"));
   press(*window_, Qt::Key_End);
@@ -157,7 +157,7 @@ TEST_F(Completion, EndTakesTheTailAndTheNextKeyGoesOnBehindIt) {
   expectBox(QStringLiteral("Maria da Fé!"), QString());
 }
 
-TEST_F(Completion, DeleteTakesTheSelectedTailAndItComesBack) {
+TEST_F(Completion, DeleteRemovesTheSelectedTailAndItIsCompletedAgain) {
   type(*window_, QStringLiteral("Ube"));
   press(*window_, Qt::Key_Delete);
   expectBox(QStringLiteral("Ube"), QStringLiteral("raba"));
@@ -169,7 +169,7 @@ TEST_F(Completion, AnAccentFromADeadKeyCompletesOnce) {
   commit(*window_, QStringLiteral("Á"));
   expectBox(QStringLiteral("Á"), QStringLiteral("gua Funda"));
   EXPECT_EQ(code(), QStringLiteral("00003"));
-  // The letter's release comes without a press.
+  // The letter's release arrives without a press.
   connection_->takeStatements();
   QTest::sendKeyEvent(QTest::Release, &box(), Qt::Key_A, QString(), Qt::NoModifier);
   EXPECT_THAT(connection_->takeStatements(), IsEmpty());
@@ -202,7 +202,7 @@ TEST_F(Completion, PastedTextCompletes) {
   expectBox(QStringLiteral("Uba"), QStringLiteral("tuba"));
 }
 
-TEST_F(Completion, KeysThatAllWaitAreTakenOneAfterTheOther) {
+TEST_F(Completion, QueuedKeysAreHandledOneAfterTheOther) {
   queueText(QStringLiteral("São C"));
   EXPECT_EQ(box().text(), QString());
   settleAll();
@@ -210,8 +210,8 @@ TEST_F(Completion, KeysThatAllWaitAreTakenOneAfterTheOther) {
   EXPECT_EQ(code(), QStringLiteral("00002"));
 }
 
-// A key-up searches for what the box holds then, the tail of the search before it included.
-TEST_F(Completion, AKeyReleasedAfterTheNextWasPressedTakesTheTail) {
+// A key-up searches for what the box then holds, including the tail of the search before it.
+TEST_F(Completion, AKeyReleasedAfterTheNextWasPressedIncludesTheTail) {
   for (const char* c : {"u", "b", "a"})
     queue(QEvent::KeyPress, keyOf(QLatin1Char(*c)), QLatin1String(c));
   settleAll();
@@ -229,7 +229,7 @@ TEST_F(Completion, AKeyReleasedAfterTheNextWasPressedTakesTheTail) {
   EXPECT_EQ(code(), QStringLiteral("00013"));
 }
 
-TEST_F(Completion, MaxLengthBoundsWhatIsTypedAndNotWhatIsFound) {
+TEST_F(Completion, MaxLengthLimitsTypedTextAndNotFoundText) {
   city_.name->setMaxLength(5);
   type(*window_, QStringLiteral("Ub"));
   expectBox(QStringLiteral("Ub"), QStringLiteral("eraba"));
@@ -241,8 +241,8 @@ TEST_F(Completion, APercentSignIsAPlaceholderAndATypedOneFindsItsRow) {
   EXPECT_EQ(code(), QStringLiteral("00008"));
 }
 
-// The sibling's code at the entry narrows the search.
-TEST_F(Completion, ADescriptionEnteredWithACodeIsSearchedAmongThatCodesRows) {
+// The sibling's code at the time of entering narrows the search.
+TEST_F(Completion, ADescriptionEnteredWithACodeIsSearchedOnlyInTheRowsOfThatCode) {
   type(*window_, QStringLiteral("Uba"));
   enter(city_.key);
   enter(city_.name);

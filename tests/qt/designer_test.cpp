@@ -1,4 +1,5 @@
-// The plugin for Qt Designer, as a program's form loader uses it: with the shared library alone.
+// The plugin for Qt Designer, as the form loader of a program uses it: only with the shared
+// library.
 #include <gtest/gtest.h>
 
 #include <QBuffer>

@@ -1,4 +1,4 @@
-// A field's Enabled, whoever switches it: the program, a connection by name, a plain widget call.
+// A field's Enabled, switched by the program, by a connection by name, or by a plain widget call.
 #include <QCheckBox>
 #include <QGroupBox>
 
@@ -11,7 +11,7 @@ namespace {
 
 class Enabled : public FieldFixture {
  protected:
-  /// All that tells of the flag is in step with it.
+  /// Checks that everything that shows the flag agrees with it.
   void expectEnabled(bool enabled) {
     EXPECT_EQ(first_->isFieldEnabled(), enabled);
     EXPECT_EQ(first_->property("Enabled").toBool(), enabled);
@@ -36,7 +36,7 @@ TEST_F(Enabled, ConnectionsByNameReachTheControl) {
   expectEnabled(false);
 }
 
-TEST_F(Enabled, AFieldSwitchedAsAPlainWidgetIsSwitched) {
+TEST_F(Enabled, SwitchingTheFieldAsAPlainWidgetSwitchesTheControl) {
   show();
   QWidget* const widget = first_;
   for (const bool enabled : {false, true, false}) {
@@ -72,7 +72,7 @@ TEST_F(Enabled, BothWaysMayBeMixed) {
   expectEnabled(true);
 }
 
-TEST_F(Enabled, SurroundingsThatAreDisabledLeaveTheFlagAlone) {
+TEST_F(Enabled, DisabledSurroundingsDoNotChangeTheFlag) {
   show();
   window_->setEnabled(false);
   EXPECT_TRUE(first_->isFieldEnabled());

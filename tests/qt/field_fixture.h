@@ -38,12 +38,12 @@ class FieldFixture : public testing::Test {
     settleEvents();
   }
   QLineEdit& box() { return *editOf(*first_); }
-  /// Runs the focus on to the second field.
+  /// Moves the focus to the second field.
   void leave() {
     second_->setFocus(Qt::TabFocusReason);
     settleEvents();
   }
-  /// The focus comes into the first field anew.
+  /// Moves the focus into the first field again.
   void enterAgain() {
     leave();
     first_->setFocus();

@@ -1,4 +1,4 @@
-// The list of a description and of a key, the keys that open it, and where the focus goes after.
+// The list of a description and of a key, the keys that open it, and the focus afterwards.
 #include <QAbstractButton>
 #include <QMenu>
 #include <QTest>
@@ -19,7 +19,7 @@ namespace {
 class FieldList : public DialogFixture {
  protected:
   FieldList() {
-    // The one form on which a description has a button.
+    // The only form on which a description has a button.
     owner_->setObjectName(QStringLiteral("frmPesquisa"));
     owner_->setProperty("dbForm", QVariant::fromValue<host::ConnectionPtr>(connection_));
     connection_->ConnectionString(u"Memoria");
@@ -101,7 +101,7 @@ void chooseSecond(QDialog& window) {
 
 void leaveByEscape(QDialog& window) { press(window, Qt::Key_Escape); }
 
-TEST_F(FieldList, ADescriptionsButtonAsksForWhatWasTypedNotForItsCompletion) {
+TEST_F(FieldList, ADescriptionsButtonSearchesForTheTypedTextNotForItsCompletion) {
   enter(*name_);
   type(*owner_, QStringLiteral("Ma"));
   EXPECT_EQ(name_->text(), QStringLiteral("Maria"));
@@ -113,7 +113,7 @@ TEST_F(FieldList, ADescriptionsButtonAsksForWhatWasTypedNotForItsCompletion) {
   EXPECT_FALSE(anyStatementHas("'Maria%'"));
 }
 
-TEST_F(FieldList, ADescriptionsPageDownAsksForWhatWasTypedToo) {
+TEST_F(FieldList, ADescriptionsPageDownAlsoSearchesForTheTypedText) {
   enter(*name_);
   type(*owner_, QStringLiteral("Ma"));
   statements_.clear();
@@ -122,7 +122,7 @@ TEST_F(FieldList, ADescriptionsPageDownAsksForWhatWasTypedToo) {
   EXPECT_TRUE(anyStatementHas("'Ma%'"));
 }
 
-TEST_F(FieldList, AChosenDescriptionLeadsItsKeyToTheFieldAndTheRow) {
+TEST_F(FieldList, AChosenDescriptionWritesItsKeyIntoTheFieldAndTheRow) {
   enter(*name_);
   type(*owner_, QStringLiteral("Ma"));
   QStringList searches;
@@ -157,7 +157,7 @@ TEST_F(FieldList, TheFocusIsInTheFieldAfterItsList) {
   EXPECT_EQ(field_->value().toInt(), 2);
 }
 
-TEST_F(FieldList, APageDownThatIsHeldOpensOneList) {
+TEST_F(FieldList, AHeldPageDownOpensOneList) {
   enter(*field_);
   open(leaveByEscape);
   const auto send = [&](QEvent::Type kind, bool repeated) {

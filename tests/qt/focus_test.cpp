@@ -47,7 +47,7 @@ TEST_F(Focus, TabLeavesOneFieldAndEntersTheNext) {
   EXPECT_EQ(first_->value().toString(), QStringLiteral("abc"));
 }
 
-TEST_F(Focus, AKeyBehindATabFindsTheFieldEntered) {
+TEST_F(Focus, AKeyAfterATabFindsTheFieldEntered) {
   show();
   second_->setText(QStringLiteral("velho"));
   press(*window_, Qt::Key_Tab);
@@ -64,7 +64,7 @@ TEST_F(Focus, EnteringSelectsTheText) {
   EXPECT_EQ(second_->selLength(), 5);
 }
 
-TEST_F(Focus, ARefusedFieldTakesTheFocusBackAndTheOtherHearsNothing) {
+TEST_F(Focus, AFieldThatRefusesTakesTheFocusBackAndTheOtherGetsNoEvent) {
   refuseDates();
   show();
   type(*window_, QStringLiteral("31022017"));
@@ -89,7 +89,7 @@ TEST_F(Focus, KeysMeantForAFieldThatWasNotReachedAreDropped) {
   EXPECT_EQ(focusedField(), first_);
 }
 
-TEST_F(Focus, AMousePressAnsweredWithABoxIsSwallowed) {
+TEST_F(Focus, AMousePressThatCausesABoxIsDiscarded) {
   refuseDates();
   show();
   type(*window_, QStringLiteral("31022017"));
@@ -174,7 +174,7 @@ TEST_F(Focus, EnterThatTheProgramTakesReachesNoButton) {
   EXPECT_EQ(clicks_, 0);
 }
 
-TEST_F(Focus, EscapePressesTheCancelButtonWithNoValidation) {
+TEST_F(Focus, EscapePressesTheCancelButtonWithoutValidation) {
   refuseDates();
   first_->setObjetoCancelar(QStringLiteral("btnGravar"));
   button_->setProperty("Cancel", true);
@@ -198,7 +198,7 @@ TEST_F(Focus, EscapeClosesADialogWithoutACancelButton) {
   EXPECT_FALSE(dialog.isVisible());
 }
 
-TEST_F(Focus, ADialogOverTheFormIsNoMove) {
+TEST_F(Focus, ADialogOverTheFormDoesNotMoveTheFocus) {
   show();
   type(*window_, QStringLiteral("abc"));
   QDialog dialog(window_.get());
@@ -211,7 +211,7 @@ TEST_F(Focus, ADialogOverTheFormIsNoMove) {
   EXPECT_EQ(first_->selLength(), 0);  // no Enter either
 }
 
-TEST_F(Focus, AnotherWindowIsNoMove) {
+TEST_F(Focus, AnotherWindowDoesNotMoveTheFocus) {
   show();
   QWidget other;
   showActive(other);
@@ -220,13 +220,13 @@ TEST_F(Focus, AnotherWindowIsNoMove) {
   EXPECT_EQ(left_, QStringList());
 }
 
-TEST_F(Focus, TheContextMenuIsNoMove) {
+TEST_F(Focus, TheContextMenuDoesNotMoveTheFocus) {
   show();
   menuOf(box());
   EXPECT_EQ(left_, QStringList());
 }
 
-TEST_F(Focus, TheFieldsOwnButtonIsNoMove) {
+TEST_F(Focus, TheFieldsOwnButtonDoesNotMoveTheFocus) {
   first_->setTipoControle(TsText::Browse);
   show();
   auto* browse = first_->findChild<QToolButton*>(QStringLiteral("btnBrowse"));
@@ -266,7 +266,7 @@ TEST_F(Focus, ATabPageThatIsNotInFrontIsReachedByTab) {
   EXPECT_EQ(window.focusWidget(), editOf(*fields[1]));
 }
 
-TEST_F(Focus, ARefusedFieldOnAnotherPageComesToTheFront) {
+TEST_F(Focus, AFieldThatRefusesOnAnotherPageComesToTheFront) {
   QWidget window;
   auto* tabs = new QTabWidget(&window);
   auto* date = new TsText;
@@ -300,7 +300,7 @@ TEST_F(Focus, AToolBarSettlesTheFieldInPlace) {
   EXPECT_EQ(first_->selLength(), 3);  // it was entered again
 }
 
-TEST_F(Focus, AToolBarHearsOfARefusal) {
+TEST_F(Focus, AToolBarIsToldOfARefusal) {
   refuseDates();
   show();
   type(*window_, QStringLiteral("31022017"));
@@ -309,7 +309,7 @@ TEST_F(Focus, AToolBarHearsOfARefusal) {
   EXPECT_EQ(focusedField(), first_);
 }
 
-TEST_F(Focus, ARefusalIsForgottenOnceTheFieldIsBlank) {
+TEST_F(Focus, ARefusalNoLongerCountsWhenTheFieldIsBlank) {
   first_->setMascara(QStringLiteral("#####"));
   first_->setPodeSerBranco(false);
   show();
@@ -320,7 +320,7 @@ TEST_F(Focus, ARefusalIsForgottenOnceTheFieldIsBlank) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
-TEST_F(Focus, AFieldWithTheFocusOnItsOwnButtonIsSettledToo) {
+TEST_F(Focus, AFieldWithTheFocusOnItsOwnButtonIsAlsoSettled) {
   first_->setTipoControle(TsText::Calendario);
   show();
   type(*window_, QStringLiteral("abc"));
@@ -330,7 +330,7 @@ TEST_F(Focus, AFieldWithTheFocusOnItsOwnButtonIsSettledToo) {
   EXPECT_EQ(first_->value().toString(), QStringLiteral("abc"));
 }
 
-TEST_F(Focus, WhatTheProgramSaysOfASettledFieldIsNoRefusal) {
+TEST_F(Focus, AMessageOfTheProgramIsNotARefusal) {
   QObject::connect(first_, &TsText::browseReturn, [] {
     State().application->ShowMessageBox(0, u"Cliente em atraso", 0, u"Aviso");
   });

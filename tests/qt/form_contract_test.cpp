@@ -83,7 +83,7 @@ class QtForm final : public FormDriver {
     handlers_[qt::toQt(name)] = std::move(handlers);
   }
   void HandleClick(const String&, std::function<void()> handler) override {
-    // A program's own slot goes through the event boundary as ours do.
+    // A program's own slot goes through the event boundary like those of the library.
     QObject::connect(button_, &QPushButton::clicked, window_, [this, handler] {
       if (!qt::guarded(window_, handler)) ++unhandled_;
     });

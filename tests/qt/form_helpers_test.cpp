@@ -1,4 +1,4 @@
-// Where a field lies: tab pages that come to the front, positions through containers.
+// The place of a field: tab pages that come to the front, and positions in containers.
 #include "mask/form_helpers.h"
 
 #include <QTabWidget>
@@ -47,7 +47,7 @@ TEST_F(FormHelpers, APageWithoutANameComesToTheFront) {
   EXPECT_EQ(window_->focusWidget(), field);
 }
 
-TEST_F(FormHelpers, TheNumberDecidesWhichPageComesNotThePlaceOfTheField) {
+TEST_F(FormHelpers, TheNumberDecidesWhichPageComesToTheFrontNotThePlaceOfTheField) {
   LineEdit* field = addOnPage(2);
   show();
   bringToFront(*field, u"1");
@@ -64,14 +64,14 @@ TEST_F(FormHelpers, AHiddenPageStaysHidden) {
   EXPECT_FALSE(tabs_->isTabVisible(1));
 }
 
-TEST_F(FormHelpers, ANumberThatIsNoTabIsAnError) {
+TEST_F(FormHelpers, ANumberThatIsNotATabIsAnError) {
   LineEdit* field = addOnPage(1);
   show();
   for (const char16_t* number : {u"3", u"-1", u"dois"})
     EXPECT_THROW(bringToFront(*field, number), HostError);
 }
 
-TEST_F(FormHelpers, APositionIsThatOnTheScreenInANestedForm) {
+TEST_F(FormHelpers, ThePositionInANestedFormIsThatOnTheScreen) {
   auto* nested = new QWidget;
   nested->setObjectName(QStringLiteral("frmDentro"));
   nested->setProperty("dbForm", QVariant::fromValue(host::ConnectionPtr()));

@@ -1,4 +1,4 @@
-// Loads forms of Qt Designer with the library's widgets, and without its plugin.
+// Loads forms of Qt Designer with the library's widgets but without its plugin.
 #pragma once
 
 #include <QString>
@@ -7,7 +7,7 @@
 
 namespace tessaria::qt::tests {
 
-/// The form that the text of a `.ui` file describes; nullptr when it describes none.
+/// The form that the text of a `.ui` file describes; nullptr if it does not describe one.
 std::unique_ptr<QWidget> loadForm(const QString& ui);
 
 }  // namespace tessaria::qt::tests

@@ -1,4 +1,4 @@
-// Keys while the core lets events pass.
+// Keys that arrive while the core processes events.
 #include <gtest/gtest.h>
 
 #include <QDialog>
@@ -12,7 +12,7 @@
 namespace tessaria::qt::tests {
 namespace {
 
-TEST(HeldInput, AKeyThatComesMeanwhileIsTypedAfterwards) {
+TEST(HeldInput, AKeyThatArrivesMeanwhileIsTypedAfterwards) {
   install();
   QLineEdit edit;
   QTimer::singleShot(0, &edit, [&] { QTest::keyClick(&edit, Qt::Key_A); });
@@ -22,9 +22,9 @@ TEST(HeldInput, AKeyThatComesMeanwhileIsTypedAfterwards) {
   EXPECT_EQ(edit.text(), QStringLiteral("a"));
 }
 
-TEST(HeldInput, AWindowThatOpensMeanwhileTakesItsKeys) {
+TEST(HeldInput, AWindowThatOpensMeanwhileReceivesItsKeys) {
   install();
-  constexpr int kPatience = 5000;  // milliseconds, so that a fault does not wait for ever
+  constexpr int kPatience = 5000;  // milliseconds, so that a failing test does not wait forever
   int answer = -1;
   QTimer::singleShot(0, [&] {
     QDialog window;

@@ -1,6 +1,6 @@
 #include "tests/qt/key_queue.h"
 
-// Qt's own test keys are delivered at once. Only the platforms' interface queues them.
+// Qt's test keys are delivered at once. Only the interface of the platforms queues keys.
 #include <qpa/qwindowsysteminterface.h>
 
 namespace tessaria::qt::tests {

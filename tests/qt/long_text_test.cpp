@@ -1,5 +1,4 @@
-// Long texts in a field: a key costs what it costs in a plain line edit, and none brings a
-// box.
+// Long texts in a field: a key takes about as long as in a plain line edit, and causes no box.
 #include <QElapsedTimer>
 #include <QTest>
 #include <cstdio>
@@ -12,17 +11,18 @@ namespace tessaria::qt::tests {
 namespace {
 
 constexpr int kKeys = 4;
-// Laying the text out dominates both; what comes on top may not be a multiple of it.
+// Laying out the text dominates both; the additional time must not be a multiple of it.
 constexpr double kMostTimes = 3;
-constexpr double kLeast = 20;  // milliseconds a key, below which nobody waits
+constexpr double kLeast = 20;  // milliseconds per key, too short to be noticed
 
-/// TESSARIA_LONG_TEXT asks for another size: with 10000 a key takes seconds in either.
+/// TESSARIA_LONG_TEXT sets another size: with 10000 a key takes seconds in either.
 int kilobytes() {
   const char* asked = std::getenv("TESSARIA_LONG_TEXT");
   return asked ? std::atoi(asked) : 100;
 }
 
-/// Milliseconds that a key takes at the end of the text, the first one apart: it lays the text out.
+/// Milliseconds that a key takes at the end of the text, without the first, which lays out the
+/// text.
 double millisecondsAKey(QWidget& window, QLineEdit& edit, const QString& text) {
   edit.setFocus();
   settleEvents();
@@ -49,7 +49,7 @@ class LongText : public FieldFixture {
   QLineEdit* plain_;
 };
 
-TEST_F(LongText, AKeyCostsWhatItCostsInALineEdit) {
+TEST_F(LongText, AKeyTakesAsLongAsInALineEdit) {
   show();
   const QString text(kilobytes() * 1000, QLatin1Char('x'));
   const double plain = millisecondsAKey(*window_, *plain_, text);

@@ -38,7 +38,7 @@ class Looks : public FieldFixture {
   const QPalette light_ = QApplication::palette();
 };
 
-TEST_F(Looks, TheHintHoldsTheFontWhateverItsSize) {
+TEST_F(Looks, TheSizeHintFitsTheFontWhateverItsSize) {
   for (int points : {6, 10, 30}) {
     QFont font = QApplication::font();
     font.setPointSize(points);
@@ -50,7 +50,7 @@ TEST_F(Looks, TheHintHoldsTheFontWhateverItsSize) {
   }
 }
 
-TEST_F(Looks, ALowControlSnapsToItsLeastHeight) {
+TEST_F(Looks, ALowControlGetsTheMinimumHeight) {
   TsText field(window_.get());
   field.setGeometry(0, 0, 200, 10);
   window_->show();
@@ -93,7 +93,7 @@ TEST_F(Looks, ButtonsHaveIconNameAndToolTip) {
   EXPECT_TRUE(browse().isHidden());
 }
 
-TEST_F(Looks, AnIconOfTheApplicationsFolderComesFirst) {
+TEST_F(Looks, AnIconInTheApplicationsFolderComesFirst) {
   const QString path = QCoreApplication::applicationDirPath() + QStringLiteral("/Calendario.ico");
   QImage image(16, 16, QImage::Format_ARGB32);
   image.fill(Qt::magenta);
@@ -104,7 +104,7 @@ TEST_F(Looks, AnIconOfTheApplicationsFolderComesFirst) {
   QFile::remove(path);
 }
 
-TEST_F(Looks, PicturesThatAreNotThereOrNoneAreErrors) {
+TEST_F(Looks, MissingAndInvalidPicturesAreErrors) {
   const QTemporaryDir folder;
   const String missing = fromQt(folder.filePath(QStringLiteral("nada.ico")));
   const QString broken = folder.filePath(QStringLiteral("texto.ico"));
@@ -135,7 +135,7 @@ TEST_F(Looks, TheLiteralWhiteBoxIsReadableInADarkTheme) {
   EXPECT_GT(contrast(palette.color(QPalette::Text), palette.color(QPalette::Base)), 3);
 }
 
-TEST_F(Looks, AChangeOfThemeIsFollowed) {
+TEST_F(Looks, AChangeOfThemeIsApplied) {
   show();
   QApplication::setPalette(darkTheme());
   settleEvents();
@@ -232,7 +232,6 @@ TEST_F(Looks, ADescriptionIsBlue) {
 }
 
 // --- Key codes
-// --------------------------------------------------------------------------------------
 
 TEST(KeyCodes, AreTheVirtualKeyCodes) {
   const std::tuple<int, Qt::KeyboardModifiers, int> keys[] = {

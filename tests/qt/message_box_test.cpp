@@ -1,4 +1,4 @@
-// The boxes that operators read: icons, line breaks, plain text.
+// Message boxes: icons, line breaks, plain text.
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
@@ -40,7 +40,7 @@ TEST(MessageBox, TheStyleChoosesTheIcon) {
       {0, QMessageBox::NoIcon},
       {4 + 32, QMessageBox::Question},
       {4 + 48 + 256, QMessageBox::Warning},
-      // Sums that no icon has.
+      // Sums without an icon.
       {80, QMessageBox::NoIcon},
       {96, QMessageBox::NoIcon},
       {112, QMessageBox::NoIcon},
@@ -48,11 +48,11 @@ TEST(MessageBox, TheStyleChoosesTheIcon) {
   for (const auto& [style, icon] : rows) EXPECT_EQ(show(u"Texto", style).icon, icon) << style;
 }
 
-TEST(MessageBox, AnyLineBreakIsOne) {
+TEST(MessageBox, EveryKindOfLineBreakCounts) {
   EXPECT_EQ(show(u"um\rdois\r\ntrês\nquatro", 0).text, QStringLiteral("um\ndois\ntrês\nquatro"));
 }
 
-TEST(MessageBox, MarkupIsText) {
+TEST(MessageBox, MarkupIsShownAsText) {
   const Shown shown = show(u"<tudo> & <b>mais</b>", 48);
   EXPECT_EQ(shown.text, QStringLiteral("<tudo> & <b>mais</b>"));
   EXPECT_EQ(shown.format, Qt::PlainText);

@@ -37,8 +37,8 @@ constexpr std::pair<Qt::KeyboardModifier, Qt::Key> kModifierKeys[] = {
     {Qt::ControlModifier, Qt::Key_Control},
     {Qt::AltModifier, Qt::Key_Alt}};
 
-/// Each key goes to the widget that has the focus by then, if the window is still there. QTest's
-/// own sequences go on with a widget that the modifier's key has destroyed.
+/// Each key goes to the widget that has the focus at that time, if the window still exists. QTest's
+/// own sequences continue with a widget that the modifier's key has destroyed.
 void send(const QPointer<QWidget>& window, bool down, const Key& key) {
   if (window && window->focusWidget())
     QTest::simulateEvent(window->focusWidget(), down, key.code, key.modifiers, key.text, false);
@@ -63,7 +63,7 @@ QMenu* openMenu(QLineEdit& edit) {
   return qobject_cast<QMenu*>(QApplication::activePopupWidget());
 }
 
-/// The offscreen platform leaves no window active behind a popup.
+/// The offscreen platform leaves no window active after a popup.
 void closeMenu(QMenu& menu, QLineEdit& edit) {
   menu.close();
   edit.activateWindow();
@@ -185,7 +185,7 @@ void drop(QLineEdit& edit, const QString& text, int position) {
   const QPoint point(edit.inputMethodQuery(Qt::ImCursorRectangle).toRectF().center().toPoint().x(),
                      edit.height() / 2);
   QDropEvent event(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-  static_cast<QObject&>(edit).event(&event);  // a drag would have to be under way
+  static_cast<QObject&>(edit).event(&event);  // a real drop would need a running drag
   settleEvents();
 }
 

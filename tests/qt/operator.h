@@ -1,4 +1,4 @@
-// The operator's hands in window tests: keys, mouse, message boxes.
+// Simulates the operator in window tests: keys, mouse, message boxes.
 #pragma once
 
 #include <QLineEdit>
@@ -22,13 +22,13 @@ struct Box {
   QStringList buttons;
 };
 
-/// Answers every message box as it comes and keeps what it said.
+/// Answers every message box that opens and keeps its text.
 class BoxKeeper final : public QObject {
  public:
   BoxKeeper();
-  /// Queues the button, by its text without mnemonic, of a box to come; else the default one.
+  /// Queues the button, by its text without mnemonic, for a later box; otherwise the default one.
   void willPress(const QString& button) { answers_.push_back(button); }
-  /// Runs while the next boxes are open, ahead of their answers.
+  /// Runs while the next boxes are open, before they are answered.
   std::function<void()> whileOpen;
   const std::vector<Box>& boxes() const { return boxes_; }
   /// Texts of the boxes since the last call.
@@ -46,7 +46,7 @@ class BoxKeeper final : public QObject {
 
 /// Shows the window and waits until it is active.
 void showActive(QWidget& window);
-/// Serves posted events until there are none.
+/// Processes posted events until there are none.
 void settleEvents();
 
 QLineEdit* editOf(TsText& field);
@@ -56,7 +56,7 @@ QWidget* focusOf(const QWidget& window);
 /// Types characters into the widget that has the focus, each key pressed and released.
 void type(QWidget& window, const QString& text);
 void press(QWidget& window, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-/// What a dead key or an input method delivers.
+/// Delivers text as a dead key or an input method does.
 void commit(QWidget& window, const QString& text);
 /// Asks the window to close as its frame does.
 void closeByFrame(QWidget& window);

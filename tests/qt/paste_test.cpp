@@ -1,4 +1,4 @@
-// Text that comes without a key: by menu, drop, middle mouse button.
+// Text without a key: by menu, drop, middle mouse button.
 #include <QApplication>
 #include <QClipboard>
 #include <QTest>
@@ -87,7 +87,7 @@ void PrintTo(const Refused& row, std::ostream* out) { *out << row.name; }
 
 class PasteOfTheSameText : public FieldFixture, public testing::WithParamInterface<const char*> {
  protected:
-  /// Shows 7 in a field of the mask, all of it selected.
+  /// Shows 7 in a field with the mask, and selects all of it.
   void start() {
     first_->setMascara(QLatin1String(GetParam()));
     first_->setTipoDado(5);
@@ -157,7 +157,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Refused{"a sign where none is allowed", "$$$$$.$$", "-12,50", 9},
                     Refused{"two commas", "$$$$$$$.$$", "12,50,3", 12}));
 
-TEST_F(Pasting, ADropEntersAFieldThatWasElsewhere) {
+TEST_F(Pasting, ADropEntersAFieldWithoutTheFocus) {
   for (const char* mask : {"", "0000"}) {
     second_->setMascara(QLatin1String(mask));
     second_->setText(QString());
@@ -215,7 +215,7 @@ TEST_F(Pasting, ReplacesASelectedNumber) {
   EXPECT_EQ(first_->text(), QStringLiteral("1,25"));
 }
 
-TEST_F(Pasting, SettlesLikeTypedText) {
+TEST_F(Pasting, IsSettledLikeTypedText) {
   bool changed = false;
   QObject::connect(first_, &TsText::browseReturn, [&](bool& differs) { changed = differs; });
   first_->setMascara(QStringLiteral("000.000.000-00"));
@@ -226,7 +226,7 @@ TEST_F(Pasting, SettlesLikeTypedText) {
   EXPECT_EQ(first_->value().toString(), QStringLiteral("12345678909"));
 }
 
-TEST_F(Pasting, APasteThatGoesAroundTheMenuIsTakenBack) {
+TEST_F(Pasting, APasteThatBypassesTheMenuIsUndone) {
   first_->setMascara(QStringLiteral("0000"));
   show();
   type(*window_, QStringLiteral("12"));
@@ -255,7 +255,7 @@ TEST_F(Pasting, TheMiddleButtonPastesWhereTheSystemHasASelection) {
   EXPECT_EQ(first_->text(), QStringLiteral("12/34"));
 }
 
-TEST_F(Pasting, AnUnmaskedFieldTakesEverything) {
+TEST_F(Pasting, AnUnmaskedFieldAcceptsEverything) {
   show();
   pasteByMenu(box(), QStringLiteral("a.b/x-ção"));
   EXPECT_EQ(first_->text(), QStringLiteral("a.b/x-ção"));
@@ -274,10 +274,10 @@ TEST_F(Pasting, TypedClipboardKeysWorkInAnUnmaskedField) {
   EXPECT_EQ(first_->text(), QStringLiteral("abcabc"));
 }
 
-/// Ways of a text into an unmasked field that end at its limit.
+/// The ways to insert text into an unmasked field, which stop at its limit.
 class FullField : public FieldFixture {
  protected:
-  /// A field of six characters that holds more already.
+  /// A field of six characters that already holds more.
   void ShowFull() {
     show();
     first_->setMaxLength(6);
@@ -286,7 +286,7 @@ class FullField : public FieldFixture {
   }
 };
 
-TEST_F(FullField, IsFilledByTheKeyOfPasteNoFurtherThanItsLimit) {
+TEST_F(FullField, IsFilledByThePasteKeyUpToItsLimit) {
   ShowFull();
   QApplication::clipboard()->setText(QStringLiteral("123456"));
   press(*window_, Qt::Key_V, Qt::ControlModifier);
@@ -295,7 +295,7 @@ TEST_F(FullField, IsFilledByTheKeyOfPasteNoFurtherThanItsLimit) {
   EXPECT_EQ(first_->text(), QStringLiteral("a1234h"));
 }
 
-TEST_F(FullField, TakesWhatAnInputMethodCommitsAsFarAsThereIsRoom) {
+TEST_F(FullField, AcceptsTheTextOfAnInputMethodAsFarAsThereIsRoom) {
   ShowFull();
   commit(*window_, QStringLiteral("日本語日本語"));
   EXPECT_EQ(first_->text(), QStringLiteral("a日本語日h"));
@@ -303,7 +303,7 @@ TEST_F(FullField, TakesWhatAnInputMethodCommitsAsFarAsThereIsRoom) {
   EXPECT_EQ(first_->text(), QStringLiteral("a日本語日h"));
 }
 
-TEST_F(FullField, TakesADropAsFarAsThereIsRoom) {
+TEST_F(FullField, AcceptsADropAsFarAsThereIsRoom) {
   show();
   first_->setMaxLength(6);
   first_->setText(QStringLiteral("abcd"));
@@ -316,7 +316,7 @@ TEST_F(FullField, TakesADropAsFarAsThereIsRoom) {
   EXPECT_EQ(first_->text(), QStringLiteral("12abcd"));
 }
 
-TEST_F(FullField, TakesTheMiddleButtonsTextAsFarAsThereIsRoom) {
+TEST_F(FullField, AcceptsTheTextOfTheMiddleButtonAsFarAsThereIsRoom) {
   if (!QApplication::clipboard()->supportsSelection())
     GTEST_SKIP() << "this platform has no selection clipboard";
   show();
@@ -327,7 +327,7 @@ TEST_F(FullField, TakesTheMiddleButtonsTextAsFarAsThereIsRoom) {
   EXPECT_EQ(first_->text(), QStringLiteral("12abcd"));
 }
 
-TEST_F(FullField, TakesBackATextThatGoesAroundTheKeysAndHasNoRoom) {
+TEST_F(FullField, UndoesATextThatBypassesTheKeysAndHasNoRoom) {
   ShowFull();
   static_cast<QLineEdit&>(box()).QLineEdit::setText(QStringLiteral("123456789"));
   EXPECT_EQ(first_->text(), QStringLiteral("abcdefgh"));
@@ -335,7 +335,7 @@ TEST_F(FullField, TakesBackATextThatGoesAroundTheKeysAndHasNoRoom) {
   EXPECT_EQ(first_->text(), QStringLiteral("123456"));
 }
 
-TEST_F(FullField, UndoesADeletionInATextLongerThanItsLimit) {
+TEST_F(FullField, RestoresADeletionInATextLongerThanItsLimit) {
   ShowFull();
   press(*window_, Qt::Key_Delete);
   EXPECT_EQ(first_->text(), QStringLiteral("ah"));

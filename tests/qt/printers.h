@@ -1,4 +1,4 @@
-// How Qt's types read in a failing test.
+// How failing tests print Qt's types.
 #pragma once
 
 #include <QString>

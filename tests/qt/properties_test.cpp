@@ -1,4 +1,4 @@
-// The widget's properties against the control's table, and late binding against both.
+// The widget's properties compared with the control's table, and late binding to both.
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateTime>
@@ -21,9 +21,9 @@ QMetaProperty metaProperty(StringView name) {
 
 bool isReachable(const Property& property) { return property.DispatchId != 0; }
 
-TEST(Properties, EveryPropertyOfTheControlIsOneOfTheWidget) {
+TEST(Properties, EveryPropertyOfTheControlIsAPropertyOfTheWidget) {
   for (const Property& property : Properties()) {
-    // Qt has no property that can only be written: that one is a setter.
+    // Qt has no write-only properties: that one is a setter.
     if (!isReachable(property) || !property.Get) continue;
     const QMetaProperty found = metaProperty(property.Name);
     EXPECT_TRUE(found.isValid()) << toQt(property.Name).toStdString();
@@ -31,7 +31,7 @@ TEST(Properties, EveryPropertyOfTheControlIsOneOfTheWidget) {
   }
 }
 
-TEST(Properties, TypesAreThoseThatDesignerEdits) {
+TEST(Properties, TypesCanBeEditedInDesigner) {
   const std::map<PropertyType, int> types = {
       {PropertyType::String, QMetaType::QString},   {PropertyType::Long, QMetaType::Int},
       {PropertyType::Boolean, QMetaType::Bool},     {PropertyType::Colour, QMetaType::QColor},
@@ -82,10 +82,10 @@ TEST(Properties, ANewControlHasTheStartValues) {
   EXPECT_TRUE(field.carregou());
 }
 
-TEST(Properties, EveryTextAndNumberComesBack) {
+TEST(Properties, EveryTextAndNumberReadsBackUnchanged) {
   TsText field;
   for (const Property& property : Properties()) {
-    // Those whose assignment is refused, cut or moved by what the box holds.
+    // Except those whose assignment is refused, cut or moved because of the content of the box.
     static const std::set<StringView> special = {u"Nome",         u"LabelAssociado", u"PromptChar",
                                                  u"SelStart",     u"SelLength",      u"SelText",
                                                  u"PasswordChar", u"TipoControle"};
@@ -107,9 +107,8 @@ TEST(Properties, EveryTextAndNumberComesBack) {
 }
 
 // --- Values
-// -----------------------------------------------------------------------------------------
 
-TEST(Values, TravelBetweenTheCoreAndQt) {
+TEST(Values, AreConvertedBetweenTheCoreAndQt) {
   const QDate day(2016, 12, 31);
   const std::pair<Variant, QVariant> cases[] = {
       {Variant(), QVariant()},
@@ -129,13 +128,12 @@ TEST(Values, TravelBetweenTheCoreAndQt) {
   }
 }
 
-TEST(Values, OneThatHasNoLikeIsATypeMismatch) {
+TEST(Values, AValueWithoutACounterpartIsATypeMismatch) {
   EXPECT_THROW(toVariant(QVariant(QRect(1, 2, 3, 4))), HostError);
   EXPECT_TRUE(toVariant(QVariant::fromValue(host::ConnectionPtr())).IsEmpty());
 }
 
 // --- Late binding
-// -----------------------------------------------------------------------------------
 
 class LateBinding : public FieldFixture {
  protected:
@@ -190,7 +188,7 @@ TEST_F(LateBinding, ReachesAControlsOwnPropertiesFirst) {
   EXPECT_EQ(errorOf([&] { field->Get(u"LastValue"); }), errors::PropertyIsWriteOnly);
 }
 
-TEST_F(LateBinding, ADisabledFieldIsNoTabStop) {
+TEST_F(LateBinding, ADisabledFieldIsNotATabStop) {
   const auto field = widget(*first_);
   show();
   EXPECT_TRUE(get(field, u"TabStop").toBool());

@@ -1,4 +1,4 @@
-// A control in a form file: its settings, read with no side effects, through Qt's form loader.
+// A control in a form file: its settings, read without side effects, through Qt's form loader.
 #include "tessaria/browse_definition.h"
 #include "tessaria/qt/adodc.h"
 #include "tessaria/qt/text.h"
@@ -64,7 +64,7 @@ TEST_F(Settings, AreReadableVersionedLines) {
   EXPECT_FALSE(holds(*first_, QStringLiteral("TipoControle")));  // the default is not stored
 }
 
-TEST_F(Settings, FillAnotherControl) {
+TEST_F(Settings, CanBeCopiedToAnotherControl) {
   first_->setMascara(QStringLiteral("$$$$.$$"));
   first_->setTipoControle(TsText::Browse);
   first_->setBrowseTable(QStringLiteral("Cidade"));
@@ -77,22 +77,22 @@ TEST_F(Settings, FillAnotherControl) {
   EXPECT_EQ(second_->backColor(), QColor(1, 2, 3));
 }
 
-TEST_F(Settings, AreReadWithNoSideEffects) {
+TEST_F(Settings, AreReadWithoutSideEffects) {
   QStringList told;
   QObject::connect(second_, &TsText::propertyChanged, [&](const QString& name) { told << name; });
   QObject::connect(second_, &TsText::changed, [&] { told << QStringLiteral("changed"); });
   second_->setSettings({"tessaria 1", "Mascara=String:00", "TipoControle=Long:5", "Text=String:9"});
   EXPECT_EQ(told, QStringList());
   EXPECT_EQ(second_->text(), QStringLiteral("9"));
-  EXPECT_FALSE(second_->promptInclude());  // the assignment of type 5 would have set it
+  EXPECT_FALSE(second_->promptInclude());  // assigning type 5 would have set it
 }
 
-TEST_F(Settings, AnEmptyListLeavesANewControl) {
+TEST_F(Settings, AnEmptyListGivesTheStateOfANewControl) {
   first_->setSettings({});
   EXPECT_TRUE(first_->fieldFont().bold());
 }
 
-TEST_F(Settings, ABrokenListSaysWhatIsWrong) {
+TEST_F(Settings, AnInvalidListReportsWhatIsWrong) {
   first_->setMascara(QStringLiteral("00"));
   first_->setSettings({"tessaria 1", "Mascara"});
   ASSERT_EQ(boxes_.boxes().size(), 1u);
@@ -121,7 +121,7 @@ TEST_F(Settings, AFormFileMakesTheControl) {
   EXPECT_EQ(editOf(*field)->accessibleName(), QStringLiteral("CPF"));
 }
 
-TEST_F(Settings, TheSettingsAreAllThatAFormFileNeeds) {
+TEST_F(Settings, AFormFileNeedsOnlyTheSettings) {
   const auto form = loadForm(formWith(kStored));
   ASSERT_NE(form, nullptr);
   auto* field = form->findChild<TsText*>(QStringLiteral("txtCPF"));

@@ -1,4 +1,4 @@
-// Every signal of the host's widgets with a handler that throws: the program goes on.
+// Every signal of the host's widgets with a handler that throws: the program continues.
 #include <QApplication>
 #include <QMetaMethod>
 #include <QTest>
@@ -16,7 +16,7 @@
 namespace tessaria::qt::tests {
 namespace {
 
-/// Closes whatever is modal, boxes that nobody is told of too.
+/// Closes whatever is modal, including boxes that are not reported.
 class Closer final : public QObject {
  public:
   Closer() { startTimer(1); }
@@ -60,7 +60,7 @@ class Signals : public testing::TestWithParam<Thrower> {
     const auto value = data_->recordSet()->Fields().Item(u"Nome")->Value();
     return QString::fromStdU16String(*value.TryGet<String>());
   }
-  /// Has every signal of the class caused once while its handler throws.
+  /// Causes every signal of the class once while its handler throws.
   template <class Sender>
   void check(Sender* sender, const std::map<QByteArray, std::function<void()>>& causes) {
     const QMetaObject& meta = Sender::staticMetaObject;
@@ -168,7 +168,7 @@ TEST_P(Signals, OfAField) {
                  {"propertyChanged", [&] { field_->setMaxLength(20); }},
                  {"shown",
                   [&] {
-                    // Once for each field: this one has been shown.
+                    // Raised once for each field: this one was already shown.
                     QWidget form;
                     auto* fresh = new TsText(&form);
                     QObject::connect(fresh, &TsText::shown, field_, &TsText::shown);

@@ -46,7 +46,7 @@ class QtTextBox final : public TextBoxDriver {
   }
   void Type(const String& text) override {
     for (const QString& character : qt::charactersOf(qt::toQt(text))) {
-      // Keys with an accent arrive as what an input method composed, but for a direct key.
+      // Keys with an accent arrive as text of an input method, except for a direct key.
       if (character == QStringLiteral("á") || character.size() > 1)
         qt::tests::commit(window_, character);
       else

@@ -1,4 +1,4 @@
-// Keys into masked and unmasked fields, as the operator's keyboard sends them.
+// Typing into masked and unmasked fields, with keys as the operator's keyboard sends them.
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
@@ -136,7 +136,7 @@ TEST_F(Typing, AHandlerChangesAKey) {
   EXPECT_EQ(first_->text(), QStringLiteral("Bb"));
 }
 
-TEST_F(Typing, AHandlerSwallowsAKey) {
+TEST_F(Typing, AHandlerDiscardsAKey) {
   QObject::connect(first_, &TsText::keyDown, [](qint16& code, qint16&) {
     if (code == 'A') code = 0;
   });
@@ -166,7 +166,7 @@ TEST_F(Typing, AutoRepeatPressesRepeatedlyAndReleasesOnce) {
   EXPECT_EQ(first_->text(), QStringLiteral("aaaa"));
 }
 
-TEST_F(Typing, OfATabOnlyTheReleaseReachesTheFieldThatItLedTo) {
+TEST_F(Typing, OnlyTheReleaseOfATabReachesTheFieldThatItMovesTo) {
   std::vector<int> keys;
   QObject::connect(second_, &TsText::keyDown, [&] { keys.push_back(0); });
   QObject::connect(second_, &TsText::keyUp, [&](qint16& code) { keys.push_back(code); });
@@ -176,7 +176,7 @@ TEST_F(Typing, OfATabOnlyTheReleaseReachesTheFieldThatItLedTo) {
   EXPECT_THAT(keys, testing::ElementsAre(9));
 }
 
-TEST_F(Typing, AReleaseWhosePressWasElsewhereIsAnEventOfTheFieldAndNoneOfItsBox) {
+TEST_F(Typing, AReleaseWhosePressWasElsewhereIsAnEventOfTheFieldButNotOfItsBox) {
   int ups = 0;
   QObject::connect(first_, &TsText::keyUp, [&] { ++ups; });
   show();
@@ -214,7 +214,7 @@ TEST_F(Typing, ClipboardKeysAreRefusedInAMaskedField) {
 }
 
 // It has no character that the filter could refuse.
-TEST_F(Typing, ControlInsertCopiesFromAMaskedFieldToo) {
+TEST_F(Typing, ControlInsertAlsoCopiesFromAMaskedField) {
   first_->setMascara(QStringLiteral("0000"));
   show();
   type(*window_, QStringLiteral("1234"));
@@ -224,7 +224,7 @@ TEST_F(Typing, ControlInsertCopiesFromAMaskedFieldToo) {
   EXPECT_EQ(first_->text(), QStringLiteral("1234"));
 }
 
-// Its character is 1, which no slot takes: Home and Shift+End select all there.
+// Its character is 1, which no slot takes: Home and Shift+End select all instead.
 TEST_F(Typing, ControlASelectsNothingInAMaskedField) {
   first_->setMascara(QStringLiteral("0000"));
   show();
@@ -263,8 +263,8 @@ TEST_F(Typing, UndoTakesBackAPasteAndADrop) {
   EXPECT_EQ(first_->text(), QStringLiteral("abc"));
 }
 
-// AltGr with Q types a slash on the Brazilian layout; AltGr comes up ahead of the key.
-TEST_F(Typing, AKeyComesUpUnderTheCodeOfItsPress) {
+// AltGr with Q types a slash on the Brazilian layout; AltGr is released before the key.
+TEST_F(Typing, AKeyUpHasTheCodeOfItsKeyDown) {
   std::vector<std::string> keys;
   QObject::connect(first_, &TsText::keyDown,
                    [&](qint16& code) { keys.push_back("down " + std::to_string(code)); });
@@ -319,8 +319,8 @@ TEST_F(Typing, MaxLengthHoldsForKeysPasteAndDrop) {
   EXPECT_EQ(first_->text(), QStringLiteral("wxy"));
 }
 
-// The letter stands, the error surfaces, the program runs on.
-TEST_F(Typing, ALetterInAPathFieldWithoutASeparatorShowsAnErrorAndStays) {
+// The letter stays, the error is shown, and the program continues.
+TEST_F(Typing, ALetterInAPathFieldWithoutASeparatorShowsAnErrorAndIsKept) {
   int number = 0;
   QObject::connect(first_, &TsText::unhandledError, [&](int n, const QString&) { number = n; });
   first_->setTipoControle(TsText::Diretorio);

@@ -1,4 +1,4 @@
-// Twips and pixels, at this screen's density and at others.
+// Twips and pixels, at the density of this screen and at others.
 #include "hosts/qt/conversion/units.h"
 
 #include <gtest/gtest.h>
@@ -47,7 +47,7 @@ TEST(Units, TheTwoDirectionsHaveTheirOwnDensity) {
   EXPECT_EQ(twipsY(10, widget), 100);
 }
 
-TEST(Units, PixelsComeBackFromTwipsAtAnyDensity) {
+TEST(Units, PixelsConvertToTwipsAndBackAtAnyDensity) {
   for (int dpi : {72, 96, 101, 120, 144, 192, 240}) {
     const DenseWidget widget(dpi, dpi);
     for (int pixels = 0; pixels < 400; ++pixels)
@@ -55,7 +55,7 @@ TEST(Units, PixelsComeBackFromTwipsAtAnyDensity) {
   }
 }
 
-// Run at a scale of 2 as well: the logical sizes are the same there.
+// These also run at a scale of 2: the logical sizes are the same.
 class Geometry : public FieldFixture {};
 
 TEST_F(Geometry, AFieldIsLaidOutInTwipsAtAnyScale) {
@@ -69,7 +69,7 @@ TEST_F(Geometry, AFieldIsLaidOutInTwipsAtAnyScale) {
   EXPECT_EQ(twipsX(field.width() - editOf(field)->width(), field), 360);
 }
 
-TEST_F(Geometry, TheScaleIsTheOneAskedFor) {
+TEST_F(Geometry, TheScaleIsTheRequestedOne) {
   const double wanted = qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble();
   EXPECT_DOUBLE_EQ(window_->devicePixelRatioF(), wanted);
 }

@@ -1,4 +1,4 @@
-// Values on their way between the core and Qt keep all their digits.
+// Values that are converted between the core and Qt keep all their digits.
 #include "tessaria/qt/variants.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace {
 
 Variant exact(const char16_t* text) { return ExactDecimal(Variant(text)); }
 
-TEST(Variants, WholeNumbersOf64BitsComeInExactly) {
+TEST(Variants, WholeNumbersOf64BitsAreReadExactly) {
   EXPECT_EQ(toVariant(QVariant(7)).Type(), Variant::Kind::Long);
   EXPECT_EQ(toVariant(QVariant(qulonglong{7})).Type(), Variant::Kind::Long);
   const std::pair<QVariant, const char16_t*> rows[] = {
@@ -29,7 +29,7 @@ TEST(Variants, WholeNumbersOf64BitsComeInExactly) {
   }
 }
 
-TEST(Variants, ExactNumbersGoOutAsADoubleWhereThatHasAllTheirDigits) {
+TEST(Variants, ExactNumbersBecomeADoubleIfItHoldsAllTheirDigits) {
   for (const char16_t* text : {u"12,5", u"0,1", u"123456789012345", u"-3"}) {
     EXPECT_EQ(toQVariant(exact(text)).typeId(), QMetaType::Double);
     EXPECT_EQ(CStr(toVariant(toQVariant(exact(text)))), text);
@@ -44,7 +44,7 @@ TEST(Variants, ExactNumbersGoOutAsADoubleWhereThatHasAllTheirDigits) {
             QVariant(QStringLiteral("922337203685477,5807")));
 }
 
-TEST(Variants, EachExactNumberComesBackAsItself) {
+TEST(Variants, EachExactNumberConvertsBackToItself) {
   for (const char16_t* text :
        {u"12,5", u"9007199254740993", u"0,1234567890123456789", u"79228162514264337593543950335"})
     EXPECT_TRUE(IsSameNumber(ExactDecimal(toVariant(toQVariant(exact(text)))), exact(text)));

@@ -1,4 +1,4 @@
-// A connection that hands every statement on to another one, and lets a test act meanwhile.
+// A connection that passes every statement to another one, and lets a test act meanwhile.
 #pragma once
 
 #include <QThread>
@@ -14,9 +14,9 @@ class WatchedConnection final : public host::Connection {
  public:
   explicit WatchedConnection(host::ConnectionPtr real) : real_(std::move(real)) {}
 
-  /// Runs while each statement is under way, on the form's thread, with no event loop.
+  /// Runs while each statement is executed, on the form's thread, without an event loop.
   std::function<void(const String& statement)> during;
-  /// How long each statement takes at the least, in milliseconds.
+  /// The minimum duration of each statement, in milliseconds.
   unsigned long delay = 0;
   /// The statements since the last call.
   std::vector<String> takeStatements() { return std::exchange(statements_, {}); }
