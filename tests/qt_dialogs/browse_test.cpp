@@ -1,4 +1,4 @@
-// The list of a lookup, worked by keyboard and by mouse.
+// The list of a lookup, used by keyboard and by mouse.
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -47,7 +47,7 @@ TEST_F(BrowseWindow, ShowsWhatTheDefinitionSays) {
   });
 }
 
-TEST_F(BrowseWindow, OpensWideEnoughForItsColumnsAndNoWiderThanTheScreen) {
+TEST_F(BrowseWindow, OpensWideEnoughForItsColumnsButNotWiderThanTheScreen) {
   look([](QDialog& w) {
     EXPECT_FALSE(view(w).horizontalScrollBar()->isVisible());
     press(w, Qt::Key_Escape);
@@ -60,7 +60,7 @@ TEST_F(BrowseWindow, OpensWideEnoughForItsColumnsAndNoWiderThanTheScreen) {
   });
 }
 
-TEST_F(BrowseWindow, HiddenColumnsDoNotShow) {
+TEST_F(BrowseWindow, HiddenColumnsAreNotShown) {
   columns_.Item(2)->Visible(false);
   look([](QDialog& w) {
     EXPECT_TRUE(view(w).isColumnHidden(1));
@@ -69,7 +69,7 @@ TEST_F(BrowseWindow, HiddenColumnsDoNotShow) {
   });
 }
 
-TEST_F(BrowseWindow, TheKeyboardAloneChooses) {
+TEST_F(BrowseWindow, ARowCanBeChosenByKeyboardAlone) {
   EXPECT_EQ(look([](QDialog& w) {
               EXPECT_EQ(w.focusWidget(), &view(w));
               press(w, Qt::Key_Down);
@@ -79,7 +79,7 @@ TEST_F(BrowseWindow, TheKeyboardAloneChooses) {
             QStringLiteral("15"));
 }
 
-TEST_F(BrowseWindow, TheMouseAloneChooses) {
+TEST_F(BrowseWindow, AnEntryCanBeChosenByMouseAlone) {
   EXPECT_EQ(look([](QDialog& w) { clickCell(w, 2, true); }), QStringLiteral("7"));
   EXPECT_EQ(look([](QDialog& w) {
               clickCell(w, 3);
@@ -98,7 +98,7 @@ TEST_F(BrowseWindow, OpensOnTheRowOfTheValue) {
             QStringLiteral("7"));
 }
 
-TEST_F(BrowseWindow, EveryWayOutWithoutAChoiceGivesTheOldValue) {
+TEST_F(BrowseWindow, EveryWayToCancelReturnsTheOldValue) {
   const ModalDriver::Script ways[] = {
       [](QDialog& w) { press(w, Qt::Key_Escape); },
       [](QDialog& w) { w.close(); },
@@ -119,7 +119,7 @@ TEST_F(BrowseWindow, EveryWayOutWithoutAChoiceGivesTheOldValue) {
               QStringLiteral("15"));
 }
 
-TEST_F(BrowseWindow, HomeAndEndAndControlWithThePageKeysGoToTheEnds) {
+TEST_F(BrowseWindow, HomeEndAndControlWithThePageKeysGoToTheEnds) {
   look([](QDialog& w) {
     press(w, Qt::Key_End);
     EXPECT_EQ(currentRow(w), 3);
@@ -133,7 +133,7 @@ TEST_F(BrowseWindow, HomeAndEndAndControlWithThePageKeysGoToTheEnds) {
   });
 }
 
-TEST_F(BrowseWindow, ALetterJumpsAndTheListShowsWhereItLed) {
+TEST_F(BrowseWindow, ALetterJumpsAndTheListShowsTheRow) {
   std::swap(rows_.Columns[0], rows_.Columns[1]);
   for (auto& row : rows_.Cells) std::swap(row[0], row[1]);
   look([](QDialog& w) {
@@ -147,7 +147,7 @@ TEST_F(BrowseWindow, ALetterJumpsAndTheListShowsWhereItLed) {
   });
 }
 
-TEST_F(BrowseWindow, AClickOnAHeaderSortsAndTheHeaderSaysSo) {
+TEST_F(BrowseWindow, AClickOnAHeaderSortsAndTheHeaderShowsIt) {
   look([](QDialog& w) {
     const auto& header = *view(w).horizontalHeader();
     EXPECT_FALSE(header.isSortIndicatorShown());
@@ -163,7 +163,7 @@ TEST_F(BrowseWindow, AClickOnAHeaderSortsAndTheHeaderSaysSo) {
   });
 }
 
-TEST_F(BrowseWindow, TabGoesRoundItsWidgets) {
+TEST_F(BrowseWindow, TabCyclesThroughItsWidgets) {
   addSearch(0, u"Nome");
   look([](QDialog& w) {
     QWidget* const round[] = {&at(w, QStringLiteral("btnConfirmar")),
@@ -176,7 +176,7 @@ TEST_F(BrowseWindow, TabGoesRoundItsWidgets) {
   });
 }
 
-TEST_F(BrowseWindow, GrowsWithItsWindowAndKeepsItsButtonsInSight) {
+TEST_F(BrowseWindow, GrowsWithItsWindowAndKeepsItsButtonsVisible) {
   look([](QDialog& w) {
     const QSize before = view(w).size();
     w.resize(w.size() + QSize(100, 80));
@@ -202,7 +202,7 @@ TEST_F(BrowseWindow, TheMenuShowsItsKeys) {
   });
 }
 
-TEST_F(BrowseWindow, WithNoSearchTheButtonIsDisabled) {
+TEST_F(BrowseWindow, WithoutASearchTheButtonIsDisabled) {
   look([](QDialog& w) {
     EXPECT_FALSE(searchButton(w).isEnabled());
     press(w, Qt::Key_Escape);
@@ -230,7 +230,7 @@ TEST_F(BrowseWindow, TheMenuOpensAndChoosesByTheKeyboard) {
   });
 }
 
-TEST_F(BrowseWindow, ASearchAsksNarrowsTheListAndComesBackToIt) {
+TEST_F(BrowseWindow, ASearchPromptsNarrowsTheListAndReturnsToIt) {
   addSearch(0, u"Nome");
   const auto all = rows_;
   look([&](QDialog& w) {
@@ -266,7 +266,7 @@ TEST_F(BrowseWindow, ControlWithADigitSearchesFromAnyWidget) {
   });
 }
 
-TEST_F(BrowseWindow, ASearchThatFindsNothingLeavesNothingToConfirm) {
+TEST_F(BrowseWindow, AfterASearchThatFindsNothingNothingCanBeConfirmed) {
   addSearch(0, u"Nome");
   EXPECT_EQ(look(
                 [&](QDialog& w) {
@@ -285,7 +285,7 @@ TEST_F(BrowseWindow, ASearchThatFindsNothingLeavesNothingToConfirm) {
             QStringLiteral("7"));
 }
 
-TEST_F(BrowseWindow, ARefusedSearchIsToldOverTheList) {
+TEST_F(BrowseWindow, ARefusedSearchIsReportedOverTheList) {
   addSearch(0, u"Nome");
   look([&](QDialog& w) {
     driver_.willShow(QStringLiteral("frmTsPesquisa"), [this](QDialog& prompt) {
@@ -301,7 +301,7 @@ TEST_F(BrowseWindow, ARefusedSearchIsToldOverTheList) {
   EXPECT_TRUE(boxes_.boxes()[0].text.startsWith(QStringLiteral("coluna não existe")));
 }
 
-TEST_F(BrowseWindow, TheFormClosedUnderAPromptTakesListAndPromptAlong) {
+TEST_F(BrowseWindow, ClosingTheFormUnderAPromptClosesListAndPrompt) {
   addSearch(0, u"Nome");
   EXPECT_EQ(look(
                 [&](QDialog& w) {
@@ -314,7 +314,7 @@ TEST_F(BrowseWindow, TheFormClosedUnderAPromptTakesListAndPromptAlong) {
             QStringLiteral("7"));
 }
 
-TEST_F(BrowseWindow, AConnectionThatDropsIsToldByTheNextReload) {
+TEST_F(BrowseWindow, ALostConnectionIsReportedByTheNextReload) {
   addSearch(0, u"Nome");
   look([&](QDialog& w) {
     connection_->Drop();

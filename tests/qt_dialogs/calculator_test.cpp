@@ -1,4 +1,4 @@
-// The calculator's window, worked by keyboard and by mouse.
+// The calculator's window, used by keyboard and by mouse.
 #include "pickers/calculator.h"
 
 #include <QAccessible>
@@ -32,13 +32,13 @@ class CalculatorWindow : public DialogFixture {
   }
 };
 
-TEST_F(CalculatorWindow, IsWorkedByTheKeyboard) {
+TEST_F(CalculatorWindow, CanBeUsedByKeyboard) {
   EXPECT_EQ(run([](QDialog& w) { strike(w, QStringLiteral("2+3=")); }), QStringLiteral("5"));
   EXPECT_EQ(run([](QDialog& w) { strike(w, QStringLiteral("50x20%=")); }), QStringLiteral("10"));
   EXPECT_EQ(run([](QDialog& w) { strike(w, QStringLiteral("1,5*2=")); }), QStringLiteral("3"));
 }
 
-TEST_F(CalculatorWindow, IsWorkedByTheNumericKeypad) {
+TEST_F(CalculatorWindow, CanBeUsedByNumericKeypad) {
   const auto keypad = Qt::KeypadModifier;
   EXPECT_EQ(run([&](QDialog& w) {
               strike(w, QStringLiteral("12,5/5-1*4"), keypad);
@@ -111,7 +111,7 @@ TEST_F(CalculatorWindow, ItsSignsHaveNames) {
   });
 }
 
-TEST_F(CalculatorWindow, ReadersOfTheScreenFindTheDisplaysText) {
+TEST_F(CalculatorWindow, ScreenReadersFindTheTextOfTheDisplay) {
   run([](QDialog& w) {
     auto* display = QAccessible::queryAccessibleInterface(&at(w, QStringLiteral("txtVisor")));
     strike(w, QStringLiteral("4*25"));
@@ -121,7 +121,7 @@ TEST_F(CalculatorWindow, ReadersOfTheScreenFindTheDisplaysText) {
   });
 }
 
-TEST_F(CalculatorWindow, IsWorkedByTheMouse) {
+TEST_F(CalculatorWindow, CanBeUsedByMouse) {
   EXPECT_EQ(run([](QDialog& w) {
               click(digit(w, 8));
               click(at(w, QStringLiteral("btnDecimal")));
@@ -143,7 +143,7 @@ TEST_F(CalculatorWindow, EscapeAndTheCloseButtonKeepWhatTheDisplayShows) {
   EXPECT_EQ(run([](QDialog& w) { w.close(); }, u"1234,5"), QStringLiteral("1234,5"));
 }
 
-TEST_F(CalculatorWindow, BackspaceStartsOverAndTheDigitButtonsHaveTheirOwnKeys) {
+TEST_F(CalculatorWindow, BackspaceClearsAndTheDigitButtonsHaveTheirOwnKeys) {
   run([](QDialog& w) {
     strike(w, QStringLiteral("42"));
     press(w, Qt::Key_Backspace);
@@ -153,7 +153,7 @@ TEST_F(CalculatorWindow, BackspaceStartsOverAndTheDigitButtonsHaveTheirOwnKeys) 
   });
 }
 
-TEST_F(CalculatorWindow, ADivisionByZeroIsToldAndTheWindowGoesOn) {
+TEST_F(CalculatorWindow, ADivisionByZeroIsReportedAndTheWindowStaysOpen) {
   EXPECT_EQ(run([](QDialog& w) { strike(w, QStringLiteral("5/0+1=")); }), QStringLiteral("6"));
   EXPECT_EQ(boxes_.takeTexts(), QStringList{QStringLiteral("Erro, Divisão por zero impossível")});
 }

@@ -1,4 +1,4 @@
-// The calendar's window, worked by keyboard and by mouse.
+// The calendar's window, used by keyboard and by mouse.
 #include "pickers/calendar.h"
 
 #include <QAbstractItemView>
@@ -38,7 +38,7 @@ class CalendarWindow : public DialogFixture {
     EXPECT_EQ(window.focusWidget(), &at(window, QStringLiteral("qt_calendar_yearedit")));
     strike(window, year);
   }
-  /// Presses the mouse on a day of the month that shows.
+  /// Presses the mouse on a day of the month that is shown.
   static void clickDay(QDialog& window, int day) {
     auto& view = days(window);
     const auto& model = *view.model();
@@ -52,11 +52,11 @@ class CalendarWindow : public DialogFixture {
   }
 };
 
-TEST_F(CalendarWindow, EnterGivesTheDayThatStandsSelected) {
+TEST_F(CalendarWindow, EnterReturnsTheSelectedDay) {
   EXPECT_EQ(run([](QDialog& w) { press(w, Qt::Key_Return); }), QStringLiteral("15/03/2021"));
 }
 
-TEST_F(CalendarWindow, EscapeAndTheCloseButtonGiveItToo) {
+TEST_F(CalendarWindow, EscapeAndTheCloseButtonAlsoReturnIt) {
   EXPECT_EQ(run([](QDialog& w) {
               press(w, Qt::Key_Right);
               press(w, Qt::Key_Escape);
@@ -85,7 +85,7 @@ TEST_F(CalendarWindow, AClickOnADayCloses) {
   EXPECT_EQ(run([](QDialog& w) { clickDay(w, 20); }), QStringLiteral("20/03/2021"));
 }
 
-TEST_F(CalendarWindow, TurningThePageTakesTheSelectionAlong) {
+TEST_F(CalendarWindow, ChangingThePageMovesTheSelection) {
   EXPECT_EQ(run(
                 [](QDialog& w) {
                   auto* next = w.findChild<QToolButton*>(QStringLiteral("qt_calendar_nextmonth"));
@@ -97,7 +97,7 @@ TEST_F(CalendarWindow, TurningThePageTakesTheSelectionAlong) {
             QStringLiteral("28/02/2021"));
 }
 
-TEST_F(CalendarWindow, TheYearIsTypedAndTakenByEnter) {
+TEST_F(CalendarWindow, ATypedYearIsAcceptedByEnter) {
   EXPECT_EQ(run([](QDialog& w) {
               typeYear(w, QStringLiteral("2019"));
               press(w, Qt::Key_Return);
@@ -110,7 +110,7 @@ TEST_F(CalendarWindow, TheYearIsTypedAndTakenByEnter) {
             QStringLiteral("16/03/2019"));
 }
 
-TEST_F(CalendarWindow, EscapeDropsTheYearThatIsTyped) {
+TEST_F(CalendarWindow, EscapeDiscardsATypedYear) {
   EXPECT_EQ(run([](QDialog& w) {
               typeYear(w, QStringLiteral("2019"));
               press(w, Qt::Key_Escape);
@@ -122,7 +122,7 @@ TEST_F(CalendarWindow, EscapeDropsTheYearThatIsTyped) {
             QStringLiteral("15/03/2021"));
 }
 
-TEST_F(CalendarWindow, AClickOnADayTakesTheYearThatIsTypedFirst) {
+TEST_F(CalendarWindow, AClickOnADayAcceptsTheTypedYearFirst) {
   EXPECT_EQ(run([](QDialog& w) {
               typeYear(w, QStringLiteral("2019"));
               clickDay(w, 20);
@@ -153,7 +153,7 @@ TEST_F(CalendarWindow, ItsPartsHaveNames) {
   });
 }
 
-TEST_F(CalendarWindow, SpeaksPortugueseAndItsWeekBeginsOnSunday) {
+TEST_F(CalendarWindow, IsInPortugueseAndItsWeekBeginsOnSunday) {
   run([](QDialog& w) {
     EXPECT_EQ(calendar(w).firstDayOfWeek(), Qt::Sunday);
     const auto& model = *days(w).model();

@@ -17,7 +17,7 @@
 
 namespace tessaria::qt::tests {
 
-/// The table holds so many customers; the first page of the list is far shorter.
+/// The number of customers in the table; the first page of the list is far shorter.
 inline constexpr int kCustomers = 20'000;
 
 class DatabaseListFixture : public DialogFixture {
@@ -65,7 +65,7 @@ class DatabaseListFixture : public DialogFixture {
 
   static test::PostgresCluster& server() { return test::PostgresCluster::Shared(); }
 
-  /// Opens the list from the field by its key and works it.
+  /// Opens the list from the field with its key and runs the script in it.
   void look(ModalDriver::Script script) {
     driver_.willShow(QStringLiteral("frmBrowse"), std::move(script));
     openList();
@@ -108,7 +108,7 @@ class DatabaseListFixture : public DialogFixture {
 
   host::ConnectionPtr connection_ = odbc::CreateConnection();
   TsText* description_ = nullptr;
-  QLineEdit* other_ = nullptr;  ///< a widget that is no field of ours
+  QLineEdit* other_ = nullptr;  ///< a widget that is not a field of the library
 };
 
 }  // namespace tessaria::qt::tests

@@ -1,4 +1,4 @@
-// A form with a field, and the windows that open over it.
+// A form with a field, for tests of the windows that open over it.
 #pragma once
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Dialogs come to the front, and are closed by their frame.
+// Dialogs that come to the front or are closed by their frame.
 #include <QMenu>
 #include <QTest>
 
@@ -23,7 +23,7 @@ class DialogFront : public DialogFixture {
   host::DialogPtr dialog_ = TheDesktop().MakeDialog(kFrontDescription);
 };
 
-TEST_F(DialogFront, AreActivatedEachTimeThatTheyComeToTheFront) {
+TEST_F(DialogFront, AreActivatedEachTimeTheyComeToTheFront) {
   int activations = 0;
   dialog_->OnActivate = [&] { ++activations; };
   show([&](QDialog& window) {
@@ -41,7 +41,7 @@ TEST_F(DialogFront, AreActivatedEachTimeThatTheyComeToTheFront) {
   EXPECT_EQ(activations, 4);
 }
 
-TEST_F(DialogFront, AMenuOverThemIsNoNewActivation) {
+TEST_F(DialogFront, AMenuOverThemDoesNotActivateThemAgain) {
   int activations = 0;
   dialog_->OnActivate = [&] { ++activations; };
   show([&](QDialog& window) {
@@ -56,7 +56,7 @@ TEST_F(DialogFront, AMenuOverThemIsNoNewActivation) {
   });
 }
 
-TEST_F(DialogFront, TheFrameAsksAHandlerFirst) {
+TEST_F(DialogFront, ClosingByTheFrameAsksAHandlerFirst) {
   int requests = 0;
   dialog_->OnCloseRequest = [&] {
     if (++requests == 2) dialog_->Hide();

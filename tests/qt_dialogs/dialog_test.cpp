@@ -1,4 +1,4 @@
-// What every dialog does in Qt: life, place, keys, buttons.
+// What every dialog does in Qt: lifetime, position, keys, buttons.
 #include <QApplication>
 #include <QClipboard>
 #include <QPushButton>
@@ -77,7 +77,7 @@ TEST_F(DialogWindows, AreBuiltFromTheirDescription) {
   });
 }
 
-TEST_F(DialogWindows, TellTheirEventsInOrder) {
+TEST_F(DialogWindows, RaiseTheirEventsInOrder) {
   dialog_->OnResize = [&] { log_.push_back("resize"); };
   dialog_->OnActivate = [&] { log_.push_back("activate"); };
   dialog_->Width(9000);
@@ -96,22 +96,22 @@ TEST_F(DialogWindows, TellTheirEventsInOrder) {
               ElementsAre("resize", "activate", "work", "activate", "work", "activate", "resize"));
 }
 
-TEST_F(DialogWindows, OneThatItsActivationHidesReturnsAtOnce) {
+TEST_F(DialogWindows, OneHiddenByItsActivationReturnsAtOnce) {
   dialog_->OnActivate = [&] { dialog_->Hide(); };
   dialog_->ShowModal();
   EXPECT_TRUE(owner_->isVisible());
 }
 
-TEST_F(DialogWindows, OneThatShowsCannotBeShownAgain) {
+TEST_F(DialogWindows, OneThatIsOpenCannotBeShownAgain) {
   show([&](QDialog& window) {
     EXPECT_EQ(errorOf([&] { dialog_->ShowModal(); }), 400);
     window.close();
   });
 }
 
-// --- Life ---------------------------------------------------------------------------------------
+// --- Lifetime -----------------------------------------------------------------------------------
 
-TEST_F(DialogWindows, OneThatIsDestroyedInsideItsLoopHidesAtOnceAndRaisesNothingMore) {
+TEST_F(DialogWindows, OneDestroyedInsideItsLoopHidesAtOnceAndRaisesNoMoreEvents) {
   button(0).OnClick = [&] {
     dialog_.reset();
     log_.push_back("destroyed");
@@ -148,7 +148,7 @@ TEST_F(DialogWindows, DestroyingTheFormUnderOneClosesIt) {
   EXPECT_TRUE(kept);
 }
 
-TEST_F(DialogWindows, OneOverAnotherGoesWithIt) {
+TEST_F(DialogWindows, OneOverAnotherClosesWithIt) {
   const auto second = TheDesktop().MakeDialog(kDialogDescription);
   button(0).OnClick = [&] {
     second->ShowModal();
@@ -165,7 +165,7 @@ TEST_F(DialogWindows, OneOverAnotherGoesWithIt) {
   EXPECT_THAT(log_, ElementsAre("back"));
 }
 
-TEST_F(DialogWindows, AnErrorOfAHandlerIsShownAndTheWindowGoesOn) {
+TEST_F(DialogWindows, AnErrorOfAHandlerIsShownAndTheWindowStaysOpen) {
   button(0).OnClick = [] { throw HostError(errors::TypeMismatch); };
   show([&](QDialog& window) {
     click(buttonOf(window, 0));
@@ -177,7 +177,7 @@ TEST_F(DialogWindows, AnErrorOfAHandlerIsShownAndTheWindowGoesOn) {
   EXPECT_EQ(boxes_.boxes()[0].owner, QStringLiteral("frmTeste"));
 }
 
-TEST_F(DialogWindows, TheFocusComesBackToTheFieldWithNoNewEnter) {
+TEST_F(DialogWindows, TheFocusReturnsToTheFieldWithoutANewEnter) {
   field_->setValue(QStringLiteral("abc"));
   editOf(*field_)->setCursorPosition(1);
   int returns = 0;
@@ -192,7 +192,7 @@ TEST_F(DialogWindows, TheFocusComesBackToTheFieldWithNoNewEnter) {
   EXPECT_EQ(returns, 0);
 }
 
-TEST_F(DialogWindows, ABoxOfTheFormUnderOneLiesOverIt) {
+TEST_F(DialogWindows, ABoxOfTheFormUnderADialogIsShownOverTheDialog) {
   show([this](QDialog& window) {
     boxes_.whileOpen = [] {
       EXPECT_EQ(QApplication::activeModalWidget()->parentWidget()->objectName(),
@@ -207,7 +207,7 @@ TEST_F(DialogWindows, ABoxOfTheFormUnderOneLiesOverIt) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList{QStringLiteral("Cuidado")});
 }
 
-TEST_F(DialogWindows, ABoxOverOneClosesWithTheFormThatItStandsFor) {
+TEST_F(DialogWindows, ABoxOverADialogClosesWithItsForm) {
   for (const bool isDestroyed : {false, true}) {
     show([&](QDialog& window) {
       boxes_.whileOpen = [&] { isDestroyed ? owner_.reset() : owner_->hide(); };
@@ -219,7 +219,7 @@ TEST_F(DialogWindows, ABoxOverOneClosesWithTheFormThatItStandsFor) {
   }
 }
 
-TEST_F(DialogWindows, ABoxOfAWindowThatOneOwnsStaysThere) {
+TEST_F(DialogWindows, ABoxOfAWindowOwnedByADialogStaysThere) {
   show([](QDialog& window) {
     QWidget palette(&window, Qt::Tool);
     palette.setObjectName(QStringLiteral("frmPaleta"));
@@ -230,9 +230,9 @@ TEST_F(DialogWindows, ABoxOfAWindowThatOneOwnsStaysThere) {
   EXPECT_EQ(boxes_.boxes().back().owner, QStringLiteral("frmPaleta"));
 }
 
-// --- Place --------------------------------------------------------------------------------------
+// --- Position -----------------------------------------------------------------------------------
 
-TEST_F(DialogWindows, KeepTheNumbersOfTheirPlace) {
+TEST_F(DialogWindows, KeepTheNumbersOfTheirPosition) {
   dialog_->Left(1007);
   dialog_->Top(2003);
   EXPECT_EQ(dialog_->Left(), 1007);
@@ -243,7 +243,7 @@ TEST_F(DialogWindows, KeepTheNumbersOfTheirPlace) {
   });
 }
 
-TEST_F(DialogWindows, StayOnTheScreenWhateverTheirPlace) {
+TEST_F(DialogWindows, StayOnTheScreenWhateverTheirPosition) {
   const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
   for (const Long place : {-9000, 90000}) {
     dialog_->Left(place);
@@ -255,7 +255,7 @@ TEST_F(DialogWindows, StayOnTheScreenWhateverTheirPlace) {
   }
 }
 
-TEST_F(DialogWindows, OneWithNoPlaceOpensOverTheMiddleOfItsForm) {
+TEST_F(DialogWindows, OneWithoutAPositionOpensOverTheMiddleOfItsForm) {
   owner_->setGeometry(200, 300, 300, 200);
   settleEvents();
   show([&](QDialog& window) {
@@ -297,7 +297,7 @@ TEST_F(DialogWindows, KeysReachTheWindowBeforeTheWidget) {
                                 "window down 49 2", "button down 49"));
 }
 
-TEST_F(DialogWindows, AKeyThatTheWindowTakesGoesNoFurther) {
+TEST_F(DialogWindows, AKeyThatTheWindowHandlesGoesNoFurther) {
   button(0).OnClick = [&] { log_.push_back("click"); };
   button(0).OnKeyPress = [&](Integer&) { log_.push_back("press"); };
   show([&](QDialog& window) {
@@ -310,7 +310,7 @@ TEST_F(DialogWindows, AKeyThatTheWindowTakesGoesNoFurther) {
   EXPECT_THAT(log_, ElementsAre("press", "click"));
 }
 
-TEST_F(DialogWindows, AFieldsKeysPassTheWindowFirstAndAreToldOnce) {
+TEST_F(DialogWindows, AFieldsKeysReachTheWindowFirstAndAreReportedOnce) {
   auto& field = dialog_->Find<host::DialogField>(u"campo");
   field.OnKeyDown = [&](Integer&, Integer&) { log_.push_back("field down"); };
   field.OnKeyPress = [&](Integer&) { log_.push_back("field press"); };
@@ -330,7 +330,7 @@ TEST_F(DialogWindows, AFieldsKeysPassTheWindowFirstAndAreToldOnce) {
               ElementsAre("window press", "field down", "field press", "change", "window press"));
 }
 
-TEST_F(DialogWindows, AHandlerThatHidesTheWindowEndsTheKey) {
+TEST_F(DialogWindows, AKeyEndsWhenAHandlerHidesTheWindow) {
   dialog_->OnKeyPress = [&](Integer&) { dialog_->Hide(); };
   button(0).OnKeyPress = [&](Integer&) { log_.push_back("press"); };
   button(0).OnClick = [&] { log_.push_back("click"); };
@@ -355,7 +355,7 @@ QRect redOf(QWidget& button) {
   return box;
 }
 
-TEST_F(DialogWindows, AMnemonicIsThePlatformsUnlessTheButtonHasAColour) {
+TEST_F(DialogWindows, AMnemonicIsDrawnByThePlatformUnlessTheButtonHasAColour) {
   button(0).OnClick = [&] { log_.push_back("um"); };
   button(1).OnClick = [&] { log_.push_back("rd"); };
   EXPECT_EQ(button(1).TextColour(), host::colour::WindowText);
@@ -375,7 +375,7 @@ TEST_F(DialogWindows, AMnemonicIsThePlatformsUnlessTheButtonHasAColour) {
   EXPECT_THAT(log_, ElementsAre("um", "rd"));
 }
 
-TEST_F(DialogWindows, AButtonHasTheSystemsFaceUntilItTakesAColour) {
+TEST_F(DialogWindows, AButtonHasTheSystemsFaceUntilItGetsAColour) {
   const auto faceOf = [](QPushButton& button) { return button.palette().color(QPalette::Button); };
   EXPECT_EQ(button(1).BackColor(), host::colour::ButtonFace);
   show([&](QDialog& window) {
@@ -389,7 +389,7 @@ TEST_F(DialogWindows, AButtonHasTheSystemsFaceUntilItTakesAColour) {
   });
 }
 
-TEST_F(DialogWindows, AColouredCaptionSinksByAPixelWithThePressedButton) {
+TEST_F(DialogWindows, AColouredCaptionMovesDownByAPixelWithThePressedButton) {
   button(1).TextColour(255);
   show([&](QDialog& window) {
     QPushButton& face = buttonOf(window, 1);
@@ -402,7 +402,7 @@ TEST_F(DialogWindows, AColouredCaptionSinksByAPixelWithThePressedButton) {
   });
 }
 
-TEST_F(DialogWindows, AColouredCaptionIsWrittenAsItStands) {
+TEST_F(DialogWindows, AColouredCaptionIsDrawnLiterally) {
   const auto widthOf = [&](const char* caption) {
     ColouredButton button(QLatin1String(caption), owner_.get());
     button.resize(120, 40);
@@ -442,7 +442,7 @@ TEST_F(DialogWindows, DisabledAndHiddenWidgetsCannotBeReached) {
   EXPECT_THAT(log_, ElementsAre("click"));
 }
 
-TEST_F(DialogWindows, ADisplayTakesNothingFromTheKeyboard) {
+TEST_F(DialogWindows, ADisplayAcceptsNoKeys) {
   auto& display = dialog_->Find<host::DialogDisplay>(u"visor");
   display.Text(u"12,5");
   show([&](QDialog& window) {
@@ -455,7 +455,7 @@ TEST_F(DialogWindows, ADisplayTakesNothingFromTheKeyboard) {
 
 // --- Desktop ------------------------------------------------------------------------------------
 
-TEST_F(DialogWindows, TheDesktopKnowsTodayAndTheClipboard) {
+TEST_F(DialogWindows, TheDesktopProvidesTodayAndTheClipboard) {
   EXPECT_EQ(toQt(CStr(Variant(TheDesktop().Today()))),
             QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy")));
   TheDesktop().ClipboardText(u"Select *");

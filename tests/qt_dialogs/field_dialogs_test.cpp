@@ -1,4 +1,4 @@
-// The dialogs as a field opens them: by its button and by PageDown, below it, and back.
+// The dialogs of a field: opened by its button and by PageDown, placed below it, and closed.
 #include <QAbstractButton>
 #include <QLineEdit>
 #include <QTemporaryDir>
@@ -12,7 +12,7 @@
 namespace tessaria::qt::tests {
 namespace {
 
-/// Comforts for as long as it lives.
+/// Sets comforts during its lifetime.
 class ComfortsOf {
  public:
   explicit ComfortsOf(const Comforts& on) { setComforts(on); }
@@ -34,7 +34,7 @@ class FieldDialogs : public DialogFixture {
   void open(const char* name, ModalDriver::Script script) {
     driver_.willShow(QLatin1String(name), std::move(script));
   }
-  /// Below the field, and on the screen.
+  /// Checks that the window is below the field.
   void expectBelow(const QDialog& window) {
     const QPoint below = field_->mapToGlobal(QPoint(0, field_->height()));
     EXPECT_GE(window.frameGeometry().top(), below.y());
@@ -45,7 +45,7 @@ class FieldDialogs : public DialogFixture {
   std::shared_ptr<memory::Connection> connection_ = memory::Connection::CreateOpen();
 };
 
-TEST_F(FieldDialogs, TheCalculatorComesByButtonAndByPageDown) {
+TEST_F(FieldDialogs, TheCalculatorOpensByButtonAndByPageDown) {
   field_->setTipoControle(TsText::Calculadora);
   field_->setTipoDado(5);
   field_->setMascara(QStringLiteral("$$$$$$$.$$"));
@@ -60,7 +60,7 @@ TEST_F(FieldDialogs, TheCalculatorComesByButtonAndByPageDown) {
   EXPECT_EQ(field_->text(), QStringLiteral("26,00"));
 }
 
-TEST_F(FieldDialogs, TheCalendarComesByButtonAndByPageDown) {
+TEST_F(FieldDialogs, TheCalendarOpensByButtonAndByPageDown) {
   field_->setTipoControle(TsText::Calendario);
   field_->setTipoDado(7);
   field_->setMascara(QStringLiteral("dd/mm/yyyy"));
@@ -81,7 +81,7 @@ TEST_F(FieldDialogs, TheCalendarComesByButtonAndByPageDown) {
   EXPECT_EQ(field_->text(), QStringLiteral("29/12/2016"));
 }
 
-TEST_F(FieldDialogs, WithTheComfortACalendarThatIsLeftChangesNothing) {
+TEST_F(FieldDialogs, WithTheComfortACancelledCalendarChangesNothing) {
   const ComfortsOf on({.CalendarCancels = true});
   field_->setTipoControle(TsText::Calendario);
   field_->setTipoDado(7);
@@ -107,7 +107,7 @@ TEST_F(FieldDialogs, WithTheComfortACalendarThatIsLeftChangesNothing) {
   EXPECT_EQ(field_->text(), QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy")));
 }
 
-TEST_F(FieldDialogs, TheFolderPickerComesByButtonAndByPageDown) {
+TEST_F(FieldDialogs, TheFolderPickerOpensByButtonAndByPageDown) {
   const QTemporaryDir folder;
   const QString notes = folder.filePath(QStringLiteral("nota.txt"));
   const QString sums = folder.filePath(QStringLiteral("soma.txt"));
@@ -134,7 +134,7 @@ TEST_F(FieldDialogs, TheFolderPickerComesByButtonAndByPageDown) {
   EXPECT_EQ(field_->text(), notes);
 }
 
-TEST_F(FieldDialogs, EscapeLeadsBackToTheFieldByKeyboardAndByMouse) {
+TEST_F(FieldDialogs, EscapeReturnsToTheFieldOpenedByKeyboardOrByMouse) {
   const QTemporaryDir folder;
   QFile file(folder.filePath(QStringLiteral("nota.txt")));
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -175,7 +175,7 @@ TEST_F(FieldDialogs, EscapeLeadsBackToTheFieldByKeyboardAndByMouse) {
   }
 }
 
-TEST_F(FieldDialogs, TheListComesByButtonAndByPageDown) {
+TEST_F(FieldDialogs, TheListOpensByButtonAndByPageDown) {
   connection_->OnStatement = [](const String&) -> memory::Rows {
     return {{{u"codigo", host::type::Integer}, {u"nome"}}, {{Long{1}, u"Ana"}, {Long{2}, u"Bia"}}};
   };

@@ -1,4 +1,4 @@
-// The way through the folder picker by tabs, mnemonics and Enter.
+// Navigation in the folder picker by Tab, mnemonics and Enter.
 #include <QLabel>
 
 #include "tests/qt_dialogs/folder_picker_window.h"
@@ -8,7 +8,7 @@ namespace {
 
 class FolderPickerKeys : public FolderPicker {};
 
-TEST_F(FolderPickerKeys, ComingToTheFilesByTabSelectsOne) {
+TEST_F(FolderPickerKeys, EnteringTheFilesByTabSelectsOne) {
   const auto comeByTab = [](QDialog& w) {
     EXPECT_EQ(files(w).selected(), QString());
     press(w, Qt::Key_Tab);
@@ -53,7 +53,7 @@ TEST_F(FolderPickerKeys, TabGoesFromTopToBottomAndTheFirstFocusIsOnTheFolders) {
   });
 }
 
-TEST_F(FolderPickerKeys, TheNamesOfTheListsLeadToThem) {
+TEST_F(FolderPickerKeys, TheMnemonicsOfTheListsMoveTheFocusToThem) {
   pick(Files, in("Vendas"), [](QDialog& w) {
     const struct {
       int key;
@@ -71,7 +71,7 @@ TEST_F(FolderPickerKeys, TheNamesOfTheListsLeadToThem) {
   });
 }
 
-TEST_F(FolderPickerKeys, WithNoFilesToShowTheirNameIsHiddenToo) {
+TEST_F(FolderPickerKeys, WithoutFilesToShowTheirNameIsAlsoHidden) {
   const auto title = [](QDialog& w) {
     for (auto* label : w.findChildren<QLabel*>())
       if (label->buddy() == &files(w)) return label;

@@ -1,4 +1,4 @@
-// The picker of folders and files, worked by keyboard and by mouse.
+// The folder and file picker, used by keyboard and by mouse.
 #include "tests/qt_dialogs/folder_picker_window.h"
 #ifdef Q_OS_UNIX
 #include <unistd.h>
@@ -9,7 +9,7 @@ namespace {
 
 // --- Choosing -----------------------------------------------------------------------------------
 
-TEST_F(FolderPicker, OpensOnTheFolderAndEnterGivesIt) {
+TEST_F(FolderPicker, OpensOnTheFolderAndEnterReturnsIt) {
   EXPECT_EQ(pick(Folders, in("Vendas"),
                  [this](QDialog& w) {
                    picture(w, QStringLiteral("pastas"));
@@ -21,7 +21,7 @@ TEST_F(FolderPicker, OpensOnTheFolderAndEnterGivesIt) {
             in("Vendas"));
 }
 
-TEST_F(FolderPicker, TheKeyboardAloneWalksTheTree) {
+TEST_F(FolderPicker, TheTreeCanBeUsedByKeyboardAlone) {
   EXPECT_EQ(pick(Folders, in("Vendas"),
                  [](QDialog& w) {
                    press(w, Qt::Key_Down);
@@ -37,7 +37,7 @@ TEST_F(FolderPicker, TheKeyboardAloneWalksTheTree) {
             in("Vendas"));
 }
 
-TEST_F(FolderPicker, TheMouseAloneChooses) {
+TEST_F(FolderPicker, AnEntryCanBeChosenByMouseAlone) {
   EXPECT_EQ(pick(Folders, in("Vendas"),
                  [](QDialog& w) {
                    clickFolder(w, QStringLiteral("2015"));
@@ -46,7 +46,7 @@ TEST_F(FolderPicker, TheMouseAloneChooses) {
             in("Vendas/2015"));
 }
 
-TEST_F(FolderPicker, EveryWayOutWithoutAChoiceGivesTheOldText) {
+TEST_F(FolderPicker, EveryWayToCancelReturnsTheOldText) {
   const ModalDriver::Script ways[] = {
       [](QDialog& w) { press(w, Qt::Key_Escape); },
       [](QDialog& w) { w.close(); },
@@ -100,7 +100,7 @@ TEST_F(FolderPicker, TheFilesFollowTheFolderAndThePattern) {
       u"*.doc; *.xls");
 }
 
-TEST_F(FolderPicker, TwoSeparatorsInFrontAreAsOne) {
+TEST_F(FolderPicker, TwoLeadingSeparatorsCountAsOne) {
   const QString twice = QLatin1Char('/') + in("Vendas");
   EXPECT_EQ(pick(Folders, twice,
                  [this](QDialog& w) {
@@ -129,13 +129,13 @@ TEST_F(FolderPicker, ANameWithoutADotIsListedAndChosen) {
 
 // --- What cannot be opened ----------------------------------------------------------------------
 
-TEST_F(FolderPicker, APathThatIsNoneIsToldAndNothingOpens) {
+TEST_F(FolderPicker, AnInvalidPathIsReportedAndNothingOpens) {
   for (const char* path : {"Nada", "Vazia", "leia.txt"})
     EXPECT_EQ(execute(Folders, in(path)), in(path));
   EXPECT_EQ(boxes_.takeTexts().size(), 3);
 }
 
-// Without a dot all is folder.
+// A path without a dot is a folder.
 TEST_F(FolderPicker, AFileWithoutADotCannotBeOpenedAgain) {
   for (const QString& path :
        {in("Vendas/semtipo"), QStringLiteral("//nome"), QStringLiteral("nome")})
@@ -143,7 +143,7 @@ TEST_F(FolderPicker, AFileWithoutADotCannotBeOpenedAgain) {
   EXPECT_EQ(boxes_.takeTexts().size(), 3);
 }
 
-TEST_F(FolderPicker, AFolderThatVanishedIsToldAndTheSelectionGoesBack) {
+TEST_F(FolderPicker, ADeletedFolderIsReportedAndTheSelectionGoesBack) {
   pick(Folders, in("Vendas"), [this](QDialog& w) {
     QDir(in("Vendas/2016")).removeRecursively();
     clickFolder(w, QStringLiteral("2016"));
@@ -156,7 +156,7 @@ TEST_F(FolderPicker, AFolderThatVanishedIsToldAndTheSelectionGoesBack) {
 }
 
 #ifdef Q_OS_UNIX
-/// Another user for as long as it lives, when the test runs as root.
+/// Switches to another user during its lifetime if the test runs as root.
 class Unprivileged {
  public:
   Unprivileged() { active_ = setresuid(kNobody, kNobody, 0) == 0; }
@@ -171,7 +171,7 @@ class Unprivileged {
   bool active_ = false;
 };
 
-TEST_F(FolderPicker, AFolderThatCannotBeReadSaysWhyAndCannotBeChosen) {
+TEST_F(FolderPicker, AnUnreadableFolderSaysWhyAndCannotBeChosen) {
   QFile::setPermissions(root(), QFile::Permissions(0x7755));
   QFile::setPermissions(in("Vendas/2015"), QFile::Permissions());
   const Unprivileged nobody;
@@ -191,7 +191,7 @@ TEST_F(FolderPicker, AFolderThatCannotBeReadSaysWhyAndCannotBeChosen) {
   QFile::setPermissions(in("Vendas/2015"), QFile::Permissions(0x7700));
 }
 
-TEST_F(FolderPicker, AFolderBelowOneThatCannotBeListedIsShown) {
+TEST_F(FolderPicker, AFolderBelowAnUnreadableOneIsShown) {
   QFile::setPermissions(root(), QFile::Permissions(0x7755));
   QFile::setPermissions(in("Vendas"), QFile::Permissions(0x7711));
   const Unprivileged nobody;
@@ -235,7 +235,7 @@ TEST_F(FolderPicker, APathThroughAHiddenFolderIsShown) {
             in("Vendas/.rascunhos"));
 }
 
-TEST_F(FolderPicker, KeepsTheWidthThatWasAskedFor) {
+TEST_F(FolderPicker, KeepsTheRequestedWidth) {
   pick(Folders, in("Vendas"), [](QDialog& w) {
     EXPECT_EQ(w.width(), 7500 / 15);
     w.resize(700, 500);
@@ -274,7 +274,7 @@ TEST_F(FolderPicker, ThePatternOfAllFilesMatchesNamesWithoutADot) {
   EXPECT_EQ(toQt(TheDesktop().Dir(fromQt(in("Vazia/L*.*")))), QString());
 }
 
-TEST_F(FolderPicker, OpensAgainOnWhateverItGave) {
+TEST_F(FolderPicker, OpensAgainOnTheReturnedPath) {
   for (const char* name : {"nota[1].txt", "a;b.txt", " a.txt"}) {
     write(QLatin1String("Vazia/") + QLatin1String(name));
     const QString path = in("Vazia/") + QLatin1String(name);

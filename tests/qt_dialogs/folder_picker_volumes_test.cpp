@@ -1,5 +1,5 @@
-// The volumes of the folder picker: which are listed, how one is chosen, and what becomes of one
-// that is gone.
+// The volumes of the folder picker: which are listed, how one is chosen, and what happens to a
+// removed one.
 #include "hosts/qt/dialogs/volumes.h"
 
 #include "tests/qt_dialogs/folder_picker_window.h"
@@ -7,7 +7,7 @@
 namespace tessaria::qt::tests {
 namespace {
 
-/// What the system has mounted, for as long as it lives.
+/// Sets what the system has mounted during its lifetime.
 class Mounted {
  public:
   explicit Mounted(const QList<Volume>& volumes)
@@ -24,7 +24,7 @@ class Mounted {
 
 class FolderPickerVolumes : public FolderPicker {};
 
-TEST_F(FolderPickerVolumes, TheVolumesAreListedAndChoosingOneLeadsToIt) {
+TEST_F(FolderPickerVolumes, TheVolumesAreListedAndChoosingOneShowsIt) {
   pick(Folders, in("Vendas"), [](QDialog& w) {
     ASSERT_GE(drives(w).count(), 1);
     EXPECT_EQ(drives(w).itemData(0).toString(), QDir::rootPath());
@@ -35,7 +35,7 @@ TEST_F(FolderPickerVolumes, TheVolumesAreListedAndChoosingOneLeadsToIt) {
   });
 }
 
-TEST_F(FolderPickerVolumes, TheKeyboardAloneChoosesAVolume) {
+TEST_F(FolderPickerVolumes, AVolumeCanBeChosenByKeyboardAlone) {
   const Mounted disks({{QDir::rootPath()}, {root()}});
   EXPECT_EQ(pick(Folders, in("Vendas"),
                  [this](QDialog& w) {
@@ -70,7 +70,7 @@ TEST_F(FolderPickerVolumes, EnterInTheOpenListOfVolumesChoosesOneAndConfirmsNoth
             in("Vendas"));
 }
 
-TEST_F(FolderPickerVolumes, AStickThatWasPulledOutIsToldAndTheListsStay) {
+TEST_F(FolderPickerVolumes, ARemovedStickIsReportedAndTheListsStay) {
   Mounted disks({{QDir::rootPath()}, {root()}, {in("Vazia"), QStringLiteral("PENDRIVE")}});
   pick(Folders, in("Vendas"), [&](QDialog& w) {
     EXPECT_EQ(drives(w).itemText(2), in("Vazia") + QStringLiteral(" [PENDRIVE]"));
@@ -84,7 +84,7 @@ TEST_F(FolderPickerVolumes, AStickThatWasPulledOutIsToldAndTheListsStay) {
   });
 }
 
-TEST_F(FolderPickerVolumes, OneThatIsKeptListsWhatIsMountedWhenItShows) {
+TEST_F(FolderPickerVolumes, AReusedWindowListsWhatIsMountedWhenItShows) {
   Mounted disks({{QDir::rootPath()}});
   frmDiretorio form;
   const auto listed = [&](const QList<Volume>& mounted) {
@@ -108,7 +108,7 @@ TEST_F(FolderPickerVolumes, OnlyEntriesOfTheListAreDrives) {
   EXPECT_THROW(TheDesktop().DriveReady(fromQt(in("Vendas"))), HostError);
 }
 
-TEST_F(FolderPickerVolumes, AListedDriveIsReadyForAsLongAsItIsMountedAndCanBeRead) {
+TEST_F(FolderPickerVolumes, AListedDriveIsReadyWhileItIsMountedAndReadable) {
   const String stick = fromQt(in("Vendas"));
   Mounted disks({{QDir::rootPath()}});
   EXPECT_THROW(TheDesktop().DriveReady(stick), HostError);
@@ -120,7 +120,7 @@ TEST_F(FolderPickerVolumes, AListedDriveIsReadyForAsLongAsItIsMountedAndCanBeRea
   EXPECT_FALSE(TheDesktop().DriveReady(stick));
 }
 
-TEST_F(FolderPickerVolumes, TheVolumesListedHoldFilesOfPeople) {
+TEST_F(FolderPickerVolumes, TheListedVolumesHoldUserFiles) {
   QList<Volume> mounted{{in("Vendas"), {}, "ext4"}, {in("leia.txt"), {}, "ext4"}};
   for (const char* type :
        {"autofs", "devtmpfs", "efivarfs", "proc", "ramfs", "squashfs", "sysfs", "tmpfs"})

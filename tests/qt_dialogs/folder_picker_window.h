@@ -1,4 +1,4 @@
-// The picker of folders and files over folders of its own, and what to look at in it.
+// The folder and file picker over temporary folders, and access to its parts.
 #pragma once
 
 #include <QCheckBox>
@@ -57,7 +57,7 @@ class FolderPicker : public DialogFixture {
     for (int i = 0; i < files(window).count(); ++i) all << files(window).item(i)->text();
     return all;
   }
-  /// What stands below the selected folder.
+  /// The entries below the selected folder.
   static QStringList below(QDialog& window) {
     QStringList all;
     const auto* folder = tree(window).currentItem();
@@ -69,7 +69,7 @@ class FolderPicker : public DialogFixture {
     const auto items = view.findItems(name, Qt::MatchStartsWith | Qt::MatchRecursive);
     ASSERT_FALSE(items.isEmpty());
     view.scrollToItem(items.first());
-    // The column may be wider than what shows of it.
+    // The column may be wider than its visible part.
     const QRect row = view.visualItemRect(items.first()) & view.viewport()->rect();
     ASSERT_FALSE(row.isEmpty());
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, row.center());

@@ -50,7 +50,7 @@ TEST_F(LongGrid, OpensWithoutReadingAllRows) {
   });
 }
 
-TEST_F(LongGrid, ReadsOnAsTheOperatorScrolls) {
+TEST_F(LongGrid, ReadsMoreRowsAsTheOperatorScrolls) {
   show([&](QDialog& window) {
     const Long before = rows_->RowsRead();
     QScrollBar& bar = *view(window).verticalScrollBar();
@@ -83,7 +83,7 @@ TEST_F(LongGrid, PageDownHeldDownGoesThroughTheRows) {
   });
 }
 
-TEST_F(LongGrid, EndIsTheLastRowOfAllAndNotOfThoseRead) {
+TEST_F(LongGrid, EndGoesToTheLastRowOfAllAndNotOfThoseRead) {
   show([&](QDialog& window) {
     press(window, Qt::Key_End);
     EXPECT_EQ(view(window).currentIndex().row(), kMillion - 1);
@@ -107,7 +107,7 @@ TEST_F(LongGrid, FollowsTheRowsWhenTheyAreMovedFromOutside) {
 
 // --- Failures -----------------------------------------------------------------------------------
 
-TEST_F(LongGrid, AReadingThatFailsIsToldOnceAndTheListSaysThatItIsShort) {
+TEST_F(LongGrid, AFailedReadIsReportedOnceAndTheListShowsThatItIsIncomplete) {
   rows_->failsAt = 1501;
   show([&](QDialog& window) {
     EXPECT_FALSE(warning(window).isVisible());
@@ -126,7 +126,7 @@ TEST_F(LongGrid, AReadingThatFailsIsToldOnceAndTheListSaysThatItIsShort) {
   EXPECT_EQ(boxes_.boxes()[0].text, QStringLiteral("A conexão com o servidor caiu."));
 }
 
-TEST_F(LongGrid, EndOfAListThatCannotBeReadIsAnErrorAndNoShortList) {
+TEST_F(LongGrid, EndInAListThatCannotBeReadIsAnError) {
   rows_->failsAt = 1501;
   show([&](QDialog& window) {
     press(window, Qt::Key_End);
@@ -136,7 +136,7 @@ TEST_F(LongGrid, EndOfAListThatCannotBeReadIsAnErrorAndNoShortList) {
   EXPECT_EQ(boxes_.boxes().size(), 1u);
 }
 
-TEST_F(LongGrid, NewRowsTakeTheWarningAway) {
+TEST_F(LongGrid, NewRowsRemoveTheWarning) {
   rows_->failsAt = 1501;
   show([&](QDialog& window) {
     view(window).verticalScrollBar()->setValue(view(window).verticalScrollBar()->maximum());
@@ -161,14 +161,14 @@ TEST_F(LongGrid, ColumnsAreThoseOfTheFields) {
   EXPECT_EQ(grid_.ColumnCount(), 0);
 }
 
-TEST_F(LongGrid, AColumnThatTheOperatorDrewTellsItsNewWidth) {
+TEST_F(LongGrid, AColumnResizedByTheOperatorReturnsItsNewWidth) {
   show([&](QDialog& window) {
     view(window).setColumnWidth(0, 200);
     EXPECT_EQ(grid_.Column(0).Width(), 3000.0f);
   });
 }
 
-TEST_F(LongGrid, AColumnWithNoWidthDoesNotShowAndAPatternThatDoesNotFitShowsTheValue) {
+TEST_F(LongGrid, AColumnWithoutWidthIsHiddenAndAPatternThatDoesNotFitIsIgnored) {
   grid_.Column(0).Width(0);
   grid_.Column(1).Format(u"dd/mm/yyyy");
   show([&](QDialog& window) {

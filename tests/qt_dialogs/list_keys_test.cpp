@@ -21,7 +21,7 @@ class ListKeys : public LookupFixture {
   }
 };
 
-TEST_F(ListKeys, ArrowsMoveAlsoWhenTheFirstColumnsAreHidden) {
+TEST_F(ListKeys, ArrowsAlsoMoveIfTheFirstColumnsAreHidden) {
   columns_.Item(1)->Visible(false);
   columns_.Item(2)->Width(0);
   EXPECT_EQ(look([](QDialog& w) {
@@ -34,7 +34,7 @@ TEST_F(ListKeys, ArrowsMoveAlsoWhenTheFirstColumnsAreHidden) {
             QStringLiteral("15"));
 }
 
-TEST_F(ListKeys, TheRowOfTheValueIsInSightAlsoWhenTheFirstColumnIsHidden) {
+TEST_F(ListKeys, TheRowOfTheValueIsAlsoVisibleIfTheFirstColumnIsHidden) {
   for (Long i = 100; i < 400; ++i)
     rows_.Cells.push_back({i, u"Nome", u"Bauru", Variant::Null(), 1.0});
   columns_.Item(1)->Visible(false);
@@ -51,7 +51,7 @@ TEST_F(ListKeys, TheRowOfTheValueIsInSightAlsoWhenTheFirstColumnIsHidden) {
       Long{390});
 }
 
-TEST_F(ListKeys, AfterAReloadTheArrowsMoveAmongRowsWithAHiddenColumn) {
+TEST_F(ListKeys, AfterAReloadTheArrowsMoveInRowsWithAHiddenColumn) {
   addSearch(0, u"Nome");
   columns_.Item(1)->Visible(false);
   EXPECT_EQ(look([](QDialog& w) {
@@ -63,7 +63,7 @@ TEST_F(ListKeys, AfterAReloadTheArrowsMoveAmongRowsWithAHiddenColumn) {
             QStringLiteral("15"));
 }
 
-TEST_F(ListKeys, ControlWithTheArrowsOrdersByTheColumnBeside) {
+TEST_F(ListKeys, ControlWithTheArrowsOrdersByTheNextColumn) {
   columns_.Item(2)->Visible(false);
   look([](QDialog& w) {
     EXPECT_EQ(orderOf(w), QString());
@@ -84,7 +84,7 @@ TEST_F(ListKeys, ControlWithTheArrowsOrdersByTheColumnBeside) {
   });
 }
 
-TEST_F(ListKeys, EnterOnTheSearchButtonSearchesAndTheFocusIsTheListsAgain) {
+TEST_F(ListKeys, EnterOnTheSearchButtonSearchesAndReturnsTheFocusToTheList) {
   addSearch(0, u"Nome");
   look([this](QDialog& w) {
     searchButton(w).setFocus(Qt::TabFocusReason);
@@ -97,7 +97,7 @@ TEST_F(ListKeys, EnterOnTheSearchButtonSearchesAndTheFocusIsTheListsAgain) {
   });
 }
 
-TEST_F(ListKeys, AfterARefusedSearchNoKeyConfirmsAndEscapeGivesTheOldValue) {
+TEST_F(ListKeys, AfterARefusedSearchNoKeyConfirmsAndEscapeReturnsTheOldValue) {
   addSearch(0, u"Nome");
   EXPECT_EQ(look(
                 [this](QDialog& w) {
@@ -120,7 +120,7 @@ TEST_F(ListKeys, AfterARefusedSearchNoKeyConfirmsAndEscapeGivesTheOldValue) {
             QStringLiteral("15"));
 }
 
-TEST_F(ListKeys, AfterARefusedSearchTheRowsComeBackByKeyboardAlone) {
+TEST_F(ListKeys, AfterARefusedSearchTheRowsCanBeReloadedByKeyboardAlone) {
   addSearch(0, u"Nome");
   EXPECT_EQ(look([this](QDialog& w) {
               driver_.willShow(QStringLiteral("frmTsPesquisa"), [](QDialog& prompt) {
@@ -163,7 +163,7 @@ TEST_F(ListKeys, AltWithPSearches) {
   });
 }
 
-TEST_F(ListKeys, TheMnemonicsOfTheAnswersAreNoJumps) {
+TEST_F(ListKeys, TheMnemonicsOfTheAnswersDoNotJump) {
   const auto answered = [this](Qt::Key key) {
     return look([&](QDialog& w) {
       press(w, Qt::Key_Down);

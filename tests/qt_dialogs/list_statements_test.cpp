@@ -1,5 +1,4 @@
-// Every statement that a lookup sends, as a real server takes it: none is refused, each finds what
-// it should.
+// Every statement that a lookup sends, on a real server: none is refused, and each finds its rows.
 #include "lookup/description_lookup.h"
 #include "lookup/relation_check.h"
 #include "tests/qt_dialogs/database_list_fixture.h"
@@ -14,7 +13,7 @@ class ListStatements : public DatabaseListFixture {
         connection_->Execute(u"select count(*)::int from clientes where " + FromUtf8(condition));
     return static_cast<int>(CLng(rows->Fields().Item(0)->Value()));
   }
-  /// Rows of the list when it is read to its end; -1 when no list came.
+  /// The number of rows in the list when it is read to its end; -1 if no list opened.
   int rowsOfList() {
     int rows = -1;
     look([&](QDialog& w) {
@@ -151,7 +150,7 @@ TEST_F(ListStatements, OfADescriptionWithAliasesFindTheirRows) {
   settleEvents();
   EXPECT_EQ(description_->text(), QStringLiteral("NOME 1998"));
   EXPECT_EQ(field_->text(), QStringLiteral("1998"));
-  // The key narrows the next completion, and finds its own row only.
+  // The key narrows the next completion, which finds only its own row.
   press(*owner_, Qt::Key_Backspace);
   settleEvents();
   EXPECT_EQ(description_->text(), QStringLiteral("NOME 1998"));
@@ -286,7 +285,7 @@ TEST_F(ListStatements, OfTheRelationCheckFindTheirRow) {
   EXPECT_TRUE(boxes_.boxes().empty());
 }
 
-TEST_F(ListStatements, ThatFailAreToldAndLeaveTheTransactionUsable) {
+TEST_F(ListStatements, ThatFailAreReportedAndLeaveTheTransactionUsable) {
   State().dbConexao = connection_;
   connection_->BeginTrans();
   connection_->Execute(u"update clientes set cidade = 'Nova' where codigo = 1");
@@ -304,7 +303,7 @@ TEST_F(ListStatements, ThatFailAreToldAndLeaveTheTransactionUsable) {
     return mdlObjTxt::ChecaRelacao(u"clientes", campo, u"15", TipoControle::Browse, number.get(),
                                    true, true, true, where, u"", nullptr, 0, false);
   };
-  EXPECT_FALSE(check(u"nome"));  // its letters are no integer
+  EXPECT_FALSE(check(u"nome"));  // its letters are not an integer
   isTold("integer");
   EXPECT_FALSE(check(u"cast(codigo as integer) as chave"));  // cut at the first " as "
   isTold("syntax error");

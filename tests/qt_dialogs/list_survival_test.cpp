@@ -1,4 +1,4 @@
-// The list over a real database, while other users, the server and the form go their own ways.
+// The list over a real database, while other users, the server and the form interfere.
 #include <QApplication>
 #include <QClipboard>
 #include <QPushButton>
@@ -27,7 +27,7 @@ class ListSurvival : public DatabaseListFixture {
 
   static void escape(QDialog& window) { press(window, Qt::Key_Escape); }
   static void choose(QDialog& window) { press(window, Qt::Key_Return); }
-  /// The only box since the last call.
+  /// Checks that there was only one box since the last call.
   Box theBox() {
     const auto all = boxes_.boxes();
     EXPECT_EQ(all.size(), told_ + 1);
@@ -39,7 +39,7 @@ class ListSurvival : public DatabaseListFixture {
     return came ? all.back() : Box();
   }
   void expectNoBox() { EXPECT_EQ(boxes_.boxes().size(), told_); }
-  /// The connection works, and nothing hangs on it.
+  /// Checks that the connection works and has no open transaction.
   void expectUsableConnection() {
     const auto rows = connection_->Execute(u"select count(*)::int from clientes");
     EXPECT_TRUE(rows->Fields().Item(0)->Value().TryGet<Long>());
@@ -74,7 +74,7 @@ TEST_F(ListSurvival, TheFormDestroyedWhileTheListIsOpen) {
   expectUsableConnection();
 }
 
-TEST_F(ListSurvival, LeavingWhileRowsAreStillToBeReadEndsTheReading) {
+TEST_F(ListSurvival, ClosingBeforeAllRowsAreReadEndsTheReading) {
   look(escape);
   expectUsableConnection();
   look([](QDialog& w) {
@@ -99,7 +99,7 @@ TEST_F(ListSurvival, EndReadsToTheLastRowAndChoosesIt) {
   EXPECT_EQ(description_->text(), QStringLiteral("Nome %1").arg(kCustomers));
 }
 
-TEST_F(ListSurvival, OpensOnARowThatTheFirstPageDoesNotHold) {
+TEST_F(ListSurvival, OpensOnARowBeyondTheFirstPage) {
   field_->setValue(15'000);
   look([](QDialog& w) {
     EXPECT_EQ(currentRow(w), 14'999);
@@ -110,7 +110,7 @@ TEST_F(ListSurvival, OpensOnARowThatTheFirstPageDoesNotHold) {
   EXPECT_EQ(field_->text(), QStringLiteral("15001"));
 }
 
-TEST_F(ListSurvival, SortsAllRowsAlsoThoseNotReadBefore) {
+TEST_F(ListSurvival, SortsAllRowsIncludingThoseNotYetRead) {
   server().Run("update clientes set nome = '  aaa' where codigo = 19999");
   look([](QDialog& w) {
     EXPECT_LT(rowCount(w), kCustomers);
@@ -124,7 +124,7 @@ TEST_F(ListSurvival, SortsAllRowsAlsoThoseNotReadBefore) {
   EXPECT_EQ(field_->text(), QStringLiteral("19999"));
 }
 
-TEST_F(ListSurvival, ALetterJumpsToARowNotReadBefore) {
+TEST_F(ListSurvival, ALetterJumpsToARowNotYetRead) {
   server().Run("update clientes set nome = 'Zulmira' where codigo = 18000");
   field_->setBrwCampo(QStringLiteral("nome"));
   field_->setBrwCampoIrmao(QString());
@@ -141,7 +141,7 @@ TEST_F(ListSurvival, ALetterJumpsToARowNotReadBefore) {
 
 // --- Readings that fail -------------------------------------------------------------------------
 
-/// The statement fails at a row behind the first page; each way to come there tells it.
+/// The statement fails at a row after the first page; each way to get there reports it.
 class LateFailure : public ListSurvival {
  protected:
   void SetUp() override {
@@ -161,7 +161,7 @@ class LateFailure : public ListSurvival {
   std::size_t before_ = 0;
 };
 
-TEST_F(LateFailure, IsToldByEachWayToTheFailingRow) {
+TEST_F(LateFailure, IsReportedByEachWayToTheFailingRow) {
   const ModalDriver::Script ways[] = {
       [](QDialog& w) { press(w, Qt::Key_End); },
       [](QDialog& w) { press(w, Qt::Key_PageDown, Qt::ControlModifier); },
@@ -180,14 +180,14 @@ TEST_F(LateFailure, IsToldByEachWayToTheFailingRow) {
       settleEvents();
       expectTold(w);
       scrollDown(w);
-      expectNoBox();  // once is enough; the warning stays
+      expectNoBox();  // reported only once; the warning stays
       escape(w);
     });
   }
   expectUsableConnection();
 }
 
-TEST_F(LateFailure, IsToldWhenALetterLeadsBehindIt) {
+TEST_F(LateFailure, IsReportedWhenALetterJumpsPastIt) {
   server().Run("create index on clientes (nome); analyze clientes");
   field_->setBrwCampo(QStringLiteral("nome"));
   field_->setBrwCampoIrmao(QString());
@@ -199,7 +199,7 @@ TEST_F(LateFailure, IsToldWhenALetterLeadsBehindIt) {
     strike(w, QStringLiteral("z"));
     settleEvents();
     expectTold(w);
-    // The record set may have moved for the jump: what is shown is what is chosen.
+    // The record set may have moved for the jump: the row shown is the one chosen.
     shown = cell(w, currentRow(w), 0);
     choose(w);
   });
@@ -207,7 +207,7 @@ TEST_F(LateFailure, IsToldWhenALetterLeadsBehindIt) {
   EXPECT_EQ(field_->text(), shown);
 }
 
-TEST_F(LateFailure, ARowThatWasReadCanStillBeChosen) {
+TEST_F(LateFailure, DoesNotPreventTheChoiceOfAReadRow) {
   field_->setUsaChecaRelacao(false);
   look([&](QDialog& w) {
     press(w, Qt::Key_End);
@@ -220,7 +220,7 @@ TEST_F(LateFailure, ARowThatWasReadCanStillBeChosen) {
   EXPECT_EQ(field_->text(), QStringLiteral("2"));
 }
 
-TEST_F(LateFailure, BehindTheRowOfTheValueTheListDoesNotOpen) {
+TEST_F(LateFailure, BeforeTheRowOfTheValuePreventsTheListFromOpening) {
   field_->setValue(18'000);
   openList();
   const Box box = theBox();
@@ -244,7 +244,7 @@ class ServerStopped : public ListSurvival {
   }
 };
 
-TEST_F(ServerStopped, ScrollingOnTellsThatTheListIsIncomplete) {
+TEST_F(ServerStopped, ScrollingReportsThatTheListIsIncomplete) {
   look([this](QDialog& w) {
     stop();
     for (int i = 0; i < 20 && boxes_.boxes().empty(); ++i) scrollDown(w);
@@ -264,7 +264,7 @@ TEST_F(ServerStopped, ScrollingOnTellsThatTheListIsIncomplete) {
   expectNoBox();
 }
 
-TEST_F(ServerStopped, ASearchTellsItAndWorksAgainLater) {
+TEST_F(ServerStopped, ASearchReportsItAndWorksAgainLater) {
   addSearch(u"Nome", u"nome", 8, 1);
   look([this](QDialog& w) {
     stop();
@@ -283,7 +283,7 @@ TEST_F(ServerStopped, ASearchTellsItAndWorksAgainLater) {
   expectNoBox();
 }
 
-TEST_F(ServerStopped, ReloadingAllRowsTellsIt) {
+TEST_F(ServerStopped, ReloadingAllRowsReportsIt) {
   addSearch(u"Nome", u"nome", 8, 1);
   look([this](QDialog& w) {
     stop();
@@ -301,7 +301,7 @@ TEST_F(ServerStopped, ReloadingAllRowsTellsIt) {
   expectNoBox();
 }
 
-TEST_F(ServerStopped, ARowCanBeChosenAndItsDescriptionIsMissedAloud) {
+TEST_F(ServerStopped, ARowCanBeChosenAndItsMissingDescriptionIsReported) {
   look([this](QDialog& w) {
     press(w, Qt::Key_Down);
     stop();
@@ -317,7 +317,7 @@ TEST_F(ServerStopped, ARowCanBeChosenAndItsDescriptionIsMissedAloud) {
   EXPECT_EQ(description_->text(), QStringLiteral("Nome 2"));
 }
 
-TEST_F(ServerStopped, OpeningTellsItAndLeavesTheField) {
+TEST_F(ServerStopped, OpeningReportsItAndDoesNotChangeTheField) {
   type(*owner_, QStringLiteral("15"));
   stop();
   boxes_.willPress(QStringLiteral("Não"));
@@ -329,7 +329,7 @@ TEST_F(ServerStopped, OpeningTellsItAndLeavesTheField) {
   EXPECT_THAT(driver_.shown(), IsEmpty());
 }
 
-TEST_F(ServerStopped, AClosedConnectionIsToldAndReported) {
+TEST_F(ServerStopped, AClosedConnectionIsShownAndReported) {
   connection_->Close();
   openList();
   ASSERT_EQ(boxes_.boxes().size(), 2u);
@@ -338,7 +338,7 @@ TEST_F(ServerStopped, AClosedConnectionIsToldAndReported) {
   EXPECT_THAT(driver_.shown(), IsEmpty());
 }
 
-TEST_F(ServerStopped, TheConnectionClosedUnderTheListIsToldByASearch) {
+TEST_F(ServerStopped, AConnectionClosedUnderTheListIsReportedByASearch) {
   addSearch(u"Nome", u"nome", 8, 1);
   look([this](QDialog& w) {
     connection_->Close();
@@ -426,7 +426,7 @@ TEST_F(ListSurvival, ARefusedStatementGoesToTheClipboardOnRequest) {
   expectUsableConnection();
 }
 
-TEST_F(ListSurvival, ATextThatIsNoNumberCannotBeSearchedFor) {
+TEST_F(ListSurvival, ATextThatIsNotANumberCannotBeSearchedFor) {
   addSearch(u"Código", u"codigo", 2, 0);
   look([this](QDialog& w) {
     driver_.willShow(QStringLiteral("frmTsPesquisa"), [](QDialog& prompt) {

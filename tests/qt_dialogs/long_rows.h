@@ -1,4 +1,4 @@
-// A million rows, read as they are asked for.
+// A million rows that are read on demand.
 #pragma once
 
 #include <algorithm>
@@ -11,16 +11,16 @@
 
 namespace tessaria::qt::tests {
 
-/// Two columns, the row's number and a name. Reading may be made to fail behind a row.
+/// Two columns, the row's number and a name. Reading can be made to fail at a row.
 class LongRows final : public host::Recordset, private host::Fields {
  public:
   explicit LongRows(Long count) : count_(count), read_(std::min<Long>(count, 1000)) {}
 
-  /// The reading fails when it comes to this row; 0 for never.
+  /// Reading fails at this row; 0 for never.
   Long failsAt = 0;
-  /// Asked ahead of a move to either end; may throw.
+  /// Called before a move to either end; may throw.
   std::function<void()> OnMove;
-  /// Calls for more rows.
+  /// The number of calls that asked for more rows.
   int fetches = 0;
 
   Long State() const override { return host::state::Open; }

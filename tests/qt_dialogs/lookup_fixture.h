@@ -32,7 +32,7 @@ class LookupFixture : public DialogFixture {
   void addSearch(Long indice, const String& caption, Long tipo = 8, const String& mask = u"") {
     searches_->Add(indice, caption, u"nome", tipo, 1, mask, 2700, 0, false, false, 0, 0, u"");
   }
-  /// Opens the list; the answer is the key that the operator chose, or the old one.
+  /// Opens the list; returns the key that the operator chose, or the old one.
   QString look(ModalDriver::Script script, Variant value = Variant()) {
     driver_.willShow(QStringLiteral("frmBrowse"), std::move(script));
     return toQt(mdlObjTxt::VerBrowse(1500, 1500, box_, value, u"clientes", u"codigo", u"",

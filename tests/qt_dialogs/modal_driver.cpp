@@ -16,7 +16,7 @@ constexpr int kInterval = 2;  // milliseconds
 
 ModalDriver::ModalDriver() { lookSoon(); }
 
-/// A timer for each look: one that repeats would rest while its own script runs.
+/// One timer for each check: a repeating timer would not fire while its own script runs.
 void ModalDriver::lookSoon() {
   QTimer::singleShot(kInterval, this, [this] { look(); });
 }
@@ -33,7 +33,7 @@ void ModalDriver::willShow(const QString& name, Script script) {
 void ModalDriver::look() {
   lookSoon();
   const QPointer<QDialog> window(qobject_cast<QDialog*>(QApplication::activeModalWidget()));
-  // Message boxes have a keeper of their own. A window's script runs once.
+  // Message boxes are answered elsewhere. A window's script runs once.
   if (!window || qobject_cast<QMessageBox*>(window) || worked_.contains(window)) return;
   shown_ << window->objectName();
   if (expected_.empty() || expected_.front().name != window->objectName()) {

@@ -1,4 +1,4 @@
-// Works the modal windows of a test as they open.
+// Operates the modal windows of a test as they open.
 #pragma once
 
 #include <QDialog>
@@ -11,9 +11,9 @@
 
 namespace tessaria::qt::tests {
 
-/// While it lives, each window that comes to the front has its script run once, inside the modal
-/// loop. A window that nobody expects, or that its script leaves open, is closed and fails the
-/// test, as does one that never came.
+/// During its lifetime, the script of each window that comes to the front runs once, inside the
+/// modal loop. An unexpected window, or one that its script leaves open, is closed and fails the
+/// test, as does an expected window that never opens.
 class ModalDriver final : public QObject {
  public:
   using Script = std::function<void(QDialog& window)>;
@@ -23,7 +23,7 @@ class ModalDriver final : public QObject {
 
   /// The script of the next window, which must have this name.
   void willShow(const QString& name, Script script);
-  /// The names of the windows that came, in order.
+  /// The names of the windows that have opened, in order.
   const QStringList& shown() const { return shown_; }
 
  private:
@@ -36,10 +36,10 @@ class ModalDriver final : public QObject {
 
   std::deque<Expected> expected_;
   QStringList shown_;
-  QList<QPointer<QDialog>> worked_;  ///< whose scripts run, outermost first: none is begun again
+  QList<QPointer<QDialog>> worked_;  ///< windows with a running script, which is not started again
 };
 
-/// A widget of a window; fails the test, and gives a plain one, when there is none.
+/// A widget of a window; if there is none, fails the test and returns a plain one.
 template <class Widget = QWidget>
 Widget& at(const QWidget& window, const QString& name, int index = 0) {
   return *window.findChildren<Widget*>(name).at(index);
@@ -48,7 +48,7 @@ Widget& at(const QWidget& window, const QString& name, int index = 0) {
 /// Presses a key on the widget that has the focus, with the text that it types; keypad too.
 void strike(QWidget& window, const QString& text, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
-/// Writes a picture of the window when the environment names a folder for them.
+/// Saves a picture of the window if the environment names a folder for pictures.
 void picture(QWidget& window, const QString& name);
 
 }  // namespace tessaria::qt::tests

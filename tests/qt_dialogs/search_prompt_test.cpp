@@ -1,4 +1,4 @@
-// The prompt of a search, which holds a whole field.
+// The prompt of a search, which contains a complete field.
 #include "browse/search_prompt.h"
 
 #include <QCalendarWidget>
@@ -42,7 +42,7 @@ class SearchPromptWindow : public LookupFixture {
   }
 };
 
-TEST_F(SearchPromptWindow, EnterAnswersFromTheField) {
+TEST_F(SearchPromptWindow, EnterReturnsTheTextOfTheField) {
   EXPECT_EQ(ask({},
                 [](QDialog& w) {
                   EXPECT_EQ(w.focusWidget(), editOf(field(w)));
@@ -53,7 +53,7 @@ TEST_F(SearchPromptWindow, EnterAnswersFromTheField) {
             QStringLiteral("clientes.nome ilike 'D''Avila%'"));
 }
 
-TEST_F(SearchPromptWindow, TheButtonsAnswerByMouseAndMnemonic) {
+TEST_F(SearchPromptWindow, TheButtonsWorkByMouseAndMnemonic) {
   EXPECT_EQ(ask({},
                 [](QDialog& w) {
                   strike(w, QStringLiteral("Ma"));
@@ -79,7 +79,7 @@ TEST_F(SearchPromptWindow, EscapeCancels) {
   EXPECT_EQ(ask({}, [](QDialog& w) { w.close(); }), QString());
 }
 
-TEST_F(SearchPromptWindow, TellsInFullWhatIsSearchedFor) {
+TEST_F(SearchPromptWindow, ShowsInFullWhatIsSearchedFor) {
   ask({.width = 0, .caption = u"Limite de crédito a partir de <R&D>"}, [](QDialog& w) {
     const QString text = QStringLiteral("Pesquisa Limite de crédito a partir de <R&D>");
     const auto* caption = w.findChild<QLabel*>();
@@ -91,8 +91,8 @@ TEST_F(SearchPromptWindow, TellsInFullWhatIsSearchedFor) {
   });
 }
 
-// The field is left for the button that cancels: its date is not checked, and its text not taken.
-TEST_F(SearchPromptWindow, TheFrameIsTheCancelButton) {
+// The field is left for the cancel button: its date is not checked, and its text is not used.
+TEST_F(SearchPromptWindow, ClosingByTheFrameCancels) {
   const Search search{.tipo = 7, .mask = u"dd/mm/yyyy"};
   QStringList active;
   EXPECT_EQ(ask(search,
@@ -106,7 +106,7 @@ TEST_F(SearchPromptWindow, TheFrameIsTheCancelButton) {
             QString());
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
   EXPECT_EQ(active, QStringList({"btnCancelar"}));
-  // Left for the other button, the field refuses it.
+  // When it is left for the other button, the field refuses its text.
   ask(search, [this](QDialog& w) {
     strike(w, QStringLiteral("31021999"));
     click(ok(w));
@@ -115,7 +115,7 @@ TEST_F(SearchPromptWindow, TheFrameIsTheCancelButton) {
   });
 }
 
-TEST_F(SearchPromptWindow, ANumberThatIsNoneIsNotAnswered) {
+TEST_F(SearchPromptWindow, AnInvalidNumberIsNotAccepted) {
   EXPECT_EQ(ask({.tipo = 2},
                 [](QDialog& w) {
                   EXPECT_FALSE(ok(w).isEnabled());
@@ -143,7 +143,7 @@ TEST_F(SearchPromptWindow, ANumberHasAPointInItsStatementWhateverTheLocale) {
   QLocale::setDefault(before);
 }
 
-TEST_F(SearchPromptWindow, HasTheWidthThatWasAskedForAndNeverLessThanItNeeds) {
+TEST_F(SearchPromptWindow, HasTheRequestedWidthOrAtLeastWhatItNeeds) {
   ask({.width = 6000}, [](QDialog& w) {
     EXPECT_EQ(field(w).width(), 400);
     EXPECT_GE(w.width(), 6500 / 15);
@@ -169,7 +169,7 @@ TEST_F(SearchPromptWindow, ADateIsTypedUnderItsMaskAndHasItsCalendar) {
             QStringLiteral("clientes.nome = '2016-12-31'::date"));
 }
 
-TEST_F(SearchPromptWindow, ADateIsPickedInTheCalendarByKeysAlone) {
+TEST_F(SearchPromptWindow, ADateCanBeChosenInTheCalendarByKeysAlone) {
   const Search search{.tipo = 7, .mask = u"dd/mm/yyyy"};
   EXPECT_EQ(ask(search,
                 [this](QDialog& w) {
@@ -186,7 +186,7 @@ TEST_F(SearchPromptWindow, ADateIsPickedInTheCalendarByKeysAlone) {
 }
 
 TEST_F(SearchPromptWindow, ACompletingTextHasAListOfItsOwn) {
-  // The completion behind the choice finds what was chosen.
+  // The completion after the choice finds the chosen text.
   connection_->OnStatement = [this](const String& statement) {
     memory::Rows found = rows_;
     if (InStr(statement, u"15%") != 0) found.Cells = {rows_.Cells[1]};

@@ -1,4 +1,4 @@
-// Every event that a dialog's own classes hand on, with a handler that throws: the window goes on.
+// Every event that a dialog's classes raise, with a handler that throws: the window stays open.
 #include <QDir>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -35,7 +35,7 @@ class ThrowingHandlers : public DialogFixture, public testing::WithParamInterfac
     QDir(home_.path()).mkpath(QStringLiteral("Compras"));
     folders_.Path(fromQt(home_.path()));
   }
-  /// What the handlers do that fail.
+  /// What the failing handlers do.
   std::function<void()> fail() {
     return [this] {
       ++calls_;
@@ -80,8 +80,8 @@ TEST_P(ThrowingHandlers, OfTheWindowsSize) {
   });
 }
 
-// Once only: the box that tells of the failure brings the window back again.
-TEST_P(ThrowingHandlers, OfTheWindowsReturn) {
+// Only once: the box that reports the failure makes the window active again.
+TEST_P(ThrowingHandlers, OfTheWindowBecomingActive) {
   show([&](QDialog&) {
     dialog_->OnActivate = [this] {
       dialog_->OnActivate = nullptr;
@@ -94,7 +94,7 @@ TEST_P(ThrowingHandlers, OfTheWindowsReturn) {
   });
 }
 
-TEST_P(ThrowingHandlers, OfAnotherOrderByKey) {
+TEST_P(ThrowingHandlers, OfTheKeysForAnotherOrder) {
   grid_.OnHeadClick = [this](Long) { fail()(); };
   show([&](QDialog& window) {
     view(window).setFocus();
@@ -103,7 +103,7 @@ TEST_P(ThrowingHandlers, OfAnotherOrderByKey) {
   });
 }
 
-TEST_P(ThrowingHandlers, OfTheListsEnds) {
+TEST_P(ThrowingHandlers, OfTheKeysForTheEndsOfTheList) {
   show([&](QDialog& window) {
     view(window).setFocus();
     for (const int key : {Qt::Key_End, Qt::Key_Home}) {
@@ -126,7 +126,7 @@ TEST_P(ThrowingHandlers, OfAnotherFolder) {
   });
 }
 
-TEST_P(ThrowingHandlers, OfAFolderThatIsGone) {
+TEST_P(ThrowingHandlers, OfADeletedFolder) {
   show([&](QDialog& window) {
     QDir(home_.path()).rmdir(QStringLiteral("Compras"));
     tree(window).setFocus();
