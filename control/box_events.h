@@ -14,7 +14,7 @@ namespace tessaria {
 /// host passes on.
 class BoxEvents final : private MaskedField {
  public:
-  /// All outlive it.
+  /// All of them must outlive this object.
   BoxEvents(FieldBox& box, Members& members, Pair& pair, Looks& looks, Dialogs& dialogs,
             tsTextEvents& events);
   ~BoxEvents() override;

@@ -22,7 +22,7 @@ namespace tessaria {
 
 class Definitions {
  public:
-  /// The control's own texts; outlive it.
+  /// The control's own texts, which must outlive this object.
   explicit Definitions(LookupTexts& texts) : texts_(texts) {}
   Definitions(const Definitions&) = delete;
   Definitions& operator=(const Definitions&) = delete;

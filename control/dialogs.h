@@ -15,7 +15,7 @@ class frmCalculadora;
 
 class Dialogs {
  public:
-  /// What the dialogs work on; all of it outlives them.
+  /// What the dialogs work on; all of it must outlive this object.
   struct Parts {
     host::ControlSite& Site;
     FieldBox& Box;

@@ -9,7 +9,7 @@ namespace tessaria {
 /// Notes which of a field's names resolve, and loads the current row.
 class Discovery {
  public:
-  /// All outlive it.
+  /// All of them must outlive this object.
   Discovery(host::ControlSite& site, const FieldKind& kind, FormTies& ties, FieldContents& contents,
             const Surroundings& surroundings, ValueAssignment& value);
   Discovery(const Discovery&) = delete;

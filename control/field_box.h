@@ -13,7 +13,7 @@ class FieldBox {
  public:
   using What = ShownText::What;
 
-  /// All four outlive it.
+  /// All four must outlive this object.
   FieldBox(host::ControlSite& site, host::TextBox& txtEdit, const MaskSettings& mask,
            FieldContents& contents)
       : site_(site), txtEdit_(txtEdit), mask_(mask), contents_(contents) {}

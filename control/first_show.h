@@ -10,7 +10,7 @@ namespace tessaria {
 
 class FirstShow {
  public:
-  /// The parts that prepare a field; all of them outlive it.
+  /// The parts that prepare a field; all of them must outlive this object.
   struct Parts {
     host::ControlSite& Site;
     FieldBox& Box;

@@ -9,7 +9,7 @@ namespace tessaria {
 
 class Focus {
  public:
-  /// What the focus works on; all of it outlives the focus.
+  /// What the focus works on; all of it must outlive this object.
   struct Parts {
     host::ControlSite& Site;
     FieldBox& Box;

@@ -21,7 +21,7 @@ class LooksForm {
 
 class Looks {
  public:
-  /// All outlive it.
+  /// All of them must outlive this object.
   Looks(host::ControlSite& site, host::TextBox& txtEdit, host::CommandButton& btnBrowse,
         const FieldKind& kind, const FormTies& ties, Appearance& appearance, const LooksForm& form);
   Looks(const Looks&) = delete;

@@ -7,7 +7,7 @@ namespace tessaria {
 
 class MaskChange {
  public:
-  /// All outlive it.
+  /// All of them must outlive this object.
   MaskChange(host::ControlSite& site, FieldBox& box, MaskSettings& mask, ValueAssignment& value)
       : site_(site), box_(box), mask_(mask), value_(value) {}
   MaskChange(const MaskChange&) = delete;

@@ -9,7 +9,7 @@ namespace tessaria {
 /// Assigns names of other widgets; a message box tells the programmer about a refused name.
 class Naming {
  public:
-  /// Both outlive it.
+  /// Both must outlive this object.
   Naming(host::ControlSite& site, FormTies& ties) : site_(site), ties_(ties) {}
   Naming(const Naming&) = delete;
   Naming& operator=(const Naming&) = delete;

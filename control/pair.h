@@ -23,7 +23,7 @@ class PairForm {
 /// One field's half of the pair.
 class Pair final : public ValueFollower {
  public:
-  /// All outlive it.
+  /// All of them must outlive this object.
   Pair(host::ControlSite& site, FieldBox& box, const FieldKind& kind, const FormTies& ties,
        FieldContents& contents, Definitions& definitions, const PairForm& form,
        tsTextEvents& events);

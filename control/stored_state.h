@@ -8,7 +8,7 @@
 
 namespace tessaria {
 
-/// What the property bag holds, and what storing it needs. All of it outlives this object.
+/// What the property bag holds, and what storing it needs. All of it must outlive this object.
 struct StoredState {
   Members& Remembered;
   Definitions& Lookup;

@@ -15,7 +15,7 @@ class Surroundings final : public BoundField,
                            public LeavingForm,
                            public LooksForm {
  public:
-  /// Both outlive it.
+  /// Both must outlive this object.
   Surroundings(const host::ControlSite& site, const FormTies& ties) : site_(site), ties_(ties) {}
   Surroundings(const Surroundings&) = delete;
   Surroundings& operator=(const Surroundings&) = delete;

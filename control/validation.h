@@ -31,7 +31,7 @@ class Validation {
   /// The result of the rules of leaving. Escaped: the focus goes where nothing is checked.
   enum class Verdict { Passed, Refused, Escaped };
 
-  /// All outlive it.
+  /// All of them must outlive this object.
   Validation(host::ControlSite& site, FieldBox& box, const FieldKind& kind, const FormTies& ties,
              FieldContents& contents, const Definitions& definitions, const LeavingForm& form);
   Validation(const Validation&) = delete;

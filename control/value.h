@@ -31,7 +31,7 @@ class ValueFollower {
 /// Assigns a field's value.
 class ValueAssignment {
  public:
-  /// All outlive it.
+  /// All of them must outlive this object.
   ValueAssignment(host::ControlSite& site, FieldBox& box, const FieldKind& kind,
                   const FormTies& ties, FieldContents& contents, BoundField& bound,
                   ValueFollower& follower);
