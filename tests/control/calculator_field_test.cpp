@@ -118,7 +118,7 @@ TEST_F(CalculatorField, OpensOnTheNumberOfTheBoxAndKeepsItWhenCancelled) {
 
 // --- The keyboard -------------------------------------------------------------------------------
 
-TEST_F(CalculatorField, F9OpensItBelowTheFieldWithNoFlagAndNoReport) {
+TEST_F(CalculatorField, F9OpensItBelowTheFieldWithoutAFlagOrAReport) {
   field->Settings().Left = 500;
   field->Settings().Top = 700;
   Open(u"$$$$$.$$", 9);

@@ -13,9 +13,9 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 /// One field with a dialog on one row.
-class LeftDialog : public ButtonTest {
+class CancelledDialog : public ButtonTest {
  protected:
-  LeftDialog() {
+  CancelledDialog() {
     connection->OnStatement = [this](const String& statement) -> std::optional<memory::Rows> {
       if (InStr(statement, u"clientes") == 0) return std::nullopt;
       return InStr(statement, u"Order by 1") != 0 ? list : description;
@@ -73,10 +73,10 @@ struct Held {
   Long MaxLength;
 };
 
-class LeftList : public LeftDialog, public testing::WithParamInterface<Held> {};
+class CancelledList : public CancelledDialog, public testing::WithParamInterface<Held> {};
 
 INSTANTIATE_TEST_SUITE_P(
-    Values, LeftList,
+    Values, CancelledList,
     testing::Values(Held{host::type::Numeric, DecimalFromText(u"12345.67"), u"$$$$$.$$", 7},
                     Held{host::type::Numeric, DecimalFromText(u"1.239"), u"$$$.$$", 6},
                     Held{host::type::Numeric, DecimalFromText(u"9007199254740993"), u"", 4},
@@ -89,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Held{host::type::DBTimeStamp, FromCivil({2017, 12, 25, 10, 30, 59}),
                          u"dd/mm/yyyy", 10}));
 
-TEST_P(LeftList, KeepsTheRowAndShowsTheValueAgain) {
+TEST_P(CancelledList, KeepsTheRowAndShowsTheValueAgain) {
   const Held& held = GetParam();
   ShowRow(TipoControle::Browse, held.Type, held.Value, held.Mask, held.MaxLength);
   form->Focus(u"chkAtivo");
@@ -111,7 +111,7 @@ TEST_P(LeftList, KeepsTheRowAndShowsTheValueAgain) {
   }
 }
 
-TEST_F(LeftDialog, AnUnboundFieldKeepsItsNull) {
+TEST_F(CancelledDialog, AnUnboundFieldKeepsItsNull) {
   Show(TipoControle::Browse);
   Control().TipoDado(5);
   Control().Mascara(u"$$$.$$");
@@ -121,7 +121,7 @@ TEST_F(LeftDialog, AnUnboundFieldKeepsItsNull) {
   EXPECT_THAT(Control().Value(), IsValue(before));
 }
 
-TEST_F(LeftDialog, ABoxOfPasswordCharactersGetsItsFormerTextBack) {
+TEST_F(CancelledDialog, ABoxOfPasswordCharactersGetsItsFormerTextBack) {
   Show(TipoControle::Browse);
   Control().PasswordChar(u"*");
   Control().Value(u"700");
@@ -133,7 +133,7 @@ TEST_F(LeftDialog, ABoxOfPasswordCharactersGetsItsFormerTextBack) {
   EXPECT_THAT(Control().Value(), IsValue(u"700"));
 }
 
-TEST_F(LeftDialog, TheListFillsTheDescriptionAndDoesNotChangeItsRow) {
+TEST_F(CancelledDialog, TheListFillsTheDescriptionAndDoesNotChangeItsRow) {
   data = AddData({{u"codigo"}, {u"nome"}}, {{u"15", u"Outro nome"}});
   const auto name = AddField(u"txtNome");
   (*name)->UsaChecaRelacao(false);
@@ -151,7 +151,7 @@ TEST_F(LeftDialog, TheListFillsTheDescriptionAndDoesNotChangeItsRow) {
 }
 
 /// One field on a row that refuses writes.
-class LeftListBehindARefusal : public LeftDialog {
+class CancelledListAfterARefusal : public CancelledDialog {
  protected:
   void RefuseTyped(const Variant& stored) {
     rows->Field.Type = host::type::Numeric;
@@ -181,20 +181,20 @@ class LeftListBehindARefusal : public LeftDialog {
   std::shared_ptr<RawRows> rows = std::make_shared<RawRows>();
 };
 
-TEST_F(LeftListBehindARefusal, ShowsTheRowsValueWhichCountsAsUntouched) {
+TEST_F(CancelledListAfterARefusal, ShowsTheRowsValueWhichCountsAsUntouched) {
   RefuseTyped(DecimalFromText(u"1.25"));
   LeaveList();
   EXPECT_EQ(Box().Text(), u"1,3");
   EXPECT_THAT(rows->Written, IsEmpty());
 }
 
-TEST_F(LeftListBehindARefusal, ShowsTheRefusedValueIfTheRowHoldsNone) {
+TEST_F(CancelledListAfterARefusal, ShowsTheRefusedValueIfTheRowHoldsNone) {
   RefuseTyped(null);
   LeaveList();
   EXPECT_THAT(rows->Written, SizeIs(1));
 }
 
-TEST_F(LeftListBehindARefusal, ReadsNoRowOfAFieldThatIsNoLongerBound) {
+TEST_F(CancelledListAfterARefusal, ReadsNoRowOfAFieldThatIsNoLongerBound) {
   RefuseTyped(DecimalFromText(u"1.25"));
   Control().DataField(u"outro");
   Control().Refresh();
@@ -204,7 +204,7 @@ TEST_F(LeftListBehindARefusal, ReadsNoRowOfAFieldThatIsNoLongerBound) {
   EXPECT_THAT(rows->Written, IsEmpty());
 }
 
-TEST_F(LeftListBehindARefusal, ReadsNoRowAtTheEndOfTheRows) {
+TEST_F(CancelledListAfterARefusal, ReadsNoRowAtTheEndOfTheRows) {
   RefuseTyped(DecimalFromText(u"1.25"));
   rows->Field.AtEof = true;
   rows->Field.ReadFault = HostError(errors::NoCurrentRecord);
@@ -213,7 +213,7 @@ TEST_F(LeftListBehindARefusal, ReadsNoRowAtTheEndOfTheRows) {
   EXPECT_THAT(rows->Written, IsEmpty());
 }
 
-TEST_F(LeftListBehindARefusal, AtTheEndOfTheRowsTheRefusedValueStaysIfTheRowHeldNone) {
+TEST_F(CancelledListAfterARefusal, AtTheEndOfTheRowsTheRefusedValueStaysIfTheRowHeldNone) {
   RefuseTyped(null);
   rows->Field.AtEof = true;
   rows->Field.ReadFault = HostError(errors::NoCurrentRecord);
@@ -222,7 +222,7 @@ TEST_F(LeftListBehindARefusal, AtTheEndOfTheRowsTheRefusedValueStaysIfTheRowHeld
   EXPECT_EQ(CDbl(Control().Value()), 8);
 }
 
-TEST_F(LeftDialog, ACancelledListShowsTheStoredValueInPlaceOfOneThatAnUnboundFieldRefused) {
+TEST_F(CancelledDialog, ACancelledListShowsTheStoredValueInPlaceOfOneThatAnUnboundFieldRefused) {
   Show(TipoControle::Browse);
   Control().TipoDado(5);
   Enter();
@@ -239,7 +239,7 @@ TEST_F(LeftDialog, ACancelledListShowsTheStoredValueInPlaceOfOneThatAnUnboundFie
 
 // --- Calendar, calculator, folder ---------------------------------------------------------------
 
-TEST_F(LeftDialog, TheCalendarKeepsTheTimeOfDay) {
+TEST_F(CancelledDialog, TheCalendarKeepsTheTimeOfDay) {
   const Date moment = FromCivil({2017, 12, 25, 10, 30, 59});
   ShowRow(TipoControle::Calendario, host::type::DBTimeStamp, moment, u"dd/mm/yyyy", 10);
   for (const Key key : {Key::Escape, Key::Enter}) {
@@ -252,7 +252,7 @@ TEST_F(LeftDialog, TheCalendarKeepsTheTimeOfDay) {
 
 // A short year leaves six characters, which are not a date; the check of the date has completed the
 // year by then, so that a second click would find eight.
-TEST_F(LeftDialog, WithTheComfortACalendarThatCannotOpenDoesNotTouchTheField) {
+TEST_F(CancelledDialog, WithTheComfortACalendarThatCannotOpenDoesNotTouchTheField) {
   setComforts({.CalendarCancels = true});
   const Date moment = FromCivil({2017, 12, 25, 10, 30, 59});
   ShowRow(TipoControle::Calendario, host::type::DBTimeStamp, moment, u"dd/mm/yy", 10);
@@ -270,7 +270,7 @@ TEST_F(LeftDialog, WithTheComfortACalendarThatCannotOpenDoesNotTouchTheField) {
   setComforts({});
 }
 
-TEST_F(LeftDialog, TheCalendarReturnsANewlyTypedDay) {
+TEST_F(CancelledDialog, TheCalendarReturnsANewlyTypedDay) {
   ShowRow(TipoControle::Calendario, host::type::DBTimeStamp, FromCivil({2017, 12, 25, 10, 30, 59}),
           u"dd/mm/yyyy", 10);
   form->Type(u"25122017");
@@ -278,7 +278,7 @@ TEST_F(LeftDialog, TheCalendarReturnsANewlyTypedDay) {
   EXPECT_THAT(Control().Value(), IsValue(FromCivil({2017, 12, 25})));
 }
 
-TEST_F(LeftDialog, TheCalculatorKeepsTheNumberOfTheField) {
+TEST_F(CancelledDialog, TheCalculatorKeepsTheNumberOfTheField) {
   for (const char16_t* number : {u"12345.67", u"1.239", u"-0.004", u"9007199254740993"}) {
     SCOPED_TRACE(ToUtf8(number));
     const Variant stored(DecimalFromText(number));
@@ -304,7 +304,7 @@ TEST_F(LeftDialog, TheCalculatorKeepsTheNumberOfTheField) {
   }
 }
 
-TEST_F(LeftDialog, TheCalculatorReturnsATypedNumber) {
+TEST_F(CancelledDialog, TheCalculatorReturnsATypedNumber) {
   ShowRow(TipoControle::Calculadora, host::type::Numeric, DecimalFromText(u"1.239"), u"$$$$.$$", 7);
   form->Type(u"1,24");
   Click(u"frmCalculadora", Calculate(u""));
@@ -312,14 +312,14 @@ TEST_F(LeftDialog, TheCalculatorReturnsATypedNumber) {
 }
 
 // Escape keeps what the display shows, and a calculator opened without a number shows 0.
-TEST_F(LeftDialog, TheCalculatorReturnsZeroForABlank) {
+TEST_F(CancelledDialog, TheCalculatorReturnsZeroForABlank) {
   ShowRow(TipoControle::Calculadora, host::type::Numeric, null);
   ASSERT_EQ(Box().Text(), u"");
   Click(u"frmCalculadora", Calculate(u""));
   EXPECT_EQ(CStr(Stored()), u"0");
 }
 
-TEST_F(LeftDialog, TheFolderPickerKeepsThePathOfTheField) {
+TEST_F(CancelledDialog, TheFolderPickerKeepsThePathOfTheField) {
   ShowRow(TipoControle::Diretorio, host::type::VarWChar, u"c:\\Dados", u"", 4);
   ASSERT_EQ(Box().Text(), u"c:\\Dados");
   Click(u"frmDiretorio", [](memory::Dialog& shown) { shown.Click(u"btnVoltar"); });

@@ -100,7 +100,7 @@ TEST_F(SearchesTest, AnUnknownLetterKeepsTheFormerOne) {
   EXPECT_EQ(Item(2).Like(), 1);
 }
 
-TEST_F(SearchesTest, AnUnknownLetterInTheFirstFieldIsNoKindAndNoWildcard) {
+TEST_F(SearchesTest, AnUnknownLetterInTheFirstFieldIsNeitherAKindNorAWildcard) {
   Control().PesqTipo(
       u"?      \x0003"
       u"D      \x0003");

@@ -271,7 +271,7 @@ TEST_F(SiblingTest, WithTheComfortARetypedDescriptionIsLookedUpWithoutItsFormerK
   setComforts({});
 }
 
-TEST_F(SiblingTest, WithoutASiblingsFieldThereIsNoFilter) {
+TEST_F(SiblingTest, WithoutASiblingsFieldTheConditionHasNoFilter) {
   (*description)->Browse()->BrwCampoIrmao(u"");
   (*description)->Browse()->BrwCampoOutros(u"cidade");
   State().vntValorIrmao = u"'12'";

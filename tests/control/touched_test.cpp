@@ -129,11 +129,11 @@ TEST_F(UntouchedTest, AKeyThatHasNoRoomOverASelectionDoesNotTouchTheField) {
   EXPECT_FALSE(IsEdited());
 }
 
-class TypedAnew : public UntouchedTest, public testing::WithParamInterface<const char16_t*> {};
+class Retyped : public UntouchedTest, public testing::WithParamInterface<const char16_t*> {};
 
-INSTANTIATE_TEST_SUITE_P(Masks, TypedAnew, testing::Values(u"", u"#", u"$"));
+INSTANTIATE_TEST_SUITE_P(Masks, Retyped, testing::Values(u"", u"#", u"$"));
 
-TEST_P(TypedAnew, TheSameTextIsWritten) {
+TEST_P(Retyped, TheSameTextIsWritten) {
   AddRawRow(host::type::Numeric, Long{5});
   Control().Mascara(GetParam());
   form->Show();
@@ -145,7 +145,7 @@ TEST_P(TypedAnew, TheSameTextIsWritten) {
   EXPECT_THAT(rows->Written, ElementsAre(IsValue(5.0)));
 }
 
-TEST_P(TypedAnew, TheSameTextWithoutAKeyIsWritten) {
+TEST_P(Retyped, TheSameTextWithoutAKeyIsWritten) {
   AddRawRow(host::type::Numeric, Long{5});
   Control().Mascara(GetParam());
   form->Show();

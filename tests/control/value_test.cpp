@@ -142,7 +142,7 @@ TEST_F(UnboundValueTest, TheTypedTextFollowsTheValueAndTheBoxFollowsTheMask) {
   }
 }
 
-TEST_F(UnboundValueTest, NullEmptiesABoxWithNoMaskThroughTheTypedText) {
+TEST_F(UnboundValueTest, NullEmptiesABoxWithoutAMaskThroughTheTypedText) {
   const auto field = Assign(8, u"", u"abc");
   (*field)->Value(null);
   EXPECT_EQ((*field)->Texto(), u"");
