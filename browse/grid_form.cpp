@@ -73,13 +73,13 @@ const host::DialogDescription& frmBrowse::Description() {
   return description;
 }
 
-String frmBrowse::TeclasDoMenu(Long posicao) {
+String frmBrowse::MenuShortcuts(Long position) {
   String keys;
   for (const auto& run : kFunctionKeys)
-    if (const Integer code = CodeOf(run, posicao); code != 0)
+    if (const Integer code = CodeOf(run, position); code != 0)
       keys = u"F" + CStr(Variant(static_cast<Long>(code - kKeyBeforeF1)));
-  if (CodeOf(kDigits, posicao) == 0) return keys;
-  return keys + (keys.empty() ? u"" : u", ") + u"Ctrl+" + CStr(Variant(posicao));
+  if (CodeOf(kDigits, position) == 0) return keys;
+  return keys + (keys.empty() ? u"" : u", ") + u"Ctrl+" + CStr(Variant(position));
 }
 
 frmBrowse::frmBrowse()
@@ -124,7 +124,7 @@ void frmBrowse::ConectGrid(const String& strInstrucao, bool& blnOk) {
   blnOk = true;
   Catch(
       [&] {
-        if (ConexaoAtual()->State() == host::state::Closed) {
+        if (CurrentConnection()->State() == host::state::Closed) {
           mdlMsgBox::ExibeMensagem(hWndMsgBox, u"Conexão ao banco foi encerrada. verifique",
                                    mdlMsgBox::flag::Stop);
           return;
@@ -133,15 +133,15 @@ void frmBrowse::ConectGrid(const String& strInstrucao, bool& blnOk) {
       },
       [&] {
         blnOk = false;
-        mdlObjTxt::OfereceInstrucao(strInstrucao, u"Copiar Para Área de Transferência ?",
-                                    mdlMsgBox::flag::YesNo + mdlMsgBox::flag::Stop, hWndMsgBox);
+        mdlObjTxt::OfferStatement(strInstrucao, u"Copiar Para Área de Transferência ?",
+                                  mdlMsgBox::flag::YesNo + mdlMsgBox::flag::Stop, hWndMsgBox);
       });
 }
 
 /// The former rows stay when the new ones cannot be had.
 void frmBrowse::ShowRowsOf(const String& statement) {
   const BusyPointer busy;
-  auto rows = ConexaoAtual()->Execute(statement);
+  auto rows = CurrentConnection()->Execute(statement);
   rows->Bof();  // rows that cannot be read fail here and not in the grid
   dcBrowse = std::move(rows);
   grid_.DataSource(dcBrowse);
@@ -209,11 +209,11 @@ void frmBrowse::ReloadAll() {
   ShowRowsOf(statement);
 }
 
-void frmBrowse::Search(Long indice) {
-  std::vector<mdlObjTxt::EntradaPesquisa> entries;
+void frmBrowse::Search(Long number) {
+  std::vector<mdlObjTxt::SearchEntry> entries;
   for (Long i = 1; Pesquisa && i <= Pesquisa->Count(); ++i) {
     const auto item = Pesquisa->Item(i);
-    if (item->Indice() != indice) continue;
+    if (item->Indice() != number) continue;
     entries.push_back({strTabela, item->Campo(), item->Tipo(), item->Like(), item->Caption(),
                        item->Width(), item->CompletaDescr(), item->Mascara(), item->MaxLength(),
                        item->PromptInclude(), item->CampoPronto(), item->OrderBy()});
@@ -261,13 +261,13 @@ void frmBrowse::GridKeyPress(Integer KeyAscii) {
 void frmBrowse::JumpTo(char16_t character) {
   if (!ShowsRows()) return;
   const auto field = dcBrowse->Fields().Item(0);
-  if (!EhTipoDeCampoTexto(field->Type())) return;
+  if (!IsTextFieldType(field->Type())) return;
   const BusyPointer busy;
   const Long before = dcBrowse->AbsolutePosition();
   const auto stay = [&] { dcBrowse->AbsolutePosition(before); };
   try {
     dcBrowse->MoveFirst();
-    mdlObjTxt::AchaInicio(*dcBrowse, String(1, character));
+    mdlObjTxt::FindStart(*dcBrowse, String(1, character));
   } catch (...) {
     stay();  // what is highlighted is what Enter confirms
     grid_.ShowCurrentRow();

@@ -17,7 +17,7 @@ class TESSARIA_HOST_API frmBrowse {
   /// What the window is made of.
   static const host::DialogDescription& Description();
   /// The keys that choose an entry of the menu, by position from 1; "" for none.
-  static String TeclasDoMenu(Long posicao);
+  static String MenuShortcuts(Long position);
 
   /// Error 91 when no window can open.
   frmBrowse();
@@ -62,7 +62,7 @@ class TESSARIA_HOST_API frmBrowse {
   void ConfirmClick();
   void MenuClick(Long position);
   void ReloadAll();
-  void Search(Long indice);
+  void Search(Long number);
   void FormKeyDown(Integer KeyCode, Integer Shift);
   void GridKeyDown(Integer KeyCode, Integer Shift);
   void GridKeyPress(Integer KeyAscii);

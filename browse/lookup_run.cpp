@@ -20,61 +20,61 @@
 namespace tessaria::mdlObjTxt {
 namespace {
 
-bool EhVazio(const Variant& valor) {
-  const String* texto = valor.TryGet<String>();
-  return valor.IsNull() || valor.IsEmpty() || (texto != nullptr && texto->empty());
+bool IsNothing(const Variant& value) {
+  const String* text = value.TryGet<String>();
+  return value.IsNull() || value.IsEmpty() || (text != nullptr && text->empty());
 }
 
-String Lista(const String& campo, const String& irmao, const String& outros) {
-  String campos = campo;
-  if (!irmao.empty()) campos += u", " + irmao;
-  if (!outros.empty()) campos += u", " + outros;
-  return campos;
+String FieldList(const String& field, const String& sibling, const String& others) {
+  String fields = field;
+  if (!sibling.empty()) fields += u", " + sibling;
+  if (!others.empty()) fields += u", " + others;
+  return fields;
 }
 
 /// Joins a condition to a clause that is empty or begins with " Where ".
-void Junta(String& clausula, const String& condicao) {
-  clausula += (clausula.empty() ? u" Where " : u" And ") + condicao;
+void AddCondition(String& clause, const String& condition) {
+  clause += (clause.empty() ? u" Where " : u" And ") + condition;
 }
 
 /// What begins with what the operator typed; the part that was completed does not count.
-String PreFiltro(const host::TextBox& box, const String& campo) {
-  const String texto = box.Text();
-  const Long digitados = box.SelStart() == 0 ? Len(texto) : box.SelStart();
-  return TiraAlias(campo) + u" " + mdlComum::TraduzSQL(fragmento::Like) + u" '" +
-         ConteudoDePadrao(LeftWhole(texto, digitados)) + u"%'";
+String TypedStart(const host::TextBox& box, const String& field) {
+  const String text = box.Text();
+  const Long typed = box.SelStart() == 0 ? Len(text) : box.SelStart();
+  return TiraAlias(field) + u" " + mdlComum::TraduzSQL(sql_fragment::Like) + u" '" +
+         PatternContent(LeftWhole(text, typed)) + u"%'";
 }
 
 /// The whole clause, from " Where " on. `where` is expanded already.
-String Clausula(const String& where, TipoControle tipo, const host::TextBox& box,
-                const String& campo) {
-  String clausula;
-  if (!where.empty()) Junta(clausula, where);
-  if (tipo == TipoControle::Descricao && !Trim(box.Text()).empty())
-    Junta(clausula, PreFiltro(box, campo));
-  Junta(clausula, TiraAlias(campo) + u" Is Not Null");
-  return clausula;
+String WhereClause(const String& where, TipoControle kind, const host::TextBox& box,
+                   const String& field) {
+  String clause;
+  if (!where.empty()) AddCondition(clause, where);
+  if (kind == TipoControle::Descricao && !Trim(box.Text()).empty())
+    AddCondition(clause, TypedStart(box, field));
+  AddCondition(clause, TiraAlias(field) + u" Is Not Null");
+  return clause;
 }
 
-void AvisaTabelaVazia(const String& mensagem, Long lngHwnd) {
-  const bool propria = !Trim(mensagem).empty();
+void TellEmptyTable(const String& message, Long lngHwnd) {
+  const bool own = !Trim(message).empty();
   mdlMsgBox::ExibeMensagem(
-      lngHwnd, propria ? mensagem : u"Não Existem Dados na Tabela Pesquisada, Favor Cadastrar", 0);
+      lngHwnd, own ? message : u"Não Existem Dados na Tabela Pesquisada, Favor Cadastrar", 0);
 }
 
 /// One entry of the menu for each search; entries of one number share it.
-void MontaMenu(host::ToolBar& bar, const Pesquisa* pesquisa) {
-  Long anterior = 0;
-  for (Long i = 1; pesquisa != nullptr && i <= pesquisa->Count(); ++i) {
-    const auto item = pesquisa->Item(i);
-    if (item->Indice() != anterior) {
+void FillMenu(host::ToolBar& bar, const Pesquisa* searches) {
+  Long previous = 0;
+  for (Long i = 1; searches != nullptr && i <= searches->Count(); ++i) {
+    const auto item = searches->Item(i);
+    if (item->Indice() != previous) {
       bar.AddMenu({item->Caption(), CStr(Variant(item->Indice()))});
     } else {
-      auto ultima = bar.Menu(bar.MenuCount());
-      ultima.Text += u" + " + item->Caption();
-      bar.Menu(bar.MenuCount(), ultima);
+      auto last = bar.Menu(bar.MenuCount());
+      last.Text += u" + " + item->Caption();
+      bar.Menu(bar.MenuCount(), last);
     }
-    anterior = item->Indice();
+    previous = item->Indice();
   }
   if (bar.MenuCount() == 0) {
     bar.ButtonEnabled(false);
@@ -84,28 +84,28 @@ void MontaMenu(host::ToolBar& bar, const Pesquisa* pesquisa) {
   bar.AddMenu({u"Traz Todos os Registros", {}});
 }
 
-host::Recordset& Linhas(const frmBrowse& form) {
+host::Recordset& RowsOf(const frmBrowse& form) {
   if (!form.dcBrowse) throw HostError(errors::ObjectNotSet);
   return *form.dcBrowse;
 }
 
 /// Goes to the row of the value, or to the first one.
-void Posiciona(host::Recordset& linhas, Variant& valor) {
-  if (EhVazio(valor)) valor = linhas.Fields().Item(0)->Value();
+void GoToValue(host::Recordset& rows, Variant& value) {
+  if (IsNothing(value)) value = rows.Fields().Item(0)->Value();
   const BusyPointer busy;
-  if (const String* texto = valor.TryGet<String>()) {
-    if (!texto->empty()) AchaInicio(linhas, *texto);
+  if (const String* text = value.TryGet<String>()) {
+    if (!text->empty()) FindStart(rows, *text);
   } else {
-    linhas.Find(CriterioDeIgualdade(linhas.Fields().Item(0)->Name(), valor));
+    rows.Find(EqualityCriterion(rows.Fields().Item(0)->Name(), value));
   }
-  if (linhas.Eof()) linhas.MoveFirst();
+  if (rows.Eof()) rows.MoveFirst();
 }
 
 /// The key of a chosen description: the later lookups of its control are limited to it.
-Variant LiteralDoIrmao(host::Recordset& linhas, const String& campoIrmao) {
-  const auto campo = linhas.Fields().Item(NomeDeColuna(campoIrmao));
-  const Variant valor = campo->Value();
-  return EhTipoDeCampoNumerico(campo->Type()) ? valor : Variant(TextoSql(SqlText(valor)));
+Variant SiblingLiteral(host::Recordset& rows, const String& siblingField) {
+  const auto field = rows.Fields().Item(ColumnName(siblingField));
+  const Variant value = field->Value();
+  return IsNumericFieldType(field->Type()) ? value : Variant(QuotedText(SqlText(value)));
 }
 
 }  // namespace
@@ -116,60 +116,60 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
                  const String& strWhere, const String& strTitulo, TipoControle intTipoControle,
                  const host::FormPtr& frmForm, ListaColunas& cgrColGrid,
                  std::shared_ptr<Pesquisa> objPesquisa, const String& strMsgBrowse, Long lngHwnd,
-                 FimDaLista* fim) {
-  String resultado;
-  auto como = FimDaLista::Falhou;  // unless it ends otherwise
+                 ListEnd* end) {
+  String result;
+  auto outcome = ListEnd::Failed;  // unless it ends otherwise
   Trap(u"mdlObjTxt", u"VerBrowse", [&] {
-    const Variant antigo = varValor;
+    const Variant formerValue = varValor;
     // The definition may be gone when the list has closed.
-    const String irmao = strCampoIrmao;  // NOLINT(performance-unnecessary-copy-initialization)
+    const String sibling = strCampoIrmao;  // NOLINT(performance-unnecessary-copy-initialization)
     frmBrowse form;
     form.lblTitulo().Caption(strTitulo.empty() ? strTabela : strTitulo);
     PlaceOnScreen(form.Window(), sngTop, sngLeft);
 
-    const String campos = Lista(strCampo, strCampoIrmao, strCampoOutros);
+    const String fields = FieldList(strCampo, strCampoIrmao, strCampoOutros);
     const String from = strLeftJoin.empty() ? strTabela : strLeftJoin;
-    form.strWhere = frmForm ? ExpandeCondicao(frmForm, strWhere) : strWhere;
+    form.strWhere = frmForm ? ExpandCondition(frmForm, strWhere) : strWhere;
     CopiaColunas(cgrColGrid, form.cgrColGrid, false);
 
     // Two blanks stand in front of the order when there is no group clause.
     bool ok = false;
-    form.ConectGrid(u"Select " + campos + u" From " + from +
-                        Clausula(form.strWhere, intTipoControle, txtBox, strCampo) + u" " +
+    form.ConectGrid(u"Select " + fields + u" From " + from +
+                        WhereClause(form.strWhere, intTipoControle, txtBox, strCampo) + u" " +
                         strGroupBy + u" Order by 1",
                     ok);
     if (!ok) return;
-    if (Linhas(form).Bof()) {
-      AvisaTabelaVazia(strMsgBrowse, lngHwnd);
-      como = FimDaLista::Respondeu;
+    if (RowsOf(form).Bof()) {
+      TellEmptyTable(strMsgBrowse, lngHwnd);
+      outcome = ListEnd::Answered;
       return;
     }
 
     form.DesenhaGrid();
     form.strTabela = strTabela;
     form.strFrom = from;
-    form.strCampos = campos;
+    form.strCampos = fields;
     form.hWndMsgBox = lngHwnd;
     form.strGroupBy = strGroupBy;
     form.Pesquisa = objPesquisa;
-    MontaMenu(form.barBrowse(), objPesquisa.get());
-    Posiciona(Linhas(form), varValor);
+    FillMenu(form.barBrowse(), objPesquisa.get());
+    GoToValue(RowsOf(form), varValor);
     txtBox.Tag = exitIsSilenced;
 
     form.ShowModal();
     App().DoEvents();
     if (!form.lGravar) {
-      resultado = antigo.IsNull() ? String() : CStr(antigo);
-      como = FimDaLista::SemEscolha;
+      result = formerValue.IsNull() ? String() : CStr(formerValue);
+      outcome = ListEnd::NoChoice;
       return;
     }
-    resultado = CStr(Linhas(form).Fields().Item(0)->Value());
-    const bool temIrmao = !irmao.empty() && intTipoControle == TipoControle::Descricao;
-    State().vntValorIrmao = temIrmao ? LiteralDoIrmao(Linhas(form), irmao) : Variant();
-    como = FimDaLista::Respondeu;
+    result = CStr(RowsOf(form).Fields().Item(0)->Value());
+    const bool hasSibling = !sibling.empty() && intTipoControle == TipoControle::Descricao;
+    State().vntValorIrmao = hasSibling ? SiblingLiteral(RowsOf(form), sibling) : Variant();
+    outcome = ListEnd::Answered;
   });
-  if (fim) *fim = como;
-  return resultado;
+  if (end) *end = outcome;
+  return result;
 }
 
 }  // namespace tessaria::mdlObjTxt

@@ -12,10 +12,10 @@
 namespace tessaria::mdlObjTxt {
 
 /// How a list ended.
-enum class FimDaLista {
-  Respondeu,   ///< a key was chosen, or the table is empty
-  SemEscolha,  ///< the operator left it without a choice
-  Falhou       ///< no list could be shown, or an error ended it
+enum class ListEnd {
+  Answered,  ///< a key was chosen, or the table is empty
+  NoChoice,  ///< the operator left it without a choice
+  Failed     ///< no list could be shown, or an error ended it
 };
 
 /// Shows the list of a lookup and gives the chosen key as text, the old value on a cancel, "" when
@@ -28,7 +28,7 @@ enum class FimDaLista {
 /// parameters, which the controls of `frmForm` answer; with no form it stays as it is.
 /// `objPesquisa` may be nothing: no searches. `strMsgBrowse` replaces the message of an empty table
 /// unless blank. `lngHwnd` is the window of the control and owns the messages. After a choice of a
-/// description the thread's sibling value is the key of its row. `fim`, unless null, tells how the
+/// description the thread's sibling value is the key of its row. `end`, unless null, tells how the
 /// list ended.
 ///
 /// References are not used any more once the list shows, so that the control and its form may go
@@ -39,6 +39,6 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
                  const String& strWhere, const String& strTitulo, TipoControle intTipoControle,
                  const host::FormPtr& frmForm, ListaColunas& cgrColGrid,
                  std::shared_ptr<Pesquisa> objPesquisa, const String& strMsgBrowse, Long lngHwnd,
-                 FimDaLista* fim = nullptr);
+                 ListEnd* end = nullptr);
 
 }  // namespace tessaria::mdlObjTxt

@@ -9,12 +9,11 @@
 
 namespace tessaria::mdlObjTxt {
 
-void OfereceInstrucao(const String& strInstrucao, const String& strTitulo, Long intFlags,
-                      Long lngHwnd) {
-  const String legivel = MontaSqlPronta(strInstrucao);
-  const String texto = Err().Description + u"\r\r" + legivel;
-  if (mdlMsgBox::ExibeMensagem(lngHwnd, texto, intFlags, strTitulo) == host::answer::Yes)
-    TheDesktop().ClipboardText(legivel);
+void OfferStatement(const String& statement, const String& title, Long flags, Long owner) {
+  const String readable = MontaSqlPronta(statement);
+  const String text = Err().Description + u"\r\r" + readable;
+  if (mdlMsgBox::ExibeMensagem(owner, text, flags, title) == host::answer::Yes)
+    TheDesktop().ClipboardText(readable);
 }
 
 }  // namespace tessaria::mdlObjTxt

@@ -10,38 +10,37 @@ namespace tessaria::mdlObjTxt {
 namespace {
 
 /// Whether the usual text of a binary number stands for that number and no neighbour of it.
-bool EhExato(const Variant& valor, const String& texto) {
-  if (const auto* simples = valor.TryGet<float>())
-    return static_cast<float>(CDbl(texto)) == *simples;
-  const auto* duplo = valor.TryGet<double>();
-  return duplo == nullptr || CDbl(texto) == *duplo;
+bool IsExact(const Variant& value, const String& text) {
+  if (const auto* single = value.TryGet<float>()) return static_cast<float>(CDbl(text)) == *single;
+  const auto* number = value.TryGet<double>();
+  return number == nullptr || CDbl(text) == *number;
 }
 
-String TextoExato(const Variant& valor) {
-  String texto = CStr(valor);
-  return EhExato(valor, texto) ? texto : PlainText(ShortestDigits(CDbl(valor)), u',');
+String ExactText(const Variant& value) {
+  String text = CStr(value);
+  return IsExact(value, text) ? text : PlainText(ShortestDigits(CDbl(value)), u',');
 }
 
 }  // namespace
 
-String CriterioDeInicio(const String& nome, StringView texto) {
-  return FieldNameText(nome) + u" like '" + DobraAspas(texto) + u"%'";
+String StartCriterion(const String& name, StringView text) {
+  return FieldNameText(name) + u" like '" + DoubleApostrophes(text) + u"%'";
 }
 
-void AchaInicio(host::Recordset& linhas, StringView texto) {
-  const auto campo = [&] { return linhas.Fields().Item(0); };
-  const String criterio = CriterioDeInicio(campo()->Name(), texto);
-  linhas.Find(criterio);
-  if (texto.find_first_of(u"*%") != 0) return;
-  const String inicio = LCase(texto);
-  while (!linhas.Eof() && !StartsWith(LCase(CStr(campo()->Value())), inicio)) {
-    linhas.MoveNext();
-    if (!linhas.Eof()) linhas.Find(criterio);
+void FindStart(host::Recordset& rows, StringView text) {
+  const auto field = [&] { return rows.Fields().Item(0); };
+  const String criterion = StartCriterion(field()->Name(), text);
+  rows.Find(criterion);
+  if (text.find_first_of(u"*%") != 0) return;
+  const String start = LCase(text);
+  while (!rows.Eof() && !StartsWith(LCase(CStr(field()->Value())), start)) {
+    rows.MoveNext();
+    if (!rows.Eof()) rows.Find(criterion);
   }
 }
 
-String CriterioDeIgualdade(const String& nome, const Variant& valor) {
-  return FieldNameText(nome) + u" = " + TextoExato(valor);
+String EqualityCriterion(const String& name, const Variant& value) {
+  return FieldNameText(name) + u" = " + ExactText(value);
 }
 
 }  // namespace tessaria::mdlObjTxt

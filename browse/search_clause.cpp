@@ -10,60 +10,59 @@ namespace tessaria::mdlObjTxt {
 namespace {
 
 /// The operator of an order comparison, blanks around it; "" for any other code.
-StringView OperadorDeOrdem(Long like) {
+StringView OrderOperator(Long like) {
   switch (like) {
-    case comparacao::Maior:
+    case search_comparison::Greater:
       return u" > ";
-    case comparacao::MaiorOuIgual:
+    case search_comparison::GreaterOrEqual:
       return u" >= ";
-    case comparacao::Menor:
+    case search_comparison::Less:
       return u" < ";
-    case comparacao::MenorOuIgual:
+    case search_comparison::LessOrEqual:
       return u" <= ";
     default:
       return {};
   }
 }
 
-String ClausulaDeTexto(const String& campo, Long like, const String& valor) {
-  const auto comLike = [&](StringView antes, StringView depois) {
-    return campo + u" " + mdlComum::TraduzSQL(fragmento::Like) + String(antes) +
-           ConteudoDePadrao(valor) + String(depois);
+String TextCondition(const String& field, Long like, const String& value) {
+  const auto withLike = [&](StringView before, StringView after) {
+    return field + u" " + mdlComum::TraduzSQL(sql_fragment::Like) + String(before) +
+           PatternContent(value) + String(after);
   };
   switch (like) {
-    case comparacao::Igual:
-      return campo + u" = " + TextoSql(valor);
-    case comparacao::ComecaCom:
-      return comLike(u" '", u"%'");
-    case comparacao::TerminaCom:
-      return comLike(u" '%", u"'");
-    case comparacao::Contem:
-      return comLike(u" '%", u"%'");
+    case search_comparison::Equal:
+      return field + u" = " + QuotedText(value);
+    case search_comparison::StartsWith:
+      return withLike(u" '", u"%'");
+    case search_comparison::EndsWith:
+      return withLike(u" '%", u"'");
+    case search_comparison::Contains:
+      return withLike(u" '%", u"%'");
     default:
       break;
   }
-  const StringView operador = OperadorDeOrdem(like);
-  if (operador.empty()) return {};
+  const StringView comparison = OrderOperator(like);
+  if (comparison.empty()) return {};
   // An apostrophe counts twice in the length.
-  const Long comprimento = Len(DobraAspas(valor));
-  return u"Left(" + campo + u", " + CStr(Variant(comprimento)) + u")" + String(operador) +
-         TextoSql(valor);
+  const Long length = Len(DoubleApostrophes(value));
+  return u"Left(" + field + u", " + CStr(Variant(length)) + u")" + String(comparison) +
+         QuotedText(value);
 }
 
 }  // namespace
 
-String QualificaCampo(const String& strCampo, const String& strTabela) {
-  if (InStr(strCampo, u".") != 0) return strCampo;
-  const Long parentese = InStr(strCampo, u"(");
-  return Left(strCampo, parentese) + strTabela + u"." + Mid(strCampo, parentese + 1);
+String QualifyField(const String& field, const String& table) {
+  if (InStr(field, u".") != 0) return field;
+  const Long parenthesis = InStr(field, u"(");
+  return Left(field, parenthesis) + table + u"." + Mid(field, parenthesis + 1);
 }
 
-String ClausulaDePesquisa(const String& strCampo, Long lngTipo, Long lngLike,
-                          const String& strValor) {
-  const String campo = TiraAlias(strCampo);
-  if (lngTipo == tipo_pesquisa::Texto) return ClausulaDeTexto(campo, lngLike, strValor);
-  const StringView operador = OperadorDeOrdem(lngLike);
-  return campo + String(operador.empty() ? u" = " : operador) + strValor;
+String SearchCondition(const String& selected, Long kind, Long like, const String& value) {
+  const String field = TiraAlias(selected);
+  if (kind == search_kind::Text) return TextCondition(field, like, value);
+  const StringView comparison = OrderOperator(like);
+  return field + String(comparison.empty() ? u" = " : comparison) + value;
 }
 
 }  // namespace tessaria::mdlObjTxt

@@ -7,26 +7,22 @@
 
 namespace tessaria::mdlObjTxt {
 
-bool EhPesquisaDeNumero(Long lngTipo) {
-  return lngTipo != tipo_pesquisa::Data && lngTipo != tipo_pesquisa::Texto;
+bool IsNumberSearch(Long kind) { return kind != search_kind::Date && kind != search_kind::Text; }
+
+String AmountNumber(const String& text) { return Replace(Replace(text, u".", u""), u",", u"."); }
+
+std::optional<String> SearchNumber(const Variant& value, const String& mask) {
+  const String text = Trim(SqlText(value));
+  const bool isAmount = value.IsString() && StartsWith(mask, u"$");
+  String number = isAmount ? AmountNumber(text) : Replace(text, u",", u".");
+  if (!IsSqlNumber(number)) return std::nullopt;
+  return number;
 }
 
-String NumeroDeMoeda(const String& strTexto) {
-  return Replace(Replace(strTexto, u".", u""), u",", u".");
-}
-
-std::optional<String> NumeroDaPesquisa(const Variant& valor, const String& strMascara) {
-  const String texto = Trim(SqlText(valor));
-  const bool ehMoeda = valor.IsString() && StartsWith(strMascara, u"$");
-  String numero = ehMoeda ? NumeroDeMoeda(texto) : Replace(texto, u",", u".");
-  if (!EhNumeroSql(numero)) return std::nullopt;
-  return numero;
-}
-
-bool EhNumeroDigitado(const String& strTexto, Long lngTipo, const String& strMascara) {
+bool IsTypedNumber(const String& text, Long kind, const String& mask) {
   // A field of numbers reads its text itself, points for thousands included.
-  if (lngTipo == tipo_pesquisa::Numero) return IsNumeric(strTexto);
-  return NumeroDaPesquisa(strTexto, strMascara).has_value();
+  if (kind == search_kind::Number) return IsNumeric(text);
+  return SearchNumber(text, mask).has_value();
 }
 
 }  // namespace tessaria::mdlObjTxt

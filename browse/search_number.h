@@ -7,18 +7,18 @@
 
 namespace tessaria::mdlObjTxt {
 
-/// Whether the value of a search stands in its statement without quotes. `lngTipo` as
+/// Whether the value of a search stands in its statement without quotes. `kind` as
 /// `ItemPesquisa::Tipo`.
-bool EhPesquisaDeNumero(Long lngTipo);
+bool IsNumberSearch(Long kind);
 
 /// An amount without its points, the comma as a point.
-String NumeroDeMoeda(const String& strTexto);
+String AmountNumber(const String& text);
 
 /// A value as one number of SQL: [+-](digits[.[digits]]|.digits)[E[+-]digits], the comma of a text
 /// as a point. With a mask that begins with "$" a text is an amount. Nothing for any other value.
-std::optional<String> NumeroDaPesquisa(const Variant& valor, const String& strMascara);
+std::optional<String> SearchNumber(const Variant& value, const String& mask);
 
 /// Whether a field of such a search makes a number of a text that has no literals of its mask.
-bool EhNumeroDigitado(const String& strTexto, Long lngTipo, const String& strMascara);
+bool IsTypedNumber(const String& text, Long kind, const String& mask);
 
 }  // namespace tessaria::mdlObjTxt

@@ -63,8 +63,8 @@ void frmTsPesquisa::Activate() {
 }
 
 void frmTsPesquisa::Tipo(Long lngTipo) {
-  tipo_ = lngTipo;
-  if (mdlObjTxt::EhPesquisaDeNumero(tipo_)) EditChanged();
+  kind_ = lngTipo;
+  if (mdlObjTxt::IsNumberSearch(kind_)) EditChanged();
 }
 
 void frmTsPesquisa::EditChanged() { ok_.Enabled(CanAnswer()); }
@@ -74,10 +74,10 @@ bool frmTsPesquisa::CanAnswer() const {
   const String text = CStr(control.Get(u"Text"));
   const String mask = CStr(control.Get(u"Mascara"));
   const bool whole = CBool(control.Get(u"PromptInclude"));
-  if (mdlObjTxt::EhPesquisaDeNumero(tipo_)) {
+  if (mdlObjTxt::IsNumberSearch(kind_)) {
     const String items = mdlObjTxt::MontaItensMascara(mask, CStr(control.Get(u"PromptChar")));
     const String typed = whole ? text : mdlObjTxt::LimpaMascara(text, mask, items);
-    return mdlObjTxt::EhNumeroDigitado(typed, tipo_, mask);
+    return mdlObjTxt::IsTypedNumber(typed, kind_, mask);
   }
   // Only a mask has places that keep the typed text.
   const bool hasPlaces = whole && !mask.empty();
@@ -103,21 +103,21 @@ namespace mdlObjTxt {
 namespace {
 
 /// `TipoDado` of the prompt for a kind of search.
-Long TipoDadoDe(Long tipo) {
-  const bool conhecido = tipo == tipo_pesquisa::Data || tipo == tipo_pesquisa::Numero;
-  return conhecido ? tipo : tipo_pesquisa::Texto;
+Long DataTypeFor(Long kind) {
+  const bool known = kind == search_kind::Date || kind == search_kind::Number;
+  return known ? kind : search_kind::Text;
 }
 
-/// The operator's answer, as `ClausulaDePesquisa` takes it.
-String ValorDigitado(const host::TsTextWidget& edit, Long tipo, const String& mascara) {
-  if (tipo == tipo_pesquisa::Data)
-    return mdlComum::TraduzSQL(fragmento::Data, {}, {}, {}, {}, CStr(edit.Get(u"Text")));
-  const Variant valor = edit.Get(u"Value");
-  if (!EhPesquisaDeNumero(tipo)) {
-    const String texto = CStr(valor);
-    return StartsWith(mascara, u"$") ? NumeroDeMoeda(texto) : texto;
+/// The operator's answer, as `SearchCondition` takes it.
+String TypedValue(const host::TsTextWidget& edit, Long kind, const String& mask) {
+  if (kind == search_kind::Date)
+    return mdlComum::TraduzSQL(sql_fragment::Date, {}, {}, {}, {}, CStr(edit.Get(u"Text")));
+  const Variant value = edit.Get(u"Value");
+  if (!IsNumberSearch(kind)) {
+    const String text = CStr(value);
+    return StartsWith(mask, u"$") ? AmountNumber(text) : text;
   }
-  if (const auto numero = NumeroDaPesquisa(valor, mascara)) return *numero;
+  if (const auto number = SearchNumber(value, mask)) return *number;
   throw HostError(errors::TypeMismatch);
 }
 
@@ -140,14 +140,14 @@ bool tsMostraFormPesquisa(const String& strTabela, String strCampo, Long lngTipo
                           const String& strCaption, Integer intWidth, bool blnCompleta,
                           const String& strMascara, Integer intMaxLength, bool blnPromptInclude,
                           const String& strWhere, String& strClausula, bool blnCampoPronto) {
-  bool resultado = true;
+  bool result = true;
   Trap(u"mdlObjTxt", u"tsMostraFormPesquisa", [&] {
     const KeptSiblingValue kept;
     frmTsPesquisa form;
     auto& edit = form.editPesquisa().Control();
     edit.Let(u"PromptInclude", blnPromptInclude);
     form.editPesquisa().Width(intWidth);
-    edit.Let(u"TipoDado", TipoDadoDe(lngTipo));
+    edit.Let(u"TipoDado", DataTypeFor(lngTipo));
     edit.Let(u"Mascara", strMascara);
     edit.Let(u"ObjetoCancelar", u"btnCancelar");
     if (intMaxLength != 0) edit.Let(u"MaxLength", Long{intMaxLength});
@@ -155,13 +155,13 @@ bool tsMostraFormPesquisa(const String& strTabela, String strCampo, Long lngTipo
     edit.Let(u"UsaChecaRelacao", false);
     edit.Let(u"PodeSerBranco", true);
 
-    if (blnCompleta && lngTipo == tipo_pesquisa::Texto) {
+    if (blnCompleta && lngTipo == search_kind::Text) {
       edit.Let(u"TipoControle", static_cast<Long>(TipoControle::Descricao));
-      const auto definicao = edit.Get(u"Browse").As<Browse>();
-      definicao->BrowseTable(strTabela);
-      definicao->BrwCampo(strCampo);
-      definicao->WherePronto(strWhere);
-    } else if (lngTipo == tipo_pesquisa::Data) {
+      const auto definition = edit.Get(u"Browse").As<Browse>();
+      definition->BrowseTable(strTabela);
+      definition->BrwCampo(strCampo);
+      definition->WherePronto(strWhere);
+    } else if (lngTipo == search_kind::Date) {
       edit.Let(u"TipoControle", static_cast<Long>(TipoControle::Calendario));
     }
 
@@ -169,18 +169,18 @@ bool tsMostraFormPesquisa(const String& strTabela, String strCampo, Long lngTipo
     form.Window().Caption(u"Pesquisa " + strCaption);
     form.Window().ShowModal();
     if (!form.Confirmou) {
-      resultado = false;
+      result = false;
       return;
     }
-    const String valor = ValorDigitado(edit, lngTipo, strMascara);
-    if (!blnCampoPronto) strCampo = QualificaCampo(strCampo, strTabela);
-    const String clausula = ClausulaDePesquisa(strCampo, lngTipo, lngLike, valor);
-    if (clausula.empty())
+    const String value = TypedValue(edit, lngTipo, strMascara);
+    if (!blnCampoPronto) strCampo = QualifyField(strCampo, strTabela);
+    const String clause = SearchCondition(strCampo, lngTipo, lngLike, value);
+    if (clause.empty())
       throw HostError(errors::InvalidArgument,
                       u"A pesquisa \"" + strCaption + u"\" não diz como comparar.");
-    strClausula = clausula;
+    strClausula = clause;
   });
-  return resultado;
+  return result;
 }
 
 }  // namespace mdlObjTxt

@@ -38,7 +38,7 @@ class frmTsPesquisa {
   host::DialogField& edit_;
   host::DialogButton& ok_;
   host::DialogButton& cancel_;
-  Long tipo_ = mdlObjTxt::tipo_pesquisa::Texto;
+  Long kind_ = mdlObjTxt::search_kind::Text;
 };
 
 namespace mdlObjTxt {

@@ -14,56 +14,53 @@ namespace tessaria::mdlObjTxt {
 namespace {
 
 /// The conditions of all entries; false when a prompt was cancelled or its answer refused.
-bool PerguntaTodas(const std::vector<EntradaPesquisa>& entradas, const String& where,
-                   String& condicoes) {
-  for (const auto& entrada : entradas) {
-    String clausula;
-    if (!tsMostraFormPesquisa(entrada.Tabela, entrada.Campo, entrada.Tipo, entrada.Like,
-                              entrada.Caption, entrada.Width, entrada.Completa, entrada.Mascara,
-                              entrada.MaxLength, entrada.PromptInclude, where, clausula,
-                              entrada.CampoPronto))
+bool AskAll(const std::vector<SearchEntry>& entries, const String& where, String& conditions) {
+  for (const auto& entry : entries) {
+    String clause;
+    if (!tsMostraFormPesquisa(entry.Tabela, entry.Campo, entry.Tipo, entry.Like, entry.Caption,
+                              entry.Width, entry.Completa, entry.Mascara, entry.MaxLength,
+                              entry.PromptInclude, where, clause, entry.CampoPronto))
       return false;
-    if (clausula.empty()) return false;  // the operator has been told why
-    if (!condicoes.empty()) condicoes += u" And ";
-    condicoes += clausula;
+    if (clause.empty()) return false;  // the operator has been told why
+    if (!conditions.empty()) conditions += u" And ";
+    conditions += clause;
   }
   return true;
 }
 
 }  // namespace
 
-void ExecutaPesquisa(const std::vector<EntradaPesquisa>& entradas, String& strCampos,
-                     String& strFrom, const String& strWhere, const String& strOrderBy,
-                     const String& strGroupBy, host::RecordsetPtr& dcBrowse,
-                     host::DataGrid& grdBrowse, Long lngHwnd) {
-  if (entradas.empty()) return;
-  String condicoes;
-  if (!PerguntaTodas(entradas, strWhere, condicoes)) return;
+void ExecutaPesquisa(const std::vector<SearchEntry>& entries, String& strCampos, String& strFrom,
+                     const String& strWhere, const String& strOrderBy, const String& strGroupBy,
+                     host::RecordsetPtr& dcBrowse, host::DataGrid& grdBrowse, Long lngHwnd) {
+  if (entries.empty()) return;
+  String conditions;
+  if (!AskAll(entries, strWhere, conditions)) return;
 
-  const EntradaPesquisa& ultima = entradas.back();
-  String ordem = ultima.OrderBy.empty() ? strOrderBy : ultima.OrderBy;
-  if (ordem.empty()) ordem = TiraAlias(ultima.Campo);
-  if (strFrom.empty()) strFrom = ultima.Tabela;
+  const SearchEntry& last = entries.back();
+  String order = last.OrderBy.empty() ? strOrderBy : last.OrderBy;
+  if (order.empty()) order = TiraAlias(last.Campo);
+  if (strFrom.empty()) strFrom = last.Tabela;
   if (strCampos.empty()) strCampos = u"*";
 
-  String instrucao = u"Select " + strCampos + u" From " + strFrom + u" Where (" + condicoes + u")";
-  if (!strWhere.empty()) instrucao += u" And " + strWhere;
-  if (!strGroupBy.empty()) instrucao += u" " + strGroupBy;
-  instrucao += u" Order by " + ordem;
+  String statement = u"Select " + strCampos + u" From " + strFrom + u" Where (" + conditions + u")";
+  if (!strWhere.empty()) statement += u" And " + strWhere;
+  if (!strGroupBy.empty()) statement += u" " + strGroupBy;
+  statement += u" Order by " + order;
 
   Catch(
       [&] {
         const BusyPointer busy;
         grdBrowse.DataSource(nullptr);
-        auto linhas = ConexaoAtual()->Execute(instrucao);
-        linhas->Bof();  // rows that cannot be read are refused here and not in the grid
-        dcBrowse = linhas;
+        auto rows = CurrentConnection()->Execute(statement);
+        rows->Bof();  // rows that cannot be read are refused here and not in the grid
+        dcBrowse = rows;
         grdBrowse.DataSource(dcBrowse);
       },
       [&] {
         App().DoEvents();
-        OfereceInstrucao(instrucao, u"Deseja Copiar para Área de Transferencia ?",
-                         mdlMsgBox::flag::YesNo + mdlMsgBox::flag::Information, lngHwnd);
+        OfferStatement(statement, u"Deseja Copiar para Área de Transferencia ?",
+                       mdlMsgBox::flag::YesNo + mdlMsgBox::flag::Information, lngHwnd);
       });
 }
 

@@ -8,7 +8,7 @@
 namespace tessaria::mdlObjTxt {
 
 /// One entry of the chosen search, with the table that it searches in.
-struct EntradaPesquisa {
+struct SearchEntry {
   String Tabela;
   String Campo;
   Long Tipo = 0;
@@ -30,9 +30,8 @@ struct EntradaPesquisa {
 ///
 /// A statement that the database refuses is shown to the operator, who may copy it; `grdBrowse`
 /// then shows nothing and `dcBrowse` keeps the former rows.
-void ExecutaPesquisa(const std::vector<EntradaPesquisa>& entradas, String& strCampos,
-                     String& strFrom, const String& strWhere, const String& strOrderBy,
-                     const String& strGroupBy, host::RecordsetPtr& dcBrowse,
-                     host::DataGrid& grdBrowse, Long lngHwnd);
+void ExecutaPesquisa(const std::vector<SearchEntry>& entries, String& strCampos, String& strFrom,
+                     const String& strWhere, const String& strOrderBy, const String& strGroupBy,
+                     host::RecordsetPtr& dcBrowse, host::DataGrid& grdBrowse, Long lngHwnd);
 
 }  // namespace tessaria::mdlObjTxt

@@ -44,8 +44,8 @@ class BoxEvents final : private MaskedField {
   tessaria::TipoControle TipoControle() const override { return members_.TipoControle; }
   String Texto() const override { return members_.Texto; }
   void Texto(const String& text) override;
-  void GuardaTexto(const String& text) override { members_.Texto = text; }
-  void AbreCalculadora() override { dialogs_.OpenCalculator(); }
+  void StoreText(const String& text) override { members_.Texto = text; }
+  void RunCalculator() override { dialogs_.OpenCalculator(); }
 
   void OnChange();
   void OnKeyUp(Integer KeyCode);

@@ -102,7 +102,7 @@ void Dialogs::PickFromList(const Place& place) {
              u"de Sistema");
     return;
   }
-  auto end = mdlObjTxt::FimDaLista::Falhou;
+  auto end = mdlObjTxt::ListEnd::Failed;
   const String chosen = RunList(place, end);
   App().DoEvents();
   TakeFromList(end, chosen);
@@ -110,7 +110,7 @@ void Dialogs::PickFromList(const Place& place) {
   if (box_.Widget().Visible()) box_.Widget().SetFocus();
 }
 
-String Dialogs::RunList(const Place& place, mdlObjTxt::FimDaLista& end) {
+String Dialogs::RunList(const Place& place, mdlObjTxt::ListEnd& end) {
   const Definitions& lookup = parts_.Lookup;
   const auto searches = Searches();
   Variant value = m_.Value;
@@ -129,13 +129,13 @@ std::shared_ptr<Pesquisa> Dialogs::Searches() const {
   return parts_.Around.Sibling()->Get(u"Pesquisa").As<Pesquisa>();
 }
 
-void Dialogs::TakeFromList(mdlObjTxt::FimDaLista end, const String& key) {
-  if (end == mdlObjTxt::FimDaLista::Falhou) return;  // the field keeps its value
+void Dialogs::TakeFromList(mdlObjTxt::ListEnd end, const String& key) {
+  if (end == mdlObjTxt::ListEnd::Failed) return;  // the field keeps its value
   // The answer replaces what was typed, and has its own key.
   box_.Shown().ForgetTyping();
   m_.bCarregandoCampo = true;
   const Long room = box_.Widget().MaxLength();
-  if (end == mdlObjTxt::FimDaLista::SemEscolha)
+  if (end == mdlObjTxt::ListEnd::NoChoice)
     value_.AssignItself();
   else
     Assign(room != 0 ? LeftWhole(key, room) : key);

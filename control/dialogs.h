@@ -58,9 +58,9 @@ class Dialogs {
   Place PlaceBelow() const;
   void Pick(const Place& place);
   void PickFromList(const Place& place);
-  String RunList(const Place& place, mdlObjTxt::FimDaLista& end);
+  String RunList(const Place& place, mdlObjTxt::ListEnd& end);
   std::shared_ptr<Pesquisa> Searches() const;
-  void TakeFromList(mdlObjTxt::FimDaLista end, const String& key);
+  void TakeFromList(mdlObjTxt::ListEnd end, const String& key);
   bool ExpandForList(String& where) const;
   void PickDate(const Place& place);
   void PickPath(const Place& place);

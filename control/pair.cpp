@@ -96,11 +96,11 @@ Pair::Outcome Pair::LookUp(Search search, AssignMode mode) {
     return Outcome::Blank;
   }
   const auto definition = definitions_.Browse();
-  const auto found = mdlObjTxt::ProcuraDescr(
+  const auto found = mdlObjTxt::SearchDescription(
       *definition, contents_.Value, site_.DisplayName(),
       search.NarrowsToKey ? SiblingCondition() : form_.Condition(*definition));
-  if (found.Falhou || !search.HandsOn || !HasSibling()) return Outcome::Searched;
-  HandOn(found.Valor, mode);
+  if (found.Failed || !search.HandsOn || !HasSibling()) return Outcome::Searched;
+  HandOn(found.Value, mode);
   return Outcome::HandedOn;
 }
 
@@ -146,7 +146,7 @@ String Pair::SiblingLiteral() const {
   if (literal.IsNull()) return {};
   const String text = SqlText(literal);
   if (Trim(Replace(text, u"'", u"")).empty()) return {};
-  return LiteralPronto(literal, ties_.TxtIrmao);
+  return ReadyLiteral(literal, ties_.TxtIrmao);
 }
 
 void Pair::FetchSiblingLiteral() const {
@@ -155,10 +155,10 @@ void Pair::FetchSiblingLiteral() const {
   if (Trim(ties_.TxtIrmao).empty() || !ties_.bIrmaoConectado) return;
   const auto sibling = form_.Sibling();
   const Variant value = sibling->Control().Value();
-  if (EhTipoDeCampoNumerico(sibling->Control().TipoDado()))
+  if (IsNumericFieldType(sibling->Control().TipoDado()))
     literal = value;
   else
-    literal = TextoSql(SqlText(value));
+    literal = QuotedText(SqlText(value));
 }
 
 void Pair::Complete(Integer KeyCode) {

@@ -59,7 +59,7 @@ void Surroundings::Write(const Variant& v) { Rows()->Fields().Item(ties_.DataFie
 
 String Surroundings::Expanded(const String& where) const {
   String condition;
-  Catch([&] { condition = mdlObjTxt::ExpandeCondicao(site_.Parent(), where); },
+  Catch([&] { condition = mdlObjTxt::ExpandCondition(site_.Parent(), where); },
         [&] { RaiseNaming(u"BrwWhere"); });
   return condition;
 }

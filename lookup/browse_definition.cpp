@@ -8,16 +8,16 @@
 namespace tessaria {
 namespace {
 
-constexpr StringView kOutros = u"Outros";
+constexpr StringView kOthers = u"Outros";
 
-struct Atributo {
-  StringView Chave;
-  String (Browse::*Le)() const;
-  void (Browse::*Grava)(const String&);
+struct Attribute {
+  StringView Key;
+  String (Browse::*Get)() const;
+  void (Browse::*Set)(const String&);
 };
 
 // The order of writing.
-constexpr std::array<Atributo, 8> kAtributos{{
+constexpr std::array<Attribute, 8> kAttributes{{
     {u"BrwTitulo", &Browse::BrwTitulo, &Browse::BrwTitulo},
     {u"BrowseTable", &Browse::BrowseTable, &Browse::BrowseTable},
     {u"BrwCampo", &Browse::BrwCampo, &Browse::BrwCampo},
@@ -40,7 +40,7 @@ void ListaOutros::Add(const String& Nome) { campos_.push_back(std::make_shared<C
 void ListaOutros::Read(BagReader& reader) {
   Clear();
   for (Long i = 1;; ++i) {
-    reader.Prefix(EntryPrefix(kOutros, i));
+    reader.Prefix(EntryPrefix(kOthers, i));
     if (!reader.HoldsAny({u"Nome"})) return;
     Add(reader.Text(u"Nome"));
   }
@@ -48,14 +48,14 @@ void ListaOutros::Read(BagReader& reader) {
 
 void ListaOutros::Write(host::PropertyBag& bag) const {
   for (Long i = 1; i <= Count(); ++i) {
-    bag.WriteProperty(EntryPrefix(kOutros, i) + u"Nome", Item(i)->Nome(), AlwaysStored());
+    bag.WriteProperty(EntryPrefix(kOthers, i) + u"Nome", Item(i)->Nome(), AlwaysStored());
   }
 }
 
 void Browse::ReadProperties(const host::PropertyBag& bag) {
   BagReader reader(bag);
-  for (const Atributo& atributo : kAtributos) {
-    (this->*atributo.Grava)(reader.Text(atributo.Chave));
+  for (const Attribute& attribute : kAttributes) {
+    (this->*attribute.Set)(reader.Text(attribute.Key));
   }
   outros_.Read(reader);
   cgrColGrid_.Read(reader);
@@ -63,8 +63,8 @@ void Browse::ReadProperties(const host::PropertyBag& bag) {
 }
 
 void Browse::WriteProperties(host::PropertyBag& bag) const {
-  for (const Atributo& atributo : kAtributos) {
-    bag.WriteProperty(String(atributo.Chave), (this->*atributo.Le)(), u"");
+  for (const Attribute& attribute : kAttributes) {
+    bag.WriteProperty(String(attribute.Key), (this->*attribute.Get)(), u"");
   }
   outros_.Write(bag);
   cgrColGrid_.Write(bag);

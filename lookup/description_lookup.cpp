@@ -19,140 +19,140 @@ namespace tessaria::mdlObjTxt {
 namespace {
 
 /// From this release number on a PostgreSQL lookup casts both sides of its comparison.
-constexpr Integer kVersaoComCast = 950;
+constexpr Integer kVersionWithCast = 950;
 
-constexpr Integer kTeclaBackspace = 8;
+constexpr Integer kBackspaceCode = 8;
 
 /// `BrwCampoIrmao` and `BrwCampoOutros` as one list.
-String CamposDeRetorno(const Browse& browse) {
-  String campos = browse.BrwCampoIrmao();
-  const String outros = browse.BrwCampoOutros();
-  if (!campos.empty() && !outros.empty()) campos += u", ";
-  return campos + outros;
+String ReturnFields(const Browse& browse) {
+  String fields = browse.BrwCampoIrmao();
+  const String others = browse.BrwCampoOutros();
+  if (!fields.empty() && !others.empty()) fields += u", ";
+  return fields + others;
 }
 
 /// The group clause and the end of the statement. Two more blanks stand in front of the limit
 /// behind a group clause.
-String FimDaInstrucao(const String& groupBy, StringView limite) {
-  if (groupBy.empty()) return String(limite);
-  String fim = u" " + groupBy;
-  if (!limite.empty()) fim.append(u"  ").append(limite);
-  return fim;
+String StatementEnd(const String& groupBy, StringView limit) {
+  if (groupBy.empty()) return String(limit);
+  String end = u" " + groupBy;
+  if (!limit.empty()) end.append(u"  ").append(limit);
+  return end;
 }
 
-String InstrucaoDeBusca(const Browse& browse, const host::Connection& conexao, String literal,
-                        const String& campos, const String& where) {
-  const bool postgres = EhPostgreSQL(conexao);
-  String chave = TiraAlias(browse.BrwCampo());
-  if (postgres && VersaoPostgreSQL(conexao) >= kVersaoComCast) {
+String SearchStatement(const Browse& browse, const host::Connection& connection, String literal,
+                       const String& fields, const String& where) {
+  const bool postgres = IsPostgreSQL(connection);
+  String key = TiraAlias(browse.BrwCampo());
+  if (postgres && PostgreSQLVersion(connection) >= kVersionWithCast) {
     literal = u"cast(" + literal + u" as varchar)";
-    chave = u"cast(" + chave + u" as varchar)";
+    key = u"cast(" + key + u" as varchar)";
   }
   if (!Trim(where).empty()) literal += u" And " + where;
-  const UmaLinha uma = SelecionaUmaLinha(postgres);
-  return String(uma.Select)
-      .append(campos + u" From " + browse.From() + u" Where " + chave + u" = " + literal)
-      .append(FimDaInstrucao(browse.BrwGroupBy(), uma.Limite));
+  const RowLimit oneRow = LimitToOneRow(postgres);
+  return String(oneRow.Select)
+      .append(fields + u" From " + browse.From() + u" Where " + key + u" = " + literal)
+      .append(StatementEnd(browse.BrwGroupBy(), oneRow.Limit));
 }
 
-host::RecordsetPtr Executa(host::Connection& conexao, const String& instrucao) {
-  if (conexao.ConnectionString().empty()) throw HostError(errors::ObjectNotSet);
-  return conexao.Execute(instrucao);
+host::RecordsetPtr RunStatement(host::Connection& connection, const String& statement) {
+  if (connection.ConnectionString().empty()) throw HostError(errors::ObjectNotSet);
+  return connection.Execute(statement);
 }
 
 /// What the entries of `Outros` become, in their order.
-std::vector<Variant> LeOutros(const ListaOutros& outros, const String& campos,
-                              host::Recordset& rs) {
-  const bool temLinha = !rs.Bof() && !rs.Eof();
-  std::vector<Variant> valores;
-  for (Long i = 1; i <= outros.Count(); ++i) {
-    const String nome = outros.Item(i)->Nome();
-    const bool selecionado = InStr(campos, nome) != 0;
-    valores.push_back(temLinha && selecionado ? rs.Fields().Item(nome)->Value() : Variant());
+std::vector<Variant> ReadOthers(const ListaOutros& others, const String& fields,
+                                host::Recordset& rs) {
+  const bool hasRow = !rs.Bof() && !rs.Eof();
+  std::vector<Variant> values;
+  for (Long i = 1; i <= others.Count(); ++i) {
+    const String name = others.Item(i)->Nome();
+    const bool selected = InStr(fields, name) != 0;
+    values.push_back(hasRow && selected ? rs.Fields().Item(name)->Value() : Variant());
   }
-  return valores;
+  return values;
 }
 
-void PreencheOutros(ListaOutros& outros, const std::vector<Variant>& valores) {
+void FillOthers(ListaOutros& others, const std::vector<Variant>& values) {
   Long i = 0;
-  for (const Variant& valor : valores) outros.Item(++i)->Valor(valor);
+  for (const Variant& value : values) others.Item(++i)->Valor(value);
 }
 
-String InstrucaoDeCompletar(bool postgres, const String& texto, const String& tabela,
-                            const String& campo, const Variant& campoIrmao, const String& where) {
-  const UmaLinha uma = SelecionaUmaLinha(postgres);
+String CompletionStatement(bool postgres, const String& text, const String& table,
+                           const String& field, const Variant& siblingField, const String& where) {
+  const RowLimit oneRow = LimitToOneRow(postgres);
   const StringView like = postgres ? u" ilike '" : u" Like '";
-  const String irmao = CStr(campoIrmao);
-  String instrucao = String(uma.Select) + campo;
-  if (!irmao.empty()) instrucao += u", " + irmao;
-  instrucao += u" From " + tabela + u" Where ";
-  if (!where.empty()) instrucao += where + u" And ";
-  instrucao.append(TiraAlias(campo)).append(like).append(ConteudoDePadrao(texto)).append(u"%'");
-  return instrucao.append(uma.Limite);
+  const String sibling = CStr(siblingField);
+  String statement = String(oneRow.Select) + field;
+  if (!sibling.empty()) statement += u", " + sibling;
+  statement += u" From " + table + u" Where ";
+  if (!where.empty()) statement += where + u" And ";
+  statement.append(TiraAlias(field)).append(like).append(PatternContent(text)).append(u"%'");
+  return statement.append(oneRow.Limit);
 }
 
 /// False when the sibling refused the value.
-bool PassaAoIrmao(_tsText* irmao, const Variant& valor) {
-  if (!irmao) throw HostError(errors::ObjectNotSet);
-  if (!irmao->TakeValue(valor)) return false;
-  irmao->AtualizaIrmao(true, false);
-  irmao->DisparaEventos(u"BrowseReturn");
+bool PassToSibling(_tsText* sibling, const Variant& value) {
+  if (!sibling) throw HostError(errors::ObjectNotSet);
+  if (!sibling->TakeValue(value)) return false;
+  sibling->AtualizaIrmao(true, false);
+  sibling->DisparaEventos(u"BrowseReturn");
   return true;
 }
 
 }  // namespace
 
-Descricao ProcuraDescr(Browse& browse, const Variant& valor, const String& controle,
-                       const String& where) {
-  Descricao achada;
+FoundDescription SearchDescription(Browse& browse, const Variant& value, const String& controlName,
+                                   const String& where) {
+  FoundDescription found;
   Trap(u"mdlObjTxt", u"AchaDescr", [&] {
-    const auto conexao = ConexaoAtual();
-    const String campos = CamposDeRetorno(browse);
-    const String instrucao =
-        InstrucaoDeBusca(browse, *conexao, LiteralSql(valor, controle), campos, where);
-    if (!campos.empty()) {
-      const auto rs = Executa(*conexao, instrucao);
-      if (!rs->Bof() && !rs->Eof()) achada.Valor = rs->Fields().Item(0)->Value();
+    const auto connection = CurrentConnection();
+    const String fields = ReturnFields(browse);
+    const String statement =
+        SearchStatement(browse, *connection, SqlLiteral(value, controlName), fields, where);
+    if (!fields.empty()) {
+      const auto rs = RunStatement(*connection, statement);
+      if (!rs->Bof() && !rs->Eof()) found.Value = rs->Fields().Item(0)->Value();
       // All is read before anything is changed.
-      PreencheOutros(browse.Outros(), LeOutros(browse.Outros(), campos, *rs));
+      FillOthers(browse.Outros(), ReadOthers(browse.Outros(), fields, *rs));
     }
-    achada.Falhou = false;
+    found.Failed = false;
     // A handler may do away with the definition, which is not touched from here on.
-    if (!campos.empty()) App().DoEvents();
+    if (!fields.empty()) App().DoEvents();
   });
-  return achada;
+  return found;
 }
 
 Variant AchaDescr(Browse& objBrowse, const Variant& varValor, const String& strNomeControle,
                   const String& strWhere, Long /*lngHwnd*/) {
-  return ProcuraDescr(objBrowse, varValor, strNomeControle, strWhere).Valor;
+  return SearchDescription(objBrowse, varValor, strNomeControle, strWhere).Value;
 }
 
 Variant CompletaDescr(host::TextBox& txtBox, const String& strTabela, const String& strCampo,
                       const Variant& varTecla, bool blnTemIrmao, const Variant& varCampoIrmao,
                       _tsText* objIrmao, const String& strWhere) {
-  const BoxState antes(txtBox);
-  const String& digitado = antes.Text();
-  if (digitado.empty()) return {};
-  bool completa = false;
+  const BoxState before(txtBox);
+  const String& typed = before.Text();
+  if (typed.empty()) return {};
+  bool complete = false;
   Trap(u"mdlObjTxt", u"CompletaDescr", [&] {
-    const auto conexao = ConexaoAtual();
-    const bool postgres = EhPostgreSQL(*conexao);
-    if (Equal(varTecla, kTeclaBackspace)) txtBox.Text(LeftWhole(digitado, Len(digitado) - 1));
-    const String instrucao =
-        InstrucaoDeCompletar(postgres, txtBox.Text(), strTabela, strCampo, varCampoIrmao, strWhere);
+    const auto connection = CurrentConnection();
+    const bool postgres = IsPostgreSQL(*connection);
+    if (Equal(varTecla, kBackspaceCode)) txtBox.Text(LeftWhole(typed, Len(typed) - 1));
+    const String statement =
+        CompletionStatement(postgres, txtBox.Text(), strTabela, strCampo, varCampoIrmao, strWhere);
     const auto rs =
-        conexao->OpenRecordset(instrucao, host::CursorType::Static, host::LockType::ReadOnly);
-    completa = rs->Bof();
-    if (completa) return;
-    const Integer posicao = CInt(Len(txtBox.Text()));
+        connection->OpenRecordset(statement, host::CursorType::Static, host::LockType::ReadOnly);
+    complete = rs->Bof();
+    if (complete) return;
+    const Integer position = CInt(Len(txtBox.Text()));
     txtBox.Text(CStr(rs->Fields().Item(0)->Value()));
-    if (blnTemIrmao && !PassaAoIrmao(objIrmao, rs->Fields().Item(1)->Value())) return;
-    txtBox.SelStart(posicao);
+    if (blnTemIrmao && !PassToSibling(objIrmao, rs->Fields().Item(1)->Value())) return;
+    txtBox.SelStart(position);
     txtBox.SelLength(Len(txtBox.Text()));
-    completa = true;
+    complete = true;
   });
-  if (!completa) antes.PutBack();
+  if (!complete) before.PutBack();
   return {};
 }
 

@@ -9,15 +9,15 @@
 namespace tessaria::mdlObjTxt {
 
 /// What a search for a description found.
-struct Descricao {
-  Variant Valor;       ///< Empty without a row
-  bool Falhou = true;  ///< an error ended the search, and has been reported
+struct FoundDescription {
+  Variant Value;       ///< Empty without a row
+  bool Failed = true;  ///< an error ended the search, and has been reported
 };
 
-/// `AchaDescr` for a caller that has to know whether the search failed; `controle` is its
+/// `AchaDescr` for a caller that has to know whether the search failed; `controlName` is its
 /// `strNomeControle`.
-Descricao ProcuraDescr(Browse& browse, const Variant& valor, const String& controle,
-                       const String& where);
+FoundDescription SearchDescription(Browse& browse, const Variant& value, const String& controlName,
+                                   const String& where);
 
 /// Fetches the row of the code `varValor` with one statement on the thread's connection. Gives
 /// the first selected field, Empty when there is no row, and fills `Valor` of each entry of

@@ -10,13 +10,13 @@
 namespace tessaria {
 namespace {
 
-constexpr Long kQualquer = -1;
+constexpr Long kAnyKind = -1;
 
 /// One fragment in the three families. A cell is a template: {name} stands for an argument,
 /// {name:pattern} for the argument as a date of that pattern.
-struct Fragmento {
-  Long Tipo;
-  Long TipoInteiro;  ///< kQualquer when the code has no kinds
+struct Fragment {
+  Long Code;
+  Long IntegerKind;  ///< kAnyKind when the code has no kinds
   StringView Access;
   StringView SqlServer;
   StringView PostgreSQL;
@@ -25,110 +25,110 @@ struct Fragmento {
 constexpr StringView kCase = u"Case When {strCondicao} Then {strEntao} Else {strSenao} End";
 
 // The first row of a code and kind counts. The "&" of SQL Server is deliberate.
-constexpr std::array kFragmentos{
-    Fragmento{fragmento::Substring, kQualquer, u"Mid", u"Substring", u"Substring"},
-    Fragmento{fragmento::Condicional, kQualquer, u"IIf({strCondicao}, {strEntao}, {strSenao})",
-              kCase, kCase},
-    Fragmento{fragmento::Data, kQualquer, u"Cdate('{strData}')", u"'{strData:mm/dd/yyyy}'",
-              u"'{strData:yyyy-mm-dd}'::date"},
-    Fragmento{fragmento::Inteiro, 0, u"Cint({strExpressao})", u"Convert(int, {strExpressao})",
-              u"{strExpressao}::integer"},
-    Fragmento{fragmento::Inteiro, 1, u"Cint({strExpressao})", u"Convert(SmallInt, {strExpressao})",
-              u"{strExpressao}::int2"},
-    Fragmento{fragmento::Inteiro, kQualquer, u"Cint({strExpressao})", u"", u""},
-    Fragmento{fragmento::Trim, kQualquer, u"Trim", u"RTrim", u"Trim"},
-    Fragmento{fragmento::Concatena, kQualquer, u"&", u"&", u"||"},
-    Fragmento{fragmento::Like, kQualquer, u"Like", u"Like", u"ilike"},
+constexpr std::array kFragments{
+    Fragment{sql_fragment::Substring, kAnyKind, u"Mid", u"Substring", u"Substring"},
+    Fragment{sql_fragment::Conditional, kAnyKind, u"IIf({strCondicao}, {strEntao}, {strSenao})",
+             kCase, kCase},
+    Fragment{sql_fragment::Date, kAnyKind, u"Cdate('{strData}')", u"'{strData:mm/dd/yyyy}'",
+             u"'{strData:yyyy-mm-dd}'::date"},
+    Fragment{sql_fragment::IntegerCast, 0, u"Cint({strExpressao})", u"Convert(int, {strExpressao})",
+             u"{strExpressao}::integer"},
+    Fragment{sql_fragment::IntegerCast, 1, u"Cint({strExpressao})",
+             u"Convert(SmallInt, {strExpressao})", u"{strExpressao}::int2"},
+    Fragment{sql_fragment::IntegerCast, kAnyKind, u"Cint({strExpressao})", u"", u""},
+    Fragment{sql_fragment::Trim, kAnyKind, u"Trim", u"RTrim", u"Trim"},
+    Fragment{sql_fragment::Concatenate, kAnyKind, u"&", u"&", u"||"},
+    Fragment{sql_fragment::Like, kAnyKind, u"Like", u"Like", u"ilike"},
 };
 
-StringView Celula(const Fragmento& linha, FamiliaSql familia) {
-  switch (familia) {
-    case FamiliaSql::Access:
-      return linha.Access;
-    case FamiliaSql::SqlServer:
-      return linha.SqlServer;
-    case FamiliaSql::PostgreSQL:
-      return linha.PostgreSQL;
-    case FamiliaSql::Desconhecida:
+StringView CellOf(const Fragment& row, SqlFamily family) {
+  switch (family) {
+    case SqlFamily::Access:
+      return row.Access;
+    case SqlFamily::SqlServer:
+      return row.SqlServer;
+    case SqlFamily::PostgreSQL:
+      return row.PostgreSQL;
+    case SqlFamily::Unknown:
       break;
   }
   return {};
 }
 
-StringView Modelo(Long tipo, Long tipoInteiro, FamiliaSql familia) {
-  for (const Fragmento& linha : kFragmentos) {
-    const bool mesmoInteiro = linha.TipoInteiro == kQualquer || linha.TipoInteiro == tipoInteiro;
-    if (linha.Tipo == tipo && mesmoInteiro) return Celula(linha, familia);
+StringView TemplateOf(Long code, Long integerKind, SqlFamily family) {
+  for (const Fragment& row : kFragments) {
+    const bool sameInteger = row.IntegerKind == kAnyKind || row.IntegerKind == integerKind;
+    if (row.Code == code && sameInteger) return CellOf(row, family);
   }
   return {};
 }
 
 /// The argument that stands between apostrophes in every template.
-constexpr StringView kEntreAspas = u"strData";
+constexpr StringView kQuotedArgument = u"strData";
 
-struct Argumento {
-  StringView Nome;
-  const String& Valor;
+struct Argument {
+  StringView Name;
+  const String& Value;
 };
 
 template <std::size_t N>
-String ValorDaMarca(StringView marca, const std::array<Argumento, N>& argumentos) {
-  const auto doisPontos = marca.find(u':');
-  const StringView nome = marca.substr(0, doisPontos);
-  for (const Argumento& argumento : argumentos) {
-    if (argumento.Nome != nome) continue;
-    const bool formata = doisPontos != StringView::npos;
-    const String valor =
-        formata ? Format(Variant(argumento.Valor), marca.substr(doisPontos + 1)) : argumento.Valor;
-    return nome == kEntreAspas ? ConteudoDeTexto(valor) : valor;
+String ValueOfMark(StringView mark, const std::array<Argument, N>& arguments) {
+  const auto colon = mark.find(u':');
+  const StringView name = mark.substr(0, colon);
+  for (const Argument& argument : arguments) {
+    if (argument.Name != name) continue;
+    const bool formatted = colon != StringView::npos;
+    const String value =
+        formatted ? Format(Variant(argument.Value), mark.substr(colon + 1)) : argument.Value;
+    return name == kQuotedArgument ? TextContent(value) : value;
   }
   return {};
 }
 
 /// Only the template is searched for marks, never what was put in.
 template <std::size_t N>
-String Preenche(StringView modelo, const std::array<Argumento, N>& argumentos) {
-  String texto;
+String FillTemplate(StringView pattern, const std::array<Argument, N>& arguments) {
+  String text;
   for (;;) {
-    const auto abre = modelo.find(u'{');
-    texto += modelo.substr(0, abre);
-    if (abre == StringView::npos) return texto;
-    const auto fecha = modelo.find(u'}', abre);
-    texto += ValorDaMarca(modelo.substr(abre + 1, fecha - abre - 1), argumentos);
-    modelo.remove_prefix(fecha + 1);
+    const auto open = pattern.find(u'{');
+    text += pattern.substr(0, open);
+    if (open == StringView::npos) return text;
+    const auto close = pattern.find(u'}', open);
+    text += ValueOfMark(pattern.substr(open + 1, close - open - 1), arguments);
+    pattern.remove_prefix(close + 1);
   }
 }
 
 }  // namespace
 
-UmaLinha SelecionaUmaLinha(bool blnPostgreSQL) {
-  return blnPostgreSQL ? UmaLinha{u"Select ", u" Limit 1"} : UmaLinha{u"Select Top 1 ", u""};
+RowLimit LimitToOneRow(bool postgres) {
+  return postgres ? RowLimit{u"Select ", u" Limit 1"} : RowLimit{u"Select Top 1 ", u""};
 }
 
 String mdlComum::TraduzSQL(Long intTipo, const String& strCondicao, const String& strEntao,
                            const String& strSenao, const String& strAlias, const String& strData,
                            Long intTipoInteiro, const String& strExpressao) {
-  const FamiliaSql familia = FamiliaDoDialeto(NomeDialeto(*ConexaoAtual()));
-  const std::array argumentos{
-      Argumento{u"strCondicao", strCondicao},   Argumento{u"strEntao", strEntao},
-      Argumento{u"strSenao", strSenao},         Argumento{u"strData", strData},
-      Argumento{u"strExpressao", strExpressao},
+  const SqlFamily family = FamilyOfDialect(DialectName(*CurrentConnection()));
+  const std::array arguments{
+      Argument{u"strCondicao", strCondicao},   Argument{u"strEntao", strEntao},
+      Argument{u"strSenao", strSenao},         Argument{u"strData", strData},
+      Argument{u"strExpressao", strExpressao},
   };
-  String texto = Preenche(Modelo(intTipo, intTipoInteiro, familia), argumentos);
-  const bool comAlias = intTipo == fragmento::Condicional && !strAlias.empty();
-  if (comAlias && familia != FamiliaSql::Desconhecida) texto += u" as " + strAlias;
-  return texto;
+  String text = FillTemplate(TemplateOf(intTipo, intTipoInteiro, family), arguments);
+  const bool withAlias = intTipo == sql_fragment::Conditional && !strAlias.empty();
+  if (withAlias && family != SqlFamily::Unknown) text += u" as " + strAlias;
+  return text;
 }
 
 String mdlObjTxt::sqlFuncao(const String& strDbms, const String& strFuncao) {
-  const String dialeto = UCase(strDbms);
-  if (dialeto == u"MS JET") return {};  // known to TraduzSQL alone
-  const FamiliaSql familia = FamiliaDoDialeto(dialeto);
+  const String dialect = UCase(strDbms);
+  if (dialect == u"MS JET") return {};  // known to TraduzSQL alone
+  const SqlFamily family = FamilyOfDialect(dialect);
   if (EqualNoCase(strFuncao, u"sqlSubstring")) {
-    return String(Modelo(fragmento::Substring, kQualquer, familia));
+    return String(TemplateOf(sql_fragment::Substring, kAnyKind, family));
   }
   if (EqualNoCase(strFuncao, u"sqlConcat")) {
-    return String(Modelo(fragmento::Concatena, kQualquer, familia));
+    return String(TemplateOf(sql_fragment::Concatenate, kAnyKind, family));
   }
   return {};
 }

@@ -6,22 +6,22 @@
 namespace tessaria {
 
 /// Codes of the fragments that `TraduzSQL` gives.
-namespace fragmento {
+namespace sql_fragment {
 inline constexpr Long Substring = 0;    ///< name of the substring function
-inline constexpr Long Condicional = 1;  ///< conditional expression, with optional alias
-inline constexpr Long Data = 2;         ///< date literal
-inline constexpr Long Inteiro = 3;      ///< integer cast
+inline constexpr Long Conditional = 1;  ///< conditional expression, with optional alias
+inline constexpr Long Date = 2;         ///< date literal
+inline constexpr Long IntegerCast = 3;  ///< integer cast
 inline constexpr Long Trim = 4;         ///< name of the trim function
-inline constexpr Long Concatena = 6;    ///< concatenation operator
+inline constexpr Long Concatenate = 6;  ///< concatenation operator
 inline constexpr Long Like = 7;         ///< LIKE keyword
-}  // namespace fragmento
+}  // namespace sql_fragment
 
 /// How a statement is told to give one row: the words at its start and at its end.
-struct UmaLinha {
+struct RowLimit {
   StringView Select;  ///< with a blank behind
-  StringView Limite;  ///< with a blank in front, or empty
+  StringView Limit;   ///< with a blank in front, or empty
 };
-UmaLinha SelecionaUmaLinha(bool blnPostgreSQL);
+RowLimit LimitToOneRow(bool postgres);
 
 namespace mdlComum {
 

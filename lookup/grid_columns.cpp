@@ -8,7 +8,7 @@
 namespace tessaria {
 namespace {
 
-constexpr StringView kColuna = u"Coluna";
+constexpr StringView kColumn = u"Coluna";
 
 }  // namespace
 
@@ -19,19 +19,19 @@ std::shared_ptr<ColunaGrid> ListaColunas::Item(Long index) const {
 
 void ListaColunas::Add(const String& Campo, const String& Caption, const String& Mascara,
                        float Width, bool Visible) {
-  auto coluna = std::make_shared<ColunaGrid>();
-  coluna->Campo(Campo);
-  coluna->Caption(Caption);
-  coluna->Mascara(Mascara);
-  coluna->Width(Width);
-  coluna->Visible(Visible);
-  colunas_.push_back(std::move(coluna));
+  auto column = std::make_shared<ColunaGrid>();
+  column->Campo(Campo);
+  column->Caption(Caption);
+  column->Mascara(Mascara);
+  column->Width(Width);
+  column->Visible(Visible);
+  colunas_.push_back(std::move(column));
 }
 
 void ListaColunas::Read(BagReader& reader) {
   Clear();
   for (Long i = 1;; ++i) {
-    reader.Prefix(EntryPrefix(kColuna, i));
+    reader.Prefix(EntryPrefix(kColumn, i));
     if (!reader.HoldsAny({u"Campo", u"Caption", u"Mascara", u"Width", u"Visible"})) return;
     Add(reader.Text(u"Campo"), reader.Text(u"Caption"), reader.Text(u"Mascara"),
         reader.Number(u"Width"), reader.Flag(u"Visible", true));
@@ -40,22 +40,22 @@ void ListaColunas::Read(BagReader& reader) {
 
 void ListaColunas::Write(host::PropertyBag& bag) const {
   for (Long i = 1; i <= Count(); ++i) {
-    const auto coluna = Item(i);
-    const String prefix = EntryPrefix(kColuna, i);
-    bag.WriteProperty(prefix + u"Campo", coluna->Campo(), AlwaysStored());
-    bag.WriteProperty(prefix + u"Caption", coluna->Caption(), u"");
-    bag.WriteProperty(prefix + u"Mascara", coluna->Mascara(), u"");
-    bag.WriteProperty(prefix + u"Width", coluna->Width(), 0.0F);
-    bag.WriteProperty(prefix + u"Visible", coluna->Visible(), true);
+    const auto column = Item(i);
+    const String prefix = EntryPrefix(kColumn, i);
+    bag.WriteProperty(prefix + u"Campo", column->Campo(), AlwaysStored());
+    bag.WriteProperty(prefix + u"Caption", column->Caption(), u"");
+    bag.WriteProperty(prefix + u"Mascara", column->Mascara(), u"");
+    bag.WriteProperty(prefix + u"Width", column->Width(), 0.0F);
+    bag.WriteProperty(prefix + u"Visible", column->Visible(), true);
   }
 }
 
 void mdlObjTxt::CopiaColunas(ListaColunas& source, ListaColunas& target, bool clearSource) {
   target.Clear();
   for (Long i = 1; i <= source.Count(); ++i) {
-    const auto coluna = source.Item(i);
-    target.Add(coluna->Campo(), coluna->Caption(), coluna->Mascara(), coluna->Width(),
-               coluna->Visible());
+    const auto column = source.Item(i);
+    target.Add(column->Campo(), column->Caption(), column->Mascara(), column->Width(),
+               column->Visible());
   }
   if (clearSource) source.Clear();
 }

@@ -10,112 +10,112 @@
 namespace tessaria {
 namespace {
 
-constexpr Long kMostrados = 60;
+constexpr Long kShownLength = 60;
 
-bool EhDigito(char16_t c) { return c >= u'0' && c <= u'9'; }
+bool IsAsciiDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
 /// Takes the digits at a position, which moves behind them.
-bool TomaDigitos(StringView texto, std::size_t& posicao) {
-  const std::size_t inicio = posicao;
-  while (posicao < texto.size() && EhDigito(texto[posicao])) ++posicao;
-  return posicao > inicio;
+bool SkipAsciiDigits(StringView text, std::size_t& position) {
+  const std::size_t start = position;
+  while (position < text.size() && IsAsciiDigit(text[position])) ++position;
+  return position > start;
 }
 
-bool TomaUm(StringView texto, std::size_t& posicao, StringView sinais) {
-  const bool tem = posicao < texto.size() && sinais.find(texto[posicao]) != StringView::npos;
-  if (tem) ++posicao;
-  return tem;
+bool SkipAnyOf(StringView text, std::size_t& position, StringView signs) {
+  const bool found = position < text.size() && signs.find(text[position]) != StringView::npos;
+  if (found) ++position;
+  return found;
 }
 
-bool BarraEscapa(const host::Connection& conexao) {
-  const Variant escapa = conexao.Properties(u"Backslash Escapes");
-  if (escapa.IsNull()) {
+bool BackslashEscapes(const host::Connection& connection) {
+  const Variant escapes = connection.Properties(u"Backslash Escapes");
+  if (escapes.IsNull()) {
     throw HostError(errors::InvalidArgument,
                     u"O valor contém uma barra invertida (\\), e não se sabe como este banco de "
                     u"dados a lê. Tire a barra do valor.");
   }
-  return CBool(escapa);
+  return CBool(escapes);
 }
 
 }  // namespace
 
-SqlRules RegrasPara(StringView valor) {
-  SqlRules regras;
-  const auto& conexao = State().dbConexao;
-  if (!conexao || conexao->State() != host::state::Open) return regras;
-  regras.family = FamiliaDoDialeto(NomeDialeto(*conexao));
+SqlRules RulesFor(StringView value) {
+  SqlRules rules;
+  const auto& connection = State().dbConexao;
+  if (!connection || connection->State() != host::state::Open) return rules;
+  rules.family = FamilyOfDialect(DialectName(*connection));
   // Asked only where it matters: the server itself is asked.
-  if (valor.find(u'\\') != StringView::npos) regras.backslashes = BarraEscapa(*conexao);
-  return regras;
+  if (value.find(u'\\') != StringView::npos) rules.backslashes = BackslashEscapes(*connection);
+  return rules;
 }
 
-String DobraAspas(StringView strTexto) { return Replace(strTexto, u"'", u"''"); }
+String DoubleApostrophes(StringView text) { return Replace(text, u"'", u"''"); }
 
-String ConteudoDeTexto(StringView texto) {
-  RequireWellFormed(texto);
-  const String dobrado = DobraAspas(texto);
-  return RegrasPara(texto).backslashes ? Replace(dobrado, u"\\", u"\\\\") : dobrado;
+String TextContent(StringView text) {
+  RequireWellFormed(text);
+  const String doubled = DoubleApostrophes(text);
+  return RulesFor(text).backslashes ? Replace(doubled, u"\\", u"\\\\") : doubled;
 }
 
-String ConteudoDePadrao(StringView texto) {
+String PatternContent(StringView text) {
   // With an open connection only: without one no family is known, and nothing is sent.
-  switch (RegrasPara({}).family) {
-    case FamiliaSql::PostgreSQL:
-      return ConteudoDeTexto(Replace(texto, u"\\", u"\\\\"));
-    case FamiliaSql::Access:
-    case FamiliaSql::SqlServer:
-      return ConteudoDeTexto(Replace(texto, u"[", u"[[]"));
-    case FamiliaSql::Desconhecida:
+  switch (RulesFor({}).family) {
+    case SqlFamily::PostgreSQL:
+      return TextContent(Replace(text, u"\\", u"\\\\"));
+    case SqlFamily::Access:
+    case SqlFamily::SqlServer:
+      return TextContent(Replace(text, u"[", u"[[]"));
+    case SqlFamily::Unknown:
       break;
   }
-  return ConteudoDeTexto(texto);
+  return TextContent(text);
 }
 
-String TextoSql(StringView texto) { return u"'" + ConteudoDeTexto(texto) + u"'"; }
+String QuotedText(StringView text) { return u"'" + TextContent(text) + u"'"; }
 
-bool EhNumeroSql(StringView texto) {
-  std::size_t posicao = 0;
-  TomaUm(texto, posicao, u"+-");
-  const bool inteiros = TomaDigitos(texto, posicao);
-  const bool decimais = TomaUm(texto, posicao, u".") && TomaDigitos(texto, posicao);
-  if (!inteiros && !decimais) return false;
-  if (TomaUm(texto, posicao, u"eE")) {
-    TomaUm(texto, posicao, u"+-");
-    if (!TomaDigitos(texto, posicao)) return false;
+bool IsSqlNumber(StringView text) {
+  std::size_t position = 0;
+  SkipAnyOf(text, position, u"+-");
+  const bool hasWhole = SkipAsciiDigits(text, position);
+  const bool hasDecimals = SkipAnyOf(text, position, u".") && SkipAsciiDigits(text, position);
+  if (!hasWhole && !hasDecimals) return false;
+  if (SkipAnyOf(text, position, u"eE")) {
+    SkipAnyOf(text, position, u"+-");
+    if (!SkipAsciiDigits(text, position)) return false;
   }
-  return posicao == texto.size();
+  return position == text.size();
 }
 
-String NumeroSql(StringView valor, StringView nome) {
-  const String numero = Replace(valor, u",", u".");
-  const String semBrancos = Trim(numero);
-  if (!semBrancos.empty() && !EhNumeroSql(semBrancos))
-    RecusaValor(nome, valor, u"não é um número, e só um número é aceito aqui.");
-  return numero;
+String SqlNumber(StringView value, StringView name) {
+  const String number = Replace(value, u",", u".");
+  const String trimmed = Trim(number);
+  if (!trimmed.empty() && !IsSqlNumber(trimmed))
+    RefuseValue(name, value, u"não é um número, e só um número é aceito aqui.");
+  return number;
 }
 
-String LiteralSql(const Variant& valor, StringView nome) {
-  if (const String* texto = valor.TryGet<String>()) return TextoSql(*texto);
-  return NumeroSql(Trim(SqlText(valor)), nome);
+String SqlLiteral(const Variant& value, StringView name) {
+  if (const String* text = value.TryGet<String>()) return QuotedText(*text);
+  return SqlNumber(Trim(SqlText(value)), name);
 }
 
-String LiteralPronto(const Variant& literal, StringView nome) {
-  String texto = SqlText(literal);
-  if (!StartsWith(texto, u"'")) return NumeroSql(texto, nome);
-  RequireWellFormed(texto);
-  SqlScanner leitor(texto, RegrasPara(texto));
-  const SqlToken unico = leitor.Next();
-  if (!unico.Is(SqlToken::Kind::Text) || unico.length != texto.size())
-    RecusaValor(nome, texto, u"não é um texto só.");
-  return texto;
+String ReadyLiteral(const Variant& literal, StringView name) {
+  String text = SqlText(literal);
+  if (!StartsWith(text, u"'")) return SqlNumber(text, name);
+  RequireWellFormed(text);
+  SqlScanner scanner(text, RulesFor(text));
+  const SqlToken only = scanner.Next();
+  if (!only.Is(SqlToken::Kind::Text) || only.length != text.size())
+    RefuseValue(name, text, u"não é um texto só.");
+  return text;
 }
 
-void RecusaValor(StringView nome, StringView valor, StringView motivo) {
-  String mostrado;
-  for (const char16_t c : LeftWhole(valor, kMostrados)) mostrado += c < u' ' ? u' ' : c;
-  if (Len(valor) > kMostrados) mostrado += u"...";
-  throw HostError(errors::TypeMismatch, String(nome) + (nome.empty() ? u"" : u": ") +
-                                            u"o valor \"" + mostrado + u"\" " + String(motivo));
+void RefuseValue(StringView name, StringView value, StringView reason) {
+  String shown;
+  for (const char16_t c : LeftWhole(value, kShownLength)) shown += c < u' ' ? u' ' : c;
+  if (Len(value) > kShownLength) shown += u"...";
+  throw HostError(errors::TypeMismatch, String(name) + (name.empty() ? u"" : u": ") +
+                                            u"o valor \"" + shown + u"\" " + String(reason));
 }
 
 }  // namespace tessaria

@@ -6,43 +6,43 @@
 
 namespace tessaria {
 
-/// How the thread's connection reads a statement into which `valor` is joined. With no open
+/// How the thread's connection reads a statement into which `value` is joined. With no open
 /// connection the family is unknown. Error 5 when the value holds a backslash and the connection
 /// does not know what its server makes of one.
-SqlRules RegrasPara(StringView valor);
+SqlRules RulesFor(StringView value);
 
 /// The text with every apostrophe doubled, and nothing else changed. For a statement's text see
-/// `ConteudoDeTexto`.
-String DobraAspas(StringView strTexto);
+/// `TextContent`.
+String DoubleApostrophes(StringView text);
 
 /// What stands for a text between apostrophes: its apostrophes are doubled, and its backslashes
 /// where the server reads them as escapes. Error 5 for a text that is not well formed, and as
 /// above.
-String ConteudoDeTexto(StringView texto);
+String TextContent(StringView text);
 /// What stands for a text in a pattern of LIKE, between apostrophes: "%" and "_" stay wildcards,
 /// and what the family's patterns escape with stands for itself. Errors as above.
-String ConteudoDePadrao(StringView texto);
-/// A text as `ConteudoDeTexto` gives it, with an apostrophe at each end.
-String TextoSql(StringView texto);
+String PatternContent(StringView text);
+/// A text as `TextContent` gives it, with an apostrophe at each end.
+String QuotedText(StringView text);
 
 /// Whether a text is one number of SQL: [+-](digits[.[digits]]|.digits)[E[+-]digits].
-bool EhNumeroSql(StringView texto);
+bool IsSqlNumber(StringView text);
 
 /// A typed or stored text as a number of SQL: nothing, or one number with blanks around it. It
 /// stays as it is, but a comma becomes a point. Error 13 for anything else; the error tells the
-/// value and `nome`, which names it to the operator.
-String NumeroSql(StringView valor, StringView nome);
+/// value and `name`, which names it to the operator.
+String SqlNumber(StringView value, StringView name);
 
 /// A value as a literal: a text between apostrophes, anything else as a number without blanks.
 /// Errors as above; 13, too, for a date.
-String LiteralSql(const Variant& valor, StringView nome);
+String SqlLiteral(const Variant& value, StringView name);
 
 /// A literal that was made earlier, as it stands, when it is a number or one text between
 /// apostrophes. Error 13 otherwise.
-String LiteralPronto(const Variant& literal, StringView nome);
+String ReadyLiteral(const Variant& literal, StringView name);
 
-/// The error that refuses a value: number 13, with `nome`, the value (cut when long) and the
+/// The error that refuses a value: number 13, with `name`, the value (cut when long) and the
 /// reason.
-[[noreturn]] void RecusaValor(StringView nome, StringView valor, StringView motivo);
+[[noreturn]] void RefuseValue(StringView name, StringView value, StringView reason);
 
 }  // namespace tessaria

@@ -11,15 +11,15 @@
 namespace tessaria {
 namespace {
 
-constexpr StringView kPesquisa = u"Pesquisa";
+constexpr StringView kSearch = u"Pesquisa";
 
 /// How many entries stand in front of the new one; nothing when it cannot be placed.
-std::optional<Long> Place(Long antes, Long depois, Long count) {
-  if (antes == 0 && depois == 0) return count;
-  if (antes != 0 && depois != 0) return std::nullopt;
-  const Long reference = antes != 0 ? antes : depois;
+std::optional<Long> Place(Long before, Long after, Long count) {
+  if (before == 0 && after == 0) return count;
+  if (before != 0 && after != 0) return std::nullopt;
+  const Long reference = before != 0 ? before : after;
   if (reference < 1 || reference > count) return std::nullopt;
-  return antes != 0 ? antes - 1 : depois;
+  return before != 0 ? before - 1 : after;
 }
 
 }  // namespace
@@ -74,15 +74,15 @@ void Pesquisa::Remove(Long index) {
 }
 
 void Pesquisa::Renumber() {
-  Long posicao = 0;
-  for (const auto& item : itens_) item->posicao_ = ++posicao;
+  Long position = 0;
+  for (const auto& item : itens_) item->posicao_ = ++position;
 }
 
 void Pesquisa::ReadProperties(const host::PropertyBag& bag) {
   Clear();
   BagReader reader(bag);
   for (Long i = 1;; ++i) {
-    reader.Prefix(EntryPrefix(kPesquisa, i));
+    reader.Prefix(EntryPrefix(kSearch, i));
     if (!reader.HoldsAny({u"Chave", u"Indice", u"Caption", u"Campo", u"PromptInclude",
                           u"CampoPronto", u"CompletaDescr", u"MaxLength", u"Width", u"Mascara",
                           u"Like", u"Tipo", u"OrderBy"})) {
@@ -114,7 +114,7 @@ void Pesquisa::ReadProperties(const host::PropertyBag& bag) {
 
 void Pesquisa::WriteProperties(host::PropertyBag& bag) const {
   for (const auto& item : itens_) {
-    const String prefix = EntryPrefix(kPesquisa, item->posicao_);
+    const String prefix = EntryPrefix(kSearch, item->posicao_);
     bag.WriteProperty(prefix + u"Chave", item->chave_, u"");
     bag.WriteProperty(prefix + u"Indice", item->indice_, Long{0});
     bag.WriteProperty(prefix + u"Caption", item->Caption(), u"");

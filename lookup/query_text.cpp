@@ -6,43 +6,43 @@ namespace tessaria::mdlObjTxt {
 namespace {
 
 /// What closes the quotes that a character opens; 0 for any other character.
-char16_t FechaDe(char16_t c) {
+char16_t ClosingQuote(char16_t c) {
   if (c == u'[') return u']';
   return c == u'"' || c == u'`' ? c : u'\0';
 }
 
 /// The last part of a qualified name, between its quotes.
-String UltimaParte(StringView nome) {
-  String parte;
-  char16_t fecha = 0;
-  for (std::size_t i = 0; i < nome.size(); ++i) {
-    const char16_t c = nome[i];
-    if (fecha != 0 && c == fecha) {
-      const bool dobrada = i + 1 < nome.size() && nome[i + 1] == fecha;
-      if (dobrada) parte += nome[++i];
-      if (!dobrada) fecha = 0;
-    } else if (fecha == 0 && FechaDe(c) != 0) {
-      fecha = FechaDe(c);
-    } else if (fecha == 0 && c == u'.') {
-      parte.clear();
+String LastPart(StringView name) {
+  String part;
+  char16_t closing = 0;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    const char16_t c = name[i];
+    if (closing != 0 && c == closing) {
+      const bool doubled = i + 1 < name.size() && name[i + 1] == closing;
+      if (doubled) part += name[++i];
+      if (!doubled) closing = 0;
+    } else if (closing == 0 && ClosingQuote(c) != 0) {
+      closing = ClosingQuote(c);
+    } else if (closing == 0 && c == u'.') {
+      part.clear();
     } else {
-      parte += c;
+      part += c;
     }
   }
-  return parte;
+  return part;
 }
 
 }  // namespace
 
 String TiraAlias(const String& strCampo) {
-  const Long posicao = InStr(strCampo, u" as ");
-  return posicao == 0 ? strCampo : Left(strCampo, posicao);
+  const Long position = InStr(strCampo, u" as ");
+  return position == 0 ? strCampo : Left(strCampo, position);
 }
 
-String NomeDeColuna(const String& strCampo) {
+String ColumnName(const String& strCampo) {
   constexpr StringView kAlias = u" as ";
   const Long alias = InStrRev(LCase(strCampo), kAlias);
-  return UltimaParte(Trim(alias == 0 ? strCampo : Mid(strCampo, alias + Len(kAlias))));
+  return LastPart(Trim(alias == 0 ? strCampo : Mid(strCampo, alias + Len(kAlias))));
 }
 
 }  // namespace tessaria::mdlObjTxt

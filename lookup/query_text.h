@@ -12,6 +12,6 @@ String TiraAlias(const String& strCampo);
 /// The name under which a record set has a field of a select list: the alias when there is one
 /// (" as " in any case), else the name without its qualifiers; without quotes (", `, []) either
 /// way.
-String NomeDeColuna(const String& strCampo);
+String ColumnName(const String& strCampo);
 
 }  // namespace tessaria::mdlObjTxt

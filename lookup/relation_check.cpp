@@ -17,71 +17,71 @@ namespace {
 /// The typed value as it goes into the statement.
 struct Literal {
   String Sql;
-  bool Texto;
+  bool IsText;
 };
 
-Literal LiteralDoTipo(const String& valor, Long tipo, const String& nome) {
-  if (EhTipoDeCampoTexto(tipo)) return {TextoSql(valor), true};
-  return {NumeroSql(valor, nome), false};
+Literal LiteralOfType(const String& value, Long type, const String& name) {
+  if (IsTextFieldType(type)) return {QuotedText(value), true};
+  return {SqlNumber(value, name), false};
 }
 
-host::RecordsetPtr Abre(host::Connection& conexao, const String& instrucao) {
-  return conexao.OpenRecordset(instrucao, host::CursorType::Static, host::LockType::ReadOnly);
+host::RecordsetPtr OpenStatic(host::Connection& connection, const String& statement) {
+  return connection.OpenRecordset(statement, host::CursorType::Static, host::LockType::ReadOnly);
 }
 
 /// One check on its connection: what it looks in.
-class Relacao {
+class Relation {
  public:
-  Relacao(const String& tabela, const String& campo)
-      : tabela_(tabela), campo_(campo), chave_(TiraAlias(campo)) {}
+  Relation(const String& table, const String& field)
+      : table_(table), field_(field), key_(TiraAlias(field)) {}
 
   /// The type of the field, from a statement that gives no rows.
-  Long TipoDoCampo() const {
-    const auto rs = Abre(*conexao_, UmaLinhaOnde(chave_ + u"=Null"));
-    const Long tipo = rs->Fields().Item(0)->Type();
+  Long FieldType() const {
+    const auto rs = OpenStatic(*connection_, OneRowWhere(key_ + u"=Null"));
+    const Long type = rs->Fields().Item(0)->Type();
     rs->Close();
-    return tipo;
+    return type;
   }
 
   /// The row whose field equals the literal. PostgreSQL is strict about types, so both sides
   /// are cast there, and texts are compared without regard to case.
-  host::RecordsetPtr Procura(const Literal& literal, const String& where) const {
-    String condicao;
+  host::RecordsetPtr Find(const Literal& literal, const String& where) const {
+    String condition;
     if (!postgres_) {
-      condicao = chave_ + u" = " + literal.Sql;
-    } else if (!literal.Texto) {
-      condicao = u"cast(" + chave_ + u" as integer) = " + literal.Sql;
+      condition = key_ + u" = " + literal.Sql;
+    } else if (!literal.IsText) {
+      condition = u"cast(" + key_ + u" as integer) = " + literal.Sql;
     } else {
-      condicao =
-          u"cast(lower(" + chave_ + u") as varchar) = cast(lower(" + literal.Sql + u") as varchar)";
+      condition =
+          u"cast(lower(" + key_ + u") as varchar) = cast(lower(" + literal.Sql + u") as varchar)";
     }
-    return Abre(*conexao_, UmaLinhaOnde(condicao + where));
+    return OpenStatic(*connection_, OneRowWhere(condition + where));
   }
 
  private:
-  String UmaLinhaOnde(const String& condicao) const {
-    const UmaLinha uma = SelecionaUmaLinha(postgres_);
-    return String(uma.Select)
-        .append(campo_ + u" From " + tabela_ + u" Where " + condicao)
-        .append(uma.Limite);
+  String OneRowWhere(const String& condition) const {
+    const RowLimit oneRow = LimitToOneRow(postgres_);
+    return String(oneRow.Select)
+        .append(field_ + u" From " + table_ + u" Where " + condition)
+        .append(oneRow.Limit);
   }
 
-  const String& tabela_;
-  const String& campo_;
-  const String chave_;
-  const host::ConnectionPtr conexao_ = ConexaoAtual();
-  const bool postgres_ = EhPostgreSQL(*conexao_);
+  const String& table_;
+  const String& field_;
+  const String key_;
+  const host::ConnectionPtr connection_ = CurrentConnection();
+  const bool postgres_ = IsPostgreSQL(*connection_);
 };
 
-Long TipoDoCampo(const host::Field* campo) {
-  if (!campo) throw HostError(errors::ObjectNotSet);
-  return campo->Type();
+Long FieldType(const host::Field* field) {
+  if (!field) throw HostError(errors::ObjectNotSet);
+  return field->Type();
 }
 
-Literal FazLiteral(const Relacao& relacao, const String& valor, TipoControle tipoControle,
-                   const host::Field* campo, bool temCampo, const String& nome) {
-  if (tipoControle == TipoControle::Descricao) return {TextoSql(Trim(valor)), true};
-  return LiteralDoTipo(valor, temCampo ? TipoDoCampo(campo) : relacao.TipoDoCampo(), nome);
+Literal MakeLiteral(const Relation& relation, const String& value, TipoControle controlKind,
+                    const host::Field* field, bool hasField, const String& name) {
+  if (controlKind == TipoControle::Descricao) return {QuotedText(Trim(value)), true};
+  return LiteralOfType(value, hasField ? FieldType(field) : relation.FieldType(), name);
 }
 
 }  // namespace
@@ -90,35 +90,35 @@ bool ChecaRelacao(const String& strTabela, const String& strCampo, const String&
                   TipoControle intTipoControle, const host::Field* fldCampo, bool blnTemCampo,
                   bool blnPodeSerBranco, bool blnMensagem, String& strWhere, const String& strLabel,
                   Variant* varRetorno, Long lngHwnd, bool blnBotao) {
-  bool existe = false;
+  bool exists = false;
   Trap(u"mdlObjTxt", u"ChecaRelacao", [&] {
     if (varRetorno) *varRetorno = Variant();
     if (strTabela.empty() || strCampo.empty()) {
-      existe = true;
+      exists = true;
       return;
     }
-    const String nome = strLabel.empty() ? strCampo + u" de " + strTabela : strLabel;
-    const auto avisa = [&](const char16_t* texto) {
-      mdlMsgBox::ExibeMensagem(lngHwnd, nome + texto, mdlMsgBox::flag::Information);
+    const String name = strLabel.empty() ? strCampo + u" de " + strTabela : strLabel;
+    const auto tell = [&](const char16_t* text) {
+      mdlMsgBox::ExibeMensagem(lngHwnd, name + text, mdlMsgBox::flag::Information);
     };
     if (strValor.empty()) {
-      existe = !blnBotao || blnPodeSerBranco;
-      if (!existe) avisa(u" Não Pode Ser Branco, Verifique Por Favor");
+      exists = !blnBotao || blnPodeSerBranco;
+      if (!exists) tell(u" Não Pode Ser Branco, Verifique Por Favor");
       return;
     }
-    const Relacao relacao(strTabela, strCampo);
+    const Relation relation(strTabela, strCampo);
     const Literal literal =
-        FazLiteral(relacao, strValor, intTipoControle, fldCampo, blnTemCampo, RTrim(nome));
+        MakeLiteral(relation, strValor, intTipoControle, fldCampo, blnTemCampo, RTrim(name));
     if (!strWhere.empty()) strWhere = u" And " + strWhere;
-    const auto rs = relacao.Procura(literal, strWhere);
+    const auto rs = relation.Find(literal, strWhere);
     if (rs->Bof() || rs->Eof()) {
-      if (blnMensagem) avisa(u" Inexistente, Verifique Por Favor");
+      if (blnMensagem) tell(u" Inexistente, Verifique Por Favor");
       return;
     }
     if (varRetorno) *varRetorno = rs->Fields().Item(0)->Value();
-    existe = true;
+    exists = true;
   });
-  return existe;
+  return exists;
 }
 
 }  // namespace tessaria::mdlObjTxt

@@ -10,7 +10,7 @@ namespace tessaria::mdlObjTxt {
 /// Looks `strValor` (typed, without mask) up in `strCampo` of `strTabela` on the thread's
 /// connection. True when it is there, when there is nothing to look in, and for a blank that
 /// may pass. An error is reported and gives false. On a field that is no text the value goes into
-/// the statement as a number (`NumeroSql`); what is none is such an error, and nothing is sent.
+/// the statement as a number (`SqlNumber`); what is none is such an error, and nothing is sent.
 ///
 /// `strCampo` may have an alias. `fldCampo` is read only when `blnTemCampo`, and may be null
 /// otherwise. `strWhere` is a further condition; it is left with " And " in front. `strLabel`

@@ -10,47 +10,47 @@
 namespace tessaria {
 namespace {
 
-struct Dialeto {
-  StringView Nome;
-  FamiliaSql Familia;
+struct DialectFamily {
+  StringView Name;
+  SqlFamily Family;
 };
 
-constexpr std::array kDialetos{
-    Dialeto{u"MS JET", FamiliaSql::Access},
-    Dialeto{u"ACCESS", FamiliaSql::Access},
-    Dialeto{u"MICROSOFT SQL SERVER", FamiliaSql::SqlServer},
-    Dialeto{u"POSTGRESQL", FamiliaSql::PostgreSQL},
+constexpr std::array kDialects{
+    DialectFamily{u"MS JET", SqlFamily::Access},
+    DialectFamily{u"ACCESS", SqlFamily::Access},
+    DialectFamily{u"MICROSOFT SQL SERVER", SqlFamily::SqlServer},
+    DialectFamily{u"POSTGRESQL", SqlFamily::PostgreSQL},
 };
 
 }  // namespace
 
-host::ConnectionPtr ConexaoAtual() {
+host::ConnectionPtr CurrentConnection() {
   if (!State().dbConexao) throw HostError(errors::ObjectNotSet);
   return State().dbConexao;
 }
 
-String NomeDialeto(const host::Connection& conexao) {
-  return UCase(CStr(conexao.Properties(u"DBMS Name")));
+String DialectName(const host::Connection& connection) {
+  return UCase(CStr(connection.Properties(u"DBMS Name")));
 }
 
-FamiliaSql FamiliaDoDialeto(StringView strDialeto) {
-  for (const Dialeto& dialeto : kDialetos) {
-    if (dialeto.Nome == strDialeto) return dialeto.Familia;
+SqlFamily FamilyOfDialect(StringView dialect) {
+  for (const DialectFamily& row : kDialects) {
+    if (row.Name == dialect) return row.Family;
   }
-  return FamiliaSql::Desconhecida;
+  return SqlFamily::Unknown;
 }
 
-bool EhPostgreSQL(const host::Connection& conexao) {
-  return FamiliaDoDialeto(NomeDialeto(conexao)) == FamiliaSql::PostgreSQL;
+bool IsPostgreSQL(const host::Connection& connection) {
+  return FamilyOfDialect(DialectName(connection)) == SqlFamily::PostgreSQL;
 }
 
-Integer VersaoPostgreSQL(const host::Connection& conexao) {
-  const String versao = CStr(conexao.Properties(u"DBMS Version"));
-  const Long posicao = InStr(versao, u"PostgreSQL");
-  const String digitos = RTrim(Replace(Mid(versao, posicao + 11, 6), u".", u""));
-  const bool soDigitos = digitos.find_first_not_of(u"0123456789") == String::npos;
-  if (digitos.empty() || !soDigitos) throw HostError(errors::TypeMismatch);
-  return CInt(digitos);
+Integer PostgreSQLVersion(const host::Connection& connection) {
+  const String version = CStr(connection.Properties(u"DBMS Version"));
+  const Long position = InStr(version, u"PostgreSQL");
+  const String digits = RTrim(Replace(Mid(version, position + 11, 6), u".", u""));
+  const bool onlyDigits = digits.find_first_not_of(u"0123456789") == String::npos;
+  if (digits.empty() || !onlyDigits) throw HostError(errors::TypeMismatch);
+  return CInt(digits);
 }
 
 }  // namespace tessaria

@@ -193,7 +193,7 @@ void SqlScanner::SkipExponent() {
 
 // Servers, and releases of one server, differ in where a number ends that has letters behind it.
 Kind SqlScanner::SkipNumber() {
-  const bool hex = rules_.family == FamiliaSql::SqlServer && At(at_) == u'0' &&
+  const bool hex = rules_.family == SqlFamily::SqlServer && At(at_) == u'0' &&
                    (At(at_ + 1) == u'x' || At(at_ + 1) == u'X');
   if (hex) {
     at_ += 2;
@@ -224,7 +224,7 @@ Kind SqlScanner::SkipPrefixedText() {
 Kind SqlScanner::SkipToken() {
   const char16_t c = text_[at_];
   const bool bracketed =
-      rules_.family == FamiliaSql::SqlServer || rules_.family == FamiliaSql::Access;
+      rules_.family == SqlFamily::SqlServer || rules_.family == SqlFamily::Access;
   if (IsPostgres()) {
     const Kind prefixed = SkipPrefixedText();
     if (prefixed != Kind::Symbol) return prefixed;
@@ -235,7 +235,7 @@ Kind SqlScanner::SkipToken() {
   if (c == u'\'') return SkipText(TextKind::Plain);
   if (c == u'"') return SkipQuoted(u'"', Kind::QuotedName, SqlContext::Name);
   if (c == u'[' && bracketed) return SkipQuoted(u']', Kind::QuotedName, SqlContext::Bracket);
-  if (c == u'#' && rules_.family == FamiliaSql::Access) {
+  if (c == u'#' && rules_.family == SqlFamily::Access) {
     const std::size_t close = text_.find(u'#', at_ + 1);
     if (close == StringView::npos) return Unfinished(SqlContext::HashDate);
     at_ = close + 1;

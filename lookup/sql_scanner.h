@@ -11,7 +11,7 @@ namespace tessaria {
 
 /// How a server reads its statements.
 struct SqlRules {
-  FamiliaSql family = FamiliaSql::Desconhecida;
+  SqlFamily family = SqlFamily::Unknown;
   /// Whether a backslash in a plain text ('...') escapes the character behind it.
   bool backslashes = false;
 };
@@ -63,8 +63,8 @@ class TESSARIA_HOST_API SqlScanner {
   char16_t At(std::size_t position) const {
     return position < text_.size() ? text_[position] : u'\0';
   }
-  bool IsPostgres() const { return rules_.family == FamiliaSql::PostgreSQL; }
-  bool HasComments() const { return IsPostgres() || rules_.family == FamiliaSql::SqlServer; }
+  bool IsPostgres() const { return rules_.family == SqlFamily::PostgreSQL; }
+  bool HasComments() const { return IsPostgres() || rules_.family == SqlFamily::SqlServer; }
   bool SkipBlanksAndComments();
   bool SkipLineComment();
   bool SkipBlockComment();

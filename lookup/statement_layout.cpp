@@ -8,116 +8,115 @@
 namespace tessaria::mdlObjTxt {
 namespace {
 
-constexpr StringView kQuebra = u"\r\n";
-constexpr StringView kNovaLinha = u"\r\n      ";
+constexpr StringView kLineBreak = u"\r\n";
+constexpr StringView kIndentedLine = u"\r\n      ";
 
-struct PalavraChave {
-  StringView Palavra;
-  StringView Disposta;
+struct Keyword {
+  StringView Word;
+  StringView LaidOut;
 };
 
-constexpr std::array kPalavrasChave{
-    PalavraChave{u"Select", u"SELECT\r\n      "},
-    PalavraChave{u"From", u"\r\nFROM\r\n      "},
-    PalavraChave{u"Left Join", u"\r\n      Left Join "},
+constexpr std::array kKeywords{
+    Keyword{u"Select", u"SELECT\r\n      "},
+    Keyword{u"From", u"\r\nFROM\r\n      "},
+    Keyword{u"Left Join", u"\r\n      Left Join "},
 };
 
-struct AspasDoTipo {
-  StringView Tipo;
-  StringView Abre;
-  StringView Fecha;
+struct TypeQuotes {
+  StringView Type;
+  StringView Open;
+  StringView Close;
 };
 
 // The date is written in this one way for every dialect.
-constexpr std::array kAspas{
-    AspasDoTipo{u"String", u"'", u"'"},
-    AspasDoTipo{u"Data", u"cDate('", u"')"},
+constexpr std::array kTypeQuotes{
+    TypeQuotes{u"String", u"'", u"'"},
+    TypeQuotes{u"Data", u"cDate('", u"')"},
 };
 
-AspasDoTipo AspasPara(const String& tipo) {
-  for (const AspasDoTipo& aspas : kAspas) {
-    if (aspas.Tipo == tipo) return aspas;
+TypeQuotes QuotesFor(const String& type) {
+  for (const TypeQuotes& quotes : kTypeQuotes) {
+    if (quotes.Type == type) return quotes;
   }
   return {};
 }
 
-/// The first character from `posicao` on that is no blank; "" at the end.
-StringView NaoBrancoDepois(StringView sql, std::size_t posicao) {
-  const auto achado = sql.find_first_not_of(u' ', posicao);
-  return achado == StringView::npos ? StringView() : sql.substr(achado, 1);
+/// The first character from `position` on that is no blank; "" at the end.
+StringView NonBlankAfter(StringView sql, std::size_t position) {
+  const auto found = sql.find_first_not_of(u' ', position);
+  return found == StringView::npos ? StringView() : sql.substr(found, 1);
 }
 
-/// The last character in front of `posicao` that is no blank; "" at the start.
-StringView NaoBrancoAntes(StringView sql, std::size_t posicao) {
-  const auto achado = sql.substr(0, posicao).find_last_not_of(u' ');
-  return achado == StringView::npos ? StringView() : sql.substr(achado, 1);
+/// The last character in front of `position` that is no blank; "" at the start.
+StringView NonBlankBefore(StringView sql, std::size_t position) {
+  const auto found = sql.substr(0, position).find_last_not_of(u' ');
+  return found == StringView::npos ? StringView() : sql.substr(found, 1);
 }
 
 /// A comma keeps its line between two quoted texts and ahead of a digit from 1 to 9.
-bool VirgulaQuebra(StringView sql, std::size_t posicao) {
-  const StringView depois = NaoBrancoDepois(sql, posicao + 1);
-  const bool entreTextos = depois == u"'" && NaoBrancoAntes(sql, posicao) == u"'";
-  return !entreTextos && Val(depois) == 0;
+bool CommaBreaks(StringView sql, std::size_t position) {
+  const StringView next = NonBlankAfter(sql, position + 1);
+  const bool betweenTexts = next == u"'" && NonBlankBefore(sql, position) == u"'";
+  return !betweenTexts && Val(next) == 0;
 }
 
-String DispoeInstrucao(StringView sql) {
-  String pronta;
+String LayOutStatement(StringView sql) {
+  String laidOut;
   // The character behind a keyword is dropped: it is the blank that follows it.
   for (std::size_t i = 0; i < sql.size(); ++i) {
-    const PalavraChave* achada = nullptr;
-    for (const PalavraChave& palavra : kPalavrasChave) {
-      if (StartsWith(sql.substr(i), palavra.Palavra)) achada = &palavra;
+    const Keyword* found = nullptr;
+    for (const Keyword& keyword : kKeywords) {
+      if (StartsWith(sql.substr(i), keyword.Word)) found = &keyword;
     }
-    if (achada) {
-      pronta += achada->Disposta;
-      i += achada->Palavra.size();
+    if (found) {
+      laidOut += found->LaidOut;
+      i += found->Word.size();
     } else {
-      pronta += sql[i];
+      laidOut += sql[i];
     }
     // A comma that was dropped breaks the line all the same.
-    if (i < sql.size() && sql[i] == u',' && VirgulaQuebra(sql, i)) pronta += kNovaLinha;
+    if (i < sql.size() && sql[i] == u',' && CommaBreaks(sql, i)) laidOut += kIndentedLine;
   }
-  return pronta;
+  return laidOut;
 }
 
-String DispoeTermos(const LinhasDeLista& linhas) {
-  String termos;
-  for (const LinhaDeLista& linha : linhas) {
-    const String termo = TermoDePesquisa(linha);
-    if (termo.empty()) continue;
-    if (!termos.empty()) termos.append(u" and ").append(kNovaLinha);
-    termos += termo;
+String LayOutTerms(const ListRows& rows) {
+  String terms;
+  for (const ListRow& row : rows) {
+    const String term = SearchTerm(row);
+    if (term.empty()) continue;
+    if (!terms.empty()) terms.append(u" and ").append(kIndentedLine);
+    terms += term;
   }
-  return termos;
+  return terms;
 }
 
 }  // namespace
 
-String TermoDePesquisa(const LinhaDeLista& linha) {
-  if (linha.SubItems.size() != 3) return {};
-  const AspasDoTipo aspas = AspasPara(linha.SubItems[2]);
-  String termo = Trim(linha.Text) + Trim(linha.SubItems[0]);
-  termo.append(aspas.Abre).append(u"@").append(Trim(linha.SubItems[1])).append(u"@");
-  return termo.append(aspas.Fecha);
+String SearchTerm(const ListRow& row) {
+  if (row.SubItems.size() != 3) return {};
+  const TypeQuotes quotes = QuotesFor(row.SubItems[2]);
+  String term = Trim(row.Text) + Trim(row.SubItems[0]);
+  term.append(quotes.Open).append(u"@").append(Trim(row.SubItems[1])).append(u"@");
+  return term.append(quotes.Close);
 }
 
-String MontaSqlPronta(const String& strSql, const LinhasDeLista* lstWhere,
-                      const LinhasDeLista* lstOrderBy) {
-  String pronta = DispoeInstrucao(Replace(strSql, u"Where 1 = Null", u""));
+String MontaSqlPronta(const String& strSql, const ListRows* lstWhere, const ListRows* lstOrderBy) {
+  String laidOut = LayOutStatement(Replace(strSql, u"Where 1 = Null", u""));
   if (lstWhere && !lstWhere->empty()) {
-    pronta.append(kQuebra).append(u"WHERE");
-    const String termos = DispoeTermos(*lstWhere);
-    if (!termos.empty()) pronta.append(kNovaLinha).append(termos);
+    laidOut.append(kLineBreak).append(u"WHERE");
+    const String terms = LayOutTerms(*lstWhere);
+    if (!terms.empty()) laidOut.append(kIndentedLine).append(terms);
   }
   if (lstOrderBy && !lstOrderBy->empty()) {
-    pronta.append(kQuebra).append(u"ORDER BY");
-    StringView separador;
-    for (const LinhaDeLista& linha : *lstOrderBy) {
-      pronta.append(separador).append(kNovaLinha).append(Trim(linha.Text));
-      separador = u",";
+    laidOut.append(kLineBreak).append(u"ORDER BY");
+    StringView separator;
+    for (const ListRow& row : *lstOrderBy) {
+      laidOut.append(separator).append(kIndentedLine).append(Trim(row.Text));
+      separator = u",";
     }
   }
-  return pronta;
+  return laidOut;
 }
 
 }  // namespace tessaria::mdlObjTxt

@@ -11,126 +11,126 @@
 namespace tessaria::mdlObjTxt {
 namespace {
 
-constexpr char16_t kMarca = u'@';
+constexpr char16_t kParameterMark = u'@';
 
-bool EhParteDePalavra(char16_t c) {
+bool IsPartOfWord(char16_t c) {
   return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') ||
          c >= 0x80 || StringView(u"_$.#").find(c) != StringView::npos;
 }
-bool SeparaTokens(char16_t c) { return StringView(u" \t\r\n\f(),").find(c) != StringView::npos; }
+bool SeparatesTokens(char16_t c) { return StringView(u" \t\r\n\f(),").find(c) != StringView::npos; }
 /// Whether a sign behind this text would be read as part of the operator that it ends in: "--", or
 /// one that holds a character with which the servers let a sign end an operator, as "!=-".
-bool LigaSeASinal(StringView texto) {
-  const std::size_t antes = texto.find_last_not_of(u"+-*/<>=~!@#%^&|`?");
-  const StringView operador = texto.substr(antes == StringView::npos ? 0 : antes + 1);
-  if (operador.empty()) return false;
-  const bool terminaEmSinal = operador.back() == u'+' || operador.back() == u'-';
-  return terminaEmSinal || operador.find_first_of(u"~!@#%^&|`?") != StringView::npos;
+bool JoinsSign(StringView text) {
+  const std::size_t before = text.find_last_not_of(u"+-*/<>=~!@#%^&|`?");
+  const StringView operation = text.substr(before == StringView::npos ? 0 : before + 1);
+  if (operation.empty()) return false;
+  const bool endsInSign = operation.back() == u'+' || operation.back() == u'-';
+  return endsInSign || operation.find_first_of(u"~!@#%^&|`?") != StringView::npos;
 }
 
-bool EhSinal(const SqlScanner& leitor, const SqlToken& token, StringView sinais) {
+bool IsSymbol(const SqlScanner& scanner, const SqlToken& token, StringView signs) {
   return token.Is(SqlToken::Kind::Symbol) &&
-         sinais.find(leitor.TextOf(token).front()) != StringView::npos;
+         signs.find(scanner.TextOf(token).front()) != StringView::npos;
 }
 
 /// Whether a text ends where an item of the list of an "in" begins.
-bool AbreItemDeLista(StringView texto, SqlRules regras) {
-  SqlScanner leitor(texto, regras);
-  std::vector<bool> parenteses;  // of those that are open: whether each is the list of an "in"
-  bool depoisDeIn = false;
-  bool comecaItem = false;
-  for (SqlToken token = leitor.Next(); token.length > 0; token = leitor.Next()) {
-    comecaItem = EhSinal(leitor, token, u"(,");
-    if (EhSinal(leitor, token, u"(")) parenteses.push_back(depoisDeIn);
-    if (EhSinal(leitor, token, u")") && !parenteses.empty()) parenteses.pop_back();
-    depoisDeIn = token.Is(SqlToken::Kind::Word) && EqualNoCase(leitor.TextOf(token), u"in");
+bool OpensListItem(StringView text, SqlRules rules) {
+  SqlScanner scanner(text, rules);
+  std::vector<bool> parentheses;  // of those that are open: whether each is the list of an "in"
+  bool afterIn = false;
+  bool startsItem = false;
+  for (SqlToken token = scanner.Next(); token.length > 0; token = scanner.Next()) {
+    startsItem = IsSymbol(scanner, token, u"(,");
+    if (IsSymbol(scanner, token, u"(")) parentheses.push_back(afterIn);
+    if (IsSymbol(scanner, token, u")") && !parentheses.empty()) parentheses.pop_back();
+    afterIn = token.Is(SqlToken::Kind::Word) && EqualNoCase(scanner.TextOf(token), u"in");
   }
-  return comecaItem && !parenteses.empty() && parenteses.back();
+  return startsItem && !parentheses.empty() && parentheses.back();
 }
 
 /// One parameter in its place.
-class Parametro {
+class Parameter {
  public:
-  /// `antes` is the text in front, with its values; `depois` is the template behind.
-  Parametro(const String& nome, const String& valor, StringView antes, StringView depois)
-      : nome_(nome),
-        valor_(valor),
-        regras_(RegrasPara(String(antes) + valor)),
-        antes_(antes),
-        depois_(depois) {}
+  /// `before` is the text in front, with its values; `after` is the template behind.
+  Parameter(const String& name, const String& value, StringView before, StringView after)
+      : name_(name),
+        value_(value),
+        rules_(RulesFor(String(before) + value)),
+        before_(before),
+        after_(after) {}
 
-  String Texto() const {
-    RequireWellFormed(valor_);
-    switch (ContextBehind(antes_, regras_)) {
+  String Text() const {
+    RequireWellFormed(value_);
+    switch (ContextBehind(before_, rules_)) {
       case SqlContext::Code:
-        return Numero();
+        return Number();
       case SqlContext::PlainText:
-        return DobraAspas(valor_);
+        return DoubleApostrophes(value_);
       case SqlContext::EscapeText:
-        return Replace(DobraAspas(valor_), u"\\", u"\\\\");
+        return Replace(DoubleApostrophes(value_), u"\\", u"\\\\");
       case SqlContext::Name:
-        return Replace(valor_, u"\"", u"\"\"");
+        return Replace(value_, u"\"", u"\"\"");
       case SqlContext::Bracket:
-        return SemFecho(u']', u"contém \"]\", que não é aceito entre colchetes.");
+        return WithoutClosing(u']', u"contém \"]\", que não é aceito entre colchetes.");
       case SqlContext::HashDate:
-        return SemFecho(u'#', u"contém \"#\", que não é aceito em uma data entre \"#\".");
+        return WithoutClosing(u'#', u"contém \"#\", que não é aceito em uma data entre \"#\".");
       case SqlContext::Closed:
         break;
     }
-    RecusaValor(nome_, valor_,
+    RefuseValue(name_, value_,
                 u"está onde a condição não aceita parâmetros (comentário ou texto especial).");
   }
 
  private:
-  String SemFecho(char16_t fecho, StringView motivo) const {
-    if (valor_.find(fecho) != String::npos) RecusaValor(nome_, valor_, motivo);
-    return valor_;
+  String WithoutClosing(char16_t closing, StringView reason) const {
+    if (value_.find(closing) != String::npos) RefuseValue(name_, value_, reason);
+    return value_;
   }
 
-  String Numero() const {
-    if (EhItemDeLista() && valor_.find(u',') != String::npos)
-      RecusaValor(nome_, valor_, u"é uma lista, e só um número é aceito aqui.");
-    const String numero = NumeroSql(valor_, nome_);
-    const char16_t anterior = antes_.empty() ? u' ' : antes_.back();
-    const char16_t seguinte = depois_.empty() ? u' ' : depois_.front();
-    if (numero.empty())
-      return SeparaTokens(anterior) || SeparaTokens(seguinte) ? String() : String(u" ");
-    const char16_t primeiro = numero.front();
-    const bool encosta = (primeiro != u' ' && EhParteDePalavra(anterior)) ||
-                         (numero.back() != u' ' && EhParteDePalavra(seguinte));
-    if (encosta) RecusaValor(nome_, valor_, u"encosta em outra palavra da condição.");
-    const bool sinal = primeiro == u'+' || primeiro == u'-';
-    return (sinal && LigaSeASinal(antes_) ? u" " : u"") + numero;
+  String Number() const {
+    if (IsListItem() && value_.find(u',') != String::npos)
+      RefuseValue(name_, value_, u"é uma lista, e só um número é aceito aqui.");
+    const String number = SqlNumber(value_, name_);
+    const char16_t previous = before_.empty() ? u' ' : before_.back();
+    const char16_t next = after_.empty() ? u' ' : after_.front();
+    if (number.empty())
+      return SeparatesTokens(previous) || SeparatesTokens(next) ? String() : String(u" ");
+    const char16_t first = number.front();
+    const bool touches =
+        (first != u' ' && IsPartOfWord(previous)) || (number.back() != u' ' && IsPartOfWord(next));
+    if (touches) RefuseValue(name_, value_, u"encosta em outra palavra da condição.");
+    const bool sign = first == u'+' || first == u'-';
+    return (sign && JoinsSign(before_) ? u" " : u"") + number;
   }
 
   /// Stands alone in the list of an "in", where "1,2" may have been meant for two numbers.
-  bool EhItemDeLista() const {
-    SqlScanner depois(depois_, regras_);
-    const SqlToken seguinte = depois.Next();
-    return EhSinal(depois, seguinte, u"),") && AbreItemDeLista(antes_, regras_);
+  bool IsListItem() const {
+    SqlScanner after(after_, rules_);
+    const SqlToken next = after.Next();
+    return IsSymbol(after, next, u"),") && OpensListItem(before_, rules_);
   }
 
-  const String& nome_;
-  const String& valor_;
-  SqlRules regras_;
-  StringView antes_;
-  StringView depois_;
+  const String& name_;
+  const String& value_;
+  SqlRules rules_;
+  StringView before_;
+  StringView after_;
 };
 
 }  // namespace
 
-String ExpandeCondicao(const host::FormPtr& form, const String& text) {
+String ExpandCondition(const host::FormPtr& form, const String& text) {
   String result;
   for (std::size_t position = 0; position < text.size();) {
-    const std::size_t open = std::min(text.find(kMarca, position), text.size());
+    const std::size_t open = std::min(text.find(kParameterMark, position), text.size());
     result.append(text, position, open - position);
     if (open == text.size()) break;
-    const std::size_t close = std::min(text.find(kMarca, open + 1), text.size());
+    const std::size_t close = std::min(text.find(kParameterMark, open + 1), text.size());
     const String reference = text.substr(open, close + 1 - open);
     const String name = text.substr(open + 1, close - open - 1);
     position = std::min(close + 1, text.size());
     const String value = ExpandeParametros(form, reference);
-    result += Parametro(name, value, result, StringView(text).substr(position)).Texto();
+    result += Parameter(name, value, result, StringView(text).substr(position)).Text();
   }
   return result;
 }

@@ -108,7 +108,7 @@ void ForgetErased(MaskedField& field, BoxKey key) {
   const Long gone = PasswordCharacters(field, Mid(shown, erased.start + 1, erased.length));
   if (gone == 0) return;
   const String hidden = HiddenText(field, count);
-  field.GuardaTexto(Left(hidden, before) + Mid(hidden, before + gone + 1));
+  field.StoreText(Left(hidden, before) + Mid(hidden, before + gone + 1));
 }
 
 namespace {
@@ -152,7 +152,7 @@ void ApplyKey(Keystroke& k) {
   } else if (k.key != key::F9) {
     k.Swallow();
   } else if (k.field.TipoControle() == TipoControle::Calculadora) {
-    k.field.AbreCalculadora();
+    k.field.RunCalculator();
   }
 }
 

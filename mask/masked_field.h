@@ -28,9 +28,9 @@ class MaskedField {
   virtual String Texto() const = 0;
   virtual void Texto(const String& text) = 0;
   /// Assigns the typed text and leaves the box alone.
-  virtual void GuardaTexto(const String& text) = 0;
+  virtual void StoreText(const String& text) = 0;
   /// Opens the calculator on the box's number and assigns its answer.
-  virtual void AbreCalculadora() = 0;
+  virtual void RunCalculator() = 0;
 };
 
 }  // namespace tessaria

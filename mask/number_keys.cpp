@@ -51,14 +51,14 @@ void TypeMinus(Keystroke& k) {
   const bool allSelected = Len(k.box.Text()) == k.box.SelLength();
   const String typed = allSelected ? String() : TextForSign(k);
   const String before = k.field.Texto();
-  k.field.GuardaTexto(typed);
+  k.field.StoreText(typed);
   const Long comma = InStr(typed, kDecimalComma);
   const Long integers = comma > 0 ? comma - 1 : Len(typed);
   if (!k.field.ValorNegativo() || integers >= k.Capacity()) return k.SwallowWithBeep();
   if (StartsWith(typed, kSign)) return k.SwallowWithBeep();
   const String composed = String(kSign) + typed;
   if (!k.HasRoomFor(composed)) {
-    k.field.GuardaTexto(before);
+    k.field.StoreText(before);
     return k.SwallowWithBeep();
   }
   k.box.Text(composed);
@@ -68,7 +68,7 @@ void TypeMinus(Keystroke& k) {
 
 void TypePlus(Keystroke& k) {
   const String typed = TextForSign(k);
-  k.field.GuardaTexto(typed);
+  k.field.StoreText(typed);
   if (!k.field.ValorNegativo()) return k.SwallowWithBeep();
   if (StartsWith(typed, kSign)) {
     k.box.Text(Mid(typed, 2));

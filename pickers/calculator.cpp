@@ -105,7 +105,7 @@ void frmCalculadora::Load() {
 Variant frmCalculadora::ExecutaCalculadora(const Variant& nLi, const Variant& nCi,
                                            host::TextBox& txtNumero, const String& cTexto,
                                            const String& /*cMascara*/,
-                                           const String& /*cItensMascara*/, bool* mudou) {
+                                           const String& /*cItensMascara*/, bool* changed) {
   const String text = txtNumero.Text();
   const bool hasNumber = !text.empty() && (IsNumeric(text) || cTexto.empty());
   if (hasNumber) machine_.StartWith(CDbl(text));
@@ -116,7 +116,7 @@ Variant frmCalculadora::ExecutaCalculadora(const Variant& nLi, const Variant& nC
   OperatorButton(Operator::Equals).SetFocus();
   dialog_->ShowModal();
   String answer = dialog_->Find<host::DialogDisplay>(u"txtVisor").Text();
-  if (mudou) *mudou = answer != given;
+  if (changed) *changed = answer != given;
   return answer;
 }
 

@@ -23,11 +23,11 @@ class frmCalculadora {
   /// Opens on the number in the box and gives the display's text when the window closes, however
   /// it closes. `nLi` and `nCi` are the wanted top and left, twips; `cTexto` is the box's text
   /// without its mask. The mask and its literals are taken as by the other pickers, and not read.
-  /// `mudou`, unless null, tells whether the display shows another number than it opened on: that
+  /// `changed`, unless null, tells whether the display shows another number than it opened on: that
   /// of the box, or 0. Error 13 for a box of nothing but fill characters.
   Variant ExecutaCalculadora(const Variant& nLi, const Variant& nCi, host::TextBox& txtNumero,
                              const String& cTexto, const String& cMascara,
-                             const String& cItensMascara, bool* mudou = nullptr);
+                             const String& cItensMascara, bool* changed = nullptr);
   /// Closes the window, also while it is open.
   void Unload();
 

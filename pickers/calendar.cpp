@@ -67,7 +67,7 @@ void frmCalendario::Unload() { dialog_->Hide(); }
 Variant frmCalendario::ExecutaCalendario(const Variant& nLi, const Variant& nCi,
                                          host::TextBox& txtData, const String& cTexto,
                                          const String& cMascara, const String& cItensMascara,
-                                         bool* escolheu) {
+                                         bool* chosen) {
   const bool canCancel = comforts().CalendarCancels;
   auto& calendar = dialog_->Find<host::Calendar>(u"Calendario");
   const auto startDate = canCancel ? StartDateKeepingBox : StartDate;
@@ -78,7 +78,7 @@ Variant frmCalendario::ExecutaCalendario(const Variant& nLi, const Variant& nCi,
   chosen_ = false;
   dialog_->ShowModal();
   const bool isMoved = calendar.Value().Days != start.Days;
-  if (escolheu) *escolheu = chosen_ || (!canCancel && isMoved);
+  if (chosen) *chosen = chosen_ || (!canCancel && isMoved);
   return calendar.Value();
 }
 

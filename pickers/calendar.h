@@ -24,12 +24,12 @@ class frmCalendario {
   /// and left, twips; `cTexto` is the box's text without its mask. Error 13 for a text that is
   /// no date.
   ///
-  /// `escolheu`, unless null, tells whether the operator chose a day, by a click or by Enter. With
+  /// `chosen`, unless null, tells whether the operator chose a day, by a click or by Enter. With
   /// `Comforts::CalendarCancels` the box keeps its text; without it, he has also chosen when he
   /// leaves another day than the calendar opened on.
   Variant ExecutaCalendario(const Variant& nLi, const Variant& nCi, host::TextBox& txtData,
                             const String& cTexto, const String& cMascara,
-                            const String& cItensMascara, bool* escolheu = nullptr);
+                            const String& cItensMascara, bool* chosen = nullptr);
   /// Closes the window, also while it is open.
   void Unload();
 

@@ -268,7 +268,7 @@ namespace {
 
 SqlRules StatementRules(const host::Connection& connection) {
   const Variant escapes = connection.Properties(u"Backslash Escapes");
-  return {FamiliaDoDialeto(UCase(CStr(connection.Properties(u"DBMS Name")))),
+  return {FamilyOfDialect(UCase(CStr(connection.Properties(u"DBMS Name")))),
           !escapes.IsNull() && CBool(escapes)};
 }
 

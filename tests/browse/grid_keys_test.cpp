@@ -49,7 +49,7 @@ TEST_F(GridKeys, TheKeysOfAnEntryByItsPosition) {
                              u"",
                              u""};
   for (std::size_t position = 0; position < std::size(keys); ++position)
-    EXPECT_EQ(frmBrowse::TeclasDoMenu(static_cast<Long>(position)), keys[position]) << position;
+    EXPECT_EQ(frmBrowse::MenuShortcuts(static_cast<Long>(position)), keys[position]) << position;
 }
 
 TEST_F(GridKeys, ControlAndADigitClickAnEntryFromAnywhere) {

@@ -26,7 +26,7 @@ class LookupFailure : public RunTest {
       Leave(shown);
     };
     EXPECT_EQ(Run(a, search), u"15");
-    EXPECT_EQ(end, FimDaLista::SemEscolha);
+    EXPECT_EQ(end, ListEnd::NoChoice);
     EXPECT_FALSE(app.Boxes().empty());
   }
 };
@@ -44,7 +44,7 @@ TEST_F(LookupFailure, AnEmptyTableShowsItsMessageAndNoList) {
     a.Value = Variant(Long{15});
     a.MsgBrowse = c.Own;
     EXPECT_EQ(RunUnseen(a), u"");
-    EXPECT_EQ(end, FimDaLista::Respondeu);
+    EXPECT_EQ(end, ListEnd::Answered);
     EXPECT_THAT(app.TakeBoxes(),
                 ElementsAre(MessageBoxRecord{kOwner, String(c.Shown), host::box::Ok, u"Alerta!"}));
   }
@@ -56,7 +56,7 @@ TEST_F(LookupFailure, ARefusedStatementIsShownWithNoOwnerSinceTheFormHasNoneYet)
   connection->FailNext(HostError(errors::ProviderError, u"relação não existe"));
   RunArguments a;
   EXPECT_EQ(RunUnseen(a), u"");
-  EXPECT_EQ(end, FimDaLista::Falhou);
+  EXPECT_EQ(end, ListEnd::Failed);
   const String statement =
       u"SELECT\r\n      codigo,\r\n       nome,\r\n       cidade \r\nFROM\r\n      clientes Where "
       u"ativo = 1 And codigo Is Not Null  Order by 1";
@@ -77,7 +77,7 @@ TEST_F(LookupFailure, AClosedConnectionIsToldTwice) {
   connection->Close();
   RunArguments a;
   EXPECT_EQ(RunUnseen(a), u"");
-  EXPECT_EQ(end, FimDaLista::Falhou);
+  EXPECT_EQ(end, ListEnd::Failed);
   EXPECT_THAT(app.TakeBoxes(),
               ElementsAre(MessageBoxRecord{0, u"Conexão ao banco foi encerrada. verifique",
                                            host::box::Stop, u"Alerta!"},
@@ -88,7 +88,7 @@ TEST_F(LookupFailure, NoConnectionAtAllIsARefusedStatement) {
   State().dbConexao = nullptr;
   RunArguments a;
   EXPECT_EQ(RunUnseen(a), u"");
-  EXPECT_EQ(end, FimDaLista::Falhou);
+  EXPECT_EQ(end, ListEnd::Failed);
   const auto boxes = app.TakeBoxes();
   ASSERT_EQ(boxes.size(), 1u);
   EXPECT_EQ(boxes[0].Title, u"Copiar Para Área de Transferência ?");
@@ -103,7 +103,7 @@ TEST_F(LookupFailure, AServerThatGoesWhileTheListIsOpenLosesTheChoiceAndTellsIt)
                   Confirm(shown);
                 }),
             u"");
-  EXPECT_EQ(end, FimDaLista::Falhou);
+  EXPECT_EQ(end, ListEnd::Failed);
   EXPECT_THAT(app.TakeBoxes(),
               ElementsAre(ErrorBox(HostError(errors::ObjectClosed), u"VerBrowse")));
 }

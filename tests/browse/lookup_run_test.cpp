@@ -42,10 +42,10 @@ class LookupRun : public RunTest {
 // --- The window ---------------------------------------------------------------------------------
 
 TEST_F(LookupRun, TheTitleIsTheTableUnlessThereIsOne) {
-  const auto titleOf = [&](const String& titulo) {
+  const auto titleOf = [&](const String& given) {
     String title;
     RunArguments a;
-    a.Titulo = titulo;
+    a.Titulo = given;
     Run(a, [&](memory::Dialog& shown) {
       title = shown.Find<host::DialogLabel>(u"lblTitulo").Caption();
       Leave(shown);
@@ -229,7 +229,7 @@ TEST_F(LookupRun, ATextOnANumericKeyIsTheProvidersError) {
   RunArguments a;
   a.Value = Variant(u"15");
   EXPECT_EQ(RunUnseen(a), u"");
-  EXPECT_EQ(end, FimDaLista::Falhou);
+  EXPECT_EQ(end, ListEnd::Failed);
   const auto boxes = app.TakeBoxes();
   ASSERT_EQ(boxes.size(), 1u);
   EXPECT_EQ(boxes[0].Title, u"Erro: 3001 - Função: mdlObjTxt.VerBrowse");
@@ -318,7 +318,7 @@ TEST_F(LookupRun, ACancelGivesTheOldValue) {
     RunArguments a;
     a.Value = c.Old;
     EXPECT_EQ(Run(a, Leave), c.Result);
-    EXPECT_EQ(end, FimDaLista::SemEscolha);
+    EXPECT_EQ(end, ListEnd::NoChoice);
   }
   EXPECT_TRUE(State().vntValorIrmao.IsNull());
 }
@@ -450,7 +450,7 @@ TEST_F(LookupRun, ASiblingFieldThatIsNotAmongTheRowsIsReportedAndTheKeyComesBack
   EXPECT_EQ(Run(a, Confirm), u"Ana");
   EXPECT_THAT(app.TakeBoxes(),
               ElementsAre(ErrorBox(HostError(errors::ItemNotFound), u"VerBrowse")));
-  EXPECT_EQ(end, FimDaLista::Falhou);
+  EXPECT_EQ(end, ListEnd::Failed);
   EXPECT_TRUE(Same(State().vntValorIrmao, Variant(u"'12'")));
 }
 

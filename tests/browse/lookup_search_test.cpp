@@ -124,7 +124,7 @@ TEST_F(LookupSearch, ARowWithoutAKeyIsAFault) {
                   Confirm(shown);
                 }),
             u"");
-  EXPECT_EQ(end, FimDaLista::Falhou);
+  EXPECT_EQ(end, ListEnd::Failed);
   EXPECT_THAT(app.TakeBoxes(),
               ElementsAre(ErrorBox(HostError(errors::InvalidUseOfNull), u"VerBrowse")));
 }

@@ -9,8 +9,8 @@
 namespace tessaria::test {
 namespace {
 
-using mdlObjTxt::CriterioDeIgualdade;
-using mdlObjTxt::CriterioDeInicio;
+using mdlObjTxt::EqualityCriterion;
+using mdlObjTxt::StartCriterion;
 
 TEST(RowCriterion, ANumberHasAsManyDigitsAsTellItFromItsNeighbours) {
   const struct {
@@ -31,15 +31,15 @@ TEST(RowCriterion, ANumberHasAsManyDigitsAsTellItFromItsNeighbours) {
       {CCur(Variant(u"922337203685477,5807")), u"922337203685477,5807"},
   };
   for (const auto& c : cases)
-    EXPECT_EQ(CriterioDeIgualdade(u"codigo", c.Value), u"codigo = " + String(c.Text));
+    EXPECT_EQ(EqualityCriterion(u"codigo", c.Value), u"codigo = " + String(c.Text));
 }
 
 TEST(RowCriterion, DatesAndFlagsStandAsTheirTexts) {
-  EXPECT_EQ(CriterioDeIgualdade(u"dia", FromCivil({2016, 5, 3})), u"dia = 03/05/2016");
-  EXPECT_EQ(CriterioDeIgualdade(u"dia", FromCivil({2016, 5, 3, 10, 20, 31})),
+  EXPECT_EQ(EqualityCriterion(u"dia", FromCivil({2016, 5, 3})), u"dia = 03/05/2016");
+  EXPECT_EQ(EqualityCriterion(u"dia", FromCivil({2016, 5, 3, 10, 20, 31})),
             u"dia = 03/05/2016 10:20:31");
-  EXPECT_EQ(CriterioDeIgualdade(u"ativo", true), u"ativo = Verdadeiro");
-  EXPECT_EQ(CriterioDeIgualdade(u"ativo", false), u"ativo = Falso");
+  EXPECT_EQ(EqualityCriterion(u"ativo", true), u"ativo = Verdadeiro");
+  EXPECT_EQ(EqualityCriterion(u"ativo", false), u"ativo = Falso");
 }
 
 TEST(RowCriterion, ANameThatWouldEndTooEarlyStandsInBrackets) {
@@ -58,8 +58,8 @@ TEST(RowCriterion, ANameThatWouldEndTooEarlyStandsInBrackets) {
                {u"[codigo", u"[[codigo]"},
                {u"a ]b", u"[a ]]b]"}};
   for (const auto& name : names) {
-    EXPECT_EQ(CriterioDeInicio(String(name.Name), u"D'A"), String(name.Written) + u" like 'D''A%'");
-    EXPECT_EQ(CriterioDeIgualdade(String(name.Name), Long{1}), String(name.Written) + u" = 1");
+    EXPECT_EQ(StartCriterion(String(name.Name), u"D'A"), String(name.Written) + u" like 'D''A%'");
+    EXPECT_EQ(EqualityCriterion(String(name.Name), Long{1}), String(name.Written) + u" = 1");
   }
 }
 

@@ -10,7 +10,7 @@
 
 namespace tessaria::test {
 
-using mdlObjTxt::FimDaLista;
+using mdlObjTxt::ListEnd;
 
 inline constexpr Long kOwner = 77;
 
@@ -54,11 +54,11 @@ class RunTest : public BrowseTest {
   }
   static void Leave(memory::Dialog& shown) { shown.Click(u"btnVoltar"); }
   static void Confirm(memory::Dialog& shown) { shown.Click(u"btnConfirmar"); }
-  void AddSearch(Long indice, const String& caption) {
-    searches->Add(indice, caption, u"nome", 8, 1, u"", 2000, 0, false, false, 0, 0, u"");
+  void AddSearch(Long number, const String& caption) {
+    searches->Add(number, caption, u"nome", 8, 1, u"", 2000, 0, false, false, 0, 0, u"");
   }
 
-  FimDaLista end{};  ///< how the last list ended
+  ListEnd end{};  ///< how the last list ended
   std::shared_ptr<memory::Form> form = memory::Form::Create(u"frmCadastro");
   memory::TextBox box;
   ListaColunas columns;

@@ -5,8 +5,8 @@
 namespace tessaria::test {
 namespace {
 
-using mdlObjTxt::ClausulaDePesquisa;
-using mdlObjTxt::QualificaCampo;
+using mdlObjTxt::QualifyField;
+using mdlObjTxt::SearchCondition;
 
 TEST(SearchField, IsQualifiedByItsTable) {
   const struct {
@@ -17,14 +17,14 @@ TEST(SearchField, IsQualifiedByItsTable) {
                {u"cli.nome", u"cli.nome"},
                {u"upper(cli.nome)", u"upper(cli.nome)"},
                {u"", u"clientes."}};
-  for (const auto& c : cases) EXPECT_EQ(QualificaCampo(String(c.Campo), u"clientes"), c.Qualified);
+  for (const auto& c : cases) EXPECT_EQ(QualifyField(String(c.Campo), u"clientes"), c.Qualified);
 }
 
 class SearchClause : public BrowseTest {};
 
 TEST_F(SearchClause, TakesTheAliasOff) {
-  EXPECT_EQ(ClausulaDePesquisa(u"upper(c.nome) as n", 8, 1, u"Ma"), u"upper(c.nome)  ilike 'Ma%'");
-  EXPECT_EQ(ClausulaDePesquisa(u"c.codigo as k", 2, 4, u"7"), u"c.codigo  > 7");
+  EXPECT_EQ(SearchCondition(u"upper(c.nome) as n", 8, 1, u"Ma"), u"upper(c.nome)  ilike 'Ma%'");
+  EXPECT_EQ(SearchCondition(u"c.codigo as k", 2, 4, u"7"), u"c.codigo  > 7");
 }
 
 TEST_F(SearchClause, ComparesATextByItsCode) {
@@ -41,7 +41,7 @@ TEST_F(SearchClause, ComparesATextByItsCode) {
                {7, u"Left(c.nome, 2) <= 'Ma'"},
                {8, u""},
                {-1, u""}};
-  for (const auto& c : cases) EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, c.Like, u"Ma"), c.Clause);
+  for (const auto& c : cases) EXPECT_EQ(SearchCondition(u"c.nome", 8, c.Like, u"Ma"), c.Clause);
 }
 
 TEST_F(SearchClause, ComparesNumbersDatesAndOthersByTheirCode) {
@@ -51,8 +51,8 @@ TEST_F(SearchClause, ComparesNumbersDatesAndOthersByTheirCode) {
   } cases[] = {{0, u"c.x = 5"}, {1, u"c.x = 5"},  {2, u"c.x = 5"},
                {3, u"c.x = 5"}, {4, u"c.x > 5"},  {5, u"c.x >= 5"},
                {6, u"c.x < 5"}, {7, u"c.x <= 5"}, {8, u"c.x = 5"}};
-  for (const Long tipo : {2, 7, 0, 5}) {
-    for (const auto& c : cases) EXPECT_EQ(ClausulaDePesquisa(u"c.x", tipo, c.Like, u"5"), c.Clause);
+  for (const Long kind : {2, 7, 0, 5}) {
+    for (const auto& c : cases) EXPECT_EQ(SearchCondition(u"c.x", kind, c.Like, u"5"), c.Clause);
   }
 }
 
@@ -66,37 +66,37 @@ TEST_F(SearchClause, TakesTheKeywordOfTheDialect) {
                {kUnknown, u"clientes.nome  '%Silva%'"}};
   for (const auto& c : cases) {
     Dbms(c.Dbms);
-    EXPECT_EQ(ClausulaDePesquisa(u"clientes.nome", 8, 3, u"Silva"), c.Clause);
+    EXPECT_EQ(SearchCondition(u"clientes.nome", 8, 3, u"Silva"), c.Clause);
   }
 }
 
 TEST_F(SearchClause, AnApostropheCountsTwiceInTheLength) {
-  EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 5, u"D'A"), u"Left(c.nome, 4) >= 'D''A'");
+  EXPECT_EQ(SearchCondition(u"c.nome", 8, 5, u"D'A"), u"Left(c.nome, 4) >= 'D''A'");
 }
 
 TEST_F(SearchClause, ABackslashCountsOnceInTheLengthHoweverTheServerReadsIt) {
   for (const bool escapes : {false, true}) {
     connection->SetProperty(u"Backslash Escapes", escapes);
-    EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 5, u"A\\B"),
+    EXPECT_EQ(SearchCondition(u"c.nome", 8, 5, u"A\\B"),
               escapes ? u"Left(c.nome, 3) >= 'A\\\\B'" : u"Left(c.nome, 3) >= 'A\\B'");
   }
 }
 
 TEST_F(SearchClause, WhatEscapesInAPatternStandsForItselfInAPatternOnly) {
-  EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 0, u"A\\B"), u"c.nome = 'A\\B'");
-  EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 1, u"A\\B"), u"c.nome ilike 'A\\\\B%'");
-  EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 2, u"A\\B"), u"c.nome ilike '%A\\\\B'");
-  EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 3, u"A\\B"), u"c.nome ilike '%A\\\\B%'");
+  EXPECT_EQ(SearchCondition(u"c.nome", 8, 0, u"A\\B"), u"c.nome = 'A\\B'");
+  EXPECT_EQ(SearchCondition(u"c.nome", 8, 1, u"A\\B"), u"c.nome ilike 'A\\\\B%'");
+  EXPECT_EQ(SearchCondition(u"c.nome", 8, 2, u"A\\B"), u"c.nome ilike '%A\\\\B'");
+  EXPECT_EQ(SearchCondition(u"c.nome", 8, 3, u"A\\B"), u"c.nome ilike '%A\\\\B%'");
   for (const StringView dbms : {kAccess, kSqlServer}) {
     Dbms(dbms);
-    EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 0, u"[A]"), u"c.nome = '[A]'");
-    EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 3, u"[A]"), u"c.nome Like '%[[]A]%'");
-    EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 4, u"[A]"), u"Left(c.nome, 3) > '[A]'");
+    EXPECT_EQ(SearchCondition(u"c.nome", 8, 0, u"[A]"), u"c.nome = '[A]'");
+    EXPECT_EQ(SearchCondition(u"c.nome", 8, 3, u"[A]"), u"c.nome Like '%[[]A]%'");
+    EXPECT_EQ(SearchCondition(u"c.nome", 8, 4, u"[A]"), u"Left(c.nome, 3) > '[A]'");
   }
 }
 
 TEST_F(SearchClause, APercentSignIsNotEscaped) {
-  EXPECT_EQ(ClausulaDePesquisa(u"c.nome", 8, 1, u"50%"), u"c.nome ilike '50%%'");
+  EXPECT_EQ(SearchCondition(u"c.nome", 8, 1, u"50%"), u"c.nome ilike '50%%'");
 }
 
 }  // namespace

@@ -305,12 +305,12 @@ TEST_F(SearchPrompt, AnAnswerThatIsNoValueOfItsKindLeavesItOpen) {
 }
 
 TEST_F(SearchPrompt, ABlankIsNoAnswerWhateverTheKindAndTheMask) {
-  for (const Long tipo : {2, 7, 8, 0})
+  for (const Long kind : {2, 7, 8, 0})
     for (const StringView mask : {u"", u"dd/mm/yyyy", u"##-##", u"AAAA"})
       for (const bool whole : {false, true}) {
-        SCOPED_TRACE(testing::Message() << tipo << " " << ToUtf8(mask) << " " << whole);
+        SCOPED_TRACE(testing::Message() << kind << " " << ToUtf8(mask) << " " << whole);
         Search s;
-        s.Tipo = tipo;
+        s.Tipo = kind;
         s.Mascara = mask;
         s.PromptInclude = whole;
         EXPECT_FALSE(Ask(s, [](memory::Dialog& prompt) {

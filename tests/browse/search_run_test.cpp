@@ -7,7 +7,7 @@
 namespace tessaria::test {
 namespace {
 
-using mdlObjTxt::EntradaPesquisa;
+using mdlObjTxt::SearchEntry;
 using memory::MessageBoxRecord;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -23,29 +23,29 @@ class SearchRun : public BrowseTest {
     connection->TakeStatements();
   }
 
-  static EntradaPesquisa Entry(const String& campo, Long like, const String& orderBy = u"") {
-    EntradaPesquisa entry;
+  static SearchEntry Entry(const String& field, Long like, const String& orderBy = u"") {
+    SearchEntry entry;
     entry.Tabela = u"clientes";
-    entry.Campo = campo;
+    entry.Campo = field;
     entry.Tipo = 8;
     entry.Like = like;
-    entry.Caption = campo;
+    entry.Caption = field;
     entry.Width = 2000;
     entry.OrderBy = orderBy;
     return entry;
   }
   /// "" cancels a prompt.
-  void Search(const std::vector<EntradaPesquisa>& entries, const std::vector<String>& answers) {
+  void Search(const std::vector<SearchEntry>& entries, const std::vector<String>& answers) {
     for (const auto& answer : answers) {
       desktop->WillShow(u"frmTsPesquisa", [answer](memory::Dialog& prompt) {
         prompt.Type(answer);
         prompt.Click(answer.empty() ? u"btnCancelar" : u"btnOk");
       });
     }
-    mdlObjTxt::ExecutaPesquisa(entries, campos, from, where, orderBy, groupBy, data, grid, 5);
+    mdlObjTxt::ExecutaPesquisa(entries, fields, from, where, orderBy, groupBy, data, grid, 5);
   }
 
-  String campos = u"codigo, nome";
+  String fields = u"codigo, nome";
   String from = u"clientes";
   String where = u"ativo = 1";
   String orderBy;
@@ -106,7 +106,7 @@ TEST_F(SearchRun, PutsItsPiecesWhereTheyBelong) {
 
 TEST_F(SearchRun, JoinsItsConditionsAndTakesTheRestOfTheLastEntry) {
   from = u"";
-  campos = u"";
+  fields = u"";
   auto first = Entry(u"a", 0, u"x");
   first.Tabela = u"um";
   auto second = Entry(u"b", 1);
@@ -115,7 +115,7 @@ TEST_F(SearchRun, JoinsItsConditionsAndTakesTheRestOfTheLastEntry) {
   EXPECT_EQ(OnlyStatement(),
             u"Select * From dois Where (um.a = '1' And dois.b ilike 'x%') And ativo = 1 Order by "
             u"b");
-  EXPECT_EQ(campos, u"*");
+  EXPECT_EQ(fields, u"*");
   EXPECT_EQ(from, u"dois");
 }
 
@@ -135,11 +135,11 @@ TEST_F(SearchRun, WithNoEntryNothingHappens) {
 
 TEST_F(SearchRun, ACancelOfTheSecondPromptDiscardsTheFirstAnswerToo) {
   const auto before = data;
-  campos = u"";
+  fields = u"";
   Search({Entry(u"a", 0), Entry(u"b", 0), Entry(u"c", 0)}, {u"1", u""});
   EXPECT_THAT(connection->TakeStatements(), IsEmpty());
   EXPECT_EQ(grid.DataSource(), before);
-  EXPECT_EQ(campos, u"");
+  EXPECT_EQ(fields, u"");
 }
 
 TEST_F(SearchRun, ANumberAndATextWithFieldsThatAreReady) {
@@ -178,12 +178,12 @@ class RefusedAnswer : public SearchRun {
     EXPECT_THAT(connection->TakeStatements(), IsEmpty());
     EXPECT_EQ(data, before);
     EXPECT_EQ(grid.DataSource(), before);
-    EXPECT_EQ(campos, u"");
+    EXPECT_EQ(fields, u"");
     EXPECT_EQ(from, u"");
     EXPECT_THAT(desktop->Shown(), testing::SizeIs(shown));
   }
 
-  RefusedAnswer() { campos = from = u""; }
+  RefusedAnswer() { fields = from = u""; }
   const host::RecordsetPtr before = data;
   std::size_t shown = 1;  ///< prompts
 };

@@ -25,7 +25,7 @@ void TryAsStatement(const String& text, odbc::Dialect dialect, bool backslashes)
 }
 
 void TryAsText(const String& value, SqlRules rules) {
-  const String doubled = DobraAspas(value);
+  const String doubled = DoubleApostrophes(value);
   const String content = rules.backslashes ? Replace(doubled, u"\\", u"\\\\") : doubled;
   const String text = u"'" + content + u"'";
   SqlScanner scanner(text, rules);
@@ -36,7 +36,7 @@ void TryAsText(const String& value, SqlRules rules) {
 void TryAsNumber(const String& value, SqlRules rules) {
   String number;
   try {
-    number = NumeroSql(value, {});
+    number = SqlNumber(value, {});
   } catch (const HostError&) {
     return;
   }

@@ -24,11 +24,11 @@ const TextCase kTexts[] = {
     {u"BrwWhere", &Browse::BrwWhere, &Browse::BrwWhere},
 };
 
-void ExpectColumn(const ColunaGrid& column, const String& campo, const String& caption,
-                  const String& mascara, float width, bool visible) {
-  EXPECT_EQ(column.Campo(), campo);
+void ExpectColumn(const ColunaGrid& column, const String& field, const String& caption,
+                  const String& mask, float width, bool visible) {
+  EXPECT_EQ(column.Campo(), field);
   EXPECT_EQ(column.Caption(), caption);
-  EXPECT_EQ(column.Mascara(), mascara);
+  EXPECT_EQ(column.Mascara(), mask);
   EXPECT_EQ(column.Width(), width);
   EXPECT_EQ(column.Visible(), visible);
 }

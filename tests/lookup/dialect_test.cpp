@@ -14,42 +14,42 @@ using DialectTest = LookupTest;
 
 struct NameCase {
   const char16_t* provider;
-  FamiliaSql family;
+  SqlFamily family;
   bool postgres;
 };
 
 const NameCase kNames[] = {
-    {u"MS JET", FamiliaSql::Access, false},
-    {u"ACCESS", FamiliaSql::Access, false},
-    {u"Access", FamiliaSql::Access, false},
-    {u"Microsoft SQL Server", FamiliaSql::SqlServer, false},
-    {u"PostgreSQL", FamiliaSql::PostgreSQL, true},
-    {u"postgresql", FamiliaSql::PostgreSQL, true},
-    {u"SQLite", FamiliaSql::Desconhecida, false},
-    {u"PostgreSQL ", FamiliaSql::Desconhecida, false},
-    {u"", FamiliaSql::Desconhecida, false},
+    {u"MS JET", SqlFamily::Access, false},
+    {u"ACCESS", SqlFamily::Access, false},
+    {u"Access", SqlFamily::Access, false},
+    {u"Microsoft SQL Server", SqlFamily::SqlServer, false},
+    {u"PostgreSQL", SqlFamily::PostgreSQL, true},
+    {u"postgresql", SqlFamily::PostgreSQL, true},
+    {u"SQLite", SqlFamily::Unknown, false},
+    {u"PostgreSQL ", SqlFamily::Unknown, false},
+    {u"", SqlFamily::Unknown, false},
 };
 
 TEST_F(DialectTest, TheProvidersNameInAnyCaseTellsTheFamily) {
   for (const auto& row : kNames) {
     SCOPED_TRACE(ToUtf8(row.provider));
     connection->Dbms(row.provider);
-    EXPECT_EQ(FamiliaDoDialeto(NomeDialeto(*connection)), row.family);
-    EXPECT_EQ(EhPostgreSQL(*connection), row.postgres);
+    EXPECT_EQ(FamilyOfDialect(DialectName(*connection)), row.family);
+    EXPECT_EQ(IsPostgreSQL(*connection), row.postgres);
   }
 }
 
 TEST_F(DialectTest, TheConnectionIsAskedEachTime) {
-  EXPECT_EQ(TraduzSQL(fragmento::Like), u"Like");
+  EXPECT_EQ(TraduzSQL(sql_fragment::Like), u"Like");
   connection->Dbms(u"PostgreSQL");
-  EXPECT_EQ(TraduzSQL(fragmento::Like), u"ilike");
+  EXPECT_EQ(TraduzSQL(sql_fragment::Like), u"ilike");
 }
 
 TEST_F(DialectTest, TheTwoWayRuleGivesOneRow) {
-  EXPECT_EQ(SelecionaUmaLinha(true).Select, u"Select ");
-  EXPECT_EQ(SelecionaUmaLinha(true).Limite, u" Limit 1");
-  EXPECT_EQ(SelecionaUmaLinha(false).Select, u"Select Top 1 ");
-  EXPECT_EQ(SelecionaUmaLinha(false).Limite, u"");
+  EXPECT_EQ(LimitToOneRow(true).Select, u"Select ");
+  EXPECT_EQ(LimitToOneRow(true).Limit, u" Limit 1");
+  EXPECT_EQ(LimitToOneRow(false).Select, u"Select Top 1 ");
+  EXPECT_EQ(LimitToOneRow(false).Limit, u"");
 }
 
 struct FragmentCase {
@@ -99,7 +99,7 @@ TEST_F(DialectTest, EachFragmentInEachFamily) {
 
 TEST_F(DialectTest, SqlServerConcatenatesWithAnAmpersandNotAPlus) {
   connection->Dbms(u"Microsoft SQL Server");
-  EXPECT_EQ(TraduzSQL(fragmento::Concatena), u"&");
+  EXPECT_EQ(TraduzSQL(sql_fragment::Concatenate), u"&");
   EXPECT_EQ(sqlFuncao(u"Microsoft SQL Server", u"sqlConcat"), u"&");
 }
 
@@ -198,13 +198,13 @@ TEST_F(DialectTest, TheVersionIsANumberOfItsDigits) {
   for (const auto& row : kVersions) {
     SCOPED_TRACE(ToUtf8(row.text));
     connection->Dbms(u"PostgreSQL", row.text);
-    EXPECT_EQ(VersaoPostgreSQL(*connection), row.number);
+    EXPECT_EQ(PostgreSQLVersion(*connection), row.number);
   }
 }
 
 TEST_F(DialectTest, AnOldReleaseOfManyDigitsCountsAsANewOne) {
   connection->Dbms(u"PostgreSQL", u"PostgreSQL 8.4.22 ");
-  EXPECT_EQ(VersaoPostgreSQL(*connection), 8422);
+  EXPECT_EQ(PostgreSQLVersion(*connection), 8422);
 }
 
 struct BadVersionCase {
@@ -232,7 +232,7 @@ TEST_F(DialectTest, AVersionThatIsNoNumberIsAnError) {
   for (const auto& row : kBadVersions) {
     SCOPED_TRACE(ToUtf8(row.text));
     connection->Dbms(u"PostgreSQL", row.text);
-    EXPECT_HOST_ERROR(VersaoPostgreSQL(*connection), row.error);
+    EXPECT_HOST_ERROR(PostgreSQLVersion(*connection), row.error);
   }
 }
 
@@ -249,7 +249,7 @@ TEST_F(DialectTest, ADateTextThatIsNoneStaysBetweenItsApostrophes) {
 }
 
 TEST(Quoting, DoublesEveryApostrophe) {
-  EXPECT_EQ(DobraAspas(u"d'água d'ouro"), u"d''água d''ouro");
+  EXPECT_EQ(DoubleApostrophes(u"d'água d'ouro"), u"d''água d''ouro");
 }
 
 }  // namespace

@@ -78,17 +78,17 @@ TEST(Literals, ANumberIsOneTokenOrRefused) {
   for (const NumberCase& row : kNumbers) {
     SCOPED_TRACE(ToUtf8(row.typed));
     if (row.sql) {
-      EXPECT_EQ(NumeroSql(row.typed, u"Código"), row.sql);
+      EXPECT_EQ(SqlNumber(row.typed, u"Código"), row.sql);
     } else {
-      EXPECT_HOST_ERROR(NumeroSql(row.typed, u"Código"), errors::TypeMismatch);
+      EXPECT_HOST_ERROR(SqlNumber(row.typed, u"Código"), errors::TypeMismatch);
     }
   }
-  EXPECT_HOST_ERROR(NumeroSql(String(u"1\0", 2), u""), errors::TypeMismatch);
+  EXPECT_HOST_ERROR(SqlNumber(String(u"1\0", 2), u""), errors::TypeMismatch);
 }
 
 TEST(Literals, TheRefusalNamesTheFieldAndTheValue) {
   try {
-    NumeroSql(u"0 or true", u"Código");
+    SqlNumber(u"0 or true", u"Código");
     FAIL();
   } catch (const HostError& error) {
     EXPECT_EQ(error.Description(),
@@ -98,7 +98,7 @@ TEST(Literals, TheRefusalNamesTheFieldAndTheValue) {
 
 TEST(Literals, ALongValueIsCutInTheRefusalAndItsLineEndsAreBlanks) {
   try {
-    NumeroSql(u"a\r\nb" + String(1000, u'x'), u"");
+    SqlNumber(u"a\r\nb" + String(1000, u'x'), u"");
     FAIL();
   } catch (const HostError& error) {
     EXPECT_EQ(error.Description(), u"o valor \"a  b" + String(56, u'x') +
@@ -108,7 +108,7 @@ TEST(Literals, ALongValueIsCutInTheRefusalAndItsLineEndsAreBlanks) {
 
 TEST(Literals, ACutInTheRefusalSparesACharacterOfTwoUnits) {
   try {
-    NumeroSql(String(59, u'x') + u"\U0001F600" + String(60, u'x'), u"");
+    SqlNumber(String(59, u'x') + u"\U0001F600" + String(60, u'x'), u"");
     FAIL();
   } catch (const HostError& error) {
     EXPECT_EQ(error.Description(), u"o valor \"" + String(59, u'x') +
@@ -122,22 +122,22 @@ class LiteralsTest : public LookupTest {
 };
 
 TEST_F(LiteralsTest, ATextDoublesItsApostrophes) {
-  EXPECT_EQ(TextoSql(u"A'1"), u"'A''1'");
-  EXPECT_EQ(TextoSql(u"''"), u"''''''");
-  EXPECT_EQ(TextoSql(u""), u"''");
-  EXPECT_EQ(ConteudoDeTexto(u"d'água -- /* $$ \" # @ ;\n"), u"d''água -- /* $$ \" # @ ;\n");
+  EXPECT_EQ(QuotedText(u"A'1"), u"'A''1'");
+  EXPECT_EQ(QuotedText(u"''"), u"''''''");
+  EXPECT_EQ(QuotedText(u""), u"''");
+  EXPECT_EQ(TextContent(u"d'água -- /* $$ \" # @ ;\n"), u"d''água -- /* $$ \" # @ ;\n");
 }
 
 TEST_F(LiteralsTest, ABackslashIsDoubledWhereTheServerReadsItAsAnEscape) {
-  EXPECT_EQ(TextoSql(u"C:\\'"), u"'C:\\'''");
+  EXPECT_EQ(QuotedText(u"C:\\'"), u"'C:\\'''");
   Backslashes(true);
-  EXPECT_EQ(TextoSql(u"C:\\'"), u"'C:\\\\'''");
+  EXPECT_EQ(QuotedText(u"C:\\'"), u"'C:\\\\'''");
 }
 
 TEST_F(LiteralsTest, ABackslashIsRefusedWhereNobodyKnowsHowItIsRead) {
   Backslashes(Variant::Null());
-  EXPECT_EQ(TextoSql(u"sem"), u"'sem'");
-  EXPECT_HOST_ERROR(TextoSql(u"\\"), errors::InvalidArgument);
+  EXPECT_EQ(QuotedText(u"sem"), u"'sem'");
+  EXPECT_HOST_ERROR(QuotedText(u"\\"), errors::InvalidArgument);
 }
 
 TEST_F(LiteralsTest, APatternHoldsTheTextAndKeepsItsWildcards) {
@@ -151,68 +151,68 @@ TEST_F(LiteralsTest, APatternHoldsTheTextAndKeepsItsWildcards) {
                {u"SQLite", u"AC\\DC [d''á]%_"}};
   for (const auto& c : cases) {
     connection->Dbms(c.dialect);
-    EXPECT_EQ(ConteudoDePadrao(u"AC\\DC [d'á]%_"), c.pattern);
+    EXPECT_EQ(PatternContent(u"AC\\DC [d'á]%_"), c.pattern);
   }
 }
 
 TEST_F(LiteralsTest, TheBackslashOfAPatternIsEscapedForThePatternFirstAndForTheTextThen) {
   connection->Dbms(u"PostgreSQL");
   Backslashes(true);
-  EXPECT_EQ(ConteudoDePadrao(u"C:\\"), u"C:\\\\\\\\");
+  EXPECT_EQ(PatternContent(u"C:\\"), u"C:\\\\\\\\");
   connection->Dbms(u"Microsoft SQL Server");
-  EXPECT_EQ(ConteudoDePadrao(u"C:\\"), u"C:\\\\");
+  EXPECT_EQ(PatternContent(u"C:\\"), u"C:\\\\");
 }
 
 TEST_F(LiteralsTest, APatternRefusesWhatATextRefuses) {
   connection->Dbms(u"PostgreSQL");
-  EXPECT_HOST_ERROR(ConteudoDePadrao(String(u"a\0b", 3)), errors::InvalidArgument);
+  EXPECT_HOST_ERROR(PatternContent(String(u"a\0b", 3)), errors::InvalidArgument);
   Backslashes(Variant::Null());
-  EXPECT_HOST_ERROR(ConteudoDePadrao(u"\\"), errors::InvalidArgument);
+  EXPECT_HOST_ERROR(PatternContent(u"\\"), errors::InvalidArgument);
 }
 
 TEST_F(LiteralsTest, ATextThatNoDatabaseTakesWholeIsRefused) {
   for (const String& text :
        {String(u"a\0b", 3), String(u"\0", 1), String(1, char16_t{0xD83D}),
         String(1, char16_t{0xDE00}) + u"x", u"x" + String(2, char16_t{0xD83D})})
-    EXPECT_HOST_ERROR(TextoSql(text), errors::InvalidArgument);
-  EXPECT_EQ(TextoSql(u"\U0001F600"), u"'\U0001F600'");
+    EXPECT_HOST_ERROR(QuotedText(text), errors::InvalidArgument);
+  EXPECT_EQ(QuotedText(u"\U0001F600"), u"'\U0001F600'");
 }
 
 TEST_F(LiteralsTest, AValueOfAnyKindIsOneToken) {
-  EXPECT_EQ(LiteralSql(u"0 or true", u""), u"'0 or true'");
-  EXPECT_EQ(LiteralSql(Long{-15}, u""), u"-15");
-  EXPECT_EQ(LiteralSql(1.5, u""), u"1.5");
-  EXPECT_EQ(LiteralSql(1e30, u""), u"1E+30");
-  EXPECT_EQ(LiteralSql(true, u""), u"-1");
-  EXPECT_EQ(LiteralSql(Variant(), u""), u"");
-  EXPECT_EQ(LiteralSql(Variant::Null(), u""), u"");
+  EXPECT_EQ(SqlLiteral(u"0 or true", u""), u"'0 or true'");
+  EXPECT_EQ(SqlLiteral(Long{-15}, u""), u"-15");
+  EXPECT_EQ(SqlLiteral(1.5, u""), u"1.5");
+  EXPECT_EQ(SqlLiteral(1e30, u""), u"1E+30");
+  EXPECT_EQ(SqlLiteral(true, u""), u"-1");
+  EXPECT_EQ(SqlLiteral(Variant(), u""), u"");
+  EXPECT_EQ(SqlLiteral(Variant::Null(), u""), u"");
   // Without quotes a date would be two divisions.
-  EXPECT_HOST_ERROR(LiteralSql(Date{42000}, u""), errors::TypeMismatch);
+  EXPECT_HOST_ERROR(SqlLiteral(Date{42000}, u""), errors::TypeMismatch);
 }
 
 TEST_F(LiteralsTest, ALiteralThatWasMadeEarlierIsStillOneToken) {
-  EXPECT_EQ(LiteralPronto(Long{15}, u""), u"15");
-  EXPECT_EQ(LiteralPronto(u"'A''1'", u""), u"'A''1'");
-  EXPECT_EQ(LiteralPronto(u"' or ''='", u""), u"' or ''='");  // a text that nobody would look for
+  EXPECT_EQ(ReadyLiteral(Long{15}, u""), u"15");
+  EXPECT_EQ(ReadyLiteral(u"'A''1'", u""), u"'A''1'");
+  EXPECT_EQ(ReadyLiteral(u"' or ''='", u""), u"' or ''='");  // a text that nobody would look for
   for (const char16_t* hostile :
        {u"'a' or 'b'", u"1 or 1=1", u"'a", u"'a'--", u"'a' ", u"'a''", u"E'a'"})
-    EXPECT_HOST_ERROR(LiteralPronto(hostile, u""), errors::TypeMismatch) << ToUtf8(hostile);
+    EXPECT_HOST_ERROR(ReadyLiteral(hostile, u""), errors::TypeMismatch) << ToUtf8(hostile);
   connection->Dbms(u"PostgreSQL");
   Backslashes(true);
-  EXPECT_HOST_ERROR(LiteralPronto(u"'\\'", u""), errors::TypeMismatch);
+  EXPECT_HOST_ERROR(ReadyLiteral(u"'\\'", u""), errors::TypeMismatch);
 }
 
 TEST_F(LiteralsTest, ARefusalSaysWhatIsWrong) {
   const auto says = [](const String& text) {
     return testing::Throws<HostError>(testing::Property(&HostError::Description, text));
   };
-  EXPECT_THAT([] { LiteralPronto(u"'a' or 'b'", u"txtIrmao"); },
+  EXPECT_THAT([] { ReadyLiteral(u"'a' or 'b'", u"txtIrmao"); },
               says(u"txtIrmao: o valor \"'a' or 'b'\" não é um texto só."));
-  EXPECT_THAT([] { TextoSql(String(u"a\0b", 3)); },
+  EXPECT_THAT([] { QuotedText(String(u"a\0b", 3)); },
               says(u"O texto contém um caractere nulo ou incompleto, que o banco de dados não "
                    u"aceita. Digite o texto de novo."));
   Backslashes(Variant::Null());
-  EXPECT_THAT([] { TextoSql(u"C:\\"); },
+  EXPECT_THAT([] { QuotedText(u"C:\\"); },
               says(u"O valor contém uma barra invertida (\\), e não se sabe como este banco de "
                    u"dados a lê. Tire a barra do valor."));
 }

@@ -7,7 +7,7 @@
 namespace tessaria::test {
 namespace {
 
-using mdlObjTxt::NomeDeColuna;
+using mdlObjTxt::ColumnName;
 using mdlObjTxt::TiraAlias;
 
 struct AliasCase {
@@ -49,8 +49,8 @@ const AliasCase kColumns[] = {
     {u"", u""},
 };
 
-TEST(NomeDeColuna, IsTheAliasOrTheNameWithoutQualifiersAndQuotes) {
-  for (const auto& row : kColumns) EXPECT_EQ(NomeDeColuna(row.given), row.expected);
+TEST(ColumnName, IsTheAliasOrTheNameWithoutQualifiersAndQuotes) {
+  for (const auto& row : kColumns) EXPECT_EQ(ColumnName(row.given), row.expected);
 }
 
 }  // namespace

@@ -6,9 +6,9 @@
 namespace tessaria::test {
 namespace {
 
-using mdlObjTxt::LinhasDeLista;
+using mdlObjTxt::ListRows;
 using mdlObjTxt::MontaSqlPronta;
-using mdlObjTxt::TermoDePesquisa;
+using mdlObjTxt::SearchTerm;
 
 struct LayoutCase {
   const char16_t* given;
@@ -66,14 +66,14 @@ TEST(StatementLayout, BreaksAtKeywordsAndCommas) {
   }
 }
 
-const LinhasDeLista kSearch = {
+const ListRows kSearch = {
     {u"Cliente.Codigo", {u"=", u"txtCodigo", u"Numerico"}},
     {u"Cliente.Nome", {u">=", u"txtNome", u"String"}},
 };
-const LinhasDeLista kOrder = {{u"Cliente.Nome", {}}};
+const ListRows kOrder = {{u"Cliente.Nome", {}}};
 
 struct TermCase {
-  mdlObjTxt::LinhaDeLista row;
+  mdlObjTxt::ListRow row;
   const char16_t* term;
 };
 
@@ -90,11 +90,11 @@ const TermCase kTerms[] = {
 };
 
 TEST(StatementLayout, WritesTheConditionOfASearchRow) {
-  for (const auto& row : kTerms) EXPECT_EQ(TermoDePesquisa(row.row), row.term);
+  for (const auto& row : kTerms) EXPECT_EQ(SearchTerm(row.row), row.term);
 }
 
 TEST(StatementLayout, AnEmptyListWritesNoKeyword) {
-  const LinhasDeLista none;
+  const ListRows none;
   EXPECT_EQ(MontaSqlPronta(u"x", &none, &none), u"x");
 }
 
@@ -106,23 +106,23 @@ TEST(StatementLayout, EitherListMayStandAlone) {
 }
 
 TEST(StatementLayout, RowsWithoutThreeSubItemsAreSkipped) {
-  const LinhasDeLista rows = {{u"a", {}}, {u"b", {u"=", u"c", u"String"}}, {u"d", {u"="}}};
+  const ListRows rows = {{u"a", {}}, {u"b", {u"=", u"c", u"String"}}, {u"d", {u"="}}};
   EXPECT_EQ(MontaSqlPronta(u"", &rows), u"\r\nWHERE\r\n      b='@c@'");
 }
 
 TEST(StatementLayout, TheKeywordStandsAloneWhenNoRowCounts) {
-  const LinhasDeLista rows = {{u"a", {}}};
+  const ListRows rows = {{u"a", {}}};
   EXPECT_EQ(MontaSqlPronta(u"x", &rows), u"x\r\nWHERE");
 }
 
 TEST(StatementLayout, OrderRowsAreTrimmedAndDividedByCommas) {
-  const LinhasDeLista rows = {{u" a ", {}}, {u"b", {u"x"}}, {u"c", {}}};
+  const ListRows rows = {{u" a ", {}}, {u"b", {u"x"}}, {u"c", {}}};
   EXPECT_EQ(MontaSqlPronta(u"", nullptr, &rows),
             u"\r\nORDER BY\r\n      a,\r\n      b,\r\n      c");
 }
 
 TEST(StatementLayout, TheDateIsWrittenInOneWayForEveryDialect) {
-  const LinhasDeLista rows = {{u"d", {u"=", u"txtD", u"Data"}}};
+  const ListRows rows = {{u"d", {u"=", u"txtD", u"Data"}}};
   EXPECT_EQ(MontaSqlPronta(u"", &rows), u"\r\nWHERE\r\n      d=cDate('@txtD@')");
 }
 

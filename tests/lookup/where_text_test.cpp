@@ -21,7 +21,7 @@ class WhereTextTest : public LookupTest {
 
   String Expanded(const String& text, const Variant& v) {
     value = v;
-    return mdlObjTxt::ExpandeCondicao(form, text);
+    return mdlObjTxt::ExpandCondition(form, text);
   }
 
   Variant value;
@@ -128,7 +128,7 @@ TEST_F(WhereTextTest, BetweenQuotesAHostileValueIsOneToken) {
     connection->Dbms(family);
     for (const auto* hostile : kHostile) {
       const String text = Expanded(u"'@txtPai@'", hostile);
-      SqlScanner scanner(text, RegrasPara(text));
+      SqlScanner scanner(text, RulesFor(text));
       const SqlToken token = scanner.Next();
       EXPECT_TRUE(token.Is(SqlToken::Kind::Text)) << ToUtf8(text);
       EXPECT_EQ(token.length, text.size()) << ToUtf8(text);
@@ -227,8 +227,8 @@ TEST_F(WhereTextTest, ATextThatNoDatabaseTakesWholeIsRefused) {
 TEST_F(WhereTextTest, UnknownControlsAndMissingFormsAreErrors) {
   EXPECT_HOST_ERROR(Expanded(u"k = @txtOutro@", u""), errors::ControlNotFound);
   EXPECT_HOST_ERROR(Expanded(u"mail = 'a@b.com'", u""), errors::ControlNotFound);
-  EXPECT_HOST_ERROR(mdlObjTxt::ExpandeCondicao(nullptr, u"@a@"), errors::ObjectNotSet);
-  EXPECT_EQ(mdlObjTxt::ExpandeCondicao(nullptr, u"ativo = 1"), u"ativo = 1");
+  EXPECT_HOST_ERROR(mdlObjTxt::ExpandCondition(nullptr, u"@a@"), errors::ObjectNotSet);
+  EXPECT_EQ(mdlObjTxt::ExpandCondition(nullptr, u"ativo = 1"), u"ativo = 1");
 }
 
 TEST_F(WhereTextTest, WithoutAConnectionValuesAreCheckedAllTheSame) {

@@ -50,8 +50,8 @@ class TestField final : public MaskedField {
     const String hidden = box.PasswordChar();
     box.Text(hidden.empty() ? text : String(text.size(), hidden.front()));
   }
-  void GuardaTexto(const String& text) override { typed_ = text; }
-  void AbreCalculadora() override { ++calculators; }
+  void StoreText(const String& text) override { typed_ = text; }
+  void RunCalculator() override { ++calculators; }
 
   memory::TextBox box;
   bool negative = false;

@@ -130,7 +130,7 @@ TEST_F(HostileValues, EachMatchesTheTextThatBeginsWithItInAPattern) {
                                u"codigo = 2");
       EXPECT_EQ(box.Text(), String(typed) + u" e mais");
       EXPECT_SAME(Scalar(u"select codigo from alvo where " +
-                         mdlObjTxt::ClausulaDePesquisa(u"nome", 8, 3, typed) + u" and codigo = 2"),
+                         mdlObjTxt::SearchCondition(u"nome", 8, 3, typed) + u" and codigo = 2"),
                   Long{2});
     }
     EXPECT_TRUE(app_.TakeBoxes().empty());

@@ -178,7 +178,7 @@ TEST(MemoryConnection, SecondStatementsAreRecognised) {
       {u"Select $$;$$ From x", false},
   };
   for (const auto& [text, second] : cases) {
-    EXPECT_EQ(HoldsSecondStatement(text, {FamiliaSql::PostgreSQL}), second)
+    EXPECT_EQ(HoldsSecondStatement(text, {SqlFamily::PostgreSQL}), second)
         << testing::PrintToString(String(text));
   }
 }

@@ -9,17 +9,17 @@ namespace {
 
 struct Pair {
   Dialect dialect;
-  FamiliaSql family;
+  SqlFamily family;
 };
-constexpr std::array kPairs{Pair{Dialect::PostgreSql, FamiliaSql::PostgreSQL},
-                            Pair{Dialect::SqlServer, FamiliaSql::SqlServer},
-                            Pair{Dialect::Access, FamiliaSql::Access},
-                            Pair{Dialect::Other, FamiliaSql::Desconhecida}};
+constexpr std::array kPairs{Pair{Dialect::PostgreSql, SqlFamily::PostgreSQL},
+                            Pair{Dialect::SqlServer, SqlFamily::SqlServer},
+                            Pair{Dialect::Access, SqlFamily::Access},
+                            Pair{Dialect::Other, SqlFamily::Unknown}};
 
 }  // namespace
 
 Dialect DialectOf(StringView dbmsName) {
-  const FamiliaSql family = FamiliaDoDialeto(UCase(dbmsName));
+  const SqlFamily family = FamilyOfDialect(UCase(dbmsName));
   for (const Pair& pair : kPairs) {
     if (pair.family == family) return pair.dialect;
   }

@@ -19,7 +19,7 @@ void layOutGridForm(QDialog& window) {
   title->setFont(font);
   title->setWordWrap(true);
   auto* bar = part<DialogToolBar>(window, "barBrowse");
-  bar->keysOf = &frmBrowse::TeclasDoMenu;
+  bar->keysOf = &frmBrowse::MenuShortcuts;
   bar->setMinimumWidth(bar->sizeHint().width());
   // The operator can move through the result of a search at once.
   auto* grid = part(window, "grdBrowse");

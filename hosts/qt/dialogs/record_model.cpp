@@ -73,7 +73,7 @@ int RecordModel::charactersOf(int column) const {
   const Column& c = columns_[std::size_t(column)];
   const int caption = std::max(kLeastCharacters, int(c.caption.size()) + 2);
   if (isDate(c.type)) return std::max(caption, kDateCharacters);
-  if (EhTipoDeCampoNumerico(c.type)) return std::max(caption, kNumberCharacters);
+  if (IsNumericFieldType(c.type)) return std::max(caption, kNumberCharacters);
   const int size = c.size > 0 ? int(c.size) : kMostCharacters;
   return std::max(caption, std::min(size, kMostCharacters));
 }
@@ -95,7 +95,7 @@ QString RecordModel::text(const QModelIndex& index) const {
 }
 
 QVariant RecordModel::alignment(int column) const {
-  const bool number = EhTipoDeCampoNumerico(columns_[std::size_t(column)].type);
+  const bool number = IsNumericFieldType(columns_[std::size_t(column)].type);
   return QVariant::fromValue((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 
