@@ -47,7 +47,7 @@ bool TimeExists(const CivilTime& time) {
 }
 
 void SetDay(CivilTime& time, int number) {
-  // From the mean length of a year, then stepped to the right one.
+  // An estimate from the mean length of a year, then corrected in steps.
   time.Year = 1899 + static_cast<int>(std::floor((number - 2) / 365.25));
   while (DayNumber(time.Year + 1, 1, 1) <= number) ++time.Year;
   while (DayNumber(time.Year, 1, 1) > number) --time.Year;
@@ -76,7 +76,7 @@ int WeekDay(const CivilTime& time) {
 int DayOfYear(const CivilTime& time) { return DaysBeforeMonth(time.Year, time.Month) + time.Day; }
 
 CivilTime ToCivil(Date date) {
-  // The fraction is the time whatever the sign of the day.
+  // The fraction is the time, also when the day is negative.
   if (!IsInCalendar(date)) throw HostError(errors::Overflow);
   double day = std::trunc(date.Days);
   auto seconds = static_cast<int>(std::round(std::abs(date.Days - day) * kSecondsOfDay));

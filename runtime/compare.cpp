@@ -26,9 +26,9 @@ bool AreSingleAndDouble(const Variant& a, const Variant& b) {
 std::partial_ordering OrderNumbers(const Variant& a, const Variant& b) {
   const double x = CDbl(a), y = CDbl(b);
   const bool finite = std::isfinite(x) && std::isfinite(y);
-  // Against an exact kind a double counts with the digits that its text shows.
+  // A double is compared with an exact kind by the digits that its text shows.
   if (finite && (IsExact(a) || IsExact(b))) return Order(DigitsOf(a), DigitsOf(b));
-  // A double loses to a single's precision, so that 0.1 is 0.1 in both.
+  // A double is reduced to a single's precision, so that 0.1 equals 0.1 in both.
   if (AreSingleAndDouble(a, b) && std::abs(x) <= FLT_MAX && std::abs(y) <= FLT_MAX) {
     return static_cast<float>(x) <=> static_cast<float>(y);
   }

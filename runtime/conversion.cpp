@@ -28,8 +28,8 @@ void RequireNotNull(const Variant& value) {
   if (value.IsNull()) throw HostError(errors::InvalidUseOfNull);
 }
 
-// The value as a whole number, halves to even. Kinds with a binary fraction are rounded as they
-// are, not as their texts.
+// The value as a whole number, halves to even. Kinds with a binary fraction are rounded by their
+// exact value, not by their text.
 std::int64_t WholeNumber(const Variant& value) {
   switch (value.Type()) {
     case Kind::Single:
@@ -67,7 +67,7 @@ T ToInteger(const Variant& value) {
   return InRange<T>(WholeNumber(value));
 }
 
-// The digits that the exact kinds take over.
+// The digits that the exact kinds keep.
 Digits RequireDigits(const Variant& value) {
   RequireNotNull(value);
   if (const auto* text = value.TryGet<String>()) return RequireNumber(*text).Value;

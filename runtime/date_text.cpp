@@ -41,7 +41,7 @@ std::optional<Part> ReadPart(StringView text, std::size_t longest) {
   return Part{NumberOf(bare), bare.size()};
 }
 
-// The parts between the separators, or none when one of them is no number.
+// The parts between the separators, or none when one of them is not a number.
 std::vector<Part> Split(StringView text, StringView separators, std::size_t longest) {
   std::vector<Part> parts;
   for (;;) {
@@ -59,7 +59,7 @@ int YearOf(const Part& part) {
   return part.Value < 30 ? 2000 + part.Value : 1900 + part.Value;
 }
 
-// The year on the clock of the place, found without the calls that share a buffer.
+// The current year in local time, without the calls that share a buffer.
 int CurrentYear() {
   const std::time_t now = std::time(nullptr);
   int year = ToCivil({25569 + static_cast<double>(now) / 86400}).Year + 1;
@@ -72,7 +72,7 @@ int CurrentYear() {
   }
 }
 
-// Day and month in either order: where the first order gives no day, the other is taken.
+// Day and month in either order: the second order is tried when the first is not a valid day.
 std::optional<Day> DayOf(int year, const Part& day, const Part& month) {
   if (day.IsYear() || month.IsYear()) return std::nullopt;
   if (DayExists(year, month.Value, day.Value)) return Day{year, month.Value, day.Value};

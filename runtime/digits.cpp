@@ -65,7 +65,7 @@ void AddOneAtEnd(Digits& value) {
   }
 }
 
-// value * 10 + digit; false when 96 bits do not hold it.
+// value * 10 + digit; false when the result does not fit in 96 bits.
 bool Append(std::array<std::uint32_t, 3>& magnitude, int digit) {
   auto carry = static_cast<std::uint64_t>(digit);
   for (auto& word : magnitude) {
@@ -87,7 +87,7 @@ int TakeLastDigit(std::array<std::uint32_t, 3>& magnitude) {
   return static_cast<int>(remainder);
 }
 
-// The digits of the whole number value * 10^scale, or false when 96 bits do not hold them.
+// The digits of the whole number value * 10^scale, or false when they do not fit in 96 bits.
 bool FillMagnitude(const Digits& value, int scale, Decimal& decimal) {
   decimal.Magnitude = {};
   const int count = value.Text.empty() ? 0 : value.Point + scale;
@@ -208,7 +208,7 @@ std::optional<double> TryToDouble(const Digits& value) {
   const auto end = std::from_chars(text.data(), text.data() + text.size(), result);
   if (end.ec == std::errc::result_out_of_range) {
     if (value.Point > 0) return std::nullopt;
-    return 0.0;  // too small to tell from zero
+    return 0.0;  // too small to distinguish from zero
   }
   return value.Negative ? -result : result;
 }
@@ -243,7 +243,7 @@ std::optional<Decimal> TryToDecimal(const Digits& value) {
 std::int64_t ToWhole(const Digits& value, int decimals) {
   const Digits rounded = Rounded(value, decimals, Halves::ToEven);
   const int count = rounded.Text.empty() ? 0 : rounded.Point + decimals;
-  // Below zero throughout: the least number has no positive counterpart.
+  // Computed with negative numbers: the least number has no positive counterpart.
   std::int64_t result = 0;
   constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
   for (int i = 0; i < count; ++i) {

@@ -1,4 +1,4 @@
-// A number as its decimal digits: where parsing, rounding, comparing and formatting meet.
+// A number as decimal digits: the form in which numbers are parsed, rounded, compared and formatted.
 #pragma once
 
 #include <compare>
@@ -30,16 +30,16 @@ struct Digits {
 inline constexpr int kDoubleDigits = 15;
 inline constexpr int kSingleDigits = 7;
 
-/// Rounded to `significant` digits. Error 6 for infinity and for what is no number.
+/// Rounded to `significant` digits. Error 6 for infinity and NaN.
 TESSARIA_HOST_API Digits DigitsOf(double value, int significant = kDoubleDigits);
-/// As many digits as tell the value from its neighbours. Error 6 as above.
+/// The fewest digits that identify the value. Error 6 as above.
 Digits ShortestDigits(double value);
 Digits ShortestDigits(float value);
 TESSARIA_HOST_API Digits DigitsOf(const Decimal& value);
-/// Of any kind that holds a number, of Empty (0) and of a date (its days).
+/// Accepts any kind that holds a number, Empty (0) and a date (its days).
 TESSARIA_HOST_API Digits DigitsOf(const Variant& value);
-/// The same, but of a Double or Single as many digits as tell it from its neighbours, and of a
-/// text the number that `CDec` reads. Error 13 for a text that is no number, 6 for infinity.
+/// The same, but with the fewest digits that identify a Double or Single, and for a text the
+/// number that `CDec` reads. Error 13 for a text that is not a number, 6 for infinity.
 TESSARIA_HOST_API Digits ExactDigits(const Variant& value);
 /// value divided by ten to the power of `scale`.
 TESSARIA_HOST_API Digits DigitsOf(std::int64_t value, int scale = 0);
@@ -52,18 +52,18 @@ TESSARIA_HOST_API Digits Rounded(Digits value, int decimals, Halves halves);
 TESSARIA_HOST_API std::optional<double> TryToDouble(const Digits& value);
 /// Error 6 when out of range.
 TESSARIA_HOST_API double ToDouble(const Digits& value);
-/// Nothing when 96 bits do not hold all digits.
+/// Nothing when the digits do not fit in 96 bits.
 TESSARIA_HOST_API std::optional<Decimal> TryToDecimal(const Digits& value);
 /// Error 6 when out of range. Decimals that do not fit are rounded, halves to even.
 TESSARIA_HOST_API Decimal ToDecimal(const Digits& value);
-/// The count of units of ten to the power of -decimals, halves to even. Error 6 when it does
-/// not fit.
+/// The value in units of ten to the power of -decimals, halves to even. Error 6 when it does not
+/// fit.
 TESSARIA_HOST_API std::int64_t ToWhole(const Digits& value, int decimals = 0);
 
 /// The order of the values; the number of trailing zeros does not matter.
 TESSARIA_HOST_API std::strong_ordering Order(const Digits& a, const Digits& b);
 
-/// "-1234.50" with the mark given, always at least one digit in front of it.
+/// The number as "-1234.50", with the given decimal mark and at least one digit in front of it.
 String PlainText(const Digits& value, char16_t mark);
 /// The same, but as "1,5E-05" when the exponent is below -4 or reaches `significant`.
 String GeneralText(const Digits& value, char16_t mark, int significant);

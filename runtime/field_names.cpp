@@ -12,7 +12,7 @@ constexpr char16_t kOpen = u'[';
 constexpr char16_t kClose = u']';
 constexpr StringView kEndsPlainName = u" =<>";
 
-/// Takes a name in brackets; `text` begins with one.
+/// Takes a name in brackets from the start of `text`.
 std::optional<String> TakeBracketed(StringView& text) {
   String name;
   for (std::size_t at = 1; at < text.size(); ++at) {
@@ -34,14 +34,14 @@ bool CutDirection(String& name, StringView direction) {
   return true;
 }
 
-/// Takes one field of an order, with the comma behind it. Nothing for what cannot be read.
+/// Takes one field of an order and the comma after it. Nothing when it cannot be read.
 std::optional<OrderedField> TakeOrdered(StringView& order) {
   order.remove_prefix(std::min(order.find_first_not_of(u' '), order.size()));
   const bool isBracketed = !order.empty() && order.front() == kOpen;
   std::optional<String> name = isBracketed ? TakeBracketed(order) : String();
   if (!name) return std::nullopt;
   const std::size_t comma = std::min(order.find(u','), order.size());
-  // A blank in front: a direction behind a bracket may touch it.
+  // With a blank in front, because a direction may directly follow a bracket.
   String rest = (isBracketed ? u" " : u"") + Trim(order.substr(0, comma));
   order.remove_prefix(std::min(comma + 1, order.size()));
   const bool descending = CutDirection(rest, u" desc");

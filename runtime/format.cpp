@@ -11,7 +11,7 @@ namespace tessaria {
 
 namespace {
 
-// Every digit of a text counts, as long as a double could hold its size.
+// All digits of a text count, provided that the number is in the range of a double.
 std::optional<Digits> DigitsOfText(const String& text) {
   const auto number = ReadNumber(text);
   if (!number || !TryToDouble(number->Value)) return std::nullopt;

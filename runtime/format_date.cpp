@@ -25,7 +25,7 @@ constexpr StringView kShortDate = u"dd/mm/yyyy";
 constexpr StringView kLongDate = u"dddd, d\" de \"mmmm\" de \"yyyy";
 constexpr StringView kLongTime = u"hh:nn:ss";
 
-// The two halves of the day, in the spellings that a pattern may use.
+// The halves of the day, in the spellings that a pattern may use.
 struct HalfDay {
   StringView Token, Morning, Afternoon;
 };
@@ -59,7 +59,7 @@ class DateWriter {
   }
 
  private:
-  // Returns how many items it took.
+  // Returns the number of items taken.
   std::size_t WriteAt(std::size_t at) {
     if (const auto* half = FindHalfDay(pattern_, at)) {
       text_ += time_.Hour < 12 ? half->Morning : half->Afternoon;
@@ -75,7 +75,7 @@ class DateWriter {
     return taken;
   }
 
-  // 0 when the letter means nothing.
+  // 0 when the letter has no meaning.
   std::size_t WriteLetter(char16_t letter, std::size_t at) {
     switch (letter) {
       case u'd':

@@ -20,7 +20,7 @@ struct Token {
   char16_t Character;  // of a literal or a place; the letter of an exponent
 };
 
-// One section of a pattern, taken apart.
+// One section of a pattern, parsed.
 struct Section {
   std::vector<Token> Tokens;
   int WholePlaces = 0, FractionPlaces = 0, ExponentPlaces = 0;
@@ -74,7 +74,7 @@ class SectionReader {
     Add(TokenKind::Fraction, place);
   }
 
-  // Commas behind the last place of the whole part divide by a thousand each.
+  // Each comma after the last place of the whole part divides by a thousand.
   void EndWhole() {
     section_.Shift -= 3 * commas_;
     commas_ = 0;
@@ -102,7 +102,7 @@ class SectionReader {
   Section section_;
 };
 
-// A value made ready for a section: its digits on both sides of the decimal mark.
+// A value prepared for a section: its digits on both sides of the decimal mark.
 struct Shown {
   std::string Whole, Fraction;
   int Exponent = 0;
@@ -110,7 +110,7 @@ struct Shown {
   bool IsZero() const { return (Whole + Fraction).find_first_not_of('0') == std::string::npos; }
 };
 
-// Shifts the value so that the section's whole places are filled; tells by how much.
+// Shifts the value so that the section's whole places are filled; returns the shift.
 int Normalise(Digits& value, const Section& section) {
   if (value.IsZero()) return 0;
   const int exponent = value.Point - section.WholePlaces;
@@ -173,7 +173,7 @@ class SectionWriter {
     }
   }
 
-  // The first place takes all digits that have no place of their own too.
+  // The first place also takes all digits that have no place of their own.
   void WriteWhole() {
     while (shown_.Whole.size() - whole_ > static_cast<std::size_t>(placesLeft_)) {
       Put(shown_.Whole[whole_++]);
@@ -201,7 +201,7 @@ class SectionWriter {
   String text_;
 };
 
-// Where the value's own section shows zero only, its sign is not shown.
+// A sign is not shown when the value's own section shows only zeros.
 struct Choice {
   Section Layout;
   Shown Value;

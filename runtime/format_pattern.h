@@ -1,4 +1,4 @@
-// The parts of `Format`.
+// Patterns of `Format`, and the routines that apply them.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace tessaria {
 
-/// One character of a pattern: a literal one stood in quotes or behind a "\".
+/// One character of a pattern. It is literal when the pattern has it in quotes or after a "\".
 struct PatternItem {
   char16_t Character;
   bool Literal;
@@ -23,10 +23,10 @@ struct PatternItem {
 using Pattern = std::vector<PatternItem>;
 
 Pattern ReadPattern(StringView text);
-/// How many items from `start` on are the letter that stands there, in either case; at most
+/// The number of items from `start` on that repeat the letter at `start`, in either case; at most
 /// `longest`.
 std::size_t RunLength(const Pattern& pattern, std::size_t start, std::size_t longest);
-/// True when the unquoted text stands at `start`, exactly as spelled.
+/// True when the pattern has the unquoted text at `start`, exactly as spelled.
 bool StandsAt(const Pattern& pattern, std::size_t start, StringView text);
 /// The letter of an item in lower case; 0 for a literal.
 char16_t SmallLetter(const PatternItem& item);
@@ -37,11 +37,11 @@ std::vector<Pattern> Sections(const Pattern& pattern);
 inline constexpr std::size_t kWholeTime = 5;
 
 enum class PatternKind { Number, Date, Text };
-/// What the first character that means something is for. Number when none does.
+/// The kind of the first character that has a meaning; Number when there is none.
 PatternKind KindOf(const Pattern& pattern);
 
-/// The pattern that a name such as "Standard" or "Short Date" stands for; the text itself when
-/// it is no such name.
+/// The pattern that a name such as "Standard" or "Short Date" stands for; the text itself when it
+/// is not such a name.
 StringView ExpandName(StringView text);
 
 String FormatNumber(const Digits& value, const Pattern& pattern);

@@ -15,11 +15,11 @@ bool Holds(const Pattern& pattern, char16_t sign) {
   return std::ranges::any_of(pattern, [sign](const PatternItem& item) { return item.Is(sign); });
 }
 
-// Deals the characters of a text out to the places of a pattern.
+// Distributes the characters of a text over the places of a pattern.
 class TextWriter {
  public:
   TextWriter(StringView text, const Pattern& pattern) : rest_(text), pattern_(pattern) {
-    if (Holds(pattern, u'!')) return;  // from the left, as the characters come
+    if (Holds(pattern, u'!')) return;  // filled from the left
     const auto places = static_cast<std::size_t>(std::ranges::count_if(
         pattern, [](const PatternItem& item) { return item.IsOneOf(kPlaces); }));
     empty_ = places - std::min(places, text.size());
@@ -54,8 +54,8 @@ class TextWriter {
 
   StringView rest_;
   const Pattern& pattern_;
-  // Filled from the right: the places in front that stay empty, and the characters with no place
-  // of their own, which the first one takes.
+  // Filled from the right: the number of leading places that stay empty, and of characters without
+  // a place of their own, which the first place takes.
   std::size_t empty_ = 0, surplus_ = 0;
   String text_;
 };

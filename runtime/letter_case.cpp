@@ -15,7 +15,7 @@ struct Alternating {
 constexpr Alternating kAlternating[] = {
     {0x0100, 0x012F}, {0x0132, 0x0137}, {0x0139, 0x0148}, {0x014A, 0x0177}, {0x0179, 0x017E}};
 
-// Letters whose small form stands a fixed distance behind the capital.
+// Letters whose small form follows the capital at a fixed distance.
 constexpr char16_t kDistance = 0x20;
 bool IsShiftedCapital(char16_t c) {
   return (c >= u'A' && c <= u'Z') || (c >= 0x00C0 && c <= 0x00DE && c != 0x00D7);

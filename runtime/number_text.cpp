@@ -12,7 +12,7 @@ namespace {
 constexpr StringView kCurrencySymbol = u"R$";
 constexpr int kMostExponent = 100000;  // far outside every kind of number
 
-// The parts of a number text in their order; what is left of it is in `rest_`.
+// Reads the parts of a number text in their order; `rest_` is the unread part.
 class NumberReader {
  public:
   explicit NumberReader(StringView text) : rest_(text) {}
@@ -67,7 +67,7 @@ class NumberReader {
     return symbol_ = true;
   }
 
-  // Parentheses stand for the minus.
+  // Parentheses mean minus.
   bool TakeOpening() {
     if (signed_ || !Take(u'(')) return false;
     return signed_ = open_ = value_.Negative = true;
@@ -79,7 +79,7 @@ class NumberReader {
     return true;
   }
 
-  // Points group thousands; nobody checks the places that they stand at.
+  // Points group thousands; their positions are not checked.
   bool ReadDigits() {
     while (!rest_.empty() && (IsDigit(rest_.front()) || rest_.front() == u'.')) {
       if (rest_.front() != u'.') TakeDigit();
@@ -116,7 +116,7 @@ class NumberReader {
   bool signed_ = false, symbol_ = false, open_ = false;
 };
 
-// "&H1F", "&O17", "&17", with or without an "&" behind.
+// "&H1F", "&O17", "&17", with or without an "&" at the end.
 std::optional<NumberText> ReadBits(StringView text) {
   text.remove_prefix(1);
   int shift = 3;

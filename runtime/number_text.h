@@ -9,20 +9,20 @@
 
 namespace tessaria {
 
-/// What a text says as a number.
+/// A number read from a text.
 struct NumberText {
   Digits Value;
   /// The bit pattern, when the text is hexadecimal ("&H1F") or octal ("&O17").
   std::optional<std::uint64_t> Bits;
 };
 
-/// The number that the whole text is under the Brazilian locale, or nothing. Blanks around, one
-/// sign in front or behind, "R$" and parentheses for a negative number, points anywhere in the
-/// whole part, one comma, an exponent behind E or D.
+/// The number that the whole text represents under the Brazilian locale, or nothing. Accepts blanks
+/// around the number, one sign before or after it, "R$" and parentheses for a negative number,
+/// points anywhere in the whole part, one comma, and an exponent after E or D.
 TESSARIA_HOST_API std::optional<NumberText> ReadNumber(StringView text);
 
-/// The number of a criterion: with a point for decimals when it is plain ("12.5", "1E-05"), as a
-/// statement has it, else as above ("12,5", "1.234,50").
+/// The number of a criterion. A plain number has a decimal point, as in a statement ("12.5",
+/// "1E-05"); any other text is read as above ("12,5", "1.234,50").
 TESSARIA_HOST_API std::optional<Digits> ReadCriterionNumber(StringView text);
 
 /// Blank, tab or line end.

@@ -14,7 +14,7 @@ constexpr int kMoneyDecimals = 2;
 
 bool IsInexact(const Variant& value) { return value.TryGet<double>() || value.TryGet<float>(); }
 
-// Blanks behind the value are dropped by a padded column, and by any other where they are too many.
+// A padded column drops trailing blanks; any other column drops those that do not fit.
 bool IsStoredText(const String& given, const String& stored, const ColumnShape& column) {
   if (given == stored) return true;
   const bool isPadded = column.Type == host::type::Char || column.Type == host::type::WChar;

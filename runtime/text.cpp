@@ -10,7 +10,7 @@ namespace {
 
 constexpr char16_t kBlank = u' ';
 
-// A count that an operation was given, as a size.
+// A count argument, as a size.
 std::size_t Size(Long count) {
   if (count < 0) throw HostError(errors::InvalidArgument);
   return static_cast<std::size_t>(count);

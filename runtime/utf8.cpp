@@ -36,7 +36,7 @@ void AppendUtf16(String& out, char32_t c) {
   }
 }
 
-// What a lead byte promises: the number of bytes in all and the least character that needs them.
+// What a lead byte announces: the total number of bytes and the least character that needs them.
 struct Lead {
   std::size_t Size;
   char32_t Bits, Least;
@@ -54,7 +54,7 @@ bool IsCharacter(char32_t c, const Lead& lead) {
   return c >= lead.Least && c <= 0x10FFFF && !IsHighSurrogate(c) && !IsLowSurrogate(c);
 }
 
-// Takes one character off the front; of an invalid sequence only its first byte.
+// Takes one character off the front, or only the first byte of an invalid sequence.
 char32_t TakeCharacter(std::string_view& bytes) {
   const Lead lead = ReadLead(static_cast<unsigned char>(bytes.front()));
   char32_t c = lead.Bits;

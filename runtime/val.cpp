@@ -26,8 +26,8 @@ void TakeDigits(StringView& rest, std::string& digits) {
   }
 }
 
-// "&H1F", "&O17", "&17". Up to 16 bits are a signed number of 16 bits, as "&HFFFF" is -1; more,
-// or an "&" behind, make it one of 32.
+// "&H1F", "&O17", "&17". A number of up to 16 bits is signed and has 16 bits, so "&HFFFF" is -1; a
+// longer one, or one with an "&" at the end, has 32 bits.
 double ValueOfBits(StringView rest) {
   const int shift = TakeOneOf(rest, u"Hh") ? 4 : 3;
   if (shift == 3) TakeOneOf(rest, u"Oo");
@@ -39,7 +39,7 @@ double ValueOfBits(StringView rest) {
   return isShort ? static_cast<Integer>(static_cast<std::uint16_t>(bits)) : static_cast<Long>(bits);
 }
 
-// The power of ten at the front: 0 when there is none, or an unfinished one.
+// The power of ten at the front; 0 when there is none or it is incomplete.
 int ReadExponent(StringView rest) {
   if (!TakeOneOf(rest, u"EeDd")) return 0;
   const bool negative = TakeOneOf(rest, u"-");
@@ -67,7 +67,7 @@ double Val(StringView text) {
   if (value.Text.empty()) return 0;
   value.Point += ReadExponent(rest);
   value.DropLeadingZeros();
-  // A number too large for a double is no error here: it is the largest one.
+  // A number too large for a double is not an error: the result is the largest double.
   constexpr double kLargest = std::numeric_limits<double>::max();
   return TryToDouble(value).value_or(value.Negative ? -kLargest : kLargest);
 }

@@ -10,7 +10,7 @@ namespace {
 
 using Kind = Variant::Kind;
 
-// The text of any kind that holds a number but Boolean.
+// The text of a value of any kind that holds a number, except Boolean.
 String NumberAsText(const Variant& value, char16_t mark) {
   const Digits digits = DigitsOf(value);
   switch (value.Type()) {
@@ -18,7 +18,7 @@ String NumberAsText(const Variant& value, char16_t mark) {
       return GeneralText(digits, mark, kSingleDigits);
     case Kind::Double:
       return GeneralText(digits, mark, kDoubleDigits);
-    default:  // the exact kinds show all that they hold
+    default:  // the exact kinds show all their digits
       Digits shown = digits;
       shown.DropTrailingZeros();
       return PlainText(shown, mark);

@@ -8,7 +8,7 @@ namespace tessaria {
 
 namespace {
 
-// In the order of the alternatives of the variant's storage.
+// In the order of the alternatives in the variant's storage.
 constexpr std::array kKinds = {
     Variant::Kind::Empty,   Variant::Kind::Null,   Variant::Kind::Missing, Variant::Kind::Integer,
     Variant::Kind::Long,    Variant::Kind::Single, Variant::Kind::Double,  Variant::Kind::Currency,

@@ -1,4 +1,4 @@
-// Texts that can be handed to a database whole.
+// Texts that reach a database uncut.
 #pragma once
 
 #include "tessaria/export.h"
@@ -6,10 +6,10 @@
 
 namespace tessaria {
 
-/// Whether a text holds neither a character of code 0, at which drivers cut, nor half of a
+/// True when a text contains neither a character of code 0, at which drivers cut it, nor half of a
 /// surrogate pair.
 bool IsWellFormed(StringView text);
-/// Error 5, which says what the text holds, unless it is well formed.
+/// Raises error 5, which says what the text contains, unless the text is well formed.
 TESSARIA_HOST_API void RequireWellFormed(StringView text);
 
 }  // namespace tessaria
