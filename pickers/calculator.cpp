@@ -44,8 +44,8 @@ constexpr host::WidgetDescription kCalculatorWidgets[] = {
     {u"btnDecimal", WidgetKind::CommandButton, u"."},
 };
 
-/// What a key does on an operator button and on a digit button. The second layout differs
-/// from the first, and stays so.
+/// What a key does on an operator button and on a digit button. The layouts differ, and the
+/// difference is kept on purpose.
 struct OperatorKey {
   char16_t Key;
   Operator OnOperator;
@@ -57,7 +57,7 @@ constexpr OperatorKey kOperatorKeys[] = {
     {u'*', Operator::Times, Operator::Plus},    {u'+', Operator::Plus, Operator::CE},
     {u'-', Operator::Minus, Operator::Minus},   {u'/', Operator::Divide, Operator::C},
 };
-/// The keys that start over, on either kind of button.
+/// The keys that reset the calculator, on each kind of button.
 constexpr StringView kResetOnOperator = u"\bc";
 constexpr StringView kResetOnDigit = u"CD";
 

@@ -8,8 +8,8 @@
 
 namespace tessaria {
 
-/// The calculator of a number field. Made on first need, one per thread; whoever
-/// runs it holds it until it has answered.
+/// The calculator of a number field. Created on first use, one per thread; its caller keeps it
+/// alive until it returns.
 class frmCalculadora {
  public:
   /// What the window is made of.
@@ -20,11 +20,12 @@ class frmCalculadora {
   frmCalculadora& operator=(const frmCalculadora&) = delete;
   ~frmCalculadora();
 
-  /// Opens on the number in the box and gives the display's text when the window closes, however
-  /// it closes. `nLi` and `nCi` are the wanted top and left, twips; `cTexto` is the box's text
-  /// without its mask. The mask and its literals are taken as by the other pickers, and not read.
-  /// `changed`, unless null, tells whether the display shows another number than it opened on: that
-  /// of the box, or 0. Error 13 for a box of nothing but fill characters.
+  /// Opens with the number in the box and returns the display's text when the window closes,
+  /// however it closes. `nLi` and `nCi` are the wanted top and left, in twips; `cTexto` is the
+  /// box's text without its mask. The mask and its literals are the same arguments as in the other
+  /// pickers, and are not used. `changed`, unless null, receives whether the display shows another
+  /// number than the one that it opened with: that of the box, or 0. Error 13 for a box that
+  /// contains only fill characters.
   Variant ExecutaCalculadora(const Variant& nLi, const Variant& nCi, host::TextBox& txtNumero,
                              const String& cTexto, const String& cMascara,
                              const String& cItensMascara, bool* changed = nullptr);

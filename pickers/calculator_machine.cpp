@@ -17,7 +17,7 @@ constexpr StringView kNone = u" ";
 constexpr StringView kCaptions[CalculatorMachine::OperatorCount] = {u"C", u"CE", u"+", u"-",
                                                                     u"X", u"/",  u"=", u"%"};
 
-/// The digits that a Decimal may have; the exponent of a number with more is written out.
+/// The digits that a Decimal may have; a number with more digits is shown with an exponent.
 constexpr int kMostDigits = 29;
 
 }  // namespace
@@ -82,7 +82,7 @@ bool CalculatorMachine::Press(Operator key) {
     return false;
   }
   const bool isPercent = key == Operator::Percent;
-  if (isPercent) pending_ = Caption(key);  // the percent key overrides what was pending
+  if (isPercent) pending_ = Caption(key);  // the percent key overrides the pending operator
   accumulator_ = Pending();
   ShowAccumulator();
   pending_ = isPercent ? kNone : Caption(key);

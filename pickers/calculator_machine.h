@@ -1,4 +1,4 @@
-// The pocket calculator behind the calculator's window: keys in, display out.
+// The calculator without its window: takes keys and computes the display.
 #pragma once
 
 #include <functional>
@@ -7,20 +7,20 @@
 
 namespace tessaria {
 
-/// A four-function calculator with one pending operator and a percent key. "=" applies what is
-/// pending and ends it. The comma is the decimal mark.
+/// A four-function calculator with one pending operator and a percent key. "=" applies the pending
+/// operator and ends the calculation. The comma is the decimal mark.
 class CalculatorMachine {
  public:
-  /// The keys that are no digits, by their place on the keyboard.
+  /// The keys that are not digits, by their position on the keyboard.
   enum class Operator { C, CE, Plus, Minus, Times, Divide, Equals, Percent };
   static constexpr int OperatorCount = 8;
-  /// What stands on a key.
+  /// The caption of a key.
   static StringView Caption(Operator key);
   /// A number as the display shows it: with the 15 digits of a Double, or with all that are written
   /// when there are more. Error 13 for a text that is no number, 6 for one out of range.
   static String NumberText(const String& written);
 
-  /// Back to the start; the operands and the kind of the last entry stay.
+  /// Back to the initial state; the operands and the kind of the last entry stay.
   void Load();
   /// The first operand, as if it had been typed.
   void StartWith(double value);
@@ -35,13 +35,13 @@ class CalculatorMachine {
   /// the result is out of range.
   bool Press(Operator key);
 
-  /// A division by zero was asked for; the first operand stays the result.
+  /// Called on a division by zero, whose result is the first operand.
   std::function<void()> OnDivisionByZero;
 
  private:
   enum class Entry { None, Number, Operator };
 
-  /// A number and its text: of one that was only entered, all digits.
+  /// A number and its text, which has all digits of a number that was only entered.
   struct Operand {
     double Value = 0;
     String Text = u"0";

@@ -24,8 +24,8 @@ Date StartDate(host::TextBox& box, const String& text, const String& mask, const
   return CDate(text);
 }
 
-/// The test of the date may write the year out, and moves the caret. The box shows the same
-/// afterwards, also when its text is no date.
+/// The date test may expand the year and moves the caret. Restores the box afterwards, also when
+/// its text is not a date.
 Date StartDateKeepingBox(host::TextBox& box, const String& text, const String& mask,
                          const String& items) {
   const BoxState before(box);

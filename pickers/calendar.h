@@ -7,8 +7,8 @@
 
 namespace tessaria {
 
-/// The date picker of a date field. Made on first need, one per thread; whoever
-/// runs it holds it until it has answered.
+/// The date picker of a date field. Created on first use, one per thread; its caller keeps it alive
+/// until it returns.
 class frmCalendario {
  public:
   /// What the window is made of.
@@ -19,14 +19,14 @@ class frmCalendario {
   frmCalendario& operator=(const frmCalendario&) = delete;
   ~frmCalendario();
 
-  /// Opens on the date of the box, or on today's, which the box then shows, and gives the
-  /// selected date when the window closes, however it closes. `nLi` and `nCi` are the wanted top
-  /// and left, twips; `cTexto` is the box's text without its mask. Error 13 for a text that is
-  /// no date.
+  /// Opens with the date of the box, or with today's date, which the box then shows, and returns
+  /// the selected date when the window closes, however it closes. `nLi` and `nCi` are the wanted
+  /// top and left, in twips; `cTexto` is the box's text without its mask. Error 13 for a text that
+  /// is not a date.
   ///
-  /// `chosen`, unless null, tells whether the operator chose a day, by a click or by Enter. With
-  /// `Comforts::CalendarCancels` the box keeps its text; without it, he has also chosen when he
-  /// leaves another day than the calendar opened on.
+  /// `chosen`, unless null, receives whether the operator chose a day, by a click or by Enter. With
+  /// `Comforts::CalendarCancels` the box keeps its text; without it, a selected day that differs
+  /// from the one the calendar opened with also counts as chosen.
   Variant ExecutaCalendario(const Variant& nLi, const Variant& nCi, host::TextBox& txtData,
                             const String& cTexto, const String& cMascara,
                             const String& cItensMascara, bool* chosen = nullptr);

@@ -27,7 +27,8 @@ constexpr host::WidgetDescription kPickerWidgets[] = {
 
 String Separator() { return String(1, App().PathSeparator()); }
 
-/// Two separators in front name a share only where drives have letters that a share is mapped to.
+/// Two leading separators name a share only on a system whose drives have letters, to which shares
+/// are mapped.
 bool IsShare(const String& folder) {
   return App().PathSeparator() == u'\\' && StartsWith(folder, u"\\\\");
 }
@@ -98,8 +99,8 @@ void frmDiretorio::OpenFolder(const String& folder) {
   folders_.Path(folder);
 }
 
-/// A share is reached through the drive that is mapped to its server, and by its own path where
-/// there is none.
+/// Opens a share through the drive that is mapped to its server, or by its own path when there is
+/// none.
 void frmDiretorio::OpenShare(const String& share) {
   const Long end = InStr(3, share, Separator());
   const String server = end == 0 ? Mid(share, 3) : Mid(share, 3, end - 2);
@@ -108,7 +109,7 @@ void frmDiretorio::OpenShare(const String& share) {
     if (InStr(drive, server) == 0) continue;
     isMapped = true;
     drives_.Drive(drive);
-    DriveChanged();  // the folders are the drive's, also where the share's folder is not found
+    DriveChanged();  // shows the drive's folders, also when the share's folder is not found
     for (Long k = 3; k <= Len(share); ++k) {
       const String path = Left(drives_.Drive(), 2) + Mid(share, k) + Separator();
       if (TheDesktop().Dir(path).empty()) continue;

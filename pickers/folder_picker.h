@@ -7,8 +7,8 @@
 
 namespace tessaria {
 
-/// The picker of a path field. Made on first need, one per thread; whoever
-/// runs it holds it until it has answered.
+/// The picker of a path field. Created on first use, one per thread; its caller keeps it alive
+/// until it returns.
 class frmDiretorio {
  public:
   /// What the window is made of.
@@ -19,10 +19,11 @@ class frmDiretorio {
   frmDiretorio& operator=(const frmDiretorio&) = delete;
   ~frmDiretorio();
 
-  /// Opens on the path `strConteudo`, or on the program's folder, and gives the chosen path, or
-  /// `strConteudo` when nothing was chosen or the path is not valid, which a box tells. `nLi`,
-  /// `nCi` and `nWidth` are the wanted top, left and width, twips; `strDirPattern` "" lists all
-  /// files. Errors: 5 as `SplitForPicker`, 68 and 76 for a drive or a folder that cannot be read.
+  /// Opens with the path `strConteudo`, or with the program's folder, and returns the chosen path.
+  /// It returns `strConteudo` when nothing was chosen, or when the path is not valid, which is
+  /// reported in a message box. `nLi`, `nCi` and `nWidth` are the wanted top, left and width, in
+  /// twips; `strDirPattern` "" lists all files. Errors: 5 as in `SplitForPicker`, 68 and 76 for a
+  /// drive or a folder that cannot be read.
   Variant ExecutaDiretorio(const Variant& nLi, const Variant& nCi, Integer nWidth,
                            const String& strConteudo, bool blnTmpVerArquivos,
                            const String& strDirPattern);

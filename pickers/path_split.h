@@ -1,4 +1,4 @@
-// A path as its picker takes it apart.
+// Splits a path for the folder picker.
 #pragma once
 
 #include "tessaria/string.h"
@@ -10,9 +10,9 @@ struct SplitPath {
   String File;
 };
 
-/// Folder and file of a path. With `separator` at the end of neither. In file mode the text
-/// behind the last separator ahead of the last "." is the file; without a "." all is folder, as
-/// it always is in folder mode. Error 5 for a "." with no separator ahead of it.
+/// Folder and file of a path, both without `separator` at the end. In file mode the file is the
+/// text after the last separator before the last "."; without a ".", and in folder mode, the whole
+/// path is the folder. Error 5 for a "." with no separator before it.
 SplitPath SplitForPicker(const String& path, bool fileMode, char16_t separator);
 
 }  // namespace tessaria

@@ -1,4 +1,4 @@
-// What a text box shows and what of it is selected, for a procedure that may have to put it back.
+// The text and selection of a text box, for a procedure that may have to restore them.
 #pragma once
 
 #include "tessaria/host/widgets.h"
@@ -6,7 +6,7 @@
 
 namespace tessaria {
 
-/// The state of a box when this was made. The box must outlive it.
+/// The state of a box at construction. The box must outlive this object.
 class BoxState {
  public:
   explicit BoxState(host::TextBox& box)

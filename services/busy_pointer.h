@@ -1,4 +1,4 @@
-// The pointer asks to wait while the database works.
+// Shows the busy pointer while the database works.
 #pragma once
 
 #include "tessaria/host/dialog.h"
@@ -6,7 +6,8 @@
 
 namespace tessaria {
 
-/// Lives as long as the wait. No box or window opens in it. Error 91 without a desktop.
+/// The pointer is busy during this object's lifetime, in which no box or window opens. Error 91
+/// without a desktop.
 class BusyPointer {
  public:
   BusyPointer() { TheDesktop().Busy(true); }

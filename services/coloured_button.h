@@ -5,8 +5,8 @@
 
 namespace tessaria::mdlCorBtn {
 
-/// Gives a button's caption a colour, or another one. True: a button of a dialog always has its
-/// window, so that there is none to refuse.
+/// Sets or changes the colour of a button's caption. Always true: a button of a dialog has a
+/// window, so no button is refused.
 bool CorBotao(host::DialogButton& objBotao, Colour lngCor);
 
 }  // namespace tessaria::mdlCorBtn

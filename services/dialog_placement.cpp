@@ -13,7 +13,7 @@ constexpr double kStep = 10;
 constexpr double kLowerMargin = 450;
 constexpr double kRightMargin = 150;
 
-/// The place after as many steps back as it takes to end before `limit`.
+/// The position after as many steps back as are needed to end before `limit`.
 Long SteppedBack(double place, double room, double limit) {
   const double excess = place + room - limit;
   const double steps = excess > 0 ? std::ceil(excess / kStep) : 0;

@@ -5,8 +5,8 @@
 
 namespace tessaria {
 
-/// Moves the dialog to the wanted place, in twips, and from there up and to the left by steps
-/// of 10 until it keeps 450 from the lower edge of the screen and 150 from the right one.
+/// Moves the dialog to the given position, in twips, and from there up and to the left in steps of
+/// 10 until it is 450 from the lower edge of the screen and 150 from the right edge.
 void PlaceOnScreen(host::Dialog& dialog, float top, float left);
 
 }  // namespace tessaria

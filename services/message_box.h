@@ -14,9 +14,9 @@ inline constexpr Long Information = 64;  ///< shown with the exclamation icon
 }  // namespace flag
 
 /// Shows a modal message box owned by a window (0 for none).
-/// `intFlags` adds up the bits above, 0 for none; all other bits are dropped, those of the default
-/// button too.
-/// Answers 6 for yes, 7 for no, 1 for anything else.
+/// `intFlags` is a sum of the bits above, 0 for none; all other bits are ignored, also those of the
+/// default button.
+/// Returns 6 for yes, 7 for no, 1 for anything else.
 Long ExibeMensagem(Long varHwnd, const String& varTexto, Long intFlags,
                    const String& varTitulo = u"Alerta!");
 

@@ -7,7 +7,7 @@
 namespace tessaria::mdlComum {
 namespace {
 
-/// Brings a moved code back into the code page. Codes far below 0 stay outside of it.
+/// Brings a shifted code back into the code page. Codes far below 0 stay outside it.
 Long Wrap(Long code) {
   if (code > 255) return code % 255;
   if (code < 0) return 255 + code;

@@ -105,7 +105,7 @@ String CivilText(const CivilTime& time) {
          Padded(time.Second, 2);
 }
 
-/// Two or four digits of a text at a position; nothing when they are no digits.
+/// Two or four digits of a text at a position; nothing when they are not digits.
 std::optional<int> DigitsAt(StringView text, std::size_t position, std::size_t count) {
   const StringView digits = text.substr(position, count);
   if (digits.find_first_not_of(u"0123456789") != StringView::npos) return std::nullopt;
@@ -148,7 +148,7 @@ Result ReadDate(StringView text) {
   }
 }
 
-/// Whether the calendar reaches this date: the years 100 to 9999.
+/// Whether the date is in the calendar: the years 100 to 9999.
 bool HasCivil(Date date) { return date.Days > -657435 && date.Days < 2958466; }
 
 String WriteDate(const Variant& value) {
@@ -240,7 +240,7 @@ constexpr KindRow kKinds[] = {
     {Variant::Kind::Object, u"Font", WriteFont, ReadFont},
 };
 
-/// Values that are one word.
+/// Values that are written as one word.
 struct WordRow {
   StringView word;
   Variant (*value)();
@@ -250,7 +250,7 @@ constexpr WordRow kWords[] = {{u"Empty", [] { return Variant(); }},
                               {u"Missing", [] { return Variant::Missing(); }},
                               {u"Nothing", [] { return Variant(ObjectPtr()); }}};
 
-/// The word of a value that is one; "" for all others.
+/// The word of such a value; "" for all others.
 StringView WordOf(const Variant& value) {
   if (value.IsEmpty()) return u"Empty";
   if (value.IsNull()) return u"Null";
@@ -276,7 +276,7 @@ bool IsLoneHalf(StringView text, std::size_t i) {
   return IsLow(text[i]) && (i == 0 || !IsHigh(text[i - 1]));
 }
 
-/// Characters that an editor, a line reader or an XML file would not keep.
+/// Characters that an editor, a line reader or an XML file would not preserve.
 bool NeedsCode(StringView text, std::size_t i) {
   const char16_t unit = text[i];
   return unit < 0x20 || (unit >= 0x7F && unit < 0xA0) || unit == 0x2028 || unit == 0x2029 ||
@@ -308,14 +308,14 @@ void AppendEscaped(StringView text, std::size_t i, String& escaped) {
   }
 }
 
-/// The unit of four hexadecimal digits; nothing when they are none.
+/// The unit of four hexadecimal digits; nothing when they are not valid.
 std::optional<char16_t> CodeOf(StringView digits) {
   if (digits.size() != 4) return std::nullopt;
   if (digits.find_first_not_of(u"0123456789ABCDEFabcdef") != StringView::npos) return std::nullopt;
   return static_cast<char16_t>(std::strtoul(ToUtf8(digits).c_str(), nullptr, 16));
 }
 
-/// What the escape at the start of `text` (behind its backslash) stands for; takes it off.
+/// Takes an escape off the start of `text` (after its backslash) and returns its character.
 std::optional<char16_t> TakeEscape(StringView& text) {
   if (text.empty()) return std::nullopt;
   const char16_t letter = text.front();

@@ -7,14 +7,15 @@
 
 namespace tessaria {
 
-/// One line without line breaks or other control characters, from which the very same value is
-/// read: its kind and every bit of it. Error 13 for an object that is no font.
+/// One line without line breaks or other control characters, from which exactly the same value can
+/// be read: its kind and all its bits. Error 13 for an object that is not a font.
 String ValueToText(const Variant& value);
 
-/// The value of such a text; nothing when it is none.
+/// The value of such a text; nothing when the text is not valid.
 std::optional<Variant> ValueFromText(StringView text);
 
-/// `\\`, `\n`, `\r`, `\t`, `\s` (a blank at either end) and `\uXXXX`; all else as it stands.
+/// Writes `\\`, `\n`, `\r`, `\t`, `\s` (a blank at either end) and `\uXXXX`; other characters stay
+/// unchanged.
 String EscapeText(StringView text);
 /// Nothing when an escape is unknown or incomplete.
 std::optional<String> UnescapeText(StringView text);

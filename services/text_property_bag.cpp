@@ -26,7 +26,7 @@ bool SameObject(const Variant& a, const Variant& b) {
   return font && otherFont && *font == *otherFont;
 }
 
-/// Whether two values are of one sort: all numbers are, a Boolean is none of them.
+/// Whether two values are of the same sort: all numbers are, but a Boolean is not a number.
 bool SameSort(const Variant& a, const Variant& b) {
   const auto isNumber = [](const Variant& value) {
     return value.IsNumeric() && value.Type() != Variant::Kind::Boolean;
@@ -177,7 +177,7 @@ void TextPropertyBag::LoadLine(StringView line, Long number) {
   owner.Put(EntryFromText(name, line.substr(equals + 1), number));
 }
 
-/// The bag that a key such as "Browse.BrwTitulo" belongs to; leaves the key's last part.
+/// The bag that a key such as "Browse.BrwTitulo" belongs to; leaves the key's last part in `key`.
 TextPropertyBag& TextPropertyBag::OwnerOf(StringView& key, Long number) {
   TextPropertyBag* owner = this;
   for (std::size_t dot = key.find(u'.'); dot != StringView::npos; dot = key.find(u'.')) {

@@ -1,4 +1,4 @@
-// The trap that a procedure arms around its rules.
+// The error trap of a procedure.
 #pragma once
 
 #include <utility>
@@ -8,9 +8,9 @@
 
 namespace tessaria {
 
-/// Takes what a procedure caught out of the error object when the procedure leaves, however it
-/// leaves, so that an old error never colours a new message. An error that a caller is still
-/// reporting stands again afterwards.
+/// Restores the error object when a procedure returns or raises, so that an error that it caught
+/// never appears in a later message. An error that a caller is still reporting is pending again
+/// afterwards.
 class ErrScope {
  public:
   ErrScope() : before_(Err()) {}
@@ -23,7 +23,8 @@ class ErrScope {
 };
 
 /// Runs `body`. On a run-time error sets `Err()` and runs `handler`.
-/// True when the body came to its end. Exceptions of the handler and of other kinds pass.
+/// Returns true when the body ran to its end. Exceptions of other kinds, and those that the handler
+/// throws, are not caught.
 template <class Body, class Handler>
 bool Catch(Body&& body, Handler&& handler) {
   const ErrScope scope;
@@ -37,8 +38,8 @@ bool Catch(Body&& body, Handler&& handler) {
   return false;
 }
 
-/// Runs `body` and reports a run-time error under the names of its module and procedure.
-/// True when the body came to its end.
+/// Runs `body` and reports a run-time error with the names of its module and procedure.
+/// Returns true when the body ran to its end.
 template <class Body>
 bool Trap(const char16_t* module, const char16_t* procedure, Body&& body) {
   return Catch(std::forward<Body>(body), [&] { mdlError::MostraErro(procedure, module); });
