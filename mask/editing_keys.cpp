@@ -17,7 +17,7 @@ namespace {
 
 constexpr StringView kComma = u",";
 
-/// Whether the selection holds the comma and lies within the number.
+/// Whether the selection contains the comma and ends before the end of the number.
 bool SpansComma(const String& selected, const String& text, const String& tail) {
   return InStr(selected, kComma) > 0 && selected != text && !tail.empty();
 }

@@ -18,8 +18,8 @@ const host::WidgetPtr& Require(const host::WidgetPtr& widget) {
 bool IsForm(const host::Widget& widget) { return widget.TypeName() == u"Form"; }
 bool IsTabStrip(const host::Widget& widget) { return widget.TypeName() == u"SSTab"; }
 
-/// The tab strip from the widget upwards, or what stands fifty levels above it; nothing when the
-/// form comes first.
+/// The nearest tab strip from the widget upwards, or the widget fifty levels above it; nothing when
+/// the form comes first.
 host::WidgetPtr FindTabStrip(host::WidgetPtr widget) {
   constexpr int kLevels = 50;
   for (int level = 0; level < kLevels && !IsTabStrip(*widget); ++level) {

@@ -1,4 +1,4 @@
-// Which keys a mask character takes, and in which case it stores them.
+// The keys that a mask character accepts, and the case in which it stores them.
 #pragma once
 
 #include "tessaria/export.h"
@@ -6,7 +6,7 @@
 
 namespace tessaria {
 
-/// Codes that the key handlers know by name. Some are a character and a key at once.
+/// Codes that the key handlers use by name. Some are both a character and a key.
 namespace key {
 inline constexpr Integer None = 0;  ///< a swallowed key
 inline constexpr Integer Backspace = 8;
@@ -18,15 +18,15 @@ inline constexpr Integer Point = Delete;
 inline constexpr Integer F9 = 120;  ///< also the character "x"
 }  // namespace key
 
-/// Whether the key goes into a slot of that mask character. Always false for "$", literals and
-/// the empty character.
+/// Whether a slot with that mask character accepts the key. Always false for "$", literals and the
+/// empty character.
 TESSARIA_HOST_API bool SlotTakes(StringView slot, Integer key);
 
-/// The character that the slot stores for a key that it takes.
+/// The character that the slot stores for a key that it accepts.
 String FoldForSlot(StringView slot, Integer key);
 
-/// Whether a "$" slot has a use for the key: digits, signs, both decimal marks, Backspace, and
-/// "k" and "m", which have no meaning beyond being let through.
+/// Whether a "$" slot accepts the key: digits, signs, both decimal marks, Backspace, and "k" and
+/// "m", which are let through and have no other meaning.
 bool IsNumberKey(Integer key);
 
 }  // namespace tessaria

@@ -53,7 +53,7 @@ Long PasswordCharacters(MaskedField& field, StringView shown) {
   return password.empty() ? 0 : static_cast<Long>(std::ranges::count(shown, password.front()));
 }
 
-/// What stands behind that many password characters.
+/// The typed text that is shown as that many password characters.
 String HiddenText(MaskedField& field, Long count) {
   String typed = field.Texto();
   if (Len(typed) == count) return typed;
@@ -62,7 +62,7 @@ String HiddenText(MaskedField& field, Long count) {
   return Len(laidOut) == count ? laidOut : typed;
 }
 
-/// A number's box inserts digits by itself, so that they stand between those that are hidden.
+/// The box of a number inserts digits by itself, between hidden ones.
 String WithHiddenDigits(const String& shown, const String& hidden, char16_t password) {
   String text;
   std::size_t next = 0;
@@ -75,7 +75,7 @@ String WithHiddenDigits(const String& shown, const String& hidden, char16_t pass
   return text;
 }
 
-/// The part of the box that it erases by itself for a key. Positions from 0.
+/// The part of its text that the box erases by itself for a key. Positions from 0.
 struct Erased {
   Long start, length;
 };
@@ -120,9 +120,9 @@ String FirstSlot(const Keystroke& k) {
   return k.MaskAt(everywhereTheSame ? 1 : k.pos);
 }
 
-/// Moves on to the first slot that is no literal. False when the filter lets the key go: the
-/// position is then compared with the length of the mask without its literals, so that a mask
-/// of many literals lets go early.
+/// Moves to the first position that is not a literal. False when the filter lets the key pass: the
+/// position is compared with the length of the mask without its literals, so a mask with many
+/// literals lets keys pass early.
 bool SkipLiterals(Keystroke& k) {
   const Long slots = Len(LimpaMascara(k.mask, k.mask, k.items));
   while (k.IsLiteral(k.pos)) {
@@ -141,9 +141,9 @@ void EditSlots(Keystroke& k) {
   }
 }
 
-/// The key goes into the slot, into the number, or nowhere. Without a beep: a key of the wrong
-/// class simply does nothing. An "x" that its slot refuses goes on to the box, in a calculator
-/// field behind the calculator's answer.
+/// Puts the key into the slot or into the number, or ignores it. There is no beep for a key of the
+/// wrong class. An "x" that its slot refuses goes on to the box, in a calculator field after the
+/// calculator has returned.
 void ApplyKey(Keystroke& k) {
   if (SlotTakes(k.slot, k.key)) {
     TakeCharacter(k);

@@ -1,4 +1,4 @@
-// What the key handlers ask of the field that they work for.
+// The interface through which the key handlers use a field.
 #pragma once
 
 #include "tessaria/host/widgets.h"
@@ -23,7 +23,7 @@ class MaskedField {
   /// Whether a numeric mask accepts a minus sign.
   virtual bool ValorNegativo() const = 0;
   virtual tessaria::TipoControle TipoControle() const = 0;
-  /// The typed text. Assigning it writes the box too: the text itself, or as many password
+  /// The typed text. Assigning it also writes the box: the text itself, or as many password
   /// characters when the box hides it.
   virtual String Texto() const = 0;
   virtual void Texto(const String& text) = 0;

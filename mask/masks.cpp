@@ -27,10 +27,10 @@ constexpr DateForm kDateForms[] = {
 bool IsSlot(char16_t character) { return kSlots.find(character) != StringView::npos; }
 bool Holds(StringView set, char16_t character) { return set.find(character) != StringView::npos; }
 
-/// The suffix of a numeric mask that does not end in "$": the rest of the mask from each literal
-/// on, one behind another, literals in front of a "$" too. So "%" gives "%", " kg" gives " kgkgg",
-/// and the mask "$$-$$%" gives "-$$%%". It grows with the square of the mask: error 7 for one that
-/// no box could show.
+/// The suffix of a numeric mask that does not end in "$": for each literal, also one before a "$",
+/// the rest of the mask from that literal on, one after another. So "%" gives "%", " kg" gives
+/// " kgkgg", and the mask "$$-$$%" gives "-$$%%". It grows with the square of the mask: error 7 for
+/// a suffix that no box could show.
 String NumberSuffix(const String& mask) {
   constexpr std::size_t kLongest = 1'000'000;
   String suffix;
@@ -66,8 +66,8 @@ String LayOutLeftToRight(const String& text, const String& mask, const String& f
   return result;
 }
 
-/// Where the left-aligned part of a two-sided mask starts; 0 when it has none. Only an "A" makes
-/// a split: "a" and "C" can move it to the front, but make none by themselves.
+/// The start of the left-aligned part of a two-sided mask; 0 when it has none. Only an "A" makes a
+/// split: "a" and "C" can move it towards the start, but do not make one by themselves.
 Long SplitOf(const String& mask) {
   Long split = InStr(mask, u"A");
   for (const StringView earlier : {u"a", u"C"}) {
@@ -96,7 +96,7 @@ String LayOutRightToLeft(const String& text, const String& mask, const String& f
 
 String LayOutRemainder(const String& text, const String& mask, const String& fill,
                        const String& items) {
-  const std::size_t end = RTrim(text).size();  // only blanks behind it
+  const std::size_t end = RTrim(text).size();  // only blanks follow
   std::size_t next = 0;
   String result;
   for (const char16_t place : mask) {

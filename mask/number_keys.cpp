@@ -15,7 +15,7 @@ namespace {
 constexpr StringView kDecimalComma = u",";
 constexpr StringView kSign = u"-";
 
-/// "," and "." both: puts the comma in, or jumps behind the one that lies to the right.
+/// Handles both "," and ".": inserts the comma, or moves the caret after the one to its right.
 void TypeComma(Keystroke& k) {
   const String text = TypedText(k.field);
   const Long caret = k.box.SelStart();
@@ -32,21 +32,21 @@ void TypeComma(Keystroke& k) {
   k.Swallow();
 }
 
-/// Only in a mask that is a number: the slots of all others take the key before it comes here.
+/// Applies to numeric masks only: in all others the slots take the key first.
 void BackspaceNumber(Keystroke& k) {
   const String text = TypedText(k.field);
   if (Mid(text, k.box.SelStart(), 1) != kDecimalComma) return;
   if (TiraVirgulaExcede(text, k.mask, k.box.MaxLength())) k.SwallowWithBeep();
 }
 
-/// The text without the selection, except for the selection's first character.
+/// The text without the selection, but with the selection's first character.
 String TextForSign(const Keystroke& k) {
   const String text = TypedText(k.field);
   return Left(text, k.pos) + Mid(text, k.pos + k.cnt);
 }
 
-/// The sign goes in front of the number wherever the caret stands. The typed text is replaced
-/// even when the key is then refused, here as with the plus, but not for want of room.
+/// Puts the sign before the number, wherever the caret is. The typed text is replaced even when the
+/// key is refused afterwards, as for the plus key, except when there is no room.
 void TypeMinus(Keystroke& k) {
   const bool allSelected = Len(k.box.Text()) == k.box.SelLength();
   const String typed = allSelected ? String() : TextForSign(k);
@@ -77,7 +77,7 @@ void TypePlus(Keystroke& k) {
   k.Swallow();
 }
 
-/// The text once the selection is gone. A selection that spans the comma keeps it.
+/// The text without the selection. The comma stays when the selection contains it.
 String TextWithoutSelection(const Keystroke& k) {
   const String text = TypedText(k.field);
   const String selected = Mid(text, k.box.SelStart() + 1, k.box.SelLength());
@@ -88,7 +88,7 @@ String TextWithoutSelection(const Keystroke& k) {
          Right(text, Len(text) - Len(before) - Len(selected));
 }
 
-/// Digits: the integer part has a limit, the decimals have none but the box's own.
+/// Digits: the integer part has a limit; the decimals have only that of the box.
 void TypeDigit(Keystroke& k) {
   if (k.box.MaxLength() == 0) return;
   const String text = TextWithoutSelection(k);

@@ -19,7 +19,7 @@ bool IsBlankNumber(const Variant& value) {
   return text && (text->empty() || Trim(*text) == u".");
 }
 
-/// Every digit of a text counts; a double counts with those that its text shows.
+/// All digits of a text count, and of a double those that its text shows.
 Digits NumberOf(const Variant& value) {
   if (IsBlankNumber(value)) return {};
   static_cast<void>(CDbl(value));  // for its errors

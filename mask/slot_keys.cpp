@@ -11,7 +11,7 @@ using namespace mdlObjTxt;
 
 namespace {
 
-/// The slots of the selection with a character in the first of them; the literals stay.
+/// The slots of the selection, the first one with a character; literals stay.
 String SlotRange(const Keystroke& k, const String& first) {
   const String prompt = k.field.PromptChar();
   String range;
@@ -26,15 +26,15 @@ String SlotRange(const Keystroke& k, const String& first) {
   return range;
 }
 
-/// Puts the caret of a one-character selection behind it.
+/// Replaces a selection of one character with a caret after it.
 void DropShortSelection(Keystroke& k) {
   if (k.box.SelLength() != 1) return;
   k.box.SelStart(k.box.SelStart() + 1);
   k.pos = k.box.SelStart() + 1;
 }
 
-/// Walks left over literals. At the end of the text there is no walking. With a selection only
-/// the first mask position is looked at, so that the walk would have no end but its counter's.
+/// Moves left over literals, except at the end of the text. With a selection only the first mask
+/// position is tested, so the search would end only when its counter overflows.
 void WalkLeft(Keystroke& k) {
   if (k.box.SelStart() == Len(k.box.Text())) return;
   if (k.box.SelLength() == 0) {
@@ -45,8 +45,8 @@ void WalkLeft(Keystroke& k) {
   }
 }
 
-/// The erased slots. Behind a caret the slot examined is the one to the left, yet a literal is
-/// taken from the position of the caret itself.
+/// The erased slots. Without a selection the slot to the left of the caret is examined, but a
+/// literal is taken from the caret's own position.
 String ErasedRange(const Keystroke& k) {
   const Long offset = k.box.SelLength() == 0 ? 2 : 1;
   String range;
@@ -57,8 +57,7 @@ String ErasedRange(const Keystroke& k) {
   return range;
 }
 
-/// Writes `range` in place of as many slots as it covers, from a position on, and puts the
-/// caret before it.
+/// Replaces the covered slots with `range`, from a position on, and puts the caret before it.
 void ReplaceSlots(Keystroke& k, Long position, const String& range) {
   const String text = TypedText(k.field);
   const String composed = Left(text, position - 1) + range + Mid(text, position + k.cnt);
@@ -71,12 +70,12 @@ void ReplaceSlots(Keystroke& k, Long position, const String& range) {
 String WithCharacter(const Keystroke& k, const String& range) {
   const String text = TypedText(k.field);
   if (k.pos == 1) return range + Mid(text, k.cnt + 1);
-  // A text shorter than its mask grows, and drops its literals until it is laid out again.
+  // A text shorter than its mask grows, and loses its literals until it is laid out again.
   if (k.box.SelStart() == Len(k.box.Text())) return LimpaMascara(text, k.mask, k.items) + range;
   return Left(text, k.pos - 1) + range + Mid(text, k.pos + k.cnt);
 }
 
-/// Ends too when the caret stands still at the end of a text shorter than its mask.
+/// Also ends when the caret no longer moves, at the end of a text shorter than its mask.
 void WalkOverLiterals(const Keystroke& k) {
   for (Long caret = k.box.SelStart(); k.IsLiteral(caret + 1); caret = k.box.SelStart()) {
     k.box.SelStart(caret + 1);
@@ -93,7 +92,7 @@ void BackspaceSlots(Keystroke& k) {
   DropShortSelection(k);
   WalkLeft(k);
   const String range = ErasedRange(k);
-  // Only the length tells a single slot, left of the caret, from a selection.
+  // Only the length distinguishes a single slot, left of the caret, from a selection.
   ReplaceSlots(k, Len(range) == 1 ? k.pos - 1 : k.pos, range);
 }
 
