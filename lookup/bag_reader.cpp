@@ -12,7 +12,7 @@ namespace {
 
 float ToSingle(const Variant& value) {
   const double number = CDbl(value);
-  // Written so that a value that is no number fails too.
+  // Written so that NaN fails too.
   if (!(std::abs(number) <= std::numeric_limits<float>::max())) throw HostError(errors::Overflow);
   return static_cast<float>(number);
 }

@@ -1,4 +1,4 @@
-// Reading of a stored definition that saves what it can from a damaged bag.
+// Reads a stored definition, keeping what is readable in a damaged bag.
 #pragma once
 
 #include <initializer_list>
@@ -7,15 +7,16 @@
 
 namespace tessaria {
 
-/// Reads keys under one prefix. A value that cannot be read gives the default and is remembered.
+/// Reads keys with one prefix. For a value that cannot be read it returns the default, and
+/// remembers the failure.
 class BagReader {
  public:
-  /// The bag outlives the reader.
+  /// The bag must outlive the reader.
   explicit BagReader(const host::PropertyBag& bag) : bag_(bag) {}
   BagReader(const BagReader&) = delete;
   BagReader& operator=(const BagReader&) = delete;
 
-  /// The keys read from here on have this text in front.
+  /// Sets the prefix of the keys that are read from now on.
   void Prefix(const String& prefix) { prefix_ = prefix; }
 
   String Text(StringView name);
@@ -24,12 +25,12 @@ class BagReader {
   float Number(StringView name);
   bool Flag(StringView name, bool byDefault);
 
-  /// Whether the bag holds any of the keys, readable or not.
+  /// Whether the bag contains any of the keys, readable or not.
   bool HoldsAny(std::initializer_list<StringView> names) const;
 
-  /// Notes a value that could be read and makes no sense.
+  /// Marks a value as broken that could be read but is not valid.
   void MarkBroken() { broken_ = true; }
-  /// Error 13 when any value was broken.
+  /// Raises error 13 when any value was broken.
   void RaiseIfBroken() const;
 
  private:
@@ -43,9 +44,9 @@ class BagReader {
   bool broken_ = false;
 };
 
-/// The prefix of the entry of that number, from 1, of a stored list. Such a list has no stored
-/// count: it ends in front of the first number that has no key at all, so each entry writes one
-/// of its keys with `AlwaysStored` as the default.
+/// The key prefix of an entry of a stored list; `number` counts from 1. Such a list has no stored
+/// count: it ends before the first number that has no key at all, so each entry writes one of its
+/// keys with `AlwaysStored` as the default.
 String EntryPrefix(StringView list, Long number);
 
 /// A default that no value equals.

@@ -18,7 +18,7 @@
 namespace tessaria::mdlObjTxt {
 namespace {
 
-/// From this release number on a PostgreSQL lookup casts both sides of its comparison.
+/// From this release number on, a PostgreSQL lookup casts both sides of its comparison.
 constexpr Integer kVersionWithCast = 950;
 
 constexpr Integer kBackspaceCode = 8;
@@ -31,8 +31,8 @@ String ReturnFields(const Browse& browse) {
   return fields + others;
 }
 
-/// The group clause and the end of the statement. Two more blanks stand in front of the limit
-/// behind a group clause.
+/// The group clause and the end of the statement. After a group clause the limit has two more
+/// blanks before it.
 String StatementEnd(const String& groupBy, StringView limit) {
   if (groupBy.empty()) return String(limit);
   String end = u" " + groupBy;
@@ -60,7 +60,7 @@ host::RecordsetPtr RunStatement(host::Connection& connection, const String& stat
   return connection.Execute(statement);
 }
 
-/// What the entries of `Outros` become, in their order.
+/// The new values of the entries of `Outros`, in their order.
 std::vector<Variant> ReadOthers(const ListaOutros& others, const String& fields,
                                 host::Recordset& rs) {
   const bool hasRow = !rs.Bof() && !rs.Eof();
@@ -113,11 +113,11 @@ FoundDescription SearchDescription(Browse& browse, const Variant& value, const S
     if (!fields.empty()) {
       const auto rs = RunStatement(*connection, statement);
       if (!rs->Bof() && !rs->Eof()) found.Value = rs->Fields().Item(0)->Value();
-      // All is read before anything is changed.
+      // Everything is read before anything is changed.
       FillOthers(browse.Outros(), ReadOthers(browse.Outros(), fields, *rs));
     }
     found.Failed = false;
-    // A handler may do away with the definition, which is not touched from here on.
+    // A handler may destroy the definition, which is not used from here on.
     if (!fields.empty()) App().DoEvents();
   });
   return found;

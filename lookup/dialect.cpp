@@ -63,7 +63,7 @@ StringView TemplateOf(Long code, Long integerKind, SqlFamily family) {
   return {};
 }
 
-/// The argument that stands between apostrophes in every template.
+/// The argument that is between apostrophes in every template.
 constexpr StringView kQuotedArgument = u"strData";
 
 struct Argument {
@@ -85,7 +85,7 @@ String ValueOfMark(StringView mark, const std::array<Argument, N>& arguments) {
   return {};
 }
 
-/// Only the template is searched for marks, never what was put in.
+/// Searches for marks in the template only, never in the arguments.
 template <std::size_t N>
 String FillTemplate(StringView pattern, const std::array<Argument, N>& arguments) {
   String text;
@@ -122,7 +122,7 @@ String mdlComum::TraduzSQL(Long intTipo, const String& strCondicao, const String
 
 String mdlObjTxt::sqlFuncao(const String& strDbms, const String& strFuncao) {
   const String dialect = UCase(strDbms);
-  if (dialect == u"MS JET") return {};  // known to TraduzSQL alone
+  if (dialect == u"MS JET") return {};  // known only to TraduzSQL
   const SqlFamily family = FamilyOfDialect(dialect);
   if (EqualNoCase(strFuncao, u"sqlSubstring")) {
     return String(TemplateOf(sql_fragment::Substring, kAnyKind, family));

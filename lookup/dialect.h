@@ -1,11 +1,11 @@
-// The fragments of SQL that differ from dialect to dialect.
+// SQL fragments that differ between dialects.
 #pragma once
 
 #include "tessaria/string.h"
 
 namespace tessaria {
 
-/// Codes of the fragments that `TraduzSQL` gives.
+/// Codes of the fragments that `TraduzSQL` returns.
 namespace sql_fragment {
 inline constexpr Long Substring = 0;    ///< name of the substring function
 inline constexpr Long Conditional = 1;  ///< conditional expression, with optional alias
@@ -16,19 +16,19 @@ inline constexpr Long Concatenate = 6;  ///< concatenation operator
 inline constexpr Long Like = 7;         ///< LIKE keyword
 }  // namespace sql_fragment
 
-/// How a statement is told to give one row: the words at its start and at its end.
+/// The words at the start and the end of a statement that limit its result to one row.
 struct RowLimit {
-  StringView Select;  ///< with a blank behind
-  StringView Limit;   ///< with a blank in front, or empty
+  StringView Select;  ///< with a trailing blank
+  StringView Limit;   ///< with a leading blank, or empty
 };
 RowLimit LimitToOneRow(bool postgres);
 
 namespace mdlComum {
 
 /// A fragment in the dialect of the thread's connection. Arguments that the code does not use
-/// are ignored; an unknown code or an unknown family gives "". `strData` is not checked to be a
-/// date; it stays one text. `intTipoInteiro`: 0 for 32 bits, 1 for 16. Errors: 91 with no
-/// connection, the provider's own.
+/// are ignored; the result is "" for an unknown code or family. `strData` does not have to be a
+/// date; it stays one text. `intTipoInteiro`: 0 for 32 bits, 1 for 16. Errors: 91 without a
+/// connection, and those of the provider.
 String TraduzSQL(Long intTipo, const String& strCondicao = {}, const String& strEntao = {},
                  const String& strSenao = {}, const String& strAlias = {},
                  const String& strData = {}, Long intTipoInteiro = 0,
@@ -38,8 +38,8 @@ String TraduzSQL(Long intTipo, const String& strCondicao = {}, const String& str
 
 namespace mdlObjTxt {
 
-/// The word for "sqlSubstring" or "sqlConcat" in a named dialect, both in any case. "MS JET" is
-/// no name here. Unknown arguments give "".
+/// The word for "sqlSubstring" or "sqlConcat" in a named dialect, both in any case. "MS JET" is not
+/// a known name here. Returns "" for unknown arguments.
 String sqlFuncao(const String& strDbms, const String& strFuncao);
 
 }  // namespace mdlObjTxt

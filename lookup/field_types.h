@@ -1,4 +1,4 @@
-// Which fields of the database hold numbers, and which texts.
+// The type codes of numeric and of text fields.
 #pragma once
 
 #include "tessaria/export.h"
@@ -6,8 +6,8 @@
 
 namespace tessaria {
 
-/// True for the type codes of numeric fields, whose values stand in SQL without quotes. The
-/// `TipoDado` of a sibling is compared with them as it stands, although it is numbered otherwise.
+/// True for the type codes of numeric fields, whose values are written in SQL without quotes. The
+/// `TipoDado` of a sibling is compared with these codes unchanged, although it has other numbers.
 TESSARIA_HOST_API bool IsNumericFieldType(Long type);
 
 /// True for the type codes of text fields.

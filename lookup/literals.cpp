@@ -14,7 +14,7 @@ constexpr Long kShownLength = 60;
 
 bool IsAsciiDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
-/// Takes the digits at a position, which moves behind them.
+/// Moves a position past the digits that start there; false when there are none.
 bool SkipAsciiDigits(StringView text, std::size_t& position) {
   const std::size_t start = position;
   while (position < text.size() && IsAsciiDigit(text[position])) ++position;
@@ -44,7 +44,7 @@ SqlRules RulesFor(StringView value) {
   const auto& connection = State().dbConexao;
   if (!connection || connection->State() != host::state::Open) return rules;
   rules.family = FamilyOfDialect(DialectName(*connection));
-  // Asked only where it matters: the server itself is asked.
+  // Only when it matters, because this queries the server.
   if (value.find(u'\\') != StringView::npos) rules.backslashes = BackslashEscapes(*connection);
   return rules;
 }
@@ -58,7 +58,7 @@ String TextContent(StringView text) {
 }
 
 String PatternContent(StringView text) {
-  // With an open connection only: without one no family is known, and nothing is sent.
+  // Without an open connection the family is unknown, and no statement is sent.
   switch (RulesFor({}).family) {
     case SqlFamily::PostgreSQL:
       return TextContent(Replace(text, u"\\", u"\\\\"));

@@ -13,7 +13,7 @@ namespace {
 
 constexpr StringView kSearch = u"Pesquisa";
 
-/// How many entries stand in front of the new one; nothing when it cannot be placed.
+/// The number of entries before the new one; nothing when it cannot be placed.
 std::optional<Long> Place(Long before, Long after, Long count) {
   if (before == 0 && after == 0) return count;
   if (before != 0 && after != 0) return std::nullopt;

@@ -5,13 +5,13 @@
 namespace tessaria::mdlObjTxt {
 namespace {
 
-/// What closes the quotes that a character opens; 0 for any other character.
+/// The closing quote for an opening one; 0 for any other character.
 char16_t ClosingQuote(char16_t c) {
   if (c == u'[') return u']';
   return c == u'"' || c == u'`' ? c : u'\0';
 }
 
-/// The last part of a qualified name, between its quotes.
+/// The last part of a qualified name, without its quotes.
 String LastPart(StringView name) {
   String part;
   char16_t closing = 0;

@@ -1,17 +1,17 @@
-// Preparation of query text.
+// Fields of a select list and their names.
 #pragma once
 
 #include "tessaria/string.h"
 
 namespace tessaria::mdlObjTxt {
 
-/// A select field without its alias: all up to and including the blank in front of the first
-/// " as " (lower case only). A text without one comes back unchanged.
+/// A select field without its alias: the text up to and including the first blank of the first
+/// " as " (lower case only). Without one the text is returned unchanged.
 String TiraAlias(const String& strCampo);
 
-/// The name under which a record set has a field of a select list: the alias when there is one
-/// (" as " in any case), else the name without its qualifiers; without quotes (", `, []) either
-/// way.
+/// The name that a field of a select list has in the record set: the alias when there is one
+/// (" as " in any case), else the name without its qualifiers; without quotes (", `, []) in both
+/// cases.
 String ColumnName(const String& strCampo);
 
 }  // namespace tessaria::mdlObjTxt

@@ -14,7 +14,7 @@
 namespace tessaria::mdlObjTxt {
 namespace {
 
-/// The typed value as it goes into the statement.
+/// The typed value as written in the statement.
 struct Literal {
   String Sql;
   bool IsText;
@@ -29,13 +29,13 @@ host::RecordsetPtr OpenStatic(host::Connection& connection, const String& statem
   return connection.OpenRecordset(statement, host::CursorType::Static, host::LockType::ReadOnly);
 }
 
-/// One check on its connection: what it looks in.
+/// One check: the table and field that it searches, and the connection.
 class Relation {
  public:
   Relation(const String& table, const String& field)
       : table_(table), field_(field), key_(TiraAlias(field)) {}
 
-  /// The type of the field, from a statement that gives no rows.
+  /// The type of the field, from a statement that returns no rows.
   Long FieldType() const {
     const auto rs = OpenStatic(*connection_, OneRowWhere(key_ + u"=Null"));
     const Long type = rs->Fields().Item(0)->Type();

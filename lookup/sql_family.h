@@ -1,5 +1,5 @@
-// Which family of databases a connection speaks to.
-// Nothing is cached: the connection is asked each time.
+// The family of databases that a connection belongs to.
+// Nothing is cached: each call asks the connection.
 #pragma once
 
 #include "tessaria/export.h"
@@ -14,16 +14,16 @@ enum class SqlFamily { Unknown, Access, SqlServer, PostgreSQL };
 /// The thread's connection. Error 91 when there is none.
 host::ConnectionPtr CurrentConnection();
 
-/// The provider's name of its database, in upper case.
+/// The provider's name for its database, in upper case.
 String DialectName(const host::Connection& connection);
-/// The family of a dialect name, which is in upper case.
+/// The family of a dialect name, which must be in upper case.
 TESSARIA_HOST_API SqlFamily FamilyOfDialect(StringView dialect);
-/// The two-way rule: PostgreSQL or not.
+/// Whether the connection's family is PostgreSQL.
 bool IsPostgreSQL(const host::Connection& connection);
 
 /// The release of a PostgreSQL server as a number made of its digits: 9.5.3 is 953, 8.4.22 is
-/// 8422. Error 13 when the version text cuts to anything but digits and blanks behind them, 6
-/// when they are too many for 16 bits.
+/// 8422. Error 13 when the relevant part of the version text contains anything but digits and
+/// trailing blanks, 6 when the number does not fit in 16 bits.
 Integer PostgreSQLVersion(const host::Connection& connection);
 
 }  // namespace tessaria

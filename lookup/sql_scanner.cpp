@@ -9,7 +9,7 @@ namespace {
 using Kind = SqlToken::Kind;
 
 bool IsNewLine(char16_t c) { return c == u'\n' || c == u'\r'; }
-// The vertical tab is a blank to some releases of PostgreSQL only.
+// The vertical tab is a blank only for some releases of PostgreSQL.
 bool IsBlank(char16_t c) { return c == u' ' || c == u'\t' || c == u'\f' || IsNewLine(c); }
 bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 bool IsHexDigit(char16_t c) {
@@ -19,7 +19,7 @@ bool IsHexDigit(char16_t c) {
 struct Range {
   char16_t first, last;
 };
-// Control characters, and blanks and invisible signs beyond ASCII.
+// Control characters, and blanks and invisible characters beyond ASCII.
 constexpr std::array<Range, 11> kOdd{{{0x00, 0x08},
                                       {0x0B, 0x0B},
                                       {0x0E, 0x1F},
@@ -58,7 +58,7 @@ SqlToken SqlScanner::Next() {
   return token;
 }
 
-// False where a comment begins that cannot be read.
+// False before a comment that cannot be read.
 bool SqlScanner::SkipBlanksAndComments() {
   for (;;) {
     const bool line = At(at_) == u'-' && At(at_ + 1) == u'-';
@@ -74,7 +74,8 @@ bool SqlScanner::SkipBlanksAndComments() {
   }
 }
 
-// Which line ends count is certain for PostgreSQL only. Ends before the line end, or with the text.
+// Only for PostgreSQL is it certain which line ends count. Stops before the line end or at the end
+// of the text.
 bool SqlScanner::SkipLineComment() {
   std::size_t end = at_;
   while (end < text_.size() && !IsNewLine(text_[end])) {
@@ -108,7 +109,7 @@ Kind SqlScanner::Unfinished(SqlContext context) {
   return Kind::Unreadable;
 }
 
-// Stands on the opening quote. A doubled closing quote is one of the content's own.
+// Starts at the opening quote. A doubled closing quote belongs to the content.
 Kind SqlScanner::SkipQuoted(char16_t quote, Kind kind, SqlContext context) {
   for (++at_; at_ < text_.size(); ++at_) {
     if (text_[at_] != quote) continue;
@@ -117,7 +118,7 @@ Kind SqlScanner::SkipQuoted(char16_t quote, Kind kind, SqlContext context) {
   return Unfinished(context);
 }
 
-// Stands on the opening apostrophe. What continues a text on another line is of its kind.
+// Starts at the opening apostrophe. The continuation of a text on another line is of the same kind.
 Kind SqlScanner::SkipText(TextKind kind) {
   const bool escapes = kind == TextKind::Escape || (kind == TextKind::Plain && rules_.backslashes);
   const bool doubles = kind != TextKind::Bits;
@@ -136,8 +137,8 @@ Kind SqlScanner::SkipText(TextKind kind) {
   return Unfinished(kind == TextKind::Plain ? SqlContext::PlainText : SqlContext::Closed);
 }
 
-// PostgreSQL goes on with a text behind blanks and line comments that hold a line end. Moves
-// behind the apostrophe that opens it again, or not at all.
+// PostgreSQL continues a text after blanks and line comments that include a line end. Moves past
+// the apostrophe that reopens the text, or not at all.
 bool SqlScanner::SkipContinuation() {
   if (!IsPostgres()) return false;
   bool newLine = false;
@@ -157,7 +158,7 @@ bool SqlScanner::SkipContinuation() {
   return true;
 }
 
-// $$...$$, $tag$...$tag$ or $1; a "$" that opens none of them is a sign.
+// $$...$$, $tag$...$tag$ or $1; any other "$" is a symbol.
 Kind SqlScanner::SkipDollar() {
   std::size_t end = at_ + 1;
   if (IsDigit(At(end))) {
@@ -191,7 +192,7 @@ void SqlScanner::SkipExponent() {
   SkipDigits();
 }
 
-// Servers, and releases of one server, differ in where a number ends that has letters behind it.
+// Servers, and releases of one server, differ on where a number ends that is followed by letters.
 Kind SqlScanner::SkipNumber() {
   const bool hex = rules_.family == SqlFamily::SqlServer && At(at_) == u'0' &&
                    (At(at_ + 1) == u'x' || At(at_ + 1) == u'X');
@@ -200,15 +201,15 @@ Kind SqlScanner::SkipNumber() {
     while (IsHexDigit(At(at_))) ++at_;
   } else {
     SkipDigits();
-    // "1..5" are a number, two points and a number.
+    // "1..5" is a number, two points and a number.
     if (At(at_) == u'.' && At(at_ + 1) != u'.') ++at_, SkipDigits();
     SkipExponent();
   }
   return IsLetter(At(at_)) ? (SkipWord(), Kind::Unreadable) : Kind::Number;
 }
 
-// E'', U&'', U&"", B'' and X'' of PostgreSQL. Symbol, without moving, when none begins here. N''
-// is a word and a plain text.
+// E'', U&'', U&"", B'' and X'' of PostgreSQL. Returns Symbol, without moving, when none begins
+// here. N'' is a word followed by a plain text.
 Kind SqlScanner::SkipPrefixedText() {
   const char16_t c = At(at_) | 0x20;
   if (c == u'u' && At(at_ + 1) == u'&' && (At(at_ + 2) == u'\'' || At(at_ + 2) == u'"')) {

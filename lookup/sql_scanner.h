@@ -1,5 +1,5 @@
-// Splits SQL text into tokens by the servers' own lexical rules, so far as it takes to tell code
-// from quoted text, and tells what cannot be read with certainty.
+// Splits SQL text into tokens by the servers' lexical rules, as far as needed to distinguish code
+// from quoted text, and detects what cannot be read with certainty.
 #pragma once
 
 #include <cstddef>
@@ -12,22 +12,22 @@ namespace tessaria {
 /// How a server reads its statements.
 struct SqlRules {
   SqlFamily family = SqlFamily::Unknown;
-  /// Whether a backslash in a plain text ('...') escapes the character behind it.
+  /// Whether a backslash in a plain text ('...') escapes the next character.
   bool backslashes = false;
 };
 
-/// What a place in a statement lies in.
+/// What surrounds a position in a statement.
 enum class SqlContext {
   Code,
   PlainText,   ///< '...'
-  EscapeText,  ///< '...' where a backslash escapes what follows
+  EscapeText,  ///< '...' where a backslash escapes the next character
   Name,        ///< "..."
   Bracket,     ///< [...]
   HashDate,    ///< #...#
-  Closed       ///< comments, dollar quotes, other kinds of text, behind an escaping backslash
+  Closed       ///< comments, dollar quotes, other kinds of text, after an escaping backslash
 };
 
-/// One token. Comments and blanks are none.
+/// One token. Comments and blanks are not tokens.
 struct SqlToken {
   enum class Kind {
     Word,
@@ -35,7 +35,7 @@ struct SqlToken {
     Text,
     Number,
     Symbol,
-    Unreadable,  ///< servers may read it in several ways, or it never ends
+    Unreadable,  ///< servers may read it differently, or it is not terminated
     End
   };
   Kind kind = Kind::End;
@@ -45,16 +45,16 @@ struct SqlToken {
   bool Is(Kind wanted) const { return kind == wanted; }
 };
 
-/// Walks a text token by token. A quotation or comment that never ends reaches to the end of the
-/// text and is unreadable. So are numbers with letters behind them, control characters and
-/// Unicode blanks outside of quotes, and comments where the family is not known to have them.
+/// Scans a text token by token. A quotation or comment that is not terminated reaches to the end of
+/// the text and is unreadable. So are numbers that are followed by letters, control characters and
+/// Unicode blanks outside quotes, and comments where the family is not known to have them.
 class TESSARIA_HOST_API SqlScanner {
  public:
   SqlScanner(StringView text, SqlRules rules) : text_(text), rules_(rules) {}
 
   SqlToken Next();
   StringView TextOf(const SqlToken& token) const { return text_.substr(token.start, token.length); }
-  /// What the end of the text lies in, once all tokens have been taken.
+  /// The context at the end of the text, valid after all tokens have been read.
   SqlContext ContextAtEnd() const { return context_; }
 
  private:
@@ -86,7 +86,7 @@ class TESSARIA_HOST_API SqlScanner {
   SqlContext context_ = SqlContext::Code;
 };
 
-/// What the end of a text lies in. Closed, too, behind what cannot be read.
+/// The context at the end of a text; also Closed after a part that cannot be read.
 TESSARIA_HOST_API SqlContext ContextBehind(StringView text, SqlRules rules);
 
 }  // namespace tessaria

@@ -28,7 +28,7 @@ struct TypeQuotes {
   StringView Close;
 };
 
-// The date is written in this one way for every dialect.
+// The date is written the same way in every dialect.
 constexpr std::array kTypeQuotes{
     TypeQuotes{u"String", u"'", u"'"},
     TypeQuotes{u"Data", u"cDate('", u"')"},
@@ -41,19 +41,19 @@ TypeQuotes QuotesFor(const String& type) {
   return {};
 }
 
-/// The first character from `position` on that is no blank; "" at the end.
+/// The first character from `position` on that is not a blank; "" at the end.
 StringView NonBlankAfter(StringView sql, std::size_t position) {
   const auto found = sql.find_first_not_of(u' ', position);
   return found == StringView::npos ? StringView() : sql.substr(found, 1);
 }
 
-/// The last character in front of `position` that is no blank; "" at the start.
+/// The last character before `position` that is not a blank; "" at the start.
 StringView NonBlankBefore(StringView sql, std::size_t position) {
   const auto found = sql.substr(0, position).find_last_not_of(u' ');
   return found == StringView::npos ? StringView() : sql.substr(found, 1);
 }
 
-/// A comma keeps its line between two quoted texts and ahead of a digit from 1 to 9.
+/// A comma does not break the line between two quoted texts and before a digit from 1 to 9.
 bool CommaBreaks(StringView sql, std::size_t position) {
   const StringView next = NonBlankAfter(sql, position + 1);
   const bool betweenTexts = next == u"'" && NonBlankBefore(sql, position) == u"'";
@@ -62,7 +62,7 @@ bool CommaBreaks(StringView sql, std::size_t position) {
 
 String LayOutStatement(StringView sql) {
   String laidOut;
-  // The character behind a keyword is dropped: it is the blank that follows it.
+  // The character after a keyword is dropped: it is the blank that follows it.
   for (std::size_t i = 0; i < sql.size(); ++i) {
     const Keyword* found = nullptr;
     for (const Keyword& keyword : kKeywords) {
@@ -74,7 +74,7 @@ String LayOutStatement(StringView sql) {
     } else {
       laidOut += sql[i];
     }
-    // A comma that was dropped breaks the line all the same.
+    // A dropped comma breaks the line too.
     if (i < sql.size() && sql[i] == u',' && CommaBreaks(sql, i)) laidOut += kIndentedLine;
   }
   return laidOut;

@@ -1,4 +1,4 @@
-// A statement as readable lines, with the search terms and the order of the wizard.
+// Lays out a statement in readable lines, with search terms and order.
 #pragma once
 
 #include <vector>
@@ -14,14 +14,14 @@ struct ListRow {
 };
 using ListRows = std::vector<ListRow>;
 
-/// The condition that a search row stands for: its text, the operator (sub-item 1) and the
-/// control of sub-item 2 as a parameter, quoted by the kind in sub-item 3. "" for a row that
-/// has not exactly 3 sub-items.
+/// The condition of a search row: its text, the operator (sub-item 1) and the control of sub-item 2
+/// as a parameter, quoted by the kind in sub-item 3. "" for a row that does not have exactly 3
+/// sub-items.
 String SearchTerm(const ListRow& row);
 
 /// Lays out a one-line statement for reading, without its "Where 1 = Null". Keywords are found
-/// in exact case, also inside names. `lstWhere` and `lstOrderBy` may be null; an empty list
-/// writes no keyword.
+/// in exact case, also inside names. `lstWhere` and `lstOrderBy` may be null; no keyword is written
+/// for an empty list.
 String MontaSqlPronta(const String& strSql, const ListRows* lstWhere = nullptr,
                       const ListRows* lstOrderBy = nullptr);
 

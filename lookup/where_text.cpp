@@ -18,8 +18,8 @@ bool IsPartOfWord(char16_t c) {
          c >= 0x80 || StringView(u"_$.#").find(c) != StringView::npos;
 }
 bool SeparatesTokens(char16_t c) { return StringView(u" \t\r\n\f(),").find(c) != StringView::npos; }
-/// Whether a sign behind this text would be read as part of the operator that it ends in: "--", or
-/// one that holds a character with which the servers let a sign end an operator, as "!=-".
+/// Whether a sign after this text would be read as part of the operator at its end: "--", or an
+/// operator with a character after which the servers let a sign end an operator, as in "!=-".
 bool JoinsSign(StringView text) {
   const std::size_t before = text.find_last_not_of(u"+-*/<>=~!@#%^&|`?");
   const StringView operation = text.substr(before == StringView::npos ? 0 : before + 1);
@@ -33,10 +33,10 @@ bool IsSymbol(const SqlScanner& scanner, const SqlToken& token, StringView signs
          signs.find(scanner.TextOf(token).front()) != StringView::npos;
 }
 
-/// Whether a text ends where an item of the list of an "in" begins.
+/// Whether a text ends where an item in the list of an "in" begins.
 bool OpensListItem(StringView text, SqlRules rules) {
   SqlScanner scanner(text, rules);
-  std::vector<bool> parentheses;  // of those that are open: whether each is the list of an "in"
+  std::vector<bool> parentheses;  // for each open one: whether it is the list of an "in"
   bool afterIn = false;
   bool startsItem = false;
   for (SqlToken token = scanner.Next(); token.length > 0; token = scanner.Next()) {
@@ -48,10 +48,10 @@ bool OpensListItem(StringView text, SqlRules rules) {
   return startsItem && !parentheses.empty() && parentheses.back();
 }
 
-/// One parameter in its place.
+/// One parameter and the text around it.
 class Parameter {
  public:
-  /// `before` is the text in front, with its values; `after` is the template behind.
+  /// `before` is the text before the parameter, already expanded; `after` is the template after it.
   Parameter(const String& name, const String& value, StringView before, StringView after)
       : name_(name),
         value_(value),
@@ -103,7 +103,8 @@ class Parameter {
     return (sign && JoinsSign(before_) ? u" " : u"") + number;
   }
 
-  /// Stands alone in the list of an "in", where "1,2" may have been meant for two numbers.
+  /// Whether the parameter is an item of its own in the list of an "in", where "1,2" could mean two
+  /// numbers.
   bool IsListItem() const {
     SqlScanner after(after_, rules_);
     const SqlToken next = after.Next();
