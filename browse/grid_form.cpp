@@ -41,7 +41,7 @@ constexpr host::WidgetDescription kListWidgets[] = {
     {u"btnVoltar", WidgetKind::CommandButton, u"&Voltar", u"Voltar"},
 };
 
-/// A run of keys and the menu position of its first one.
+/// A range of keys and the menu position of the first one.
 struct MenuKeys {
   Integer First;
   Integer Last;
@@ -51,12 +51,12 @@ constexpr MenuKeys kDigits{49, 57, 1};
 /// F1 and F5 do nothing.
 constexpr MenuKeys kFunctionKeys[] = {{113, 115, 1}, {117, 123, 4}};
 
-/// 0 for a key that is not of the run.
+/// 0 for a key outside the range.
 Long PositionOf(const MenuKeys& keys, Integer code) {
   return code >= keys.First && code <= keys.Last ? keys.Position + code - keys.First : 0;
 }
 
-/// 0 for a position that no key of the run has.
+/// 0 for a position without a key in the range.
 Integer CodeOf(const MenuKeys& keys, Long position) {
   const Long code = keys.First + position - keys.Position;
   return code >= keys.First && code <= keys.Last ? static_cast<Integer>(code) : Integer{0};
@@ -138,11 +138,11 @@ void frmBrowse::ConectGrid(const String& strInstrucao, bool& blnOk) {
       });
 }
 
-/// The former rows stay when the new ones cannot be had.
+/// The former rows stay when the new ones cannot be read.
 void frmBrowse::ShowRowsOf(const String& statement) {
   const BusyPointer busy;
   auto rows = CurrentConnection()->Execute(statement);
-  rows->Bof();  // rows that cannot be read fail here and not in the grid
+  rows->Bof();  // rows that cannot be read fail here, not in the grid
   dcBrowse = std::move(rows);
   grid_.DataSource(dcBrowse);
 }
@@ -162,8 +162,8 @@ void frmBrowse::DesenhaGrid() {
       [] {});
 }
 
-/// Of the rows that the operator sees; those of a search that failed are not among them. Asked in
-/// this way and not by the number of rows, which would read them all.
+/// Tests the rows that the operator sees, which are none after a failed search. Does not use the
+/// number of rows, which would read them all.
 bool frmBrowse::ShowsRows() const {
   const auto rows = grid_.DataSource();
   return rows && !(rows->Bof() && rows->Eof());
@@ -178,7 +178,8 @@ void frmBrowse::AtualizaBotoes() {
 
 // --- Leaving ------------------------------------------------------------------------------------
 
-/// The grid loses its rows ahead of the box that tells why, and a key may come in between.
+/// After a failed search the grid has no rows already before the message box opens, and a key may
+/// arrive in between.
 void frmBrowse::ConfirmClick() {
   if (confirm_.Enabled() && grid_.DataSource()) Leave(true);
 }
@@ -257,7 +258,7 @@ void frmBrowse::GridKeyPress(Integer KeyAscii) {
     JumpTo(character);
 }
 
-/// To the first row that begins with the character; each key starts again at the top.
+/// Goes to the first row that begins with the character; each key starts again at the top.
 void frmBrowse::JumpTo(char16_t character) {
   if (!ShowsRows()) return;
   const auto field = dcBrowse->Fields().Item(0);
@@ -269,7 +270,7 @@ void frmBrowse::JumpTo(char16_t character) {
     dcBrowse->MoveFirst();
     mdlObjTxt::FindStart(*dcBrowse, String(1, character));
   } catch (...) {
-    stay();  // what is highlighted is what Enter confirms
+    stay();  // Enter confirms the highlighted row
     grid_.ShowCurrentRow();
     throw;
   }
@@ -277,7 +278,7 @@ void frmBrowse::JumpTo(char16_t character) {
   grid_.ShowCurrentRow();
 }
 
-/// Always ascending: a second click does nothing new.
+/// Always ascending: a second click does not reverse the order.
 void frmBrowse::SortBy(Long column) {
   const BusyPointer busy;
   dcBrowse->Sort(FieldNameText(grid_.Column(column).DataField()));

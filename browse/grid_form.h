@@ -10,13 +10,14 @@
 
 namespace tessaria {
 
-/// The list of a lookup: a grid over the rows, a tool bar with the menu of searches, two buttons.
-/// A new one for each lookup. It keeps the pieces of its statement so that it can search again.
+/// The list of a lookup: a grid with the rows, a tool bar with the menu of searches, and two
+/// buttons. Each lookup creates a new one. It keeps the parts of its statement for further
+/// searches.
 class TESSARIA_HOST_API frmBrowse {
  public:
   /// What the window is made of.
   static const host::DialogDescription& Description();
-  /// The keys that choose an entry of the menu, by position from 1; "" for none.
+  /// The keys that choose the menu entry at a position from 1; "" when there are none.
   static String MenuShortcuts(Long position);
 
   /// Error 91 when no window can open.
@@ -25,7 +26,7 @@ class TESSARIA_HOST_API frmBrowse {
   frmBrowse& operator=(const frmBrowse&) = delete;
   ~frmBrowse();
 
-  // The searches, and the pieces of a search's statement.
+  // The searches, and the parts of a search's statement.
   std::shared_ptr<tessaria::Pesquisa> Pesquisa;
   String strCampos;
   String strTabela;
@@ -34,19 +35,19 @@ class TESSARIA_HOST_API frmBrowse {
   String strOrderBy;
   String strGroupBy;
   ListaColunas cgrColGrid;
-  /// The operator chose the current row.
+  /// True when the operator has chosen the current row.
   bool lGravar = false;
   /// Owner window of messages.
   Long hWndMsgBox = 0;
-  /// The rows of the data control. The grid shows them, or none: those of a search that failed.
+  /// The rows of the data control. The grid shows them, or no rows after a failed search.
   host::RecordsetPtr dcBrowse;
 
-  /// Runs a statement and shows its rows. False in `blnOk` when the database refuses it, which
-  /// the operator is told. A closed connection is told too, and is no refusal.
+  /// Runs a statement and shows its rows. Sets `blnOk` to false when the database refuses it, and
+  /// tells the operator. A closed connection is also reported, but is not a refusal.
   void ConectGrid(const String& strInstrucao, bool& blnOk);
-  /// Gives the grid's columns what `cgrColGrid` says; stops quietly at a column that is not there.
+  /// Sets up the grid's columns by `cgrColGrid`; stops silently at a column that does not exist.
   void DesenhaGrid();
-  /// Shows the window and returns when the operator has left it.
+  /// Shows the window and returns when the operator has closed it.
   void ShowModal();
 
   host::Dialog& Window() { return *dialog_; }

@@ -32,12 +32,12 @@ String FieldList(const String& field, const String& sibling, const String& other
   return fields;
 }
 
-/// Joins a condition to a clause that is empty or begins with " Where ".
+/// Adds a condition to a clause that is empty or begins with " Where ".
 void AddCondition(String& clause, const String& condition) {
   clause += (clause.empty() ? u" Where " : u" And ") + condition;
 }
 
-/// What begins with what the operator typed; the part that was completed does not count.
+/// The condition for what begins with the operator's text, without the part that was completed.
 String TypedStart(const host::TextBox& box, const String& field) {
   const String text = box.Text();
   const Long typed = box.SelStart() == 0 ? Len(text) : box.SelStart();
@@ -45,7 +45,7 @@ String TypedStart(const host::TextBox& box, const String& field) {
          PatternContent(LeftWhole(text, typed)) + u"%'";
 }
 
-/// The whole clause, from " Where " on. `where` is expanded already.
+/// The whole clause, from " Where " on. `where` is already expanded.
 String WhereClause(const String& where, TipoControle kind, const host::TextBox& box,
                    const String& field) {
   String clause;
@@ -62,7 +62,7 @@ void TellEmptyTable(const String& message, Long lngHwnd) {
       lngHwnd, own ? message : u"Não Existem Dados na Tabela Pesquisada, Favor Cadastrar", 0);
 }
 
-/// One entry of the menu for each search; entries of one number share it.
+/// Adds a menu entry for each search; consecutive searches with the same number share one.
 void FillMenu(host::ToolBar& bar, const Pesquisa* searches) {
   Long previous = 0;
   for (Long i = 1; searches != nullptr && i <= searches->Count(); ++i) {
@@ -89,7 +89,7 @@ host::Recordset& RowsOf(const frmBrowse& form) {
   return *form.dcBrowse;
 }
 
-/// Goes to the row of the value, or to the first one.
+/// Goes to the row of the value, or to the first row.
 void GoToValue(host::Recordset& rows, Variant& value) {
   if (IsNothing(value)) value = rows.Fields().Item(0)->Value();
   const BusyPointer busy;
@@ -101,7 +101,7 @@ void GoToValue(host::Recordset& rows, Variant& value) {
   if (rows.Eof()) rows.MoveFirst();
 }
 
-/// The key of a chosen description: the later lookups of its control are limited to it.
+/// The key of a chosen description, to which later lookups of its control are limited.
 Variant SiblingLiteral(host::Recordset& rows, const String& siblingField) {
   const auto field = rows.Fields().Item(ColumnName(siblingField));
   const Variant value = field->Value();
@@ -118,10 +118,10 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
                  std::shared_ptr<Pesquisa> objPesquisa, const String& strMsgBrowse, Long lngHwnd,
                  ListEnd* end) {
   String result;
-  auto outcome = ListEnd::Failed;  // unless it ends otherwise
+  auto outcome = ListEnd::Failed;  // until the list ends otherwise
   Trap(u"mdlObjTxt", u"VerBrowse", [&] {
     const Variant formerValue = varValor;
-    // The definition may be gone when the list has closed.
+    // The definition may have been destroyed when the list closes.
     const String sibling = strCampoIrmao;  // NOLINT(performance-unnecessary-copy-initialization)
     frmBrowse form;
     form.lblTitulo().Caption(strTitulo.empty() ? strTabela : strTitulo);
@@ -132,7 +132,7 @@ String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& va
     form.strWhere = frmForm ? ExpandCondition(frmForm, strWhere) : strWhere;
     CopiaColunas(cgrColGrid, form.cgrColGrid, false);
 
-    // Two blanks stand in front of the order when there is no group clause.
+    // Without a group clause there are two blanks before the order.
     bool ok = false;
     form.ConectGrid(u"Select " + fields + u" From " + from +
                         WhereClause(form.strWhere, intTipoControle, txtBox, strCampo) + u" " +

@@ -1,4 +1,4 @@
-// The run of a lookup: from its definition to the key that the operator picks.
+// Runs a lookup: from its definition to the key that the operator chooses.
 #pragma once
 
 #include <memory>
@@ -18,21 +18,22 @@ enum class ListEnd {
   Failed     ///< no list could be shown, or an error ended it
 };
 
-/// Shows the list of a lookup and gives the chosen key as text, the old value on a cancel, "" when
-/// there is nothing to choose from. Errors are reported, and the result is as it stood then.
+/// Shows the list of a lookup and returns the chosen key as text, the old value when the operator
+/// cancels, and "" when there is nothing to choose from. Errors are reported, and the result is the
+/// one so far.
 ///
-/// `sngTop` and `sngLeft` are the wanted place on the screen, twips. `txtBox` is the box of the
-/// control: the list of a description (`intTipoControle` 3) holds only what begins with its typed
-/// text; its `Tag` is set as the list opens. `varValor` is the control's value; a blank one takes
-/// the key of the first row. The texts are those of the definition; `strWhere` may hold `@name@`
-/// parameters, which the controls of `frmForm` answer; with no form it stays as it is.
-/// `objPesquisa` may be nothing: no searches. `strMsgBrowse` replaces the message of an empty table
-/// unless blank. `lngHwnd` is the window of the control and owns the messages. After a choice of a
-/// description the thread's sibling value is the key of its row. `end`, unless null, tells how the
-/// list ended.
+/// `sngTop` and `sngLeft` are the wanted position on the screen, in twips. `txtBox` is the box of
+/// the control: the list of a description (`intTipoControle` 3) contains only what begins with its
+/// typed text; its `Tag` is set when the list opens. `varValor` is the control's value; a blank one
+/// receives the key of the first row. The texts are those of the definition; `strWhere` may contain
+/// `@name@` parameters, which are replaced with values of the controls of `frmForm`; without a form
+/// it stays unchanged. Without `objPesquisa` there are no searches. `strMsgBrowse`, unless blank,
+/// replaces the message for an empty table. `lngHwnd` is the window of the control and owns the
+/// messages. When a description has been chosen, the thread's sibling value is the key of its row.
+/// `end`, unless null, receives how the list ended.
 ///
-/// References are not used any more once the list shows, so that the control and its form may go
-/// away under it.
+/// The arguments passed by reference are not used while the list shows or afterwards, so the
+/// control and its form may be destroyed meanwhile.
 String VerBrowse(float sngTop, float sngLeft, host::TextBox& txtBox, Variant& varValor,
                  const String& strTabela, const String& strCampo, const String& strCampoIrmao,
                  const String& strCampoOutros, const String& strGroupBy, const String& strLeftJoin,

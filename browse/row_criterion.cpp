@@ -9,7 +9,7 @@
 namespace tessaria::mdlObjTxt {
 namespace {
 
-/// Whether the usual text of a binary number stands for that number and no neighbour of it.
+/// Whether the usual text of a binary number identifies exactly that number.
 bool IsExact(const Variant& value, const String& text) {
   if (const auto* single = value.TryGet<float>()) return static_cast<float>(CDbl(text)) == *single;
   const auto* number = value.TryGet<double>();

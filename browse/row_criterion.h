@@ -1,4 +1,4 @@
-// The criteria by which the list seeks a row in its record set.
+// The criteria with which the list finds a row in its record set.
 #pragma once
 
 #include "tessaria/host/data.h"
@@ -6,13 +6,14 @@
 
 namespace tessaria::mdlObjTxt {
 
-/// The rows whose field begins with a text. "*" or "%" at the text's start stands for anything.
+/// The criterion for rows whose field begins with a text. "*" or "%" at the start of the text
+/// matches anything.
 String StartCriterion(const String& name, StringView text);
-/// Goes from the current row to the first one whose first field begins with a text, wildcards
-/// taken as they stand; behind the last row when there is none.
+/// Goes from the current row to the first row whose first field begins with a text, in which
+/// wildcards match themselves; past the last row when there is none.
 void FindStart(host::Recordset& rows, StringView text);
-/// The rows whose field equals a value that is no text. A number has as many digits as tell it
-/// from its neighbours. Errors: 94 for Null, 13 for an object.
+/// The criterion for rows whose field equals a value that is not a text. A number is written with
+/// enough digits to identify it. Errors: 94 for Null, 13 for an object.
 String EqualityCriterion(const String& name, const Variant& value);
 
 }  // namespace tessaria::mdlObjTxt

@@ -9,7 +9,7 @@
 namespace tessaria::mdlObjTxt {
 namespace {
 
-/// The operator of an order comparison, blanks around it; "" for any other code.
+/// The operator of an order comparison, with blanks around it; "" for any other code.
 StringView OrderOperator(Long like) {
   switch (like) {
     case search_comparison::Greater:

@@ -1,4 +1,4 @@
-// The SQL condition that one answered search stands for.
+// The SQL condition of one answered search.
 #pragma once
 
 #include "tessaria/string.h"
@@ -12,8 +12,8 @@ inline constexpr Long Date = 7;
 inline constexpr Long Text = 8;
 }  // namespace search_kind
 
-/// Comparisons of a search: `ItemPesquisa::Like`. The wildcard ones mean equal where the value
-/// is no text.
+/// Comparisons of a search: `ItemPesquisa::Like`. Those with wildcards mean equal when the value is
+/// not a text.
 namespace search_comparison {
 inline constexpr Long Equal = 0;
 inline constexpr Long StartsWith = 1;
@@ -25,14 +25,14 @@ inline constexpr Long Less = 6;
 inline constexpr Long LessOrEqual = 7;
 }  // namespace search_comparison
 
-/// The field under its table's name: in front, or behind the first "(" of an expression. A field
-/// that has a "." is left as it is.
+/// The field qualified with its table: the table's name is put before it, or after the first "(" of
+/// an expression. A field that contains a "." is not changed.
 String QualifyField(const String& field, const String& table);
 
-/// The condition on a field, whose alias is taken off. A text (`kind` 8) comes as it was typed,
-/// any other value as it stands in SQL. "" for a text with an unknown `like`; with another kind
-/// an unknown code means equal. The LIKE keyword is the one of the thread's connection; error 91
-/// with none. A text is refused as `QuotedText` refuses it.
+/// The condition on a field of a select list, whose alias is removed. A text (`kind` 8) is passed
+/// as typed, any other value as an SQL literal. The result is "" for a text with an unknown `like`;
+/// for another kind an unknown code means equal. The LIKE keyword is that of the thread's
+/// connection; error 91 without one. A text raises the errors of `QuotedText`.
 String SearchCondition(const String& selected, Long kind, Long like, const String& value);
 
 }  // namespace tessaria::mdlObjTxt

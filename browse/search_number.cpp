@@ -20,7 +20,7 @@ std::optional<String> SearchNumber(const Variant& value, const String& mask) {
 }
 
 bool IsTypedNumber(const String& text, Long kind, const String& mask) {
-  // A field of numbers reads its text itself, points for thousands included.
+  // A number field reads its text by itself, including points for thousands.
   if (kind == search_kind::Number) return IsNumeric(text);
   return SearchNumber(text, mask).has_value();
 }

@@ -79,18 +79,18 @@ bool frmTsPesquisa::CanAnswer() const {
     const String typed = whole ? text : mdlObjTxt::LimpaMascara(text, mask, items);
     return mdlObjTxt::IsTypedNumber(typed, kind_, mask);
   }
-  // Only a mask has places that keep the typed text.
+  // Only a field with a mask keeps the typed text in `Texto`.
   const bool hasPlaces = whole && !mask.empty();
   return !Trim(hasPlaces ? CStr(control.Get(u"Texto")) : text).empty();
 }
 
-/// What the field made of its text. A text that it refuses leaves the value of an earlier one.
+/// Tests the field's value, which is still that of an earlier text when the field refuses its text.
 bool frmTsPesquisa::HasAnswer() const {
   const auto& control = edit_.Control();
   return !control.Get(u"Value").IsNull() && CBool(control.Get(u"LastValidaStatus")) && CanAnswer();
 }
 
-/// The button takes the focus first, so that the field is left and settled.
+/// Focuses the button first, so that the field is left and its text is settled.
 void frmTsPesquisa::Answer(host::DialogButton& button, bool confirmed) {
   button.SetFocus();
   App().DoEvents();
@@ -102,13 +102,13 @@ void frmTsPesquisa::Answer(host::DialogButton& button, bool confirmed) {
 namespace mdlObjTxt {
 namespace {
 
-/// `TipoDado` of the prompt for a kind of search.
+/// The prompt's `TipoDado` for a kind of search.
 Long DataTypeFor(Long kind) {
   const bool known = kind == search_kind::Date || kind == search_kind::Number;
   return known ? kind : search_kind::Text;
 }
 
-/// The operator's answer, as `SearchCondition` takes it.
+/// The operator's answer in the form that `SearchCondition` takes.
 String TypedValue(const host::TsTextWidget& edit, Long kind, const String& mask) {
   if (kind == search_kind::Date)
     return mdlComum::TraduzSQL(sql_fragment::Date, {}, {}, {}, {}, CStr(edit.Get(u"Text")));
@@ -121,8 +121,8 @@ String TypedValue(const host::TsTextWidget& edit, Long kind, const String& mask)
   throw HostError(errors::TypeMismatch);
 }
 
-/// A prompt's field fetches and empties the thread's sibling value, which is that of the field
-/// whose list is open: it has the focus again when the prompt has gone.
+/// Keeps the thread's sibling value while a prompt is open. The prompt's field takes and clears it,
+/// but it belongs to the field whose list is open, which gets the focus back afterwards.
 class KeptSiblingValue {
  public:
   KeptSiblingValue() : value_(State().vntValorIrmao) {}
@@ -151,7 +151,7 @@ bool tsMostraFormPesquisa(const String& strTabela, String strCampo, Long lngTipo
     edit.Let(u"Mascara", strMascara);
     edit.Let(u"ObjetoCancelar", u"btnCancelar");
     if (intMaxLength != 0) edit.Let(u"MaxLength", Long{intMaxLength});
-    // A part of a value is an answer too: it is not looked up, and may be blank.
+    // Part of a value is also an answer: it is not checked in its table, and may be blank.
     edit.Let(u"UsaChecaRelacao", false);
     edit.Let(u"PodeSerBranco", true);
 

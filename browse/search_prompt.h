@@ -6,22 +6,22 @@
 
 namespace tessaria {
 
-/// The window that asks for the value to search for. A new one for each search.
+/// The window that asks for the value to search for. Each search creates a new one.
 class frmTsPesquisa {
  public:
   /// What the window is made of.
   static const host::DialogDescription& Description();
 
-  /// The control on it finds the thread's connection. Error 91 when no window can open.
+  /// Gives its control the thread's connection. Error 91 when no window can open.
   frmTsPesquisa();
   frmTsPesquisa(const frmTsPesquisa&) = delete;
   frmTsPesquisa& operator=(const frmTsPesquisa&) = delete;
   ~frmTsPesquisa();
 
-  /// The operator gave a value.
+  /// True when the operator has entered a value.
   bool Confirmou = false;
-  /// The kind of the search, as its entry has it. Any but a date and a text takes only a number:
-  /// "Ok" is off while the box holds none.
+  /// Sets the kind of the search, as in its entry. All kinds except date and text accept only a
+  /// number: "Ok" is disabled while the box does not contain one.
   void Tipo(Long lngTipo);
 
   host::DialogField& editPesquisa() { return edit_; }
@@ -43,12 +43,12 @@ class frmTsPesquisa {
 
 namespace mdlObjTxt {
 
-/// Asks for the value of one search and writes its condition into `strClausula`; false when the
-/// operator cancels, with `strClausula` untouched. `strTabela` qualifies the field, unless
-/// `blnCampoPronto`; `strWhere` limits the completion of the prompt for a text, which
-/// `blnCompleta` asks for. `intWidth` is the prompt's width in twips; `intMaxLength` 0 sets no
-/// limit. An error is reported and gives true, with `strClausula` as it stood; so does an unknown
-/// `lngLike` of a text.
+/// Asks for the value of one search and writes its condition into `strClausula`. Returns false,
+/// with `strClausula` unchanged, when the operator cancels. `strTabela` qualifies the field, unless
+/// `blnCampoPronto` is true; `blnCompleta` turns on completion in the prompt for a text, which
+/// `strWhere` limits. `intWidth` is the prompt's width in twips; `intMaxLength` 0 means no limit.
+/// An error, such as an unknown `lngLike` of a text, is reported; the function then returns true
+/// and leaves `strClausula` unchanged.
 bool tsMostraFormPesquisa(const String& strTabela, String strCampo, Long lngTipo, Long lngLike,
                           const String& strCaption, Integer intWidth, bool blnCompleta,
                           const String& strMascara, Integer intMaxLength, bool blnPromptInclude,

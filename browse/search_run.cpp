@@ -21,7 +21,7 @@ bool AskAll(const std::vector<SearchEntry>& entries, const String& where, String
                               entry.Width, entry.Completa, entry.Mascara, entry.MaxLength,
                               entry.PromptInclude, where, clause, entry.CampoPronto))
       return false;
-    if (clause.empty()) return false;  // the operator has been told why
+    if (clause.empty()) return false;  // the error has been reported
     if (!conditions.empty()) conditions += u" And ";
     conditions += clause;
   }
@@ -53,7 +53,7 @@ void ExecutaPesquisa(const std::vector<SearchEntry>& entries, String& strCampos,
         const BusyPointer busy;
         grdBrowse.DataSource(nullptr);
         auto rows = CurrentConnection()->Execute(statement);
-        rows->Bof();  // rows that cannot be read are refused here and not in the grid
+        rows->Bof();  // rows that cannot be read fail here, not in the grid
         dcBrowse = rows;
         grdBrowse.DataSource(dcBrowse);
       },

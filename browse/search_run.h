@@ -1,4 +1,4 @@
-// A search over the rows of a lookup grid.
+// Runs a search that fills a lookup grid.
 #pragma once
 
 #include <vector>
@@ -7,7 +7,7 @@
 
 namespace tessaria::mdlObjTxt {
 
-/// One entry of the chosen search, with the table that it searches in.
+/// One entry of the chosen search, with the table that it searches.
 struct SearchEntry {
   String Tabela;
   String Campo;
@@ -23,13 +23,13 @@ struct SearchEntry {
   String OrderBy;
 };
 
-/// Asks for the value of each entry, in order, and shows the rows that match all of them. A
-/// cancelled prompt, an answer that is refused (reported there) and no entry at all leave
-/// everything as it was, and nothing is sent. Of table, field and order the last entry's count.
-/// `strCampos` and `strFrom` are given values when they are empty.
+/// Asks for the value of each entry, in order, and shows the rows that match all of them. When a
+/// prompt is cancelled, an answer is refused (the prompt reports it) or there is no entry, nothing
+/// is changed or sent. Table, field and order are those of the last entry. `strCampos` and
+/// `strFrom` receive values when they are empty.
 ///
 /// A statement that the database refuses is shown to the operator, who may copy it; `grdBrowse`
-/// then shows nothing and `dcBrowse` keeps the former rows.
+/// then shows no rows and `dcBrowse` keeps the former ones.
 void ExecutaPesquisa(const std::vector<SearchEntry>& entries, String& strCampos, String& strFrom,
                      const String& strWhere, const String& strOrderBy, const String& strGroupBy,
                      host::RecordsetPtr& dcBrowse, host::DataGrid& grdBrowse, Long lngHwnd);
