@@ -40,7 +40,7 @@ TEST_F(GridForm, ShowsTheRowsOfAStatement) {
   EXPECT_EQ(form.grdBrowse().ColumnCount(), 3);
 }
 
-TEST_F(GridForm, AsksToWaitWhileTheDatabaseWorks) {
+TEST_F(GridForm, ShowsTheBusyPointerWhileTheDatabaseWorks) {
   std::vector<bool> busy;
   connection->OnStatement = [&, rows = connection->OnStatement](const String& statement) {
     busy.push_back(desktop->IsBusy());
@@ -57,7 +57,7 @@ TEST_F(GridForm, AsksToWaitWhileTheDatabaseWorks) {
   EXPECT_FALSE(desktop->IsBusy());
 }
 
-TEST_F(GridForm, TellsAClosedConnectionAndCallsItNoRefusal) {
+TEST_F(GridForm, ReportsAClosedConnectionWhichIsNotARefusal) {
   connection->Close();
   form.hWndMsgBox = 5;
   bool ok = false;
@@ -98,7 +98,7 @@ TEST_F(GridForm, DrawsItsColumns) {
   EXPECT_EQ(form.grdBrowse().Column(2).Caption(), u"cidade");
 }
 
-TEST_F(GridForm, StopsDrawingQuietlyAtAColumnThatIsNotThere) {
+TEST_F(GridForm, StopsDrawingSilentlyAtAMissingColumn) {
   Connect();
   for (int i = 0; i < 5; ++i) form.cgrColGrid.Add(u"", u"Coluna", u"", 100, true);
   form.DesenhaGrid();
@@ -142,7 +142,7 @@ TEST_F(GridForm, WithoutARecordSetItCannotEither) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(GridForm, ASetAtItsEndStartsOver) {
+TEST_F(GridForm, ASetAtItsEndStartsAgain) {
   Connect();
   form.dcBrowse->MoveLast();
   form.dcBrowse->MoveNext();
@@ -170,7 +170,7 @@ TEST_F(GridForm, TheToolBarIsRefreshedAtEachActivationAndTheButtonsAtTheFirst) {
   EXPECT_EQ(Bar().Refreshes(), 2);
 }
 
-TEST_F(GridForm, ComingBackToTheListIsAnActivation) {
+TEST_F(GridForm, ReturningToTheListIsAnActivation) {
   AddSearches(1);
   Connect();
   Show([&](memory::Dialog& shown) {
@@ -221,7 +221,7 @@ TEST_F(GridForm, IsConfirmedAndLeftInSeveralWays) {
   }
 }
 
-TEST_F(GridForm, EventsArePumpedBeforeAndAfterItHides) {
+TEST_F(GridForm, EventsAreProcessedBeforeAndAfterItHides) {
   Connect();
   for (const StringView button : {u"btnConfirmar", u"btnVoltar"}) {
     std::vector<bool> shownAtPumps;
@@ -259,7 +259,7 @@ TEST_F(GridForm, TheLastEntryFetchesAllRows) {
   }
 }
 
-TEST_F(GridForm, NewRowsAreDrawnAndCountedAnew) {
+TEST_F(GridForm, NewRowsAreDrawnAndCountedAgain) {
   AddSearches(1);
   Connect();
   form.cgrColGrid.Add(u"codigo", u"Código", u"", 900, true);
@@ -273,7 +273,7 @@ TEST_F(GridForm, NewRowsAreDrawnAndCountedAnew) {
   });
 }
 
-TEST_F(GridForm, AFailureToFetchAllRowsSurfacesAndTheListStays) {
+TEST_F(GridForm, AFailureToFetchAllRowsIsRaisedAndTheListStays) {
   AddSearches(1);
   Connect();
   form.cgrColGrid.Add(u"codigo", u"Código", u"", 900, true);
@@ -306,7 +306,7 @@ TEST_F(GridForm, TheButtonWithNoMenuDoesNothing) {
 
 // --- Order --------------------------------------------------------------------------------------
 
-TEST_F(GridForm, AClickOnAHeaderSortsUpwardsEachTime) {
+TEST_F(GridForm, AClickOnAHeaderAlwaysSortsAscending) {
   Connect();
   Show([&](memory::Dialog& shown) {
     for (int click = 0; click < 2; ++click) {
@@ -321,7 +321,7 @@ TEST_F(GridForm, AClickOnAHeaderSortsUpwardsEachTime) {
   });
 }
 
-TEST_F(GridForm, AnOrderThatTheProviderRefusesSurfaces) {
+TEST_F(GridForm, AnOrderThatTheProviderRefusesIsRaised) {
   Connect();
   Show([&](memory::Dialog& shown) {
     rows = {{{u"outro"}}, {{u"Ana"}}};

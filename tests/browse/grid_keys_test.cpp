@@ -139,7 +139,7 @@ TEST_F(GridKeys, ControlAndPageGoToTheEnds) {
   });
 }
 
-TEST_F(GridKeys, WithoutRowsTheEndsAreNowhere) {
+TEST_F(GridKeys, WithoutRowsTheKeysToTheEndsDoNothing) {
   rows.Cells.clear();
   Connect();
   Show([&](memory::Dialog& shown) {
@@ -152,7 +152,7 @@ TEST_F(GridKeys, WithoutRowsTheEndsAreNowhere) {
   });
 }
 
-TEST_F(GridKeys, ALetterOrDigitJumpsToTheFirstRowThatBeginsSo) {
+TEST_F(GridKeys, ALetterOrDigitJumpsToTheFirstRowThatBeginsWithIt) {
   rows = NamesFirst();
   for (const Long type :
        {host::type::VarWChar, host::type::VarChar, host::type::WChar, host::type::Char}) {
@@ -186,7 +186,7 @@ TEST_F(GridKeys, OtherCharactersDoNotJump) {
   EXPECT_EQ(RowAfter(u"-ç_ %", 4), 4);
 }
 
-TEST_F(GridKeys, AFirstFieldThatIsNoTextDoesNotJump) {
+TEST_F(GridKeys, AFirstFieldThatIsNotATextDoesNotJump) {
   const struct {
     Long Type;
     Variant First, Second;
@@ -203,7 +203,7 @@ TEST_F(GridKeys, AFirstFieldThatIsNoTextDoesNotJump) {
 }
 
 // What is highlighted is what Enter confirms.
-TEST_F(GridKeys, AJumpThatTheProviderRefusesLeavesTheRow) {
+TEST_F(GridKeys, AJumpThatTheProviderRefusesKeepsTheRow) {
   rows = {{{u"nome"}}, {{u"Ana"}, {u"Bruno"}}};
   Connect();
   const auto faulty = std::make_shared<FaultyRows>();
@@ -226,7 +226,7 @@ TEST_F(GridKeys, AJumpFindsAFieldWhoseNameHasBlanks) {
   EXPECT_EQ(RowAfter(u"b", 1), 2);
 }
 
-TEST_F(GridKeys, AfterARefusedSearchNoKeyReachesTheRowsThatNobodySees) {
+TEST_F(GridKeys, AfterARefusedSearchNoKeyReachesTheHiddenRows) {
   rows = NamesFirst();
   AddSearches(1);
   Connect();

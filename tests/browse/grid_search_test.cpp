@@ -124,7 +124,7 @@ TEST_F(GridForm, EnterBetweenTheRefusalAndItsBoxConfirmsNothing) {
   EXPECT_FALSE(form.lGravar);
 }
 
-TEST_F(GridForm, RowsThatComeBackBehindARefusedSearchCanBeConfirmedAgain) {
+TEST_F(GridForm, RowsReloadedAfterARefusedSearchCanBeConfirmedAgain) {
   AddSearches(1);
   Connect();
   Show([&](memory::Dialog& shown) {
@@ -136,7 +136,7 @@ TEST_F(GridForm, RowsThatComeBackBehindARefusedSearchCanBeConfirmedAgain) {
   EXPECT_TRUE(form.lGravar);
 }
 
-TEST_F(GridForm, ACancelledPromptBehindARefusedSearchBringsNoRowsBack) {
+TEST_F(GridForm, ACancelledPromptAfterARefusedSearchDoesNotRestoreTheRows) {
   AddSearches(1);
   Connect();
   Show([&](memory::Dialog& shown) {

@@ -52,7 +52,7 @@ TEST_F(LookupFailure, AnEmptyTableShowsItsMessageAndNoList) {
   EXPECT_EQ(box.Tag, u"");
 }
 
-TEST_F(LookupFailure, ARefusedStatementIsShownWithNoOwnerSinceTheFormHasNoneYet) {
+TEST_F(LookupFailure, ARefusedStatementIsShownWithoutOwnerBecauseTheFormHasNoneYet) {
   connection->FailNext(HostError(errors::ProviderError, u"relação não existe"));
   RunArguments a;
   EXPECT_EQ(RunUnseen(a), u"");
@@ -73,7 +73,7 @@ TEST_F(LookupFailure, ARefusedStatementIsShownWithNoOwnerSinceTheFormHasNoneYet)
   EXPECT_EQ(desktop->Clipboard(), statement);
 }
 
-TEST_F(LookupFailure, AClosedConnectionIsToldTwice) {
+TEST_F(LookupFailure, AClosedConnectionIsReportedTwice) {
   connection->Close();
   RunArguments a;
   EXPECT_EQ(RunUnseen(a), u"");
@@ -84,7 +84,7 @@ TEST_F(LookupFailure, AClosedConnectionIsToldTwice) {
                           ErrorBox(HostError(errors::ObjectNotSet), u"VerBrowse")));
 }
 
-TEST_F(LookupFailure, NoConnectionAtAllIsARefusedStatement) {
+TEST_F(LookupFailure, AMissingConnectionIsARefusedStatement) {
   State().dbConexao = nullptr;
   RunArguments a;
   EXPECT_EQ(RunUnseen(a), u"");
@@ -94,7 +94,7 @@ TEST_F(LookupFailure, NoConnectionAtAllIsARefusedStatement) {
   EXPECT_EQ(boxes[0].Title, u"Copiar Para Área de Transferência ?");
 }
 
-TEST_F(LookupFailure, AServerThatGoesWhileTheListIsOpenLosesTheChoiceAndTellsIt) {
+TEST_F(LookupFailure, AServerLostWhileTheListIsOpenLosesTheChoiceAndIsReported) {
   RunArguments a;
   a.Value = Variant(Long{15});
   EXPECT_EQ(Run(a,
@@ -108,15 +108,15 @@ TEST_F(LookupFailure, AServerThatGoesWhileTheListIsOpenLosesTheChoiceAndTellsIt)
               ElementsAre(ErrorBox(HostError(errors::ObjectClosed), u"VerBrowse")));
 }
 
-TEST_F(LookupFailure, ACancelBehindARefusedSearchGivesTheOldValue) {
+TEST_F(LookupFailure, ACancelAfterARefusedSearchReturnsTheOldValue) {
   CancelBehindARefusal([] {});
 }
 
-TEST_F(LookupFailure, ACancelBehindALostServerGivesTheOldValue) {
+TEST_F(LookupFailure, ACancelAfterALostServerReturnsTheOldValue) {
   CancelBehindARefusal([&] { connection->Close(); });
 }
 
-TEST_F(LookupFailure, TheFormMayCloseUnderTheList) {
+TEST_F(LookupFailure, TheFormMayCloseWhileTheListIsOpen) {
   auto field = form->Add<memory::TsText>(u"txtCliente");
   form->Show();
   RunArguments a;
@@ -131,7 +131,7 @@ TEST_F(LookupFailure, TheFormMayCloseUnderTheList) {
             u"15");
 }
 
-TEST_F(LookupFailure, AThreadWithNoDesktopIsTold) {
+TEST_F(LookupFailure, AThreadWithoutADesktopIsReported) {
   auto* const kept = std::exchange(State().desktop, nullptr);
   RunArguments a;
   EXPECT_EQ(RunUnseen(a), u"");

@@ -56,7 +56,7 @@ TEST_F(LookupRun, TheTitleIsTheTableUnlessThereIsOne) {
   EXPECT_EQ(titleOf(u"Clientes da Loja"), u"Clientes da Loja");
 }
 
-TEST_F(LookupRun, TheWindowKeepsInsideTheScreenByStepsOfTen) {
+TEST_F(LookupRun, TheWindowStaysInsideTheScreenInStepsOfTen) {
   desktop->ScreenSize(12000, 9000);
   desktop->DialogSize(6000, 4000);
   const struct {
@@ -185,7 +185,7 @@ TEST_F(LookupRun, ANumberWithDecimalsOrADateIsLookedUpAsItsText) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(LookupRun, NeighboursAmongTheNumbersAreToldApart) {
+TEST_F(LookupRun, NeighbouringNumbersAreDistinguished) {
   const struct {
     Long Type;
     Variant First, Second;
@@ -207,7 +207,7 @@ TEST_F(LookupRun, NeighboursAmongTheNumbersAreToldApart) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(LookupRun, AFieldIsFoundWhateverItsNameHolds) {
+TEST_F(LookupRun, AFieldIsFoundWhateverItsNameContains) {
   for (const StringView name :
        {u"código do cliente", u"a=b", u"a<b", u"[a", u"a\"b", u"a'b", u"like"}) {
     rows = {{{String(name), host::type::Integer}}, {{Long{1}}, {Long{2}}}};
@@ -239,7 +239,7 @@ TEST_F(LookupRun, ATextOnANumericKeyIsTheProvidersError) {
 // --- The answer
 // -----------------------------------------------------------------------------------
 
-TEST_F(LookupRun, GivesTheKeyOfTheChosenRow) {
+TEST_F(LookupRun, ReturnsTheKeyOfTheChosenRow) {
   RunArguments a;
   EXPECT_EQ(Run(a,
                 [](memory::Dialog& shown) {
@@ -250,7 +250,7 @@ TEST_F(LookupRun, GivesTheKeyOfTheChosenRow) {
   EXPECT_TRUE(State().vntValorIrmao.IsEmpty());  // cleared, and set for a description only
 }
 
-TEST_F(LookupRun, GivesAKeyThatIsNoTextAsItsText) {
+TEST_F(LookupRun, ReturnsAKeyThatIsNotATextAsItsText) {
   const struct {
     Long Type;
     Variant Key;
@@ -281,7 +281,7 @@ TEST_F(LookupRun, AValueThatBeginsWithAWildcardIsFoundByItself) {
   }
 }
 
-TEST_F(LookupRun, AColumnOfAnyNameIsSoughtAndOrdered) {
+TEST_F(LookupRun, AColumnWithAnyNameIsFoundAndSorted) {
   for (const char16_t* name : kOddNames) {
     SCOPED_TRACE(ToUtf8(name));
     rows = {{{name}, {u"codigo", host::type::Integer}},
@@ -305,7 +305,7 @@ TEST_F(LookupRun, AColumnOfAnyNameIsSoughtAndOrdered) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(LookupRun, ACancelGivesTheOldValue) {
+TEST_F(LookupRun, ACancelReturnsTheOldValue) {
   const struct {
     Variant Old;
     StringView Result;
@@ -323,7 +323,7 @@ TEST_F(LookupRun, ACancelGivesTheOldValue) {
   EXPECT_TRUE(State().vntValorIrmao.IsNull());
 }
 
-TEST_F(LookupRun, ACancelGivesAnOldDateAsItsText) {
+TEST_F(LookupRun, ACancelReturnsAnOldDateAsItsText) {
   const Date day = FromCivil({2016, 5, 3});
   rows = {{{u"data", host::type::Date}}, {{day}}};
   RunArguments a;
@@ -331,7 +331,7 @@ TEST_F(LookupRun, ACancelGivesAnOldDateAsItsText) {
   EXPECT_EQ(Run(a, Leave), u"03/05/2016");
 }
 
-TEST_F(LookupRun, EventsArePumpedOnceBehindTheWindowHoweverItIsLeft) {
+TEST_F(LookupRun, EventsAreProcessedOnceAfterTheWindowHoweverItCloses) {
   const struct {
     StringView Button;
     int Pumps;
@@ -379,7 +379,7 @@ TEST_F(LookupRun, ADescriptionLeavesItsKeyAsASqlLiteral) {
   }
 }
 
-TEST_F(LookupRun, TheKeyOfEveryKindOfNumberIsANumberAndANullOneNoCondition) {
+TEST_F(LookupRun, TheKeyOfEveryKindOfNumberIsANumberAndNullIsNoCondition) {
   const CommaLocale locale;
   const struct {
     std::vector<Long> Types;
@@ -441,7 +441,7 @@ TEST_F(LookupRun, ASiblingFieldIsLookedUpByItsBareName) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(LookupRun, ASiblingFieldThatIsNotAmongTheRowsIsReportedAndTheKeyComesBackAllTheSame) {
+TEST_F(LookupRun, AMissingSiblingFieldIsReportedAndTheKeyIsStillReturned) {
   State().vntValorIrmao = u"'12'";
   rows = NamesFirst();
   RunArguments a;

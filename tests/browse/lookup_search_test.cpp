@@ -74,7 +74,7 @@ TEST_F(LookupSearch, TheJoinStaysInPlaceOfTheTable) {
                           u"nome"));
 }
 
-TEST_F(LookupSearch, TheConditionStaysAsItWasExpandedAtTheOpening) {
+TEST_F(LookupSearch, TheConditionKeepsItsExpansionFromTheOpening) {
   const auto city = form->Add<memory::TsText>(u"txtCidade");
   form->Show();
   (*city)->Value(Variant(u"Assis"));
@@ -87,7 +87,7 @@ TEST_F(LookupSearch, TheConditionStaysAsItWasExpandedAtTheOpening) {
                           u"'b%') And cidade = 'Assis' Order by nome"));
 }
 
-TEST_F(LookupSearch, WhatWasTypedInTheBoxCountsForTheOpeningOnly) {
+TEST_F(LookupSearch, TheTextOfTheBoxCountsForTheOpeningOnly) {
   box.Text(u"Ma");
   rows = NamesFirst();
   RunArguments a;
@@ -101,7 +101,7 @@ TEST_F(LookupSearch, WhatWasTypedInTheBoxCountsForTheOpeningOnly) {
                           u"ativo = 1 Order by nome"));
 }
 
-TEST_F(LookupSearch, ARefusedSearchIsToldToTheOwner) {
+TEST_F(LookupSearch, ARefusedSearchIsReportedWithTheOwner) {
   RunArguments a;
   Run(a, [&](memory::Dialog& shown) {
     connection->FailNext(HostError(errors::ProviderError, u"recusado"));
@@ -115,7 +115,7 @@ TEST_F(LookupSearch, ARefusedSearchIsToldToTheOwner) {
 }
 
 // All rows are also those without a key.
-TEST_F(LookupSearch, ARowWithoutAKeyIsAFault) {
+TEST_F(LookupSearch, ARowWithoutAKeyIsAnError) {
   RunArguments a;
   EXPECT_EQ(Run(a,
                 [&](memory::Dialog& shown) {

@@ -33,7 +33,7 @@ TEST_F(LookupStatement, OfAKey) {
             u"Order by 1");
 }
 
-TEST_F(LookupStatement, OfADescriptionHoldsWhatWasTypedAndNotWhatWasCompleted) {
+TEST_F(LookupStatement, OfADescriptionContainsTheTypedTextWithoutItsCompletion) {
   Dbms(kSqlServer);
   EXPECT_EQ(StatementOf(Description(u"Maria", 2)),
             u"Select nome, codigo From clientes Where ativo = 1 And nome Like 'Ma%' And nome Is "
@@ -62,17 +62,17 @@ TEST_F(LookupStatement, ACaretAtTheStartTakesTheWholeText) {
   EXPECT_EQ(StatementOf(Description(u"Maria", 0)), Filtered(u"ilike 'Maria%'"));
 }
 
-TEST_F(LookupStatement, DoublesApostrophesOfWhatWasTyped) {
+TEST_F(LookupStatement, DoublesApostrophesOfTheTypedText) {
   EXPECT_EQ(StatementOf(Description(u"D'Av", 0)), Filtered(u"ilike 'D''Av%'"));
 }
 
-TEST_F(LookupStatement, WhatEscapesInAPatternStandsForItself) {
+TEST_F(LookupStatement, EscapeCharactersOfAPatternMatchThemselves) {
   EXPECT_EQ(StatementOf(Description(u"AC\\DC", 3)), Filtered(u"ilike 'AC\\\\%'"));
   Dbms(kSqlServer);
   EXPECT_EQ(StatementOf(Description(u"[A] Filial", 3)), Filtered(u"Like '[[]A]%'"));
 }
 
-TEST_F(LookupStatement, BlanksAroundWhatWasTypedCount) {
+TEST_F(LookupStatement, BlanksAroundTheTypedTextCount) {
   EXPECT_EQ(StatementOf(Description(u"Ma ", 0)), Filtered(u"ilike 'Ma %'"));
   EXPECT_EQ(StatementOf(Description(u" Maria", 3)), Filtered(u"ilike ' Ma%'"));
 }
@@ -87,7 +87,7 @@ TEST_F(LookupStatement, ABlankBoxAndAKeyAreNotFiltered) {
             u"Select nome, codigo From clientes Where ativo = 1 And nome Is Not Null  Order by 1");
 }
 
-TEST_F(LookupStatement, TheAliasIsTakenOffInEveryCondition) {
+TEST_F(LookupStatement, NoConditionHasTheAlias) {
   auto a = Description(u"Ma", 0);
   a.Campo = u"upper(nome) as n";
   a.Where = u"";
@@ -104,7 +104,7 @@ TEST_F(LookupStatement, NoHalfOfACharacterIsSearched) {
       u"Null  Order by 1");
 }
 
-TEST_F(LookupStatement, PutsItsPiecesWhereTheyBelong) {
+TEST_F(LookupStatement, PutsItsPartsInOrder) {
   RunArguments a;
   a.CampoIrmao = u"";
   a.Where = u"";

@@ -12,7 +12,7 @@ namespace {
 using mdlObjTxt::EqualityCriterion;
 using mdlObjTxt::StartCriterion;
 
-TEST(RowCriterion, ANumberHasAsManyDigitsAsTellItFromItsNeighbours) {
+TEST(RowCriterion, ANumberHasEnoughDigitsToIdentifyIt) {
   const struct {
     Variant Value;
     StringView Text;
@@ -34,7 +34,7 @@ TEST(RowCriterion, ANumberHasAsManyDigitsAsTellItFromItsNeighbours) {
     EXPECT_EQ(EqualityCriterion(u"codigo", c.Value), u"codigo = " + String(c.Text));
 }
 
-TEST(RowCriterion, DatesAndFlagsStandAsTheirTexts) {
+TEST(RowCriterion, DatesAndBooleansAreWrittenAsTheirTexts) {
   EXPECT_EQ(EqualityCriterion(u"dia", FromCivil({2016, 5, 3})), u"dia = 03/05/2016");
   EXPECT_EQ(EqualityCriterion(u"dia", FromCivil({2016, 5, 3, 10, 20, 31})),
             u"dia = 03/05/2016 10:20:31");
@@ -42,7 +42,7 @@ TEST(RowCriterion, DatesAndFlagsStandAsTheirTexts) {
   EXPECT_EQ(EqualityCriterion(u"ativo", false), u"ativo = Falso");
 }
 
-TEST(RowCriterion, ANameThatWouldEndTooEarlyStandsInBrackets) {
+TEST(RowCriterion, ANameThatWouldEndTooEarlyIsInBrackets) {
   const struct {
     StringView Name, Written;
   } names[] = {{u"codigo", u"codigo"},

@@ -53,7 +53,7 @@ TEST_F(SearchPrompt, WritesAnAmountWithAPoint) {
   EXPECT_EQ(ClauseOf(s, u"1234,50"), u"clientes.valor > 1234.5");
 }
 
-TEST_F(SearchPrompt, AnAmountThatIsHeldAsTextKeepsItsZero) {
+TEST_F(SearchPrompt, AnAmountStoredAsTextKeepsItsZero) {
   Search s;
   s.Campo = u"valor";
   s.Tipo = 0;
@@ -63,7 +63,7 @@ TEST_F(SearchPrompt, AnAmountThatIsHeldAsTextKeepsItsZero) {
   EXPECT_EQ(ClauseOf(s, u"1234,50"), u"clientes.valor > 1234.50");
 }
 
-TEST_F(SearchPrompt, ANumberWithNoAmountMaskGoesInWithAPoint) {
+TEST_F(SearchPrompt, ANumberWithoutAnAmountMaskIsWrittenWithAPoint) {
   const struct {
     Long Tipo;
     StringView Typed, Written;
@@ -87,7 +87,7 @@ TEST_F(SearchPrompt, AnAmountThatIsSearchedAsATextIsBetweenApostrophes) {
   EXPECT_EQ(ClauseOf(s, u"1234,50"), u"clientes.nome = '1234.50'");
 }
 
-TEST_F(SearchPrompt, AnUnknownComparisonOfATextIsNoConditionAndIsTold) {
+TEST_F(SearchPrompt, AnUnknownComparisonOfATextIsReportedAndMakesNoCondition) {
   Search s;
   s.Like = 9;
   EXPECT_EQ(ClauseOf(s, u"x"), u"");

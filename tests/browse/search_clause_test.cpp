@@ -22,7 +22,7 @@ TEST(SearchField, IsQualifiedByItsTable) {
 
 class SearchClause : public BrowseTest {};
 
-TEST_F(SearchClause, TakesTheAliasOff) {
+TEST_F(SearchClause, RemovesTheAlias) {
   EXPECT_EQ(SearchCondition(u"upper(c.nome) as n", 8, 1, u"Ma"), u"upper(c.nome)  ilike 'Ma%'");
   EXPECT_EQ(SearchCondition(u"c.codigo as k", 2, 4, u"7"), u"c.codigo  > 7");
 }
@@ -82,7 +82,7 @@ TEST_F(SearchClause, ABackslashCountsOnceInTheLengthHoweverTheServerReadsIt) {
   }
 }
 
-TEST_F(SearchClause, WhatEscapesInAPatternStandsForItselfInAPatternOnly) {
+TEST_F(SearchClause, EscapeCharactersOfAPatternAreEscapedInPatternsOnly) {
   EXPECT_EQ(SearchCondition(u"c.nome", 8, 0, u"A\\B"), u"c.nome = 'A\\B'");
   EXPECT_EQ(SearchCondition(u"c.nome", 8, 1, u"A\\B"), u"c.nome ilike 'A\\\\B%'");
   EXPECT_EQ(SearchCondition(u"c.nome", 8, 2, u"A\\B"), u"c.nome ilike '%A\\\\B'");

@@ -82,7 +82,7 @@ TEST_F(SearchPrompt, CompletesATextFromTheTableAsTheOperatorTypes) {
 }
 
 // A value may hold an "@": the condition was expanded on the form that owns the lookup.
-TEST_F(SearchPrompt, TakesTheConditionAsItStands) {
+TEST_F(SearchPrompt, TakesTheConditionUnchanged) {
   rows = {{{u"nome"}}, {{u"Maria"}}};
   Search s;
   s.Completa = true;
@@ -104,7 +104,7 @@ TEST_F(SearchPrompt, ATypedTextStaysBetweenItsApostrophes) {
   EXPECT_EQ(ClauseOf(s, u"\\' or 1=1 --"), u"clientes.nome ilike '%\\\\\\\\'' or 1=1 --%'");
 }
 
-TEST_F(SearchPrompt, LendsItsControlTheConnectionOfTheThread) {
+TEST_F(SearchPrompt, GivesItsControlTheConnectionOfTheThread) {
   std::shared_ptr<memory::Dialog> window;
   Search s;
   s.Completa = true;
@@ -221,7 +221,7 @@ TEST_F(SearchPrompt, OkOfANumberIsOffUntilTheBoxHoldsOne) {
   }
 }
 
-TEST_F(SearchPrompt, LettersInANumberAreNotAnsweredByAnyKey) {
+TEST_F(SearchPrompt, NoKeyConfirmsLettersInANumber) {
   Search s;
   s.Tipo = 2;
   EXPECT_FALSE(Ask(s, [](memory::Dialog& prompt) {
@@ -247,7 +247,7 @@ TEST_F(SearchPrompt, OkOfANumberUnderAMaskFollowsItsDigits) {
   }
 }
 
-TEST_F(SearchPrompt, ANullValueLeavesItOpen) {
+TEST_F(SearchPrompt, ANullValueKeepsThePromptOpen) {
   EXPECT_TRUE(Ask({}, [](memory::Dialog& prompt) {
     prompt.Click(u"btnOk");
     EXPECT_TRUE(prompt.IsShown());
@@ -261,7 +261,7 @@ TEST_F(SearchPrompt, ANullValueLeavesItOpen) {
 }
 
 // The field still holds the value of the answer before.
-TEST_F(SearchPrompt, AnAnswerThatTheFieldRefusesLeavesItOpen) {
+TEST_F(SearchPrompt, AnAnswerThatTheFieldRefusesKeepsThePromptOpen) {
   Search s;
   s.Campo = u"data";
   s.Tipo = 7;
@@ -284,7 +284,7 @@ TEST_F(SearchPrompt, AnAnswerThatTheFieldRefusesLeavesItOpen) {
   EXPECT_EQ(app.TakeBoxes().size(), 1u);
 }
 
-TEST_F(SearchPrompt, AnAnswerThatIsNoValueOfItsKindLeavesItOpen) {
+TEST_F(SearchPrompt, AnAnswerThatIsNotOfItsKindKeepsThePromptOpen) {
   const struct {
     Long Tipo;
     String Typed;
@@ -304,7 +304,7 @@ TEST_F(SearchPrompt, AnAnswerThatIsNoValueOfItsKindLeavesItOpen) {
   EXPECT_EQ(clause, u"antes");
 }
 
-TEST_F(SearchPrompt, ABlankIsNoAnswerWhateverTheKindAndTheMask) {
+TEST_F(SearchPrompt, ABlankIsNotAnAnswerForAnyKindOrMask) {
   for (const Long kind : {2, 7, 8, 0})
     for (const StringView mask : {u"", u"dd/mm/yyyy", u"##-##", u"AAAA"})
       for (const bool whole : {false, true}) {
@@ -328,7 +328,7 @@ TEST_F(SearchPrompt, ABlankIsNoAnswerWhateverTheKindAndTheMask) {
 }
 
 // An amount is never blank.
-TEST_F(SearchPrompt, AnAmountThatNobodyTypesIsZero) {
+TEST_F(SearchPrompt, AnAmountThatIsNotTypedIsZero) {
   Search s;
   s.Tipo = 2;
   s.Like = 0;
@@ -336,7 +336,7 @@ TEST_F(SearchPrompt, AnAmountThatNobodyTypesIsZero) {
   EXPECT_EQ(ClauseOf(s, u""), u"clientes.nome = 0");
 }
 
-TEST_F(SearchPrompt, TheButtonsPumpEventsBeforeTheyAnswer) {
+TEST_F(SearchPrompt, TheButtonsProcessEventsBeforeTheyAnswer) {
   for (const StringView button : {u"btnOk", u"btnCancelar"}) {
     int pumps = 0;
     Ask({}, [&](memory::Dialog& prompt) {
@@ -352,7 +352,7 @@ TEST_F(SearchPrompt, TheButtonsPumpEventsBeforeTheyAnswer) {
   }
 }
 
-TEST_F(SearchPrompt, CancelAndTheCloseButtonAnswerNothing) {
+TEST_F(SearchPrompt, CancelAndTheCloseButtonGiveNoAnswer) {
   EXPECT_FALSE(Ask({}, [](memory::Dialog& prompt) {
     prompt.Type(u"Silva");
     prompt.Click(u"btnCancelar");
@@ -365,7 +365,7 @@ TEST_F(SearchPrompt, CancelAndTheCloseButtonAnswerNothing) {
 }
 
 // Closing by the frame is the cancel button: the field is left for it, and checks nothing.
-TEST_F(SearchPrompt, TheFrameCountsAsTheCancelButton) {
+TEST_F(SearchPrompt, ClosingTheFrameActsAsTheCancelButton) {
   std::vector<String> focused;
   Search s;
   s.Tipo = 7;
@@ -381,7 +381,7 @@ TEST_F(SearchPrompt, TheFrameCountsAsTheCancelButton) {
   for (const auto& box : app.Boxes()) EXPECT_EQ(InStr(box.Text, u"Inv"), 0) << ToUtf8(box.Text);
 }
 
-TEST_F(SearchPrompt, EachActivationGivesTheFieldTheFocus) {
+TEST_F(SearchPrompt, EachActivationFocusesTheField) {
   Look({}, [](memory::Dialog& prompt, tsText&) {
     prompt.Type(u"Ma");
     prompt.FocusOn(u"btnCancelar");
@@ -390,7 +390,7 @@ TEST_F(SearchPrompt, EachActivationGivesTheFieldTheFocus) {
   });
 }
 
-TEST_F(SearchPrompt, CancelEscapesTheCheckOfADate) {
+TEST_F(SearchPrompt, CancelSkipsTheCheckOfADate) {
   Search s;
   s.Tipo = 7;
   s.Mascara = u"dd/mm/yyyy";

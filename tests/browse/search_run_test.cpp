@@ -55,7 +55,7 @@ class SearchRun : public BrowseTest {
   host::RecordsetPtr data;
 };
 
-TEST_F(SearchRun, OrdersByTheFieldAsItIsWrittenInTheSearch) {
+TEST_F(SearchRun, OrdersByTheFieldAsWrittenInTheSearch) {
   Search({Entry(u"nome", 1)}, {u"Ma"});
   EXPECT_EQ(OnlyStatement(),
             u"Select codigo, nome From clientes Where (clientes.nome ilike 'Ma%') And ativo = 1 "
@@ -67,7 +67,7 @@ TEST_F(SearchRun, OrdersByTheFieldAsItIsWrittenInTheSearch) {
             u"Order by clientes.nome");
 }
 
-TEST_F(SearchRun, TakesTheAliasOfItsFieldOff) {
+TEST_F(SearchRun, RemovesTheAliasOfItsField) {
   Search({Entry(u"upper(nome) as n", 1)}, {u"Ma"});
   EXPECT_EQ(OnlyStatement(),
             u"Select codigo, nome From clientes Where (upper(clientes.nome)  ilike 'Ma%') And "
@@ -86,7 +86,7 @@ TEST_F(SearchRun, SpeaksEachDialect) {
   }
 }
 
-TEST_F(SearchRun, PutsItsPiecesWhereTheyBelong) {
+TEST_F(SearchRun, PutsItsPartsInOrder) {
   where = u"";
   groupBy = u"Group By codigo, nome";
   Search({Entry(u"nome", 0)}, {u"Ana"});
@@ -133,7 +133,7 @@ TEST_F(SearchRun, WithNoEntryNothingHappens) {
   EXPECT_EQ(grid.DataSource(), data);
 }
 
-TEST_F(SearchRun, ACancelOfTheSecondPromptDiscardsTheFirstAnswerToo) {
+TEST_F(SearchRun, CancellingTheSecondPromptAlsoDiscardsTheFirstAnswer) {
   const auto before = data;
   fields = u"";
   Search({Entry(u"a", 0), Entry(u"b", 0), Entry(u"c", 0)}, {u"1", u""});
@@ -200,7 +200,7 @@ TEST_F(RefusedAnswer, OfAPromptThatFails) {
   ExpectNothingWasSent();
 }
 
-TEST_F(RefusedAnswer, WithABackslashThatNobodyKnowsHowToRead) {
+TEST_F(RefusedAnswer, WithABackslashThatTheServerMayReadAsAnEscape) {
   connection->SetProperty(u"Backslash Escapes", Variant::Null());
   Search({Entry(u"nome", 1)}, {u"C:\\"});
   const auto boxes = app.TakeBoxes();
@@ -209,7 +209,7 @@ TEST_F(RefusedAnswer, WithABackslashThatNobodyKnowsHowToRead) {
   ExpectNothingWasSent();
 }
 
-TEST_F(RefusedAnswer, BehindOneThatWasTaken) {
+TEST_F(RefusedAnswer, AfterAnAcceptedOne) {
   connection->SetProperty(u"Backslash Escapes", Variant::Null());
   shown = 2;
   Search({Entry(u"a", 0), Entry(u"b", 0)}, {u"1", u"C:\\"});
@@ -226,7 +226,7 @@ TEST_F(RefusedAnswer, ToASearchThatDoesNotSayHowToCompare) {
   ExpectNothingWasSent();
 }
 
-TEST_F(SearchRun, ARefusedStatementIsOfferedAndTheGridIsLeftEmpty) {
+TEST_F(SearchRun, ARefusedStatementIsOfferedAndTheGridIsEmpty) {
   const auto before = data;
   const String laidOut =
       u"SELECT\r\n      codigo,\r\n       nome \r\nFROM\r\n      clientes Where (clientes.nome = "
@@ -248,7 +248,7 @@ TEST_F(SearchRun, ARefusedStatementIsOfferedAndTheGridIsLeftEmpty) {
   EXPECT_EQ(desktop->Clipboard(), laidOut);
 }
 
-TEST_F(SearchRun, EventsArePumpedOnceAheadOfTheBox) {
+TEST_F(SearchRun, EventsAreProcessedOnceBeforeTheBox) {
   connection->FailNext(HostError(errors::ProviderError, u"recusado"));
   std::vector<std::string> order;
   desktop->WillShow(u"frmTsPesquisa", [&](memory::Dialog& prompt) {
@@ -261,7 +261,7 @@ TEST_F(SearchRun, EventsArePumpedOnceAheadOfTheBox) {
   EXPECT_THAT(order, ElementsAre("pump", "box"));
 }
 
-TEST_F(SearchRun, AConnectionThatWentIsARefusal) {
+TEST_F(SearchRun, ALostConnectionIsARefusal) {
   connection->Close();
   Search({Entry(u"nome", 0)}, {u"Ana"});
   const auto boxes = app.TakeBoxes();

@@ -53,7 +53,7 @@ void ExpectFilled(const Browse& browse) {
   ExpectColumn(*browse.cgrColGrid().Item(3), u"nome", u"Nome", u"", 3000, false);
 }
 
-TEST(BrowseDefinition, TextsStartEmptyAndStandApart) {
+TEST(BrowseDefinition, TextsStartEmptyAndAreIndependent) {
   Browse browse;
   for (const auto& text : kTexts) EXPECT_EQ((browse.*text.get)(), u"");
   Fill(browse);
@@ -130,7 +130,7 @@ TEST(CopiaColunas, EmptiesTheSourceWhenAsked) {
   EXPECT_EQ(source.Outros().Count(), 2);
 }
 
-TEST(CopiaColunas, TakesWholeDefinitionsAndCopiesTheirColumnsOnly) {
+TEST(CopiaColunas, AcceptsDefinitionsAndCopiesOnlyTheirColumns) {
   Browse source;
   Browse target;
   Fill(source);
@@ -159,7 +159,7 @@ TEST(CopiaColunas, AListCopiedOntoItselfIsEmptied) {
   EXPECT_EQ(browse.cgrColGrid().Count(), 0);
 }
 
-TEST(BrowseStorage, ADefinitionComesBackWhole) {
+TEST(BrowseStorage, ADefinitionIsReadBackCompletely) {
   Browse stored;
   Fill(stored);
   TextPropertyBag bag;
@@ -178,7 +178,7 @@ TEST(BrowseStorage, AnEmptyDefinitionStoresNothing) {
   EXPECT_EQ(bag.Save(), before);
 }
 
-TEST(BrowseStorage, ReadingReplacesWhatWasThere) {
+TEST(BrowseStorage, ReadingReplacesTheFormerContents) {
   Browse browse;
   Fill(browse);
   browse.ReadProperties(TextPropertyBag());
@@ -212,7 +212,7 @@ TEST(BrowseStorage, MissingValuesTakeTheirDefaults) {
   ExpectColumn(*browse.cgrColGrid().Item(2), u"", u"", u"", 500, true);
 }
 
-TEST(BrowseStorage, ABrokenValueIsToldAfterAllOthersAreLoaded) {
+TEST(BrowseStorage, ABrokenValueIsReportedAfterAllOthersAreLoaded) {
   Browse stored;
   Fill(stored);
   TextPropertyBag bag;

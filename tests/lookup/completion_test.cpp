@@ -63,7 +63,7 @@ class CompletionTest : public LookupTest {
   String where = u"ativo = 1";
 };
 
-TEST_F(CompletionTest, ASiblingThatRefusesGivesTheBoxBackWhatItHeld) {
+TEST_F(CompletionTest, WhenTheSiblingRefusesTheBoxGetsItsTextBack) {
   other.refuses = true;
   for (const Integer key : {kKeyA, kBackspace}) {
     WillFindMaria();
@@ -129,7 +129,7 @@ TEST_F(CompletionTest, WritesTheStatementOfEachDialect) {
   EXPECT_THAT(app.TakeBoxes(), IsEmpty());
 }
 
-TEST_F(CompletionTest, BackspaceTakesAWholeCharacter) {
+TEST_F(CompletionTest, BackspaceRemovesAWholeCharacter) {
   siblingField = u"";
   where = u"";
   box.Text(u"Ana \U0001F600");
@@ -140,7 +140,7 @@ TEST_F(CompletionTest, BackspaceTakesAWholeCharacter) {
   EXPECT_THAT(app.TakeBoxes(), IsEmpty());
 }
 
-TEST_F(CompletionTest, TheAliasIsTakenOffForTheCondition) {
+TEST_F(CompletionTest, TheConditionHasNoAlias) {
   connection->Dbms(u"PostgreSQL");
   box.Text(u"Ma");
   mdlObjTxt::CompletaDescr(box, u"clientes", u"upper(nome) as n", kKeyA, false, u"codigo as chave",
@@ -150,7 +150,7 @@ TEST_F(CompletionTest, TheAliasIsTakenOffForTheCondition) {
             u"upper(nome)  ilike 'Ma%' Limit 1");
 }
 
-TEST_F(CompletionTest, AnEmptyBoxIsLeftAlone) {
+TEST_F(CompletionTest, AnEmptyBoxIsNotCompleted) {
   State().dbConexao = nullptr;
   EXPECT_SAME(Complete(kBackspace), Variant());
   EXPECT_THAT(app.TakeBoxes(), IsEmpty());
@@ -174,7 +174,7 @@ TEST_F(CompletionTest, TheSiblingTakesItsFieldAndIsUpdated) {
                                        u"DisparaEventos BrowseReturn"));
 }
 
-TEST_F(CompletionTest, TheBoxIsFilledBeforeTheSiblingAndSelectedBehind) {
+TEST_F(CompletionTest, TheBoxIsFilledBeforeTheSiblingAndSelectedAfterIt) {
   std::vector<String> order;
   box.Text(u"Ma");
   box.OnChange = [&] { order.push_back(u"box " + CStr(Variant(Long(other.calls.size())))); };
@@ -184,7 +184,7 @@ TEST_F(CompletionTest, TheBoxIsFilledBeforeTheSiblingAndSelectedBehind) {
   EXPECT_EQ(box.SelText(), u"ria");
 }
 
-TEST_F(CompletionTest, WithoutASiblingItsFieldIsFetchedAllTheSame) {
+TEST_F(CompletionTest, WithoutASiblingItsFieldIsFetchedToo) {
   hasSibling = false;
   sibling = nullptr;
   box.Text(u"Ma");
@@ -204,7 +204,7 @@ TEST_F(CompletionTest, ASiblingThatIsNotConnectedReceivesNothing) {
   EXPECT_THAT(other.calls, IsEmpty());
 }
 
-TEST_F(CompletionTest, BackspaceTakesATypedCharacterAway) {
+TEST_F(CompletionTest, BackspaceRemovesATypedCharacter) {
   box.Text(u"Mar");
   WillFindMaria();
   Complete(kBackspace);
@@ -232,7 +232,7 @@ TEST_F(CompletionTest, BackspaceOnTheLastCharacterFindsTheFirstRowOfAll) {
   EXPECT_EQ(box.SelText(), u"Maria");
 }
 
-TEST_F(CompletionTest, TheTextThatIsFoundIsTakenWholeWhateverTheBoxsLimit) {
+TEST_F(CompletionTest, AFoundTextIsNotCutAtTheLimitOfTheBox) {
   box.MaxLength(4);
   box.Text(u"Ma");
   WillFindMaria();
@@ -242,7 +242,7 @@ TEST_F(CompletionTest, TheTextThatIsFoundIsTakenWholeWhateverTheBoxsLimit) {
 }
 
 // Only the start of the rows means that there are none.
-TEST_F(CompletionTest, TheStartOfTheRowsIsNoRowAndTheirEndIsAFault) {
+TEST_F(CompletionTest, TheStartOfTheRowsMeansNoRowAndTheirEndIsAnError) {
   box.Text(u"Ma");
   connection->OnRows = AheadOfTheStart;
   WillFindMaria();
@@ -291,7 +291,7 @@ TEST_F(CompletionTest, ANullDescriptionIsReported) {
   EXPECT_THAT(other.calls, IsEmpty());
 }
 
-TEST_F(CompletionTest, ASiblingWithoutItsFieldIsReportedAndTheBoxHoldsWhatWasTyped) {
+TEST_F(CompletionTest, ASiblingWithoutItsFieldIsReportedAndTheBoxKeepsTheTypedText) {
   siblingField = u"";
   box.Text(u"Ma");
   connection->WillAnswer({{{u"nome"}}, {{u"Maria"}}});
@@ -301,7 +301,7 @@ TEST_F(CompletionTest, ASiblingWithoutItsFieldIsReportedAndTheBoxHoldsWhatWasTyp
   EXPECT_EQ(box.SelLength(), 0);
 }
 
-TEST_F(CompletionTest, AConnectedSiblingThatIsNotThereIsReported) {
+TEST_F(CompletionTest, AMissingConnectedSiblingIsReported) {
   sibling = nullptr;
   box.Text(u"Ma");
   WillFindMaria();

@@ -115,7 +115,7 @@ const LiteralCase kLiterals[] = {
     {u"x'; Drop Table clientes; --", u"'x''; Drop Table clientes; --'"},
 };
 
-TEST_F(DescriptionTest, ATextIsQuotedAndAnyOtherCodeGoesInAsItsText) {
+TEST_F(DescriptionTest, ATextIsQuotedAndAnyOtherCodeIsWrittenAsItsText) {
   for (const auto& row : kLiterals) {
     Use(u"ACCESS");
     EXPECT_EQ(StatementFor(row.code),
@@ -127,7 +127,7 @@ TEST_F(DescriptionTest, ATextIsQuotedAndAnyOtherCodeGoesInAsItsText) {
   }
 }
 
-TEST_F(DescriptionTest, ACodeThatIsNoTokenOfSqlIsRefusedBeforeItIsSent) {
+TEST_F(DescriptionTest, ACodeThatIsNotOneSqlTokenIsRefusedBeforeItIsSent) {
   browse.Outros().Add(u"cidade");
   browse.Outros().Item(1)->Valor(u"velho");
   Use(u"ACCESS");
@@ -140,13 +140,13 @@ TEST_F(DescriptionTest, ACodeThatIsNoTokenOfSqlIsRefusedBeforeItIsSent) {
   EXPECT_SAME(browse.Outros().Item(1)->Valor(), u"velho");
 }
 
-TEST_F(DescriptionTest, ABlankConditionIsNone) {
+TEST_F(DescriptionTest, ABlankConditionIsIgnored) {
   Find(Long{15}, u"   ");
   EXPECT_EQ(connection->Texts().back(),
             u"Select Top 1 nome, cidade, uf From clientes Where codigo = 15");
 }
 
-TEST_F(DescriptionTest, AnyOtherConditionGoesInUntrimmed) {
+TEST_F(DescriptionTest, AnyOtherConditionIsNotTrimmed) {
   Find(Long{15}, u" ativo = 1 ");
   EXPECT_EQ(connection->Texts().back(),
             u"Select Top 1 nome, cidade, uf From clientes Where codigo = 15 And  ativo = 1 ");
@@ -167,7 +167,7 @@ TEST_F(DescriptionTest, TheJoinReplacesTheTable) {
             from + u"cast(codigo as varchar) = cast(15 as varchar) Limit 1");
 }
 
-TEST_F(DescriptionTest, TheAliasOfTheKeyStaysOutOfTheCondition) {
+TEST_F(DescriptionTest, TheConditionHasNoAliasOfTheKey) {
   browse.BrwCampo(u"upper(codigo) as n");
   EXPECT_EQ(StatementFor(u"A"),
             u"Select Top 1 nome, cidade, uf From clientes Where upper(codigo)  = 'A'");
@@ -213,7 +213,7 @@ TEST_F(DescriptionTest, WithoutARowTheResultIsEmpty) {
   EXPECT_THAT(app.TakeBoxes(), IsEmpty());
 }
 
-TEST_F(DescriptionTest, EitherEndOfTheRowsIsNoRow) {
+TEST_F(DescriptionTest, TheStartAndTheEndOfTheRowsMeanNoRow) {
   browse.Outros().Add(u"cidade");
   for (const auto& toTheEnd : {PastTheEnd, AheadOfTheStart}) {
     browse.Outros().Item(1)->Valor(u"velho");
@@ -258,7 +258,7 @@ TEST_F(DescriptionTest, AReturnFieldMatchesAnyPartOfTheListAndThenFails) {
   EXPECT_SAME(browse.Outros().Item(1)->Valor(), u"velho");  // a failure leaves all as it stood
 }
 
-TEST_F(DescriptionTest, TheDefinitionMayGoAwayWhileEventsArePumped) {
+TEST_F(DescriptionTest, TheDefinitionMayBeDestroyedWhileEventsAreProcessed) {
   auto own = std::make_unique<Browse>();
   own->BrowseTable(u"clientes");
   own->BrwCampo(u"codigo");
@@ -307,7 +307,7 @@ TEST_F(DescriptionTest, AConnectionWithoutItsTextRunsNothing) {
   ExpectErrorBox(u"AchaDescr", HostError(errors::ObjectNotSet));
 }
 
-TEST_F(DescriptionTest, AVersionOfTwoDigitsInFrontThatDoesNotCutToANumberIsReported) {
+TEST_F(DescriptionTest, AVersionWithTwoLeadingDigitsThatIsNotCutToANumberIsReported) {
   Use(u"PostgreSQL", u"PostgreSQL 10.1 on x");
   EXPECT_SAME(Find(Long{15}), Variant());
   EXPECT_THAT(connection->Statements(), IsEmpty());

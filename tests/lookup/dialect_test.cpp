@@ -30,7 +30,7 @@ const NameCase kNames[] = {
     {u"", SqlFamily::Unknown, false},
 };
 
-TEST_F(DialectTest, TheProvidersNameInAnyCaseTellsTheFamily) {
+TEST_F(DialectTest, TheFamilyFollowsFromTheProvidersNameInAnyCase) {
   for (const auto& row : kNames) {
     SCOPED_TRACE(ToUtf8(row.provider));
     connection->Dbms(row.provider);
@@ -45,7 +45,7 @@ TEST_F(DialectTest, TheConnectionIsAskedEachTime) {
   EXPECT_EQ(TraduzSQL(sql_fragment::Like), u"ilike");
 }
 
-TEST_F(DialectTest, TheTwoWayRuleGivesOneRow) {
+TEST_F(DialectTest, OneRowIsSelectedInTwoWays) {
   EXPECT_EQ(LimitToOneRow(true).Select, u"Select ");
   EXPECT_EQ(LimitToOneRow(true).Limit, u" Limit 1");
   EXPECT_EQ(LimitToOneRow(false).Select, u"Select Top 1 ");
@@ -109,7 +109,7 @@ TEST_F(DialectTest, AnEmptyAliasAppendsNothing) {
   EXPECT_EQ(TraduzSQL(1, u"a", u"b", u"c", u""), u"Case When a Then b Else c End");
 }
 
-TEST_F(DialectTest, ArgumentsAreNoTemplates) {
+TEST_F(DialectTest, ArgumentsAreNotTemplates) {
   EXPECT_EQ(TraduzSQL(1, u"{strEntao}", u"{", u"}", u"{strSenao}"),
             u"IIf({strEntao}, {, }) as {strSenao}");
 }
@@ -119,7 +119,7 @@ TEST_F(DialectTest, AccessTakesTheDateAsTyped) {
   EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, u"ontem"), u"Cdate('ontem')");
 }
 
-TEST_F(DialectTest, ATextThatIsNoDateComesBackBetweenApostrophes) {
+TEST_F(DialectTest, ATextThatIsNotADateIsReturnedBetweenApostrophes) {
   connection->Dbms(u"Microsoft SQL Server");
   EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, u"ontem"), u"'ontem'");
   EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, u""), u"''");
@@ -228,7 +228,7 @@ const BadVersionCase kBadVersions[] = {
     {u"PostgreSQL ......", errors::TypeMismatch},
 };
 
-TEST_F(DialectTest, AVersionThatIsNoNumberIsAnError) {
+TEST_F(DialectTest, AVersionThatIsNotANumberIsAnError) {
   for (const auto& row : kBadVersions) {
     SCOPED_TRACE(ToUtf8(row.text));
     connection->Dbms(u"PostgreSQL", row.text);
@@ -236,7 +236,7 @@ TEST_F(DialectTest, AVersionThatIsNoNumberIsAnError) {
   }
 }
 
-TEST_F(DialectTest, ADateTextThatIsNoneStaysBetweenItsApostrophes) {
+TEST_F(DialectTest, AnInvalidDateTextStaysBetweenItsApostrophes) {
   const String hostile = u"' or 1=1 --";
   connection->Dbms(u"ACCESS");
   EXPECT_EQ(TraduzSQL(2, {}, {}, {}, {}, hostile), u"Cdate(''' or 1=1 --')");

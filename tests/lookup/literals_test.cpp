@@ -106,7 +106,7 @@ TEST(Literals, ALongValueIsCutInTheRefusalAndItsLineEndsAreBlanks) {
   }
 }
 
-TEST(Literals, ACutInTheRefusalSparesACharacterOfTwoUnits) {
+TEST(Literals, TheRefusalDoesNotCutACharacterOfTwoUnits) {
   try {
     SqlNumber(String(59, u'x') + u"\U0001F600" + String(60, u'x'), u"");
     FAIL();
@@ -134,13 +134,13 @@ TEST_F(LiteralsTest, ABackslashIsDoubledWhereTheServerReadsItAsAnEscape) {
   EXPECT_EQ(QuotedText(u"C:\\'"), u"'C:\\\\'''");
 }
 
-TEST_F(LiteralsTest, ABackslashIsRefusedWhereNobodyKnowsHowItIsRead) {
+TEST_F(LiteralsTest, ABackslashIsRefusedWhenItIsUnknownHowTheServerReadsIt) {
   Backslashes(Variant::Null());
   EXPECT_EQ(QuotedText(u"sem"), u"'sem'");
   EXPECT_HOST_ERROR(QuotedText(u"\\"), errors::InvalidArgument);
 }
 
-TEST_F(LiteralsTest, APatternHoldsTheTextAndKeepsItsWildcards) {
+TEST_F(LiteralsTest, APatternContainsTheTextAndKeepsItsWildcards) {
   const struct {
     const char16_t* dialect;
     const char16_t* pattern;
@@ -155,7 +155,7 @@ TEST_F(LiteralsTest, APatternHoldsTheTextAndKeepsItsWildcards) {
   }
 }
 
-TEST_F(LiteralsTest, TheBackslashOfAPatternIsEscapedForThePatternFirstAndForTheTextThen) {
+TEST_F(LiteralsTest, ABackslashIsEscapedFirstForThePatternAndThenForTheText) {
   connection->Dbms(u"PostgreSQL");
   Backslashes(true);
   EXPECT_EQ(PatternContent(u"C:\\"), u"C:\\\\\\\\");
@@ -170,7 +170,7 @@ TEST_F(LiteralsTest, APatternRefusesWhatATextRefuses) {
   EXPECT_HOST_ERROR(PatternContent(u"\\"), errors::InvalidArgument);
 }
 
-TEST_F(LiteralsTest, ATextThatNoDatabaseTakesWholeIsRefused) {
+TEST_F(LiteralsTest, ATextThatIsNotWellFormedIsRefused) {
   for (const String& text :
        {String(u"a\0b", 3), String(u"\0", 1), String(1, char16_t{0xD83D}),
         String(1, char16_t{0xDE00}) + u"x", u"x" + String(2, char16_t{0xD83D})})
@@ -190,7 +190,7 @@ TEST_F(LiteralsTest, AValueOfAnyKindIsOneToken) {
   EXPECT_HOST_ERROR(SqlLiteral(Date{42000}, u""), errors::TypeMismatch);
 }
 
-TEST_F(LiteralsTest, ALiteralThatWasMadeEarlierIsStillOneToken) {
+TEST_F(LiteralsTest, AnEarlierLiteralIsAlsoOneToken) {
   EXPECT_EQ(ReadyLiteral(Long{15}, u""), u"15");
   EXPECT_EQ(ReadyLiteral(u"'A''1'", u""), u"'A''1'");
   EXPECT_EQ(ReadyLiteral(u"' or ''='", u""), u"' or ''='");  // a text that nobody would look for
@@ -202,7 +202,7 @@ TEST_F(LiteralsTest, ALiteralThatWasMadeEarlierIsStillOneToken) {
   EXPECT_HOST_ERROR(ReadyLiteral(u"'\\'", u""), errors::TypeMismatch);
 }
 
-TEST_F(LiteralsTest, ARefusalSaysWhatIsWrong) {
+TEST_F(LiteralsTest, ARefusalStatesTheReason) {
   const auto says = [](const String& text) {
     return testing::Throws<HostError>(testing::Property(&HostError::Description, text));
   };

@@ -28,7 +28,7 @@ std::vector<Long> Numbers(const Pesquisa& list) {
   return numbers;
 }
 
-TEST(PesquisaDefinition, AnEntryHoldsWhatItWasAddedWith) {
+TEST(PesquisaDefinition, AnEntryHasTheSettingsItWasAddedWith) {
   Pesquisa list;
   EXPECT_TRUE(
       list.Add(4, u"Nome", u"upper(nome)", 8, 3, u"AAA", 1500, 30, true, true, 0, 0, u"Pesquisa1"));
@@ -121,7 +121,7 @@ TEST(PesquisaDefinition, EntriesAreReachedByKeyWithoutRegardToCase) {
   EXPECT_FALSE(list.Contains(u"Pesquisa3"));
 }
 
-TEST(PesquisaDefinition, AKeyIsTakenOnce) {
+TEST(PesquisaDefinition, AKeyIsUnique) {
   Pesquisa list;
   EXPECT_TRUE(Add(list, u"a", 0, 0, u"Pesquisa1"));
   EXPECT_FALSE(Add(list, u"b", 0, 0, u"Pesquisa1"));
@@ -131,7 +131,7 @@ TEST(PesquisaDefinition, AKeyIsTakenOnce) {
   EXPECT_TRUE(Add(list, u"b", 0, 0, u"Pesquisa1"));
 }
 
-TEST(PesquisaDefinition, TheEmptyKeyIsNoKey) {
+TEST(PesquisaDefinition, TheEmptyKeyIsNotAKey) {
   Pesquisa list;
   EXPECT_TRUE(Add(list, u"a"));
   EXPECT_TRUE(Add(list, u"b"));
@@ -139,7 +139,7 @@ TEST(PesquisaDefinition, TheEmptyKeyIsNoKey) {
   EXPECT_HOST_ERROR(list.Item(u""), errors::InvalidArgument);
 }
 
-TEST(PesquisaDefinition, AnEntryThatIsNotThereIsAnError) {
+TEST(PesquisaDefinition, AMissingEntryIsAnError) {
   Pesquisa list;
   Add(list, u"a");
   for (const Long index : {-1, 0, 2}) {
@@ -163,7 +163,7 @@ TEST(PesquisaDefinition, EntriesWithoutANumberAreNumberedByTheirPosition) {
   EXPECT_EQ(list.Item(1)->Caption(), u"a");
 }
 
-TEST(PesquisaDefinition, ANumberThatTheCallerGaveStays) {
+TEST(PesquisaDefinition, ANumberFromTheCallerIsKept) {
   Pesquisa list;
   Add(list, u"a");
   Add(list, u"b", 0, 0, u"", 7);
@@ -216,7 +216,7 @@ void ExpectFilled(const Pesquisa& list) {
   EXPECT_EQ(item->OrderBy(), u"preco Desc");
 }
 
-TEST(PesquisaStorage, AListComesBackWhole) {
+TEST(PesquisaStorage, AListIsReadBackCompletely) {
   Pesquisa stored;
   Fill(stored);
   TextPropertyBag bag;
@@ -242,7 +242,7 @@ TEST(PesquisaStorage, AnEmptyListStoresNothing) {
   EXPECT_THAT(Captions(list), IsEmpty());
 }
 
-TEST(PesquisaStorage, BrokenValuesAreToldAfterAllOthersAreLoaded) {
+TEST(PesquisaStorage, BrokenValuesAreReportedAfterAllOthersAreLoaded) {
   Pesquisa stored;
   Fill(stored);
   TextPropertyBag inner;
@@ -262,7 +262,7 @@ TEST(PesquisaStorage, BrokenValuesAreToldAfterAllOthersAreLoaded) {
   EXPECT_THAT(Numbers(loaded), ElementsAre(1, 7, 3));
 }
 
-TEST(PesquisaStorage, AKeyThatComesTwiceIsBrokenAndStaysWithTheFirst) {
+TEST(PesquisaStorage, ARepeatedKeyIsBrokenAndBelongsToTheFirstEntry) {
   TextPropertyBag bag;
   for (const auto* number : {u"1", u"2"}) {
     bag.WriteProperty(u"Pesquisa" + String(number) + u"Chave", u"Pesquisa1", u"");

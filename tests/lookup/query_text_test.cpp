@@ -27,7 +27,7 @@ const AliasCase kAliases[] = {
     {u"nome  as n", u"nome  "},
 };
 
-TEST(TiraAlias, CutsBehindTheBlankInFrontOfTheFirstAs) {
+TEST(TiraAlias, CutsAfterTheBlankBeforeTheFirstAs) {
   for (const auto& row : kAliases) EXPECT_EQ(TiraAlias(row.given), row.expected);
 }
 

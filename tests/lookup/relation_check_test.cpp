@@ -55,7 +55,7 @@ class RelationTest : public LookupTest {
   bool button = false;
 };
 
-TEST_F(RelationTest, WithNothingToLookInTheValuePassesWithoutTheDatabase) {
+TEST_F(RelationTest, WithoutATableOrFieldTheValueIsAcceptedWithoutAQuery) {
   State().dbConexao = nullptr;
   table = u"";
   EXPECT_TRUE(Check());
@@ -97,7 +97,7 @@ TEST_F(RelationTest, ABlankIsRefusedOnlyForAButton) {
   EXPECT_EQ(where, u"ativo = 1");
 }
 
-TEST_F(RelationTest, TheRefusedBlankIsToldEvenWithoutTheOtherMessage) {
+TEST_F(RelationTest, ARefusedBlankIsReportedEvenWithoutTheOtherMessage) {
   value = u"";
   button = true;
   mayBeBlank = false;
@@ -126,7 +126,7 @@ TEST_F(RelationTest, OneBlankIsAValue) {
               ElementsAre(u"Select Top 1 codigo From clientes Where codigo = ' '"));
 }
 
-TEST_F(RelationTest, AMissingRowIsTold) {
+TEST_F(RelationTest, AMissingRowIsReported) {
   Bind(host::type::Integer);
   EXPECT_FALSE(Check());
   label = u"Cliente ";
@@ -148,7 +148,7 @@ TEST_F(RelationTest, WithoutTheMessageAMissingRowFailsSilently) {
   EXPECT_THAT(app.TakeBoxes(), IsEmpty());
 }
 
-TEST_F(RelationTest, TheFoundValueComesBack) {
+TEST_F(RelationTest, TheFoundValueIsReturned) {
   Bind(host::type::Integer);
   connection->WillAnswer(OneRow(Long{15}));
   EXPECT_TRUE(Check());
@@ -163,7 +163,7 @@ TEST_F(RelationTest, ANullThatWasFoundIsNotEmpty) {
   EXPECT_SAME(found, Variant::Null());
 }
 
-TEST_F(RelationTest, TheCallerNeedNotWantTheValue) {
+TEST_F(RelationTest, TheCallerMayIgnoreTheValue) {
   Bind(host::type::Integer);
   result = nullptr;
   EXPECT_FALSE(Check());
@@ -239,7 +239,7 @@ TEST_F(RelationTest, WritesTheStatementOfEachDialect) {
   }
 }
 
-TEST_F(RelationTest, WhatIsNoNumberIsRefusedBeforeItIsSent) {
+TEST_F(RelationTest, AValueThatIsNotANumberIsRefusedBeforeItIsSent) {
   Bind(host::type::Integer);
   label = u"Cliente ";
   for (const char16_t* typed : {u"1,a", u"0 or true", u"1 or pg_sleep(1) is null", u"1.234,50"}) {
@@ -253,7 +253,7 @@ TEST_F(RelationTest, WhatIsNoNumberIsRefusedBeforeItIsSent) {
   EXPECT_THAT(connection->Statements(), IsEmpty());
 }
 
-TEST_F(RelationTest, ThePostgresVersionPlaysNoPart) {
+TEST_F(RelationTest, ThePostgresVersionDoesNotMatter) {
   connection->Dbms(u"PostgreSQL", u"PostgreSQL 10.1 on x");
   connection->WillAnswer(OneRow(Long{15}));
   Bind(host::type::Integer);
@@ -276,7 +276,7 @@ TEST_F(RelationTest, TheBoundFieldsTypeDecidesTheQuotes) {
   }
 }
 
-TEST_F(RelationTest, AQuotedValueKeepsItsBlanksAndABareOneStaysAsItIs) {
+TEST_F(RelationTest, AQuotedValueKeepsItsBlanksAndABareOneIsUnchanged) {
   value = u" 15 ";
   Bind(host::type::VarChar);
   Check();
@@ -300,7 +300,7 @@ TEST_F(RelationTest, ADescriptionIsAlwaysTextWhateverItsField) {
                           u"cast(lower('d''água') as varchar) Limit 1"));
 }
 
-TEST_F(RelationTest, WithoutAFieldAProbeTellsTheType) {
+TEST_F(RelationTest, WithoutAFieldAProbeFindsTheType) {
   for (const auto* dialect : kNotPostgres) {
     State().dbConexao = connection = std::make_shared<RecordingConnection>();
     connection->Dbms(dialect);
@@ -363,7 +363,7 @@ TEST_F(RelationTest, AProbedTextIsQuotedNotTrimmed) {
   }
 }
 
-TEST_F(RelationTest, TheAliasStaysOutOfTheCondition) {
+TEST_F(RelationTest, TheConditionHasNoAlias) {
   field = u"upper(nome) as n";
   connection->WillAnswer({{{u"n", host::type::VarChar}}, {}});
   Check();
@@ -420,7 +420,7 @@ TEST_F(RelationTest, AClosedConnectionIsReported) {
   ExpectErrorBox(u"ChecaRelacao", HostError(errors::InvalidConnection));
 }
 
-TEST_F(RelationTest, AFieldThatIsNotThereIsReported) {
+TEST_F(RelationTest, AMissingFieldIsReported) {
   hasField = true;
   EXPECT_FALSE(Check());
   ExpectErrorBox(u"ChecaRelacao", HostError(errors::ObjectNotSet));

@@ -98,7 +98,7 @@ TEST(StatementLayout, AnEmptyListWritesNoKeyword) {
   EXPECT_EQ(MontaSqlPronta(u"x", &none, &none), u"x");
 }
 
-TEST(StatementLayout, EitherListMayStandAlone) {
+TEST(StatementLayout, EitherListMayBeMissing) {
   EXPECT_EQ(MontaSqlPronta(u"x", &kSearch),
             u"x\r\nWHERE\r\n      Cliente.Codigo=@txtCodigo@ and \r\n      "
             u"Cliente.Nome>='@txtNome@'");
@@ -110,7 +110,7 @@ TEST(StatementLayout, RowsWithoutThreeSubItemsAreSkipped) {
   EXPECT_EQ(MontaSqlPronta(u"", &rows), u"\r\nWHERE\r\n      b='@c@'");
 }
 
-TEST(StatementLayout, TheKeywordStandsAloneWhenNoRowCounts) {
+TEST(StatementLayout, TheKeywordIsWrittenAloneWhenNoRowCounts) {
   const ListRows rows = {{u"a", {}}};
   EXPECT_EQ(MontaSqlPronta(u"x", &rows), u"x\r\nWHERE");
 }
@@ -121,7 +121,7 @@ TEST(StatementLayout, OrderRowsAreTrimmedAndDividedByCommas) {
             u"\r\nORDER BY\r\n      a,\r\n      b,\r\n      c");
 }
 
-TEST(StatementLayout, TheDateIsWrittenInOneWayForEveryDialect) {
+TEST(StatementLayout, TheDateIsWrittenTheSameInEveryDialect) {
   const ListRows rows = {{u"d", {u"=", u"txtD", u"Data"}}};
   EXPECT_EQ(MontaSqlPronta(u"", &rows), u"\r\nWHERE\r\n      d=cDate('@txtD@')");
 }

@@ -56,7 +56,7 @@ const WhereCase kOrdinary[] = {
     {u"a = '@txtPai@' And b = @txtPai@", Long{7}, u"a = '7' And b = 7"},
 };
 
-TEST_F(WhereTextTest, OrdinaryValuesStandAsTheyAre) {
+TEST_F(WhereTextTest, OrdinaryValuesAreWrittenUnchanged) {
   for (const auto& row : kOrdinary) EXPECT_EQ(Expanded(row.text, row.value), row.expanded);
 }
 
@@ -113,7 +113,7 @@ constexpr const char16_t* kHostile[] = {u"0 or true",  u"1 or pg_sleep(1) is nul
 constexpr const char16_t* kFamilies[] = {u"PostgreSQL", u"ACCESS", u"MS JET",
                                          u"Microsoft SQL Server", u"SQLite"};
 
-TEST_F(WhereTextTest, OutsideOfQuotesOnlyANumberIsTaken) {
+TEST_F(WhereTextTest, OutsideQuotesOnlyANumberIsAccepted) {
   for (const auto* family : kFamilies) {
     connection->Dbms(family);
     for (const auto* hostile : kHostile) {
@@ -136,7 +136,7 @@ TEST_F(WhereTextTest, BetweenQuotesAHostileValueIsOneToken) {
   }
 }
 
-TEST_F(WhereTextTest, ABlankKeepsASignFromAnotherSign) {
+TEST_F(WhereTextTest, ABlankSeparatesTwoSigns) {
   EXPECT_EQ(Expanded(u"k = -@txtPai@", Long{-5}), u"k = - -5");
   EXPECT_EQ(Expanded(u"k = -@txtPai@", Long{5}), u"k = -5");
   EXPECT_EQ(Expanded(u"k = +@txtPai@", u"+5"), u"k = + +5");
@@ -150,7 +150,7 @@ TEST_F(WhereTextTest, ABlankKeepsASignFromAnotherSign) {
   EXPECT_EQ(Expanded(u"k!=@txtPai@", Long{5}), u"k!=5");
 }
 
-TEST_F(WhereTextTest, NothingJoinsNothing) {
+TEST_F(WhereTextTest, AnEmptyValueDoesNotJoinItsNeighbours) {
   EXPECT_EQ(Expanded(u"k = 1 -@txtPai@- 2", u""), u"k = 1 - - 2");
   EXPECT_EQ(Expanded(u"n = 'a'@txtPai@'b'", u""), u"n = 'a' 'b'");
   EXPECT_EQ(Expanded(u"k in (@txtPai@)", u""), u"k in ()");
@@ -170,7 +170,7 @@ TEST_F(WhereTextTest, AListIsRefusedWhereverItCouldBeOne) {
   }
 }
 
-TEST_F(WhereTextTest, AListIsKnownThroughBlanksAndComments) {
+TEST_F(WhereTextTest, AListIsRecognisedThroughBlanksAndComments) {
   for (const auto* text :
        {u"k in (\r\n@txtPai@\r\n)", u"k in\t(\t@txtPai@\t)", u"k in ( /* um */ @txtPai@ -- só\n)",
         u"k in/* a (b */(@txtPai@)", u"k IN (@txtPai@)", u"k not In (@txtPai@)",
@@ -180,7 +180,7 @@ TEST_F(WhereTextTest, AListIsKnownThroughBlanksAndComments) {
   }
 }
 
-TEST_F(WhereTextTest, OtherParenthesesHoldANumberWithItsComma) {
+TEST_F(WhereTextTest, OtherParenthesesAcceptANumberWithAComma) {
   const struct {
     const char16_t* text;
     const char16_t* expanded;
@@ -197,7 +197,7 @@ TEST_F(WhereTextTest, OtherParenthesesHoldANumberWithItsComma) {
   for (const auto& c : cases) EXPECT_EQ(Expanded(c.text, u"12,5"), c.expanded);
 }
 
-TEST_F(WhereTextTest, NoParameterIsTakenWhereAValueWouldNotStay) {
+TEST_F(WhereTextTest, AParameterIsRefusedWhereAValueWouldNotBeContained) {
   for (const auto* text :
        {u"k = 1 -- @txtPai@", u"k = 1 /* @txtPai@ */", u"n = $$@txtPai@$$", u"n = $a$ @txtPai@ $a$",
         u"n = U&'@txtPai@'", u"n = B'@txtPai@'", u"n = X'@txtPai@'", u"U&\"@txtPai@\" = 1",
@@ -205,7 +205,7 @@ TEST_F(WhereTextTest, NoParameterIsTakenWhereAValueWouldNotStay) {
     EXPECT_HOST_ERROR(Expanded(text, u"1"), errors::TypeMismatch) << ToUtf8(text);
 }
 
-TEST_F(WhereTextTest, DatesAndBracketsOfTheOtherFamiliesHoldNoEndOfTheirs) {
+TEST_F(WhereTextTest, DatesAndBracketsOfTheOtherFamiliesRefuseTheirClosingCharacter) {
   connection->Dbms(u"ACCESS");
   EXPECT_EQ(Expanded(u"d = #@txtPai@#", u"12/25/2017"), u"d = #12/25/2017#");
   EXPECT_EQ(Expanded(u"d = #@txtPai@#", u"'"), u"d = #'#");
@@ -217,7 +217,7 @@ TEST_F(WhereTextTest, DatesAndBracketsOfTheOtherFamiliesHoldNoEndOfTheirs) {
   }
 }
 
-TEST_F(WhereTextTest, ATextThatNoDatabaseTakesWholeIsRefused) {
+TEST_F(WhereTextTest, ATextThatIsNotWellFormedIsRefused) {
   EXPECT_HOST_ERROR(Expanded(u"n = '@txtPai@'", String(u"a\0b", 3)), errors::InvalidArgument);
   EXPECT_HOST_ERROR(Expanded(u"n = '@txtPai@'", String(1, char16_t{0xD800})),
                     errors::InvalidArgument);
@@ -231,7 +231,7 @@ TEST_F(WhereTextTest, UnknownControlsAndMissingFormsAreErrors) {
   EXPECT_EQ(mdlObjTxt::ExpandCondition(nullptr, u"ativo = 1"), u"ativo = 1");
 }
 
-TEST_F(WhereTextTest, WithoutAConnectionValuesAreCheckedAllTheSame) {
+TEST_F(WhereTextTest, WithoutAConnectionValuesAreCheckedToo) {
   State().dbConexao = nullptr;
   EXPECT_EQ(Expanded(u"k = @txtPai@", Long{7}), u"k = 7");
   EXPECT_HOST_ERROR(Expanded(u"k = @txtPai@", u"0 or true"), errors::TypeMismatch);
@@ -243,7 +243,7 @@ struct Refusal {
   const char16_t* message;
 };
 
-TEST_F(WhereTextTest, ARefusalTellsTheValueAndTheReason) {
+TEST_F(WhereTextTest, ARefusalNamesTheValueAndTheReason) {
   const String badText =
       u"O texto contém um caractere nulo ou incompleto, que o banco de dados não aceita. Digite o "
       u"texto de novo.";

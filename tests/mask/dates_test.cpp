@@ -76,7 +76,7 @@ const DateCase kDates[] = {
     {u"00/00", u"25/12", false, u"25/12"},
 };
 
-TEST(ChecaData, TellsDatesAndExpandsTheirYears) {
+TEST(ChecaData, RecognisesDatesAndExpandsTheirYears) {
   for (const DateCase& row : kDates) {
     memory::TextBox box;
     box.Text(row.text);
@@ -87,7 +87,7 @@ TEST(ChecaData, TellsDatesAndExpandsTheirYears) {
   }
 }
 
-TEST(ChecaData, FormsInCapitalsAreNone) {
+TEST(ChecaData, MasksInCapitalsAreNotDateMasks) {
   memory::TextBox box;
   box.Text(u"25/12/2017");
   EXPECT_FALSE(mdlObjTxt::ChecaData(box, u"DD/MM/YYYY", u"_/"));

@@ -10,7 +10,7 @@
 namespace tessaria {
 namespace {
 
-TEST(DeleteInNumber, IsTheBoxsOwn) {
+TEST(DeleteInNumber, IsLeftToTheBox) {
   Session(R"(
     mask $$$$$.$$
     max 9
@@ -34,7 +34,7 @@ TEST(DeleteInNumber, KeepsTheCommaOfASelectionThatSpansIt) {
   )");
 }
 
-TEST(DeleteInNumber, SelectionToTheEndTakesTheCommaToo) {
+TEST(DeleteInNumber, SelectionToTheEndAlsoDeletesTheComma) {
   Session(R"(
     mask $$$$$.$$
     max 9
@@ -65,7 +65,7 @@ TEST(DeleteInNumber, SelectionFromTheCommaToTheEndIsTestedAsTheCommaAlone) {
   )");
 }
 
-TEST(KeyDown, OtherKeysAreLeftAlone) {
+TEST(KeyDown, OtherKeysAreIgnored) {
   memory::Application app;
   TestField field(u"00/00");
   field.Show(u"1234");

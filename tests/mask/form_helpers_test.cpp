@@ -79,7 +79,7 @@ class PlainForm final : public Plain<host::Form> {
 
 // --- PosicaoNoForm --------------------------------------------------------------------------
 
-TEST(PosicaoNoForm, AddsUpToTheScreen) {
+TEST(PosicaoNoForm, AddsThePositionsUpToTheScreen) {
   const auto form = std::make_shared<PlainForm>();
   const auto frame = std::make_shared<PlainWidget>(u"Frame", form, 100, 200);
   const auto field = std::make_shared<PlainWidget>(u"tsText", frame, 10, 20);
@@ -134,7 +134,7 @@ TEST_F(MostraAbaTest, FindsTheStripAboveFrames) {
   EXPECT_EQ(strip->tab, 2);
 }
 
-TEST_F(MostraAbaTest, LeavesATabThatIsInFrontOrHidden) {
+TEST_F(MostraAbaTest, DoesNothingForATabThatIsInFrontOrHidden) {
   Run(strip, u"0");
   EXPECT_FALSE(box.HasFocus());
   Run(strip, u"3");
@@ -157,7 +157,7 @@ TEST_F(MostraAbaTest, NumberMustBeOne) {
   EXPECT_HOST_ERROR(Run(strip, u"9"), errors::InvalidPropertyValue);
 }
 
-TEST_F(MostraAbaTest, AfterFiftyLevelsGoesOnWithWhatItReached) {
+TEST_F(MostraAbaTest, AfterFiftyLevelsUsesTheContainerReached) {
   EXPECT_HOST_ERROR(Run(Frames(strip, 51), u"1"), errors::NoSuchMember);
   EXPECT_HOST_ERROR(Run(Frames(form, 60), u"1"), errors::NoSuchMember);
 }
@@ -223,7 +223,7 @@ TEST_F(ExpandeParametrosTest, ANumberHasAPointWhateverTheLocale) {
   }
 }
 
-TEST_F(ExpandeParametrosTest, UnpairedMarkTakesTheRestAsAName) {
+TEST_F(ExpandeParametrosTest, AnUnpairedMarkMakesTheRestAName) {
   EXPECT_HOST_ERROR(ExpandeParametros(form, u"mail = 'a@b.com'"), errors::ControlNotFound);
   EXPECT_EQ(ExpandeParametros(form, u"cidade = @txtCidade"), u"cidade = 15");
 }

@@ -50,7 +50,7 @@ TEST(KeyClass, EachSlotFoldsItsLetters) {
   }
 }
 
-TEST(KeyClass, PlaceBehindTheMaskTakesNothing) {
+TEST(KeyClass, PositionsAfterTheMaskAcceptNothing) {
   EXPECT_FALSE(SlotTakes(u"", u'1'));
   EXPECT_FALSE(SlotTakes(u"", u'a'));
 }

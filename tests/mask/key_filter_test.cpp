@@ -13,7 +13,7 @@ namespace {
 
 // --- Typing -------------------------------------------------------------------------------------
 
-TEST(Typing, WritesOverTheSlotsAndWalksOverLiterals) {
+TEST(Typing, OverwritesTheSlotsAndSkipsLiterals) {
   Session(R"(
     mask 00/00/0000
     show |__/__/____
@@ -27,7 +27,7 @@ TEST(Typing, WritesOverTheSlotsAndWalksOverLiterals) {
   )");
 }
 
-TEST(Typing, NeverShiftsWhatStandsToTheRight) {
+TEST(Typing, NeverShiftsTheTextToTheRight) {
   Session(R"(
     mask 00/00/0000
     show |25/12/2017
@@ -35,7 +35,7 @@ TEST(Typing, NeverShiftsWhatStandsToTheRight) {
   )");
 }
 
-TEST(Typing, OnALiteralGoesIntoTheSlotBehindIt) {
+TEST(Typing, OnALiteralGoesIntoTheNextSlot) {
   Session(R"(
     mask 00/00/0000
     show 12|/__/____
@@ -74,7 +74,7 @@ TEST(Typing, FoldsByTheMaskCharacter) {
   )");
 }
 
-TEST(Typing, TakesBlanksAndDigitsInLetterSlotsButNoAccents) {
+TEST(Typing, AcceptsBlanksAndDigitsInLetterSlotsButNoAccents) {
   Session(R"(
     mask XXXX
     show |
@@ -107,7 +107,7 @@ TEST(Typing, GrowsATextWithoutFillCharacters) {
   )");
 }
 
-TEST(Typing, AtTheEndOfAShorterTextDropsItsLiterals) {
+TEST(Typing, AtTheEndOfAShorterTextRemovesItsLiterals) {
   Session(R"(
     mask XX-XX
     show ab-|
@@ -115,7 +115,7 @@ TEST(Typing, AtTheEndOfAShorterTextDropsItsLiterals) {
   )");
 }
 
-TEST(Typing, EndsWhereTheCaretStandsStillBeforeALiteral) {
+TEST(Typing, EndsWhereTheCaretNoLongerMovesBeforeALiteral) {
   Session(R"(
     mask X-X-
     show |
@@ -148,7 +148,7 @@ TEST(Typing, UnmaskedFieldIsAnOrdinaryBox) {
   )");
 }
 
-TEST(Typing, LetsAKeyGoEarlyInAMaskOfManyLiterals) {
+TEST(Typing, LetsAKeyPassEarlyInAMaskWithManyLiterals) {
   // At the last literal, place 16 of 18, there are but 14 slots.
   Session(R"(
     mask 00.000.000/0000-00
@@ -175,7 +175,7 @@ TEST(MaxLength, ATextThatWouldOutgrowItIsRefusedAndNeverCut) {
   )");
 }
 
-TEST(MaxLength, SlotsOfAMaskThatIsLongerAreFilledAllTheSame) {
+TEST(MaxLength, SlotsOfALongerMaskCanBeFilled) {
   Session(R"(
     mask 00/00/0000
     max 5
@@ -221,7 +221,7 @@ TEST(MaxLength, OfZeroIsNoLimit) {
   )");
 }
 
-TEST(MaxLength, NearTheEndOfItsRangeIsALimitLikeAnyOther) {
+TEST(MaxLength, NearTheEndOfItsRangeIsAnOrdinaryLimit) {
   Session(R"(
     mask XXXXX
     max 2147483647
@@ -244,7 +244,7 @@ TEST(KeyX, RefusedByItsSlotReachesTheBox) {
   )");
 }
 
-TEST(KeyX, OpensTheCalculatorOfACalculatorFieldAndReachesTheBoxBehindIt) {
+TEST(KeyX, OpensTheCalculatorOfACalculatorFieldAndThenReachesTheBox) {
   Session(R"(
     mask $$$
     type 5
@@ -308,7 +308,7 @@ TEST(KeyF9, OpensTheCalculatorOfACalculatorField) {
 
 // --- Behind the last slot -----------------------------------------------------------------------
 
-TEST(BehindTheLastSlot, EveryKeyButBackspaceBeeps) {
+TEST(AfterTheLastSlot, EveryKeyButBackspaceBeeps) {
   Session(R"(
     mask 00
     type 5
@@ -366,7 +366,7 @@ TEST(Delete, AtTheEndOfAShortTextTypesACommaIntoANumberSlot) {
   )");
 }
 
-TEST(Delete, IsWhatATypedPointDoesToo) {
+TEST(Delete, ActsLikeATypedPoint) {
   Session(R"(
     mask 00/00
     show |25/12
@@ -374,7 +374,7 @@ TEST(Delete, IsWhatATypedPointDoesToo) {
   )");
 }
 
-TEST(Delete, WithoutAFillCharacterTakesTheSlotAway) {
+TEST(Delete, WithoutAFillCharacterRemovesTheSlot) {
   Session(R"(
     mask 00/00
     prompt
@@ -395,7 +395,7 @@ TEST(Backspace, EmptiesTheSlotToTheLeft) {
   )");
 }
 
-TEST(Backspace, BehindALiteralWalksLeftOverIt) {
+TEST(Backspace, AfterALiteralMovesLeftOverIt) {
   Session(R"(
     mask 00/00/0000
     show 25/|12/2017
@@ -406,7 +406,7 @@ TEST(Backspace, BehindALiteralWalksLeftOverIt) {
   )");
 }
 
-TEST(Backspace, BehindTheLastSlotEmptiesIt) {
+TEST(Backspace, AfterTheLastSlotEmptiesIt) {
   Session(R"(
     mask 00/00/0000
     show 25/12/2017|
@@ -427,7 +427,7 @@ TEST(Backspace, EmptiesASelectionAndKeepsItsLiterals) {
   )");
 }
 
-TEST(Backspace, OfOneSelectedCharacterIsABackspaceBehindIt) {
+TEST(Backspace, OfOneSelectedCharacterActsAsAfterIt) {
   Session(R"(
     mask 00/00/0000
     show 2[5]/12/2017
@@ -451,7 +451,7 @@ TEST(Backspace, SelectionThatStartsOnALiteralReachesOneSlotFurther) {
   )");
 }
 
-TEST(Backspace, WithoutAFillCharacterTakesTheCharacterAtTheCaretAway) {
+TEST(Backspace, WithoutAFillCharacterRemovesTheCharacterAtTheCaret) {
   // The erased text is empty, and only its length tells a slot from a selection.
   Session(R"(
     mask 0000
@@ -463,7 +463,7 @@ TEST(Backspace, WithoutAFillCharacterTakesTheCharacterAtTheCaretAway) {
   )");
 }
 
-TEST(Backspace, AtTheEndDoesNotWalkAndPutsTheLiteralDown) {
+TEST(Backspace, AtTheEndDoesNotMoveAndWritesTheLiteral) {
   // The place before the end is a literal; what goes down is what the mask has behind it.
   Session(R"(
     mask 00-0
@@ -488,7 +488,7 @@ TEST(Backspace, SelectionInAMaskThatStartsWithALiteralIsAnOverflow) {
   )");
 }
 
-TEST(Backspace, OnAnEarlyLiteralIsTheBoxsOwn) {
+TEST(Backspace, OnAnEarlyLiteralIsLeftToTheBox) {
   Session(R"(
     mask (00)
     show (12|)
@@ -509,7 +509,7 @@ TEST(Backspace, SelectionThatLeavesOneErasedCharacterAtTheStartIsAnError) {
 // --- The handler itself ---------------------------------------------------------------------
 
 // Positions of the filter have 16 bits; a long text has more of them, and no key fails for it.
-TEST(KeyFilter, ACaretBeyondSixteenBitsIsBehindTheMask) {
+TEST(KeyFilter, ACaretBeyondSixteenBitsIsAfterTheMask) {
   for (const char16_t* mask : {u"", u"XXXX", u"##/##"}) {
     memory::Application app;
     TestField field(mask);
@@ -537,7 +537,7 @@ TEST(KeyFilter, ASelectionBeyondSixteenBitsIsEmptied) {
   }
 }
 
-TEST(KeyFilter, TakesCodesOfTheWesternPage) {
+TEST(KeyFilter, AcceptsCodesOfTheWesternPage) {
   memory::Application app;
   TestField field(u"XX");
   // A letter with an accent, one beyond Latin-1, and "?" for a character that the page lacks.

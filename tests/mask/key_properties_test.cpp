@@ -47,7 +47,7 @@ std::string Describe(const TestField& field, const Stroke& stroke) {
          std::to_string(stroke.Code) + "/" + std::to_string(stroke.Character);
 }
 
-TEST(AnyKeys, NeitherThrowNorHangNorMakeATextLongerThanMaxLengthLonger) {
+TEST(AnyKeys, NeverThrowOrHangOrExtendATextBeyondMaxLength) {
   Dice dice(1);
   for (int round = 0; round < 3000; ++round) {
     memory::Application app;

@@ -21,7 +21,7 @@ struct MaskText {
   String mask, text;
 };
 
-TEST(MontaItensMascara, HoldsTheFillCharacterThenEachLiteralOnce) {
+TEST(MontaItensMascara, ContainsTheFillCharacterThenEachLiteralOnce) {
   const MaskText kCases[] = {
       {u"(00) 0000-0000", u"_() -"},
       {u"", u"_"},
@@ -54,7 +54,7 @@ TEST(EhItemMascara, PositionZeroIsAnError) {
   EXPECT_HOST_ERROR(EhItemMascara(u"00/00", -1, u"/"), errors::InvalidArgument);
 }
 
-TEST(LimpaMascara, TakesEveryItemOut) {
+TEST(LimpaMascara, RemovesEveryItem) {
   EXPECT_EQ(LimpaMascara(u"25/12/20__", u"00/00/0000", u"_/"), u"251220");
   EXPECT_EQ(LimpaMascara(u"/__/", u"00", u"_/"), u"");
   EXPECT_EQ(LimpaMascara(u"12", u"00", u""), u"12");
@@ -64,22 +64,22 @@ TEST(LimpaMascara, WithAnEmptyMaskLeavesTheText) {
   EXPECT_EQ(LimpaMascara(u"25/12", u"", u"_/"), u"25/12");
 }
 
-TEST(LimpaMascara, TakesADigitThatIsALiteralOutOfWhatWasTyped) {
+TEST(LimpaMascara, RemovesADigitThatIsALiteralFromTheTypedText) {
   const String mask = u"+55 (00) 0000", items = MontaItensMascara(mask, u"_");
   EXPECT_EQ(LimpaMascara(u"+55 (11) 2345", mask, items), u"11234");
   EXPECT_EQ(LimpaMascara(u"+55 (55) 5555", mask, items), u"");
 }
 
-TEST(LimpaMascara, ACommaInANumericMaskTakesTheDecimalCommaOut) {
+TEST(LimpaMascara, ACommaInANumericMaskRemovesTheDecimalComma) {
   const String mask = u"$$$,$$", items = MontaItensMascara(mask, u"_");
   EXPECT_EQ(LimpaMascara(u"12,50", mask, items), u"1250");
 }
 
-TEST(LimpaMascara, TakesAFillCharacterThatIsADigitOutOfEveryText) {
+TEST(LimpaMascara, RemovesAFillCharacterThatIsADigitFromEveryText) {
   EXPECT_EQ(LimpaMascara(u"10/20", u"00/00", MontaItensMascara(u"00/00", u"0")), u"12");
 }
 
-TEST(AplicaMascara, EmptyMaskGivesTheText) {
+TEST(AplicaMascara, EmptyMaskReturnsTheText) {
   EXPECT_EQ(LaidOut(u"25/12", u""), u"25/12");
   EXPECT_EQ(LaidOut(Variant::Null(), u""), u"");
   EXPECT_EQ(LaidOut(12.5, u""), u"12,5");
@@ -140,22 +140,22 @@ TEST(AplicaMascara, NumericMaskFormatsTheNumber) {
   for (const LayoutCase& row : kCases) EXPECT_EQ(LaidOut(row.value, row.mask), row.text);
 }
 
-TEST(AplicaMascara, LongerSuffixComesOutOnceMoreFromEachOfItsCharacters) {
+TEST(AplicaMascara, ALongerSuffixIsRepeatedFromEachOfItsCharacters) {
   EXPECT_EQ(LaidOut(u"12", u"$$$ kg"), u"12 kgkgg");
 }
 
-TEST(AplicaMascara, LiteralsBetweenTheDollarsCountAsSuffixToo) {
+TEST(AplicaMascara, LiteralsBetweenTheDollarsAlsoCountAsSuffix) {
   EXPECT_EQ(LaidOut(u"12", u"$$-$$%"), u"12-$$%%");
   EXPECT_EQ(LaidOut(u"12", u"$$-$$"), u"12");  // a mask that ends in "$" has no suffix
 }
 
-TEST(AplicaMascara, ANumberThatHasItsSuffixAlreadyGetsAnother) {
+TEST(AplicaMascara, ANumberWithItsSuffixGetsAnotherOne) {
   // With the suffix the text is no number, so that it is not formatted again either.
   EXPECT_EQ(LaidOut(u"1.234,50%", u"$$$.$$%"), u"1.234,50%%");
   EXPECT_EQ(LaidOut(u"1234,5%", u"$$$.$$%"), u"1234,5%%");
 }
 
-TEST(AplicaMascara, ATextThatIsNoNumberComesBackWithItsSuffix) {
+TEST(AplicaMascara, ATextThatIsNotANumberIsReturnedWithItsSuffix) {
   EXPECT_EQ(LaidOut(u"12a", u"$$$.$$"), u"12a");
   EXPECT_EQ(LaidOut(u"-", u"$$$.$$"), u"-");
   EXPECT_EQ(LaidOut(u"1,2,3", u"$$$.$$"), u"1,2,3");
@@ -169,7 +169,7 @@ TEST(AplicaMascara, ASuffixOfMillionsOfCharactersIsAnError) {
   EXPECT_HOST_ERROR(LaidOut(u"1", u"$" + String(1'000'000, u'k')), errors::OutOfMemory);
 }
 
-TEST(AplicaMascara, TakesVeryLongTextsAndMasksAtOnce) {
+TEST(AplicaMascara, HandlesVeryLongTextsAndMasksQuickly) {
   const std::size_t length = 300'000;
   const String digits(length, u'7'), slots(length, u'0'), filled = u"_" + digits;
   EXPECT_TRUE(LaidOut(digits, slots) == digits);
@@ -180,7 +180,7 @@ TEST(AplicaMascara, TakesVeryLongTextsAndMasksAtOnce) {
   EXPECT_EQ(LaidOut(digits, u"00"), u"77");
 }
 
-TEST(AplicaMascara, PointIsNoSuffix) { EXPECT_EQ(LaidOut(u"12", u"$$$."), u"12,0"); }
+TEST(AplicaMascara, APointIsNotASuffix) { EXPECT_EQ(LaidOut(u"12", u"$$$."), u"12,0"); }
 
 TEST(AplicaMascara, TwoSidedMaskAlignsItsLeftPartRight) {
   const LayoutCase kCases[] = {
@@ -229,7 +229,7 @@ TEST(AplicaMascara, ObjectHasNoText) {
   EXPECT_HOST_ERROR(LaidOut(Variant(ObjectPtr()), u"00"), errors::TypeMismatch);
 }
 
-TEST(ContaDecimais, CountsTheMarkersBehindTheSeparator) {
+TEST(ContaDecimais, CountsTheMarkersAfterTheSeparator) {
   struct Case {
     String mask;
     Integer count;
@@ -287,7 +287,7 @@ TEST(CapacidadeInteira, OverflowsSixteenBits) {
   EXPECT_EQ(CapacidadeInteira(u"$$$.$$", -32765), -32768);
 }
 
-TEST(TiraVirgulaExcede, CountsTheDigitsThatWouldStandWithoutTheComma) {
+TEST(TiraVirgulaExcede, CountsTheDigitsThatWouldRemainWithoutTheComma) {
   EXPECT_FALSE(TiraVirgulaExcede(u"1234,56", u"$$$$$$$.$$", 10));
   EXPECT_TRUE(TiraVirgulaExcede(u"12345,67", u"$$$$$$$.$$", 10));
   EXPECT_TRUE(TiraVirgulaExcede(u"1,2", u"$$$.$$", 0));
@@ -299,7 +299,7 @@ TEST(EhMascaraNumerica, LooksAtTheFirstCharacter) {
   EXPECT_FALSE(EhMascaraNumerica(u""));
 }
 
-TEST(FormaDaData, TellsTheFormInItsExactCase) {
+TEST(FormaDaData, RecognisesTheFormInItsExactCase) {
   struct Case {
     String mask;
     FormaDeData form;
@@ -313,7 +313,7 @@ TEST(FormaDaData, TellsTheFormInItsExactCase) {
   for (const Case& row : kCases) EXPECT_EQ(FormaDaData(row.mask), row.form) << ToUtf8(row.mask);
 }
 
-TEST(EhMascaraDeData, KnowsFiveForms) {
+TEST(EhMascaraDeData, RecognisesFiveForms) {
   for (const StringView mask :
        {u"00/00/0000", u"dd/mm/yyyy", u"dd/mm/yy", u"mm/yyyy", u"mm/yy", u"DD/MM/YYYY", u"Mm/yY"}) {
     EXPECT_TRUE(EhMascaraDeData(String(mask)));

@@ -60,7 +60,7 @@ TEST(NumberDigits, SelectionThatSpansTheCommaCountsAsIfTheCommaStayed) {
   )");
 }
 
-TEST(NumberDigits, InPlaceOfASelectionFromTheCommaToTheEndKeepNoComma) {
+TEST(NumberDigits, ReplacingASelectionFromTheCommaToTheEndKeepNoComma) {
   // The comma counts for the limit, but the box replaces it with the rest.
   Session(R"(
     mask $$$$$$$.$$
@@ -72,7 +72,7 @@ TEST(NumberDigits, InPlaceOfASelectionFromTheCommaToTheEndKeepNoComma) {
   )");
 }
 
-TEST(NumberBackspace, OfASelectionRightBehindTheCommaIsRefusedLikeTheComma) {
+TEST(NumberBackspace, OfASelectionRightAfterTheCommaIsRefusedLikeTheComma) {
   Session(R"(
     mask $$$$$$$.$$
     max 10
@@ -99,7 +99,7 @@ TEST(NumberDigits, LettersKAndMGoToTheBoxLikeDigits) {
   )");
 }
 
-TEST(NumberComma, IsPutInOnce) {
+TEST(NumberComma, IsInsertedOnce) {
   Session(R"(
     mask $$$$$.$$
     show 12|50
@@ -109,7 +109,7 @@ TEST(NumberComma, IsPutInOnce) {
   )");
 }
 
-TEST(NumberComma, JumpsBehindACommaFromTheLeftAndBeepsFromTheRight) {
+TEST(NumberComma, MovesAfterACommaToTheRightAndBeepsForOneToTheLeft) {
   Session(R"(
     mask $$$$$.$$
     show |12,50
@@ -122,7 +122,7 @@ TEST(NumberComma, JumpsBehindACommaFromTheLeftAndBeepsFromTheRight) {
   )");
 }
 
-TEST(NumberComma, LeavesASelectionStanding) {
+TEST(NumberComma, KeepsTheSelectedText) {
   Session(R"(
     mask $$$$$.$$
     show 1[25]0
@@ -145,7 +145,7 @@ TEST(NumberComma, ThatHasNoRoomIsRefused) {
   )");
 }
 
-TEST(NumberBackspace, IsTheBoxsOwn) {
+TEST(NumberBackspace, IsLeftToTheBox) {
   Session(R"(
     mask $$$$$.$$
     max 9
@@ -179,7 +179,7 @@ TEST(NumberBackspace, AtTheStartCountsAsADigit) {
   )");
 }
 
-TEST(NumberMinus, NeedsAFieldThatTakesNegativeValues) {
+TEST(NumberMinus, NeedsAFieldThatAcceptsNegativeValues) {
   Session(R"(
     mask $$$$$.$$
     max 10
@@ -189,7 +189,7 @@ TEST(NumberMinus, NeedsAFieldThatTakesNegativeValues) {
   )");
 }
 
-TEST(NumberMinus, GoesInFrontAndComesOffAgain) {
+TEST(NumberMinus, IsPutInFrontAndRemovedAgain) {
   Session(R"(
     mask $$$$$.$$
     max 10
@@ -300,7 +300,7 @@ TEST(NumberMinus, IsAlwaysRefusedWithoutMaxLength) {
   )");
 }
 
-TEST(NumberDigits, StandLongerThanMaxLengthAndAreDeletedOneByOne) {
+TEST(NumberDigits, MayExceedMaxLengthAndAreDeletedOneByOne) {
   Session(R"(
     mask $$$$$$$.$$
     max 5
@@ -313,7 +313,7 @@ TEST(NumberDigits, StandLongerThanMaxLengthAndAreDeletedOneByOne) {
   )");
 }
 
-TEST(NumberDigits, WithAMaxLengthBeyondSixteenBitsAreAnErrorAndGoToTheBox) {
+TEST(NumberDigits, WithAMaxLengthBeyondSixteenBitsRaiseAnErrorAndReachTheBox) {
   Session(R"(
     mask $$$.$$
     max 32768
@@ -322,7 +322,7 @@ TEST(NumberDigits, WithAMaxLengthBeyondSixteenBitsAreAnErrorAndGoToTheBox) {
   )");
 }
 
-TEST(NumberKeys, WorkInADollarSlotOfAnotherMaskToo) {
+TEST(NumberKeys, AlsoWorkInADollarSlotOfAnotherMask) {
   // The box types the digit by itself: nothing limits it.
   Session(R"(
     mask 0$0
@@ -360,7 +360,7 @@ TEST(NumberPassword, ASignComposesTheNumberItself) {
 }
 
 // What the operator types into the box stands there as it is.
-TEST(NumberPassword, TypedDigitsStandForThemselves) {
+TEST(NumberPassword, TypedDigitsAreTakenAsTheyAre) {
   Session(R"(
     mask $$$$$$$.$$
     max 12

@@ -122,7 +122,7 @@ TEST(PreencheZeros, ARunKeepsEveryDigitHoweverManyWereTyped) {
   EXPECT_EQ(Filled({String(44, u'0'), u"_", key, u""}, 2), key);
 }
 
-TEST(PreencheZeros, AMaskOfVeryManyRunsIsFilledAtOnce) {
+TEST(PreencheZeros, AMaskWithVeryManyRunsIsFilledQuickly) {
   String mask, text;
   for (int i = 0; i < 150'000; ++i) {
     mask += u"#-";
@@ -153,7 +153,7 @@ TEST(PreencheZeros, FillsRunByRun) {
   }
 }
 
-TEST(PreencheZeros, ABlankLiteralComesBackAsAFillCharacter) {
+TEST(PreencheZeros, ABlankLiteralBecomesAFillCharacter) {
   EXPECT_EQ(Filled({u"(00) 0000", u"_", u"(11) 22__", u""}, 2), u"(11)_0022");
 }
 

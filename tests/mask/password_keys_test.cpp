@@ -21,7 +21,7 @@ TEST(Password, TypedTextIsKeptBehindThePasswordCharacters) {
   )");
 }
 
-TEST(Password, EditsWhatWasTyped) {
+TEST(Password, EditsTheTypedText) {
   Session(R"(
     mask 0000
     password *
@@ -32,7 +32,7 @@ TEST(Password, EditsWhatWasTyped) {
   )");
 }
 
-TEST(Password, LaysOutAValueThatCameWithoutItsLiterals) {
+TEST(Password, LaysOutAValueAssignedWithoutItsLiterals) {
   Session(R"(
     mask XX-XX
     password *
@@ -41,7 +41,7 @@ TEST(Password, LaysOutAValueThatCameWithoutItsLiterals) {
   )");
 }
 
-TEST(Password, ACharacterPastALateLiteralIsNoneOfIt) {
+TEST(Password, ACharacterPastALateLiteralIsNotPartOfTheText) {
   Session(R"(
     mask XXXX-X
     password *
@@ -68,7 +68,7 @@ TEST(Password, ACharacterPastALateLiteralIsNoneOfIt) {
   )");
 }
 
-TEST(Password, AnXPastItsSlotIsNoneOfIt) {
+TEST(Password, AnXPastItsSlotIsNotPartOfTheText) {
   Session(R"(
     mask 0000
     password *
@@ -79,7 +79,7 @@ TEST(Password, AnXPastItsSlotIsNoneOfIt) {
   )");
 }
 
-TEST(Password, LosesWhatTheBoxErasesPastTheFilter) {
+TEST(Password, LosesWhatTheBoxErasesWithoutTheFilter) {
   Session(R"(
     mask XXXX-X
     password *
@@ -94,7 +94,7 @@ TEST(Password, LosesWhatTheBoxErasesPastTheFilter) {
   )");
 }
 
-TEST(Password, ASelectionThatTheBoxReplacesIsGone) {
+TEST(Password, ASelectionThatTheBoxReplacesIsRemoved) {
   Session(R"(
     mask XXXX-X
     password *
@@ -113,7 +113,7 @@ TEST(Password, ASelectionThatTheBoxReplacesIsGone) {
   )");
 }
 
-TEST(Password, F9TakesNothingOfTheSelection) {
+TEST(Password, F9DoesNotChangeTheSelectedText) {
   Session(R"(
     mask 0000
     password *
@@ -123,7 +123,7 @@ TEST(Password, F9TakesNothingOfTheSelection) {
   )");
 }
 
-TEST(Password, ABoxWithoutPasswordCharactersStandsForItself) {
+TEST(Password, ABoxWithoutPasswordCharactersIsTakenAsItIs) {
   Session(R"(
     mask XXXXXX
     password *
@@ -141,7 +141,7 @@ TEST(Password, ABoxWithoutPasswordCharactersStandsForItself) {
   )");
 }
 
-TEST(Password, ANumbersOwnDigitsStandBetweenTheHiddenOnes) {
+TEST(Password, DigitsInsertedIntoANumberAreBetweenTheHiddenOnes) {
   Session(R"(
     mask $$$$$
     password *

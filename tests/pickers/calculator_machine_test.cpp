@@ -236,7 +236,7 @@ TEST_F(CalculatorMachineTest, TheDisplayTakesSixteenCharacters) {
 }
 
 // A number that was only entered is no Double yet.
-TEST_F(CalculatorMachineTest, AnEntryOfMoreDigitsThanADoubleHoldsKeepsThemUntilItIsComputedWith) {
+TEST_F(CalculatorMachineTest, AnEntryWithMoreDigitsThanADoubleKeepsThemUntilItIsUsed) {
   for (const StringView keys : {u"=", u"+", u"+-", u"E"}) {
     EXPECT_EQ(Machine(boxes).Type(u"9999999999999999" + String(keys)), u"9999999999999999")
         << ToUtf8(keys);
@@ -262,11 +262,11 @@ TEST_F(CalculatorMachineTest, ANumberIsShownWithTheDigitsOfADoubleOrWithAllThatA
   EXPECT_HOST_ERROR(CalculatorMachine::NumberText(u"12a"), errors::TypeMismatch);
 }
 
-TEST_F(CalculatorMachineTest, TheCommaIsTheOneKeyThatAFullDisplayTakes) {
+TEST_F(CalculatorMachineTest, AFullDisplayAcceptsOnlyTheComma) {
   EXPECT_EQ(Machine(boxes).Type(u"1234567890123456,7"), u"1234567890123456,");
 }
 
-TEST_F(CalculatorMachineTest, DividingByZeroTellsAndKeepsTheFirstOperand) {
+TEST_F(CalculatorMachineTest, DividingByZeroIsReportedAndKeepsTheFirstOperand) {
   Machine machine(boxes);
   EXPECT_EQ(machine.Type(u"8/0+"), u"8");
   EXPECT_EQ(boxes, 1);
@@ -294,7 +294,7 @@ TEST_F(CalculatorMachineTest, AResultOutOfRangeIsAnOverflowThatChangesNothing) {
   }
 }
 
-TEST_F(CalculatorMachineTest, ADisplayThatIsNoNumberIsATypeMismatch) {
+TEST_F(CalculatorMachineTest, ADisplayThatIsNotANumberIsATypeMismatch) {
   for (const char16_t key : operatorKeys) {
     Machine machine(boxes);
     machine.OpenOn(1E20);

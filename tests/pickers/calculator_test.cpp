@@ -114,7 +114,7 @@ constexpr Opening openings[] = {
     {u"12,5%", u"12,5", u"0", u"1"},
 };
 
-TEST_F(CalculatorTest, OpensOnTheNumberOfTheBox) {
+TEST_F(CalculatorTest, OpensWithTheNumberOfTheBox) {
   for (const Opening& opening : openings) {
     SCOPED_TRACE(ToUtf8(opening.Text));
     EXPECT_EQ(Run(opening.Text, opening.Stripped,
@@ -127,14 +127,14 @@ TEST_F(CalculatorTest, OpensOnTheNumberOfTheBox) {
   }
 }
 
-TEST_F(CalculatorTest, ABoxOfNothingButFillCharactersIsATypeMismatch) {
+TEST_F(CalculatorTest, ABoxWithOnlyFillCharactersIsATypeMismatch) {
   frmCalculadora form;
   box.Text(u"___,__");
   EXPECT_HOST_ERROR(form.ExecutaCalculadora(0.0f, 0.0f, box, u"", u"", u""), errors::TypeMismatch);
   EXPECT_THAT(desktop->Shown(), IsEmpty());
 }
 
-TEST_F(CalculatorTest, ADigitGoesOnWithTheNumberItOpenedOn) {
+TEST_F(CalculatorTest, ADigitContinuesTheNumberOfTheBox) {
   EXPECT_EQ(TypeOn(u"12", u"3"), u"123");
   EXPECT_EQ(TypeOn(u"", u"3"), u"3");
 }
@@ -149,7 +149,7 @@ TEST_F(CalculatorTest, TheFirstFocusIsOnEquals) {
   }
 }
 
-TEST_F(CalculatorTest, OpensAtThePlaceThatIsWanted) {
+TEST_F(CalculatorTest, OpensAtTheWantedPlace) {
   Run(u"", [](memory::Dialog& shown) {
     EXPECT_EQ(shown.Top(), 100);
     EXPECT_EQ(shown.Left(), 200);
@@ -157,7 +157,7 @@ TEST_F(CalculatorTest, OpensAtThePlaceThatIsWanted) {
   });
 }
 
-TEST_F(CalculatorTest, KeepsInsideASmallScreen) {
+TEST_F(CalculatorTest, StaysInsideASmallScreen) {
   desktop->ScreenSize(1000, 1200);
   desktop->DialogSize(700, 900);
   Run(u"", [](memory::Dialog& shown) {
@@ -169,14 +169,14 @@ TEST_F(CalculatorTest, KeepsInsideASmallScreen) {
 
 // --- The end ------------------------------------------------------------------------------------
 
-TEST_F(CalculatorTest, EveryWayOutAnswersTheDisplay) {
+TEST_F(CalculatorTest, EveryWayOfClosingReturnsTheDisplay) {
   EXPECT_EQ(TypeOn(u"", u"2+3="), u"5");
   EXPECT_EQ(TypeOn(u"7", u""), u"7");  // Escape: a cancel has an answer too
   EXPECT_EQ(TypeOn(u"", u"2+3"), u"3");
   EXPECT_EQ(Run(u"9", [](memory::Dialog& shown) { shown.CloseWindow(); }), u"9");
 }
 
-TEST_F(CalculatorTest, EnterIsEqualsFromTheStartAndBehindEveryEntry) {
+TEST_F(CalculatorTest, EnterIsEqualsFromTheStartAndAfterEveryEntry) {
   EXPECT_EQ(Run(u"12,50", [](memory::Dialog& shown) { shown.Press(Key::Enter); }), u"12,5");
   for (const bool onOperator : {true, false}) {
     EXPECT_EQ(Run(u"",
@@ -191,7 +191,7 @@ TEST_F(CalculatorTest, EnterIsEqualsFromTheStartAndBehindEveryEntry) {
   }
 }
 
-TEST_F(CalculatorTest, ItGoesOnWhereItStoodUntilItIsMadeAnew) {
+TEST_F(CalculatorTest, ItContinuesWhereItStoppedUntilItIsRecreated) {
   frmCalculadora form;
   const auto run = [&](StringView keys) {
     desktop->WillShow(u"frmCalculadora", [keys](memory::Dialog& shown) {
@@ -212,7 +212,7 @@ TEST_F(CalculatorTest, DividingByZeroShowsABox) {
               ElementsAre(Box{0, u"Erro, Divisão por zero impossível", 48, u"Tessaria Sistemas"}));
 }
 
-TEST_F(CalculatorTest, NoRoutineOfTheWindowTrapsANumberError) {
+TEST_F(CalculatorTest, TheWindowDoesNotTrapNumberErrors) {
   const struct {
     const char16_t* Text;
     const char16_t* Keys;
@@ -278,7 +278,7 @@ TEST_F(CalculatorTest, DigitsCommaAndPointOnEitherButton) {
 
 const Outcome afterReset{u"0", false, u"3"};
 
-TEST_F(CalculatorTest, ResetKeysAreOthersOnOperatorsThanOnDigits) {
+TEST_F(CalculatorTest, ResetKeysDifferOnOperatorsAndOnDigits) {
   const Outcome untouched = Probe([](memory::Dialog&) {});
   for (const char16_t key : {u'\b', u'c'}) {
     EXPECT_EQ(TypedOn(u"btnOperador", key), afterReset);
@@ -295,7 +295,7 @@ TEST_F(CalculatorTest, EscapeHidesTheWindowFromAnyButton) {
     EXPECT_EQ(TypedOn(name, 27), (Outcome{u"2", true, u"2"}));
 }
 
-TEST_F(CalculatorTest, OnTheCommaButtonOnlyEscapeAndTheCommaDoAnything) {
+TEST_F(CalculatorTest, OnTheCommaButtonOnlyEscapeAndTheCommaWork) {
   const Outcome untouched = Probe([](memory::Dialog&) {});
   for (const char16_t key : StringView(u"=%Xx*+-/.0123456789\bcCD"))
     EXPECT_EQ(TypedOn(u"btnDecimal", key), untouched) << static_cast<int>(key);
@@ -361,7 +361,7 @@ TEST_F(CalculatorTest, ResetMovesTheFocusToTheZero) {
 }
 
 // The focus moves ahead of the arithmetic.
-TEST_F(CalculatorTest, AfterAFaultTheFocusIsOnEqualsAllTheSame) {
+TEST_F(CalculatorTest, AfterAnErrorTheFocusIsOnEquals) {
   const struct {
     const char16_t* Text;
     const char16_t* Keys;

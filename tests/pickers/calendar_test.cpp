@@ -61,7 +61,7 @@ const Start starts[] = {
     {u"", u"03/05/2016", today},
 };
 
-TEST_F(CalendarTest, OpensOnTheDateOfTheBoxOrOnToday) {
+TEST_F(CalendarTest, OpensWithTheDateOfTheBoxOrToday) {
   for (const Start& start : starts) {
     SCOPED_TRACE(ToUtf8(start.Text));
     EXPECT_EQ(Run(start.Mask, start.Text,
@@ -75,7 +75,7 @@ TEST_F(CalendarTest, OpensOnTheDateOfTheBoxOrOnToday) {
   }
 }
 
-TEST_F(CalendarTest, KeepsInsideASmallScreen) {
+TEST_F(CalendarTest, StaysInsideASmallScreen) {
   desktop->ScreenSize(1000, 1200);
   desktop->DialogSize(700, 900);
   Run(dayMask, u"", [](memory::Dialog& shown) {
@@ -86,7 +86,7 @@ TEST_F(CalendarTest, KeepsInsideASmallScreen) {
 }
 
 // Of a short year six characters are left, which are read as a date and not digit by digit.
-TEST_F(CalendarTest, WithoutSlashesAShortYearOrAMonthAloneIsNoDate) {
+TEST_F(CalendarTest, WithoutSlashesAShortYearOrAMonthAloneIsNotADate) {
   struct Row {
     const char16_t* mask;
     const char16_t* text;
@@ -115,7 +115,7 @@ TEST_F(CalendarTest, ATextOfAnotherLengthIsReadAsADate) {
   EXPECT_HOST_ERROR(Execute(dayMask, u"ontem"), errors::TypeMismatch);
 }
 
-TEST_F(CalendarTest, AClickOnADayClosesAndAnswersIt) {
+TEST_F(CalendarTest, AClickOnADayClosesAndReturnsIt) {
   EXPECT_EQ(Run(dayMask, u"",
                 [](memory::Dialog& shown) {
                   shown.PickDay(u"Calendario", Day(2017, 12, 31));
@@ -125,7 +125,7 @@ TEST_F(CalendarTest, AClickOnADayClosesAndAnswersIt) {
   EXPECT_EQ(box.Text(), u"25/12/2017");  // the answer is the caller's to show
 }
 
-TEST_F(CalendarTest, ArrowsMoveTheSelectionAndEnterAndEscapeAnswerIt) {
+TEST_F(CalendarTest, ArrowsMoveTheSelectionAndEnterAndEscapeReturnIt) {
   for (const Key key : {Key::Enter, Key::Escape}) {
     EXPECT_EQ(Run(dayMask, u"",
                   [&](memory::Dialog& shown) {
@@ -189,7 +189,7 @@ TEST_F(CancellingCalendar, AClickAndEnterChoose) {
   EXPECT_EQ(Choose([](memory::Dialog& shown) { shown.Press(Key::Enter); }), Day(2016, 5, 3));
 }
 
-TEST_F(CancellingCalendar, AnotherRunBeginsWithoutAChoice) {
+TEST_F(CancellingCalendar, TheNextRunBeginsWithoutAChoice) {
   frmCalendario form;
   bool chosen = false;
   for (const Key key : {Key::Enter, Key::Escape}) {
@@ -201,7 +201,7 @@ TEST_F(CancellingCalendar, AnotherRunBeginsWithoutAChoice) {
   }
 }
 
-TEST_F(CancellingCalendar, TheBoxKeepsItsTextWhateverTheTestOfItsDateMadeOfIt) {
+TEST_F(CancellingCalendar, TheBoxKeepsItsTextWhateverTheDateTestWrites) {
   int changes = 0;
   for (const StringView text : {u"", u"__/__/____", u"31/02/1999", u"abc"}) {
     box.Text(String(text));
@@ -219,7 +219,7 @@ TEST_F(CancellingCalendar, TheBoxKeepsItsTextWhateverTheTestOfItsDateMadeOfIt) {
   EXPECT_EQ(changes, 0);
 }
 
-TEST_F(CancellingCalendar, TheBoxKeepsItsTextAlsoWhenTheCalendarCannotOpen) {
+TEST_F(CancellingCalendar, TheBoxKeepsItsTextWhenTheCalendarCannotOpen) {
   box.Text(u"31/12/17");
   box.SelStart(2);
   box.SelLength(3);
@@ -230,7 +230,7 @@ TEST_F(CancellingCalendar, TheBoxKeepsItsTextAlsoWhenTheCalendarCannotOpen) {
   EXPECT_THAT(desktop->Shown(), IsEmpty());
 }
 
-TEST_F(CalendarTest, WithoutTheComfortAWayOutIsNoChoiceOfTheDayThatItOpenedOn) {
+TEST_F(CalendarTest, WithoutTheComfortClosingDoesNotChooseTheInitialDay) {
   for (const bool escape : {true, false}) {
     frmCalendario form;
     bool chosen = false;
@@ -242,7 +242,7 @@ TEST_F(CalendarTest, WithoutTheComfortAWayOutIsNoChoiceOfTheDayThatItOpenedOn) {
   }
 }
 
-TEST_F(CalendarTest, OpensAtThePlaceThatIsWanted) {
+TEST_F(CalendarTest, OpensAtTheWantedPlace) {
   Run(dayMask, u"", [](memory::Dialog& shown) {
     EXPECT_EQ(shown.Top(), 100);
     EXPECT_EQ(shown.Left(), 200);

@@ -13,7 +13,7 @@ class DialogPlacement : public PickerTest {
   host::DialogPtr Make() { return TheDesktop().MakeDialog(frmCalculadora::Description()); }
 };
 
-TEST_F(DialogPlacement, KeepsInsideTheScreenByStepsOfTen) {
+TEST_F(DialogPlacement, StaysInsideTheScreenInStepsOfTen) {
   desktop->ScreenSize(12000, 9000);
   desktop->DialogSize(6000, 4000);
   const auto dialog = Make();
@@ -41,7 +41,7 @@ TEST_F(DialogPlacement, TouchingTheMarginsIsInside) {
   EXPECT_EQ(dialog->Left(), 5841);
 }
 
-TEST_F(DialogPlacement, OnlyTheLowerAndTheRightEdgeCount) {
+TEST_F(DialogPlacement, OnlyTheLowerAndTheRightEdgesCount) {
   desktop->ScreenSize(5000, 3000);
   desktop->DialogSize(6000, 4000);
   const auto dialog = Make();
@@ -53,7 +53,7 @@ TEST_F(DialogPlacement, OnlyTheLowerAndTheRightEdgeCount) {
   EXPECT_EQ(dialog->Left(), -3000);
 }
 
-TEST_F(DialogPlacement, AButtonTakesAColourAndThenAnother) {
+TEST_F(DialogPlacement, AButtonTakesOneColourAndThenAnother) {
   const auto dialog = Make();
   auto& button = dialog->Find<host::DialogButton>(u"btnNumero", 3);
   auto& other = dialog->Find<host::DialogButton>(u"btnNumero", 4);

@@ -10,7 +10,7 @@ using testing::IsEmpty;
 
 // --- Opening ------------------------------------------------------------------------------------
 
-TEST_F(FolderPickerTest, AnEmptyFieldOpensAtTheProgramsFolder) {
+TEST_F(FolderPickerTest, AnEmptyFieldOpensTheProgramsFolder) {
   for (const Mode mode : {Mode::Folders, Mode::Files}) {
     EXPECT_EQ(Run(mode, u"",
                   [](memory::Dialog& shown) {
@@ -24,7 +24,7 @@ TEST_F(FolderPickerTest, AnEmptyFieldOpensAtTheProgramsFolder) {
   }
 }
 
-TEST_F(FolderPickerTest, OpensOnThePathOfTheBox) {
+TEST_F(FolderPickerTest, OpensThePathOfTheBox) {
   Run(Mode::Folders, u"c:\\Dados", [](memory::Dialog& shown) {
     EXPECT_EQ(Folders(shown).Path(), u"c:\\Dados");
     EXPECT_THAT(Files(shown).List(), ElementsAre(u"Carta.txt", u"foto.png", u"LEIAME"));
@@ -47,7 +47,7 @@ TEST_F(FolderPickerTest, TheFileOfTheBoxIsSelectedIgnoringCase) {
   }
 }
 
-TEST_F(FolderPickerTest, APatternThatHidesTheFileLeavesNoneSelected) {
+TEST_F(FolderPickerTest, APatternThatHidesTheFileSelectsNone) {
   Run(Mode::Files, u"c:\\Dados\\Carta.txt", u"*.png", [](memory::Dialog& shown) {
     EXPECT_EQ(Files(shown).Pattern(), u"*.png");
     EXPECT_THAT(Files(shown).List(), ElementsAre(u"foto.png"));
@@ -60,7 +60,7 @@ TEST_F(FolderPickerTest, APatternThatHidesTheFileLeavesNoneSelected) {
   });
 }
 
-TEST_F(FolderPickerTest, OpensAtThePlaceAndWithTheWidthThatAreWanted) {
+TEST_F(FolderPickerTest, OpensAtTheWantedPlaceAndWidth) {
   Run(Mode::Folders, u"", [](memory::Dialog& shown) {
     EXPECT_EQ(shown.Top(), 100);
     EXPECT_EQ(shown.Left(), 200);
@@ -69,7 +69,7 @@ TEST_F(FolderPickerTest, OpensAtThePlaceAndWithTheWidthThatAreWanted) {
   });
 }
 
-TEST_F(FolderPickerTest, KeepsInsideASmallScreen) {
+TEST_F(FolderPickerTest, StaysInsideASmallScreen) {
   desktop->ScreenSize(1000, 1200);
   desktop->DialogSize(700, 900);
   Run(Mode::Folders, u"", [](memory::Dialog& shown) {
@@ -80,7 +80,7 @@ TEST_F(FolderPickerTest, KeepsInsideASmallScreen) {
 }
 
 // The place is found for the width that the window was made with.
-TEST_F(FolderPickerTest, TheWantedWidthIsTakenBehindThePlace) {
+TEST_F(FolderPickerTest, TheWantedWidthIsAppliedAfterThePlace) {
   desktop->ScreenSize(12000, 9000);
   desktop->DialogSize(3000, 4000);
   frmDiretorio form;
@@ -94,7 +94,7 @@ TEST_F(FolderPickerTest, TheWantedWidthIsTakenBehindThePlace) {
 
 // --- Paths that are not valid -------------------------------------------------------------------
 
-TEST_F(FolderPickerTest, APathThatIsNotValidIsTold) {
+TEST_F(FolderPickerTest, AnInvalidPathIsReported) {
   const struct {
     Mode How;
     const char16_t* Path;
@@ -132,7 +132,7 @@ TEST_F(FolderPickerTest, InFileModeANameWithAWildcardIsValidAndSelectsNothing) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(FolderPickerTest, FilesWithNoDotMakeAFolderValid) {
+TEST_F(FolderPickerTest, FilesWithoutADotMakeAFolderValid) {
   desktop->Files().AddFile(u"c:\\Um\\LEIAME");
   EXPECT_EQ(Run(Mode::Folders, u"c:\\Um", Confirm), u"c:\\Um");
 }
@@ -144,7 +144,7 @@ TEST_F(FolderPickerTest, AFolderWithADotIsCutThereInFileMode) {
   EXPECT_EQ(Run(Mode::Folders, u"c:\\Contas.2017", Confirm), u"c:\\Contas.2017");
 }
 
-TEST_F(FolderPickerTest, ANameWithADotAndNoSeparatorIsAnInvalidArgument) {
+TEST_F(FolderPickerTest, ANameWithADotButNoSeparatorIsAnInvalidArgument) {
   EXPECT_HOST_ERROR(RunUnseen(Mode::Files, u"carta.txt"), errors::InvalidArgument);
   EXPECT_THAT(desktop->Shown(), IsEmpty());
   EXPECT_THAT(app.Boxes(), IsEmpty());
@@ -152,7 +152,7 @@ TEST_F(FolderPickerTest, ANameWithADotAndNoSeparatorIsAnInvalidArgument) {
 
 // --- The answer ---------------------------------------------------------------------------------
 
-TEST_F(FolderPickerTest, ConfirmingAnswersTheFolderOrTheFile) {
+TEST_F(FolderPickerTest, ConfirmingReturnsTheFolderOrTheFile) {
   EXPECT_EQ(Run(Mode::Folders, u"c:\\Dados",
                 [](memory::Dialog& shown) {
                   shown.OpenFolder(u"dirDiretorio", u"c:\\Dados\\Contas");
@@ -167,11 +167,11 @@ TEST_F(FolderPickerTest, ConfirmingAnswersTheFolderOrTheFile) {
             u"c:\\Dados\\foto.png");
 }
 
-TEST_F(FolderPickerTest, WithNoFileSelectedTheAnswerEndsInTheSeparator) {
+TEST_F(FolderPickerTest, WithoutASelectedFileTheResultEndsWithTheSeparator) {
   EXPECT_EQ(Run(Mode::Files, u"c:\\Dados", Confirm), u"c:\\Dados\\");
 }
 
-TEST_F(FolderPickerTest, AFileOfARootHasTwoSeparatorsInFront) {
+TEST_F(FolderPickerTest, AFileOfARootHasTwoLeadingSeparators) {
   EXPECT_EQ(Run(Mode::Files, u"d:\\raiz.txt", Confirm), u"d:\\\\raiz.txt");
 }
 
@@ -194,7 +194,7 @@ TEST_F(FolderPickerTest, EnterInAnyListAndADoubleClickOnAFileConfirm) {
             u"c:\\Dados\\LEIAME");
 }
 
-TEST_F(FolderPickerTest, LeavingAnswersTheOldText) {
+TEST_F(FolderPickerTest, LeavingReturnsTheOldText) {
   const auto moved = [](const Script& leave) {
     return [leave](memory::Dialog& shown) {
       shown.OpenFolder(u"dirDiretorio", u"c:\\Programa");
@@ -231,7 +231,7 @@ TEST_F(FolderPickerTest, TheListsFollowEachOther) {
   });
 }
 
-TEST_F(FolderPickerTest, ADriveThatIsNotReadyIsToldAndTheListsStay) {
+TEST_F(FolderPickerTest, ADriveThatIsNotReadyIsReportedAndTheListsStay) {
   EXPECT_EQ(Run(Mode::Folders, u"c:\\Dados",
                 [this](memory::Dialog& shown) {
                   shown.ChooseDrive(u"drvDiretorio", u"e: [DISCO]");

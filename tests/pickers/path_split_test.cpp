@@ -36,7 +36,7 @@ constexpr Row rows[] = {
     {Mode::File, u"", u"", u""},
 };
 
-TEST(PathSplit, CutsAtTheSeparatorAheadOfTheLastPoint) {
+TEST(PathSplit, CutsAtTheSeparatorBeforeTheLastPoint) {
   for (const char16_t separator : {u'\\', u'/'}) {
     const auto on = [&](StringView text) { return Replace(text, u"\\", String(1, separator)); };
     for (const Row& row : rows) {
@@ -53,7 +53,7 @@ TEST(PathSplit, TheOtherSystemsSeparatorIsPartOfAName) {
   EXPECT_EQ(file, u"ana\\b.txt");
 }
 
-TEST(PathSplit, APointWithNoSeparatorAheadOfItIsAnInvalidArgument) {
+TEST(PathSplit, APointWithoutASeparatorBeforeItIsAnInvalidArgument) {
   for (const StringView name : {u"a.txt", u".", u"a.b\\c"})
     EXPECT_HOST_ERROR(SplitForPicker(String(name), true, u'\\'), errors::InvalidArgument);
 }

@@ -36,7 +36,7 @@ TEST_F(Shares, AShareIsReachedThroughTheDriveThatIsMappedToIt) {
             u"z:\\contas");
 }
 
-TEST_F(Shares, AFileOfAShareIsAnsweredByItsNetworkPath) {
+TEST_F(Shares, AFileOfAShareIsReturnedWithItsNetworkPath) {
   Map(u"z");
   EXPECT_EQ(Run(Mode::Files, u"\\\\servidor\\dados\\contas\\jan.csv", Confirm),
             u"\\\\servidor\\dados\\contas\\jan.csv");
@@ -62,7 +62,7 @@ TEST_F(Shares, TheLastDriveOfTheServerStaysSelected) {
   });
 }
 
-TEST_F(Shares, ADriveThatDoesNotLeadThereShowsItsOwnFolders) {
+TEST_F(Shares, ADriveWithoutThePathShowsItsOwnFolders) {
   desktop->Files().AddDrive(u"z: [\\\\servidor\\outra]");
   EXPECT_EQ(Run(Mode::Folders, u"\\\\servidor\\dados\\contas",
                 [](memory::Dialog& shown) {
@@ -73,7 +73,7 @@ TEST_F(Shares, ADriveThatDoesNotLeadThereShowsItsOwnFolders) {
             u"\\\\servidor\\dados\\contas");
 }
 
-TEST_F(Shares, AMappedDriveThatIsNotReadyIsTold) {
+TEST_F(Shares, AMappedDriveThatIsNotReadyIsReported) {
   desktop->Files().AddDrive(u"z: [\\\\servidor\\dados]", memory::FileSystem::DriveState::NotReady);
   Run(Mode::Folders, u"\\\\servidor\\dados\\contas", [](memory::Dialog& shown) {
     EXPECT_EQ(Drives(shown).Drive(), u"z: [\\\\servidor\\dados]");
@@ -83,7 +83,7 @@ TEST_F(Shares, AMappedDriveThatIsNotReadyIsTold) {
   EXPECT_EQ(app.Boxes().front().Text, u"Drive Não Disponível, Verifique Por Favor");
 }
 
-TEST_F(Shares, WithNoDriveOfItsServerAShareIsOpenedByItsOwnPath) {
+TEST_F(Shares, WithoutADriveOfItsServerAShareIsOpenedByItsOwnPath) {
   desktop->Files().AddDrive(u"z: [\\\\servidor2\\dados]");
   EXPECT_EQ(Run(Mode::Folders, u"\\\\servidor\\dados\\contas",
                 [](memory::Dialog& shown) {
@@ -94,7 +94,7 @@ TEST_F(Shares, WithNoDriveOfItsServerAShareIsOpenedByItsOwnPath) {
             u"\\\\servidor\\dados\\contas");
 }
 
-TEST_F(Shares, AServerWithoutAShareBehindItIsLookedUpByItsName) {
+TEST_F(Shares, AServerWithoutAShareIsFoundByItsName) {
   desktop->Files().AddFile(u"\\\\servidor\\leia.txt");
   const auto opened = [&] {
     String folder;
@@ -112,7 +112,7 @@ TEST_F(Shares, AServerWithoutAShareBehindItIsLookedUpByItsName) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-TEST_F(Shares, AShareThatIsNotThereIsTold) {
+TEST_F(Shares, AMissingShareIsReported) {
   EXPECT_EQ(RunUnseen(Mode::Folders, u"\\\\servidor\\nada"), u"\\\\servidor\\nada");
   EXPECT_EQ(app.TakeBoxes().size(), 1u);
 }
@@ -175,7 +175,7 @@ class SlashPaths : public FolderPickerTest {
   SlashSystem system;
 };
 
-TEST_F(SlashPaths, AnEmptyFieldOpensAtTheProgramsFolder) {
+TEST_F(SlashPaths, AnEmptyFieldOpensTheProgramsFolder) {
   EXPECT_EQ(Run(Mode::Folders, u"", Confirm), u"/home/ana");
 }
 
@@ -192,7 +192,7 @@ TEST_F(SlashPaths, APathIsSplitAndPutTogetherWithTheSystemsSeparator) {
 }
 
 // There are no shares here: two separators in front are as one.
-TEST_F(SlashPaths, APathThatBeginsWithTwoSeparatorsOpensItselfWhateverIsMounted) {
+TEST_F(SlashPaths, APathWithTwoLeadingSeparatorsOpensItselfWhateverIsMounted) {
   desktop->Files().AddDrive(u"//srv/home/mnt");  // an entry that holds the name "home"
   desktop->Files().AddFile(Stored(u"//home/ana/carta.txt"));
   EXPECT_EQ(Run(Mode::Folders, u"//home/ana",
@@ -221,7 +221,7 @@ TEST_F(SlashPaths, AFileRightBelowTheRootOpensTheRoot) {
   }
 }
 
-TEST_F(SlashPaths, TheOtherSeparatorDividesNothing) {
+TEST_F(SlashPaths, TheOtherSeparatorIsNotASeparator) {
   EXPECT_HOST_ERROR(RunUnseen(Mode::Files, u"c:\\Dados\\Carta.txt"), errors::InvalidArgument);
   EXPECT_EQ(RunUnseen(Mode::Folders, u"\\\\servidor\\dados"), u"\\\\servidor\\dados");
   EXPECT_EQ(app.TakeBoxes().size(), 1u);

@@ -61,7 +61,7 @@ TEST(Calendar, EveryDayFollowsTheOneBefore) {
   ExpectDaysFollow(2950000, 2958465);
 }
 
-TEST(Calendar, EverySecondOfADayGoesThereAndBack) {
+TEST(Calendar, EverySecondOfADayRoundTrips) {
   for (const int day : {42729, -42729, 2958465, 0}) {
     for (int second = 0; second < 86400; second += 7) {
       CivilTime time = ToCivil({static_cast<double>(day)});
@@ -83,7 +83,7 @@ TEST(Calendar, RoundsToTheSecondAcrossMidnight) {
   EXPECT_EQ(time.Hour + time.Minute + time.Second, 0);
 }
 
-TEST(Calendar, RefusesWhatLiesOutside) {
+TEST(Calendar, RefusesDatesOutsideTheCalendar) {
   for (const double days :
        {-657435.0, 2958466.0, 2958465.999999, 1E300, -1E300,
         std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {

@@ -9,7 +9,7 @@
 namespace tessaria {
 namespace {
 
-TEST(CodePage, EveryCodeGoesThereAndBack) {
+TEST(CodePage, EveryCodeRoundTrips) {
   std::set<char16_t> seen;
   for (Long code = 0; code <= 255; ++code) {
     const char16_t character = AnsiCharacter(code);
@@ -28,7 +28,7 @@ TEST(CodePage, HasItsOwnCharactersFrom128To159) {
   for (const auto& [code, character] : rows) EXPECT_EQ(AnsiCharacter(code), character) << code;
 }
 
-TEST(CodePage, UndefinedCodesStandForThemselves) {
+TEST(CodePage, UndefinedCodesMapToThemselves) {
   for (const Long code : {0x81, 0x8D, 0x8F, 0x90, 0x9D}) {
     EXPECT_EQ(AnsiCharacter(code), code);
     EXPECT_EQ(AnsiCode(static_cast<char16_t>(code)), code);
@@ -42,7 +42,7 @@ TEST(CodePage, IsLatinElsewhere) {
   EXPECT_EQ(AnsiCharacter(205), u'Í');
 }
 
-TEST(CodePage, GivesAQuestionMarkForOtherCharacters) {
+TEST(CodePage, UsesAQuestionMarkForOtherCharacters) {
   for (const char16_t c : {u'Ā', u'日', u'\x0080', u'\x009F', u'\xD83D', u'\xFFFF'}) {
     EXPECT_EQ(AnsiCode(c), u'?');
   }

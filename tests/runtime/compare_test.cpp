@@ -61,7 +61,7 @@ TEST(Comparison, NullEqualsNothing) {
   }
 }
 
-TEST(Comparison, EmptyIsNothingOfEitherSort) {
+TEST(Comparison, EmptyEqualsZeroAndTheEmptyText) {
   ExpectEqual(Variant(), Variant());
   ExpectEqual(Variant(), u"");
   ExpectEqual(u"", Variant());
@@ -125,7 +125,7 @@ TEST(Comparison, OfExactKindsIsExact) {
   ExpectEqual(Decimal{{15}, 1, false}, Decimal{{150}, 2, false});
 }
 
-TEST(Comparison, OfEndlessNumbers) {
+TEST(Comparison, OfInfiniteNumbers) {
   const double infinity = std::numeric_limits<double>::infinity();
   const double none = std::numeric_limits<double>::quiet_NaN();
   ExpectEqual(infinity, infinity);

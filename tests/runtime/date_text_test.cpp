@@ -72,7 +72,7 @@ TEST(DateTexts, EightDigitsAreDayMonthYear) {
   EXPECT_HOST_ERROR(CDate(u"20161225"), errors::TypeMismatch);
 }
 
-TEST(DateTexts, DayAndMonthAreSwappedWhereOnlyThatGivesADay) {
+TEST(DateTexts, DayAndMonthAreSwappedWhenOnlyThatIsADate) {
   ExpectReadings({{u"12/25/2016", {2016, 12, 25}},
                   {u"2/29/2016", {2016, 2, 29}},
                   {u"12/25/16", {2016, 12, 25}},
@@ -80,7 +80,7 @@ TEST(DateTexts, DayAndMonthAreSwappedWhereOnlyThatGivesADay) {
                   {u"2016-25-12", {2016, 12, 25}}});
 }
 
-TEST(DateTexts, TimesBehindABlankOrAlone) {
+TEST(DateTexts, TimesAfterABlankOrAlone) {
   ExpectReadings({{u"25/12/2016 10:30", {2016, 12, 25, 10, 30, 0}},
                   {u"25/12/2016 23:59:59", {2016, 12, 25, 23, 59, 59}},
                   {u"25/12/2016   1:2:3", {2016, 12, 25, 1, 2, 3}},

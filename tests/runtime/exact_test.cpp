@@ -14,7 +14,7 @@ constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
 constexpr auto kLeast = std::numeric_limits<std::int64_t>::min();
 constexpr StringView kLargest = u"79228162514264337593543950335";
 
-TEST(DecimalTexts, GoThereAndBack) {
+TEST(DecimalTexts, RoundTrip) {
   const StringView texts[] = {u"0",
                               u"0.00",
                               u"1",

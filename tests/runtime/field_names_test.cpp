@@ -24,14 +24,14 @@ TEST(FieldNames, EveryNameIsReadBackAsItWasWritten) {
   }
 }
 
-TEST(FieldNames, AUsualNameStandsAsItIs) {
+TEST(FieldNames, AUsualNameIsUnchanged) {
   for (const char16_t* name : {u"codigo", u"código", u"clientes.nome", u"max(limite)", u"a\"b"})
     EXPECT_EQ(FieldNameText(name), name);
   EXPECT_EQ(FieldNameText(u"a]b c"), u"[a]]b c]");
   EXPECT_EQ(FieldNameText(u""), u"[]");
 }
 
-TEST(FieldNames, ACriterionsNameEndsAtABlankOrAComparison) {
+TEST(FieldNames, TheNameOfACriterionEndsAtABlankOrAComparison) {
   const struct {
     StringView Text, Name, Rest;
   } cases[] = {{u"codigo = 1", u"codigo", u" = 1"}, {u"codigo=1", u"codigo", u"=1"},

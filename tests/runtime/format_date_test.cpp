@@ -134,7 +134,7 @@ TEST(DatePatterns, OfEveryKind) {
   EXPECT_HOST_ERROR(Format(ObjectPtr(), u"dd/mm/yyyy"), errors::TypeMismatch);
 }
 
-TEST(DatePatterns, ATextThatIsNoDateComesBack) {
+TEST(DatePatterns, ATextThatIsNotADateIsReturned) {
   ExpectRows({{u"abc", u"yyyy-mm-dd", u"abc"},
               {u"", u"yyyy-mm-dd", u""},
               {u"31/04/2017", u"yyyy-mm-dd", u"31/04/2017"},

@@ -199,7 +199,7 @@ TEST(NumberPatterns, OfEveryKind) {
   EXPECT_HOST_ERROR(Format(ObjectPtr(), u"0"), errors::TypeMismatch);
 }
 
-TEST(NumberPatterns, ATextThatIsNoNumberComesBack) {
+TEST(NumberPatterns, ATextThatIsNotANumberIsReturned) {
   ExpectNumbers({{u"abc", u"#,##0.00", u"abc"},
                  {u"", u"#,##0.00", u""},
                  {u"1,2,3", u"0", u"1,2,3"},
@@ -208,7 +208,7 @@ TEST(NumberPatterns, ATextThatIsNoNumberComesBack) {
                  {u" x ", u"\"sim\"", u" x "}});
 }
 
-TEST(EmptyPatterns, GiveTheValuesText) {
+TEST(EmptyPatterns, GiveTheTextOfTheValue) {
   ExpectNumbers({{1234.5, u"", u"1234,5"},
                  {true, u"", u"Verdadeiro"},
                  {Date{42729}, u"", u"25/12/2016"},

@@ -7,7 +7,7 @@
 namespace tessaria {
 namespace {
 
-TEST(TextPatterns, DealCharactersToPlaces) {
+TEST(TextPatterns, DistributeCharactersOverPlaces) {
   const struct {
     Variant Value;
     StringView Pattern, Text;

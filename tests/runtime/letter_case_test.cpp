@@ -19,14 +19,14 @@ TEST(LetterCase, OfExtendedLetters) {
   EXPECT_EQ(LCase(u"ĀĄĆĐĨĮĲĶĹŁŇŊŐŒŘŠŰŶŹŽŸ"), u"āąćđĩįĳķĺłňŋőœřšűŷźžÿ");
 }
 
-TEST(LetterCase, LeavesTheRestAlone) {
+TEST(LetterCase, LeavesOtherCharactersUnchanged) {
   // Signs, letters with no partner, letters whose partner is no single letter of the alphabet.
   const String others = u"0123 @[`{|}~ ×÷ ßµªº ĸŉſİı €日本";
   EXPECT_EQ(UCase(others), others);
   EXPECT_EQ(LCase(others), others);
 }
 
-TEST(LetterCase, OfEveryLatinLetterGoesThereAndBack) {
+TEST(LetterCase, OfEveryLatinLetterRoundTrips) {
   for (char16_t c = 0; c < 0x0180; ++c) {
     const String letter(1, c);
     if (UCase(letter) != letter) {
@@ -38,7 +38,7 @@ TEST(LetterCase, OfEveryLatinLetterGoesThereAndBack) {
   }
 }
 
-TEST(LetterCase, DoesNotMatterToComparison) {
+TEST(LetterCase, DoesNotAffectComparison) {
   EXPECT_TRUE(EqualNoCase(u"txtDescrição", u"TXTDESCRIÇÃO"));
   EXPECT_TRUE(EqualNoCase(u"", u""));
   EXPECT_FALSE(EqualNoCase(u"a", u"á"));

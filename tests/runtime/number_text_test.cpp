@@ -36,7 +36,7 @@ TEST(NumberTexts, AreReadInTheBrazilianWay) {
   for (const auto& row : rows) EXPECT_EQ(CDbl(row.Text), row.Value) << ToUtf8(row.Text);
 }
 
-TEST(NumberTexts, PointsOfTheWholePartCountNothing) {
+TEST(NumberTexts, PointsOfTheWholePartAreIgnored) {
   const Reading rows[] = {{u"12.34", 1234}, {u"1.2.3", 123},   {u".5", 5},
                           {u"5.", 5},       {u"1..2,5", 12.5}, {u"9.5", 95}};
   for (const auto& row : rows) EXPECT_EQ(CDbl(row.Text), row.Value) << ToUtf8(row.Text);

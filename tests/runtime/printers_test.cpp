@@ -34,7 +34,7 @@ TEST(Printers, ShowValuesAndErrors) {
   EXPECT_EQ(PrintToString(HostError(13)), "HostError(13, \"Tipos incompatíveis\")");
 }
 
-TEST(Printers, HostErrorCheckTellsWhatHappenedInstead) {
+TEST(Printers, HostErrorCheckShowsWhatHappenedInstead) {
   EXPECT_HOST_ERROR(throw HostError(6), 6);
   const auto other = test::RaisesHostError([] { throw HostError(6); }, 13);
   EXPECT_FALSE(other);
@@ -43,7 +43,7 @@ TEST(Printers, HostErrorCheckTellsWhatHappenedInstead) {
   EXPECT_FALSE(test::RaisesHostError([] { throw std::runtime_error("x"); }, 13));
 }
 
-TEST(Printers, SameLooksAtTheKindToo) {
+TEST(Printers, SameAlsoComparesTheKind) {
   EXPECT_SAME(Variant(1.5), 1.5);
   EXPECT_SAME(Variant::Null(), Variant::Null());
   EXPECT_FALSE(test::Same(Variant(1), Variant(1.0)));

@@ -104,7 +104,7 @@ TEST(RandomTexts, AsUtf8) {
   }
 }
 
-TEST(RandomNumbers, GoToATextAndBackInFifteenDigits) {
+TEST(RandomNumbers, RoundTripThroughTextInFifteenDigits) {
   Random random;
   for (int i = 0; i < kRounds; ++i) {
     const double value = random.Number();
@@ -126,7 +126,7 @@ TEST(RandomNumbers, FormattedAreReadBack) {
   }
 }
 
-TEST(RandomNumbers, DecimalsGoToATextAndBack) {
+TEST(RandomNumbers, DecimalsRoundTripThroughText) {
   Random random;
   for (int i = 0; i < kRounds; ++i) {
     const auto word = [&] { return static_cast<std::uint32_t>(random.Below(0x7FFFFFFF)) * 2u; };

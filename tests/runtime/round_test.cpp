@@ -9,7 +9,7 @@
 namespace tessaria {
 namespace {
 
-TEST(Rounding, GoesToEvenOnWhatAReaderSees) {
+TEST(Rounding, GoesToEvenOnTheDigitsOfTheText) {
   const struct {
     double Value;
     Long Decimals;

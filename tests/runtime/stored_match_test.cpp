@@ -24,12 +24,12 @@ TEST(StoredMatch, NumbersAreStoredAtTheScaleOfTheirColumn) {
   EXPECT_FALSE(IsStoredFrom(Currency{12390}, Currency{12300}, {type::Currency, 0, 4}));
 }
 
-TEST(StoredMatch, InexactNumbersAreStoredAsTheyStand) {
+TEST(StoredMatch, InexactNumbersAreStoredUnchanged) {
   EXPECT_TRUE(IsStoredFrom(1.5, 1.5, {type::Double, 0, 0}));
   EXPECT_FALSE(IsStoredFrom(1.5, 2.0, {type::Double, 0, 0}));
 }
 
-TEST(StoredMatch, TextsLoseTheBlanksThatTheirColumnDoesNotKeep) {
+TEST(StoredMatch, TextsLoseTheBlanksThatTheirColumnDrops) {
   const ColumnShape padded{type::WChar, 5, 0};
   const ColumnShape varying{type::VarWChar, 5, 0};
   EXPECT_TRUE(IsStoredFrom(u"ab  ", u"ab", padded));
@@ -39,7 +39,7 @@ TEST(StoredMatch, TextsLoseTheBlanksThatTheirColumnDoesNotKeep) {
   EXPECT_FALSE(IsStoredFrom(u"ab", u"AB", varying));
 }
 
-TEST(StoredMatch, DatesAreStoredAsFarAsTheirColumnGoes) {
+TEST(StoredMatch, DatesAreStoredInThePrecisionOfTheirColumn) {
   const Date noon{45000.5};
   EXPECT_TRUE(IsStoredFrom(noon, Date{45000}, {type::DBDate, 0, 0}));
   EXPECT_TRUE(IsStoredFrom(noon, Date{0.5}, {type::DBTime, 0, 0}));

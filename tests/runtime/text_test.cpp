@@ -16,7 +16,7 @@ TEST(Lengths, CountUnits) {
   EXPECT_EQ(Len(u"\U0001F600"), 2);
 }
 
-TEST(LeftAndRight, TakeWhatThereIs) {
+TEST(LeftAndRight, TakeAtMostTheWholeText) {
   const struct {
     StringView Text;
     Long Count;
@@ -66,7 +66,7 @@ TEST(Mids, StartAtAPosition) {
   EXPECT_EQ(Mid(u"código", 2, kHuge), u"ódigo");
 }
 
-TEST(Mids, RefuseWhatIsNoPositionOrCount) {
+TEST(Mids, RefuseInvalidPositionsAndCounts) {
   EXPECT_HOST_ERROR(Mid(u"abc", 0), errors::InvalidArgument);
   EXPECT_HOST_ERROR(Mid(u"abc", -1), errors::InvalidArgument);
   EXPECT_HOST_ERROR(Mid(u"abc", 0, 1), errors::InvalidArgument);

@@ -36,7 +36,7 @@ TEST(HostServices, AreAnErrorWhenNoHostIsInstalled) {
   EXPECT_HOST_ERROR(App(), errors::ObjectNotSet);
 }
 
-TEST(HostServices, AreTheOnesOfTheThread) {
+TEST(HostServices, BelongToTheThread) {
   // The services are only handed on here, never used.
   int place = 0;
   auto* application = reinterpret_cast<host::Application*>(&place);
@@ -46,7 +46,7 @@ TEST(HostServices, AreTheOnesOfTheThread) {
   State().application = nullptr;
 }
 
-TEST(Desktops, AreOfTheThreadAndAnErrorWhenThereIsNone) {
+TEST(Desktops, BelongToTheThreadAndAreAnErrorWithoutOne) {
   EXPECT_HOST_ERROR(TheDesktop(), errors::ObjectNotSet);
   int place = 0;
   auto* desktop = reinterpret_cast<host::Desktop*>(&place);

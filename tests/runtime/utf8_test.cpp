@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TEST(Utf8, GoesThereAndBack) {
+TEST(Utf8, RoundTrips) {
   const std::pair<StringView, std::string_view> rows[] = {
       {u""sv, ""sv},
       {u"abc"sv, "abc"sv},

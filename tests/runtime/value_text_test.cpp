@@ -86,7 +86,7 @@ TEST(ValueTexts, OfTheOtherKinds) {
   EXPECT_HOST_ERROR(CStr(ObjectPtr()), errors::TypeMismatch);
 }
 
-TEST(ValueTexts, RefuseWhatHasNoText) {
+TEST(ValueTexts, RefuseValuesWithoutText) {
   EXPECT_HOST_ERROR(CStr(std::numeric_limits<double>::infinity()), errors::Overflow);
   EXPECT_HOST_ERROR(CStr(std::numeric_limits<double>::quiet_NaN()), errors::Overflow);
   EXPECT_HOST_ERROR(CStr(Date{3E6}), errors::Overflow);

@@ -73,7 +73,7 @@ TEST(VariantValues, CopiesAreIndependent) {
   EXPECT_SAME(first, u"dois");
 }
 
-TEST(VariantObjects, ComeBackAsTheirClassOrABase) {
+TEST(VariantObjects, AreReturnedAsTheirClassOrABase) {
   const auto schooner = std::make_shared<Schooner>();
   const Variant value(schooner);
   EXPECT_EQ(value.As<Schooner>(), schooner);
@@ -89,7 +89,7 @@ TEST(VariantObjects, StayAliveInTheVariant) {
   EXPECT_TRUE(watch.expired());
 }
 
-TEST(VariantObjects, ErrorsTellWhatIsWrong) {
+TEST(VariantObjects, ErrorsStateTheReason) {
   EXPECT_HOST_ERROR(Variant().As<Ship>(), errors::ObjectRequired);
   EXPECT_HOST_ERROR(Variant::Null().As<Ship>(), errors::ObjectRequired);
   EXPECT_HOST_ERROR(Variant(u"Ship").As<Ship>(), errors::ObjectRequired);

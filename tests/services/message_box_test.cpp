@@ -64,7 +64,7 @@ TEST(ExibeMensagem, AnswersYesNoOrOne) {
   }
 }
 
-TEST(ExibeMensagem, ClosedYesNoBoxIsANo) {
+TEST(ExibeMensagem, AClosedYesNoBoxMeansNo) {
   memory::Application app;
   EXPECT_EQ(ExibeMensagem(0, u"Confirma?", 4), 7);
 }

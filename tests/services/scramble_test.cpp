@@ -18,7 +18,7 @@ Integer LastCode(const String& text) { return AnsiCode(CodificaTexto(text).back(
 
 TEST(CodificaTexto, EmptyStaysEmpty) { EXPECT_EQ(CodificaTexto(u""), u""); }
 
-TEST(CodificaTexto, MovesOddPlacesBackAndEvenPlacesForth) {
+TEST(CodificaTexto, MovesOddPositionsBackAndEvenPositionsForward) {
   // 65 + 50 - 1, 66 + 50 + 2, 67 + 50 - 3, 68 + 50 + 4
   EXPECT_EQ(CodificaTexto(u"ABCD"), u"rvrz");
   EXPECT_EQ(CodificaTexto(u"senha"),
@@ -51,7 +51,7 @@ TEST(CodificaTexto, FarBelowThePageIsAnError) {
   EXPECT_HOST_ERROR(CodificaTexto(String(1000, u'A')), errors::InvalidArgument);
 }
 
-TEST(EhPar, TellsEvenNumbers) {
+TEST(EhPar, IsTrueForEvenNumbers) {
   EXPECT_TRUE(EhPar(0));
   EXPECT_TRUE(EhPar(2));
   EXPECT_TRUE(EhPar(-4));

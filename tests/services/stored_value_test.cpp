@@ -74,7 +74,7 @@ TEST(StoredValue, ReadsLikeAText) {
   }
 }
 
-TEST(StoredValue, NumbersComeBackExactly) {
+TEST(StoredValue, NumbersAreReadBackExactly) {
   for (const Integer n :
        {Integer{0}, std::numeric_limits<Integer>::min(), std::numeric_limits<Integer>::max()}) {
     ExpectRoundTrip(n);
@@ -95,14 +95,14 @@ TEST(StoredValue, NumbersComeBackExactly) {
   ExpectRoundTrip(Decimal{{100, 0, 0}, 2, false});
 }
 
-TEST(StoredValue, DatesComeBackExactly) {
+TEST(StoredValue, DatesAreReadBackExactly) {
   for (const double days : {0.0, -0.0, 0.5, -0.25, -1.75, 43094.123456789, 2958465.0, -657434.0,
                             2958465.99999, 1e9, -1e9, 1e300}) {
     ExpectRoundTrip(Date{days});
   }
 }
 
-TEST(StoredValue, TextsComeBackExactly) {
+TEST(StoredValue, TextsAreReadBackExactly) {
   for (const String& text :
        {String(u"a\nb\r\nc\td"), String(u"  blanks  "), String(u" "), String(u"back\\slash \\n"),
         String(u"\0\x01\x7F", 3), String(u"\u2028\uFEFF\uFFFF"), String(1, u'\xD800'),
@@ -114,7 +114,7 @@ TEST(StoredValue, TextsComeBackExactly) {
   }
 }
 
-TEST(StoredValue, EscapesWhatAFileWouldNotKeep) {
+TEST(StoredValue, EscapesCharactersThatAFileWouldNotPreserve) {
   EXPECT_EQ(EscapeText(u" a b "), u"\\sa b\\s");
   EXPECT_EQ(EscapeText(u"a\nb"), u"a\\nb");
   EXPECT_EQ(EscapeText(u"\x01"), u"\\u0001");
@@ -122,7 +122,7 @@ TEST(StoredValue, EscapesWhatAFileWouldNotKeep) {
   EXPECT_EQ(EscapeText(u"\U0001F600"), u"\U0001F600");
 }
 
-TEST(StoredValue, FontsComeBackExactly) {
+TEST(StoredValue, FontsAreReadBackExactly) {
   for (const String& name : {String(u"Arial"), String(u" name= bold "), String(u"")}) {
     auto font = std::make_shared<host::Font>();
     font->Name = name;
@@ -134,7 +134,7 @@ TEST(StoredValue, FontsComeBackExactly) {
   }
 }
 
-TEST(StoredValue, RefusesWhatIsNone) {
+TEST(StoredValue, RefusesInvalidTexts) {
   for (const StringView text : {u"",
                                 u"Long",
                                 u"Long:",

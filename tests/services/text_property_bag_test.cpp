@@ -62,7 +62,7 @@ struct DefaultCase {
   bool stored;
 };
 
-TEST(TextPropertyBag, StoresWhatIsNotTheDefault) {
+TEST(TextPropertyBag, StoresValuesThatDifferFromTheDefault) {
   const DefaultCase kCases[] = {
       {Variant(Long{0}), Variant(Long{0}), false},
       {Variant(Long{1}), Variant(Long{0}), true},
@@ -120,7 +120,7 @@ TEST(TextPropertyBag, RefusesNamesThatItCannotWrite) {
   }
 }
 
-TEST(TextPropertyBag, FontEqualToTheDefaultStaysOut) {
+TEST(TextPropertyBag, AFontEqualToTheDefaultIsNotStored) {
   const auto font = std::make_shared<host::Font>(), ambient = std::make_shared<host::Font>();
   TextPropertyBag bag;
   bag.WriteProperty(u"Font", Variant(font), Variant(ambient));
@@ -140,7 +140,7 @@ TEST(TextPropertyBag, KeepsAFontAsItWasWritten) {
 
 // --- Objects ----------------------------------------------------------------------------------
 
-TEST(TextPropertyBag, ObjectsGoThroughTheText) {
+TEST(TextPropertyBag, ObjectsAreStoredInTheText) {
   const auto definition = std::make_shared<Definition>();
   definition->table = u"Cliente";
   definition->inner = std::make_shared<Definition>();
@@ -162,7 +162,7 @@ TEST(TextPropertyBag, ObjectsGoThroughTheText) {
   EXPECT_EQ(again->inner->table, u"Cidade");
 }
 
-TEST(TextPropertyBag, MakesAnObjectAnewAtEachRead) {
+TEST(TextPropertyBag, CreatesANewObjectAtEachRead) {
   TextPropertyBag bag(Factories());
   bag.WriteProperty(u"Browse", Variant(std::make_shared<Definition>()), kNoDefault);
   EXPECT_NE(bag.ReadProperty(u"Browse", Variant()).As<Definition>(),
@@ -212,14 +212,14 @@ TEST(TextPropertyBag, LoadsWhatItSaved) {
   EXPECT_TRUE(loaded.ReadProperty(u"Value", Variant()).IsNull());
 }
 
-TEST(TextPropertyBag, EmptyBagIsItsVersion) {
+TEST(TextPropertyBag, AnEmptyBagHasOnlyItsVersion) {
   TextPropertyBag bag;
   EXPECT_EQ(bag.Save(), u"tessaria 1\n");
   bag.Load(u"tessaria 1");
   EXPECT_EQ(bag.Save(), u"tessaria 1\n");
 }
 
-TEST(TextPropertyBag, TakesLineBreaksOfBothSystems) {
+TEST(TextPropertyBag, AcceptsLineBreaksOfBothSystems) {
   TextPropertyBag bag;
   bag.Load(u"tessaria 1\r\nMascara=String:00\r\n\r\nMaxLength=Integer:2");
   EXPECT_EQ(bag.Save(), u"tessaria 1\nMascara=String:00\nMaxLength=Integer:2\n");
@@ -231,7 +231,7 @@ struct BrokenCase {
   String description;
 };
 
-TEST(TextPropertyBag, TellsTheLineThatIsBroken) {
+TEST(TextPropertyBag, NamesTheBrokenLine) {
   const BrokenCase kCases[] = {
       {u"", kInvalidBagText, u"Linha 1: falta a identificação \"tessaria 1\"."},
       {u"Mascara=String:00", kInvalidBagText, u"Linha 1: falta a identificação \"tessaria 1\"."},

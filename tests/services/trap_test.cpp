@@ -12,7 +12,7 @@ namespace {
 
 using memory::MessageBoxRecord;
 
-TEST(MostraErro, TellsErrorModuleAndProcedure) {
+TEST(MostraErro, ShowsErrorModuleAndProcedure) {
   memory::Application app;
   Err().Set(HostError(13));
   mdlError::MostraErro(u"AchaDescr", u"mdlObjTxt");
@@ -40,7 +40,7 @@ TEST(Trap, RunsTheBodyToItsEnd) {
   EXPECT_TRUE(app.Boxes().empty());
 }
 
-TEST(Trap, ReportsTheErrorAndLeaves) {
+TEST(Trap, ReportsTheErrorAndReturns) {
   memory::Application app;
   bool reached = false;
   EXPECT_FALSE(Trap(u"tsText", u"Valida", [&] {
@@ -53,7 +53,7 @@ TEST(Trap, ReportsTheErrorAndLeaves) {
       (std::vector{MessageBoxRecord{0, u"argumento", 16, u"Erro: 5 - Função: tsText.Valida"}}));
 }
 
-TEST(Trap, ClearsTheErrorWhenItLeaves) {
+TEST(Trap, ClearsTheErrorWhenItReturns) {
   memory::Application app;
   Trap(u"tsText", u"Valida", [] { throw HostError(5, u"argumento"); });
   EXPECT_EQ(Err().Number, 0);
@@ -80,7 +80,7 @@ TEST(Trap, InnerTrapKeepsTheErrorFromTheOuter) {
   EXPECT_EQ(app.Boxes().front().Title, u"Erro: 6 - Função: tsText.dentro");
 }
 
-TEST(Trap, LetsOtherExceptionsPass) {
+TEST(Trap, DoesNotCatchOtherExceptions) {
   memory::Application app;
   EXPECT_THROW(Trap(u"tsText", u"Valida", [] { throw std::logic_error("ours"); }),
                std::logic_error);
@@ -94,7 +94,7 @@ TEST(Catch, HandlerSeesTheError) {
   EXPECT_EQ(Err().Number, 0);
 }
 
-TEST(Catch, HandlerStaysOutWithoutAnError) {
+TEST(Catch, TheHandlerDoesNotRunWithoutAnError) {
   bool handled = false;
   EXPECT_TRUE(Catch([] {}, [&] { handled = true; }));
   EXPECT_FALSE(handled);
