@@ -1,4 +1,4 @@
-// What the tests of the lookup grid share: a program, a desktop and a database in memory.
+// Shared by the tests of the lookup grid: a program, a desktop and a database in memory.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -23,7 +23,7 @@ inline memory::MessageBoxRecord ErrorBox(const HostError& error, const String& p
           u"Erro: " + CStr(Variant(error.Number())) + u" - Função: mdlObjTxt." + procedure};
 }
 
-/// The names of the databases that SQL is written for, and one that nobody knows.
+/// The names of the databases that SQL is written for, and an unknown one.
 inline constexpr StringView kAccess = u"ACCESS";
 inline constexpr StringView kSqlServer = u"Microsoft SQL Server";
 inline constexpr StringView kPostgres = u"PostgreSQL";
@@ -44,20 +44,20 @@ class BrowseTest : public testing::Test {
   BrowseTest& operator=(const BrowseTest&) = delete;
 
   void Dbms(StringView name) { connection->SetProperty(u"DBMS Name", String(name)); }
-  /// The only statement since the last look; "" and a failure when there was not just one.
+  /// The only statement since the last check; "" and a test failure when there is not exactly one.
   String OnlyStatement() {
     const auto statements = connection->TakeStatements();
     EXPECT_EQ(statements.size(), 1u);
     return statements.size() == 1 ? statements.front() : String();
   }
 
-  /// What every statement answers.
+  /// The answer to every statement.
   memory::Rows rows{{{u"codigo", host::type::Integer}, {u"nome"}, {u"cidade"}},
                     {{Long{1}, u"Ana", u"Assis"},
                      {Long{15}, u"Bruno", u"Bauru"},
                      {Long{7}, u"beatriz", u"Assis"},
                      {Long{20}, u"D'Avila", u"Tupã"}}};
-  /// The same with a text in front.
+  /// The same with a text as the first column.
   static memory::Rows NamesFirst() {
     return {{{u"nome"}, {u"codigo", host::type::Integer}},
             {{u"Ana", Long{1}},

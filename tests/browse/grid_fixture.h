@@ -1,4 +1,4 @@
-// A list of its own, with no lookup around it.
+// A list without a lookup around it.
 #pragma once
 
 #include <functional>
@@ -17,7 +17,7 @@ class GridForm : public BrowseTest {
     form.ConectGrid(u"Select codigo, nome, cidade From clientes", ok);
     ASSERT_TRUE(ok);
   }
-  /// The entries of so many searches, the separator and the one for all rows.
+  /// Adds the entries of `searches` searches, the separator and the entry for all rows.
   void FillMenu(Long searches) {
     for (Long i = 1; i <= searches; ++i) Bar().AddMenu({u"Busca " + CStr(Variant(i)), {}});
     Bar().AddMenu({u"-", {}});
@@ -43,7 +43,7 @@ class GridForm : public BrowseTest {
       shown.CloseWindow();
     });
   }
-  /// The captions of the prompts that something on the list opens, each of them cancelled.
+  /// The captions of the prompts that an action on the list opens; each prompt is cancelled.
   std::vector<String> PromptsOf(const Script& act) {
     std::vector<String> captions;
     Show([&](memory::Dialog& shown) {
@@ -59,7 +59,7 @@ class GridForm : public BrowseTest {
     });
     return captions;
   }
-  /// The first search runs, and the database refuses its statement.
+  /// Runs the first search, whose statement the database refuses.
   void RefuseSearch(memory::Dialog& shown) {
     desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
       prompt.Type(u"x");

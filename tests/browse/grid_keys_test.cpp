@@ -12,7 +12,7 @@ namespace modifier = memory::modifier;
 
 class GridKeys : public GridForm {
  protected:
-  /// Which entry of a menu a key clicks: a search asks, the last one fetches; 0 for none.
+  /// The menu entry that a key clicks: a search opens a prompt, the last entry fetches; 0 for none.
   Long EntryOf(Integer code, Integer shift) {
     connection->TakeStatements();
     const auto prompts =
@@ -21,7 +21,7 @@ class GridKeys : public GridForm {
     if (prompts.empty()) return 0;
     return CLng(Variant(prompts.front().substr(String(u"Pesquisa Busca ").size())));
   }
-  /// The row that a typed text leads to, from a row.
+  /// The row to which a typed text leads, starting from a row.
   Long RowAfter(StringView keys, Long from) {
     Long row = 0;
     form.dcBrowse->AbsolutePosition(from);
@@ -202,7 +202,7 @@ TEST_F(GridKeys, AFirstFieldThatIsNotATextDoesNotJump) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// What is highlighted is what Enter confirms.
+// Enter confirms the highlighted row.
 TEST_F(GridKeys, AJumpThatTheProviderRefusesKeepsTheRow) {
   rows = {{{u"nome"}}, {{u"Ana"}, {u"Bruno"}}};
   Connect();

@@ -1,4 +1,4 @@
-// The searches of the list: what an entry of the menu asks and runs.
+// The searches of the list: what a menu entry asks for and runs.
 #include "tessaria/memory/ts_text.h"
 #include "tessaria/tstext.h"
 #include "tests/browse/grid_fixture.h"
@@ -20,7 +20,7 @@ TEST_F(GridForm, EachSettingOfAnEntryReachesItsPromptOrItsStatement) {
   form.strFrom = u"clientes c";
   form.strCampos = u"codigo";
   form.strWhere = u"ativo = 1";
-  rows.Cells.clear();  // nothing completes what is typed
+  rows.Cells.clear();  // nothing completes the typed text
   Show([&](memory::Dialog& shown) {
     desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
       const tsText& edit = *prompt.Field(u"editPesquisa");

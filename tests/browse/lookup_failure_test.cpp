@@ -1,4 +1,4 @@
-// A lookup that fails says so, and is told apart from an empty table and from a cancel.
+// A failed lookup is reported, and is distinguished from an empty table and from a cancel.
 #include "tests/browse/run_fixture.h"
 
 namespace tessaria::test {
@@ -10,7 +10,7 @@ using testing::IsEmpty;
 
 class LookupFailure : public RunTest {
  protected:
-  /// A search is refused, in the list of a field that holds 15; the list is left then.
+  /// A search is refused in the list of a field whose value is 15; then the list is closed.
   void CancelBehindARefusal(const std::function<void()>& meanwhile) {
     AddSearch(1, u"Nome");
     RunArguments a;

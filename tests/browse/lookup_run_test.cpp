@@ -1,4 +1,4 @@
-// The run of a lookup, from the place of its window to the key that comes back.
+// The run of a lookup, from the place of its window to the returned key.
 #include "browse/lookup_run.h"
 
 #include "tests/browse/run_fixture.h"
@@ -13,7 +13,7 @@ using testing::IsEmpty;
 
 class LookupRun : public RunTest {
  protected:
-  /// The row on which the list opens.
+  /// The current row when the list opens.
   Long StartRow(RunArguments& a) {
     Long row = 0;
     Run(a, [&](memory::Dialog& shown) {
@@ -131,7 +131,7 @@ TEST_F(LookupRun, SearchesOfOneNumberShareAnEntryWhenTheyFollowEachOther) {
   });
 }
 
-// Entries that came from the older text form have the position of their text's end.
+// Entries from the older text form are numbered by the position of their text's end.
 TEST_F(LookupRun, SearchesNumberedByTextPositionsAreListedAndRunNothing) {
   AddSearch(8, u"Nome");
   AddSearch(16, u"Cidade");
@@ -158,14 +158,14 @@ TEST_F(LookupRun, ABlankValueTakesTheKeyOfTheFirstRow) {
     RunArguments a;
     a.Value = blank;
     EXPECT_EQ(StartRow(a), 1);
-    EXPECT_EQ(CStr(a.Value), u"1");  // by reference: the caller sees it
+    EXPECT_EQ(CStr(a.Value), u"1");  // passed by reference: the caller sees the change
   }
 }
 
 TEST_F(LookupRun, ANumberIsLookedUpExactly) {
   EXPECT_EQ(StartRow(Variant(Long{15})), 2);
   EXPECT_EQ(StartRow(Variant(7.0)), 3);
-  EXPECT_EQ(StartRow(Variant(Long{2})), 1);  // not in the list: the first row
+  EXPECT_EQ(StartRow(Variant(Long{2})), 1);  // not in the list: opens at the first row
 }
 
 TEST_F(LookupRun, ANumberWithDecimalsOrADateIsLookedUpAsItsText) {
@@ -335,7 +335,8 @@ TEST_F(LookupRun, EventsAreProcessedOnceAfterTheWindowHoweverItCloses) {
   const struct {
     StringView Button;
     int Pumps;
-  } cases[] = {{u"", 1}, {u"btnVoltar", 3}, {u"btnConfirmar", 3}};  // a button pumps twice itself
+  } cases[] = {
+      {u"", 1}, {u"btnVoltar", 3}, {u"btnConfirmar", 3}};  // a button itself processes events twice
   for (const auto& c : cases) {
     int before = 0;
     RunArguments a;

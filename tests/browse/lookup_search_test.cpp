@@ -1,4 +1,4 @@
-// A lookup searches again while its list is open: what its statements keep of the opening.
+// Further searches while a list is open: what their statements keep from the opening.
 #include "tests/browse/run_fixture.h"
 
 namespace tessaria::test {
@@ -20,7 +20,7 @@ class LookupSearch : public RunTest {
     });
     shown.ClickMenu(u"barBrowse", 1);
   }
-  /// The statements of all rows and of a search for "b", behind that of the opening.
+  /// The statements of all rows and of a search for "b", after that of the opening.
   std::vector<String> StatementsBehindTheOpening(RunArguments& a,
                                                  const std::function<void()>& meanwhile = {}) {
     Run(a, [&](memory::Dialog& shown) {
@@ -114,7 +114,7 @@ TEST_F(LookupSearch, ARefusedSearchIsReportedWithTheOwner) {
   EXPECT_EQ(boxes[0].Title, u"Deseja Copiar para Área de Transferencia ?");
 }
 
-// All rows are also those without a key.
+// All rows include those without a key.
 TEST_F(LookupSearch, ARowWithoutAKeyIsAnError) {
   RunArguments a;
   EXPECT_EQ(Run(a,

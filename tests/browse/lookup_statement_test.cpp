@@ -8,7 +8,7 @@ using testing::ElementsAre;
 
 class LookupStatement : public RunTest {
  protected:
-  /// A description whose box holds a text, of which the rest behind the caret was completed.
+  /// A description whose box contains a text that was completed after the caret.
   RunArguments Description(const String& text, Long typed) {
     box.Text(text);
     box.SelStart(typed);
@@ -97,7 +97,7 @@ TEST_F(LookupStatement, NoConditionHasTheAlias) {
 }
 
 TEST_F(LookupStatement, NoHalfOfACharacterIsSearched) {
-  // The caret stands inside a character of two units.
+  // The caret is inside a character of two units.
   EXPECT_EQ(
       StatementOf(Description(u"M\U0001F600", 2)),
       u"Select nome, codigo From clientes Where ativo = 1 And nome ilike 'M%' And nome Is Not "

@@ -1,4 +1,4 @@
-// The criteria by which the list seeks a row.
+// The criteria with which the list finds a row.
 #include "browse/row_criterion.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ TEST(RowCriterion, ANumberHasEnoughDigitsToIdentifyIt) {
       {7.0, u"7"},
       {0.3, u"0,3"},
       {0.1 + 0.2, u"0,30000000000000004"},
-      {9007199254740993.0, u"9007199254740992"},  // as a Double holds it
+      {9007199254740993.0, u"9007199254740992"},  // as a Double stores it
       {1e22, u"1E+22"},
       {0.3F, u"0,3"},
       {0.30000004F, u"0,30000004172325134"},

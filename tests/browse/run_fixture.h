@@ -14,7 +14,7 @@ using mdlObjTxt::ListEnd;
 
 inline constexpr Long kOwner = 77;
 
-/// The arguments of a run; those of a key field, unless a test says otherwise.
+/// The arguments of a run; by default those of a key field.
 struct RunArguments {
   float Top = 0;
   float Left = 0;
@@ -35,7 +35,7 @@ class RunTest : public BrowseTest {
  protected:
   ~RunTest() override { form->Close(); }
 
-  /// A list that the script works.
+  /// A run whose list is operated by the script.
   String Run(RunArguments& a, memory::ModalScript::Script script) {
     desktop->WillShow(u"frmBrowse", std::move(script));
     return RunUnseen(a);
@@ -46,7 +46,7 @@ class RunTest : public BrowseTest {
                                 a.CampoOutros, a.GroupBy, a.LeftJoin, a.Where, a.Titulo, a.Tipo,
                                 form, columns, searches, a.MsgBrowse, kOwner, &end);
   }
-  /// The statement that opens the list, which is left at once.
+  /// The statement that opens the list, which is closed at once.
   String StatementOf(RunArguments a) {
     Run(a, Leave);
     const auto statements = connection->TakeStatements();

@@ -1,4 +1,4 @@
-// The condition that an answered prompt stands for.
+// The condition of an answered prompt.
 #include "tests/browse/search_prompt_fixture.h"
 
 namespace tessaria::test {
@@ -49,7 +49,7 @@ TEST_F(SearchPrompt, WritesAnAmountWithAPoint) {
   s.Mascara = u"$$$$$$$.$$";
   s.MaxLength = 12;
   EXPECT_EQ(ClauseOf(s, u"1234,56"), u"clientes.valor > 1234.56");
-  // The value of a number has no zero at its end.
+  // The value of a number has no trailing zero.
   EXPECT_EQ(ClauseOf(s, u"1234,50"), u"clientes.valor > 1234.5");
 }
 
@@ -98,7 +98,7 @@ TEST_F(SearchPrompt, AnUnknownComparisonOfATextIsReportedAndMakesNoCondition) {
 }
 
 TEST_F(SearchPrompt, AnErrorIsReportedAndCountsAsAnswered) {
-  State().dbConexao = nullptr;  // and with it the dialect
+  State().dbConexao = nullptr;  // without it there is no dialect
   EXPECT_TRUE(Ask({}, [](memory::Dialog& prompt) {
     prompt.Type(u"Silva");
     prompt.Click(u"btnOk");

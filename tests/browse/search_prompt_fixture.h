@@ -1,4 +1,4 @@
-// One prompt of a search, worked by a script.
+// One prompt of a search, operated by a script.
 #pragma once
 
 #include "browse/search_prompt.h"
@@ -8,7 +8,7 @@
 
 namespace tessaria::test {
 
-/// One search; by name, unless a test says otherwise.
+/// One search; by default for a name.
 struct Search {
   String Tabela = u"clientes";
   String Campo = u"nome";
@@ -32,7 +32,7 @@ class SearchPrompt : public BrowseTest {
                                            s.Completa, s.Mascara, s.MaxLength, s.PromptInclude,
                                            s.Where, clause, s.CampoPronto);
   }
-  /// The condition of a typed answer.
+  /// The condition for a typed answer.
   String ClauseOf(const Search& s, StringView typed) {
     clause.clear();
     EXPECT_TRUE(Ask(s, [&](memory::Dialog& prompt) {
@@ -41,7 +41,7 @@ class SearchPrompt : public BrowseTest {
     }));
     return clause;
   }
-  /// Looks at a prompt that is cancelled then.
+  /// Inspects a prompt, which is then cancelled.
   void Look(const Search& s, const std::function<void(memory::Dialog&, tsText&)>& look) {
     EXPECT_FALSE(Ask(s, [&](memory::Dialog& prompt) {
       look(prompt, *prompt.Field(u"editPesquisa"));

@@ -1,4 +1,4 @@
-// The prompt of a search: how it is set up, and what it takes.
+// The prompt of a search: its settings and the answers that it accepts.
 #include "tests/browse/search_prompt_fixture.h"
 
 namespace tessaria::test {
@@ -81,7 +81,7 @@ TEST_F(SearchPrompt, CompletesATextFromTheTableAsTheOperatorTypes) {
             u"Select nome From clientes Where ativo = 1 And nome ilike 'm%' Limit 1");
 }
 
-// A value may hold an "@": the condition was expanded on the form that owns the lookup.
+// A value may contain an "@": the condition was expanded on the form that owns the lookup.
 TEST_F(SearchPrompt, TakesTheConditionUnchanged) {
   rows = {{{u"nome"}}, {{u"Maria"}}};
   Search s;
@@ -118,13 +118,13 @@ TEST_F(SearchPrompt, GivesItsControlTheConnectionOfTheThread) {
   EXPECT_THAT(app.Boxes(), IsEmpty());
 }
 
-// What is looked for need not exist as a whole.
+// The search value does not have to exist in the table.
 TEST_F(SearchPrompt, APartOfADescriptionIsAnAnswer) {
   rows.Cells.clear();
   Search s;
   s.Completa = true;
   EXPECT_TRUE(Ask(s, [](memory::Dialog& prompt) {
-    prompt.Click(u"btnOk");  // blank: it stays open without a word
+    prompt.Click(u"btnOk");  // blank: it stays open without a message
     EXPECT_TRUE(prompt.IsShown());
     prompt.FocusOn(u"editPesquisa");
     prompt.Type(u"Ma");
@@ -133,7 +133,7 @@ TEST_F(SearchPrompt, APartOfADescriptionIsAnAnswer) {
   EXPECT_EQ(clause, u"clientes.nome ilike '%Ma%'");
   EXPECT_THAT(app.Boxes(), IsEmpty());
   for (const auto& statement : connection->TakeStatements())
-    EXPECT_TRUE(EndsWith(statement, u"%' Limit 1")) << ToUtf8(statement);  // completions alone
+    EXPECT_TRUE(EndsWith(statement, u"%' Limit 1")) << ToUtf8(statement);  // only completions
 }
 
 TEST_F(SearchPrompt, LaysItselfOutAroundTheBox) {
@@ -260,7 +260,7 @@ TEST_F(SearchPrompt, ANullValueKeepsThePromptOpen) {
   EXPECT_EQ(clause, u"clientes.nome ilike '%Silva%'");
 }
 
-// The field still holds the value of the answer before.
+// The field still has the value of the previous answer.
 TEST_F(SearchPrompt, AnAnswerThatTheFieldRefusesKeepsThePromptOpen) {
   Search s;
   s.Campo = u"data";
@@ -364,7 +364,7 @@ TEST_F(SearchPrompt, CancelAndTheCloseButtonGiveNoAnswer) {
   EXPECT_EQ(clause, u"antes");
 }
 
-// Closing by the frame is the cancel button: the field is left for it, and checks nothing.
+// Closing the frame acts as the cancel button: it takes the focus, so the field checks nothing.
 TEST_F(SearchPrompt, ClosingTheFrameActsAsTheCancelButton) {
   std::vector<String> focused;
   Search s;

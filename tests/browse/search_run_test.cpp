@@ -60,7 +60,7 @@ TEST_F(SearchRun, OrdersByTheFieldAsWrittenInTheSearch) {
   EXPECT_EQ(OnlyStatement(),
             u"Select codigo, nome From clientes Where (clientes.nome ilike 'Ma%') And ativo = 1 "
             u"Order by nome");
-  // Written with its table, the field has it in the order too.
+  // A field that is written with its table keeps it in the order.
   Search({Entry(u"clientes.nome", 1)}, {u"Ma"});
   EXPECT_EQ(OnlyStatement(),
             u"Select codigo, nome From clientes Where (clientes.nome ilike 'Ma%') And ativo = 1 "
@@ -171,7 +171,7 @@ TEST_F(SearchRun, WritesADateInEachDialect) {
   }
 }
 
-/// Answers that are refused: nothing is sent, and the list stays as it was.
+/// Refused answers: nothing is sent, and the list does not change.
 class RefusedAnswer : public SearchRun {
  protected:
   void ExpectNothingWasSent() {
@@ -191,7 +191,7 @@ class RefusedAnswer : public SearchRun {
 TEST_F(RefusedAnswer, OfAPromptThatFails) {
   desktop->WillShow(u"frmTsPesquisa", [](memory::Dialog& prompt) {
     prompt.Type(u"x");
-    State().dbConexao = nullptr;  // and with it the dialect
+    State().dbConexao = nullptr;  // without it there is no dialect
     prompt.Click(u"btnOk");
   });
   Search({Entry(u"nome", 1), Entry(u"b", 0)}, {});

@@ -8,7 +8,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Notes what the completion asks of the sibling.
+/// Records the calls that the completion makes to the sibling.
 class Sibling final : public _tsText {
  public:
   Variant Value() const override { return value; }
@@ -102,7 +102,7 @@ const StatementCase kStatements[] = {
      u"Select nome From clientes Where nome ilike 'C:\\\\%' Limit 1"},
     {u"Microsoft SQL Server", u"", u"", u"[A]",
      u"Select Top 1 nome From clientes Where nome Like '[[]A]%'"},
-    // Half a character is neither cut off nor sent.
+    // A character of two units is never cut in half.
     {u"PostgreSQL", u"", u"", u"Ana \U0001F600",
      u"Select nome From clientes Where nome ilike 'Ana \U0001F600%' Limit 1"},
     {u"PostgreSQL", Variant(), u"", u" %_",
@@ -123,7 +123,7 @@ TEST_F(CompletionTest, WritesTheStatementOfEachDialect) {
     EXPECT_EQ(statement.Cursor, host::CursorType::Static);
     EXPECT_EQ(statement.Lock, host::LockType::ReadOnly);
     EXPECT_EQ(statement.Options, -1);
-    EXPECT_EQ(box.Text(), row.typed);  // no row: the box stays
+    EXPECT_EQ(box.Text(), row.typed);  // no row: the box does not change
   }
   EXPECT_THAT(other.calls, IsEmpty());
   EXPECT_THAT(app.TakeBoxes(), IsEmpty());
@@ -241,7 +241,7 @@ TEST_F(CompletionTest, AFoundTextIsNotCutAtTheLimitOfTheBox) {
   EXPECT_EQ(box.SelText(), u"ria");
 }
 
-// Only the start of the rows means that there are none.
+// Only being at the start of the rows means that there are none.
 TEST_F(CompletionTest, TheStartOfTheRowsMeansNoRowAndTheirEndIsAnError) {
   box.Text(u"Ma");
   connection->OnRows = AheadOfTheStart;

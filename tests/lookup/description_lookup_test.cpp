@@ -21,7 +21,7 @@ class DescriptionTest : public LookupTest {
     return mdlObjTxt::AchaDescr(browse, code, u"txtCodigo", where, 77);
   }
   void Use(const String& name, const String& version = u"") { connection->Dbms(name, version); }
-  /// The statement that a code leads to, with no condition.
+  /// The statement for a code, without a condition.
   String StatementFor(const Variant& code) {
     Find(code);
     return connection->Texts().back();
@@ -71,7 +71,7 @@ const VersionStatement kVersionStatements[] = {
      u"Select Top 1 nome, cidade, uf From clientes Where codigo = 15 And ativo = 1 Group By nome"},
     {u"SQLite", u"", u"Group By nome",
      u"Select Top 1 nome, cidade, uf From clientes Where codigo = 15 And ativo = 1 Group By nome"},
-    // The digits of the release count, not the release.
+    // The digits of the release are compared, not the release itself.
     {u"PostgreSQL", u"PostgreSQL 8.4.22 ", u"",
      u"Select nome, cidade, uf From clientes Where cast(codigo as varchar) = "
      u"cast(15 as varchar) And ativo = 1 Limit 1"},
@@ -234,7 +234,7 @@ TEST_F(DescriptionTest, ReturnFieldsTakeTheirValues) {
   Find(Long{15});
   EXPECT_SAME(browse.Outros().Item(1)->Valor(), u"Campinas");
   EXPECT_SAME(browse.Outros().Item(2)->Valor(), Variant::Null());
-  EXPECT_SAME(browse.Outros().Item(3)->Valor(), Variant());  // not in the list so spelled
+  EXPECT_SAME(browse.Outros().Item(3)->Valor(), Variant());  // not in the list with this spelling
   EXPECT_SAME(browse.Outros().Item(4)->Valor(), Variant());
   EXPECT_EQ(app.EventPumps(), 1);
 }
@@ -252,10 +252,11 @@ TEST_F(DescriptionTest, AReturnFieldMatchesAnyPartOfTheListAndThenFails) {
   browse.Outros().Add(u"cid");
   browse.Outros().Item(1)->Valor(u"velho");
   WillFindAna();
-  EXPECT_SAME(Find(Long{15}), u"Ana");  // the result as it stood
+  EXPECT_SAME(Find(Long{15}), u"Ana");  // the result so far
   ExpectErrorBox(u"AchaDescr", HostError(errors::ItemNotFound));
   EXPECT_EQ(app.EventPumps(), 0);
-  EXPECT_SAME(browse.Outros().Item(1)->Valor(), u"velho");  // a failure leaves all as it stood
+  EXPECT_SAME(browse.Outros().Item(1)->Valor(),
+              u"velho");  // a failure leaves all entries unchanged
 }
 
 TEST_F(DescriptionTest, TheDefinitionMayBeDestroyedWhileEventsAreProcessed) {

@@ -214,12 +214,13 @@ struct BadVersionCase {
 
 const BadVersionCase kBadVersions[] = {
     {u"PostgreSQL 10.1 on x", errors::TypeMismatch},
-    {u"x postgresql 9.5.3", errors::TypeMismatch},  // the name counts in its exact case
+    {u"x postgresql 9.5.3", errors::TypeMismatch},  // the case of the name matters
     {u"9.5.3", errors::TypeMismatch},
     {u"PostgreSQL", errors::TypeMismatch},
     {u"", errors::TypeMismatch},
     {u"PostgreSQL 999999", errors::Overflow},
-    {u"PostgreSQL 9,5.3 ", errors::TypeMismatch},  // numbers elsewhere, but no digits
+    {u"PostgreSQL 9,5.3 ",
+     errors::TypeMismatch},  // accepted as numbers elsewhere, but not only digits
     {u"PostgreSQL -9.5.3", errors::TypeMismatch},
     {u"PostgreSQL  9.5.3", errors::TypeMismatch},
     {u"PostgreSQL &H1F", errors::TypeMismatch},

@@ -1,4 +1,4 @@
-// A bag some of whose values cannot be read.
+// A property bag in which some values cannot be read.
 #pragma once
 
 #include <set>

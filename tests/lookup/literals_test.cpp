@@ -1,4 +1,4 @@
-// Values as they stand in SQL: texts, numbers, and what is refused.
+// Values as SQL literals: texts, numbers, and refused values.
 #include "lookup/literals.h"
 
 #include "tessaria/text.h"
@@ -31,7 +31,7 @@ const NumberCase kNumbers[] = {
     {u"1E-5", u"1E-5"},
     {u"1.5e+10", u"1.5e+10"},
     {u"123456789012345678901234567890", u"123456789012345678901234567890"},
-    // what is no number
+    // not numbers
     {u"0 or true", nullptr},
     {u"1 or pg_sleep(1) is null", nullptr},
     {u"1--", nullptr},
@@ -186,14 +186,14 @@ TEST_F(LiteralsTest, AValueOfAnyKindIsOneToken) {
   EXPECT_EQ(SqlLiteral(true, u""), u"-1");
   EXPECT_EQ(SqlLiteral(Variant(), u""), u"");
   EXPECT_EQ(SqlLiteral(Variant::Null(), u""), u"");
-  // Without quotes a date would be two divisions.
+  // Without quotes a date would be read as two divisions.
   EXPECT_HOST_ERROR(SqlLiteral(Date{42000}, u""), errors::TypeMismatch);
 }
 
 TEST_F(LiteralsTest, AnEarlierLiteralIsAlsoOneToken) {
   EXPECT_EQ(ReadyLiteral(Long{15}, u""), u"15");
   EXPECT_EQ(ReadyLiteral(u"'A''1'", u""), u"'A''1'");
-  EXPECT_EQ(ReadyLiteral(u"' or ''='", u""), u"' or ''='");  // a text that nobody would look for
+  EXPECT_EQ(ReadyLiteral(u"' or ''='", u""), u"' or ''='");  // one text, although a strange one
   for (const char16_t* hostile :
        {u"'a' or 'b'", u"1 or 1=1", u"'a", u"'a'--", u"'a' ", u"'a''", u"E'a'"})
     EXPECT_HOST_ERROR(ReadyLiteral(hostile, u""), errors::TypeMismatch) << ToUtf8(hostile);

@@ -1,4 +1,4 @@
-// What the tests of the lookups share: a program with no screen and a scripted connection.
+// Shared by the tests of the lookups: a program without a screen and a scripted connection.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -11,7 +11,7 @@
 
 namespace tessaria::test {
 
-/// Leaves a record set behind its last row, or ahead of its first one.
+/// Moves a record set past its last row, or before its first row.
 inline void PastTheEnd(host::Recordset& rows) {
   rows.MoveLast();
   rows.MoveNext();
@@ -31,7 +31,7 @@ class LookupTest : public testing::Test {
   LookupTest(const LookupTest&) = delete;
   LookupTest& operator=(const LookupTest&) = delete;
 
-  /// Expects exactly one box since the last look: the library's error box of that procedure.
+  /// Expects exactly one box since the last check: the library's error box of that procedure.
   void ExpectErrorBox(const String& procedure, const HostError& error) {
     const String title =
         u"Erro: " + CStr(Variant(error.Number())) + u" - Função: mdlObjTxt." + procedure;

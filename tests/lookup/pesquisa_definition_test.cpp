@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Adds an entry of that caption.
+/// Adds an entry with that caption.
 bool Add(Pesquisa& list, const String& caption, Long before = 0, Long after = 0,
          const String& key = u"", Long number = 0) {
   return list.Add(number, caption, u"", 0, 0, u"", 0, 0, false, false, before, after, key);
@@ -43,7 +43,7 @@ TEST(PesquisaDefinition, AnEntryHasTheSettingsItWasAddedWith) {
   EXPECT_EQ(item->MaxLength(), 30);
   EXPECT_TRUE(item->CompletaDescr());
   EXPECT_TRUE(item->PromptInclude());
-  // What the library never sets.
+  // The library never sets these.
   EXPECT_FALSE(item->CampoPronto());
   EXPECT_EQ(item->OrderBy(), u"");
 }

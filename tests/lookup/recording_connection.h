@@ -1,4 +1,4 @@
-// A memory connection that notes how each statement reached it.
+// A memory connection that records how each statement reached it.
 #pragma once
 
 #include <deque>
@@ -11,10 +11,10 @@
 
 namespace tessaria::test {
 
-/// A statement, and the way that it was sent.
+/// A statement and how it was sent.
 struct SentStatement {
   String Text;
-  bool Executed = false;  ///< by Execute; the rest tells of OpenRecordset
+  bool Executed = false;  ///< by Execute; the other members are those of OpenRecordset
   host::CursorType Cursor = host::CursorType::ForwardOnly;
   host::LockType Lock = host::LockType::ReadOnly;
   Long Options = 0;
@@ -32,14 +32,14 @@ class RecordingConnection final : public host::Connection {
     };
   }
 
-  /// What the provider says of its database.
+  /// Sets what the provider reports about its database.
   void Dbms(const String& name, const String& version = u"") {
     inner_->SetProperty(u"DBMS Name", name);
     inner_->SetProperty(u"DBMS Version", version);
   }
-  /// What it says of backslashes in plain texts.
+  /// Sets what the provider reports about backslashes in plain texts.
   void Backslashes(const Variant& escapes) { inner_->SetProperty(u"Backslash Escapes", escapes); }
-  /// Queues the answer of a statement to come. A statement without one gets no rows, of one text
+  /// Queues the answer to a later statement. A statement without one gets no rows, with one text
   /// column.
   void WillAnswer(memory::Rows rows) { answers_.push_back(std::move(rows)); }
   void WillFail(HostError error) { inner_->FailNext(std::move(error)); }
@@ -50,9 +50,9 @@ class RecordingConnection final : public host::Connection {
     for (const auto& statement : statements_) texts.push_back(statement.Text);
     return texts;
   }
-  /// Has its way with each record set before it is given out.
+  /// Called with each record set before it is returned.
   std::function<void(host::Recordset&)> OnRows;
-  /// The record sets that were given out, in order.
+  /// The record sets that were returned, in order.
   const std::vector<host::RecordsetPtr>& Recordsets() const { return recordsets_; }
 
   Long State() const override { return inner_->State(); }

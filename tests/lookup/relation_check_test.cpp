@@ -30,7 +30,7 @@ class RelationTest : public LookupTest {
                                    message, where, label, result, 77, button);
   }
 
-  /// Ties the control to a field of that type.
+  /// Binds the control to a field of that type.
   void Bind(Long type) {
     const auto application = memory::Connection::CreateOpen();
     application->Answer(u"linha", memory::Rows{{{u"codigo", type}}, {}});
@@ -210,7 +210,7 @@ const ProbeCase kProbes[] = {
     {u"PostgreSQL", host::type::VarWChar, u"A'1", u"ativo = 1",
      u"Select codigo From clientes Where cast(lower(codigo) as varchar) = "
      u"cast(lower('A''1') as varchar) And ativo = 1 Limit 1"},
-    // A number that was typed with a comma goes in with a point.
+    // A number that was typed with a comma is written with a point.
     {u"ACCESS", host::type::Double, u"12,5", u"",
      u"Select Top 1 codigo From clientes Where codigo = 12.5"},
     {u"Microsoft SQL Server", host::type::Currency, u"1234,50", u"",
@@ -290,7 +290,7 @@ TEST_F(RelationTest, AQuotedValueKeepsItsBlanksAndABareOneIsUnchanged) {
 TEST_F(RelationTest, ADescriptionIsAlwaysTextWhateverItsField) {
   kind = TipoControle::Descricao;
   value = u"  d'água ";
-  hasField = true;  // without a field object: it is not looked at
+  hasField = true;  // without a field object, because it is not used
   Check();
   connection->Dbms(u"PostgreSQL");
   Check();
@@ -343,7 +343,7 @@ TEST_F(RelationTest, ANumberHasAPointWhateverTheLocale) {
   }
 }
 
-// The first " as " ends the field, also where it is no alias's.
+// The first " as " ends the field, also when it does not introduce an alias.
 TEST_F(RelationTest, ACastInTheFieldIsCutLikeAnAlias) {
   Bind(host::type::Integer);
   field = u"cast(k as integer) as chave";
@@ -371,7 +371,7 @@ TEST_F(RelationTest, TheConditionHasNoAlias) {
               ElementsAre(u"Select Top 1 upper(nome) as n From clientes Where upper(nome) =Null",
                           u"Select Top 1 upper(nome) as n From clientes Where upper(nome)  = "
                           u"'15'"));
-  // The message spells the field as the program holds it.
+  // The message names the field as the program wrote it.
   EXPECT_EQ(app.TakeBoxes().at(0).Text,
             u"upper(nome) as n de clientes Inexistente, Verifique Por Favor");
 }

@@ -22,18 +22,18 @@ const LayoutCase kLayouts[] = {
     {u"Select a, b From t", u"SELECT\r\n      a,\r\n       b \r\nFROM\r\n      t"},
     {u"Select a From t Left Join u on (t.x=u.x)",
      u"SELECT\r\n      a \r\nFROM\r\n      t \r\n      Left Join u on (t.x=u.x)"},
-    // The template condition goes, wherever and however often it stands.
+    // The template condition is removed, wherever and however often it appears.
     {u"Select a From t Where 1 = Null", u"SELECT\r\n      a \r\nFROM\r\n      t "},
     {u"Where 1 = Nullx Where 1 = Null", u"x "},
     {u"Select a From t Where 1 = 1", u"SELECT\r\n      a \r\nFROM\r\n      t Where 1 = 1"},
-    // Keywords are found in their exact case only.
+    // Keywords are found only in their exact case.
     {u"select a from t left join u", u"select a from t left join u"},
     {u"SELECT a FROM t", u"SELECT a FROM t"},
-    // Inside names they are found too, and the character behind them is dropped.
+    // They are also found inside names, and the character after them is dropped.
     {u"FromData", u"\r\nFROM\r\n      ata"},
     {u"Select FromData", u"SELECT\r\n      \r\nFROM\r\n      ata"},
     {u"PreSelect x", u"PreSELECT\r\n      x"},
-    // One behind another: the dropped character is the blank between them.
+    // One after another: the dropped character is the blank between them.
     {u"Select From t", u"SELECT\r\n      \r\nFROM\r\n      t"},
     {u"SelectFrom", u"SELECT\r\n      rom"},
     {u"Select", u"SELECT\r\n      "},
@@ -54,7 +54,7 @@ const LayoutCase kLayouts[] = {
     {u",a", u",\r\n      a"},
     {u"a,,b", u"a,\r\n      ,\r\n      b"},
     {u",'a'", u",\r\n      'a'"},
-    // A comma behind a keyword is dropped and breaks the line all the same.
+    // A comma after a keyword is dropped and still breaks the line.
     {u"Select,a", u"SELECT\r\n      \r\n      a"},
     {u"Select,1", u"SELECT\r\n      1"},
 };
@@ -126,7 +126,7 @@ TEST(StatementLayout, TheDateIsWrittenTheSameInEveryDialect) {
   EXPECT_EQ(MontaSqlPronta(u"", &rows), u"\r\nWHERE\r\n      d=cDate('@txtD@')");
 }
 
-// The formatted column of the example: pieces of the field, as the dialect writes them.
+// The formatted column of the example: parts of the field, as the dialect writes them.
 String FormattedColumn(const String& dbms) {
   const String piece = mdlObjTxt::sqlFuncao(dbms, u"sqlSubstring");
   const String join = u" " + mdlObjTxt::sqlFuncao(dbms, u"sqlConcat") + u" ";
@@ -168,7 +168,7 @@ TEST(StatementLayout, LaysOutAWholeStatementInEachDialect) {
         u"      Cliente.Nome";
     EXPECT_EQ(MontaSqlPronta(statement + u" Where 1 = Null", &kSearch, &kOrder),
               expected + u" " + terms);
-    // A statement that failed comes without the condition, and so without the blank before it.
+    // A failed statement has no such condition, and so no blank before it.
     EXPECT_EQ(MontaSqlPronta(statement, &kSearch, &kOrder), expected + terms);
   }
 }

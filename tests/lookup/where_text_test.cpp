@@ -1,4 +1,4 @@
-// Where texts with values in them: each value is one token, whatever it holds.
+// Where conditions with values: each value is one token, whatever it contains.
 #include "lookup/where_text.h"
 
 #include "lookup/literals.h"
@@ -39,7 +39,7 @@ const WhereCase kOrdinary[] = {
     {u"ativo = 1", 1.0, u"ativo = 1"},
     {u"cidade = @txtPai@", Long{15}, u"cidade = 15"},
     {u"cidade=@TXTPAI@", Long{15}, u"cidade=15"},
-    {u"cidade = @txtPai", Long{15}, u"cidade = 15"},  // without a partner: the rest is the name
+    {u"cidade = @txtPai", Long{15}, u"cidade = 15"},  // without a closing mark the rest is the name
     {u"cidade in (@txtPai@)", Long{15}, u"cidade in (15)"},
     {u"valor > @txtPai@ And 1 = 1", 12.5, u"valor > 12.5 And 1 = 1"},
     {u"valor > @txtPai@", u"12,5", u"valor > 12.5"},
@@ -90,7 +90,7 @@ TEST_F(WhereTextTest, BackslashesAreDoubledWhereTheServerReadsThemAsEscapes) {
   EXPECT_EQ(Expanded(u"n = '@txtPai@'", u"a"), u"n = 'a'");
 }
 
-// Everything that operators were seen to type where a number was asked.
+// What operators type where a number is expected.
 constexpr const char16_t* kHostile[] = {u"0 or true",  u"1 or pg_sleep(1) is null",
                                         u"' or ''='",  u"1--",
                                         u"1/**/",      u"--1",
@@ -144,7 +144,7 @@ TEST_F(WhereTextTest, ABlankSeparatesTwoSigns) {
   EXPECT_EQ(Expanded(u"k=@txtPai@", Long{-5}), u"k=-5");
   EXPECT_EQ(Expanded(u"k<>@txtPai@", Long{-5}), u"k<>-5");
   EXPECT_EQ(Expanded(u"k>=@txtPai@", Long{-5}), u"k>=-5");
-  // Such an operator would take the sign in.
+  // Such an operator would include the sign.
   EXPECT_EQ(Expanded(u"k!=@txtPai@", Long{-5}), u"k!= -5");
   EXPECT_EQ(Expanded(u"k|/@txtPai@", Long{-5}), u"k|/ -5");
   EXPECT_EQ(Expanded(u"k!=@txtPai@", Long{5}), u"k!=5");

@@ -1,4 +1,4 @@
-// The keys that open the calculator of a number field: "x" where its slot refuses it, and F9.
+// The keys that open the calculator of a number field: "x" when its slot refuses it, and F9.
 #include <gtest/gtest.h>
 
 #include "tessaria/memory/application.h"
@@ -14,7 +14,7 @@ struct Row {
   const char16_t* Text;
   Long Caret;
   bool Opens;
-  const char16_t* TextAfterX;  ///< the "x" itself goes on to the box unless it was taken or refused
+  const char16_t* TextAfterX;  ///< the "x" itself reaches the box unless it was taken or refused
   int Beeps = 0;
 };
 
@@ -23,18 +23,18 @@ constexpr Row rows[] = {
     {u"$$$$$.$$", u"12,50", 5, true, u"12,50x"},
     {u"$$$$$", u"", 0, true, u"x"},
     {u"####", u"12__", 2, true, u"12x__"},
-    {u"00/00", u"12/__", 2, true, u"12x/__"},  // the slot behind the literal refuses it
+    {u"00/00", u"12/__", 2, true, u"12x/__"},  // the slot after the literal refuses it
     {u"dd/mm/yyyy", u"__/__/____", 0, true, u"x__/__/____"},
-    // A slot that takes letters takes this one.
+    // A slot that accepts letters accepts this one.
     {u"AA", u"__", 0, false, u"X_"},
     {u"aa", u"__", 0, false, u"x_"},
     {u"CC", u"__", 0, false, u"X_"},
     {u"XX", u"", 0, false, u"x"},
     {u"0A", u"1_", 1, false, u"1X"},
     {u"0A", u"__", 0, true, u"x__"},
-    // Behind the mask there is no slot.
+    // There is no slot after the mask.
     {u"####", u"1234", 4, false, u"1234", 1},
-    // A mask of many literals lets the key go ahead of its slot.
+    // A mask with many literals lets the key pass before its slot.
     {u"00.000.000/0000-00", u"12.345.678/0001-__", 15, false, u"12.345.678/0001x-__"},
     // An unmasked field is an ordinary box.
     {u"", u"12", 2, false, u"12x"},

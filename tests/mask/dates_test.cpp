@@ -17,7 +17,7 @@ struct DateCase {
 };
 
 const DateCase kDates[] = {
-    // Nothing typed is valid, and stays.
+    // An empty date is valid and does not change.
     {u"dd/mm/yyyy", u"__/__/____", true, u"__/__/____"},
     {u"00/00/0000", u"__/__/____", true, u"__/__/____"},
     {u"dd/mm/yyyy", u"", true, u""},
@@ -25,7 +25,7 @@ const DateCase kDates[] = {
     {u"dd/mm/yyyy", u"25/12/2017", true, u"25/12/2017"},
     {u"dd/mm/yyyy", u"31/12/9999", true, u"31/12/9999"},
     {u"mm/yyyy", u"12/2017", true, u"12/2017"},
-    // Years of two digits: up to 40 are of this century.
+    // Two-digit years: up to 40 they are of this century.
     {u"dd/mm/yy", u"01/01/40", true, u"01/01/2040"},
     {u"dd/mm/yy", u"01/01/41", true, u"01/01/1941"},
     {u"dd/mm/yy", u"01/01/10", true, u"01/01/2010"},
@@ -34,18 +34,18 @@ const DateCase kDates[] = {
     {u"dd/mm/yy", u"01/01/99", true, u"01/01/1999"},
     {u"mm/yy", u"12/17", true, u"12/2017"},
     {u"mm/yy", u"02/41", true, u"02/1941"},
-    // Years of one digit.
+    // One-digit years.
     {u"dd/mm/yy", u"01/01/9_", true, u"01/01/2009"},
     {u"dd/mm/yy", u"01/01/7_", true, u"01/01/2007"},
     {u"dd/mm/yy", u"01/01/0_", true, u"01/01/2000"},
     {u"dd/mm/yyyy", u"01/01/17__", true, u"01/01/2017"},
-    // Years of three digits come out with five.
+    // Three-digit years become five-digit years.
     {u"dd/mm/yyyy", u"01/01/123_", false, u"01/01/123_"},
     {u"dd/mm/yyyy", u"01/01/012_", false, u"01/01/012_"},
-    // Blanks behind a year are cut off where the mask has a day, and count where it has none.
+    // Blanks after a year are removed when the mask has a day, and count when it has none.
     {u"dd/mm/yyyy", u"01/12/17  ", true, u"01/12/2017"},
     {u"mm/yyyy", u"12/17  ", true, u"12/17  "},
-    // Typed in part.
+    // Partly typed.
     {u"dd/mm/yyyy", u"12/__/____", false, u"12/__/____"},
     {u"dd/mm/yyyy", u"25/12/____", false, u"25/12/____"},
     {u"mm/yyyy", u"12/____", false, u"12/____"},
@@ -68,10 +68,10 @@ const DateCase kDates[] = {
     {u"dd/mm/yyyy", u"29/02/2001", false, u"29/02/2001"},
     {u"dd/mm/yyyy", u"28/02/2001", true, u"28/02/2001"},
     {u"dd/mm/yyyy", u"30/02/2016", false, u"30/02/2016"},
-    // A month with a fill character is taken by its value, and not seen as a short month.
+    // A month with a fill character is read by its value, but is not recognised as a short month.
     {u"dd/mm/yyyy", u"31/4_/2017", true, u"31/4_/2017"},
     {u"dd/mm/yyyy", u"1_/01/2017", true, u"1_/01/2017"},
-    // Of other masks only the empty date is valid, capitals included.
+    // With other masks, also with capitals, only the empty date is valid.
     {u"00/00/0000", u"25/12/2017", false, u"25/12/2017"},
     {u"00/00", u"25/12", false, u"25/12"},
 };

@@ -15,7 +15,7 @@ namespace {
 
 using namespace mdlObjTxt;
 
-/// A widget that is nothing but its place and its value.
+/// A widget with only a position and a value.
 template <class Base>
 class Plain : public Base {
  public:
@@ -110,7 +110,7 @@ class MostraAbaTest : public testing::Test {
   void Run(const host::WidgetPtr& container, const String& number) {
     MostraAba(container, number, box);
   }
-  /// A chain of frames inside one another.
+  /// Frames nested in one another.
   static host::WidgetPtr Frames(host::WidgetPtr inside, int count) {
     for (int i = 0; i < count; ++i) inside = std::make_shared<PlainWidget>(u"Frame", inside);
     return inside;
@@ -214,7 +214,7 @@ TEST_F(ExpandeParametrosTest, ANumberHasAPointWhateverTheLocale) {
       {2.5F, u"2.5"},
       {Currency{12345678}, u"1234.5678"},
       {DecimalFromText(u"12345678901234567890.5"), u"12345678901234567890.5"},
-      {u"1.234,5", u"1.234,5"},  // a text stands as it is
+      {u"1.234,5", u"1.234,5"},  // a text is not changed
   };
   for (const auto& row : kCases) {
     const auto own = std::make_shared<PlainForm>();

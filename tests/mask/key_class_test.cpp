@@ -11,7 +11,7 @@ namespace {
 struct ClassCase {
   char16_t slot;
   bool digits, letters, blank;
-  char16_t lower, upper;  ///< what becomes of "b" and "B"
+  char16_t lower, upper;  ///< the stored form of "b" and "B"
 };
 
 constexpr ClassCase kClasses[] = {

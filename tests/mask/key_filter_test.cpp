@@ -54,7 +54,7 @@ TEST(Typing, OverASelectionFillsItsFirstSlotAndEmptiesTheRest) {
 }
 
 TEST(Typing, OverASelectionThatStartsOnALiteralReachesOneSlotFurther) {
-  // Behind the mask too, so that the text outgrows it.
+  // Also after the mask, so the text becomes longer than the mask.
   Session(R"(
     mask 00-000
     show 12[-3]45
@@ -149,7 +149,7 @@ TEST(Typing, UnmaskedFieldIsAnOrdinaryBox) {
 }
 
 TEST(Typing, LetsAKeyPassEarlyInAMaskWithManyLiterals) {
-  // At the last literal, place 16 of 18, there are but 14 slots.
+  // At the last literal, position 16 of 18, there are only 14 slots.
   Session(R"(
     mask 00.000.000/0000-00
     show 12.345.678/0001|-__
@@ -358,7 +358,7 @@ TEST(Delete, AtTheEndIsSwallowed) {
 }
 
 TEST(Delete, AtTheEndOfAShortTextTypesACommaIntoANumberSlot) {
-  // The code of Delete is that of the point, and a point is a comma there.
+  // Delete has the same code as the point, which acts as a comma there.
   Session(R"(
     mask 0$
     show 1|
@@ -452,7 +452,7 @@ TEST(Backspace, SelectionThatStartsOnALiteralReachesOneSlotFurther) {
 }
 
 TEST(Backspace, WithoutAFillCharacterRemovesTheCharacterAtTheCaret) {
-  // The erased text is empty, and only its length tells a slot from a selection.
+  // The erased text is empty, and only its length distinguishes a slot from a selection.
   Session(R"(
     mask 0000
     prompt
@@ -464,7 +464,7 @@ TEST(Backspace, WithoutAFillCharacterRemovesTheCharacterAtTheCaret) {
 }
 
 TEST(Backspace, AtTheEndDoesNotMoveAndWritesTheLiteral) {
-  // The place before the end is a literal; what goes down is what the mask has behind it.
+  // The position before the end is a literal; the next character of the mask is written.
   Session(R"(
     mask 00-0
     show 12-|
@@ -497,7 +497,7 @@ TEST(Backspace, OnAnEarlyLiteralIsLeftToTheBox) {
 }
 
 TEST(Backspace, SelectionThatLeavesOneErasedCharacterAtTheStartIsAnError) {
-  // Without fill characters only the literal remains, and that counts as a single slot.
+  // Without fill characters only the literal remains, which counts as a single slot.
   Session(R"(
     mask 0/0
     prompt
@@ -508,7 +508,7 @@ TEST(Backspace, SelectionThatLeavesOneErasedCharacterAtTheStartIsAnError) {
 
 // --- The handler itself ---------------------------------------------------------------------
 
-// Positions of the filter have 16 bits; a long text has more of them, and no key fails for it.
+// Positions of the filter have 16 bits. A longer text does not make any key fail.
 TEST(KeyFilter, ACaretBeyondSixteenBitsIsAfterTheMask) {
   for (const char16_t* mask : {u"", u"XXXX", u"##/##"}) {
     memory::Application app;
@@ -540,7 +540,7 @@ TEST(KeyFilter, ASelectionBeyondSixteenBitsIsEmptied) {
 TEST(KeyFilter, AcceptsCodesOfTheWesternPage) {
   memory::Application app;
   TestField field(u"XX");
-  // A letter with an accent, one beyond Latin-1, and "?" for a character that the page lacks.
+  // An accented letter, one beyond Latin-1, and "?" for a character that the page lacks.
   for (const char16_t character : {u'ç', u'\x0160', u'\xFF21'}) {
     Integer key = AnsiCode(character);
     txtEdit_KeyPress(field, key);

@@ -1,4 +1,4 @@
-// What holds for every mask and every sequence of keys.
+// Properties that hold for every mask and every sequence of keys.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -73,8 +73,8 @@ Long Literals(const TestField& field) {
   return Len(mask) - Len(mdlObjTxt::LimpaMascara(mask, mask, field.ItensMascara()));
 }
 
-/// One more than there was, or the whole mask. A selection that starts on literals is moved
-/// behind them as a whole, and the text grows by as many places.
+/// One more than before, or the whole mask. A selection that starts on literals is moved
+/// past them as a whole, and the text grows by as many positions.
 Long LongestAfterAKey(const TestField& field) {
   const Long longest = std::max(Len(field.box.Text()) + 1, Len(field.Mascara()));
   return field.box.SelLength() == 0 ? longest : longest + Literals(field);
@@ -97,8 +97,8 @@ TEST(AnyKeys, OneKeyAddsAtMostOneCharacterOrWhatTheSelectionMoved) {
   }
 }
 
-/// Whether the mask is a plain one: left to right, first a slot, and so few literals that no key
-/// is let go early.
+/// Whether the mask is plain: left to right, with a slot first and so few literals that no key
+/// passes early.
 bool IsPlain(const TestField& field) {
   const String mask = field.Mascara();
   const Long slots = Len(mask) - Literals(field);
@@ -110,7 +110,7 @@ bool IsPlain(const TestField& field) {
   return !mask.empty();
 }
 
-/// "x" is the one character that passes a slot which refuses it.
+/// "x" is the only character that passes a slot that refuses it.
 Stroke RandomEdit(Dice& dice) {
   for (;;) {
     const Stroke stroke = RandomStroke(dice);
@@ -118,7 +118,7 @@ Stroke RandomEdit(Dice& dice) {
   }
 }
 
-/// A selection that starts on a literal would be moved, see above.
+/// A selection that starts on a literal would be moved (see above).
 void DropSelectionOnALiteral(TestField& field) {
   const auto position = static_cast<Integer>(field.box.SelStart() + 1);
   if (mdlObjTxt::EhItemMascara(field.Mascara(), position, field.ItensMascara())) {

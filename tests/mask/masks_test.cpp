@@ -11,7 +11,7 @@ namespace {
 
 using namespace mdlObjTxt;
 
-/// The value laid out with the item set that belongs to mask and fill character.
+/// The value laid out with the items of the mask and the fill character.
 String LaidOut(const Variant& value, const String& mask, const String& fill = u"_",
                const String& password = u"") {
   return AplicaMascara(value, mask, fill, MontaItensMascara(mask, fill), password);
@@ -126,7 +126,7 @@ TEST(AplicaMascara, NumericMaskFormatsTheNumber) {
       {u"1,55", u"$$$.", u"1,6"},
       {u"12", u"$$$%", u"12%"},
       {u"1.234,5", u"$$$.$$", u"1.234,50"},
-      // Exact halves go away from zero.
+      // Exact halves round away from zero.
       {u"0,125", u"$$$.$$", u"0,13"},
       {u"-0,125", u"$$$.$$", u"-0,13"},
       {2.5, u"$$$", u"3"},
@@ -150,7 +150,7 @@ TEST(AplicaMascara, LiteralsBetweenTheDollarsAlsoCountAsSuffix) {
 }
 
 TEST(AplicaMascara, ANumberWithItsSuffixGetsAnotherOne) {
-  // With the suffix the text is no number, so that it is not formatted again either.
+  // With its suffix the text is not a number, so it is not formatted again.
   EXPECT_EQ(LaidOut(u"1.234,50%", u"$$$.$$%"), u"1.234,50%%");
   EXPECT_EQ(LaidOut(u"1234,5%", u"$$$.$$%"), u"1234,5%%");
 }
@@ -163,7 +163,7 @@ TEST(AplicaMascara, ATextThatIsNotANumberIsReturnedWithItsSuffix) {
 }
 
 TEST(AplicaMascara, ASuffixOfMillionsOfCharactersIsAnError) {
-  // A suffix of n characters comes to half the square of n.
+  // A suffix of n characters grows to half the square of n.
   EXPECT_EQ(Len(LaidOut(u"1", u"$" + String(1000, u'k'))), 500501);
   EXPECT_HOST_ERROR(LaidOut(u"1", u"$" + String(2000, u'k')), errors::OutOfMemory);
   EXPECT_HOST_ERROR(LaidOut(u"1", u"$" + String(1'000'000, u'k')), errors::OutOfMemory);
@@ -197,12 +197,12 @@ TEST(AplicaMascara, TwoSidedMaskAlignsItsLeftPartRight) {
 }
 
 TEST(AplicaMascara, TwoSidedMaskWithoutASplitKeepsLiteralsOfTheText) {
-  // The text is not stripped there, so its "-" takes a slot.
+  // The text is not stripped in this case, so its "-" takes a slot.
   EXPECT_EQ(LaidOut(u"1-2", u"N0-00"), u"_1--2");
 }
 
 TEST(AplicaMascara, SplitCountsThePlacesOfTheTextWithItsLiterals) {
-  // Without its "-" the text is cut one place too late.
+  // Without its "-" the text would be cut one position too late.
   EXPECT_EQ(LaidOut(u"12/34AB", u"N0/00-AA"), u"23/4A-B_");
 }
 

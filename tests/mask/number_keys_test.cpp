@@ -8,7 +8,7 @@
 namespace tessaria {
 namespace {
 
-// A box of 10 characters and two decimals holds 6 integer digits: "123.456,78".
+// A box of 10 characters with two decimals has room for 6 integer digits: "123.456,78".
 
 TEST(NumberDigits, AreInsertedByTheBox) {
   Session(R"(
@@ -61,7 +61,7 @@ TEST(NumberDigits, SelectionThatSpansTheCommaCountsAsIfTheCommaStayed) {
 }
 
 TEST(NumberDigits, ReplacingASelectionFromTheCommaToTheEndKeepNoComma) {
-  // The comma counts for the limit, but the box replaces it with the rest.
+  // The comma counts for the limit, but the box replaces it with the selection.
   Session(R"(
     mask $$$$$$$.$$
     max 10
@@ -273,7 +273,7 @@ TEST(NumberMinus, ThatHasNoRoomIsRefusedAndLeavesTheTypedText) {
 }
 
 TEST(NumberMinus, ChangesTheTypedTextEvenWhenTheKeyIsRefused) {
-  // The typed text loses the rest of the selection; the box keeps it.
+  // The typed text loses the rest of the selection, but the box keeps it.
   Session(R"(
     mask $$$$$$$.$$
     max 10
@@ -323,7 +323,7 @@ TEST(NumberDigits, WithAMaxLengthBeyondSixteenBitsRaiseAnErrorAndReachTheBox) {
 }
 
 TEST(NumberKeys, AlsoWorkInADollarSlotOfAnotherMask) {
-  // The box types the digit by itself: nothing limits it.
+  // The box types the digit by itself, without a limit.
   Session(R"(
     mask 0$0
     show 1|__
@@ -359,7 +359,7 @@ TEST(NumberPassword, ASignComposesTheNumberItself) {
   )");
 }
 
-// What the operator types into the box stands there as it is.
+// What the operator types into the box is shown as it is.
 TEST(NumberPassword, TypedDigitsAreTakenAsTheyAre) {
   Session(R"(
     mask $$$$$$$.$$

@@ -35,7 +35,7 @@ TEST(StrZero, PadsWithZeros) {
       {Long{-5}, 2, 0, u"-5"},
       {Long{-5}, 1, 0, u"*"},
       {Long{0}, 0, 0, u""},
-      // A zero is one digit, however many decimals are asked for.
+      // A zero is one digit, however many decimals are requested.
       {Long{0}, 1, 2, u"0"},
       {Long{0}, 2, 3, u"00"},
       {u"", 1, 2, u"0"},
@@ -44,7 +44,7 @@ TEST(StrZero, PadsWithZeros) {
       {u"0,00", 1, 2, u"0"},
       {0.001, 1, 2, u"0"},
       {-0.4, 3, 0, u"000"},
-      // Halves go to the even neighbour.
+      // Halves round to the even neighbour.
       {0.5, 2, 0, u"00"},
       {1.5, 2, 0, u"02"},
       {2.5, 2, 0, u"02"},
@@ -54,7 +54,7 @@ TEST(StrZero, PadsWithZeros) {
       {2.675, 4, 2, u"0268"},
       {u"-0,4", 3, 0, u"000"},
       {u"000", 2, 0, u"00"},
-      // All digits, however many.
+      // All digits count, however many.
       {u"1234567890123456", 18, 0, u"001234567890123456"},
       {u"12345678901234567890123", 24, 0, u"012345678901234567890123"},
       {u"12345678901234567890,125", 22, 2, u"1234567890123456789012"},
@@ -140,9 +140,9 @@ TEST(PreencheZeros, FillsRunByRun) {
       {u"AA-000", u"_", u"XY-7__", u"XY-007"},
       {u"0000", u"_", u"__12", u"0012"},
       {u"0000", u"_", u"12", u"0012"},
-      // A typed 0 fills the run too.
+      // A typed 0 also fills the run.
       {u"000", u"_", u"0__", u"000"},
-      // Without a fill character nothing stands for it.
+      // Without a fill character the place stays empty.
       {u"000", u"", u"7", u"007"},
       {u"00 00", u"", u"1  2", u"01 02"},
       {u"A 00", u"", u"B 2", u"B 02"},

@@ -7,8 +7,8 @@
 //   9   -> 12/|__/____ ; beep ; texto 12/__/____ ; key 0 ; error 6
 //   F9  -> 12/|__/____ ; calculator
 //
-// A key is a character or one of Back, Del, F9, Enter, Esc, Tab, Space, Paste. Beeps, error boxes
-// and calculators that a line does not name fail it.
+// A key is a character or one of Back, Del, F9, Enter, Esc, Tab, Space, Paste. A beep, error box or
+// calculator that a line does not name is a failure.
 #pragma once
 
 #include <string>

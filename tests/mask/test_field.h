@@ -9,7 +9,7 @@
 
 namespace tessaria {
 
-/// Keeps a mask as the control does and has its key handlers connected.
+/// Stores a mask as the control does, with the key handlers connected.
 class TestField final : public MaskedField {
  public:
   explicit TestField(String mask = u"", String prompt = u"_") : prompt_(std::move(prompt)) {
@@ -32,7 +32,7 @@ class TestField final : public MaskedField {
     prompt_ = std::move(prompt);
     Mask(mask_);
   }
-  /// Lays a value out in the box, as an assignment of the value does.
+  /// Lays out a value in the box, as an assignment of the value does.
   void Show(const String& value) {
     typed_ = mdlObjTxt::LimpaMascara(value, mask_, items_);
     box.Text(mdlObjTxt::AplicaMascara(value, mask_, prompt_, items_, box.PasswordChar()));
@@ -56,7 +56,7 @@ class TestField final : public MaskedField {
   memory::TextBox box;
   bool negative = false;
   tessaria::TipoControle type = tessaria::TipoControle::Normal;
-  int calculators = 0;  ///< how often the calculator was asked for
+  int calculators = 0;  ///< how often the calculator was requested
   Integer lastKey = 0;  ///< the key as the last handler left it
 
  private:

@@ -1,4 +1,4 @@
-// The calculator without its window, against its rules written down a second time.
+// The calculator without its window, compared with a second implementation of its rules.
 #include "pickers/calculator_machine.h"
 
 #include <gtest/gtest.h>
@@ -11,10 +11,10 @@
 namespace tessaria::test {
 namespace {
 
-/// The keys of the tests: "E" is CE, "r" the reset.
+/// The keys of the tests: "E" is CE, "r" is the reset.
 constexpr StringView operatorKeys = u"CE+-X/=%";
 
-/// The rules step by step, with the state that they speak of.
+/// The rules step by step, with the state that they refer to.
 class Model {
  public:
   String Display = u"0";
@@ -115,7 +115,7 @@ class Model {
   char16_t pending_ = u' ';
 };
 
-/// The machine, with its boxes counted.
+/// The machine, with a count of its boxes.
 class Machine {
  public:
   explicit Machine(int& boxes) : boxes_(boxes) { machine_.Display(u"0"); }
@@ -133,7 +133,7 @@ class Machine {
     if (key == u'r') return machine_.Display(u"0"), machine_.Load(), false;
     return machine_.Press(static_cast<CalculatorMachine::Operator>(operatorKeys.find(key)));
   }
-  /// All the keys; the display.
+  /// Presses all keys and returns the display.
   String Type(StringView keys) {
     for (const char16_t key : keys) Press(key);
     return Display();
@@ -150,7 +150,7 @@ class CalculatorMachineTest : public testing::Test {
   static constexpr StringView keys_ = u"05,CE+-X/=%r";
   static constexpr std::size_t depth_ = 5;
 
-  /// Every sequence from here on, until a key closes the calculator or too much has failed.
+  /// Tries every further sequence, until a key closes the calculator or too many have failed.
   void Walk(const Machine& machine, const Model& model, const String& path) {
     if (path.size() == depth_ || HasFailure()) return;
     for (const char16_t key : keys_) {
@@ -193,7 +193,7 @@ constexpr Example examples[] = {
     {u"2+3=", u"5"},
     {u"50X20%", u"10"},
     {u"10+5C", u"0"},
-    {u"10+5E", u"10"},  // CE shows the first operand, it does not clear to 0
+    {u"10+5E", u"10"},  // CE shows the first operand and does not clear to 0
     {u"10+5E3=", u"10"},
     {u"10-4=", u"6"},
     {u"10X4=", u"40"},
@@ -201,24 +201,24 @@ constexpr Example examples[] = {
     {u"1,5+2,25=", u"3,75"},
     {u"2+3+4=", u"9"},
     {u"2+3X4=", u"20"},
-    {u"2+-", u"2"},  // nothing was added yet
+    {u"2+-", u"2"},  // nothing has been added yet
     {u"2+-3=", u"-1"},
     {u"50%", u"0"},      // there is no second number yet
     {u"50%3=", u"0"},    // the percent key leaves nothing pending
-    {u"50+20%", u"10"},  // whatever was pending
+    {u"50+20%", u"10"},  // whatever is pending
     {u"007", u"007"},
     {u"007+", u"7"},
-    {u",5", u"0,05"},  // a comma in front begins with a decimal of its own
+    {u",5", u"0,05"},  // a leading comma starts with a decimal of its own
     {u"1,2,3", u"1,23"},
     {u"1+,5", u"0,05"},
     {u"1,+", u"1"},
     {u"5r", u"0"},
-    {u"5r7", u"07"},  // a reset does not forget that a number is being typed
+    {u"5r7", u"07"},  // a reset keeps the state that a number is being typed
     {u"5+2r3=", u"3"},
     {u"1/3=", u"0,333333333333333"},
-    {u"1/3X3=", u"1"},                    // a result goes on in full
+    {u"1/3X3=", u"1"},                    // a result keeps its full precision
     {u"1/3-EX3=", u"0,999999999999999"},  // CE takes the first operand back from the display
-    {u"2+3+-", u"8"},  // an operator on a result applies once more what is pending
+    {u"2+3+-", u"8"},                     // an operator on a result applies the pending one again
 };
 
 TEST_F(CalculatorMachineTest, WorkedExamples) {
@@ -235,7 +235,7 @@ TEST_F(CalculatorMachineTest, TheDisplayTakesSixteenCharacters) {
   EXPECT_EQ(machine.Type(u"01234567"), u"-123456789012345");
 }
 
-// A number that was only entered is no Double yet.
+// A number that was only entered is not yet a Double.
 TEST_F(CalculatorMachineTest, AnEntryWithMoreDigitsThanADoubleKeepsThemUntilItIsUsed) {
   for (const StringView keys : {u"=", u"+", u"+-", u"E"}) {
     EXPECT_EQ(Machine(boxes).Type(u"9999999999999999" + String(keys)), u"9999999999999999")
@@ -272,7 +272,7 @@ TEST_F(CalculatorMachineTest, DividingByZeroIsReportedAndKeepsTheFirstOperand) {
   EXPECT_EQ(boxes, 1);
   EXPECT_EQ(machine.Type(u"2="), u"10");
   EXPECT_EQ(boxes, 1);
-  EXPECT_EQ(Machine(boxes).Type(u"8/+"), u"8");  // no second number is a zero as well
+  EXPECT_EQ(Machine(boxes).Type(u"8/+"), u"8");  // a missing second number is also zero
   EXPECT_EQ(boxes, 2);
 }
 

@@ -10,9 +10,9 @@ using memory::Key;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// What the operator saw of a key and what came of it.
+/// What a key shows, and what it leads to.
 struct Outcome {
-  String Display;  ///< right behind the key
+  String Display;  ///< right after the key
   bool Closed;
   String Answer;  ///< after 3 and "="
   bool operator==(const Outcome&) const = default;
@@ -24,7 +24,7 @@ void PrintTo(const Outcome& outcome, std::ostream* out) {
 
 class CalculatorTest : public PickerTest {
  protected:
-  /// Opens on a text of the box; all of its characters count unless a test says otherwise.
+  /// Opens with a text of the box; by default all of its characters count.
   String Run(const String& text, Script script) { return Run(text, text, std::move(script)); }
   String Run(const String& text, const String& stripped, Script script) {
     frmCalculadora form;
@@ -34,7 +34,7 @@ class CalculatorTest : public PickerTest {
     EXPECT_EQ(answer.Type(), Variant::Kind::String);
     return CStr(answer);
   }
-  /// Types, and leaves by Escape when the keys did not end it.
+  /// Types, and closes with Escape when the keys did not end it.
   String TypeOn(const String& text, StringView keys) {
     return Run(text, [&](memory::Dialog& shown) {
       shown.Type(keys);
@@ -44,7 +44,7 @@ class CalculatorTest : public PickerTest {
   static String DisplayOf(memory::Dialog& shown) {
     return shown.Find<host::DialogDisplay>(u"txtVisor").Text();
   }
-  /// 8 + 2, then something, then 3 and "=": no two keys give the same outcome.
+  /// 8 + 2, then an action, then 3 and "=": no two keys give the same outcome.
   Outcome Probe(const Script& act) {
     Outcome outcome;
     outcome.Answer = Run(u"", [&](memory::Dialog& shown) {
@@ -63,7 +63,7 @@ class CalculatorTest : public PickerTest {
   Outcome Clicked(StringView name, Integer index = -1) {
     return Probe([&](memory::Dialog& shown) { shown.Click(name, index); });
   }
-  /// The key on an operator button, where the focus stands by itself, or on another one.
+  /// The key on an operator button, where the focus is by default, or on another button.
   Outcome TypedOn(StringView name, char16_t key) {
     return Probe([&](memory::Dialog& shown) {
       if (name == u"btnNumero") shown.FocusOn(name, 4);
@@ -108,9 +108,9 @@ constexpr Opening openings[] = {
     {u"1.234,50", u"1234,50", u"1234,5", u"1235,5"},
     {u"-3", u"-3", u"-3", u"-2"},
     {u"0,00", u"0,00", u"0", u"1"},
-    {u" 7 ", u"", u"7", u"8"},     // blanks are no part of a number
+    {u" 7 ", u"", u"7", u"8"},     // blanks are not part of a number
     {u"", u"12", u"0", u"1"},      // an empty box, whatever the text without its mask
-    {u"abc", u"abc", u"0", u"1"},  // no number, but something is typed
+    {u"abc", u"abc", u"0", u"1"},  // not a number, but not empty
     {u"12,5%", u"12,5", u"0", u"1"},
 };
 
@@ -171,7 +171,7 @@ TEST_F(CalculatorTest, StaysInsideASmallScreen) {
 
 TEST_F(CalculatorTest, EveryWayOfClosingReturnsTheDisplay) {
   EXPECT_EQ(TypeOn(u"", u"2+3="), u"5");
-  EXPECT_EQ(TypeOn(u"7", u""), u"7");  // Escape: a cancel has an answer too
+  EXPECT_EQ(TypeOn(u"7", u""), u"7");  // Escape: a cancel also has an answer
   EXPECT_EQ(TypeOn(u"", u"2+3"), u"3");
   EXPECT_EQ(Run(u"9", [](memory::Dialog& shown) { shown.CloseWindow(); }), u"9");
 }
@@ -201,7 +201,7 @@ TEST_F(CalculatorTest, ItContinuesWhereItStoppedUntilItIsRecreated) {
     return CStr(form.ExecutaCalculadora(0.0f, 0.0f, box, u"", u"", u""));
   };
   EXPECT_EQ(run(u"7+2"), u"2");
-  EXPECT_EQ(run(u"="), u"7");  // 7 + 0: the display starts over, the sum stands
+  EXPECT_EQ(run(u"="), u"7");  // 7 + 0: the display starts again, the sum is kept
 }
 
 // --- Errors -------------------------------------------------------------------------------------
@@ -250,7 +250,7 @@ struct KeyRow {
   Integer OnDigit;
 };
 
-// The second layout differs from the first; that is not an error of this test.
+// The second layout differs from the first on purpose.
 constexpr KeyRow keyRows[] = {
     {61, 6, 6}, {37, 7, 7}, {88, 4, 2}, {120, 4, 2}, {42, 4, 2}, {43, 2, 1}, {45, 3, 3}, {47, 5, 0},
 };
@@ -307,7 +307,7 @@ TEST_F(CalculatorTest, NoOtherKeyDoesAnything) {
   const StringView known = u"=%Xx*+-/.,0123456789\bcCD\x1B";
   const Outcome untouched = Probe([](memory::Dialog&) {});
   for (char16_t key = 1; key < 256; ++key) {
-    // The blank and Enter press the button that has the focus, as they do on any button.
+    // The blank and Enter press the focused button, as on any button.
     if (known.find(key) != StringView::npos || key == 13 || key == 32) continue;
     EXPECT_EQ(TypedOn(u"btnOperador", key), untouched) << static_cast<int>(key);
     EXPECT_EQ(TypedOn(u"btnNumero", key), untouched) << static_cast<int>(key);
@@ -320,13 +320,13 @@ TEST_F(CalculatorTest, ResetMovesTheFocusToADigitSoThatTheSecondLayoutIsNext) {
                 [](memory::Dialog& shown) {
                   shown.Type(u"9c");
                   EXPECT_EQ(shown.Focused(), u"btnNumero");
-                  shown.Type(u"5*");  // behind the digit the focus is back on "="
+                  shown.Type(u"5*");  // after the digit the focus is back on "="
                   shown.Type(u"4=");
                 }),
             u"20");
 }
 
-// What was pending is gone, and so is the count of numbers; the sum so far is not.
+// The pending operator and the count of numbers are reset, but not the sum so far.
 TEST_F(CalculatorTest, ResetKeepsTheAccumulator) {
   EXPECT_EQ(Run(u"",
                 [](memory::Dialog& shown) {
@@ -344,7 +344,7 @@ TEST_F(CalculatorTest, DigitsTakeTheFormsBackColor) {
     auto& plus = shown.Find<host::DialogButton>(u"btnOperador", 2);
     EXPECT_EQ(digit.BackColor(), host::colour::ButtonFace);
     shown.BackColour = 0x00C0FFFF;
-    shown.Type(u"c");  // the load step runs again
+    shown.Type(u"c");  // runs the load step again
     EXPECT_EQ(digit.BackColor(), 0x00C0FFFFu);
     EXPECT_EQ(plus.BackColor(), host::colour::ButtonFace);
     shown.CloseWindow();
@@ -360,7 +360,7 @@ TEST_F(CalculatorTest, ResetMovesTheFocusToTheZero) {
   });
 }
 
-// The focus moves ahead of the arithmetic.
+// The focus moves before the calculation.
 TEST_F(CalculatorTest, AfterAnErrorTheFocusIsOnEquals) {
   const struct {
     const char16_t* Text;

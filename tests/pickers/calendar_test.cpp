@@ -19,7 +19,7 @@ const char16_t* const dayMask = u"dd/mm/yyyy";
 
 class CalendarTest : public PickerTest {
  protected:
-  /// Runs on a text of the box, as the button of a field does.
+  /// Runs with a text of the box, as the button of a field does.
   Date Run(const String& mask, const String& text, Script script) {
     const String items = mdlObjTxt::MontaItensMascara(mask, u"_");
     return RunStripped(mask, text, Trim(mdlObjTxt::LimpaMascara(text, mask, items)),
@@ -67,7 +67,8 @@ TEST_F(CalendarTest, OpensWithTheDateOfTheBoxOrToday) {
     EXPECT_EQ(Run(start.Mask, start.Text,
                   [&](memory::Dialog& shown) {
                     EXPECT_EQ(Selected(shown), start.Expected);
-                    EXPECT_EQ(box.Text(), CStr(start.Expected));  // ahead of the first look
+                    EXPECT_EQ(box.Text(),
+                              CStr(start.Expected));  // before the operator sees the window
                     shown.Press(Key::Escape);
                   }),
               start.Expected);
@@ -85,7 +86,7 @@ TEST_F(CalendarTest, StaysInsideASmallScreen) {
   });
 }
 
-// Of a short year six characters are left, which are read as a date and not digit by digit.
+// A short year leaves six characters, which are read as a date and not digit by digit.
 TEST_F(CalendarTest, WithoutSlashesAShortYearOrAMonthAloneIsNotADate) {
   struct Row {
     const char16_t* mask;
@@ -103,7 +104,7 @@ TEST_F(CalendarTest, WithoutSlashesAShortYearOrAMonthAloneIsNotADate) {
 TEST_F(CalendarTest, EightCharactersAreReadAsDigitsWhateverTheyAre) {
   box.Text(u"31/12/17");
   EXPECT_HOST_ERROR(Execute(u"dd/mm/yy", u"31/12/17"), errors::TypeMismatch);
-  EXPECT_EQ(box.Text(), u"31/12/2017");  // the test of the date has written the year out
+  EXPECT_EQ(box.Text(), u"31/12/2017");  // the date test has expanded the year
   EXPECT_THAT(desktop->Shown(), IsEmpty());
 }
 
@@ -122,7 +123,7 @@ TEST_F(CalendarTest, AClickOnADayClosesAndReturnsIt) {
                   EXPECT_FALSE(shown.IsShown());
                 }),
             Day(2017, 12, 31));
-  EXPECT_EQ(box.Text(), u"25/12/2017");  // the answer is the caller's to show
+  EXPECT_EQ(box.Text(), u"25/12/2017");  // the caller shows the answer
 }
 
 TEST_F(CalendarTest, ArrowsMoveTheSelectionAndEnterAndEscapeReturnIt) {
@@ -152,7 +153,7 @@ class CancellingCalendar : public CalendarTest {
   CancellingCalendar() { setComforts({.CalendarCancels = true}); }
   ~CancellingCalendar() override { setComforts({}); }
 
-  /// The chosen day; nothing for none. The box holds a date, and its caret stands behind the day.
+  /// The chosen day, or nothing. The box contains a date, with the caret after the day.
   std::optional<Date> Choose(Script script) {
     box.Text(u"03/05/2016");
     box.SelStart(2);

@@ -18,7 +18,7 @@ TEST_F(DialogPlacement, StaysInsideTheScreenInStepsOfTen) {
   desktop->DialogSize(6000, 4000);
   const auto dialog = Make();
   for (Long wanted = 4000; wanted < 6500; wanted += 7) {
-    // The rule as it is told: step by step.
+    // The rule itself, step by step.
     Long top = wanted;
     while (top + 4000 + 450 > 9000) top -= 10;
     Long left = wanted;

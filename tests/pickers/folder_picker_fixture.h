@@ -1,4 +1,4 @@
-// A file system of folders and files for the folder picker, and its window worked by a script.
+// A file system for the folder picker, and its window operated by a script.
 #pragma once
 
 #include "pickers/folder_picker.h"
@@ -24,7 +24,7 @@ class FolderPickerTest : public PickerTest {
     files.AddFile(u"d:\\raiz.txt");
   }
 
-  /// Opens on a path; the result.
+  /// Opens with a path and returns the result.
   String Run(Mode mode, const String& path, const String& pattern, Script script) {
     desktop->WillShow(u"frmDiretorio", std::move(script));
     return RunUnseen(mode, path, pattern);

@@ -79,7 +79,7 @@ TEST_F(FolderPickerTest, StaysInsideASmallScreen) {
   });
 }
 
-// The place is found for the width that the window was made with.
+// The position is computed for the initial width of the window.
 TEST_F(FolderPickerTest, TheWantedWidthIsAppliedAfterThePlace) {
   desktop->ScreenSize(12000, 9000);
   desktop->DialogSize(3000, 4000);
@@ -100,16 +100,16 @@ TEST_F(FolderPickerTest, AnInvalidPathIsReported) {
     const char16_t* Path;
   } rows[] = {
       {Mode::Folders, u"c:\\Nada"},
-      {Mode::Folders, u"c:\\Vazia"},             // a folder with no files counts as not valid too
-      {Mode::Folders, u"c:\\Dados\\Carta.txt"},  // a file is no folder
+      {Mode::Folders, u"c:\\Vazia"},             // a folder without files is also invalid
+      {Mode::Folders, u"c:\\Dados\\Carta.txt"},  // a file is not a folder
       {Mode::Folders, u"carta.txt"},
       {Mode::Folders, u"e:\\"},
       {Mode::Folders, u"c:\\Dados\\*.txt"},
       {Mode::Files, u"c:\\Dados\\Falta.txt"},
       {Mode::Files, u"c:\\Nada\\Carta.txt"},
-      {Mode::Files, u"c:\\Dados\\LEIAME"},  // a name with no dot is taken for a folder
+      {Mode::Files, u"c:\\Dados\\LEIAME"},  // a name without a dot is read as a folder
       {Mode::Files, u"LEIAME"},
-      {Mode::Files, u"\\nota.txt"},  // of no drive
+      {Mode::Files, u"\\nota.txt"},  // without a drive
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(ToUtf8(row.Path));
@@ -294,7 +294,7 @@ TEST_F(FolderPickerTest, TheLayoutFollowsTheWindowInFolderMode) {
 TEST_F(FolderPickerTest, TheLayoutHasTwoListsInFileMode) {
   desktop->DialogSize(3000, 4000);
   Run(Mode::Files, u"", [](memory::Dialog& shown) {
-    EXPECT_EQ(Folders(shown).Width(), 3000);  // of the width that was wanted, before any resize
+    EXPECT_EQ(Folders(shown).Width(), 3000);  // for the wanted width, before any resize
     EXPECT_TRUE(Files(shown).Visible());
     EXPECT_EQ(Files(shown).Width(), 2895);
     EXPECT_EQ(Files(shown).Left(), 2997);

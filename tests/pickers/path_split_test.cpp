@@ -1,4 +1,4 @@
-// A path as its picker takes it apart.
+// Splitting a path for the folder picker.
 #include "pickers/path_split.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace {
 
 enum class Mode { Folder, File };
 
-/// Written with "\"; a row is tested with "/" as well.
+/// Written with "\"; each row is also tested with "/".
 struct Row {
   Mode How;
   const char16_t* Path;
@@ -29,7 +29,7 @@ constexpr Row rows[] = {
     {Mode::File, u"C:\\a.txt", u"C:", u"a.txt"},
     {Mode::File, u"\\a.txt", u"", u"a.txt"},
     {Mode::File, u"LEIAME", u"LEIAME", u""},
-    // A dot in a folder's name cuts the path there, and all behind it becomes the file.
+    // A dot in a folder's name cuts the path there, and the rest becomes the file.
     {Mode::File, u"C:\\Dados.2017", u"C:", u"Dados.2017"},
     {Mode::File, u"C:\\Dados.2017\\Contas", u"C:", u"Dados.2017\\Contas"},
     {Mode::File, u"C:\\Dados\\", u"C:\\Dados\\", u""},

@@ -1,4 +1,4 @@
-// What the tests of the pickers share: a program and a desktop in memory, and a field's box.
+// Shared by the tests of the pickers: a program and a desktop in memory, and a field's box.
 #pragma once
 
 #include <gmock/gmock.h>

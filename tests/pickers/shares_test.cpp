@@ -1,4 +1,4 @@
-// The folder picker on shares of a network, and on a system whose separator is "/".
+// The folder picker on network shares, and on a system whose separator is "/".
 #include <utility>
 
 #include "tests/pickers/folder_picker_fixture.h"
@@ -16,7 +16,7 @@ class Shares : public FolderPickerTest {
     desktop->Files().AddFile(u"\\\\servidor\\dados\\contas\\jan.csv");
     desktop->Files().AddFile(u"\\\\servidor\\dados\\leia.txt");
   }
-  /// A drive that shows what lies on the share.
+  /// A drive with the contents of the share.
   void Map(const String& drive) {
     desktop->Files().AddDrive(drive + u": [\\\\servidor\\dados]");
     desktop->Files().AddFile(drive + u":\\contas\\jan.csv");
@@ -119,14 +119,14 @@ TEST_F(Shares, AMissingShareIsReported) {
 
 // --- The other separator ------------------------------------------------------------------------
 
-/// The last "/" as the file system in memory writes it.
+/// A path whose last "/" is written as the file system in memory writes it.
 String Stored(String path) {
   const auto at = path.rfind(u'/');
   return at == String::npos ? path : path.replace(at, 1, u"\\");
 }
 
-/// A program and a desktop of a system whose separator is "/", over those in memory. While it
-/// lives it is in their place.
+/// A program and a desktop of a system whose separator is "/", on top of those in memory, which
+/// they replace during their lifetime.
 class SlashSystem final : public host::Application, public host::Desktop {
  public:
   SlashSystem()
@@ -191,9 +191,9 @@ TEST_F(SlashPaths, APathIsSplitAndPutTogetherWithTheSystemsSeparator) {
             u"/home/ana/docs/nota.txt");
 }
 
-// There are no shares here: two separators in front are as one.
+// There are no shares on such a system: two leading separators are like one.
 TEST_F(SlashPaths, APathWithTwoLeadingSeparatorsOpensItselfWhateverIsMounted) {
-  desktop->Files().AddDrive(u"//srv/home/mnt");  // an entry that holds the name "home"
+  desktop->Files().AddDrive(u"//srv/home/mnt");  // an entry that contains the name "home"
   desktop->Files().AddFile(Stored(u"//home/ana/carta.txt"));
   EXPECT_EQ(Run(Mode::Folders, u"//home/ana",
                 [](memory::Dialog& shown) {
@@ -206,7 +206,7 @@ TEST_F(SlashPaths, APathWithTwoLeadingSeparatorsOpensItselfWhateverIsMounted) {
 TEST_F(SlashPaths, AFileRightBelowTheRootOpensTheRoot) {
   auto& files = desktop->Files();
   files.AddDrive(u"/");
-  files.AddFile(u"/\\nota.txt");  // as the root's list and a search behind its name find it
+  files.AddFile(u"/\\nota.txt");  // as the root's list and a search after its name find it
   files.AddFile(u"\\nota.txt");   // as a search with one separator finds it
   for (const char16_t* path : {u"/nota.txt", u"//nota.txt"}) {
     EXPECT_EQ(Run(Mode::Files, path,
@@ -217,7 +217,7 @@ TEST_F(SlashPaths, AFileRightBelowTheRootOpensTheRoot) {
                     EXPECT_EQ(Files(shown).FileName(), u"nota.txt");
                     Confirm(shown);
                   }),
-              u"//nota.txt");  // the root and a separator, as of any root
+              u"//nota.txt");  // the root and a separator, as for any root
   }
 }
 

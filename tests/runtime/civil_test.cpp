@@ -27,7 +27,7 @@ TEST(Calendar, KnownDays) {
       {-657434, {100, 1, 1}},
       {2958465, {9999, 12, 31}},
       {42729.25, {2016, 12, 25, 6, 0, 0}},
-      {-1.25, {1899, 12, 29, 6, 0, 0}},  // the fraction is the time before the origin too
+      {-1.25, {1899, 12, 29, 6, 0, 0}},  // the fraction is also the time before the origin
       {-657434.5, {100, 1, 1, 12, 0, 0}},
       {42729 + 86399.0 / 86400, {2016, 12, 25, 23, 59, 59}},
   };

@@ -11,7 +11,7 @@
 namespace tessaria {
 namespace {
 
-// Values of all kinds that stand for the same number.
+// Values of all kinds with the same number.
 std::vector<Variant> Zeros() {
   return {Integer{0},           Long{0}, 0.0f, 0.0, -0.0, Currency{0}, Decimal{},
           Decimal{{}, 2, true}, Date{0}, false};

@@ -22,7 +22,7 @@ void ExpectReadings(std::initializer_list<Reading> rows) {
   }
 }
 
-// The year of the clock, for texts that name none.
+// The current year, for texts without a year.
 int ThisYear() {
   const std::time_t now = std::time(nullptr);
   return std::localtime(&now)->tm_year + 1900;

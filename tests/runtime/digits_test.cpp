@@ -1,4 +1,4 @@
-// Decimal digits: the common ground of the conversions.
+// Decimal digits, on which the conversions are based.
 #include "runtime/digits.h"
 
 #include <gtest/gtest.h>

@@ -86,7 +86,7 @@ TEST(DatePatterns, YearsAndWeeks) {
 TEST(DatePatterns, Times) {
   ExpectRows({{kSunday, u"h:n:s", u"9:7:3"},
               {kSunday, u"hh:nn:ss", u"09:07:03"},
-              {kSunday, u"hh:mm:ss", u"09:07:03"},  // m behind h is minutes
+              {kSunday, u"hh:mm:ss", u"09:07:03"},  // m after h is minutes
               {kSunday, u"h:m", u"9:7"},
               {kSunday, u"mm hh", u"03 09"},
               {kSunday, u"hh:mm dd/mm", u"09:07 05/03"},

@@ -20,7 +20,7 @@ TEST(LetterCase, OfExtendedLetters) {
 }
 
 TEST(LetterCase, LeavesOtherCharactersUnchanged) {
-  // Signs, letters with no partner, letters whose partner is no single letter of the alphabet.
+  // Signs, letters without a counterpart, and letters whose counterpart is not a single letter.
   const String others = u"0123 @[`{|}~ ×÷ ßµªº ĸŉſİı €日本";
   EXPECT_EQ(UCase(others), others);
   EXPECT_EQ(LCase(others), others);

@@ -1,4 +1,4 @@
-// The shared printers: what a failing test of any folder shows.
+// The shared printers of values in failing tests.
 #include "tests/support/printers.h"
 
 #include <gmock/gmock.h>

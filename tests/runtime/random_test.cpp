@@ -1,5 +1,5 @@
-// Random texts and numbers: nothing crashes, only run-time errors are raised, and what goes to a
-// text and back is the same.
+// Random texts and numbers: nothing crashes, only run-time errors are raised, and values that are
+// converted to a text and back stay the same.
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -21,7 +21,7 @@ class Random {
  public:
   int Below(int bound) { return std::uniform_int_distribution<int>(0, bound - 1)(engine_); }
 
-  // A text of the letters given, now and then with any other unit.
+  // A text of the given letters, occasionally with any other unit.
   String Text(StringView letters, int longest) {
     String text(static_cast<std::size_t>(Below(longest + 1)), u' ');
     for (auto& c : text) {
@@ -40,7 +40,7 @@ class Random {
     }
   }
 
-  // A double of a size that people type.
+  // A double of a typical size.
   double Amount() { return static_cast<double>(static_cast<std::int64_t>(engine_() >> 20)) / 1000; }
 
  private:
@@ -108,7 +108,7 @@ TEST(RandomNumbers, RoundTripThroughTextInFifteenDigits) {
   Random random;
   for (int i = 0; i < kRounds; ++i) {
     const double value = random.Number();
-    // Rounded up to 15 digits, the very largest doubles are none any more.
+    // The very largest doubles are out of range when they are rounded up to 15 digits.
     if (std::abs(value) > 1.79769313486231E308) continue;
     const double back = CDbl(CStr(value));
     EXPECT_LE(std::abs(back - value), std::abs(value) * 1E-14 + 1E-320);

@@ -1,4 +1,4 @@
-// What a column makes of a value that is given to it.
+// How a column stores a value.
 #include "tessaria/stored_match.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ TEST(StoredMatch, NumbersAreStoredAtTheScaleOfTheirColumn) {
   EXPECT_TRUE(IsStoredFrom(Exact(u"1,235"), Exact(u"1,24"), price));
   EXPECT_TRUE(IsStoredFrom(Exact(u"-1,235"), Exact(u"-1,24"), price));
   EXPECT_FALSE(IsStoredFrom(Exact(u"1,239"), Exact(u"1,23"), price));
-  // A scale that is only the driver's guess.
+  // A scale that the driver only guesses.
   EXPECT_TRUE(IsStoredFrom(Exact(u"1,239"), Exact(u"1,239"), price));
   EXPECT_TRUE(IsStoredFrom(Currency{12390}, Currency{12400}, {type::Currency, 0, 4}));
   EXPECT_FALSE(IsStoredFrom(Currency{12390}, Currency{12300}, {type::Currency, 0, 4}));

@@ -1,4 +1,4 @@
-// What the controls of a thread share.
+// The state that the controls of a thread share.
 #include "tessaria/thread_state.h"
 
 #include <gtest/gtest.h>
@@ -37,7 +37,7 @@ TEST(HostServices, AreAnErrorWhenNoHostIsInstalled) {
 }
 
 TEST(HostServices, BelongToTheThread) {
-  // The services are only handed on here, never used.
+  // The services are only passed on here, never used.
   int place = 0;
   auto* application = reinterpret_cast<host::Application*>(&place);
   State().application = application;

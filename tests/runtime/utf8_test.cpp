@@ -35,13 +35,13 @@ TEST(Utf8, ReplacesHalfPairs) {
 
 TEST(Utf8, ReplacesInvalidBytes) {
   const std::pair<std::string_view, StringView> rows[] = {
-      {"a\x80z"sv, u"a\xFFFDz"sv},                            // a tail with no lead
+      {"a\x80z"sv, u"a\xFFFDz"sv},                            // a tail without a lead
       {"\xC3"sv, u"\xFFFD"sv},                                // cut short
-      {"\xC3z"sv, u"\xFFFDz"sv},                              // a lead with no tail
+      {"\xC3z"sv, u"\xFFFDz"sv},                              // a lead without a tail
       {"\xC0\xAF"sv, u"\xFFFD\xFFFD"sv},                      // longer than needed
       {"\xE0\x80\x80"sv, u"\xFFFD\xFFFD\xFFFD"sv},            // the same
       {"\xED\xA0\x80"sv, u"\xFFFD\xFFFD\xFFFD"sv},            // a surrogate
-      {"\xF4\x90\x80\x80"sv, u"\xFFFD\xFFFD\xFFFD\xFFFD"sv},  // behind the last character
+      {"\xF4\x90\x80\x80"sv, u"\xFFFD\xFFFD\xFFFD\xFFFD"sv},  // beyond the last character
       {"\xFF\xFE"sv, u"\xFFFD\xFFFD"sv},
   };
   for (const auto& [bytes, wide] : rows) EXPECT_EQ(FromUtf8(bytes), wide);

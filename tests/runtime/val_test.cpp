@@ -20,7 +20,7 @@ TEST(Vals, ReadTheStartOfAText) {
       {u"12abc", 12},
       {u"abc12", 0},
       {u"1.5", 1.5},
-      {u"1,5", 1},  // the comma is no decimal mark here
+      {u"1,5", 1},  // the comma is not a decimal mark here
       {u"1.5.3", 1.5},
       {u".5", 0.5},
       {u"5.", 5},

@@ -1,4 +1,4 @@
-// Texts that can be handed to a database whole.
+// Texts that reach a database uncut.
 #include "runtime/well_formed.h"
 
 #include "tests/support/printers.h"

@@ -13,7 +13,7 @@ using mdlComum::CodificaTexto;
 using mdlComum::EhPar;
 using mdlComum::NuloParaZero;
 
-/// The code of the last character of the scrambled text.
+/// The code of the last character in the scrambled text.
 Integer LastCode(const String& text) { return AnsiCode(CodificaTexto(text).back()); }
 
 TEST(CodificaTexto, EmptyStaysEmpty) { EXPECT_EQ(CodificaTexto(u""), u""); }

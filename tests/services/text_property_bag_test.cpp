@@ -79,7 +79,7 @@ TEST(TextPropertyBag, StoresValuesThatDifferFromTheDefault) {
       {Variant(u"0"), Variant(Long{0}), true},
       {Variant(Long{-1}), Variant(true), true},
       {Variant(), Variant(u""), true},
-      // Without a default only what equals Empty stays out.
+      // Without a default only a value that equals Empty is not stored.
       {Variant(), kNoDefault, false},
       {Variant(u""), kNoDefault, false},
       {Variant(Long{0}), kNoDefault, false},
