@@ -1,4 +1,4 @@
-// An operator with any keys at a field with any mask, who then leaves it.
+// An operator who presses any keys in a field with any mask, and then leaves it.
 #include <memory>
 
 #include "tessaria/memory/application.h"

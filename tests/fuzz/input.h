@@ -1,4 +1,4 @@
-// What a fuzzer draws from its bytes.
+// The values that a fuzzer reads from its bytes.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace tessaria::fuzz {
 
-/// Hands out the bytes in order; zeros and empty texts when they are used up.
+/// Returns the bytes in order, and zeros and empty texts when they are used up.
 class Input {
  public:
   Input(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
@@ -27,7 +27,7 @@ class Input {
       text += static_cast<char16_t>(Byte());
     return text;
   }
-  /// All that is left, read as UTF-8.
+  /// The rest of the bytes, read as UTF-8.
   String Rest() {
     const String text = FromUtf8({reinterpret_cast<const char*>(data_), size_});
     size_ = 0;

@@ -1,4 +1,4 @@
-// Any text as a field's stored settings. What loads is kept by another round.
+// Any text as a field's stored settings. What can be loaded survives another round.
 #include <cstdlib>
 
 #include "tessaria/error.h"

@@ -1,5 +1,5 @@
-// Any text as a statement is refused, or its scan ends and keeps to the text. Any value stays one
-// token between apostrophes, and as a number.
+// Any text as a statement is refused, or its scan ends and stays within the text. Any value stays
+// one token between apostrophes, and as a number.
 #include <cstdlib>
 
 #include "hosts/odbc/statements/statement_guard.h"

@@ -1,4 +1,4 @@
-// Any text as a number, as a date, and under any format pattern.
+// Any text as a number, as a date, and with any format pattern.
 #include <tuple>
 
 #include "tessaria/conversion.h"
@@ -9,7 +9,7 @@
 namespace tessaria::fuzz {
 namespace {
 
-// A text that is no such value is a run-time error, and nothing else.
+// A text that is not such a value raises a run-time error, and nothing else.
 template <class Conversion>
 void Try(Conversion&& conversion) {
   try {

@@ -1,4 +1,4 @@
-// No way of includes leads back to where it began.
+// No chain of includes leads back to its start.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 
-// The tests and programs stand apart from one another.
+// Tests and programs are independent of one another.
 bool IsOfTheLibrary(const Include& include) {
   return !include.file.starts_with("apps/") && !include.file.starts_with("bench/") &&
          !include.file.starts_with("tests/");
@@ -24,15 +24,15 @@ TEST(Circles, AreTheComponentsThatReachThemselves) {
   EXPECT_THAT(InCircles({{"a", {"b"}}, {"b", {"c"}}, {"c", {"a"}}}), ElementsAre("a", "b", "c"));
 }
 
-TEST(Circles, LeaveOutWhatLeadsToThemOrFromThem) {
+TEST(Circles, ExcludeComponentsThatLeadToThemOrFromThem) {
   EXPECT_THAT(InCircles({{"in", {"a"}}, {"a", {"b", "out"}}, {"b", {"a"}}}), ElementsAre("a", "b"));
-  // Between two circles lies a way, and no third one.
+  // There is a path between two circles, but no third circle.
   EXPECT_THAT(
       InCircles({{"a", {"b"}}, {"b", {"a", "way"}}, {"way", {"c"}}, {"c", {"d"}}, {"d", {"c"}}}),
       ElementsAre("a", "b", "c", "d"));
 }
 
-TEST(Circles, AHeaderAndTheSourceOfItsNameAreOne) {
+TEST(Circles, AHeaderAndTheSourceOfTheSameNameAreOneComponent) {
   const std::vector<Include> includes = {
       {"hosts/x/room/a.cpp", 1, "tessaria/x/a.h", false},
       {"hosts/x/room/a.cpp", 2, "hosts/x/room/b.h", false},

@@ -1,4 +1,4 @@
-// docs/code-map.md says in a line what each file is for, and says it of files that exist.
+// docs/code-map.md has one line for each file, and only for files that exist.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -53,7 +53,7 @@ TEST(CodeMap, ListsEverySourceFile) {
   EXPECT_THAT(missing, IsEmpty());
 }
 
-TEST(CodeMap, ListsNoFileThatIsGone) {
+TEST(CodeMap, ListsOnlyFilesThatExist) {
   auto mapped = MappedFiles();
   std::erase_if(mapped, [](const std::string& file) { return Exists(file); });
   EXPECT_THAT(mapped, IsEmpty());

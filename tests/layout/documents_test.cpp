@@ -1,4 +1,4 @@
-// The documents agree with the tree and with one another.
+// The documents agree with the tree and with each other.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -31,7 +31,7 @@ std::vector<std::string> LocalLinks(const std::string& file) {
   return links;
 }
 
-// The fenced blocks: what a reader is told to type.
+// The fenced blocks, which contain the commands for the reader.
 std::vector<std::string> CodeBlocks(const std::string& file) {
   return MatchesOf(ReadText(file), R"(```\w*\n([^`]*)```)");
 }
@@ -42,7 +42,7 @@ long Headings(const std::string& file) {
                        [](const std::string& line) { return line.starts_with("## "); });
 }
 
-TEST(Documents, LinksLeadSomewhere) {
+TEST(Documents, LinksHaveTargets) {
   for (const auto& file : FilesEndingIn({".md"})) {
     const auto folder = std::filesystem::path(file).parent_path();
     for (const auto& link : LocalLinks(file)) {

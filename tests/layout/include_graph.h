@@ -1,4 +1,4 @@
-// Who includes whom, by components: a header and the source of its name are one.
+// The graph of includes between components: a header and the source of the same name are one.
 #pragma once
 
 #include <map>
@@ -13,17 +13,17 @@ namespace layout {
 /// Where a file of ours that an `#include` line names stands, from the root.
 std::string PathOfTarget(const Include& include);
 
-/// Tells the component of a file. A header belongs to the source of the same name that includes it
-/// first, wherever either stands.
+/// Finds the component of a file. A header belongs to the source of the same name that includes it
+/// first, in whatever folders they are.
 class Components {
  public:
   explicit Components(const std::vector<Include>& includes);
 
-  /// The path of its source, or of the header that has none, without the ending.
+  /// The path of its source, or of a header without a source, without the extension.
   std::string Of(const std::string& path) const;
 
  private:
-  std::map<std::string, std::string> sources_;  // by header, both without ending
+  std::map<std::string, std::string> sources_;  // by header, both without extension
 };
 
 /// The components that each component includes.
@@ -31,7 +31,7 @@ using IncludeGraph = std::map<std::string, std::set<std::string>>;
 
 IncludeGraph GraphOf(const std::vector<Include>& includes);
 
-/// The components from which a way leads back to themselves, and none else.
+/// The components from which a path leads back to themselves, and no others.
 std::set<std::string> InCircles(const IncludeGraph& graph);
 
 }  // namespace layout

@@ -1,4 +1,4 @@
-// Who may include whom. The picture behind these tables stands in docs/architecture.md.
+// The rules of includes. docs/architecture.md explains these tables.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ namespace {
 using testing::IsEmpty;
 using testing::Not;
 
-// The core's folders by height: a folder includes itself and what is lower.
+// The core's folders by height: a folder includes itself and lower ones.
 const std::map<std::string, int> kHeight = {
     {"include", 0}, {"runtime", 1}, {"services", 2}, {"mask", 3},         {"lookup", 4},
     {"browse", 5},  {"pickers", 5}, {"control", 6},  {"propertypage", 7}, {"wizard", 7},
@@ -42,14 +42,14 @@ const std::set<std::string> kStandardHeaders = Words(R"(
     unordered_set utility valarray variant vector version
 )");
 
-// What a host may take from outside the project, besides the standard library.
+// What a host may use from outside the project, besides the standard library.
 const std::map<std::string, std::string> kHostLibraries = {
     {"hosts/memory", "(?!)"},
     {"hosts/odbc", R"(^(sql\w*|odbcinst)\.h$)"},
     {"hosts/qt", R"(^(Qt\w*/)?Q\w+$|^Qt$)"},
 };
 
-// The rooms of each host, bottom up: a room includes itself and what is lower. The empty name is
+// The rooms of each host, bottom up: a room includes itself and lower ones. The empty name is
 // the host's own folder.
 const std::map<std::string, std::vector<std::string>> kRooms = {
     {"hosts/memory", {"", "dialogs"}},
@@ -103,8 +103,8 @@ bool ReachesOutOfAHost(const Include& include) {
   return !IsCore(target) && target != area;
 }
 
-// How high a component stands in its host, from 0; -1 for no room. A public header that belongs to
-// no source stands where its folder says, or else at the bottom.
+// The height of a component in its host, from 0; -1 without a room. A public header that belongs to
+// no source has the height of its folder, or else is at the bottom.
 std::ptrdiff_t HeightInHost(const std::string& component) {
   const std::string host = AreaOf(component);
   const auto& rooms = kRooms.at(host);
@@ -142,7 +142,7 @@ bool IsForeignToAHost(const Include& include) {
          !std::regex_search(include.target, std::regex(kHostLibraries.at(area)));
 }
 
-// The program of an installed library has include folders of its own.
+// A program that uses an installed library has its own include folders.
 bool IsOfAnotherTree(const std::string& file) {
   return file.starts_with("tests/package/consumer/");
 }
@@ -167,7 +167,7 @@ TEST(IncludeRules, TheScanSeesTheTree) {
   EXPECT_TRUE(Exists("include/tessaria/variant.h"));
 }
 
-TEST(IncludeRules, EachRuleCatchesWhatItForbidsAndNothingElse) {
+TEST(IncludeRules, EachRuleReportsExactlyWhatItForbids) {
   struct Case {
     Rule rule;
     Include include;
@@ -245,7 +245,7 @@ TEST(IncludeRules, AHostKnowsTheCoreAndItselfOnly) {
   EXPECT_THAT(Breaches(ReachesOutOfAHost), IsEmpty());
 }
 
-TEST(IncludeRules, EveryFileOfAHostLiesInARoom) {
+TEST(IncludeRules, EveryFileOfAHostIsInARoom) {
   for (const auto& file : FilesEndingIn({".h", ".cpp"})) {
     const bool inRoom = !IsHost(AreaOf(file)) || HeightInHost(AllComponents().Of(file)) >= 0;
     EXPECT_TRUE(inRoom) << file;

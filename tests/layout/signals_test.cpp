@@ -11,9 +11,9 @@ namespace {
 
 using testing::ElementsAre;
 
-// Each of these is emitted with a handler that throws in tests/qt/signals_test.cpp. What is no
-// program's business goes by plain callbacks instead.
-TEST(Signals, OnlyTheClassesOfTheProgramsInterfaceHaveAny) {
+// tests/qt/signals_test.cpp emits each of these with a handler that throws. What does not concern
+// programs uses plain callbacks instead.
+TEST(Signals, OnlyTheClassesForProgramsHaveThem) {
   const std::regex section(R"(\n\s*(signals|Q_SIGNALS)\s*:)");
   std::vector<std::string> found;
   for (const auto& file : FilesEndingIn({".h", ".cpp"}))

@@ -1,4 +1,4 @@
-// The repository's files, as the tests of its rules read them.
+// The repository's files, for the tests of its rules.
 #pragma once
 
 #include <set>
@@ -9,9 +9,9 @@ namespace layout {
 
 /// One `#include` line.
 struct Include {
-  std::string file;    ///< where it stands, from the root
+  std::string file;    ///< the file with the line, from the root
   int line = 0;        ///< from 1
-  std::string target;  ///< what stands between the marks
+  std::string target;  ///< the text between the quotes or brackets
   bool angled = false;
 
   /// "file:line includes target", for messages.
@@ -21,14 +21,14 @@ struct Include {
 /// All files of the repository, from its root with "/"; build folders and hidden ones left out.
 std::vector<std::string> AllFiles();
 
-/// Those of AllFiles whose name ends in one of the endings.
+/// The files of AllFiles whose names end in one of the endings.
 std::vector<std::string> FilesEndingIn(const std::set<std::string>& endings);
 
 /// The whole text of a file. Throws std::runtime_error when it cannot be read.
 std::string ReadText(const std::string& file);
 std::vector<std::string> ReadLines(const std::string& file);
 
-/// Whether the path, from the root, leads to something.
+/// Whether the path, from the root, exists.
 bool Exists(const std::string& path);
 
 /// The `#include` lines of all C++ files, sorted by file. They are read once.

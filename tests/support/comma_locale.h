@@ -7,8 +7,8 @@
 
 namespace tessaria::test {
 
-/// For the length of a scope the locales of C and of the streams have a comma where a number has
-/// its point; that of C only where the machine has a Brazilian one.
+/// Within a scope, the locales of C and of the streams use a comma as the decimal point. That of C
+/// does so only when the machine has a Brazilian locale.
 class CommaLocale {
  public:
   CommaLocale() : ofC_(std::setlocale(LC_ALL, nullptr)), ofStreams_(std::locale()) {

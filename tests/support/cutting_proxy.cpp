@@ -134,7 +134,7 @@ void CuttingProxy::Accept() {
   }
 }
 
-// How many of the bytes may pass, and whether the line is cut behind them.
+// The number of bytes to forward, and whether the line is cut after them.
 std::size_t CuttingProxy::PassableOf(Pipe& pipe, Side side, const std::string& data, bool& cut) {
   const std::lock_guard lock(mutex_);
   std::string& tail = side == Side::Client ? pipe.clientTail : pipe.serverTail;
@@ -160,7 +160,7 @@ std::size_t CuttingProxy::PassableOf(Pipe& pipe, Side side, const std::string& d
   return passes;
 }
 
-// False when the connection is over.
+// False when the connection has ended.
 bool CuttingProxy::Pass(Pipe& pipe, Side side) {
   const bool fromClient = side == Side::Client;
   std::array<char, 65536> buffer;

@@ -12,9 +12,9 @@
 
 namespace tessaria::test {
 
-/// Listens on a port of this machine and passes every connection on to a server's socket. A cut
-/// closes all connections at once, as a broken network does; connections that are made later
-/// pass until the next cut. Works on a thread of its own until it is destroyed.
+/// Listens on a port of this machine and forwards every connection to a server's socket. A cut
+/// closes all connections at once, like a broken network; later connections
+/// work until the next cut. Runs on its own thread until it is destroyed.
 class CuttingProxy {
  public:
   enum class Side { Client, Server };
@@ -29,27 +29,27 @@ class CuttingProxy {
   /// On 127.0.0.1.
   int Port() const { return port_; }
 
-  /// Cuts once after so many more bytes from that side, counted over all connections. The bytes
-  /// behind them do not get through. Takes the place of an order that still waits.
+  /// Cuts once after `bytes` more bytes from that side, counted over all connections. The bytes
+  /// after them are not forwarded. Replaces a pending order.
   void CutAfter(Side side, std::size_t bytes);
-  /// Cuts once where one of the texts appears in the bytes of that side: what comes before it gets
-  /// through, the text itself does not (of a text that arrives in pieces, the first piece may).
-  /// The other side's answer does not get through either. Takes the place of an order that waits.
+  /// Cuts once where one of the texts appears in the bytes of that side. What comes before the text
+  /// is forwarded, the text itself is not (when it arrives in pieces, the first piece may be).
+  /// The other side's answer is not forwarded either. Replaces a pending order.
   void CutAt(Side side, std::vector<std::string> texts);
   /// Cuts now.
   void CutNow();
-  /// Lets everything through again.
+  /// Forwards everything again.
   void CancelCut();
 
-  /// Cuts so far.
+  /// The number of cuts so far.
   int Cuts() const;
-  /// Whether there have been so many cuts before the time is over.
+  /// Waits for that number of cuts; false when the time is over first.
   bool WaitForCuts(int cuts, std::chrono::milliseconds time) const;
 
  private:
   struct Pipe {
     int client = -1, server = -1;
-    std::string clientTail, serverTail;  // last bytes, for texts that arrive in pieces
+    std::string clientTail, serverTail;  // the last bytes, for texts that arrive in pieces
   };
   struct Order {
     enum class Kind { None, Bytes, Texts } kind = Kind::None;
@@ -74,7 +74,7 @@ class CuttingProxy {
   Order order_;
   int cuts_ = 0;
   bool cutNow_ = false, ends_ = false;
-  std::list<Pipe> pipes_;  // of the thread
+  std::list<Pipe> pipes_;  // used by the thread only
   std::thread thread_;
 };
 

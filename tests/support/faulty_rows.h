@@ -1,4 +1,4 @@
-// Rows that fail on demand, over those of another connection.
+// Rows of another connection that fail on demand.
 #pragma once
 
 #include <memory>
@@ -55,7 +55,7 @@ class FaultyRows final : public host::Recordset {
   }
 };
 
-/// Opens the given rows in place of the other connection's own.
+/// Opens the given rows instead of those of the other connection.
 class FaultyConnection final : public host::Connection {
  public:
   FaultyConnection(host::ConnectionPtr real, std::shared_ptr<FaultyRows> rows)

@@ -1,4 +1,4 @@
-// Names of columns that a criterion or an order could read wrongly.
+// Column names that a criterion or an order could misread.
 #pragma once
 
 #include "tessaria/string.h"

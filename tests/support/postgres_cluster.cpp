@@ -115,7 +115,7 @@ void PostgresCluster::StartWatcher() {
 }
 
 void PostgresCluster::Start() {
-  // Nothing here is to survive a crash of the machine.
+  // The data does not have to survive a crash of the machine.
   const std::string options = "-c listen_addresses='' -c fsync=off -k " + folder_;
   Command(AsServerUser(binaries_ + "/pg_ctl -D " + folder_ + "/data -l " + folder_ + "/log -w -o " +
                        Quoted(options) + " start >/dev/null"));

@@ -1,4 +1,4 @@
-// A PostgreSQL server of the test's own, reached through the real ODBC driver.
+// A private PostgreSQL server for tests, reached through the real ODBC driver.
 #pragma once
 
 #include <string>
@@ -7,13 +7,13 @@
 
 namespace tessaria::test {
 
-/// Starts with the first call of `Shared` and ends with the program, however that ends: a small
-/// process of its own waits for the end, stops the server and removes its folder.
+/// Starts with the first call of `Shared` and ends with the program, also when that crashes: a
+/// small separate process waits for the end, stops the server and removes its folder.
 class PostgresCluster {
  public:
   /// The cluster of this program. Throws std::runtime_error when it cannot be started.
   static PostgresCluster& Shared();
-  /// Why there can be no cluster on this machine; empty when there can.
+  /// The reason why this machine cannot have a cluster; empty when it can.
   static std::string Missing();
 
   PostgresCluster(const PostgresCluster&) = delete;
@@ -22,19 +22,19 @@ class PostgresCluster {
 
   /// An ODBC connection string without a data source name.
   String ConnectionString() const;
-  /// The same by way of a port of this machine, where a proxy listens.
+  /// The same through a port of this machine, on which a proxy listens.
   String ConnectionString(int port) const;
   /// The path of the server's socket.
   std::string Socket() const { return folder_ + "/.s.PGSQL.5432"; }
   /// The folder of the socket; data source files may be written there.
   const std::string& Folder() const { return folder_; }
-  /// Runs SQL by the command line client, outside of any connection of the test.
+  /// Runs SQL with the command line client, outside any connection of the test.
   void Run(const std::string& sql) const;
 
   /// Ends all sessions at once, as a crash of the server's machine would.
   void Stop();
   void Start();
-  /// Starts it again if a test has left it stopped.
+  /// Starts the server again if a test left it stopped.
   void EnsureRunning();
 
  private:

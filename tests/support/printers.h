@@ -1,4 +1,4 @@
-// How GoogleTest prints the library's types, and a check for the errors that it raises.
+// Printers of the library's types for GoogleTest, and a check for the errors that it raises.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@
 #include "tessaria/text.h"
 #include "tessaria/variant.h"
 
-// Texts as UTF-8 in quotes; the framework's own printer escapes all that is not ASCII.
+// Texts as UTF-8 in quotes; the framework's own printer escapes everything but ASCII.
 template <>
 class testing::internal::UniversalPrinter<tessaria::String> {
  public:
@@ -125,7 +125,7 @@ bool HoldSame(const Variant& a, const Variant& b) {
   return ((a.TryGet<T>() && b.TryGet<T>() && *a.TryGet<T>() == *b.TryGet<T>()) || ...);
 }
 
-/// The same kind and, beside that, the same value: stricter than `Equal`. Null matches Null.
+/// The same kind and the same value, so stricter than `Equal`. Null matches Null.
 inline bool Same(const Variant& a, const Variant& b) {
   if (a.Type() != b.Type()) return false;
   if (a.IsEmpty() || a.IsNull() || a.IsMissing()) return true;
