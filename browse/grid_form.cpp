@@ -162,7 +162,7 @@ void frmBrowse::DesenhaGrid() {
       [] {});
 }
 
-/// Tests the rows that the operator sees, which are none after a failed search. Does not use the
+/// Tests the rows that the operator sees; after a failed search there are none. Does not use the
 /// number of rows, which would read them all.
 bool frmBrowse::ShowsRows() const {
   const auto rows = grid_.DataSource();

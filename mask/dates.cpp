@@ -29,7 +29,7 @@ DateText SplitDate(const String& text, const String& mask, const String& items) 
   return {};
 }
 
-/// Puts the century in front of a short year. Three digits come out with five: no date.
+/// Adds the century to a short year. Three digits become five, which is not a date.
 String ExpandYear(const String& year) {
   constexpr double kLastOfThisCentury = 40;
   if (Len(year) >= 4) return year;

@@ -13,9 +13,9 @@ Variant PosicaoNoForm(const host::WidgetPtr& control, const String& axis);
 
 /// Brings the tab that contains the box to the front and focuses the box. Searches for the tab
 /// strip from `container` upwards. Does nothing for an empty `NumeroTab`, when there is no strip
-/// below the form, and when the tab is hidden or already in front. Errors: 13 or 6 for a
-/// `NumeroTab` that is not a number, 438 when fifty containers have no strip, 380 for a number
-/// without a tab.
+/// below the form, and when the tab is hidden or already in front.
+/// Errors: 13 or 6 for a `NumeroTab` that is not a number, 438 when fifty containers have no strip,
+/// 380 for a number without a tab.
 void MostraAba(const host::WidgetPtr& container, const String& NumeroTab, host::TextBox& box);
 
 /// Replaces each `@name@` in a query text with the `Value` of that control, without quotes. After

@@ -17,7 +17,7 @@ class CalculatorMachine {
   /// The caption of a key.
   static StringView Caption(Operator key);
   /// A number as the display shows it: with the 15 digits of a Double, or with all that are written
-  /// when there are more. Error 13 for a text that is no number, 6 for one out of range.
+  /// when there are more. Error 13 for a text that is not a number, 6 for one out of range.
   static String NumberText(const String& written);
 
   /// Back to the initial state; the operands and the kind of the last entry stay.
@@ -31,7 +31,7 @@ class CalculatorMachine {
   /// A digit from 0 to 9; a display of 16 characters takes no more.
   void Digit(int digit);
   void Comma();
-  /// True when the key ends the calculation. Errors: 13 when the display is no number, 6 when
+  /// True when the key ends the calculation. Errors: 13 when the display is not a number, 6 when
   /// the result is out of range.
   bool Press(Operator key);
 

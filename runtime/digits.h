@@ -1,4 +1,5 @@
-// A number as decimal digits: the form in which numbers are parsed, rounded, compared and formatted.
+// A number as decimal digits: the form in which numbers are parsed, rounded, compared and
+// formatted.
 #pragma once
 
 #include <compare>
@@ -14,11 +15,11 @@ namespace tessaria {
 /// The number 0.TEXT times ten to the power of Point.
 struct Digits {
   bool Negative = false;
-  std::string Text;  ///< "0" to "9" with no zero in front; empty for zero
+  std::string Text;  ///< "0" to "9" without leading zeros; empty for zero
   int Point = 0;     ///< places between the start of Text and the decimal mark; may be negative
 
   bool IsZero() const { return Text.find_first_not_of('0') == std::string::npos; }
-  /// Digits behind the decimal mark, trailing zeros included.
+  /// Digits after the decimal mark, including trailing zeros.
   int Scale() const;
   /// Takes the zeros off the front of Text.
   void DropLeadingZeros();
@@ -36,7 +37,7 @@ TESSARIA_HOST_API Digits DigitsOf(double value, int significant = kDoubleDigits)
 Digits ShortestDigits(double value);
 Digits ShortestDigits(float value);
 TESSARIA_HOST_API Digits DigitsOf(const Decimal& value);
-/// Accepts any kind that holds a number, Empty (0) and a date (its days).
+/// Accepts any kind that contains a number, Empty (0) and a date (its days).
 TESSARIA_HOST_API Digits DigitsOf(const Variant& value);
 /// The same, but with the fewest digits that identify a Double or Single, and for a text the
 /// number that `CDec` reads. Error 13 for a text that is not a number, 6 for infinity.
@@ -63,7 +64,7 @@ TESSARIA_HOST_API std::int64_t ToWhole(const Digits& value, int decimals = 0);
 /// The order of the values; the number of trailing zeros does not matter.
 TESSARIA_HOST_API std::strong_ordering Order(const Digits& a, const Digits& b);
 
-/// The number as "-1234.50", with the given decimal mark and at least one digit in front of it.
+/// The number as "-1234.50", with the given decimal mark and at least one digit before it.
 String PlainText(const Digits& value, char16_t mark);
 /// The same, but as "1,5E-05" when the exponent is below -4 or reaches `significant`.
 String GeneralText(const Digits& value, char16_t mark, int significant);

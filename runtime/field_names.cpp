@@ -41,7 +41,7 @@ std::optional<OrderedField> TakeOrdered(StringView& order) {
   std::optional<String> name = isBracketed ? TakeBracketed(order) : String();
   if (!name) return std::nullopt;
   const std::size_t comma = std::min(order.find(u','), order.size());
-  // With a blank in front, because a direction may directly follow a bracket.
+  // With a blank before it, because a direction may directly follow a bracket.
   String rest = (isBracketed ? u" " : u"") + Trim(order.substr(0, comma));
   order.remove_prefix(std::min(comma + 1, order.size()));
   const bool descending = CutDirection(rest, u" desc");

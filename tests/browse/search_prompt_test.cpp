@@ -198,7 +198,7 @@ TEST_F(SearchPrompt, OkFollowsTheBoxWhenTheMaskBelongsToTheValueAndThereIsNone) 
   });
 }
 
-TEST_F(SearchPrompt, OkOfANumberIsOffUntilTheBoxHoldsOne) {
+TEST_F(SearchPrompt, OkForANumberIsDisabledUntilTheBoxContainsOne) {
   const struct {
     Long Tipo;
     StringView Typed;

@@ -10,7 +10,7 @@
 
 namespace layout {
 
-/// Where a file of ours that an `#include` line names stands, from the root.
+/// The path, from the root, of a project file that an `#include` line names.
 std::string PathOfTarget(const Include& include);
 
 /// Finds the component of a file. A header belongs to the source of the same name that includes it

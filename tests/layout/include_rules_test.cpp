@@ -198,7 +198,7 @@ TEST(IncludeRules, EachRuleReportsExactlyWhatItForbids) {
       {ReachesUpInAHost, {"hosts/memory/a.h", 1, "tessaria/memory/dialogs/dialog.h", false}, true},
       {ReachesUpInAHost, {"hosts/qt/keys/a.cpp", 1, "hosts/qt/focus/b.h", false}, false},
       {ReachesUpInAHost, {"hosts/qt/keys/a.cpp", 1, "hosts/qt/keys/b.h", false}, false},
-      // A field installs the host, which opens the windows that hold fields.
+      // A field installs the host, which opens the windows that contain fields.
       {ReachesUpInAHost, {"hosts/qt/control/a.cpp", 1, "tessaria/qt/host.h", false}, false},
       {ReachesUpInAHost,
        {"hosts/odbc/odbc_connection.cpp", 1, "hosts/odbc/rows/a.h", false},

@@ -66,7 +66,7 @@ TEST(StrZero, PadsWithZeros) {
   }
 }
 
-TEST(StrZero, TextThatIsNoNumberIsAnError) {
+TEST(StrZero, ATextThatIsNotANumberIsAnError) {
   EXPECT_HOST_ERROR(StrZero(u"abc", 3, 0), errors::TypeMismatch);
 }
 

@@ -1,4 +1,4 @@
-// Keys of a field whose box hides what is typed.
+// Keys of a field whose box hides the typed text.
 #include <gtest/gtest.h>
 
 #include "mask/key_filter.h"

@@ -13,8 +13,8 @@
 namespace tessaria::test {
 
 /// Listens on a port of this machine and forwards every connection to a server's socket. A cut
-/// closes all connections at once, like a broken network; later connections
-/// work until the next cut. Runs on its own thread until it is destroyed.
+/// closes all connections at once, like a broken network; later connections work until the next
+/// cut. Runs on its own thread until it is destroyed.
 class CuttingProxy {
  public:
   enum class Side { Client, Server };
