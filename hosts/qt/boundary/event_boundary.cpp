@@ -70,9 +70,11 @@ Entry::~Entry() {
   entries().retired.clear();
 }
 
-void reportException(QWidget* widget) {
+void reportException(const QWidget* entered) {
   const auto failure = failureInHand();
   if (!failure) return;
+  // Also an entry that only reads the widget is reported by its signal.
+  auto* const widget = const_cast<QWidget*>(entered);
   const QPointer<QWidget> alive(widget);
   // The error listener may fail too; that is not reported to it.
   try {

@@ -94,7 +94,7 @@ const tsText& TsText::control() const { return parts_->control; }
 
 QStringList TsText::settings() const {
   QStringList lines;
-  guarded(const_cast<TsText*>(this), [&] {
+  guarded(this, [&] {
     TextPropertyBag bag = makeBag();
     parts_->control.UserControl_WriteProperties(bag);
     lines = toQt(bag.Save()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);

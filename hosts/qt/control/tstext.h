@@ -53,7 +53,7 @@ struct TsText::Parts {
 template <class Get>
 auto TsText::read(Get&& get) const {
   decltype(get(parts_->control)) result{};
-  guarded(const_cast<TsText*>(this), [&] { result = get(parts_->control); });
+  guarded(this, [&] { result = get(parts_->control); });
   return result;
 }
 

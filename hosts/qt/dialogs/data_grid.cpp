@@ -164,7 +164,7 @@ class DataGridItem::FieldColumn final : public host::GridColumn {
 
 // --- Grid ---------------------------------------------------------------------------------------
 
-DataGridItem::DataGridItem(GridPane& pane, const DialogGate& gate)
+DataGridItem::DataGridItem(GridPane& pane, DialogGate& gate)
     : DialogItemOf(pane, gate), pane_(pane) {
   QObject::connect(pane.view().selectionModel(), &QItemSelectionModel::currentRowChanged, &pane,
                    [this](const QModelIndex& current) { rowChosen(current.row()); });

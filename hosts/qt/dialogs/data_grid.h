@@ -60,7 +60,7 @@ class GridPane final : public QWidget {
 
 class DataGridItem final : public DialogItemOf<host::DataGrid> {
  public:
-  DataGridItem(GridPane& pane, const DialogGate& gate);
+  DataGridItem(GridPane& pane, DialogGate& gate);
   ~DataGridItem() override;
 
   host::RecordsetPtr DataSource() const override { return pane_.model().rows(); }

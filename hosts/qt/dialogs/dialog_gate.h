@@ -34,12 +34,12 @@ class DialogGate {
     enter([&] { callSlot(slot, arguments...); });
   }
   /// For the one widget whose contents a failing event may leave incomplete.
-  void afterFailure(std::function<void()> repair) const { afterFailure_ = std::move(repair); }
+  void afterFailure(std::function<void()> repair) { afterFailure_ = std::move(repair); }
 
  private:
   QWidget* window_;
   bool open_ = true;
-  mutable std::function<void()> afterFailure_;
+  std::function<void()> afterFailure_;
 };
 
 }  // namespace tessaria::qt

@@ -17,14 +17,14 @@ using ItemPtr = std::unique_ptr<DialogItem>;
 
 /// A widget whose caption is its accessible name.
 template <class Item, class Widget>
-ItemPtr named(QWidget& window, const DialogGate& gate, const QString& caption) {
+ItemPtr named(QWidget& window, DialogGate& gate, const QString& caption) {
   auto* widget = new Widget(&window);
   auto item = std::make_unique<Item>(*widget, gate);
   item->focusTarget().setAccessibleName(caption);
   return item;
 }
 
-ItemPtr makeKind(WidgetKind kind, QWidget& window, const DialogGate& gate, const QString& caption,
+ItemPtr makeKind(WidgetKind kind, QWidget& window, DialogGate& gate, const QString& caption,
                  const QString& toolTip) {
   switch (kind) {
     case WidgetKind::Label:
@@ -53,7 +53,7 @@ ItemPtr makeKind(WidgetKind kind, QWidget& window, const DialogGate& gate, const
 
 }  // namespace
 
-ItemPtr makeItem(const host::WidgetDescription& widget, QWidget& window, const DialogGate& gate) {
+ItemPtr makeItem(const host::WidgetDescription& widget, QWidget& window, DialogGate& gate) {
   const QString toolTip = toQt(widget.ToolTip);
   ItemPtr item = makeKind(widget.Kind, window, gate, toQt(widget.Caption), toolTip);
   item->face().setObjectName(toQt(widget.Name));

@@ -9,6 +9,6 @@ namespace tessaria::qt {
 
 /// Creates the widget as a child of the window, with its own name.
 std::unique_ptr<DialogItem> makeItem(const host::WidgetDescription& widget, QWidget& window,
-                                     const DialogGate& gate);
+                                     DialogGate& gate);
 
 }  // namespace tessaria::qt

@@ -26,9 +26,9 @@ QList<Control*> ownControls(const QWidget* form) {
 
 bool wasShown(const QWidget* form) { return form->property(kShown).toBool(); }
 
-QList<Surface*> inLoadOrder(const QWidget* form) {
+QList<Surface*> inLoadOrder(QWidget* form) {
   QList<Surface*> fields;
-  if (auto* alone = dynamic_cast<Surface*>(const_cast<QWidget*>(form))) fields << alone;
+  if (auto* alone = dynamic_cast<Surface*>(form)) fields << alone;
   fields << ownControls<Surface>(form);
   std::stable_sort(fields.begin(), fields.end(), [](const Surface* a, const Surface* b) {
     return a->loadOrder() < b->loadOrder();

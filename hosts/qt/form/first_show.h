@@ -16,6 +16,6 @@ void showFirst(QWidget* form);
 bool wasShown(const QWidget* form);
 
 /// The fields of a form in that order.
-QList<Surface*> inLoadOrder(const QWidget* form);
+QList<Surface*> inLoadOrder(QWidget* form);
 
 }  // namespace tessaria::qt

@@ -25,7 +25,7 @@ class TESSARIA_QT_API ErrorListener {
 };
 
 namespace boundary {
-/// Number of an exception that is no run-time error.
+/// Number of an exception that is not a `HostError`.
 inline constexpr int kInternalError = 51;
 /// Counts the nested entries into the core on this thread.
 class TESSARIA_QT_API Entry {
@@ -36,7 +36,7 @@ class TESSARIA_QT_API Entry {
   ~Entry();
 };
 /// Shows the exception that is being handled, unless it is `ControlGone`. Throws nothing.
-TESSARIA_QT_API void reportException(QWidget* widget);
+TESSARIA_QT_API void reportException(const QWidget* widget);
 }  // namespace boundary
 
 /// Keeps an object alive until the last entry into the core on this thread has returned. When there
@@ -47,8 +47,8 @@ TESSARIA_QT_API void retire(std::shared_ptr<void> object);
 /// reported by its signal and a box, and the program continues. Returns false when `body` did not
 /// run to its end. `widget` may be destroyed by the body.
 template <class Body>
-bool guarded(QWidget* widget, Body&& body) {
-  const QPointer<QWidget> owner(widget);
+bool guarded(const QWidget* widget, Body&& body) {
+  const QPointer<const QWidget> owner(widget);
   const boundary::Entry entry;
   try {
     body();
