@@ -92,6 +92,15 @@ function(tessaria_test_options name)
   endif()
 endfunction()
 
+# tessaria_test_support(NAME SOURCES source... LIBRARIES library...): code that several test programs
+# share, compiled once. A program names it among its LIBRARIES.
+function(tessaria_test_support name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_library(${name} OBJECT ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE tessaria_settings ${arg_LIBRARIES})
+  tessaria_test_options(${name})
+endfunction()
+
 # tessaria_test(NAME SOURCES source... LIBRARIES library...): one test program.
 function(tessaria_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;ENVIRONMENT" ${ARGN})
