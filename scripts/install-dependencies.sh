@@ -11,7 +11,7 @@ packages_of() {
         qt6-base-dev qt6-base-private-dev qt6-tools-dev libqt6opengl6-dev unixodbc-dev libpq-dev
       ;;
     run) echo postgresql unixodbc odbc-postgresql qt6-translations-l10n fonts-dejavu-core ;;
-    lint) echo clang-format clang-tidy ;;
+    lint) echo clang-format clang-tidy shellcheck python3 ;;
     fuzz) echo clang libclang-rt-dev llvm ;;
     bench) echo libbenchmark-dev libqt6sql6-psql ;;
     *)
@@ -30,7 +30,7 @@ commands_of() {
   case $1 in
     build) echo cmake ninja c++ ;;
     run) echo pg_config isql ;;
-    lint) echo clang-format clang-tidy ;;
+    lint) echo clang-format clang-tidy shellcheck python3 ;;
     fuzz) echo clang++ ;;
     *) echo ;;
   esac

@@ -11,7 +11,8 @@ check_scripts() {
   for script in demo test .ci/run scripts/*.sh; do
     bash -n "$script" || return
   done
-  if command -v shellcheck >/dev/null; then shellcheck -x demo test .ci/run scripts/*.sh; fi
+  shellcheck -x demo test .ci/run scripts/*.sh || return
+  PYTHONPYCACHEPREFIX=build/lint/python python3 -m py_compile scripts/gdb/*.py
 }
 
 check_format() {
