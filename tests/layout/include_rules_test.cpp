@@ -20,8 +20,8 @@ using testing::Not;
 
 // The core's folders by height: a folder includes itself and lower ones.
 const std::map<std::string, int> kHeight = {
-    {"include", 0}, {"runtime", 1}, {"services", 2}, {"mask", 3},         {"lookup", 4},
-    {"browse", 5},  {"pickers", 5}, {"control", 6},  {"propertypage", 7}, {"wizard", 7},
+    {"include", 0}, {"runtime", 1}, {"services", 2}, {"mask", 3},
+    {"lookup", 4},  {"browse", 5},  {"pickers", 5},  {"control", 6},
 };
 
 std::set<std::string> Words(const std::string& text) {
