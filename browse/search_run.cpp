@@ -17,8 +17,8 @@ namespace {
 bool AskAll(const std::vector<SearchEntry>& entries, const String& where, String& conditions) {
   for (const auto& entry : entries) {
     String clause;
-    if (!tsMostraFormPesquisa(entry.Tabela, entry.Campo, entry.Tipo, entry.Like, entry.Caption,
-                              entry.Width, entry.Completa, entry.Mascara, entry.MaxLength,
+    if (!tsMostraFormPesquisa(entry.Table, entry.Campo, entry.Tipo, entry.Like, entry.Caption,
+                              entry.Width, entry.Completes, entry.Mascara, entry.MaxLength,
                               entry.PromptInclude, where, clause, entry.CampoPronto))
       return false;
     if (clause.empty()) return false;  // the error has been reported
@@ -40,7 +40,7 @@ void ExecutaPesquisa(const std::vector<SearchEntry>& entries, String& strCampos,
   const SearchEntry& last = entries.back();
   String order = last.OrderBy.empty() ? strOrderBy : last.OrderBy;
   if (order.empty()) order = TiraAlias(last.Campo);
-  if (strFrom.empty()) strFrom = last.Tabela;
+  if (strFrom.empty()) strFrom = last.Table;
   if (strCampos.empty()) strCampos = u"*";
 
   String statement = u"Select " + strCampos + u" From " + strFrom + u" Where (" + conditions + u")";

@@ -9,13 +9,13 @@ namespace tessaria::mdlObjTxt {
 
 /// One entry of the chosen search, with the table that it searches.
 struct SearchEntry {
-  String Tabela;
+  String Table;
   String Campo;
   Long Tipo = 0;
   Long Like = 0;
   String Caption;
   Integer Width = 0;
-  bool Completa = false;
+  bool Completes = false;
   String Mascara;
   Integer MaxLength = 0;
   bool PromptInclude = false;

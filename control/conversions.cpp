@@ -12,15 +12,13 @@ namespace {
 
 const Variant kZero{Integer{0}};
 
-bool IsNumericMask(const MaskSettings& mask) { return mdlObjTxt::EhMascaraNumerica(mask.Mascara); }
-
 /// Whether a text holds only what its mask puts there.
 bool IsBlankInMask(const String& text, const MaskSettings& mask) {
   return Trim(mdlObjTxt::LimpaMascara(text, mask.Mascara, mask.ItensMascara)).empty();
 }
 
 Variant ConvertNumber(const Variant& v, const Variant& blank, const MaskSettings& mask) {
-  if (IsBlank(v)) return IsNumericMask(mask) ? kZero : blank;
+  if (IsBlank(v)) return mdlObjTxt::IsNumericMask(mask.Mascara) ? kZero : blank;
   return ExactNumber(v);
 }
 

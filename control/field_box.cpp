@@ -5,7 +5,7 @@
 
 namespace tessaria {
 
-bool FieldBox::IsNumeric() const { return mdlObjTxt::EhMascaraNumerica(mask_.Mascara); }
+bool FieldBox::IsNumeric() const { return mdlObjTxt::IsNumericMask(mask_.Mascara); }
 
 bool FieldBox::IsScrambled() const { return UCase(Left(mask_.Mascara, 1)) == u"X"; }
 

@@ -49,7 +49,7 @@ Validation::Verdict Validation::CheckRules() {
   const String label = LabelPrefix();
 
   if (CommandButtonIsActive() && IsForbiddenBlank()) return RefuseBlank(label);
-  if (mdlObjTxt::EhMascaraDeData(box_.Mask().Mascara) && !CheckDate(label)) {
+  if (mdlObjTxt::IsDateMask(box_.Mask().Mascara) && !CheckDate(label)) {
     ReturnFocus();
     return Verdict::Refused;
   }

@@ -17,13 +17,13 @@ struct DateText {
 
 /// Splits by fixed places. All parts stay empty where only the empty date is valid.
 DateText SplitDate(const String& text, const String& mask, const String& items) {
-  switch (FormaDaData(mask)) {
-    case FormaDeData::MesAno:
+  switch (DateFormOf(mask)) {
+    case DateForm::MonthYear:
       return {u"01", Mid(text, 1, 2), LimpaMascara(Mid(text, 4, 4), mask, items)};
-    case FormaDeData::DiaMesAno:
+    case DateForm::DayMonthYear:
       return {Mid(text, 1, 2), Mid(text, 4, 2), Trim(LimpaMascara(Mid(text, 7, 4), mask, items))};
-    case FormaDeData::SoVazia:
-    case FormaDeData::Nenhuma:
+    case DateForm::EmptyOnly:
+    case DateForm::None:
       break;
   }
   return {};
@@ -62,7 +62,7 @@ bool ChecaData(host::TextBox& box, const String& mask, const String& items) {
   date.year = ExpandYear(date.year);
   if (!IsValid(date)) return false;
   const String monthAndYear = date.month + u"/" + date.year;
-  const bool withoutDay = FormaDaData(mask) == FormaDeData::MesAno;
+  const bool withoutDay = DateFormOf(mask) == DateForm::MonthYear;
   box.Text(withoutDay ? monthAndYear : date.day + u"/" + monthAndYear);
   return true;
 }

@@ -33,7 +33,7 @@ void DeleteInNumber(MaskedField& field, Integer& KeyCode) {
     box.SelStart(InStr(box.Text(), kComma) - 1);
     KeyCode = key::None;
   } else if (Mid(text, caret + 1, 1) == kComma) {
-    if (!TiraVirgulaExcede(text, field.Mascara(), box.MaxLength())) return;
+    if (!CommaRemovalOverflows(text, field.Mascara(), box.MaxLength())) return;
     App().Beep();
     KeyCode = key::None;
   }
@@ -43,7 +43,7 @@ void DeleteInNumber(MaskedField& field, Integer& KeyCode) {
 
 void txtEdit_KeyDown(MaskedField& field, Integer& KeyCode, Integer&) {
   Trap(u"tsText", u"txtEdit_KeyDown", [&] {
-    if (KeyCode == key::Delete && EhMascaraNumerica(field.Mascara())) {
+    if (KeyCode == key::Delete && IsNumericMask(field.Mascara())) {
       DeleteInNumber(field, KeyCode);
     } else if (KeyCode == key::Delete || KeyCode == key::F9) {
       FilterCode(field, KeyCode);

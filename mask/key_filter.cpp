@@ -94,7 +94,7 @@ String TypedText(MaskedField& field) {
   const Long count = PasswordCharacters(field, shown);
   if (count == 0) return shown;
   String hidden = HiddenText(field, count);
-  if (!EhMascaraNumerica(field.Mascara())) return hidden;
+  if (!IsNumericMask(field.Mascara())) return hidden;
   return WithHiddenDigits(shown, hidden, field.Box().PasswordChar().front());
 }
 
@@ -116,7 +116,7 @@ namespace {
 bool IsBehindMask(const Keystroke& k) { return k.pos > Len(k.mask); }
 
 String FirstSlot(const Keystroke& k) {
-  const bool everywhereTheSame = EhMascaraNumerica(k.mask) || Len(k.mask) == 1;
+  const bool everywhereTheSame = IsNumericMask(k.mask) || Len(k.mask) == 1;
   return k.MaskAt(everywhereTheSame ? 1 : k.pos);
 }
 
@@ -157,7 +157,7 @@ void ApplyKey(Keystroke& k) {
 }
 
 void FilterKey(Keystroke& k) {
-  const bool numeric = EhMascaraNumerica(k.mask);
+  const bool numeric = IsNumericMask(k.mask);
   if (!numeric && IsBehindMask(k) && k.key != key::Backspace) return k.SwallowWithBeep();
   k.slot = FirstSlot(k);
   if (!numeric) {

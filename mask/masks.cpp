@@ -14,14 +14,14 @@ namespace {
 constexpr StringView kSlots = u"0#dmyAaC$XN";
 const String kPoint = u".", kNumber = u"$";
 
-struct DateForm {
+struct DateMask {
   StringView mask;
-  FormaDeData form;
+  DateForm form;
 };
-constexpr DateForm kDateForms[] = {
-    {u"dd/mm/yyyy", FormaDeData::DiaMesAno}, {u"dd/mm/yy", FormaDeData::DiaMesAno},
-    {u"mm/yyyy", FormaDeData::MesAno},       {u"mm/yy", FormaDeData::MesAno},
-    {u"00/00/0000", FormaDeData::SoVazia},
+constexpr DateMask kDateMasks[] = {
+    {u"dd/mm/yyyy", DateForm::DayMonthYear}, {u"dd/mm/yy", DateForm::DayMonthYear},
+    {u"mm/yyyy", DateForm::MonthYear},       {u"mm/yy", DateForm::MonthYear},
+    {u"00/00/0000", DateForm::EmptyOnly},
 };
 
 bool IsSlot(char16_t character) { return kSlots.find(character) != StringView::npos; }
@@ -125,7 +125,7 @@ String LayOutTwoSided(const String& text, const String& mask, const String& fill
 
 String LayOut(const String& text, const String& mask, const String& fill, const String& items) {
   if (mask.empty()) return text;
-  if (EhMascaraNumerica(mask)) return LayOutNumber(text, mask);
+  if (IsNumericMask(mask)) return LayOutNumber(text, mask);
   if (StartsWith(mask, u"N")) return LayOutTwoSided(text, mask, fill, items);
   return LayOutLeftToRight(LimpaMascara(text, mask, items), mask, fill, items);
 }
@@ -175,7 +175,7 @@ String FormatoNumero(const String& mask, bool) {
   return u"#,##0." + StringOf(decimals, u"0");
 }
 
-bool TiraVirgulaExcede(const String& text, const String& mask, Long MaxLength) {
+bool CommaRemovalOverflows(const String& text, const String& mask, Long MaxLength) {
   return Len(Replace(text, u",", u"")) > CapacidadeInteira(mask, MaxLength);
 }
 
@@ -188,16 +188,14 @@ Integer CapacidadeInteira(const String& mask, Long MaxLength) {
   return static_cast<Integer>(places - points);
 }
 
-bool EhMascaraNumerica(const String& mask) { return StartsWith(mask, kNumber); }
+bool IsNumericMask(const String& mask) { return StartsWith(mask, kNumber); }
 
-FormaDeData FormaDaData(const String& mask) {
-  const auto found = std::find_if(std::begin(kDateForms), std::end(kDateForms),
-                                  [&](const DateForm& row) { return row.mask == mask; });
-  return found == std::end(kDateForms) ? FormaDeData::Nenhuma : found->form;
+DateForm DateFormOf(const String& mask) {
+  const auto found = std::find_if(std::begin(kDateMasks), std::end(kDateMasks),
+                                  [&](const DateMask& row) { return row.mask == mask; });
+  return found == std::end(kDateMasks) ? DateForm::None : found->form;
 }
 
-bool EhMascaraDeData(const String& mask) {
-  return FormaDaData(LCase(mask)) != FormaDeData::Nenhuma;
-}
+bool IsDateMask(const String& mask) { return DateFormOf(LCase(mask)) != DateForm::None; }
 
 }  // namespace tessaria::mdlObjTxt

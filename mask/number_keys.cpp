@@ -36,7 +36,7 @@ void TypeComma(Keystroke& k) {
 void BackspaceNumber(Keystroke& k) {
   const String text = TypedText(k.field);
   if (Mid(text, k.box.SelStart(), 1) != kDecimalComma) return;
-  if (TiraVirgulaExcede(text, k.mask, k.box.MaxLength())) k.SwallowWithBeep();
+  if (CommaRemovalOverflows(text, k.mask, k.box.MaxLength())) k.SwallowWithBeep();
 }
 
 /// The text without the selection, but with the selection's first character.

@@ -41,21 +41,22 @@ TESSARIA_CORE_API String FormatoNumero(const String& mask, bool flag);
 /// bits.
 TESSARIA_CORE_API Integer CapacidadeInteira(const String& mask, Long MaxLength);
 /// Whether the number without its comma would have too many integer digits. Errors as above.
-TESSARIA_CORE_API bool TiraVirgulaExcede(const String& text, const String& mask, Long MaxLength);
+TESSARIA_CORE_API bool CommaRemovalOverflows(const String& text, const String& mask,
+                                             Long MaxLength);
 
 /// Whether the mask makes its field a number.
-TESSARIA_CORE_API bool EhMascaraNumerica(const String& mask);
+TESSARIA_CORE_API bool IsNumericMask(const String& mask);
 
 /// The date parts that a mask holds.
-enum class FormaDeData {
-  Nenhuma,    ///< not a date
-  DiaMesAno,  ///< "dd/mm/yyyy", "dd/mm/yy"
-  MesAno,     ///< "mm/yyyy", "mm/yy"
-  SoVazia,    ///< "00/00/0000": a date, but only the empty one is valid
+enum class DateForm {
+  None,          ///< not a date
+  DayMonthYear,  ///< "dd/mm/yyyy", "dd/mm/yy"
+  MonthYear,     ///< "mm/yyyy", "mm/yy"
+  EmptyOnly,     ///< "00/00/0000": a date, but only the empty one is valid
 };
 /// The form of a date mask in this exact case.
-TESSARIA_CORE_API FormaDeData FormaDaData(const String& mask);
+TESSARIA_CORE_API DateForm DateFormOf(const String& mask);
 /// Whether validation treats the mask as a date; without regard to case.
-TESSARIA_CORE_API bool EhMascaraDeData(const String& mask);
+TESSARIA_CORE_API bool IsDateMask(const String& mask);
 
 }  // namespace tessaria::mdlObjTxt

@@ -304,8 +304,8 @@ class Round {
   }
   static String Rounded(const tsText& control, const String& text) {
     const String mask = control.Mascara();
-    return mdlObjTxt::EhMascaraNumerica(mask) ? Format(text, mdlObjTxt::FormatoNumero(mask, true))
-                                              : text;
+    return mdlObjTxt::IsNumericMask(mask) ? Format(text, mdlObjTxt::FormatoNumero(mask, true))
+                                          : text;
   }
   static String LaidOut(const tsText& control, const String& text) {
     return mdlObjTxt::AplicaMascara(text, control.Mascara(), control.PromptChar(),

@@ -45,7 +45,7 @@ TEST_F(LookupRun, TheTitleIsTheTableUnlessThereIsOne) {
   const auto titleOf = [&](const String& given) {
     String title;
     RunArguments a;
-    a.Titulo = given;
+    a.Title = given;
     Run(a, [&](memory::Dialog& shown) {
       title = shown.Find<host::DialogLabel>(u"lblTitulo").Caption();
       Leave(shown);
@@ -374,7 +374,7 @@ TEST_F(LookupRun, ADescriptionLeavesItsKeyAsASqlLiteral) {
     RunArguments a;
     a.Tipo = TipoControle::Descricao;
     a.Campo = u"nome";
-    a.CampoIrmao = u"codigo";
+    a.SiblingField = u"codigo";
     EXPECT_EQ(Run(a, Confirm), u"Ana");
     EXPECT_TRUE(Same(State().vntValorIrmao, c.Literal));
   }
@@ -396,7 +396,7 @@ TEST_F(LookupRun, TheKeyOfEveryKindOfNumberIsANumberAndNullIsNoCondition) {
         RunArguments a;
         a.Tipo = TipoControle::Descricao;
         a.Campo = u"nome";
-        a.CampoIrmao = u"codigo";
+        a.SiblingField = u"codigo";
         EXPECT_EQ(Run(a, Confirm), u"Ana");
         EXPECT_FALSE(State().vntValorIrmao.TryGet<String>());
         EXPECT_EQ(SqlText(State().vntValorIrmao), key.IsNull() ? StringView() : kind.Text);
@@ -411,7 +411,7 @@ TEST_F(LookupRun, ADescriptionWithoutAKeyFieldLeavesNone) {
   RunArguments a;
   a.Tipo = TipoControle::Descricao;
   a.Campo = u"nome";
-  a.CampoIrmao = u"";
+  a.SiblingField = u"";
   EXPECT_EQ(Run(a, Confirm), u"Ana");
   EXPECT_TRUE(State().vntValorIrmao.IsEmpty());
 }
@@ -435,7 +435,7 @@ TEST_F(LookupRun, ASiblingFieldIsLookedUpByItsBareName) {
     RunArguments a;
     a.Tipo = TipoControle::Descricao;
     a.Campo = u"nome";
-    a.CampoIrmao = field.Written;
+    a.SiblingField = field.Written;
     EXPECT_EQ(Run(a, Confirm), u"Ana");
     EXPECT_TRUE(Same(State().vntValorIrmao, Variant(Long{7})));
   }
@@ -447,7 +447,7 @@ TEST_F(LookupRun, AMissingSiblingFieldIsReportedAndTheKeyIsStillReturned) {
   rows = NamesFirst();
   RunArguments a;
   a.Tipo = TipoControle::Descricao;
-  a.CampoIrmao = u"outro";
+  a.SiblingField = u"outro";
   EXPECT_EQ(Run(a, Confirm), u"Ana");
   EXPECT_THAT(app.TakeBoxes(),
               ElementsAre(ErrorBox(HostError(errors::ItemNotFound), u"VerBrowse")));

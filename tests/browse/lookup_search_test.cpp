@@ -93,8 +93,8 @@ TEST_F(LookupSearch, TheTextOfTheBoxCountsForTheOpeningOnly) {
   RunArguments a;
   a.Tipo = TipoControle::Descricao;
   a.Campo = u"nome";
-  a.CampoIrmao = u"codigo";
-  a.CampoOutros = u"";
+  a.SiblingField = u"codigo";
+  a.OtherFields = u"";
   EXPECT_THAT(StatementsBehindTheOpening(a),
               ElementsAre(u"Select nome, codigo From clientes Where ativo = 1 Order By 1",
                           u"Select nome, codigo From clientes Where (clientes.nome ilike 'b%') And "

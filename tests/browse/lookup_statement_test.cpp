@@ -16,8 +16,8 @@ class LookupStatement : public RunTest {
     RunArguments a;
     a.Tipo = TipoControle::Descricao;
     a.Campo = u"nome";
-    a.CampoIrmao = u"codigo";
-    a.CampoOutros = u"";
+    a.SiblingField = u"codigo";
+    a.OtherFields = u"";
     return a;
   }
   /// The statement of such a description, with its comparison.
@@ -106,11 +106,11 @@ TEST_F(LookupStatement, NoHalfOfACharacterIsSearched) {
 
 TEST_F(LookupStatement, PutsItsPartsInOrder) {
   RunArguments a;
-  a.CampoIrmao = u"";
+  a.SiblingField = u"";
   a.Where = u"";
   EXPECT_EQ(StatementOf(a),
             u"Select codigo, cidade From clientes Where codigo Is Not Null  Order by 1");
-  a.CampoOutros = u"";
+  a.OtherFields = u"";
   a.GroupBy = u"Group By codigo";
   EXPECT_EQ(StatementOf(a),
             u"Select codigo From clientes Where codigo Is Not Null Group By codigo Order by 1");

@@ -19,14 +19,14 @@ struct RunArguments {
   float Top = 0;
   float Left = 0;
   Variant Value;
-  String Tabela = u"clientes";
+  String Table = u"clientes";
   String Campo = u"codigo";
-  String CampoIrmao = u"nome";
-  String CampoOutros = u"cidade";
+  String SiblingField = u"nome";
+  String OtherFields = u"cidade";
   String GroupBy;
   String LeftJoin;
   String Where = u"ativo = 1";
-  String Titulo;
+  String Title;
   TipoControle Tipo = TipoControle::Browse;
   String MsgBrowse;
 };
@@ -42,8 +42,8 @@ class RunTest : public BrowseTest {
   }
   /// A run that shows no list.
   String RunUnseen(RunArguments& a) {
-    return mdlObjTxt::VerBrowse(a.Top, a.Left, box, a.Value, a.Tabela, a.Campo, a.CampoIrmao,
-                                a.CampoOutros, a.GroupBy, a.LeftJoin, a.Where, a.Titulo, a.Tipo,
+    return mdlObjTxt::VerBrowse(a.Top, a.Left, box, a.Value, a.Table, a.Campo, a.SiblingField,
+                                a.OtherFields, a.GroupBy, a.LeftJoin, a.Where, a.Title, a.Tipo,
                                 form, columns, searches, a.MsgBrowse, kOwner, &end);
   }
   /// The statement that opens the list, which is closed at once.

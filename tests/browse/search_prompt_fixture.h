@@ -10,13 +10,13 @@ namespace tessaria::test {
 
 /// One search; by default for a name.
 struct Search {
-  String Tabela = u"clientes";
+  String Table = u"clientes";
   String Campo = u"nome";
   Long Tipo = 8;
   Long Like = 3;
   String Caption = u"Nome";
   Integer Width = 2000;
-  bool Completa = false;
+  bool Completes = false;
   String Mascara;
   Integer MaxLength = 0;
   bool PromptInclude = false;
@@ -28,8 +28,8 @@ class SearchPrompt : public BrowseTest {
  protected:
   bool Ask(const Search& s, memory::ModalScript::Script script) {
     desktop->WillShow(u"frmTsPesquisa", std::move(script));
-    return mdlObjTxt::tsMostraFormPesquisa(s.Tabela, s.Campo, s.Tipo, s.Like, s.Caption, s.Width,
-                                           s.Completa, s.Mascara, s.MaxLength, s.PromptInclude,
+    return mdlObjTxt::tsMostraFormPesquisa(s.Table, s.Campo, s.Tipo, s.Like, s.Caption, s.Width,
+                                           s.Completes, s.Mascara, s.MaxLength, s.PromptInclude,
                                            s.Where, clause, s.CampoPronto);
   }
   /// The condition for a typed answer.

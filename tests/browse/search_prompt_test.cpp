@@ -24,7 +24,7 @@ TEST_F(SearchPrompt, IsMadeOfItsTable) {
 TEST_F(SearchPrompt, TakesTheKindOfTheSearch) {
   const struct {
     Long Tipo;
-    bool Completa;
+    bool Completes;
     Long TipoDado;
     TipoControle Control;
   } cases[] = {{8, false, 8, TipoControle::Normal},     {8, true, 8, TipoControle::Descricao},
@@ -34,7 +34,7 @@ TEST_F(SearchPrompt, TakesTheKindOfTheSearch) {
   for (const auto& c : cases) {
     Search s;
     s.Tipo = c.Tipo;
-    s.Completa = c.Completa;
+    s.Completes = c.Completes;
     Look(s, [&](memory::Dialog&, tsText& edit) {
       EXPECT_EQ(edit.TipoDado(), c.TipoDado);
       EXPECT_EQ(edit.TipoControle(), c.Control);
@@ -69,7 +69,7 @@ TEST_F(SearchPrompt, AMaxLengthOfZeroIsNotSet) {
 TEST_F(SearchPrompt, CompletesATextFromTheTableAsTheOperatorTypes) {
   rows = {{{u"nome"}}, {{u"Maria"}}};
   Search s;
-  s.Completa = true;
+  s.Completes = true;
   Look(s, [&](memory::Dialog& prompt, tsText& edit) {
     EXPECT_EQ(edit.Browse()->BrowseTable(), u"clientes");
     EXPECT_EQ(edit.Browse()->BrwCampo(), u"nome");
@@ -85,7 +85,7 @@ TEST_F(SearchPrompt, CompletesATextFromTheTableAsTheOperatorTypes) {
 TEST_F(SearchPrompt, TakesTheConditionUnchanged) {
   rows = {{{u"nome"}}, {{u"Maria"}}};
   Search s;
-  s.Completa = true;
+  s.Completes = true;
   s.Where = u"mail = 'joao@x' And obs = 'a@b@c'";
   Look(s, [&](memory::Dialog& prompt, tsText& edit) {
     prompt.Type(u"m");
@@ -107,7 +107,7 @@ TEST_F(SearchPrompt, ATypedTextStaysBetweenItsApostrophes) {
 TEST_F(SearchPrompt, GivesItsControlTheConnectionOfTheThread) {
   std::shared_ptr<memory::Dialog> window;
   Search s;
-  s.Completa = true;
+  s.Completes = true;
   Look(s, [&](memory::Dialog& prompt, tsText&) {
     window = prompt.shared_from_this();
     EXPECT_EQ(window->TheForm().Get(u"dbForm").As<memory::Connection>(), connection);
@@ -122,7 +122,7 @@ TEST_F(SearchPrompt, GivesItsControlTheConnectionOfTheThread) {
 TEST_F(SearchPrompt, APartOfADescriptionIsAnAnswer) {
   rows.Cells.clear();
   Search s;
-  s.Completa = true;
+  s.Completes = true;
   EXPECT_TRUE(Ask(s, [](memory::Dialog& prompt) {
     prompt.Click(u"btnOk");  // blank: it stays open without a message
     EXPECT_TRUE(prompt.IsShown());

@@ -25,7 +25,7 @@ class SearchRun : public BrowseTest {
 
   static SearchEntry Entry(const String& field, Long like, const String& orderBy = u"") {
     SearchEntry entry;
-    entry.Tabela = u"clientes";
+    entry.Table = u"clientes";
     entry.Campo = field;
     entry.Tipo = 8;
     entry.Like = like;
@@ -108,9 +108,9 @@ TEST_F(SearchRun, JoinsItsConditionsAndTakesTheRestOfTheLastEntry) {
   from = u"";
   fields = u"";
   auto first = Entry(u"a", 0, u"x");
-  first.Tabela = u"um";
+  first.Table = u"um";
   auto second = Entry(u"b", 1);
-  second.Tabela = u"dois";
+  second.Table = u"dois";
   Search({first, second}, {u"1", u"x"});
   EXPECT_EQ(OnlyStatement(),
             u"Select * From dois Where (um.a = '1' And dois.b ilike 'x%') And ativo = 1 Order by "

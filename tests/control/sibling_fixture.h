@@ -23,11 +23,11 @@ class SiblingTest : public ControlTest {
     Forget();
   }
 
-  static void Define(const FieldPtr& field, const String& campo, const String& campoIrmao) {
+  static void Define(const FieldPtr& field, const String& campo, const String& siblingField) {
     const auto definition = (*field)->Browse();
     definition->BrowseTable(u"clientes");
     definition->BrwCampo(campo);
-    definition->BrwCampoIrmao(campoIrmao);
+    definition->BrwCampoIrmao(siblingField);
   }
   memory::Rows Answer(const String& statement) {
     if (!found) return {{{u"nada"}}, {}};

@@ -88,7 +88,7 @@ TEST_F(SiblingTest, ANullKeyEmptiesDescriptionAndReturnFieldsWithoutASearch) {
 struct Incomplete {
   const char16_t* Table;
   const char16_t* Campo;
-  const char16_t* CampoIrmao;
+  const char16_t* SiblingField;
   const char16_t* Outros;
   bool Runs;
 };
@@ -101,11 +101,11 @@ const Incomplete definitions[] = {
 
 TEST_F(SiblingTest, OnlyACompleteDefinitionRuns) {
   for (const Incomplete& row : definitions) {
-    SCOPED_TRACE(ToUtf8(row.Table) + ", " + ToUtf8(row.Campo) + ", " + ToUtf8(row.CampoIrmao));
+    SCOPED_TRACE(ToUtf8(row.Table) + ", " + ToUtf8(row.Campo) + ", " + ToUtf8(row.SiblingField));
     const auto definition = (*key)->Browse();
     definition->BrowseTable(row.Table);
     definition->BrwCampo(row.Campo);
-    definition->BrwCampoIrmao(row.CampoIrmao);
+    definition->BrwCampoIrmao(row.SiblingField);
     definition->BrwCampoOutros(row.Outros);
     AssignTyped(key, u"7");
     EXPECT_EQ(connection->TakeStatements().size(), row.Runs ? 1u : 0u);

@@ -287,39 +287,39 @@ TEST(CapacidadeInteira, OverflowsSixteenBits) {
   EXPECT_EQ(CapacidadeInteira(u"$$$.$$", -32765), -32768);
 }
 
-TEST(TiraVirgulaExcede, CountsTheDigitsThatWouldRemainWithoutTheComma) {
-  EXPECT_FALSE(TiraVirgulaExcede(u"1234,56", u"$$$$$$$.$$", 10));
-  EXPECT_TRUE(TiraVirgulaExcede(u"12345,67", u"$$$$$$$.$$", 10));
-  EXPECT_TRUE(TiraVirgulaExcede(u"1,2", u"$$$.$$", 0));
+TEST(CommaRemovalOverflows, CountsTheDigitsThatWouldRemainWithoutTheComma) {
+  EXPECT_FALSE(CommaRemovalOverflows(u"1234,56", u"$$$$$$$.$$", 10));
+  EXPECT_TRUE(CommaRemovalOverflows(u"12345,67", u"$$$$$$$.$$", 10));
+  EXPECT_TRUE(CommaRemovalOverflows(u"1,2", u"$$$.$$", 0));
 }
 
-TEST(EhMascaraNumerica, LooksAtTheFirstCharacter) {
-  EXPECT_TRUE(EhMascaraNumerica(u"$"));
-  EXPECT_FALSE(EhMascaraNumerica(u"0$"));
-  EXPECT_FALSE(EhMascaraNumerica(u""));
+TEST(IsNumericMask, LooksAtTheFirstCharacter) {
+  EXPECT_TRUE(IsNumericMask(u"$"));
+  EXPECT_FALSE(IsNumericMask(u"0$"));
+  EXPECT_FALSE(IsNumericMask(u""));
 }
 
-TEST(FormaDaData, RecognisesTheFormInItsExactCase) {
+TEST(DateFormOf, RecognisesTheFormInItsExactCase) {
   struct Case {
     String mask;
-    FormaDeData form;
+    DateForm form;
   };
   const Case kCases[] = {
-      {u"dd/mm/yyyy", FormaDeData::DiaMesAno}, {u"dd/mm/yy", FormaDeData::DiaMesAno},
-      {u"mm/yyyy", FormaDeData::MesAno},       {u"mm/yy", FormaDeData::MesAno},
-      {u"00/00/0000", FormaDeData::SoVazia},   {u"DD/MM/YYYY", FormaDeData::Nenhuma},
-      {u"00/00/00", FormaDeData::Nenhuma},     {u"", FormaDeData::Nenhuma},
+      {u"dd/mm/yyyy", DateForm::DayMonthYear}, {u"dd/mm/yy", DateForm::DayMonthYear},
+      {u"mm/yyyy", DateForm::MonthYear},       {u"mm/yy", DateForm::MonthYear},
+      {u"00/00/0000", DateForm::EmptyOnly},    {u"DD/MM/YYYY", DateForm::None},
+      {u"00/00/00", DateForm::None},           {u"", DateForm::None},
   };
-  for (const Case& row : kCases) EXPECT_EQ(FormaDaData(row.mask), row.form) << ToUtf8(row.mask);
+  for (const Case& row : kCases) EXPECT_EQ(DateFormOf(row.mask), row.form) << ToUtf8(row.mask);
 }
 
-TEST(EhMascaraDeData, RecognisesFiveForms) {
+TEST(IsDateMask, RecognisesFiveForms) {
   for (const StringView mask :
        {u"00/00/0000", u"dd/mm/yyyy", u"dd/mm/yy", u"mm/yyyy", u"mm/yy", u"DD/MM/YYYY", u"Mm/yY"}) {
-    EXPECT_TRUE(EhMascaraDeData(String(mask)));
+    EXPECT_TRUE(IsDateMask(String(mask)));
   }
   for (const StringView mask : {u"", u"00/00/00", u"dd-mm-yyyy", u"yyyy/mm/dd", u"dd/mm/yyyy "}) {
-    EXPECT_FALSE(EhMascaraDeData(String(mask)));
+    EXPECT_FALSE(IsDateMask(String(mask)));
   }
 }
 

@@ -31,7 +31,7 @@ TEST_F(ListStatements, OfEachShapeOfADefinitionOpenTheList) {
   server().Run("create table cidades as select distinct cidade as nome, 'SP' as uf from clientes");
   struct Shape {
     const char* campo;
-    const char* irmao;
+    const char* siblingField;
     const char* outros;
     const char* groupBy;
     const char* leftJoin;
@@ -54,7 +54,7 @@ TEST_F(ListStatements, OfEachShapeOfADefinitionOpenTheList) {
   for (const Shape& shape : shapes) {
     field_->setTxtIrmao(QString());
     field_->setBrwCampo(QLatin1String(shape.campo));
-    field_->setBrwCampoIrmao(QLatin1String(shape.irmao));
+    field_->setBrwCampoIrmao(QLatin1String(shape.siblingField));
     field_->setBrwCampoOutros(QLatin1String(shape.outros));
     field_->setBrwGroupBy(QLatin1String(shape.groupBy));
     field_->setBrwLeftJoin(QLatin1String(shape.leftJoin));

@@ -182,7 +182,7 @@ void pasteThroughMask(LineEdit& edit, const QString& text) {
   if (line.isEmpty() || !edit.isEnabled()) return;
   const String mask = edit.maskInUse().mask;
   const String literals = mdlObjTxt::MontaItensMascara(mask, u"");
-  const bool numeric = mdlObjTxt::EhMascaraNumerica(mask);
+  const bool numeric = mdlObjTxt::IsNumericMask(mask);
   const bool whole = comforts().PasteWholeOrNothing;
   bool pasted = false;
   if (!whole || line == text.trimmed()) {
