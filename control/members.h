@@ -32,7 +32,7 @@ struct FormTies {
   String TxtIrmao;        ///< name of the sibling control
   String LabelAssociado;  ///< name of the caption label
   String ObjetoCancelar;  ///< name of the control that escapes validation
-  String NumeroTab;       ///< number of the tab that the control lies on
+  String NumeroTab;       ///< number of the tab that the control is on
   bool bCampoConectado = false;
   bool bIrmaoConectado = false;
   bool bLabelConectado = false;

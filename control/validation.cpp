@@ -28,8 +28,8 @@ Validation::Verdict Validation::Check() {
 
 Validation::Verdict Validation::CheckText() {
   Verdict result = Verdict::Escaped;
-  // The trap is armed for the question which inner widget is active, and stays armed: the first
-  // error anywhere starts the rules again, and a second one is raised to the caller.
+  // The trap already covers the query for the active inner widget and stays set: the first error
+  // anywhere starts the rules again, and a second one is raised to the caller.
   Catch(
       [&] {
         if (form_.OwnButtonIsActive())
@@ -53,8 +53,8 @@ Validation::Verdict Validation::CheckRules() {
     ReturnFocus();
     return Verdict::Refused;
   }
-  // A required blank lets the focus pass to anything but a command button, which is handled above;
-  // the status does not change.
+  // A required field may be left blank when the focus moves to anything but a command button, which
+  // is handled above; the status does not change.
   if (IsForbiddenBlank()) return Verdict::Passed;
   // A stored text that the operator did not write does not keep the focus either.
   contents_.LastValidaStatus =

@@ -117,7 +117,7 @@ ValueAssignment::Taken ValueAssignment::Converted(const Variant& v, AssignMode m
           taken.Shown = TextOf(v);
           taken.What = What::StoredText;
         });
-  // Empty is what a column is given in place of Null; a row that is only shown holds Null.
+  // Columns receive Empty instead of Null; a row that is only shown keeps Null.
   if (taken.Shown.IsEmpty()) taken.Shown = Variant::Null();
   return taken;
 }

@@ -103,7 +103,7 @@ void Cluster::stopLeftOver() const {
                           QStringLiteral("fast"), QStringLiteral("-w"), QStringLiteral("stop")});
 }
 
-/// The path of a socket has 107 bytes at most, so it cannot lie in the data's own folder.
+/// A socket path is limited to 107 bytes, so the socket cannot be in the data folder.
 void Cluster::makeSocketFolder() {
   if (sockets_) return;
   sockets_ = std::make_unique<QTemporaryDir>(QDir::tempPath() + QLatin1String("/tsXXXXXX"));
@@ -174,7 +174,7 @@ Outcome Cluster::query(const QStringList& arguments) const {
           arguments);
 }
 
-/// A folder that an earlier version of the program filled has no orders, and codes of another kind.
+/// A folder created by an earlier version has no orders table and different codes.
 bool Cluster::hasTables() const {
   const Outcome found =
       query({QStringLiteral("-At"), QStringLiteral("-c"),

@@ -93,7 +93,7 @@ void Recordset::Load() {
   ApplyOrder();
 }
 
-// --- Where the set stands -----------------------------------------------------------------------
+// --- Position -----------------------------------------------------------------------------------
 
 void Recordset::RequireOpen() const {
   if (!open_) throw HostError(errors::ObjectClosed);

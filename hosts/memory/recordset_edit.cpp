@@ -48,7 +48,7 @@ void Recordset::Value(std::size_t column, const Variant& value) {
   const Column& definition = columns_.at(column);
   const Variant& present = CurrentCells()[column];
   if (value.IsNull() && present.IsNull()) return;
-  // Assigning a stored text that is not a value of the type once more is no edit.
+  // Assigning the stored text again is not an edit, even if it is not a value of the column's type.
   if (value.IsString() && present.IsString() && SameValue(value, present)) return;
   const bool writable = origin_ != nullptr && definition.Updatable;
   Variant typed;

@@ -81,7 +81,7 @@ class TESSARIA_CORE_API Pesquisa : public host::Persistent {
   std::shared_ptr<ItemPesquisa> Item(Long index) const;
   /// Error 5 when no entry has the key.
   std::shared_ptr<ItemPesquisa> Item(const String& key) const;
-  /// False for the empty key, which is no key.
+  /// Always false for an empty key.
   bool Contains(const String& key) const;
 
   /// Inserts an entry before position `Antes`, or after position `Depois`, or, when both are 0, at

@@ -1,4 +1,4 @@
-// The control: a text box that knows what it holds.
+// The control: a text box with a typed value.
 #pragma once
 
 #include <memory>
@@ -42,6 +42,8 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   void UserControl_InitProperties();
   /// Fills the members directly from the bag, without side effects.
   void UserControl_ReadProperties(const host::PropertyBag& bag);
+  /// Writes the stored properties to the bag, which keeps those that differ from their defaults.
+  /// Errors of all three are reported.
   void UserControl_WriteProperties(host::PropertyBag& bag);
   /// The first call resolves names, loads the row, draws and raises `Show`; later ones do nothing.
   void UserControl_Show();

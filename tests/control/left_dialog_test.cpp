@@ -251,7 +251,7 @@ TEST_F(CancelledDialog, TheCalendarKeepsTheTimeOfDay) {
 }
 
 // A short year leaves six characters, which are not a date; the check of the date has completed the
-// year by then, so that a second click would find eight.
+// year by then, so a second click would find eight characters.
 TEST_F(CancelledDialog, WithTheComfortACalendarThatCannotOpenDoesNotTouchTheField) {
   setComforts({.CalendarCancels = true});
   const Date moment = FromCivil({2017, 12, 25, 10, 30, 59});

@@ -50,7 +50,7 @@ QString knownName(const QWidget* widget) {
   return field ? field->objectName() : widget->objectName();
 }
 
-/// The form that the widget lies on, or its window.
+/// The form that the widget is on, or its window.
 const QWidget* formAround(const QWidget* widget) {
   while (!widget->isWindow() && !widget->property("dbForm").isValid())
     widget = widget->parentWidget();
@@ -74,7 +74,7 @@ void Player::stage(const QString& title) {
   std::fflush(stdout);
 }
 
-// --- Hands ---------------------------------------------------------------------------------------
+// --- Input ---------------------------------------------------------------------------------------
 
 /// The window that gets the keys: a menu, a dialog, or the main window.
 QWidget* Player::front() const {
@@ -174,7 +174,7 @@ void Player::clickHeader(int column) {
   });
 }
 
-// --- Eyes ----------------------------------------------------------------------------------------
+// --- Checks --------------------------------------------------------------------------------------
 
 void Player::expectNext(const Expected& expected) {
   expected_.insert(expected_.size() - later_, expected);

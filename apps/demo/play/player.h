@@ -31,7 +31,7 @@ class Player final : public QObject {
   /// Names the steps that follow, for the listing and in failures.
   void stage(const QString& title);
 
-  // Hands
+  // Input
   /// Types characters: accented letters that need a dead key are sent as an input method's text.
   void type(const QString& text);
   /// A key, or several with modifiers: "Tab", "Alt+S".
@@ -43,7 +43,7 @@ class Player final : public QObject {
   /// Clicks the caption of a column of the list in front.
   void clickHeader(int column);
 
-  // Eyes
+  // Checks
   // Windows must open in the order in which they are announced.
   /// The next step must bring up a box with exactly this text; it is answered with the key.
   void expectBox(const QString& text, const QString& picture = {},

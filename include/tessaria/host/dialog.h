@@ -186,7 +186,7 @@ class TESSARIA_CORE_API DriveList : public virtual DialogWidget {
  public:
   /// The selected entry.
   virtual String Drive() const = 0;
-  /// Selects the entry that a path lies on. Error 68 when there is none.
+  /// Selects the entry that a path is on. Error 68 when there is none.
   virtual void Drive(const String& path) = 0;
   virtual std::vector<String> List() const = 0;
   std::function<void()> OnChange;

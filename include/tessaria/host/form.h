@@ -28,7 +28,7 @@ class TESSARIA_CORE_API Widget : public Object {
   virtual Long Left() const = 0;
   virtual Long Top() const = 0;
   virtual Long Height() const = 0;
-  /// What the widget lies on; outermost is the form. Null for a form.
+  /// What the widget is on; outermost is the form. Null for a form.
   virtual WidgetPtr Container() const = 0;
   /// A property by name, without regard to case. Error 438 when there is none.
   virtual Variant Get(const String& property) const = 0;
@@ -50,7 +50,7 @@ class TESSARIA_CORE_API TabStrip : public Widget {
  public:
   virtual Integer Tab() const = 0;
   virtual void Tab(Integer number) = 0;
-  /// Error 380 for a number that is no tab.
+  /// Error 380 if there is no tab with that number.
   virtual bool TabVisible(Integer number) const = 0;
 };
 

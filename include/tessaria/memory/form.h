@@ -68,7 +68,7 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
   void Close();
   bool IsClosed() const { return closed_; }
 
-  // --- The operator's hands ----------------------------------------------------------------------
+  // --- Operator input ---------------------------------------------------------------------------
   void Type(StringView text);
   /// Tab and Shift+Tab move the focus and reach no control. Enter and Escape press the default and
   /// the cancel button when there is one, and otherwise go to the active control.

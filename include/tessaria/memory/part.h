@@ -1,4 +1,4 @@
-// What a memory form knows about everything that lies on it.
+// What a memory form knows about everything that is on it.
 #pragma once
 
 #include <memory>
@@ -42,7 +42,7 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
   const LateBound& Properties() const { return properties_; }
 
   virtual host::WidgetPtr AsWidget() = 0;
-  /// The form that the control lies on; null when there is none, or when it is gone.
+  /// The form that the control is on; null when there is none, or when it is gone.
   std::shared_ptr<Form> OwnerForm() const { return owner_.lock(); }
   bool IsGone() const { return gone_; }
 
@@ -74,7 +74,7 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
   virtual void Terminate() {}
 
  protected:
-  /// The form that the control lies on, as a widget; null as for `OwnerForm`.
+  /// The form that the control is on, as a widget; null as for `OwnerForm`.
   host::WidgetPtr OwnerWidget() const { return ownerWidget_.lock(); }
   bool CanBeUsed() const { return state_.Visible && state_.Enabled && !gone_; }
 

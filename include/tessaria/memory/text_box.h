@@ -53,7 +53,7 @@ class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
   String DisplayedText() const;
   bool HasFocus() const { return hasFocus_; }
 
-  // --- The operator's hands ------------------------------------------------------------------
+  // --- Operator input -----------------------------------------------------------------------
   // A disabled or hidden box takes no key. A key whose code or character a handler sets to 0 does
   // not reach the box; its release is still reported.
 

@@ -7,7 +7,7 @@ class QWidget;
 
 namespace tessaria::qt {
 
-/// Brings all pages of tab widgets that the widget lies on to the front, so that it can be seen.
+/// Brings all pages of tab widgets that the widget is on to the front, so that it can be seen.
 /// Does nothing for nullptr.
 TESSARIA_QT_API void showPagesOf(QWidget* widget);
 

@@ -63,7 +63,7 @@ class TESSARIA_MEMORY_API Dialog final : public host::Dialog,
   memory::Form& TheForm() { return *form_; }
   const std::vector<HostError>& UnhandledErrors() const { return form_->UnhandledErrors(); }
 
-  // --- The operator's hands --------------------------------------------------------------------
+  // --- Operator input -------------------------------------------------------------------------
   // For the window in front only; anything else is a fault of the script. Each is an event: an
   // error that leaves a handler is shown in a box and kept, and the window continues. What cannot
   // be reached (hidden, disabled) does nothing.

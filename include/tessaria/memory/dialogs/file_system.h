@@ -25,7 +25,7 @@ class TESSARIA_MEMORY_API FileSystem {
 
   /// The entries, in order of creation.
   std::vector<String> Drives() const;
-  /// The entry of the drive that a path lies on.
+  /// The entry of the drive that a path is on.
   std::optional<String> DriveOf(const String& path) const;
   /// Error 68 when there is no such drive.
   bool DriveReady(const String& drive) const;
