@@ -14,3 +14,7 @@
     !OWN_MASK_MASKS_H || !OWN_RUNTIME_TEXT_H || !OWN_TEXT_H || !OWN_VARIANT_H
 #error "a header of the library stands in for one of the program"
 #endif
+
+#if __has_include("runtime/digits.h") || __has_include("hosts/qt/form/form.h")
+#error "an internal header of the library can be included"
+#endif
