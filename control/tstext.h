@@ -8,7 +8,6 @@
 #include "control/focus.h"
 #include "control/mask_change.h"
 #include "control/naming.h"
-#include "control/stored_state.h"
 #include "tessaria/tstext.h"
 
 namespace tessaria {
@@ -32,8 +31,7 @@ struct tsText::Parts {
         firstShow({site, box, members, lookup, around, discovery, mask, looks, events}),
         focus({site, box, members, validation, value, pair, events}),
         dialogs({site, box, members, lookup, around, value, events}),
-        boxEvents(box, members, pair, looks, dialogs, events),
-        stored{members, lookup, txtEdit, site} {
+        boxEvents(box, members, pair, looks, dialogs, events) {
     button.OnClick = [this] { dialogs.Open(); };
   }
   ~Parts() { button.OnClick = nullptr; }
@@ -58,7 +56,6 @@ struct tsText::Parts {
   Focus focus;
   Dialogs dialogs;
   BoxEvents boxEvents;
-  StoredState stored;
 };
 
 }  // namespace tessaria
