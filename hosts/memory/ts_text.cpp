@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "control/properties.h"
+#include "control/storage/properties.h"
 #include "tessaria/text.h"
 #include "tessaria/tstext.h"
 

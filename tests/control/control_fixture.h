@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "control/properties.h"
+#include "control/storage/properties.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/memory/connection.h"
 #include "tessaria/memory/controls.h"

@@ -4,7 +4,7 @@
 #include <QDateTime>
 #include <QMetaProperty>
 
-#include "control/properties.h"
+#include "control/storage/properties.h"
 #include "tessaria/qt/form.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/qt/variants.h"

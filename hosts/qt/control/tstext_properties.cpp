@@ -1,6 +1,6 @@
 // The control's properties as properties of the widget.
 
-#include "control/properties.h"
+#include "control/storage/properties.h"
 #include "hosts/qt/control/tstext.h"
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/fonts.h"

@@ -1,6 +1,6 @@
 // The control as its form and the focus handling see it.
 
-#include "control/properties.h"
+#include "control/storage/properties.h"
 #include "hosts/qt/control/tstext.h"
 #include "hosts/qt/form/form.h"
 

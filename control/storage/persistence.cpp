@@ -1,9 +1,9 @@
-#include "control/persistence.h"
+#include "control/storage/persistence.h"
 
 #include <algorithm>
 #include <vector>
 
-#include "control/properties.h"
+#include "control/storage/properties.h"
 #include "services/trap.h"
 
 namespace tessaria {

@@ -1,6 +1,6 @@
 // The control's start values and its two walks through the property bag.
 
-#include "control/persistence.h"
+#include "control/storage/persistence.h"
 #include "control/tstext.h"
 
 namespace tessaria {

@@ -1,9 +1,9 @@
-#include "control/properties.h"
+#include "control/storage/properties.h"
 
 #include <utility>
 #include <vector>
 
-#include "control/stored_state.h"
+#include "control/storage/stored_state.h"
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/text.h"

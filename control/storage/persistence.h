@@ -1,7 +1,7 @@
 // A control's start values, and its two walks through the property bag.
 #pragma once
 
-#include "control/stored_state.h"
+#include "control/storage/stored_state.h"
 
 namespace tessaria {
 
