@@ -49,9 +49,10 @@ const std::map<std::string, std::string> kHostLibraries = {
     {"hosts/qt", R"(^(Qt\w*/)?Q\w+$|^Qt$)"},
 };
 
-// The rooms of each host, bottom up: a room includes itself and lower ones. The empty name is
-// the host's own folder.
+// The rooms of each area that has any, bottom up: a room includes itself and lower ones. The empty
+// name is the area's own folder.
 const std::map<std::string, std::vector<std::string>> kRooms = {
+    {"control", {"", "storage"}},
     {"hosts/memory", {"", "dialogs"}},
     {"hosts/odbc", {"driver", "values", "statements", "session", "rows", "recordset", ""}},
     {"hosts/qt",
@@ -78,6 +79,7 @@ std::string AreaOfTarget(const Include& include) { return AreaOf(PathOfTarget(in
 
 bool IsCore(const std::string& area) { return kHeight.contains(area); }
 bool IsHost(const std::string& area) { return area.starts_with("hosts/"); }
+bool HasRooms(const std::string& area) { return kRooms.contains(area); }
 
 bool IsGenerated(const std::string& target) {
   static const std::regex pattern(R"((^ui_\w+\.h|\.moc|^moc_\w+\.cpp)$)");
@@ -103,14 +105,14 @@ bool ReachesOutOfAHost(const Include& include) {
   return !IsCore(target) && target != area;
 }
 
-// The height of a component in its host, from 0; -1 without a room. A public header that belongs to
-// no source has the height of its folder, or else is at the bottom.
-std::ptrdiff_t HeightInHost(const std::string& component) {
-  const std::string host = AreaOf(component);
-  const auto& rooms = kRooms.at(host);
-  const bool isPublic = !component.starts_with(host);
+// The height of a component among the rooms of its area, from 0; -1 without a room. A public header
+// that belongs to no source has the height of its folder, or else is at the bottom.
+std::ptrdiff_t RoomOf(const std::string& component) {
+  const std::string area = AreaOf(component);
+  const auto& rooms = kRooms.at(area);
+  const bool isPublic = !component.starts_with(area);
   const auto folder = std::filesystem::path(component).parent_path();
-  const auto room = folder.lexically_relative(isPublic ? PublicFolderOf(host) : host);
+  const auto room = folder.lexically_relative(isPublic ? PublicFolderOf(area) : area);
   const auto at = std::ranges::find(rooms, room == "." ? std::string() : room.generic_string());
   if (at == rooms.end() || (isPublic && at->empty())) return isPublic ? 0 : -1;
   return at - rooms.begin();
@@ -121,11 +123,11 @@ const Components& AllComponents() {
   return components;
 }
 
-bool ReachesUpInAHost(const Include& include) {
+bool ReachesUpAmongRooms(const Include& include) {
   const auto from = AllComponents().Of(include.file);
   const auto to = AllComponents().Of(PathOfTarget(include));
-  if (include.angled || !IsHost(AreaOf(from)) || AreaOf(from) != AreaOf(to)) return false;
-  return HeightInHost(to) > HeightInHost(from);
+  if (include.angled || !HasRooms(AreaOf(from)) || AreaOf(from) != AreaOf(to)) return false;
+  return RoomOf(to) > RoomOf(from);
 }
 
 // Programs use what is installed, and their own headers.
@@ -191,16 +193,22 @@ TEST(IncludeRules, EachRuleReportsExactlyWhatItForbids) {
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "tessaria/memory/form.h", false}, true},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "a.moc", false}, false},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "control/members.h", false}, false},
-      {ReachesUpInAHost, {"hosts/qt/focus/a.cpp", 1, "hosts/qt/keys/b.h", false}, true},
-      {ReachesUpInAHost, {"hosts/qt/focus/a.cpp", 1, "tessaria/qt/tstext.h", false}, true},
-      {ReachesUpInAHost, {"include/tessaria/qt/a.h", 1, "tessaria/qt/settle.h", false}, true},
-      {ReachesUpInAHost, {"hosts/odbc/rows/a.h", 1, "hosts/odbc/odbc_connection.h", false}, true},
-      {ReachesUpInAHost, {"hosts/memory/a.h", 1, "tessaria/memory/dialogs/dialog.h", false}, true},
-      {ReachesUpInAHost, {"hosts/qt/keys/a.cpp", 1, "hosts/qt/focus/b.h", false}, false},
-      {ReachesUpInAHost, {"hosts/qt/keys/a.cpp", 1, "hosts/qt/keys/b.h", false}, false},
+      {ReachesUpAmongRooms, {"hosts/qt/focus/a.cpp", 1, "hosts/qt/keys/b.h", false}, true},
+      {ReachesUpAmongRooms, {"hosts/qt/focus/a.cpp", 1, "tessaria/qt/tstext.h", false}, true},
+      {ReachesUpAmongRooms, {"include/tessaria/qt/a.h", 1, "tessaria/qt/settle.h", false}, true},
+      {ReachesUpAmongRooms,
+       {"hosts/odbc/rows/a.h", 1, "hosts/odbc/odbc_connection.h", false},
+       true},
+      {ReachesUpAmongRooms,
+       {"hosts/memory/a.h", 1, "tessaria/memory/dialogs/dialog.h", false},
+       true},
+      {ReachesUpAmongRooms, {"hosts/qt/keys/a.cpp", 1, "hosts/qt/focus/b.h", false}, false},
+      {ReachesUpAmongRooms, {"hosts/qt/keys/a.cpp", 1, "hosts/qt/keys/b.h", false}, false},
+      {ReachesUpAmongRooms, {"control/a.cpp", 1, "control/storage/b.h", false}, true},
+      {ReachesUpAmongRooms, {"control/storage/a.cpp", 1, "control/b.h", false}, false},
       // A field installs the host, which opens the windows that contain fields.
-      {ReachesUpInAHost, {"hosts/qt/control/a.cpp", 1, "tessaria/qt/host.h", false}, false},
-      {ReachesUpInAHost,
+      {ReachesUpAmongRooms, {"hosts/qt/control/a.cpp", 1, "tessaria/qt/host.h", false}, false},
+      {ReachesUpAmongRooms,
        {"hosts/odbc/odbc_connection.cpp", 1, "hosts/odbc/rows/a.h", false},
        false},
       {ReachesIntoTheTree, {"apps/demo/a.cpp", 1, "hosts/qt/form/b.h", false}, true},
@@ -245,15 +253,15 @@ TEST(IncludeRules, AHostKnowsTheCoreAndItselfOnly) {
   EXPECT_THAT(Breaches(ReachesOutOfAHost), IsEmpty());
 }
 
-TEST(IncludeRules, EveryFileOfAHostIsInARoom) {
+TEST(IncludeRules, EveryFileOfAnAreaWithRoomsIsInOne) {
   for (const auto& file : FilesEndingIn({".h", ".cpp"})) {
-    const bool inRoom = !IsHost(AreaOf(file)) || HeightInHost(AllComponents().Of(file)) >= 0;
+    const bool inRoom = !HasRooms(AreaOf(file)) || RoomOf(AllComponents().Of(file)) >= 0;
     EXPECT_TRUE(inRoom) << file;
   }
 }
 
-TEST(IncludeRules, ARoomOfAHostIncludesOnlyWhatIsBelowIt) {
-  EXPECT_THAT(Breaches(ReachesUpInAHost), IsEmpty());
+TEST(IncludeRules, ARoomIncludesOnlyWhatIsBelowIt) {
+  EXPECT_THAT(Breaches(ReachesUpAmongRooms), IsEmpty());
 }
 
 TEST(IncludeRules, ProgramsIncludeWhatIsInstalledAndTheirOwn) {
