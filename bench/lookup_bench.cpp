@@ -19,8 +19,8 @@
 #include <string>
 #include <vector>
 
-#include "hosts/odbc/driver/handles.h"
-#include "hosts/odbc/driver/wide.h"
+#include "hosts/odbc/handles.h"
+#include "hosts/odbc/wide.h"
 #include "lookup/description_lookup.h"
 #include "tessaria/conversion.h"
 #include "tessaria/memory/application.h"
@@ -122,7 +122,7 @@ class BareOdbc {
   }
 
  private:
-  odbc::Link link_;
+  odbc::ConnectionHandle link_;
 };
 
 class Libpq {

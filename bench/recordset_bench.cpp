@@ -17,8 +17,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "hosts/odbc/driver/handles.h"
-#include "hosts/odbc/driver/wide.h"
+#include "hosts/odbc/handles.h"
+#include "hosts/odbc/wide.h"
 #include "tessaria/odbc/connection.h"
 #include "tests/support/postgres_cluster.h"
 
@@ -121,7 +121,7 @@ void ReadBare(const String& settings, const std::function<void()>& firstRow) {
   constexpr std::size_t kBlock = 1000;
   constexpr std::size_t kCharacters = 256;
   using Text = std::array<char16_t, kCharacters>;
-  odbc::Link link;
+  odbc::ConnectionHandle link;
   const String text = PostgresCluster::Shared().ConnectionString() + settings;
   Require(SQLDriverConnectW(link.get(), nullptr, Wide(text.c_str()), SQL_NTS, nullptr, 0, nullptr,
                             SQL_DRIVER_NOPROMPT));

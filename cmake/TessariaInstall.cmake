@@ -33,6 +33,9 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/tessaria DESTINATION ${CMAKE_INS
         FILES_MATCHING PATTERN "*.h"
         PATTERN memory EXCLUDE PATTERN odbc EXCLUDE PATTERN qt EXCLUDE)
 tessaria_install_host(Memory)
+if(TARGET TessariaSql)
+  tessaria_install_component(Sql)  # what the drivers share; it has no headers for programs
+endif()
 tessaria_install_host(Odbc)
 tessaria_install_host(Qt)
 

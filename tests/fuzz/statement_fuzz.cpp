@@ -2,7 +2,7 @@
 // one token between apostrophes, and as a number.
 #include <cstdlib>
 
-#include "hosts/odbc/statements/statement_guard.h"
+#include "hosts/sql/statements/statement_guard.h"
 #include "lookup/literals.h"
 #include "runtime/well_formed.h"
 #include "tessaria/error.h"
@@ -17,9 +17,9 @@ void Require(bool holds) {
   if (!holds) std::abort();
 }
 
-void TryAsStatement(const String& text, odbc::Dialect dialect, bool backslashes) {
+void TryAsStatement(const String& text, sql::Dialect dialect, bool backslashes) {
   try {
-    Require(odbc::RequireSingleStatement(text, dialect, backslashes).text.size() <= text.size());
+    Require(sql::RequireSingleStatement(text, dialect, backslashes).text.size() <= text.size());
   } catch (const HostError&) {
   }
 }
@@ -51,9 +51,9 @@ void TryAsNumber(const String& value, SqlRules rules) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   fuzz::Input input(data, size);
-  const auto dialect = static_cast<odbc::Dialect>(input.Byte() % 4);
+  const auto dialect = static_cast<sql::Dialect>(input.Byte() % 4);
   const bool backslashes = input.Byte() % 2 != 0;
-  const SqlRules rules = odbc::RulesOf(dialect, backslashes);
+  const SqlRules rules = sql::RulesOf(dialect, backslashes);
   const String text = input.Rest();
   TryAsStatement(text, dialect, backslashes);
   TryAsStatement(u"select 1 where a = " + text, dialect, backslashes);

@@ -1,0 +1,68 @@
+#include "hosts/odbc/odbc_statement.h"
+
+#include "hosts/odbc/describe.h"
+#include "hosts/odbc/diagnostics.h"
+#include "hosts/odbc/wide.h"
+
+namespace tessaria::odbc {
+
+OdbcStatement::OdbcStatement(std::shared_ptr<OdbcLink> link)
+    : link_(std::move(link)), handle_(link_->Get()) {
+  // A driver that does not support escapes does not need the setting.
+  const SQLRETURN result =
+      SQLSetStmtAttrW(Get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
+  if (SQL_SUCCEEDED(result)) return;
+  const DriverError error = DiagnosticsOf(SQL_HANDLE_STMT, Get());
+  if (!error.IsNotSupported()) throw error;
+}
+
+SQLRETURN OdbcStatement::Send(const String& text) {
+  SQLFreeStmt(Get(), SQL_CLOSE);
+  const SQLRETURN result =
+      SQLExecDirectW(Get(), Wide(text.c_str()), static_cast<SQLINTEGER>(text.size()));
+  Check(result);
+  return result;
+}
+
+void OdbcStatement::Run(const String& text) { Send(text); }
+
+std::int64_t OdbcStatement::RunWith(const String& text, const std::vector<sql::Parameter>& values) {
+  std::vector<SQLLEN> lengths(values.size());
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const sql::Parameter& value = values[i];
+    lengths[i] = static_cast<SQLLEN>(value.text.size() * sizeof(char16_t));
+    Check(SQLBindParameter(Get(), static_cast<SQLUSMALLINT>(i + 1), SQL_PARAM_INPUT, SQL_C_WCHAR,
+                           static_cast<SQLSMALLINT>(value.sqlType), value.size,
+                           static_cast<SQLSMALLINT>(value.decimals), Wide(value.text.c_str()),
+                           lengths[i], &lengths[i]));
+  }
+  const SQLRETURN result = Send(text);
+  SQLFreeStmt(Get(), SQL_RESET_PARAMS);
+  // The statement has been executed; if the driver cannot count now, the number stays unknown.
+  SQLLEN rows = 0;
+  if (result != SQL_NO_DATA && !SQL_SUCCEEDED(SQLRowCount(Get(), &rows))) rows = -1;
+  return rows;
+}
+
+sql::Columns OdbcStatement::Describe() { return DescribeColumns(*this, link_->IsPostgres()); }
+
+void OdbcStatement::Bind(const sql::Columns& columns) {
+  reader_.emplace(Get(), columns, link_->Rereads());
+}
+
+std::uint32_t OdbcStatement::Read(sql::ColumnStore& store) {
+  try {
+    return reader_->Read(store);
+  } catch (const DriverError& error) {
+    link_->NoteLoss(error);
+    throw;
+  }
+}
+
+bool OdbcStatement::NextResult() {
+  const SQLRETURN result = SQLMoreResults(Get());
+  Check(result);
+  return result != SQL_NO_DATA;
+}
+
+}  // namespace tessaria::odbc

@@ -1,0 +1,35 @@
+// Statements of an ODBC driver.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "hosts/odbc/block_reader.h"
+#include "hosts/odbc/odbc_link.h"
+
+namespace tessaria::odbc {
+
+class OdbcStatement final : public sql::Statement {
+ public:
+  explicit OdbcStatement(std::shared_ptr<OdbcLink> link);
+
+  void Run(const String& text) override;
+  std::int64_t RunWith(const String& text, const std::vector<sql::Parameter>& values) override;
+  sql::Columns Describe() override;
+  void Bind(const sql::Columns& columns) override;
+  std::uint32_t Read(sql::ColumnStore& store) override;
+  bool NextResult() override;
+
+  SQLHSTMT Get() const { return handle_.get(); }
+  /// As the link's.
+  void Check(SQLRETURN result) { link_->Check(result, SQL_HANDLE_STMT, Get()); }
+
+ private:
+  SQLRETURN Send(const String& text);
+
+  std::shared_ptr<OdbcLink> link_;
+  Handle<SQL_HANDLE_STMT> handle_;
+  std::optional<BlockReader> reader_;
+};
+
+}  // namespace tessaria::odbc

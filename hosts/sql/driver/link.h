@@ -1,0 +1,91 @@
+// The port of a database driver: one link to a server, its statements, its catalogue.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "hosts/sql/driver/catalogue_facts.h"
+#include "hosts/sql/statements/dialect_sql.h"
+#include "hosts/sql/values/column.h"
+#include "hosts/sql/values/column_store.h"
+
+namespace tessaria::sql {
+
+/// One statement at a time runs on it, and it can run another. Keeps its link alive. Every failed
+/// call raises the driver's own error, a `DriverError` where the server has refused something.
+class TESSARIA_SQL_API Statement {
+ public:
+  Statement() = default;
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+  virtual ~Statement();
+
+  /// Runs a text, which may be a batch of this layer's own, and stands on its first result. What is
+  /// left of earlier results is given up.
+  virtual void Run(const String& text) = 0;
+  /// Runs a text with values for its "?". Returns the number of rows that it changed, -1 when the
+  /// server does not tell.
+  virtual std::int64_t RunWith(const String& text, const std::vector<Parameter>& values) = 0;
+  /// The columns of the present result; empty when it gives no rows.
+  virtual Columns Describe() = 0;
+  /// Makes `Read` take the rows of the present and of later results as rows of these columns.
+  virtual void Bind(const Columns& columns) = 0;
+  /// Appends the next block of rows of the present result. Returns their number, 0 at the end.
+  virtual std::uint32_t Read(ColumnStore& store) = 0;
+  /// To the next result of a batch. False when there is none.
+  virtual bool NextResult() = 0;
+};
+
+using StatementPtr = std::unique_ptr<Statement>;
+
+/// What a server is, as its driver tells.
+struct ServerFacts {
+  String name;     ///< "PostgreSQL", "Microsoft SQL Server", ...
+  String version;  ///< numbers with points between
+  String quote;    ///< the quotation mark of names; empty when there is none
+};
+
+/// One physical connection, open from its making to its end. Used by one thread at a time.
+/// Outside `Begin` and its end, every statement stands for itself.
+class TESSARIA_SQL_API Link {
+ public:
+  Link() = default;
+  Link(const Link&) = delete;
+  Link& operator=(const Link&) = delete;
+  virtual ~Link();
+
+  virtual ServerFacts Facts() = 0;
+  virtual StatementPtr NewStatement() = 0;
+  /// Whether the server or the way to it was found to be gone. Nothing can be run then.
+  virtual bool IsLost() const noexcept = 0;
+
+  virtual void Begin() = 0;
+  /// Both end the transaction, also when they raise an error: the server may refuse a commit, which
+  /// undoes the transaction.
+  virtual void Commit() = 0;
+  virtual void Rollback() = 0;
+
+  /// Whether further statements can run while the rows of one still arrive.
+  virtual bool RunsBesideRows() const noexcept = 0;
+  /// What the declaration of a PostgreSQL cursor says of the form of its rows: nothing, or "BINARY
+  /// " where `Read` takes them so.
+  virtual StringView CursorKind() const noexcept = 0;
+
+  // The catalogue. An empty name stands for all; drivers may answer with more than was asked for.
+  virtual std::vector<TableFacts> Tables(const host::SchemaRestrictions& asked) = 0;
+  virtual std::vector<ColumnFacts> TableColumns(const host::SchemaRestrictions& asked) = 0;
+  /// In the order of the key. Nothing when the driver cannot tell keys.
+  virtual std::optional<std::vector<KeyPart>> PrimaryKey(const TablePlace& table) = 0;
+  /// The columns of unique indexes, those of one index together; empty when the driver cannot tell.
+  virtual std::vector<KeyPart> UniqueIndexes(const TablePlace& table) = 0;
+};
+
+using LinkPtr = std::shared_ptr<Link>;
+
+/// Opens a link. `timeout` is in seconds, 0 for the driver's own.
+using Connector = std::function<LinkPtr(const String& connectionString, Long timeout)>;
+
+}  // namespace tessaria::sql

@@ -1,0 +1,232 @@
+#include "hosts/sql/recordset/recordset.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "hosts/sql/errors/driver_error.h"
+#include "hosts/sql/rows/find_criterion.h"
+#include "hosts/sql/rows/sort_order.h"
+
+namespace tessaria::sql {
+namespace {
+
+constexpr Long kPositionBof = -1;
+constexpr Long kPositionEof = -3;
+
+[[noreturn]] void ThrowNoRow() {
+  throw HostError(errors::NoCurrentRecord, u"Não há registro atual.");
+}
+
+}  // namespace
+
+SqlRecordset::SqlRecordset(SessionPtr session, StatementFacts facts, String source,
+                           host::LockType lock)
+    : session_(std::move(session)),
+      facts_(std::move(facts)),
+      source_(std::move(source)),
+      lock_(lock),
+      fields_(*this) {
+  Run();
+}
+
+SqlRecordset::SqlRecordset(SessionPtr session, std::function<std::unique_ptr<RowTable>()> open)
+    : session_(std::move(session)), open_(std::move(open)), fields_(*this) {
+  Run();
+}
+
+SqlRecordset::SqlRecordset(SessionPtr session, String source)
+    : session_(std::move(session)), source_(std::move(source)), fields_(*this) {}
+
+SqlRecordset::~SqlRecordset() = default;
+
+// Runs the statement and moves to the first row.
+void SqlRecordset::Run() {
+  auto table = open_ ? open_() : std::make_unique<RowTable>(session_, facts_);
+  std::optional<KeyTable> key;
+  if (lock_ != host::LockType::ReadOnly && facts_.isSingleTable) {
+    key = FindKeyTable(*session_, table->TableColumns());
+  }
+  writer_.reset();
+  order_.reset();
+  unsorted_.clear();
+  sort_.clear();
+  position_ = 0;
+  onDeleted_ = false;
+  table_ = table->TableColumns().empty() ? nullptr : std::move(table);
+  if (!table_) return;
+  fields_.Provide(table_->TableColumns().size());
+  if (key) writer_.emplace(session_, table_->TableColumns(), std::move(*key), facts_.text);
+}
+
+RowTable& SqlRecordset::Table() const {
+  if (!table_) throw HostError(errors::ObjectClosed, u"O conjunto de registros está fechado.");
+  return *table_;
+}
+
+const Columns& SqlRecordset::ColumnInfo() const { return Table().TableColumns(); }
+
+Long SqlRecordset::State() const { return table_ ? host::state::Open : host::state::Closed; }
+
+bool SqlRecordset::HasRow(std::int64_t position) const {
+  RowTable& table = Table();
+  if (position < 0) return false;
+  if (!order_) return table.Reach(static_cast<std::uint32_t>(position));
+  if (position < static_cast<std::int64_t>(order_->size())) return true;
+  table.RowCount();  // raises an error when not all rows were read
+  return false;
+}
+
+RowId SqlRecordset::RowAt(std::int64_t position) const {
+  const auto index = static_cast<std::size_t>(position);
+  return order_ ? (*order_)[index] : static_cast<RowId>(index);
+}
+
+std::int64_t SqlRecordset::VisibleRows() const {
+  const std::int64_t rows = Table().RowCount();
+  return order_ ? static_cast<std::int64_t>(order_->size()) : rows;
+}
+
+bool SqlRecordset::StandsOnRow() const { return !onDeleted_ && HasRow(position_); }
+
+bool SqlRecordset::Bof() const {
+  if (edit_ == host::EditMode::Add || onDeleted_) return Table(), false;
+  return !HasRow(0) || position_ == kBof;
+}
+
+bool SqlRecordset::Eof() const {
+  if (edit_ == host::EditMode::Add || onDeleted_) return Table(), false;
+  return !HasRow(0) || (position_ != kBof && !HasRow(position_));
+}
+
+Long SqlRecordset::RecordCount() { return static_cast<Long>(VisibleRows()); }
+
+Long SqlRecordset::AbsolutePosition() const {
+  if (edit_ == host::EditMode::Add) {
+    Table().ReadRest();
+    return RowsRead() + 1;
+  }
+  if (Bof()) return kPositionBof;
+  return Eof() ? kPositionEof : static_cast<Long>(position_) + 1;
+}
+
+// The edit is written before the move. When the target cannot be read, the position does not
+// change.
+void SqlRecordset::MoveTo(std::int64_t position) {
+  position_ = position;
+  onDeleted_ = false;
+  doubt_ = Doubt::None;
+}
+
+void SqlRecordset::MoveFirst() {
+  WriteEdit();
+  if (!HasRow(0)) ThrowNoRow();
+  MoveTo(0);
+}
+
+void SqlRecordset::MoveLast() {
+  WriteEdit();
+  const std::int64_t rows = VisibleRows();
+  if (rows == 0) ThrowNoRow();
+  MoveTo(rows - 1);
+}
+
+void SqlRecordset::MoveNext() {
+  WriteEdit();
+  if (Eof()) ThrowNoRow();
+  // The row after a deleted one has taken its position.
+  const std::int64_t next = onDeleted_ ? position_ : position_ + 1;
+  HasRow(next);
+  MoveTo(next);
+}
+
+void SqlRecordset::MovePrevious() {
+  WriteEdit();
+  if (Bof()) ThrowNoRow();
+  MoveTo(Eof() ? VisibleRows() - 1 : position_ - 1);
+}
+
+void SqlRecordset::AbsolutePosition(Long row) {
+  WriteEdit();
+  if (row < 1 || !HasRow(row - 1)) ThrowNoRow();
+  MoveTo(row - 1);
+}
+
+void SqlRecordset::Find(const String& criteria) {
+  const FindCriterion criterion(ColumnInfo(), criteria);
+  WriteEdit();
+  if (!StandsOnRow()) ThrowNoRow();
+  std::int64_t position = position_;
+  while (HasRow(position) && !criterion.Matches(*table_, RowAt(position))) ++position;
+  MoveTo(position);
+}
+
+// The rows as a list that can be reordered. Reads to the end.
+std::vector<RowId>& SqlRecordset::Order() {
+  Table().RowCount();
+  return HeldOrder();
+}
+
+// The same, but with only the rows that arrived when reading fails. Whoever asks for other rows
+// gets the error.
+std::vector<RowId>& SqlRecordset::HeldOrder() {
+  if (!order_) {
+    Table().ReadRest();
+    order_.emplace(Table().RowsRead());
+    std::iota(order_->begin(), order_->end(), 0U);
+  }
+  return *order_;
+}
+
+void SqlRecordset::Sort(const String& order) {
+  const std::vector<SortKey> keys = ParseSortOrder(ColumnInfo(), order);
+  WriteEdit();
+  if (sort_.empty()) unsorted_ = Order();
+  std::vector<RowId> rows = unsorted_;
+  SortRows(*table_, keys, rows);
+  order_ = std::move(rows);
+  if (keys.empty()) unsorted_.clear();
+  sort_ = keys.empty() ? String() : order;
+  MoveTo(0);
+}
+
+Long SqlRecordset::RowsRead() const {
+  const RowTable& table = Table();
+  return static_cast<Long>(order_ ? order_->size() : table.RowsRead());
+}
+
+bool SqlRecordset::Complete() const { return Table().IsComplete(); }
+
+bool SqlRecordset::FetchMore(Long rows) {
+  const Long before = RowsRead();
+  if (Complete() || rows < 1) return false;
+  HasRow(before + rows - 1);
+  return RowsRead() > before;
+}
+
+Variant SqlRecordset::ValueAt(Long row, Long ordinal) const {
+  if (row < 1 || row > RowsRead()) ThrowNoRow();
+  if (ordinal < 0 || static_cast<std::size_t>(ordinal) >= ColumnInfo().size())
+    throw HostError(errors::ItemNotFound);
+  return table_->Value(RowAt(row - 1), static_cast<std::size_t>(ordinal));
+}
+
+void SqlRecordset::Requery() {
+  Table();
+  // A new row in doubt is kept, so that it can be looked for among the rows.
+  const bool isKept = edit_ == host::EditMode::Add && doubt_ == Doubt::Edit;
+  if (edit_ != host::EditMode::None && !isKept) {
+    throw HostError(errors::EditPending, u"Há uma edição pendente no registro atual.");
+  }
+  Run();
+  doubt_ = Doubt::None;
+  sent_.clear();
+}
+
+void SqlRecordset::Close() {
+  Table();
+  DropEdit();
+  writer_.reset();
+  table_.reset();
+}
+
+}  // namespace tessaria::sql

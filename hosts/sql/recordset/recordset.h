@@ -1,0 +1,153 @@
+// The record set over ODBC.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "hosts/sql/rows/row_writer.h"
+#include "tessaria/host/data.h"
+
+namespace tessaria::sql {
+
+class SqlRecordset;
+
+/// One column. Pointers to it keep the record set alive; after that is closed, every member raises
+/// 3704.
+class SqlField final : public host::Field {
+ public:
+  SqlField(SqlRecordset& recordset, std::size_t column) : recordset_(recordset), column_(column) {}
+
+  String Name() const override;
+  Long Type() const override;
+  Long Attributes() const override;
+  Long DefinedSize() const override;
+  Long Precision() const override;
+  Long NumericScale() const override;
+  Variant Value() const override;
+  void Value(const Variant& value) override;
+
+ private:
+  const Column& Info() const;
+
+  SqlRecordset& recordset_;
+  std::size_t column_;
+};
+
+/// The columns of a record set.
+class SqlFields final : public host::Fields {
+ public:
+  explicit SqlFields(SqlRecordset& recordset) : recordset_(recordset) {}
+
+  Long Count() const override;
+  host::FieldPtr Item(Long ordinal) const override;
+  host::FieldPtr Item(const String& name) const override;
+
+  /// Creates fields for columns that have none yet; a field lives as long as the record set.
+  void Provide(std::size_t columns);
+
+ private:
+  host::FieldPtr Pointer(std::size_t column) const;
+
+  SqlRecordset& recordset_;
+  mutable std::deque<SqlField> fields_;
+};
+
+/// Created with `std::make_shared`.
+class SqlRecordset final : public host::Recordset,
+                           public std::enable_shared_from_this<SqlRecordset> {
+ public:
+  /// Runs the statement. `source` is what the application asked for.
+  SqlRecordset(SessionPtr session, StatementFacts facts, String source, host::LockType lock);
+  /// Rows that need no statement: `open` creates them, again at each requery.
+  SqlRecordset(SessionPtr session, std::function<std::unique_ptr<RowTable>()> open);
+  /// A closed record set, as a statement without rows returns it.
+  SqlRecordset(SessionPtr session, String source);
+  ~SqlRecordset() override;
+
+  Long State() const override;
+  bool Bof() const override;
+  bool Eof() const override;
+  host::Fields& Fields() override { return fields_; }
+  Long RecordCount() override;
+  Long AbsolutePosition() const override;
+
+  void MoveFirst() override;
+  void MoveLast() override;
+  void MoveNext() override;
+  void MovePrevious() override;
+  void AbsolutePosition(Long row) override;
+  void Find(const String& criteria) override;
+  void Sort(const String& order) override;
+  String Sort() const override { return sort_; }
+
+  host::EditMode EditMode() const override;
+  bool IsInDoubt() const override;
+  void AddNew() override;
+  void Update() override;
+  void CancelUpdate() override;
+  void Delete() override;
+  void Requery() override;
+  void Close() override;
+  Long RowsRead() const override;
+  bool Complete() const override;
+  bool FetchMore(Long rows) override;
+  Variant ValueAt(Long row, Long ordinal) const override;
+  String Source() const override { return source_; }
+
+  /// For the fields. All of them raise 3704 when closed.
+  const Columns& ColumnInfo() const;
+  bool IsWritable(std::size_t column) const;
+  bool TakesBack(std::size_t column, const Variant& value) const;
+  Variant FieldValue(std::size_t column) const;
+  void FieldValue(std::size_t column, const Variant& value);
+
+ private:
+  // Which write to the current row has lost its answer.
+  enum class Doubt { None, Edit, Deletion };
+
+  // The row number of the position before the first row.
+  static constexpr std::int64_t kBof = -1;
+
+  void Run();
+  RowTable& Table() const;
+  bool HasRow(std::int64_t position) const;
+  bool StandsOnRow() const;
+  RowId RowAt(std::int64_t position) const;
+  std::int64_t VisibleRows() const;
+  std::vector<RowId>& Order();
+  std::vector<RowId>& HeldOrder();
+  void MoveTo(std::int64_t position);
+  void RequireUpdatable() const;
+  void RequireRow() const;
+  template <class Write>
+  auto Send(Doubt doubt, Write write);
+  void WriteEdit();
+  void SettleDoubt();
+  void DropEdit();
+  void ShowNewRow(ColumnStore values);
+  void HideRow(RowId row);
+
+  SessionPtr session_;
+  std::function<std::unique_ptr<RowTable>()> open_;  // empty for the rows of a statement
+  StatementFacts facts_;
+  String source_;
+  host::LockType lock_ = host::LockType::ReadOnly;
+  SqlFields fields_;
+  std::unique_ptr<RowTable> table_;  // null when closed
+  std::optional<RowWriter> writer_;  // empty when the rows cannot be written
+  // The rows in the order in which they are shown; empty while that is the order of the statement.
+  std::optional<std::vector<RowId>> order_;
+  std::vector<RowId> unsorted_;  // `order_` as it would be without the sort
+  String sort_;
+  std::int64_t position_ = 0;  // from 0; after the last row at the end
+  bool onDeleted_ = false;     // the row at `position_` is the one after the deleted row
+  host::EditMode edit_ = host::EditMode::None;
+  Changes changes_;
+  Doubt doubt_ = Doubt::None;
+  Changes sent_;  // the changes of the edit in doubt
+};
+
+}  // namespace tessaria::sql

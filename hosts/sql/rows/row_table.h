@@ -1,0 +1,73 @@
+// The rows that a record set holds, as they were read and as they were written since then.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "hosts/sql/session/row_stream.h"
+#include "hosts/sql/values/cell.h"
+#include "hosts/sql/values/cell_order.h"
+
+namespace tessaria::sql {
+
+/// Identifies a row for as long as the table lives.
+using RowId = std::uint32_t;
+
+/// Reads rows as they are asked for. When reading fails, each request for a row that did not arrive
+/// raises the error; the rows before it stay readable.
+class RowTable final : public PendingRows {
+ public:
+  RowTable(SessionPtr session, const StatementFacts& facts);
+  /// Rows that are already read.
+  RowTable(SessionPtr session, Columns columns, ColumnStore rows);
+  ~RowTable();
+
+  const Columns& TableColumns() const { return columns_; }
+
+  /// Whether there is a row of that number, from 0, in the order of the statement. Reads up to that
+  /// row.
+  bool Reach(std::uint32_t number);
+  /// Reads to the end.
+  std::uint32_t RowCount();
+  /// The number of rows of the statement that were read, and whether they are all; after a failure
+  /// they are not.
+  std::uint32_t RowsRead() const { return read_->RowCount(); }
+  bool IsComplete() const { return !stream_ && !failure_; }
+  void ReadRest() noexcept override;
+
+  bool IsNull(RowId row, std::size_t column) const;
+  Variant Value(RowId row, std::size_t column) const;
+  /// See `CellRank` and `CompareCells`.
+  double Rank(RowId row, std::size_t column) const;
+  int Compare(RowId a, RowId b, std::size_t column) const;
+  /// UTF-8, of a column that is kept as text.
+  std::string_view Text(RowId row, std::size_t column) const;
+  /// The cell as a statement's parameter; nothing for Null.
+  std::optional<String> Parameter(RowId row, std::size_t column) const;
+
+  /// Appends the cell to a store of the same columns.
+  void CopyCell(RowId row, std::size_t column, ColumnStore& to) const;
+
+  /// Replaces the values of the row with the only row of `values`.
+  void Replace(RowId row, ColumnStore values);
+  /// Adds the only row of `values` as a new row.
+  RowId Add(ColumnStore values);
+
+ private:
+  CellPlace PlaceOf(RowId row) const;
+  bool ReadBlock();
+
+  SessionPtr session_;
+  std::unique_ptr<RowStream> stream_;  // until all rows are read
+  std::exception_ptr failure_;
+  Columns columns_;
+  std::optional<ColumnStore> read_;
+  std::uint32_t added_ = 0;
+  std::vector<ColumnStore> written_;                 // one row each: as written since the read
+  std::unordered_map<RowId, std::size_t> replaced_;  // index into `written_`
+};
+
+}  // namespace tessaria::sql

@@ -1,0 +1,171 @@
+#include "hosts/sql/session/row_stream.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <utility>
+
+#include "hosts/sql/statements/column_texts.h"
+#include "hosts/sql/statements/statement_source.h"
+#include "tessaria/error.h"
+#include "tessaria/text.h"
+
+namespace tessaria::sql {
+namespace {
+
+// The number of rows in one FETCH, a multiple of every block size. The first FETCH is sent alone,
+// so that its rows appear immediately; the others are sent several at a time, so that the server
+// prepares one while the driver receives the one before.
+constexpr std::uint32_t kFetchRows = 2048;
+constexpr std::uint32_t kFurtherFetches = 8;
+
+// Words before a parenthesis that do not call anything with side effects.
+constexpr StringView kHarmless[] = {
+    u"and", u"cast",    u"char", u"coalesce", u"decimal",   u"from",  u"in",      u"lower",
+    u"not", u"numeric", u"or",   u"trim",     u"substring", u"upper", u"varchar", u"where"};
+
+bool IsNamePart(char16_t c) {
+  return c == u'_' || c == u'"' || c == u'$' || c >= 0x80 || (c >= u'0' && c <= u'9') ||
+         (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
+}
+
+// The word before a position in a text, without the blanks between them.
+String WordBefore(const String& text, std::size_t at) {
+  while (at > 0 && text[at - 1] <= u' ') --at;
+  std::size_t start = at;
+  while (start > 0 && IsNamePart(text[start - 1])) --start;
+  return LCase(StringView(text).substr(start, at - start));
+}
+
+// Whether a query must not run twice, because a function that it calls may have side effects. Text
+// between quotes that looks like a call counts too.
+bool MayHaveEffects(const String& text) {
+  for (std::size_t at = text.find(u'('); at != String::npos; at = text.find(u'(', at + 1)) {
+    const String word = WordBefore(text, at);
+    const bool harmless =
+        std::find(std::begin(kHarmless), std::end(kHarmless), word) != std::end(kHarmless);
+    if (!word.empty() && !harmless) return true;
+  }
+  return false;
+}
+
+constexpr StringView kMayBeExecuted =
+    u"O comando pode ter sido executado ou não: a conexão com o servidor caiu antes da resposta. "
+    u"Confira antes de repeti-lo.";
+
+String Declaration(const Session& session, const String& query) {
+  return u"DECLARE tessaria_rows " + String(session.CursorKind()) + u"NO SCROLL CURSOR FOR " +
+         query;
+}
+
+}  // namespace
+
+RowStream::RowStream(Session& session, const StatementFacts& facts)
+    : session_(session), statement_(session.NewStatement()) {
+  const bool isWhole = facts.isSmallQuery && !MayHaveEffects(facts.text);
+  cursor_ = facts.isPlainQuery && !isWhole && session.ServerInfo().IsPostgres();
+  try {
+    cursor_ ? OpenCursor(facts.text) : RunWhole(facts);
+    statement_->Bind(columns_);
+    FillSourceOf(facts);
+  } catch (...) {
+    Abandon();
+    throw;
+  }
+}
+
+RowStream::~RowStream() {
+  try {
+    if (statement_) Finish();
+  } catch (const HostError&) {
+    Abandon();
+  }
+}
+
+// The driver of SQL Server reports tables and columns only for server cursors.
+void RowStream::FillSourceOf(const StatementFacts& facts) {
+  const Dialect dialect = session_.ServerInfo().dialect;
+  if (!facts.isSingleTable || !IsBracketed(dialect)) return;
+  if (const auto source = SourceOf(facts.text, dialect)) FillSource(columns_, *source);
+}
+
+// The columns are known before any row is read, so that no query runs twice.
+void RowStream::OpenCursor(const String& text) {
+  ownTransaction_ = !session_.InTransaction();
+  if (ownTransaction_) session_.BeginReading();
+  session_.Execute(*statement_, Declaration(session_, text) + u"\n; FETCH 0 FROM tessaria_rows");
+  statement_->NextResult();
+  columns_ = statement_->Describe();
+  if (AnyAsText(columns_)) {
+    session_.Execute(*statement_, u"CLOSE tessaria_rows; " +
+                                      Declaration(session_, WithColumnsAsTexts(columns_, text)));
+  }
+  Fetch(1);
+}
+
+void RowStream::RunWhole(const StatementFacts& facts) {
+  const auto execute = [&] { session_.Execute(*statement_, facts.text); };
+  facts.isPlainQuery ? execute() : InDoubtWhenLost(session_, kMayBeExecuted, execute);
+  columns_ = statement_->Describe();
+  if (!facts.isSmallQuery || !AnyAsText(columns_)) return;
+  session_.Execute(*statement_, WithColumnsAsTexts(columns_, facts.text));
+}
+
+void RowStream::Fetch(std::uint32_t times) {
+  asked_ = times * kFetchRows;
+  received_ = 0;
+  const String fetch = u"FETCH " + FromUtf8(std::to_string(kFetchRows)) + u" FROM tessaria_rows;";
+  String text;
+  for (; times > 0; --times) text += fetch;
+  session_.Execute(*statement_, text);
+}
+
+// Reads the rows of the next FETCH that was sent together with the last one. Returns 0 when there
+// is none left.
+std::uint32_t RowStream::ReadNextFetch(ColumnStore& store) {
+  return statement_->NextResult() ? statement_->Read(store) : 0;
+}
+
+bool RowStream::Read(ColumnStore& store) {
+  if (!statement_ || columns_.empty()) return false;
+  try {
+    std::uint32_t rows = statement_->Read(store);
+    if (rows == 0 && cursor_) rows = ReadNextFetch(store);
+    if (rows == 0 && cursor_ && received_ == asked_) {
+      Fetch(kFurtherFetches);
+      rows = statement_->Read(store);
+    }
+    received_ += rows;
+    if (rows == 0) Finish();
+    return rows > 0;
+  } catch (...) {
+    Abandon();
+    throw;
+  }
+}
+
+// The side effects of the query's functions are kept, even when not all rows were read.
+void RowStream::Finish() {
+  statement_.reset();
+  if (!cursor_) return;
+  cursor_ = false;
+  if (ownTransaction_) return session_.EndReading();
+  CloseCursor();
+}
+
+void RowStream::CloseCursor() {
+  session_.Execute(*session_.InnerStatement(), u"CLOSE tessaria_rows");
+}
+
+void RowStream::Abandon() noexcept {
+  statement_.reset();
+  if (!std::exchange(cursor_, false)) return;
+  if (ownTransaction_) return session_.AbandonReading();
+  try {
+    CloseCursor();
+  } catch (const HostError&) {
+    // The cursor never existed, or the connection is lost; the first error is the one to report.
+  }
+}
+
+}  // namespace tessaria::sql

@@ -1,0 +1,52 @@
+// The rows of one running statement.
+#pragma once
+
+#include <cstdint>
+
+#include "hosts/sql/session/session.h"
+#include "hosts/sql/statements/statement_guard.h"
+
+namespace tessaria::sql {
+
+/// Runs a statement and returns its rows block by block. Queries on PostgreSQL go through a cursor
+/// of this layer's own, so that neither server nor driver holds the whole result: the driver would
+/// keep all rows in its memory, and its own cursors can end early without an error. Each FETCH is a
+/// statement that succeeds or fails by itself, and one that returns fewer rows than asked for is
+/// the last.
+///
+/// Columns that the driver would harm are asked for as texts, through the same cursor. A query of
+/// one page that calls no function runs without a cursor, and runs a second time when it has such
+/// columns.
+class RowStream {
+ public:
+  RowStream(Session& session, const StatementFacts& facts);
+  RowStream(const RowStream&) = delete;
+  RowStream& operator=(const RowStream&) = delete;
+  /// Rows that were not read are discarded.
+  ~RowStream();
+
+  /// Empty for a statement that returns no rows.
+  const Columns& StatementColumns() const { return columns_; }
+  /// Appends the next block. Returns false when there is none; the statement is finished then.
+  bool Read(ColumnStore& store);
+
+ private:
+  void FillSourceOf(const StatementFacts& facts);
+  void OpenCursor(const String& text);
+  void RunWhole(const StatementFacts& facts);
+  void Fetch(std::uint32_t times);
+  std::uint32_t ReadNextFetch(ColumnStore& store);
+  void CloseCursor();
+  void Finish();
+  void Abandon() noexcept;
+
+  Session& session_;
+  StatementPtr statement_;  // until all rows are read
+  Columns columns_;
+  bool cursor_ = false;
+  bool ownTransaction_ = false;
+  std::uint32_t asked_ = 0;     // rows that the current FETCHes ask for
+  std::uint32_t received_ = 0;  // rows of these that have arrived
+};
+
+}  // namespace tessaria::sql

@@ -1,0 +1,219 @@
+#include "hosts/sql/session/session.h"
+
+#include "hosts/sql/session/dbms_version.h"
+#include "hosts/sql/session/first_row.h"
+#include "runtime/well_formed.h"
+#include "tessaria/text.h"
+
+namespace tessaria::sql {
+
+// Marks the point to which a failed statement is undone. PostgreSQL would abort the whole
+// transaction, and the driver's own handling silently loses it on a syntax error.
+class Session::Savepoint {
+ public:
+  explicit Savepoint(Session& session)
+      : session_(session), set_(session.InTransaction() && session.server_.IsPostgres()) {
+    if (set_) session_.RunPlain(u"SAVEPOINT tessaria_statement");
+  }
+  Savepoint(const Savepoint&) = delete;
+  Savepoint& operator=(const Savepoint&) = delete;
+  ~Savepoint() {
+    if (!set_ || !session_.IsOpen()) return;
+    try {
+      session_.RunPlain(u"ROLLBACK TO SAVEPOINT tessaria_statement");
+    } catch (const HostError&) {
+      // The statement's own error is being raised and says more.
+    }
+  }
+
+  void Release() {
+    if (set_) session_.RunPlain(u"RELEASE SAVEPOINT tessaria_statement");
+    set_ = false;
+  }
+  /// Leaves it in the transaction: the statement has dropped it, or depends on it.
+  void Leave() { set_ = false; }
+
+ private:
+  Session& session_;
+  bool set_;
+};
+
+Session::~Session() { Close(); }
+
+void Session::Open(const String& connectionString, Long timeout) {
+  if (IsOpen()) {
+    throw HostError(errors::ObjectOpen, u"Operação não permitida com a conexão aberta.");
+  }
+  RequireWellFormed(connectionString);
+  Close();
+  link_ = connect_(connectionString, timeout);
+  try {
+    ReadServer();
+  } catch (...) {
+    Close();
+    throw;
+  }
+}
+
+void Session::ReadServer() {
+  ServerFacts facts = link_->Facts();
+  server_ = {std::move(facts.name), std::move(facts.version), {}, std::move(facts.quote)};
+  server_.dialect = DialectOf(server_.name);
+  if (server_.IsPostgres()) server_.version = PostgreSqlVersion(server_.version);
+  for (const StringView setting : SettingsOf(server_.dialect)) RunPlain(String(setting));
+}
+
+void Session::Close() noexcept {
+  if (pending_ != nullptr) pending_->ReadRest();
+  if (inTransaction_) AbandonReading();
+  pending_ = nullptr;
+  inTransaction_ = false;
+  link_.reset();
+}
+
+LinkPtr Session::RequireLink() const {
+  if (!IsOpen()) {
+    throw HostError(errors::InvalidConnection,
+                    u"A conexão com o banco de dados está fechada ou foi perdida.");
+  }
+  return link_;
+}
+
+const Server& Session::ServerInfo() const {
+  RequireLink();
+  return server_;
+}
+
+void Session::Settle() {
+  RequireLink();
+  if (pending_ != nullptr) pending_->ReadRest();
+  RequireLink();
+}
+
+StatementPtr Session::NewStatement() {
+  Settle();
+  return InnerStatement();
+}
+
+StatementPtr Session::InnerStatement() const { return RequireLink()->NewStatement(); }
+
+Link& Session::Catalogue() {
+  if (!RequireLink()->RunsBesideRows()) Settle();
+  return *RequireLink();
+}
+
+std::optional<bool> Session::BackslashesEscape(StringView statement) {
+  const Server& server = ServerInfo();
+  if (server.dialect == Dialect::Other) return std::nullopt;
+  if (!server.IsPostgres() || statement.find(u'\\') == StringView::npos) return false;
+  const StatementPtr question = NewStatement();
+  question->Run(u"SHOW standard_conforming_strings");
+  const TextRow answer = FirstRow(*question);
+  return answer.empty() || answer[0] != u"on";
+}
+
+void Session::Execute(Statement& statement, const String& text) {
+  RequireWellFormed(text);
+  Savepoint savepoint(*this);
+  statement.Run(text);
+  savepoint.Release();
+}
+
+std::int64_t Session::ExecuteWith(Statement& statement, const String& text,
+                                  const std::vector<Parameter>& values) {
+  RequireWellFormed(text);
+  for (const Parameter& value : values) RequireWellFormed(value.text);
+  Savepoint savepoint(*this);
+  const std::int64_t rows = statement.RunWith(text, values);
+  savepoint.Release();
+  return rows;
+}
+
+void Session::ExecuteSavepoint(const String& text) {
+  Settle();
+  Savepoint savepoint(*this);
+  RunPlain(text);
+  savepoint.Leave();
+}
+
+void Session::RunPlain(const String& text) {
+  RequireWellFormed(text);
+  InnerStatement()->Run(text);
+}
+
+void Session::BeginTrans(const String& modes) {
+  Settle();
+  if (inTransaction_) {
+    throw HostError(errors::ProviderError, u"Já existe uma transação em andamento.");
+  }
+  link_->Begin();
+  inTransaction_ = true;
+  if (modes.empty()) return;
+  try {
+    RunPlain(u"SET TRANSACTION " + modes);
+  } catch (...) {
+    if (IsOpen()) RollbackTrans();
+    throw;
+  }
+}
+
+void Session::CommitTrans() {
+  RequireTransaction();
+  inTransaction_ = false;
+  try {
+    link_->Commit();
+  } catch (const HostError& error) {
+    if (IsOpen()) throw;
+    throw InDoubt(
+        u"As alterações da transação podem ter sido gravadas ou não: a conexão com o "
+        u"servidor caiu antes da resposta. Confira antes de repeti-las.",
+        error);
+  }
+}
+
+void Session::RollbackTrans() {
+  RequireTransaction();
+  inTransaction_ = false;
+  link_->Rollback();
+}
+
+void Session::RequireTransaction() {
+  Settle();
+  if (!inTransaction_) {
+    throw HostError(errors::ProviderError, u"Não há transação em andamento.");
+  }
+}
+
+void Session::BeginReading() { RequireLink()->Begin(); }
+
+void Session::EndReading() { RequireLink()->Commit(); }
+
+void Session::AbandonReading() noexcept {
+  if (!IsOpen()) return;
+  try {
+    link_->Rollback();
+  } catch (...) {
+    // The connection is gone, which its next use tells.
+  }
+}
+
+String QuoteName(const Server& server, StringView name) {
+  if (server.quote.empty()) return String(name);
+  return server.quote + Replace(name, server.quote, server.quote + server.quote) + server.quote;
+}
+
+String TableNameOf(const Server& server, const String& catalogue, const String& schema,
+                   const String& table) {
+  const bool whole = server.dialect == Dialect::SqlServer && !catalogue.empty();
+  String name = whole ? QuoteName(server, catalogue) + u"." : String();
+  if (!schema.empty()) name += QuoteName(server, schema);
+  // A database without a schema means the schema that the login has there.
+  if (whole || !schema.empty()) name += u".";
+  return name + QuoteName(server, table);
+}
+
+bool IsSameName(Dialect dialect, StringView a, StringView b) {
+  return IsBracketed(dialect) ? EqualNoCase(a, b) : a == b;
+}
+
+}  // namespace tessaria::sql

@@ -1,0 +1,134 @@
+// The state behind a connection object: the link to the server, its transaction, its errors.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "hosts/sql/driver/link.h"
+#include "hosts/sql/errors/driver_error.h"
+
+namespace tessaria::sql {
+
+/// What is known about the server and its driver.
+struct Server {
+  String name;     ///< as the driver reports it
+  String version;  ///< for PostgreSQL in the form that version rules read
+  Dialect dialect = Dialect::Other;
+  String quote;  ///< the quotation mark of names; empty when there is none
+
+  bool IsPostgres() const { return dialect == Dialect::PostgreSql; }
+};
+
+/// Rows that still arrive over a link. Nothing else may use the link before they are read.
+class PendingRows {
+ public:
+  PendingRows() = default;
+  PendingRows(const PendingRows&) = delete;
+  PendingRows& operator=(const PendingRows&) = delete;
+
+  /// Reads the remaining rows. A failure is kept for whoever asks for the missing rows.
+  virtual void ReadRest() noexcept = 0;
+
+ protected:
+  ~PendingRows() = default;
+};
+
+/// Outlives the link: after a loss the same session is opened again, and the record sets that
+/// hold it can go on writing. Used by one thread at a time.
+class Session {
+ public:
+  explicit Session(Connector connect) : connect_(std::move(connect)) {}
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+  ~Session();
+
+  /// Raises 3705 when it is already open. `timeout` is in seconds; 0 means the driver's own.
+  void Open(const String& connectionString, Long timeout);
+  /// Undoes a transaction in progress. Does nothing when closed.
+  void Close() noexcept;
+  bool IsOpen() const noexcept { return link_ != nullptr && !link_->IsLost(); }
+
+  /// Raises 3709 when closed, as do all functions below.
+  const Server& ServerInfo() const;
+  /// A new statement, after reading the remaining rows of the last one.
+  StatementPtr NewStatement();
+  /// Another statement for the rows that are being read.
+  StatementPtr InnerStatement() const;
+  /// The link for its catalogue, which drivers that need it ask once the rows of the last statement
+  /// have been read.
+  Link& Catalogue();
+  /// As the link tells it.
+  StringView CursorKind() const { return RequireLink()->CursorKind(); }
+
+  /// Whether the server reads backslashes in the plain texts of a statement as escapes. It is asked
+  /// only when the statement holds a backslash, and then each time: a program, a function or an
+  /// undone transaction may have changed it. Nothing when that is unknown.
+  std::optional<bool> BackslashesEscape(StringView statement);
+
+  /// Runs a statement. When it fails inside the application's transaction, only its own work is
+  /// undone.
+  void Execute(Statement& statement, const String& text);
+  /// Runs a statement with values for its "?" and returns the number of rows that it changed.
+  std::int64_t ExecuteWith(Statement& statement, const String& text,
+                           const std::vector<Parameter>& values);
+  /// Runs savepoint statements, which a savepoint of this layer must not enclose.
+  void ExecuteSavepoint(const String& text);
+
+  /// `modes` are in the syntax of SET TRANSACTION.
+  void BeginTrans(const String& modes = {});
+  void CommitTrans();
+  void RollbackTrans();
+  bool InTransaction() const { return inTransaction_ && IsOpen(); }
+  /// Begins a transaction of this layer for a cursor. Not allowed inside the application's.
+  void BeginReading();
+  void EndReading();
+  void AbandonReading() noexcept;
+
+  void Pending(PendingRows* rows) { pending_ = rows; }
+  void Finished(const PendingRows* rows) noexcept {
+    if (pending_ == rows) pending_ = nullptr;
+  }
+
+ private:
+  class Savepoint;
+
+  LinkPtr RequireLink() const;
+  void ReadServer();
+  void Settle();
+  void RunPlain(const String& text);
+  void RequireTransaction();
+
+  Connector connect_;
+  LinkPtr link_;
+  Server server_;
+  PendingRows* pending_ = nullptr;
+  bool inTransaction_ = false;
+};
+
+using SessionPtr = std::shared_ptr<Session>;
+
+/// Runs a call that sends a write. When the connection is lost during it, outside a transaction,
+/// the error is -2147217663, and its text starts with `doubt`.
+template <class Write>
+auto InDoubtWhenLost(Session& session, StringView doubt, Write write) {
+  const bool isUndoneByLoss = session.InTransaction();
+  try {
+    return write();
+  } catch (const HostError& error) {
+    if (session.IsOpen() || isUndoneByLoss) throw;
+    throw InDoubt(doubt, error);
+  }
+}
+
+/// A name in the server's quotation marks.
+String QuoteName(const Server& server, StringView name);
+/// A table's whole name in quotation marks. SQL Server's has the database too, which may be
+/// another than that of the connection.
+String TableNameOf(const Server& server, const String& catalogue, const String& schema,
+                   const String& table);
+/// Whether two names of a column are the same. One may have been read from a statement, where
+/// capitals do not count.
+bool IsSameName(Dialect dialect, StringView a, StringView b);
+
+}  // namespace tessaria::sql

@@ -1,0 +1,99 @@
+#include "hosts/sql/sql_connection.h"
+
+#include "hosts/sql/errors/driver_error.h"
+#include "hosts/sql/recordset/catalogue.h"
+#include "hosts/sql/recordset/recordset.h"
+#include "runtime/well_formed.h"
+#include "tessaria/text.h"
+
+namespace tessaria::sql {
+namespace {
+
+using Control = StatementFacts::Control;
+
+bool IsPlainName(const StatementFacts& facts) {
+  return facts.isName && facts.control == Control::None;
+}
+
+}  // namespace
+
+host::ConnectionPtr CreateConnection(Connector connect) {
+  return std::make_shared<SqlConnection>(std::move(connect));
+}
+
+Long SqlConnection::State() const {
+  return session_->IsOpen() ? host::state::Open : host::state::Closed;
+}
+
+void SqlConnection::ConnectionTimeout(Long seconds) {
+  if (session_->IsOpen()) throw HostError(errors::ObjectOpen);
+  if (seconds < 0) throw HostError(errors::InvalidCriteria);
+  timeout_ = seconds;
+}
+
+Variant SqlConnection::Properties(const String& name) const {
+  const Server& server = session_->ServerInfo();
+  if (EqualNoCase(name, u"DBMS Name")) return server.name;
+  if (EqualNoCase(name, u"DBMS Version")) return server.version;
+  if (EqualNoCase(name, u"Backslash Escapes")) {
+    const auto escapes = session_->BackslashesEscape(u"\\");
+    return escapes ? Variant(*escapes) : Variant::Null();
+  }
+  throw HostError(errors::ItemNotFound, u"Propriedade não encontrada: " + name);
+}
+
+host::RecordsetPtr SqlConnection::Execute(const String& statement) {
+  StatementFacts facts = Read(statement);
+  if (RunControl(facts)) return std::make_shared<SqlRecordset>(session_, statement);
+  return std::make_shared<SqlRecordset>(session_, std::move(facts), statement,
+                                        host::LockType::ReadOnly);
+}
+
+host::RecordsetPtr SqlConnection::OpenRecordset(const String& source, host::CursorType,
+                                                host::LockType lock, Long) {
+  StatementFacts facts = Read(source);
+  if (IsPlainName(facts)) facts = Read(u"SELECT * FROM " + facts.text);
+  if (RunControl(facts)) return std::make_shared<SqlRecordset>(session_, source);
+  return std::make_shared<SqlRecordset>(session_, std::move(facts), source, lock);
+}
+
+host::RecordsetPtr SqlConnection::OpenSchema(host::SchemaKind kind,
+                                             const host::SchemaRestrictions& restrictions) {
+  for (const String* name : {&restrictions.Catalog, &restrictions.Schema, &restrictions.Table})
+    RequireWellFormed(*name);
+  const auto open = [session = session_, kind, restrictions] {
+    return std::make_unique<RowTable>(session, SchemaResultColumns(kind),
+                                      ReadSchema(*session, kind, restrictions));
+  };
+  return std::make_shared<SqlRecordset>(session_, open);
+}
+
+StatementFacts SqlConnection::Read(const String& statement) const {
+  const bool escapes = session_->BackslashesEscape(statement).value_or(false);
+  return RequireSingleStatement(statement, session_->ServerInfo().dialect, escapes);
+}
+
+// A transaction that the application begins with a statement is managed by this layer, with its
+// savepoints; the driver alone would abort it at the first failed statement.
+bool SqlConnection::RunControl(const StatementFacts& facts) {
+  if (!session_->ServerInfo().IsPostgres()) return false;
+  switch (facts.control) {
+    case Control::None:
+      return false;
+    case Control::Begin:
+      session_->BeginTrans(facts.modes);
+      break;
+    case Control::Commit:
+      session_->CommitTrans();
+      break;
+    case Control::Rollback:
+      session_->RollbackTrans();
+      break;
+    case Control::Savepoint:
+      session_->ExecuteSavepoint(facts.text);
+      break;
+  }
+  return true;
+}
+
+}  // namespace tessaria::sql

@@ -1,0 +1,175 @@
+#include "hosts/sql/statements/statement_guard.h"
+
+#include <algorithm>
+
+#include "hosts/sql/errors/driver_error.h"
+#include "hosts/sql/statements/hidden_statement.h"
+#include "runtime/well_formed.h"
+#include "tessaria/text.h"
+
+namespace tessaria::sql {
+namespace {
+
+using Kind = SqlToken::Kind;
+
+// A query with a limit of up to this does not need a cursor.
+constexpr Long kSmallLimit = 1000;
+
+// A statement that starts as a reader but contains one of these does more than read.
+const std::set<String> kWriters = {u"INSERT", u"UPDATE", u"DELETE", u"MERGE", u"INTO", u"SHARE"};
+// After one of these outermost words a row is no longer one row of one table.
+const std::set<String> kMixers = {u"JOIN",  u"UNION",    u"INTERSECT", u"EXCEPT",
+                                  u"GROUP", u"DISTINCT", u"HAVING",    u"WITH"};
+
+[[noreturn]] void Refuse(StringView reason) {
+  throw HostError(errors::ErrorsInCommand, String(reason));
+}
+
+[[noreturn]] void RefuseUnreadable(StringView found) {
+  Refuse(u"O comando SQL não pode ser lido com certeza a partir de \"" + Left(found, 20) +
+         u"\": falta fechar um texto, um nome ou um comentário, ou há sinais que não são aceitos.");
+}
+
+// Where the statement ends: before its trailing semicolons.
+std::size_t EndOfStatement(StringView text, SqlRules rules) {
+  SqlScanner scanner(text, rules);
+  std::size_t end = text.size();
+  bool closed = false;
+  for (SqlToken token = scanner.Next(); !token.Is(Kind::End); token = scanner.Next()) {
+    if (token.Is(Kind::Unreadable)) RefuseUnreadable(text.substr(token.start));
+    const bool semicolon = token.Is(Kind::Symbol) && scanner.TextOf(token) == u";";
+    if (semicolon && !closed) end = token.start;
+    if (semicolon) closed = true;
+    if (!semicolon && closed) Refuse(u"O texto contém mais de um comando SQL.");
+  }
+  return end;
+}
+
+void RefuseForeignQuoting(StringView text, Dialect dialect) {
+  if (dialect == Dialect::Other && text.find(u';') != StringView::npos) {
+    Refuse(u"O texto contém um \";\", que pode separar comandos SQL neste banco de dados.");
+  }
+}
+
+void RefuseDriverMarks(const Pieces& pieces, Dialect dialect) {
+  if (dialect != Dialect::PostgreSql) return;
+  for (const Piece& piece : pieces) {
+    if (piece.kind != Kind::Symbol) continue;
+    if (piece.text == u"?" || piece.text == u"{" || piece.text == u"}") {
+      Refuse(u"Erro de sintaxe em \"" + piece.text + u"\": fora de apóstrofos não é aceito.");
+    }
+  }
+}
+
+// SQL Server removes a line end after a backslash from a text, so what it reads differs from what
+// is written.
+void RefuseBrokenLines(const Pieces& pieces) {
+  for (const Piece& piece : pieces) {
+    if (piece.kind != Kind::Text && piece.kind != Kind::QuotedName) continue;
+    for (const StringView broken : {u"\\\n", u"\\\r"}) {
+      const auto at = piece.text.find(broken);
+      if (at != String::npos) RefuseUnreadable(StringView(piece.text).substr(at));
+    }
+  }
+}
+
+void RefuseHiddenStatement(const Pieces& pieces, Dialect dialect) {
+  if (dialect != Dialect::SqlServer) return;
+  RefuseBrokenLines(pieces);
+  if (HoldsHiddenStatement(pieces)) Refuse(u"O texto contém mais de um comando SQL.");
+}
+
+StatementFacts::Control ControlOf(const Pieces& pieces) {
+  using Control = StatementFacts::Control;
+  const auto word = [&](std::size_t i) { return i < pieces.size() ? pieces[i].text : String(); };
+  const bool longer = pieces.size() > 1 && word(1) != u"WORK" && word(1) != u"TRANSACTION";
+  if (word(0) == u"BEGIN" || (word(0) == u"START" && word(1) == u"TRANSACTION")) {
+    return Control::Begin;
+  }
+  if (word(0) == u"SAVEPOINT" || word(0) == u"RELEASE") return Control::Savepoint;
+  if (word(0) == u"ROLLBACK") {
+    const bool toSavepoint = std::any_of(pieces.begin(), pieces.end(),
+                                         [](const Piece& piece) { return piece.text == u"TO"; });
+    return toSavepoint ? Control::Savepoint : longer ? Control::None : Control::Rollback;
+  }
+  if (word(0) == u"ABORT" && !longer) return Control::Rollback;
+  if ((word(0) == u"COMMIT" || word(0) == u"END") && !longer) return Control::Commit;
+  return Control::None;
+}
+
+String ModesOf(const Pieces& pieces) {
+  String modes;
+  for (std::size_t i = 1; i < pieces.size(); ++i) {
+    if (i == 1 && (pieces[i].text == u"WORK" || pieces[i].text == u"TRANSACTION")) continue;
+    modes += (modes.empty() ? u"" : u" ") + pieces[i].text;
+  }
+  return modes;
+}
+
+bool IsPlainQuery(const Pieces& pieces) {
+  return IsWordOf(pieces.front(), kReaders) &&
+         std::none_of(pieces.begin(), pieces.end(),
+                      [](const Piece& piece) { return IsWordOf(piece, kWriters); });
+}
+
+bool HasSmallLimit(const Pieces& pieces) {
+  for (std::size_t i = 0; i + 1 < pieces.size(); ++i) {
+    if (pieces[i].depth == 0 && pieces[i].kind == Kind::Word && pieces[i].text == u"LIMIT") {
+      const String& limit = pieces[i + 1].text;
+      const bool whole = limit.find_first_not_of(u"0123456789") == String::npos;
+      return whole && limit.size() <= 4 && std::stol(ToUtf8(limit)) <= kSmallLimit;
+    }
+  }
+  return false;
+}
+
+// One name after the outermost From, no comma in that list, and none of the mixers.
+bool IsSingleTable(const Pieces& pieces) {
+  if (pieces.front().text != u"SELECT") return false;
+  bool inFrom = false;
+  int tables = 0;
+  for (const Piece& piece : pieces) {
+    if (piece.depth > 0) continue;
+    if (IsWordOf(piece, kMixers)) return false;
+    if (piece.kind == Kind::Word && piece.text == u"FROM") {
+      inFrom = true;
+      ++tables;
+    } else if (piece.kind == Kind::Word && (piece.text == u"WHERE" || piece.text == u"ORDER")) {
+      inFrom = false;
+    } else if (inFrom && (IsSymbol(piece, u",") || IsSymbol(piece, u"("))) {
+      return false;
+    }
+  }
+  return tables == 1;
+}
+
+bool IsName(const Pieces& pieces) {
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    const bool name = pieces[i].kind == Kind::Word || pieces[i].kind == Kind::QuotedName;
+    if (i % 2 == 0 ? !name : !IsSymbol(pieces[i], u".")) return false;
+  }
+  return pieces.size() % 2 == 1;
+}
+
+}  // namespace
+
+StatementFacts RequireSingleStatement(StringView text, Dialect dialect, bool backslashes) {
+  RequireWellFormed(text);
+  const SqlRules rules = RulesOf(dialect, backslashes);
+  StatementFacts facts;
+  facts.text = String(text.substr(0, EndOfStatement(text, rules)));
+  RefuseForeignQuoting(facts.text, dialect);
+  const Pieces pieces = PiecesOf(facts.text, rules);
+  if (pieces.empty()) Refuse(u"O texto do comando SQL está vazio.");
+  RefuseDriverMarks(pieces, dialect);
+  RefuseHiddenStatement(pieces, dialect);
+  facts.control = ControlOf(pieces);
+  if (facts.control == StatementFacts::Control::Begin) facts.modes = ModesOf(pieces);
+  facts.isPlainQuery = IsPlainQuery(pieces);
+  facts.isSmallQuery = facts.isPlainQuery && HasSmallLimit(pieces);
+  facts.isSingleTable = IsSingleTable(pieces);
+  facts.isName = IsName(pieces);
+  return facts;
+}
+
+}  // namespace tessaria::sql

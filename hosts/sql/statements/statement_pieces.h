@@ -1,0 +1,26 @@
+// Splits a statement into words, quotations and signs, for the rules on whole statements.
+#pragma once
+
+#include <set>
+#include <vector>
+
+#include "lookup/sql_scanner.h"
+
+namespace tessaria::sql {
+
+/// A token.
+struct Piece {
+  SqlToken::Kind kind;
+  String text;  ///< words in upper case
+  int depth;    ///< open parentheses around it; a parenthesis does not count itself
+};
+using Pieces = std::vector<Piece>;
+
+/// The first words of statements that read.
+inline const std::set<String> kReaders = {u"SELECT", u"VALUES", u"TABLE", u"WITH"};
+
+Pieces PiecesOf(StringView text, SqlRules rules);
+bool IsSymbol(const Piece& piece, StringView text);
+bool IsWordOf(const Piece& piece, const std::set<String>& words);
+
+}  // namespace tessaria::sql
