@@ -4,7 +4,6 @@
 #include <array>
 
 #include "hosts/odbc/diagnostics.h"
-#include "hosts/odbc/odbc_link.h"
 #include "hosts/odbc/odbc_statement.h"
 #include "hosts/odbc/wide.h"
 
@@ -28,10 +27,10 @@ struct Name {
 };
 
 // Catalogue calls take patterns, so the pattern characters of a name are escaped.
-String Escaped(const OdbcLink& link, const String& name) {
+String Escaped(const Line& line, const String& name) {
   char16_t escape[8] = {};
   SQLSMALLINT bytes = 0;
-  SQLGetInfoW(link.Get(), SQL_SEARCH_PATTERN_ESCAPE, escape, sizeof escape, &bytes);
+  SQLGetInfoW(line.Get(), SQL_SEARCH_PATTERN_ESCAPE, escape, sizeof escape, &bytes);
   String pattern;
   for (const char16_t c : name) {
     if (c == u'_' || c == u'%' || String(1, c) == escape) pattern += escape;
@@ -44,7 +43,7 @@ String Escaped(const OdbcLink& link, const String& name) {
 // support another.
 class Answer {
  public:
-  explicit Answer(OdbcLink& link) : statement_(link.shared_from_this()) {}
+  explicit Answer(const std::shared_ptr<Line>& line) : statement_(line) {}
 
   SQLHSTMT Call() const { return statement_.Get(); }
   void Check(SQLRETURN result) { statement_.Check(result); }
@@ -82,11 +81,12 @@ class Answer {
 
 }  // namespace
 
-std::vector<sql::TableFacts> ReadTables(OdbcLink& link, const SchemaRestrictions& asked) {
-  Answer answer(link);
-  const String catalogue = Escaped(link, asked.Catalog);
-  const String schema = Escaped(link, asked.Schema);
-  const String table = Escaped(link, asked.Table);
+std::vector<sql::TableFacts> ReadTables(const std::shared_ptr<Line>& line,
+                                        const SchemaRestrictions& asked) {
+  Answer answer(line);
+  const String catalogue = Escaped(*line, asked.Catalog);
+  const String schema = Escaped(*line, asked.Schema);
+  const String table = Escaped(*line, asked.Table);
   const Name names[] = {Name(catalogue), Name(schema), Name(table)};
   answer.Check(SQLTablesW(answer.Call(), names[0].start, names[0].length, names[1].start,
                           names[1].length, names[2].start, names[2].length, nullptr, 0));
@@ -99,10 +99,11 @@ std::vector<sql::TableFacts> ReadTables(OdbcLink& link, const SchemaRestrictions
   return tables;
 }
 
-std::vector<sql::ColumnFacts> ReadTableColumns(OdbcLink& link, const SchemaRestrictions& asked) {
-  Answer answer(link);
-  const String schema = Escaped(link, asked.Schema);
-  const String table = Escaped(link, asked.Table);
+std::vector<sql::ColumnFacts> ReadTableColumns(const std::shared_ptr<Line>& line,
+                                               const SchemaRestrictions& asked) {
+  Answer answer(line);
+  const String schema = Escaped(*line, asked.Schema);
+  const String table = Escaped(*line, asked.Table);
   const Name names[] = {Name(asked.Catalog), Name(schema), Name(table)};
   answer.Check(SQLColumnsW(answer.Call(), names[0].start, names[0].length, names[1].start,
                            names[1].length, names[2].start, names[2].length, nullptr, 0));
@@ -121,9 +122,9 @@ std::vector<sql::ColumnFacts> ReadTableColumns(OdbcLink& link, const SchemaRestr
   return columns;
 }
 
-std::optional<std::vector<sql::KeyPart>> ReadPrimaryKey(OdbcLink& link,
+std::optional<std::vector<sql::KeyPart>> ReadPrimaryKey(const std::shared_ptr<Line>& line,
                                                         const sql::TablePlace& table) {
-  Answer answer(link);
+  Answer answer(line);
   const Name names[] = {Name(table.catalogue), Name(table.schema), Name(table.table)};
   try {
     answer.Check(SQLPrimaryKeysW(answer.Call(), names[0].start, names[0].length, names[1].start,
@@ -147,8 +148,9 @@ std::optional<std::vector<sql::KeyPart>> ReadPrimaryKey(OdbcLink& link,
 
 // Returns an empty list when the driver does not support this call either, or rejects it for what
 // is not a table of its own.
-std::vector<sql::KeyPart> ReadUniqueIndexes(OdbcLink& link, const sql::TablePlace& table) {
-  Answer answer(link);
+std::vector<sql::KeyPart> ReadUniqueIndexes(const std::shared_ptr<Line>& line,
+                                            const sql::TablePlace& table) {
+  Answer answer(line);
   const Name names[] = {Name(table.catalogue), Name(table.schema), Name(table.table)};
   try {
     answer.Check(SQLStatisticsW(answer.Call(), names[0].start, names[0].length, names[1].start,

@@ -1,6 +1,7 @@
 // What a driver's catalogue calls tell of tables, columns and keys.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -8,14 +9,16 @@
 
 namespace tessaria::odbc {
 
-class OdbcLink;
+class Line;
 
 // As the members of `sql::Link`.
-std::vector<sql::TableFacts> ReadTables(OdbcLink& link, const host::SchemaRestrictions& asked);
-std::vector<sql::ColumnFacts> ReadTableColumns(OdbcLink& link,
+std::vector<sql::TableFacts> ReadTables(const std::shared_ptr<Line>& line,
+                                        const host::SchemaRestrictions& asked);
+std::vector<sql::ColumnFacts> ReadTableColumns(const std::shared_ptr<Line>& line,
                                                const host::SchemaRestrictions& asked);
-std::optional<std::vector<sql::KeyPart>> ReadPrimaryKey(OdbcLink& link,
+std::optional<std::vector<sql::KeyPart>> ReadPrimaryKey(const std::shared_ptr<Line>& line,
                                                         const sql::TablePlace& table);
-std::vector<sql::KeyPart> ReadUniqueIndexes(OdbcLink& link, const sql::TablePlace& table);
+std::vector<sql::KeyPart> ReadUniqueIndexes(const std::shared_ptr<Line>& line,
+                                            const sql::TablePlace& table);
 
 }  // namespace tessaria::odbc

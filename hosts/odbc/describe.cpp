@@ -6,7 +6,6 @@
 #include <array>
 
 #include "hosts/odbc/diagnostics.h"
-#include "hosts/odbc/odbc_statement.h"
 #include "hosts/odbc/wide.h"
 #include "hosts/sql/values/sql_type.h"
 
@@ -30,32 +29,32 @@ static_assert(sql_type::Date == SQL_TYPE_DATE && sql_type::Time == SQL_TYPE_TIME
 
 // Returns false when the driver does not support the attribute: the rows can still be read without
 // it.
-bool IsAnswered(SQLRETURN result, const OdbcStatement& statement) {
+bool IsAnswered(SQLRETURN result, SQLHSTMT statement) {
   if (SQL_SUCCEEDED(result)) return true;
-  const DriverError error = DiagnosticsOf(SQL_HANDLE_STMT, statement.Get());
+  const DriverError error = DiagnosticsOf(SQL_HANDLE_STMT, statement);
   if (error.IsNotSupported()) return false;
   throw error;
 }
 
-String TextAttribute(const OdbcStatement& statement, SQLUSMALLINT column, SQLUSMALLINT attribute) {
+String TextAttribute(SQLHSTMT statement, SQLUSMALLINT column, SQLUSMALLINT attribute) {
   std::array<char16_t, 512> buffer{};
   SQLSMALLINT bytes = 0;
-  const SQLRETURN result = SQLColAttributeW(statement.Get(), column, attribute, buffer.data(),
-                                            sizeof buffer, &bytes, nullptr);
+  const SQLRETURN result =
+      SQLColAttributeW(statement, column, attribute, buffer.data(), sizeof buffer, &bytes, nullptr);
   if (!IsAnswered(result, statement)) return {};
   const std::size_t length = static_cast<std::size_t>(bytes) / sizeof(char16_t);
   return String(buffer.data(), std::min(length, buffer.size() - 1));
 }
 
-SQLLEN NumberAttribute(const OdbcStatement& statement, SQLUSMALLINT column, SQLUSMALLINT attribute,
+SQLLEN NumberAttribute(SQLHSTMT statement, SQLUSMALLINT column, SQLUSMALLINT attribute,
                        SQLLEN unknown = 0) {
   SQLLEN value = 0;
   const SQLRETURN result =
-      SQLColAttributeW(statement.Get(), column, attribute, nullptr, 0, nullptr, &value);
+      SQLColAttributeW(statement, column, attribute, nullptr, 0, nullptr, &value);
   return IsAnswered(result, statement) ? value : unknown;
 }
 
-void TakeBase(sql::ColumnDescription& column, const OdbcStatement& statement, SQLUSMALLINT number) {
+void TakeBase(sql::ColumnDescription& column, SQLHSTMT statement, SQLUSMALLINT number) {
   column.table = TextAttribute(statement, number, SQL_DESC_BASE_TABLE_NAME);
   // Drivers give an expression its own name as base column, but no table.
   if (column.table.empty()) return;
@@ -70,7 +69,7 @@ bool IsHarmed(const sql::Column& column) {
   return column.storage == sql::Storage::Day || column.storage == sql::Storage::Moment;
 }
 
-sql::Column Describe(const OdbcStatement& statement, SQLUSMALLINT number, bool postgres) {
+sql::Column Describe(SQLHSTMT statement, SQLUSMALLINT number, bool postgres) {
   const auto attribute = [&](SQLUSMALLINT which) {
     return static_cast<Long>(NumberAttribute(statement, number, which));
   };
@@ -93,9 +92,9 @@ sql::Column Describe(const OdbcStatement& statement, SQLUSMALLINT number, bool p
 
 }  // namespace
 
-sql::Columns DescribeColumns(OdbcStatement& statement, bool postgres) {
+sql::Columns DescribeColumns(SQLHSTMT statement, bool postgres) {
   SQLSMALLINT count = 0;
-  statement.Check(SQLNumResultCols(statement.Get(), &count));
+  Check(SQLNumResultCols(statement, &count), SQL_HANDLE_STMT, statement);
   sql::Columns columns;
   for (SQLUSMALLINT number = 1; number <= count; ++number) {
     columns.push_back(Describe(statement, number, postgres));

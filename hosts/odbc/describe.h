@@ -1,13 +1,13 @@
 // The columns of a result, as the driver tells them.
 #pragma once
 
+#include <sql.h>
+
 #include "hosts/sql/values/column.h"
 
 namespace tessaria::odbc {
 
-class OdbcStatement;
-
 /// Empty when the executed statement gives no rows.
-sql::Columns DescribeColumns(OdbcStatement& statement, bool postgres);
+sql::Columns DescribeColumns(SQLHSTMT statement, bool postgres);
 
 }  // namespace tessaria::odbc

@@ -6,8 +6,8 @@
 
 namespace tessaria::odbc {
 
-OdbcStatement::OdbcStatement(std::shared_ptr<OdbcLink> link)
-    : link_(std::move(link)), handle_(link_->Get()) {
+OdbcStatement::OdbcStatement(std::shared_ptr<Line> line)
+    : line_(std::move(line)), handle_(line_->Get()) {
   // A driver that does not support escapes does not need the setting.
   const SQLRETURN result =
       SQLSetStmtAttrW(Get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
@@ -44,17 +44,17 @@ std::int64_t OdbcStatement::RunWith(const String& text, const std::vector<sql::P
   return rows;
 }
 
-sql::Columns OdbcStatement::Describe() { return DescribeColumns(*this, link_->IsPostgres()); }
+sql::Columns OdbcStatement::Describe() { return DescribeColumns(Get(), line_->IsPostgres()); }
 
 void OdbcStatement::Bind(const sql::Columns& columns) {
-  reader_.emplace(Get(), columns, link_->Rereads());
+  reader_.emplace(Get(), columns, line_->Rereads());
 }
 
 std::uint32_t OdbcStatement::Read(sql::ColumnStore& store) {
   try {
     return reader_->Read(store);
   } catch (const DriverError& error) {
-    link_->NoteLoss(error);
+    line_->NoteLoss(error);
     throw;
   }
 }

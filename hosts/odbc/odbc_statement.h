@@ -5,13 +5,14 @@
 #include <optional>
 
 #include "hosts/odbc/block_reader.h"
-#include "hosts/odbc/odbc_link.h"
+#include "hosts/odbc/line.h"
+#include "hosts/sql/driver/link.h"
 
 namespace tessaria::odbc {
 
 class OdbcStatement final : public sql::Statement {
  public:
-  explicit OdbcStatement(std::shared_ptr<OdbcLink> link);
+  explicit OdbcStatement(std::shared_ptr<Line> line);
 
   void Run(const String& text) override;
   std::int64_t RunWith(const String& text, const std::vector<sql::Parameter>& values) override;
@@ -21,13 +22,13 @@ class OdbcStatement final : public sql::Statement {
   bool NextResult() override;
 
   SQLHSTMT Get() const { return handle_.get(); }
-  /// As the link's.
-  void Check(SQLRETURN result) { link_->Check(result, SQL_HANDLE_STMT, Get()); }
+  /// As the line's.
+  void Check(SQLRETURN result) { line_->Check(result, SQL_HANDLE_STMT, Get()); }
 
  private:
   SQLRETURN Send(const String& text);
 
-  std::shared_ptr<OdbcLink> link_;
+  std::shared_ptr<Line> line_;
   Handle<SQL_HANDLE_STMT> handle_;
   std::optional<BlockReader> reader_;
 };

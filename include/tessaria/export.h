@@ -24,6 +24,13 @@
 #define TESSARIA_QT_API TESSARIA_IMPORT
 #endif
 
+// Of the record-set engine, which has no headers for programs: what its drivers use.
+#ifdef TESSARIA_BUILDS_SQL
+#define TESSARIA_SQL_API TESSARIA_EXPORT
+#else
+#define TESSARIA_SQL_API TESSARIA_IMPORT
+#endif
+
 #ifdef TESSARIA_BUILDS_ODBC
 #define TESSARIA_ODBC_API TESSARIA_EXPORT
 #else

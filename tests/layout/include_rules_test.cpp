@@ -47,17 +47,23 @@ const std::map<std::string, std::string> kHostLibraries = {
     {"hosts/memory", "(?!)"},
     {"hosts/odbc", R"(^(sql\w*|odbcinst)\.h$)"},
     {"hosts/qt", R"(^(Qt\w*/)?Q\w+$|^Qt$)"},
+    {"hosts/sql", "(?!)"},
 };
+
+// The host that a driver of databases stands on.
+const std::map<std::string, std::string> kBases = {{"hosts/odbc", "hosts/sql"}};
 
 // The rooms of each area that has any, bottom up: a room includes itself and lower ones. The empty
 // name is the area's own folder.
 const std::map<std::string, std::vector<std::string>> kRooms = {
     {"control", {"", "storage"}},
     {"hosts/memory", {"", "dialogs"}},
-    {"hosts/odbc", {"driver", "values", "statements", "session", "rows", "recordset", ""}},
+    {"hosts/odbc", {""}},
     {"hosts/qt",
      {"conversion", "boundary", "form", "focus", "keys", "data", "control", "dialogs", "program",
       "designer"}},
+    {"hosts/sql",
+     {"errors", "values", "statements", "driver", "session", "rows", "recordset", ""}},
 };
 
 // "include/tessaria/qt" for "hosts/qt".
@@ -102,7 +108,8 @@ bool ReachesOutOfAHost(const Include& include) {
   const auto area = AreaOf(include.file);
   if (include.angled || !IsHost(area) || IsGenerated(include.target)) return false;
   const auto target = AreaOfTarget(include);
-  return !IsCore(target) && target != area;
+  const auto base = kBases.find(area);
+  return !IsCore(target) && target != area && (base == kBases.end() || target != base->second);
 }
 
 // The height of a component among the rooms of its area, from 0; -1 without a room. A public header
@@ -190,9 +197,14 @@ TEST(IncludeRules, EachRuleReportsExactlyWhatItForbids) {
       {IsForeignToTheCore, {"include/tessaria/qt/a.h", 1, "QString", true}, false},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "hosts/odbc/b.h", false}, true},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "tests/support/b.h", false}, true},
+      {ReachesOutOfAHost, {"hosts/sql/a.cpp", 1, "hosts/odbc/b.h", false}, true},
+      {ReachesOutOfAHost, {"hosts/odbc/a.cpp", 1, "hosts/sql/b.h", false}, false},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "tessaria/memory/form.h", false}, true},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "a.moc", false}, false},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "control/members.h", false}, false},
+// The host that a driver of databases stands on.
+const std::map<std::string, std::string> kBases = {{"hosts/odbc", "hosts/sql"}};
+
       {ReachesUpAmongRooms, {"hosts/qt/focus/a.cpp", 1, "hosts/qt/keys/b.h", false}, true},
       {ReachesUpAmongRooms, {"hosts/qt/focus/a.cpp", 1, "tessaria/qt/tstext.h", false}, true},
       {ReachesUpAmongRooms, {"include/tessaria/qt/a.h", 1, "tessaria/qt/settle.h", false}, true},

@@ -3,7 +3,6 @@
 #include <fstream>
 
 #include "hosts/odbc/block_reader.h"
-#include "hosts/odbc/odbc_link.h"
 #include "hosts/odbc/odbc_statement.h"
 #include "tests/sql/database_test.h"
 
@@ -27,9 +26,7 @@ TEST_F(OdbcTest, OpensByDataSourceName) {
 
 // The way in which rows are read with drivers that cannot read a bound cell again.
 TEST_F(OdbcTest, CellByCellGivesTheSameRows) {
-  const auto link = std::make_shared<OdbcLink>(Cluster().ConnectionString(), 0);
-  link->Facts();
-  OdbcStatement statement(link);
+  OdbcStatement statement(std::make_shared<Line>(Cluster().ConnectionString(), 0));
   statement.Run(u"select 7, repeat('é', 20000), null::text, '', '2020-02-29'::date");
   const Columns columns = statement.Describe();
   BlockReader reader(statement.Get(), columns, false);

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "hosts/sql/export.h"
 #include "tessaria/error.h"
+#include "tessaria/export.h"
 
 namespace tessaria::sql {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "hosts/sql/export.h"
+#include "tessaria/export.h"
 #include "tessaria/string.h"
 
 namespace tessaria::sql {

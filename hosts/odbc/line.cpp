@@ -1,0 +1,49 @@
+#include "hosts/odbc/line.h"
+
+#include <array>
+
+#include "hosts/odbc/connection_text.h"
+#include "hosts/odbc/diagnostics.h"
+#include "hosts/odbc/wide.h"
+#include "hosts/sql/statements/dialect.h"
+
+namespace tessaria::odbc {
+
+Line::Line(const String& connectionString, Long timeout) {
+  // A driver that knows no time-out connects without one.
+  if (timeout > 0) {
+    SQLSetConnectAttrW(Get(), SQL_ATTR_LOGIN_TIMEOUT,
+                       reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(timeout)), 0);
+  }
+  const String text = DriverConnectionText(connectionString);
+  Check(SQLDriverConnectW(Get(), nullptr, Wide(text.c_str()), static_cast<SQLSMALLINT>(text.size()),
+                          nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT),
+        SQL_HANDLE_DBC, Get());
+  postgres_ = sql::DialectOf(InfoText(SQL_DBMS_NAME)) == sql::Dialect::PostgreSql;
+  SQLUINTEGER extensions = 0;
+  Check(SQLGetInfoW(Get(), SQL_GETDATA_EXTENSIONS, &extensions, 0, nullptr), SQL_HANDLE_DBC, Get());
+  constexpr SQLUINTEGER kNeeded = SQL_GD_BLOCK | SQL_GD_BOUND | SQL_GD_ANY_COLUMN;
+  rereads_ = (extensions & kNeeded) == kNeeded;
+}
+
+String Line::InfoText(SQLUSMALLINT what) {
+  std::array<char16_t, 256> buffer{};
+  SQLSMALLINT bytes = 0;
+  Check(SQLGetInfoW(Get(), what, buffer.data(), sizeof buffer, &bytes), SQL_HANDLE_DBC, Get());
+  return String(buffer.data());
+}
+
+void Line::Check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle) {
+  if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA) return;
+  const DriverError error = DiagnosticsOf(type, handle);
+  NoteLoss(error);
+  throw error;
+}
+
+void Line::NoteLoss(const DriverError& error) noexcept {
+  SQLINTEGER dead = SQL_CD_FALSE;
+  SQLGetConnectAttrW(Get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
+  lost_ = lost_ || error.IsConnectionLoss() || dead == SQL_CD_TRUE;
+}
+
+}  // namespace tessaria::odbc

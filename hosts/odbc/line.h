@@ -1,0 +1,36 @@
+// The physical connection that a link and its statements share.
+#pragma once
+
+#include "hosts/odbc/handles.h"
+#include "hosts/sql/errors/driver_error.h"
+
+namespace tessaria::odbc {
+
+/// Stays open as long as one of its statements.
+class Line {
+ public:
+  /// Connects. `timeout` is in seconds, 0 for the driver's own.
+  Line(const String& connectionString, Long timeout);
+
+  SQLHDBC Get() const { return connection_.get(); }
+  /// As the driver names the database; its names of types are those of PostgreSQL then.
+  bool IsPostgres() const { return postgres_; }
+  /// Whether a cell of a fetched block can be read again in parts.
+  bool Rereads() const { return rereads_; }
+  bool IsLost() const noexcept { return lost_; }
+
+  /// A text that SQLGetInfo returns.
+  String InfoText(SQLUSMALLINT what);
+  /// Throws the handle's diagnostics unless the call succeeded or found no data; detects a lost
+  /// connection.
+  void Check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle);
+  void NoteLoss(const sql::DriverError& error) noexcept;
+
+ private:
+  ConnectionHandle connection_;
+  bool postgres_ = false;
+  bool rereads_ = false;
+  bool lost_ = false;
+};
+
+}  // namespace tessaria::odbc
