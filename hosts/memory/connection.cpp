@@ -147,6 +147,16 @@ void Connection::ConnectionTimeout(Long seconds) {
   timeout_ = seconds;
 }
 
+void Connection::CommandTimeout(Long seconds) {
+  if (seconds < 0) throw HostError(kInvalidArgument);
+  commandTimeout_ = seconds;
+}
+
+void Connection::LockTimeout(Long seconds) {
+  if (seconds < 0) throw HostError(kInvalidArgument);
+  lockTimeout_ = seconds;
+}
+
 void Connection::RequireOpen() {
   if (!open_) throw HostError(errors::InvalidConnection);
   if (!dropped_) return;

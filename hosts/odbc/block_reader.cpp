@@ -139,15 +139,17 @@ void BlockReader::Bind() {
   }
 }
 
-std::uint32_t BlockReader::Read(ColumnStore& store) {
+std::uint32_t BlockReader::Fetch() {
   const SQLRETURN result = SQLFetch(statement_);
   Check(result, SQL_HANDLE_STMT, statement_);
   if (result == SQL_NO_DATA) return 0;
   RequireSoundRows(result);
-  const auto rows = static_cast<std::uint32_t>(fetched_);
+  return static_cast<std::uint32_t>(fetched_);
+}
+
+void BlockReader::Take(ColumnStore& store) {
   for (std::size_t column = 0; column < buffers_.size(); ++column) AppendColumn(store, column);
-  store.EndRows(rows);
-  return rows;
+  store.EndRows(static_cast<std::uint32_t>(fetched_));
 }
 
 // A row that the driver could not convert must not count as a converted one.

@@ -27,8 +27,10 @@ class BlockReader {
   BlockReader(const BlockReader&) = delete;
   BlockReader& operator=(const BlockReader&) = delete;
 
-  /// Appends the next rows and returns their number, 0 at the end of the result.
-  std::uint32_t Read(ColumnStore& store);
+  /// Waits for the next rows and returns their number, 0 at the end of the result.
+  std::uint32_t Fetch();
+  /// Appends them.
+  void Take(ColumnStore& store);
 
  private:
   struct Buffer {

@@ -40,10 +40,20 @@ void Line::Check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle) {
   throw error;
 }
 
+void Line::Running(SQLHSTMT statement) {
+  const std::lock_guard lock(runningMutex_);
+  running_ = statement;
+}
+
+void Line::CancelRunning() noexcept {
+  const std::lock_guard lock(runningMutex_);
+  if (running_ != SQL_NULL_HSTMT) SQLCancel(running_);
+}
+
 void Line::NoteLoss(const DriverError& error) noexcept {
   SQLINTEGER dead = SQL_CD_FALSE;
   SQLGetConnectAttrW(Get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
-  lost_ = lost_ || error.IsConnectionLoss() || dead == SQL_CD_TRUE;
+  if (error.IsConnectionLoss() || dead == SQL_CD_TRUE) lost_ = true;
 }
 
 }  // namespace tessaria::odbc

@@ -1,6 +1,9 @@
 // The physical connection that a link and its statements share.
 #pragma once
 
+#include <atomic>
+#include <mutex>
+
 #include "hosts/odbc/handles.h"
 #include "hosts/sql/errors/driver_error.h"
 
@@ -18,6 +21,13 @@ class Line {
   /// Whether a cell of a fetched block can be read again in parts.
   bool Rereads() const { return rereads_; }
   bool IsLost() const noexcept { return lost_; }
+  /// Seconds that a statement may take by the driver's own clock; 0 for no bound.
+  Long StatementTimeout() const { return statementTimeout_; }
+  void StatementTimeout(Long seconds) { statementTimeout_ = seconds; }
+
+  /// The statement that runs, for `CancelRunning` on another thread; a null handle for none.
+  void Running(SQLHSTMT statement);
+  void CancelRunning() noexcept;
 
   /// A text that SQLGetInfo returns.
   String InfoText(SQLUSMALLINT what);
@@ -30,7 +40,10 @@ class Line {
   ConnectionHandle connection_;
   bool postgres_ = false;
   bool rereads_ = false;
-  bool lost_ = false;
+  std::atomic<bool> lost_ = false;
+  Long statementTimeout_ = 0;
+  std::mutex runningMutex_;  // a statement that runs is not freed while it is cancelled
+  SQLHSTMT running_ = SQL_NULL_HSTMT;
 };
 
 }  // namespace tessaria::odbc

@@ -7,6 +7,33 @@
 
 namespace tessaria::odbc {
 
+namespace {
+
+constexpr Long kCancelTimeout = 5;  // seconds
+
+}  // namespace
+
+OdbcLink::OdbcLink(const String& connectionString, Long timeout)
+    : line_(std::make_shared<Line>(connectionString, timeout)),
+      connectionString_(connectionString) {
+  if (!line_->IsPostgres()) return;
+  OdbcStatement question(line_);
+  question.Run(u"SELECT pg_backend_pid()");
+  serverProcess_ = question.FirstText();
+}
+
+// The driver manager lets only one call of a connection through at a time, so that SQLCancel would
+// wait for the statement that it is to cancel. Another connection can ask PostgreSQL.
+void OdbcLink::Cancel() noexcept {
+  try {
+    if (!line_->IsPostgres()) return line_->CancelRunning();
+    OdbcStatement request(std::make_shared<Line>(connectionString_, kCancelTimeout));
+    request.Run(u"SELECT pg_cancel_backend(" + serverProcess_ + u")");
+  } catch (const HostError&) {
+    // The statement goes on to its own end or time-out.
+  }
+}
+
 sql::ServerFacts OdbcLink::Facts() {
   return {line_->InfoText(SQL_DBMS_NAME), line_->InfoText(SQL_DBMS_VER),
           Trim(line_->InfoText(SQL_IDENTIFIER_QUOTE_CHAR))};

@@ -11,16 +11,19 @@ namespace tessaria::odbc {
 class OdbcLink final : public sql::Link {
  public:
   /// Connects. `timeout` is in seconds, 0 for the driver's own.
-  OdbcLink(const String& connectionString, Long timeout)
-      : line_(std::make_shared<Line>(connectionString, timeout)) {}
+  OdbcLink(const String& connectionString, Long timeout);
 
   sql::ServerFacts Facts() override;
   sql::StatementPtr NewStatement() override;
   bool IsLost() const noexcept override { return line_->IsLost(); }
+  void StatementTimeout(Long seconds) override { line_->StatementTimeout(seconds); }
+  void Cancel() noexcept override;
   void Begin() override { AutoCommit(false); }
   void Commit() override { End(SQL_COMMIT); }
   void Rollback() override { End(SQL_ROLLBACK); }
   bool RunsBesideRows() const noexcept override { return line_->IsPostgres(); }
+  /// PostgreSQL's driver takes in whole results.
+  bool RowsArriveWithRun() const noexcept override { return line_->IsPostgres(); }
   StringView CursorKind() const noexcept override { return {}; }
 
   std::vector<sql::TableFacts> Tables(const host::SchemaRestrictions& asked) override;
@@ -33,6 +36,8 @@ class OdbcLink final : public sql::Link {
   void End(SQLSMALLINT completion);
 
   std::shared_ptr<Line> line_;
+  String connectionString_;
+  String serverProcess_;  // of PostgreSQL: its number, by which another connection cancels
 };
 
 }  // namespace tessaria::odbc

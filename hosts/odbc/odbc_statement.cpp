@@ -1,5 +1,7 @@
 #include "hosts/odbc/odbc_statement.h"
 
+#include <array>
+
 #include "hosts/odbc/describe.h"
 #include "hosts/odbc/diagnostics.h"
 #include "hosts/odbc/wide.h"
@@ -8,18 +10,25 @@ namespace tessaria::odbc {
 
 OdbcStatement::OdbcStatement(std::shared_ptr<Line> line)
     : line_(std::move(line)), handle_(line_->Get()) {
-  // A driver that does not support escapes does not need the setting.
+  // A driver that does not support escapes has none to leave alone.
   const SQLRETURN result =
       SQLSetStmtAttrW(Get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
-  if (SQL_SUCCEEDED(result)) return;
-  const DriverError error = DiagnosticsOf(SQL_HANDLE_STMT, Get());
-  if (!error.IsNotSupported()) throw error;
+  if (!SQL_SUCCEEDED(result)) {
+    const DriverError error = DiagnosticsOf(SQL_HANDLE_STMT, Get());
+    if (!error.IsNotSupported()) throw error;
+  }
+  // A driver that does not support time-outs runs without one.
+  if (line_->StatementTimeout() == 0) return;
+  const auto seconds = static_cast<SQLULEN>(line_->StatementTimeout());
+  SQLSetStmtAttrW(Get(), SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(seconds), 0);
 }
 
 SQLRETURN OdbcStatement::Send(const String& text) {
   SQLFreeStmt(Get(), SQL_CLOSE);
+  line_->Running(Get());
   const SQLRETURN result =
       SQLExecDirectW(Get(), Wide(text.c_str()), static_cast<SQLINTEGER>(text.size()));
+  line_->Running(SQL_NULL_HSTMT);
   Check(result);
   return result;
 }
@@ -44,15 +53,25 @@ std::int64_t OdbcStatement::RunWith(const String& text, const std::vector<sql::P
   return rows;
 }
 
+String OdbcStatement::FirstText() {
+  std::array<char16_t, 64> text{};
+  SQLLEN bytes = 0;
+  const SQLRETURN result = SQLFetch(Get());
+  Check(result);
+  if (result == SQL_NO_DATA) return {};
+  Check(SQLGetData(Get(), 1, SQL_C_WCHAR, text.data(), sizeof text, &bytes));
+  return bytes == SQL_NULL_DATA ? String() : String(text.data());
+}
+
 sql::Columns OdbcStatement::Describe() { return DescribeColumns(Get(), line_->IsPostgres()); }
 
 void OdbcStatement::Bind(const sql::Columns& columns) {
   reader_.emplace(Get(), columns, line_->Rereads());
 }
 
-std::uint32_t OdbcStatement::Read(sql::ColumnStore& store) {
+std::uint32_t OdbcStatement::Fetch() {
   try {
-    return reader_->Read(store);
+    return reader_->Fetch();
   } catch (const DriverError& error) {
     line_->NoteLoss(error);
     throw;

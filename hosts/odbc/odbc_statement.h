@@ -18,8 +18,13 @@ class OdbcStatement final : public sql::Statement {
   std::int64_t RunWith(const String& text, const std::vector<sql::Parameter>& values) override;
   sql::Columns Describe() override;
   void Bind(const sql::Columns& columns) override;
-  std::uint32_t Read(sql::ColumnStore& store) override;
+  std::uint32_t Fetch() override;
+  void Take(sql::ColumnStore& store) override { reader_->Take(store); }
   bool NextResult() override;
+
+  /// The first column of the first row of the present result, a short text; empty when there is
+  /// none.
+  String FirstText();
 
   SQLHSTMT Get() const { return handle_.get(); }
   /// As the line's.

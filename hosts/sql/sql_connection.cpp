@@ -62,7 +62,7 @@ host::RecordsetPtr SqlConnection::OpenSchema(host::SchemaKind kind,
   for (const String* name : {&restrictions.Catalog, &restrictions.Schema, &restrictions.Table})
     RequireWellFormed(*name);
   const auto open = [session = session_, kind, restrictions] {
-    return std::make_unique<RowTable>(session, SchemaResultColumns(kind),
+    return std::make_shared<RowTable>(session, SchemaResultColumns(kind),
                                       ReadSchema(*session, kind, restrictions));
   };
   return std::make_shared<SqlRecordset>(session_, open);

@@ -16,9 +16,16 @@ class SqlConnection final : public host::Connection {
   String ConnectionString() const override { return text_; }
   void ConnectionString(const String& text) override { text_ = text; }
   void Open() override { session_->Open(text_, timeout_); }
-  void Close() override { session_->Close(); }
+  void Close() override {
+    session_->Waits().RequireIdle();
+    session_->Close();
+  }
   Long ConnectionTimeout() const override { return timeout_; }
   void ConnectionTimeout(Long seconds) override;
+  Long CommandTimeout() const override { return session_->CommandTimeout(); }
+  void CommandTimeout(Long seconds) override { session_->CommandTimeout(seconds); }
+  Long LockTimeout() const override { return session_->LockTimeout(); }
+  void LockTimeout(Long seconds) override { session_->LockTimeout(seconds); }
 
   Variant Properties(const String& name) const override;
   host::RecordsetPtr Execute(const String& statement) override;

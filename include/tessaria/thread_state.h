@@ -12,6 +12,7 @@ namespace host {
 class Application;
 class Connection;
 class Desktop;
+class WaitView;
 }  // namespace host
 
 class frmCalculadora;
@@ -24,6 +25,8 @@ struct TESSARIA_CORE_API ThreadState {
   host::Application* application = nullptr;
   /// The desktop that the library's own windows open on; not owned. Null when no window can open.
   host::Desktop* desktop = nullptr;
+  /// What passes the waits for a database; not owned. When it is null the thread just waits.
+  host::WaitView* waiting = nullptr;
   /// The open connection that the last discovery took from a form's `dbForm`.
   std::shared_ptr<host::Connection> dbConexao;
   /// The sibling's value as an SQL literal while a description field has the focus.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tessaria/memory/connection.h"
+#include "tests/support/passing_connection.h"
 
 namespace tessaria::test {
 
@@ -20,9 +21,11 @@ struct SentStatement {
   Long Options = 0;
 };
 
-class RecordingConnection final : public host::Connection {
+class RecordingConnection final : public test::PassingConnection {
  public:
-  RecordingConnection() {
+  RecordingConnection() : RecordingConnection(memory::Connection::CreateOpen()) {}
+  explicit RecordingConnection(const std::shared_ptr<memory::Connection>& inner)
+      : PassingConnection(inner), inner_(inner) {
     ConnectionString(u"DSN=teste");
     inner_->OnStatement = [this](const String&) -> std::optional<memory::Rows> {
       if (answers_.empty()) return memory::Rows{{{u"vazio"}}, {}};
@@ -55,14 +58,6 @@ class RecordingConnection final : public host::Connection {
   /// The record sets that were returned, in order.
   const std::vector<host::RecordsetPtr>& Recordsets() const { return recordsets_; }
 
-  Long State() const override { return inner_->State(); }
-  String ConnectionString() const override { return inner_->ConnectionString(); }
-  void ConnectionString(const String& text) override { inner_->ConnectionString(text); }
-  void Open() override { inner_->Open(); }
-  void Close() override { inner_->Close(); }
-  Long ConnectionTimeout() const override { return inner_->ConnectionTimeout(); }
-  void ConnectionTimeout(Long seconds) override { inner_->ConnectionTimeout(seconds); }
-  Variant Properties(const String& name) const override { return inner_->Properties(name); }
   host::RecordsetPtr Execute(const String& statement) override {
     statements_.push_back({statement, true});
     return GiveOut(inner_->Execute(statement));
@@ -72,13 +67,6 @@ class RecordingConnection final : public host::Connection {
     statements_.push_back({source, false, cursor, lock, options});
     return GiveOut(inner_->OpenRecordset(source, cursor, lock, options));
   }
-  host::RecordsetPtr OpenSchema(host::SchemaKind kind,
-                                const host::SchemaRestrictions& restrictions) override {
-    return inner_->OpenSchema(kind, restrictions);
-  }
-  void BeginTrans() override { inner_->BeginTrans(); }
-  void CommitTrans() override { inner_->CommitTrans(); }
-  void RollbackTrans() override { inner_->RollbackTrans(); }
 
  private:
   host::RecordsetPtr GiveOut(host::RecordsetPtr rows) {
@@ -86,7 +74,7 @@ class RecordingConnection final : public host::Connection {
     return recordsets_.emplace_back(std::move(rows));
   }
 
-  std::shared_ptr<memory::Connection> inner_ = memory::Connection::CreateOpen();
+  std::shared_ptr<memory::Connection> inner_;
   std::deque<memory::Rows> answers_;
   std::vector<SentStatement> statements_;
   std::vector<host::RecordsetPtr> recordsets_;

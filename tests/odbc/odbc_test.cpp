@@ -31,14 +31,15 @@ TEST_F(OdbcTest, CellByCellGivesTheSameRows) {
   const Columns columns = statement.Describe();
   BlockReader reader(statement.Get(), columns, false);
   ColumnStore store(columns);
-  ASSERT_EQ(reader.Read(store), 1U);
+  ASSERT_EQ(reader.Fetch(), 1U);
+  reader.Take(store);
   EXPECT_EQ(store.Fixed<std::int32_t>(0, 0), 7);
   EXPECT_EQ(FromUtf8(store.Text(0, 1)), String(20000, u'é'));
   EXPECT_TRUE(store.IsNull(0, 2));
   EXPECT_FALSE(store.IsNull(0, 3));
   EXPECT_EQ(store.Text(0, 3), "");
   EXPECT_EQ(store.Fixed<std::int32_t>(0, 4), 43890);
-  EXPECT_EQ(reader.Read(store), 0U);
+  EXPECT_EQ(reader.Fetch(), 0U);
 }
 
 }  // namespace

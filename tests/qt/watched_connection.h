@@ -6,13 +6,13 @@
 #include <utility>
 #include <vector>
 
-#include "tessaria/host/data.h"
+#include "tests/support/passing_connection.h"
 
 namespace tessaria::qt::tests {
 
-class WatchedConnection final : public host::Connection {
+class WatchedConnection final : public test::PassingConnection {
  public:
-  explicit WatchedConnection(host::ConnectionPtr real) : real_(std::move(real)) {}
+  using PassingConnection::PassingConnection;
 
   /// Runs while each statement is executed, on the form's thread, without an event loop.
   std::function<void(const String& statement)> during;
@@ -21,14 +21,6 @@ class WatchedConnection final : public host::Connection {
   /// The statements since the last call.
   std::vector<String> takeStatements() { return std::exchange(statements_, {}); }
 
-  Long State() const override { return real_->State(); }
-  String ConnectionString() const override { return real_->ConnectionString(); }
-  void ConnectionString(const String& text) override { real_->ConnectionString(text); }
-  void Open() override { real_->Open(); }
-  void Close() override { real_->Close(); }
-  Long ConnectionTimeout() const override { return real_->ConnectionTimeout(); }
-  void ConnectionTimeout(Long seconds) override { real_->ConnectionTimeout(seconds); }
-  Variant Properties(const String& name) const override { return real_->Properties(name); }
   host::RecordsetPtr Execute(const String& statement) override {
     watch(statement);
     return real_->Execute(statement);
@@ -38,13 +30,6 @@ class WatchedConnection final : public host::Connection {
     watch(source);
     return real_->OpenRecordset(source, cursor, lock, options);
   }
-  host::RecordsetPtr OpenSchema(host::SchemaKind kind,
-                                const host::SchemaRestrictions& restrictions) override {
-    return real_->OpenSchema(kind, restrictions);
-  }
-  void BeginTrans() override { real_->BeginTrans(); }
-  void CommitTrans() override { real_->CommitTrans(); }
-  void RollbackTrans() override { real_->RollbackTrans(); }
 
  private:
   void watch(const String& statement) {
@@ -53,7 +38,6 @@ class WatchedConnection final : public host::Connection {
     if (delay > 0) QThread::msleep(delay);
   }
 
-  host::ConnectionPtr real_;
   std::vector<String> statements_;
 };
 

@@ -6,6 +6,7 @@
 
 #include "tessaria/error.h"
 #include "tessaria/host/data.h"
+#include "tests/support/passing_connection.h"
 
 namespace tessaria::test {
 
@@ -56,35 +57,18 @@ class FaultyRows final : public host::Recordset {
 };
 
 /// Opens the given rows instead of those of the other connection.
-class FaultyConnection final : public host::Connection {
+class FaultyConnection final : public PassingConnection {
  public:
   FaultyConnection(host::ConnectionPtr real, std::shared_ptr<FaultyRows> rows)
-      : real_(std::move(real)), rows_(std::move(rows)) {}
+      : PassingConnection(std::move(real)), rows_(std::move(rows)) {}
 
-  Long State() const override { return real_->State(); }
-  String ConnectionString() const override { return real_->ConnectionString(); }
-  void ConnectionString(const String& text) override { real_->ConnectionString(text); }
-  void Open() override { real_->Open(); }
-  void Close() override { real_->Close(); }
-  Long ConnectionTimeout() const override { return real_->ConnectionTimeout(); }
-  void ConnectionTimeout(Long seconds) override { real_->ConnectionTimeout(seconds); }
-  Variant Properties(const String& name) const override { return real_->Properties(name); }
-  host::RecordsetPtr Execute(const String& statement) override { return real_->Execute(statement); }
   host::RecordsetPtr OpenRecordset(const String& source, host::CursorType cursor,
                                    host::LockType lock, Long options) override {
     rows_->real = real_->OpenRecordset(source, cursor, lock, options);
     return rows_;
   }
-  host::RecordsetPtr OpenSchema(host::SchemaKind kind,
-                                const host::SchemaRestrictions& restrictions) override {
-    return real_->OpenSchema(kind, restrictions);
-  }
-  void BeginTrans() override { real_->BeginTrans(); }
-  void CommitTrans() override { real_->CommitTrans(); }
-  void RollbackTrans() override { real_->RollbackTrans(); }
 
  private:
-  host::ConnectionPtr real_;
   std::shared_ptr<FaultyRows> rows_;
 };
 

@@ -33,8 +33,10 @@ class TESSARIA_SQL_API Statement {
   virtual Columns Describe() = 0;
   /// Makes `Read` take the rows of the present and of later results as rows of these columns.
   virtual void Bind(const Columns& columns) = 0;
-  /// Appends the next block of rows of the present result. Returns their number, 0 at the end.
-  virtual std::uint32_t Read(ColumnStore& store) = 0;
+  /// Waits for the next block of rows of the present result. Returns their number, 0 at the end.
+  virtual std::uint32_t Fetch() = 0;
+  /// Appends the rows of that block. Does not wait.
+  virtual void Take(ColumnStore& store) = 0;
   /// To the next result of a batch. False when there is none.
   virtual bool NextResult() = 0;
 };
@@ -48,8 +50,9 @@ struct ServerFacts {
   String quote;    ///< the quotation mark of names; empty when there is none
 };
 
-/// One physical connection, open from its making to its end. Used by one thread at a time.
-/// Outside `Begin` and its end, every statement stands for itself.
+/// One physical connection, open from its making to its end. Used by one thread at a time, except
+/// `Cancel`; what may wait for the server runs on another thread than what does not. Outside
+/// `Begin` and its end, every statement stands for itself.
 class TESSARIA_SQL_API Link {
  public:
   Link() = default;
@@ -62,6 +65,13 @@ class TESSARIA_SQL_API Link {
   /// Whether the server or the way to it was found to be gone. Nothing can be run then.
   virtual bool IsLost() const noexcept = 0;
 
+  /// Bounds the time of each statement where that is the driver's to do and not the server's: in
+  /// seconds, 0 for no bound.
+  virtual void StatementTimeout(Long seconds) = 0;
+  /// Asks the server to give up the statement that runs, while another thread waits for it. Returns
+  /// when the server knows, so that no later statement can be meant. Does nothing when none runs.
+  virtual void Cancel() noexcept = 0;
+
   virtual void Begin() = 0;
   /// Both end the transaction, also when they raise an error: the server may refuse a commit, which
   /// undoes the transaction.
@@ -70,6 +80,9 @@ class TESSARIA_SQL_API Link {
 
   /// Whether further statements can run while the rows of one still arrive.
   virtual bool RunsBesideRows() const noexcept = 0;
+  /// Whether `Run` returns only when the rows of all its results have arrived, so that neither
+  /// `Fetch` nor `NextResult` waits.
+  virtual bool RowsArriveWithRun() const noexcept = 0;
   /// What the declaration of a PostgreSQL cursor says of the form of its rows: nothing, or "BINARY
   /// " where `Read` takes them so.
   virtual StringView CursorKind() const noexcept = 0;

@@ -19,6 +19,8 @@ inline constexpr Long ValueRefused = -2147217887;  ///< a value that the column 
 inline constexpr Long ObjectOpen = 3705;
 inline constexpr Long EditPending = 3219;
 inline constexpr Long InvalidCriteria = 3001;
+inline constexpr Long StillExecuting = 3711;  ///< another statement runs
+inline constexpr Long Cancelled = 3712;       ///< given up by the operator
 }  // namespace errors
 
 /// A failed call. The number follows from the SQLSTATE class; the description is the driver's own

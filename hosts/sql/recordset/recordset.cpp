@@ -29,7 +29,7 @@ SqlRecordset::SqlRecordset(SessionPtr session, StatementFacts facts, String sour
   Run();
 }
 
-SqlRecordset::SqlRecordset(SessionPtr session, std::function<std::unique_ptr<RowTable>()> open)
+SqlRecordset::SqlRecordset(SessionPtr session, std::function<std::shared_ptr<RowTable>()> open)
     : session_(std::move(session)), open_(std::move(open)), fields_(*this) {
   Run();
 }
@@ -41,7 +41,7 @@ SqlRecordset::~SqlRecordset() = default;
 
 // Runs the statement and moves to the first row.
 void SqlRecordset::Run() {
-  auto table = open_ ? open_() : std::make_unique<RowTable>(session_, facts_);
+  auto table = open_ ? open_() : std::make_shared<RowTable>(session_, facts_);
   std::optional<KeyTable> key;
   if (lock_ != host::LockType::ReadOnly && facts_.isSingleTable) {
     key = FindKeyTable(*session_, table->TableColumns());
@@ -98,7 +98,10 @@ bool SqlRecordset::Eof() const {
   return !HasRow(0) || (position_ != kBof && !HasRow(position_));
 }
 
-Long SqlRecordset::RecordCount() { return static_cast<Long>(VisibleRows()); }
+Long SqlRecordset::RecordCount() {
+  const auto keep = Keep();
+  return static_cast<Long>(VisibleRows());
+}
 
 Long SqlRecordset::AbsolutePosition() const {
   if (edit_ == host::EditMode::Add) {
@@ -118,12 +121,14 @@ void SqlRecordset::MoveTo(std::int64_t position) {
 }
 
 void SqlRecordset::MoveFirst() {
+  const auto keep = Keep();
   WriteEdit();
   if (!HasRow(0)) ThrowNoRow();
   MoveTo(0);
 }
 
 void SqlRecordset::MoveLast() {
+  const auto keep = Keep();
   WriteEdit();
   const std::int64_t rows = VisibleRows();
   if (rows == 0) ThrowNoRow();
@@ -131,6 +136,7 @@ void SqlRecordset::MoveLast() {
 }
 
 void SqlRecordset::MoveNext() {
+  const auto keep = Keep();
   WriteEdit();
   if (Eof()) ThrowNoRow();
   // The row after a deleted one has taken its position.
@@ -140,18 +146,21 @@ void SqlRecordset::MoveNext() {
 }
 
 void SqlRecordset::MovePrevious() {
+  const auto keep = Keep();
   WriteEdit();
   if (Bof()) ThrowNoRow();
   MoveTo(Eof() ? VisibleRows() - 1 : position_ - 1);
 }
 
 void SqlRecordset::AbsolutePosition(Long row) {
+  const auto keep = Keep();
   WriteEdit();
   if (row < 1 || !HasRow(row - 1)) ThrowNoRow();
   MoveTo(row - 1);
 }
 
 void SqlRecordset::Find(const String& criteria) {
+  const auto keep = Keep();
   const FindCriterion criterion(ColumnInfo(), criteria);
   WriteEdit();
   if (!StandsOnRow()) ThrowNoRow();
@@ -178,6 +187,7 @@ std::vector<RowId>& SqlRecordset::HeldOrder() {
 }
 
 void SqlRecordset::Sort(const String& order) {
+  const auto keep = Keep();
   const std::vector<SortKey> keys = ParseSortOrder(ColumnInfo(), order);
   WriteEdit();
   if (sort_.empty()) unsorted_ = Order();
@@ -197,8 +207,9 @@ Long SqlRecordset::RowsRead() const {
 bool SqlRecordset::Complete() const { return Table().IsComplete(); }
 
 bool SqlRecordset::FetchMore(Long rows) {
+  const auto keep = Keep();
   const Long before = RowsRead();
-  if (Complete() || rows < 1) return false;
+  if (Complete() || rows < 1 || !Table().CanRead()) return false;
   HasRow(before + rows - 1);
   return RowsRead() > before;
 }
@@ -211,6 +222,7 @@ Variant SqlRecordset::ValueAt(Long row, Long ordinal) const {
 }
 
 void SqlRecordset::Requery() {
+  const auto keep = Keep();
   Table();
   // A new row in doubt is kept, so that it can be looked for among the rows.
   const bool isKept = edit_ == host::EditMode::Add && doubt_ == Doubt::Edit;
@@ -224,6 +236,7 @@ void SqlRecordset::Requery() {
 
 void SqlRecordset::Close() {
   Table();
+  session_->Waits().RequireIdle();
   DropEdit();
   writer_.reset();
   table_.reset();

@@ -62,7 +62,7 @@ class SqlRecordset final : public host::Recordset,
   /// Runs the statement. `source` is what the application asked for.
   SqlRecordset(SessionPtr session, StatementFacts facts, String source, host::LockType lock);
   /// Rows that need no statement: `open` creates them, again at each requery.
-  SqlRecordset(SessionPtr session, std::function<std::unique_ptr<RowTable>()> open);
+  SqlRecordset(SessionPtr session, std::function<std::shared_ptr<RowTable>()> open);
   /// A closed record set, as a statement without rows returns it.
   SqlRecordset(SessionPtr session, String source);
   ~SqlRecordset() override;
@@ -111,6 +111,8 @@ class SqlRecordset final : public host::Recordset,
   // The row number of the position before the first row.
   static constexpr std::int64_t kBof = -1;
 
+  // While the server is waited for, something that runs meanwhile may let go of the record set.
+  std::shared_ptr<SqlRecordset> Keep() { return weak_from_this().lock(); }
   void Run();
   RowTable& Table() const;
   bool HasRow(std::int64_t position) const;
@@ -131,12 +133,12 @@ class SqlRecordset final : public host::Recordset,
   void HideRow(RowId row);
 
   SessionPtr session_;
-  std::function<std::unique_ptr<RowTable>()> open_;  // empty for the rows of a statement
+  std::function<std::shared_ptr<RowTable>()> open_;  // empty for the rows of a statement
   StatementFacts facts_;
   String source_;
   host::LockType lock_ = host::LockType::ReadOnly;
   SqlFields fields_;
-  std::unique_ptr<RowTable> table_;  // null when closed
+  std::shared_ptr<RowTable> table_;  // null when closed
   std::optional<RowWriter> writer_;  // empty when the rows cannot be written
   // The rows in the order in which they are shown; empty while that is the order of the statement.
   std::optional<std::vector<RowId>> order_;

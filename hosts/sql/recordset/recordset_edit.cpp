@@ -80,6 +80,7 @@ bool SqlRecordset::IsInDoubt() const {
 }
 
 void SqlRecordset::AddNew() {
+  const auto keep = Keep();
   RequireUpdatable();
   WriteEdit();
   onDeleted_ = false;
@@ -87,6 +88,7 @@ void SqlRecordset::AddNew() {
 }
 
 void SqlRecordset::Update() {
+  const auto keep = Keep();
   Table();
   WriteEdit();
 }
@@ -162,6 +164,7 @@ void SqlRecordset::CancelUpdate() {
 }
 
 void SqlRecordset::Delete() {
+  const auto keep = Keep();
   RequireUpdatable();
   if (edit_ == host::EditMode::Add) return CancelUpdate();
   RequireRow();

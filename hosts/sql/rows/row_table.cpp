@@ -27,7 +27,9 @@ RowTable::~RowTable() { session_->Finished(this); }
 
 bool RowTable::ReadBlock() {
   if (!stream_) return false;
+  session_->Waits().RequireIdle();
   try {
+    session_->Waits().Breathe();
     if (stream_->Read(*read_)) return true;
   } catch (...) {
     failure_ = std::current_exception();
@@ -38,6 +40,9 @@ bool RowTable::ReadBlock() {
 }
 
 bool RowTable::Reach(std::uint32_t number) {
+  if (number < read_->RowCount()) return true;
+  const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
+  const Patience::Request request(session_->Waits());
   while (number >= read_->RowCount() && ReadBlock()) {
   }
   if (number < read_->RowCount()) return true;
@@ -51,6 +56,9 @@ std::uint32_t RowTable::RowCount() {
 }
 
 void RowTable::ReadRest() noexcept {
+  if (!CanRead()) return;
+  const auto keep = weak_from_this().lock();
+  const Patience::Request request(session_->Waits());
   while (ReadBlock()) {
   }
 }

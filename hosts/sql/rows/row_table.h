@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <memory>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -18,7 +19,7 @@ using RowId = std::uint32_t;
 
 /// Reads rows as they are asked for. When reading fails, each request for a row that did not arrive
 /// raises the error; the rows before it stay readable.
-class RowTable final : public PendingRows {
+class RowTable final : public PendingRows, public std::enable_shared_from_this<RowTable> {
  public:
   RowTable(SessionPtr session, const StatementFacts& facts);
   /// Rows that are already read.
@@ -35,6 +36,8 @@ class RowTable final : public PendingRows {
   /// The number of rows of the statement that were read, and whether they are all; after a failure
   /// they are not.
   std::uint32_t RowsRead() const { return read_->RowCount(); }
+  /// Whether more rows can be read now: not while the connection runs another statement.
+  bool CanRead() const { return session_->Waits().IsIdle(); }
   bool IsComplete() const { return !stream_ && !failure_; }
   void ReadRest() noexcept override;
 

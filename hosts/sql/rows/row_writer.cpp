@@ -345,7 +345,10 @@ std::optional<ColumnStore> RowWriter::Look(const Keys& keys) const {
   session_->ExecuteWith(*statement, command.text, command.values);
   statement->Bind(columns_);
   ColumnStore row(columns_);
-  if (statement->Read(row) == 1) return row;
+  if (session_->Fetch(*statement) == 1) {
+    statement->Take(row);
+    return row;
+  }
   return std::nullopt;
 }
 

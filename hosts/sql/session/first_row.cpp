@@ -9,7 +9,8 @@ TextRow FirstRow(Statement& statement) {
   if (columns.empty()) return {};
   statement.Bind(columns);
   ColumnStore store(columns);
-  if (statement.Read(store) == 0) return {};
+  if (statement.Fetch() == 0) return {};
+  statement.Take(store);
   TextRow row;
   for (std::size_t i = 0; i < columns.size(); ++i) {
     row.push_back(store.IsNull(0, i) ? std::nullopt

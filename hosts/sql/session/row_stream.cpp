@@ -94,7 +94,7 @@ void RowStream::OpenCursor(const String& text) {
   ownTransaction_ = !session_.InTransaction();
   if (ownTransaction_) session_.BeginReading();
   session_.Execute(*statement_, Declaration(session_, text) + u"\n; FETCH 0 FROM tessaria_rows");
-  statement_->NextResult();
+  session_.NextResult(*statement_);
   columns_ = statement_->Describe();
   if (AnyAsText(columns_)) {
     session_.Execute(*statement_, u"CLOSE tessaria_rows; " +
@@ -120,24 +120,24 @@ void RowStream::Fetch(std::uint32_t times) {
   session_.Execute(*statement_, text);
 }
 
-// Reads the rows of the next FETCH that was sent together with the last one. Returns 0 when there
-// is none left.
-std::uint32_t RowStream::ReadNextFetch(ColumnStore& store) {
-  return statement_->NextResult() ? statement_->Read(store) : 0;
+// The number of the next rows, 0 at the end. The FETCHes that are sent together have a result each.
+std::uint32_t RowStream::NextBlock() {
+  std::uint32_t rows = session_.Fetch(*statement_);
+  if (rows == 0 && cursor_ && session_.NextResult(*statement_)) rows = session_.Fetch(*statement_);
+  if (rows == 0 && cursor_ && received_ == asked_) {
+    Fetch(kFurtherFetches);
+    rows = session_.Fetch(*statement_);
+  }
+  received_ += rows;
+  return rows;
 }
 
 bool RowStream::Read(ColumnStore& store) {
   if (!statement_ || columns_.empty()) return false;
   try {
-    std::uint32_t rows = statement_->Read(store);
-    if (rows == 0 && cursor_) rows = ReadNextFetch(store);
-    if (rows == 0 && cursor_ && received_ == asked_) {
-      Fetch(kFurtherFetches);
-      rows = statement_->Read(store);
-    }
-    received_ += rows;
-    if (rows == 0) Finish();
-    return rows > 0;
+    const bool isThere = NextBlock() > 0;
+    isThere ? statement_->Take(store) : Finish();
+    return isThere;
   } catch (...) {
     Abandon();
     throw;

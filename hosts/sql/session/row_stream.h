@@ -35,7 +35,7 @@ class RowStream {
   void OpenCursor(const String& text);
   void RunWhole(const StatementFacts& facts);
   void Fetch(std::uint32_t times);
-  std::uint32_t ReadNextFetch(ColumnStore& store);
+  std::uint32_t NextBlock();
   void CloseCursor();
   void Finish();
   void Abandon() noexcept;

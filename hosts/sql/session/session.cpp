@@ -46,7 +46,7 @@ void Session::Open(const String& connectionString, Long timeout) {
   }
   RequireWellFormed(connectionString);
   Close();
-  link_ = connect_(connectionString, timeout);
+  Await([&] { link_ = connect_(connectionString, timeout); });
   try {
     ReadServer();
   } catch (...) {
@@ -61,6 +61,7 @@ void Session::ReadServer() {
   server_.dialect = DialectOf(server_.name);
   if (server_.IsPostgres()) server_.version = PostgreSqlVersion(server_.version);
   for (const StringView setting : SettingsOf(server_.dialect)) RunPlain(String(setting));
+  SetTimeouts();
 }
 
 void Session::Close() noexcept {
@@ -85,6 +86,7 @@ const Server& Session::ServerInfo() const {
 }
 
 void Session::Settle() {
+  patience_.RequireIdle();
   RequireLink();
   if (pending_ != nullptr) pending_->ReadRest();
   RequireLink();
@@ -98,6 +100,7 @@ StatementPtr Session::NewStatement() {
 StatementPtr Session::InnerStatement() const { return RequireLink()->NewStatement(); }
 
 Link& Session::Catalogue() {
+  patience_.RequireIdle();
   if (!RequireLink()->RunsBesideRows()) Settle();
   return *RequireLink();
 }
@@ -107,15 +110,16 @@ std::optional<bool> Session::BackslashesEscape(StringView statement) {
   if (server.dialect == Dialect::Other) return std::nullopt;
   if (!server.IsPostgres() || statement.find(u'\\') == StringView::npos) return false;
   const StatementPtr question = NewStatement();
-  question->Run(u"SHOW standard_conforming_strings");
+  Await([&] { question->Run(u"SHOW standard_conforming_strings"); });
   const TextRow answer = FirstRow(*question);
   return answer.empty() || answer[0] != u"on";
 }
 
 void Session::Execute(Statement& statement, const String& text) {
   RequireWellFormed(text);
+  const Patience::Request request(patience_);
   Savepoint savepoint(*this);
-  statement.Run(text);
+  Await([&] { statement.Run(text); });
   savepoint.Release();
 }
 
@@ -123,8 +127,10 @@ std::int64_t Session::ExecuteWith(Statement& statement, const String& text,
                                   const std::vector<Parameter>& values) {
   RequireWellFormed(text);
   for (const Parameter& value : values) RequireWellFormed(value.text);
+  const Patience::Request request(patience_);
   Savepoint savepoint(*this);
-  const std::int64_t rows = statement.RunWith(text, values);
+  std::int64_t rows = 0;
+  Await([&] { rows = statement.RunWith(text, values); });
   savepoint.Release();
   return rows;
 }
@@ -138,7 +144,8 @@ void Session::ExecuteSavepoint(const String& text) {
 
 void Session::RunPlain(const String& text) {
   RequireWellFormed(text);
-  InnerStatement()->Run(text);
+  const StatementPtr statement = InnerStatement();
+  Await([&] { statement->Run(text); });
 }
 
 void Session::BeginTrans(const String& modes) {
@@ -146,7 +153,7 @@ void Session::BeginTrans(const String& modes) {
   if (inTransaction_) {
     throw HostError(errors::ProviderError, u"Já existe uma transação em andamento.");
   }
-  link_->Begin();
+  Await([&] { link_->Begin(); });
   inTransaction_ = true;
   if (modes.empty()) return;
   try {
@@ -161,7 +168,7 @@ void Session::CommitTrans() {
   RequireTransaction();
   inTransaction_ = false;
   try {
-    link_->Commit();
+    Await([&] { link_->Commit(); });
   } catch (const HostError& error) {
     if (IsOpen()) throw;
     throw InDoubt(
@@ -174,7 +181,7 @@ void Session::CommitTrans() {
 void Session::RollbackTrans() {
   RequireTransaction();
   inTransaction_ = false;
-  link_->Rollback();
+  Await([&] { link_->Rollback(); });
 }
 
 void Session::RequireTransaction() {
@@ -184,9 +191,13 @@ void Session::RequireTransaction() {
   }
 }
 
-void Session::BeginReading() { RequireLink()->Begin(); }
+void Session::BeginReading() {
+  Await([link = RequireLink()] { link->Begin(); });
+}
 
-void Session::EndReading() { RequireLink()->Commit(); }
+void Session::EndReading() {
+  Await([link = RequireLink()] { link->Commit(); });
+}
 
 void Session::AbandonReading() noexcept {
   if (!IsOpen()) return;
@@ -195,6 +206,46 @@ void Session::AbandonReading() noexcept {
   } catch (...) {
     // The connection is gone, which its next use tells.
   }
+}
+
+void Session::Await(const std::function<void()>& call) {
+  const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
+  patience_.Await(call, [this] {
+    if (link_) link_->Cancel();
+  });
+}
+
+std::uint32_t Session::Fetch(Statement& statement) {
+  std::uint32_t rows = 0;
+  const auto fetch = [&] { rows = statement.Fetch(); };
+  RequireLink()->RowsArriveWithRun() ? fetch() : Await(fetch);
+  patience_.NoteRows(static_cast<Long>(rows));
+  return rows;
+}
+
+bool Session::NextResult(Statement& statement) {
+  bool isThere = false;
+  const auto next = [&] { isThere = statement.NextResult(); };
+  RequireLink()->RowsArriveWithRun() ? next() : Await(next);
+  return isThere;
+}
+
+void Session::CommandTimeout(Long seconds) {
+  if (seconds < 0) throw HostError(errors::InvalidCriteria);
+  commandTimeout_ = seconds;
+  if (IsOpen()) SetTimeouts();
+}
+
+void Session::LockTimeout(Long seconds) {
+  if (seconds < 0) throw HostError(errors::InvalidCriteria);
+  lockTimeout_ = seconds;
+  if (IsOpen()) SetTimeouts();
+}
+
+void Session::SetTimeouts() {
+  const String settings = TimeoutSettings(server_.dialect, commandTimeout_, lockTimeout_);
+  if (!settings.empty()) RunPlain(settings);
+  if (!server_.IsPostgres()) link_->StatementTimeout(commandTimeout_);
 }
 
 String QuoteName(const Server& server, StringView name) {

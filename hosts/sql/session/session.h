@@ -7,6 +7,7 @@
 
 #include "hosts/sql/driver/link.h"
 #include "hosts/sql/errors/driver_error.h"
+#include "hosts/sql/session/patience.h"
 
 namespace tessaria::sql {
 
@@ -36,7 +37,7 @@ class PendingRows {
 
 /// Outlives the link: after a loss the same session is opened again, and the record sets that
 /// hold it can go on writing. Used by one thread at a time.
-class Session {
+class Session : public std::enable_shared_from_this<Session> {
  public:
   explicit Session(Connector connect) : connect_(std::move(connect)) {}
   Session(const Session&) = delete;
@@ -85,6 +86,18 @@ class Session {
   void EndReading();
   void AbandonReading() noexcept;
 
+  /// The bounds of `host::Connection`, in seconds. They hold for the next statement on.
+  Long CommandTimeout() const { return commandTimeout_; }
+  void CommandTimeout(Long seconds);
+  Long LockTimeout() const { return lockTimeout_; }
+  void LockTimeout(Long seconds);
+
+  /// To the next block of rows of a statement. Returns their number, 0 at the end of the result.
+  std::uint32_t Fetch(Statement& statement);
+  /// To the next result of a statement's batch. False when there is none.
+  bool NextResult(Statement& statement);
+  Patience& Waits() { return patience_; }
+
   void Pending(PendingRows* rows) { pending_ = rows; }
   void Finished(const PendingRows* rows) noexcept {
     if (pending_ == rows) pending_ = nullptr;
@@ -98,12 +111,17 @@ class Session {
   void Settle();
   void RunPlain(const String& text);
   void RequireTransaction();
+  void Await(const std::function<void()>& call);
+  void SetTimeouts();
 
   Connector connect_;
   LinkPtr link_;
   Server server_;
   PendingRows* pending_ = nullptr;
   bool inTransaction_ = false;
+  Long commandTimeout_ = 30;
+  Long lockTimeout_ = 10;
+  Patience patience_;
 };
 
 using SessionPtr = std::shared_ptr<Session>;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 
 #include "tessaria/host/data.h"
 #include "tessaria/text.h"
@@ -156,6 +157,24 @@ std::vector<StringView> SettingsOf(Dialect dialect) {
     if (rule.dialect == dialect) statements.push_back(rule.statement);
   }
   return statements;
+}
+
+String TimeoutSettings(Dialect dialect, Long command, Long lock) {
+  const auto milliseconds = [](Long seconds) {
+    constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+    return FromUtf8(std::to_string(std::min(std::int64_t{seconds} * 1000, kMost)));
+  };
+  switch (dialect) {
+    case Dialect::PostgreSql:
+      return u"SET statement_timeout = " + milliseconds(command) + u"; SET lock_timeout = " +
+             milliseconds(lock);
+    case Dialect::SqlServer:  // where -1 is no bound
+      return u"SET LOCK_TIMEOUT " + (lock == 0 ? String(u"-1") : milliseconds(lock));
+    case Dialect::Access:
+    case Dialect::Other:
+      break;
+  }
+  return {};
 }
 
 Parameter ParameterOf(const Column& column, const String& text, Dialect dialect) {

@@ -13,6 +13,11 @@ namespace tessaria::sql {
 /// The settings that a new connection sends before anything else.
 std::vector<StringView> SettingsOf(Dialect dialect);
 
+/// What makes a connection give up a statement that takes longer than `command`, and one that waits
+/// longer than `lock` for what somebody else has locked. Both in seconds, 0 for no bound. Empty
+/// where the server has no such settings.
+String TimeoutSettings(Dialect dialect, Long command, Long lock);
+
 /// A value for a "?". It is passed as text, which the driver converts to the SQL type; so no server
 /// reads it by its own language settings, and no comparison mixes types.
 struct Parameter {

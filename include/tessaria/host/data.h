@@ -212,6 +212,15 @@ class TESSARIA_CORE_API Connection : public Object {
   /// number.
   virtual Long ConnectionTimeout() const = 0;
   virtual void ConnectionTimeout(Long seconds) = 0;
+  /// Seconds that one statement may take; 30 by default, 0 for as long as it takes. A statement
+  /// that takes longer is given up: error -2147217871, and nothing of it is stored. Error 3001 for
+  /// a negative number, here and below.
+  virtual Long CommandTimeout() const = 0;
+  virtual void CommandTimeout(Long seconds) = 0;
+  /// Seconds that a statement waits for what somebody else has locked; 10 by default, 0 for as long
+  /// as `CommandTimeout` lets it. Then error -2147217871, and nothing is stored.
+  virtual Long LockTimeout() const = 0;
+  virtual void LockTimeout(Long seconds) = 0;
 
   /// A provider property by name. Error 3265 for others, 3709 when the connection is closed. "DBMS
   /// Name", "DBMS Version": texts. "Backslash Escapes": whether the server currently reads a

@@ -33,6 +33,10 @@ class TESSARIA_MEMORY_API Connection final : public host::Connection,
   void Close() override;
   Long ConnectionTimeout() const override { return timeout_; }
   void ConnectionTimeout(Long seconds) override;
+  Long CommandTimeout() const override { return commandTimeout_; }
+  void CommandTimeout(Long seconds) override;
+  Long LockTimeout() const override { return lockTimeout_; }
+  void LockTimeout(Long seconds) override;
   Variant Properties(const String& name) const override;
   host::RecordsetPtr Execute(const String& statement) override;
   host::RecordsetPtr OpenRecordset(const String& source, host::CursorType cursor,
@@ -100,6 +104,8 @@ class TESSARIA_MEMORY_API Connection final : public host::Connection,
   bool dropped_ = false;
   std::optional<bool> lostAnswer_;  ///< whether the write whose answer gets lost is stored
   Long timeout_ = 15;
+  Long commandTimeout_ = 30;
+  Long lockTimeout_ = 10;
   String connectionString_;
   std::map<String, Variant> properties_;  ///< by name in lower case
   std::map<String, NamedTable> tables_;   ///< by name in lower case

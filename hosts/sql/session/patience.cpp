@@ -1,0 +1,97 @@
+#include "hosts/sql/session/patience.h"
+
+#include <utility>
+
+#include "hosts/sql/errors/driver_error.h"
+#include "tessaria/thread_state.h"
+
+namespace tessaria::sql {
+namespace {
+
+// Waits up to this are not noticed.
+constexpr std::chrono::milliseconds kMoment{150};
+constexpr std::chrono::milliseconds kStep{20};
+
+constexpr StringView kCancelled = u"A operação foi cancelada. Nada foi gravado.";
+constexpr StringView kReadingCancelled = u"A leitura foi cancelada.";
+
+// Sets a flag for as long as it lives.
+class Flag {
+ public:
+  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
+  Flag(const Flag&) = delete;
+  Flag& operator=(const Flag&) = delete;
+  ~Flag() { flag_ = false; }
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+Patience::Request::Request(Patience& patience) : patience_(patience) {
+  if (patience_.depth_++ > 0) return;
+  patience_.start_ = patience_.lastPass_ = Clock::now();
+  patience_.rows_ = 0;
+}
+
+Patience::Request::~Request() {
+  if (--patience_.depth_ > 0) return;
+  if (auto* const view = std::exchange(patience_.passed_, nullptr)) view->Over();
+}
+
+void Patience::RequireIdle() const {
+  if (isBusy_) {
+    throw HostError(errors::StillExecuting,
+                    u"O banco de dados ainda está executando outro comando. Tente de novo quando "
+                    u"ele terminar.");
+  }
+}
+
+void Patience::Await(const std::function<void()>& call, const std::function<void()>& cancel) {
+  RequireIdle();
+  const Flag busy(isBusy_);
+  if (State().waiting == nullptr) return call();
+  const Request request(*this);
+  const bool isGivenUp = AwaitElsewhere(call, cancel);
+  try {
+    worker_.Finish();
+  } catch (const HostError& error) {
+    if (isGivenUp && error.Number() == errors::TimeOut) {
+      throw HostError(errors::Cancelled, String(kCancelled));
+    }
+    throw;
+  }
+}
+
+void Patience::Breathe() {
+  const auto now = Clock::now();
+  if (State().waiting == nullptr || now - start_ < kMoment || now - lastPass_ < kStep) return;
+  const Flag busy(isBusy_);
+  if (Pass()) throw HostError(errors::Cancelled, String(kReadingCancelled));
+}
+
+// Whether the operator has given up.
+bool Patience::AwaitElsewhere(const std::function<void()>& call,
+                              const std::function<void()>& cancel) {
+  worker_.Start(call);
+  bool isGivenUp = false;
+  for (auto step = kMoment; !worker_.IsOverWithin(step); step = kStep) {
+    if (!Pass()) continue;
+    isGivenUp = true;
+    cancel();
+  }
+  return isGivenUp;
+}
+
+bool Patience::Pass() {
+  auto* const view = State().waiting;
+  if (view == nullptr) return false;
+  passed_ = view;
+  const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start_);
+  const bool isGivenUp = view->Pass({elapsed, rows_});
+  lastPass_ = Clock::now();
+  return isGivenUp;
+}
+
+}  // namespace tessaria::sql

@@ -1,0 +1,57 @@
+// How a thread waits for its server: alone, or with windows that repaint and an operator who can
+// give up.
+#pragma once
+
+#include <chrono>
+#include <functional>
+
+#include "hosts/sql/session/worker.h"
+#include "tessaria/host/waiting.h"
+
+namespace tessaria::sql {
+
+/// Of one connection. Calls of its driver run on another thread while the thread of the program has
+/// a view for its waits (`ThreadState::waiting`), on the thread itself otherwise.
+class Patience {
+ public:
+  /// One request of the program, to which many answers of the server may belong. The time of the
+  /// waits in it counts from its start. One inside another is a part of it.
+  class Request {
+   public:
+    explicit Request(Patience& patience);
+    Request(const Request&) = delete;
+    Request& operator=(const Request&) = delete;
+    ~Request();
+
+   private:
+    Patience& patience_;
+  };
+
+  /// Makes one call of the driver. `cancel` is made, from this thread, when the operator gives up.
+  /// Errors: those of the call; 3711 when another call is under way; 3712 when the operator gave up
+  /// and the call was not done.
+  void Await(const std::function<void()>& call, const std::function<void()>& cancel);
+  /// Between two calls of a request that makes many: lets windows repaint now and then. Error 3712
+  /// when the operator gave up.
+  void Breathe();
+  /// Error 3711 when a call is under way, which something that runs meanwhile asks.
+  void RequireIdle() const;
+  bool IsIdle() const noexcept { return !isBusy_; }
+  /// Rows that have come in.
+  void NoteRows(Long rows) { rows_ += rows; }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  bool AwaitElsewhere(const std::function<void()>& call, const std::function<void()>& cancel);
+  bool Pass();
+
+  Worker worker_;
+  bool isBusy_ = false;
+  int depth_ = 0;  // of requests
+  Clock::time_point start_, lastPass_;
+  Long rows_ = 0;
+  host::WaitView* passed_ = nullptr;  // the view that shows this request
+};
+
+}  // namespace tessaria::sql

@@ -1,0 +1,266 @@
+// Waits for the server: their bounds, the operator who gives up, and what asks meanwhile.
+#include <chrono>
+#include <functional>
+
+#include "tessaria/host/waiting.h"
+#include "tessaria/thread_state.h"
+#include "tests/sql/database_test.h"
+
+namespace tessaria::sql::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+// Notes the waits of the thread, and acts in them.
+class Watcher final : public host::WaitView {
+ public:
+  Watcher() { State().waiting = this; }
+  ~Watcher() override { State().waiting = nullptr; }
+
+  std::function<bool(const host::Wait&)> onPass = [](const host::Wait&) { return false; };
+  int passes = 0;
+  int ends = 0;
+  Long rows = 0;
+
+  bool Pass(const host::Wait& wait) override {
+    ++passes;
+    rows = wait.Rows;
+    return onPass(wait);
+  }
+  void Over() override { ++ends; }
+};
+
+class WaitingTest : public DatabaseTest {
+ protected:
+  void SetUp() override {
+    DatabaseTest::SetUp();
+    if (IsSkipped()) return;
+    Run(u"create table t (k int primary key, nome varchar(20))");
+    Run(u"insert into t values (1, 'Ana'), (2, 'Bia')");
+    other_ = NewConnection();
+  }
+  void TearDown() override {
+    if (other_ && other_->State() == host::state::Open) other_->Close();
+  }
+  // Another user holds the first row.
+  void LockFirstRow() {
+    other_->BeginTrans();
+    other_->Execute(u"update t set nome = 'Outro' where k = 1");
+  }
+  host::RecordsetPtr EditedFirstRow() {
+    auto rows = Edit(u"select * from t order by k");
+    Set(rows, u"nome", u"Eva");
+    return rows;
+  }
+
+  host::ConnectionPtr other_;
+};
+
+TEST_F(WaitingTest, BoundsHaveDefaultsAndCanBeSet) {
+  EXPECT_EQ(connection_->CommandTimeout(), 30);
+  EXPECT_EQ(connection_->LockTimeout(), 10);
+  EXPECT_SAME(Scalar(u"show statement_timeout"), u"30s");
+  EXPECT_SAME(Scalar(u"show lock_timeout"), u"10s");
+  connection_->CommandTimeout(0);
+  connection_->LockTimeout(3);
+  EXPECT_SAME(Scalar(u"show statement_timeout"), u"0");
+  EXPECT_SAME(Scalar(u"show lock_timeout"), u"3s");
+  connection_->Close();
+  connection_->CommandTimeout(7);
+  connection_->Open();
+  EXPECT_SAME(Scalar(u"show statement_timeout"), u"7s");
+  EXPECT_SAME(Scalar(u"show lock_timeout"), u"3s");
+}
+
+TEST_F(WaitingTest, NegativeBoundIsRefused) {
+  EXPECT_HOST_ERROR(connection_->CommandTimeout(-1), errors::InvalidCriteria);
+  EXPECT_HOST_ERROR(connection_->LockTimeout(-1), errors::InvalidCriteria);
+  EXPECT_EQ(connection_->CommandTimeout(), 30);
+  EXPECT_EQ(connection_->LockTimeout(), 10);
+}
+
+TEST_F(WaitingTest, StatementThatTakesTooLongIsGivenUp) {
+  connection_->CommandTimeout(1);
+  const auto start = Clock::now();
+  EXPECT_HOST_ERROR(Run(u"select pg_sleep(20)"), errors::TimeOut);
+  EXPECT_LT(Clock::now() - start, 5s);
+  EXPECT_SAME(Scalar(u"select 1"), Long{1});
+}
+
+TEST_F(WaitingTest, LockedRowIsGivenUpAndTheEditStays) {
+  connection_->LockTimeout(1);
+  const auto rows = EditedFirstRow();
+  LockFirstRow();
+  EXPECT_HOST_ERROR(rows->Update(), errors::TimeOut);
+  EXPECT_EQ(rows->EditMode(), host::EditMode::InProgress);
+  EXPECT_FALSE(rows->IsInDoubt());
+  EXPECT_SAME(Get(rows, u"nome"), u"Eva");
+  other_->RollbackTrans();
+  rows->Update();
+  EXPECT_SAME(Scalar(u"select nome from t where k = 1"), u"Eva");
+}
+
+TEST_F(WaitingTest, LockedRowInATransactionLeavesTheTransactionAsItWas) {
+  connection_->LockTimeout(1);
+  connection_->BeginTrans();
+  Run(u"update t set nome = 'Carla' where k = 2");
+  const auto rows = EditedFirstRow();
+  LockFirstRow();
+  EXPECT_HOST_ERROR(rows->Update(), errors::TimeOut);
+  rows->CancelUpdate();
+  connection_->CommitTrans();
+  other_->RollbackTrans();
+  EXPECT_SAME(Scalar(u"select nome from t where k = 2"), u"Carla");
+  EXPECT_SAME(Scalar(u"select nome from t where k = 1"), u"Ana");
+}
+
+TEST_F(WaitingTest, ShortStatementShowsNoWait) {
+  Watcher watcher;
+  EXPECT_SAME(Scalar(u"select 1"), Long{1});
+  EXPECT_EQ(watcher.passes, 0);
+  EXPECT_EQ(watcher.ends, 0);
+}
+
+TEST_F(WaitingTest, LongStatementIsPassedAndEndsByItself) {
+  Watcher watcher;
+  std::chrono::milliseconds last{0};
+  watcher.onPass = [&](const host::Wait& wait) {
+    EXPECT_GE(wait.Elapsed, last);
+    last = wait.Elapsed;
+    return false;
+  };
+  EXPECT_SAME(Scalar(u"select 'fim' from pg_sleep(1)"), u"fim");
+  EXPECT_GT(watcher.passes, 5);
+  EXPECT_GE(last, 500ms);
+  EXPECT_EQ(watcher.ends, 1);
+}
+
+TEST_F(WaitingTest, ErrorOfALongStatementIsRaised) {
+  Watcher watcher;
+  EXPECT_HOST_ERROR(Run(u"do $$ begin perform pg_sleep(0.5); raise division_by_zero; end $$"),
+                    errors::ValueRefused);
+  EXPECT_EQ(watcher.ends, 1);
+}
+
+TEST_F(WaitingTest, OperatorGivesUpALockedRowAndTheEditStays) {
+  const auto rows = EditedFirstRow();
+  LockFirstRow();
+  Watcher watcher;
+  watcher.onPass = [](const host::Wait& wait) { return wait.Elapsed > 300ms; };
+  const auto start = Clock::now();
+  try {
+    rows->Update();
+    FAIL() << "written";
+  } catch (const HostError& error) {
+    EXPECT_EQ(error.Number(), errors::Cancelled);
+    EXPECT_EQ(ToUtf8(error.Description()), "A operação foi cancelada. Nada foi gravado.");
+  }
+  EXPECT_LT(Clock::now() - start, 5s);
+  EXPECT_EQ(rows->EditMode(), host::EditMode::InProgress);
+  EXPECT_FALSE(rows->IsInDoubt());
+  EXPECT_SAME(Get(rows, u"nome"), u"Eva");
+  other_->RollbackTrans();
+  rows->Update();
+  EXPECT_SAME(Scalar(u"select nome from t where k = 1"), u"Eva");
+}
+
+TEST_F(WaitingTest, CancelMeansNoLaterStatement) {
+  Watcher watcher;
+  // Comes at about the time at which the statement ends by itself.
+  watcher.onPass = [](const host::Wait&) { return true; };
+  for (int i = 0; i < 15; ++i) {
+    try {
+      Run(u"select pg_sleep(" + FromUtf8(std::to_string(0.15 + i * 0.002)) + u")");
+    } catch (const HostError& error) {
+      EXPECT_EQ(error.Number(), errors::Cancelled);
+    }
+    EXPECT_SAME(Scalar(u"select 1"), Long{1});
+  }
+}
+
+TEST_F(WaitingTest, StatementThatSomethingElseAsksForMeanwhileIsRefused) {
+  const auto others = Edit(u"select * from t order by k");
+  Watcher watcher;
+  watcher.onPass = [&](const host::Wait&) {
+    EXPECT_HOST_ERROR(Run(u"select 1"), errors::StillExecuting);
+    EXPECT_HOST_ERROR(connection_->BeginTrans(), errors::StillExecuting);
+    EXPECT_HOST_ERROR(connection_->Close(), errors::StillExecuting);
+    EXPECT_HOST_ERROR(connection_->OpenSchema(host::SchemaKind::Tables), errors::StillExecuting);
+    EXPECT_HOST_ERROR(others->Requery(), errors::StillExecuting);
+    EXPECT_HOST_ERROR(others->Close(), errors::StillExecuting);
+    EXPECT_SAME(Get(others, u"nome"), u"Ana");
+    return false;
+  };
+  EXPECT_SAME(Scalar(u"select 'fim' from pg_sleep(0.5)"), u"fim");
+  EXPECT_GT(watcher.passes, 0);
+  EXPECT_EQ(others->State(), host::state::Open);
+  EXPECT_EQ(others->RecordCount(), 2);
+}
+
+TEST_F(WaitingTest, RecordSetThatIsLetGoMeanwhileLivesToTheEndOfTheWait) {
+  auto rows = EditedFirstRow();
+  LockFirstRow();
+  Watcher watcher;
+  watcher.onPass = [&](const host::Wait& wait) {
+    rows.reset();
+    return wait.Elapsed > 250ms;
+  };
+  EXPECT_HOST_ERROR(rows->Update(), errors::Cancelled);
+  EXPECT_EQ(rows, nullptr);
+}
+
+TEST_F(WaitingTest, ReadingManyRowsIsPassedWithTheirNumber) {
+  Run(u"create table muitos as select n as k, repeat('x', 200) as nome from "
+      u"generate_series(1, 400000) n");
+  Watcher watcher;
+  Long most = 0;
+  watcher.onPass = [&](const host::Wait& wait) {
+    EXPECT_GE(wait.Rows, most);
+    most = wait.Rows;
+    return false;
+  };
+  const auto rows = Read(u"select * from muitos");
+  EXPECT_EQ(rows->RecordCount(), 400000);
+  EXPECT_GT(watcher.passes, 0);
+  EXPECT_GT(most, 0);
+  EXPECT_EQ(watcher.ends, 1);
+}
+
+TEST_F(WaitingTest, OperatorGivesUpReadingAndTheRowsThatCameStay) {
+  Run(u"create table muitos as select n as k, repeat('x', 200) as nome from "
+      u"generate_series(1, 400000) n");
+  const auto rows = Read(u"select * from muitos order by k");
+  Watcher watcher;
+  watcher.onPass = [](const host::Wait&) { return true; };
+  try {
+    rows->RecordCount();
+    FAIL() << "read to the end";
+  } catch (const HostError& error) {
+    EXPECT_EQ(error.Number(), errors::Cancelled);
+  }
+  EXPECT_FALSE(rows->Complete());
+  EXPECT_GT(rows->RowsRead(), 0);
+  EXPECT_SAME(rows->ValueAt(1, 0), Long{1});
+  EXPECT_SAME(Scalar(u"select count(*)::int from t"), Long{2});
+}
+
+TEST_F(WaitingTest, MoreRowsAreNotReadWhileAnotherStatementRuns) {
+  Run(u"create table muitos as select n as k from generate_series(1, 20000) n");
+  const auto rows = Read(u"select * from muitos");
+  Watcher watcher;
+  bool asked = false;
+  // A statement of the connection reads what is left of the rows first.
+  Run(u"set statement_timeout = 0");
+  watcher.onPass = [&](const host::Wait&) {
+    asked = true;
+    EXPECT_FALSE(rows->FetchMore(100));
+    return false;
+  };
+  Run(u"select pg_sleep(0.4)");
+  EXPECT_TRUE(asked);
+  EXPECT_EQ(rows->RecordCount(), 20000);
+}
+
+}  // namespace
+}  // namespace tessaria::sql::test
