@@ -71,6 +71,10 @@ constexpr Entry kDescriptions[] = {
      u"O item não pode ser encontrado na coleção correspondente ao nome ou ordinal solicitado."},
     {errors::ObjectClosed, u"A operação não é permitida quando o objeto está fechado."},
     {3705, u"A operação não é permitida quando o objeto está aberto."},
+    {errors::StillExecuting,
+     u"O banco de dados ainda está executando outro comando. Tente de novo quando ele terminar."},
+    {errors::Cancelled, u"A operação foi cancelada. Nada foi gravado."},
+    {errors::TimeOut, u"O tempo limite expirou. Nada foi gravado."},
     {errors::WriteInDoubt,
      u"O registro pode ter sido gravado ou não: a conexão com o servidor caiu antes da resposta. "
      u"Confira antes de gravar outra vez."},

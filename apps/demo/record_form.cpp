@@ -21,6 +21,8 @@ namespace tessaria::demo {
 namespace {
 
 const QString kRefused = QStringLiteral("o banco de dados recusou");
+const QString kGap = QStringLiteral("\n\n");
+const QString kCancelled = QStringLiteral("a operação foi cancelada");
 const QString kConnectionLost = QStringLiteral("a conexão com o banco de dados caiu");
 
 }  // namespace
@@ -326,18 +328,21 @@ void RecordForm::tellRefusal(const HostError& error) {
   if (error.Number() == errors::WriteInDoubt) return tellDoubt(error);
   const bool isLost = error.Number() == errors::InvalidConnection ||
                       database_.connection()->State() == host::state::Closed;
+  const QString cause = isLost                                ? kConnectionLost
+                        : error.Number() == errors::Cancelled ? kCancelled
+                                                              : kRefused;
+  const QString told = cause == kCancelled ? QString() : qt::toQt(error.Description()) + kGap;
   const QString reason =
       isStale_ ? QStringLiteral(
                      "outro usuário alterou ou excluiu este %1 depois que ele foi "
                      "lido. Nada foi gravado por cima.\n\nO que foi digitado continua "
                      "na tela. Cancelar mostra o %1 como está agora.")
                      .arg(kind_.noun)
-               : QStringLiteral("%1.\n\n%2\n\nO que foi digitado continua na tela.")
-                     .arg(isLost ? kConnectionLost : kRefused, qt::toQt(error.Description()));
+               : cause + QLatin1Char('.') + kGap + told +
+                     QStringLiteral("O que foi digitado continua na tela.");
   warn(QStringLiteral("O %1 não foi salvo: %2").arg(kind_.noun, reason));
-  emit notSaved(isStale_
-                    ? QStringLiteral("Não salvo: outro usuário alterou o %1.").arg(kind_.noun)
-                    : QStringLiteral("Não salvo: %1.").arg(isLost ? kConnectionLost : kRefused));
+  emit notSaved(isStale_ ? QStringLiteral("Não salvo: outro usuário alterou o %1.").arg(kind_.noun)
+                         : QStringLiteral("Não salvo: %1.").arg(cause));
 }
 
 void RecordForm::tellDoubt(const HostError& error) {

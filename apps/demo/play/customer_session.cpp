@@ -186,7 +186,7 @@ QList<ExpectedRow> rowsAfterCustomerSession() {
           {QStringLiteral("O cliente alterado no banco de dados:"),
            kColumns + QStringLiteral("'00008'"),
            {{QStringLiteral("codigo"), QStringLiteral("00008")},
-            {QStringLiteral("limite_credito"), QStringLiteral("777.70")},
+            {QStringLiteral("limite_credito"), QStringLiteral("888.80")},
             {QStringLiteral("observacao"), QStringLiteral("Órgão público: atenção à nota.")}}}};
 }
 

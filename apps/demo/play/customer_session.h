@@ -11,7 +11,7 @@ namespace tessaria::demo {
 /// front, with the data as they are first loaded.
 void playCustomerSession(Player& player);
 
-/// The rows that must be stored after the session.
+/// The rows that must be stored after this session and that of the locked customer.
 QList<ExpectedRow> rowsAfterCustomerSession();
 
 }  // namespace tessaria::demo

@@ -9,6 +9,7 @@
 #include "apps/demo/failure.h"
 #include "apps/demo/main_window.h"
 #include "apps/demo/play/customer_session.h"
+#include "apps/demo/play/lock_session.h"
 #include "apps/demo/play/order_session.h"
 #include "tessaria/error.h"
 
@@ -78,6 +79,7 @@ int play(const QString& folder) {
   say(QStringLiteral("Sessão de um operador:"));
   const OrderPapers papers = makePapers(place.path());
   playCustomerSession(player);
+  playLockSession(player, server.connectionString());
   playOrderSession(player, papers, server.connectionString());
   const QStringList wrong =
       player.failures() + checkRows(server.connectionString(),

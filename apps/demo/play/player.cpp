@@ -8,6 +8,7 @@
 #include <QStatusBar>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 #include <algorithm>
 #include <cstdio>
 
@@ -138,6 +139,12 @@ void Player::press(const QString& keys) {
 void Player::press(const QString& keys, int times) {
   for (int i = 0; i < times; ++i) press(keys);
 }
+
+void Player::whileWaiting(int milliseconds, std::function<void()> act) {
+  QTimer::singleShot(milliseconds, this, std::move(act));
+}
+
+void Player::key(const QString& name) { sendKeys(focus(), name); }
 
 void Player::sendKeys(QWidget* target, const QString& keys) {
   const QKeySequence sequence(keys, QKeySequence::PortableText);

@@ -40,6 +40,10 @@ class Player final : public QObject {
   void click(const QString& name);
   /// Presses Tab until the focus is on the widget of that name.
   void tabTo(const QString& name);
+  /// Acts while the next step waits for the database, so many milliseconds after it began.
+  void whileWaiting(int milliseconds, std::function<void()> act);
+  /// A key by itself: nothing is waited for, and no window is expected.
+  void key(const QString& name);
   /// Clicks the caption of a column of the list in front.
   void clickHeader(int column);
 

@@ -4,6 +4,7 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
+#include "hosts/qt/boundary/wait_view.h"
 #include "hosts/qt/dialogs/desktop.h"
 #include "hosts/qt/program/application.h"
 #include "hosts/qt/program/form_events.h"
@@ -29,16 +30,19 @@ Host::Host(QObject* parent)
                                   emit boxShown(text, title, style);
                                 },
                                 [this] { emit beeped(); }})),
-      desktop_(std::make_unique<Desktop>()) {
+      desktop_(std::make_unique<Desktop>()),
+      waiting_(std::make_unique<WaitView>()) {
   loadTranslation(this);
   new FormEvents(this);
   State().application = application_.get();
   State().desktop = desktop_.get();
+  State().waiting = waiting_.get();
 }
 
 Host::~Host() {
   if (State().application == application_.get()) State().application = nullptr;
   if (State().desktop == desktop_.get()) State().desktop = nullptr;
+  if (State().waiting == waiting_.get()) State().waiting = nullptr;
 }
 
 Host& install() {

@@ -14,13 +14,10 @@ using namespace tessaria::errors;
 inline constexpr Long IntegrityViolation = -2147217873;  ///< key, check or reference refused
 inline constexpr Long ErrorsInCommand = -2147217900;     ///< syntax, unknown table or column
 inline constexpr Long AuthenticationFailed = -2147217843;
-inline constexpr Long TimeOut = -2147217871;       ///< time-out, or cancelled by the server
 inline constexpr Long ValueRefused = -2147217887;  ///< a value that the column cannot take
 inline constexpr Long ObjectOpen = 3705;
 inline constexpr Long EditPending = 3219;
 inline constexpr Long InvalidCriteria = 3001;
-inline constexpr Long StillExecuting = 3711;  ///< another statement runs
-inline constexpr Long Cancelled = 3712;       ///< given up by the operator
 }  // namespace errors
 
 /// A failed call. The number follows from the SQLSTATE class; the description is the driver's own

@@ -12,7 +12,6 @@ namespace {
 constexpr std::chrono::milliseconds kMoment{150};
 constexpr std::chrono::milliseconds kStep{20};
 
-constexpr StringView kCancelled = u"A operação foi cancelada. Nada foi gravado.";
 constexpr StringView kReadingCancelled = u"A leitura foi cancelada.";
 
 // Sets a flag for as long as it lives.
@@ -41,11 +40,7 @@ Patience::Request::~Request() {
 }
 
 void Patience::RequireIdle() const {
-  if (isBusy_) {
-    throw HostError(errors::StillExecuting,
-                    u"O banco de dados ainda está executando outro comando. Tente de novo quando "
-                    u"ele terminar.");
-  }
+  if (isBusy_) throw HostError(errors::StillExecuting);
 }
 
 void Patience::Await(const std::function<void()>& call, const std::function<void()>& cancel) {
@@ -58,7 +53,7 @@ void Patience::Await(const std::function<void()>& call, const std::function<void
     worker_.Finish();
   } catch (const HostError& error) {
     if (isGivenUp && error.Number() == errors::TimeOut) {
-      throw HostError(errors::Cancelled, String(kCancelled));
+      throw HostError(errors::Cancelled);
     }
     throw;
   }

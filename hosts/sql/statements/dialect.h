@@ -2,6 +2,7 @@
 #pragma once
 
 #include "lookup/sql_scanner.h"
+#include "tessaria/export.h"
 
 namespace tessaria::sql {
 
@@ -19,9 +20,9 @@ constexpr bool IsBracketed(Dialect dialect) {
 }
 
 /// The dialect of a database by the name that its driver reports ("PostgreSQL", "ACCESS", ...).
-Dialect DialectOf(StringView dbmsName);
+TESSARIA_SQL_API Dialect DialectOf(StringView dbmsName);
 
 /// How its statements are read. For `backslashes` see `SqlRules`.
-SqlRules RulesOf(Dialect dialect, bool backslashes = false);
+TESSARIA_SQL_API SqlRules RulesOf(Dialect dialect, bool backslashes = false);
 
 }  // namespace tessaria::sql

@@ -1,0 +1,82 @@
+#include "hosts/qt/boundary/wait_input.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QThread>
+#include <utility>
+
+namespace tessaria::qt {
+namespace {
+
+bool isPointer(QEvent::Type type) {
+  switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool isEscape(QEvent* event) { return static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape; }
+
+}  // namespace
+
+WaitInput::WaitInput() : loopLevel_(QThread::currentThread()->loopLevel()) {
+  QCoreApplication::instance()->installEventFilter(this);
+}
+
+WaitInput::~WaitInput() {
+  QCoreApplication::instance()->removeEventFilter(this);
+  for (Kept& kept : kept_)
+    if (kept.receiver) QCoreApplication::postEvent(kept.receiver, kept.event.release());
+  for (const auto& window : closing_)
+    if (window) QMetaObject::invokeMethod(window, &QWidget::close, Qt::QueuedConnection);
+}
+
+bool WaitInput::takeEscape() { return std::exchange(escape_, false); }
+
+bool WaitInput::eventFilter(QObject* receiver, QEvent* event) {
+  if (QThread::currentThread()->loopLevel() > loopLevel_) return false;
+  switch (event->type()) {
+    case QEvent::ShortcutOverride:
+      event->accept();  // the key comes as a key, and no shortcut is taken
+      return true;
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+      return holdKey(receiver, event);
+    case QEvent::InputMethod:
+      kept_.push_back({receiver, std::unique_ptr<QEvent>(event->clone())});
+      return true;
+    case QEvent::Close:
+      if (auto* const window = qobject_cast<QWidget*>(receiver)) {
+        closing_.emplace_back(window);
+        event->ignore();
+      }
+      return receiver->isWidgetType();
+    default:
+      return isPointer(event->type());
+  }
+}
+
+// Escape is no key of a field here, neither its press nor its release.
+bool WaitInput::holdKey(QObject* receiver, QEvent* event) {
+  event->accept();
+  if (!isEscape(event)) {
+    kept_.push_back({receiver, std::unique_ptr<QEvent>(event->clone())});
+  } else if (event->type() == QEvent::KeyPress) {
+    escape_ = true;
+  }
+  return true;
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,42 @@
+// The operator's input while the program waits for a database server.
+#pragma once
+
+#include <QEvent>
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+namespace tessaria::qt {
+
+/// During its lifetime Escape is read and all other input is kept from the widgets: keys and texts
+/// of input methods, and the closing of windows, are delivered by its destructor in their order;
+/// mouse, wheel, touch and drop do nothing. A window that opens meanwhile, in an event loop of its
+/// own, has its input.
+class WaitInput final : public QObject {
+ public:
+  WaitInput();
+  ~WaitInput() override;
+
+  /// Whether Escape was pressed since the last call.
+  bool takeEscape();
+
+ protected:
+  bool eventFilter(QObject* receiver, QEvent* event) override;
+
+ private:
+  struct Kept {
+    QPointer<QObject> receiver;
+    std::unique_ptr<QEvent> event;
+  };
+
+  bool holdKey(QObject* receiver, QEvent* event);
+
+  std::vector<Kept> kept_;
+  std::vector<QPointer<QWidget>> closing_;
+  bool escape_ = false;
+  int loopLevel_;  // of the loop that waits
+};
+
+}  // namespace tessaria::qt

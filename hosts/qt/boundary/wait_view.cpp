@@ -1,0 +1,73 @@
+#include "hosts/qt/boundary/wait_view.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLocale>
+
+#include "hosts/qt/boundary/wait_input.h"
+#include "hosts/qt/boundary/window_in_front.h"
+
+namespace tessaria::qt {
+namespace {
+
+constexpr std::chrono::seconds kSilence{2};
+constexpr int kStep = 20;  // milliseconds
+
+// "Aguardando o banco de dados há 3 s. 2.048 linhas até agora. Esc cancela."
+QString lineFor(const host::Wait& wait) {
+  const QLocale locale(QLocale::Portuguese, QLocale::Brazil);
+  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(wait.Elapsed).count();
+  QString text = QStringLiteral("Aguardando o banco de dados há %1 s. ").arg(seconds);
+  if (wait.Rows == 1) text += QStringLiteral("1 linha até agora. ");
+  if (wait.Rows > 1)
+    text += QStringLiteral("%1 linhas até agora. ").arg(locale.toString(wait.Rows));
+  return text + QStringLiteral("Esc cancela.");
+}
+
+}  // namespace
+
+WaitView::WaitView() = default;
+
+WaitView::~WaitView() { Over(); }
+
+bool WaitView::Pass(const host::Wait& wait) {
+  if (!input_) {
+    input_ = std::make_unique<WaitInput>();
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  }
+  if (wait.Elapsed >= kSilence) showLine(wait);
+  QCoreApplication::processEvents(QEventLoop::AllEvents, kStep);
+  return input_ && input_->takeEscape();
+}
+
+void WaitView::Over() {
+  delete line_;
+  if (!input_) return;
+  QGuiApplication::restoreOverrideCursor();
+  input_.reset();
+}
+
+// On the lower edge of the window in front.
+void WaitView::showLine(const host::Wait& wait) {
+  QWidget* const window = windowInFront();
+  if (!line_ && !window) return;
+  if (!line_) {
+    line_ = new QLabel(window);
+    line_->setObjectName(QStringLiteral("tessariaWait"));
+    line_->setAutoFillBackground(true);
+    line_->setBackgroundRole(QPalette::ToolTipBase);
+    line_->setForegroundRole(QPalette::ToolTipText);
+    line_->setFrameStyle(QFrame::Box | QFrame::Plain);
+    line_->setMargin(line_->fontMetrics().averageCharWidth());
+  }
+  const QString text = lineFor(wait);
+  if (line_->text() != text) line_->setText(text);
+  line_->setAccessibleName(text);
+  const QWidget* const parent = line_->parentWidget();
+  line_->resize(std::min(line_->sizeHint().width(), parent->width()), line_->sizeHint().height());
+  line_->move((parent->width() - line_->width()) / 2, parent->height() - line_->height());
+  line_->show();
+  line_->raise();
+}
+
+}  // namespace tessaria::qt

@@ -1,0 +1,164 @@
+// Windows while a statement waits for what somebody else has locked.
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QTimer>
+
+#include "tessaria/conversion.h"
+#include "tests/qt/completion_fixture.h"
+
+namespace tessaria::qt::tests {
+namespace {
+
+// Counts how often it is painted.
+class Painted final : public QWidget {
+ public:
+  int times = 0;
+
+ protected:
+  void paintEvent(QPaintEvent*) override { ++times; }
+};
+
+class WaitingWindow : public CompletionFixture {
+ protected:
+  void SetUp() override {
+    CompletionFixture::SetUp();
+    if (IsSkipped()) return;
+    showCity();
+    rows_ = connection_->OpenRecordset(u"select * from cidades order by codigo",
+                                       host::CursorType::Static, host::LockType::Optimistic, -1);
+    rows_->Fields().Item(u"nome")->Value(u"Santos Dumont");
+    other_ = odbc::CreateConnection();
+    other_->ConnectionString(cluster().ConnectionString());
+    other_->Open();
+    other_->BeginTrans();
+    other_->Execute(u"update cidades set uf = 'XX' where codigo = '00001'");
+  }
+  void TearDown() override {
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    if (other_) other_->Close();
+    rows_.reset();
+    CompletionFixture::TearDown();
+  }
+
+  // Acts so many milliseconds after the wait began.
+  void after(int milliseconds, const std::function<void()>& act) {
+    QTimer::singleShot(milliseconds, window_.get(), act);
+  }
+  void escapeAfter(int milliseconds) {
+    after(milliseconds, [this] { queueKey(Qt::Key_Escape); });
+  }
+  QLabel* line() const { return window_->findChild<QLabel*>(QStringLiteral("tessariaWait")); }
+  // Writes the edit, which waits, and returns the number of its error; 0 for none.
+  Long write() {
+    try {
+      rows_->Update();
+      return 0;
+    } catch (const HostError& error) {
+      return error.Number();
+    }
+  }
+
+  host::ConnectionPtr other_;
+  host::RecordsetPtr rows_;
+};
+
+TEST_F(WaitingWindow, RepaintsAndEscapeGivesUp) {
+  auto* painted = add(new Painted, QStringLiteral("pintado"));
+  painted->setMinimumSize(20, 20);
+  painted->show();
+  settleAll();
+  int before = 0;
+  after(300, [&] {
+    before = painted->times;
+    painted->update();
+  });
+  after(600, [&] {
+    EXPECT_GT(painted->times, before);
+    ASSERT_TRUE(QGuiApplication::overrideCursor());
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    EXPECT_FALSE(line());
+  });
+  escapeAfter(700);
+  QElapsedTimer timer;
+  timer.start();
+  EXPECT_EQ(write(), errors::Cancelled);
+  EXPECT_LT(timer.elapsed(), 3000);
+  EXPECT_EQ(rows_->EditMode(), host::EditMode::InProgress);
+  EXPECT_EQ(CStr(rows_->Fields().Item(u"nome")->Value()), u"Santos Dumont");
+  other_->RollbackTrans();
+  EXPECT_EQ(write(), 0);
+}
+
+TEST_F(WaitingWindow, LineTellsHowLongTheWaitHasLasted) {
+  after(2300, [this] {
+    ASSERT_TRUE(line());
+    EXPECT_TRUE(line()->isVisible());
+    EXPECT_EQ(line()->text(), QStringLiteral("Aguardando o banco de dados há 2 s. Esc cancela."));
+    EXPECT_EQ(line()->accessibleName(), line()->text());
+    EXPECT_TRUE(window_->rect().contains(line()->geometry()));
+  });
+  escapeAfter(2400);
+  EXPECT_EQ(write(), errors::Cancelled);
+  EXPECT_FALSE(line());
+}
+
+TEST_F(WaitingWindow, KeysTypedMeanwhileComeAfterwards) {
+  after(300, [this] { queueText(QStringLiteral("Ub")); });
+  after(400, [this] { EXPECT_EQ(box().text(), QString()); });
+  escapeAfter(500);
+  EXPECT_EQ(write(), errors::Cancelled);
+  settleAll();
+  expectBox(QStringLiteral("Ub"), QStringLiteral("eraba"));
+}
+
+TEST_F(WaitingWindow, MouseDoesNothing) {
+  int clicks = 0;
+  QObject::connect(button_, &QPushButton::clicked, [&] { ++clicks; });
+  after(300, [this] { QTest::mouseClick(button_, Qt::LeftButton); });
+  escapeAfter(400);
+  EXPECT_EQ(write(), errors::Cancelled);
+  settleAll();
+  EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(WaitingWindow, ClosingWaits) {
+  after(300, [this] { EXPECT_FALSE(window_->close()); });
+  after(400, [this] { EXPECT_TRUE(window_->isVisible()); });
+  escapeAfter(500);
+  EXPECT_EQ(write(), errors::Cancelled);
+  EXPECT_TRUE(window_->isVisible());
+  settleAll();
+  EXPECT_FALSE(window_->isVisible());
+}
+
+TEST_F(WaitingWindow, StatementOfATimerIsRefused) {
+  Long number = 0;
+  after(300, [&] {
+    try {
+      connection_->Execute(u"select 1");
+    } catch (const HostError& error) {
+      number = error.Number();
+    }
+  });
+  escapeAfter(400);
+  EXPECT_EQ(write(), errors::Cancelled);
+  EXPECT_EQ(number, errors::StillExecuting);
+}
+
+TEST_F(WaitingWindow, WindowThatATimerOpensHasItsInput) {
+  BoxKeeper boxes;
+  after(300, [] { App().ShowMessageBox(0, u"Aviso", 0, u"Teste"); });
+  escapeAfter(800);
+  EXPECT_EQ(write(), errors::Cancelled);
+  EXPECT_EQ(boxes.takeTexts(), QStringList(QStringLiteral("Aviso")));
+}
+
+TEST_F(WaitingWindow, RowThatComesFreeIsWritten) {
+  after(500, [this] { other_->Execute(u"rollback"); });
+  EXPECT_EQ(write(), 0);
+  const auto stored = other_->Execute(u"select nome from cidades where codigo = '00001'");
+  EXPECT_EQ(CStr(stored->Fields().Item(0)->Value()), u"Santos Dumont");
+}
+
+}  // namespace
+}  // namespace tessaria::qt::tests
