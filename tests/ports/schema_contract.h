@@ -184,4 +184,19 @@ TEST_P(SchemaContract, TimeOutIsSetWhileClosed) {
   EXPECT_EQ(connection_->State(), host::state::Open);
 }
 
+TEST_P(SchemaContract, BoundsOfStatementsAreSetAtAnyTime) {
+  EXPECT_EQ(connection_->CommandTimeout(), 30);
+  EXPECT_EQ(connection_->LockTimeout(), 10);
+  EXPECT_HOST_ERROR(connection_->CommandTimeout(-1), 3001);
+  EXPECT_HOST_ERROR(connection_->LockTimeout(-1), 3001);
+  connection_->CommandTimeout(0);
+  connection_->LockTimeout(2);
+  connection_->Close();
+  EXPECT_EQ(connection_->CommandTimeout(), 0);
+  EXPECT_EQ(connection_->LockTimeout(), 2);
+  connection_->Open();
+  EXPECT_EQ(connection_->CommandTimeout(), 0);
+  EXPECT_EQ(connection_->LockTimeout(), 2);
+}
+
 }  // namespace tessaria::contract

@@ -200,6 +200,19 @@ TEST(Settings, AreThoseOfTheDatabase) {
   EXPECT_TRUE(SettingsOf(Dialect::Other).empty());
 }
 
+TEST(Settings, BoundsOfStatementsAreThoseOfTheDatabase) {
+  EXPECT_EQ(TimeoutSettings(Dialect::PostgreSql, 30, 10),
+            u"SET statement_timeout = 30000; SET lock_timeout = 10000");
+  EXPECT_EQ(TimeoutSettings(Dialect::PostgreSql, 0, 0),
+            u"SET statement_timeout = 0; SET lock_timeout = 0");
+  EXPECT_EQ(TimeoutSettings(Dialect::PostgreSql, 2147483647, 3000000),
+            u"SET statement_timeout = 2147483647; SET lock_timeout = 2147483647");
+  EXPECT_EQ(TimeoutSettings(kServer, 30, 10), u"SET LOCK_TIMEOUT 10000");
+  EXPECT_EQ(TimeoutSettings(kServer, 30, 0), u"SET LOCK_TIMEOUT -1");
+  EXPECT_EQ(TimeoutSettings(kAccess, 30, 10), u"");
+  EXPECT_EQ(TimeoutSettings(Dialect::Other, 30, 10), u"");
+}
+
 TEST(GivenKey, IsObtainedInTheWayOfEachDatabase) {
   EXPECT_EQ(GivenKeyOf(Dialect::PostgreSql), GivenKey::Returned);
   EXPECT_EQ(GivenKeyOf(kServer), GivenKey::SameBatch);

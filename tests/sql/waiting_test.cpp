@@ -73,13 +73,6 @@ TEST_F(WaitingTest, BoundsHaveDefaultsAndCanBeSet) {
   EXPECT_SAME(Scalar(u"show lock_timeout"), u"3s");
 }
 
-TEST_F(WaitingTest, NegativeBoundIsRefused) {
-  EXPECT_HOST_ERROR(connection_->CommandTimeout(-1), errors::InvalidCriteria);
-  EXPECT_HOST_ERROR(connection_->LockTimeout(-1), errors::InvalidCriteria);
-  EXPECT_EQ(connection_->CommandTimeout(), 30);
-  EXPECT_EQ(connection_->LockTimeout(), 10);
-}
-
 TEST_F(WaitingTest, StatementThatTakesTooLongIsGivenUp) {
   connection_->CommandTimeout(1);
   const auto start = Clock::now();
