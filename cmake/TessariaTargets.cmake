@@ -101,9 +101,10 @@ function(tessaria_test_support name)
   tessaria_test_options(${name})
 endfunction()
 
-# tessaria_test(NAME SOURCES source... LIBRARIES library...): one test program.
+# tessaria_test(NAME SOURCES source... LIBRARIES library... [DRIVERS driver...]): one test program,
+# run once, or once with each driver of databases as the test NAME_<driver>.
 function(tessaria_test name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;ENVIRONMENT;DRIVERS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE tessaria_settings ${arg_LIBRARIES} GTest::gtest GTest::gmock)
   tessaria_test_options(${name})
@@ -114,6 +115,13 @@ function(tessaria_test name)
   endif()
   tessaria_test_headers(${headers})
   target_precompile_headers(${name} REUSE_FROM ${headers})
-  add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT "${arg_ENVIRONMENT}")
+  if(NOT arg_DRIVERS)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT "${arg_ENVIRONMENT}")
+  endif()
+  foreach(driver ${arg_DRIVERS})
+    add_test(NAME ${name}_${driver} COMMAND ${name})
+    set_tests_properties(${name}_${driver} PROPERTIES
+      TIMEOUT 600 ENVIRONMENT "TESSARIA_DRIVER=${driver};${arg_ENVIRONMENT}")
+  endforeach()
 endfunction()

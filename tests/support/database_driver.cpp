@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "tessaria/odbc/connection.h"
+#include "tessaria/postgres/connection.h"
 
 namespace tessaria::test {
 namespace {
@@ -14,7 +15,8 @@ struct Driver {
   host::ConnectionPtr (*create)();
 };
 
-constexpr Driver kDrivers[] = {{"odbc", odbc::CreateConnection}};
+constexpr Driver kDrivers[] = {{"odbc", odbc::CreateConnection},
+                               {"postgres", postgres::CreateConnection}};
 
 const Driver& ChosenDriver() {
   const char* const name = std::getenv("TESSARIA_DRIVER");

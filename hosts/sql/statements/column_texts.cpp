@@ -14,6 +14,8 @@ bool AnyAsText(const Columns& columns) {
 
 String AsArrivingText(const Column& column, const String& name) {
   if (!column.asText) return name;
+  // Its cast adds a mask that its own text does not have.
+  if (column.typeName == u"inet") return u"textin(inet_out(" + name + u"))";
   // A moment with a zone is converted to the zone of the session.
   const bool isMoment = column.storage == Storage::Moment;
   return u"cast(" + (isMoment ? u"cast(" + name + u" as timestamp)" : name) + u" as text)";

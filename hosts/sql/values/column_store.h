@@ -27,6 +27,8 @@ class TESSARIA_SQL_API ColumnStore {
     AppendBytes(column, &value, sizeof value);
   }
   void AppendText(std::size_t column, std::u16string_view text);
+  /// The same of a text that is UTF-8 already.
+  void AppendUtf8(std::size_t column, std::string_view text);
   void AppendNull(std::size_t column);
   /// Appends a cell whose value the column's storage cannot hold, such as an infinite date.
   void AppendKept(std::size_t column, std::u16string_view text);
@@ -84,7 +86,6 @@ class TESSARIA_SQL_API ColumnStore {
 
   Chunk& Room(Data& data);
   void AppendBytes(std::size_t column, const void* value, std::size_t size);
-  void AppendUtf8(std::size_t column, std::string_view text);
   void CopyFixed(std::uint32_t row, std::size_t column, void* value, std::size_t size) const;
   const Chunk& ChunkOf(std::uint32_t row, std::size_t column) const;
 

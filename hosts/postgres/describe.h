@@ -1,0 +1,13 @@
+// The columns of a result.
+#pragma once
+
+#include "hosts/postgres/wire.h"
+#include "hosts/sql/values/column.h"
+
+namespace tessaria::postgres {
+
+/// Asks the server, between the results of a batch, of which tables the columns are. Nothing of it
+/// is remembered: tables change. Empty for a result that gives no rows.
+sql::Columns DescribeColumns(Wire& wire, const PGresult* result);
+
+}  // namespace tessaria::postgres

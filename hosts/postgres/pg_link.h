@@ -1,0 +1,35 @@
+// One connection to a PostgreSQL server.
+#pragma once
+
+#include <memory>
+
+#include "hosts/postgres/wire.h"
+#include "hosts/sql/driver/link.h"
+
+namespace tessaria::postgres {
+
+class PgLink final : public sql::Link {
+ public:
+  PgLink(const String& connectionString, Long timeout);
+
+  sql::ServerFacts Facts() override;
+  sql::StatementPtr NewStatement() override;
+  bool IsLost() const noexcept override { return wire_->IsLost(); }
+  void Begin() override { wire_->Ask("BEGIN"); }
+  void Commit() override;
+  void Rollback() override { End("ROLLBACK"); }
+  bool RunsBesideRows() const noexcept override { return true; }
+  StringView CursorKind() const noexcept override { return u"BINARY "; }
+
+  std::vector<sql::TableFacts> Tables(const host::SchemaRestrictions& asked) override;
+  std::vector<sql::ColumnFacts> TableColumns(const host::SchemaRestrictions& asked) override;
+  std::optional<std::vector<sql::KeyPart>> PrimaryKey(const sql::TablePlace& table) override;
+  std::vector<sql::KeyPart> UniqueIndexes(const sql::TablePlace& table) override;
+
+ private:
+  Result End(const char* command);
+
+  std::shared_ptr<Wire> wire_;
+};
+
+}  // namespace tessaria::postgres

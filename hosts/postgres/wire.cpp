@@ -1,0 +1,154 @@
+#include "hosts/postgres/wire.h"
+
+#include <utility>
+
+namespace tessaria::postgres {
+namespace {
+
+// Dates and numbers arrive in the form that this layer reads, whatever the database is set to.
+constexpr const char* kSettings =
+    "SET DateStyle = 'ISO'; SET extra_float_digits = 3; SET bytea_output = 'hex'";
+
+// The later of two equal keywords counts: the program's own time-out may replace the general one.
+std::vector<std::pair<std::string, std::string>> AllPairs(const ConnectionOptions& options,
+                                                          Long timeout) {
+  std::vector<std::pair<std::string, std::string>> pairs;
+  if (timeout > 0) pairs.emplace_back("connect_timeout", std::to_string(timeout));
+  pairs.insert(pairs.end(), options.pairs.begin(), options.pairs.end());
+  pairs.emplace_back("client_encoding", "UTF8");
+  return pairs;
+}
+
+PGconn* Connect(const ConnectionOptions& options, Long timeout) {
+  const auto pairs = AllPairs(options, timeout);
+  std::vector<const char*> names, values;
+  for (const auto& [name, value] : pairs) {
+    names.push_back(name.c_str());
+    values.push_back(value.c_str());
+  }
+  names.push_back(nullptr);
+  values.push_back(nullptr);
+  return PQconnectdbParams(names.data(), values.data(), options.isWhole ? 1 : 0);
+}
+
+// The library tells no SQLSTATE of a connection that could not be opened.
+constexpr const char* kRefusalState = "08001";
+
+// Ends a transfer of table data, which a program cannot take part in through this layer.
+void EndCopy(PGconn* connection, ExecStatusType status) {
+  if (status == PGRES_COPY_IN) PQputCopyEnd(connection, "COPY");
+  char* line = nullptr;
+  while (status == PGRES_COPY_OUT && PQgetCopyData(connection, &line, 0) > 0) PQfreemem(line);
+}
+
+bool IsCopy(const PGresult* result) {
+  const ExecStatusType status = PQresultStatus(result);
+  return status == PGRES_COPY_IN || status == PGRES_COPY_OUT;
+}
+
+}  // namespace
+
+Wire::Wire(const ConnectionOptions& options, Long timeout)
+    : connection_(Connect(options, timeout)) {
+  if (PQstatus(Get()) != CONNECTION_OK) throw ConnectionError(Get(), kRefusalState);
+  PQsetNoticeProcessor(
+      Get(), [](void*, const char*) {}, nullptr);
+  for (const std::string& text : {std::string(kSettings), options.statements}) {
+    if (text.empty()) continue;
+    const Result result(PQexec(Get(), text.c_str()));
+    RequireSound(result.get());
+  }
+}
+
+void Wire::Fail(const DriverError& error) {
+  lost_ = lost_ || error.IsConnectionLoss() || PQstatus(Get()) == CONNECTION_BAD;
+  throw error;
+}
+
+void Wire::RequireSound(const PGresult* result) {
+  if (result == nullptr || IsError(result)) Fail(ErrorOf(Get(), result));
+  if (IsCopy(result)) {
+    Fail({"0A000", u"O comando COPY só funciona entre o servidor e os arquivos dele."});
+  }
+}
+
+void Wire::Settle() {
+  if (underWay_ == nullptr) return;
+  Batch& batch = *underWay_;
+  batch.KeepRest();
+  if (batch.failure_) throw DriverError(*batch.failure_);
+}
+
+Result Wire::Ask(const std::string& text, const Values& values) {
+  Settle();
+  std::vector<const char*> texts;
+  for (const auto& value : values) texts.push_back(value ? value->c_str() : nullptr);
+  Result result(PQexecParams(Get(), text.c_str(), static_cast<int>(texts.size()), nullptr,
+                             texts.data(), nullptr, nullptr, 0));
+  RequireSound(result.get());
+  return result;
+}
+
+void Wire::Send(Batch& batch, const std::string& text) {
+  if (PQsendQuery(Get(), text.c_str()) == 0) Fail(ErrorOf(Get(), nullptr));
+  underWay_ = &batch;
+}
+
+// The next result of the batch under way; a null pointer when there is none and the connection is
+// free.
+Result Wire::Receive() noexcept {
+  Result result(PQgetResult(Get()));
+  if (result == nullptr) underWay_ = nullptr;
+  if (IsCopy(result.get())) EndCopy(Get(), PQresultStatus(result.get()));
+  return result;
+}
+
+void Wire::Discard() noexcept {
+  while (Receive() != nullptr) continue;
+  lost_ = lost_ || PQstatus(Get()) == CONNECTION_BAD;
+}
+
+// An error ends the whole batch.
+Result Wire::Take() {
+  Result result = Receive();
+  if (result == nullptr) return result;
+  try {
+    RequireSound(result.get());
+  } catch (...) {
+    Discard();
+    throw;
+  }
+  return result;
+}
+
+void Batch::Send(const std::string& text) {
+  Drop();
+  wire_->Settle();
+  wire_->Send(*this, text);
+}
+
+Result Batch::Next() {
+  if (!kept_.empty()) {
+    Result result = std::move(kept_.front());
+    kept_.pop_front();
+    return result;
+  }
+  if (failure_) throw DriverError(*std::exchange(failure_, std::nullopt));
+  return wire_->underWay_ == this ? wire_->Take() : nullptr;
+}
+
+void Batch::KeepRest() {
+  try {
+    while (Result result = wire_->Take()) kept_.push_back(std::move(result));
+  } catch (const DriverError& error) {
+    failure_ = error;
+  }
+}
+
+void Batch::Drop() noexcept {
+  kept_.clear();
+  failure_.reset();
+  if (wire_->underWay_ == this) wire_->Discard();
+}
+
+}  // namespace tessaria::postgres

@@ -1,0 +1,83 @@
+// One connection of the client library, on which the results of one text at a time arrive.
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "hosts/postgres/connection_text.h"
+#include "hosts/postgres/pg_result.h"
+
+namespace tessaria::postgres {
+
+class Batch;
+
+/// Values of a statement's parameters in UTF-8; nothing for Null.
+using Values = std::vector<std::optional<std::string>>;
+
+/// Open from its making to its end. A failed call raises a `DriverError`.
+class Wire {
+ public:
+  /// `timeout` is in seconds, 0 for the library's own.
+  Wire(const ConnectionOptions& options, Long timeout);
+  Wire(const Wire&) = delete;
+  Wire& operator=(const Wire&) = delete;
+
+  PGconn* Get() const { return connection_.get(); }
+  /// Whether the server or the way to it was found to be gone.
+  bool IsLost() const noexcept { return lost_; }
+
+  /// Takes the results that a batch still expects, so that something else can be sent. The batch
+  /// keeps them for its reader, and a failure among them too. It is raised here as well: it has
+  /// harmed the transaction that both share.
+  void Settle();
+  /// Settles, runs one statement and returns its result.
+  Result Ask(const std::string& text, const Values& values = {});
+
+ private:
+  friend class Batch;
+
+  struct End {
+    void operator()(PGconn* connection) const noexcept { PQfinish(connection); }
+  };
+
+  void Send(Batch& batch, const std::string& text);
+  Result Take();
+  Result Receive() noexcept;
+  void Discard() noexcept;
+  [[noreturn]] void Fail(const DriverError& error);
+  void RequireSound(const PGresult* result);
+
+  std::unique_ptr<PGconn, End> connection_;
+  Batch* underWay_ = nullptr;
+  bool lost_ = false;
+};
+
+/// The results of one sent text, each taken when it is asked for. Belongs to one statement.
+class Batch {
+ public:
+  explicit Batch(std::shared_ptr<Wire> wire) : wire_(std::move(wire)) {}
+  Batch(const Batch&) = delete;
+  Batch& operator=(const Batch&) = delete;
+  ~Batch() { Drop(); }
+
+  /// Settles and sends another text; what is left of the one before is given up.
+  void Send(const std::string& text);
+  /// The next result, or a null pointer at the end.
+  Result Next();
+  /// Gives up what has not been taken.
+  void Drop() noexcept;
+
+ private:
+  friend class Wire;
+
+  void KeepRest();
+
+  std::shared_ptr<Wire> wire_;
+  std::deque<Result> kept_;
+  std::optional<DriverError> failure_;  // comes after what is kept
+};
+
+}  // namespace tessaria::postgres
