@@ -15,10 +15,14 @@ class PgLink final : public sql::Link {
   sql::ServerFacts Facts() override;
   sql::StatementPtr NewStatement() override;
   bool IsLost() const noexcept override { return wire_->IsLost(); }
+  /// The server bounds the time of its statements itself.
+  void StatementTimeout(Long) override {}
+  void Cancel() noexcept override { wire_->Cancel(); }
   void Begin() override { wire_->Ask("BEGIN"); }
   void Commit() override;
   void Rollback() override { End("ROLLBACK"); }
   bool RunsBesideRows() const noexcept override { return true; }
+  bool RowsArriveWithRun() const noexcept override { return false; }
   StringView CursorKind() const noexcept override { return u"BINARY "; }
 
   std::vector<sql::TableFacts> Tables(const host::SchemaRestrictions& asked) override;

@@ -27,7 +27,7 @@ bool ReadsBackslashes(const PGconn* connection) {
 
 void PgStatement::StandOn(Result result) {
   result_ = std::move(result);
-  isRead_ = false;
+  isFetched_ = false;
 }
 
 void PgStatement::Run(const String& text) {
@@ -54,14 +54,16 @@ void PgStatement::Bind(const sql::Columns& columns) {
   }
 }
 
-std::uint32_t PgStatement::Read(sql::ColumnStore& store) {
-  if (isRead_) return 0;
-  isRead_ = true;
-  const auto rows = static_cast<std::uint32_t>(PQntuples(result_.get()));
-  if (rows == 0) return 0;
+// The rows have arrived with their result.
+std::uint32_t PgStatement::Fetch() {
+  if (isFetched_) return 0;
+  isFetched_ = true;
+  return static_cast<std::uint32_t>(PQntuples(result_.get()));
+}
+
+void PgStatement::Take(sql::ColumnStore& store) {
   for (int column = 0; column < PQnfields(result_.get()); ++column) AppendColumn(store, column);
-  store.EndRows(rows);
-  return rows;
+  store.EndRows(static_cast<std::uint32_t>(PQntuples(result_.get())));
 }
 
 // A column that was asked for as a text arrives with the type of texts.

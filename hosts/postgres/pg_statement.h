@@ -20,7 +20,8 @@ class PgStatement final : public sql::Statement {
   std::int64_t RunWith(const String& text, const std::vector<sql::Parameter>& values) override;
   sql::Columns Describe() override;
   void Bind(const sql::Columns& columns) override;
-  std::uint32_t Read(sql::ColumnStore& store) override;
+  std::uint32_t Fetch() override;
+  void Take(sql::ColumnStore& store) override;
   bool NextResult() override;
 
  private:
@@ -30,7 +31,7 @@ class PgStatement final : public sql::Statement {
   std::shared_ptr<Wire> wire_;
   Batch batch_;
   Result result_;
-  bool isRead_ = false;  // whether the rows of the present result have been taken
+  bool isFetched_ = false;  // whether the rows of the present result were announced
   std::vector<sql::ArrivingForm> forms_;
 };
 

@@ -51,6 +51,7 @@ bool IsCopy(const PGresult* result) {
 Wire::Wire(const ConnectionOptions& options, Long timeout)
     : connection_(Connect(options, timeout)) {
   if (PQstatus(Get()) != CONNECTION_OK) throw ConnectionError(Get(), kRefusalState);
+  cancel_.reset(PQgetCancel(Get()));
   PQsetNoticeProcessor(
       Get(), [](void*, const char*) {}, nullptr);
   for (const std::string& text : {std::string(kSettings), options.statements}) {
@@ -60,8 +61,14 @@ Wire::Wire(const ConnectionOptions& options, Long timeout)
   }
 }
 
+// Returns when the server has told the process that runs the statement.
+void Wire::Cancel() noexcept {
+  char reason[256];
+  PQcancel(cancel_.get(), reason, sizeof reason);
+}
+
 void Wire::Fail(const DriverError& error) {
-  lost_ = lost_ || error.IsConnectionLoss() || PQstatus(Get()) == CONNECTION_BAD;
+  if (error.IsConnectionLoss() || PQstatus(Get()) == CONNECTION_BAD) lost_ = true;
   throw error;
 }
 
@@ -105,7 +112,7 @@ Result Wire::Receive() noexcept {
 
 void Wire::Discard() noexcept {
   while (Receive() != nullptr) continue;
-  lost_ = lost_ || PQstatus(Get()) == CONNECTION_BAD;
+  if (PQstatus(Get()) == CONNECTION_BAD) lost_ = true;
 }
 
 // An error ends the whole batch.

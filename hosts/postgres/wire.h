@@ -1,6 +1,7 @@
 // One connection of the client library, on which the results of one text at a time arrive.
 #pragma once
 
+#include <atomic>
 #include <deque>
 #include <memory>
 #include <optional>
@@ -28,6 +29,8 @@ class Wire {
   PGconn* Get() const { return connection_.get(); }
   /// Whether the server or the way to it was found to be gone.
   bool IsLost() const noexcept { return lost_; }
+  /// Asks the server to give up what runs. The only call for another thread.
+  void Cancel() noexcept;
 
   /// Takes the results that a batch still expects, so that something else can be sent. The batch
   /// keeps them for its reader, and a failure among them too. It is raised here as well: it has
@@ -43,6 +46,10 @@ class Wire {
     void operator()(PGconn* connection) const noexcept { PQfinish(connection); }
   };
 
+  struct CancelEnd {
+    void operator()(PGcancel* cancel) const noexcept { PQfreeCancel(cancel); }
+  };
+
   void Send(Batch& batch, const std::string& text);
   Result Take();
   Result Receive() noexcept;
@@ -51,8 +58,9 @@ class Wire {
   void RequireSound(const PGresult* result);
 
   std::unique_ptr<PGconn, End> connection_;
+  std::unique_ptr<PGcancel, CancelEnd> cancel_;
   Batch* underWay_ = nullptr;
-  bool lost_ = false;
+  std::atomic<bool> lost_ = false;
 };
 
 /// The results of one sent text, each taken when it is asked for. Belongs to one statement.

@@ -46,12 +46,14 @@ const std::set<std::string> kStandardHeaders = Words(R"(
 const std::map<std::string, std::string> kHostLibraries = {
     {"hosts/memory", "(?!)"},
     {"hosts/odbc", R"(^(sql\w*|odbcinst)\.h$)"},
+    {"hosts/postgres", R"(^libpq-fe\.h$)"},
     {"hosts/qt", R"(^(Qt\w*/)?Q\w+$|^Qt$)"},
     {"hosts/sql", "(?!)"},
 };
 
 // The host that a driver of databases stands on.
-const std::map<std::string, std::string> kBases = {{"hosts/odbc", "hosts/sql"}};
+const std::map<std::string, std::string> kBases = {{"hosts/odbc", "hosts/sql"},
+                                                   {"hosts/postgres", "hosts/sql"}};
 
 // The rooms of each area that has any, bottom up: a room includes itself and lower ones. The empty
 // name is the area's own folder.
@@ -59,11 +61,11 @@ const std::map<std::string, std::vector<std::string>> kRooms = {
     {"control", {"", "storage"}},
     {"hosts/memory", {"", "dialogs"}},
     {"hosts/odbc", {""}},
+    {"hosts/postgres", {""}},
     {"hosts/qt",
      {"conversion", "boundary", "form", "focus", "keys", "data", "control", "dialogs", "program",
       "designer"}},
-    {"hosts/sql",
-     {"errors", "values", "statements", "driver", "session", "rows", "recordset", ""}},
+    {"hosts/sql", {"errors", "values", "statements", "driver", "session", "rows", "recordset", ""}},
 };
 
 // "include/tessaria/qt" for "hosts/qt".
@@ -199,6 +201,8 @@ TEST(IncludeRules, EachRuleReportsExactlyWhatItForbids) {
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "tests/support/b.h", false}, true},
       {ReachesOutOfAHost, {"hosts/sql/a.cpp", 1, "hosts/odbc/b.h", false}, true},
       {ReachesOutOfAHost, {"hosts/odbc/a.cpp", 1, "hosts/sql/b.h", false}, false},
+      {ReachesOutOfAHost, {"hosts/postgres/a.cpp", 1, "hosts/sql/b.h", false}, false},
+      {ReachesOutOfAHost, {"hosts/postgres/a.cpp", 1, "hosts/odbc/b.h", false}, true},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "tessaria/memory/form.h", false}, true},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "a.moc", false}, false},
       {ReachesOutOfAHost, {"hosts/qt/a.cpp", 1, "control/members.h", false}, false},
@@ -234,6 +238,8 @@ const std::map<std::string, std::string> kBases = {{"hosts/odbc", "hosts/sql"}};
       {IsForeignToAHost, {"hosts/qt/a.cpp", 1, "sql.h", true}, true},
       {IsForeignToAHost, {"hosts/memory/a.cpp", 1, "sql.h", true}, true},
       {IsForeignToAHost, {"hosts/odbc/a.cpp", 1, "sqlext.h", true}, false},
+      {IsForeignToAHost, {"hosts/postgres/a.cpp", 1, "libpq-fe.h", true}, false},
+      {IsForeignToAHost, {"hosts/postgres/a.cpp", 1, "sql.h", true}, true},
       {IsForeignToAHost, {"hosts/qt/a.cpp", 1, "QLineEdit", true}, false},
       {IsForeignToAHost, {"hosts/qt/a.cpp", 1, "QtDesigner/QExtensionFactory", true}, false},
       {IsNotFromTheRoot, {"runtime/a.cpp", 1, "text.h", false}, true},

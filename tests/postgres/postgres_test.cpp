@@ -22,7 +22,7 @@ class PostgresTest : public sql::test::DatabaseTest {
     statement.Bind(columns);
     sql::ColumnStore store(columns);
     std::vector<std::int32_t> numbers;
-    statement.Read(store);
+    if (statement.Fetch() > 0) statement.Take(store);
     for (std::uint32_t row = 0; row < store.RowCount(); ++row) {
       numbers.push_back(store.Fixed<std::int32_t>(row, 0));
     }

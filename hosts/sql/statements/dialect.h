@@ -1,7 +1,6 @@
 // The databases whose SQL dialects this layer knows.
 #pragma once
 
-#include "hosts/sql/export.h"
 #include "lookup/sql_scanner.h"
 #include "tessaria/export.h"
 
