@@ -1,5 +1,5 @@
-// Benchmark of one lookup and one step of a completion on a million rows, compared with the same
-// statement through bare ODBC and through the server's own client library.
+// Benchmark of one lookup and one step of a completion on a million rows, with each driver,
+// compared with the same statement through bare ODBC and through the server's own client library.
 //
 // The three take turns, so that other load on the machine affects all of them. The time of a case
 // is that of the library. The counters are computed from the medians of all turns: us is the
@@ -17,6 +17,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "hosts/odbc/handles.h"
@@ -28,6 +29,7 @@
 #include "tessaria/memory/text_box.h"
 #include "tessaria/memory/ts_text.h"
 #include "tessaria/odbc/connection.h"
+#include "tessaria/postgres/connection.h"
 #include "tessaria/text.h"
 #include "tessaria/thread_state.h"
 #include "tessaria/tstext.h"
@@ -145,10 +147,13 @@ class Libpq {
   std::unique_ptr<PGconn, void (*)(PGconn*)> connection_;
 };
 
+/// A function that makes a connection.
+using Driver = host::ConnectionPtr (*)();
+
 /// The environment that the library works in: a program without a screen, on the real connection.
 class Desk {
  public:
-  Desk() {
+  explicit Desk(Driver driver) : connection_(driver()) {
     connection_->ConnectionString(PostgresCluster::Shared().ConnectionString());
     connection_->Open();
     State().dbConexao = connection_;
@@ -165,7 +170,7 @@ class Desk {
 
  private:
   memory::Application app_;
-  host::ConnectionPtr connection_ = odbc::CreateConnection();
+  host::ConnectionPtr connection_;
 };
 
 // --- Measuring ----------------------------------------------------------------------------------
@@ -226,9 +231,9 @@ void Compare(benchmark::State& state, Desk& desk,
 
 // --- The cases ----------------------------------------------------------------------------------
 
-void FindDescription(benchmark::State& state) {
+void FindDescription(benchmark::State& state, Driver driver) {
   Provide();
-  Desk desk;
+  Desk desk(driver);
   Browse browse;
   browse.BrowseTable(u"clientes");
   browse.BrwCampo(u"codigo");
@@ -242,9 +247,9 @@ void FindDescription(benchmark::State& state) {
       });
 }
 
-void CompleteText(benchmark::State& state) {
+void CompleteText(benchmark::State& state, Driver driver) {
   Provide();
-  Desk desk;
+  Desk desk(driver);
   const auto names = SomeNames(*desk.Connection());
   const auto name = [&](int turn) { return names[std::size_t(turn) % names.size()]; };
   memory::TextBox box;
@@ -257,9 +262,9 @@ void CompleteText(benchmark::State& state) {
 }
 
 /// The key-up of a whole field with its key field: the completion, and the lookup of the key.
-void CompletePair(benchmark::State& state) {
+void CompletePair(benchmark::State& state, Driver driver) {
   Provide();
-  Desk desk;
+  Desk desk(driver);
   const auto names = SomeNames(*desk.Connection());
   const auto name = [&](int turn) { return names[std::size_t(turn) % names.size()]; };
   const auto form = memory::Form::Create(u"frmPedido");
@@ -293,9 +298,24 @@ void CompletePair(benchmark::State& state) {
 }
 
 constexpr int kTurns = 4000;
-BENCHMARK(FindDescription)->UseManualTime()->Iterations(kTurns)->Unit(benchmark::kMicrosecond);
-BENCHMARK(CompleteText)->UseManualTime()->Iterations(kTurns)->Unit(benchmark::kMicrosecond);
-BENCHMARK(CompletePair)->UseManualTime()->Iterations(kTurns)->Unit(benchmark::kMicrosecond);
+
+void Register(const std::string& name, void (*run)(benchmark::State&, Driver)) {
+  const std::pair<const char*, Driver> drivers[] = {{"odbc", odbc::CreateConnection},
+                                                    {"postgres", postgres::CreateConnection}};
+  for (const auto& [driverName, driver] : drivers) {
+    benchmark::RegisterBenchmark((name + "/" + driverName).c_str(), run, driver)
+        ->UseManualTime()
+        ->Iterations(kTurns)
+        ->Unit(benchmark::kMicrosecond);
+  }
+}
+
+const bool kRegistered = [] {
+  Register("FindDescription", FindDescription);
+  Register("CompleteText", CompleteText);
+  Register("CompletePair", CompletePair);
+  return true;
+}();
 
 }  // namespace
 }  // namespace tessaria::bench

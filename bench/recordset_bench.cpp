@@ -1,11 +1,12 @@
-// Benchmark of reading a large result through a record set, compared with the driver's own block
-// fetch.
+// Benchmark of reading a large result through a record set, with each driver, compared with the
+// ODBC driver's own block fetch and with a bare cursor of the server's client library.
 //
 // The bare readings keep only the current block; the record set holds all rows at the end.
 // Counters: first_ms and last_ms are the times to the first and the last row, peak_mb is the memory
 // in addition to what the process had. The ratios of the record set compare it with the better time
 // of the bare readings and with the bytes of the data.
 #include <benchmark/benchmark.h>
+#include <libpq-fe.h>
 #include <malloc.h>
 
 #include <algorithm>
@@ -14,12 +15,16 @@
 #include <cstdio>
 #include <fstream>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "hosts/odbc/handles.h"
 #include "hosts/odbc/wide.h"
 #include "tessaria/odbc/connection.h"
+#include "tessaria/postgres/connection.h"
+#include "tessaria/utf8.h"
 #include "tests/support/postgres_cluster.h"
 
 namespace tessaria::bench {
@@ -47,6 +52,7 @@ struct Sample {
 struct Results {
   Sample bare;
   Sample bareCursor;
+  Sample bareLibpq;
   double dataMb = 0;
 };
 
@@ -158,11 +164,40 @@ void BareBlockFetchWithDriverCursor(benchmark::State& state) {
       [](const auto& firstRow) { ReadBare(u"UseDeclareFetch=1;Fetch=1000;", firstRow); });
 }
 
-void RecordsetToTheLastRow(benchmark::State& state) {
+// A binary cursor, of which each FETCH is awaited before the next is sent.
+void ReadLibpq(const std::function<void()>& firstRow) {
+  const std::string settings =
+      "host=" + PostgresCluster::Shared().Folder() + " dbname=postgres user=postgres";
+  const std::unique_ptr<PGconn, void (*)(PGconn*)> link(PQconnectdb(settings.c_str()), PQfinish);
+  const auto run = [&](const std::string& text) {
+    std::unique_ptr<PGresult, void (*)(PGresult*)> result(PQexec(link.get(), text.c_str()),
+                                                          PQclear);
+    const ExecStatusType status = PQresultStatus(result.get());
+    if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) {
+      throw std::runtime_error("a libpq call failed");
+    }
+    return result;
+  };
+  run("begin; declare c binary no scroll cursor for " + ToUtf8(kStatement));
+  int rows = 0;
+  for (auto block = run("fetch 2048 from c"); PQntuples(block.get()) > 0;
+       block = run("fetch 2048 from c")) {
+    if (rows == 0) firstRow();
+    rows += PQntuples(block.get());
+  }
+  if (rows != kRows) throw std::runtime_error("rows are missing");
+}
+
+void BareLibpqCursor(benchmark::State& state) {
+  Provide();
+  Run(state, Best().bareLibpq, ReadLibpq);
+}
+
+void RecordsetToTheLastRow(benchmark::State& state, host::ConnectionPtr (*driver)()) {
   Provide();
   Sample best;
-  Run(state, best, [](const auto& firstRow) {
-    auto connection = odbc::CreateConnection();
+  Run(state, best, [&](const auto& firstRow) {
+    auto connection = driver();
     connection->ConnectionString(PostgresCluster::Shared().ConnectionString());
     connection->Open();
     const auto rows =
@@ -173,6 +208,7 @@ void RecordsetToTheLastRow(benchmark::State& state) {
   });
   state.counters["last_to_bare"] = best.lastMs / Best().bare.lastMs;
   state.counters["last_to_cursor"] = best.lastMs / Best().bareCursor.lastMs;
+  state.counters["last_to_libpq"] = best.lastMs / Best().bareLibpq.lastMs;
   state.counters["first_to_bare"] = best.firstMs / Best().bare.firstMs;
   state.counters["peak_to_bare"] = best.peakMb / Best().bare.peakMb;
   state.counters["peak_to_data"] = best.peakMb / Best().dataMb;
@@ -184,7 +220,15 @@ BENCHMARK(BareBlockFetchWithDriverCursor)
     ->UseManualTime()
     ->Iterations(7)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK(RecordsetToTheLastRow)->UseManualTime()->Iterations(7)->Unit(benchmark::kMillisecond);
+BENCHMARK(BareLibpqCursor)->UseManualTime()->Iterations(7)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(RecordsetToTheLastRow, odbc, odbc::CreateConnection)
+    ->UseManualTime()
+    ->Iterations(7)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(RecordsetToTheLastRow, postgres, postgres::CreateConnection)
+    ->UseManualTime()
+    ->Iterations(7)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tessaria::bench

@@ -21,6 +21,8 @@ class OdbcStatement final : public sql::Statement {
   std::uint32_t Fetch() override;
   void Take(sql::ColumnStore& store) override { reader_->Take(store); }
   bool NextResult() override;
+  /// Of a batch, the driver takes in everything at once.
+  void KeepRest() override {}
 
   /// The first column of the first row of the present result, a short text; empty when there is
   /// none.

@@ -23,6 +23,7 @@ class PgStatement final : public sql::Statement {
   std::uint32_t Fetch() override;
   void Take(sql::ColumnStore& store) override;
   bool NextResult() override;
+  void KeepRest() override { batch_.KeepRest(); }
 
  private:
   void StandOn(Result result);

@@ -145,6 +145,7 @@ Result Batch::Next() {
 }
 
 void Batch::KeepRest() {
+  if (wire_->underWay_ != this) return;
   try {
     while (Result result = wire_->Take()) kept_.push_back(std::move(result));
   } catch (const DriverError& error) {

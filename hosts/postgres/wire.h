@@ -75,13 +75,13 @@ class Batch {
   void Send(const std::string& text);
   /// The next result, or a null pointer at the end.
   Result Next();
+  /// Takes in what is still to come, for `Next`.
+  void KeepRest();
   /// Gives up what has not been taken.
   void Drop() noexcept;
 
  private:
   friend class Wire;
-
-  void KeepRest();
 
   std::shared_ptr<Wire> wire_;
   std::deque<Result> kept_;

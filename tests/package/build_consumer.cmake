@@ -13,7 +13,7 @@ file(MAKE_DIRECTORY ${WORK})
 if(SUBDIRECTORY)
   set(COMPONENTS Core)
   # Only the build is tested here, not how the result runs.
-  set(where -DTESSARIA_SUBDIRECTORY=${SOURCE} -DTESSARIA_QT=OFF -DTESSARIA_ODBC=OFF
+  set(where -DTESSARIA_SUBDIRECTORY=${SOURCE} -DTESSARIA_QT=OFF -DTESSARIA_ODBC=OFF -DTESSARIA_POSTGRES=OFF
       -DCMAKE_BUILD_TYPE=Debug -DCMAKE_UNITY_BUILD=ON)
 else()
   run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/stage)

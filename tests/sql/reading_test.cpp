@@ -1,4 +1,7 @@
 // Rows that arrive while they are used.
+#include <chrono>
+#include <thread>
+
 #include "tests/sql/database_test.h"
 
 namespace tessaria::sql::test {
@@ -176,6 +179,15 @@ TEST_F(ReadingTest, CloseOfTheConnectionLeavesTheRowsComplete) {
   const auto rows = Read(u"select * from t order by codigo");
   connection_->Close();
   ExpectAllRows(rows);
+}
+
+// The server prepares rows in advance; while nobody takes them, its clock of statements runs.
+TEST_F(ReadingTest, RowsThatWaitForTheirReaderDoNotTimeOut) {
+  connection_->CommandTimeout(1);
+  const auto rows = Read(u"select n, repeat('x', 4000) as v from generate_series(1, 20000) n");
+  rows->AbsolutePosition(3000);
+  std::this_thread::sleep_for(std::chrono::seconds(2));
+  EXPECT_EQ(rows->RecordCount(), kRows);
 }
 
 TEST_F(ReadingTest, LongTextsAreReadWhole) {

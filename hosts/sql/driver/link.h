@@ -39,6 +39,10 @@ class TESSARIA_SQL_API Statement {
   virtual void Take(ColumnStore& store) = 0;
   /// To the next result of a batch. False when there is none.
   virtual bool NextResult() = 0;
+  /// Takes in the results of a batch that are still to come, as far as `Run` has not, so that the
+  /// server need not wait for their reader: the time of its statements runs while it waits. A
+  /// failure among them is raised where it stands.
+  virtual void KeepRest() = 0;
 };
 
 using StatementPtr = std::unique_ptr<Statement>;

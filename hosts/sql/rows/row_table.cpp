@@ -45,6 +45,7 @@ bool RowTable::Reach(std::uint32_t number) {
   const Patience::Request request(session_->Waits());
   while (number >= read_->RowCount() && ReadBlock()) {
   }
+  if (stream_) stream_->KeepRest();
   if (number < read_->RowCount()) return true;
   if (failure_) std::rethrow_exception(failure_);
   return false;

@@ -95,7 +95,7 @@ void RowStream::OpenCursor(const String& text) {
   if (ownTransaction_) session_.BeginReading();
   session_.Execute(*statement_, Declaration(session_, text) + u"\n; FETCH 0 FROM tessaria_rows");
   session_.NextResult(*statement_);
-  columns_ = statement_->Describe();
+  columns_ = session_.Describe(*statement_);
   if (AnyAsText(columns_)) {
     session_.Execute(*statement_, u"CLOSE tessaria_rows; " +
                                       Declaration(session_, WithColumnsAsTexts(columns_, text)));
@@ -106,7 +106,7 @@ void RowStream::OpenCursor(const String& text) {
 void RowStream::RunWhole(const StatementFacts& facts) {
   const auto execute = [&] { session_.Execute(*statement_, facts.text); };
   facts.isPlainQuery ? execute() : InDoubtWhenLost(session_, kMayBeExecuted, execute);
-  columns_ = statement_->Describe();
+  columns_ = session_.Describe(*statement_);
   if (!facts.isSmallQuery || !AnyAsText(columns_)) return;
   session_.Execute(*statement_, WithColumnsAsTexts(columns_, facts.text));
 }
@@ -142,6 +142,10 @@ bool RowStream::Read(ColumnStore& store) {
     Abandon();
     throw;
   }
+}
+
+void RowStream::KeepRest() {
+  if (statement_ && cursor_) session_.KeepRest(*statement_);
 }
 
 // The side effects of the query's functions are kept, even when not all rows were read.

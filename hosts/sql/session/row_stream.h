@@ -29,6 +29,8 @@ class RowStream {
   const Columns& StatementColumns() const { return columns_; }
   /// Appends the next block. Returns false when there is none; the statement is finished then.
   bool Read(ColumnStore& store);
+  /// Before a pause of unknown length: lets the server finish what it was asked for.
+  void KeepRest();
 
  private:
   void FillSourceOf(const StatementFacts& facts);

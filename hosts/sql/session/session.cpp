@@ -230,6 +230,17 @@ bool Session::NextResult(Statement& statement) {
   return isThere;
 }
 
+Columns Session::Describe(Statement& statement) {
+  Columns columns;
+  const auto describe = [&] { columns = statement.Describe(); };
+  RequireLink()->RowsArriveWithRun() ? describe() : Await(describe);
+  return columns;
+}
+
+void Session::KeepRest(Statement& statement) {
+  if (!RequireLink()->RowsArriveWithRun()) Await([&] { statement.KeepRest(); });
+}
+
 void Session::CommandTimeout(Long seconds) {
   if (seconds < 0) throw HostError(errors::InvalidCriteria);
   commandTimeout_ = seconds;

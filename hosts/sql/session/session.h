@@ -96,6 +96,8 @@ class Session : public std::enable_shared_from_this<Session> {
   std::uint32_t Fetch(Statement& statement);
   /// To the next result of a statement's batch. False when there is none.
   bool NextResult(Statement& statement);
+  Columns Describe(Statement& statement);
+  void KeepRest(Statement& statement);
   Patience& Waits() { return patience_; }
 
   void Pending(PendingRows* rows) { pending_ = rows; }
