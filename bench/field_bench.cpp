@@ -1,8 +1,9 @@
 // Benchmarks of typing into fields and of their layout and construction, compared with a line edit
 // that has an input mask.
 //
-// Every figure comes in a pair: first the peer, then ours, with the counter "ratio" of the two. The
-// window benchmarks send the same key events to real widgets.
+// The peer and the field run by turns, so that other load of the machine hits both alike. Counters:
+// the times of both, per key or per field, and the "ratio" of their medians. The window benchmarks
+// send the same key events to real widgets.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -11,9 +12,12 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWidget>
+#include <algorithm>
 #include <chrono>
-#include <map>
-#include <memory>
+#include <cstring>
+#include <functional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "tessaria/masks.h"
@@ -41,29 +45,32 @@ constexpr Family kFamilies[] = {
     {"number", "$$$$$$$.$$", "0000000.00; ", "123456,78"},
 };
 
-std::map<std::string, double>& PeerSeconds() {
-  static std::map<std::string, double> seconds;
-  return seconds;
+double Median(std::vector<double> values) {
+  const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
 }
 
-/// Measures the time of the body itself, so that the ratio of the pair can be computed.
 template <class Body>
-void Run(benchmark::State& state, const std::string& pair, bool isPeer, double perLap, Body body) {
+double SecondsOf(Body&& body) {
   using Clock = std::chrono::steady_clock;
-  double total = 0;
+  const auto start = Clock::now();
+  body();
+  return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+/// A lap runs the peer and then ours. `parts` is the number of keys, texts or fields in a lap.
+template <class Peer, class Ours>
+void Compare(benchmark::State& state, double parts, Peer peer, Ours ours) {
+  std::vector<double> peers, own;
   for (auto _ : state) {
-    const auto start = Clock::now();
-    body();
-    const double lap = std::chrono::duration<double>(Clock::now() - start).count();
-    state.SetIterationTime(lap);
-    total += lap;
+    peers.push_back(SecondsOf(peer));
+    own.push_back(SecondsOf(ours));
+    state.SetIterationTime(own.back());
   }
-  const double each = total / double(state.iterations()) / perLap;
-  if (isPeer)
-    PeerSeconds()[pair] = each;
-  else
-    state.counters["ratio"] = each / PeerSeconds()[pair];
-  state.counters["us_each"] = each * 1e6;
+  state.counters["ratio"] = Median(own) / Median(peers);
+  state.counters["us_each"] = Median(own) / parts * 1e6;
+  state.counters["peer_us_each"] = Median(peers) / parts * 1e6;
 }
 
 void Key(QLineEdit* box, char character) {
@@ -79,24 +86,34 @@ void TypeInto(QLineEdit* box, const char* keys) {
   for (const char* key = keys; *key; ++key) Key(box, *key);
 }
 
-void TypingPeer(benchmark::State& state, const Family& family) {
-  QLineEdit box;
-  box.setInputMask(family.peers);
-  box.show();
-  Run(state, std::string("typing ") + family.name, true, double(strlen(family.keys)), [&] {
-    box.clear();
-    box.setCursorPosition(0);
-    TypeInto(&box, family.keys);
-  });
-}
+String WideOf(const char* text) { return {text, text + strlen(text)}; }
 
-void TypingOurs(benchmark::State& state, const Family& family) {
+/// A line edit with the peer's mask, to type the family's keys into.
+class MaskedEdit {
+ public:
+  explicit MaskedEdit(const Family& family) : keys_(family.keys) {
+    box_.setInputMask(family.peers);
+    box_.show();
+  }
+  void operator()() {
+    box_.clear();
+    box_.setCursorPosition(0);
+    TypeInto(&box_, keys_);
+  }
+
+ private:
+  QLineEdit box_;
+  const char* keys_;
+};
+
+void TypeIntoField(benchmark::State& state, const Family& family) {
+  MaskedEdit peer(family);
   qt::TsText field;
   field.setMaxLength(14);
   field.setMascara(family.ours);
   field.show();
   auto* box = field.findChild<QLineEdit*>();
-  Run(state, std::string("typing ") + family.name, false, double(strlen(family.keys)), [&] {
+  Compare(state, double(strlen(family.keys)), std::ref(peer), [&] {
     field.setTexto({});
     field.setMascara(family.ours);
     TypeInto(box, family.keys);
@@ -104,10 +121,11 @@ void TypingOurs(benchmark::State& state, const Family& family) {
 }
 
 /// The key filter alone, on a text box without a screen.
-void FilterOurs(benchmark::State& state, const Family& family) {
-  TestField field(String(family.ours, family.ours + strlen(family.ours)));
+void FilterKeys(benchmark::State& state, const Family& family) {
+  MaskedEdit peer(family);
+  TestField field(WideOf(family.ours));
   field.box.MaxLength(14);
-  Run(state, std::string("typing ") + family.name, false, double(strlen(family.keys)), [&] {
+  Compare(state, double(strlen(family.keys)), std::ref(peer), [&] {
     field.Show(u"");
     for (const char* key = family.keys; *key; ++key) {
       Integer code = static_cast<unsigned char>(*key);
@@ -116,73 +134,71 @@ void FilterOurs(benchmark::State& state, const Family& family) {
   });
 }
 
-void LayoutPeer(benchmark::State& state) {
+/// A text is laid out in its mask and taken out of it again.
+void LayOut(benchmark::State& state, const Family& family) {
+  constexpr int kTexts = 100;  // one alone is too short for the clock
+  const auto repeat = [](auto body) {
+    return [body] {
+      for (int i = 0; i < kTexts; ++i) body();
+    };
+  };
   QLineEdit box;
-  box.setInputMask("99/99/9999;_");
-  Run(state, "layout", true, 1, [&] {
-    box.setText("25122017");
-    benchmark::DoNotOptimize(box.text());
-  });
-}
-
-void LayoutOurs(benchmark::State& state) {
-  const String mask = u"00/00/0000";
+  box.setInputMask(family.peers);
+  const QString peersText = family.keys;
+  const Variant text = WideOf(family.keys);
+  const String mask = WideOf(family.ours);
   const String items = mdlObjTxt::MontaItensMascara(mask, u"_");
-  Run(state, "layout", false, 1, [&] {
-    const String shown = mdlObjTxt::AplicaMascara(u"25122017", mask, u"_", items, u"");
-    benchmark::DoNotOptimize(mdlObjTxt::LimpaMascara(shown, mask, items));
-  });
+  Compare(state, kTexts, repeat([&] {
+            box.setText(peersText);
+            benchmark::DoNotOptimize(box.text());
+          }),
+          repeat([&] {
+            const String shown = mdlObjTxt::AplicaMascara(text, mask, u"_", items, u"");
+            benchmark::DoNotOptimize(mdlObjTxt::LimpaMascara(shown, mask, items));
+          }));
 }
 
 constexpr int kFields = 200;
 
-void FormPeer(benchmark::State& state) {
-  Run(state, "form", true, 1, [] {
-    QWidget form;
-    auto* column = new QVBoxLayout(&form);
-    for (int i = 0; i < kFields; ++i) {
-      auto* row = new QHBoxLayout;
-      row->addWidget(new QLineEdit);
-      row->addWidget(new QToolButton);
-      column->addLayout(row);
-    }
-    form.show();
-    QApplication::processEvents();
-  });
+/// Builds a form of fields and shows it. `add` puts one field into the form's column.
+template <class Add>
+void BuildForm(Add add) {
+  QWidget form;
+  auto* column = new QVBoxLayout(&form);
+  for (int i = 0; i < kFields; ++i) add(*column);
+  form.show();
+  QApplication::processEvents();
 }
 
-void FormOurs(benchmark::State& state) {
-  Run(state, "form", false, 1, [] {
-    QWidget form;
-    auto* column = new QVBoxLayout(&form);
-    for (int i = 0; i < kFields; ++i) {
-      auto* field = new qt::TsText;
-      field->setTipoControle(qt::TsText::Calendario);
-      column->addWidget(field);
-    }
-    form.show();
-    QApplication::processEvents();
-  });
+void BuildForms(benchmark::State& state) {
+  const auto addEditWithButton = [](QVBoxLayout& column) {
+    auto* row = new QHBoxLayout;
+    row->addWidget(new QLineEdit);
+    row->addWidget(new QToolButton);
+    column.addLayout(row);
+  };
+  const auto addField = [](QVBoxLayout& column) {
+    auto* field = new qt::TsText;
+    field->setTipoControle(qt::TsText::Calendario);
+    column.addWidget(field);
+  };
+  Compare(
+      state, kFields, [&] { BuildForm(addEditWithButton); }, [&] { BuildForm(addField); });
 }
 
-template <class Peer, class Ours>
-void RegisterPair(const std::string& name, Peer peer, Ours ours, const char* our = "/field") {
-  if (peer) benchmark::RegisterBenchmark((name + "/peer").c_str(), peer)->UseManualTime();
-  benchmark::RegisterBenchmark((name + our).c_str(), ours)->UseManualTime();
+void Register(const std::string& name, const std::function<void(benchmark::State&)>& run) {
+  benchmark::RegisterBenchmark(name.c_str(), run)->UseManualTime();
 }
-
-using Benchmark = std::function<void(benchmark::State&)>;
 
 void RegisterAll() {
-  for (const Family& family : kFamilies) {
-    const std::string name = std::string("typing/") + family.name;
-    RegisterPair(name, Benchmark([&family](benchmark::State& s) { TypingPeer(s, family); }),
-                 Benchmark([&family](benchmark::State& s) { TypingOurs(s, family); }));
-    RegisterPair(name, Benchmark(),
-                 Benchmark([&family](benchmark::State& s) { FilterOurs(s, family); }), "/filter");
-  }
-  RegisterPair("layout", Benchmark(LayoutPeer), Benchmark(LayoutOurs));
-  RegisterPair("form of 200", Benchmark(FormPeer), Benchmark(FormOurs));
+  using Run = void (*)(benchmark::State&, const Family&);
+  const std::pair<const char*, Run> kinds[] = {
+      {"typing/", TypeIntoField}, {"filter/", FilterKeys}, {"layout/", LayOut}};
+  for (const auto& [kind, run] : kinds)
+    for (const Family& family : kFamilies)
+      Register(std::string(kind) + family.name,
+               [&family, run = run](benchmark::State& state) { run(state, family); });
+  Register("form of 200", BuildForms);
 }
 
 }  // namespace
