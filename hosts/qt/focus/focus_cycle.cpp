@@ -1,5 +1,6 @@
 #include "hosts/qt/focus/focus_cycle.h"
 
+#include <QHash>
 #include <QMenuBar>
 #include <QPointer>
 #include <utility>
@@ -16,13 +17,20 @@ QWidget* focusOf(const QWidget* window) {
   return qobject_cast<QMenuBar*>(focus) ? nullptr : focus;
 }
 
+/// The cycles by their windows, which own them. A window has too many children to search them for
+/// its cycle at each key and each field.
+QHash<const QWidget*, FocusCycle*>& cycles() {
+  static thread_local QHash<const QWidget*, FocusCycle*> instance;
+  return instance;
+}
+
 }  // namespace
 
-FocusCycle::FocusCycle(QWidget* window) : QObject(window) {}
+FocusCycle::FocusCycle(QWidget* window) : QObject(window) { cycles().insert(window, this); }
 
-FocusCycle* FocusCycle::existing(const QWidget* window) {
-  return window->findChild<FocusCycle*>({}, Qt::FindDirectChildrenOnly);
-}
+FocusCycle::~FocusCycle() { cycles().remove(window()); }
+
+FocusCycle* FocusCycle::existing(const QWidget* window) { return cycles().value(window); }
 
 FocusCycle* FocusCycle::of(QWidget* window) {
   FocusCycle* cycle = existing(window);

@@ -22,6 +22,7 @@ class FocusCycle final : public QObject {
   static FocusCycle* of(QWidget* window);
   static FocusCycle* existing(const QWidget* window);
 
+  ~FocusCycle() override;
   /// The focus has moved inside the window.
   void focusMoved();
   bool hasPending() const { return queued_; }
