@@ -158,7 +158,10 @@ void TsText::resizeEvent(QResizeEvent*) {
 void TsText::showEvent(QShowEvent*) {
   QWidget* form = formOf(this);
   FocusCycle::of(window());
-  if (designMode_ || wasShown(form)) return formShown();
+  if (designMode_ || wasShown(form)) {
+    nameForAccessibility();
+    return formShown();
+  }
   // The form's own show comes next. A control that is added later has missed it.
   QMetaObject::invokeMethod(
       this, [this] { showFirst(formOf(this)); }, Qt::QueuedConnection);
@@ -207,12 +210,10 @@ QSize TsText::hintAround(const QSize& box) const {
 QSize TsText::sizeHint() const { return hintAround(parts_->edit->sizeHint()); }
 QSize TsText::minimumSizeHint() const { return hintAround(parts_->edit->minimumSizeHint()); }
 
-QLabel* TsText::captionLabel() {
+QLabel* TsText::captionAmong(const QList<QLabel*>& labels) {
   const QString name = labelAssociado();
   QLabel* buddyLabel = nullptr;
-  QWidget* form = formOf(this);
-  for (QLabel* label : form->findChildren<QLabel*>()) {
-    if (formOf(label) != form) continue;
+  for (QLabel* label : labels) {
     if (!name.isEmpty() && label->objectName().compare(name, Qt::CaseInsensitive) == 0)
       return label;
     if (label->buddy() == this) buddyLabel = label;
@@ -222,8 +223,8 @@ QLabel* TsText::captionLabel() {
 
 /// A screen reader reads the edit: it gets the field's own accessible name, or else the present
 /// text of its caption.
-void TsText::nameForAccessibility() {
-  QLabel* label = captionLabel();
+void TsText::nameByCaption(const QList<QLabel*>& labels) {
+  QLabel* label = captionAmong(labels);
   if (label && !label->buddy()) label->setBuddy(this);
   // A label does not signal a change of its text, but it repaints.
   if (label) label->installEventFilter(this);
@@ -232,9 +233,20 @@ void TsText::nameForAccessibility() {
   if (name != parts_->edit->accessibleName()) parts_->edit->setAccessibleName(name);
 }
 
+void TsText::nameForAccessibility() { nameByCaption(labelsOf(formOf(this))); }
+
+/// Whether the label is known to be the caption, with its present text: then a search of the whole
+/// form would find nothing new.
+bool TsText::isNamedBy(const QObject* object) const {
+  const auto* label = qobject_cast<const QLabel*>(object);
+  return label && label->buddy() == this && accessibleName().isEmpty() &&
+         captionOf(*label) == parts_->edit->accessibleName();
+}
+
 bool TsText::eventFilter(QObject* object, QEvent* event) {
   const bool isEdit = parts_ && object == parts_->edit;
-  if (parts_ && event->type() == (isEdit ? QEvent::FocusIn : QEvent::Paint)) nameForAccessibility();
+  if (parts_ && event->type() == (isEdit ? QEvent::FocusIn : QEvent::Paint) && !isNamedBy(object))
+    nameForAccessibility();
   return QWidget::eventFilter(object, event);
 }
 

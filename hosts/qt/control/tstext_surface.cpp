@@ -48,7 +48,6 @@ LoadOrder TsText::loadOrder() const {
 }
 
 void TsText::formShown() {
-  nameForAccessibility();
   write([](tsText& c) { c.UserControl_Show(); });
 }
 

@@ -41,9 +41,12 @@ void showFirst(QWidget* form) {
   QList<ControlPointer<FormControl>> controls;
   for (FormControl* control : ownControls<FormControl>(form))
     if (!dynamic_cast<Surface*>(control)) controls << control;
-  for (Surface* field : inLoadOrder(form)) controls << field;
+  const QList<Surface*> fields = inLoadOrder(form);
+  for (Surface* field : fields) controls << field;
   if (controls.isEmpty()) return;
   form->setProperty(kShown, true);
+  const QList<QLabel*> labels = labelsOf(form);
+  for (Surface* field : fields) field->nameByCaption(labels);
   for (const auto& control : controls)
     if (control) control->formShown();
 }

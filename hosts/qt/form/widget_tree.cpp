@@ -4,6 +4,7 @@
 #include <QAbstractSpinBox>
 #include <QCalendarWidget>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTabBar>
 
@@ -68,6 +69,12 @@ QList<QWidget*> controlsOf(const QWidget* form) {
   QList<QWidget*> controls;
   collectControls(form, controls);
   return controls;
+}
+
+QList<QLabel*> labelsOf(const QWidget* form) {
+  QList<QLabel*> labels = form->findChildren<QLabel*>();
+  labels.removeIf([form](QLabel* label) { return formOf(label) != form; });
+  return labels;
 }
 
 }  // namespace tessaria::qt

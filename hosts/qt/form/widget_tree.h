@@ -1,9 +1,12 @@
 // The control and the form that a widget belongs to.
 #pragma once
 
+#include <QList>
 #include <QWidget>
 
 #include "tessaria/qt/surface.h"
+
+class QLabel;
 
 namespace tessaria::qt {
 
@@ -22,5 +25,7 @@ bool isControl(const QWidget* widget);
 QWidget* controlOf(QWidget* widget);
 /// All controls of a form in order of creation, except those of forms inside it.
 QList<QWidget*> controlsOf(const QWidget* form);
+/// The labels of a form in order of creation, except those of forms inside it.
+QList<QLabel*> labelsOf(const QWidget* form);
 
 }  // namespace tessaria::qt

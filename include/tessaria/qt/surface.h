@@ -1,6 +1,7 @@
 // What a form and the focus need from a control that is made of several widgets.
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <optional>
 
@@ -8,6 +9,7 @@
 #include "tessaria/host/form.h"
 #include "tessaria/tstext_interface.h"
 
+class QLabel;
 class QWidget;
 
 namespace tessaria::qt {
@@ -51,6 +53,8 @@ class TESSARIA_QT_API Surface : public FormControl {
   virtual QString dataSource() const = 0;
   /// Name of the control that can take the focus without validation.
   virtual QString objetoCancelar() const = 0;
+  /// Names the field for screen readers after its caption, one of the labels of its form.
+  virtual void nameByCaption(const QList<QLabel*>& labels) = 0;
   /// Loads the current row.
   virtual void refresh() = 0;
 

@@ -388,6 +388,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   void formShown() override;
   bool settlesByItself() const override { return false; }
   LoadOrder loadOrder() const override;
+  void nameByCaption(const QList<QLabel*>& labels) override;
   void entered() override;
   ExitVerdict left() override;
   bool hasToSettle() const override;
@@ -397,8 +398,9 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   template <class Set>
   void write(Set&& set);
   QSize hintAround(const QSize& box) const;
-  QLabel* captionLabel();
+  QLabel* captionAmong(const QList<QLabel*>& labels);
   void nameForAccessibility();
+  bool isNamedBy(const QObject* object) const;
   void connectKeys();
   void followControl(const QString& property);
   void followWidget();
