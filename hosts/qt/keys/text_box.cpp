@@ -71,11 +71,13 @@ void TextBox::Enabled(bool enabled) {
 bool TextBox::Visible() const { return !edit().isHidden(); }
 
 void TextBox::ForeColor(Colour colour) {
+  if (colour == foreColor_) return;
   foreColor_ = colour;
   applyColours();
 }
 
 void TextBox::BackColor(Colour colour) {
+  if (colour == backColor_) return;
   backColor_ = colour;
   applyColours();
 }
@@ -96,7 +98,8 @@ void TextBox::applyColours() {
   QPalette palette;
   for (auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
     if ((group == QPalette::Disabled) == Enabled()) continue;
-    if (!themed) palette.setColor(group, QPalette::Base, back);
+    if (!themed && back != theme.color(group, QPalette::Base))
+      palette.setColor(group, QPalette::Base, back);
     if (group == QPalette::Disabled) continue;
     if (fore != theme.color(group, QPalette::Text)) palette.setColor(group, QPalette::Text, fore);
   }
