@@ -1,10 +1,14 @@
 #include "hosts/qt/control/browse_button.h"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QImage>
 
 #include <algorithm>
 #include <iterator>
+#include <map>
+#include <string_view>
+#include <tuple>
 
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/picture.h"
@@ -53,10 +57,20 @@ QIcon lightVariant(const QIcon& icon) {
   return light;
 }
 
+/// One icon for all buttons of a kind: the file is read once, and Qt scales it once. The ratio
+/// decides which of its sizes Qt reads.
+const QIcon& sharedIcon(const char* file, bool light) {
+  static std::map<std::tuple<std::string_view, qreal, bool>, QIcon> icons;
+  QIcon& icon = icons[{file, qApp->devicePixelRatio(), light}];
+  if (!icon.isNull()) return icon;
+  loadResources();
+  icon = light ? lightVariant(sharedIcon(file, false)) : QIcon(QLatin1String(file));
+  return icon;
+}
+
 }  // namespace
 
 BrowseButton::BrowseButton(QWidget* parent) : QToolButton(parent) {
-  loadResources();
   setFocusPolicy(Qt::ClickFocus);
   setGeometry(0, pixelsY(kTop, *this), pixelsX(kWidth, *this), height());
   hide();
@@ -67,7 +81,7 @@ void BrowseButton::setKind(TipoControle kind) {
                                   [kind](const Face& f) { return f.kind == kind; });
   const bool known = face != std::end(kFaces);
   const QString name = known ? QString::fromUtf8(face->name) : QString();
-  ownIcon_ = known ? QIcon(QLatin1String(face->icon)) : QIcon();
+  ownIcon_ = known ? face->icon : nullptr;
   setAccessibleName(name);
   setToolTip(name);
   showIcon();
@@ -81,7 +95,7 @@ void BrowseButton::setPicture(std::shared_ptr<host::Picture> picture) {
 void BrowseButton::showIcon() {
   const auto* loaded = dynamic_cast<const qt::Picture*>(picture_.get());
   if (loaded) return setIcon(loaded->icon());
-  setIcon(wantsLightVariants(palette()) ? lightVariant(ownIcon_) : ownIcon_);
+  setIcon(ownIcon_ ? sharedIcon(ownIcon_, wantsLightVariants(palette())) : QIcon());
 }
 
 void BrowseButton::changeEvent(QEvent* event) {

@@ -29,7 +29,7 @@ class BrowseButton final : public QToolButton {
  private:
   void showIcon();
 
-  QIcon ownIcon_;
+  const char* ownIcon_ = nullptr;  ///< the file of the kind's icon; nullptr for none
   std::shared_ptr<host::Picture> picture_;
 };
 
