@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QImage>
+#include <QStyleOptionToolButton>
 
 #include <algorithm>
 #include <iterator>
@@ -101,6 +102,17 @@ void BrowseButton::showIcon() {
 void BrowseButton::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) showIcon();
   QToolButton::changeEvent(event);
+}
+
+/// The button is drawn in the colours of the form around its field. Styles keep one picture of a
+/// button for each palette: those of all fields are the same.
+void BrowseButton::initStyleOption(QStyleOptionToolButton* option) const {
+  QToolButton::initStyleOption(option);
+  const auto group = option->palette.currentColorGroup();
+  const QWidget* field = parentWidget();
+  const QWidget* form = field->isWindow() ? field : field->parentWidget();
+  option->palette = form->palette();
+  option->palette.setCurrentColorGroup(group);
 }
 
 void BrowseButton::resizeEvent(QResizeEvent* event) {

@@ -25,6 +25,7 @@ class BrowseButton final : public QToolButton {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void initStyleOption(QStyleOptionToolButton* option) const override;
 
  private:
   void showIcon();
