@@ -25,7 +25,12 @@ constexpr DateMask kDateMasks[] = {
 };
 
 bool IsSlot(char16_t character) { return kSlots.find(character) != StringView::npos; }
-bool Holds(StringView set, char16_t character) { return set.find(character) != StringView::npos; }
+/// For sets of a few characters.
+bool Holds(StringView set, char16_t character) {
+  for (const char16_t member : set)
+    if (member == character) return true;
+  return false;
+}
 
 /// The suffix of a numeric mask that does not end in "$": for each literal, also one before a "$",
 /// the rest of the mask from that literal on, one after another. So "%" gives "%", " kg" gives
@@ -44,21 +49,32 @@ String NumberSuffix(const String& mask) {
   return suffix;
 }
 
-String LayOutNumber(const String& text, const String& mask) {
+String LayOutNumber(const Variant& text, const String& mask) {
   const String format = FormatoNumero(mask, InStr(mask, kPoint) > 0);
   return Format(text, format) + NumberSuffix(mask);
 }
 
-String LayOutLeftToRight(const String& text, const String& mask, const String& fill,
-                         const String& items) {
-  const bool fills = !StartsWith(mask, u"X");
-  std::size_t next = 0;
+String WithoutItems(StringView text, StringView items) {
+  String result(text);
+  std::erase_if(result, [items](char16_t character) { return Holds(items, character); });
+  return result;
+}
+
+/// Leaves out the items of the text.
+String LayOutLeftToRight(StringView text, StringView mask, StringView fill, StringView items) {
+  const bool fills = !mask.starts_with(u'X');
+  const auto isItem = [items](char16_t character) { return Holds(items, character); };
+  auto next = text.begin();
   String result;
+  result.reserve(mask.size());
   for (const char16_t place : mask) {
-    if (Holds(items, place)) {
+    if (isItem(place)) {
       result += place;
-    } else if (next < text.size()) {
-      result += text[next++];
+      continue;
+    }
+    next = std::find_if_not(next, text.end(), isItem);
+    if (next != text.end()) {
+      result += *next++;
     } else if (fills) {
       result += fill;
     }
@@ -68,37 +84,33 @@ String LayOutLeftToRight(const String& text, const String& mask, const String& f
 
 /// The start of the left-aligned part of a two-sided mask; 0 when it has none. Only an "A" makes a
 /// split: "a" and "C" can move it towards the start, but do not make one by themselves.
-Long SplitOf(const String& mask) {
-  Long split = InStr(mask, u"A");
-  for (const StringView earlier : {u"a", u"C"}) {
-    const Long position = InStr(mask, earlier);
-    if (position > 0 && position < split) split = position;
-  }
-  return split;
+std::size_t SplitOf(StringView mask) {
+  if (mask.find(u'A') == StringView::npos) return 0;
+  return mask.find_first_of(u"AaC") + 1;
 }
 
 /// Fills the slots from the right end to the left.
-String LayOutRightToLeft(const String& text, const String& mask, const String& fill,
-                         const String& items) {
+String LayOutRightToLeft(StringView text, StringView mask, StringView fill, StringView items) {
   std::size_t left = text.size();
-  String reversed;
+  String result;
+  result.reserve(mask.size());
   for (auto place = mask.rbegin(); place != mask.rend(); ++place) {
     if (Holds(items, *place)) {
-      reversed += *place;
+      result += *place;
     } else if (left == 0) {
-      reversed += fill;
+      result += fill;
     } else {
-      reversed += text[--left];
+      result += text[--left];
     }
   }
-  return {reversed.rbegin(), reversed.rend()};
+  std::reverse(result.begin(), result.end());
+  return result;
 }
 
-String LayOutRemainder(const String& text, const String& mask, const String& fill,
-                       const String& items) {
-  const std::size_t end = RTrim(text).size();  // only blanks follow
+void AppendRemainder(String& result, StringView text, StringView mask, StringView fill,
+                     StringView items) {
+  const std::size_t end = text.find_last_not_of(u' ') + 1;  // only blanks follow
   std::size_t next = 0;
-  String result;
   for (const char16_t place : mask) {
     if (Holds(items, place)) {
       result += place;
@@ -108,26 +120,25 @@ String LayOutRemainder(const String& text, const String& mask, const String& fil
       result += text[next++];
     }
   }
+}
+
+String LayOutTwoSided(StringView text, StringView mask, StringView fill, StringView items) {
+  const std::size_t split = SplitOf(mask);
+  if (split == 0) return LayOutRightToLeft(text, mask, fill, items);
+  const String left = WithoutItems(text.substr(0, split - 1), items);
+  const String right = WithoutItems(text.substr(std::min(split - 1, text.size())), items);
+  String result = LayOutRightToLeft(left, mask.substr(0, split - 1), fill, items);
+  AppendRemainder(result, right, mask.substr(split - 1), fill, items);
   return result;
 }
 
-String LayOutTwoSided(const String& text, const String& mask, const String& fill,
-                      const String& items) {
-  const Long split = SplitOf(mask);
-  if (split == 0) return LayOutRightToLeft(text, mask, fill, items);
-  const String left = LimpaMascara(Left(text, split - 1), mask, items);
-  const Long remaining = Len(text) - split + 1;
-  const String right = remaining < 1 ? Space(Len(mask) - split + 1)
-                                     : LimpaMascara(Right(text, remaining), mask, items);
-  return LayOutRightToLeft(left, Left(mask, split - 1), fill, items) +
-         LayOutRemainder(right, Mid(mask, split), fill, items);
-}
-
-String LayOut(const String& text, const String& mask, const String& fill, const String& items) {
-  if (mask.empty()) return text;
+/// `text` holds a string.
+String LayOut(const Variant& text, const String& mask, const String& fill, const String& items) {
   if (IsNumericMask(mask)) return LayOutNumber(text, mask);
-  if (StartsWith(mask, u"N")) return LayOutTwoSided(text, mask, fill, items);
-  return LayOutLeftToRight(LimpaMascara(text, mask, items), mask, fill, items);
+  const String& characters = *text.TryGet<String>();
+  if (mask.empty()) return characters;
+  if (StartsWith(mask, u"N")) return LayOutTwoSided(characters, mask, fill, items);
+  return LayOutLeftToRight(characters, mask, fill, items);
 }
 
 }  // namespace
@@ -146,27 +157,26 @@ bool EhItemMascara(const String& text, Integer position, const String& items) {
 }
 
 String LimpaMascara(const String& text, const String& mask, const String& items) {
-  if (mask.empty()) return text;
-  String result = text;
-  std::erase_if(result, [&](char16_t character) { return Holds(items, character); });
-  return result;
+  return mask.empty() ? text : WithoutItems(text, items);
 }
 
 String AplicaMascara(const Variant& value, const String& mask, const String& fill,
                      const String& items, const String& password) {
-  const String text = value.IsNull() ? String() : CStr(value);
-  const String result = LayOut(text, mask, fill, items);
+  const Variant converted =
+      value.IsString() ? Variant() : Variant(value.IsNull() ? String() : CStr(value));
+  String result = LayOut(value.IsString() ? value : converted, mask, fill, items);
   return password.empty() ? result : StringOf(Len(result), password);
 }
 
 Integer ContaDecimais(const String& text, const String& separator, const String& marker) {
   const Long found = InStr(text, separator);
   if (found == 0) return 0;
-  const String tail = Mid(text, found + Len(separator));
+  const StringView tail =
+      StringView(text).substr(static_cast<std::size_t>(found) - 1 + separator.size());
   if (tail.empty()) return 1;  // the count starts at 1 and is only corrected by a character
-  Long count = 0;
-  while (Mid(tail, count + 1, 1) == marker) ++count;
-  return CInt(count);
+  std::size_t count = 0;
+  while (count < tail.size() && tail.substr(count, 1) == marker) ++count;
+  return CInt(static_cast<Long>(count));
 }
 
 String FormatoNumero(const String& mask, bool) {
