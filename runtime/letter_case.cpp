@@ -50,6 +50,10 @@ char16_t Small(char16_t c) {
 
 }  // namespace
 
+bool EqualNoCase(StringView a, StringView b) {
+  return std::ranges::equal(a, b, {}, Capital, Capital);
+}
+
 String UCase(StringView text) {
   String result(text);
   std::ranges::transform(result, result.begin(), Capital);

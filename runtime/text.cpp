@@ -78,10 +78,6 @@ String LTrim(StringView text) { return String(WithoutLeadingBlanks(text)); }
 
 String RTrim(StringView text) { return String(WithoutTrailingBlanks(text)); }
 
-bool EqualNoCase(StringView a, StringView b) {
-  return a.size() == b.size() && UCase(a) == UCase(b);
-}
-
 bool StartsWith(StringView text, StringView start) { return text.starts_with(start); }
 
 bool EndsWith(StringView text, StringView end) { return text.ends_with(end); }
