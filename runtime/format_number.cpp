@@ -34,7 +34,9 @@ struct Section {
 
 class SectionReader {
  public:
-  explicit SectionReader(const Pattern& pattern) : pattern_(pattern) {}
+  explicit SectionReader(PatternPart pattern) : pattern_(pattern) {
+    section_.Tokens.reserve(pattern.size());
+  }
 
   Section Read() {
     for (at_ = 0; at_ < pattern_.size(); ++at_) ReadItem(pattern_[at_]);
@@ -96,7 +98,7 @@ class SectionReader {
 
   void Add(TokenKind kind, char16_t c) { section_.Tokens.push_back({kind, c}); }
 
-  const Pattern& pattern_;
+  const PatternPart pattern_;
   std::size_t at_ = 0;
   int commas_ = 0;
   Section section_;
@@ -208,7 +210,7 @@ struct Choice {
   bool ShowsMinus = false;
 };
 
-Choice Choose(const Digits& value, const std::vector<Pattern>& sections) {
+Choice Choose(const Digits& value, const std::vector<PatternPart>& sections) {
   const auto has = [&](std::size_t i) { return i < sections.size() && !sections[i].empty(); };
   const bool negative = value.Negative && !value.IsZero();
   const std::size_t own = negative && has(1) ? 1 : 0;

@@ -37,6 +37,7 @@ constexpr NamedPattern kNames[] = {
 
 Pattern ReadPattern(StringView text) {
   Pattern pattern;
+  pattern.reserve(text.size());
   bool quoted = false;
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == u'"') {
@@ -72,15 +73,16 @@ bool StandsAt(const Pattern& pattern, std::size_t start, StringView text) {
                             [](char16_t c, const PatternItem& item) { return item.Is(c); });
 }
 
-std::vector<Pattern> Sections(const Pattern& pattern) {
-  std::vector<Pattern> sections(1);
-  for (const auto& item : pattern) {
-    if (item.Is(u';')) {
-      sections.emplace_back();
-    } else {
-      sections.back().push_back(item);
-    }
+std::vector<PatternPart> Sections(const Pattern& pattern) {
+  std::vector<PatternPart> sections;
+  const PatternPart whole(pattern);
+  std::size_t start = 0;
+  for (std::size_t i = 0; i < pattern.size(); ++i) {
+    if (!pattern[i].Is(u';')) continue;
+    sections.push_back(whole.subspan(start, i - start));
+    start = i + 1;
   }
+  sections.push_back(whole.subspan(start));
   return sections;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <vector>
 
 #include "runtime/digits.h"
@@ -30,8 +31,10 @@ std::size_t RunLength(const Pattern& pattern, std::size_t start, std::size_t lon
 bool StandsAt(const Pattern& pattern, std::size_t start, StringView text);
 /// The letter of an item in lower case; 0 for a literal.
 char16_t SmallLetter(const PatternItem& item);
+/// A part of a pattern, which must outlive it.
+using PatternPart = std::span<const PatternItem>;
 /// The sections between the semicolons; at least one.
-std::vector<Pattern> Sections(const Pattern& pattern);
+std::vector<PatternPart> Sections(const Pattern& pattern);
 
 /// The length of the token for a whole time, "ttttt".
 inline constexpr std::size_t kWholeTime = 5;
