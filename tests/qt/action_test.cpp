@@ -211,6 +211,20 @@ TEST_F(Actions, AShortcutFindsTheFieldSettled) {
   EXPECT_EQ(active_, QStringLiteral("atalho CommandButton"));
 }
 
+TEST_F(Actions, ACharacterIsTypedRatherThanAShortcut) {
+  for (const auto& keys : {QKeySequence(Qt::Key_A), QKeySequence(Qt::SHIFT | Qt::Key_B),
+                           QKeySequence(Qt::CTRL | Qt::Key_G)}) {
+    auto* shortcut = new QShortcut(keys, window_.get());
+    watch(shortcut, &QShortcut::activated);
+  }
+  show();
+  QTest::keyClick(&box(), Qt::Key_A);
+  QTest::keyClick(&box(), Qt::Key_B, Qt::ShiftModifier);
+  EXPECT_EQ(seen_, QStringList());
+  QTest::keyClick(&box(), Qt::Key_G, Qt::ControlModifier);
+  EXPECT_EQ(seen_, QStringList({"ab"}));
+}
+
 // A field without an `ObjetoCancelar` does not treat a nameless action as the cancelling one.
 TEST_F(Actions, ANamelessActionFindsTheFieldSettled) {
   save_->setObjectName(QString());

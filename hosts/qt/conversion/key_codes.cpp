@@ -153,6 +153,13 @@ Integer shiftState(Qt::KeyboardModifiers modifiers) {
                               (modifiers.testFlag(Qt::AltModifier) ? 4 : 0));
 }
 
+bool isPlainCharacter(const QKeyEvent& event) {
+  const auto modifiers = event.modifiers();
+  return event.key() < Qt::Key_Escape &&
+         (modifiers == Qt::NoModifier || modifiers == Qt::ShiftModifier ||
+          modifiers == Qt::KeypadModifier);
+}
+
 QStringList charactersOf(const QKeyEvent& event) {
   if (const QString control = controlCharacter(event); !control.isEmpty()) return {control};
   if (isControl(event)) return {};

@@ -15,6 +15,9 @@ Integer virtualKey(const QKeyEvent& event);
 /// Added up: 1 Shift, 2 Control, 4 Alt.
 Integer shiftState(Qt::KeyboardModifiers modifiers);
 
+/// Whether the key is one of a printed character, alone or with Shift: an edit takes it before any
+/// shortcut does.
+bool isPlainCharacter(const QKeyEvent& event);
 /// What the key types, one character per element (a surrogate pair is one): printable characters,
 /// and the control characters of Backspace, Enter, Escape and of letters with Control.
 QStringList charactersOf(const QKeyEvent& event);

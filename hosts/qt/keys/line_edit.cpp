@@ -166,6 +166,11 @@ void LineEdit::reportTextWithoutKey() {
 bool LineEdit::event(QEvent* event) {
   const Step step(this);
   switch (event->type()) {
+    // Qt decides the same, but first compares the key with each standard key.
+    case QEvent::ShortcutOverride:
+      if (isReadOnly() || !isPlainCharacter(*static_cast<QKeyEvent*>(event))) break;
+      event->accept();
+      return true;
     case QEvent::KeyPress: {
       auto* key = static_cast<QKeyEvent*>(event);
       if (isNavigation(*key) || !isEnabled()) break;
