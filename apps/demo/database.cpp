@@ -3,6 +3,7 @@
 #include "apps/demo/cluster.h"
 #include "apps/demo/failure.h"
 #include "tessaria/odbc/connection.h"
+#include "tessaria/postgres/connection.h"
 #include "tessaria/qt/text.h"
 
 namespace tessaria::demo {
@@ -35,9 +36,9 @@ OpenFault faultOf(const HostError& error, const QString& connectionString) {
              : OpenFault::UnknownDataSource;
 }
 
-Database::Database(const QString& connectionString, Cluster* ownServer)
+Database::Database(const QString& connectionString, Cluster* ownServer, Driver driver)
     : connectionString_(connectionString),
-      connection_(odbc::CreateConnection()),
+      connection_(driver == Driver::Odbc ? odbc::CreateConnection() : postgres::CreateConnection()),
       ownServer_(ownServer) {
   connection_->ConnectionString(qt::fromQt(connectionString));
 }

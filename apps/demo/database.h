@@ -10,12 +10,16 @@ namespace tessaria::demo {
 
 class Cluster;
 
+/// What the connection goes over.
+enum class Driver { Odbc, Postgres };
+
 /// One connection for the whole program, which survives the server's absence.
 class Database {
  public:
   /// `ownServer` is the server of the connection when that is the program's own, else nullptr; it
   /// outlives the database.
-  explicit Database(const QString& connectionString, Cluster* ownServer = nullptr);
+  explicit Database(const QString& connectionString, Cluster* ownServer = nullptr,
+                    Driver driver = Driver::Odbc);
 
   /// Raises `Failure`, whose text says what the operator can do.
   void open();

@@ -26,7 +26,7 @@ int runDesk(const Options& options) {
     server->start();
     connection = server->connectionString();
   }
-  Database database(connection, server.get());
+  Database database(connection, server.get(), options.driver);
   database.open();
   MainWindow window(database);
   window.show();
@@ -61,7 +61,7 @@ int run(int argc, char** argv) {
   Options options;
   try {
     options = readOptions(QCoreApplication::arguments());
-    if (!options.playFolder.isEmpty()) return play(options.playFolder);
+    if (!options.playFolder.isEmpty()) return play(options.playFolder, options.driver);
     return runDesk(options);
   } catch (const Failure& failure) {
     return report(failure, options.playFolder.isEmpty() && hasScreen());

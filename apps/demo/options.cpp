@@ -9,6 +9,15 @@
 #include "apps/demo/failure.h"
 
 namespace tessaria::demo {
+namespace {
+
+Driver driverOf(const QString& name) {
+  if (name == QLatin1String("odbc")) return Driver::Odbc;
+  if (name == QLatin1String("postgres")) return Driver::Postgres;
+  throw Failure(QStringLiteral("Não há driver \"%1\": os drivers são odbc e postgres.").arg(name));
+}
+
+}  // namespace
 
 Options readOptions(const QStringList& arguments) {
   const QCommandLineOption data(
@@ -17,8 +26,12 @@ Options readOptions(const QStringList& arguments) {
       QStringLiteral("PASTA"), Cluster::defaultFolder());
   const QCommandLineOption connection(
       QStringLiteral("connection"),
-      QStringLiteral("Texto de conexão ODBC de outro banco, no lugar do próprio."),
+      QStringLiteral("Texto de conexão de outro banco, no lugar do próprio."),
       QStringLiteral("TEXTO"));
+  const QCommandLineOption driver(
+      QStringLiteral("driver"),
+      QStringLiteral("odbc, ou postgres: a biblioteca do próprio PostgreSQL."),
+      QStringLiteral("NOME"), QStringLiteral("odbc"));
   const QCommandLineOption play(
       QStringLiteral("play"),
       QStringLiteral("Faz sozinho uma sessão de um operador, num banco de dados temporário, e "
@@ -28,7 +41,7 @@ Options readOptions(const QStringList& arguments) {
                                 QStringLiteral("Mostra esta ajuda."));
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Mesa de pedidos de uma pequena distribuidora."));
-  parser.addOptions({data, connection, play, help});
+  parser.addOptions({data, connection, driver, play, help});
   if (!parser.parse(arguments) || !parser.positionalArguments().isEmpty())
     throw Failure(QStringLiteral("Opção desconhecida ou incompleta.\n\n") + parser.helpText());
   if (parser.isSet(help)) {
@@ -41,7 +54,8 @@ Options readOptions(const QStringList& arguments) {
     throw Failure(
         QStringLiteral("A sessão de --play usa um banco de dados próprio e temporário: não a "
                        "combine com --connection nem com --data."));
-  return {parser.value(data), parser.value(connection), parser.value(play)};
+  return {parser.value(data), parser.value(connection), parser.value(play),
+          driverOf(parser.value(driver))};
 }
 
 }  // namespace tessaria::demo

@@ -4,12 +4,15 @@
 #include <QString>
 #include <QStringList>
 
+#include "apps/demo/database.h"
+
 namespace tessaria::demo {
 
 struct Options {
   QString dataFolder;        ///< of the private server
   QString connectionString;  ///< empty for the private server
   QString playFolder;        ///< folder of the pictures; empty unless a session is to be played
+  Driver driver = Driver::Odbc;
 };
 
 /// Raises `Failure` for options that cannot be read or do not go together. Options that only print

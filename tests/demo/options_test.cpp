@@ -28,12 +28,15 @@ TEST(Options, AreRead) {
   EXPECT_EQ(readOptions({"x", "--data", "/tmp/a"}).dataFolder, "/tmp/a");
   EXPECT_EQ(readOptions({"x", "--connection", "DSN=a;Uid=b"}).connectionString, "DSN=a;Uid=b");
   EXPECT_EQ(readOptions({"x", "--play", "p"}).playFolder, "p");
+  EXPECT_EQ(readOptions({"x", "--driver=odbc"}).driver, Driver::Odbc);
+  EXPECT_EQ(readOptions({"x", "--driver", "postgres"}).driver, Driver::Postgres);
 }
 
 TEST(Options, AreRefusedWhenTheyCannotBeRead) {
   using testing::HasSubstr;
   EXPECT_THAT(refusalOf({"--dta", "x"}), HasSubstr("Opção desconhecida"));
   EXPECT_THAT(refusalOf({"--data"}), HasSubstr("incompleta"));
+  EXPECT_THAT(refusalOf({"--driver", "x"}), HasSubstr("os drivers são odbc e postgres"));
   EXPECT_THAT(refusalOf({"--play", ""}), HasSubstr("Falta a pasta"));
   EXPECT_THAT(refusalOf({"lixo"}), HasSubstr("--connection"));
   EXPECT_THAT(refusalOf({"--play", "p", "--connection", "DSN=a"}), HasSubstr("não a combine"));

@@ -64,14 +64,14 @@ int verdict(const QStringList& wrong) {
 
 }  // namespace
 
-int play(const QString& folder) {
+int play(const QString& folder, Driver driver) {
   if (!folder.isEmpty() && !QDir().mkpath(folder))
     throw Failure(QStringLiteral("A pasta %1 não pode ser criada.").arg(folder));
   const QTemporaryDir place(QDir::tempPath() + QLatin1String("/tdXXXXXX"));
   QFile::setPermissions(place.path(), QFile::permissions(place.path()) | QFile::ExeOther);
   Cluster server(place.filePath(QStringLiteral("mesa")));
   server.start();
-  Database database(server.connectionString(), &server);
+  Database database(server.connectionString(), &server, driver);
   database.open();
   MainWindow window(database);
   window.show();
