@@ -251,7 +251,8 @@ void LineEdit::editCommand(QKeyEvent* event) {
 
 /// Lets Qt handle the key, except for a paste, which Qt would not limit.
 void LineEdit::act(QKeyEvent* event) {
-  if (!event->matches(QKeySequence::Paste)) return QLineEdit::keyPressEvent(event);
+  if (isPlainCharacter(*event) || !event->matches(QKeySequence::Paste))
+    return QLineEdit::keyPressEvent(event);
   const bool selection = event->key() == Qt::Key_Insert &&
                          event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
   pasteFrom(selection ? QClipboard::Selection : QClipboard::Clipboard);
