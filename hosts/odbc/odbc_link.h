@@ -26,6 +26,8 @@ class OdbcLink final : public sql::Link {
   bool RowsArriveWithRun() const noexcept override { return line_->IsPostgres(); }
   StringView CursorKind() const noexcept override { return {}; }
 
+  /// What its driver remembers cannot be reached.
+  void ForgetTables() override {}
   std::vector<sql::TableFacts> Tables(const host::SchemaRestrictions& asked) override;
   std::vector<sql::ColumnFacts> TableColumns(const host::SchemaRestrictions& asked) override;
   std::optional<std::vector<sql::KeyPart>> PrimaryKey(const sql::TablePlace& table) override;

@@ -11,51 +11,60 @@ namespace {
 
 using Descriptions = std::vector<sql::ColumnDescription>;
 
-// Each column with the place of its description. Names that are not qualified could be others in
-// the session's path.
-constexpr const char* kSources =
-    "SELECT asked.place, n.nspname, c.relname, a.attname, a.attnotnull"
-    " FROM ROWS FROM (pg_catalog.unnest($1::pg_catalog.oid[]),"
-    " pg_catalog.unnest($2::pg_catalog.int2[]), pg_catalog.unnest($3::pg_catalog.int4[]))"
-    " AS asked (table_oid, number, place)"
-    " JOIN pg_catalog.pg_attribute a ON a.attrelid = asked.table_oid AND a.attnum = asked.number"
-    " JOIN pg_catalog.pg_class c ON c.oid = a.attrelid"
-    " JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace";
+// Names that are not qualified could be others in the session's path.
+constexpr const char* kTablesAsked =
+    "SELECT c.oid, n.nspname, c.relname, a.attnum, a.attname, a.attnotnull"
+    " FROM pg_catalog.pg_class c JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace"
+    " JOIN pg_catalog.pg_attribute a ON a.attrelid = c.oid WHERE c.oid = ANY "
+    "($1::pg_catalog.oid[])";
 
-// An array as the server reads it.
-class ArrayText {
- public:
-  template <class T>
-  void Add(T number) {
-    text_ += (text_.empty() ? "{" : ",") + std::to_string(number);
+const KnownColumn* ColumnIn(const KnownTables& tables, Oid table, int number) {
+  const auto known = tables.find(table);
+  if (known == tables.end()) return nullptr;
+  const auto column = known->second.columns.find(number);
+  return column == known->second.columns.end() ? nullptr : &column->second;
+}
+
+// The tables of which a column is not known, as an array for the server; empty when there is none.
+std::string UnknownTables(const KnownTables& tables, const PGresult* result) {
+  std::string unknown;
+  for (int i = 0; i < PQnfields(result); ++i) {
+    const Oid table = PQftable(result, i);
+    if (table == InvalidOid || ColumnIn(tables, table, PQftablecol(result, i))) continue;
+    unknown += (unknown.empty() ? "{" : ",") + std::to_string(table);
   }
-  bool IsEmpty() const { return text_.empty(); }
-  std::string Text() const { return text_ + "}"; }
+  return unknown.empty() ? unknown : unknown + "}";
+}
 
- private:
-  std::string text_;
-};
+void LearnTables(Wire& wire, const PGresult* result) {
+  KnownTables& tables = wire.Tables();
+  const std::string unknown = UnknownTables(tables, result);
+  if (unknown.empty()) return;
+  const Result answer = wire.Ask(kTablesAsked, {unknown});
+  for (int row = 0; row < PQntuples(answer.get()); ++row) {
+    const auto text = [&](int column) { return FromUtf8(CellOf(answer.get(), row, column)); };
+    const auto oid = std::strtoul(PQgetvalue(answer.get(), row, 0), nullptr, 10);
+    KnownTable& table = tables[static_cast<Oid>(oid)];
+    table.schema = text(1);
+    table.table = text(2);
+    table.columns[std::atoi(PQgetvalue(answer.get(), row, 3))] = {
+        text(4), CellOf(answer.get(), row, 5) != "t"};
+  }
+}
 
 void TakeSources(Wire& wire, const PGresult* result, Descriptions& told) {
-  ArrayText tables, numbers, places;
-  for (int i = 0; i < PQnfields(result); ++i) {
-    if (PQftable(result, i) == InvalidOid) continue;
-    tables.Add(PQftable(result, i));
-    numbers.Add(PQftablecol(result, i));
-    places.Add(i);
-  }
-  if (tables.IsEmpty()) return;
+  LearnTables(wire, result);
   const String catalogue = FromUtf8(PQdb(wire.Get()));
-  const Result sources = wire.Ask(kSources, {tables.Text(), numbers.Text(), places.Text()});
-  for (int row = 0; row < PQntuples(sources.get()); ++row) {
-    const auto text = [&](int column) { return FromUtf8(CellOf(sources.get(), row, column)); };
-    sql::ColumnDescription& column =
-        told[static_cast<std::size_t>(std::atoi(PQgetvalue(sources.get(), row, 0)))];
+  for (int i = 0; i < PQnfields(result); ++i) {
+    const Oid table = PQftable(result, i);
+    const KnownColumn* const known = ColumnIn(wire.Tables(), table, PQftablecol(result, i));
+    if (known == nullptr) continue;
+    sql::ColumnDescription& column = told[static_cast<std::size_t>(i)];
     column.catalogue = catalogue;
-    column.schema = text(1);
-    column.table = text(2);
-    column.baseColumn = text(3);
-    column.nullable = CellOf(sources.get(), row, 4) != "t";
+    column.schema = wire.Tables().at(table).schema;
+    column.table = wire.Tables().at(table).table;
+    column.baseColumn = known->name;
+    column.nullable = known->nullable;
   }
 }
 

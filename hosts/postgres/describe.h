@@ -6,8 +6,8 @@
 
 namespace tessaria::postgres {
 
-/// Asks the server, between the results of a batch, of which tables the columns are. Nothing of it
-/// is remembered: tables change. Empty for a result that gives no rows.
+/// Asks the server, between the results of a batch, of the tables that the connection does not know
+/// yet. Empty for a result that gives no rows.
 sql::Columns DescribeColumns(Wire& wire, const PGresult* result);
 
 }  // namespace tessaria::postgres

@@ -25,6 +25,7 @@ class PgLink final : public sql::Link {
   bool RowsArriveWithRun() const noexcept override { return false; }
   StringView CursorKind() const noexcept override { return u"BINARY "; }
 
+  void ForgetTables() override { wire_->Tables().clear(); }
   std::vector<sql::TableFacts> Tables(const host::SchemaRestrictions& asked) override;
   std::vector<sql::ColumnFacts> TableColumns(const host::SchemaRestrictions& asked) override;
   std::optional<std::vector<sql::KeyPart>> PrimaryKey(const sql::TablePlace& table) override;

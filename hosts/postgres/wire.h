@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "hosts/postgres/connection_text.h"
+#include "hosts/postgres/known_tables.h"
 #include "hosts/postgres/pg_result.h"
 
 namespace tessaria::postgres {
@@ -29,6 +30,8 @@ class Wire {
   PGconn* Get() const { return connection_.get(); }
   /// Whether the server or the way to it was found to be gone.
   bool IsLost() const noexcept { return lost_; }
+  /// What the server has told of tables on this connection.
+  KnownTables& Tables() { return tables_; }
   /// Asks the server to give up what runs. The only call for another thread.
   void Cancel() noexcept;
 
@@ -61,6 +64,7 @@ class Wire {
   std::unique_ptr<PGcancel, CancelEnd> cancel_;
   Batch* underWay_ = nullptr;
   std::atomic<bool> lost_ = false;
+  KnownTables tables_;
 };
 
 /// The results of one sent text, each taken when it is asked for. Belongs to one statement.

@@ -91,6 +91,10 @@ class TESSARIA_SQL_API Link {
   /// " where `Read` takes them so.
   virtual StringView CursorKind() const noexcept = 0;
 
+  /// A link may remember of which tables the columns of its results are and whether they take Null.
+  /// Makes it ask again, where a write depends on it.
+  virtual void ForgetTables() = 0;
+
   // The catalogue. An empty name stands for all; drivers may answer with more than was asked for.
   virtual std::vector<TableFacts> Tables(const host::SchemaRestrictions& asked) = 0;
   virtual std::vector<ColumnFacts> TableColumns(const host::SchemaRestrictions& asked) = 0;

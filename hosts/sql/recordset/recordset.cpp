@@ -41,6 +41,7 @@ SqlRecordset::~SqlRecordset() = default;
 
 // Runs the statement and moves to the first row.
 void SqlRecordset::Run() {
+  if (lock_ != host::LockType::ReadOnly) session_->ForgetTables();
   auto table = open_ ? open_() : std::make_shared<RowTable>(session_, facts_);
   std::optional<KeyTable> key;
   if (lock_ != host::LockType::ReadOnly && facts_.isSingleTable) {

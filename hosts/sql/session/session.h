@@ -100,6 +100,9 @@ class Session : public std::enable_shared_from_this<Session> {
   void KeepRest(Statement& statement);
   Patience& Waits() { return patience_; }
 
+  /// As the link's.
+  void ForgetTables() const { RequireLink()->ForgetTables(); }
+
   void Pending(PendingRows* rows) { pending_ = rows; }
   void Finished(const PendingRows* rows) noexcept {
     if (pending_ == rows) pending_ = nullptr;
