@@ -39,6 +39,10 @@ endfunction()
 # Tests of internals link tessaria_all_NAME, the same objects, instead of the library.
 function(tessaria_library name)
   list(TRANSFORM ARGN REPLACE "(.+)" "$<TARGET_OBJECTS:tessaria_\\1>" OUTPUT_VARIABLE objects)
+  string(TOUPPER TESSARIA_BUILDS_${name} builds)
+  foreach(object ${ARGN})
+    target_compile_definitions(tessaria_${object} PRIVATE ${builds})
+  endforeach()
   add_library(Tessaria${name} SHARED ${objects})
   add_library(Tessaria::${name} ALIAS Tessaria${name})
   set_target_properties(Tessaria${name} PROPERTIES EXPORT_NAME ${name}

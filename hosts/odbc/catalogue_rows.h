@@ -1,4 +1,4 @@
-// What a driver's catalogue calls tell of tables, columns and keys.
+// What a driver's catalogue calls report about tables, columns and keys.
 #pragma once
 
 #include <memory>

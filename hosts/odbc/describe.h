@@ -1,4 +1,4 @@
-// The columns of a result, as the driver tells them.
+// The columns of a result, as the driver reports them.
 #pragma once
 
 #include <sql.h>

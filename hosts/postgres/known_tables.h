@@ -1,4 +1,4 @@
-// What a connection has been told of tables.
+// What a connection knows about tables.
 #pragma once
 
 #include <libpq-fe.h>

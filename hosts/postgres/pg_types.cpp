@@ -10,7 +10,7 @@ namespace {
 
 namespace sql_type = sql::sql_type;
 
-// What a type's modifier tells.
+// What a type's modifier means.
 enum class Modifier { None, Length, Digits, Time, Moment };
 
 struct PgType {
@@ -23,7 +23,7 @@ struct PgType {
 };
 
 // The server's numbers of these types never change. Money has as many decimals as the server's
-// country uses, which its binary form does not tell; a moment with a zone has to be shown in the
+// country uses, which its binary form does not contain; a moment with a zone has to be shown in the
 // zone of the session.
 constexpr PgType kTypes[] = {
     {16, u"bool", sql_type::Bit, 5, Modifier::None, AppendBool},

@@ -12,7 +12,7 @@ inline constexpr Oid kByteaType = 17;
 inline constexpr Oid kTextType = 25;
 
 /// Type, size and digits of a column; `modifier` is what the server adds to the type, -1 for
-/// nothing. A type that is not known is told as a text of the type "unknown".
+/// nothing. An unknown type is described as a text of the type "unknown".
 sql::ColumnDescription DescriptionOf(Oid type, int modifier);
 
 /// How a cell of the type is read in binary form. A null pointer where it must be asked for as a

@@ -10,7 +10,7 @@
 namespace tessaria::postgres {
 
 /// Appends a cell of the server's type `type`, in UTF-8. What the column's storage cannot hold is
-/// kept as the text. A moment with a zone loses the zone: it is told in the session's.
+/// kept as the text. A moment with a zone loses the zone: it is in that of the connection.
 void AppendTextCell(sql::ColumnStore& store, std::size_t column, const sql::ArrivingForm& form,
                     Oid type, std::string_view text);
 

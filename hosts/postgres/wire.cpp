@@ -31,7 +31,7 @@ PGconn* Connect(const ConnectionOptions& options, Long timeout) {
   return PQconnectdbParams(names.data(), values.data(), options.isWhole ? 1 : 0);
 }
 
-// The library tells no SQLSTATE of a connection that could not be opened.
+// The library gives no SQLSTATE for a connection that could not be opened.
 constexpr const char* kRefusalState = "08001";
 
 // Ends a transfer of table data, which a program cannot take part in through this layer.
@@ -61,7 +61,7 @@ Wire::Wire(const ConnectionOptions& options, Long timeout)
   }
 }
 
-// Returns when the server has told the process that runs the statement.
+// Returns when the server has signalled the process that runs the statement.
 void Wire::Cancel() noexcept {
   char reason[256];
   PQcancel(cancel_.get(), reason, sizeof reason);

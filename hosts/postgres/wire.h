@@ -30,7 +30,7 @@ class Wire {
   PGconn* Get() const { return connection_.get(); }
   /// Whether the server or the way to it was found to be gone.
   bool IsLost() const noexcept { return lost_; }
-  /// What the server has told of tables on this connection.
+  /// What is known about tables on this connection.
   KnownTables& Tables() { return tables_; }
   /// Asks the server to give up what runs. The only call for another thread.
   void Cancel() noexcept;

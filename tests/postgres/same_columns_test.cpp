@@ -1,4 +1,4 @@
-// Columns are told as the ODBC driver tells them, so that a program can change its driver.
+// Columns are described as the ODBC driver describes them, so that a program can change its driver.
 #include "hosts/odbc/odbc_link.h"
 #include "hosts/postgres/pg_link.h"
 #include "tests/sql/database_test.h"

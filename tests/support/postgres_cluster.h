@@ -1,4 +1,4 @@
-// A private PostgreSQL server for tests, reached through the real ODBC driver.
+// A PostgreSQL server of the test's own.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// What drivers tell of tables, columns and keys.
+// What drivers report about tables, columns and keys.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace tessaria::sql {
 
-/// Where a table is. Some drivers tell a name that is not there by an empty text.
+/// Where a table is. Some drivers report a missing name as an empty text.
 struct TablePlace {
   std::optional<String> catalogue, schema, table;
 };

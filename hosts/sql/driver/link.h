@@ -27,11 +27,11 @@ class TESSARIA_SQL_API Statement {
   /// left of earlier results is given up.
   virtual void Run(const String& text) = 0;
   /// Runs a text with values for its "?". Returns the number of rows that it changed, -1 when the
-  /// server does not tell.
+  /// server does not report it.
   virtual std::int64_t RunWith(const String& text, const std::vector<Parameter>& values) = 0;
   /// The columns of the present result; empty when it gives no rows.
   virtual Columns Describe() = 0;
-  /// Makes `Read` take the rows of the present and of later results as rows of these columns.
+  /// Makes `Take` read the rows of the present and of later results as rows of these columns.
   virtual void Bind(const Columns& columns) = 0;
   /// Waits for the next block of rows of the present result. Returns their number, 0 at the end.
   virtual std::uint32_t Fetch() = 0;
@@ -47,7 +47,7 @@ class TESSARIA_SQL_API Statement {
 
 using StatementPtr = std::unique_ptr<Statement>;
 
-/// What a server is, as its driver tells.
+/// What a server is, as its driver reports it.
 struct ServerFacts {
   String name;     ///< "PostgreSQL", "Microsoft SQL Server", ...
   String version;  ///< numbers with points between
@@ -87,8 +87,8 @@ class TESSARIA_SQL_API Link {
   /// Whether `Run` returns only when the rows of all its results have arrived, so that neither
   /// `Fetch` nor `NextResult` waits.
   virtual bool RowsArriveWithRun() const noexcept = 0;
-  /// What the declaration of a PostgreSQL cursor says of the form of its rows: nothing, or "BINARY
-  /// " where `Read` takes them so.
+  /// What the declaration of a PostgreSQL cursor says about the form of its rows: nothing, or
+  /// "BINARY " where `Take` reads them so.
   virtual StringView CursorKind() const noexcept = 0;
 
   /// A link may remember of which tables the columns of its results are and whether they take Null.
@@ -98,9 +98,9 @@ class TESSARIA_SQL_API Link {
   // The catalogue. An empty name stands for all; drivers may answer with more than was asked for.
   virtual std::vector<TableFacts> Tables(const host::SchemaRestrictions& asked) = 0;
   virtual std::vector<ColumnFacts> TableColumns(const host::SchemaRestrictions& asked) = 0;
-  /// In the order of the key. Nothing when the driver cannot tell keys.
+  /// In the order of the key. Nothing when the driver cannot report keys.
   virtual std::optional<std::vector<KeyPart>> PrimaryKey(const TablePlace& table) = 0;
-  /// The columns of unique indexes, those of one index together; empty when the driver cannot tell.
+  /// The columns of unique indexes, those of one index together; empty when the driver cannot report them.
   virtual std::vector<KeyPart> UniqueIndexes(const TablePlace& table) = 0;
 };
 

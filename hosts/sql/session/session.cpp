@@ -204,7 +204,7 @@ void Session::AbandonReading() noexcept {
   try {
     link_->Rollback();
   } catch (...) {
-    // The connection is gone, which its next use tells.
+    // The connection is gone; its next use raises the error.
   }
 }
 

@@ -59,7 +59,7 @@ class Session : public std::enable_shared_from_this<Session> {
   /// The link for its catalogue, which drivers that need it ask once the rows of the last statement
   /// have been read.
   Link& Catalogue();
-  /// As the link tells it.
+  /// The link's.
   StringView CursorKind() const { return RequireLink()->CursorKind(); }
 
   /// Whether the server reads backslashes in the plain texts of a statement as escapes. It is asked

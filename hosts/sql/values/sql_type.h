@@ -1,4 +1,4 @@
-// The numbers by which drivers tell the types of columns: those of the SQL call-level interface.
+// The numbers by which drivers report the types of columns: those of the SQL call-level interface.
 #pragma once
 
 #include "tessaria/variant.h"
