@@ -7,6 +7,21 @@
 #include "hosts/odbc/wide.h"
 
 namespace tessaria::odbc {
+namespace {
+
+// A statement that waits for the server, which another thread may cancel.
+class Running {
+ public:
+  Running(Line& line, SQLHSTMT statement) : line_(line) { line_.Running(statement); }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  ~Running() { line_.Running(SQL_NULL_HSTMT); }
+
+ private:
+  Line& line_;
+};
+
+}  // namespace
 
 OdbcStatement::OdbcStatement(std::shared_ptr<Line> line)
     : line_(std::move(line)), handle_(line_->Get()) {
@@ -25,10 +40,9 @@ OdbcStatement::OdbcStatement(std::shared_ptr<Line> line)
 
 SQLRETURN OdbcStatement::Send(const String& text) {
   SQLFreeStmt(Get(), SQL_CLOSE);
-  line_->Running(Get());
+  const Running running(*line_, Get());
   const SQLRETURN result =
       SQLExecDirectW(Get(), Wide(text.c_str()), static_cast<SQLINTEGER>(text.size()));
-  line_->Running(SQL_NULL_HSTMT);
   Check(result);
   return result;
 }
@@ -70,6 +84,7 @@ void OdbcStatement::Bind(const sql::Columns& columns) {
 }
 
 std::uint32_t OdbcStatement::Fetch() {
+  const Running running(*line_, Get());
   try {
     return reader_->Fetch();
   } catch (const DriverError& error) {
@@ -79,6 +94,7 @@ std::uint32_t OdbcStatement::Fetch() {
 }
 
 bool OdbcStatement::NextResult() {
+  const Running running(*line_, Get());
   const SQLRETURN result = SQLMoreResults(Get());
   Check(result);
   return result != SQL_NO_DATA;

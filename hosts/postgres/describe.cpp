@@ -76,7 +76,10 @@ sql::Columns DescribeColumns(Wire& wire, const PGresult* result) {
     told.push_back(DescriptionOf(PQftype(result, i), PQfmod(result, i)));
     told.back().name = FromUtf8(PQfname(result, i));
   }
-  TakeSources(wire, result, told);
+  // What a write returns has happened: no question may fail after it.
+  const std::string_view command = PQcmdStatus(const_cast<PGresult*>(result));
+  if (command.starts_with("SELECT") || command.starts_with("FETCH"))
+    TakeSources(wire, result, told);
   sql::Columns columns;
   for (sql::ColumnDescription& description : told) {
     const auto i = static_cast<int>(columns.size());

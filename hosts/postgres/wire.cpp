@@ -14,6 +14,9 @@ std::vector<std::pair<std::string, std::string>> AllPairs(const ConnectionOption
                                                           Long timeout) {
   std::vector<std::pair<std::string, std::string>> pairs;
   if (timeout > 0) pairs.emplace_back("connect_timeout", std::to_string(timeout));
+  // A way that has gone is noticed within a minute or two.
+  pairs.emplace_back("keepalives_idle", "60");
+  pairs.emplace_back("tcp_user_timeout", "60000");
   pairs.insert(pairs.end(), options.pairs.begin(), options.pairs.end());
   pairs.emplace_back("client_encoding", "UTF8");
   return pairs;

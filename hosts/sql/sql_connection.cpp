@@ -15,6 +15,34 @@ bool IsPlainName(const StatementFacts& facts) {
   return facts.isName && facts.control == Control::None;
 }
 
+StatementFacts Read(Session& session, const String& statement) {
+  const bool escapes = session.BackslashesEscape(statement).value_or(false);
+  return RequireSingleStatement(statement, session.ServerInfo().dialect, escapes);
+}
+
+// A transaction that the application begins with a statement is managed by this layer, with its
+// savepoints; the driver alone would abort it at the first failed statement.
+bool RunControl(Session& session, const StatementFacts& facts) {
+  if (!session.ServerInfo().IsPostgres()) return false;
+  switch (facts.control) {
+    case Control::None:
+      return false;
+    case Control::Begin:
+      session.BeginTrans(facts.modes);
+      break;
+    case Control::Commit:
+      session.CommitTrans();
+      break;
+    case Control::Rollback:
+      session.RollbackTrans();
+      break;
+    case Control::Savepoint:
+      session.ExecuteSavepoint(facts.text);
+      break;
+  }
+  return true;
+}
+
 }  // namespace
 
 host::ConnectionPtr CreateConnection(Connector connect) {
@@ -32,29 +60,34 @@ void SqlConnection::ConnectionTimeout(Long seconds) {
 }
 
 Variant SqlConnection::Properties(const String& name) const {
-  const Server& server = session_->ServerInfo();
+  const SessionPtr session = Kept();
+  const Server& server = session->ServerInfo();
   if (EqualNoCase(name, u"DBMS Name")) return server.name;
   if (EqualNoCase(name, u"DBMS Version")) return server.version;
   if (EqualNoCase(name, u"Backslash Escapes")) {
-    const auto escapes = session_->BackslashesEscape(u"\\");
+    const auto escapes = session->BackslashesEscape(u"\\");
     return escapes ? Variant(*escapes) : Variant::Null();
   }
   throw HostError(errors::ItemNotFound, u"Propriedade não encontrada: " + name);
 }
 
 host::RecordsetPtr SqlConnection::Execute(const String& statement) {
-  StatementFacts facts = Read(statement);
-  if (RunControl(facts)) return std::make_shared<SqlRecordset>(session_, statement);
-  return std::make_shared<SqlRecordset>(session_, std::move(facts), statement,
+  const SessionPtr session = Kept();
+  const String source = statement;
+  StatementFacts facts = Read(*session, source);
+  if (RunControl(*session, facts)) return std::make_shared<SqlRecordset>(session, source);
+  return std::make_shared<SqlRecordset>(session, std::move(facts), source,
                                         host::LockType::ReadOnly);
 }
 
 host::RecordsetPtr SqlConnection::OpenRecordset(const String& source, host::CursorType,
                                                 host::LockType lock, Long) {
-  StatementFacts facts = Read(source);
-  if (IsPlainName(facts)) facts = Read(u"SELECT * FROM " + facts.text);
-  if (RunControl(facts)) return std::make_shared<SqlRecordset>(session_, source);
-  return std::make_shared<SqlRecordset>(session_, std::move(facts), source, lock);
+  const SessionPtr session = Kept();
+  const String text = source;
+  StatementFacts facts = Read(*session, text);
+  if (IsPlainName(facts)) facts = Read(*session, u"SELECT * FROM " + facts.text);
+  if (RunControl(*session, facts)) return std::make_shared<SqlRecordset>(session, text);
+  return std::make_shared<SqlRecordset>(session, std::move(facts), text, lock);
 }
 
 host::RecordsetPtr SqlConnection::OpenSchema(host::SchemaKind kind,
@@ -66,34 +99,6 @@ host::RecordsetPtr SqlConnection::OpenSchema(host::SchemaKind kind,
                                       ReadSchema(*session, kind, restrictions));
   };
   return std::make_shared<SqlRecordset>(session_, open);
-}
-
-StatementFacts SqlConnection::Read(const String& statement) const {
-  const bool escapes = session_->BackslashesEscape(statement).value_or(false);
-  return RequireSingleStatement(statement, session_->ServerInfo().dialect, escapes);
-}
-
-// A transaction that the application begins with a statement is managed by this layer, with its
-// savepoints; the driver alone would abort it at the first failed statement.
-bool SqlConnection::RunControl(const StatementFacts& facts) {
-  if (!session_->ServerInfo().IsPostgres()) return false;
-  switch (facts.control) {
-    case Control::None:
-      return false;
-    case Control::Begin:
-      session_->BeginTrans(facts.modes);
-      break;
-    case Control::Commit:
-      session_->CommitTrans();
-      break;
-    case Control::Rollback:
-      session_->RollbackTrans();
-      break;
-    case Control::Savepoint:
-      session_->ExecuteSavepoint(facts.text);
-      break;
-  }
-  return true;
 }
 
 }  // namespace tessaria::sql

@@ -15,17 +15,17 @@ class SqlConnection final : public host::Connection {
   Long State() const override;
   String ConnectionString() const override { return text_; }
   void ConnectionString(const String& text) override { text_ = text; }
-  void Open() override { session_->Open(text_, timeout_); }
+  void Open() override { Kept()->Open(text_, timeout_); }
   void Close() override {
     session_->Waits().RequireIdle();
-    session_->Close();
+    Kept()->Close();
   }
   Long ConnectionTimeout() const override { return timeout_; }
   void ConnectionTimeout(Long seconds) override;
   Long CommandTimeout() const override { return session_->CommandTimeout(); }
-  void CommandTimeout(Long seconds) override { session_->CommandTimeout(seconds); }
+  void CommandTimeout(Long seconds) override { Kept()->CommandTimeout(seconds); }
   Long LockTimeout() const override { return session_->LockTimeout(); }
-  void LockTimeout(Long seconds) override { session_->LockTimeout(seconds); }
+  void LockTimeout(Long seconds) override { Kept()->LockTimeout(seconds); }
 
   Variant Properties(const String& name) const override;
   host::RecordsetPtr Execute(const String& statement) override;
@@ -35,13 +35,13 @@ class SqlConnection final : public host::Connection {
   host::RecordsetPtr OpenSchema(host::SchemaKind kind,
                                 const host::SchemaRestrictions& restrictions) override;
 
-  void BeginTrans() override { session_->BeginTrans(); }
-  void CommitTrans() override { session_->CommitTrans(); }
-  void RollbackTrans() override { session_->RollbackTrans(); }
+  void BeginTrans() override { Kept()->BeginTrans(); }
+  void CommitTrans() override { Kept()->CommitTrans(); }
+  void RollbackTrans() override { Kept()->RollbackTrans(); }
 
  private:
-  StatementFacts Read(const String& statement) const;
-  bool RunControl(const StatementFacts& facts);
+  // Something that runs while the server is waited for may let go of the connection.
+  SessionPtr Kept() const { return session_; }
 
   String text_;
   Long timeout_ = 15;

@@ -131,6 +131,32 @@ TEST_F(WaitingWindow, ClosingWaits) {
   EXPECT_FALSE(window_->isVisible());
 }
 
+TEST_F(WaitingWindow, WaitOnAnotherConnectionLeavesTheOuterOneAsItIs) {
+  host::ConnectionPtr third = odbc::CreateConnection();
+  third->ConnectionString(cluster().ConnectionString());
+  third->Open();
+  after(300, [this] { queueText(QStringLiteral("Ub")); });
+  after(400, [&] { third->Execute(u"select pg_sleep(0.5)"); });
+  after(1000, [this] {
+    EXPECT_EQ(box().text(), QString());
+    EXPECT_TRUE(QGuiApplication::overrideCursor());
+  });
+  escapeAfter(1100);
+  EXPECT_EQ(write(), errors::Cancelled);
+  settleAll();
+  expectBox(QStringLiteral("Ub"), QStringLiteral("eraba"));
+}
+
+TEST_F(WaitingWindow, ButtonPressedBeforeTheWaitIsReleasedAfterIt) {
+  QTest::mousePress(button_, Qt::LeftButton);
+  after(300, [this] { QTest::mouseRelease(button_, Qt::LeftButton); });
+  after(400, [this] { EXPECT_TRUE(button_->isDown()); });
+  escapeAfter(500);
+  EXPECT_EQ(write(), errors::Cancelled);
+  settleAll();
+  EXPECT_FALSE(button_->isDown());
+}
+
 TEST_F(WaitingWindow, StatementOfATimerIsRefused) {
   Long number = 0;
   after(300, [&] {

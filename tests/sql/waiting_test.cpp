@@ -196,6 +196,75 @@ TEST_F(WaitingTest, StatementThatSomethingElseAsksForMeanwhileIsRefused) {
   EXPECT_EQ(others->RecordCount(), 2);
 }
 
+TEST_F(WaitingTest, RowIsNotEditedWhileItIsWritten) {
+  const auto rows = EditedFirstRow();
+  LockFirstRow();
+  Watcher watcher;
+  watcher.onPass = [&](const host::Wait& wait) {
+    EXPECT_HOST_ERROR(Set(rows, u"nome", u"Outra"), errors::StillExecuting);
+    EXPECT_HOST_ERROR(rows->CancelUpdate(), errors::StillExecuting);
+    EXPECT_HOST_ERROR(rows->MoveNext(), errors::StillExecuting);
+    EXPECT_HOST_ERROR(rows->Delete(), errors::StillExecuting);
+    return wait.Elapsed > 250ms;
+  };
+  EXPECT_HOST_ERROR(rows->Update(), errors::Cancelled);
+  EXPECT_SAME(Get(rows, u"nome"), u"Eva");
+  other_->RollbackTrans();
+  rows->Update();
+  EXPECT_SAME(Scalar(u"select nome from t where k = 1"), u"Eva");
+}
+
+TEST_F(WaitingTest, WriteIsNotSentWhenTheRowsBeforeItAreGivenUp) {
+  Run(u"create table muitos as select n as k, repeat('x', 200) as nome from "
+      u"generate_series(1, 400000) n");
+  const auto rows = Read(u"select * from muitos");
+  Watcher watcher;
+  watcher.onPass = [](const host::Wait&) { return true; };
+  EXPECT_HOST_ERROR(Run(u"update t set nome = 'Nova' where k = 2"), errors::Cancelled);
+  watcher.onPass = [](const host::Wait&) { return false; };
+  EXPECT_SAME(Scalar(u"select nome from t where k = 2"), u"Bia");
+}
+
+TEST_F(WaitingTest, BoundsSetInATransactionSurviveItsEnd) {
+  connection_->BeginTrans();
+  connection_->CommandTimeout(600);
+  connection_->RollbackTrans();
+  EXPECT_SAME(Scalar(u"show statement_timeout"), u"10min");
+  EXPECT_EQ(connection_->CommandTimeout(), 600);
+}
+
+TEST_F(WaitingTest, BoundsAreNotSetWhileAStatementRuns) {
+  Watcher watcher;
+  watcher.onPass = [&](const host::Wait&) {
+    EXPECT_HOST_ERROR(connection_->CommandTimeout(7), errors::StillExecuting);
+    EXPECT_HOST_ERROR(connection_->Open(), errors::StillExecuting);
+    return false;
+  };
+  Run(u"select pg_sleep(0.4)");
+  EXPECT_EQ(connection_->CommandTimeout(), 30);
+}
+
+TEST_F(WaitingTest, ConnectionThatIsLetGoMeanwhileLivesToTheEndOfTheStatement) {
+  Watcher watcher;
+  watcher.onPass = [&](const host::Wait&) {
+    connection_.reset();
+    return false;
+  };
+  connection_->Execute(u"update t set nome = 'Nova' where k = (select 2 from pg_sleep(0.4))");
+  EXPECT_EQ(connection_, nullptr);
+  const auto rows = other_->Execute(u"select nome from t where k = 2");
+  EXPECT_SAME(Get(rows, 0), u"Nova");
+}
+
+TEST_F(WaitingTest, WaitEndsWithTheStatementThatIsOpened) {
+  Watcher watcher;
+  const auto rows = Read(
+      u"select n, case when n = 1 then pg_sleep(0.4)::text end from "
+      u"generate_series(1, 3000) n");
+  EXPECT_EQ(watcher.ends, 1);
+  EXPECT_FALSE(rows->Eof());
+}
+
 TEST_F(WaitingTest, RecordSetThatIsLetGoMeanwhileLivesToTheEndOfTheWait) {
   auto rows = EditedFirstRow();
   LockFirstRow();

@@ -10,9 +10,6 @@ namespace {
 
 bool isPointer(QEvent::Type type) {
   switch (type) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
     case QEvent::Wheel:
     case QEvent::ContextMenu:
     case QEvent::TouchBegin:
@@ -57,15 +54,29 @@ bool WaitInput::eventFilter(QObject* receiver, QEvent* event) {
     case QEvent::InputMethod:
       kept_.push_back({receiver, std::unique_ptr<QEvent>(event->clone())});
       return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      isPressed_ = true;
+      return true;
+    case QEvent::MouseButtonRelease:
+      // Without it a button or an arrow that was pressed before would stay so.
+      if (!std::exchange(isPressed_, false))
+        kept_.push_back({receiver, std::unique_ptr<QEvent>(event->clone())});
+      return true;
     case QEvent::Close:
-      if (auto* const window = qobject_cast<QWidget*>(receiver)) {
-        closing_.emplace_back(window);
-        event->ignore();
-      }
-      return receiver->isWidgetType();
+      return holdClosing(receiver, event);
     default:
       return isPointer(event->type());
   }
+}
+
+// A window that is asked to close more than once is closed once.
+bool WaitInput::holdClosing(QObject* receiver, QEvent* event) {
+  auto* const window = qobject_cast<QWidget*>(receiver);
+  if (!window) return false;
+  event->ignore();
+  if (!closing_.contains(window)) closing_ << window;
+  return true;
 }
 
 // Escape is no key of a field here, neither its press nor its release.
@@ -73,7 +84,7 @@ bool WaitInput::holdKey(QObject* receiver, QEvent* event) {
   event->accept();
   if (!isEscape(event)) {
     kept_.push_back({receiver, std::unique_ptr<QEvent>(event->clone())});
-  } else if (event->type() == QEvent::KeyPress) {
+  } else if (event->type() == QEvent::KeyPress && !static_cast<QKeyEvent*>(event)->isAutoRepeat()) {
     escape_ = true;
   }
   return true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QEvent>
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -10,10 +11,10 @@
 
 namespace tessaria::qt {
 
-/// During its lifetime Escape is read and all other input is kept from the widgets: keys and texts
-/// of input methods, and the closing of windows, are delivered by its destructor in their order;
-/// mouse, wheel, touch and drop do nothing. A window that opens meanwhile, in an event loop of its
-/// own, has its input.
+/// During its lifetime Escape is read and all other input is kept from the widgets. Keys and texts
+/// of input methods, the release of a mouse button that was already pressed, and the closing of
+/// windows are delivered by its destructor in their order; all else of mouse, wheel, touch and drop
+/// does nothing. A window that opens meanwhile, in an event loop of its own, has its input.
 class WaitInput final : public QObject {
  public:
   WaitInput();
@@ -32,11 +33,13 @@ class WaitInput final : public QObject {
   };
 
   bool holdKey(QObject* receiver, QEvent* event);
+  bool holdClosing(QObject* receiver, QEvent* event);
 
   std::vector<Kept> kept_;
-  std::vector<QPointer<QWidget>> closing_;
+  QList<QPointer<QWidget>> closing_;
   bool escape_ = false;
-  int loopLevel_;  // of the loop that waits
+  bool isPressed_ = false;  // a mouse button, since the wait began
+  int loopLevel_;           // of the loop that waits
 };
 
 }  // namespace tessaria::qt

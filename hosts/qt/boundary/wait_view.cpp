@@ -31,20 +31,24 @@ WaitView::WaitView() = default;
 WaitView::~WaitView() { Over(); }
 
 bool WaitView::Pass(const host::Wait& wait) {
-  if (!input_) {
-    input_ = std::make_unique<WaitInput>();
+  if (inputs_.size() == passing_) {
+    inputs_.push_back(std::make_unique<WaitInput>());
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   }
   if (wait.Elapsed >= kSilence) showLine(wait);
+  ++passing_;
   QCoreApplication::processEvents(QEventLoop::AllEvents, kStep);
-  return input_ && input_->takeEscape();
+  --passing_;
+  return inputs_[passing_]->takeEscape();
 }
 
+// Ends the innermost wait, and not those in whose Pass it ran.
 void WaitView::Over() {
-  delete line_;
-  if (!input_) return;
-  QGuiApplication::restoreOverrideCursor();
-  input_.reset();
+  while (inputs_.size() > passing_) {
+    QGuiApplication::restoreOverrideCursor();
+    inputs_.pop_back();
+  }
+  if (inputs_.empty()) delete line_;
 }
 
 // On the lower edge of the window in front.

@@ -30,7 +30,10 @@ class WaitView final : public host::WaitView {
  private:
   void showLine(const host::Wait& wait);
 
-  std::unique_ptr<WaitInput> input_;  // during a wait
+  // Of the waits under way, the innermost last: what runs during a wait on one connection may wait
+  // on another.
+  std::vector<std::unique_ptr<WaitInput>> inputs_;
+  std::size_t passing_ = 0;  // calls of Pass that have not returned
   QPointer<QLabel> line_;
 };
 

@@ -360,7 +360,7 @@ void Adodc::showPosition() {
   guarded(this, [&] {
     if (!text.isEmpty() || !recordSet_ || recordSet_->State() == host::state::Closed) return;
     const bool isNew = recordSet_->EditMode() == host::EditMode::Add;
-    const Long row = recordSet_->AbsolutePosition();
+    const Long row = isNew ? 0 : recordSet_->AbsolutePosition();
     text = isNew     ? QStringLiteral("Novo registro")
            : row > 0 ? QStringLiteral("Registro %1").arg(row)
                      : QStringLiteral("Sem registros");

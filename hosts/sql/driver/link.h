@@ -100,7 +100,8 @@ class TESSARIA_SQL_API Link {
   virtual std::vector<ColumnFacts> TableColumns(const host::SchemaRestrictions& asked) = 0;
   /// In the order of the key. Nothing when the driver cannot report keys.
   virtual std::optional<std::vector<KeyPart>> PrimaryKey(const TablePlace& table) = 0;
-  /// The columns of unique indexes, those of one index together; empty when the driver cannot report them.
+  /// The columns of unique indexes, those of one index together; empty when the driver cannot
+  /// report them.
   virtual std::vector<KeyPart> UniqueIndexes(const TablePlace& table) = 0;
 };
 

@@ -12,13 +12,10 @@ struct StateRule {
 
 // The first prefix that matches decides.
 constexpr StateRule kStateRules[] = {
-    {"22", errors::ValueRefused},
-    {"23", errors::IntegrityViolation},
-    {"28", errors::AuthenticationFailed},
-    {"42", errors::ErrorsInCommand},
-    {"57014", errors::TimeOut},
-    {"55P03", errors::TimeOut},
-    {"HYT", errors::TimeOut},
+    {"22", errors::ValueRefused},         {"23", errors::IntegrityViolation},
+    {"28", errors::AuthenticationFailed}, {"42", errors::ErrorsInCommand},
+    {"57014", errors::TimeOut},           {"55P03", errors::TimeOut},
+    {"HY008", errors::TimeOut},           {"HYT", errors::TimeOut},
 };
 
 // 57P0x: the server was shut down, crashed, or is just starting.

@@ -106,6 +106,7 @@ Long SqlRecordset::RecordCount() {
 
 Long SqlRecordset::AbsolutePosition() const {
   if (edit_ == host::EditMode::Add) {
+    const auto keep = weak_from_this().lock();
     Table().ReadRest();
     return RowsRead() + 1;
   }

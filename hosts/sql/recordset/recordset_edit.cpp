@@ -47,6 +47,7 @@ bool SqlRecordset::TakesBack(std::size_t column, const Variant& value) const {
 }
 
 void SqlRecordset::FieldValue(std::size_t column, const Variant& value) {
+  session_->Waits().RequireIdle();
   RequireRow();
   if (const String* text = value.TryGet<String>()) RequireWellFormed(*text);
   const Column& info = ColumnInfo()[column];
@@ -109,6 +110,7 @@ auto SqlRecordset::Send(Doubt doubt, Write write) {
 
 // The edit ends once the database has accepted it, whatever fails afterwards.
 void SqlRecordset::WriteEdit() {
+  session_->Waits().RequireIdle();
   if (doubt_ == Doubt::Edit) SettleDoubt();
   if (edit_ == host::EditMode::Add) {
     ColumnStore written = Send(Doubt::Edit, [&] { return writer_->Insert(changes_); });
@@ -160,6 +162,7 @@ void SqlRecordset::HideRow(RowId row) {
 
 void SqlRecordset::CancelUpdate() {
   Table();
+  session_->Waits().RequireIdle();
   DropEdit();
 }
 

@@ -10,8 +10,9 @@ constexpr RowId kAdded = 0x8000'0000;
 
 }  // namespace
 
-RowTable::RowTable(SessionPtr session, const StatementFacts& facts)
-    : session_(std::move(session)), stream_(std::make_unique<RowStream>(*session_, facts)) {
+RowTable::RowTable(SessionPtr session, const StatementFacts& facts) : session_(std::move(session)) {
+  const Patience::Request request(session_->Waits());
+  stream_ = std::make_unique<RowStream>(*session_, facts);
   columns_ = stream_->StatementColumns();
   read_.emplace(columns_);
   while (read_->RowCount() < kFirstPage && ReadBlock()) {
@@ -29,7 +30,8 @@ bool RowTable::ReadBlock() {
   if (!stream_) return false;
   session_->Waits().RequireIdle();
   try {
-    session_->Waits().Breathe();
+    // The first rows come with the statement, whose outcome is not to be hidden.
+    if (read_->RowCount() >= kFirstPage) session_->Waits().Breathe();
     if (stream_->Read(*read_)) return true;
   } catch (...) {
     failure_ = std::current_exception();

@@ -26,11 +26,19 @@ bool IsInResult(const String& name, const Columns& columns) {
   });
 }
 
+std::optional<std::vector<KeyPart>> AskedKey(Session& session, const TablePlace& table) {
+  return session.AskCatalogue([&](Link& link) { return link.PrimaryKey(table); });
+}
+
+std::vector<KeyPart> AskedIndexes(Session& session, const TablePlace& table) {
+  return session.AskCatalogue([&](Link& link) { return link.UniqueIndexes(table); });
+}
+
 }  // namespace
 
 std::vector<KeyPart> PrimaryKeyOf(Session& session, const TablePlace& table) {
-  if (auto key = session.Catalogue().PrimaryKey(table)) return std::move(*key);
-  std::vector<KeyPart> parts = session.Catalogue().UniqueIndexes(table);
+  if (auto key = AskedKey(session, table)) return std::move(*key);
+  std::vector<KeyPart> parts = AskedIndexes(session, table);
   parts.erase(std::remove_if(parts.begin(), parts.end(),
                              [](const KeyPart& part) { return !IsPrimaryIndex(part); }),
               parts.end());
@@ -55,8 +63,8 @@ std::vector<String> ChooseUniqueIndex(const std::vector<KeyPart>& parts, const C
 
 std::vector<String> RowKeyOf(Session& session, const Column& source, const Columns& columns) {
   const TablePlace place{source.catalogue, source.schema, source.table};
-  const auto key = session.Catalogue().PrimaryKey(place);
-  if (!key) return ChooseUniqueIndex(session.Catalogue().UniqueIndexes(place), columns);
+  const auto key = AskedKey(session, place);
+  if (!key) return ChooseUniqueIndex(AskedIndexes(session, place), columns);
   std::vector<String> names;
   for (const KeyPart& part : *key) names.push_back(part.column);
   return names;

@@ -53,6 +53,7 @@ void Patience::Await(const std::function<void()>& call, const std::function<void
     worker_.Finish();
   } catch (const HostError& error) {
     if (isGivenUp && error.Number() == errors::TimeOut) {
+      ++givenUp_;
       throw HostError(errors::Cancelled);
     }
     throw;
@@ -61,21 +62,32 @@ void Patience::Await(const std::function<void()>& call, const std::function<void
 
 void Patience::Breathe() {
   const auto now = Clock::now();
-  if (State().waiting == nullptr || now - start_ < kMoment || now - lastPass_ < kStep) return;
+  if (depth_ == 0 || State().waiting == nullptr || now - start_ < kMoment ||
+      now - lastPass_ < kStep)
+    return;
   const Flag busy(isBusy_);
-  if (Pass()) throw HostError(errors::Cancelled, String(kReadingCancelled));
+  if (!Pass()) return;
+  ++givenUp_;
+  throw HostError(errors::Cancelled, String(kReadingCancelled));
 }
 
-// Whether the operator has given up.
+// Whether the operator has given up. What is raised meanwhile is raised once the call is over,
+// which uses what the caller owns.
 bool Patience::AwaitElsewhere(const std::function<void()>& call,
                               const std::function<void()>& cancel) {
   worker_.Start(call);
   bool isGivenUp = false;
+  std::exception_ptr failure;
   for (auto step = kMoment; !worker_.IsOverWithin(step); step = kStep) {
-    if (!Pass()) continue;
-    isGivenUp = true;
-    cancel();
+    try {
+      if (failure || !Pass()) continue;
+      isGivenUp = true;
+      cancel();
+    } catch (...) {
+      failure = std::current_exception();
+    }
   }
+  if (failure) std::rethrow_exception(failure);
   return isGivenUp;
 }
 

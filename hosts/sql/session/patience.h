@@ -37,6 +37,8 @@ class Patience {
   /// Error 3711 when a call is under way, which something that runs meanwhile asks.
   void RequireIdle() const;
   bool IsIdle() const noexcept { return !isBusy_; }
+  /// How often the operator has given up, since the connection was made.
+  int TimesGivenUp() const noexcept { return givenUp_; }
   /// Rows that have come in.
   void NoteRows(Long rows) { rows_ += rows; }
 
@@ -51,6 +53,7 @@ class Patience {
   int depth_ = 0;  // of requests
   Clock::time_point start_, lastPass_;
   Long rows_ = 0;
+  int givenUp_ = 0;
   host::WaitView* passed_ = nullptr;  // the view that shows this request
 };
 

@@ -77,7 +77,7 @@ RowStream::RowStream(Session& session, const StatementFacts& facts)
 RowStream::~RowStream() {
   try {
     if (statement_) Finish();
-  } catch (const HostError&) {
+  } catch (...) {
     Abandon();
   }
 }
@@ -93,12 +93,13 @@ void RowStream::FillSourceOf(const StatementFacts& facts) {
 void RowStream::OpenCursor(const String& text) {
   ownTransaction_ = !session_.InTransaction();
   if (ownTransaction_) session_.BeginReading();
-  session_.Execute(*statement_, Declaration(session_, text) + u"\n; FETCH 0 FROM tessaria_rows");
-  session_.NextResult(*statement_);
+  session_.ExecuteBatch(*statement_,
+                        Declaration(session_, text) + u"\n; FETCH 0 FROM tessaria_rows", 2);
   columns_ = session_.Describe(*statement_);
   if (AnyAsText(columns_)) {
-    session_.Execute(*statement_, u"CLOSE tessaria_rows; " +
-                                      Declaration(session_, WithColumnsAsTexts(columns_, text)));
+    session_.ExecuteBatch(
+        *statement_,
+        u"CLOSE tessaria_rows; " + Declaration(session_, WithColumnsAsTexts(columns_, text)), 2);
   }
   Fetch(1);
 }
@@ -150,11 +151,10 @@ void RowStream::KeepRest() {
 
 // The side effects of the query's functions are kept, even when not all rows were read.
 void RowStream::Finish() {
-  statement_.reset();
+  session_.Retire(std::move(statement_));
   if (!cursor_) return;
+  ownTransaction_ ? session_.EndReading() : CloseCursor();
   cursor_ = false;
-  if (ownTransaction_) return session_.EndReading();
-  CloseCursor();
 }
 
 void RowStream::CloseCursor() {
@@ -162,12 +162,12 @@ void RowStream::CloseCursor() {
 }
 
 void RowStream::Abandon() noexcept {
-  statement_.reset();
+  session_.Retire(std::move(statement_));
   if (!std::exchange(cursor_, false)) return;
   if (ownTransaction_) return session_.AbandonReading();
   try {
     CloseCursor();
-  } catch (const HostError&) {
+  } catch (...) {
     // The cursor never existed, or the connection is lost; the first error is the one to report.
   }
 }

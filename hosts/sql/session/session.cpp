@@ -1,5 +1,7 @@
 #include "hosts/sql/session/session.h"
 
+#include <utility>
+
 #include "hosts/sql/session/dbms_version.h"
 #include "hosts/sql/session/first_row.h"
 #include "runtime/well_formed.h"
@@ -21,7 +23,7 @@ class Session::Savepoint {
     if (!set_ || !session_.IsOpen()) return;
     try {
       session_.RunPlain(u"ROLLBACK TO SAVEPOINT tessaria_statement");
-    } catch (const HostError&) {
+    } catch (...) {
       // The statement's own error is being raised and says more.
     }
   }
@@ -40,13 +42,16 @@ class Session::Savepoint {
 
 Session::~Session() { Close(); }
 
-void Session::Open(const String& connectionString, Long timeout) {
+void Session::Open(String connectionString, Long timeout) {
+  patience_.RequireIdle();
   if (IsOpen()) {
     throw HostError(errors::ObjectOpen, u"Operação não permitida com a conexão aberta.");
   }
   RequireWellFormed(connectionString);
   Close();
-  Await([&] { link_ = connect_(connectionString, timeout); });
+  LinkPtr link;
+  Await([&] { link = connect_(connectionString, timeout); });
+  link_ = std::move(link);
   try {
     ReadServer();
   } catch (...) {
@@ -61,10 +66,11 @@ void Session::ReadServer() {
   server_.dialect = DialectOf(server_.name);
   if (server_.IsPostgres()) server_.version = PostgreSqlVersion(server_.version);
   for (const StringView setting : SettingsOf(server_.dialect)) RunPlain(String(setting));
-  SetTimeouts();
+  SetTimeouts(commandTimeout_, lockTimeout_);
 }
 
 void Session::Close() noexcept {
+  retired_.clear();
   if (pending_ != nullptr) pending_->ReadRest();
   if (inTransaction_) AbandonReading();
   pending_ = nullptr;
@@ -87,9 +93,22 @@ const Server& Session::ServerInfo() const {
 
 void Session::Settle() {
   patience_.RequireIdle();
+  EndWhatIsLeft();
   RequireLink();
-  if (pending_ != nullptr) pending_->ReadRest();
+  if (pending_ == nullptr) return;
+  const int before = patience_.TimesGivenUp();
+  pending_->ReadRest();
+  if (patience_.TimesGivenUp() > before) throw HostError(errors::Cancelled);
   RequireLink();
+}
+
+void Session::Retire(StatementPtr statement) noexcept {
+  if (!patience_.IsIdle()) retired_.push_back(std::move(statement));
+}
+
+void Session::EndWhatIsLeft() noexcept {
+  retired_.clear();
+  if (std::exchange(leftReading_, false)) AbandonReading();
 }
 
 StatementPtr Session::NewStatement() {
@@ -99,10 +118,19 @@ StatementPtr Session::NewStatement() {
 
 StatementPtr Session::InnerStatement() const { return RequireLink()->NewStatement(); }
 
-Link& Session::Catalogue() {
+void Session::RunCatalogue(const std::function<void(Link&)>& ask) {
   patience_.RequireIdle();
-  if (!RequireLink()->RunsBesideRows()) Settle();
-  return *RequireLink();
+  const LinkPtr link = RequireLink();
+  if (!link->RunsBesideRows()) Settle();
+  const Patience::Request request(patience_);
+  Savepoint savepoint(*this);
+  Await([&] { ask(*link); });
+  savepoint.Release();
+}
+
+void Session::ForgetTables() const {
+  patience_.RequireIdle();
+  RequireLink()->ForgetTables();
 }
 
 std::optional<bool> Session::BackslashesEscape(StringView statement) {
@@ -110,16 +138,19 @@ std::optional<bool> Session::BackslashesEscape(StringView statement) {
   if (server.dialect == Dialect::Other) return std::nullopt;
   if (!server.IsPostgres() || statement.find(u'\\') == StringView::npos) return false;
   const StatementPtr question = NewStatement();
-  Await([&] { question->Run(u"SHOW standard_conforming_strings"); });
+  Execute(*question, u"SHOW standard_conforming_strings");
   const TextRow answer = FirstRow(*question);
   return answer.empty() || answer[0] != u"on";
 }
 
-void Session::Execute(Statement& statement, const String& text) {
+void Session::ExecuteBatch(Statement& statement, const String& text, int results) {
   RequireWellFormed(text);
   const Patience::Request request(patience_);
   Savepoint savepoint(*this);
-  Await([&] { statement.Run(text); });
+  Await([&] {
+    statement.Run(text);
+    for (int i = 1; i < results; ++i) statement.NextResult();
+  });
   savepoint.Release();
 }
 
@@ -145,7 +176,10 @@ void Session::ExecuteSavepoint(const String& text) {
 void Session::RunPlain(const String& text) {
   RequireWellFormed(text);
   const StatementPtr statement = InnerStatement();
-  Await([&] { statement->Run(text); });
+  Await([&] {
+    statement->Run(text);
+    while (statement->NextResult()) continue;
+  });
 }
 
 void Session::BeginTrans(const String& modes) {
@@ -153,7 +187,7 @@ void Session::BeginTrans(const String& modes) {
   if (inTransaction_) {
     throw HostError(errors::ProviderError, u"Já existe uma transação em andamento.");
   }
-  Await([&] { link_->Begin(); });
+  Await([link = RequireLink()] { link->Begin(); });
   inTransaction_ = true;
   if (modes.empty()) return;
   try {
@@ -168,8 +202,10 @@ void Session::CommitTrans() {
   RequireTransaction();
   inTransaction_ = false;
   try {
-    Await([&] { link_->Commit(); });
+    Await([link = RequireLink()] { link->Commit(); });
+    setTimeoutsInTransaction_ = false;
   } catch (const HostError& error) {
+    RestoreTimeouts();
     if (IsOpen()) throw;
     throw InDoubt(
         u"As alterações da transação podem ter sido gravadas ou não: a conexão com o "
@@ -181,7 +217,8 @@ void Session::CommitTrans() {
 void Session::RollbackTrans() {
   RequireTransaction();
   inTransaction_ = false;
-  Await([&] { link_->Rollback(); });
+  Await([link = RequireLink()] { link->Rollback(); });
+  RestoreTimeouts();
 }
 
 void Session::RequireTransaction() {
@@ -201,6 +238,10 @@ void Session::EndReading() {
 
 void Session::AbandonReading() noexcept {
   if (!IsOpen()) return;
+  if (!patience_.IsIdle()) {
+    leftReading_ = true;
+    return;
+  }
   try {
     link_->Rollback();
   } catch (...) {
@@ -230,10 +271,13 @@ bool Session::NextResult(Statement& statement) {
   return isThere;
 }
 
+// A driver whose rows arrive later may ask the server about the columns.
 Columns Session::Describe(Statement& statement) {
+  if (RequireLink()->RowsArriveWithRun()) return statement.Describe();
   Columns columns;
-  const auto describe = [&] { columns = statement.Describe(); };
-  RequireLink()->RowsArriveWithRun() ? describe() : Await(describe);
+  Savepoint savepoint(*this);
+  Await([&] { columns = statement.Describe(); });
+  savepoint.Release();
   return columns;
 }
 
@@ -241,22 +285,32 @@ void Session::KeepRest(Statement& statement) {
   if (!RequireLink()->RowsArriveWithRun()) Await([&] { statement.KeepRest(); });
 }
 
-void Session::CommandTimeout(Long seconds) {
-  if (seconds < 0) throw HostError(errors::InvalidCriteria);
-  commandTimeout_ = seconds;
-  if (IsOpen()) SetTimeouts();
+void Session::CommandTimeout(Long seconds) { ChangeTimeouts(seconds, lockTimeout_); }
+
+void Session::LockTimeout(Long seconds) { ChangeTimeouts(commandTimeout_, seconds); }
+
+void Session::ChangeTimeouts(Long command, Long lock) {
+  if (command < 0 || lock < 0) throw HostError(errors::InvalidCriteria);
+  patience_.RequireIdle();
+  if (IsOpen()) {
+    Settle();
+    SetTimeouts(command, lock);
+    setTimeoutsInTransaction_ = InTransaction();
+  }
+  commandTimeout_ = command;
+  lockTimeout_ = lock;
 }
 
-void Session::LockTimeout(Long seconds) {
-  if (seconds < 0) throw HostError(errors::InvalidCriteria);
-  lockTimeout_ = seconds;
-  if (IsOpen()) SetTimeouts();
-}
-
-void Session::SetTimeouts() {
-  const String settings = TimeoutSettings(server_.dialect, commandTimeout_, lockTimeout_);
+void Session::SetTimeouts(Long command, Long lock) {
+  const String settings = TimeoutSettings(server_.dialect, command, lock);
   if (!settings.empty()) RunPlain(settings);
-  if (!server_.IsPostgres()) link_->StatementTimeout(commandTimeout_);
+  if (!server_.IsPostgres()) RequireLink()->StatementTimeout(command);
+}
+
+// The server has undone what was set inside the transaction.
+void Session::RestoreTimeouts() {
+  if (std::exchange(setTimeoutsInTransaction_, false) && IsOpen())
+    SetTimeouts(commandTimeout_, lockTimeout_);
 }
 
 String QuoteName(const Server& server, StringView name) {

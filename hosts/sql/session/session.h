@@ -1,8 +1,10 @@
 // The state behind a connection object: the link to the server, its transaction, its errors.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
+#include <type_traits>
 #include <vector>
 
 #include "hosts/sql/driver/link.h"
@@ -45,7 +47,7 @@ class Session : public std::enable_shared_from_this<Session> {
   ~Session();
 
   /// Raises 3705 when it is already open. `timeout` is in seconds; 0 means the driver's own.
-  void Open(const String& connectionString, Long timeout);
+  void Open(String connectionString, Long timeout);
   /// Undoes a transaction in progress. Does nothing when closed.
   void Close() noexcept;
   bool IsOpen() const noexcept { return link_ != nullptr && !link_->IsLost(); }
@@ -56,9 +58,14 @@ class Session : public std::enable_shared_from_this<Session> {
   StatementPtr NewStatement();
   /// Another statement for the rows that are being read.
   StatementPtr InnerStatement() const;
-  /// The link for its catalogue, which drivers that need it ask once the rows of the last statement
-  /// have been read.
-  Link& Catalogue();
+  /// Asks the link for something of its catalogue; with drivers that need it, once the rows of the
+  /// last statement have been read.
+  template <class Ask>
+  auto AskCatalogue(Ask ask) {
+    std::invoke_result_t<Ask, Link&> answer;
+    RunCatalogue([&](Link& link) { answer = ask(link); });
+    return answer;
+  }
   /// The link's.
   StringView CursorKind() const { return RequireLink()->CursorKind(); }
 
@@ -69,7 +76,9 @@ class Session : public std::enable_shared_from_this<Session> {
 
   /// Runs a statement. When it fails inside the application's transaction, only its own work is
   /// undone.
-  void Execute(Statement& statement, const String& text);
+  void Execute(Statement& statement, const String& text) { ExecuteBatch(statement, text, 1); }
+  /// The same of a batch with so many results; the statement is positioned on the last.
+  void ExecuteBatch(Statement& statement, const String& text, int results);
   /// Runs a statement with values for its "?" and returns the number of rows that it changed.
   std::int64_t ExecuteWith(Statement& statement, const String& text,
                            const std::vector<Parameter>& values);
@@ -101,7 +110,10 @@ class Session : public std::enable_shared_from_this<Session> {
   Patience& Waits() { return patience_; }
 
   /// As the link's.
-  void ForgetTables() const { RequireLink()->ForgetTables(); }
+  void ForgetTables() const;
+  /// Ends a statement of rows that nobody reads any more: at once, or when another statement that
+  /// runs is over.
+  void Retire(StatementPtr statement) noexcept;
 
   void Pending(PendingRows* rows) { pending_ = rows; }
   void Finished(const PendingRows* rows) noexcept {
@@ -117,7 +129,11 @@ class Session : public std::enable_shared_from_this<Session> {
   void RunPlain(const String& text);
   void RequireTransaction();
   void Await(const std::function<void()>& call);
-  void SetTimeouts();
+  void RunCatalogue(const std::function<void(Link&)>& ask);
+  void EndWhatIsLeft() noexcept;
+  void ChangeTimeouts(Long command, Long lock);
+  void SetTimeouts(Long command, Long lock);
+  void RestoreTimeouts();
 
   Connector connect_;
   LinkPtr link_;
@@ -126,7 +142,11 @@ class Session : public std::enable_shared_from_this<Session> {
   bool inTransaction_ = false;
   Long commandTimeout_ = 30;
   Long lockTimeout_ = 10;
+  bool setTimeoutsInTransaction_ = false;  // what its end may undo
   Patience patience_;
+  // Left by handlers that ran during a wait.
+  std::vector<StatementPtr> retired_;
+  bool leftReading_ = false;
 };
 
 using SessionPtr = std::shared_ptr<Session>;

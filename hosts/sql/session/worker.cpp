@@ -19,6 +19,7 @@ void Worker::Start(const std::function<void()>& call) {
   {
     const std::lock_guard lock(mutex_);
     call_ = &call;
+    failure_ = nullptr;
   }
   changed_.notify_all();
 }
