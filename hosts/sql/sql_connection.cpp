@@ -73,21 +73,21 @@ Variant SqlConnection::Properties(const String& name) const {
 
 host::RecordsetPtr SqlConnection::Execute(const String& statement) {
   const SessionPtr session = Kept();
-  const String source = statement;
+  String source = statement;  // what runs meanwhile may change the caller's
   StatementFacts facts = Read(*session, source);
   if (RunControl(*session, facts)) return std::make_shared<SqlRecordset>(session, source);
-  return std::make_shared<SqlRecordset>(session, std::move(facts), source,
+  return std::make_shared<SqlRecordset>(session, std::move(facts), std::move(source),
                                         host::LockType::ReadOnly);
 }
 
 host::RecordsetPtr SqlConnection::OpenRecordset(const String& source, host::CursorType,
                                                 host::LockType lock, Long) {
   const SessionPtr session = Kept();
-  const String text = source;
+  String text = source;
   StatementFacts facts = Read(*session, text);
   if (IsPlainName(facts)) facts = Read(*session, u"SELECT * FROM " + facts.text);
   if (RunControl(*session, facts)) return std::make_shared<SqlRecordset>(session, text);
-  return std::make_shared<SqlRecordset>(session, std::move(facts), text, lock);
+  return std::make_shared<SqlRecordset>(session, std::move(facts), std::move(text), lock);
 }
 
 host::RecordsetPtr SqlConnection::OpenSchema(host::SchemaKind kind,
