@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "tessaria/conversion.h"
+#include "tessaria/host/waiting.h"
 #include "tests/qt/completion_fixture.h"
 
 namespace tessaria::qt::tests {
@@ -99,6 +100,19 @@ TEST_F(WaitingWindow, LineTellsHowLongTheWaitHasLasted) {
   });
   escapeAfter(2400);
   EXPECT_EQ(write(), errors::Cancelled);
+  EXPECT_FALSE(line());
+}
+
+TEST_F(WaitingWindow, LineTellsHowManyRowsHaveCome) {
+  using namespace std::chrono_literals;
+  host::WaitView& view = *State().waiting;
+  view.Pass({2500ms, 1});
+  EXPECT_EQ(line()->text(),
+            QStringLiteral("Aguardando o banco de dados há 2 s. 1 linha até agora. Esc cancela."));
+  view.Pass({3100ms, 20480});
+  EXPECT_EQ(line()->text(), QStringLiteral("Aguardando o banco de dados há 3 s. "
+                                           "20.480 linhas até agora. Esc cancela."));
+  view.Over();
   EXPECT_FALSE(line());
 }
 

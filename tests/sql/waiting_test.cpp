@@ -305,6 +305,7 @@ TEST_F(WaitingTest, OperatorGivesUpReadingAndTheRowsThatCameStay) {
     FAIL() << "read to the end";
   } catch (const HostError& error) {
     EXPECT_EQ(error.Number(), errors::Cancelled);
+    EXPECT_EQ(ToUtf8(error.Description()), "A leitura foi cancelada.");
   }
   EXPECT_FALSE(rows->Complete());
   EXPECT_GT(rows->RowsRead(), 0);

@@ -1,7 +1,6 @@
 // Windows stay alive while the program waits for a database server.
 #pragma once
 
-#include <QObject>
 #include <QPointer>
 #include <memory>
 #include <vector>
@@ -9,7 +8,6 @@
 #include "tessaria/host/waiting.h"
 
 class QLabel;
-class QWidget;
 
 namespace tessaria::qt {
 
@@ -18,7 +16,7 @@ class WaitInput;
 /// The view of a Qt program. During a wait windows repaint and the pointer shows it; after two
 /// seconds a line in the window in front says how long it has lasted and how many rows have come.
 /// Of the keys only Escape is read, which gives up. Other keys wait for the end of the wait and are
-/// then delivered, and so is the closing of a window; the mouse does nothing.
+/// then delivered, and so is the closing of a window; the mouse presses nothing.
 class WaitView final : public host::WaitView {
  public:
   WaitView();
