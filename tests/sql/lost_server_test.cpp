@@ -41,14 +41,14 @@ TEST_F(LostServerTest, StoppedServerIsAnErrorAndClosesTheConnection) {
 }
 
 TEST_F(LostServerTest, RowsThatWereReadStayReadable) {
-  const auto all = Read(u"select * from t order by codigo");
-  EXPECT_EQ(all->RecordCount(), 20000);
+  const auto all = Read(u"select * from t where codigo <= 15000 order by codigo");
+  EXPECT_EQ(all->RecordCount(), 15000);
   KillSession();
   EXPECT_ANY_THROW(Run(u"select 1"));
   all->MoveLast();
-  EXPECT_SAME(Get(all, u"nome"), u"nome 20000");
+  EXPECT_SAME(Get(all, u"nome"), u"nome 15000");
   all->Sort(u"codigo desc");
-  EXPECT_SAME(Get(all, u"codigo"), Long{20000});
+  EXPECT_SAME(Get(all, u"codigo"), Long{15000});
   connection_->Open();
   all->Requery();
   EXPECT_SAME(Get(all, u"codigo"), Long{1});

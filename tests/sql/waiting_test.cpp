@@ -217,7 +217,7 @@ TEST_F(WaitingTest, RowIsNotEditedWhileItIsWritten) {
 TEST_F(WaitingTest, WriteIsNotSentWhenTheRowsBeforeItAreGivenUp) {
   Run(u"create table muitos as select n as k, repeat('x', 200) as nome from "
       u"generate_series(1, 400000) n");
-  const auto rows = Read(u"select * from muitos");
+  const auto rows = Read(u"select *, random() from muitos");
   Watcher watcher;
   watcher.onPass = [](const host::Wait&) { return true; };
   EXPECT_HOST_ERROR(Run(u"update t set nome = 'Nova' where k = 2"), errors::Cancelled);
@@ -287,7 +287,7 @@ TEST_F(WaitingTest, ReadingManyRowsIsPassedWithTheirNumber) {
     most = wait.Rows;
     return false;
   };
-  const auto rows = Read(u"select * from muitos");
+  const auto rows = Read(u"select *, random() from muitos");
   EXPECT_EQ(rows->RecordCount(), 400000);
   EXPECT_GT(watcher.passes, 0);
   EXPECT_GT(most, 0);

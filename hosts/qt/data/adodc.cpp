@@ -360,10 +360,11 @@ void Adodc::showPosition() {
   guarded(this, [&] {
     if (!text.isEmpty() || !recordSet_ || recordSet_->State() == host::state::Closed) return;
     const bool isNew = recordSet_->EditMode() == host::EditMode::Add;
-    const Long row = isNew ? 0 : recordSet_->AbsolutePosition();
-    text = isNew     ? QStringLiteral("Novo registro")
-           : row > 0 ? QStringLiteral("Registro %1").arg(row)
-                     : QStringLiteral("Sem registros");
+    const Long row = isNew ? 0 : recordSet_->PositionIfKnown();
+    text = isNew      ? QStringLiteral("Novo registro")
+           : row == 0 ? QStringLiteral("Registro novo, gravado")
+           : row > 0  ? QStringLiteral("Registro %1").arg(row)
+                      : QStringLiteral("Sem registros");
   });
   label_->setText(text);
   enableButtons();

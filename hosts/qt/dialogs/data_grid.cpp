@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -16,6 +17,12 @@ namespace tessaria::qt {
 namespace {
 
 constexpr int kRowPadding = 6;  // pixels, above and below together
+
+// Rows around the shown ones that are read ahead, and the pause after the last movement before that
+// is done; both times are in milliseconds.
+constexpr int kRowsAround = 500;
+constexpr int kPause = 300;
+constexpr int kRetry = 200;
 
 }  // namespace
 
@@ -101,6 +108,30 @@ GridPane::GridPane(QWidget* parent)
   warning_->hide();
   view_->setModel(model_);
   setFocusProxy(view_);
+  missing_.setSingleShot(true);
+  QObject::connect(&missing_, &QTimer::timeout, this, [this] {
+    // While the server is asked for something else, the rows have to wait.
+    if (!holdRows(0)) return missing_.start(kRetry);
+    view_->viewport()->update();
+  });
+  ahead_.setSingleShot(true);
+  ahead_.setInterval(kPause);
+  QObject::connect(&ahead_, &QTimer::timeout, this, [this] { holdRows(kRowsAround); });
+}
+
+bool GridPane::holdRows(int around) {
+  const int first = view_->rowAt(0);
+  const int bottom = view_->rowAt(view_->viewport()->height() - 1);
+  const int last = bottom < 0 ? model_->rowCount() - 1 : bottom;
+  return first < 0 || model_->hold(first - around, last + around);
+}
+
+void GridPane::holdShownRows() {
+  if (holdRows(0)) ahead_.start();
+}
+
+void GridPane::holdMissingRows() {
+  if (!missing_.isActive()) missing_.start(0);
 }
 
 void GridPane::showWarning(const QString& text) {
@@ -174,6 +205,10 @@ DataGridItem::DataGridItem(GridPane& pane, DialogGate& gate)
   QObject::connect(pane.view().horizontalHeader(), &QHeaderView::sectionClicked, &pane,
                    [this](int column) { headClicked(column); });
   pane.view().orderWanted = [this](int column) { headClicked(column); };
+  // Rows come in before they are painted, and those that were not foreseen afterwards.
+  QObject::connect(pane.view().verticalScrollBar(), &QScrollBar::valueChanged, &pane,
+                   [this] { pane_.holdShownRows(); });
+  pane.model().rowsMissing = [this] { pane_.holdMissingRows(); };
   // Queued: a box must not open during painting or scrolling.
   pane.model().readingFailed = [this](const std::exception_ptr& failure) {
     QMetaObject::invokeMethod(

@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QTableView>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -51,11 +52,19 @@ class GridPane final : public QWidget {
   GridView& view() const { return *view_; }
   RecordModel& model() const { return *model_; }
   void showWarning(const QString& text);
+  /// Reads the rows that the view is about to show, and later those around them.
+  void holdShownRows();
+  /// The same for rows that turned out to be missing while they were painted.
+  void holdMissingRows();
 
  private:
+  bool holdRows(int around);
+
   GridView* view_;
   RecordModel* model_;
   QLabel* warning_;
+  QTimer missing_;
+  QTimer ahead_;
 };
 
 class DataGridItem final : public DialogItemOf<host::DataGrid> {

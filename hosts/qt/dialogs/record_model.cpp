@@ -104,7 +104,9 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::TextAlignmentRole) return alignment(index.column());
   if (role != Qt::DisplayRole) return {};
   try {
-    return text(index);
+    if (rows_->Holds(index.row() + 1)) return text(index);
+    if (rowsMissing && !failed_) rowsMissing();
+    return {};
   } catch (const HostError&) {
     return {};  // the row has gone since the view asked for the number of rows
   }
@@ -138,6 +140,17 @@ void RecordModel::fetchMore(const QModelIndex& parent) {
   if (!canFetchMore(parent)) return;
   const auto failure = readOn(std::max(kLeastRows, shown_ / 2));
   if (failure && readingFailed) readingFailed(failure);
+}
+
+bool RecordModel::hold(int first, int last) {
+  if (failed_ || !isOpen()) return true;
+  try {
+    return rows_->Hold(first + 1, last + 1);
+  } catch (...) {
+    failed_ = true;
+    if (readingFailed) readingFailed(std::current_exception());
+    return true;
+  }
 }
 
 /// A record set that already failed to read reports it at once.

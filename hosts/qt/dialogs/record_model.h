@@ -23,6 +23,9 @@ class RecordModel final : public QAbstractTableModel {
   void setRows(host::RecordsetPtr rows);
   /// Updates the model after rows were read or reordered.
   void refresh();
+  /// Reads the rows from one to another, as far as there are any, which the view is about to show.
+  /// False when that is not possible now. A failure goes to the listener and ends the reading.
+  bool hold(int first, int last);
   /// Notes a read that failed outside this model.
   void noteFailure();
   /// Whether rows are missing that will not be read any more.
@@ -44,6 +47,8 @@ class RecordModel final : public QAbstractTableModel {
 
   /// Called with a failure during the view's work. Must not throw.
   std::function<void(const std::exception_ptr& failure)> readingFailed;
+  /// Called while the view paints rows that are not held. Must not throw.
+  std::function<void()> rowsMissing;
 
  private:
   struct Column {

@@ -1,7 +1,6 @@
 #include "hosts/sql/recordset/recordset.h"
 
 #include <algorithm>
-#include <numeric>
 
 #include "hosts/sql/errors/driver_error.h"
 #include "hosts/sql/rows/find_criterion.h"
@@ -48,15 +47,19 @@ void SqlRecordset::Run() {
     key = FindKeyTable(*session_, table->TableColumns());
   }
   writer_.reset();
-  order_.reset();
-  unsorted_.clear();
   sort_.clear();
   position_ = 0;
   onDeleted_ = false;
-  table_ = table->TableColumns().empty() ? nullptr : std::move(table);
+  Show(table->TableColumns().empty() ? nullptr : std::move(table));
   if (!table_) return;
   fields_.Provide(table_->TableColumns().size());
   if (key) writer_.emplace(session_, table_->TableColumns(), std::move(*key), facts_.text);
+}
+
+void SqlRecordset::Show(std::shared_ptr<RowTable> table) {
+  shown_.reset();
+  table_ = std::move(table);
+  if (table_) shown_.emplace(*table_);
 }
 
 RowTable& SqlRecordset::Table() const {
@@ -69,22 +72,8 @@ const Columns& SqlRecordset::ColumnInfo() const { return Table().TableColumns();
 Long SqlRecordset::State() const { return table_ ? host::state::Open : host::state::Closed; }
 
 bool SqlRecordset::HasRow(std::int64_t position) const {
-  RowTable& table = Table();
-  if (position < 0) return false;
-  if (!order_) return table.Reach(static_cast<std::uint32_t>(position));
-  if (position < static_cast<std::int64_t>(order_->size())) return true;
-  table.RowCount();  // raises an error when not all rows were read
-  return false;
-}
-
-RowId SqlRecordset::RowAt(std::int64_t position) const {
-  const auto index = static_cast<std::size_t>(position);
-  return order_ ? (*order_)[index] : static_cast<RowId>(index);
-}
-
-std::int64_t SqlRecordset::VisibleRows() const {
-  const std::int64_t rows = Table().RowCount();
-  return order_ ? static_cast<std::int64_t>(order_->size()) : rows;
+  Table();
+  return shown_->Has(position);
 }
 
 bool SqlRecordset::StandsOnRow() const { return !onDeleted_ && HasRow(position_); }
@@ -101,22 +90,30 @@ bool SqlRecordset::Eof() const {
 
 Long SqlRecordset::RecordCount() {
   const auto keep = Keep();
-  return static_cast<Long>(VisibleRows());
+  Table();
+  return static_cast<Long>(shown_->Count());
 }
 
 Long SqlRecordset::AbsolutePosition() const {
   if (edit_ == host::EditMode::Add) {
     const auto keep = weak_from_this().lock();
-    Table().ReadRest();
-    return RowsRead() + 1;
+    Table();
+    return static_cast<Long>(shown_->NumberOfNext()) + 1;
   }
   if (Bof()) return kPositionBof;
-  return Eof() ? kPositionEof : static_cast<Long>(position_) + 1;
+  return Eof() ? kPositionEof : static_cast<Long>(shown_->Number(position_)) + 1;
+}
+
+Long SqlRecordset::PositionIfKnown() const {
+  Table();
+  const bool isKnown = edit_ != host::EditMode::Add && shown_->IsNumbered(position_);
+  return isKnown ? AbsolutePosition() : 0;
 }
 
 // The edit is written before the move. When the target cannot be read, the position does not
 // change.
 void SqlRecordset::MoveTo(std::int64_t position) {
+  if (shown_->Has(position)) table_->Hold(shown_->At(position));
   position_ = position;
   onDeleted_ = false;
   doubt_ = Doubt::None;
@@ -132,7 +129,8 @@ void SqlRecordset::MoveFirst() {
 void SqlRecordset::MoveLast() {
   const auto keep = Keep();
   WriteEdit();
-  const std::int64_t rows = VisibleRows();
+  Table();
+  const std::int64_t rows = shown_->Count();
   if (rows == 0) ThrowNoRow();
   MoveTo(rows - 1);
 }
@@ -151,7 +149,7 @@ void SqlRecordset::MovePrevious() {
   const auto keep = Keep();
   WriteEdit();
   if (Bof()) ThrowNoRow();
-  MoveTo(Eof() ? VisibleRows() - 1 : position_ - 1);
+  MoveTo(Eof() ? shown_->Count() - 1 : shown_->Number(position_) - 1);
 }
 
 void SqlRecordset::AbsolutePosition(Long row) {
@@ -167,43 +165,51 @@ void SqlRecordset::Find(const String& criteria) {
   WriteEdit();
   if (!StandsOnRow()) ThrowNoRow();
   std::int64_t position = position_;
-  while (HasRow(position) && !criterion.Matches(*table_, RowAt(position))) ++position;
+  while (HasRow(position) && !criterion.Matches(*table_, shown_->At(position))) ++position;
   MoveTo(position);
-}
-
-// The rows as a list that can be reordered. Reads to the end.
-std::vector<RowId>& SqlRecordset::Order() {
-  Table().RowCount();
-  return HeldOrder();
-}
-
-// The same, but with only the rows that arrived when reading fails. Whoever asks for other rows
-// gets the error.
-std::vector<RowId>& SqlRecordset::HeldOrder() {
-  if (!order_) {
-    Table().ReadRest();
-    order_.emplace(Table().RowsRead());
-    std::iota(order_->begin(), order_->end(), 0U);
-  }
-  return *order_;
 }
 
 void SqlRecordset::Sort(const String& order) {
   const auto keep = Keep();
   const std::vector<SortKey> keys = ParseSortOrder(ColumnInfo(), order);
   WriteEdit();
-  if (sort_.empty()) unsorted_ = Order();
-  std::vector<RowId> rows = unsorted_;
-  SortRows(*table_, keys, rows);
-  order_ = std::move(rows);
-  if (keys.empty()) unsorted_.clear();
+  if (!SortAtServer(keys)) {
+    std::vector<RowId> rows = shown_->InStatementOrder();
+    SortRows(*table_, keys, rows);
+    keys.empty() ? shown_->ForgetOrder() : shown_->Order(std::move(rows));
+  }
   sort_ = keys.empty() ? String() : order;
   MoveTo(0);
 }
 
+// Rows that are at the server are sorted there.
+bool SqlRecordset::SortAtServer(const std::vector<SortKey>& keys) {
+  if (!table_->IsDistant()) return false;
+  const bool anew = table_->IsWritten() || shown_->IsChanged();
+  auto sorted = table_->Sorted(facts_.text, keys, anew);
+  if (!sorted) {
+    table_->HoldAll();
+    return false;
+  }
+  Show(std::move(sorted));
+  return true;
+}
+
 Long SqlRecordset::RowsRead() const {
-  const RowTable& table = Table();
-  return static_cast<Long>(order_ ? order_->size() : table.RowsRead());
+  Table();
+  return static_cast<Long>(shown_->Known());
+}
+
+bool SqlRecordset::Holds(Long row) const {
+  return row >= 1 && row <= RowsRead() && table_->Holds(shown_->At(row - 1));
+}
+
+bool SqlRecordset::Hold(Long first, Long last) {
+  const auto keep = Keep();
+  if (!Table().CanRead()) return false;
+  for (Long row = std::max(first, Long{1}); row <= std::min(last, RowsRead()); ++row)
+    table_->Hold(shown_->At(row - 1));
+  return true;
 }
 
 bool SqlRecordset::Complete() const { return Table().IsComplete(); }
@@ -220,7 +226,7 @@ Variant SqlRecordset::ValueAt(Long row, Long ordinal) const {
   if (row < 1 || row > RowsRead()) ThrowNoRow();
   if (ordinal < 0 || static_cast<std::size_t>(ordinal) >= ColumnInfo().size())
     throw HostError(errors::ItemNotFound);
-  return table_->Value(RowAt(row - 1), static_cast<std::size_t>(ordinal));
+  return table_->Value(shown_->At(row - 1), static_cast<std::size_t>(ordinal));
 }
 
 void SqlRecordset::Requery() {
@@ -241,7 +247,7 @@ void SqlRecordset::Close() {
   session_->Waits().RequireIdle();
   DropEdit();
   writer_.reset();
-  table_.reset();
+  Show(nullptr);
 }
 
 }  // namespace tessaria::sql

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "hosts/sql/rows/row_writer.h"
+#include "hosts/sql/rows/shown_rows.h"
+#include "hosts/sql/rows/sort_order.h"
 #include "tessaria/host/data.h"
 
 namespace tessaria::sql {
@@ -95,6 +97,9 @@ class SqlRecordset final : public host::Recordset,
   bool Complete() const override;
   bool FetchMore(Long rows) override;
   Variant ValueAt(Long row, Long ordinal) const override;
+  bool Holds(Long row) const override;
+  bool Hold(Long first, Long last) override;
+  Long PositionIfKnown() const override;
   String Source() const override { return source_; }
 
   /// For the fields. All of them raise 3704 when closed.
@@ -117,10 +122,9 @@ class SqlRecordset final : public host::Recordset,
   RowTable& Table() const;
   bool HasRow(std::int64_t position) const;
   bool StandsOnRow() const;
-  RowId RowAt(std::int64_t position) const;
-  std::int64_t VisibleRows() const;
-  std::vector<RowId>& Order();
-  std::vector<RowId>& HeldOrder();
+  RowId CurrentRow() const { return shown_->At(position_); }
+  void Show(std::shared_ptr<RowTable> table);
+  bool SortAtServer(const std::vector<SortKey>& keys);
   void MoveTo(std::int64_t position);
   void RequireUpdatable() const;
   void RequireRow() const;
@@ -140,9 +144,7 @@ class SqlRecordset final : public host::Recordset,
   SqlFields fields_;
   std::shared_ptr<RowTable> table_;  // null when closed
   std::optional<RowWriter> writer_;  // empty when the rows cannot be written
-  // The rows in the order in which they are shown; empty while that is the order of the statement.
-  std::optional<std::vector<RowId>> order_;
-  std::vector<RowId> unsorted_;  // `order_` as it would be without the sort
+  std::optional<ShownRows> shown_;   // of the table
   String sort_;
   std::int64_t position_ = 0;  // from 0; after the last row at the end
   bool onDeleted_ = false;     // the row at `position_` is the one after the deleted row

@@ -6,14 +6,6 @@
 #include "runtime/well_formed.h"
 
 namespace tessaria::sql {
-namespace {
-
-void Remove(std::vector<RowId>& rows, RowId row) {
-  rows.erase(std::remove(rows.begin(), rows.end(), row), rows.end());
-}
-
-}  // namespace
-
 bool SqlRecordset::IsWritable(std::size_t column) const {
   Table();
   return writer_ && writer_->IsWritable(column);
@@ -35,7 +27,7 @@ Variant SqlRecordset::FieldValue(std::size_t column) const {
   const auto change = changes_.find(column);
   if (change != changes_.end()) return change->second;
   if (edit_ == host::EditMode::Add) return Variant::Null();
-  return table_->Value(RowAt(position_), column);
+  return table_->Value(CurrentRow(), column);
 }
 
 // Whether the value is the text that the row holds in a column of another kind. False while a write
@@ -43,7 +35,7 @@ Variant SqlRecordset::FieldValue(std::size_t column) const {
 bool SqlRecordset::TakesBack(std::size_t column, const Variant& value) const {
   const bool isEdit = edit_ == host::EditMode::InProgress && doubt_ == Doubt::None;
   if (!value.IsString() || !isEdit || !changes_.contains(column)) return false;
-  return !changes_.at(column).IsString() && IsSame(table_->Value(RowAt(position_), column), value);
+  return !changes_.at(column).IsString() && IsSame(table_->Value(CurrentRow(), column), value);
 }
 
 void SqlRecordset::FieldValue(std::size_t column, const Variant& value) {
@@ -117,7 +109,7 @@ void SqlRecordset::WriteEdit() {
     DropEdit();
     ShowNewRow(std::move(written));
   } else if (edit_ == host::EditMode::InProgress) {
-    const RowId row = RowAt(position_);
+    const RowId row = CurrentRow();
     ColumnStore written =
         Send(Doubt::Edit, [&] { return writer_->Update(*table_, row, changes_); });
     DropEdit();
@@ -129,7 +121,7 @@ void SqlRecordset::WriteEdit() {
 // the row that is stored now; if not, the edit is written as if for the first time.
 void SqlRecordset::SettleDoubt() {
   const bool isNew = edit_ == host::EditMode::Add;
-  const RowId row = isNew ? 0 : RowAt(position_);
+  const RowId row = isNew ? 0 : CurrentRow();
   auto stored = isNew ? writer_->FindInserted(sent_) : writer_->FindUpdated(*table_, row, sent_);
   doubt_ = Doubt::None;
   if (!stored) return;
@@ -149,14 +141,11 @@ void SqlRecordset::DropEdit() {
 
 void SqlRecordset::ShowNewRow(ColumnStore values) {
   const RowId row = table_->Add(std::move(values));
-  HeldOrder().push_back(row);
-  if (!sort_.empty()) unsorted_.push_back(row);
-  position_ = static_cast<std::int64_t>(order_->size()) - 1;
+  position_ = shown_->Add(row);
 }
 
 void SqlRecordset::HideRow(RowId row) {
-  Remove(HeldOrder(), row);
-  if (!sort_.empty()) Remove(unsorted_, row);
+  shown_->Hide(row);
   onDeleted_ = true;
 }
 
@@ -171,7 +160,7 @@ void SqlRecordset::Delete() {
   RequireUpdatable();
   if (edit_ == host::EditMode::Add) return CancelUpdate();
   RequireRow();
-  const RowId row = RowAt(position_);
+  const RowId row = CurrentRow();
   if (doubt_ == Doubt::Edit) SettleDoubt();
   const bool isGone = doubt_ == Doubt::Deletion && !writer_->IsThere(*table_, row);
   if (!isGone) Send(Doubt::Deletion, [&] { writer_->Delete(*table_, row); });

@@ -1,5 +1,10 @@
 #include "hosts/sql/rows/row_table.h"
 
+#include <algorithm>
+
+#include "hosts/sql/rows/server_order.h"
+#include "tessaria/error.h"
+
 namespace tessaria::sql {
 namespace {
 
@@ -17,14 +22,28 @@ RowTable::RowTable(SessionPtr session, const StatementFacts& facts) : session_(s
   read_.emplace(columns_);
   while (read_->RowCount() < kFirstPage && ReadBlock()) {
   }
-  if (failure_) std::rethrow_exception(failure_);
+  RequireSound();
   if (stream_) session_->Pending(this);
 }
 
 RowTable::RowTable(SessionPtr session, Columns columns, ColumnStore rows)
     : session_(std::move(session)), columns_(std::move(columns)), read_(std::move(rows)) {}
 
-RowTable::~RowTable() { session_->Finished(this); }
+RowTable::RowTable(SessionPtr session, Columns columns, std::unique_ptr<RowWindow> window)
+    : session_(std::move(session)), columns_(std::move(columns)), window_(std::move(window)) {
+  read_.emplace(columns_);
+  session_->Add(this);
+}
+
+RowTable::~RowTable() {
+  session_->Finished(this);
+  session_->Remove(this);
+}
+
+void RowTable::EndStream() noexcept {
+  stream_.reset();
+  session_->Finished(this);
+}
 
 bool RowTable::ReadBlock() {
   if (!stream_) return false;
@@ -36,34 +55,111 @@ bool RowTable::ReadBlock() {
   } catch (...) {
     failure_ = std::current_exception();
   }
-  stream_.reset();
-  session_->Finished(this);
+  EndStream();
   return false;
+}
+
+// A second reading shows the same rows in the same order, or nothing changes.
+bool RowTable::MoveToWindow() {
+  if (!stream_ || isWindowRefused_ || !stream_->IsRepeatable()) return false;
+  isWindowRefused_ = true;
+  try {
+    window_ = WindowOfTheStream();
+  } catch (const HostError& error) {
+    if (error.Number() != errors::Cancelled) return false;
+    failure_ = std::current_exception();
+  }
+  if (window_) session_->Add(this);
+  if (window_ || failure_) EndStream();
+  return window_ != nullptr;
+}
+
+std::unique_ptr<RowWindow> RowTable::WindowOfTheStream() const {
+  auto snapshot = Snapshot::Shared(*session_);
+  if (!snapshot) return nullptr;
+  auto window = std::make_unique<RowWindow>(std::move(snapshot), stream_->Query(), columns_);
+  return window->StartsWith(*read_) ? std::move(window) : nullptr;
+}
+
+// As far as the first rows do, or the reading of all.
+void RowTable::ReadUpTo(std::uint32_t number) {
+  while (number >= read_->RowCount()) {
+    if (read_->RowCount() >= RowStream::kFirstRows && MoveToWindow()) return;
+    if (!ReadBlock()) return;
+  }
+}
+
+bool RowTable::IsDistant() {
+  ReadUpTo(kAdded - 1);
+  return window_ != nullptr;
 }
 
 bool RowTable::Reach(std::uint32_t number) {
   if (number < read_->RowCount()) return true;
   const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
   const Patience::Request request(session_->Waits());
-  while (number >= read_->RowCount() && ReadBlock()) {
-  }
+  if (!window_) ReadUpTo(number);
   if (stream_) stream_->KeepRest();
   if (number < read_->RowCount()) return true;
-  if (failure_) std::rethrow_exception(failure_);
+  if (window_) return window_->Reach(number);
+  RequireSound();
   return false;
 }
 
 std::uint32_t RowTable::RowCount() {
-  Reach(kAdded - 1);
+  const auto keep = weak_from_this().lock();
+  const Patience::Request request(session_->Waits());
+  if (!window_) ReadUpTo(kAdded - 1);
+  if (window_) return window_->Count();
+  RequireSound();
   return read_->RowCount();
+}
+
+std::uint32_t RowTable::RowsKnown() const {
+  return window_ ? std::max(window_->Known(), read_->RowCount()) : read_->RowCount();
+}
+
+bool RowTable::MayGrow() const { return stream_ || (window_ && !window_->IsEndKnown()); }
+
+bool RowTable::IsComplete() const { return !failure_ && !MayGrow(); }
+
+bool RowTable::Holds(RowId row) const {
+  return row < read_->RowCount() || replaced_.contains(row) || (window_ && window_->Holds(row));
+}
+
+std::shared_ptr<RowTable> RowTable::Sorted(const String& query, const std::vector<SortKey>& keys,
+                                           bool anew) {
+  const auto snapshot = anew ? Snapshot::Now(*session_) : window_->Moment();
+  if (!snapshot) return nullptr;
+  const auto sorted = OrderedQuery(*snapshot, columns_, query, keys);
+  if (!sorted) return nullptr;
+  auto window = std::make_unique<RowWindow>(snapshot, *sorted, columns_);
+  if (!anew) window->TakeCount(*window_);
+  window->Reach(0);
+  return std::make_shared<RowTable>(session_, columns_, std::move(window));
+}
+
+void RowTable::Hold(RowId row) const {
+  if (!Holds(row)) PlaceOf(row);
 }
 
 void RowTable::ReadRest() noexcept {
   if (!CanRead()) return;
   const auto keep = weak_from_this().lock();
   const Patience::Request request(session_->Waits());
-  while (ReadBlock()) {
+  ReadUpTo(kAdded - 1);
+}
+
+void RowTable::HoldAll() noexcept {
+  const auto keep = weak_from_this().lock();
+  const Patience::Request request(session_->Waits());
+  try {
+    window_->ReadOn(read_->RowCount(), *read_);
+  } catch (...) {
+    failure_ = std::current_exception();
   }
+  window_.reset();
+  session_->Remove(this);
 }
 
 CellPlace RowTable::PlaceOf(RowId row) const {
@@ -71,7 +167,7 @@ CellPlace RowTable::PlaceOf(RowId row) const {
     const auto replaced = replaced_.find(row);
     if (replaced != replaced_.end()) return {&written_[replaced->second], 0};
   }
-  return {&*read_, row};
+  return row < read_->RowCount() || !window_ ? CellPlace{&*read_, row} : window_->PlaceOf(row);
 }
 
 bool RowTable::IsNull(RowId row, std::size_t column) const {

@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "hosts/sql/rows/row_window.h"
+#include "hosts/sql/rows/sort_key.h"
 #include "hosts/sql/session/row_stream.h"
 #include "hosts/sql/values/cell.h"
 #include "hosts/sql/values/cell_order.h"
@@ -19,11 +21,19 @@ using RowId = std::uint32_t;
 
 /// Reads rows as they are asked for. When reading fails, each request for a row that did not arrive
 /// raises the error; the rows before it stay readable.
-class RowTable final : public PendingRows, public std::enable_shared_from_this<RowTable> {
+///
+/// Small results are held whole. Of a large one only the first rows are, where the server can show
+/// the others again as they were (`RowWindow`); where it cannot, its rows are held as they are
+/// read.
+class RowTable final : public PendingRows,
+                       public DistantRows,
+                       public std::enable_shared_from_this<RowTable> {
  public:
   RowTable(SessionPtr session, const StatementFacts& facts);
   /// Rows that are already read.
   RowTable(SessionPtr session, Columns columns, ColumnStore rows);
+  /// The rows of a window.
+  RowTable(SessionPtr session, Columns columns, std::unique_ptr<RowWindow> window);
   ~RowTable();
 
   const Columns& TableColumns() const { return columns_; }
@@ -31,15 +41,35 @@ class RowTable final : public PendingRows, public std::enable_shared_from_this<R
   /// Whether there is a row of that number, from 0, in the order of the statement. Reads up to that
   /// row.
   bool Reach(std::uint32_t number);
-  /// Reads to the end.
+  /// The number of all rows. Reads or asks to the end.
   std::uint32_t RowCount();
-  /// The number of rows of the statement that were read, and whether they are all; after a failure
-  /// they are not.
-  std::uint32_t RowsRead() const { return read_->RowCount(); }
+  /// The number of rows of the statement that are known to be there, and whether they are all;
+  /// after a failure they are not.
+  std::uint32_t RowsKnown() const;
+  /// Whether the row can be read without waiting.
+  bool Holds(RowId row) const;
+  /// Makes it so, and raises the errors of reading.
+  void Hold(RowId row) const;
   /// Whether more rows can be read now: not while the connection runs another statement.
   bool CanRead() const { return session_->Waits().IsIdle(); }
-  bool IsComplete() const { return !stream_ && !failure_; }
+  bool IsComplete() const;
+  /// Whether more rows may become known.
+  bool MayGrow() const;
+  /// Raises the error of a reading that failed.
+  void RequireSound() const {
+    if (failure_) std::rethrow_exception(failure_);
+  }
+  /// Makes the connection free for another statement: what is not at the server afterwards is held.
   void ReadRest() noexcept override;
+  void HoldAll() noexcept override;
+  /// Whether rows are at the server. Decides it for a result that has not been read to its end.
+  bool IsDistant();
+  /// Rows at the server in another order: of the same moment, or of the present one. `query` is the
+  /// statement. Nothing when the server cannot sort them as `SortRows` does.
+  std::shared_ptr<RowTable> Sorted(const String& query, const std::vector<SortKey>& keys,
+                                   bool anew);
+  /// Whether rows were written or added.
+  bool IsWritten() const { return !written_.empty(); }
 
   bool IsNull(RowId row, std::size_t column) const;
   Variant Value(RowId row, std::size_t column) const;
@@ -62,12 +92,18 @@ class RowTable final : public PendingRows, public std::enable_shared_from_this<R
  private:
   CellPlace PlaceOf(RowId row) const;
   bool ReadBlock();
+  void ReadUpTo(std::uint32_t number);
+  bool MoveToWindow();
+  std::unique_ptr<RowWindow> WindowOfTheStream() const;
+  void EndStream() noexcept;
 
   SessionPtr session_;
   std::unique_ptr<RowStream> stream_;  // until all rows are read
   std::exception_ptr failure_;
   Columns columns_;
-  std::optional<ColumnStore> read_;
+  std::optional<ColumnStore> read_;    // the first rows
+  std::unique_ptr<RowWindow> window_;  // the others of a large result
+  bool isWindowRefused_ = false;
   std::uint32_t added_ = 0;
   std::vector<ColumnStore> written_;                 // one row each: as written since the read
   std::unordered_map<RowId, std::size_t> replaced_;  // index into `written_`

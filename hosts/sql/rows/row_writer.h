@@ -67,7 +67,7 @@ class RowWriter {
   Command ReadBackCommand(const Keys& keys) const;
 
   SessionPtr session_;
-  const Columns& columns_;
+  Columns columns_;
   KeyTable table_;
   String source_;  // the statement of the record set
   bool hasExpressions_ = false;

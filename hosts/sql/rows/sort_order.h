@@ -7,12 +7,6 @@
 
 namespace tessaria::sql {
 
-/// One field of a sort order.
-struct SortKey {
-  std::size_t column = 0;
-  bool descending = false;
-};
-
 /// "field [ASC|DESC], ...". Names as `ReadOrder` takes them. Errors: 3265 for an unknown field,
 /// 3001 for a text that cannot be read.
 std::vector<SortKey> ParseSortOrder(const Columns& columns, const String& text);

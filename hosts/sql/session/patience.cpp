@@ -71,6 +71,15 @@ void Patience::Breathe() {
   throw HostError(errors::Cancelled, String(kReadingCancelled));
 }
 
+void Patience::RethrowFromReading(const std::exception_ptr& failure) {
+  try {
+    std::rethrow_exception(failure);
+  } catch (const HostError& error) {
+    if (error.Number() != errors::Cancelled) throw;
+    throw HostError(errors::Cancelled, String(kReadingCancelled));
+  }
+}
+
 // Whether the operator has given up. What is raised meanwhile is raised once the call is over,
 // which uses what the caller owns.
 bool Patience::AwaitElsewhere(const std::function<void()>& call,

@@ -39,6 +39,8 @@ class Patience {
   bool IsIdle() const noexcept { return !isBusy_; }
   /// How often the operator has given up, since the connection was made.
   int TimesGivenUp() const noexcept { return givenUp_; }
+  /// Raises an error of reading; that of a call that was given up says that only reading was.
+  [[noreturn]] static void RethrowFromReading(const std::exception_ptr& failure);
   /// Rows that have come in.
   void NoteRows(Long rows) { rows_ += rows; }
 

@@ -53,15 +53,12 @@ constexpr StringView kMayBeExecuted =
     u"O comando pode ter sido executado ou não: a conexão com o servidor caiu antes da resposta. "
     u"Confira antes de repeti-lo.";
 
-String Declaration(const Session& session, const String& query) {
-  return u"DECLARE tessaria_rows " + String(session.CursorKind()) + u"NO SCROLL CURSOR FOR " +
-         query;
-}
-
 }  // namespace
 
+const std::uint32_t RowStream::kFirstRows = (1 + kFurtherFetches) * kFetchRows;
+
 RowStream::RowStream(Session& session, const StatementFacts& facts)
-    : session_(session), statement_(session.NewStatement()) {
+    : session_(session), statement_((session.Note(facts), session.NewStatement())) {
   const bool isWhole = facts.isSmallQuery && !MayHaveEffects(facts.text);
   cursor_ = facts.isPlainQuery && !isWhole && session.ServerInfo().IsPostgres();
   try {
@@ -92,16 +89,24 @@ void RowStream::FillSourceOf(const StatementFacts& facts) {
 // The columns are known before any row is read, so that no query runs twice.
 void RowStream::OpenCursor(const String& text) {
   ownTransaction_ = !session_.InTransaction();
+  isRepeatable_ = ownTransaction_ && !MayHaveEffects(text);
   if (ownTransaction_) session_.BeginReading();
-  session_.ExecuteBatch(*statement_,
-                        Declaration(session_, text) + u"\n; FETCH 0 FROM tessaria_rows", 2);
+  query_ = text;
+  Declare(isRepeatable_ ? u"SET TRANSACTION ISOLATION LEVEL REPEATABLE READ; " : u"");
   columns_ = session_.Describe(*statement_);
   if (AnyAsText(columns_)) {
-    session_.ExecuteBatch(
-        *statement_,
-        u"CLOSE tessaria_rows; " + Declaration(session_, WithColumnsAsTexts(columns_, text)), 2);
+    query_ = WithColumnsAsTexts(columns_, text);
+    Declare(u"CLOSE tessaria_rows; ");
   }
   Fetch(1);
+}
+
+// `before` is empty or one statement more.
+void RowStream::Declare(StringView before) {
+  session_.ExecuteBatch(*statement_,
+                        String(before) + u"DECLARE tessaria_rows " + String(session_.CursorKind()) +
+                            u"NO SCROLL CURSOR FOR " + query_ + u"\n; FETCH 0 FROM tessaria_rows",
+                        before.empty() ? 2 : 3);
 }
 
 void RowStream::RunWhole(const StatementFacts& facts) {

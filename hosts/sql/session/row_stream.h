@@ -29,12 +29,20 @@ class RowStream {
   const Columns& StatementColumns() const { return columns_; }
   /// Appends the next block. Returns false when there is none; the statement is finished then.
   bool Read(ColumnStore& store);
+  /// Rows that come in quickly, before it must be decided how to go on with a large result.
+  static const std::uint32_t kFirstRows;
+  /// Whether the rows that were read can be read once more beside this session: the transaction
+  /// shows all statements the same, and the query has no effects.
+  bool IsRepeatable() const { return statement_ && cursor_ && isRepeatable_; }
+  /// The query as the cursor runs it.
+  const String& Query() const { return query_; }
   /// Before a pause of unknown length: lets the server finish what it was asked for.
   void KeepRest();
 
  private:
   void FillSourceOf(const StatementFacts& facts);
   void OpenCursor(const String& text);
+  void Declare(StringView before);
   void RunWhole(const StatementFacts& facts);
   void Fetch(std::uint32_t times);
   std::uint32_t NextBlock();
@@ -45,8 +53,10 @@ class RowStream {
   Session& session_;
   StatementPtr statement_;  // until all rows are read
   Columns columns_;
+  String query_;
   bool cursor_ = false;
   bool ownTransaction_ = false;
+  bool isRepeatable_ = false;
   std::uint32_t asked_ = 0;     // rows that the current FETCHes ask for
   std::uint32_t received_ = 0;  // rows of these that have arrived
 };

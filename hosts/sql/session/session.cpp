@@ -1,5 +1,6 @@
 #include "hosts/sql/session/session.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "hosts/sql/session/dbms_version.h"
@@ -40,10 +41,15 @@ class Session::Savepoint {
   bool set_;
 };
 
+Session::Session(Connector connect) : Session(std::move(connect), std::make_shared<Patience>()) {}
+
+Session::Session(Connector connect, std::shared_ptr<Patience> patience)
+    : connect_(std::move(connect)), patience_(std::move(patience)) {}
+
 Session::~Session() { Close(); }
 
 void Session::Open(String connectionString, Long timeout) {
-  patience_.RequireIdle();
+  patience_->RequireIdle();
   if (IsOpen()) {
     throw HostError(errors::ObjectOpen, u"Operação não permitida com a conexão aberta.");
   }
@@ -52,6 +58,9 @@ void Session::Open(String connectionString, Long timeout) {
   LinkPtr link;
   Await([&] { link = connect_(connectionString, timeout); });
   link_ = std::move(link);
+  connectionString_ = std::move(connectionString);
+  loginTimeout_ = timeout;
+  hasOwnState_ = false;
   try {
     ReadServer();
   } catch (...) {
@@ -67,6 +76,23 @@ void Session::ReadServer() {
   if (server_.IsPostgres()) server_.version = PostgreSqlVersion(server_.version);
   for (const StringView setting : SettingsOf(server_.dialect)) RunPlain(String(setting));
   SetTimeouts(commandTimeout_, lockTimeout_);
+}
+
+SessionPtr Session::OpenBeside() {
+  if (hasOwnState_ || InTransaction()) return nullptr;
+  auto beside = std::make_shared<Session>(connect_, patience_);
+  beside->CommandTimeout(commandTimeout_);
+  beside->LockTimeout(lockTimeout_);
+  beside->Open(connectionString_, loginTimeout_);
+  return beside;
+}
+
+void Session::Note(const StatementFacts& facts) {
+  if (facts.leavesState) hasOwnState_ = true;
+  if (!facts.mayLockTables) return;
+  for (DistantRows* const rows : std::vector(distant_)) {
+    if (std::find(distant_.begin(), distant_.end(), rows) != distant_.end()) rows->HoldAll();
+  }
 }
 
 void Session::Close() noexcept {
@@ -92,18 +118,18 @@ const Server& Session::ServerInfo() const {
 }
 
 void Session::Settle() {
-  patience_.RequireIdle();
+  patience_->RequireIdle();
   EndWhatIsLeft();
   RequireLink();
   if (pending_ == nullptr) return;
-  const int before = patience_.TimesGivenUp();
+  const int before = patience_->TimesGivenUp();
   pending_->ReadRest();
-  if (patience_.TimesGivenUp() > before) throw HostError(errors::Cancelled);
+  if (patience_->TimesGivenUp() > before) throw HostError(errors::Cancelled);
   RequireLink();
 }
 
 void Session::Retire(StatementPtr statement) noexcept {
-  if (!patience_.IsIdle()) retired_.push_back(std::move(statement));
+  if (!patience_->IsIdle()) retired_.push_back(std::move(statement));
 }
 
 void Session::EndWhatIsLeft() noexcept {
@@ -119,17 +145,17 @@ StatementPtr Session::NewStatement() {
 StatementPtr Session::InnerStatement() const { return RequireLink()->NewStatement(); }
 
 void Session::RunCatalogue(const std::function<void(Link&)>& ask) {
-  patience_.RequireIdle();
+  patience_->RequireIdle();
   const LinkPtr link = RequireLink();
   if (!link->RunsBesideRows()) Settle();
-  const Patience::Request request(patience_);
+  const Patience::Request request(*patience_);
   Savepoint savepoint(*this);
   Await([&] { ask(*link); });
   savepoint.Release();
 }
 
 void Session::ForgetTables() const {
-  patience_.RequireIdle();
+  patience_->RequireIdle();
   RequireLink()->ForgetTables();
 }
 
@@ -145,7 +171,7 @@ std::optional<bool> Session::BackslashesEscape(StringView statement) {
 
 void Session::ExecuteBatch(Statement& statement, const String& text, int results) {
   RequireWellFormed(text);
-  const Patience::Request request(patience_);
+  const Patience::Request request(*patience_);
   Savepoint savepoint(*this);
   Await([&] {
     statement.Run(text);
@@ -158,7 +184,7 @@ std::int64_t Session::ExecuteWith(Statement& statement, const String& text,
                                   const std::vector<Parameter>& values) {
   RequireWellFormed(text);
   for (const Parameter& value : values) RequireWellFormed(value.text);
-  const Patience::Request request(patience_);
+  const Patience::Request request(*patience_);
   Savepoint savepoint(*this);
   std::int64_t rows = 0;
   Await([&] { rows = statement.RunWith(text, values); });
@@ -238,7 +264,7 @@ void Session::EndReading() {
 
 void Session::AbandonReading() noexcept {
   if (!IsOpen()) return;
-  if (!patience_.IsIdle()) {
+  if (!patience_->IsIdle()) {
     leftReading_ = true;
     return;
   }
@@ -251,7 +277,7 @@ void Session::AbandonReading() noexcept {
 
 void Session::Await(const std::function<void()>& call) {
   const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
-  patience_.Await(call, [this] {
+  patience_->Await(call, [this] {
     if (link_) link_->Cancel();
   });
 }
@@ -260,7 +286,7 @@ std::uint32_t Session::Fetch(Statement& statement) {
   std::uint32_t rows = 0;
   const auto fetch = [&] { rows = statement.Fetch(); };
   RequireLink()->RowsArriveWithRun() ? fetch() : Await(fetch);
-  patience_.NoteRows(static_cast<Long>(rows));
+  patience_->NoteRows(static_cast<Long>(rows));
   return rows;
 }
 
@@ -291,7 +317,7 @@ void Session::LockTimeout(Long seconds) { ChangeTimeouts(commandTimeout_, second
 
 void Session::ChangeTimeouts(Long command, Long lock) {
   if (command < 0 || lock < 0) throw HostError(errors::InvalidCriteria);
-  patience_.RequireIdle();
+  patience_->RequireIdle();
   if (IsOpen()) {
     Settle();
     SetTimeouts(command, lock);

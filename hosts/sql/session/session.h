@@ -10,6 +10,7 @@
 #include "hosts/sql/driver/link.h"
 #include "hosts/sql/errors/driver_error.h"
 #include "hosts/sql/session/patience.h"
+#include "hosts/sql/statements/statement_guard.h"
 
 namespace tessaria::sql {
 
@@ -37,11 +38,28 @@ class PendingRows {
   ~PendingRows() = default;
 };
 
+/// Rows that stay at the server until they are asked for, in a transaction of another session.
+class DistantRows {
+ public:
+  DistantRows() = default;
+  DistantRows(const DistantRows&) = delete;
+  DistantRows& operator=(const DistantRows&) = delete;
+
+  /// Reads all rows and ends the transaction, which may stand in the way of a statement. A failure
+  /// is kept for whoever asks for the missing rows.
+  virtual void HoldAll() noexcept = 0;
+
+ protected:
+  ~DistantRows() = default;
+};
+
 /// Outlives the link: after a loss the same session is opened again, and the record sets that
 /// hold it can go on writing. Used by one thread at a time.
 class Session : public std::enable_shared_from_this<Session> {
  public:
-  explicit Session(Connector connect) : connect_(std::move(connect)) {}
+  explicit Session(Connector connect);
+  /// Waits together with another session of the same thread.
+  Session(Connector connect, std::shared_ptr<Patience> patience);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
   ~Session();
@@ -107,13 +125,23 @@ class Session : public std::enable_shared_from_this<Session> {
   bool NextResult(Statement& statement);
   Columns Describe(Statement& statement);
   void KeepRest(Statement& statement);
-  Patience& Waits() { return patience_; }
+  Patience& Waits() { return *patience_; }
 
   /// As the link's.
   void ForgetTables() const;
   /// Ends a statement of rows that nobody reads any more: at once, or when another statement that
   /// runs is over.
   void Retire(StatementPtr statement) noexcept;
+
+  /// Another session of the same database, which waits together with this one. Nothing when the
+  /// statements of this one may see another database than those of a new one: inside a transaction,
+  /// and after a statement that may have changed settings or made temporary tables. Raises the
+  /// errors of `Open`.
+  std::shared_ptr<Session> OpenBeside();
+  /// What to know about a statement before it runs.
+  void Note(const StatementFacts& facts);
+  void Add(DistantRows* rows) { distant_.push_back(rows); }
+  void Remove(const DistantRows* rows) noexcept { std::erase(distant_, rows); }
 
   void Pending(PendingRows* rows) { pending_ = rows; }
   void Finished(const PendingRows* rows) noexcept {
@@ -136,14 +164,18 @@ class Session : public std::enable_shared_from_this<Session> {
   void RestoreTimeouts();
 
   Connector connect_;
+  String connectionString_;
+  Long loginTimeout_ = 0;
   LinkPtr link_;
   Server server_;
   PendingRows* pending_ = nullptr;
+  std::vector<DistantRows*> distant_;
+  bool hasOwnState_ = false;  // what a new session would not have
   bool inTransaction_ = false;
   Long commandTimeout_ = 30;
   Long lockTimeout_ = 10;
   bool setTimeoutsInTransaction_ = false;  // what its end may undo
-  Patience patience_;
+  std::shared_ptr<Patience> patience_;
   // Left by handlers that ran during a wait.
   std::vector<StatementPtr> retired_;
   bool leftReading_ = false;

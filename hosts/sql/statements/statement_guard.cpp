@@ -112,6 +112,20 @@ bool IsPlainQuery(const Pieces& pieces) {
                       [](const Piece& piece) { return IsWordOf(piece, kWriters); });
 }
 
+bool MayLockTables(const Pieces& pieces) {
+  static const std::set<String> kChanges = {u"INSERT", u"UPDATE", u"DELETE", u"MERGE"};
+  return !IsWordOf(pieces.front(), kReaders) && !IsWordOf(pieces.front(), kChanges);
+}
+
+bool LeavesState(const Pieces& pieces) {
+  static const std::set<String> kFirst = {u"SET",  u"RESET",   u"DISCARD", u"DO",
+                                          u"CALL", u"EXECUTE", u"LOAD",    u"SECURITY"};
+  static const std::set<String> kAnywhere = {u"SET_CONFIG", u"TEMP", u"TEMPORARY"};
+  return IsWordOf(pieces.front(), kFirst) ||
+         std::any_of(pieces.begin(), pieces.end(),
+                     [](const Piece& piece) { return IsWordOf(piece, kAnywhere); });
+}
+
 bool HasSmallLimit(const Pieces& pieces) {
   for (std::size_t i = 0; i + 1 < pieces.size(); ++i) {
     if (pieces[i].depth == 0 && pieces[i].kind == Kind::Word && pieces[i].text == u"LIMIT") {
@@ -166,6 +180,8 @@ StatementFacts RequireSingleStatement(StringView text, Dialect dialect, bool bac
   facts.control = ControlOf(pieces);
   if (facts.control == StatementFacts::Control::Begin) facts.modes = ModesOf(pieces);
   facts.isPlainQuery = IsPlainQuery(pieces);
+  facts.mayLockTables = MayLockTables(pieces);
+  facts.leavesState = LeavesState(pieces);
   facts.isSmallQuery = facts.isPlainQuery && HasSmallLimit(pieces);
   facts.isSingleTable = IsSingleTable(pieces);
   facts.isName = IsName(pieces);

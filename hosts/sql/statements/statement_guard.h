@@ -17,6 +17,10 @@ struct StatementFacts {
   String text;
   /// Only reads: Select, Values, Table or With that does not write, lock or create a table.
   bool isPlainQuery = false;
+  /// May lock tables against their readers: it neither reads nor changes rows.
+  bool mayLockTables = false;
+  /// May leave something in the session that later statements see: settings, temporary tables.
+  bool leavesState = false;
   /// Reads with an outermost limit of one page or less.
   bool isSmallQuery = false;
   /// Shows rows of one table one to one, so that a row can be written back.

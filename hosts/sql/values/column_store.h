@@ -52,6 +52,9 @@ class TESSARIA_SQL_API ColumnStore {
   /// Bytes held for cells.
   std::size_t Bytes() const;
 
+  /// The same cells, appended to the same columns.
+  bool operator==(const ColumnStore& other) const = default;
+
  private:
   static constexpr std::uint32_t kChunkRows = 2048;
 
@@ -64,6 +67,7 @@ class TESSARIA_SQL_API ColumnStore {
     }
     void GiveBack();
     std::size_t Bytes() const;
+    bool operator==(const Ends& other) const = default;
 
    private:
     std::vector<std::uint16_t> short_;
@@ -77,11 +81,15 @@ class TESSARIA_SQL_API ColumnStore {
     Ends ends;                // of the texts
     std::vector<bool> nulls;  // empty while there is none
     std::uint32_t rows = 0;
+
+    bool operator==(const Chunk& other) const = default;
   };
   struct Data {
     std::size_t width = 0;  // bytes of a fixed cell; 0 for text
     std::vector<Chunk> chunks;
     std::unordered_map<std::uint32_t, std::string> kept;  // by row; usually empty
+
+    bool operator==(const Data& other) const = default;
   };
 
   Chunk& Room(Data& data);

@@ -180,16 +180,25 @@ class TESSARIA_CORE_API Recordset : public Object {
   virtual void Close() = 0;
 
   // For lists of the rows. None of these moves the current row.
-  /// The number of rows held so far, which can be read without waiting, in the present order.
+  /// The number of rows that are known so far, in the present order.
   virtual Long RowsRead() const = 0;
   /// Whether `RowsRead` covers all rows. Never true after a read that failed.
   virtual bool Complete() const = 0;
   /// Reads up to `rows` further rows. False when there are no more. The error of a read that failed
   /// is raised, again at each call; rows read before it are kept.
   virtual bool FetchMore(Long rows) = 0;
-  /// The value in a held row, by row number from 1 and ordinal from 0, without the pending edit.
-  /// Errors: 3021 outside the rows held, 3265 outside the columns.
+  /// The value in one of these rows, by row number from 1 and ordinal from 0, without the pending
+  /// edit. A row that is at the server is read first, with those around it. Errors: 3021 outside
+  /// the rows, 3265 outside the columns, those of reading.
   virtual Variant ValueAt(Long row, Long ordinal) const = 0;
+  /// Whether `ValueAt` can show the row without waiting.
+  virtual bool Holds(Long row) const { return row >= 1 && row <= RowsRead(); }
+  /// Reads these rows, as far as there are any, so that they can be shown without waiting. False
+  /// while the connection runs another statement. Raises the errors of reading.
+  virtual bool Hold(Long /*first*/, Long /*last*/) { return true; }
+  /// As `AbsolutePosition`; 0 while the rows before the current one have not been counted, which a
+  /// new row needs.
+  virtual Long PositionIfKnown() const { return AbsolutePosition(); }
 
   /// The statement or table that the rows came from.
   virtual String Source() const = 0;

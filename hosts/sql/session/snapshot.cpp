@@ -1,0 +1,84 @@
+#include "hosts/sql/session/snapshot.h"
+
+#include <string>
+
+#include "hosts/sql/session/first_row.h"
+#include "tessaria/text.h"
+
+namespace tessaria::sql {
+namespace {
+
+// What names in a query mean to a session. Temporary tables are seen by their own session alone.
+constexpr StringView kSight =
+    u"current_user || ' ' || current_schemas(true)::text || ' ' || pg_my_temp_schema()::text";
+
+TextRow Ask(Session& session, const String& question) {
+  const StatementPtr statement = session.InnerStatement();
+  session.Execute(*statement, question);
+  return FirstRow(*statement);
+}
+
+void Run(Session& session, const String& text, int results) {
+  const StatementPtr statement = session.InnerStatement();
+  session.ExecuteBatch(*statement, text, results);
+}
+
+// Opens the second session. A server may refuse it, or have no place for another one.
+SessionPtr OpenBeside(Session& session) {
+  try {
+    return session.OpenBeside();
+  } catch (const HostError& error) {
+    if (error.Number() == errors::Cancelled) {
+      Patience::RethrowFromReading(std::current_exception());
+    }
+    return nullptr;
+  }
+}
+
+}  // namespace
+
+std::shared_ptr<Snapshot> Snapshot::Shared(Session& session) {
+  const SessionPtr beside = OpenBeside(session);
+  if (!beside) return nullptr;
+  // Asked there first: a failure here would end the transaction.
+  const String question = u"SELECT " + String(kSight) + u", pg_export_snapshot()";
+  const TextRow there = Ask(*beside, question);
+  const TextRow here = Ask(session, question);
+  if (here[0] != there[0]) return nullptr;
+  auto snapshot = std::make_shared<Snapshot>(beside);
+  snapshot->Begin(*here[1]);
+  return snapshot;
+}
+
+std::shared_ptr<Snapshot> Snapshot::Now(Session& session) {
+  const SessionPtr beside = OpenBeside(session);
+  if (!beside) return nullptr;
+  auto snapshot = std::make_shared<Snapshot>(beside);
+  snapshot->Begin({});
+  return snapshot;
+}
+
+Snapshot::~Snapshot() { beside_->AbandonReading(); }
+
+// Only reads, so that no function of a query takes effect twice. The rows of two runs of a query
+// come in the same order when no run joins the scan of another.
+void Snapshot::Begin(const String& exported) {
+  beside_->BeginReading();
+  String text = u"SET TRANSACTION ISOLATION LEVEL REPEATABLE READ, READ ONLY";
+  int results = 3;
+  if (!exported.empty()) {
+    text += u"; SET TRANSACTION SNAPSHOT '" + exported + u"'";
+    ++results;
+  }
+  Run(*beside_, text + u"; SET LOCAL synchronize_seqscans = off; SAVEPOINT tessaria_snapshot",
+      results);
+}
+
+String Snapshot::NewCursor() { return u"tessaria_window_" + FromUtf8(std::to_string(++cursors_)); }
+
+void Snapshot::Recover() {
+  ++recoveries_;
+  Run(*beside_, u"ROLLBACK TO SAVEPOINT tessaria_snapshot", 1);
+}
+
+}  // namespace tessaria::sql

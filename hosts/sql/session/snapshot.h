@@ -1,0 +1,45 @@
+// The database as it was at one moment, read beside the program's session.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "hosts/sql/session/session.h"
+
+namespace tessaria::sql {
+
+/// A reading transaction on a session of its own, so that its cursors outlive the commits of the
+/// program's session and nothing waits for their rows. Servers of PostgreSQL only. All functions
+/// raise the driver's errors.
+class Snapshot {
+ public:
+  /// Of the moment that the reading transaction of `session` sees. Nothing where a second session
+  /// would see something else, or cannot be had.
+  static std::shared_ptr<Snapshot> Shared(Session& session);
+  /// Of the present moment. Nothing as above.
+  static std::shared_ptr<Snapshot> Now(Session& session);
+
+  explicit Snapshot(SessionPtr beside) : beside_(std::move(beside)) {}
+  Snapshot(const Snapshot&) = delete;
+  Snapshot& operator=(const Snapshot&) = delete;
+  ~Snapshot();
+
+  /// The session to read with. Its statements must not end the transaction.
+  Session& Beside() const { return *beside_; }
+  /// A name for another cursor.
+  String NewCursor();
+  /// After a statement that failed: makes the transaction usable again. Its cursors are gone.
+  void Recover();
+  /// How often it has recovered.
+  int Recoveries() const { return recoveries_; }
+
+ private:
+  void Begin(const String& exported);
+
+  SessionPtr beside_;
+  std::uint32_t cursors_ = 0;
+  int recoveries_ = 0;
+};
+
+}  // namespace tessaria::sql
