@@ -377,6 +377,81 @@ TEST(StatementGuard, RecognisesTransactionControl) {
       u"ISOLATION LEVEL SERIALIZABLE");
 }
 
+struct OrderCase {
+  StringView text;
+  StringView unordered;  // without blanks at its end
+  StringView first;
+};
+
+constexpr OrderCase kOrderCases[] = {
+    {u"select a, b from t", u"select a, b from t", u""},
+    {u"select a, b from t order by a", u"select a, b from t", u"A"},
+    {u"select a, b from t Order By 2 asc, a", u"select a, b from t", u"2"},
+    {u"select a from t order by a desc", u"select a from t", u""},
+    {u"select a from t order by a nulls first", u"select a from t", u""},
+    {u"select a from t order by lower(a)", u"select a from t", u""},
+    {u"select a from t order by t.a", u"select a from t", u""},
+    {u"select a, row_number() over (order by b) from t",
+     u"select a, row_number() over (order by b) from t", u""},
+    {u"select 'order by', a from t order by a", u"select 'order by', a from t", u"A"},
+    {u"with q as (select 1 as a order by 1) select a from q order by a",
+     u"with q as (select 1 as a order by 1) select a from q", u"A"},
+    {u"select a from t union select b from u order by a", u"select a from t union select b from u",
+     u"A"},
+    {u"select a from t order by a limit 5", u"", u""},
+    {u"select a from t order by a offset 5", u"", u""},
+    {u"select a from t order by a fetch first 5 rows only", u"", u""},
+    {u"select distinct on (a) a, b from t order by a, b", u"", u""},
+    {u"select a from t order by a for update", u"", u""},
+    {u"delete from t", u"", u""},
+};
+
+TEST(StatementGuard, KnowsTheRowsWithoutTheirOrder) {
+  for (const OrderCase& c : kOrderCases) {
+    const StatementFacts facts = RequireSingleStatement(c.text, Dialect::PostgreSql);
+    EXPECT_EQ(ToUtf8(RTrim(facts.unordered)), ToUtf8(c.unordered)) << ToUtf8(c.text);
+    EXPECT_EQ(ToUtf8(facts.firstOrder), ToUtf8(c.first)) << ToUtf8(c.text);
+  }
+}
+
+struct EffectCase {
+  StringView text;
+  bool locks, state;
+};
+
+constexpr EffectCase kEffectCases[] = {
+    {u"select a from t", false, false},
+    {u"select a from t for update", false, false},
+    {u"with q as (delete from t returning a) select a from q", false, false},
+    {u"values (1)", false, false},
+    {u"insert into t values (1)", false, false},
+    {u"update t set a = 1", false, false},
+    {u"delete from t", false, false},
+    {u"alter table t add b int", true, false},
+    {u"truncate t", true, false},
+    {u"drop table t", true, false},
+    {u"lock table t", true, false},
+    {u"create index on t (a)", true, false},
+    {u"create temp table x as select 1", true, true},
+    {u"select a into temporary x from t", false, true},
+    {u"set search_path = x", true, true},
+    {u"reset all", true, true},
+    {u"select set_config('a.b', 'c', false)", false, true},
+    {u"select pg_catalog.SET_CONFIG('a.b', 'c', false)", false, true},
+    {u"do $$ begin end $$", true, true},
+    {u"call p()", true, true},
+    {u"discard temp", true, true},
+    {u"select 'set', \"temp\" from t", false, false},
+};
+
+TEST(StatementGuard, KnowsWhatAStatementMayLeaveOrLock) {
+  for (const EffectCase& c : kEffectCases) {
+    const StatementFacts facts = RequireSingleStatement(c.text, Dialect::PostgreSql);
+    EXPECT_EQ(facts.mayLockTables, c.locks) << ToUtf8(c.text);
+    EXPECT_EQ(facts.leavesState, c.state) << ToUtf8(c.text);
+  }
+}
+
 TEST(StatementGuard, KnowsTheFamilies) {
   EXPECT_EQ(DialectOf(u"PostgreSQL"), Dialect::PostgreSql);
   EXPECT_EQ(DialectOf(u"Microsoft SQL Server"), Dialect::SqlServer);

@@ -5,6 +5,7 @@
 #include "hosts/sql/errors/driver_error.h"
 #include "hosts/sql/rows/find_criterion.h"
 #include "hosts/sql/rows/sort_order.h"
+#include "tessaria/conversion.h"
 
 namespace tessaria::sql {
 namespace {
@@ -14,6 +15,16 @@ constexpr Long kPositionEof = -3;
 
 [[noreturn]] void ThrowNoRow() {
   throw HostError(errors::NoCurrentRecord, u"Não há registro atual.");
+}
+
+// The column of a statement's order: a number from 1, or a name.
+std::optional<std::size_t> ColumnOfOrder(const Columns& columns, const String& item) {
+  if (item.empty() || item.find_first_not_of(u"0123456789") != String::npos) {
+    return ColumnOfName(columns, item);
+  }
+  const double number = Val(item);
+  if (number < 1 || number > static_cast<double>(columns.size())) return std::nullopt;
+  return static_cast<std::size_t>(number) - 1;
 }
 
 }  // namespace
@@ -53,6 +64,7 @@ void SqlRecordset::Run() {
   Show(table->TableColumns().empty() ? nullptr : std::move(table));
   if (!table_) return;
   fields_.Provide(table_->TableColumns().size());
+  firstOrder_ = FirstOrderOf({});
   if (key) writer_.emplace(session_, table_->TableColumns(), std::move(*key), facts_.text);
 }
 
@@ -164,9 +176,17 @@ void SqlRecordset::Find(const String& criteria) {
   const FindCriterion criterion(ColumnInfo(), criteria);
   WriteEdit();
   if (!StandsOnRow()) ThrowNoRow();
-  std::int64_t position = position_;
+  std::int64_t position = FirstToSearch(criterion);
   while (HasRow(position) && !criterion.Matches(*table_, shown_->At(position))) ++position;
   MoveTo(position);
+}
+
+// The rows before it do not match.
+std::int64_t SqlRecordset::FirstToSearch(const FindCriterion& criterion) const {
+  const bool isInOrder = firstOrder_ == criterion.ColumnNumber() && !facts_.unordered.empty();
+  if (!isInOrder || shown_->IsChanged() || !table_->IsDistant()) return position_;
+  const auto before = table_->RowsBeforeMatches(facts_.unordered, criterion);
+  return std::max<std::int64_t>(position_, before.value_or(0));
 }
 
 void SqlRecordset::Sort(const String& order) {
@@ -182,16 +202,23 @@ void SqlRecordset::Sort(const String& order) {
   MoveTo(0);
 }
 
+std::optional<std::size_t> SqlRecordset::FirstOrderOf(const std::vector<SortKey>& keys) const {
+  if (keys.empty()) return ColumnOfOrder(table_->TableColumns(), facts_.firstOrder);
+  return keys.front().descending ? std::nullopt : std::optional(keys.front().column);
+}
+
 // Rows that are at the server are sorted there.
 bool SqlRecordset::SortAtServer(const std::vector<SortKey>& keys) {
   if (!table_->IsDistant()) return false;
   const bool anew = table_->IsWritten() || shown_->IsChanged();
-  auto sorted = table_->Sorted(facts_.text, keys, anew);
+  const String& query = keys.empty() || facts_.unordered.empty() ? facts_.text : facts_.unordered;
+  auto sorted = table_->Sorted(query, keys, anew);
   if (!sorted) {
     table_->HoldAll();
     return false;
   }
   Show(std::move(sorted));
+  firstOrder_ = FirstOrderOf(keys);
   return true;
 }
 

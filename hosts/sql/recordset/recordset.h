@@ -7,6 +7,7 @@
 #include <optional>
 #include <vector>
 
+#include "hosts/sql/rows/find_criterion.h"
 #include "hosts/sql/rows/row_writer.h"
 #include "hosts/sql/rows/shown_rows.h"
 #include "hosts/sql/rows/sort_order.h"
@@ -125,6 +126,8 @@ class SqlRecordset final : public host::Recordset,
   RowId CurrentRow() const { return shown_->At(position_); }
   void Show(std::shared_ptr<RowTable> table);
   bool SortAtServer(const std::vector<SortKey>& keys);
+  std::optional<std::size_t> FirstOrderOf(const std::vector<SortKey>& keys) const;
+  std::int64_t FirstToSearch(const FindCriterion& criterion) const;
   void MoveTo(std::int64_t position);
   void RequireUpdatable() const;
   void RequireRow() const;
@@ -146,6 +149,8 @@ class SqlRecordset final : public host::Recordset,
   std::optional<RowWriter> writer_;  // empty when the rows cannot be written
   std::optional<ShownRows> shown_;   // of the table
   String sort_;
+  // The column of the first order at the server, and of the statement's own.
+  std::optional<std::size_t> firstOrder_;
   std::int64_t position_ = 0;  // from 0; after the last row at the end
   bool onDeleted_ = false;     // the row at `position_` is the one after the deleted row
   host::EditMode edit_ = host::EditMode::None;

@@ -146,6 +146,14 @@ bool FindCriterion::Matches(const RowTable& table, RowId row) const {
   return Holds(CompareText(text, value_) <=> 0);
 }
 
+std::optional<String> FindCriterion::LeastMatch() const {
+  if (isNull_ || !isText_) return std::nullopt;
+  const String start = pattern_ ? pattern_->Start() : LCase(value_);
+  const bool isFromThere = operator_ == Operator::Like || operator_ == Operator::Equal;
+  if (!isFromThere || start.empty()) return std::nullopt;
+  return start;
+}
+
 // Unordered for a cell that is shown as text, unless the text is a number.
 std::partial_ordering FindCriterion::Compare(const Variant& cell) const {
   if (const String* text = cell.TryGet<String>()) {

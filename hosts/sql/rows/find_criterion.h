@@ -25,6 +25,10 @@ class FindCriterion {
   FindCriterion(const Columns& columns, const String& text);
 
   bool Matches(const RowTable& table, RowId row) const;
+  std::size_t ColumnNumber() const { return column_; }
+  /// A value, as a text, before which nothing matches in the ascending order of the column, texts
+  /// as in a dictionary. Nothing where there is none or it is not known.
+  std::optional<String> LeastMatch() const;
 
  private:
   enum class Operator { Equal, NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual, Like };

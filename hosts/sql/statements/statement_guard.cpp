@@ -137,6 +137,46 @@ bool HasSmallLimit(const Pieces& pieces) {
   return false;
 }
 
+// Where the outermost order begins; the end of the pieces for none.
+std::size_t OrderOf(const Pieces& pieces) {
+  for (std::size_t i = 0; i + 1 < pieces.size(); ++i) {
+    const bool isOrder = pieces[i].depth == 0 && pieces[i].kind == Kind::Word &&
+                         pieces[i].text == u"ORDER" && pieces[i + 1].text == u"BY";
+    if (isOrder) return i;
+  }
+  return pieces.size();
+}
+
+// Which rows there are depends on their order, or the order ends before the statement does.
+bool NeedsItsOrder(const Pieces& pieces) {
+  static const std::set<String> kWords = {u"LIMIT", u"OFFSET", u"FETCH", u"DISTINCT", u"FOR"};
+  return std::any_of(pieces.begin(), pieces.end(), [](const Piece& piece) {
+    return piece.depth == 0 && IsWordOf(piece, kWords);
+  });
+}
+
+String FirstOrder(const Pieces& pieces, std::size_t order) {
+  const std::size_t name = order + 2;
+  const bool isColumn = name < pieces.size() &&
+                        (pieces[name].kind == Kind::Word || pieces[name].kind == Kind::Number);
+  if (!isColumn) return {};
+  const bool isWhole = name + 1 == pieces.size() || IsSymbol(pieces[name + 1], u",") ||
+                       (pieces[name + 1].text == u"ASC" &&
+                        (name + 2 == pieces.size() || IsSymbol(pieces[name + 2], u",")));
+  return isWhole ? pieces[name].text : String();
+}
+
+void ReadOrder(StatementFacts& facts, const Pieces& pieces) {
+  if (!facts.isPlainQuery || NeedsItsOrder(pieces)) return;
+  const std::size_t order = OrderOf(pieces);
+  if (order == pieces.size()) {
+    facts.unordered = facts.text;
+  } else {
+    facts.unordered = facts.text.substr(0, pieces[order].start);
+    facts.firstOrder = FirstOrder(pieces, order);
+  }
+}
+
 // One name after the outermost From, no comma in that list, and none of the mixers.
 bool IsSingleTable(const Pieces& pieces) {
   if (pieces.front().text != u"SELECT") return false;
@@ -183,6 +223,7 @@ StatementFacts RequireSingleStatement(StringView text, Dialect dialect, bool bac
   facts.mayLockTables = MayLockTables(pieces);
   facts.leavesState = LeavesState(pieces);
   facts.isSmallQuery = facts.isPlainQuery && HasSmallLimit(pieces);
+  ReadOrder(facts, pieces);
   facts.isSingleTable = IsSingleTable(pieces);
   facts.isName = IsName(pieces);
   return facts;

@@ -25,6 +25,11 @@ struct StatementFacts {
   bool isSmallQuery = false;
   /// Shows rows of one table one to one, so that a row can be written back.
   bool isSingleTable = false;
+  /// The rows without their order, where that makes no other rows of them; empty elsewhere.
+  String unordered;
+  /// The column by which its rows come first of all, ascending: its name or its number from 1.
+  /// Empty where that is not known.
+  String firstOrder;
   /// Nothing but a name: a table to be read whole.
   bool isName = false;
 };

@@ -14,7 +14,7 @@ Pieces PiecesOf(StringView text, SqlRules rules) {
     String piece(scanner.TextOf(token));
     if (token.Is(Kind::Word)) piece = UCase(piece);
     if (piece == u")") --depth;
-    pieces.push_back({token.kind, std::move(piece), depth});
+    pieces.push_back({token.kind, std::move(piece), depth, token.start});
     if (pieces.back().text == u"(") ++depth;
   }
   return pieces;

@@ -11,8 +11,9 @@ namespace tessaria::sql {
 /// A token.
 struct Piece {
   SqlToken::Kind kind;
-  String text;  ///< words in upper case
-  int depth;    ///< open parentheses around it; a parenthesis does not count itself
+  String text;            ///< words in upper case
+  int depth;              ///< open parentheses around it; a parenthesis does not count itself
+  std::size_t start = 0;  ///< position in the statement, from 0
 };
 using Pieces = std::vector<Piece>;
 

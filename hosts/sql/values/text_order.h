@@ -17,6 +17,8 @@ class LikePattern {
   explicit LikePattern(StringView pattern);
 
   bool Matches(StringView text) const;
+  /// How every text that matches begins, in lower case.
+  String Start() const { return openStart_ ? String() : part_; }
 
  private:
   String part_;  // in lower case
