@@ -49,12 +49,13 @@ Looks::Looks(host::ControlSite& site, host::TextBox& txtEdit, host::CommandButto
 void Looks::Resize() {
   Trap(u"tsText", u"UserControl_Resize", [&] {
     if (site_.Height() < kLeastHeight) site_.Height(kLeastHeight);
-    if (txtEdit_.Height() != site_.Height()) {
-      txtEdit_.Height(site_.Height());
-      btnBrowse_.Height(site_.Height() - kButtonInset);
+    const Long height = site_.Height(), width = site_.Width();
+    if (txtEdit_.Height() != height) {
+      txtEdit_.Height(height);
+      btnBrowse_.Height(height - kButtonInset);
     }
-    txtEdit_.Width(site_.Width() - (btnBrowse_.Visible() ? kRoomWithButton : kRoomWithoutButton));
-    btnBrowse_.Left(site_.Width() - kButtonFromRight);
+    txtEdit_.Width(width - (btnBrowse_.Visible() ? kRoomWithButton : kRoomWithoutButton));
+    btnBrowse_.Left(width - kButtonFromRight);
   });
 }
 

@@ -196,10 +196,10 @@ TEST_F(Looks, AFieldsOwnAccessibleNameComesFirst) {
   EXPECT_EQ(face->text(QAccessible::Name), QStringLiteral("Outra chave"));
 }
 
-TEST_F(Looks, TheSurfaceHasTheColourOfItsBox) {
+TEST_F(Looks, TheSurfaceOfAWhiteBoxIsAsItsFormAndAnyOtherHasTheColourOfItsBox) {
   show();
   const auto surface = [&] { return first_->palette().color(QPalette::Window); };
-  EXPECT_EQ(surface(), QColor(Qt::white));
+  EXPECT_EQ(surface(), window_->palette().color(QPalette::Window)) << "styles draw frames after it";
   EXPECT_FALSE(first_->autoFillBackground()) << "no white patch on the form";
   first_->setBackColor(QColor(10, 200, 30));
   EXPECT_EQ(surface(), QColor(10, 200, 30));
@@ -209,6 +209,8 @@ TEST_F(Looks, TheSurfaceHasTheColourOfItsBox) {
   QApplication::setPalette(darkTheme());
   settleEvents();
   EXPECT_EQ(surface(), darkTheme().color(QPalette::Button));
+  first_->setEnabled(true);
+  EXPECT_EQ(surface(), darkTheme().color(QPalette::Window));
 }
 
 TEST_F(Looks, ADisabledFieldIsGrayAndComesBack) {

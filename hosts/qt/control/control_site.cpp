@@ -1,5 +1,7 @@
 #include "hosts/qt/control/control_site.h"
 
+#include <utility>
+
 #include "hosts/qt/boundary/handles.h"
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/fonts.h"
@@ -52,18 +54,23 @@ void ControlSite::BackColor(Colour colour) {
   applyColour();
 }
 
+// The white of an ordinary box would show as a patch on the form where there is no button: such a
+// surface is as the form around it. Of the others only a colour that the program has set is
+// painted.
 void ControlSite::applyColour() {
   if (!backColor_) return;
   QWidget& s = surface();
-  const QPalette theme = s.parentWidget() ? s.parentWidget()->palette() : QPalette();
-  const bool themed = *backColor_ == host::colour::White && wantsLightVariants(theme);
-  const QColor colour = themed ? theme.color(QPalette::Window) : toQColor(*backColor_, theme);
-  // Only a colour that the program has set is painted: the white of an ordinary box would show as a
-  // patch on the form where there is no button.
-  s.setAutoFillBackground(*backColor_ != host::colour::White && !isSystemColour(*backColor_));
-  if (s.palette().color(QPalette::Window) == colour) return;
+  const bool isOrdinary = *backColor_ == host::colour::White;
+  s.setAutoFillBackground(!isOrdinary && !isSystemColour(*backColor_));
+  if (isOrdinary && !std::exchange(isColoured_, false)) return;
   QPalette palette;
-  palette.setColor(QPalette::Window, colour);
+  if (!isOrdinary) {
+    const QPalette theme = s.parentWidget() ? s.parentWidget()->palette() : QPalette();
+    palette.setColor(QPalette::Window, toQColor(*backColor_, theme));
+    if (isColoured_ && s.palette().color(QPalette::Window) == palette.color(QPalette::Window))
+      return;
+    isColoured_ = true;
+  }
   s.setPalette(palette);
 }
 

@@ -47,6 +47,7 @@ class ControlSite final : public host::ControlSite {
   QPointer<QWidget> surface_;
   const Control control_;
   std::optional<Colour> backColor_;  ///< empty until it is assigned
+  bool isColoured_ = false;          ///< the surface has a palette of its own
 };
 
 }  // namespace tessaria::qt

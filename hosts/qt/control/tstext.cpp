@@ -163,8 +163,7 @@ void TsText::showEvent(QShowEvent*) {
     return formShown();
   }
   // The form's own show comes next. A control that is added later has missed it.
-  QMetaObject::invokeMethod(
-      this, [this] { showFirst(formOf(this)); }, Qt::QueuedConnection);
+  showFirstSoon(form);
 }
 
 void TsText::changeEvent(QEvent* event) {

@@ -101,6 +101,7 @@ bool ActionGate::turnsByWheel(const QWidget& widget) {
 }
 
 bool ActionGate::holdsBack(QObject* receiver, QEvent* event) {
+  if (!MenuPicks::heeds(event->type())) return false;
   if (auto* menu = qobject_cast<QMenu*>(receiver))
     return menu != replaying_ && holdsBackPick(*menu, *event);
   if (auto* bar = qobject_cast<QMenuBar*>(receiver)) return holdsBackPick(*bar, *event);

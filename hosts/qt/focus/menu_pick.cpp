@@ -47,6 +47,22 @@ QAction* byKey(const QMenu& menu, const QKeyEvent& key) {
 
 }  // namespace
 
+bool MenuPicks::heeds(QEvent::Type type) {
+  switch (type) {
+    case QEvent::Show:
+    case QEvent::Hide:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseMove:
+    case QEvent::KeyPress:
+    case QEvent::Shortcut:
+      return true;
+    default:
+      return false;
+  }
+}
+
 QAction* MenuPicks::picked(QMenu& menu, const QEvent& event) {
   switch (event.type()) {
     case QEvent::Show:

@@ -19,6 +19,9 @@ class MenuPicks final {
   QAction* picked(QMenu& menu, const QEvent& event);
   static QAction* picked(QMenuBar& bar, const QEvent& event);
 
+  /// Whether events of the type can trigger an entry, or tell which one the next event triggers.
+  static bool heeds(QEvent::Type type);
+
   /// Whether the open menu runs a loop of its own that returns the chosen entry.
   bool runsLoop(const QMenu& menu) const;
   /// Closes all menus.

@@ -1,6 +1,7 @@
 #include "hosts/qt/form/first_show.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "hosts/qt/form/control_pointer.h"
 #include "hosts/qt/form/widget_tree.h"
@@ -8,7 +9,9 @@
 namespace tessaria::qt {
 namespace {
 
+// Dynamic properties of forms.
 constexpr char kShown[] = "_tessaria_shown";
+constexpr char kAwaited[] = "_tessaria_awaited";
 
 /// The controls of a type on the form itself, without those of forms inside it, in order of
 /// creation.
@@ -24,15 +27,30 @@ QList<Control*> ownControls(const QWidget* form) {
 
 }  // namespace
 
-bool wasShown(const QWidget* form) { return form->property(kShown).toBool(); }
+bool wasShown(const QWidget* form) { return form->dynamicPropertyNames().contains(kShown); }
+
+void showFirstSoon(QWidget* form) {
+  if (form->dynamicPropertyNames().contains(kAwaited)) return;
+  form->setProperty(kAwaited, true);
+  QMetaObject::invokeMethod(
+      form,
+      [form] {
+        form->setProperty(kAwaited, QVariant());
+        showFirst(form);
+      },
+      Qt::QueuedConnection);
+}
 
 QList<Surface*> inLoadOrder(QWidget* form) {
   QList<Surface*> fields;
   if (auto* alone = dynamic_cast<Surface*>(form)) fields << alone;
   fields << ownControls<Surface>(form);
-  std::stable_sort(fields.begin(), fields.end(), [](const Surface* a, const Surface* b) {
-    return a->loadOrder() < b->loadOrder();
-  });
+  QList<std::pair<LoadOrder, Surface*>> ordered;
+  for (Surface* field : fields) ordered << std::pair(field->loadOrder(), field);
+  std::stable_sort(ordered.begin(), ordered.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::transform(ordered.begin(), ordered.end(), fields.begin(),
+                 [](const auto& each) { return each.second; });
   return fields;
 }
 

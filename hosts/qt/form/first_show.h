@@ -12,6 +12,8 @@ namespace tessaria::qt {
 /// controls first, then keys, then the rest, and descriptions last, so that no control clears what
 /// another one has filled. Data controls open their rows before. A second call does nothing.
 void showFirst(QWidget* form);
+/// The same, once the events that are due have been processed.
+void showFirstSoon(QWidget* form);
 /// Whether the form has had its first show.
 bool wasShown(const QWidget* form);
 

@@ -27,6 +27,14 @@ bool isClosed(const QWidget* widget) {
                  QTabBar>(widget);
 }
 
+constexpr char kConnection[] = "dbForm";
+
+/// Whether the class of the widget is the library's own.
+bool isPartOfControl(const QWidget* widget) {
+  return dynamic_cast<const FormControl*>(widget) ||
+         dynamic_cast<const FormControl*>(widget->parentWidget());
+}
+
 void collectControls(const QWidget* parent, QList<QWidget*>& controls) {
   for (QObject* child : parent->children()) {
     auto* widget = qobject_cast<QWidget*>(child);
@@ -47,7 +55,9 @@ Surface* surfaceOf(QWidget* widget) {
 }
 
 bool isForm(const QWidget* widget) {
-  return widget->isWindow() || widget->property("dbForm").isValid();
+  if (widget->isWindow() || widget->dynamicPropertyNames().contains(kConnection)) return true;
+  // Qt compares the name with those of all properties, which fields have many of.
+  return !isPartOfControl(widget) && widget->property(kConnection).isValid();
 }
 
 QWidget* formOf(QWidget* widget) {

@@ -51,6 +51,26 @@ bool bypassesMask(const QKeyEvent& event) {
   });
 }
 
+/// Of the many events that only draw, place and show a widget.
+bool leavesTextAlone(QEvent::Type type) {
+  switch (type) {
+    case QEvent::Paint:
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::Show:
+    case QEvent::ShowToParent:
+    case QEvent::Polish:
+    case QEvent::PolishRequest:
+    case QEvent::LayoutRequest:
+    case QEvent::FontChange:
+    case QEvent::PaletteChange:
+    case QEvent::ParentChange:
+      return true;
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 LineEdit::LineEdit(QWidget* parent) : QLineEdit(parent) {
@@ -164,6 +184,7 @@ void LineEdit::reportTextWithoutKey() {
 // --- Keys
 
 bool LineEdit::event(QEvent* event) {
+  if (leavesTextAlone(event->type())) return QLineEdit::event(event);
   const Step step(this);
   switch (event->type()) {
     // Qt decides the same, but first compares the key with each standard key.

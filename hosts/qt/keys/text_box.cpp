@@ -103,7 +103,8 @@ void TextBox::applyColours() {
     if (group == QPalette::Disabled) continue;
     if (fore != theme.color(group, QPalette::Text)) palette.setColor(group, QPalette::Text, fore);
   }
-  edit().setPalette(palette);
+  const bool isPlain = palette.resolveMask() == 0 && !edit().testAttribute(Qt::WA_SetPalette);
+  if (!isPlain) edit().setPalette(palette);
 }
 
 host::Font TextBox::Font() const { return font_ ? *font_ : toFont(edit().font()); }

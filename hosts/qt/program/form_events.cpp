@@ -24,8 +24,7 @@ namespace {
 /// its children, and its forms with it; a form that is shown later waits for the event loop.
 void formShows(QWidget* widget) {
   if (!widget->isWindow()) {
-    QMetaObject::invokeMethod(
-        widget, [widget] { showFirst(widget); }, Qt::QueuedConnection);
+    showFirstSoon(widget);
     return;
   }
   QList<QPointer<QWidget>> forms{widget};
