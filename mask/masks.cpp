@@ -1,6 +1,7 @@
 #include "tessaria/masks.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 
 #include "tessaria/conversion.h"
@@ -49,9 +50,23 @@ String NumberSuffix(const String& mask) {
   return suffix;
 }
 
+struct NumberMask {
+  String Mask, Format, Suffix;
+};
+
+// A field lays out with the same mask again and again: what follows from the last one is kept.
+const NumberMask& Known(const String& mask) {
+  static thread_local NumberMask last;
+  if (last.Mask != mask)
+    last = {mask, FormatoNumero(mask, mask.find(u'.') != String::npos), NumberSuffix(mask)};
+  return last;
+}
+
 String LayOutNumber(const Variant& text, const String& mask) {
-  const String format = FormatoNumero(mask, InStr(mask, kPoint) > 0);
-  return Format(text, format) + NumberSuffix(mask);
+  const NumberMask& known = Known(mask);
+  String shown = Format(text, known.Format);
+  shown += known.Suffix;
+  return shown;
 }
 
 String WithoutItems(StringView text, StringView items) {
@@ -85,26 +100,33 @@ String LayOutLeftToRight(StringView text, StringView mask, StringView fill, Stri
 /// The start of the left-aligned part of a two-sided mask; 0 when it has none. Only an "A" makes a
 /// split: "a" and "C" can move it towards the start, but do not make one by themselves.
 std::size_t SplitOf(StringView mask) {
-  if (mask.find(u'A') == StringView::npos) return 0;
-  return mask.find_first_of(u"AaC") + 1;
+  std::size_t split = 0;
+  for (std::size_t at = 0; at < mask.size(); ++at) {
+    const char16_t place = mask[at];
+    if (split == 0 && (place == u'A' || place == u'a' || place == u'C')) split = at + 1;
+    if (place == u'A') return split;
+  }
+  return 0;
 }
 
-/// Fills the slots from the right end to the left.
-String LayOutRightToLeft(StringView text, StringView mask, StringView fill, StringView items) {
-  std::size_t left = text.size();
-  String result;
-  result.reserve(mask.size());
-  for (auto place = mask.rbegin(); place != mask.rend(); ++place) {
-    if (Holds(items, *place)) {
-      result += *place;
-    } else if (left == 0) {
-      result += fill;
+/// The last characters take the last slots. The fill stands mirrored in the slots before.
+void AppendRightAligned(String& result, StringView text, StringView mask, StringView fill,
+                        StringView items) {
+  const auto isItem = [items](char16_t place) { return Holds(items, place); };
+  const auto places = std::count_if(mask.begin(), mask.end(), std::not_fn(isItem));
+  const auto slots = static_cast<std::size_t>(places);
+  std::size_t empty = slots - std::min(slots, text.size());
+  std::size_t next = text.size() - std::min(slots, text.size());
+  for (const char16_t place : mask) {
+    if (isItem(place)) {
+      result += place;
+    } else if (empty > 0) {
+      result.append(fill.rbegin(), fill.rend());
+      --empty;
     } else {
-      result += text[--left];
+      result += text[next++];
     }
   }
-  std::reverse(result.begin(), result.end());
-  return result;
 }
 
 void AppendRemainder(String& result, StringView text, StringView mask, StringView fill,
@@ -123,11 +145,16 @@ void AppendRemainder(String& result, StringView text, StringView mask, StringVie
 }
 
 String LayOutTwoSided(StringView text, StringView mask, StringView fill, StringView items) {
+  String result;
+  result.reserve(mask.size());
   const std::size_t split = SplitOf(mask);
-  if (split == 0) return LayOutRightToLeft(text, mask, fill, items);
+  if (split == 0) {
+    AppendRightAligned(result, text, mask, fill, items);
+    return result;
+  }
   const String left = WithoutItems(text.substr(0, split - 1), items);
   const String right = WithoutItems(text.substr(std::min(split - 1, text.size())), items);
-  String result = LayOutRightToLeft(left, mask.substr(0, split - 1), fill, items);
+  AppendRightAligned(result, left, mask.substr(0, split - 1), fill, items);
   AppendRemainder(result, right, mask.substr(split - 1), fill, items);
   return result;
 }
@@ -137,7 +164,7 @@ String LayOut(const Variant& text, const String& mask, const String& fill, const
   if (IsNumericMask(mask)) return LayOutNumber(text, mask);
   const String& characters = *text.TryGet<String>();
   if (mask.empty()) return characters;
-  if (StartsWith(mask, u"N")) return LayOutTwoSided(characters, mask, fill, items);
+  if (mask.front() == u'N') return LayOutTwoSided(characters, mask, fill, items);
   return LayOutLeftToRight(characters, mask, fill, items);
 }
 
@@ -162,9 +189,10 @@ String LimpaMascara(const String& text, const String& mask, const String& items)
 
 String AplicaMascara(const Variant& value, const String& mask, const String& fill,
                      const String& items, const String& password) {
-  const Variant converted =
-      value.IsString() ? Variant() : Variant(value.IsNull() ? String() : CStr(value));
-  String result = LayOut(value.IsString() ? value : converted, mask, fill, items);
+  const auto layOut = [&](const Variant& text) { return LayOut(text, mask, fill, items); };
+  String result = value.IsString() ? layOut(value)
+                  : value.IsNull() ? layOut(String())
+                                   : layOut(CStr(value));
   return password.empty() ? result : StringOf(Len(result), password);
 }
 
@@ -180,9 +208,10 @@ Integer ContaDecimais(const String& text, const String& separator, const String&
 }
 
 String FormatoNumero(const String& mask, bool) {
-  const Integer decimals = ContaDecimais(mask, kPoint, kNumber);
-  if (decimals == 0) return u"#,##0";
-  return u"#,##0." + StringOf(decimals, u"0");
+  const auto decimals = static_cast<std::size_t>(ContaDecimais(mask, kPoint, kNumber));
+  String format = u"#,##0";
+  if (decimals > 0) format.append(1, u'.').append(decimals, u'0');
+  return format;
 }
 
 bool CommaRemovalOverflows(const String& text, const String& mask, Long MaxLength) {
@@ -198,7 +227,7 @@ Integer CapacidadeInteira(const String& mask, Long MaxLength) {
   return static_cast<Integer>(places - points);
 }
 
-bool IsNumericMask(const String& mask) { return StartsWith(mask, kNumber); }
+bool IsNumericMask(const String& mask) { return mask.starts_with(u'$'); }
 
 DateForm DateFormOf(const String& mask) {
   const auto found = std::find_if(std::begin(kDateMasks), std::end(kDateMasks),

@@ -64,6 +64,7 @@ template <class T>
 T ToInteger(const Variant& value) {
   RequireNotNull(value);
   if (const auto* text = value.TryGet<String>()) return FromText<T>(*text);
+  if (const auto* whole = value.TryGet<Long>()) return InRange<T>(*whole);
   return InRange<T>(WholeNumber(value));
 }
 

@@ -200,6 +200,11 @@ Digits Rounded(Digits value, int decimals, Halves halves) {
   return value;
 }
 
+bool IsInRangeOfDouble(const Digits& value) {
+  return value.Point <= std::numeric_limits<double>::max_exponent10 ||
+         TryToDouble(value).has_value();
+}
+
 std::optional<double> TryToDouble(const Digits& value) {
   if (value.IsZero()) return 0.0;
   const int exponent = value.Point - static_cast<int>(value.Text.size());

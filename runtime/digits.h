@@ -49,6 +49,8 @@ enum class Halves { ToEven, AwayFromZero };
 /// Rounded to `decimals` places; more places change nothing.
 TESSARIA_HOST_API Digits Rounded(Digits value, int decimals, Halves halves);
 
+/// Whether the value is small enough for a double.
+bool IsInRangeOfDouble(const Digits& value);
 /// Nothing when out of range.
 TESSARIA_HOST_API std::optional<double> TryToDouble(const Digits& value);
 /// Error 6 when out of range.

@@ -1,9 +1,11 @@
 #include "tessaria/format.h"
 
+#include <memory>
 #include <optional>
+#include <utility>
 
 #include "runtime/date_text.h"
-#include "runtime/format_pattern.h"
+#include "runtime/number_layout.h"
 #include "runtime/number_text.h"
 #include "tessaria/conversion.h"
 
@@ -11,19 +13,47 @@ namespace tessaria {
 
 namespace {
 
-// All digits of a text count, provided that the number is in the range of a double.
-std::optional<Digits> DigitsOfText(const String& text) {
-  const auto number = ReadNumber(text);
-  if (!number || !TryToDouble(number->Value)) return std::nullopt;
-  return number->Value;
+// A pattern as it is applied.
+struct KnownPattern {
+  String Text;
+  bool IsGeneral = true;  // shows values as their texts
+  PatternKind Kind = PatternKind::Number;
+  Pattern Items;
+  NumberLayout Numbers;  // of the kind Number
+};
+
+KnownPattern Read(StringView text) {
+  KnownPattern known;
+  known.Text = text;
+  const StringView expanded = ExpandName(text);
+  known.IsGeneral = expanded.empty();
+  known.Items = ReadPattern(expanded);
+  known.Kind = KindOf(known.Items);
+  if (known.Kind == PatternKind::Number) known.Numbers = ReadNumberLayout(known.Items);
+  return known;
 }
 
-String AsNumber(const Variant& value, const Pattern& pattern) {
+// Fields format with the same pattern again and again: the last one is kept as it was read. A
+// pattern of dates may use others while it is applied.
+std::shared_ptr<const KnownPattern> Known(StringView text) {
+  static thread_local auto last = std::make_shared<const KnownPattern>();
+  if (last->Text != text) last = std::make_shared<const KnownPattern>(Read(text));
+  return last;
+}
+
+// All digits of a text count, provided that the number is in the range of a double.
+std::optional<Digits> DigitsOfText(const String& text) {
+  auto number = ReadNumber(text);
+  if (!number || !IsInRangeOfDouble(number->Value)) return std::nullopt;
+  return std::move(number->Value);
+}
+
+String AsNumber(const Variant& value, const NumberLayout& layout) {
   if (const auto* text = value.TryGet<String>()) {
     const auto digits = DigitsOfText(*text);
-    return digits ? FormatNumber(*digits, pattern) : *text;
+    return digits ? FormatNumber(*digits, layout) : *text;
   }
-  return FormatNumber(DigitsOf(value), pattern);
+  return FormatNumber(DigitsOf(value), layout);
 }
 
 String AsDate(const Variant& value, const Pattern& pattern) {
@@ -38,18 +68,17 @@ String AsDate(const Variant& value, const Pattern& pattern) {
 
 String Format(const Variant& value, StringView pattern) {
   if (value.IsNull() || value.IsEmpty() || value.IsMissing()) return {};
-  const StringView expanded = ExpandName(pattern);
-  if (expanded.empty()) return CStr(value);
-  const Pattern items = ReadPattern(expanded);
-  switch (KindOf(items)) {
+  const auto known = Known(pattern);
+  if (known->IsGeneral) return CStr(value);
+  switch (known->Kind) {
     case PatternKind::Date:
-      return AsDate(value, items);
+      return AsDate(value, known->Items);
     case PatternKind::Text:
-      return FormatText(CStr(value), items);
+      return FormatText(CStr(value), known->Items);
     case PatternKind::Number:
       break;
   }
-  return AsNumber(value, items);
+  return AsNumber(value, known->Numbers);
 }
 
 }  // namespace tessaria

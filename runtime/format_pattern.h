@@ -47,7 +47,6 @@ PatternKind KindOf(const Pattern& pattern);
 /// is not such a name.
 StringView ExpandName(StringView text);
 
-String FormatNumber(const Digits& value, const Pattern& pattern);
 String FormatDate(Date value, const Pattern& pattern);
 String FormatText(StringView text, const Pattern& pattern);
 

@@ -60,9 +60,8 @@ class NumberReader {
   }
 
   bool TakeSymbol() {
-    if (symbol_ || !EqualNoCase(rest_.substr(0, kCurrencySymbol.size()), kCurrencySymbol)) {
-      return false;
-    }
+    if (symbol_ || rest_.size() < 2 || rest_[1] != kCurrencySymbol[1]) return false;
+    if (!EqualNoCase(rest_.substr(0, kCurrencySymbol.size()), kCurrencySymbol)) return false;
     rest_.remove_prefix(kCurrencySymbol.size());
     return symbol_ = true;
   }
@@ -81,21 +80,21 @@ class NumberReader {
 
   // Points group thousands; their positions are not checked.
   bool ReadDigits() {
-    while (!rest_.empty() && (IsDigit(rest_.front()) || rest_.front() == u'.')) {
-      if (rest_.front() != u'.') TakeDigit();
-      rest_.remove_prefix(1);
-    }
+    do TakeDigits();
+    while (Take(u'.'));
     value_.Point = static_cast<int>(value_.Text.size());
-    if (Take(u',')) {
-      while (!rest_.empty() && IsDigit(rest_.front())) {
-        TakeDigit();
-        rest_.remove_prefix(1);
-      }
-    }
+    if (Take(u',')) TakeDigits();
     return !value_.Text.empty();
   }
 
-  void TakeDigit() { value_.Text.push_back(static_cast<char>(rest_.front())); }
+  void TakeDigits() {
+    const auto end = std::find_if_not(rest_.begin(), rest_.end(), IsDigit);
+    const auto count = static_cast<std::size_t>(end - rest_.begin());
+    const std::size_t before = value_.Text.size();
+    value_.Text.resize(before + count);
+    for (std::size_t i = 0; i < count; ++i) value_.Text[before + i] = static_cast<char>(rest_[i]);
+    rest_.remove_prefix(count);
+  }
 
   bool ReadExponent() {
     if (rest_.empty() || StringView(u"EeDd").find(rest_.front()) == StringView::npos) return true;
