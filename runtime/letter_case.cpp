@@ -30,7 +30,10 @@ const Alternating* FindAlternating(char16_t c) {
   return found == std::end(kAlternating) ? nullptr : found;
 }
 
+constexpr bool IsAscii(char16_t c) { return c < 0x80; }
+
 char16_t Capital(char16_t c) {
+  if (IsAscii(c)) return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - kDistance) : c;
   if (c >= kDistance && IsShiftedCapital(static_cast<char16_t>(c - kDistance))) {
     return static_cast<char16_t>(c - kDistance);
   }
@@ -41,6 +44,7 @@ char16_t Capital(char16_t c) {
 }
 
 char16_t Small(char16_t c) {
+  if (IsAscii(c)) return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + kDistance) : c;
   if (IsShiftedCapital(c)) return static_cast<char16_t>(c + kDistance);
   if (c == kCapitalYDiaeresis) return kSmallYDiaeresis;
   const auto* range = FindAlternating(c);

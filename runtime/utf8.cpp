@@ -1,5 +1,7 @@
 #include "tessaria/utf8.h"
 
+#include <algorithm>
+
 namespace tessaria {
 
 namespace {
@@ -54,6 +56,15 @@ bool IsCharacter(char32_t c, const Lead& lead) {
   return c >= lead.Least && c <= 0x10FFFF && !IsHighSurrogate(c) && !IsLowSurrogate(c);
 }
 
+constexpr auto kIsAscii = [](auto unit) { return unit >= 0 && unit < 0x80; };
+
+// The number of units before the next one that is not ASCII.
+template <class View>
+std::size_t AsciiRun(View text) {
+  const auto end = std::find_if_not(text.begin(), text.end(), kIsAscii);
+  return static_cast<std::size_t>(end - text.begin());
+}
+
 // Takes one character off the front, or only the first byte of an invalid sequence.
 char32_t TakeCharacter(std::string_view& bytes) {
   const Lead lead = ReadLead(static_cast<unsigned char>(bytes.front()));
@@ -72,9 +83,13 @@ char32_t TakeCharacter(std::string_view& bytes) {
 }  // namespace
 
 std::string ToUtf8(StringView text) {
-  std::string result;
+  const std::size_t plain = AsciiRun(text);
+  std::string result(plain, '\0');
+  std::transform(text.begin(), text.begin() + std::ptrdiff_t(plain), result.begin(),
+                 [](char16_t unit) { return static_cast<char>(unit); });
+  if (plain == text.size()) return result;
   result.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
+  for (std::size_t i = plain; i < text.size(); ++i) {
     char32_t c = text[i];
     if (IsHighSurrogate(c) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
       c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00u);
@@ -87,8 +102,11 @@ std::string ToUtf8(StringView text) {
 }
 
 String FromUtf8(std::string_view bytes) {
-  String result;
+  const std::size_t plain = AsciiRun(bytes);
+  String result(bytes.begin(), bytes.begin() + std::ptrdiff_t(plain));
+  if (plain == bytes.size()) return result;
   result.reserve(bytes.size());
+  bytes.remove_prefix(plain);
   while (!bytes.empty()) AppendUtf16(result, TakeCharacter(bytes));
   return result;
 }

@@ -12,6 +12,7 @@ bool IsLowHalf(char16_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
 
 bool IsWellFormed(StringView text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != 0 && text[i] < 0xD800) continue;
     if (text[i] == 0 || IsLowHalf(text[i])) return false;
     if (!IsHighHalf(text[i])) continue;
     if (++i == text.size() || !IsLowHalf(text[i])) return false;

@@ -4,13 +4,12 @@ namespace tessaria::sql {
 namespace {
 
 using Kind = SqlToken::Kind;
-using Words = std::set<String>;
 
-const Words kChangers = {u"INSERT", u"UPDATE", u"DELETE"};
+constexpr StringView kChangers[] = {u"INSERT", u"UPDATE", u"DELETE"};
 // Reserved words of SQL Server that start a statement and never appear inside a query, where no
 // column can have such a name without quotes, not even after a point. A Merge and a With need a
 // semicolon before or after them.
-const Words kStarters = {
+constexpr StringView kStarters[] = {
     u"ADD",        u"ALTER",   u"BACKUP",   u"BEGIN",     u"BREAK",    u"CHECKPOINT",
     u"CLOSE",      u"COMMIT",  u"CONTINUE", u"CREATE",    u"DBCC",     u"DEALLOCATE",
     u"DECLARE",    u"DELETE",  u"DENY",     u"DROP",      u"DUMP",     u"EXEC",
@@ -20,15 +19,15 @@ const Words kStarters = {
     u"SET",        u"SETUSER", u"SHUTDOWN", u"TRIGGER",   u"TRUNCATE", u"UPDATE",
     u"UPDATETEXT", u"USE",     u"WAITFOR",  u"WHILE",     u"WRITETEXT"};
 // After USE in the hints of a query.
-const Words kHints = {u"HINT", u"PLAN"};
+constexpr StringView kHints[] = {u"HINT", u"PLAN"};
 // Before a further outermost Select of the same query.
-const Words kCombiners = {u"UNION", u"EXCEPT", u"INTERSECT", u"ALL"};
+constexpr StringView kCombiners[] = {u"UNION", u"EXCEPT", u"INTERSECT", u"ALL"};
 // Before a query in parentheses that belongs to the statement around it.
-const Words kTakesQuery = {u"ALL",   u"AND",    u"ANY",   u"APPLY",     u"AS",   u"BETWEEN",
-                           u"BY",    u"CASE",   u"ELSE",  u"EXCEPT",    u"FROM", u"EXISTS",
-                           u"IN",    u"HAVING", u"JOIN",  u"INTERSECT", u"LIKE", u"DISTINCT",
-                           u"NOT",   u"ON",     u"OR",    u"SELECT",    u"SOME", u"THEN",
-                           u"UNION", u"WHEN",   u"WHERE", u"TOP"};
+constexpr StringView kTakesQuery[] = {
+    u"ALL",    u"AND",       u"ANY",    u"APPLY",    u"AS",     u"BETWEEN", u"BY",
+    u"CASE",   u"ELSE",      u"EXCEPT", u"FROM",     u"EXISTS", u"IN",      u"HAVING",
+    u"JOIN",   u"INTERSECT", u"LIKE",   u"DISTINCT", u"NOT",    u"ON",      u"OR",
+    u"SELECT", u"SOME",      u"THEN",   u"UNION",    u"WHEN",   u"WHERE",   u"TOP"};
 constexpr StringView kOperators = u"=<>+-*/%,&|^~!(";
 
 // Walks through a statement and consumes what its first words allow.

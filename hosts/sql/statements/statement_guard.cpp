@@ -16,9 +16,9 @@ using Kind = SqlToken::Kind;
 constexpr Long kSmallLimit = 1000;
 
 // A statement that starts as a reader but contains one of these does more than read.
-const std::set<String> kWriters = {u"INSERT", u"UPDATE", u"DELETE", u"MERGE", u"INTO", u"SHARE"};
+constexpr StringView kWriters[] = {u"INSERT", u"UPDATE", u"DELETE", u"MERGE", u"INTO", u"SHARE"};
 // After one of these outermost words a row is no longer one row of one table.
-const std::set<String> kMixers = {u"JOIN",  u"UNION",    u"INTERSECT", u"EXCEPT",
+constexpr StringView kMixers[] = {u"JOIN",  u"UNION",    u"INTERSECT", u"EXCEPT",
                                   u"GROUP", u"DISTINCT", u"HAVING",    u"WITH"};
 
 [[noreturn]] void Refuse(StringView reason) {
@@ -30,19 +30,17 @@ const std::set<String> kMixers = {u"JOIN",  u"UNION",    u"INTERSECT", u"EXCEPT"
          u"\": falta fechar um texto, um nome ou um comentário, ou há sinais que não são aceitos.");
 }
 
-// Where the statement ends: before its trailing semicolons.
-std::size_t EndOfStatement(StringView text, SqlRules rules) {
-  SqlScanner scanner(text, rules);
-  std::size_t end = text.size();
-  bool closed = false;
-  for (SqlToken token = scanner.Next(); !token.Is(Kind::End); token = scanner.Next()) {
-    if (token.Is(Kind::Unreadable)) RefuseUnreadable(text.substr(token.start));
-    const bool semicolon = token.Is(Kind::Symbol) && scanner.TextOf(token) == u";";
-    if (semicolon && !closed) end = token.start;
-    if (semicolon) closed = true;
-    if (!semicolon && closed) Refuse(u"O texto contém mais de um comando SQL.");
+// Takes the trailing semicolons off the pieces of a text. Returns where its statement ends.
+std::size_t EndStatement(StringView text, Pieces& pieces) {
+  const auto isEnd = [](const Piece& piece) { return IsSymbol(piece, u";"); };
+  const auto end = std::find_if(pieces.begin(), pieces.end(), isEnd);
+  for (auto piece = pieces.begin(); piece != pieces.end(); ++piece) {
+    if (piece->kind == Kind::Unreadable) RefuseUnreadable(text.substr(piece->start));
+    if (piece > end && !isEnd(*piece)) Refuse(u"O texto contém mais de um comando SQL.");
   }
-  return end;
+  const std::size_t length = end == pieces.end() ? text.size() : end->start;
+  pieces.erase(end, pieces.end());
+  return length;
 }
 
 void RefuseForeignQuoting(StringView text, Dialect dialect) {
@@ -211,9 +209,9 @@ StatementFacts RequireSingleStatement(StringView text, Dialect dialect, bool bac
   RequireWellFormed(text);
   const SqlRules rules = RulesOf(dialect, backslashes);
   StatementFacts facts;
-  facts.text = String(text.substr(0, EndOfStatement(text, rules)));
+  Pieces pieces = PiecesOf(text, rules);
+  facts.text = String(text.substr(0, EndStatement(text, pieces)));
   RefuseForeignQuoting(facts.text, dialect);
-  const Pieces pieces = PiecesOf(facts.text, rules);
   if (pieces.empty()) Refuse(u"O texto do comando SQL está vazio.");
   RefuseDriverMarks(pieces, dialect);
   RefuseHiddenStatement(pieces, dialect);

@@ -1,21 +1,23 @@
 #include "hosts/sql/statements/statement_pieces.h"
 
+#include <algorithm>
+
 #include "tessaria/text.h"
 
 namespace tessaria::sql {
 
 using Kind = SqlToken::Kind;
 
-Pieces PiecesOf(StringView text, SqlRules rules) {
+Pieces PiecesOf(StringView statement, SqlRules rules) {
   Pieces pieces;
-  SqlScanner scanner(text, rules);
+  SqlScanner scanner(statement, rules);
   int depth = 0;
   for (SqlToken token = scanner.Next(); !token.Is(Kind::End); token = scanner.Next()) {
-    String piece(scanner.TextOf(token));
-    if (token.Is(Kind::Word)) piece = UCase(piece);
-    if (piece == u")") --depth;
-    pieces.push_back({token.kind, std::move(piece), depth, token.start});
-    if (pieces.back().text == u"(") ++depth;
+    const StringView text = scanner.TextOf(token);
+    if (text == u")") --depth;
+    pieces.push_back(
+        {token.kind, token.Is(Kind::Word) ? UCase(text) : String(text), depth, token.start});
+    if (text == u"(") ++depth;
   }
   return pieces;
 }
@@ -24,8 +26,9 @@ bool IsSymbol(const Piece& piece, StringView text) {
   return piece.kind == Kind::Symbol && piece.text == text;
 }
 
-bool IsWordOf(const Piece& piece, const std::set<String>& words) {
-  return piece.kind == Kind::Word && words.count(piece.text) > 0;
+bool IsWordOf(const Piece& piece, std::span<const StringView> words) {
+  return piece.kind == Kind::Word &&
+         std::find(words.begin(), words.end(), piece.text) != words.end();
 }
 
 }  // namespace tessaria::sql
