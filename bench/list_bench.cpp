@@ -1,15 +1,18 @@
-// Benchmark of the list of a lookup with a million rows, compared with a table view on each of the
-// two SQL models of Qt.
+// Benchmark of the list of a lookup with a million rows, with each driver, compared with a table
+// view on each of the two SQL models of Qt.
 //
 // Each lap opens the list, reads it to its end, sorts it by name and leaves it; then it opens the
-// list in the order of the names and jumps to the last letter, with only the first rows read
-// (early_jump_ms) and with all of them (jump_ms; the models support only this). Times run from the
-// call or key to the paint event of the view that shows the result; last_ms runs from the call.
-// peak_mb is the additional memory that the process takes, measured after reading to the end. The
-// best of all laps counts. The ratios of the window compare it with the better model. Two figures
-// exist only for the window: scroll_ms is the longest step while the scroll bar is dragged to the
-// end until all rows are there, and search_ms runs from the answer of the prompt, with the first
-// rows read.
+// list again and sorts it at once (open_sort_ms); then it opens the list in the order of the names
+// and jumps to the last letter, with only the first rows read (early_jump_ms) and with all of them
+// (jump_ms; the models support only this). Times run from the call or key to the paint event of the
+// view that shows the result; last_ms, open_sort_ms and open_jump_ms run from the call that opens
+// the list, and the models' open_jump_ms contains the reading of all rows. peak_mb is the
+// additional memory that the process takes, measured after reading to the end. The best of all laps
+// counts. The ratios of the window compare it with the better model. Two figures exist only for the
+// window: scroll_ms is the longest step while the scroll bar is dragged to the end until all rows
+// are there, and search_ms runs from the answer of the prompt, with the first rows read.
+//
+// --rows=10000000 measures another number of rows; above a million each lap ends with the memory.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
@@ -33,9 +36,11 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "tessaria/odbc/connection.h"
 #include "tessaria/pesquisa_definition.h"
+#include "tessaria/postgres/connection.h"
 #include "tessaria/qt/form.h"
 #include "tessaria/qt/host.h"
 #include "tessaria/qt/metatypes.h"
@@ -48,9 +53,15 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using test::PostgresCluster;
 
-constexpr int kRows = 1'000'000;
+constexpr int kMostForAll = 1'000'000;  // rows up to which all is measured
 constexpr int kLaps = 5;
 constexpr auto kPatience = std::chrono::minutes(2);
+
+int& Rows() {
+  static int rows = kMostForAll;
+  return rows;
+}
+bool MeasuresAll() { return Rows() <= kMostForAll; }
 
 double MsSince(Clock::time_point start, Clock::time_point end = Clock::now()) {
   return std::chrono::duration<double, std::milli>(end - start).count();
@@ -66,13 +77,16 @@ struct Figures {
   double leaveMs = 1e9;
   double earlyJumpMs = 1e9;
   double jumpMs = 1e9;
+  double openSortMs = 1e9;
+  double openJumpMs = 1e9;
   double scrollMs = 1e9;
   double searchMs = 1e9;
 
   void KeepBest(const Figures& lap) {
-    for (const auto member : {&Figures::firstMs, &Figures::lastMs, &Figures::peakMb,
-                              &Figures::sortMs, &Figures::leaveMs, &Figures::earlyJumpMs,
-                              &Figures::scrollMs, &Figures::searchMs, &Figures::jumpMs})
+    for (const auto member :
+         {&Figures::firstMs, &Figures::lastMs, &Figures::peakMb, &Figures::sortMs,
+          &Figures::leaveMs, &Figures::earlyJumpMs, &Figures::scrollMs, &Figures::searchMs,
+          &Figures::jumpMs, &Figures::openSortMs, &Figures::openJumpMs})
       this->*member = std::min(this->*member, lap.*member);
   }
 };
@@ -150,7 +164,12 @@ void Key(QWidget& widget, int code, const QString& text = {}) {
 }
 
 void RequireLastRow(const QTableView& view) {
-  if (view.currentIndex().row() != kRows - 1) throw std::runtime_error("rows are missing");
+  if (view.currentIndex().row() != Rows() - 1) throw std::runtime_error("rows are missing");
+}
+
+void RequireSorted(const QTableView& view, int column) {
+  if (!view.model()->index(0, column).data().toString().startsWith("Ana"))
+    throw std::runtime_error("the list is not sorted");
 }
 
 void RequireLetter(const QTableView& view) {
@@ -167,7 +186,7 @@ void Provide() {
         "'Quitéria','Rui','Sônia','Tomás','Ursula','Vítor','Wanda','Xavier','Yara','Zélia'])"
         "[1 + g * 11 % 26] || ' de Souza ' || g as nome, 'Cidade ' || g % 5000 as cidade"
         " from generate_series(1, " +
-        std::to_string(kRows) +
+        std::to_string(Rows()) +
         ") g; alter table clientes add primary key (codigo);"
         " create index on clientes (nome); analyze clientes");
     return true;
@@ -237,7 +256,7 @@ void ClickHeader(QTableView& view, int column) {
 /// The longest step while the bar is dragged to the end, until the end is the last row.
 double LongestScrollMs(QTableView& view) {
   double longest = 0;
-  while (view.model()->rowCount() < kRows) {
+  while (view.model()->rowCount() < Rows()) {
     QScrollBar& bar = *view.verticalScrollBar();
     longest = std::max(longest, TheApplication().MsToPaint([&] {
       bar.setValue(bar.maximum());
@@ -266,9 +285,37 @@ double SearchMs(QTableView& view) {
   return MsSince(answered, TheApplication().PaintedAt());
 }
 
-Figures WindowLap() {
+double JumpMs(QTableView& view) {
+  const double time = TheApplication().MsToPaint([&] { Key(view, Qt::Key_Z, "z"); });
+  RequireLetter(view);
+  return time;
+}
+
+/// Everything but the reading to the end.
+void MeasureSteps(const host::ConnectionPtr& connection, LookupForm& byKey, Figures& figures) {
   auto& application = TheApplication();
-  const auto connection = odbc::CreateConnection();
+  const Figures sorted = byKey.Open([&](QTableView& view, Figures& lap) {
+    lap.sortMs = application.MsToPaint([&] { ClickHeader(view, 1); });
+    RequireSorted(view, 1);
+  });
+  figures.openSortMs = sorted.firstMs + sorted.sortMs;
+  byKey.Open([&](QTableView& view, Figures&) { figures.scrollMs = LongestScrollMs(view); });
+  byKey.Open([&](QTableView& view, Figures&) { figures.searchMs = SearchMs(view); });
+  LookupForm byName(connection, "nome", "codigo, cidade");
+  const Figures jumped = byName.Open([&](QTableView& view, Figures& lap) {
+    lap.earlyJumpMs = JumpMs(view);
+    for (const int key : {Qt::Key_End, Qt::Key_Home})
+      application.MsToPaint([&] { Key(view, key); });
+    lap.jumpMs = JumpMs(view);
+  });
+  figures.earlyJumpMs = jumped.earlyJumpMs;
+  figures.jumpMs = jumped.jumpMs;
+  figures.openJumpMs = jumped.firstMs + jumped.earlyJumpMs;
+}
+
+Figures WindowLap(host::ConnectionPtr (*driver)()) {
+  auto& application = TheApplication();
+  const auto connection = driver();
   connection->ConnectionString(PostgresCluster::Shared().ConnectionString());
   connection->Open();
   LookupForm byKey(connection, "codigo", "nome, cidade");
@@ -277,22 +324,9 @@ Figures WindowLap() {
     lap.lastMs = lap.firstMs + application.MsToPaint([&] { Key(view, Qt::Key_End); });
     RequireLastRow(view);
     lap.peakMb = memory.PeakMb();
-    lap.sortMs = application.MsToPaint([&] { ClickHeader(view, 1); });
+    if (MeasuresAll()) lap.sortMs = application.MsToPaint([&] { ClickHeader(view, 1); });
   });
-  byKey.Open([&](QTableView& view, Figures&) { figures.scrollMs = LongestScrollMs(view); });
-  byKey.Open([&](QTableView& view, Figures&) { figures.searchMs = SearchMs(view); });
-  LookupForm byName(connection, "nome", "codigo, cidade");
-  byName.Open([&](QTableView& view, Figures&) {
-    const auto jump = [&] {
-      const double time = application.MsToPaint([&] { Key(view, Qt::Key_Z, "z"); });
-      RequireLetter(view);
-      return time;
-    };
-    figures.earlyJumpMs = jump();
-    for (const int key : {Qt::Key_End, Qt::Key_Home})
-      application.MsToPaint([&] { Key(view, key); });
-    figures.jumpMs = jump();
-  });
+  if (MeasuresAll()) MeasureSteps(connection, byKey, figures);
   return figures;
 }
 
@@ -321,39 +355,69 @@ void ReadToTheEnd(QTableView& view) {
   view.setCurrentIndex(model.index(model.rowCount() - 1, 0));
 }
 
-/// `fill` gives the model the columns of the table, in the order of one of them.
+/// Gives a model the columns of the table, in the order of one of them.
 template <class Model>
-Figures PeerLap(
-    const std::function<void(Model& model, const char* columns, const char* order)>& fill) {
+using Fill = std::function<void(Model& model, const char* columns, const char* order)>;
+
+/// A model in a window of its own, and the time until its first rows are painted.
+template <class Model>
+struct OpenedPeer {
+  Model model;
+  std::unique_ptr<PeerList> list;
+  double firstMs;
+
+  OpenedPeer(const Fill<Model>& fill, const char* columns, const char* order) {
+    firstMs = TheApplication().MsToPaint([&] {
+      fill(model, columns, order);
+      list = std::make_unique<PeerList>(model);
+    });
+  }
+};
+
+template <class Model>
+double SortPeerMs(OpenedPeer<Model>& peer, const Fill<Model>& fill) {
+  const double time =
+      TheApplication().MsToPaint([&] { fill(peer.model, "codigo, nome, cidade", "nome"); });
+  RequireSorted(peer.list->View(), 1);
+  return time;
+}
+
+template <class Model>
+void MeasurePeersSteps(const Fill<Model>& fill, Figures& figures) {
+  auto& application = TheApplication();
+  {
+    OpenedPeer<Model> peer(fill, "codigo, nome, cidade", "codigo");
+    figures.openSortMs = peer.firstMs + SortPeerMs(peer, fill);
+  }
+  OpenedPeer<Model> peer(fill, "nome, codigo, cidade", "nome");
+  QTableView& view = peer.list->View();
+  const int column = peer.model.record().indexOf("nome");
+  const double readMs = application.MsToPaint([&] { ReadToTheEnd(view); });
+  view.setCurrentIndex(peer.model.index(0, column));
+  application.AwaitPaint();
+  figures.jumpMs = application.MsToPaint([&] { view.keyboardSearch("z"); });
+  RequireLetter(view);
+  figures.openJumpMs = peer.firstMs + readMs + figures.jumpMs;
+}
+
+template <class Model>
+Figures PeerLap(const Fill<Model>& fill) {
   auto& application = TheApplication();
   Figures figures;
   const Memory memory;
   {
-    auto model = std::make_unique<Model>();
-    std::unique_ptr<PeerList> list;
-    figures.firstMs = application.MsToPaint([&] {
-      fill(*model, "codigo, nome, cidade", "codigo");
-      list = std::make_unique<PeerList>(*model);
-    });
-    figures.lastMs = figures.firstMs + application.MsToPaint([&] { ReadToTheEnd(list->View()); });
-    RequireLastRow(list->View());
+    auto peer = std::make_unique<OpenedPeer<Model>>(fill, "codigo, nome, cidade", "codigo");
+    QTableView& view = peer->list->View();
+    figures.firstMs = peer->firstMs;
+    figures.lastMs = figures.firstMs + application.MsToPaint([&] { ReadToTheEnd(view); });
+    RequireLastRow(view);
     figures.peakMb = memory.PeakMb();
-    figures.sortMs = application.MsToPaint([&] { fill(*model, "codigo, nome, cidade", "nome"); });
+    if (MeasuresAll()) figures.sortMs = SortPeerMs(*peer, fill);
     const auto left = Clock::now();
-    list.reset();
-    model.reset();
+    peer.reset();
     figures.leaveMs = MsSince(left);
   }
-  Model model;
-  fill(model, "nome, codigo, cidade", "nome");
-  PeerList list(model);
-  application.AwaitPaint();
-  const int column = model.record().indexOf("nome");
-  application.MsToPaint([&] { ReadToTheEnd(list.View()); });
-  list.View().setCurrentIndex(model.index(0, column));
-  application.AwaitPaint();
-  figures.jumpMs = application.MsToPaint([&] { list.View().keyboardSearch("z"); });
-  RequireLetter(list.View());
+  if (MeasuresAll()) MeasurePeersSteps(fill, figures);
   return figures;
 }
 
@@ -382,7 +446,13 @@ Figures& BestPeer() {
   return best;
 }
 
-Figures Run(benchmark::State& state, Figures (*lap)()) {
+/// Without what was not measured.
+void Tell(benchmark::State& state, const char* name, double value) {
+  constexpr double kNotMeasured = 1e8;
+  if (value < kNotMeasured) state.counters[name] = value;
+}
+
+Figures Run(benchmark::State& state, const std::function<Figures()>& lap) {
   Provide();
   Figures best;
   for (auto _ : state) {
@@ -390,12 +460,14 @@ Figures Run(benchmark::State& state, Figures (*lap)()) {
     state.SetIterationTime(figures.firstMs / 1000);
     best.KeepBest(figures);
   }
-  state.counters["first_ms"] = best.firstMs;
-  state.counters["last_ms"] = best.lastMs;
-  state.counters["peak_mb"] = best.peakMb;
-  state.counters["sort_ms"] = best.sortMs;
-  state.counters["jump_ms"] = best.jumpMs;
-  state.counters["leave_ms"] = best.leaveMs;
+  Tell(state, "first_ms", best.firstMs);
+  Tell(state, "last_ms", best.lastMs);
+  Tell(state, "peak_mb", best.peakMb);
+  Tell(state, "sort_ms", best.sortMs);
+  Tell(state, "jump_ms", best.jumpMs);
+  Tell(state, "open_sort_ms", best.openSortMs);
+  Tell(state, "open_jump_ms", best.openJumpMs);
+  Tell(state, "leave_ms", best.leaveMs);
   return best;
 }
 
@@ -403,22 +475,49 @@ void QueryModel(benchmark::State& state) { BestPeer().KeepBest(Run(state, QueryM
 
 void TableModel(benchmark::State& state) { BestPeer().KeepBest(Run(state, TableModelLap)); }
 
-void Window(benchmark::State& state) {
-  const Figures ours = Run(state, WindowLap);
-  state.counters["early_jump_ms"] = ours.earlyJumpMs;
-  state.counters["scroll_ms"] = ours.scrollMs;
-  state.counters["search_ms"] = ours.searchMs;
-  state.counters["first_times_sooner"] = BestPeer().firstMs / ours.firstMs;
-  state.counters["last_to_peer"] = ours.lastMs / BestPeer().lastMs;
-  state.counters["peak_to_peer"] = ours.peakMb / BestPeer().peakMb;
-  state.counters["sort_to_peer"] = ours.sortMs / BestPeer().sortMs;
-  state.counters["jump_to_peer"] = ours.jumpMs / BestPeer().jumpMs;
+void Window(benchmark::State& state, host::ConnectionPtr (*driver)()) {
+  const Figures ours = Run(state, [driver] { return WindowLap(driver); });
+  Tell(state, "early_jump_ms", ours.earlyJumpMs);
+  Tell(state, "scroll_ms", ours.scrollMs);
+  Tell(state, "search_ms", ours.searchMs);
+  const Figures& peer = BestPeer();
+  state.counters["first_to_peer"] = ours.firstMs / peer.firstMs;
+  state.counters["last_to_peer"] = ours.lastMs / peer.lastMs;
+  state.counters["peak_to_peer"] = ours.peakMb / peer.peakMb;
+  if (!MeasuresAll()) return;
+  state.counters["sort_to_peer"] = ours.sortMs / peer.sortMs;
+  state.counters["jump_to_peer"] = ours.jumpMs / peer.jumpMs;
+  state.counters["open_sort_to_peer"] = ours.openSortMs / peer.openSortMs;
+  state.counters["open_jump_to_peer"] = ours.openJumpMs / peer.openJumpMs;
 }
 
-// The models run first: the ratios need their figures.
-BENCHMARK(QueryModel)->UseManualTime()->Iterations(kLaps)->Unit(benchmark::kMillisecond);
-BENCHMARK(TableModel)->UseManualTime()->Iterations(kLaps)->Unit(benchmark::kMillisecond);
-BENCHMARK(Window)->UseManualTime()->Iterations(kLaps)->Unit(benchmark::kMillisecond);
+/// The models run first: the ratios need their figures.
+void RegisterAll() {
+  const std::string prefix = MeasuresAll() ? "" : std::to_string(Rows()) + "/";
+  const auto add = [&](const char* name, const std::function<void(benchmark::State&)>& run) {
+    benchmark::RegisterBenchmark((prefix + name).c_str(), run)
+        ->UseManualTime()
+        ->Iterations(MeasuresAll() ? kLaps : 1)
+        ->Unit(benchmark::kMillisecond);
+  };
+  add("QueryModel", QueryModel);
+  add("TableModel", TableModel);
+  add("Window/postgres", [](auto& state) { Window(state, postgres::CreateConnection); });
+  add("Window/odbc", [](auto& state) { Window(state, odbc::CreateConnection); });
+}
+
+/// Takes --rows off the arguments.
+void ReadOptions(int& argc, char** argv) {
+  constexpr std::string_view kOption = "--rows=";
+  const auto isRows = [&](const char* argument) {
+    return std::string_view(argument).starts_with(kOption);
+  };
+  char** const option = std::find_if(argv, argv + argc, isRows);
+  if (option == argv + argc) return;
+  Rows() = std::stoi(*option + kOption.size());
+  std::copy(option + 1, argv + argc, option);
+  --argc;
+}
 
 void OpenPeersDatabase() {
   auto database = QSqlDatabase::addDatabase("QPSQL");
@@ -437,7 +536,10 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   tessaria::bench::WatchedApplication application(argc, argv);
   QApplication::setStyle("fusion");
   benchmark::Initialize(&argc, argv);
+  tessaria::bench::ReadOptions(argc, argv);
+  benchmark::AddCustomContext("Qt", qVersion());
   tessaria::qt::install();
   tessaria::bench::OpenPeersDatabase();
+  tessaria::bench::RegisterAll();
   benchmark::RunSpecifiedBenchmarks();
 }

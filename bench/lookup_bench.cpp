@@ -100,6 +100,17 @@ void Require(SQLRETURN result) {
   if (!SQL_SUCCEEDED(result)) throw std::runtime_error("an ODBC call failed");
 }
 
+std::string VersionText(int number) {
+  return std::to_string(number / 10000) + "." + std::to_string(number % 10000);
+}
+
+std::string DriverVersion(const odbc::ConnectionHandle& link) {
+  std::array<char16_t, 64> text{};
+  SQLSMALLINT bytes = 0;
+  Require(SQLGetInfoW(link.get(), SQL_DRIVER_VER, text.data(), sizeof text, &bytes));
+  return ToUtf8(text.data());
+}
+
 class BareOdbc {
  public:
   BareOdbc() {
@@ -122,6 +133,7 @@ class BareOdbc {
       benchmark::DoNotOptimize(text);
     }
   }
+  std::string Version() const { return DriverVersion(link_); }
 
  private:
   odbc::ConnectionHandle link_;
@@ -139,6 +151,7 @@ class Libpq {
     for (int i = 0; i < PQnfields(rows.get()); ++i)
       benchmark::DoNotOptimize(std::string(PQgetvalue(rows.get(), 0, i)));
   }
+  std::string ServerVersion() const { return VersionText(PQserverVersion(connection_.get())); }
 
  private:
   static std::string Settings() {
@@ -297,6 +310,14 @@ void CompletePair(benchmark::State& state, Driver driver) {
   form->Close();
 }
 
+// --- The peers' versions ------------------------------------------------------------------------
+
+void TellVersions() {
+  benchmark::AddCustomContext("libpq", VersionText(PQlibVersion()));
+  benchmark::AddCustomContext("PostgreSQL", Libpq().ServerVersion());
+  benchmark::AddCustomContext("psqlodbc", BareOdbc().Version());
+}
+
 constexpr int kTurns = 4000;
 
 void Register(const std::string& name, void (*run)(benchmark::State&, Driver)) {
@@ -310,12 +331,19 @@ void Register(const std::string& name, void (*run)(benchmark::State&, Driver)) {
   }
 }
 
-const bool kRegistered = [] {
+void RegisterAll() {
   Register("FindDescription", FindDescription);
   Register("CompleteText", CompleteText);
   Register("CompletePair", CompletePair);
-  return true;
-}();
+}
 
 }  // namespace
 }  // namespace tessaria::bench
+
+// An error ends the measurement.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
+  benchmark::Initialize(&argc, argv);
+  tessaria::bench::TellVersions();
+  tessaria::bench::RegisterAll();
+  benchmark::RunSpecifiedBenchmarks();
+}

@@ -9,7 +9,9 @@ namespace tessaria::sql {
 using Kind = SqlToken::Kind;
 
 Pieces PiecesOf(StringView statement, SqlRules rules) {
+  constexpr std::size_t kMany = 64;  // more than a lookup's
   Pieces pieces;
+  pieces.reserve(std::min(statement.size(), kMany));
   SqlScanner scanner(statement, rules);
   int depth = 0;
   for (SqlToken token = scanner.Next(); !token.Is(Kind::End); token = scanner.Next()) {
