@@ -72,6 +72,7 @@ void TakeSources(Wire& wire, const PGresult* result, Descriptions& told) {
 
 sql::Columns DescribeColumns(Wire& wire, const PGresult* result) {
   Descriptions told;
+  told.reserve(static_cast<std::size_t>(PQnfields(result)));
   for (int i = 0; i < PQnfields(result); ++i) {
     told.push_back(DescriptionOf(PQftype(result, i), PQfmod(result, i)));
     told.back().name = FromUtf8(PQfname(result, i));
@@ -81,6 +82,7 @@ sql::Columns DescribeColumns(Wire& wire, const PGresult* result) {
   if (command.starts_with("SELECT") || command.starts_with("FETCH"))
     TakeSources(wire, result, told);
   sql::Columns columns;
+  columns.reserve(told.size());
   for (sql::ColumnDescription& description : told) {
     const auto i = static_cast<int>(columns.size());
     const bool isBinary = PQfformat(result, i) != 0;

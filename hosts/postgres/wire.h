@@ -2,7 +2,7 @@
 #pragma once
 
 #include <atomic>
-#include <deque>
+#include <list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -88,7 +88,7 @@ class Batch {
   friend class Wire;
 
   std::shared_ptr<Wire> wire_;
-  std::deque<Result> kept_;
+  std::list<Result> kept_;              // seldom any
   std::optional<DriverError> failure_;  // comes after what is kept
 };
 
