@@ -108,7 +108,8 @@ std::optional<double> Find(const Measured& measured, const Source& source) {
 QString Text(const Measured& measured, const Source& source) {
   if (!source.benchmark) return {};
   const auto ratio = Find(measured, source);
-  return ratio ? QString::number(*ratio, 'g', 2) : QStringLiteral("not measured");
+  if (!ratio) return QStringLiteral("not measured");
+  return QString::number(*ratio, 'f', *ratio < 0.1 ? 3 : 2);
 }
 
 void Print(const Measured& measured) {
