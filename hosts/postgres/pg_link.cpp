@@ -1,8 +1,10 @@
 #include "hosts/postgres/pg_link.h"
 
 #include <string>
+#include <utility>
 
 #include "hosts/postgres/connection_text.h"
+#include "hosts/postgres/lent_connection.h"
 #include "hosts/postgres/pg_catalogue.h"
 #include "hosts/postgres/pg_statement.h"
 #include "tessaria/utf8.h"
@@ -22,6 +24,14 @@ String VersionText(int number) {
 
 PgLink::PgLink(const String& connectionString, Long timeout)
     : wire_(std::make_shared<Wire>(OptionsOf(connectionString), timeout)) {}
+
+PgLink::PgLink(PGconn* lent, std::function<bool()> isThere)
+    : wire_(std::make_shared<Wire>(lent, std::move(isThere))) {}
+
+sql::Standing PgLink::ProgramStanding() {
+  wire_->RequireFree();
+  return StandingOf(wire_->Get());
+}
 
 sql::ServerFacts PgLink::Facts() {
   return {u"PostgreSQL", VersionText(PQserverVersion(wire_->Get())), u"\""};

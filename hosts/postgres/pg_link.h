@@ -11,7 +11,10 @@ namespace tessaria::postgres {
 class PgLink final : public sql::Link {
  public:
   PgLink(const String& connectionString, Long timeout);
+  /// Over a connection of the program, as `Wire`.
+  PgLink(PGconn* lent, std::function<bool()> isThere);
 
+  sql::Standing ProgramStanding() override;
   sql::ServerFacts Facts() override;
   sql::StatementPtr NewStatement() override;
   bool IsLost() const noexcept override { return wire_->IsLost(); }

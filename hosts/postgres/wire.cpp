@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "hosts/postgres/lent_connection.h"
+
 namespace tessaria::postgres {
 namespace {
 
@@ -62,6 +64,21 @@ Wire::Wire(const ConnectionOptions& options, Long timeout)
     const Result result(PQexec(Get(), text.c_str()));
     RequireSound(result.get());
   }
+}
+
+Wire::Wire(PGconn* lent, std::function<bool()> isThere)
+    : connection_(lent, ConnectionEnd{true}), isThere_(std::move(isThere)) {
+  RequireFree();
+  cancel_.reset(PQgetCancel(Get()));
+}
+
+void Wire::RequireFree() {
+  if (PQstatus(Get()) != CONNECTION_OK) {
+    lost_ = true;
+    throw HostError(errors::InvalidConnection,
+                    u"A conexão do programa com o PostgreSQL está fechada ou foi perdida.");
+  }
+  RequireUsable(Get());
 }
 
 // Returns when the server has signalled the process that runs the statement.

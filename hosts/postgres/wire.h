@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <list>
 #include <memory>
 #include <optional>
@@ -19,17 +20,30 @@ class Batch;
 /// Values of a statement's parameters in UTF-8; nothing for Null.
 using Values = std::vector<std::optional<std::string>>;
 
-/// Open from its making to its end. A failed call raises a `DriverError`.
+struct ConnectionEnd {
+  void operator()(PGconn* connection) const noexcept {
+    if (!isLent) PQfinish(connection);
+  }
+  bool isLent = false;
+};
+
+/// Open from its making to its end; one of the program stays open. A failed call raises a
+/// `DriverError`.
 class Wire {
  public:
   /// `timeout` is in seconds, 0 for the library's own.
   Wire(const ConnectionOptions& options, Long timeout);
+  /// Over a connection of the program. `isThere` tells whether the program still has it; empty for
+  /// always.
+  Wire(PGconn* lent, std::function<bool()> isThere);
   Wire(const Wire&) = delete;
   Wire& operator=(const Wire&) = delete;
 
   PGconn* Get() const { return connection_.get(); }
   /// Whether the server or the way to it was found to be gone.
-  bool IsLost() const noexcept { return lost_; }
+  bool IsLost() const noexcept { return lost_ || (isThere_ && !isThere_()); }
+  /// Raises an error when a connection of the program cannot be used now.
+  void RequireFree();
   /// What is known about tables on this connection.
   KnownTables& Tables() { return tables_; }
   /// Asks the server to give up what runs. The only call for another thread.
@@ -45,10 +59,6 @@ class Wire {
  private:
   friend class Batch;
 
-  struct End {
-    void operator()(PGconn* connection) const noexcept { PQfinish(connection); }
-  };
-
   struct CancelEnd {
     void operator()(PGcancel* cancel) const noexcept { PQfreeCancel(cancel); }
   };
@@ -60,7 +70,8 @@ class Wire {
   [[noreturn]] void Fail(const DriverError& error);
   void RequireSound(const PGresult* result);
 
-  std::unique_ptr<PGconn, End> connection_;
+  std::unique_ptr<PGconn, ConnectionEnd> connection_;
+  std::function<bool()> isThere_;
   std::unique_ptr<PGcancel, CancelEnd> cancel_;
   Batch* underWay_ = nullptr;
   std::atomic<bool> lost_ = false;

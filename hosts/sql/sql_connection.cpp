@@ -49,6 +49,19 @@ host::ConnectionPtr CreateConnection(Connector connect) {
   return std::make_shared<SqlConnection>(std::move(connect));
 }
 
+host::ConnectionPtr AdoptConnection(LinkPtr adopted) {
+  return std::make_shared<SqlConnection>(std::move(adopted));
+}
+
+SqlConnection::SqlConnection(LinkPtr adopted)
+    : SqlConnection([](const String&, Long) -> LinkPtr {
+        throw HostError(errors::InvalidConnection,
+                        u"Esta conexão pertence ao programa e não pode ser aberta aqui. Abra-a no "
+                        u"programa e adote-a outra vez.");
+      }) {
+  session_->Adopt(std::move(adopted));
+}
+
 Long SqlConnection::State() const {
   return session_->IsOpen() ? host::state::Open : host::state::Closed;
 }

@@ -11,6 +11,8 @@ class SqlConnection final : public host::Connection {
  public:
   explicit SqlConnection(Connector connect)
       : session_(std::make_shared<Session>(std::move(connect))) {}
+  /// Over a connection of the program, open from the start.
+  explicit SqlConnection(LinkPtr adopted);
 
   Long State() const override;
   String ConnectionString() const override { return text_; }
@@ -50,5 +52,9 @@ class SqlConnection final : public host::Connection {
 
 /// A closed connection.
 TESSARIA_SQL_API host::ConnectionPtr CreateConnection(Connector connect);
+
+/// An open connection over a link to a connection of the program; `Open` connects it never again.
+/// Errors as `Session::Adopt`.
+TESSARIA_SQL_API host::ConnectionPtr AdoptConnection(LinkPtr adopted);
 
 }  // namespace tessaria::sql

@@ -54,6 +54,14 @@ struct ServerFacts {
   String quote;    ///< the quotation mark of names; empty when there is none
 };
 
+/// What a connection of the program stands in, as far as its driver knows without asking.
+enum class Standing {
+  Unknown,
+  Idle,           ///< no transaction is open
+  InTransaction,  ///< one is open, perhaps only by the driver's mode
+  Failed          ///< one is open and can only be undone
+};
+
 /// One physical connection, open from its making to its end. Used by one thread at a time, except
 /// `Cancel`; what may wait for the server runs on another thread than what does not. Outside
 /// `Begin` and its end, every statement stands for itself.
@@ -63,6 +71,11 @@ class TESSARIA_SQL_API Link {
   Link(const Link&) = delete;
   Link& operator=(const Link&) = delete;
   virtual ~Link();
+
+  /// Of a connection that belongs to the program and was adopted. Raises an error when it cannot
+  /// be used now: a statement of the program is being read there, or one of its settings is in the
+  /// way. Does not wait.
+  virtual Standing ProgramStanding() { return Standing::Unknown; }
 
   virtual ServerFacts Facts() = 0;
   virtual StatementPtr NewStatement() = 0;

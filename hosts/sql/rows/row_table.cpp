@@ -21,7 +21,7 @@ RowTable::RowTable(SessionPtr session, const StatementFacts& facts) : session_(s
   stream_ = std::make_unique<RowStream>(*session_, facts);
   columns_ = stream_->StatementColumns();
   read_.emplace(columns_);
-  while (read_->RowCount() < kFirstPage && ReadBlock()) {
+  while ((session_->IsAdopted() || read_->RowCount() < kFirstPage) && ReadBlock()) {
   }
   RequireSound();
   if (stream_) session_->Pending(this);

@@ -9,6 +9,22 @@
 #include "tessaria/text.h"
 
 namespace tessaria::sql {
+namespace {
+
+[[noreturn]] void ThrowFailed() {
+  throw HostError(errors::ProviderError,
+                  u"Um comando da transação do programa falhou: ela só pode ser desfeita "
+                  u"(ROLLBACK). Nada foi enviado.");
+}
+
+void RequirePostgres(const Server& server) {
+  if (server.IsPostgres()) return;
+  throw HostError(
+      errors::InvalidConnection,
+      u"Só se pode adotar uma conexão com o PostgreSQL; esta é com \"" + server.name + u"\".");
+}
+
+}  // namespace
 
 // Marks the point to which a failed statement is undone. PostgreSQL would abort the whole
 // transaction, and the driver's own handling silently loses it on a syntax error.
@@ -16,27 +32,35 @@ class Session::Savepoint {
  public:
   explicit Savepoint(Session& session)
       : session_(session), set_(session.InTransaction() && session.server_.IsPostgres()) {
-    if (set_) session_.RunPlain(u"SAVEPOINT tessaria_statement");
+    if (set_) session_.RunPlain(Beginning());
   }
   Savepoint(const Savepoint&) = delete;
   Savepoint& operator=(const Savepoint&) = delete;
   ~Savepoint() {
     if (!set_ || !session_.IsOpen()) return;
     try {
-      session_.RunPlain(u"ROLLBACK TO SAVEPOINT tessaria_statement");
+      session_.RunPlain(session_.adoption_ ? Adoption::Undo()
+                                           : u"ROLLBACK TO SAVEPOINT tessaria_statement");
     } catch (...) {
       // The statement's own error is being raised and says more.
     }
   }
 
   void Release() {
-    if (set_) session_.RunPlain(u"RELEASE SAVEPOINT tessaria_statement");
+    if (set_)
+      session_.RunPlain(session_.adoption_ ? session_.adoption_->Leave()
+                                           : u"RELEASE SAVEPOINT tessaria_statement");
     set_ = false;
   }
   /// Leaves it in the transaction: the statement has dropped it, or depends on it.
   void Leave() { set_ = false; }
 
  private:
+  String Beginning() const {
+    return session_.adoption_ ? Adoption::Enter(session_.commandTimeout_, session_.lockTimeout_)
+                              : u"SAVEPOINT tessaria_statement";
+  }
+
   Session& session_;
   bool set_;
 };
@@ -69,11 +93,19 @@ void Session::Open(String connectionString, Long timeout) {
   }
 }
 
+void Session::Adopt(LinkPtr link) {
+  link_ = std::move(link);
+  adoption_.emplace();
+  ReadServer();
+  Settle();
+}
+
 void Session::ReadServer() {
   ServerFacts facts = link_->Facts();
   server_ = {std::move(facts.name), std::move(facts.version), {}, std::move(facts.quote)};
   server_.dialect = DialectOf(server_.name);
   if (server_.IsPostgres()) server_.version = PostgreSqlVersion(server_.version);
+  if (adoption_) return RequirePostgres(server_);
   for (const StringView setting : SettingsOf(server_.dialect)) RunPlain(String(setting));
   SetTimeouts(commandTimeout_, lockTimeout_);
 }
@@ -98,7 +130,11 @@ void Session::Note(const StatementFacts& facts) {
 void Session::Close() noexcept {
   retired_.clear();
   if (pending_ != nullptr) pending_->ReadRest();
-  if (inTransaction_) AbandonReading();
+  if (adoption_) {
+    LeaveProgram();
+  } else if (inTransaction_) {
+    AbandonReading();
+  }
   pending_ = nullptr;
   inTransaction_ = false;
   link_.reset();
@@ -118,6 +154,11 @@ const Server& Session::ServerInfo() const {
 }
 
 void Session::Settle() {
+  SettleRows();
+  if (adoption_ && AskProgram() == Standing::Failed) ThrowFailed();
+}
+
+void Session::SettleRows() {
   patience_->RequireIdle();
   EndWhatIsLeft();
   RequireLink();
@@ -147,11 +188,27 @@ StatementPtr Session::InnerStatement() const { return RequireLink()->NewStatemen
 void Session::RunCatalogue(const std::function<void(Link&)>& ask) {
   patience_->RequireIdle();
   const LinkPtr link = RequireLink();
-  if (!link->RunsBesideRows()) Settle();
+  if (!link->RunsBesideRows() || adoption_) Settle();
   const Patience::Request request(*patience_);
-  Savepoint savepoint(*this);
-  Await([&] { ask(*link); });
-  savepoint.Release();
+  Enclose([&] { Await([&] { ask(*link); }); });
+}
+
+// Undone alone when it fails. Outside a transaction it stands for itself anyway, except on an
+// adopted connection, where it needs settings.
+void Session::Enclose(const std::function<void()>& call) {
+  if (!StandsAlone()) {
+    Savepoint savepoint(*this);
+    call();
+    return savepoint.Release();
+  }
+  BeginReading();
+  try {
+    call();
+  } catch (...) {
+    AbandonReading();
+    throw;
+  }
+  EndReading();
 }
 
 void Session::ForgetTables() const {
@@ -172,12 +229,21 @@ std::optional<bool> Session::BackslashesEscape(StringView statement) {
 void Session::ExecuteBatch(Statement& statement, const String& text, int results) {
   RequireWellFormed(text);
   const Patience::Request request(*patience_);
+  if (StandsAlone()) return RunAlone(statement, text, results);
   Savepoint savepoint(*this);
-  Await([&] {
-    statement.Run(text);
-    for (int i = 1; i < results; ++i) statement.NextResult();
-  });
+  const bool isGuest = adoption_ && InTransaction();
+  RunAfter(statement, isGuest ? String(Adoption::Lead()) : String(), isGuest ? 1 : 0, text,
+           results);
   savepoint.Release();
+}
+
+// Runs a text after `lead`, which holds so many statements; stands on the last result.
+void Session::RunAfter(Statement& statement, const String& lead, int leading, const String& text,
+                       int results) {
+  Await([&] {
+    statement.Run(lead + text);
+    for (int i = 1; i < leading + results; ++i) statement.NextResult();
+  });
 }
 
 std::int64_t Session::ExecuteWith(Statement& statement, const String& text,
@@ -185,15 +251,14 @@ std::int64_t Session::ExecuteWith(Statement& statement, const String& text,
   RequireWellFormed(text);
   for (const Parameter& value : values) RequireWellFormed(value.text);
   const Patience::Request request(*patience_);
-  Savepoint savepoint(*this);
   std::int64_t rows = 0;
-  Await([&] { rows = statement.RunWith(text, values); });
-  savepoint.Release();
+  Enclose([&] { Await([&] { rows = statement.RunWith(text, values); }); });
   return rows;
 }
 
 void Session::ExecuteSavepoint(const String& text) {
   Settle();
+  if (adoption_) return GuardSavepoint(text);
   Savepoint savepoint(*this);
   RunPlain(text);
   savepoint.Leave();
@@ -210,9 +275,10 @@ void Session::RunPlain(const String& text) {
 
 void Session::BeginTrans(const String& modes) {
   Settle();
-  if (inTransaction_) {
+  if (InTransaction()) {
     throw HostError(errors::ProviderError, u"Já existe uma transação em andamento.");
   }
+  if (adoption_) return BeginForProgram(modes);
   Await([link = RequireLink()] { link->Begin(); });
   inTransaction_ = true;
   if (modes.empty()) return;
@@ -228,7 +294,7 @@ void Session::CommitTrans() {
   RequireTransaction();
   inTransaction_ = false;
   try {
-    Await([link = RequireLink()] { link->Commit(); });
+    SendEnd(&Link::Commit, u"COMMIT");
     setTimeoutsInTransaction_ = false;
   } catch (const HostError& error) {
     RestoreTimeouts();
@@ -241,25 +307,39 @@ void Session::CommitTrans() {
 }
 
 void Session::RollbackTrans() {
-  RequireTransaction();
+  RequireTransaction(true);
   inTransaction_ = false;
-  Await([link = RequireLink()] { link->Rollback(); });
+  SendEnd(&Link::Rollback, u"ROLLBACK");
   RestoreTimeouts();
 }
 
-void Session::RequireTransaction() {
-  Settle();
+void Session::RequireTransaction(bool mayHaveFailed) {
+  SettleRows();
+  if (adoption_ && AskProgram() == Standing::Failed && !(mayHaveFailed && inTransaction_))
+    ThrowFailed();
   if (!inTransaction_) {
     throw HostError(errors::ProviderError, u"Não há transação em andamento.");
   }
 }
 
 void Session::BeginReading() {
+  if (adoption_) {
+    RunPlain(u"BEGIN; " + OwnSettings());
+    ownReading_ = true;
+    return;
+  }
   Await([link = RequireLink()] { link->Begin(); });
 }
 
 void Session::EndReading() {
-  Await([link = RequireLink()] { link->Commit(); });
+  ownReading_ = false;
+  SendEnd(&Link::Commit, u"COMMIT");
+}
+
+// The driver of an adopted connection keeps the mode that the program has given it.
+void Session::SendEnd(void (Link::*end)(), const String& text) {
+  if (adoption_) return RunPlain(text);
+  Await([link = RequireLink(), end] { (*link.*end)(); });
 }
 
 void Session::AbandonReading() noexcept {
@@ -268,8 +348,9 @@ void Session::AbandonReading() noexcept {
     leftReading_ = true;
     return;
   }
+  ownReading_ = false;
   try {
-    link_->Rollback();
+    adoption_ ? InnerStatement()->Run(u"ROLLBACK") : link_->Rollback();
   } catch (...) {
     // The connection is gone; its next use raises the error.
   }
@@ -318,7 +399,7 @@ void Session::LockTimeout(Long seconds) { ChangeTimeouts(commandTimeout_, second
 void Session::ChangeTimeouts(Long command, Long lock) {
   if (command < 0 || lock < 0) throw HostError(errors::InvalidCriteria);
   patience_->RequireIdle();
-  if (IsOpen()) {
+  if (IsOpen() && !adoption_) {
     Settle();
     SetTimeouts(command, lock);
     setTimeoutsInTransaction_ = InTransaction();

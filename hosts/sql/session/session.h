@@ -9,6 +9,7 @@
 
 #include "hosts/sql/driver/link.h"
 #include "hosts/sql/errors/driver_error.h"
+#include "hosts/sql/session/adoption.h"
 #include "hosts/sql/session/patience.h"
 #include "hosts/sql/statements/statement_guard.h"
 
@@ -66,6 +67,12 @@ class Session : public std::enable_shared_from_this<Session> {
 
   /// Raises 3705 when it is already open. `timeout` is in seconds; 0 means the driver's own.
   void Open(String connectionString, Long timeout);
+  /// Uses a connection that belongs to the program. Its transactions are never ended here, and
+  /// between two calls nothing is left open on it. Errors: those of `ProgramStanding` and of a
+  /// transaction that has failed; 3709 for a database other than PostgreSQL.
+  void Adopt(LinkPtr link);
+  /// Whether the connection belongs to the program: rows are read whole with their statement then.
+  bool IsAdopted() const noexcept { return adoption_.has_value(); }
   /// Undoes a transaction in progress. Does nothing when closed.
   void Close() noexcept;
   bool IsOpen() const noexcept { return link_ != nullptr && !link_->IsLost(); }
@@ -107,7 +114,10 @@ class Session : public std::enable_shared_from_this<Session> {
   void BeginTrans(const String& modes = {});
   void CommitTrans();
   void RollbackTrans();
-  bool InTransaction() const { return inTransaction_ && IsOpen(); }
+  /// On an adopted connection: as it was when the present call began.
+  bool InTransaction() const {
+    return IsOpen() && (inTransaction_ || (adoption_ && adoption_->InTransaction()));
+  }
   /// Begins a transaction of this layer for a cursor. Not allowed inside the application's.
   void BeginReading();
   void EndReading();
@@ -153,15 +163,28 @@ class Session : public std::enable_shared_from_this<Session> {
 
   LinkPtr RequireLink() const;
   void ReadServer();
+  void SettleRows();
   void Settle();
   void RunPlain(const String& text);
-  void RequireTransaction();
+  void SendEnd(void (Link::*end)(), const String& text);
+  void Enclose(const std::function<void()>& call);
+  void RequireTransaction(bool mayHaveFailed = false);
   void Await(const std::function<void()>& call);
   void RunCatalogue(const std::function<void(Link&)>& ask);
   void EndWhatIsLeft() noexcept;
   void ChangeTimeouts(Long command, Long lock);
   void SetTimeouts(Long command, Long lock);
   void RestoreTimeouts();
+  // Of adopted connections, in session_adopted.cpp.
+  bool StandsAlone() const { return adoption_ && !ownReading_ && !InTransaction(); }
+  Standing AskProgram();
+  void BeginForProgram(const String& modes);
+  void GuardSavepoint(const String& text);
+  void LeaveProgram() noexcept;
+  String OwnSettings() const { return Adoption::Settings(commandTimeout_, lockTimeout_); }
+  void RunAlone(Statement& statement, const String& text, int results);
+  void RunAfter(Statement& statement, const String& lead, int leading, const String& text,
+                int results);
 
   Connector connect_;
   String connectionString_;
@@ -171,7 +194,9 @@ class Session : public std::enable_shared_from_this<Session> {
   PendingRows* pending_ = nullptr;
   std::vector<DistantRows*> distant_;
   bool hasOwnState_ = false;  // what a new session would not have
-  bool inTransaction_ = false;
+  bool inTransaction_ = false;        // one that this layer has begun for the program
+  std::optional<Adoption> adoption_;  // of a connection that belongs to the program
+  bool ownReading_ = false;           // there, between the two ends of a transaction of one call
   Long commandTimeout_ = 30;
   Long lockTimeout_ = 10;
   bool setTimeoutsInTransaction_ = false;  // what its end may undo

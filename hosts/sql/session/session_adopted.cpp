@@ -1,0 +1,80 @@
+// What sessions do on connections that belong to the program.
+#include <utility>
+
+#include "hosts/sql/session/session.h"
+
+namespace tessaria::sql {
+namespace {
+
+constexpr const char* kTransactionFailed = "25P02";
+// Of a statement that cannot run inside a transaction.
+constexpr const char* kNotInTransaction = "25001";
+
+}  // namespace
+
+// The program may have begun or ended a transaction since the last call, also one of ours.
+Standing Session::AskProgram() {
+  const LinkPtr link = RequireLink();
+  Standing standing = link->ProgramStanding();
+  if (standing == Standing::Failed) return standing;
+  if (standing == Standing::Idle) {
+    adoption_->LearnNoTransaction();
+  } else {
+    try {
+      const StatementPtr question = link->NewStatement();
+      TextRow answer;
+      Await([&] {
+        question->Run(Adoption::Question());
+        answer = FirstRow(*question);
+      });
+      adoption_->Learn(answer, standing == Standing::InTransaction);
+    } catch (const DriverError& error) {
+      if (error.SqlState() != kTransactionFailed) throw;
+      return Standing::Failed;
+    }
+  }
+  inTransaction_ = adoption_->IsOwn();
+  return standing;
+}
+
+void Session::BeginForProgram(const String& modes) {
+  RunPlain(u"BEGIN " + modes);
+  AskProgram();
+  adoption_->NoteOwn();
+  inTransaction_ = true;
+}
+
+// Without settings, which a savepoint of the program would keep.
+void Session::GuardSavepoint(const String& text) {
+  RunPlain(u"SAVEPOINT tessaria_statement");
+  try {
+    RunPlain(text);
+  } catch (...) {
+    if (IsOpen()) RunPlain(Adoption::Undo());
+    throw;
+  }
+}
+
+// Undoes a transaction that was begun here, if it is still open.
+void Session::LeaveProgram() noexcept {
+  if (!inTransaction_ || !IsOpen()) return;
+  try {
+    AskProgram();
+    if (inTransaction_) RunPlain(u"ROLLBACK");
+  } catch (...) {
+    // The connection is gone, or the program reads something there.
+  }
+}
+
+// One text is one transaction for the server, which ends by itself in either way.
+void Session::RunAlone(Statement& statement, const String& text, int results) {
+  try {
+    RunAfter(statement, OwnSettings(), Adoption::SettingCount(), text, results);
+  } catch (const DriverError& error) {
+    if (error.SqlState() != kNotInTransaction) throw;
+    RunAfter(statement, {}, 0, text, results);
+  }
+  KeepRest(statement);
+}
+
+}  // namespace tessaria::sql
