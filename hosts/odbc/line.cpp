@@ -1,15 +1,18 @@
 #include "hosts/odbc/line.h"
 
 #include <array>
+#include <utility>
 
 #include "hosts/odbc/connection_text.h"
 #include "hosts/odbc/diagnostics.h"
 #include "hosts/odbc/wide.h"
 #include "hosts/sql/statements/dialect.h"
+#include "tessaria/utf8.h"
 
 namespace tessaria::odbc {
 
-Line::Line(const String& connectionString, Long timeout) {
+Line::Line(const String& connectionString, Long timeout)
+    : own_(std::make_unique<ConnectionHandle>()), handle_(own_->get()) {
   // A driver that knows no time-out connects without one.
   if (timeout > 0) {
     SQLSetConnectAttrW(Get(), SQL_ATTR_LOGIN_TIMEOUT,
@@ -19,11 +22,34 @@ Line::Line(const String& connectionString, Long timeout) {
   Check(SQLDriverConnectW(Get(), nullptr, Wide(text.c_str()), static_cast<SQLSMALLINT>(text.size()),
                           nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT),
         SQL_HANDLE_DBC, Get());
+  ReadDriver();
+}
+
+Line::Line(SQLHDBC lent, std::function<bool()> isThere)
+    : handle_(lent), isThere_(std::move(isThere)) {
+  RequireConnected();
+  ReadDriver();
+  driverCancel_.emplace(Get(), ToUtf8(InfoText(SQL_DRIVER_NAME)));
+}
+
+void Line::ReadDriver() {
   postgres_ = sql::DialectOf(InfoText(SQL_DBMS_NAME)) == sql::Dialect::PostgreSql;
   SQLUINTEGER extensions = 0;
   Check(SQLGetInfoW(Get(), SQL_GETDATA_EXTENSIONS, &extensions, 0, nullptr), SQL_HANDLE_DBC, Get());
   constexpr SQLUINTEGER kNeeded = SQL_GD_BLOCK | SQL_GD_BOUND | SQL_GD_ANY_COLUMN;
   rereads_ = (extensions & kNeeded) == kNeeded;
+}
+
+// Not every attribute of a handle tells whether it is connected.
+void Line::RequireConnected() {
+  try {
+    InfoText(SQL_DBMS_NAME);
+  } catch (const DriverError& error) {
+    if (!lost_) throw;
+    throw HostError(
+        errors::InvalidConnection,
+        u"A conexão ODBC do programa está fechada ou foi perdida.\r\n" + error.Description());
+  }
 }
 
 String Line::InfoText(SQLUSMALLINT what) {
@@ -43,11 +69,13 @@ void Line::Check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle) {
 void Line::Running(SQLHSTMT statement) {
   const std::lock_guard lock(runningMutex_);
   running_ = statement;
+  if (driverCancel_) driverCancel_->Running(statement);
 }
 
 void Line::CancelRunning() noexcept {
   const std::lock_guard lock(runningMutex_);
-  if (running_ != SQL_NULL_HSTMT) SQLCancel(running_);
+  if (running_ == SQL_NULL_HSTMT) return;
+  driverCancel_ ? driverCancel_->Cancel() : void(SQLCancel(running_));
 }
 
 void Line::NoteLoss(const DriverError& error) noexcept {

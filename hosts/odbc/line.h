@@ -2,8 +2,12 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
+#include <memory>
 #include <mutex>
+#include <optional>
 
+#include "hosts/odbc/driver_cancel.h"
 #include "hosts/odbc/handles.h"
 #include "hosts/sql/errors/driver_error.h"
 
@@ -14,13 +18,17 @@ class Line {
  public:
   /// Connects. `timeout` is in seconds, 0 for the driver's own.
   Line(const String& connectionString, Long timeout);
+  /// Over a connection of the program, which stays connected. `isThere` tells whether the program
+  /// still has it; empty for always.
+  Line(SQLHDBC lent, std::function<bool()> isThere);
 
-  SQLHDBC Get() const { return connection_.get(); }
+  SQLHDBC Get() const { return handle_; }
+  bool IsLent() const { return own_ == nullptr; }
   /// As the driver names the database; its names of types are those of PostgreSQL then.
   bool IsPostgres() const { return postgres_; }
   /// Whether a cell of a fetched block can be read again in parts.
   bool Rereads() const { return rereads_; }
-  bool IsLost() const noexcept { return lost_; }
+  bool IsLost() const noexcept { return lost_ || (isThere_ && !isThere_()); }
   /// Seconds that a statement may take by the driver's own clock; 0 for no bound.
   Long StatementTimeout() const { return statementTimeout_; }
   void StatementTimeout(Long seconds) { statementTimeout_ = seconds; }
@@ -29,6 +37,8 @@ class Line {
   void Running(SQLHSTMT statement);
   void CancelRunning() noexcept;
 
+  /// Of a connection of the program: error 3709 when it is not connected.
+  void RequireConnected();
   /// A text that SQLGetInfo returns.
   String InfoText(SQLUSMALLINT what);
   /// Throws the handle's diagnostics unless the call succeeded or found no data; detects a lost
@@ -37,7 +47,12 @@ class Line {
   void NoteLoss(const sql::DriverError& error) noexcept;
 
  private:
-  ConnectionHandle connection_;
+  void ReadDriver();
+
+  std::unique_ptr<ConnectionHandle> own_;
+  SQLHDBC handle_;
+  std::function<bool()> isThere_;
+  std::optional<DriverCancel> driverCancel_;  // of a connection of the program
   bool postgres_ = false;
   bool rereads_ = false;
   std::atomic<bool> lost_ = false;

@@ -1,7 +1,10 @@
 #include "hosts/odbc/odbc_link.h"
 
+#include <utility>
+
 #include "hosts/odbc/catalogue_rows.h"
 #include "hosts/odbc/diagnostics.h"
+#include "hosts/odbc/lent_connection.h"
 #include "hosts/odbc/odbc_statement.h"
 #include "tessaria/text.h"
 
@@ -22,11 +25,18 @@ OdbcLink::OdbcLink(const String& connectionString, Long timeout)
   serverProcess_ = question.FirstText();
 }
 
+OdbcLink::OdbcLink(SQLHDBC lent, std::function<bool()> isThere)
+    : line_(std::make_shared<Line>(lent, std::move(isThere))) {
+  if (line_->IsPostgres()) RequireHarmlessDriver(line_);
+}
+
+sql::Standing OdbcLink::ProgramStanding() { return StandingOf(*line_); }
+
 // The driver manager lets only one call of a connection through at a time, so that SQLCancel would
 // wait for the statement that it is to cancel. Another connection can ask PostgreSQL.
 void OdbcLink::Cancel() noexcept {
   try {
-    if (!line_->IsPostgres()) return line_->CancelRunning();
+    if (!line_->IsPostgres() || line_->IsLent()) return line_->CancelRunning();
     OdbcStatement request(std::make_shared<Line>(connectionString_, kCancelTimeout));
     request.Run(u"SELECT pg_cancel_backend(" + serverProcess_ + u")");
   } catch (const HostError&) {

@@ -1,6 +1,7 @@
 // Connections of an ODBC driver.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "hosts/odbc/line.h"
@@ -12,7 +13,10 @@ class OdbcLink final : public sql::Link {
  public:
   /// Connects. `timeout` is in seconds, 0 for the driver's own.
   OdbcLink(const String& connectionString, Long timeout);
+  /// Over a connection of the program, as `Line`.
+  OdbcLink(SQLHDBC lent, std::function<bool()> isThere);
 
+  sql::Standing ProgramStanding() override;
   sql::ServerFacts Facts() override;
   sql::StatementPtr NewStatement() override;
   bool IsLost() const noexcept override { return line_->IsLost(); }

@@ -45,7 +45,7 @@ const std::set<std::string> kStandardHeaders = Words(R"(
 // What a host may use from outside the project, besides the standard library.
 const std::map<std::string, std::string> kHostLibraries = {
     {"hosts/memory", "(?!)"},
-    {"hosts/odbc", R"(^(sql\w*|odbcinst)\.h$)"},
+    {"hosts/odbc", R"(^(sql\w*|odbcinst|dlfcn)\.h$)"},
     {"hosts/postgres", R"(^libpq-fe\.h$)"},
     {"hosts/qt", R"(^(Qt\w*/)?Q\w+$|^Qt$)"},
     {"hosts/sql", "(?!)"},
