@@ -31,7 +31,8 @@ endfunction()
 tessaria_install_component(Core)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/tessaria DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
         FILES_MATCHING PATTERN "*.h"
-        PATTERN memory EXCLUDE PATTERN odbc EXCLUDE PATTERN postgres EXCLUDE PATTERN qt EXCLUDE)
+        PATTERN memory EXCLUDE PATTERN odbc EXCLUDE PATTERN postgres EXCLUDE PATTERN qt EXCLUDE
+        PATTERN qtsql EXCLUDE)
 tessaria_install_host(Memory)
 if(TARGET TessariaSql)
   tessaria_install_component(Sql)  # what the drivers share; it has no headers for programs
@@ -39,6 +40,7 @@ endif()
 tessaria_install_host(Odbc)
 tessaria_install_host(Postgres)
 tessaria_install_host(Qt)
+tessaria_install_host(QtSql)
 
 configure_package_config_file(
   ${PROJECT_SOURCE_DIR}/cmake/TessariaConfig.cmake.in

@@ -76,7 +76,7 @@ folders_in_order() {
   local all folder
   all=$(source_files | sed 's|/[^/]*$||; /^[^/]*$/{/^demo$\|^test$/s/.*/./}' | sort -u)
   for folder in include runtime services mask lookup browse pickers control \
-    hosts/memory hosts/sql hosts/odbc hosts/postgres hosts/qt apps bench tests scripts cmake; do
+    hosts/memory hosts/sql hosts/odbc hosts/postgres hosts/qt hosts/qtsql apps bench tests scripts cmake; do
     grep -E "^$folder(/|\$)" <<<"$all" || true
   done
   grep -vE '^(include|runtime|services|mask|lookup|browse|pickers|control|hosts|apps|bench|tests|scripts|cmake)(/|$)' <<<"$all" || true

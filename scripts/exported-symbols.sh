@@ -23,7 +23,7 @@ write_list() {
 # What each shared library exports: its own strong symbols, with the functions that the library's
 # own hosts use of the core and of the record-set engine. scripts/exported-symbols.sh writes this list.
 TEXT
-  for library in Core Qt Sql Odbc Postgres Memory; do
+  for library in Core Qt Sql Odbc Postgres QtSql Memory; do
     file=$(find "$build" -name "libTessaria$library.so" -not -path '*/tests/*' | head -n 1)
     if [ -z "$file" ]; then
       echo "exported-symbols: no libTessaria$library.so in $build" >&2

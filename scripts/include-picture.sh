@@ -24,9 +24,9 @@ draw() {
   awk '
     # Public headers of the core are a folder of their own; those of a host belong to its rooms.
     function folder(path) {
-      if (path ~ /^include\/tessaria\/(memory|odbc|postgres|qt)\// && stem(path) in source) path = source[stem(path)]
+      if (path ~ /^include\/tessaria\/(memory|odbc|postgres|qt|qtsql)\// && stem(path) in source) path = source[stem(path)]
       sub(/\/[^\/]*$/, "", path)
-      if (sub(/^include\/tessaria\//, "hosts/", path) && path !~ /^hosts\/(memory|odbc|postgres|qt)/) return "include"
+      if (sub(/^include\/tessaria\//, "hosts/", path) && path !~ /^hosts\/(memory|odbc|postgres|qt|qtsql)/) return "include"
       return path ~ /^include/ ? "include" : path
     }
     function stem(path) { sub(/\.(h|cpp)$/, "", path); return path }

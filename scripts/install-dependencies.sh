@@ -10,10 +10,13 @@ packages_of() {
       echo cmake ninja-build g++ libgtest-dev libgmock-dev \
         qt6-base-dev qt6-base-private-dev qt6-tools-dev libqt6opengl6-dev unixodbc-dev libpq-dev
       ;;
-    run) echo postgresql unixodbc odbc-postgresql qt6-translations-l10n fonts-dejavu-core ;;
+    run)
+      echo postgresql unixodbc odbc-postgresql libqt6sql6-psql libqt6sql6-odbc \
+        qt6-translations-l10n fonts-dejavu-core
+      ;;
     lint) echo clang-format clang-tidy shellcheck python3 ;;
     fuzz) echo clang libclang-rt-dev llvm ;;
-    bench) echo libbenchmark-dev libqt6sql6-psql ;;
+    bench) echo libbenchmark-dev ;;
     *)
       echo "install-dependencies: no group named '$1' (build, run, lint, fuzz, bench)" >&2
       return 1

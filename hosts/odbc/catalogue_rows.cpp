@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "hosts/odbc/describe.h"
 #include "hosts/odbc/diagnostics.h"
 #include "hosts/odbc/odbc_statement.h"
 #include "hosts/odbc/wide.h"
@@ -112,7 +113,7 @@ std::vector<sql::ColumnFacts> ReadTableColumns(const std::shared_ptr<Line>& line
     sql::ColumnFacts facts;
     facts.place = answer.Place();
     facts.name = answer.Text(4).value_or(String());
-    facts.sqlType = answer.Number(5);
+    facts.sqlType = TypeOf(static_cast<Long>(answer.Number(5)));
     facts.typeName = answer.Text(6).value_or(String());
     facts.size = answer.Number(7);
     facts.nullable = answer.Number(11) != SQL_NO_NULLS;

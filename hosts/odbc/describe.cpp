@@ -74,7 +74,7 @@ sql::Column Describe(SQLHSTMT statement, SQLUSMALLINT number, bool postgres) {
     return static_cast<Long>(NumberAttribute(statement, number, which));
   };
   sql::ColumnDescription told;
-  told.sqlType = attribute(SQL_DESC_CONCISE_TYPE);
+  told.sqlType = TypeOf(attribute(SQL_DESC_CONCISE_TYPE));
   told.typeName = TextAttribute(statement, number, SQL_DESC_TYPE_NAME);
   told.name = TextAttribute(statement, number, SQL_DESC_NAME);
   told.nullable =
@@ -91,6 +91,19 @@ sql::Column Describe(SQLHSTMT statement, SQLUSMALLINT number, bool postgres) {
 }
 
 }  // namespace
+
+Long TypeOf(Long reported) {
+  switch (reported) {
+    case SQL_DATE:
+      return sql_type::Date;
+    case SQL_TIME:
+      return sql_type::Time;
+    case SQL_TIMESTAMP:
+      return sql_type::Timestamp;
+    default:
+      return reported;
+  }
+}
 
 sql::Columns DescribeColumns(SQLHSTMT statement, bool postgres) {
   SQLSMALLINT count = 0;

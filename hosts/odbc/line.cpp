@@ -40,6 +40,12 @@ void Line::ReadDriver() {
   rereads_ = (extensions & kNeeded) == kNeeded;
 }
 
+// For good: the program may connect again with the same handle.
+bool Line::IsLost() const noexcept {
+  if (isThere_ && !isThere_()) lost_ = true;
+  return lost_;
+}
+
 // Not every attribute of a handle tells whether it is connected.
 void Line::RequireConnected() {
   try {

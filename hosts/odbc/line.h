@@ -28,7 +28,7 @@ class Line {
   bool IsPostgres() const { return postgres_; }
   /// Whether a cell of a fetched block can be read again in parts.
   bool Rereads() const { return rereads_; }
-  bool IsLost() const noexcept { return lost_ || (isThere_ && !isThere_()); }
+  bool IsLost() const noexcept;
   /// Seconds that a statement may take by the driver's own clock; 0 for no bound.
   Long StatementTimeout() const { return statementTimeout_; }
   void StatementTimeout(Long seconds) { statementTimeout_ = seconds; }
@@ -55,7 +55,7 @@ class Line {
   std::optional<DriverCancel> driverCancel_;  // of a connection of the program
   bool postgres_ = false;
   bool rereads_ = false;
-  std::atomic<bool> lost_ = false;
+  mutable std::atomic<bool> lost_ = false;
   Long statementTimeout_ = 0;
   std::mutex runningMutex_;  // a statement that runs is not freed while it is cancelled
   SQLHSTMT running_ = SQL_NULL_HSTMT;

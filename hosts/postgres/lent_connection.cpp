@@ -1,7 +1,5 @@
 #include "hosts/postgres/lent_connection.h"
 
-#include <string_view>
-
 #include "hosts/sql/errors/driver_error.h"
 #include "tessaria/utf8.h"
 
@@ -14,10 +12,10 @@ namespace {
 }
 
 void RequireUtf8(const PGconn* connection) {
-  const char* const told = PQparameterStatus(connection, "client_encoding");
-  const std::string_view encoding = told == nullptr ? "" : told;
-  if (encoding == "UTF8") return;
-  Refuse(u"client_encoding é " + FromUtf8(encoding) + u", e precisa ser UTF8.");
+  const int encoding = PQclientEncoding(connection);  // however the program has spelt it
+  if (encoding == pg_char_to_encoding("UTF8")) return;
+  const char* const name = pg_encoding_to_char(encoding);
+  Refuse(u"client_encoding é " + FromUtf8(name == nullptr ? "" : name) + u", e precisa ser UTF8.");
 }
 
 }  // namespace

@@ -68,12 +68,19 @@ Wire::Wire(const ConnectionOptions& options, Long timeout)
 
 Wire::Wire(PGconn* lent, std::function<bool()> isThere)
     : connection_(lent, ConnectionEnd{true}), isThere_(std::move(isThere)) {
+  process_ = PQbackendPID(lent);
   RequireFree();
   cancel_.reset(PQgetCancel(Get()));
 }
 
+// For good: the program may connect again, even at the same address.
+bool Wire::IsLost() const noexcept {
+  if (isThere_ && !isThere_()) lost_ = true;
+  return lost_;
+}
+
 void Wire::RequireFree() {
-  if (PQstatus(Get()) != CONNECTION_OK) {
+  if (PQstatus(Get()) != CONNECTION_OK || PQbackendPID(Get()) != process_) {
     lost_ = true;
     throw HostError(errors::InvalidConnection,
                     u"A conexão do programa com o PostgreSQL está fechada ou foi perdida.");

@@ -41,7 +41,7 @@ class Wire {
 
   PGconn* Get() const { return connection_.get(); }
   /// Whether the server or the way to it was found to be gone.
-  bool IsLost() const noexcept { return lost_ || (isThere_ && !isThere_()); }
+  bool IsLost() const noexcept;
   /// Raises an error when a connection of the program cannot be used now.
   void RequireFree();
   /// What is known about tables on this connection.
@@ -74,7 +74,8 @@ class Wire {
   std::function<bool()> isThere_;
   std::unique_ptr<PGcancel, CancelEnd> cancel_;
   Batch* underWay_ = nullptr;
-  std::atomic<bool> lost_ = false;
+  int process_ = 0;  // the server's, of a connection of the program
+  mutable std::atomic<bool> lost_ = false;
   KnownTables tables_;
 };
 

@@ -11,6 +11,9 @@ namespace {
 
 using Control = StatementFacts::Control;
 
+// Lookups take a connection without a text for none at all.
+constexpr char16_t kOfTheProgram[] = u"(conexão do programa)";
+
 bool IsPlainName(const StatementFacts& facts) {
   return facts.isName && facts.control == Control::None;
 }
@@ -60,6 +63,7 @@ SqlConnection::SqlConnection(LinkPtr adopted)
                         u"programa e adote-a outra vez.");
       }) {
   session_->Adopt(std::move(adopted));
+  text_ = kOfTheProgram;
 }
 
 Long SqlConnection::State() const {

@@ -120,6 +120,7 @@ namespace sql_errors = sql::errors;
 
 TEST_P(AdoptedContract, IsOpenAndNamesItsServer) {
   EXPECT_EQ(adopted_->State(), host::state::Open);
+  EXPECT_FALSE(adopted_->ConnectionString().empty());  // lookups take an empty one for none
   EXPECT_SAME(adopted_->Properties(u"DBMS Name"), u"PostgreSQL");
   EXPECT_SAME(adopted_->Properties(u"Backslash Escapes"), false);
   EXPECT_SAME(Scalar(u"Select nome From t Where k = 2 Limit 1"), u"Bia");

@@ -10,17 +10,21 @@ struct StateRule {
   Long number;
 };
 
-// The first prefix that matches decides.
+// The first prefix that matches decides. The last ones are those of ODBC 2, which a connection of
+// the program may speak.
 constexpr StateRule kStateRules[] = {
     {"22", errors::ValueRefused},         {"23", errors::IntegrityViolation},
     {"28", errors::AuthenticationFailed}, {"42", errors::ErrorsInCommand},
     {"57014", errors::TimeOut},           {"55P03", errors::TimeOut},
     {"HY008", errors::TimeOut},           {"HYT", errors::TimeOut},
+    {"S1008", errors::TimeOut},           {"S1T", errors::TimeOut},
+    {"37", errors::ErrorsInCommand},      {"S00", errors::ErrorsInCommand},
 };
 
 // 57P0x: the server was shut down, crashed, or is just starting.
 constexpr std::string_view kLossStates[] = {"08", "57P01", "57P02", "57P03"};
-constexpr std::string_view kNotSupportedStates[] = {"IM001", "HYC00", "HY091", "HY092"};
+constexpr std::string_view kNotSupportedStates[] = {"IM001", "HYC00", "HY091", "HY092",
+                                                    "S1C00", "S1091", "S1092"};
 
 template <std::size_t N>
 bool StartsWithAny(const std::string& state, const std::string_view (&starts)[N]) {

@@ -39,18 +39,21 @@ String Assignment(StringView name, StringView value) {
 String Adoption::Question() {
   String text =
       u"VALUES (CAST(extract(epoch FROM now()) AS text), "
-      u"CASE WHEN now() <> statement_timestamp() THEN '1' ELSE '0' END";
+      u"CASE WHEN now() <> statement_timestamp() THEN '1' ELSE '0' END, CAST(pg_backend_pid() AS "
+      u"text)";
   for (const SettingRule& rule : kRules) text += u", current_setting('" + String(rule.name) + u"')";
   return text + u")";
 }
 
-void Adoption::Learn(const TextRow& answer, bool isOpen) {
+bool Adoption::Learn(const TextRow& answer, bool isOpen) {
   const auto text = [&](std::size_t i) {
     return i < answer.size() ? answer[i].value_or(String()) : String();
   };
   began_ = isOpen || text(1) == u"1" ? text(0) : String();
   settings_.clear();
-  for (std::size_t i = 2; i < answer.size(); ++i) settings_.push_back(text(i));
+  for (std::size_t i = 3; i < answer.size(); ++i) settings_.push_back(text(i));
+  if (process_.empty()) process_ = text(2);
+  return process_ == text(2);
 }
 
 String Adoption::Settings(Long command, Long lock) {

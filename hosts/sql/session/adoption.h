@@ -15,8 +15,9 @@ class Adoption {
   /// Asks for the transaction that is open and for the settings that hold in it. Takes part in an
   /// open transaction, and begins none.
   static String Question();
-  /// What the server has answered. `isOpen`: a transaction was known to be open before.
-  void Learn(const TextRow& answer, bool isOpen);
+  /// What the server has answered. `isOpen`: a transaction was known to be open before. Returns
+  /// false when another session answers than before: the program has connected again.
+  bool Learn(const TextRow& answer, bool isOpen);
   /// The driver knows, without a question, that no transaction is open.
   void LearnNoTransaction() { began_.clear(); }
 
@@ -42,6 +43,7 @@ class Adoption {
 
  private:
   String began_;                  // when the open transaction began, which no other shares
+  String process_;                // of the server, for this session
   String own_;                    // that of this layer
   std::vector<String> settings_;  // as the program has them, in the order of the table
 };

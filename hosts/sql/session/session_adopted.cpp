@@ -27,7 +27,11 @@ Standing Session::AskProgram() {
         question->Run(Adoption::Question());
         answer = FirstRow(*question);
       });
-      adoption_->Learn(answer, standing == Standing::InTransaction);
+      if (!adoption_->Learn(answer, standing == Standing::InTransaction)) {
+        inTransaction_ = false;
+        link_.reset();
+        RequireLink();
+      }
     } catch (const DriverError& error) {
       if (error.SqlState() != kTransactionFailed) throw;
       return Standing::Failed;

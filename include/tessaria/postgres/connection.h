@@ -36,6 +36,8 @@ TESSARIA_POSTGRES_API host::ConnectionPtr CreateConnection();
 /// whole when they are opened, however many they are. While a statement runs, the program must not
 /// use the connection, from a timer for instance; windows take events meanwhile.
 ///
+/// `ConnectionString` tells only that the connection is the program's.
+///
 /// Errors, here and at each use: 3709 for a connection that is closed or lost, is not blocking, is
 /// in pipeline mode, or whose client_encoding is not UTF8; 3711 when a statement of the program is
 /// still being read there, COPY included; -2147467259 when its transaction has failed, so that it
