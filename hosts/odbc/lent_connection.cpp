@@ -2,8 +2,8 @@
 
 #include <sqlext.h>
 
+#include "hosts/odbc/diagnostics.h"
 #include "hosts/odbc/odbc_statement.h"
-#include "hosts/sql/errors/driver_error.h"
 
 namespace tessaria::odbc {
 namespace {

@@ -53,7 +53,7 @@ class SqlConnection final : public host::Connection {
 /// A closed connection.
 TESSARIA_SQL_API host::ConnectionPtr CreateConnection(Connector connect);
 
-/// An open connection over a link to a connection of the program; `Open` connects it never again.
+/// An open connection over a link to a connection of the program; `Open` never connects it again.
 /// Errors as `Session::Adopt`.
 TESSARIA_SQL_API host::ConnectionPtr AdoptConnection(LinkPtr adopted);
 

@@ -17,13 +17,6 @@ namespace {
                   u"(ROLLBACK). Nada foi enviado.");
 }
 
-void RequirePostgres(const Server& server) {
-  if (server.IsPostgres()) return;
-  throw HostError(
-      errors::InvalidConnection,
-      u"Só se pode adotar uma conexão com o PostgreSQL; esta é com \"" + server.name + u"\".");
-}
-
 }  // namespace
 
 // Marks the point to which a failed statement is undone. PostgreSQL would abort the whole
@@ -93,19 +86,12 @@ void Session::Open(String connectionString, Long timeout) {
   }
 }
 
-void Session::Adopt(LinkPtr link) {
-  link_ = std::move(link);
-  adoption_.emplace();
-  ReadServer();
-  Settle();
-}
-
 void Session::ReadServer() {
   ServerFacts facts = link_->Facts();
   server_ = {std::move(facts.name), std::move(facts.version), {}, std::move(facts.quote)};
   server_.dialect = DialectOf(server_.name);
   if (server_.IsPostgres()) server_.version = PostgreSqlVersion(server_.version);
-  if (adoption_) return RequirePostgres(server_);
+  if (adoption_) return;
   for (const StringView setting : SettingsOf(server_.dialect)) RunPlain(String(setting));
   SetTimeouts(commandTimeout_, lockTimeout_);
 }
@@ -334,12 +320,6 @@ void Session::BeginReading() {
 void Session::EndReading() {
   ownReading_ = false;
   SendEnd(&Link::Commit, u"COMMIT");
-}
-
-// The driver of an adopted connection keeps the mode that the program has given it.
-void Session::SendEnd(void (Link::*end)(), const String& text) {
-  if (adoption_) return RunPlain(text);
-  Await([link = RequireLink(), end] { (*link.*end)(); });
 }
 
 void Session::AbandonReading() noexcept {

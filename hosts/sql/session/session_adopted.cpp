@@ -10,7 +10,22 @@ constexpr const char* kTransactionFailed = "25P02";
 // Of a statement that cannot run inside a transaction.
 constexpr const char* kNotInTransaction = "25001";
 
+void RequirePostgres(const Server& server) {
+  if (server.IsPostgres()) return;
+  throw HostError(
+      errors::InvalidConnection,
+      u"Só se pode adotar uma conexão com o PostgreSQL; esta é com \"" + server.name + u"\".");
+}
+
 }  // namespace
+
+void Session::Adopt(LinkPtr link) {
+  link_ = std::move(link);
+  adoption_.emplace();
+  ReadServer();
+  RequirePostgres(server_);
+  Settle();
+}
 
 // The program may have begun or ended a transaction since the last call, also one of ours.
 Standing Session::AskProgram() {
@@ -57,6 +72,12 @@ void Session::GuardSavepoint(const String& text) {
     if (IsOpen()) RunPlain(Adoption::Undo());
     throw;
   }
+}
+
+// The driver of an adopted connection keeps the mode that the program has given it.
+void Session::SendEnd(void (Link::*end)(), const String& text) {
+  if (adoption_) return RunPlain(text);
+  Await([link = RequireLink(), end] { (*link.*end)(); });
 }
 
 // Undoes a transaction that was begun here, if it is still open.
