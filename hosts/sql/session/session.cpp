@@ -97,7 +97,7 @@ void Session::ReadServer() {
 }
 
 SessionPtr Session::OpenBeside() {
-  if (hasOwnState_ || InTransaction()) return nullptr;
+  if (adoption_ || hasOwnState_ || InTransaction()) return nullptr;
   auto beside = std::make_shared<Session>(connect_, patience_);
   beside->CommandTimeout(commandTimeout_);
   beside->LockTimeout(lockTimeout_);
