@@ -124,7 +124,8 @@ void frmBrowse::ConectGrid(const String& strInstrucao, bool& blnOk) {
   blnOk = true;
   Catch(
       [&] {
-        if (CurrentConnection()->State() == host::state::Closed) {
+        const auto connection = CurrentConnection();
+        if (connection->State() == host::state::Closed && !connection->CanReconnect()) {
           mdlMsgBox::ExibeMensagem(hWndMsgBox, u"Conexão ao banco foi encerrada. verifique",
                                    mdlMsgBox::flag::Stop);
           return;

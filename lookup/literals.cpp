@@ -42,7 +42,9 @@ bool BackslashEscapes(const host::Connection& connection) {
 SqlRules RulesFor(StringView value) {
   SqlRules rules;
   const auto& connection = State().dbConexao;
-  if (!connection || connection->State() != host::state::Open) return rules;
+  if (!connection) return rules;
+  const bool isOpen = connection->State() == host::state::Open;
+  if (!isOpen && !connection->CanReconnect()) return rules;
   rules.family = FamilyOfDialect(DialectName(*connection));
   // Only when it matters, because this queries the server.
   if (value.find(u'\\') != StringView::npos) rules.backslashes = BackslashEscapes(*connection);

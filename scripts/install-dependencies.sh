@@ -11,7 +11,7 @@ packages_of() {
         qt6-base-dev qt6-base-private-dev qt6-tools-dev libqt6opengl6-dev unixodbc-dev libpq-dev
       ;;
     run)
-      echo postgresql unixodbc odbc-postgresql libqt6sql6-psql libqt6sql6-odbc \
+      echo postgresql pgbouncer unixodbc odbc-postgresql libqt6sql6-psql libqt6sql6-odbc \
         qt6-translations-l10n fonts-dejavu-core
       ;;
     lint) echo clang-format clang-tidy shellcheck python3 ;;

@@ -9,9 +9,10 @@
 namespace tessaria::odbc {
 
 host::ConnectionPtr CreateConnection() {
-  return sql::CreateConnection([](const String& connectionString, Long timeout) {
-    return std::make_shared<OdbcLink>(connectionString, timeout);
-  });
+  return sql::CreateConnection(
+      [](const String& connectionString, Long timeout, sql::SettingsScope scope) {
+        return std::make_shared<OdbcLink>(connectionString, timeout, scope);
+      });
 }
 
 host::ConnectionPtr AdoptConnection(void* connection, std::function<bool()> isThere) {

@@ -11,9 +11,10 @@ namespace {
 // LFConversion: line ends must come back as they were stored.
 // MaxVarcharSize, MaxLongVarcharSize: the size of a text without a declared one must be no size
 // that a text can be declared with.
+// KeepaliveTime, KeepaliveInterval: a way that has gone is noticed within minutes, not hours.
 constexpr StringView kPostgresSettings =
     u"Protocol=7.4-0;UseDeclareFetch=0;LFConversion=0;MaxVarcharSize=10485761;"
-    u"MaxLongVarcharSize=0;";
+    u"MaxLongVarcharSize=0;KeepaliveTime=60;KeepaliveInterval=10;";
 
 bool NamesOtherDriver(const String& text) {
   const String folded = LCase(text);

@@ -44,6 +44,8 @@ class Line {
   /// Throws the handle's diagnostics unless the call succeeded or found no data; detects a lost
   /// connection.
   void Check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle);
+  /// Marks it as lost: nothing can be run any more.
+  void Lose() noexcept { lost_ = true; }
   void NoteLoss(const sql::DriverError& error) noexcept;
 
  private:

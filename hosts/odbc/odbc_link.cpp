@@ -6,20 +6,36 @@
 #include "hosts/odbc/diagnostics.h"
 #include "hosts/odbc/lent_connection.h"
 #include "hosts/odbc/odbc_statement.h"
+#include "hosts/sql/driver/bounded_call.h"
 #include "tessaria/text.h"
 
 namespace tessaria::odbc {
 
 namespace {
 
-constexpr Long kCancelTimeout = 5;  // seconds
+constexpr Long kCancelTimeout = 5;  // seconds, to connect
+
+// Prepared statements of the driver outlive their transaction.
+String ForScope(const String& connectionString, sql::SettingsScope scope) {
+  if (scope == sql::SettingsScope::Session) return connectionString;
+  return connectionString + u";UseServerSidePrepare=0;";
+}
+
+// The statement goes on to its own end or time-out when the server cannot be asked.
+void AskToCancel(const String& connectionString, const String& process) noexcept {
+  try {
+    OdbcStatement request(std::make_shared<Line>(connectionString, kCancelTimeout));
+    request.Run(u"SELECT pg_cancel_backend(pid) FROM pg_stat_activity WHERE pid = " + process);
+  } catch (...) {
+  }
+}
 
 }  // namespace
 
-OdbcLink::OdbcLink(const String& connectionString, Long timeout)
-    : line_(std::make_shared<Line>(connectionString, timeout)),
-      connectionString_(connectionString) {
-  if (!line_->IsPostgres()) return;
+OdbcLink::OdbcLink(const String& connectionString, Long timeout, sql::SettingsScope scope)
+    : connectionString_(ForScope(connectionString, scope)) {
+  line_ = std::make_shared<Line>(connectionString_, timeout);
+  if (!line_->IsPostgres() || scope == sql::SettingsScope::Transaction) return;
   OdbcStatement question(line_);
   question.Run(u"SELECT pg_backend_pid()");
   serverProcess_ = question.FirstText();
@@ -32,14 +48,25 @@ OdbcLink::OdbcLink(SQLHDBC lent, std::function<bool()> isThere)
 
 sql::Standing OdbcLink::ProgramStanding() { return StandingOf(*line_); }
 
+// Once this transaction is over, its process may be somebody else's.
+void OdbcLink::NoteProcess() {
+  OdbcStatement question(line_);
+  question.Run(
+      u"SELECT pg_backend_pid() || ' AND round(extract(epoch FROM xact_start)::numeric, 6) = ' || "
+      u"round(extract(epoch FROM now())::numeric, 6)");
+  serverProcess_ = question.FirstText();
+}
+
 // The driver manager lets only one call of a connection through at a time, so that SQLCancel would
 // wait for the statement that it is to cancel. Another connection can ask PostgreSQL.
 void OdbcLink::Cancel() noexcept {
   try {
     if (!line_->IsPostgres() || line_->IsLent()) return line_->CancelRunning();
-    OdbcStatement request(std::make_shared<Line>(connectionString_, kCancelTimeout));
-    request.Run(u"SELECT pg_cancel_backend(" + serverProcess_ + u")");
-  } catch (const HostError&) {
+    const auto ask = [text = connectionString_, process = serverProcess_] {
+      AskToCancel(text, process);
+    };
+    if (!sql::IsOverWithin(std::chrono::seconds(2 * kCancelTimeout), ask)) line_->Lose();
+  } catch (...) {
     // The statement goes on to its own end or time-out.
   }
 }

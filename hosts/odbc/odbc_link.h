@@ -12,7 +12,7 @@ namespace tessaria::odbc {
 class OdbcLink final : public sql::Link {
  public:
   /// Connects. `timeout` is in seconds, 0 for the driver's own.
-  OdbcLink(const String& connectionString, Long timeout);
+  OdbcLink(const String& connectionString, Long timeout, sql::SettingsScope scope);
   /// Over a connection of the program, as `Line`.
   OdbcLink(SQLHDBC lent, std::function<bool()> isThere);
 
@@ -25,6 +25,7 @@ class OdbcLink final : public sql::Link {
   void Begin() override { AutoCommit(false); }
   void Commit() override { End(SQL_COMMIT); }
   void Rollback() override { End(SQL_ROLLBACK); }
+  void NoteProcess() override;
   bool RunsBesideRows() const noexcept override { return line_->IsPostgres(); }
   /// PostgreSQL's driver takes in whole results.
   bool RowsArriveWithRun() const noexcept override { return line_->IsPostgres(); }
@@ -43,7 +44,7 @@ class OdbcLink final : public sql::Link {
 
   std::shared_ptr<Line> line_;
   String connectionString_;
-  String serverProcess_;  // of PostgreSQL: its number, by which another connection cancels
+  String serverProcess_;  // of PostgreSQL: a condition, by which another connection cancels
 };
 
 }  // namespace tessaria::odbc

@@ -68,7 +68,7 @@ std::int64_t OdbcStatement::RunWith(const String& text, const std::vector<sql::P
 }
 
 String OdbcStatement::FirstText() {
-  std::array<char16_t, 64> text{};
+  std::array<char16_t, 128> text{};
   SQLLEN bytes = 0;
   const SQLRETURN result = SQLFetch(Get());
   Check(result);

@@ -9,9 +9,10 @@
 namespace tessaria::postgres {
 
 host::ConnectionPtr CreateConnection() {
-  return sql::CreateConnection([](const String& connectionString, Long timeout) {
-    return std::make_shared<PgLink>(connectionString, timeout);
-  });
+  return sql::CreateConnection(
+      [](const String& connectionString, Long timeout, sql::SettingsScope scope) {
+        return std::make_shared<PgLink>(connectionString, timeout, scope);
+      });
 }
 
 host::ConnectionPtr AdoptConnection(PGconn* connection, std::function<bool()> isThere) {

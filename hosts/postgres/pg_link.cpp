@@ -22,8 +22,8 @@ String VersionText(int number) {
 
 }  // namespace
 
-PgLink::PgLink(const String& connectionString, Long timeout)
-    : wire_(std::make_shared<Wire>(OptionsOf(connectionString), timeout)) {}
+PgLink::PgLink(const String& connectionString, Long timeout, sql::SettingsScope scope)
+    : wire_(std::make_shared<Wire>(OptionsOf(connectionString), timeout, scope)) {}
 
 PgLink::PgLink(PGconn* lent, std::function<bool()> isThere)
     : wire_(std::make_shared<Wire>(lent, std::move(isThere))) {}

@@ -10,7 +10,7 @@ namespace tessaria::postgres {
 
 class PgLink final : public sql::Link {
  public:
-  PgLink(const String& connectionString, Long timeout);
+  PgLink(const String& connectionString, Long timeout, sql::SettingsScope scope);
   /// Over a connection of the program, as `Wire`.
   PgLink(PGconn* lent, std::function<bool()> isThere);
 

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "hosts/postgres/lent_connection.h"
+#include "hosts/postgres/line_end.h"
+#include "hosts/sql/driver/bounded_call.h"
 
 namespace tessaria::postgres {
 namespace {
@@ -36,6 +38,9 @@ PGconn* Connect(const ConnectionOptions& options, Long timeout) {
   return PQconnectdbParams(names.data(), values.data(), options.isWhole ? 1 : 0);
 }
 
+// A request to cancel that takes longer will hardly come.
+constexpr std::chrono::seconds kCancelTimeout{5};
+
 // The library gives no SQLSTATE for a connection that could not be opened.
 constexpr const char* kRefusalState = "08001";
 
@@ -53,13 +58,14 @@ bool IsCopy(const PGresult* result) {
 
 }  // namespace
 
-Wire::Wire(const ConnectionOptions& options, Long timeout)
+Wire::Wire(const ConnectionOptions& options, Long timeout, sql::SettingsScope scope)
     : connection_(Connect(options, timeout)) {
   if (PQstatus(Get()) != CONNECTION_OK) throw ConnectionError(Get(), kRefusalState);
-  cancel_.reset(PQgetCancel(Get()));
+  cancel_.reset(PQgetCancel(Get()), PQfreeCancel);
   PQsetNoticeProcessor(
       Get(), [](void*, const char*) {}, nullptr);
-  for (const std::string& text : {std::string(kSettings), options.statements}) {
+  const bool isSession = scope == sql::SettingsScope::Session;
+  for (const std::string& text : {std::string(isSession ? kSettings : ""), options.statements}) {
     if (text.empty()) continue;
     const Result result(PQexec(Get(), text.c_str()));
     RequireSound(result.get());
@@ -70,7 +76,7 @@ Wire::Wire(PGconn* lent, std::function<bool()> isThere)
     : connection_(lent, ConnectionEnd{true}), isThere_(std::move(isThere)) {
   process_ = PQbackendPID(lent);
   RequireFree();
-  cancel_.reset(PQgetCancel(Get()));
+  cancel_.reset(PQgetCancel(Get()), PQfreeCancel);
 }
 
 // For good: the program may connect again, even at the same address.
@@ -88,10 +94,20 @@ void Wire::RequireFree() {
   RequireUsable(Get());
 }
 
-// Returns when the server has signalled the process that runs the statement.
+// The library waits without a bound until the server has signalled the process that runs the
+// statement.
 void Wire::Cancel() noexcept {
-  char reason[256];
-  PQcancel(cancel_.get(), reason, sizeof reason);
+  const auto ask = [cancel = cancel_] {
+    char reason[256];
+    PQcancel(cancel.get(), reason, sizeof reason);
+  };
+  if (!sql::IsOverWithin(kCancelTimeout, ask) && !connection_.get_deleter().isLent) Break();
+}
+
+// Ends the call that another thread makes.
+void Wire::Break() noexcept {
+  lost_ = true;
+  EndLine(PQsocket(Get()));
 }
 
 void Wire::Fail(const DriverError& error) {

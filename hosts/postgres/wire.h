@@ -12,6 +12,7 @@
 #include "hosts/postgres/connection_text.h"
 #include "hosts/postgres/known_tables.h"
 #include "hosts/postgres/pg_result.h"
+#include "hosts/sql/driver/settings_scope.h"
 
 namespace tessaria::postgres {
 
@@ -32,7 +33,7 @@ struct ConnectionEnd {
 class Wire {
  public:
   /// `timeout` is in seconds, 0 for the library's own.
-  Wire(const ConnectionOptions& options, Long timeout);
+  Wire(const ConnectionOptions& options, Long timeout, sql::SettingsScope scope);
   /// Over a connection of the program. `isThere` tells whether the program still has it; empty for
   /// always.
   Wire(PGconn* lent, std::function<bool()> isThere);
@@ -59,20 +60,17 @@ class Wire {
  private:
   friend class Batch;
 
-  struct CancelEnd {
-    void operator()(PGcancel* cancel) const noexcept { PQfreeCancel(cancel); }
-  };
-
   void Send(Batch& batch, const std::string& text);
   Result Take();
   Result Receive() noexcept;
   void Discard() noexcept;
+  void Break() noexcept;
   [[noreturn]] void Fail(const DriverError& error);
   void RequireSound(const PGresult* result);
 
   std::unique_ptr<PGconn, ConnectionEnd> connection_;
   std::function<bool()> isThere_;
-  std::unique_ptr<PGcancel, CancelEnd> cancel_;
+  std::shared_ptr<PGcancel> cancel_;
   Batch* underWay_ = nullptr;
   int process_ = 0;  // the server's, of a connection of the program
   mutable std::atomic<bool> lost_ = false;

@@ -57,7 +57,7 @@ host::ConnectionPtr AdoptConnection(LinkPtr adopted) {
 }
 
 SqlConnection::SqlConnection(LinkPtr adopted)
-    : SqlConnection([](const String&, Long) -> LinkPtr {
+    : SqlConnection([](const String&, Long, SettingsScope) -> LinkPtr {
         throw HostError(errors::InvalidConnection,
                         u"Esta conexão pertence ao programa e não pode ser aberta aqui. Abra-a no "
                         u"programa e adote-a outra vez.");

@@ -22,6 +22,7 @@ class SqlConnection final : public host::Connection {
     session_->Waits().RequireIdle();
     Kept()->Close();
   }
+  bool CanReconnect() const override { return session_->CanReconnect(); }
   Long ConnectionTimeout() const override { return timeout_; }
   void ConnectionTimeout(Long seconds) override;
   Long CommandTimeout() const override { return session_->CommandTimeout(); }

@@ -12,6 +12,7 @@ namespace host {
 class Application;
 class Connection;
 class Desktop;
+class ReconnectView;
 class WaitView;
 }  // namespace host
 
@@ -27,6 +28,9 @@ struct TESSARIA_CORE_API ThreadState {
   host::Desktop* desktop = nullptr;
   /// What passes the waits for a database; not owned. When it is null the thread just waits.
   host::WaitView* waiting = nullptr;
+  /// Who decides whether a connection that was lost is opened again; not owned. When it is null,
+  /// the program does so by itself.
+  host::ReconnectView* reconnecting = nullptr;
   /// The open connection that the last discovery took from a form's `dbForm`.
   std::shared_ptr<host::Connection> dbConexao;
   /// The sibling's value as an SQL literal while a description field has the focus.

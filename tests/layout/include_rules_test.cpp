@@ -46,7 +46,7 @@ const std::set<std::string> kStandardHeaders = Words(R"(
 const std::map<std::string, std::string> kHostLibraries = {
     {"hosts/memory", "(?!)"},
     {"hosts/odbc", R"(^(sql\w*|odbcinst|dlfcn)\.h$)"},
-    {"hosts/postgres", R"(^libpq-fe\.h$)"},
+    {"hosts/postgres", R"(^(libpq-fe|sys/socket|winsock2)\.h$)"},
     {"hosts/qt", R"(^(Qt\w*/)?Q\w+$|^Qt$)"},
     {"hosts/qtsql", R"(^Q\w+$)"},
     {"hosts/sql", "(?!)"},

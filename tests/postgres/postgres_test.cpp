@@ -14,7 +14,7 @@ class PostgresTest : public sql::test::DatabaseTest {
     return connection;
   }
   static std::shared_ptr<PgLink> NewLink() {
-    return std::make_shared<PgLink>(Cluster().ConnectionString(), 0);
+    return std::make_shared<PgLink>(Cluster().ConnectionString(), 0, sql::SettingsScope::Session);
   }
   /// The first column of a present result, one number a row.
   static std::vector<std::int32_t> Numbers(sql::Statement& statement) {

@@ -25,9 +25,11 @@ class SameColumnsTest : public sql::test::DatabaseTest {
     Run(u"create view v as select i4, tx from t");
     Run(u"create materialized view mv as select i4 from t");
     Run(u"create table pt (a int) partition by range (a)");
-    odbc_ = std::make_shared<odbc::OdbcLink>(Cluster().ConnectionString(), 0);
+    odbc_ = std::make_shared<odbc::OdbcLink>(Cluster().ConnectionString(), 0,
+                                             sql::SettingsScope::Session);
     odbc_->Facts();
-    postgres_ = std::make_shared<PgLink>(Cluster().ConnectionString(), 0);
+    postgres_ =
+        std::make_shared<PgLink>(Cluster().ConnectionString(), 0, sql::SettingsScope::Session);
   }
   static sql::Columns Describe(sql::Link& link, const String& query) {
     const auto statement = link.NewStatement();

@@ -295,18 +295,19 @@ TEST_F(CompletionFaults, LosingTheServerBetweenTwoKeysLosesNoText) {
   EXPECT_THAT(titles().last().toStdString(), HasSubstr("mdlObjTxt.CompletaDescr"));
   type(*window_, QStringLiteral("a"));
   EXPECT_EQ(box().text(), QStringLiteral("Uba"));
-  EXPECT_THAT(boxes_.takeTexts(), SizeIs(1));
+  EXPECT_THAT(boxes_.takeTexts(), SizeIs(2));  // whether to connect again, and why that failed
   EXPECT_EQ(city_.key->value().toString(), QStringLiteral("00004"));
 
   cluster().Start();
+  boxes_.willPress(QStringLiteral("Não"));
   type(*window_, QStringLiteral("t"));
   EXPECT_EQ(box().text(), QStringLiteral("Ubat"));
-  EXPECT_THAT(boxes_.takeTexts(), SizeIs(1));  // only the application opens the connection
-  connection_->Open();
+  EXPECT_THAT(boxes_.takeTexts(), SizeIs(2));  // only the operator opens the connection
+  boxes_.willPress(QStringLiteral("Sim"));
   type(*window_, QStringLiteral("u"));
   expectBox(QStringLiteral("Ubatu"), QStringLiteral("ba"));
   EXPECT_EQ(city_.key->value().toString(), QStringLiteral("00013"));
-  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+  EXPECT_THAT(boxes_.takeTexts(), SizeIs(1));
 }
 
 TEST_F(CompletionFaults, LosingTheServerBeforeTheFieldIsLeftKeepsTextAndFocus) {

@@ -38,6 +38,9 @@ class CuttingProxy {
   void CutAt(Side side, std::vector<std::string> texts);
   /// Cuts now.
   void CutNow();
+  /// From now on takes in everything and forwards nothing, like a network that swallows packets.
+  /// New connections are accepted.
+  void Swallow();
   /// Forwards everything again.
   void CancelCut();
 
@@ -52,7 +55,7 @@ class CuttingProxy {
     std::string clientTail, serverTail;  // the last bytes, for texts that arrive in pieces
   };
   struct Order {
-    enum class Kind { None, Bytes, Texts } kind = Kind::None;
+    enum class Kind { None, Bytes, Texts, Everything } kind = Kind::None;
     Side side = Side::Client;
     std::size_t bytes = 0;
     std::vector<std::string> texts;

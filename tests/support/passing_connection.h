@@ -16,6 +16,7 @@ class PassingConnection : public host::Connection {
   void ConnectionString(const String& text) override { real_->ConnectionString(text); }
   void Open() override { real_->Open(); }
   void Close() override { real_->Close(); }
+  bool CanReconnect() const override { return real_->CanReconnect(); }
   Long ConnectionTimeout() const override { return real_->ConnectionTimeout(); }
   void ConnectionTimeout(Long seconds) override { real_->ConnectionTimeout(seconds); }
   Long CommandTimeout() const override { return real_->CommandTimeout(); }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tessaria/string.h"
+#include "tests/support/server_folder.h"
 
 namespace tessaria::test {
 
@@ -18,16 +19,15 @@ class PostgresCluster {
 
   PostgresCluster(const PostgresCluster&) = delete;
   PostgresCluster& operator=(const PostgresCluster&) = delete;
-  ~PostgresCluster();
 
   /// An ODBC connection string without a data source name.
   String ConnectionString() const;
   /// The same through a port of this machine, on which a proxy listens.
   String ConnectionString(int port) const;
   /// The path of the server's socket.
-  std::string Socket() const { return folder_ + "/.s.PGSQL.5432"; }
+  std::string Socket() const { return Folder() + "/.s.PGSQL.5432"; }
   /// The folder of the socket; data source files may be written there.
-  const std::string& Folder() const { return folder_; }
+  const std::string& Folder() const { return folder_.Path(); }
   /// Runs SQL with the command line client, outside any connection of the test.
   void Run(const std::string& sql) const;
 
@@ -39,14 +39,9 @@ class PostgresCluster {
 
  private:
   PostgresCluster();
-  void StartWatcher();
-  std::string AsServerUser(const std::string& command) const;
 
-  std::string binaries_;
-  std::string folder_;
+  ServerFolder folder_;
   bool running_ = false;
-  int watcherPipe_ = -1;
-  int watcher_ = -1;
 };
 
 }  // namespace tessaria::test

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLocale>
 
+#include "hosts/qt/boundary/operator_action.h"
 #include "hosts/qt/boundary/wait_input.h"
 #include "hosts/qt/boundary/window_in_front.h"
 
@@ -36,6 +37,7 @@ bool WaitView::Pass(const host::Wait& wait) {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   }
   if (wait.Elapsed >= kSilence) showLine(wait);
+  const DuringAction background(0);
   ++passing_;
   QCoreApplication::processEvents(QEventLoop::AllEvents, kStep);
   --passing_;

@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <utility>
 
+#include "hosts/qt/boundary/operator_action.h"
 #include "hosts/qt/form/active_control.h"
 #include "hosts/qt/form/widget_tree.h"
 
@@ -52,7 +53,12 @@ void FocusCycle::focusMoved() {
   if (surfaceOf(window()->focusWidget()) == inside_ || queued_) return;
   queued_ = true;
   QMetaObject::invokeMethod(
-      this, [this] { settlePending(); }, Qt::QueuedConnection);
+      this,
+      [this, action = presentAction()] {
+        const DuringAction during(action);
+        settlePending();
+      },
+      Qt::QueuedConnection);
 }
 
 bool FocusCycle::settlePending(const StandIn& standIn) {

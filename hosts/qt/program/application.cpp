@@ -7,6 +7,7 @@
 
 #include "hosts/qt/boundary/handles.h"
 #include "hosts/qt/boundary/held_input.h"
+#include "hosts/qt/boundary/operator_action.h"
 #include "hosts/qt/boundary/window_in_front.h"
 #include "hosts/qt/conversion/picture.h"
 #include "hosts/qt/program/message_box.h"
@@ -49,6 +50,7 @@ void Application::Beep() {
 // the text half changed: it waits until the work is done.
 void Application::DoEvents() {
   const HeldInput held;
+  const DuringAction background(0);
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 

@@ -4,6 +4,8 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
+#include "hosts/qt/boundary/operator_action.h"
+#include "hosts/qt/boundary/reconnect_view.h"
 #include "hosts/qt/boundary/wait_view.h"
 #include "hosts/qt/dialogs/desktop.h"
 #include "hosts/qt/program/application.h"
@@ -31,18 +33,22 @@ Host::Host(QObject* parent)
                                 },
                                 [this] { emit beeped(); }})),
       desktop_(std::make_unique<Desktop>()),
-      waiting_(std::make_unique<WaitView>()) {
+      waiting_(std::make_unique<WaitView>()),
+      reconnecting_(std::make_unique<ReconnectView>()) {
   loadTranslation(this);
   new FormEvents(this);
+  new ActionWatch(this);  // the last filter is the first to see an event
   State().application = application_.get();
   State().desktop = desktop_.get();
   State().waiting = waiting_.get();
+  State().reconnecting = reconnecting_.get();
 }
 
 Host::~Host() {
   if (State().application == application_.get()) State().application = nullptr;
   if (State().desktop == desktop_.get()) State().desktop = nullptr;
   if (State().waiting == waiting_.get()) State().waiting = nullptr;
+  if (State().reconnecting == reconnecting_.get()) State().reconnecting = nullptr;
 }
 
 Host& install() {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "hosts/sql/driver/catalogue_facts.h"
+#include "hosts/sql/driver/settings_scope.h"
 #include "hosts/sql/statements/dialect_sql.h"
 #include "hosts/sql/values/column.h"
 #include "hosts/sql/values/column_store.h"
@@ -86,7 +87,8 @@ class TESSARIA_SQL_API Link {
   /// seconds, 0 for no bound.
   virtual void StatementTimeout(Long seconds) = 0;
   /// Asks the server to give up the statement that runs, while another thread waits for it. Returns
-  /// when the server knows, so that no later statement can be meant. Does nothing when none runs.
+  /// when the server knows, so that no later statement can be meant, or after a few seconds with
+  /// the link marked as lost: the request may still come. Does nothing when none runs.
   virtual void Cancel() noexcept = 0;
 
   virtual void Begin() = 0;
@@ -94,6 +96,9 @@ class TESSARIA_SQL_API Link {
   /// undoes the transaction.
   virtual void Commit() = 0;
   virtual void Rollback() = 0;
+  /// A transaction has begun behind a pooler, which may run it in another process of the server
+  /// than the one before. For `Cancel`.
+  virtual void NoteProcess() {}
 
   /// Whether further statements can run while the rows of one still arrive.
   virtual bool RunsBesideRows() const noexcept = 0;
@@ -120,7 +125,9 @@ class TESSARIA_SQL_API Link {
 
 using LinkPtr = std::shared_ptr<Link>;
 
-/// Opens a link. `timeout` is in seconds, 0 for the driver's own.
-using Connector = std::function<LinkPtr(const String& connectionString, Long timeout)>;
+/// Opens a link. `timeout` is in seconds, 0 for the driver's own. Where settings reach no further
+/// than a transaction, the link sets nothing and keeps no prepared statement on the server.
+using Connector =
+    std::function<LinkPtr(const String& connectionString, Long timeout, SettingsScope scope)>;
 
 }  // namespace tessaria::sql

@@ -32,6 +32,8 @@ class TESSARIA_SQL_API DriverError : public HostError {
   bool IsConnectionLoss() const noexcept;
   /// Whether the driver does not support the call, attribute or field.
   bool IsNotSupported() const noexcept;
+  /// Whether the statement cannot run inside a transaction. Nothing of it has been run.
+  bool IsRefusedInTransaction() const noexcept { return state_ == "25001"; }
 
  private:
   std::string state_;

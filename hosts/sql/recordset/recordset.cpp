@@ -183,9 +183,9 @@ void SqlRecordset::Find(const String& criteria) {
 
 // The rows before it do not match.
 std::int64_t SqlRecordset::FirstToSearch(const FindCriterion& criterion) const {
-  const bool isInOrder = firstOrder_ == criterion.ColumnNumber() && !facts_.unordered.empty();
+  const bool isInOrder = firstOrder_ == criterion.ColumnNumber() && facts_.rowsEnd > 0;
   if (!isInOrder || shown_->IsChanged() || !table_->IsDistant()) return position_;
-  const auto before = table_->RowsBeforeMatches(facts_.unordered, criterion);
+  const auto before = table_->RowsBeforeMatches(facts_.text.substr(0, facts_.rowsEnd), criterion);
   return std::max<std::int64_t>(position_, before.value_or(0));
 }
 
@@ -211,7 +211,8 @@ std::optional<std::size_t> SqlRecordset::FirstOrderOf(const std::vector<SortKey>
 bool SqlRecordset::SortAtServer(const std::vector<SortKey>& keys) {
   if (!table_->IsDistant()) return false;
   const bool anew = table_->IsWritten() || shown_->IsChanged();
-  const String& query = keys.empty() || facts_.unordered.empty() ? facts_.text : facts_.unordered;
+  const bool isWhole = keys.empty() || facts_.rowsEnd == 0;
+  const String query = isWhole ? facts_.text : facts_.text.substr(0, facts_.rowsEnd);
   auto sorted = table_->Sorted(query, keys, anew);
   if (!sorted) {
     table_->HoldAll();

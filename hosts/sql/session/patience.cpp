@@ -80,6 +80,13 @@ void Patience::RethrowFromReading(const std::exception_ptr& failure) {
   }
 }
 
+bool Patience::Ask(const std::function<bool()>& question) {
+  const Flag busy(isBusy_);
+  const bool answer = question();
+  start_ = lastPass_ = Clock::now();
+  return answer;
+}
+
 // Whether the operator has given up. What is raised meanwhile is raised once the call is over,
 // which uses what the caller owns.
 bool Patience::AwaitElsewhere(const std::function<void()>& call,
@@ -87,17 +94,21 @@ bool Patience::AwaitElsewhere(const std::function<void()>& call,
   worker_.Start(call);
   bool isGivenUp = false;
   std::exception_ptr failure;
-  for (auto step = kMoment; !worker_.IsOverWithin(step); step = kStep) {
+  for (auto step = kMoment; !IsOverWithin(step, isGivenUp); step = kStep) {
     try {
-      if (failure || !Pass()) continue;
+      if (failure || !Pass() || !canceller_.IsOverWithin({})) continue;
       isGivenUp = true;
-      cancel();
+      canceller_.Start(cancel);
     } catch (...) {
       failure = std::current_exception();
     }
   }
   if (failure) std::rethrow_exception(failure);
   return isGivenUp;
+}
+
+bool Patience::IsOverWithin(std::chrono::milliseconds time, bool isGivenUp) {
+  return worker_.IsOverWithin(time) && (!isGivenUp || canceller_.IsOverWithin(time));
 }
 
 bool Patience::Pass() {

@@ -27,13 +27,17 @@ class Patience {
     Patience& patience_;
   };
 
-  /// Makes one call of the driver. `cancel` is made, from this thread, when the operator gives up.
-  /// Errors: those of the call; 3711 when another call is under way; 3712 when the operator gave up
-  /// and the call was not done.
+  /// Makes one call of the driver. `cancel` is made, on a thread of its own, when the operator
+  /// gives up; the wait ends when both are over, so that no later call can be meant. Errors: those
+  /// of the call; 3711 when another call is under way; 3712 when the operator gave up and the call
+  /// was not done.
   void Await(const std::function<void()>& call, const std::function<void()>& cancel);
   /// Between two calls of a request that makes many: lets windows repaint now and then. Error 3712
   /// when the operator gave up.
   void Breathe();
+  /// Asks the operator something within a request. The connection is busy meanwhile, and the time
+  /// does not count.
+  bool Ask(const std::function<bool()>& question);
   /// Error 3711 when a call is under way, which something that runs meanwhile asks.
   void RequireIdle() const;
   bool IsIdle() const noexcept { return !isBusy_; }
@@ -50,7 +54,10 @@ class Patience {
   bool AwaitElsewhere(const std::function<void()>& call, const std::function<void()>& cancel);
   bool Pass();
 
+  bool IsOverWithin(std::chrono::milliseconds time, bool isGivenUp);
+
   Worker worker_;
+  Worker canceller_;
   bool isBusy_ = false;
   int depth_ = 0;  // of requests
   Clock::time_point start_, lastPass_;

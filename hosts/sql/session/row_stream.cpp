@@ -89,7 +89,7 @@ void RowStream::FillSourceOf(const StatementFacts& facts) {
 // The columns are known before any row is read, so that no query runs twice.
 void RowStream::OpenCursor(const String& text) {
   ownTransaction_ = !session_.InTransaction();
-  isRepeatable_ = ownTransaction_ && !MayHaveEffects(text);
+  isRepeatable_ = session_.CanBeReadBeside() && !MayHaveEffects(text);
   if (ownTransaction_) session_.BeginReading();
   query_ = text;
   Declare(isRepeatable_ ? u"SET TRANSACTION ISOLATION LEVEL REPEATABLE READ; " : u"");

@@ -5,11 +5,16 @@
 
 #include "hosts/sql/session/dbms_version.h"
 #include "hosts/sql/session/first_row.h"
+#include "hosts/sql/session/local_settings.h"
 #include "runtime/well_formed.h"
+#include "tessaria/host/reconnecting.h"
 #include "tessaria/text.h"
+#include "tessaria/thread_state.h"
 
 namespace tessaria::sql {
 namespace {
+
+constexpr StringView kLost = u"A conexão com o banco de dados está fechada ou foi perdida.";
 
 [[noreturn]] void ThrowFailed() {
   throw HostError(errors::ProviderError,
@@ -71,19 +76,20 @@ void Session::Open(String connectionString, Long timeout) {
     throw HostError(errors::ObjectOpen, u"Operação não permitida com a conexão aberta.");
   }
   RequireWellFormed(connectionString);
-  Close();
+  Drop();
   LinkPtr link;
-  Await([&] { link = connect_(connectionString, timeout); });
+  String text = connectionString;
+  scope_ = TakePooling(text);
+  Await([&] { link = connect_(text, timeout, scope_); });
   link_ = std::move(link);
-  connectionString_ = std::move(connectionString);
-  loginTimeout_ = timeout;
   hasOwnState_ = false;
   try {
     ReadServer();
   } catch (...) {
-    Close();
+    Drop();
     throw;
   }
+  reconnection_.Opened(std::move(connectionString), timeout);
 }
 
 void Session::ReadServer() {
@@ -91,18 +97,24 @@ void Session::ReadServer() {
   server_ = {std::move(facts.name), std::move(facts.version), {}, std::move(facts.quote)};
   server_.dialect = DialectOf(server_.name);
   if (server_.IsPostgres()) server_.version = PostgreSqlVersion(server_.version);
-  if (adoption_) return;
+  if (adoption_ || scope_ == SettingsScope::Transaction) return;
   for (const StringView setting : SettingsOf(server_.dialect)) RunPlain(String(setting));
   SetTimeouts(commandTimeout_, lockTimeout_);
 }
 
 SessionPtr Session::OpenBeside() {
-  if (adoption_ || hasOwnState_ || InTransaction()) return nullptr;
+  if (!CanBeReadBeside()) return nullptr;
   auto beside = std::make_shared<Session>(connect_, patience_);
   beside->CommandTimeout(commandTimeout_);
   beside->LockTimeout(lockTimeout_);
-  beside->Open(connectionString_, loginTimeout_);
+  beside->Open(reconnection_.ConnectionString(), reconnection_.Timeout());
+  beside->reconnection_.Closed();  // what it has shown cannot be had again
   return beside;
+}
+
+// A pooler that lends its connections for a transaction could not lend this one any more.
+bool Session::CanBeReadBeside() const {
+  return !adoption_ && !hasOwnState_ && !InTransaction() && scope_ == SettingsScope::Session;
 }
 
 void Session::Note(const StatementFacts& facts) {
@@ -114,6 +126,11 @@ void Session::Note(const StatementFacts& facts) {
 }
 
 void Session::Close() noexcept {
+  reconnection_.Closed();
+  Drop();
+}
+
+void Session::Drop() noexcept {
   retired_.clear();
   if (pending_ != nullptr) pending_->ReadRest();
   if (adoption_) {
@@ -123,19 +140,34 @@ void Session::Close() noexcept {
   }
   pending_ = nullptr;
   inTransaction_ = false;
+  inOwnTransaction_ = false;
   link_.reset();
 }
 
 LinkPtr Session::RequireLink() const {
   if (!IsOpen()) {
-    throw HostError(errors::InvalidConnection,
-                    u"A conexão com o banco de dados está fechada ou foi perdida.");
+    throw HostError(errors::InvalidConnection, String(kLost));
   }
   return link_;
 }
 
+// Before a request, of which nothing has been sent yet.
+void Session::Reconnect() {
+  if (!CanReconnect()) return;
+  const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
+  const auto isAllowed = [this] {
+    return reconnection_.TakeTurn() && tessaria::State().reconnecting->Allows();
+  };
+  if (!patience_->Ask(isAllowed)) return;
+  try {
+    Open(reconnection_.ConnectionString(), reconnection_.Timeout());
+  } catch (const HostError& error) {
+    throw HostError(errors::InvalidConnection, String(kLost) + u"\r\n" + error.Description());
+  }
+}
+
 const Server& Session::ServerInfo() const {
-  RequireLink();
+  if (!CanReconnect() && !inTransaction_) RequireLink();
   return server_;
 }
 
@@ -147,6 +179,7 @@ void Session::Settle() {
 void Session::SettleRows() {
   patience_->RequireIdle();
   EndWhatIsLeft();
+  Reconnect();
   RequireLink();
   if (pending_ == nullptr) return;
   const int before = patience_->TimesGivenUp();
@@ -173,33 +206,25 @@ StatementPtr Session::InnerStatement() const { return RequireLink()->NewStatemen
 
 void Session::RunCatalogue(const std::function<void(Link&)>& ask) {
   patience_->RequireIdle();
+  Reconnect();
   const LinkPtr link = RequireLink();
   if (!link->RunsBesideRows() || adoption_) Settle();
   const Patience::Request request(*patience_);
   Enclose([&] { Await([&] { ask(*link); }); });
 }
 
-// Undone alone when it fails. Outside a transaction it stands for itself anyway, except on an
-// adopted connection, where it needs settings.
+// Undone alone when it fails.
 void Session::Enclose(const std::function<void()>& call) {
-  if (!StandsAlone()) {
+  InItsScope([&] {
     Savepoint savepoint(*this);
     call();
-    return savepoint.Release();
-  }
-  BeginReading();
-  try {
-    call();
-  } catch (...) {
-    AbandonReading();
-    throw;
-  }
-  EndReading();
+    savepoint.Release();
+  });
 }
 
 void Session::ForgetTables() const {
   patience_->RequireIdle();
-  RequireLink()->ForgetTables();
+  if (!CanReconnect()) RequireLink()->ForgetTables();
 }
 
 std::optional<bool> Session::BackslashesEscape(StringView statement) {
@@ -215,12 +240,12 @@ std::optional<bool> Session::BackslashesEscape(StringView statement) {
 void Session::ExecuteBatch(Statement& statement, const String& text, int results) {
   RequireWellFormed(text);
   const Patience::Request request(*patience_);
-  if (StandsAlone()) return RunAlone(statement, text, results);
-  Savepoint savepoint(*this);
-  const bool isGuest = adoption_ && InTransaction();
-  RunAfter(statement, isGuest ? String(Adoption::Lead()) : String(), isGuest ? 1 : 0, text,
-           results);
-  savepoint.Release();
+  if (adoption_ && StandsAlone()) return RunAlone(statement, text, results);
+  Enclose([&] {
+    const bool isGuest = adoption_ && InTransaction();
+    RunAfter(statement, isGuest ? String(Adoption::Lead()) : String(), isGuest ? 1 : 0, text,
+             results);
+  });
 }
 
 // Runs a text after `lead`, which holds so many statements; stands on the last result.
@@ -267,17 +292,22 @@ void Session::BeginTrans(const String& modes) {
   if (adoption_) return BeginForProgram(modes);
   Await([link = RequireLink()] { link->Begin(); });
   inTransaction_ = true;
-  if (modes.empty()) return;
   try {
-    RunPlain(u"SET TRANSACTION " + modes);
+    SetLocally(modes);
   } catch (...) {
-    if (IsOpen()) RollbackTrans();
+    if (inTransaction_) RollbackTrans();
     throw;
   }
 }
 
 void Session::CommitTrans() {
   RequireTransaction();
+  try {
+    SettleRows();
+  } catch (...) {
+    if (!IsOpen()) inTransaction_ = false;
+    throw;
+  }
   inTransaction_ = false;
   try {
     SendEnd(&Link::Commit, u"COMMIT");
@@ -294,53 +324,40 @@ void Session::CommitTrans() {
 
 void Session::RollbackTrans() {
   RequireTransaction(true);
-  inTransaction_ = false;
-  SendEnd(&Link::Rollback, u"ROLLBACK");
+  try {
+    SettleRows();
+    inTransaction_ = false;
+    SendEnd(&Link::Rollback, u"ROLLBACK");
+  } catch (const HostError&) {
+    if (IsOpen()) throw;
+    inTransaction_ = false;  // the loss has undone it
+    return;
+  }
   RestoreTimeouts();
 }
 
 void Session::RequireTransaction(bool mayHaveFailed) {
-  SettleRows();
-  if (adoption_ && AskProgram() == Standing::Failed && !(mayHaveFailed && inTransaction_))
-    ThrowFailed();
-  if (!inTransaction_) {
-    throw HostError(errors::ProviderError, u"Não há transação em andamento.");
-  }
-}
-
-void Session::BeginReading() {
+  patience_->RequireIdle();
   if (adoption_) {
-    RunPlain(u"BEGIN; " + OwnSettings());
-    ownReading_ = true;
-    return;
+    SettleRows();
+    const bool hasFailed = AskProgram() == Standing::Failed;
+    if (hasFailed && !(mayHaveFailed && inTransaction_)) ThrowFailed();
   }
-  Await([link = RequireLink()] { link->Begin(); });
-}
-
-void Session::EndReading() {
-  ownReading_ = false;
-  SendEnd(&Link::Commit, u"COMMIT");
-}
-
-void Session::AbandonReading() noexcept {
-  if (!IsOpen()) return;
-  if (!patience_->IsIdle()) {
-    leftReading_ = true;
-    return;
-  }
-  ownReading_ = false;
-  try {
-    adoption_ ? InnerStatement()->Run(u"ROLLBACK") : link_->Rollback();
-  } catch (...) {
-    // The connection is gone; its next use raises the error.
-  }
+  if (inTransaction_) return;
+  RequireLink();
+  throw HostError(errors::ProviderError, u"Não há transação em andamento.");
 }
 
 void Session::Await(const std::function<void()>& call) {
   const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
-  patience_->Await(call, [this] {
-    if (link_) link_->Cancel();
-  });
+  try {
+    patience_->Await(call, [link = link_] {
+      if (link) link->Cancel();
+    });
+  } catch (...) {
+    if (link_ && link_->IsLost()) reconnection_.NoteLoss();
+    throw;
+  }
 }
 
 std::uint32_t Session::Fetch(Statement& statement) {
@@ -389,6 +406,10 @@ void Session::ChangeTimeouts(Long command, Long lock) {
 }
 
 void Session::SetTimeouts(Long command, Long lock) {
+  if (scope_ == SettingsScope::Transaction) {
+    if (InTransaction()) RunPlain(LocalSettings(command, lock));
+    return;
+  }
   const String settings = TimeoutSettings(server_.dialect, command, lock);
   if (!settings.empty()) RunPlain(settings);
   if (!server_.IsPostgres()) RequireLink()->StatementTimeout(command);

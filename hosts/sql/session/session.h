@@ -11,6 +11,7 @@
 #include "hosts/sql/errors/driver_error.h"
 #include "hosts/sql/session/adoption.h"
 #include "hosts/sql/session/patience.h"
+#include "hosts/sql/session/reconnection.h"
 #include "hosts/sql/statements/statement_guard.h"
 
 namespace tessaria::sql {
@@ -76,8 +77,13 @@ class Session : public std::enable_shared_from_this<Session> {
   /// Undoes a transaction in progress. Does nothing when closed.
   void Close() noexcept;
   bool IsOpen() const noexcept { return link_ != nullptr && !link_->IsLost(); }
+  /// Whether the next statement of an action may open it again.
+  bool CanReconnect() const noexcept {
+    return !IsOpen() && !inTransaction_ && reconnection_.IsPossible();
+  }
 
-  /// Raises 3709 when closed, as do all functions below.
+  /// Raises 3709 when closed, as do all functions below. Stays as it was while the session can be
+  /// opened again, and until a transaction that was lost has been ended.
   const Server& ServerInfo() const;
   /// A new statement, after reading the remaining rows of the last one.
   StatementPtr NewStatement();
@@ -148,6 +154,7 @@ class Session : public std::enable_shared_from_this<Session> {
   /// and after a statement that may have changed settings or made temporary tables. Raises the
   /// errors of `Open`.
   std::shared_ptr<Session> OpenBeside();
+  bool CanBeReadBeside() const;
   /// What to know about a statement before it runs.
   void Note(const StatementFacts& facts);
   void Add(DistantRows* rows) { distant_.push_back(rows); }
@@ -162,6 +169,11 @@ class Session : public std::enable_shared_from_this<Session> {
   class Savepoint;
 
   LinkPtr RequireLink() const;
+  void Drop() noexcept;
+  void Reconnect();
+  void SetLocally(const String& modes);
+  bool StandsAlone() const;
+  void InItsScope(const std::function<void()>& work);
   void ReadServer();
   void SettleRows();
   void Settle();
@@ -176,7 +188,6 @@ class Session : public std::enable_shared_from_this<Session> {
   void SetTimeouts(Long command, Long lock);
   void RestoreTimeouts();
   // Of adopted connections, in session_adopted.cpp.
-  bool StandsAlone() const { return adoption_ && !ownReading_ && !InTransaction(); }
   Standing AskProgram();
   void BeginForProgram(const String& modes);
   void GuardSavepoint(const String& text);
@@ -187,16 +198,16 @@ class Session : public std::enable_shared_from_this<Session> {
                 int results);
 
   Connector connect_;
-  String connectionString_;
-  Long loginTimeout_ = 0;
+  Reconnection reconnection_;
   LinkPtr link_;
   Server server_;
   PendingRows* pending_ = nullptr;
   std::vector<DistantRows*> distant_;
-  bool hasOwnState_ = false;  // what a new session would not have
+  bool hasOwnState_ = false;          // what a new session would not have
   bool inTransaction_ = false;        // one that this layer has begun for the program
+  bool inOwnTransaction_ = false;     // one of this layer's own
   std::optional<Adoption> adoption_;  // of a connection that belongs to the program
-  bool ownReading_ = false;           // there, between the two ends of a transaction of one call
+  SettingsScope scope_ = SettingsScope::Session;
   Long commandTimeout_ = 30;
   Long lockTimeout_ = 10;
   bool setTimeoutsInTransaction_ = false;  // what its end may undo

@@ -7,8 +7,6 @@ namespace tessaria::sql {
 namespace {
 
 constexpr const char* kTransactionFailed = "25P02";
-// Of a statement that cannot run inside a transaction.
-constexpr const char* kNotInTransaction = "25001";
 
 void RequirePostgres(const Server& server) {
   if (server.IsPostgres()) return;
@@ -96,7 +94,7 @@ void Session::RunAlone(Statement& statement, const String& text, int results) {
   try {
     RunAfter(statement, OwnSettings(), Adoption::SettingCount(), text, results);
   } catch (const DriverError& error) {
-    if (error.SqlState() != kNotInTransaction) throw;
+    if (!error.IsRefusedInTransaction()) throw;
     RunAfter(statement, {}, 0, text, results);
   }
   KeepRest(statement);

@@ -111,14 +111,14 @@ bool IsPlainQuery(const Pieces& pieces) {
 }
 
 bool MayLockTables(const Pieces& pieces) {
-  static const std::set<String> kChanges = {u"INSERT", u"UPDATE", u"DELETE", u"MERGE"};
+  static constexpr StringView kChanges[] = {u"INSERT", u"UPDATE", u"DELETE", u"MERGE"};
   return !IsWordOf(pieces.front(), kReaders) && !IsWordOf(pieces.front(), kChanges);
 }
 
 bool LeavesState(const Pieces& pieces) {
-  static const std::set<String> kFirst = {u"SET",  u"RESET",   u"DISCARD", u"DO",
+  static constexpr StringView kFirst[] = {u"SET",  u"RESET",   u"DISCARD", u"DO",
                                           u"CALL", u"EXECUTE", u"LOAD",    u"SECURITY"};
-  static const std::set<String> kAnywhere = {u"SET_CONFIG", u"TEMP", u"TEMPORARY"};
+  static constexpr StringView kAnywhere[] = {u"SET_CONFIG", u"TEMP", u"TEMPORARY"};
   return IsWordOf(pieces.front(), kFirst) ||
          std::any_of(pieces.begin(), pieces.end(),
                      [](const Piece& piece) { return IsWordOf(piece, kAnywhere); });
@@ -147,7 +147,7 @@ std::size_t OrderOf(const Pieces& pieces) {
 
 // Which rows there are depends on their order, or the order ends before the statement does.
 bool NeedsItsOrder(const Pieces& pieces) {
-  static const std::set<String> kWords = {u"LIMIT", u"OFFSET", u"FETCH", u"DISTINCT", u"FOR"};
+  static constexpr StringView kWords[] = {u"LIMIT", u"OFFSET", u"FETCH", u"DISTINCT", u"FOR"};
   return std::any_of(pieces.begin(), pieces.end(), [](const Piece& piece) {
     return piece.depth == 0 && IsWordOf(piece, kWords);
   });
@@ -167,12 +167,9 @@ String FirstOrder(const Pieces& pieces, std::size_t order) {
 void ReadOrder(StatementFacts& facts, const Pieces& pieces) {
   if (!facts.isPlainQuery || NeedsItsOrder(pieces)) return;
   const std::size_t order = OrderOf(pieces);
-  if (order == pieces.size()) {
-    facts.unordered = facts.text;
-  } else {
-    facts.unordered = facts.text.substr(0, pieces[order].start);
-    facts.firstOrder = FirstOrder(pieces, order);
-  }
+  const bool hasOrder = order < pieces.size();
+  facts.rowsEnd = hasOrder ? pieces[order].start : facts.text.size();
+  if (hasOrder) facts.firstOrder = FirstOrder(pieces, order);
 }
 
 // One name after the outermost From, no comma in that list, and none of the mixers.

@@ -25,8 +25,8 @@ struct StatementFacts {
   bool isSmallQuery = false;
   /// Shows rows of one table one to one, so that a row can be written back.
   bool isSingleTable = false;
-  /// The rows without their order, where that makes no other rows of them; empty elsewhere.
-  String unordered;
+  /// Where the text ends that gives the same rows in any order; 0 where they depend on it.
+  std::size_t rowsEnd = 0;
   /// The column by which its rows come first of all, ascending: its name or its number from 1.
   /// Empty where that is not known.
   String firstOrder;

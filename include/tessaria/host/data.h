@@ -211,10 +211,16 @@ class TESSARIA_CORE_API Connection : public Object {
  public:
   virtual Long State() const = 0;
   virtual String ConnectionString() const = 0;
+  /// In the driver's form. "Pooling=transaction" in it, which the driver does not see, says that a
+  /// pooler gives every transaction another session of the server: nothing is set then but for one
+  /// transaction, and outside the program's every statement gets one of its own.
   virtual void ConnectionString(const String& text) = 0;
   /// Opens with `ConnectionString`. Errors carry the driver's own text.
   virtual void Open() = 0;
   virtual void Close() = 0;
+  /// Whether it was lost, so that the next statement of an action asks whether to open it again
+  /// (`ThreadState::reconnecting`). It answers for its provider properties then.
+  virtual bool CanReconnect() const { return false; }
 
   /// Seconds that `Open` waits for a server that does not answer; 15 by default. 0 leaves it to the
   /// driver. Can be assigned only while closed. Errors: 3705 while open, 3001 for a negative

@@ -8,6 +8,7 @@
 #include "tessaria/export.h"
 #include "tessaria/host/application.h"
 #include "tessaria/host/dialog.h"
+#include "tessaria/host/reconnecting.h"
 #include "tessaria/host/waiting.h"
 
 namespace tessaria::qt {
@@ -33,6 +34,7 @@ class TESSARIA_QT_API Host final : public QObject {
   std::unique_ptr<host::Application> application_;
   std::unique_ptr<host::Desktop> desktop_;
   std::unique_ptr<host::WaitView> waiting_;
+  std::unique_ptr<host::ReconnectView> reconnecting_;
 };
 
 /// Makes this program the host of the calling thread, once; every control does this itself. Needs a
