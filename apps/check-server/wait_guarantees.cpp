@@ -1,5 +1,9 @@
 // Time-outs, cancel, and lost connections.
 #include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <stop_token>
+#include <thread>
 
 #include <tessaria/conversion.h>
 #include <tessaria/error.h>
@@ -39,6 +43,23 @@ Finding EndsWith(host::Connection& connection, const String& statement, Long num
   return KeptIf(Subject::Scalar(connection, u"select 1") == u"1", "the next statement failed");
 }
 
+// Undoes the transaction that holds a lock: with the end of this object, or before, when the
+// time-out that is looked for does not come.
+class EndOfLock {
+ public:
+  explicit EndOfLock(host::Connection& holder)
+      : thread_([this, &holder](const std::stop_token& stop) {
+          std::unique_lock lock(mutex_);
+          changed_.wait_for(lock, stop, 5s, [] { return false; });
+          holder.RollbackTrans();
+        }) {}
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable_any changed_;
+  std::jthread thread_;
+};
+
 Finding CommandTimeout(Subject& subject) {
   if (!subject.IsPostgres()) return CannotTell(kNoSleep);
   subject.One().CommandTimeout(1);
@@ -53,9 +74,8 @@ Finding LockTimeout(Subject& subject) {
   subject.Other().BeginTrans();
   subject.Other().Execute(update);
   subject.One().LockTimeout(1);
-  Finding finding = EndsWith(subject.One(), update, errors::TimeOut);
-  subject.Other().RollbackTrans();
-  return finding;
+  const EndOfLock end(subject.Other());
+  return EndsWith(subject.One(), update, errors::TimeOut);
 }
 
 // Behind a pooler the sessions of the server are shared.

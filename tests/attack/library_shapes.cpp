@@ -37,7 +37,9 @@ std::string Unwrapped(const std::string& shape) {
 // A query without what its cursor adds: the first portion, and the reading of dates as texts.
 std::string WithoutCursor(const std::string& shape) {
   static const std::regex portion(" ; fetch N from tessaria_rows$");
-  static const std::regex cursor("^(begin ; )?declare tessaria_rows no scroll cursor for ");
+  static const std::regex cursor(
+      "^(begin ; )?(set transaction isolation level repeatable read ; )?"
+      "declare tessaria_rows no scroll cursor for ");
   return Unwrapped(std::regex_replace(std::regex_replace(shape, portion, ""), cursor, ""));
 }
 

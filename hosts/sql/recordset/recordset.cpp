@@ -4,6 +4,7 @@
 
 #include "hosts/sql/errors/driver_error.h"
 #include "hosts/sql/rows/find_criterion.h"
+#include "hosts/sql/rows/server_find.h"
 #include "hosts/sql/rows/sort_order.h"
 #include "tessaria/conversion.h"
 
@@ -184,8 +185,11 @@ void SqlRecordset::Find(const String& criteria) {
 // The rows before it do not match.
 std::int64_t SqlRecordset::FirstToSearch(const FindCriterion& criterion) const {
   const bool isInOrder = firstOrder_ == criterion.ColumnNumber() && facts_.rowsEnd > 0;
-  if (!isInOrder || shown_->IsChanged() || !table_->IsDistant()) return position_;
-  const auto before = table_->RowsBeforeMatches(facts_.text.substr(0, facts_.rowsEnd), criterion);
+  if (!isInOrder || table_->IsWritten() || shown_->IsChanged() || !table_->IsDistant()) {
+    return position_;
+  }
+  const auto before = RowsBeforeMatches(table_->Moment(), table_->TableColumns(),
+                                        facts_.text.substr(0, facts_.rowsEnd), criterion);
   return std::max<std::int64_t>(position_, before.value_or(0));
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "hosts/sql/rows/server_find.h"
 #include "hosts/sql/rows/server_order.h"
 #include "tessaria/error.h"
 
@@ -138,12 +137,6 @@ std::shared_ptr<RowTable> RowTable::Sorted(const String& query, const std::vecto
   if (!anew) window->TakeCount(*window_);
   window->Reach(0);
   return std::make_shared<RowTable>(session_, columns_, std::move(window));
-}
-
-std::optional<std::uint32_t> RowTable::RowsBeforeMatches(const String& query,
-                                                         const FindCriterion& criterion) const {
-  if (IsWritten()) return std::nullopt;
-  return sql::RowsBeforeMatches(*window_->Moment(), columns_, query, criterion);
 }
 
 void RowTable::Hold(RowId row) const {

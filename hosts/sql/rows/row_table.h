@@ -16,8 +16,6 @@
 
 namespace tessaria::sql {
 
-class FindCriterion;
-
 /// Identifies a row for as long as the table lives.
 using RowId = std::uint32_t;
 
@@ -70,10 +68,8 @@ class RowTable final : public PendingRows,
   /// statement. Nothing when the server cannot sort them as `SortRows` does.
   std::shared_ptr<RowTable> Sorted(const String& query, const std::vector<SortKey>& keys,
                                    bool anew);
-  /// As the function of that name, for the rows of the statement; only when rows are at the server
-  /// and none was written.
-  std::optional<std::uint32_t> RowsBeforeMatches(const String& query,
-                                                 const FindCriterion& criterion) const;
+  /// The moment of rows at the server.
+  Snapshot& Moment() const { return *window_->Moment(); }
   /// Whether rows were written or added.
   bool IsWritten() const { return !written_.empty(); }
 
