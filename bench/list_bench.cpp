@@ -184,7 +184,8 @@ void Provide() {
         "create table clientes as select g as codigo, (array['Ana','Bruno','Célia','Davi','Elza',"
         "'Fábio','Gilda','Heitor','Inês','José','Karen','Luís','Maria','Nélson','Olga','Paulo',"
         "'Quitéria','Rui','Sônia','Tomás','Ursula','Vítor','Wanda','Xavier','Yara','Zélia'])"
-        "[1 + g * 11 % 26] || ' de Souza ' || g as nome, 'Cidade ' || g % 5000 as cidade"
+        "[1 + g * 11 % 26] || ' de Souza ' || g::text collate \"pt-BR-x-icu\" as nome, 'Cidade ' "
+        "|| g % 5000 as cidade"
         " from generate_series(1, " +
         std::to_string(Rows()) +
         ") g; alter table clientes add primary key (codigo);"

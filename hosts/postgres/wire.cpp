@@ -101,13 +101,9 @@ void Wire::Cancel() noexcept {
     char reason[256];
     PQcancel(cancel.get(), reason, sizeof reason);
   };
-  if (!sql::IsOverWithin(kCancelTimeout, ask) && !connection_.get_deleter().isLent) Break();
-}
-
-// Ends the call that another thread makes.
-void Wire::Break() noexcept {
-  lost_ = true;
-  EndLine(PQsocket(Get()));
+  if (sql::IsOverWithin(kCancelTimeout, ask)) return;
+  lost_ = true;  // a late answer would meet another statement
+  if (!connection_.get_deleter().isLent) EndLine(PQsocket(Get()));
 }
 
 void Wire::Fail(const DriverError& error) {

@@ -64,7 +64,6 @@ class Wire {
   Result Take();
   Result Receive() noexcept;
   void Discard() noexcept;
-  void Break() noexcept;
   [[noreturn]] void Fail(const DriverError& error);
   void RequireSound(const PGresult* result);
 

@@ -1,5 +1,6 @@
 // Runs the contracts of record sets on rows of a real database.
 #include "tests/ports/record_set_contract.h"
+#include "tests/ports/case_count.h"
 #include "tests/ports/record_set_doubt_contract.h"
 #include "tests/ports/record_set_edit_contract.h"
 #include "tests/sql/database_test.h"
@@ -7,6 +8,8 @@
 
 namespace tessaria::contract {
 namespace {
+
+const bool counted = CountCases(test::DriverName());
 
 class DatabaseData final : public DataDriver {
  public:

@@ -386,6 +386,56 @@ TEST_F(WindowTest, TheFirstOfTheRowsThatMatchIsFoundInAnyOrder) {
   }
 }
 
+TEST_F(WindowTest, ANumberIsFoundByItsPlaceInTheOrder) {
+  Run(u"delete from t where codigo = 45000");
+  Run(u"update t set valor = 7 where codigo between 55000 and 55010");
+  const auto rows = Read(u"select * from t order by codigo");
+  rows->Find(u"codigo = 50001");
+  EXPECT_EQ(rows->AbsolutePosition(), 50000);
+  rows->Find(u"codigo = 50001");
+  EXPECT_EQ(rows->AbsolutePosition(), 50000) << "from the current row, inclusive";
+  rows->Find(u"codigo = 20");
+  EXPECT_TRUE(rows->Eof()) << "only forward";
+  for (const StringView missing : {u"45000", u"0", u"99999999999", u"1234567890123456789012"}) {
+    rows->MoveFirst();
+    rows->Find(u"codigo = " + String(missing));
+    EXPECT_TRUE(rows->Eof()) << ToUtf8(missing);
+  }
+  rows->MoveFirst();
+  rows->Find(u"codigo = -3");
+  EXPECT_TRUE(rows->Eof());
+  rows->MoveFirst();
+  rows->Sort(u"valor");
+  rows->Find(u"valor = 7");
+  EXPECT_SAME(Get(rows, u"codigo"), Long{700});
+}
+
+TEST_F(WindowTest, RowsThatAreEqualKeepTheOrderOfTheStatement) {
+  Run(u"update t set dia = '2020-01-01' where codigo % 3 = 0");
+  Run(u"create index on t (dia)");
+  const auto rows = Ends(Read(u"select * from t order by codigo"));
+  rows->Sort(u"dia");
+  rows->Find(u"dia = 01/01/2020");
+  Long before = 0;
+  for (int i = 0; i < 1000; ++i, rows->MoveNext()) {
+    const Long code = CLng(Get(rows, u"codigo"));
+    ASSERT_GT(code, before);
+    before = code;
+  }
+}
+
+TEST_F(WindowTest, TimeOutsReachTheRowsAtTheServer) {
+  Run(u"create view lenta as select codigo, case when codigo > 50000 then pg_sleep(0.01)::text end"
+      u" as pausa from t");
+  const auto rows = Read(u"select * from lenta");
+  rows->AbsolutePosition(25000);
+  connection_->CommandTimeout(1);
+  EXPECT_HOST_ERROR(rows->RecordCount(), errors::TimeOut);
+  EXPECT_EQ(rows->AbsolutePosition(), 25000);
+  rows->AbsolutePosition(40000);
+  EXPECT_SAME(Get(rows, u"codigo"), Long{40000});
+}
+
 TEST_F(WindowTest, ASortedSetIsSearchedInItsOrder) {
   Run(u"alter table t alter nome type text collate \"pt-BR-x-icu\"");
   Run(u"update t set nome = null where codigo between 100 and 200");

@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyle>
@@ -110,9 +111,11 @@ GridPane::GridPane(QWidget* parent)
   setFocusProxy(view_);
   missing_.setSingleShot(true);
   QObject::connect(&missing_, &QTimer::timeout, this, [this] {
+    const QPointer<GridPane> self(this);
+    const bool areHeld = holdRows(0);
+    if (!self) return;
     // While the server is asked for something else, the rows have to wait.
-    if (!holdRows(0)) return missing_.start(kRetry);
-    view_->viewport()->update();
+    areHeld ? view_->viewport()->update() : missing_.start(kRetry);
   });
   ahead_.setSingleShot(true);
   ahead_.setInterval(kPause);
@@ -127,7 +130,8 @@ bool GridPane::holdRows(int around) {
 }
 
 void GridPane::holdShownRows() {
-  if (holdRows(0)) ahead_.start();
+  const QPointer<GridPane> self(this);
+  if (holdRows(0) && self) ahead_.start();
 }
 
 void GridPane::holdMissingRows() {
@@ -237,11 +241,11 @@ host::GridColumn& DataGridItem::Column(Long position) {
 
 void DataGridItem::ShowCurrentRow() {
   const QScopedValueRollback echo(following_, true);
-  pane_.model().refresh();
-  showOrder();
   const auto& rows = pane_.model().rows();
   const bool open = rows && rows->State() != host::state::Closed;
-  const int row = open ? int(rows->AbsolutePosition()) - 1 : -1;
+  const int row = open ? int(rows->AbsolutePosition()) - 1 : -1;  // may count the rows
+  pane_.model().refresh();
+  showOrder();
   const int column = std::max(0, pane_.view().shownColumn(pane_.view().currentIndex().column()));
   const QModelIndex current = pane_.model().index(row, column);
   pane_.view().setCurrentIndex(current);

@@ -20,6 +20,16 @@ constexpr int kMostCharacters = 40;
 constexpr int kNumberCharacters = 12;
 constexpr int kDateCharacters = 11;
 
+bool wasGivenUp(const std::exception_ptr& failure) {
+  try {
+    std::rethrow_exception(failure);
+  } catch (const HostError& error) {
+    return error.Number() == errors::Cancelled;
+  } catch (...) {
+    return false;
+  }
+}
+
 bool isDate(Long type) {
   using namespace host;
   return type == type::Date || type == type::DBDate || type == type::DBTimeStamp;
@@ -35,6 +45,7 @@ void RecordModel::setRows(host::RecordsetPtr rows) {
   columns_.clear();
   shown_ = 0;
   failed_ = false;
+  paused_ = false;
   if (isOpen()) {
     for (Long i = 0; i < rows_->Fields().Count(); ++i) {
       const auto field = rows_->Fields().Item(i);
@@ -105,7 +116,8 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
   if (role != Qt::DisplayRole) return {};
   try {
     if (rows_->Holds(index.row() + 1)) return text(index);
-    if (rowsMissing && !failed_) rowsMissing();
+    const bool canCome = !paused_ && !failed_ && index.row() < rows_->RowsRead();
+    if (rowsMissing && canCome) rowsMissing();
     return {};
   } catch (const HostError&) {
     return {};  // the row has gone since the view asked for the number of rows
@@ -144,10 +156,12 @@ void RecordModel::fetchMore(const QModelIndex& parent) {
 
 bool RecordModel::hold(int first, int last) {
   if (failed_ || !isOpen()) return true;
+  paused_ = false;
   try {
     return rows_->Hold(first + 1, last + 1);
   } catch (...) {
-    failed_ = true;
+    failed_ = !wasGivenUp(std::current_exception());
+    paused_ = true;
     if (readingFailed) readingFailed(std::current_exception());
     return true;
   }
@@ -155,7 +169,7 @@ bool RecordModel::hold(int first, int last) {
 
 /// A record set that already failed to read reports it at once.
 void RecordModel::noteFailure() {
-  if (canFetchMore({})) readOn(1);
+  if (!paused_ && canFetchMore({})) readOn(1);
 }
 
 }  // namespace tessaria::qt

@@ -66,6 +66,7 @@ class RecordModel final : public QAbstractTableModel {
   std::vector<Column> columns_;
   int shown_ = 0;  ///< rows that the view knows of
   bool failed_ = false;
+  bool paused_ = false;  ///< missing rows are not asked for before the next movement
 };
 
 }  // namespace tessaria::qt

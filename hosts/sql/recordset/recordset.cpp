@@ -7,6 +7,7 @@
 #include "hosts/sql/rows/server_find.h"
 #include "hosts/sql/rows/sort_order.h"
 #include "tessaria/conversion.h"
+#include "tessaria/text.h"
 
 namespace tessaria::sql {
 namespace {
@@ -21,7 +22,9 @@ constexpr Long kPositionEof = -3;
 // The column of a statement's order: a number from 1, or a name.
 std::optional<std::size_t> ColumnOfOrder(const Columns& columns, const String& item) {
   if (item.empty() || item.find_first_not_of(u"0123456789") != String::npos) {
-    return ColumnOfName(columns, item);
+    const auto isNamedSo = [&](const Column& column) { return EqualNoCase(column.name, item); };
+    const bool isOne = std::count_if(columns.begin(), columns.end(), isNamedSo) == 1;
+    return isOne ? ColumnOfName(columns, item) : std::nullopt;
   }
   const double number = Val(item);
   if (number < 1 || number > static_cast<double>(columns.size())) return std::nullopt;
@@ -92,11 +95,13 @@ bool SqlRecordset::HasRow(std::int64_t position) const {
 bool SqlRecordset::StandsOnRow() const { return !onDeleted_ && HasRow(position_); }
 
 bool SqlRecordset::Bof() const {
+  const auto keep = Keep();
   if (edit_ == host::EditMode::Add || onDeleted_) return Table(), false;
   return !HasRow(0) || position_ == kBof;
 }
 
 bool SqlRecordset::Eof() const {
+  const auto keep = Keep();
   if (edit_ == host::EditMode::Add || onDeleted_) return Table(), false;
   return !HasRow(0) || (position_ != kBof && !HasRow(position_));
 }
@@ -108,8 +113,8 @@ Long SqlRecordset::RecordCount() {
 }
 
 Long SqlRecordset::AbsolutePosition() const {
+  const auto keep = Keep();
   if (edit_ == host::EditMode::Add) {
-    const auto keep = weak_from_this().lock();
     Table();
     return static_cast<Long>(shown_->NumberOfNext()) + 1;
   }
@@ -126,7 +131,7 @@ Long SqlRecordset::PositionIfKnown() const {
 // The edit is written before the move. When the target cannot be read, the position does not
 // change.
 void SqlRecordset::MoveTo(std::int64_t position) {
-  if (shown_->Has(position)) table_->Hold(shown_->At(position));
+  if (shown_->Has(position)) table_->Pin(shown_->At(position));
   position_ = position;
   onDeleted_ = false;
   doubt_ = Doubt::None;
@@ -175,22 +180,25 @@ void SqlRecordset::AbsolutePosition(Long row) {
 void SqlRecordset::Find(const String& criteria) {
   const auto keep = Keep();
   const FindCriterion criterion(ColumnInfo(), criteria);
+  const Patience::Request request(session_->Waits());
   WriteEdit();
   if (!StandsOnRow()) ThrowNoRow();
-  std::int64_t position = FirstToSearch(criterion);
-  while (HasRow(position) && !criterion.Matches(*table_, shown_->At(position))) ++position;
+  const auto before = RowsBefore(criterion);
+  std::int64_t position = std::max<std::int64_t>(position_, before.value_or(0));
+  while (HasRow(position) && !criterion.Matches(*table_, shown_->At(position))) {
+    position = before && sort_.empty() && criterion.IsOneNumber() ? shown_->Count() : position + 1;
+  }
   MoveTo(position);
 }
 
-// The rows before it do not match.
-std::int64_t SqlRecordset::FirstToSearch(const FindCriterion& criterion) const {
+// The number of first rows that do not match, as far as the server knows.
+std::optional<std::uint32_t> SqlRecordset::RowsBefore(const FindCriterion& criterion) const {
   const bool isInOrder = firstOrder_ == criterion.ColumnNumber() && facts_.rowsEnd > 0;
   if (!isInOrder || table_->IsWritten() || shown_->IsChanged() || !table_->IsDistant()) {
-    return position_;
+    return std::nullopt;
   }
-  const auto before = RowsBeforeMatches(table_->Moment(), table_->TableColumns(),
-                                        facts_.text.substr(0, facts_.rowsEnd), criterion);
-  return std::max<std::int64_t>(position_, before.value_or(0));
+  return RowsBeforeMatches(table_->Moment(), table_->TableColumns(),
+                           facts_.text.substr(0, facts_.rowsEnd), criterion);
 }
 
 void SqlRecordset::Sort(const String& order) {
@@ -211,15 +219,31 @@ std::optional<std::size_t> SqlRecordset::FirstOrderOf(const std::vector<SortKey>
   return keys.front().descending ? std::nullopt : std::optional(keys.front().column);
 }
 
+// Rows at the server, which may be sorted there, so that they can be sorted here.
+void SqlRecordset::HoldInStatementOrder() {
+  if (auto unsorted = sort_.empty() ? nullptr : table_->Sorted(facts_.text, {}, false)) {
+    if (!table_->IsWritten() && !shown_->IsChanged()) Show(std::move(unsorted));
+  }
+  table_->HoldRows();
+}
+
+// Rows that are equal come in the statement's order, as far as its first column tells it.
+std::vector<SortKey> SqlRecordset::WithOwnOrder(std::vector<SortKey> keys) const {
+  const auto own = FirstOrderOf({});
+  if (!keys.empty() && own) keys.push_back({*own, false});
+  return keys;
+}
+
 // Rows that are at the server are sorted there.
 bool SqlRecordset::SortAtServer(const std::vector<SortKey>& keys) {
   if (!table_->IsDistant()) return false;
   const bool anew = table_->IsWritten() || shown_->IsChanged();
   const bool isWhole = keys.empty() || facts_.rowsEnd == 0;
   const String query = isWhole ? facts_.text : facts_.text.substr(0, facts_.rowsEnd);
-  auto sorted = table_->Sorted(query, keys, anew);
+  auto sorted = table_->Sorted(query, WithOwnOrder(keys), anew);
+  if (!sorted) sorted = table_->Sorted(query, keys, anew);
   if (!sorted) {
-    table_->HoldAll();
+    HoldInStatementOrder();
     return false;
   }
   Show(std::move(sorted));
@@ -255,6 +279,7 @@ bool SqlRecordset::FetchMore(Long rows) {
 }
 
 Variant SqlRecordset::ValueAt(Long row, Long ordinal) const {
+  const auto keep = Keep();
   if (row < 1 || row > RowsRead()) ThrowNoRow();
   if (ordinal < 0 || static_cast<std::size_t>(ordinal) >= ColumnInfo().size())
     throw HostError(errors::ItemNotFound);

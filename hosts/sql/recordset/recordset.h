@@ -1,4 +1,4 @@
-// The record set over ODBC.
+// The record set over a driver.
 #pragma once
 
 #include <deque>
@@ -118,7 +118,7 @@ class SqlRecordset final : public host::Recordset,
   static constexpr std::int64_t kBof = -1;
 
   // While the server is waited for, something that runs meanwhile may let go of the record set.
-  std::shared_ptr<SqlRecordset> Keep() { return weak_from_this().lock(); }
+  std::shared_ptr<const SqlRecordset> Keep() const { return weak_from_this().lock(); }
   void Run();
   RowTable& Table() const;
   bool HasRow(std::int64_t position) const;
@@ -127,7 +127,9 @@ class SqlRecordset final : public host::Recordset,
   void Show(std::shared_ptr<RowTable> table);
   bool SortAtServer(const std::vector<SortKey>& keys);
   std::optional<std::size_t> FirstOrderOf(const std::vector<SortKey>& keys) const;
-  std::int64_t FirstToSearch(const FindCriterion& criterion) const;
+  std::optional<std::uint32_t> RowsBefore(const FindCriterion& criterion) const;
+  void HoldInStatementOrder();
+  std::vector<SortKey> WithOwnOrder(std::vector<SortKey> keys) const;
   void MoveTo(std::int64_t position);
   void RequireUpdatable() const;
   void RequireRow() const;

@@ -23,6 +23,7 @@ void SqlRecordset::RequireRow() const {
 }
 
 Variant SqlRecordset::FieldValue(std::size_t column) const {
+  const auto keep = Keep();
   RequireRow();
   const auto change = changes_.find(column);
   if (change != changes_.end()) return change->second;

@@ -1,6 +1,7 @@
 #include "hosts/sql/rows/find_criterion.h"
 
 #include <algorithm>
+#include <string>
 
 #include "hosts/sql/errors/driver_error.h"
 #include "hosts/sql/values/calendar.h"
@@ -23,6 +24,14 @@ bool IsQuoted(const String& text, char16_t quote) {
 bool IsDateColumn(const Column& column) {
   return column.storage == Storage::Day || column.storage == Storage::TimeOfDay ||
          column.storage == Storage::Moment;
+}
+
+// Digits that every 64-bit number has room for.
+constexpr int kSafeDigits = 18;
+
+bool IsWholeNumber(const Column& column) {
+  return column.storage == Storage::Int16 || column.storage == Storage::Int32 ||
+         column.storage == Storage::Int64;
 }
 
 double BinaryOf(const Variant& value) {
@@ -118,6 +127,8 @@ void FindCriterion::TakeNumber(const Column& column, const String& text) {
   const auto digits = ReadCriterionNumber(text);
   if (!digits) throw HostError(errors::InvalidCriteria);
   number_ = *digits;
+  const bool isWhole = number_.Scale() == 0 && number_.Point <= kSafeDigits;
+  if (IsWholeNumber(column) && isWhole) least_ = FromUtf8(std::to_string(ToWhole(number_)));
   if (column.storage == Storage::Double) TakeBinary(Variant(ToDouble(number_)));
   if (column.storage == Storage::Single) {
     TakeBinary(Variant(static_cast<float>(ToDouble(number_))));
@@ -147,11 +158,11 @@ bool FindCriterion::Matches(const RowTable& table, RowId row) const {
 }
 
 std::optional<String> FindCriterion::LeastMatch() const {
-  if (isNull_ || !isText_) return std::nullopt;
-  const String start = pattern_ ? pattern_->Start() : LCase(value_);
-  const bool isFromThere = operator_ == Operator::Like || operator_ == Operator::Equal;
-  if (!isFromThere || start.empty()) return std::nullopt;
-  return start;
+  const bool isLike = operator_ == Operator::Like;
+  const bool isFromThere = isLike || operator_ == Operator::Equal;
+  if (isNull_ || !isFromThere) return std::nullopt;
+  const String start = !isText_ ? least_ : isLike ? pattern_->Start() : LCase(value_);
+  return start.empty() ? std::nullopt : std::optional(start);
 }
 
 // Unordered for a cell that is shown as text, unless the text is a number.

@@ -29,6 +29,8 @@ class FindCriterion {
   /// A value, as a text, before which nothing matches in the ascending order of the column, texts
   /// as in a dictionary. Nothing where there is none or it is not known.
   std::optional<String> LeastMatch() const;
+  /// Whether all rows that match are next to each other in that order.
+  bool IsOneNumber() const { return !isText_ && LeastMatch().has_value(); }
 
  private:
   enum class Operator { Equal, NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual, Like };
@@ -46,6 +48,7 @@ class FindCriterion {
   bool isNull_ = false;
   String value_;   // of a text column
   Digits number_;  // of a column of numbers
+  String least_;   // the same of whole numbers, as a text
   std::optional<double> binary_;
   std::int64_t moment_ = 0;  // of a column of dates
   std::optional<LikePattern> pattern_;

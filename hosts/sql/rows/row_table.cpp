@@ -61,12 +61,14 @@ bool RowTable::ReadBlock() {
 
 // A second reading shows the same rows in the same order, or nothing changes.
 bool RowTable::MoveToWindow() {
-  if (!stream_ || isWindowRefused_ || !stream_->IsRepeatable()) return false;
+  if (!stream_ || isWindowRefused_ || !CanRead() || !stream_->IsRepeatable()) return false;
   isWindowRefused_ = true;
   try {
     window_ = WindowOfTheStream();
   } catch (const HostError& error) {
     if (error.Number() != errors::Cancelled) return false;
+    failure_ = std::current_exception();
+  } catch (...) {
     failure_ = std::current_exception();
   }
   if (window_) session_->Add(this);
@@ -78,7 +80,9 @@ std::unique_ptr<RowWindow> RowTable::WindowOfTheStream() const {
   auto snapshot = Snapshot::Shared(*session_);
   if (!snapshot) return nullptr;
   auto window = std::make_unique<RowWindow>(std::move(snapshot), stream_->Query(), columns_);
-  return window->StartsWith(*read_) ? std::move(window) : nullptr;
+  if (!window->StartsWith(*read_)) return nullptr;
+  window->Moment()->Accept();
+  return window;
 }
 
 // As far as the first rows do, or the reading of all.
@@ -131,11 +135,12 @@ std::shared_ptr<RowTable> RowTable::Sorted(const String& query, const std::vecto
                                            bool anew) {
   const auto snapshot = anew ? Snapshot::Now(*session_) : window_->Moment();
   if (!snapshot) return nullptr;
+  if (anew) snapshot->Accept();
   const auto sorted = OrderedQuery(*snapshot, columns_, query, keys);
   if (!sorted) return nullptr;
   auto window = std::make_unique<RowWindow>(snapshot, *sorted, columns_);
   if (!anew) window->TakeCount(*window_);
-  window->Reach(0);
+  if (window->Reach(0)) window->PlaceOf(0);  // the sort itself, which may fail
   return std::make_shared<RowTable>(session_, columns_, std::move(window));
 }
 
@@ -150,16 +155,29 @@ void RowTable::ReadRest() noexcept {
   ReadUpTo(kAdded - 1);
 }
 
-void RowTable::HoldAll() noexcept {
+void RowTable::HoldRows() {
+  if (!window_) return;
   const auto keep = weak_from_this().lock();
   const Patience::Request request(session_->Waits());
-  try {
-    window_->ReadOn(read_->RowCount(), *read_);
-  } catch (...) {
-    failure_ = std::current_exception();
-  }
+  window_->ReadOn(read_->RowCount(), *read_);
   window_.reset();
   session_->Remove(this);
+}
+
+void RowTable::HoldAll() noexcept {
+  try {
+    HoldRows();
+  } catch (...) {
+    // The rows stay where they are. Whoever needs one of them gets the error.
+  }
+}
+
+void RowTable::Pin(RowId row) {
+  if (!window_ || row < read_->RowCount() || replaced_.contains(row)) return;
+  ColumnStore one(columns_);
+  for (std::size_t column = 0; column < columns_.size(); ++column) CopyCell(row, column, one);
+  one.EndRows(1);
+  pinned_.emplace(row, std::move(one));
 }
 
 CellPlace RowTable::PlaceOf(RowId row) const {
@@ -167,7 +185,9 @@ CellPlace RowTable::PlaceOf(RowId row) const {
     const auto replaced = replaced_.find(row);
     if (replaced != replaced_.end()) return {&written_[replaced->second], 0};
   }
-  return row < read_->RowCount() || !window_ ? CellPlace{&*read_, row} : window_->PlaceOf(row);
+  if (row < read_->RowCount() || !window_) return {&*read_, row};
+  if (pinned_ && pinned_->first == row) return {&pinned_->second, 0};
+  return window_->PlaceOf(row);
 }
 
 bool RowTable::IsNull(RowId row, std::size_t column) const {

@@ -62,6 +62,10 @@ class RowTable final : public PendingRows,
   /// Makes the connection free for another statement: what is not at the server afterwards is held.
   void ReadRest() noexcept override;
   void HoldAll() noexcept override;
+  /// The same, raising the errors of reading; the rows stay at the server then.
+  void HoldRows();
+  /// Keeps this row, and no other that was kept so, whatever becomes of the server.
+  void Pin(RowId row);
   /// Whether rows are at the server. Decides it for a result that has not been read to its end.
   bool IsDistant();
   /// Rows at the server in another order: of the same moment, or of the present one. `query` is the
@@ -106,6 +110,7 @@ class RowTable final : public PendingRows,
   std::optional<ColumnStore> read_;    // the first rows
   std::unique_ptr<RowWindow> window_;  // the others of a large result
   bool isWindowRefused_ = false;
+  std::optional<std::pair<RowId, ColumnStore>> pinned_;  // of the window
   std::uint32_t added_ = 0;
   std::vector<ColumnStore> written_;                 // one row each: as written since the read
   std::unordered_map<RowId, std::size_t> replaced_;  // index into `written_`

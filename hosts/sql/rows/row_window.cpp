@@ -13,6 +13,11 @@ constexpr std::uint32_t kPageRows = 2048;
 constexpr std::size_t kMostPages = 12;
 // Pages that are read together while rows are asked for one after the other.
 constexpr std::uint32_t kPagesAhead = 4;
+// The same while all rows are read.
+constexpr std::uint32_t kPagesTogether = 8;
+
+constexpr StringView kBroken =
+    u"As linhas no servidor não estão mais na mesma ordem. Leia-as de novo.";
 
 String Number(std::uint64_t number) { return FromUtf8(std::to_string(number)); }
 
@@ -24,28 +29,48 @@ RowWindow::RowWindow(std::shared_ptr<Snapshot> snapshot, String query, Columns c
       columns_(std::move(columns)),
       cursor_(snapshot_->NewCursor()) {}
 
-RowWindow::~RowWindow() { snapshot_->Beside().Retire(std::move(statement_)); }
+RowWindow::~RowWindow() {
+  if (statement_ && declaredAfter_ == snapshot_->Recoveries()) snapshot_->NoteUnused(cursor_);
+  snapshot_->Beside().Retire(std::move(statement_));
+}
 
 void RowWindow::Declare() {
   Session& session = snapshot_->Beside();
+  if (isBroken_) throw HostError(errors::ProviderError, String(kBroken));
   if (statement_ && declaredAfter_ == snapshot_->Recoveries()) return;
   session.Retire(std::move(statement_));
   at_.reset();
+  const std::vector<String> unused = snapshot_->TakeUnused();
+  String text;
+  for (const String& cursor : unused) text += u"CLOSE " + cursor + u"; ";
+  text += u"DECLARE " + cursor_ + u" " + String(session.CursorKind()) + u"SCROLL CURSOR FOR " +
+          query_ + u"\n; FETCH 0 FROM " + cursor_;
   StatementPtr statement = session.NewStatement();
-  session.ExecuteBatch(*statement,
-                       u"DECLARE " + cursor_ + u" " + String(session.CursorKind()) +
-                           u"SCROLL CURSOR FOR " + query_ + u"\n; FETCH 0 FROM " + cursor_,
-                       2);
+  session.ExecuteBatch(*statement, text, 2 + static_cast<int>(unused.size()));
   statement->Bind(columns_);
   statement_ = std::move(statement);
   declaredAfter_ = snapshot_->Recoveries();
   at_ = 0;
+  RequireSameRows();
+}
+
+// The query has run again: its rows must come as before.
+void RowWindow::RequireSameRows() {
+  if (pages_.empty()) return;
+  ColumnStore again(columns_);
+  Move(pages_.front().number * kPageRows, 1);
+  Take(again);
+  isBroken_ = again != pages_.front().rows;
+  if (isBroken_) throw HostError(errors::ProviderError, String(kBroken));
 }
 
 // A failed statement leaves the transaction unusable, and the cursor with it.
 template <class Request>
 auto RowWindow::Ask(Request request) {
-  const Patience::Request whole(snapshot_->Beside().Waits());
+  Patience& waits = snapshot_->Beside().Waits();
+  waits.RequireIdle();
+  const Patience::Request whole(waits);
+  waits.Breathe();
   try {
     Declare();
     return request();
@@ -175,16 +200,20 @@ CellPlace RowWindow::PlaceOf(std::uint32_t number) {
 }
 
 void RowWindow::ReadOn(std::uint32_t from, ColumnStore& to) {
-  const std::uint32_t whole = to.RowCount();
+  const std::uint32_t before = to.RowCount();
   Ask([&] {
-    std::uint32_t rows = 0, before = 0;
+    std::uint32_t end = 0, rows = 0;
     do {
-      before = rows;
-      Move(from + rows, 1);
-      Take(to);
-      rows = to.RowCount() - whole;
-      at_ = from + rows;
-    } while (rows - before == kPageRows);
+      snapshot_->Beside().Waits().Breathe();
+      rows = end;
+      Move(from + rows, kPagesTogether);
+      for (std::uint32_t i = 0; i < kPagesTogether; ++i) {
+        if (i > 0) snapshot_->Beside().NextResult(*statement_);
+        Take(to);
+      }
+      end = to.RowCount() - before;
+      at_ = from + end;
+    } while (end - rows == kPagesTogether * kPageRows);
     at_.reset();
   });
 }

@@ -52,6 +52,7 @@ class RowWindow {
   };
 
   void Declare();
+  void RequireSameRows();
   template <class Request>
   auto Ask(Request request);
   Page* Find(std::uint32_t page);
@@ -71,6 +72,7 @@ class RowWindow {
   std::uint32_t known_ = 0;
   bool isEndKnown_ = false;
   std::optional<std::uint32_t> lastLoaded_;
+  bool isBroken_ = false;   // it was found that the rows do not come as before
   int declaredAfter_ = -1;  // the recoveries of the snapshot before the cursor was declared
 };
 

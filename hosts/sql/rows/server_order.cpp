@@ -26,8 +26,7 @@ bool IsOneOf(const String& name, const auto& names) {
 bool IsText(const Column& column) { return IsOneOf(column.typeName, kTexts); }
 
 // An expression that gives 1 when the column holds Null, else 0.
-String NullQuestion(const Columns& columns, const SortKey& key, const String& from) {
-  if (!columns[key.column].nullable) return u"0";
+String NullQuestion(const SortKey& key, const String& from) {
   return u"(SELECT count(*) FROM (SELECT 1 FROM " + from + u" WHERE " + ServerName(key) +
          u" IS NULL LIMIT 1) AS tessaria_nulls)";
 }
@@ -55,8 +54,8 @@ std::optional<String> OrderOf(Snapshot& snapshot, const Columns& columns, const 
                               const std::vector<SortKey>& keys) {
   String questions, order;
   for (const SortKey& key : keys) {
-    questions += (questions.empty() ? u"SELECT " : u", ") + NullQuestion(columns, key, from) +
-                 u", " + DictionaryQuestion(columns, key, from);
+    questions += (questions.empty() ? u"SELECT " : u", ") + NullQuestion(key, from) + u", " +
+                 DictionaryQuestion(columns, key, from);
   }
   const TextRow answers = Ask(snapshot, questions);
   for (std::size_t i = 0; i < keys.size(); ++i) {
@@ -86,7 +85,8 @@ String DictionaryQuestion(const Columns& columns, const SortKey& key, const Stri
   const auto less = [](const char16_t* a, const char16_t* b) {
     return u"coalesce(tessaria_one.c, " + String(a) + u") < coalesce(tessaria_one.c, " + b + u")";
   };
-  return u"(SELECT CASE WHEN " + less(u"'a'", u"'B'") + u" AND " + less(u"'\u00C1b'", u"'ac'") +
+  return u"(SELECT CASE WHEN " + less(u"'i'", u"'I'") + u" AND " + less(u"'a'", u"'B'") + u" AND " +
+         less(u"'\u00C1b'", u"'ac'") +
          u" THEN 1 ELSE 0 END FROM (SELECT) AS tessaria_none LEFT JOIN (SELECT " + ServerName(key) +
          u" AS c FROM " + from + u" LIMIT 0) AS tessaria_one ON true)";
 }

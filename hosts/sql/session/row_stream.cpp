@@ -21,8 +21,20 @@ constexpr std::uint32_t kFurtherFetches = 8;
 
 // Words before a parenthesis that do not call anything with side effects.
 constexpr StringView kHarmless[] = {
-    u"and", u"cast",    u"char", u"coalesce", u"decimal",   u"from",  u"in",      u"lower",
-    u"not", u"numeric", u"or",   u"trim",     u"substring", u"upper", u"varchar", u"where"};
+    u"abs",        u"all",      u"and",       u"any",        u"as",         u"avg",
+    u"between",    u"btrim",    u"by",        u"cast",       u"ceil",       u"char",
+    u"coalesce",   u"concat",   u"count",     u"date_part",  u"date_trunc", u"decimal",
+    u"dense_rank", u"distinct", u"else",      u"except",     u"exists",     u"extract",
+    u"filter",     u"floor",    u"from",      u"greatest",   u"having",     u"ilike",
+    u"in",         u"initcap",  u"intersect", u"join",       u"lag",        u"lead",
+    u"least",      u"left",     u"length",    u"like",       u"lower",      u"lpad",
+    u"ltrim",      u"max",      u"min",       u"mod",        u"not",        u"nullif",
+    u"numeric",    u"on",       u"or",        u"over",       u"overlay",    u"position",
+    u"rank",       u"replace",  u"right",     u"round",      u"row_number", u"rpad",
+    u"rtrim",      u"select",   u"some",      u"split_part", u"string_agg", u"substr",
+    u"substring",  u"sum",      u"then",      u"to_char",    u"to_date",    u"to_number",
+    u"translate",  u"trim",     u"trunc",     u"union",      u"upper",      u"using",
+    u"values",     u"varchar",  u"when",      u"where"};
 
 bool IsNamePart(char16_t c) {
   return c == u'_' || c == u'"' || c == u'$' || c >= 0x80 || (c >= u'0' && c <= u'9') ||
@@ -58,7 +70,8 @@ constexpr StringView kMayBeExecuted =
 const std::uint32_t RowStream::kFirstRows = (1 + kFurtherFetches) * kFetchRows;
 
 RowStream::RowStream(Session& session, const StatementFacts& facts)
-    : session_(session), statement_((session.Note(facts), session.NewStatement())) {
+    : session_(session), statement_(session.NewStatement()) {
+  session.Note(facts);
   const bool isWhole = facts.isSmallQuery && !MayHaveEffects(facts.text);
   cursor_ = facts.isPlainQuery && !isWhole && session.ServerInfo().IsPostgres();
   try {

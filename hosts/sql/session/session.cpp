@@ -14,6 +14,9 @@
 namespace tessaria::sql {
 namespace {
 
+// Sessions that one connection opens beside its own, so that others find a place too.
+constexpr std::size_t kMostBeside = 8;
+
 constexpr StringView kLost = u"A conexão com o banco de dados está fechada ou foi perdida.";
 
 [[noreturn]] void ThrowFailed() {
@@ -103,26 +106,35 @@ void Session::ReadServer() {
 }
 
 SessionPtr Session::OpenBeside() {
-  if (!CanBeReadBeside()) return nullptr;
+  std::erase_if(beside_, [](const auto& other) { return other.expired(); });
+  if (!CanBeReadBeside() || beside_.size() >= kMostBeside) return nullptr;
   auto beside = std::make_shared<Session>(connect_, patience_);
   beside->CommandTimeout(commandTimeout_);
   beside->LockTimeout(lockTimeout_);
   beside->Open(reconnection_.ConnectionString(), reconnection_.Timeout());
   beside->reconnection_.Closed();  // what it has shown cannot be had again
+  beside_.push_back(beside);
   return beside;
 }
 
 // A pooler that lends its connections for a transaction could not lend this one any more.
 bool Session::CanBeReadBeside() const {
-  return !adoption_ && !hasOwnState_ && !InTransaction() && scope_ == SettingsScope::Session;
+  return IsOpen() && !adoption_ && !hasOwnState_ && !InTransaction() &&
+         scope_ == SettingsScope::Session;
 }
 
 void Session::Note(const StatementFacts& facts) {
+  patience_->RequireIdle();
   if (facts.leavesState) hasOwnState_ = true;
-  if (!facts.mayLockTables) return;
+  if (facts.mayLockTables) HoldDistant();
+}
+
+void Session::HoldDistant() {
+  const int before = patience_->TimesGivenUp();
   for (DistantRows* const rows : std::vector(distant_)) {
     if (std::find(distant_.begin(), distant_.end(), rows) != distant_.end()) rows->HoldAll();
   }
+  if (patience_->TimesGivenUp() > before) throw HostError(errors::Cancelled);
 }
 
 void Session::Close() noexcept {
@@ -403,6 +415,19 @@ void Session::ChangeTimeouts(Long command, Long lock) {
   }
   commandTimeout_ = command;
   lockTimeout_ = lock;
+  for (const auto& other : beside_) {
+    if (const SessionPtr beside = other.lock()) beside->TakeTimeouts(command, lock);
+  }
+}
+
+// Whoever reads there finds out himself when it is lost.
+void Session::TakeTimeouts(Long command, Long lock) noexcept {
+  try {
+    ChangeTimeouts(command, lock);
+  } catch (const HostError&) {
+    commandTimeout_ = command;
+    lockTimeout_ = lock;
+  }
 }
 
 void Session::SetTimeouts(Long command, Long lock) {

@@ -155,8 +155,13 @@ class Session : public std::enable_shared_from_this<Session> {
   /// errors of `Open`.
   std::shared_ptr<Session> OpenBeside();
   bool CanBeReadBeside() const;
-  /// What to know about a statement before it runs.
+  /// What to know about a statement before it runs, once the rows of the one before are read.
   void Note(const StatementFacts& facts);
+  /// Makes all rows at the server be held, so that their transactions stand in nobody's way. Error
+  /// 3712 when the operator gave it up.
+  void HoldDistant();
+  /// Sends the bounds again, which something may have changed or undone.
+  void SendTimeouts() { SetTimeouts(commandTimeout_, lockTimeout_); }
   void Add(DistantRows* rows) { distant_.push_back(rows); }
   void Remove(const DistantRows* rows) noexcept { std::erase(distant_, rows); }
 
@@ -186,6 +191,7 @@ class Session : public std::enable_shared_from_this<Session> {
   void EndWhatIsLeft() noexcept;
   void ChangeTimeouts(Long command, Long lock);
   void SetTimeouts(Long command, Long lock);
+  void TakeTimeouts(Long command, Long lock) noexcept;
   void RestoreTimeouts();
   // Of adopted connections, in session_adopted.cpp.
   Standing AskProgram();
@@ -203,6 +209,7 @@ class Session : public std::enable_shared_from_this<Session> {
   Server server_;
   PendingRows* pending_ = nullptr;
   std::vector<DistantRows*> distant_;
+  std::vector<std::weak_ptr<Session>> beside_;
   bool hasOwnState_ = false;          // what a new session would not have
   bool inTransaction_ = false;        // one that this layer has begun for the program
   bool inOwnTransaction_ = false;     // one of this layer's own

@@ -12,6 +12,9 @@ namespace {
 constexpr StringView kSight =
     u"current_user || ' ' || current_schemas(true)::text || ' ' || pg_my_temp_schema()::text";
 
+// A standby may end a reading at any time.
+constexpr StringView kFalse = u"false";
+
 TextRow Ask(Session& session, const String& question) {
   const StatementPtr statement = session.InnerStatement();
   session.Execute(*statement, question);
@@ -41,27 +44,36 @@ std::shared_ptr<Snapshot> Snapshot::Shared(Session& session) {
   const SessionPtr beside = OpenBeside(session);
   if (!beside) return nullptr;
   // Asked there first: a failure here would end the transaction.
-  const String question = u"SELECT " + String(kSight) + u", pg_export_snapshot()";
+  const String question =
+      u"SELECT " + String(kSight) + u", pg_is_in_recovery()::text, pg_export_snapshot()";
   const TextRow there = Ask(*beside, question);
   const TextRow here = Ask(session, question);
-  if (here[0] != there[0]) return nullptr;
+  if (here[0] != there[0] || here[1] != kFalse) return nullptr;
   auto snapshot = std::make_shared<Snapshot>(beside);
-  snapshot->Begin(*here[1]);
+  snapshot->Begin(*here[2]);
   return snapshot;
 }
 
 std::shared_ptr<Snapshot> Snapshot::Now(Session& session) {
-  const SessionPtr beside = OpenBeside(session);
-  if (!beside) return nullptr;
-  auto snapshot = std::make_shared<Snapshot>(beside);
-  snapshot->Begin({});
-  return snapshot;
+  if (!session.CanBeReadBeside()) return nullptr;
+  const StatementPtr first = session.NewStatement();
+  session.BeginReading();
+  try {
+    session.Execute(*first, u"SET TRANSACTION ISOLATION LEVEL REPEATABLE READ");
+    auto snapshot = Shared(session);
+    session.EndReading();
+    return snapshot;
+  } catch (...) {
+    session.AbandonReading();
+    throw;
+  }
 }
 
 Snapshot::~Snapshot() { beside_->AbandonReading(); }
 
 // Only reads, so that no function of a query takes effect twice. The rows of two runs of a query
-// come in the same order when no run joins the scan of another.
+// come in the same order when no run joins the scan of another. A statement that waits for the
+// locks of the first session, and lets no other pass, would make both wait for ever.
 void Snapshot::Begin(const String& exported) {
   beside_->BeginReading();
   String text = u"SET TRANSACTION ISOLATION LEVEL REPEATABLE READ, READ ONLY";
@@ -70,15 +82,21 @@ void Snapshot::Begin(const String& exported) {
     text += u"; SET TRANSACTION SNAPSHOT '" + exported + u"'";
     ++results;
   }
-  Run(*beside_, text + u"; SET LOCAL synchronize_seqscans = off; SAVEPOINT tessaria_snapshot",
-      results);
+  Run(*beside_,
+      text + u"; SET LOCAL synchronize_seqscans = off; SET LOCAL lock_timeout = '1s'" +
+          u"; SAVEPOINT tessaria_snapshot",
+      results + 1);
 }
 
 String Snapshot::NewCursor() { return u"tessaria_window_" + FromUtf8(std::to_string(++cursors_)); }
 
 void Snapshot::Recover() {
-  ++recoveries_;
   Run(*beside_, u"ROLLBACK TO SAVEPOINT tessaria_snapshot", 1);
+  ++recoveries_;
+  unused_.clear();
+  beside_->SendTimeouts();
 }
+
+void Snapshot::Accept() { beside_->SendTimeouts(); }
 
 }  // namespace tessaria::sql

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "hosts/sql/session/session.h"
 
@@ -29,8 +31,13 @@ class Snapshot {
   Session& Beside() const { return *beside_; }
   /// A name for another cursor.
   String NewCursor();
+  /// A cursor that nobody reads any more; it is closed with the next statement.
+  void NoteUnused(String cursor) { unused_.push_back(std::move(cursor)); }
+  std::vector<String> TakeUnused() { return std::exchange(unused_, {}); }
   /// After a statement that failed: makes the transaction usable again. Its cursors are gone.
   void Recover();
+  /// The rows are as they should be: what was bounded for the comparison is as for all statements.
+  void Accept();
   /// How often it has recovered.
   int Recoveries() const { return recoveries_; }
 
@@ -39,6 +46,7 @@ class Snapshot {
 
   SessionPtr beside_;
   std::uint32_t cursors_ = 0;
+  std::vector<String> unused_;
   int recoveries_ = 0;
 };
 

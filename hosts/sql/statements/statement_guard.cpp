@@ -110,9 +110,12 @@ bool IsPlainQuery(const Pieces& pieces) {
                       [](const Piece& piece) { return IsWordOf(piece, kWriters); });
 }
 
+// Of the others, none keeps readers out.
 bool MayLockTables(const Pieces& pieces) {
-  static constexpr StringView kChanges[] = {u"INSERT", u"UPDATE", u"DELETE", u"MERGE"};
-  return !IsWordOf(pieces.front(), kReaders) && !IsWordOf(pieces.front(), kChanges);
+  static constexpr StringView kLockers[] = {
+      u"ALTER", u"CALL",     u"CLUSTER", u"CREATE",  u"DO",       u"DROP",  u"EXECUTE",
+      u"LOCK",  u"REASSIGN", u"REFRESH", u"REINDEX", u"TRUNCATE", u"VACUUM"};
+  return IsWordOf(pieces.front(), kLockers);
 }
 
 bool LeavesState(const Pieces& pieces) {
@@ -145,11 +148,13 @@ std::size_t OrderOf(const Pieces& pieces) {
   return pieces.size();
 }
 
-// Which rows there are depends on their order, or the order ends before the statement does.
+// Which rows there are, or what they show, depends on their order, or the statement does not end
+// with it.
 bool NeedsItsOrder(const Pieces& pieces) {
   static constexpr StringView kWords[] = {u"LIMIT", u"OFFSET", u"FETCH", u"DISTINCT", u"FOR"};
   return std::any_of(pieces.begin(), pieces.end(), [](const Piece& piece) {
-    return piece.depth == 0 && IsWordOf(piece, kWords);
+    const bool counts = piece.kind == Kind::Word && piece.text == u"OVER";
+    return counts || (piece.depth == 0 && IsWordOf(piece, kWords));
   });
 }
 

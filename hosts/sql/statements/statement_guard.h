@@ -17,7 +17,7 @@ struct StatementFacts {
   String text;
   /// Only reads: Select, Values, Table or With that does not write, lock or create a table.
   bool isPlainQuery = false;
-  /// May lock tables against their readers: it neither reads nor changes rows.
+  /// May lock tables against their readers.
   bool mayLockTables = false;
   /// May leave something in the session that later statements see: settings, temporary tables.
   bool leavesState = false;

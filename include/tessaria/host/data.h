@@ -106,7 +106,10 @@ class TESSARIA_CORE_API Fields {
 
 class Connection;
 
-/// The rows of a statement: static, scrollable, held by the client.
+/// The rows of a statement as of one moment: static, scrollable. Rows of a large result may stay at
+/// the server until they are asked for; a step to one of these reads it, and a failure of that
+/// leaves the current row as it was.
+///
 /// Moving off an edited row writes the edit first; when that is refused the record set stays
 /// on the row with the edit intact and the error is raised.
 ///
@@ -134,7 +137,7 @@ class TESSARIA_CORE_API Recordset : public Object {
   virtual bool Bof() const = 0;
   virtual bool Eof() const = 0;
   virtual host::Fields& Fields() = 0;
-  /// The total number of rows. Reads to the end.
+  /// The total number of rows. Reads to the end, or asks the server.
   virtual Long RecordCount() = 0;
   /// Row number from 1; -1 at BOF (or no rows), -3 at EOF.
   virtual Long AbsolutePosition() const = 0;
@@ -155,7 +158,10 @@ class TESSARIA_CORE_API Recordset : public Object {
   /// read, or "like" on a field that is not text.
   virtual void Find(const String& criteria) = 0;
   /// Orders the rows: field names (unusual ones as above), each with " ASC" or " DESC", separated
-  /// by commas; "" restores the statement's order. Moves to the first row. Errors: 3265 for an
+  /// by commas; "" restores the statement's order. Moves to the first row. Null comes before every
+  /// value; letters count without regard to case, then accents decide. Rows that are at the server
+  /// are sorted there, texts by the collation of their column. Rows that are equal keep the
+  /// statement's order, at the server that of its first column. Errors: 3265 for an
   /// unknown field, 3001 for an order that cannot be read.
   virtual void Sort(const String& order) = 0;
   virtual String Sort() const = 0;

@@ -8,11 +8,14 @@
 
 namespace tessaria::odbc {
 
-/// Creates a closed connection without a connection string. Its record sets are static and held by
-/// the client. A connection and all that belongs to it may be used by one thread at a time.
+/// Creates a closed connection without a connection string. Its record sets are static; of
+/// those with many rows on PostgreSQL, rows that are not looked at stay at the server, for which a
+/// second connection is opened with the same string. It lasts as long as the record set is open,
+/// also when this one is closed. A connection and all that belongs to it may be used by one thread
+/// at a time.
 ///
 /// The loss of the server is raised as an error with the driver's own text, and `State` is 0 from
-/// then on; `Open` connects again. Record sets keep the rows that they have read, and a pending
+/// then on; `Open` connects again. Record sets keep the rows that they hold, and a pending
 /// edit is written by `Update` once the connection is open again.
 TESSARIA_ODBC_API host::ConnectionPtr CreateConnection();
 

@@ -10,8 +10,10 @@ struct pg_conn;  // PGconn of the client library
 
 namespace tessaria::postgres {
 
-/// Creates a closed connection without a connection string. Its record sets are static and held by
-/// the client. A connection and all that belongs to it may be used by one thread at a time.
+/// Creates a closed connection without a connection string. Its record sets are static; of
+/// those with many rows, rows that are not looked at stay at the server, for which a second
+/// connection is opened with the same string. It lasts as long as the record set is open, also when
+/// this one is closed. A connection and all that belongs to it may be used by one thread at a time.
 ///
 /// The connection string is one of the client library ("host=... dbname=..." or
 /// "postgresql://..."), or the one with which the ODBC driver reaches the same server: Servername
@@ -19,8 +21,8 @@ namespace tessaria::postgres {
 /// source name is refused; Driver and the settings of that driver do nothing.
 ///
 /// The loss of the server is raised as an error with the server's or the client library's own text,
-/// and `State` is 0 from then on; `Open` connects again. Record sets keep the rows that they have
-/// read, and a pending edit is written by `Update` once the connection is open again.
+/// and `State` is 0 from then on; `Open` connects again. Record sets keep the rows that they
+/// hold, and a pending edit is written by `Update` once the connection is open again.
 TESSARIA_POSTGRES_API host::ConnectionPtr CreateConnection();
 
 /// An open connection object over a connection that the program has: same session, same
