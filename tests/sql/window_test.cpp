@@ -1,4 +1,6 @@
 // Large results, of which only the rows around the current one are held.
+#include <vector>
+
 #include "tests/sql/database_test.h"
 
 namespace tessaria::sql::test {
@@ -451,6 +453,79 @@ TEST_F(WindowTest, ASortedSetIsSearchedInItsOrder) {
 }
 
 // --- Failures
+
+TEST_F(WindowTest, ASortThatFailsLeavesOrderAndRowAsTheyWere) {
+  Run(u"create view lenta as select codigo, case when codigo > 0 then pg_sleep(0.0001)::text end"
+      u" as pausa from t");
+  const auto rows = Read(u"select * from lenta");
+  rows->AbsolutePosition(25000);
+  connection_->CommandTimeout(1);
+  EXPECT_ANY_THROW(rows->Sort(u"codigo desc"));
+  connection_->CommandTimeout(30);
+  EXPECT_EQ(rows->Sort(), u"");
+  EXPECT_EQ(rows->AbsolutePosition(), 25000);
+  EXPECT_SAME(Get(rows, u"codigo"), Long{25000});
+}
+
+TEST_F(WindowTest, RowsThatStillArriveDoNotStandInTheWayOfALock) {
+  connection_->LockTimeout(1);
+  const auto rows = Read(u"select * from t order by codigo");
+  Run(u"truncate t");
+  rows->AbsolutePosition(50000);
+  ExpectRow(rows, 50000);
+}
+
+TEST_F(WindowTest, AnEditSurvivesTheEndOfTheReading) {
+  const auto rows = Ends(Edit(u"select * from t order by codigo"));
+  rows->AbsolutePosition(40000);
+  Set(rows, u"nome", u"meu");
+  rows->Hold(1, kRows);  // its page makes room for others
+  Run(u"select pg_terminate_backend(pid) from pg_stat_activity"
+      u" where state like 'idle in transaction%'");
+  EXPECT_SAME(Get(rows, u"codigo"), Long{40000});
+  rows->Update();
+  EXPECT_SAME(Scalar(u"select nome from t where codigo = 40000"), u"meu");
+}
+
+TEST_F(WindowTest, ALockThatCannotWaitKeepsTheRowsWhereTheyAre) {
+  const auto rows = Ends(Read(u"select * from t order by codigo"));
+  Run(u"select pg_terminate_backend(pid) from pg_stat_activity"
+      u" where state like 'idle in transaction%'");
+  Run(u"truncate t");
+  EXPECT_EQ(rows->RecordCount(), kRows);
+  EXPECT_SAME(rows->ValueAt(1, 0), Long{1});
+  EXPECT_ANY_THROW(rows->ValueAt(50000, 0));
+}
+
+TEST_F(WindowTest, NumbersAreFoundBehindNulls) {
+  Run(u"update t set valor = case when codigo > 10 then 5 when codigo > 5 then 2 end");
+  Run(u"alter table t alter valor type int");
+  const auto rows = Ends(Read(u"select * from t order by codigo"));
+  rows->Sort(u"valor");
+  EXPECT_TRUE(Get(rows, u"valor").IsNull());
+  rows->Find(u"valor = 2");
+  EXPECT_SAME(Get(rows, u"codigo"), Long{6});
+  rows->Find(u"valor = 5");
+  EXPECT_SAME(Get(rows, u"codigo"), Long{11});
+}
+
+TEST_F(WindowTest, NullsOfAnOuterJoinComeFirst) {
+  Run(u"create table u (k int primary key, texto text collate \"pt-BR-x-icu\" not null)");
+  Run(u"insert into u select n, 'u' || n from generate_series(1, 50000) n");
+  const auto rows =
+      Ends(Read(u"select codigo, texto from t left join u on (u.k = t.codigo) order by codigo"));
+  EXPECT_FALSE(rows->Holds(30000));
+  rows->Sort(u"texto");
+  EXPECT_SAME(Get(rows, u"codigo"), Long{50001});
+  EXPECT_TRUE(Get(rows, u"texto").IsNull());
+}
+
+TEST_F(WindowTest, ManyLargeSetsTakeAFewSessionsOnly) {
+  std::vector<host::RecordsetPtr> sets;
+  for (int i = 0; i < 10; ++i) sets.push_back(Ends(Read(u"select codigo from t order by codigo")));
+  EXPECT_EQ(OpenReadings(), 8);
+  for (const auto& rows : sets) EXPECT_SAME(rows->ValueAt(50000, 0), Long{50000});
+}
 
 TEST_F(WindowTest, AReadingThatTheServerEndsIsAnErrorAndHarmsNothingElse) {
   const auto rows = Ends(Edit(u"select * from t order by codigo"));
