@@ -91,11 +91,11 @@ void Read(const QString& path, Measured& measured) {
   const QJsonObject context = content["context"].toObject();
   for (auto each = context.begin(); each != context.end(); ++each)
     measured.context[each.key()] = each.value();
-  for (const QJsonValue& run : content["benchmarks"].toArray()) measured.runs << run;
+  for (const auto& run : content["benchmarks"].toArray()) measured.runs << run;
 }
 
 std::optional<double> Find(const Measured& measured, const Source& source) {
-  for (const QJsonValue& run : measured.runs) {
+  for (const auto& run : measured.runs) {
     const QJsonObject fields = run.toObject();
     const QString name = fields["name"].toString() + '/';
     if (name.startsWith(QLatin1String(source.benchmark) + QLatin1Char('/')) &&

@@ -127,7 +127,8 @@ void FindCriterion::TakeNumber(const Column& column, const String& text) {
   const auto digits = ReadCriterionNumber(text);
   if (!digits) throw HostError(errors::InvalidCriteria);
   number_ = *digits;
-  const bool isWhole = number_.Scale() == 0 && number_.Point <= kSafeDigits;
+  const bool isWhole =
+      static_cast<int>(number_.Text.size()) <= number_.Point && number_.Point <= kSafeDigits;
   if (IsWholeNumber(column) && isWhole) least_ = FromUtf8(std::to_string(ToWhole(number_)));
   if (column.storage == Storage::Double) TakeBinary(Variant(ToDouble(number_)));
   if (column.storage == Storage::Single) {
