@@ -522,6 +522,7 @@ TEST_F(WindowTest, NullsOfAnOuterJoinComeFirst) {
 
 TEST_F(WindowTest, ManyLargeSetsTakeAFewSessionsOnly) {
   std::vector<host::RecordsetPtr> sets;
+  sets.reserve(10);
   for (int i = 0; i < 10; ++i) sets.push_back(Ends(Read(u"select codigo from t order by codigo")));
   EXPECT_EQ(OpenReadings(), 8);
   for (const auto& rows : sets) EXPECT_SAME(rows->ValueAt(50000, 0), Long{50000});
