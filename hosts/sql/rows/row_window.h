@@ -24,7 +24,6 @@ class RowWindow {
   ~RowWindow();
 
   const std::shared_ptr<Snapshot>& Moment() const { return snapshot_; }
-  const String& Query() const { return query_; }
 
   /// Whether the first rows are exactly these.
   bool StartsWith(const ColumnStore& rows);
