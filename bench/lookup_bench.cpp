@@ -227,9 +227,11 @@ void Compare(benchmark::State& state, Desk& desk,
     const auto all = [&](auto& peer) {
       for (const String& text : texts) peer(text);
     };
-    Take(bare, [&] { all(odbc); });
-    Take(ours, [&] { library(turn); });
-    Take(native, [&] { all(libpq); });
+    const std::function<void()> takes[] = {[&] { Take(bare, [&] { all(odbc); }); },
+                                           [&] { Take(ours, [&] { library(turn); }); },
+                                           [&] { Take(native, [&] { all(libpq); }); }};
+    // Who comes first finds the pages of the key cold.
+    for (int i = 0; i < 3; ++i) takes[(turn + i) % 3]();
     state.SetIterationTime(ours.wall.back() / 1e6);
   }
   desk.RequireNoBox();

@@ -360,6 +360,17 @@ TEST_F(WindowTest, RowsAreFoundWhereverTheyAre) {
 }
 
 // The rows before it are not looked at when they are in the order of the searched column.
+TEST_F(WindowTest, ARowThatIsHereIsFoundWithoutReadingMore) {
+  const auto rows = Read(u"select * from t order by codigo");
+  rows->Find(u"codigo = 1");
+  ExpectRow(rows, 1);
+  rows->Find(u"codigo = 500");
+  ExpectRow(rows, 500);
+  EXPECT_LT(rows->RowsRead(), 3000) << "what was read to open it";
+  rows->Find(u"codigo = 500");
+  ExpectRow(rows, 500);
+}
+
 TEST_F(WindowTest, TheFirstOfTheRowsThatMatchIsFoundInAnyOrder) {
   Run(u"alter table t alter nome type text collate \"pt-BR-x-icu\"");
   Run(u"update t set nome = 'Zélia' where codigo = 7");

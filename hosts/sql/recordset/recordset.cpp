@@ -183,12 +183,21 @@ void SqlRecordset::Find(const String& criteria) {
   const Patience::Request request(session_->Waits());
   WriteEdit();
   if (!StandsOnRow()) ThrowNoRow();
+  std::int64_t position = position_;
+  const auto isHeld = [&] { return Holds(static_cast<Long>(position + 1)); };
+  while (isHeld() && !criterion.Matches(*table_, shown_->At(position))) ++position;
+  if (!isHeld()) position = FirstMatch(criterion, position);  // a match may be far from here
+  MoveTo(position);
+}
+
+// The position of the first match from there on, or the number of rows.
+std::int64_t SqlRecordset::FirstMatch(const FindCriterion& criterion, std::int64_t position) const {
   const auto before = RowsBefore(criterion);
-  std::int64_t position = std::max<std::int64_t>(position_, before.value_or(0));
+  position = std::max<std::int64_t>(position, before.value_or(0));
   while (HasRow(position) && !criterion.Matches(*table_, shown_->At(position))) {
     position = before && sort_.empty() && criterion.IsOneNumber() ? shown_->Count() : position + 1;
   }
-  MoveTo(position);
+  return position;
 }
 
 // The number of first rows that do not match, as far as the server knows.

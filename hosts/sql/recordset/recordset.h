@@ -127,6 +127,7 @@ class SqlRecordset final : public host::Recordset,
   void Show(std::shared_ptr<RowTable> table);
   bool SortAtServer(const std::vector<SortKey>& keys);
   std::optional<std::size_t> FirstOrderOf(const std::vector<SortKey>& keys) const;
+  std::int64_t FirstMatch(const FindCriterion& criterion, std::int64_t position) const;
   std::optional<std::uint32_t> RowsBefore(const FindCriterion& criterion) const;
   void HoldInStatementOrder();
   std::vector<SortKey> WithOwnOrder(std::vector<SortKey> keys) const;
