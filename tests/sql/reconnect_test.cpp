@@ -5,6 +5,7 @@
 #include "tessaria/host/reconnecting.h"
 #include "tessaria/thread_state.h"
 #include "tests/sql/database_test.h"
+#include "tests/sql/watcher.h"
 #include "tests/support/cutting_proxy.h"
 
 namespace tessaria::sql::test {
@@ -102,6 +103,29 @@ TEST_F(ReconnectTest, FailedAttemptTellsWhyAndTheNextActionAsksAgain) {
   EXPECT_HOST_ERROR(Run(u"select 1"), errors::InvalidConnection);
   EXPECT_EQ(operator_.asked, 1);
   Cluster().Start();
+  operator_.Act();
+  EXPECT_SAME(Scalar(u"select 7"), Long{7});
+  EXPECT_EQ(operator_.asked, 2);
+}
+
+TEST_F(ReconnectTest, AttemptThatIsGivenUpIsRefusedAsCancelledAndTheNextActionAsksAgain) {
+  tessaria::test::CuttingProxy proxy(Cluster().Socket());
+  connection_ = tessaria::test::NewConnectionOfTheDriver();
+  connection_->ConnectionString(Cluster().ConnectionString(proxy.Port()));
+  connection_->Open();
+  proxy.CutNow();
+  EXPECT_ANY_THROW(Run(u"select 1"));
+  proxy.Swallow();
+  operator_.Act();
+  {
+    Watcher watcher;
+    watcher.onPass = [](const host::Wait& wait) { return wait.Elapsed.count() > 300; };
+    EXPECT_HOST_ERROR(Run(u"select 1"), errors::Cancelled);
+    EXPECT_EQ(watcher.ends, 1);
+  }
+  EXPECT_EQ(operator_.asked, 1);
+  EXPECT_TRUE(connection_->CanReconnect());
+  proxy.CancelCut();
   operator_.Act();
   EXPECT_SAME(Scalar(u"select 7"), Long{7});
   EXPECT_EQ(operator_.asked, 2);

@@ -3,9 +3,8 @@
 #include <chrono>
 #include <functional>
 
-#include "tessaria/host/waiting.h"
-#include "tessaria/thread_state.h"
 #include "tests/sql/database_test.h"
+#include "tests/sql/watcher.h"
 #include "tests/support/cutting_proxy.h"
 
 namespace tessaria::sql::test {
@@ -13,25 +12,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
-
-// Notes the waits of the thread, and acts in them.
-class Watcher final : public host::WaitView {
- public:
-  Watcher() { State().waiting = this; }
-  ~Watcher() override { State().waiting = nullptr; }
-
-  std::function<bool(const host::Wait&)> onPass = [](const host::Wait&) { return false; };
-  int passes = 0;
-  int ends = 0;
-  Long rows = 0;
-
-  bool Pass(const host::Wait& wait) override {
-    ++passes;
-    rows = wait.Rows;
-    return onPass(wait);
-  }
-  void Over() override { ++ends; }
-};
 
 class WaitingTest : public DatabaseTest {
  protected:

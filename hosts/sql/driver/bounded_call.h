@@ -3,10 +3,16 @@
 
 #include <chrono>
 #include <functional>
+#include <future>
 
 #include "tessaria/export.h"
 
 namespace tessaria::sql {
+
+/// Makes the call on a thread of its own and tells its end, also by what it raises. It owns all
+/// that it uses: whoever started it may leave it, and neither he nor the end of the program waits
+/// for it.
+std::future<void> CallApart(std::function<void()> call);
 
 /// Makes the call on a thread of its own. False when it is not over in that time: it goes on, and
 /// owns all that it uses. It raises nothing. The end of the program does not wait for it.

@@ -59,12 +59,14 @@ bool RowTable::ReadBlock() {
   return false;
 }
 
-// A second reading shows the same rows in the same order, or nothing changes.
+// A second reading shows the same rows in the same order, or nothing changes. When the operator
+// gives up while its session is opened, the next request reads on as the rows come.
 bool RowTable::MoveToWindow() {
   if (!stream_ || isWindowRefused_ || !CanRead() || !stream_->IsRepeatable()) return false;
   isWindowRefused_ = true;
+  const SessionPtr beside = Snapshot::OpenBeside(*session_);
   try {
-    window_ = WindowOfTheStream();
+    window_ = WindowOfTheStream(beside);
   } catch (const HostError& error) {
     if (error.Number() != errors::Cancelled) return false;
     failure_ = std::current_exception();
@@ -76,8 +78,8 @@ bool RowTable::MoveToWindow() {
   return window_ != nullptr;
 }
 
-std::unique_ptr<RowWindow> RowTable::WindowOfTheStream() const {
-  auto snapshot = Snapshot::Shared(*session_);
+std::unique_ptr<RowWindow> RowTable::WindowOfTheStream(const SessionPtr& beside) const {
+  auto snapshot = Snapshot::Shared(*session_, beside);
   if (!snapshot) return nullptr;
   auto window = std::make_unique<RowWindow>(std::move(snapshot), stream_->Query(), columns_);
   if (!window->StartsWith(*read_)) return nullptr;
@@ -152,7 +154,11 @@ void RowTable::ReadRest() noexcept {
   if (!CanRead()) return;
   const auto keep = weak_from_this().lock();
   const Patience::Request request(session_->Waits());
-  ReadUpTo(kAdded - 1);
+  try {
+    ReadUpTo(kAdded - 1);
+  } catch (...) {
+    // The rows go on coming, and whoever wanted the connection sees that something was given up.
+  }
 }
 
 void RowTable::HoldRows() {

@@ -100,7 +100,7 @@ class RowTable final : public PendingRows,
   bool ReadBlock();
   void ReadUpTo(std::uint32_t number);
   bool MoveToWindow();
-  std::unique_ptr<RowWindow> WindowOfTheStream() const;
+  std::unique_ptr<RowWindow> WindowOfTheStream(const SessionPtr& beside) const;
   void EndStream() noexcept;
 
   SessionPtr session_;

@@ -1,7 +1,9 @@
 #include "hosts/sql/session/patience.h"
 
+#include <future>
 #include <utility>
 
+#include "hosts/sql/driver/bounded_call.h"
 #include "hosts/sql/errors/driver_error.h"
 #include "tessaria/thread_state.h"
 
@@ -58,6 +60,23 @@ void Patience::Await(const std::function<void()>& call, const std::function<void
     }
     throw;
   }
+}
+
+void Patience::AwaitOrLeave(const std::function<void()>& call) {
+  RequireIdle();
+  const Flag busy(isBusy_);
+  if (State().waiting == nullptr) return call();
+  const Request request(*this);
+  std::future<void> end = CallApart(call);
+  const auto isOverWithin = [&](std::chrono::milliseconds time) {
+    return end.wait_for(time) == std::future_status::ready;
+  };
+  for (auto step = kMoment; !isOverWithin(step); step = kStep) {
+    if (!Pass() || isOverWithin({})) continue;
+    ++givenUp_;
+    throw HostError(errors::Cancelled);
+  }
+  end.get();
 }
 
 void Patience::Breathe() {

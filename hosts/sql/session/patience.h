@@ -32,6 +32,9 @@ class Patience {
   /// of the call; 3711 when another call is under way; 3712 when the operator gave up and the call
   /// was not done.
   void Await(const std::function<void()>& call, const std::function<void()>& cancel);
+  /// Makes one call that nothing can cancel. When the operator gives up, it is left to itself: it
+  /// owns all that it uses. Errors as above.
+  void AwaitOrLeave(const std::function<void()>& call);
   /// Between two calls of a request that makes many: lets windows repaint now and then. Error 3712
   /// when the operator gave up.
   void Breathe();

@@ -80,11 +80,10 @@ void Session::Open(String connectionString, Long timeout) {
   }
   RequireWellFormed(connectionString);
   Drop();
-  LinkPtr link;
+  const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
   String text = connectionString;
   scope_ = TakePooling(text);
-  Await([&] { link = connect_(text, timeout, scope_); });
-  link_ = std::move(link);
+  link_ = Connect(text, timeout);
   hasOwnState_ = false;
   try {
     ReadServer();
@@ -93,6 +92,15 @@ void Session::Open(String connectionString, Long timeout) {
     throw;
   }
   reconnection_.Opened(std::move(connectionString), timeout);
+}
+
+// An attempt that was given up closes its link itself, should there ever be one.
+LinkPtr Session::Connect(const String& text, Long timeout) {
+  const auto link = std::make_shared<LinkPtr>();
+  patience_->AwaitOrLeave([link, connect = connect_, text, timeout, scope = scope_] {
+    *link = connect(text, timeout, scope);
+  });
+  return std::move(*link);
 }
 
 void Session::ReadServer() {
@@ -144,7 +152,8 @@ void Session::Close() noexcept {
 
 void Session::Drop() noexcept {
   retired_.clear();
-  if (pending_ != nullptr) pending_->ReadRest();
+  // The operator may give up the session that was to read them, and then they are read here.
+  for (int i = 0; i < 2 && pending_ != nullptr; ++i) pending_->ReadRest();
   if (adoption_) {
     LeaveProgram();
   } else if (inTransaction_) {
@@ -158,6 +167,7 @@ void Session::Drop() noexcept {
 
 LinkPtr Session::RequireLink() const {
   if (!IsOpen()) {
+    patience_->RequireIdle();  // it may be opened just now
     throw HostError(errors::InvalidConnection, String(kLost));
   }
   return link_;
@@ -174,6 +184,7 @@ void Session::Reconnect() {
   try {
     Open(reconnection_.ConnectionString(), reconnection_.Timeout());
   } catch (const HostError& error) {
+    if (error.Number() == errors::Cancelled) throw;
     throw HostError(errors::InvalidConnection, String(kLost) + u"\r\n" + error.Description());
   }
 }

@@ -33,7 +33,9 @@ class PendingRows {
   PendingRows(const PendingRows&) = delete;
   PendingRows& operator=(const PendingRows&) = delete;
 
-  /// Reads the remaining rows. A failure is kept for whoever asks for the missing rows.
+  /// Reads the remaining rows. A failure is kept for whoever asks for the missing rows. Rows remain
+  /// only when the operator gives up a session that was to be opened for them; the next call reads
+  /// without it.
   virtual void ReadRest() noexcept = 0;
 
  protected:
@@ -66,7 +68,9 @@ class Session : public std::enable_shared_from_this<Session> {
   Session& operator=(const Session&) = delete;
   ~Session();
 
-  /// Raises 3705 when it is already open. `timeout` is in seconds; 0 means the driver's own.
+  /// Raises 3705 when it is already open, 3712 when the operator gives up; the attempt is left to
+  /// itself then, and ends at the latest with its time-out. `timeout` is in seconds; 0 means the
+  /// driver's own.
   void Open(String connectionString, Long timeout);
   /// Uses a connection that belongs to the program. Its transactions are never ended here, and
   /// between two calls nothing is left open on it. Errors: those of `ProgramStanding` and of a
@@ -174,6 +178,7 @@ class Session : public std::enable_shared_from_this<Session> {
   class Savepoint;
 
   LinkPtr RequireLink() const;
+  LinkPtr Connect(const String& text, Long timeout);
   void Drop() noexcept;
   void Reconnect();
   void SetLocally(const String& modes);

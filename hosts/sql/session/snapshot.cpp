@@ -26,8 +26,10 @@ void Run(Session& session, const String& text, int results) {
   session.ExecuteBatch(*statement, text, results);
 }
 
-// Opens the second session. A server may refuse it, or have no place for another one.
-SessionPtr OpenBeside(Session& session) {
+}  // namespace
+
+// A server may refuse it, or have no place for another one.
+SessionPtr Snapshot::OpenBeside(Session& session) {
   try {
     return session.OpenBeside();
   } catch (const HostError& error) {
@@ -38,10 +40,7 @@ SessionPtr OpenBeside(Session& session) {
   }
 }
 
-}  // namespace
-
-std::shared_ptr<Snapshot> Snapshot::Shared(Session& session) {
-  const SessionPtr beside = OpenBeside(session);
+std::shared_ptr<Snapshot> Snapshot::Shared(Session& session, const SessionPtr& beside) {
   if (!beside) return nullptr;
   // Asked there first: a failure here would end the transaction.
   const String question =
@@ -60,7 +59,7 @@ std::shared_ptr<Snapshot> Snapshot::Now(Session& session) {
   session.BeginReading();
   try {
     session.Execute(*first, u"SET TRANSACTION ISOLATION LEVEL REPEATABLE READ");
-    auto snapshot = Shared(session);
+    auto snapshot = Shared(session, OpenBeside(session));
     session.EndReading();
     return snapshot;
   } catch (...) {

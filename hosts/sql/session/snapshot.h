@@ -16,9 +16,12 @@ namespace tessaria::sql {
 /// raise the driver's errors.
 class Snapshot {
  public:
-  /// Of the moment that the reading transaction of `session` sees. Nothing where a second session
-  /// would see something else, or cannot be had.
-  static std::shared_ptr<Snapshot> Shared(Session& session);
+  /// The session that a snapshot of `session` reads with. Nothing where it cannot be had. Error
+  /// 3712 when the operator gives it up; `session` and what it reads stay as they were.
+  static SessionPtr OpenBeside(Session& session);
+  /// Of the moment that the reading transaction of `session` sees. Nothing where the other session
+  /// would see something else, or is not there.
+  static std::shared_ptr<Snapshot> Shared(Session& session, const SessionPtr& beside);
   /// Of the present moment. Nothing as above.
   static std::shared_ptr<Snapshot> Now(Session& session);
 
