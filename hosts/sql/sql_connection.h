@@ -23,6 +23,7 @@ class SqlConnection final : public host::Connection {
     Kept()->Close();
   }
   bool CanReconnect() const override { return session_->CanReconnect(); }
+  bool IsLost() const override { return session_->IsLost(); }
   Long ConnectionTimeout() const override { return timeout_; }
   void ConnectionTimeout(Long seconds) override;
   Long CommandTimeout() const override { return session_->CommandTimeout(); }

@@ -9,7 +9,6 @@
 #include <QVBoxLayout>
 #include <memory>
 
-#include "tessaria/odbc/connection.h"
 #include "tessaria/qt/metatypes.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/thread_state.h"
@@ -17,6 +16,7 @@
 #include "tests/qt/operator.h"
 #include "tests/qt/printers.h"
 #include "tests/qt/watched_connection.h"
+#include "tests/support/database_driver.h"
 #include "tests/support/postgres_cluster.h"
 
 namespace tessaria::qt::tests {
@@ -32,7 +32,7 @@ class CompletionFixture : public testing::Test {
     const std::string missing = test::PostgresCluster::Missing();
     if (!missing.empty()) GTEST_SKIP() << missing;
     cluster().EnsureRunning();
-    const auto real = odbc::CreateConnection();
+    const auto real = test::NewConnectionOfTheDriver();
     real->ConnectionString(cluster().ConnectionString());
     real->Open();
     connection_ = std::make_shared<WatchedConnection>(real);

@@ -16,7 +16,7 @@ class ReconnectWindow : public CompletionFixture {
     CompletionFixture::SetUp();
     if (IsSkipped()) return;
     showCity();
-    other_ = odbc::CreateConnection();
+    other_ = test::NewConnectionOfTheDriver();
     other_->ConnectionString(cluster().ConnectionString());
     other_->Open();
   }
@@ -161,7 +161,7 @@ TEST_F(ReconnectWindow, TimersNeverAsk) {
 }
 
 TEST_F(ReconnectWindow, TwoConnectionsAskOnce) {
-  const auto second = odbc::CreateConnection();
+  const auto second = test::NewConnectionOfTheDriver();
   second->ConnectionString(cluster().ConnectionString());
   second->Open();
   QObject::connect(button_, &QPushButton::clicked, [&] {

@@ -6,6 +6,7 @@
 #include "tessaria/conversion.h"
 #include "tessaria/host/waiting.h"
 #include "tests/qt/completion_fixture.h"
+#include "tests/support/cutting_proxy.h"
 
 namespace tessaria::qt::tests {
 namespace {
@@ -28,7 +29,7 @@ class WaitingWindow : public CompletionFixture {
     rows_ = connection_->OpenRecordset(u"select * from cidades order by codigo",
                                        host::CursorType::Static, host::LockType::Optimistic, -1);
     rows_->Fields().Item(u"nome")->Value(u"Santos Dumont");
-    other_ = odbc::CreateConnection();
+    other_ = test::NewConnectionOfTheDriver();
     other_->ConnectionString(cluster().ConnectionString());
     other_->Open();
     other_->BeginTrans();
@@ -51,8 +52,11 @@ class WaitingWindow : public CompletionFixture {
   QLabel* line() const { return window_->findChild<QLabel*>(QStringLiteral("tessariaWait")); }
   // Writes the edit, which waits, and returns the number of its error; 0 for none.
   Long write() {
+    return numberOf([this] { rows_->Update(); });
+  }
+  static Long numberOf(const std::function<void()>& act) {
     try {
-      rows_->Update();
+      act();
       return 0;
     } catch (const HostError& error) {
       return error.Number();
@@ -89,12 +93,12 @@ TEST_F(WaitingWindow, RepaintsAndEscapeGivesUp) {
   EXPECT_EQ(write(), 0);
 }
 
-TEST_F(WaitingWindow, LineTellsHowLongTheWaitHasLasted) {
+TEST_F(WaitingWindow, LineTellsWhatIsAwaitedAndForHowLong) {
   after(2300, [this] {
     ASSERT_TRUE(line());
     EXPECT_TRUE(line()->isVisible());
     EXPECT_THAT(line()->text().toStdString(),
-                testing::MatchesRegex("Aguardando o banco de dados há [0-9]+ s. Esc cancela."));
+                testing::MatchesRegex("Gravando... há [0-9]+ s. Esc cancela."));
     EXPECT_EQ(line()->accessibleName(), line()->text());
     EXPECT_TRUE(window_->rect().contains(line()->geometry()));
   });
@@ -108,12 +112,54 @@ TEST_F(WaitingWindow, LineTellsHowManyRowsHaveCome) {
   host::WaitView& view = *State().waiting;
   view.Pass({2500ms, 1});
   EXPECT_EQ(line()->text(),
-            QStringLiteral("Aguardando o banco de dados há 2 s. 1 linha até agora. Esc cancela."));
-  view.Pass({3100ms, 20480});
-  EXPECT_EQ(line()->text(), QStringLiteral("Aguardando o banco de dados há 3 s. "
-                                           "20.480 linhas até agora. Esc cancela."));
+            QStringLiteral("Aguardando o banco de dados... 1 lido, há 2 s. Esc cancela."));
+  view.Pass({3100ms, 18432, host::Awaited::Rows});
+  EXPECT_EQ(line()->text(),
+            QStringLiteral("Lendo registros... 18.432 lidos, há 3 s. Esc cancela."));
   view.Over();
   EXPECT_FALSE(line());
+}
+
+TEST_F(WaitingWindow, LineHasATextForEachThingThatIsAwaited) {
+  using host::Awaited;
+  const std::pair<Awaited, const char*> texts[] = {
+      {Awaited::Answer, "Aguardando o banco de dados... há 2 s. Esc cancela."},
+      {Awaited::Connection, "Conectando ao banco de dados... há 2 s. Esc cancela."},
+      {Awaited::Rows, "Lendo registros... há 2 s. Esc cancela."},
+      {Awaited::Count, "Contando os registros... há 2 s. Esc cancela."},
+      {Awaited::LastRow, "Indo para o último registro... há 2 s. Esc cancela."},
+      {Awaited::Match, "Procurando... há 2 s. Esc cancela."},
+      {Awaited::Order, "Ordenando... há 2 s. Esc cancela."},
+      {Awaited::Write, "Gravando... há 2 s. Esc cancela."},
+      {Awaited::Deletion, "Excluindo... há 2 s. Esc cancela."},
+  };
+  host::WaitView& view = *State().waiting;
+  for (const auto& [what, text] : texts) {
+    view.Pass({std::chrono::milliseconds(2500), 0, what});
+    EXPECT_EQ(line()->text(), QString::fromUtf8(text));
+  }
+  view.Over();
+}
+
+TEST_F(WaitingWindow, EscapeGivesUpConnectingToAServerThatDoesNotAnswer) {
+  test::CuttingProxy proxy(cluster().Socket());
+  proxy.Swallow();
+  const auto silent = test::NewConnectionOfTheDriver();
+  silent->ConnectionString(cluster().ConnectionString(proxy.Port()));
+  after(2300, [this] {
+    ASSERT_TRUE(line());
+    EXPECT_THAT(line()->text().toStdString(),
+                testing::MatchesRegex("Conectando ao banco de dados... há [0-9]+ s. Esc cancela."));
+  });
+  escapeAfter(2400);
+  QElapsedTimer timer;
+  timer.start();
+  EXPECT_EQ(numberOf([&] { silent->Open(); }), errors::Cancelled);
+  EXPECT_LT(timer.elapsed(), 5000);
+  EXPECT_FALSE(line());
+  proxy.CancelCut();
+  silent->Open();
+  EXPECT_EQ(silent->State(), host::state::Open);
 }
 
 TEST_F(WaitingWindow, KeysTypedMeanwhileComeAfterwards) {
@@ -146,7 +192,7 @@ TEST_F(WaitingWindow, ClosingWaits) {
 }
 
 TEST_F(WaitingWindow, WaitOnAnotherConnectionLeavesTheOuterOneAsItIs) {
-  host::ConnectionPtr third = odbc::CreateConnection();
+  host::ConnectionPtr third = test::NewConnectionOfTheDriver();
   third->ConnectionString(cluster().ConnectionString());
   third->Open();
   after(300, [this] { queueText(QStringLiteral("Ub")); });

@@ -225,6 +225,65 @@ TEST_F(WaitingTest, RowIsNotEditedWhileItIsWritten) {
   EXPECT_SAME(Scalar(u"select nome from t where k = 1"), u"Eva");
 }
 
+TEST_F(WaitingTest, WaitTellsWhatIsAwaited) {
+  using host::Awaited;
+  const std::pair<Awaited, std::function<void(host::Recordset&)>> requests[] = {
+      {Awaited::Rows, [](host::Recordset& rows) { rows.AbsolutePosition(5500); }},
+      {Awaited::Rows, [](host::Recordset& rows) { rows.FetchMore(5000); }},
+      {Awaited::Rows, [this](host::Recordset&) { Read(u"select pg_sleep(0.4)"); }},
+      {Awaited::Count, [](host::Recordset& rows) { rows.RecordCount(); }},
+      {Awaited::LastRow, [](host::Recordset& rows) { rows.MoveLast(); }},
+      {Awaited::Match, [](host::Recordset& rows) { rows.Find(u"n = 5500"); }},
+      {Awaited::Order, [](host::Recordset& rows) { rows.Sort(u"n desc"); }},
+  };
+  for (const auto& [what, act] : requests) {
+    // The rows after the first ones take their time.
+    const auto rows = Read(
+        u"select n, case when n = 5000 then pg_sleep(0.4)::text end as espera from "
+        u"generate_series(1, 6000) n");
+    Watcher watcher;
+    watcher.onPass = [&](const host::Wait& wait) {
+      EXPECT_EQ(int(wait.What), int(what));
+      return false;
+    };
+    act(*rows);
+    EXPECT_GT(watcher.passes, 0) << int(what);
+    EXPECT_GT(watcher.ends, 0);
+  }
+}
+
+TEST_F(WaitingTest, WaitOfAStatementOfTheProgramIsForItsAnswer) {
+  Watcher watcher;
+  watcher.onPass = [](const host::Wait& wait) {
+    EXPECT_EQ(int(wait.What), int(host::Awaited::Answer));
+    return false;
+  };
+  Run(u"do 'begin perform pg_sleep(0.4); end'");
+  EXPECT_GT(watcher.passes, 0);
+}
+
+TEST_F(WaitingTest, WaitOfAWriteIsThatOfTheWriteAlsoBeforeAMove) {
+  using host::Awaited;
+  const auto rows = EditedFirstRow();
+  LockFirstRow();
+  const std::pair<Awaited, std::function<void()>> requests[] = {
+      {Awaited::Write, [&] { rows->Update(); }},
+      {Awaited::Write, [&] { rows->MoveLast(); }},
+      {Awaited::Write, [&] { rows->Sort(u"nome"); }},
+      {Awaited::Write, [&] { rows->Find(u"k = 2"); }},
+      {Awaited::Deletion, [&] { rows->Delete(); }},
+  };
+  for (const auto& [what, act] : requests) {
+    Watcher watcher;
+    watcher.onPass = [&](const host::Wait& wait) {
+      EXPECT_EQ(int(wait.What), int(what));
+      return wait.Elapsed > 200ms;
+    };
+    EXPECT_HOST_ERROR(act(), errors::Cancelled);
+  }
+  EXPECT_SAME(Get(rows, u"nome"), u"Eva");
+}
+
 TEST_F(WaitingTest, WriteIsNotSentWhenTheRowsBeforeItAreGivenUp) {
   Run(u"create table muitos as select n as k, repeat('x', 200) as nome from "
       u"generate_series(1, 400000) n");

@@ -17,6 +17,7 @@ class PassingConnection : public host::Connection {
   void Open() override { real_->Open(); }
   void Close() override { real_->Close(); }
   bool CanReconnect() const override { return real_->CanReconnect(); }
+  bool IsLost() const override { return real_->IsLost(); }
   Long ConnectionTimeout() const override { return real_->ConnectionTimeout(); }
   void ConnectionTimeout(Long seconds) override { real_->ConnectionTimeout(seconds); }
   Long CommandTimeout() const override { return real_->CommandTimeout(); }

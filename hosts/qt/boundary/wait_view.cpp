@@ -14,15 +14,36 @@ namespace {
 constexpr std::chrono::seconds kSilence{2};
 constexpr int kStep = 20;  // milliseconds
 
-// "Aguardando o banco de dados há 3 s. 2.048 linhas até agora. Esc cancela."
+struct Purpose {
+  host::Awaited what;
+  const char* text;
+};
+
+constexpr Purpose kPurposes[] = {
+    {host::Awaited::Connection, "Conectando ao banco de dados..."},
+    {host::Awaited::Rows, "Lendo registros..."},
+    {host::Awaited::Count, "Contando os registros..."},
+    {host::Awaited::LastRow, "Indo para o último registro..."},
+    {host::Awaited::Match, "Procurando..."},
+    {host::Awaited::Order, "Ordenando..."},
+    {host::Awaited::Write, "Gravando..."},
+    {host::Awaited::Deletion, "Excluindo..."},
+};
+
+QString purposeOf(host::Awaited what) {
+  for (const Purpose& purpose : kPurposes)
+    if (purpose.what == what) return QString::fromUtf8(purpose.text);
+  return QStringLiteral("Aguardando o banco de dados...");
+}
+
+// "Procurando... 2.048 lidos, há 3 s. Esc cancela."
 QString lineFor(const host::Wait& wait) {
   const QLocale locale(QLocale::Portuguese, QLocale::Brazil);
   const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(wait.Elapsed).count();
-  QString text = QStringLiteral("Aguardando o banco de dados há %1 s. ").arg(seconds);
-  if (wait.Rows == 1) text += QStringLiteral("1 linha até agora. ");
-  if (wait.Rows > 1)
-    text += QStringLiteral("%1 linhas até agora. ").arg(locale.toString(wait.Rows));
-  return text + QStringLiteral("Esc cancela.");
+  QString text = purposeOf(wait.What) + u' ';
+  if (wait.Rows == 1) text += QStringLiteral("1 lido, ");
+  if (wait.Rows > 1) text += QStringLiteral("%1 lidos, ").arg(locale.toString(wait.Rows));
+  return text + QStringLiteral("há %1 s. Esc cancela.").arg(seconds);
 }
 
 }  // namespace

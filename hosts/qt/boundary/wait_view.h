@@ -14,9 +14,9 @@ namespace tessaria::qt {
 class WaitInput;
 
 /// The view of a Qt program. During a wait windows repaint and the pointer shows it; after two
-/// seconds a line in the window in front says how long it has lasted and how many rows have come.
-/// Of the keys only Escape is read, which gives up. Other keys wait for the end of the wait and are
-/// then delivered, and so is the closing of a window; the mouse presses nothing.
+/// seconds a line in the window in front says what is awaited, for how long, and how many rows
+/// came. Of the keys only Escape is read, which gives up. Other keys wait for the end of the wait
+/// and are then delivered, and so is the closing of a window; the mouse presses nothing.
 class WaitView final : public host::WaitView {
  public:
   WaitView();

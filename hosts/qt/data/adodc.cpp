@@ -151,10 +151,11 @@ void Adodc::setConnection(host::ConnectionPtr connection) { connection_ = std::m
 
 void Adodc::setConnectionFactory(ConnectionFactory make) { factory() = std::move(make); }
 
+// A connection that was lost is opened by the statement that asks the operator.
 void Adodc::ensureConnection() {
   if (!connection_ && factory()) connection_ = factory()(connectionString_);
   if (!connection_) throw HostError(errors::InvalidConnection);
-  if (connection_->State() == host::state::Closed) connection_->Open();
+  if (connection_->State() == host::state::Closed && !connection_->IsLost()) connection_->Open();
 }
 
 void Adodc::open() {

@@ -55,6 +55,9 @@ SqlRecordset::~SqlRecordset() = default;
 
 // Runs the statement and moves to the first row.
 void SqlRecordset::Run() {
+  using host::Awaited;
+  const Patience::Request request(session_->Waits(),
+                                  facts_.isPlainQuery ? Awaited::Rows : Awaited::Answer);
   if (lock_ != host::LockType::ReadOnly) session_->ForgetTables();
   auto table = open_ ? open_() : std::make_shared<RowTable>(session_, facts_);
   std::optional<KeyTable> key;
@@ -148,6 +151,7 @@ void SqlRecordset::MoveLast() {
   const auto keep = Keep();
   WriteEdit();
   Table();
+  const Patience::Request request(session_->Waits(), host::Awaited::LastRow);
   const std::int64_t rows = shown_->Count();
   if (rows == 0) ThrowNoRow();
   MoveTo(rows - 1);
@@ -180,8 +184,8 @@ void SqlRecordset::AbsolutePosition(Long row) {
 void SqlRecordset::Find(const String& criteria) {
   const auto keep = Keep();
   const FindCriterion criterion(ColumnInfo(), criteria);
-  const Patience::Request request(session_->Waits());
   WriteEdit();
+  const Patience::Request request(session_->Waits(), host::Awaited::Match);
   if (!StandsOnRow()) ThrowNoRow();
   std::int64_t position = position_;
   const auto isHeld = [&] { return Holds(static_cast<Long>(position + 1)); };
@@ -214,6 +218,7 @@ void SqlRecordset::Sort(const String& order) {
   const auto keep = Keep();
   const std::vector<SortKey> keys = ParseSortOrder(ColumnInfo(), order);
   WriteEdit();
+  const Patience::Request request(session_->Waits(), host::Awaited::Order);
   if (!SortAtServer(keys)) {
     std::vector<RowId> rows = shown_->InStatementOrder();
     SortRows(*table_, keys, rows);

@@ -104,6 +104,7 @@ auto SqlRecordset::Send(Doubt doubt, Write write) {
 // The edit ends once the database has accepted it, whatever fails afterwards.
 void SqlRecordset::WriteEdit() {
   session_->Waits().RequireIdle();
+  const Patience::Request request(session_->Waits(), host::Awaited::Write);
   if (doubt_ == Doubt::Edit) SettleDoubt();
   if (edit_ == host::EditMode::Add) {
     ColumnStore written = Send(Doubt::Edit, [&] { return writer_->Insert(changes_); });
@@ -161,6 +162,7 @@ void SqlRecordset::Delete() {
   RequireUpdatable();
   if (edit_ == host::EditMode::Add) return CancelUpdate();
   RequireRow();
+  const Patience::Request request(session_->Waits(), host::Awaited::Deletion);
   const RowId row = CurrentRow();
   if (doubt_ == Doubt::Edit) SettleDoubt();
   const bool isGone = doubt_ == Doubt::Deletion && !writer_->IsThere(*table_, row);

@@ -103,7 +103,7 @@ bool RowTable::IsDistant() {
 bool RowTable::Reach(std::uint32_t number) {
   if (number < read_->RowCount()) return true;
   const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
-  const Patience::Request request(session_->Waits());
+  const Patience::Request request(session_->Waits(), host::Awaited::Rows);
   if (!window_) ReadUpTo(number);
   if (stream_) stream_->KeepRest();
   if (number < read_->RowCount()) return true;
@@ -114,7 +114,7 @@ bool RowTable::Reach(std::uint32_t number) {
 
 std::uint32_t RowTable::RowCount() {
   const auto keep = weak_from_this().lock();
-  const Patience::Request request(session_->Waits());
+  const Patience::Request request(session_->Waits(), host::Awaited::Count);
   if (!window_) ReadUpTo(kAdded - 1);
   if (window_) return window_->Count();
   RequireSound();
@@ -153,7 +153,7 @@ void RowTable::Hold(RowId row) const {
 void RowTable::ReadRest() noexcept {
   if (!CanRead()) return;
   const auto keep = weak_from_this().lock();
-  const Patience::Request request(session_->Waits());
+  const Patience::Request request(session_->Waits(), host::Awaited::Rows);
   try {
     ReadUpTo(kAdded - 1);
   } catch (...) {
@@ -164,7 +164,7 @@ void RowTable::ReadRest() noexcept {
 void RowTable::HoldRows() {
   if (!window_) return;
   const auto keep = weak_from_this().lock();
-  const Patience::Request request(session_->Waits());
+  const Patience::Request request(session_->Waits(), host::Awaited::Rows);
   window_->ReadOn(read_->RowCount(), *read_);
   window_.reset();
   session_->Remove(this);

@@ -69,7 +69,7 @@ template <class Request>
 auto RowWindow::Ask(Request request) {
   Patience& waits = snapshot_->Beside().Waits();
   waits.RequireIdle();
-  const Patience::Request whole(waits);
+  const Patience::Request whole(waits, host::Awaited::Rows);
   waits.Breathe();
   try {
     Declare();

@@ -30,13 +30,16 @@ class Flag {
 
 }  // namespace
 
-Patience::Request::Request(Patience& patience) : patience_(patience) {
+Patience::Request::Request(Patience& patience, host::Awaited what)
+    : patience_(patience), before_(patience.what_) {
+  if (before_ == host::Awaited::Answer || what == host::Awaited::Connection) patience_.what_ = what;
   if (patience_.depth_++ > 0) return;
   patience_.start_ = patience_.lastPass_ = Clock::now();
   patience_.rows_ = 0;
 }
 
 Patience::Request::~Request() {
+  patience_.what_ = before_;
   if (--patience_.depth_ > 0) return;
   if (auto* const view = std::exchange(patience_.passed_, nullptr)) view->Over();
 }
@@ -135,7 +138,7 @@ bool Patience::Pass() {
   if (view == nullptr) return false;
   passed_ = view;
   const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start_);
-  const bool isGivenUp = view->Pass({elapsed, rows_});
+  const bool isGivenUp = view->Pass({elapsed, rows_, what_});
   lastPass_ = Clock::now();
   return isGivenUp;
 }

@@ -15,16 +15,18 @@ namespace tessaria::sql {
 class Patience {
  public:
   /// One request of the program, to which many answers of the server may belong. The time of the
-  /// waits in it counts from its start. One inside another is a part of it.
+  /// waits in it counts from its start. One inside another is a part of it: what the outer one
+  /// waits for is shown, if it knows, except while a connection is opened.
   class Request {
    public:
-    explicit Request(Patience& patience);
+    explicit Request(Patience& patience, host::Awaited what = host::Awaited::Answer);
     Request(const Request&) = delete;
     Request& operator=(const Request&) = delete;
     ~Request();
 
    private:
     Patience& patience_;
+    host::Awaited before_;
   };
 
   /// Makes one call of the driver. `cancel` is made, on a thread of its own, when the operator
@@ -65,6 +67,7 @@ class Patience {
   int depth_ = 0;  // of requests
   Clock::time_point start_, lastPass_;
   Long rows_ = 0;
+  host::Awaited what_ = host::Awaited::Answer;
   int givenUp_ = 0;
   host::WaitView* passed_ = nullptr;  // the view that shows this request
 };

@@ -14,7 +14,9 @@ class Reconnection {
   /// A call has found the link lost.
   void NoteLoss() noexcept;
 
-  /// Whether the program has the session open and somebody can be asked.
+  /// Whether the program has the session open.
+  bool IsWanted() const noexcept { return isWanted_; }
+  /// The same, and somebody can be asked.
   bool IsPossible() const noexcept;
   /// Whether the operator's present action may ask: once, and not in the action that has met the
   /// loss. Counts as asked then.

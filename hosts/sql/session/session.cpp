@@ -81,6 +81,7 @@ void Session::Open(String connectionString, Long timeout) {
   RequireWellFormed(connectionString);
   Drop();
   const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
+  const Patience::Request request(*patience_, host::Awaited::Connection);
   String text = connectionString;
   scope_ = TakePooling(text);
   link_ = Connect(text, timeout);
@@ -324,6 +325,7 @@ void Session::BeginTrans(const String& modes) {
 }
 
 void Session::CommitTrans() {
+  const Patience::Request request(*patience_, host::Awaited::Write);
   RequireTransaction();
   try {
     SettleRows();

@@ -81,6 +81,8 @@ class Session : public std::enable_shared_from_this<Session> {
   /// Undoes a transaction in progress. Does nothing when closed.
   void Close() noexcept;
   bool IsOpen() const noexcept { return link_ != nullptr && !link_->IsLost(); }
+  /// Whether the link has gone since the program opened the session.
+  bool IsLost() const noexcept { return !IsOpen() && reconnection_.IsWanted(); }
   /// Whether the next statement of an action may open it again.
   bool CanReconnect() const noexcept {
     return !IsOpen() && !inTransaction_ && reconnection_.IsPossible();

@@ -227,6 +227,9 @@ class TESSARIA_CORE_API Connection : public Object {
   /// Whether it was lost, so that the next statement of an action asks whether to open it again
   /// (`ThreadState::reconnecting`). It answers for its provider properties then.
   virtual bool CanReconnect() const { return false; }
+  /// Whether it was lost since the program opened it, also in a transaction that has not been ended
+  /// yet. What opens connections by itself leaves this one to the operator.
+  virtual bool IsLost() const { return false; }
 
   /// Seconds that `Open` waits for a server that does not answer; 15 by default. 0 leaves it to the
   /// driver. Can be assigned only while closed. Errors: 3705 while open, 3001 for a negative

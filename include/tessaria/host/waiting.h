@@ -8,10 +8,24 @@
 
 namespace tessaria::host {
 
+/// What is waited for.
+enum class Awaited {
+  Answer,      ///< to a statement of the program
+  Connection,  ///< also one that was lost, or that is opened for further rows
+  Rows,        ///< that are read
+  Count,       ///< of the rows
+  LastRow,     ///< a move to it
+  Match,       ///< a row that is looked for
+  Order,       ///< the rows in another order
+  Write,       ///< of an edit, a new row or a transaction
+  Deletion     ///< of a row
+};
+
 /// One wait.
 struct Wait {
   std::chrono::milliseconds Elapsed;  ///< since the server was asked
   Long Rows;                          ///< that have come so far, over all answers to one request
+  Awaited What = Awaited::Answer;
 };
 
 /// Optional service of a thread (`ThreadState::waiting`). A wait that lasts longer than a moment is

@@ -36,7 +36,7 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
 
  public:
   /// Creates the connection for a connection string; the data control opens it when it is not open
-  /// yet.
+  /// yet. One that was lost is opened again only when the operator agrees.
   using ConnectionFactory = std::function<host::ConnectionPtr(const QString& connectionString)>;
 
   explicit Adodc(QWidget* parent = nullptr);
