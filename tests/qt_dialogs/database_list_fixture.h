@@ -8,11 +8,11 @@
 #include <QTableView>
 #include <QTest>
 
-#include "tessaria/odbc/connection.h"
 #include "tessaria/pesquisa_definition.h"
 #include "tessaria/qt/form.h"
 #include "tessaria/qt/metatypes.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
+#include "tests/support/database_driver.h"
 #include "tests/support/postgres_cluster.h"
 
 namespace tessaria::qt::tests {
@@ -106,7 +106,7 @@ class DatabaseListFixture : public DialogFixture {
     settleEvents();
   }
 
-  host::ConnectionPtr connection_ = odbc::CreateConnection();
+  host::ConnectionPtr connection_ = test::NewConnectionOfTheDriver();
   TsText* description_ = nullptr;
   QLineEdit* other_ = nullptr;  ///< a widget that is not a field of the library
 };

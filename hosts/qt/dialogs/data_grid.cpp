@@ -126,7 +126,10 @@ bool GridPane::holdRows(int around) {
   const int first = view_->rowAt(0);
   const int bottom = view_->rowAt(view_->viewport()->height() - 1);
   const int last = bottom < 0 ? model_->rowCount() - 1 : bottom;
-  return first < 0 || model_->hold(first - around, last + around);
+  const QPointer<GridPane> self(this);
+  const bool areHeld = first < 0 || model_->hold(first - around, last + around);
+  if (self) showWarning();
+  return areHeld;
 }
 
 void GridPane::holdShownRows() {
@@ -138,7 +141,8 @@ void GridPane::holdMissingRows() {
   if (!missing_.isActive()) missing_.start(0);
 }
 
-void GridPane::showWarning(const QString& text) {
+void GridPane::showWarning() {
+  const QString text = model_->warning();
   warning_->setText(text);
   warning_->setVisible(!text.isEmpty());
 }
@@ -227,8 +231,8 @@ DataGridItem::~DataGridItem() = default;
 void DataGridItem::DataSource(host::RecordsetPtr rows) {
   const QScopedValueRollback echo(following_, true);
   columns_.clear();
-  pane_.showWarning({});
   pane_.model().setRows(std::move(rows));
+  pane_.showWarning();
   for (int i = 0; i < pane_.model().columnCount(); ++i)
     columns_.push_back(std::make_unique<FieldColumn>(pane_, i));
   ShowCurrentRow();
@@ -298,10 +302,7 @@ void DataGridItem::goToEnd(bool last) {
 void DataGridItem::repair() {
   pane_.model().noteFailure();
   ShowCurrentRow();
-  if (!pane_.model().hasFailed()) return;
-  pane_.showWarning(
-      QStringLiteral("Lista incompleta: a leitura parou depois de %1 registros.")
-          .arg(QLocale(QLocale::Portuguese, QLocale::Brazil).toString(pane_.model().rowCount())));
+  pane_.showWarning();
 }
 
 }  // namespace tessaria::qt

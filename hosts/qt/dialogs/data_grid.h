@@ -51,7 +51,8 @@ class GridPane final : public QWidget {
 
   GridView& view() const { return *view_; }
   RecordModel& model() const { return *model_; }
-  void showWarning(const QString& text);
+  /// Shows the model's, or hides it.
+  void showWarning();
   /// Reads the rows that the view is about to show, and later those around them.
   void holdShownRows();
   /// The same for rows that turned out to be missing while they were painted.

@@ -1,5 +1,7 @@
 #include "hosts/qt/dialogs/record_model.h"
 
+#include <QLocale>
+#include <QPointer>
 #include <algorithm>
 
 #include "lookup/field_types.h"
@@ -44,8 +46,7 @@ void RecordModel::setRows(host::RecordsetPtr rows) {
   rows_ = std::move(rows);
   columns_.clear();
   shown_ = 0;
-  failed_ = false;
-  paused_ = false;
+  failed_ = lacks_ = paused_ = false;
   if (isOpen()) {
     for (Long i = 0; i < rows_->Fields().Count(); ++i) {
       const auto field = rows_->Fields().Item(i);
@@ -116,7 +117,7 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
   if (role != Qt::DisplayRole) return {};
   try {
     if (rows_->Holds(index.row() + 1)) return text(index);
-    const bool canCome = !paused_ && !failed_ && index.row() < rows_->RowsRead();
+    const bool canCome = !paused_ && index.row() < rows_->RowsRead();
     if (rowsMissing && canCome) rowsMissing();
     return {};
   } catch (const HostError&) {
@@ -155,16 +156,41 @@ void RecordModel::fetchMore(const QModelIndex& parent) {
 }
 
 bool RecordModel::hold(int first, int last) {
-  if (failed_ || !isOpen()) return true;
+  if (!isOpen()) return true;
   paused_ = false;
+  const QPointer<RecordModel> self(this);  // what runs meanwhile may close the window
+  const auto rows = rows_;
+  const bool areMissing = !holdsAll(first + 1, last + 1);
   try {
-    return rows_->Hold(first + 1, last + 1);
+    const bool areHeld = rows->Hold(first + 1, last + 1);
+    if (self && areHeld && areMissing) lacks_ = false;
+    return areHeld;
   } catch (...) {
-    failed_ = !wasGivenUp(std::current_exception());
+    if (!self) return true;
+    const auto failure = std::current_exception();
+    const bool isKnown = lacks_ && !wasGivenUp(failure);
+    lacks_ = lacks_ || !wasGivenUp(failure);
     paused_ = true;
-    if (readingFailed) readingFailed(std::current_exception());
+    if (readingFailed && !isKnown) readingFailed(failure);
     return true;
   }
+}
+
+// Numbers from 1; those that there are not are not looked at.
+bool RecordModel::holdsAll(int first, int last) const {
+  int row = std::max(first, 1);
+  const int end = std::min(last, shown_);
+  while (row <= end && rows_->Holds(row)) ++row;
+  return row > end;
+}
+
+// Of rows at the server, those before the failure were not all read either.
+QString RecordModel::warning() const {
+  if (!failed_ && !lacks_) return {};
+  if (lacks_ || !holdsAll(1, shown_))
+    return QStringLiteral("Lista incompleta: alguns registros não puderam ser lidos.");
+  return QStringLiteral("Lista incompleta: a leitura parou depois de %1 registros.")
+      .arg(QLocale(QLocale::Portuguese, QLocale::Brazil).toString(shown_));
 }
 
 /// A record set that already failed to read reports it at once.

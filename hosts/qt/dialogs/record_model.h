@@ -11,7 +11,9 @@
 namespace tessaria::qt {
 
 /// Shows the rows that were read; more are read when the view reaches their end. A failed read
-/// ends that: it is reported once, and the rows count as incomplete from then on.
+/// ends that: it is reported once, and the rows count as incomplete from then on. Rows that stay at
+/// the server are asked for again with the next movement when they could not be had; that too is
+/// reported once, until they come.
 class RecordModel final : public QAbstractTableModel {
   Q_OBJECT
 
@@ -24,12 +26,12 @@ class RecordModel final : public QAbstractTableModel {
   /// Updates the model after rows were read or reordered.
   void refresh();
   /// Reads the rows from one to another, as far as there are any, which the view is about to show.
-  /// False when that is not possible now. A failure goes to the listener and ends the reading.
+  /// False when that is not possible now. A failure goes to the listener.
   bool hold(int first, int last);
   /// Notes a read that failed outside this model.
   void noteFailure();
-  /// Whether rows are missing that will not be read any more.
-  bool hasFailed() const { return failed_; }
+  /// What the operator is told about rows that are missing after a failure; empty when none are.
+  QString warning() const;
 
   QString caption(int column) const { return columns_[std::size_t(column)].caption; }
   void setCaption(int column, const QString& caption);
@@ -58,14 +60,16 @@ class RecordModel final : public QAbstractTableModel {
     Long size;
   };
   bool isOpen() const;
+  bool holdsAll(int first, int last) const;
   std::exception_ptr readOn(int rows);
   QString text(const QModelIndex& index) const;
   QVariant alignment(int column) const;
 
   host::RecordsetPtr rows_;
   std::vector<Column> columns_;
-  int shown_ = 0;  ///< rows that the view knows of
-  bool failed_ = false;
+  int shown_ = 0;        ///< rows that the view knows of
+  bool failed_ = false;  ///< to read on
+  bool lacks_ = false;   ///< rows at the server that could not be had
   bool paused_ = false;  ///< missing rows are not asked for before the next movement
 };
 
