@@ -12,7 +12,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWidget>
-#include <algorithm>
 #include <chrono>
 #include <cstring>
 #include <functional>
@@ -20,6 +19,7 @@
 #include <utility>
 #include <vector>
 
+#include "bench/measuring.h"
 #include "tessaria/masks.h"
 #include "tessaria/memory/application.h"
 #include "tessaria/qt/host.h"
@@ -44,12 +44,6 @@ constexpr Family kFamilies[] = {
     {"two-sided", "N000A00", "9999N99;_", "1234b56"},
     {"number", "$$$$$$$.$$", "0000000.00; ", "123456,78"},
 };
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
 
 template <class Body>
 double SecondsOf(Body&& body) {

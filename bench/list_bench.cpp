@@ -36,8 +36,8 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 
+#include "bench/measuring.h"
 #include "tessaria/odbc/connection.h"
 #include "tessaria/pesquisa_definition.h"
 #include "tessaria/postgres/connection.h"
@@ -507,19 +507,6 @@ void RegisterAll() {
   add("Window/odbc", [](auto& state) { Window(state, odbc::CreateConnection); });
 }
 
-/// Takes --rows off the arguments.
-void ReadOptions(int& argc, char** argv) {
-  constexpr std::string_view kOption = "--rows=";
-  const auto isRows = [&](const char* argument) {
-    return std::string_view(argument).starts_with(kOption);
-  };
-  char** const option = std::find_if(argv, argv + argc, isRows);
-  if (option == argv + argc) return;
-  Rows() = std::stoi(*option + kOption.size());
-  std::copy(option + 1, argv + argc, option);
-  --argc;
-}
-
 void OpenPeersDatabase() {
   auto database = QSqlDatabase::addDatabase("QPSQL");
   database.setHostName(QString::fromStdString(PostgresCluster::Shared().Folder()));
@@ -537,7 +524,7 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
   tessaria::bench::WatchedApplication application(argc, argv);
   QApplication::setStyle("fusion");
   benchmark::Initialize(&argc, argv);
-  tessaria::bench::ReadOptions(argc, argv);
+  tessaria::bench::Rows() = tessaria::bench::TakeRows(argc, argv, tessaria::bench::kMostForAll);
   benchmark::AddCustomContext("Qt", qVersion());
   tessaria::qt::install();
   tessaria::bench::OpenPeersDatabase();

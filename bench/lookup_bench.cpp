@@ -9,7 +9,6 @@
 #include <benchmark/benchmark.h>
 #include <libpq-fe.h>
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <ctime>
@@ -20,6 +19,7 @@
 #include <utility>
 #include <vector>
 
+#include "bench/measuring.h"
 #include "hosts/odbc/handles.h"
 #include "hosts/odbc/wide.h"
 #include "lookup/description_lookup.h"
@@ -205,12 +205,6 @@ void Take(Times& times, const std::function<void()>& run) {
   const std::chrono::duration<double, std::micro> wall = std::chrono::steady_clock::now() - start;
   times.wall.push_back(wall.count());
   times.cpu.push_back(CpuNow() - cpu);
-}
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
 }
 
 /// `statements` are what `library` sends in one turn; the peers send the same.

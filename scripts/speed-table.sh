@@ -2,8 +2,8 @@
 # Builds the benchmarks, runs them and prints their figures as one Markdown table.
 # Usage: [BENCH_PROGRAMS=folder] scripts/speed-table.sh [--rows=10000000]...
 #   BENCH_PROGRAMS  the folder of benchmarks that are already built; without it they are built
-#   --rows=N  measures the list on so many rows too, which takes long to fill; N other than 10000000
-#             leaves only its JSON output
+#   --rows=N  measures the list, and the work beside a data control, on so many rows too, which takes
+#             long to fill; N other than 10000000 leaves only its JSON output
 # The JSON outputs stay in build/bench-output.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -42,8 +42,10 @@ measure() {
 measure list list_bench
 measure recordset recordset_bench
 measure lookup lookup_bench
+measure costs costs_bench
 measure field field_bench
 for count in ${rows[@]+"${rows[@]}"}; do
   measure "list-$count" list_bench "--rows=$count"
+  measure "costs-$count" costs_bench "--rows=$count"
 done
 "$programs/speed_table" "$output"/*.json

@@ -59,10 +59,25 @@ bool RowTable::ReadBlock() {
   return false;
 }
 
+// Whoever asks for rows that are far away, or for the link, is not to wait for the first rows of a
+// large result. The question runs in the transaction of the rows: its failure is theirs.
+bool RowTable::MayMoveToWindow(std::uint32_t number) {
+  if (!stream_ || isWindowRefused_ || !CanRead() || !stream_->IsRepeatable()) return false;
+  if (read_->RowCount() >= RowStream::kFirstRows) return true;
+  if (number < RowStream::kFirstRows || read_->RowCount() != RowStream::kFirstFetch) return false;
+  try {
+    return stream_->IsExpectedLarge();
+  } catch (...) {
+    failure_ = std::current_exception();
+  }
+  EndStream();
+  return false;
+}
+
 // A second reading shows the same rows in the same order, or nothing changes. When the operator
 // gives up while its session is opened, the next request reads on as the rows come.
-bool RowTable::MoveToWindow() {
-  if (!stream_ || isWindowRefused_ || !CanRead() || !stream_->IsRepeatable()) return false;
+bool RowTable::MoveToWindow(std::uint32_t number) {
+  if (!MayMoveToWindow(number)) return false;
   isWindowRefused_ = true;
   const SessionPtr beside = Snapshot::OpenBeside(*session_);
   try {
@@ -90,8 +105,7 @@ std::unique_ptr<RowWindow> RowTable::WindowOfTheStream(const SessionPtr& beside)
 // As far as the first rows do, or the reading of all.
 void RowTable::ReadUpTo(std::uint32_t number) {
   while (number >= read_->RowCount()) {
-    if (read_->RowCount() >= RowStream::kFirstRows && MoveToWindow()) return;
-    if (!ReadBlock()) return;
+    if (MoveToWindow(number) || !ReadBlock()) return;
   }
 }
 

@@ -99,7 +99,8 @@ class RowTable final : public PendingRows,
   CellPlace PlaceOf(RowId row) const;
   bool ReadBlock();
   void ReadUpTo(std::uint32_t number);
-  bool MoveToWindow();
+  bool MayMoveToWindow(std::uint32_t number);
+  bool MoveToWindow(std::uint32_t number);
   std::unique_ptr<RowWindow> WindowOfTheStream(const SessionPtr& beside) const;
   void EndStream() noexcept;
 

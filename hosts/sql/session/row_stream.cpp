@@ -5,8 +5,10 @@
 #include <string>
 #include <utility>
 
+#include "hosts/sql/session/first_row.h"
 #include "hosts/sql/statements/column_texts.h"
 #include "hosts/sql/statements/statement_source.h"
+#include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/text.h"
 
@@ -61,6 +63,15 @@ bool MayHaveEffects(const String& text) {
   return false;
 }
 
+// The estimate in the first line of a plan, as in "Seq Scan on t (cost=0.00..15.00 rows=850
+// width=8)".
+double ExpectedRows(const TextRow& plan) {
+  constexpr StringView kRows = u" rows=";
+  if (plan.empty() || !plan[0]) return 0;
+  const std::size_t at = plan[0]->rfind(kRows);
+  return at == String::npos ? 0 : Val(plan[0]->substr(at + kRows.size()));
+}
+
 constexpr StringView kMayBeExecuted =
     u"O comando pode ter sido executado ou não: a conexão com o servidor caiu antes da resposta. "
     u"Confira antes de repeti-lo.";
@@ -68,6 +79,7 @@ constexpr StringView kMayBeExecuted =
 }  // namespace
 
 const std::uint32_t RowStream::kFirstRows = (1 + kFurtherFetches) * kFetchRows;
+const std::uint32_t RowStream::kFirstFetch = kFetchRows;
 
 RowStream::RowStream(Session& session, const StatementFacts& facts)
     : session_(session), statement_(session.NewStatement()) {
@@ -161,6 +173,12 @@ bool RowStream::Read(ColumnStore& store) {
     Abandon();
     throw;
   }
+}
+
+bool RowStream::IsExpectedLarge() {
+  const StatementPtr question = session_.InnerStatement();
+  session_.Execute(*question, u"EXPLAIN " + query_);
+  return ExpectedRows(FirstRow(*question)) > kFirstRows;
 }
 
 void RowStream::KeepRest() {

@@ -31,6 +31,10 @@ class RowStream {
   bool Read(ColumnStore& store);
   /// Rows that come in quickly, before it must be decided how to go on with a large result.
   static const std::uint32_t kFirstRows;
+  /// Those of them that come first; the link is free for a question once they are read.
+  static const std::uint32_t kFirstFetch;
+  /// Whether the server expects more than `kFirstRows` rows. It reads none to tell.
+  bool IsExpectedLarge();
   /// Whether the rows that were read can be read once more beside this session: the transaction
   /// shows all statements the same, and the query has no effects.
   bool IsRepeatable() const { return statement_ && cursor_ && isRepeatable_; }
