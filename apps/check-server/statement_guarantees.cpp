@@ -41,20 +41,22 @@ Finding FailedStatement(Subject& subject) {
   return KeptIf(CountOf(subject.Other(), table) == u"2", "rows of the transaction are missing");
 }
 
-Finding Rollback(Subject& subject) {
-  subject.Create(u"undone", u"k int primary key");
-  const String table = subject.Table(u"undone");
+// Creates a table and stores a row in it, in a transaction that stays open. Returns its name.
+String InsertInTransaction(Subject& subject, const char16_t* name) {
+  subject.Create(name, u"k int primary key");
   subject.One().BeginTrans();
-  subject.One().Execute(u"insert into " + table + u" values (1)");
+  subject.One().Execute(u"insert into " + subject.Table(name) + u" values (1)");
+  return subject.Table(name);
+}
+
+Finding Rollback(Subject& subject) {
+  const String table = InsertInTransaction(subject, u"undone");
   subject.One().RollbackTrans();
   return KeptIf(CountOf(subject.One(), table) == u"0", "a row that was undone is there");
 }
 
 Finding Visibility(Subject& subject) {
-  subject.Create(u"seen", u"k int primary key");
-  const String table = subject.Table(u"seen");
-  subject.One().BeginTrans();
-  subject.One().Execute(u"insert into " + table + u" values (1)");
+  const String table = InsertInTransaction(subject, u"seen");
   if (CountOf(subject.Other(), table) != u"0") return NotKept("seen before the commit");
   subject.One().CommitTrans();
   return KeptIf(CountOf(subject.Other(), table) == u"1", "not seen after the commit");

@@ -83,17 +83,22 @@ class AdoptedContract : public testing::TestWithParam<ProgramHost> {
     return program_->Ask(
         "select md5(string_agg(name || '=' || setting, ',' order by name)) from pg_settings");
   }
+  /// Changes the name of the current row and stores a new one, which is current then.
+  static void RenameAndAdd(const host::RecordsetPtr& rows, const String& name, Long key,
+                           const String& nameOfNew) {
+    Set(rows, u"nome", name);
+    rows->Update();
+    rows->AddNew();
+    Set(rows, u"k", key);
+    Set(rows, u"nome", nameOfNew);
+    rows->Update();
+  }
   /// Everything that this library does, once.
   void UseAll() {
     Scalar(u"Select nome From t Where k = 1 Limit 1");
     EXPECT_EQ(Edit(u"select * from t order by k")->RecordCount(), 2);
     const auto rows = Edit(u"select * from t order by k");
-    Set(rows, u"nome", u"Eva");
-    rows->Update();
-    rows->AddNew();
-    Set(rows, u"k", Long{9});
-    Set(rows, u"nome", u"Nova");
-    rows->Update();
+    RenameAndAdd(rows, u"Eva", 9, u"Nova");
     rows->Delete();
     EXPECT_ANY_THROW(adopted_->Execute(u"selec"));
     EXPECT_ANY_THROW(adopted_->Execute(u"insert into t values (1, 'x')"));
@@ -145,12 +150,7 @@ TEST_P(AdoptedContract, WhatIsWrittenVanishesWithTheProgramsRollbackAndStaysWith
   EXPECT_EQ(Committed(), "Ana,Bia");
   program_->Begin();
   const auto again = Edit(u"select * from t order by k");
-  Set(again, u"nome", u"Iva");
-  again->Update();
-  again->AddNew();
-  Set(again, u"k", Long{3});
-  Set(again, u"nome", u"Carla");
-  again->Update();
+  RenameAndAdd(again, u"Iva", 3, u"Carla");
   EXPECT_EQ(Committed(), "Ana,Bia");
   program_->Commit();
   EXPECT_EQ(Committed(), "Iva,Bia,Carla");

@@ -22,14 +22,8 @@ class CostsTest : public DatabaseTest {
   void SetUp() override {
     DatabaseTest::SetUp();
     if (IsSkipped()) return;
-    Run(u"create table cidades (codigo int primary key, nome text)");
-    Run(u"insert into cidades select n, 'Cidade ' || n from generate_series(1, 100) n");
-    for (const Long rows : {kFew, kMany, kManyMore}) {
-      const String number = FromUtf8(std::to_string(rows));
-      Run(u"create table t" + number + u" (codigo int primary key, nome text)");
-      Run(u"insert into t" + number + u" select n, 'nome ' || n from generate_series(1, " + number +
-          u") n");
-    }
+    CreateNames(u"cidades", 100);
+    for (const Long rows : {kFew, kMany, kManyMore}) CreateNames(TableOf(rows), rows);
     counted_ = CreateConnection(CountingConnector(work_));
     counted_->ConnectionString(Cluster().ConnectionString());
     counted_->Open();
@@ -37,10 +31,11 @@ class CostsTest : public DatabaseTest {
   }
   void TearDown() override { State().dbConexao = nullptr; }
 
+  static String TableOf(Long rows) { return u"t" + FromUtf8(std::to_string(rows)); }
+
   host::RecordsetPtr Control(Long rows) {
-    return counted_->OpenRecordset(
-        u"select * from t" + FromUtf8(std::to_string(rows)) + u" order by codigo",
-        CursorType::Static, LockType::Optimistic);
+    return counted_->OpenRecordset(u"select * from " + TableOf(rows) + u" order by codigo",
+                                   CursorType::Static, LockType::Optimistic);
   }
 
   Work WorkOf(const std::function<void()>& step) const {
@@ -56,7 +51,7 @@ class CostsTest : public DatabaseTest {
     const auto rows = Control(number);
     if (!isFirst) FindDescription();
     const Work work = WorkOf([&] { step(rows); });
-    Run(u"delete from t" + FromUtf8(std::to_string(number)) + u" where nome = 'Novo'");
+    Run(u"delete from " + TableOf(number) + u" where nome = 'Novo'");
     return work;
   }
   Work WorkOfFirst(const Step& step, Long number) { return WorkOfStep(step, number, true); }
@@ -84,13 +79,13 @@ class CostsTest : public DatabaseTest {
     browse.BrowseTable(u"cidades");
     browse.BrwCampo(u"codigo");
     browse.BrwCampoIrmao(u"nome");
-    EXPECT_SAME(mdlObjTxt::AchaDescr(browse, u"50", u"txtCidade", u"", 0), u"Cidade 50");
+    EXPECT_SAME(mdlObjTxt::AchaDescr(browse, u"50", u"txtCidade", u"", 0), u"nome 50");
   }
   static void CompleteText() {
     memory::TextBox box;
-    box.Text(u"Cidade 7");
+    box.Text(u"nome 7");
     mdlObjTxt::CompletaDescr(box, u"cidades", u"nome", Integer{65}, false, u"", nullptr, u"");
-    EXPECT_EQ(box.SelStart(), 8);
+    EXPECT_EQ(box.SelStart(), 6);
   }
 
   static constexpr Long kFew = 1'000;

@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "hosts/sql/errors/driver_error.h"
 #include "tessaria/host/data.h"
+#include "tessaria/text.h"
 #include "tests/support/database_driver.h"
 #include "tests/support/postgres_cluster.h"
 #include "tests/support/printers.h"
@@ -37,6 +40,13 @@ class DatabaseTest : public ::testing::Test {
   }
 
   void Run(const String& statement) { connection_->Execute(statement); }
+
+  /// Creates a table of the keys from 1 (codigo) with a name each (nome), "nome 1" and so on.
+  void CreateNames(const String& table, Long rows) {
+    Run(u"create table " + table + u" (codigo int primary key, nome text)");
+    Run(u"insert into " + table + u" select n, 'nome ' || n from generate_series(1, " +
+        FromUtf8(std::to_string(rows)) + u") n");
+  }
 
   host::RecordsetPtr Read(const String& statement) {
     return connection_->OpenRecordset(statement, CursorType::Static, LockType::ReadOnly);

@@ -14,8 +14,7 @@ class ReadingTest : public DatabaseTest {
   void SetUp() override {
     DatabaseTest::SetUp();
     if (IsSkipped()) return;
-    Run(u"create table t (codigo int primary key, nome text)");
-    Run(u"insert into t select n, 'nome ' || n from generate_series(1, 20000) n");
+    CreateNames(u"t", kRows);
   }
 
   static void ExpectAllRows(const host::RecordsetPtr& rows) {
