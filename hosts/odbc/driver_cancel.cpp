@@ -23,8 +23,8 @@ void DriverCancel::Running(SQLHSTMT statement) noexcept {
     running_ = handle;
 }
 
-void DriverCancel::Cancel() noexcept {
-  if (running_ != SQL_NULL_HSTMT) cancel_(running_);
+void DriverCancel::Cancel(SQLHSTMT running) noexcept {
+  if (running != SQL_NULL_HSTMT) cancel_(running);
 }
 
 }  // namespace tessaria::odbc

@@ -20,8 +20,10 @@ class DriverCancel {
 
   /// The statement that runs next; a null handle for none.
   void Running(SQLHSTMT statement) noexcept;
-  /// From any thread, while that statement runs. Does nothing when the driver cannot be reached.
-  void Cancel() noexcept;
+  /// The same in the driver; a null handle also when the driver cannot be reached.
+  SQLHSTMT Running() const noexcept { return running_; }
+  /// Of a statement in the driver, from any thread. Does nothing for a null handle.
+  void Cancel(SQLHSTMT running) noexcept;
 
  private:
   using Call = SQLRETURN(SQL_API*)(SQLHSTMT);

@@ -31,6 +31,8 @@ class Handle {
   SQLHANDLE handle_ = SQL_NULL_HANDLE;
 };
 
+using StatementHandle = Handle<SQL_HANDLE_STMT>;
+
 /// One physical connection, with an environment of its own. Not connected when it is made;
 /// disconnects at its end.
 class ConnectionHandle {

@@ -72,16 +72,19 @@ void Line::Check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle) {
   throw error;
 }
 
-void Line::Running(SQLHSTMT statement) {
+void Line::Running(std::shared_ptr<StatementHandle> statement) {
   const std::lock_guard lock(runningMutex_);
-  running_ = statement;
-  if (driverCancel_) driverCancel_->Running(statement);
+  running_.swap(statement);
+  if (driverCancel_) driverCancel_->Running(running_ ? running_->get() : SQL_NULL_HSTMT);
 }
 
 void Line::CancelRunning() noexcept {
-  const std::lock_guard lock(runningMutex_);
-  if (running_ == SQL_NULL_HSTMT) return;
-  driverCancel_ ? driverCancel_->Cancel() : void(SQLCancel(running_));
+  std::unique_lock lock(runningMutex_);
+  const auto running = running_;
+  const SQLHSTMT ofDriver = driverCancel_ ? driverCancel_->Running() : SQL_NULL_HSTMT;
+  lock.unlock();
+  if (!running) return;
+  driverCancel_ ? driverCancel_->Cancel(ofDriver) : void(SQLCancel(running->get()));
 }
 
 void Line::NoteLoss(const DriverError& error) noexcept {

@@ -33,8 +33,9 @@ class Line {
   Long StatementTimeout() const { return statementTimeout_; }
   void StatementTimeout(Long seconds) { statementTimeout_ = seconds; }
 
-  /// The statement that runs, for `CancelRunning` on another thread; a null handle for none.
-  void Running(SQLHSTMT statement);
+  /// The statement that runs, for `CancelRunning` on another thread; nothing for none. It is not
+  /// freed while it is cancelled, and nobody waits for that.
+  void Running(std::shared_ptr<StatementHandle> statement);
   void CancelRunning() noexcept;
 
   /// Of a connection of the program: error 3709 when it is not connected.
@@ -59,8 +60,8 @@ class Line {
   bool rereads_ = false;
   mutable std::atomic<bool> lost_ = false;
   Long statementTimeout_ = 0;
-  std::mutex runningMutex_;  // a statement that runs is not freed while it is cancelled
-  SQLHSTMT running_ = SQL_NULL_HSTMT;
+  std::mutex runningMutex_;
+  std::shared_ptr<StatementHandle> running_;
 };
 
 }  // namespace tessaria::odbc

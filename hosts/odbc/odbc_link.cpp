@@ -54,18 +54,30 @@ void OdbcLink::NoteProcess() {
   question.Run(
       u"SELECT pg_backend_pid() || ' AND round(extract(epoch FROM xact_start)::numeric, 6) = ' || "
       u"round(extract(epoch FROM now())::numeric, 6)");
-  serverProcess_ = question.FirstText();
+  String process = question.FirstText();
+  const std::lock_guard lock(processMutex_);
+  serverProcess_ = std::move(process);
+}
+
+// Whether the request is over in its time.
+bool OdbcLink::RequestCancel() {
+  constexpr std::chrono::seconds kTime(kCancelTimeout);
+  if (!line_->IsPostgres() || line_->IsLent())
+    return sql::IsOverWithin(kTime, [line = line_] { line->CancelRunning(); });
+  String process;
+  {
+    const std::lock_guard lock(processMutex_);
+    process = serverProcess_;
+  }
+  return sql::IsOverWithin(2 * kTime,
+                           [text = connectionString_, process] { AskToCancel(text, process); });
 }
 
 // The driver manager lets only one call of a connection through at a time, so that SQLCancel would
 // wait for the statement that it is to cancel. Another connection can ask PostgreSQL.
 void OdbcLink::Cancel() noexcept {
   try {
-    if (!line_->IsPostgres() || line_->IsLent()) return line_->CancelRunning();
-    const auto ask = [text = connectionString_, process = serverProcess_] {
-      AskToCancel(text, process);
-    };
-    if (!sql::IsOverWithin(std::chrono::seconds(2 * kCancelTimeout), ask)) line_->Lose();
+    if (!RequestCancel()) line_->Lose();
   } catch (...) {
     // The statement goes on to its own end or time-out.
   }

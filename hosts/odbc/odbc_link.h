@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <mutex>
 
 #include "hosts/odbc/line.h"
 #include "hosts/sql/driver/link.h"
@@ -39,11 +40,13 @@ class OdbcLink final : public sql::Link {
   std::vector<sql::KeyPart> UniqueIndexes(const sql::TablePlace& table) override;
 
  private:
+  bool RequestCancel();
   void AutoCommit(bool on);
   void End(SQLSMALLINT completion);
 
   std::shared_ptr<Line> line_;
   String connectionString_;
+  std::mutex processMutex_;
   String serverProcess_;  // of PostgreSQL: a condition, by which another connection cancels
 };
 

@@ -12,10 +12,12 @@ namespace {
 // A statement that waits for the server, which another thread may cancel.
 class Running {
  public:
-  Running(Line& line, SQLHSTMT statement) : line_(line) { line_.Running(statement); }
+  Running(Line& line, std::shared_ptr<StatementHandle> statement) : line_(line) {
+    line_.Running(std::move(statement));
+  }
   Running(const Running&) = delete;
   Running& operator=(const Running&) = delete;
-  ~Running() { line_.Running(SQL_NULL_HSTMT); }
+  ~Running() { line_.Running(nullptr); }
 
  private:
   Line& line_;
@@ -24,7 +26,7 @@ class Running {
 }  // namespace
 
 OdbcStatement::OdbcStatement(std::shared_ptr<Line> line)
-    : line_(std::move(line)), handle_(line_->Get()) {
+    : line_(std::move(line)), handle_(std::make_shared<StatementHandle>(line_->Get())) {
   // A driver that does not support escapes has none to leave alone.
   const SQLRETURN result =
       SQLSetStmtAttrW(Get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
@@ -40,7 +42,7 @@ OdbcStatement::OdbcStatement(std::shared_ptr<Line> line)
 
 SQLRETURN OdbcStatement::Send(const String& text) {
   SQLFreeStmt(Get(), SQL_CLOSE);
-  const Running running(*line_, Get());
+  const Running running(*line_, handle_);
   const SQLRETURN result =
       SQLExecDirectW(Get(), Wide(text.c_str()), static_cast<SQLINTEGER>(text.size()));
   Check(result);
@@ -84,7 +86,7 @@ void OdbcStatement::Bind(const sql::Columns& columns) {
 }
 
 std::uint32_t OdbcStatement::Fetch() {
-  const Running running(*line_, Get());
+  const Running running(*line_, handle_);
   try {
     return reader_->Fetch();
   } catch (const DriverError& error) {
@@ -94,7 +96,7 @@ std::uint32_t OdbcStatement::Fetch() {
 }
 
 bool OdbcStatement::NextResult() {
-  const Running running(*line_, Get());
+  const Running running(*line_, handle_);
   const SQLRETURN result = SQLMoreResults(Get());
   Check(result);
   return result != SQL_NO_DATA;

@@ -28,7 +28,7 @@ class OdbcStatement final : public sql::Statement {
   /// none.
   String FirstText();
 
-  SQLHSTMT Get() const { return handle_.get(); }
+  SQLHSTMT Get() const { return handle_->get(); }
   /// As the line's.
   void Check(SQLRETURN result) { line_->Check(result, SQL_HANDLE_STMT, Get()); }
 
@@ -36,7 +36,7 @@ class OdbcStatement final : public sql::Statement {
   SQLRETURN Send(const String& text);
 
   std::shared_ptr<Line> line_;
-  Handle<SQL_HANDLE_STMT> handle_;
+  std::shared_ptr<StatementHandle> handle_;  // shared with a request to cancel it
   std::optional<BlockReader> reader_;
 };
 

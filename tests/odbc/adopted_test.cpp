@@ -8,18 +8,21 @@
 #include "tessaria/odbc/connection.h"
 #include "tests/ports/case_count.h"
 #include "tests/sql/adopted_data.h"
+#include "tests/support/cutting_proxy.h"
 
 namespace tessaria::contract {
 namespace {
 
 class OdbcProgram : public Program {
  public:
-  explicit OdbcProgram(const std::string& more = {}) {
+  explicit OdbcProgram(const std::string& more = {})
+      : OdbcProgram(test::PostgresCluster::Shared().ConnectionString(), more) {}
+  OdbcProgram(const String& server, const std::string& more) {
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
     SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3),
                   0);
     SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
-    std::string text = ToUtf8(test::PostgresCluster::Shared().ConnectionString()) + more;
+    std::string text = ToUtf8(server) + more;
     const auto result =
         SQLDriverConnect(connection_, nullptr, reinterpret_cast<SQLCHAR*>(text.data()), SQL_NTS,
                          nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
@@ -200,6 +203,60 @@ TEST_F(AdoptedOdbcTest, AFailedTransactionOfTheProgramIsNamedAndLeftAlone) {
   program.Run("rollback to savepoint meu");
   EXPECT_EQ(adopted->Execute(u"select 1")->RecordCount(), 1);
   program.Run("rollback");
+}
+
+TEST_F(AdoptedOdbcTest, AFailedTransactionOfTheProgramIsNotTakenForAnOwnOne) {
+  OdbcProgram program("Protocol=7.4-0;");
+  program.Run("create temp table c (a int primary key)");
+  auto adopted = program.Adopt();
+  adopted->BeginTrans();
+  program.Run("rollback");
+  program.Run("begin");
+  program.Run("insert into c values (1)");
+  program.Run("savepoint meu");
+  EXPECT_THROW(program.Run("selec"), std::runtime_error);
+  for (int i = 0; i < 2; ++i) EXPECT_HOST_ERROR(adopted->RollbackTrans(), errors::ProviderError);
+  adopted.reset();
+  program.Run("rollback to savepoint meu");
+  program.Run("commit");
+  EXPECT_EQ(program.Ask("select count(*) from c"), "1");
+}
+
+// Gives up at once, over a line that swallows what it is given, and waits for what comes of it.
+class Swallowing final : public host::WaitView {
+ public:
+  Swallowing(test::CuttingProxy& proxy, const host::Connection& connection)
+      : proxy_(proxy), connection_(connection) {
+    State().waiting = this;
+  }
+  ~Swallowing() override { State().waiting = nullptr; }
+  bool Pass(const host::Wait& wait) override {
+    isLost = isLost || connection_.State() == host::state::Closed;
+    if (proxy_.Cuts() == 0 && (isLost || wait.Elapsed > std::chrono::seconds(12))) proxy_.CutNow();
+    proxy_.Swallow();
+    return true;
+  }
+  void Over() override {}
+
+  bool isLost = false;
+
+ private:
+  test::CuttingProxy& proxy_;
+  const host::Connection& connection_;
+};
+
+TEST_F(AdoptedOdbcTest, ARequestToCancelThatDoesNotArriveIsGivenUp) {
+  auto& cluster = test::PostgresCluster::Shared();
+  test::CuttingProxy proxy(cluster.Socket());
+  OdbcProgram program(cluster.ConnectionString(proxy.Port()), "");
+  const auto adopted = program.Adopt();
+  {
+    Swallowing view(proxy, *adopted);
+    EXPECT_ANY_THROW(adopted->Execute(u"select pg_sleep(60)"));
+    EXPECT_TRUE(view.isLost) << "before the line was cut";
+  }
+  EXPECT_HOST_ERROR(adopted->Execute(u"select 1"), errors::InvalidConnection);
+  program.Disconnect();
 }
 
 // The program's own cursor in the driver stays where it is.

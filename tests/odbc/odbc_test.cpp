@@ -1,8 +1,11 @@
 // What is peculiar to the ODBC driver, against a real server.
+#include <atomic>
 #include <cstdlib>
 #include <fstream>
+#include <thread>
 
 #include "hosts/odbc/block_reader.h"
+#include "hosts/odbc/odbc_link.h"
 #include "hosts/odbc/odbc_statement.h"
 #include "tests/sql/database_test.h"
 
@@ -22,6 +25,28 @@ TEST_F(OdbcTest, OpensByDataSourceName) {
   connection->Open();
   EXPECT_SAME(Get(connection->Execute(u"select 'ok'"), 0), u"ok");
   unsetenv("ODBCINI");
+}
+
+// A request to cancel comes from another thread, at any time.
+TEST_F(OdbcTest, AProcessIsNotedWhileSomethingElseIsCancelled) {
+  OdbcLink link(Cluster().ConnectionString(), 5, sql::SettingsScope::Transaction);
+  std::atomic<bool> isOver = false;
+  std::thread canceller([&] {
+    for (int i = 0; i < 10; ++i) link.Cancel();
+    isOver = true;
+  });
+  while (!isOver) {
+    try {
+      link.Begin();
+      link.NoteProcess();
+    } catch (const sql::DriverError& error) {
+      EXPECT_EQ(error.SqlState(), "57014");
+    }
+    link.Rollback();
+  }
+  canceller.join();
+  EXPECT_FALSE(link.IsLost());
+  EXPECT_NO_THROW(link.NewStatement()->Run(u"select 1"));
 }
 
 // The way in which rows are read with drivers that cannot read a bound cell again.

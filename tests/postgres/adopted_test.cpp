@@ -1,6 +1,7 @@
 // Connections of a program that speaks to PostgreSQL by its client library.
 #include <libpq-fe.h>
 
+#include <functional>
 #include <stdexcept>
 
 #include "tessaria/postgres/connection.h"
@@ -146,6 +147,78 @@ TEST_F(AdoptedLibraryTest, AnOwnTransactionThatTheProgramMadeFailCanBeUndone) {
   EXPECT_THROW(program.Run("selec"), std::runtime_error);
   EXPECT_HOST_ERROR(adopted->CommitTrans(), errors::ProviderError);
   adopted->RollbackTrans();
+  EXPECT_EQ(PQtransactionStatus(program.Get()), PQTRANS_IDLE);
+}
+
+TEST_F(AdoptedLibraryTest, ATransactionThatFailsAfterAnOwnStatementIsLeftToTheProgram) {
+  LibraryProgram program;
+  program.Run("create temp table c (a int primary key)");
+  auto adopted = program.Adopt();
+  program.Run("begin");
+  adopted->Execute(u"insert into c values (1)");
+  program.Run("savepoint meu");
+  const auto rows = adopted->OpenRecordset(u"select * from c", host::CursorType::Static,
+                                           host::LockType::Optimistic);
+  adopted->Execute(u"insert into c values (2)");
+  EXPECT_THROW(program.Run("selec"), std::runtime_error);
+  rows->Fields().Item(0)->Value(Long{7});
+  const std::function<void()> calls[] = {[&] { adopted->Execute(u"select 1"); },
+                                         [&] { adopted->Execute(u"insert into c values (3)"); },
+                                         [&] { adopted->Execute(u"savepoint outro"); },
+                                         [&] { adopted->Execute(u"rollback to savepoint meu"); },
+                                         [&] { adopted->OpenSchema(host::SchemaKind::Tables); },
+                                         [&] { adopted->BeginTrans(); },
+                                         [&] { adopted->CommitTrans(); },
+                                         [&] { adopted->RollbackTrans(); },
+                                         [&] { rows->Update(); },
+                                         [&] { adopted->Properties(u"Backslash Escapes"); }};
+  for (const auto& call : calls) {
+    EXPECT_GT(InStr(TextOf(call), u"ROLLBACK"), 0);
+    EXPECT_EQ(PQtransactionStatus(program.Get()), PQTRANS_INERROR);
+  }
+  EXPECT_EQ(rows->EditMode(), host::EditMode::InProgress);
+  adopted->Close();
+  adopted.reset();
+  EXPECT_EQ(PQtransactionStatus(program.Get()), PQTRANS_INERROR);
+  program.Run("rollback to savepoint meu");
+  program.Run("commit");
+  EXPECT_EQ(program.Ask("select string_agg(a::text, ',') from c"), "1");
+}
+
+TEST_F(AdoptedLibraryTest, AFailedTransactionOfTheProgramIsNotTakenForAnOwnOne) {
+  LibraryProgram program;
+  program.Run("create temp table c (a int primary key)");
+  auto adopted = program.Adopt();
+  adopted->BeginTrans();
+  program.Run("rollback");
+  program.Run("begin");
+  program.Run("insert into c values (1)");
+  program.Run("savepoint meu");
+  EXPECT_THROW(program.Run("selec"), std::runtime_error);
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_GT(InStr(TextOf([&] { adopted->RollbackTrans(); }), u"ROLLBACK"), 0);
+    EXPECT_EQ(PQtransactionStatus(program.Get()), PQTRANS_INERROR);
+  }
+  program.Run("rollback");
+  adopted->BeginTrans();
+  program.Run("rollback");
+  program.Run("begin");
+  program.Run("insert into c values (1)");
+  program.Run("savepoint meu");
+  EXPECT_THROW(program.Run("selec"), std::runtime_error);
+  adopted.reset();
+  EXPECT_EQ(PQtransactionStatus(program.Get()), PQTRANS_INERROR);
+  program.Run("rollback to savepoint meu");
+  program.Run("commit");
+  EXPECT_EQ(program.Ask("select count(*) from c"), "1");
+}
+
+TEST_F(AdoptedLibraryTest, AnOwnTransactionThatTheProgramMadeFailIsUndoneWhenItIsLetGo) {
+  LibraryProgram program;
+  auto adopted = program.Adopt();
+  adopted->BeginTrans();
+  EXPECT_THROW(program.Run("selec"), std::runtime_error);
+  adopted.reset();
   EXPECT_EQ(PQtransactionStatus(program.Get()), PQTRANS_IDLE);
 }
 

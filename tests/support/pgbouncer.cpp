@@ -18,14 +18,15 @@ std::string Pgbouncer::Missing() {
 }
 
 // Sessions of the server are taken in turn, so that two transactions in a row seldom meet the same.
-Pgbouncer::Pgbouncer(const std::string& serverFolder, const std::string& mode) {
+Pgbouncer::Pgbouncer(const std::string& serverFolder, const std::string& mode,
+                     const std::string& more) {
   const std::string settings =
       "[databases]\n* = host=" + serverFolder +
       " port=5432\n[pgbouncer]\nauth_type=trust\nauth_file=users\n"
       "listen_addr=\nlisten_port=6432\nserver_round_robin=1\nserver_login_retry=0.2\n"
       "ignore_startup_parameters=extra_float_digits\npidfile=bouncer.pid\n"
       "logfile=bouncer.log\nmin_pool_size=4\npool_mode=" +
-      mode + "\nunix_socket_dir=" + folder_.Path() + "\n";
+      mode + "\nunix_socket_dir=" + folder_.Path() + "\n" + more;
   folder_.Run("printf '\"postgres\" \"\"\\n' > users");
   folder_.Run("printf %s " + ServerFolder::Quoted(settings) + " > bouncer.ini");
   folder_.Run(std::string(kProgram) + " -q -d bouncer.ini");

@@ -12,8 +12,9 @@ namespace tessaria::test {
 class Pgbouncer {
  public:
   /// Of the server whose socket with port 5432 is in that folder. `mode` is "session" or
-  /// "transaction". Transactions of one client go to different sessions of the server.
-  Pgbouncer(const std::string& serverFolder, const std::string& mode);
+  /// "transaction". Transactions of one client go to different sessions of the server. `more` are
+  /// lines of its settings.
+  Pgbouncer(const std::string& serverFolder, const std::string& mode, const std::string& more = {});
   Pgbouncer(const Pgbouncer&) = delete;
   Pgbouncer& operator=(const Pgbouncer&) = delete;
   ~Pgbouncer();

@@ -34,6 +34,8 @@ class TESSARIA_SQL_API DriverError : public HostError {
   bool IsNotSupported() const noexcept;
   /// Whether the statement cannot run inside a transaction. Nothing of it has been run.
   bool IsRefusedInTransaction() const noexcept { return state_ == "25001"; }
+  /// Whether the time to wait for a lock has passed.
+  bool IsLockTimeOut() const noexcept { return state_ == "55P03"; }
 
  private:
   std::string state_;

@@ -222,7 +222,8 @@ void SqlRecordset::Sort(const String& order) {
   if (!SortAtServer(keys)) {
     std::vector<RowId> rows = shown_->InStatementOrder();
     SortRows(*table_, keys, rows);
-    keys.empty() ? shown_->ForgetOrder() : shown_->Order(std::move(rows));
+    const bool isAsRead = keys.empty() && table_->IsInStatementOrder();
+    isAsRead ? shown_->ForgetOrder() : shown_->Order(std::move(rows));
   }
   sort_ = keys.empty() ? String() : order;
   MoveTo(0);
@@ -231,14 +232,6 @@ void SqlRecordset::Sort(const String& order) {
 std::optional<std::size_t> SqlRecordset::FirstOrderOf(const std::vector<SortKey>& keys) const {
   if (keys.empty()) return ColumnOfOrder(table_->TableColumns(), facts_.firstOrder);
   return keys.front().descending ? std::nullopt : std::optional(keys.front().column);
-}
-
-// Rows at the server, which may be sorted there, so that they can be sorted here.
-void SqlRecordset::HoldInStatementOrder() {
-  if (auto unsorted = sort_.empty() ? nullptr : table_->Sorted(facts_.text, {}, false)) {
-    if (!table_->IsWritten() && !shown_->IsChanged()) Show(std::move(unsorted));
-  }
-  table_->HoldRows();
 }
 
 // Rows that are equal come in the statement's order, as far as its first column tells it.
@@ -252,12 +245,10 @@ std::vector<SortKey> SqlRecordset::WithOwnOrder(std::vector<SortKey> keys) const
 bool SqlRecordset::SortAtServer(const std::vector<SortKey>& keys) {
   if (!table_->IsDistant()) return false;
   const bool anew = table_->IsWritten() || shown_->IsChanged();
-  const bool isWhole = keys.empty() || facts_.rowsEnd == 0;
-  const String query = isWhole ? facts_.text : facts_.text.substr(0, facts_.rowsEnd);
-  auto sorted = table_->Sorted(query, WithOwnOrder(keys), anew);
-  if (!sorted) sorted = table_->Sorted(query, keys, anew);
+  auto sorted = table_->Sorted(facts_, WithOwnOrder(keys), anew);
+  if (!sorted) sorted = table_->Sorted(facts_, keys, anew);
   if (!sorted) {
-    HoldInStatementOrder();
+    table_->HoldRows();
     return false;
   }
   Show(std::move(sorted));

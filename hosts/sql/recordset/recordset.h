@@ -129,7 +129,6 @@ class SqlRecordset final : public host::Recordset,
   std::optional<std::size_t> FirstOrderOf(const std::vector<SortKey>& keys) const;
   std::int64_t FirstMatch(const FindCriterion& criterion, std::int64_t position) const;
   std::optional<std::uint32_t> RowsBefore(const FindCriterion& criterion) const;
-  void HoldInStatementOrder();
   std::vector<SortKey> WithOwnOrder(std::vector<SortKey> keys) const;
   void MoveTo(std::int64_t position);
   void RequireUpdatable() const;

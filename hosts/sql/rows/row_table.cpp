@@ -1,7 +1,9 @@
 #include "hosts/sql/rows/row_table.h"
 
 #include <algorithm>
+#include <numeric>
 
+#include "hosts/sql/rows/same_rows.h"
 #include "hosts/sql/rows/server_order.h"
 #include "tessaria/error.h"
 
@@ -29,8 +31,12 @@ RowTable::RowTable(SessionPtr session, const StatementFacts& facts) : session_(s
 RowTable::RowTable(SessionPtr session, Columns columns, ColumnStore rows)
     : session_(std::move(session)), columns_(std::move(columns)), read_(std::move(rows)) {}
 
-RowTable::RowTable(SessionPtr session, Columns columns, std::unique_ptr<RowWindow> window)
-    : session_(std::move(session)), columns_(std::move(columns)), window_(std::move(window)) {
+RowTable::RowTable(SessionPtr session, Columns columns, std::unique_ptr<RowWindow> window,
+                   String ownQuery)
+    : session_(std::move(session)),
+      columns_(std::move(columns)),
+      window_(std::move(window)),
+      ownQuery_(std::move(ownQuery)) {
   read_.emplace(columns_);
   session_->Add(this);
 }
@@ -147,17 +153,20 @@ bool RowTable::Holds(RowId row) const {
   return row < read_->RowCount() || replaced_.contains(row) || (window_ && window_->Holds(row));
 }
 
-std::shared_ptr<RowTable> RowTable::Sorted(const String& query, const std::vector<SortKey>& keys,
-                                           bool anew) {
+std::shared_ptr<RowTable> RowTable::Sorted(const StatementFacts& statement,
+                                           const std::vector<SortKey>& keys, bool anew) {
   const auto snapshot = anew ? Snapshot::Now(*session_) : window_->Moment();
   if (!snapshot) return nullptr;
   if (anew) snapshot->Accept();
+  const bool isWhole = keys.empty() || statement.rowsEnd == 0;
+  const String query = isWhole ? statement.text : statement.text.substr(0, statement.rowsEnd);
   const auto sorted = OrderedQuery(*snapshot, columns_, query, keys);
   if (!sorted) return nullptr;
+  String own = keys.empty() ? String() : *OrderedQuery(*snapshot, columns_, statement.text, {});
   auto window = std::make_unique<RowWindow>(snapshot, *sorted, columns_);
   if (!anew) window->TakeCount(*window_);
   if (window->Reach(0)) window->PlaceOf(0);  // the sort itself, which may fail
-  return std::make_shared<RowTable>(session_, columns_, std::move(window));
+  return std::make_shared<RowTable>(session_, columns_, std::move(window), std::move(own));
 }
 
 void RowTable::Hold(RowId row) const {
@@ -179,7 +188,14 @@ void RowTable::HoldRows() {
   if (!window_) return;
   const auto keep = weak_from_this().lock();
   const Patience::Request request(session_->Waits(), host::Awaited::Rows);
+  ColumnStore own(columns_);
+  if (!ownQuery_.empty()) RowWindow(window_->Moment(), ownQuery_, columns_).ReadOn(0, own);
   window_->ReadOn(read_->RowCount(), *read_);
+  if (!ownQuery_.empty()) ownOrder_ = NumbersInOrderOf(own, *read_);
+  EndWindow();
+}
+
+void RowTable::EndWindow() noexcept {
   window_.reset();
   session_->Remove(this);
 }
@@ -190,6 +206,21 @@ void RowTable::HoldAll() noexcept {
   } catch (...) {
     // The rows stay where they are. Whoever needs one of them gets the error.
   }
+}
+
+void RowTable::HoldOrGiveUp() noexcept {
+  try {
+    HoldRows();
+  } catch (...) {
+    failure_ = std::current_exception();
+    EndWindow();
+  }
+}
+
+std::vector<RowId> RowTable::InStatementOrder() {
+  std::vector<RowId> rows(RowCount());
+  std::iota(rows.begin(), rows.end(), RowId{0});
+  return ownOrder_.empty() ? rows : ownOrder_;
 }
 
 void RowTable::Pin(RowId row) {
@@ -205,8 +236,12 @@ CellPlace RowTable::PlaceOf(RowId row) const {
     const auto replaced = replaced_.find(row);
     if (replaced != replaced_.end()) return {&written_[replaced->second], 0};
   }
-  if (row < read_->RowCount() || !window_) return {&*read_, row};
+  if (row < read_->RowCount()) return {&*read_, row};
   if (pinned_ && pinned_->first == row) return {&pinned_->second, 0};
+  if (!window_) {
+    RequireSound();
+    throw HostError(errors::NoCurrentRecord);
+  }
   return window_->PlaceOf(row);
 }
 

@@ -32,14 +32,14 @@ class RowTable final : public PendingRows,
   RowTable(SessionPtr session, const StatementFacts& facts);
   /// Rows that are already read.
   RowTable(SessionPtr session, Columns columns, ColumnStore rows);
-  /// The rows of a window.
-  RowTable(SessionPtr session, Columns columns, std::unique_ptr<RowWindow> window);
+  /// The rows of a window. `ownQuery` gives them in the order of the statement, where the window
+  /// has another.
+  RowTable(SessionPtr session, Columns columns, std::unique_ptr<RowWindow> window, String ownQuery);
   ~RowTable();
 
   const Columns& TableColumns() const { return columns_; }
 
-  /// Whether there is a row of that number, from 0, in the order of the statement. Reads up to that
-  /// row.
+  /// Whether there is a row of that number, from 0. Reads up to that row.
   bool Reach(std::uint32_t number);
   /// The number of all rows. Reads or asks to the end.
   std::uint32_t RowCount();
@@ -62,18 +62,24 @@ class RowTable final : public PendingRows,
   /// Makes the connection free for another statement: what is not at the server afterwards is held.
   void ReadRest() noexcept override;
   void HoldAll() noexcept override;
+  void HoldOrGiveUp() noexcept override;
   /// The same, raising the errors of reading; the rows stay at the server then.
   void HoldRows();
   /// Keeps this row, and no other that was kept so, whatever becomes of the server.
   void Pin(RowId row);
   /// Whether rows are at the server. Decides it for a result that has not been read to its end.
   bool IsDistant();
-  /// Rows at the server in another order: of the same moment, or of the present one. `query` is the
-  /// statement. Nothing when the server cannot sort them as `SortRows` does.
-  std::shared_ptr<RowTable> Sorted(const String& query, const std::vector<SortKey>& keys,
-                                   bool anew);
+  /// Rows at the server in another order: of the same moment, or of the present one. Nothing when
+  /// the server cannot sort them as `SortRows` does.
+  std::shared_ptr<RowTable> Sorted(const StatementFacts& statement,
+                                   const std::vector<SortKey>& keys, bool anew);
   /// The moment of rows at the server.
   Snapshot& Moment() const { return *window_->Moment(); }
+  /// Whether the rows that are not at the server are numbered in the order of the statement. They
+  /// are not when they were sorted there and are held since.
+  bool IsInStatementOrder() const { return ownOrder_.empty(); }
+  /// All rows as they were read, in the order of the statement. Reads to the end.
+  std::vector<RowId> InStatementOrder();
   /// Whether rows were written or added.
   bool IsWritten() const { return !written_.empty(); }
 
@@ -103,6 +109,7 @@ class RowTable final : public PendingRows,
   bool MoveToWindow(std::uint32_t number);
   std::unique_ptr<RowWindow> WindowOfTheStream(const SessionPtr& beside) const;
   void EndStream() noexcept;
+  void EndWindow() noexcept;
 
   SessionPtr session_;
   std::unique_ptr<RowStream> stream_;  // until all rows are read
@@ -110,6 +117,8 @@ class RowTable final : public PendingRows,
   Columns columns_;
   std::optional<ColumnStore> read_;    // the first rows
   std::unique_ptr<RowWindow> window_;  // the others of a large result
+  String ownQuery_;                    // of a sorted window: the rows in the statement's order
+  std::vector<RowId> ownOrder_;        // the same of rows that are held since
   bool isWindowRefused_ = false;
   std::optional<std::pair<RowId, ColumnStore>> pinned_;  // of the window
   std::uint32_t added_ = 0;

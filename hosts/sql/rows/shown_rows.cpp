@@ -1,7 +1,6 @@
 #include "hosts/sql/rows/shown_rows.h"
 
 #include <algorithm>
-#include <numeric>
 
 #include "tessaria/error.h"
 
@@ -102,10 +101,9 @@ void ShownRows::Hide(RowId row) {
 }
 
 std::vector<RowId> ShownRows::InStatementOrder() const {
-  std::vector<RowId> rows(table_.RowCount());
-  std::iota(rows.begin(), rows.end(), RowId{0});
-  for (auto hidden = hidden_.rbegin(); hidden != hidden_.rend(); ++hidden)
-    rows.erase(rows.begin() + *hidden);
+  std::vector<RowId> rows = table_.InStatementOrder();
+  std::erase_if(
+      rows, [this](RowId row) { return std::binary_search(hidden_.begin(), hidden_.end(), row); });
   rows.insert(rows.end(), added_.begin(), added_.end());
   return rows;
 }

@@ -56,6 +56,10 @@ bool Adoption::Learn(const TextRow& answer, bool isOpen) {
   return process_ == text(2);
 }
 
+StringView Adoption::MarkOwn() { return u"; SAVEPOINT tessaria_transaction"; }
+
+StringView Adoption::UndoOwn() { return u"ROLLBACK TO SAVEPOINT tessaria_transaction; ROLLBACK"; }
+
 String Adoption::Settings(Long command, Long lock) {
   const String bounds[] = {Milliseconds(command), Milliseconds(lock)};
   String text;

@@ -24,6 +24,10 @@ class Adoption {
   bool InTransaction() const { return !began_.empty(); }
   /// The open transaction is one that this layer has begun for the program.
   void NoteOwn() { own_ = began_; }
+  /// Comes after the begin of such a one, and undoes it. The second fails in every other one and
+  /// changes nothing there: of a transaction that has failed the server does not tell whose it is.
+  static StringView MarkOwn();
+  static StringView UndoOwn();
   bool IsOwn() const { return InTransaction() && own_ == began_; }
 
   /// Settings of this layer up to the end of the transaction, ready for a statement after them.

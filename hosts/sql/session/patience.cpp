@@ -16,19 +16,22 @@ constexpr std::chrono::milliseconds kStep{20};
 
 constexpr StringView kReadingCancelled = u"A leitura foi cancelada.";
 
-// Sets a flag for as long as it lives.
-class Flag {
+}  // namespace
+
+// Of one wait.
+class Patience::Busy {
  public:
-  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
-  Flag(const Flag&) = delete;
-  Flag& operator=(const Flag&) = delete;
-  ~Flag() { flag_ = false; }
+  explicit Busy(Patience& patience) : patience_(patience) { patience_.isBusy_ = true; }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+  ~Busy() {
+    patience_.isBusy_ = false;
+    const auto ended = std::exchange(patience_.ended_, {});
+  }
 
  private:
-  bool& flag_;
+  Patience& patience_;
 };
-
-}  // namespace
 
 Patience::Request::Request(Patience& patience, host::Awaited what)
     : patience_(patience), before_(patience.what_) {
@@ -50,7 +53,7 @@ void Patience::RequireIdle() const {
 
 void Patience::Await(const std::function<void()>& call, const std::function<void()>& cancel) {
   RequireIdle();
-  const Flag busy(isBusy_);
+  const Busy busy(*this);
   if (State().waiting == nullptr) return call();
   const Request request(*this);
   const bool isGivenUp = AwaitElsewhere(call, cancel);
@@ -67,7 +70,7 @@ void Patience::Await(const std::function<void()>& call, const std::function<void
 
 void Patience::AwaitOrLeave(const std::function<void()>& call) {
   RequireIdle();
-  const Flag busy(isBusy_);
+  const Busy busy(*this);
   if (State().waiting == nullptr) return call();
   const Request request(*this);
   std::future<void> end = CallApart(call);
@@ -87,7 +90,7 @@ void Patience::Breathe() {
   if (depth_ == 0 || State().waiting == nullptr || now - start_ < kMoment ||
       now - lastPass_ < kStep)
     return;
-  const Flag busy(isBusy_);
+  const Busy busy(*this);
   if (!Pass()) return;
   ++givenUp_;
   throw HostError(errors::Cancelled, String(kReadingCancelled));
@@ -103,7 +106,7 @@ void Patience::RethrowFromReading(const std::exception_ptr& failure) {
 }
 
 bool Patience::Ask(const std::function<bool()>& question) {
-  const Flag busy(isBusy_);
+  const Busy busy(*this);
   const bool answer = question();
   start_ = lastPass_ = Clock::now();
   return answer;

@@ -4,6 +4,9 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
 
 #include "hosts/sql/session/worker.h"
 #include "tessaria/host/waiting.h"
@@ -46,6 +49,8 @@ class Patience {
   /// Error 3711 when a call is under way, which something that runs meanwhile asks.
   void RequireIdle() const;
   bool IsIdle() const noexcept { return !isBusy_; }
+  /// Keeps something that has ended during a wait; its end needs a connection that is not busy.
+  void KeepUntilIdle(std::shared_ptr<void> ended) { ended_.push_back(std::move(ended)); }
   /// How often the operator has given up, since the connection was made.
   int TimesGivenUp() const noexcept { return givenUp_; }
   /// Raises an error of reading; that of a call that was given up says that only reading was.
@@ -56,6 +61,8 @@ class Patience {
  private:
   using Clock = std::chrono::steady_clock;
 
+  class Busy;
+
   bool AwaitElsewhere(const std::function<void()>& call, const std::function<void()>& cancel);
   bool Pass();
 
@@ -64,7 +71,8 @@ class Patience {
   Worker worker_;
   Worker canceller_;
   bool isBusy_ = false;
-  int depth_ = 0;  // of requests
+  std::vector<std::shared_ptr<void>> ended_;  // what lives until the wait is over
+  int depth_ = 0;                             // of requests
   Clock::time_point start_, lastPass_;
   Long rows_ = 0;
   host::Awaited what_ = host::Awaited::Answer;

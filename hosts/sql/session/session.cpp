@@ -1,6 +1,5 @@
 #include "hosts/sql/session/session.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "hosts/sql/session/dbms_version.h"
@@ -14,16 +13,11 @@
 namespace tessaria::sql {
 namespace {
 
-// Sessions that one connection opens beside its own, so that others find a place too.
-constexpr std::size_t kMostBeside = 8;
-
 constexpr StringView kLost = u"A conexão com o banco de dados está fechada ou foi perdida.";
 
-[[noreturn]] void ThrowFailed() {
-  throw HostError(errors::ProviderError,
-                  u"Um comando da transação do programa falhou: ela só pode ser desfeita "
-                  u"(ROLLBACK). Nada foi enviado.");
-}
+constexpr StringView kInTheWay =
+    u"Linhas de listas deste programa, que ainda estavam no servidor, podiam estar no caminho e "
+    u"foram lidas por inteiro. Tente outra vez.";
 
 }  // namespace
 
@@ -114,45 +108,15 @@ void Session::ReadServer() {
   SetTimeouts(commandTimeout_, lockTimeout_);
 }
 
-SessionPtr Session::OpenBeside() {
-  std::erase_if(beside_, [](const auto& other) { return other.expired(); });
-  if (!CanBeReadBeside() || beside_.size() >= kMostBeside) return nullptr;
-  auto beside = std::make_shared<Session>(connect_, patience_);
-  beside->CommandTimeout(commandTimeout_);
-  beside->LockTimeout(lockTimeout_);
-  beside->Open(reconnection_.ConnectionString(), reconnection_.Timeout());
-  beside->reconnection_.Closed();  // what it has shown cannot be had again
-  beside_.push_back(beside);
-  return beside;
-}
-
-// A pooler that lends its connections for a transaction could not lend this one any more.
-bool Session::CanBeReadBeside() const {
-  return IsOpen() && !adoption_ && !hasOwnState_ && !InTransaction() &&
-         scope_ == SettingsScope::Session;
-}
-
-void Session::Note(const StatementFacts& facts) {
-  patience_->RequireIdle();
-  if (facts.leavesState) hasOwnState_ = true;
-  if (facts.mayLockTables) HoldDistant();
-}
-
-void Session::HoldDistant() {
-  const int before = patience_->TimesGivenUp();
-  for (DistantRows* const rows : std::vector(distant_)) {
-    if (std::find(distant_.begin(), distant_.end(), rows) != distant_.end()) rows->HoldAll();
-  }
-  if (patience_->TimesGivenUp() > before) throw HostError(errors::Cancelled);
-}
-
 void Session::Close() noexcept {
+  if (pending_ != nullptr) pending_->ReadRest();  // which may leave rows at the server
+  EndDistant();
   reconnection_.Closed();
   Drop();
 }
 
 void Session::Drop() noexcept {
-  retired_.clear();
+  EndWhatIsLeft();
   // The operator may give up the session that was to read them, and then they are read here.
   for (int i = 0; i < 2 && pending_ != nullptr; ++i) pending_->ReadRest();
   if (adoption_) {
@@ -352,7 +316,7 @@ void Session::RollbackTrans() {
   try {
     SettleRows();
     inTransaction_ = false;
-    SendEnd(&Link::Rollback, u"ROLLBACK");
+    adoption_ ? RollbackOwn() : SendEnd(&Link::Rollback, u"ROLLBACK");
   } catch (const HostError&) {
     if (IsOpen()) throw;
     inTransaction_ = false;  // the loss has undone it
@@ -379,10 +343,18 @@ void Session::Await(const std::function<void()>& call) {
     patience_->Await(call, [link = link_] {
       if (link) link->Cancel();
     });
+  } catch (const DriverError& error) {
+    NoteLoss();
+    if (!error.IsLockTimeOut() || !HoldInTheWay()) throw;
+    throw DriverError(error.SqlState(), error.Description() + u"\r\n" + String(kInTheWay));
   } catch (...) {
-    if (link_ && link_->IsLost()) reconnection_.NoteLoss();
+    NoteLoss();
     throw;
   }
+}
+
+void Session::NoteLoss() noexcept {
+  if (link_ && link_->IsLost()) reconnection_.NoteLoss();
 }
 
 std::uint32_t Session::Fetch(Statement& statement) {

@@ -52,6 +52,8 @@ class DistantRows {
   /// Reads all rows and ends the transaction, which may stand in the way of a statement. A failure
   /// is kept for whoever asks for the missing rows.
   virtual void HoldAll() noexcept = 0;
+  /// The same; rows that cannot be read are given up, and whoever needs one of them gets the error.
+  virtual void HoldOrGiveUp() noexcept = 0;
 
  protected:
   ~DistantRows() = default;
@@ -78,7 +80,8 @@ class Session : public std::enable_shared_from_this<Session> {
   void Adopt(LinkPtr link);
   /// Whether the connection belongs to the program: rows are read whole with their statement then.
   bool IsAdopted() const noexcept { return adoption_.has_value(); }
-  /// Undoes a transaction in progress. Does nothing when closed.
+  /// Undoes a transaction in progress, and ends those of distant rows, which are read first. Does
+  /// nothing when closed.
   void Close() noexcept;
   bool IsOpen() const noexcept { return link_ != nullptr && !link_->IsLost(); }
   /// Whether the link has gone since the program opened the session.
@@ -166,6 +169,8 @@ class Session : public std::enable_shared_from_this<Session> {
   /// Makes all rows at the server be held, so that their transactions stand in nobody's way. Error
   /// 3712 when the operator gave it up.
   void HoldDistant();
+  /// The process of the server that runs this session; nothing until somebody has asked for it.
+  void Process(String number) { process_ = std::move(number); }
   /// Sends the bounds again, which something may have changed or undone.
   void SendTimeouts() { SetTimeouts(commandTimeout_, lockTimeout_); }
   void Add(DistantRows* rows) { distant_.push_back(rows); }
@@ -194,6 +199,11 @@ class Session : public std::enable_shared_from_this<Session> {
   void Enclose(const std::function<void()>& call);
   void RequireTransaction(bool mayHaveFailed = false);
   void Await(const std::function<void()>& call);
+  void NoteLoss() noexcept;
+  void ForEachDistant(void (DistantRows::*act)() noexcept);
+  void EndDistant() noexcept;
+  bool HoldInTheWay() noexcept;
+  bool MayBeInTheWay();
   void RunCatalogue(const std::function<void(Link&)>& ask);
   void EndWhatIsLeft() noexcept;
   void ChangeTimeouts(Long command, Long lock);
@@ -204,7 +214,9 @@ class Session : public std::enable_shared_from_this<Session> {
   Standing AskProgram();
   void BeginForProgram(const String& modes);
   void GuardSavepoint(const String& text);
+  void RollbackOwn();
   void LeaveProgram() noexcept;
+  [[noreturn]] static void ThrowFailed();
   String OwnSettings() const { return Adoption::Settings(commandTimeout_, lockTimeout_); }
   void RunAlone(Statement& statement, const String& text, int results);
   void RunAfter(Statement& statement, const String& lead, int leading, const String& text,
@@ -217,6 +229,7 @@ class Session : public std::enable_shared_from_this<Session> {
   PendingRows* pending_ = nullptr;
   std::vector<DistantRows*> distant_;
   std::vector<std::weak_ptr<Session>> beside_;
+  String process_;
   bool hasOwnState_ = false;          // what a new session would not have
   bool inTransaction_ = false;        // one that this layer has begun for the program
   bool inOwnTransaction_ = false;     // one of this layer's own

@@ -7,6 +7,7 @@ namespace tessaria::sql {
 namespace {
 
 constexpr const char* kTransactionFailed = "25P02";
+constexpr const char* kNoSuchSavepoint = "3B001";
 
 void RequirePostgres(const Server& server) {
   if (server.IsPostgres()) return;
@@ -55,7 +56,7 @@ Standing Session::AskProgram() {
 }
 
 void Session::BeginForProgram(const String& modes) {
-  RunPlain(u"BEGIN " + modes);
+  RunPlain(u"BEGIN " + modes + String(Adoption::MarkOwn()));
   AskProgram();
   adoption_->NoteOwn();
   inTransaction_ = true;
@@ -78,12 +79,28 @@ void Session::SendEnd(void (Link::*end)(), const String& text) {
   Await([link = RequireLink(), end] { (*link.*end)(); });
 }
 
+void Session::ThrowFailed() {
+  throw HostError(errors::ProviderError,
+                  u"Um comando da transação do programa falhou: ela só pode ser desfeita "
+                  u"(ROLLBACK). Nada foi enviado.");
+}
+
+// The program may have ended it, begun another one and made that fail.
+void Session::RollbackOwn() {
+  try {
+    RunPlain(String(Adoption::UndoOwn()));
+  } catch (const DriverError& error) {
+    if (error.SqlState() != kNoSuchSavepoint) throw;
+    ThrowFailed();
+  }
+}
+
 // Undoes a transaction that was begun here, if it is still open.
 void Session::LeaveProgram() noexcept {
   if (!inTransaction_ || !IsOpen()) return;
   try {
     AskProgram();
-    if (inTransaction_) RunPlain(u"ROLLBACK");
+    if (inTransaction_) RollbackOwn();
   } catch (...) {
     // The connection is gone, or the program reads something there.
   }

@@ -44,10 +44,13 @@ std::shared_ptr<Snapshot> Snapshot::Shared(Session& session, const SessionPtr& b
   if (!beside) return nullptr;
   // Asked there first: a failure here would end the transaction.
   const String question =
-      u"SELECT " + String(kSight) + u", pg_is_in_recovery()::text, pg_export_snapshot()";
+      u"SELECT " + String(kSight) +
+      u", pg_is_in_recovery()::text, pg_export_snapshot(), pg_backend_pid()::text";
   const TextRow there = Ask(*beside, question);
   const TextRow here = Ask(session, question);
   if (here[0] != there[0] || here[1] != kFalse) return nullptr;
+  session.Process(*here[3]);
+  beside->Process(*there[3]);
   auto snapshot = std::make_shared<Snapshot>(beside);
   snapshot->Begin(*here[2]);
   return snapshot;
@@ -68,7 +71,12 @@ std::shared_ptr<Snapshot> Snapshot::Now(Session& session) {
   }
 }
 
-Snapshot::~Snapshot() { beside_->AbandonReading(); }
+// During a wait a driver may be using the link, so that its transaction ends afterwards.
+Snapshot::~Snapshot() {
+  beside_->AbandonReading();
+  Patience& waits = beside_->Waits();
+  if (!waits.IsIdle()) waits.KeepUntilIdle(std::move(beside_));
+}
 
 // Only reads, so that no function of a query takes effect twice. The rows of two runs of a query
 // come in the same order when no run joins the scan of another. A statement that waits for the

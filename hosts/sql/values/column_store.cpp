@@ -209,6 +209,30 @@ std::optional<std::string_view> ColumnStore::KeptText(std::uint32_t row, std::si
   return text->second;
 }
 
+void ColumnStore::AppendRowBytes(std::uint32_t row, std::string& to) const {
+  const auto append = [&to](char kind, std::string_view bytes) {
+    to += kind;
+    to += std::to_string(bytes.size());
+    to += ' ';
+    to += bytes;
+  };
+  std::string cell;
+  for (std::size_t column = 0; column < data_.size(); ++column) {
+    const auto kept = KeptText(row, column);
+    if (IsNull(row, column)) {
+      append('n', {});
+    } else if (kept) {
+      append('k', *kept);
+    } else if (data_[column].width == 0) {
+      append('t', Text(row, column));
+    } else {
+      cell.resize(data_[column].width);
+      CopyFixed(row, column, cell.data(), cell.size());
+      append('f', cell);
+    }
+  }
+}
+
 std::size_t ColumnStore::Bytes() const {
   std::size_t bytes = 0;
   for (const Data& data : data_) {

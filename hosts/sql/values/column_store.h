@@ -49,6 +49,9 @@ class TESSARIA_SQL_API ColumnStore {
   /// The text of a cell that was appended as kept, in UTF-8; nothing for all others.
   std::optional<std::string_view> KeptText(std::uint32_t row, std::size_t column) const;
 
+  /// Appends bytes that are the same for two rows only when all their cells are.
+  void AppendRowBytes(std::uint32_t row, std::string& to) const;
+
   /// Bytes held for cells.
   std::size_t Bytes() const;
 

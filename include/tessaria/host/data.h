@@ -223,6 +223,10 @@ class TESSARIA_CORE_API Connection : public Object {
   virtual void ConnectionString(const String& text) = 0;
   /// Opens with `ConnectionString`. Errors carry the driver's own text.
   virtual void Open() = 0;
+  /// Undoes a transaction in progress and ends every session on the server. Record sets stay
+  /// readable: rows of large results that are still at the server are read first, which may take as
+  /// long as that, so close what is no longer needed before. Rows that cannot be read then give
+  /// their error to whoever asks for them.
   virtual void Close() = 0;
   /// Whether it was lost, so that the next statement of an action asks whether to open it again
   /// (`ThreadState::reconnecting`). It answers for its provider properties then.
