@@ -191,6 +191,50 @@ TEST_F(WaitingWindow, ClosingWaits) {
   EXPECT_FALSE(window_->isVisible());
 }
 
+TEST_F(WaitingWindow, ClosingByTheFrameSettlesTheFieldAfterTheWait) {
+  auto* date = add(new TsText, QStringLiteral("txtData"));
+  date->setMascara(QStringLiteral("dd/mm/yyyy"));
+  date->show();
+  date->setFocus();
+  settleAll();
+  type(*window_, QStringLiteral("31022017"));
+  after(300, [this] { closeByFrame(*window_); });
+  escapeAfter(500);
+  EXPECT_EQ(write(), errors::Cancelled);
+  settleAll();
+  EXPECT_TRUE(window_->isVisible()) << "the date is refused";
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+}
+
+TEST_F(WaitingWindow, FieldThatTheProgramHasLeftIsSettledAfterTheWait) {
+  auto* date = add(new TsText, QStringLiteral("txtData"));
+  date->setMascara(QStringLiteral("dd/mm/yyyy"));
+  date->show();
+  date->setFocus();
+  settleAll();
+  type(*window_, QStringLiteral("31022017"));
+  button_->setFocus();
+  after(400, [this] { EXPECT_EQ(boxes_.takeTexts(), QStringList()); });
+  escapeAfter(500);
+  EXPECT_EQ(write(), errors::Cancelled);
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+  settleAll();
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+}
+
+TEST_F(WaitingWindow, FormThatIsShownBeforeAWaitShowsItsFieldsAfterIt) {
+  QWidget form;
+  auto* field = new TsText(&form);
+  int shown = 0;
+  QObject::connect(field, &TsText::shown, &form, [&] { ++shown; });
+  after(100, [&] { form.show(); });
+  after(400, [&] { EXPECT_EQ(shown, 0); });
+  escapeAfter(500);
+  EXPECT_EQ(write(), errors::Cancelled);
+  settleAll();
+  EXPECT_EQ(shown, 1);
+}
+
 TEST_F(WaitingWindow, WaitOnAnotherConnectionLeavesTheOuterOneAsItIs) {
   host::ConnectionPtr third = test::NewConnectionOfTheDriver();
   third->ConnectionString(cluster().ConnectionString());

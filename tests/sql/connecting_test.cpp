@@ -148,6 +148,17 @@ class SecondSession : public ConnectingTest {
   }
 };
 
+// Nobody waits for the end of a reading over a line that is silent.
+TEST_F(SecondSession, RowsAreLetGoOfOnASilentLine) {
+  auto rows = RowsOfASilentServer();
+  proxy_->CancelCut();
+  rows->MoveLast();
+  EXPECT_FALSE(rows->Holds(30000));
+  proxy_->Swallow();
+  rows.reset();
+  EXPECT_EQ(rows, nullptr);
+}
+
 TEST_F(SecondSession, RequestIsGivenUpAndTheRowsGoOnWithoutIt) {
   const auto rows = RowsOfASilentServer();
   {

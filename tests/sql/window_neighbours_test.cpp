@@ -142,6 +142,20 @@ TEST_F(WindowNeighboursTest, ARowThatSomebodyElseHasLockedLeavesTheRowsAtTheServ
   other->RollbackTrans();
 }
 
+TEST_F(WindowNeighboursTest, OnlyTheRowsThatMayBeInTheWayAreLetGoOf) {
+  MakeLockers();
+  Run(u"create table alheia as select n as codigo from generate_series(1, 60000) n");
+  const auto rows = Ends(Read(u"select * from t order by codigo"));
+  const auto others = Ends(Read(u"select * from alheia order by codigo"));
+  const auto other = NewConnection();
+  other->BeginTrans();
+  other->Execute(u"lock table alheia in access share mode");
+  EXPECT_HOST_ERROR(Run(u"insert into movimento values (1)"), errors::TimeOut);
+  EXPECT_TRUE(rows->Holds(50000));
+  EXPECT_FALSE(others->Holds(50000));
+  other->RollbackTrans();
+}
+
 TEST_F(WindowNeighboursTest, AnotherSessionsChangeOfTheTableWaitsForTheRowsAndHarmsNobody) {
   auto rows = Ends(Edit(u"select * from t order by codigo"));
   const auto other = NewConnection();
@@ -250,6 +264,23 @@ TEST_F(WindowNeighboursTest, RowsThatCannotBeReadBeforeTheConnectionIsClosedAreA
   EXPECT_SAME(slow->ValueAt(1000, 0), Long{1000});
   EXPECT_HOST_ERROR(slow->AbsolutePosition(59000), errors::TimeOut);
   EXPECT_SAME(rows->ValueAt(50000, 0), Long{50000});
+}
+
+TEST_F(WindowNeighboursTest, AnEditOfRowsThatCannotBeReadBeforeTheConnectionIsClosedIsStoredLater) {
+  const auto rows = Ends(Edit(u"select * from t order by codigo"));
+  rows->AbsolutePosition(40000);
+  Set(rows, u"nome", u"meu");
+  Run(u"select pg_terminate_backend(pid) from pg_stat_activity"
+      u" where state like 'idle in transaction%'");
+  connection_->Close();
+  EXPECT_EQ(rows->AbsolutePosition(), 40000);
+  EXPECT_SAME(Get(rows, u"nome"), u"meu");
+  EXPECT_ANY_THROW(rows->ValueAt(59000, 0));
+  EXPECT_ANY_THROW(rows->Hold(59000, 59001)) << "a list must not take it for shown";
+  connection_->Open();
+  rows->Update();
+  EXPECT_SAME(Scalar(u"select count(*)::int from t where nome = 'meu'"), Long{1});
+  EXPECT_SAME(Scalar(u"select nome from t where codigo = 40000"), u"meu");
 }
 
 // --- Waits

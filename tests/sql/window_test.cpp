@@ -341,6 +341,20 @@ TEST_F(WindowTest, ARowThatIsHereIsFoundWithoutReadingMore) {
   ExpectRow(rows, 500);
 }
 
+TEST_F(WindowTest, ANewRowIsSearchedAndNothingBehindIt) {
+  for (const auto* statement : {u"select * from t where codigo <= 10", u"select * from t"}) {
+    const auto rows = Edit(statement);
+    rows->AddNew();
+    Set(rows, u"codigo", Long{70000});
+    rows->Update();
+    rows->Find(u"codigo = 70000");
+    EXPECT_SAME(Get(rows, u"codigo"), Long{70000});
+    rows->Find(u"codigo = 3");
+    EXPECT_TRUE(rows->Eof());
+    Run(u"delete from t where codigo = 70000");
+  }
+}
+
 TEST_F(WindowTest, TheFirstOfTheRowsThatMatchIsFoundInAnyOrder) {
   Run(u"alter table t alter nome type text collate \"pt-BR-x-icu\"");
   Run(u"update t set nome = 'Zélia' where codigo = 7");

@@ -1,4 +1,5 @@
 #include "hosts/qt/boundary/operator_action.h"
+#include "hosts/qt/boundary/wait_input.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -42,7 +43,7 @@ Meaning meaningOf(const QObject& receiver, QEvent& event) {
     case QEvent::KeyPress:
       return meaningOfKey(receiver, static_cast<QKeyEvent&>(event));
     case QEvent::Close:
-      return event.spontaneous() ? Meaning::Begins : Meaning::None;
+      return closesByFrame(receiver, event) ? Meaning::Begins : Meaning::None;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
     case QEvent::Shortcut:

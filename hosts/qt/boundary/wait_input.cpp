@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QThread>
+#include <QVariant>
+#include <algorithm>
 #include <utility>
 
 namespace tessaria::qt {
@@ -24,20 +26,50 @@ bool isPointer(QEvent::Type type) {
   }
 }
 
+// Of this thread.
+WaitInput*& innermost() {
+  static thread_local WaitInput* wait = nullptr;
+  return wait;
+}
+
+// A dynamic property of a window.
+constexpr char kByFrame[] = "_tessaria_closes_by_frame";
+
+void closeLater(QWidget* window, bool byFrame) {
+  runLater(window, [window, byFrame] {
+    const QPointer<QWidget> alive(window);
+    if (byFrame) window->setProperty(kByFrame, true);
+    window->close();
+    if (alive) alive->setProperty(kByFrame, QVariant());
+  });
+}
+
 bool isEscape(QEvent* event) { return static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape; }
 
 }  // namespace
 
-WaitInput::WaitInput() : loopLevel_(QThread::currentThread()->loopLevel()) {
+WaitInput::WaitInput()
+    : outer_(std::exchange(innermost(), this)), loopLevel_(QThread::currentThread()->loopLevel()) {
   QCoreApplication::instance()->installEventFilter(this);
 }
 
 WaitInput::~WaitInput() {
   QCoreApplication::instance()->removeEventFilter(this);
+  innermost() = outer_;
+  for (KeptRule& kept : rules_)
+    if (kept.context) runLater(kept.context, std::move(kept.rule));
   for (Kept& kept : kept_)
     if (kept.receiver) QCoreApplication::postEvent(kept.receiver, kept.event.release());
-  for (const auto& window : closing_)
-    if (window) QMetaObject::invokeMethod(window, &QWidget::close, Qt::QueuedConnection);
+  for (const Closing& closing : closing_)
+    if (closing.window) closeLater(closing.window, closing.byFrame);
+}
+
+bool WaitInput::isUnderWay() {
+  return innermost() && QThread::currentThread()->loopLevel() <= innermost()->loopLevel_;
+}
+
+void WaitInput::keep(QObject& context, std::function<void()> rule) {
+  innermost()->rules_.push_back({&context, std::move(rule)});
 }
 
 bool WaitInput::takeEscape() { return std::exchange(escape_, false); }
@@ -75,7 +107,9 @@ bool WaitInput::holdClosing(QObject* receiver, QEvent* event) {
   auto* const window = qobject_cast<QWidget*>(receiver);
   if (!window) return false;
   event->ignore();
-  if (!closing_.contains(window)) closing_ << window;
+  const auto isKnown = [&](const Closing& closing) { return closing.window == window; };
+  if (std::none_of(closing_.begin(), closing_.end(), isKnown))
+    closing_.push_back({window, event->spontaneous()});
   return true;
 }
 
@@ -88,6 +122,19 @@ bool WaitInput::holdKey(QObject* receiver, QEvent* event) {
     escape_ = true;
   }
   return true;
+}
+
+void runLater(QObject* context, std::function<void()> rule) {
+  QMetaObject::invokeMethod(
+      context,
+      [context, rule = std::move(rule)]() mutable {
+        WaitInput::isUnderWay() ? WaitInput::keep(*context, std::move(rule)) : rule();
+      },
+      Qt::QueuedConnection);
+}
+
+bool closesByFrame(const QObject& window, const QEvent& close) {
+  return close.spontaneous() || window.property(kByFrame).toBool();
 }
 
 }  // namespace tessaria::qt

@@ -1,4 +1,5 @@
 #include "hosts/qt/dialogs/data_grid.h"
+#include "hosts/qt/boundary/wait_input.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -219,9 +220,8 @@ DataGridItem::DataGridItem(GridPane& pane, DialogGate& gate)
   pane.model().rowsMissing = [this] { pane_.holdMissingRows(); };
   // Queued: a box must not open during painting or scrolling.
   pane.model().readingFailed = [this](const std::exception_ptr& failure) {
-    QMetaObject::invokeMethod(
-        &pane_, [this, failure] { this->gate().enter([&] { std::rethrow_exception(failure); }); },
-        Qt::QueuedConnection);
+    runLater(&pane_,
+             [this, failure] { this->gate().enter([&] { std::rethrow_exception(failure); }); });
   };
   gate.afterFailure([this] { repair(); });
 }

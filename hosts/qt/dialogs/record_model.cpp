@@ -163,10 +163,10 @@ bool RecordModel::hold(int first, int last) {
   const bool areMissing = !holdsAll(first + 1, last + 1);
   try {
     const bool areHeld = rows->Hold(first + 1, last + 1);
-    if (self && areHeld && areMissing) lacks_ = false;
+    if (self && rows == rows_ && areHeld && areMissing) lacks_ = false;
     return areHeld;
   } catch (...) {
-    if (!self) return true;
+    if (!self || rows != rows_) return true;
     const auto failure = std::current_exception();
     const bool isKnown = lacks_ && !wasGivenUp(failure);
     lacks_ = lacks_ || !wasGivenUp(failure);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "hosts/qt/boundary/operator_action.h"
+#include "hosts/qt/boundary/wait_input.h"
 #include "hosts/qt/form/active_control.h"
 #include "hosts/qt/form/widget_tree.h"
 
@@ -52,13 +53,10 @@ void FocusCycle::focusMoved() {
   }
   if (surfaceOf(window()->focusWidget()) == inside_ || queued_) return;
   queued_ = true;
-  QMetaObject::invokeMethod(
-      this,
-      [this, action = presentAction()] {
-        const DuringAction during(action);
-        settlePending();
-      },
-      Qt::QueuedConnection);
+  runLater(this, [this, action = presentAction()] {
+    const DuringAction during(action);
+    settlePending();
+  });
 }
 
 bool FocusCycle::settlePending(const StandIn& standIn) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "hosts/qt/boundary/wait_input.h"
 #include "hosts/qt/form/control_pointer.h"
 #include "hosts/qt/form/widget_tree.h"
 
@@ -32,13 +33,10 @@ bool wasShown(const QWidget* form) { return form->dynamicPropertyNames().contain
 void showFirstSoon(QWidget* form) {
   if (form->dynamicPropertyNames().contains(kAwaited)) return;
   form->setProperty(kAwaited, true);
-  QMetaObject::invokeMethod(
-      form,
-      [form] {
-        form->setProperty(kAwaited, QVariant());
-        showFirst(form);
-      },
-      Qt::QueuedConnection);
+  runLater(form, [form] {
+    form->setProperty(kAwaited, QVariant());
+    showFirst(form);
+  });
 }
 
 QList<Surface*> inLoadOrder(QWidget* form) {

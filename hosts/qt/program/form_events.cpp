@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 
+#include "hosts/qt/boundary/wait_input.h"
 #include "hosts/qt/boundary/window_in_front.h"
 #include "hosts/qt/dialogs/dialog_window.h"
 #include "hosts/qt/focus/focus_cycle.h"
@@ -23,7 +24,7 @@ namespace {
 /// children, where it would meet an object that is deleted meanwhile. A window is shown after all
 /// its children, and its forms with it; a form that is shown later waits for the event loop.
 void formShows(QWidget* widget) {
-  if (!widget->isWindow()) {
+  if (!widget->isWindow() || WaitInput::isUnderWay()) {
     showFirstSoon(widget);
     return;
   }
@@ -70,7 +71,8 @@ bool FormEvents::swallows(QWidget* widget, QEvent* event) {
     case QEvent::InputMethod:
       return swallowsKey(widget);
     case QEvent::Close:
-      return event->spontaneous() && swallowsClose(widget, *static_cast<QCloseEvent*>(event));
+      return closesByFrame(*widget, *event) &&
+             swallowsClose(widget, *static_cast<QCloseEvent*>(event));
     default:
       return false;
   }

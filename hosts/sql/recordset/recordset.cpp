@@ -188,7 +188,9 @@ void SqlRecordset::Find(const String& criteria) {
   const Patience::Request request(session_->Waits(), host::Awaited::Match);
   if (!StandsOnRow()) ThrowNoRow();
   std::int64_t position = position_;
-  const auto isHeld = [&] { return Holds(static_cast<Long>(position + 1)); };
+  const auto isHeld = [&] {
+    return position < shown_->Known() && table_->Holds(shown_->At(position));
+  };
   while (isHeld() && !criterion.Matches(*table_, shown_->At(position))) ++position;
   if (!isHeld()) position = FirstMatch(criterion, position);  // a match may be far from here
   MoveTo(position);

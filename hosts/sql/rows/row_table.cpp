@@ -141,8 +141,9 @@ std::uint32_t RowTable::RowCount() {
   return read_->RowCount();
 }
 
+// Rows that were given up keep their positions.
 std::uint32_t RowTable::RowsKnown() const {
-  return window_ ? std::max(window_->Known(), read_->RowCount()) : read_->RowCount();
+  return std::max({window_ ? window_->Known() : 0, read_->RowCount(), knownBefore_});
 }
 
 bool RowTable::MayGrow() const { return stream_ || (window_ && !window_->IsEndKnown()); }
@@ -213,8 +214,13 @@ void RowTable::HoldOrGiveUp() noexcept {
     HoldRows();
   } catch (...) {
     failure_ = std::current_exception();
+    knownBefore_ = RowsKnown();
     EndWindow();
   }
+}
+
+String RowTable::Reader() const {
+  return window_ ? window_->Moment()->Beside().Process() : String();
 }
 
 std::vector<RowId> RowTable::InStatementOrder() {

@@ -63,6 +63,7 @@ class RowTable final : public PendingRows,
   void ReadRest() noexcept override;
   void HoldAll() noexcept override;
   void HoldOrGiveUp() noexcept override;
+  String Reader() const override;
   /// The same, raising the errors of reading; the rows stay at the server then.
   void HoldRows();
   /// Keeps this row, and no other that was kept so, whatever becomes of the server.
@@ -116,6 +117,7 @@ class RowTable final : public PendingRows,
   std::exception_ptr failure_;
   Columns columns_;
   std::optional<ColumnStore> read_;    // the first rows
+  std::uint32_t knownBefore_ = 0;      // when rows that were not read were given up
   std::unique_ptr<RowWindow> window_;  // the others of a large result
   String ownQuery_;                    // of a sorted window: the rows in the statement's order
   std::vector<RowId> ownOrder_;        // the same of rows that are held since

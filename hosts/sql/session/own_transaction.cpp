@@ -1,9 +1,16 @@
 // Transactions that a session begins for itself: around a cursor, and around each statement where
 // settings reach no further.
+#include "hosts/sql/driver/bounded_call.h"
 #include "hosts/sql/session/local_settings.h"
 #include "hosts/sql/session/session.h"
 
 namespace tessaria::sql {
+namespace {
+
+constexpr std::chrono::seconds kSilence{5};
+
+}  // namespace
+
 // What a new transaction needs before its first statement.
 void Session::SetLocally(const String& modes) {
   if (!modes.empty()) RunPlain(u"SET TRANSACTION " + modes);
@@ -35,11 +42,18 @@ void Session::AbandonReading() noexcept {
     return;
   }
   inOwnTransaction_ = false;
+  if (!adoption_) return UndoOrLose();
   try {
-    adoption_ ? InnerStatement()->Run(u"ROLLBACK") : link_->Rollback();
+    InnerStatement()->Run(u"ROLLBACK");
   } catch (...) {
     // The connection is gone; its next use raises the error.
   }
+}
+
+// A line that is silent must not freeze whoever lets go of rows: the connection counts as lost
+// then.
+void Session::UndoOrLose() noexcept {
+  if (!IsOverWithin(kSilence, [link = link_] { link->Rollback(); })) link_.reset();
 }
 
 // Whether a statement needs a transaction of its own, for its settings.

@@ -82,6 +82,7 @@ void Session::Open(String connectionString, Long timeout) {
   hasOwnState_ = false;
   try {
     ReadServer();
+    if (!distant_.empty()) process_ = OwnProcess();  // rows read beside it outlive a loss
   } catch (...) {
     Drop();
     throw;
@@ -110,6 +111,10 @@ void Session::ReadServer() {
 
 void Session::Close() noexcept {
   if (pending_ != nullptr) pending_->ReadRest();  // which may leave rows at the server
+  if (!adoption_ && inTransaction_ && pending_ == nullptr) {
+    AbandonReading();  // what it has locked may be what the distant rows wait for
+    inTransaction_ = false;
+  }
   EndDistant();
   reconnection_.Closed();
   Drop();
@@ -173,7 +178,9 @@ void Session::SettleRows() {
   const int before = patience_->TimesGivenUp();
   pending_->ReadRest();
   if (patience_->TimesGivenUp() > before) throw HostError(errors::Cancelled);
+  if (pending_ != nullptr) pending_->ReadRest();  // without the session that could not be opened
   RequireLink();
+  if (pending_ != nullptr) throw HostError(errors::Cancelled);
 }
 
 void Session::Retire(StatementPtr statement) noexcept {

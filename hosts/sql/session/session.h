@@ -54,6 +54,8 @@ class DistantRows {
   virtual void HoldAll() noexcept = 0;
   /// The same; rows that cannot be read are given up, and whoever needs one of them gets the error.
   virtual void HoldOrGiveUp() noexcept = 0;
+  /// The number of the server's process that reads them; empty where none does.
+  virtual String Reader() const = 0;
 
  protected:
   ~DistantRows() = default;
@@ -171,6 +173,7 @@ class Session : public std::enable_shared_from_this<Session> {
   void HoldDistant();
   /// The process of the server that runs this session; nothing until somebody has asked for it.
   void Process(String number) { process_ = std::move(number); }
+  const String& Process() const { return process_; }
   /// Sends the bounds again, which something may have changed or undone.
   void SendTimeouts() { SetTimeouts(commandTimeout_, lockTimeout_); }
   void Add(DistantRows* rows) { distant_.push_back(rows); }
@@ -200,10 +203,13 @@ class Session : public std::enable_shared_from_this<Session> {
   void RequireTransaction(bool mayHaveFailed = false);
   void Await(const std::function<void()>& call);
   void NoteLoss() noexcept;
-  void ForEachDistant(void (DistantRows::*act)() noexcept);
+  void ForEachDistant(const std::function<void(DistantRows& rows)>& act);
   void EndDistant() noexcept;
   bool HoldInTheWay() noexcept;
-  bool MayBeInTheWay();
+  void UndoOrLose() noexcept;
+  String ReadersInTheWay();
+  String AnswerAside(const String& question);
+  String OwnProcess();
   void RunCatalogue(const std::function<void(Link&)>& ask);
   void EndWhatIsLeft() noexcept;
   void ChangeTimeouts(Long command, Long lock);

@@ -10,18 +10,23 @@ namespace {
 // Sessions that one connection opens beside its own, so that others find a place too.
 constexpr std::size_t kMostBeside = 8;
 
-// Whether one of these readers has a table for which no other session has any lock. Only then does
-// it help to let go of it.
-String QuestionOfLocks(const String& readers, const String& all) {
-  return u"SELECT count(*) FROM pg_catalog.pg_locks AS own JOIN pg_catalog.pg_class AS tables ON "
-         u"tables.oid = own.relation JOIN pg_catalog.pg_database AS here ON here.oid = "
-         u"own.database WHERE here.datname = current_database() AND own.pid IN (" +
+// Those of the readers that have a table for which no other session has any lock. Only then does it
+// help to let go of it.
+String QuestionOfLocks(const String& readers, const String& own) {
+  return u"SELECT array_to_string(array(SELECT DISTINCT held.pid FROM pg_catalog.pg_locks AS held "
+         u"JOIN pg_catalog.pg_class AS tables ON tables.oid = held.relation JOIN "
+         u"pg_catalog.pg_database AS here ON here.oid = held.database WHERE here.datname = "
+         u"current_database() AND held.pid IN (" +
          readers +
          u") AND tables.relkind IN ('r', 'p', 'm') AND tables.relnamespace <> "
          u"'pg_catalog'::regnamespace AND NOT EXISTS (SELECT FROM pg_catalog.pg_locks AS other "
-         u"WHERE other.database = own.database AND other.relation = own.relation AND "
-         u"other.granted AND other.pid NOT IN (" +
-         all + u"))";
+         u"WHERE other.database = held.database AND other.relation = held.relation AND "
+         u"other.granted AND other.mode <> 'SIReadLock' AND other.pid NOT IN (" +
+         readers + u", " + own + u"))), ' ')";
+}
+
+bool IsOneOf(const String& word, const String& words) {
+  return !word.empty() && (u' ' + words + u' ').find(u' ' + word + u' ') != String::npos;
 }
 
 }  // namespace
@@ -51,46 +56,73 @@ void Session::Note(const StatementFacts& facts) {
 }
 
 // Something that runs meanwhile may let go of any of them.
-void Session::ForEachDistant(void (DistantRows::*act)() noexcept) {
+void Session::ForEachDistant(const std::function<void(DistantRows& rows)>& act) {
   for (DistantRows* const rows : std::vector(distant_)) {
-    if (std::find(distant_.begin(), distant_.end(), rows) != distant_.end()) (rows->*act)();
+    if (std::find(distant_.begin(), distant_.end(), rows) != distant_.end()) act(*rows);
   }
 }
 
 void Session::HoldDistant() {
   const int before = patience_->TimesGivenUp();
-  ForEachDistant(&DistantRows::HoldAll);
+  ForEachDistant([](DistantRows& rows) { rows.HoldAll(); });
   if (patience_->TimesGivenUp() > before) throw HostError(errors::Cancelled);
 }
 
-void Session::EndDistant() noexcept { ForEachDistant(&DistantRows::HoldOrGiveUp); }
+void Session::EndDistant() noexcept {
+  ForEachDistant([](DistantRows& rows) { rows.HoldOrGiveUp(); });
+}
 
 // After a lock that was not given in time: a function or a trigger may have asked for the whole
 // table. Returns whether the rows have been let go of.
 bool Session::HoldInTheWay() noexcept {
   try {
-    if (distant_.empty() || !MayBeInTheWay()) return false;
-    HoldDistant();
-    return true;
+    const String readers = ReadersInTheWay();
+    if (readers.empty()) return false;
+    const int before = patience_->TimesGivenUp();
+    ForEachDistant([&](DistantRows& rows) {
+      if (IsOneOf(rows.Reader(), readers)) rows.HoldAll();
+    });
+    return patience_->TimesGivenUp() == before;
   } catch (...) {
     return false;  // the error of the lock is being raised and says more
   }
 }
 
-// Asked beside this session, whose transaction may have failed.
-bool Session::MayBeInTheWay() {
+// The numbers of their processes, between blanks.
+String Session::ReadersInTheWay() {
   String readers;
   SessionPtr asked;
   for (const auto& other : beside_) {
     const SessionPtr beside = other.lock();
-    if (!beside || !beside->IsOpen()) continue;
+    if (!beside || !beside->IsOpen() || beside->process_.empty()) continue;
     readers += (readers.empty() ? u"" : u", ") + beside->process_;
     asked = beside;
   }
-  if (!asked) return false;
-  const StatementPtr question = asked->NewStatement();
-  asked->Execute(*question, QuestionOfLocks(readers, readers + u", " + process_));
-  return FirstRow(*question)[0] != u"0";
+  return asked && !process_.empty() ? asked->AnswerAside(QuestionOfLocks(readers, process_))
+                                    : String();
+}
+
+// Asked inside a transaction of rows, to which a failure does nothing, nor to their cursors. The
+// transaction of the session itself may have failed.
+String Session::AnswerAside(const String& question) {
+  RunPlain(u"SAVEPOINT tessaria_question");
+  try {
+    const StatementPtr statement = InnerStatement();
+    Execute(*statement, question);
+    const String answer = FirstRow(*statement)[0].value_or(String());
+    RunPlain(u"RELEASE SAVEPOINT tessaria_question");
+    return answer;
+  } catch (...) {
+    if (IsOpen()) RunPlain(u"ROLLBACK TO SAVEPOINT tessaria_question");
+    throw;
+  }
+}
+
+String Session::OwnProcess() {
+  if (!server_.IsPostgres()) return {};
+  const StatementPtr statement = InnerStatement();
+  Execute(*statement, u"SELECT pg_backend_pid()::text");
+  return FirstRow(*statement)[0].value_or(String());
 }
 
 }  // namespace tessaria::sql

@@ -37,6 +37,8 @@ SessionPtr Snapshot::OpenBeside(Session& session) {
       Patience::RethrowFromReading(std::current_exception());
     }
     return nullptr;
+  } catch (...) {
+    return nullptr;  // no thread or no memory is to be had for it
   }
 }
 
