@@ -1,5 +1,7 @@
 // The data control over rows that stay at the server, over a server that does not answer, and over
 // a connection that was lost.
+#include <QApplication>
+#include <QEventLoop>
 #include <QTimer>
 #include <QToolButton>
 

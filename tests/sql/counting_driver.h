@@ -107,9 +107,9 @@ class CountingLink final : public Link {
 };
 
 /// Makes links of the driver of the tests, which count into `work`.
-inline Connector CountingConnector(std::shared_ptr<Work> work) {
+inline Connector CountingConnector(const std::shared_ptr<Work>& work) {
   const bool isOdbc = std::string_view(tessaria::test::DriverName()) == "odbc";
-  return [=](const String& text, Long timeout, SettingsScope scope) -> LinkPtr {
+  return [isOdbc, work](const String& text, Long timeout, SettingsScope scope) -> LinkPtr {
     LinkPtr real;
     if (isOdbc) {
       real = std::make_shared<odbc::OdbcLink>(text, timeout, scope);

@@ -236,7 +236,9 @@ TEST_F(WaitingTest, WaitTellsWhatIsAwaited) {
       {Awaited::Match, [](host::Recordset& rows) { rows.Find(u"n = 5500"); }},
       {Awaited::Order, [](host::Recordset& rows) { rows.Sort(u"n desc"); }},
   };
-  for (const auto& [what, act] : requests) {
+  for (const auto& request : requests) {
+    const auto what = request.first;
+    const auto& act = request.second;
     // The rows after the first ones take their time.
     const auto rows = Read(
         u"select n, case when n = 5000 then pg_sleep(0.4)::text end as espera from "
@@ -273,7 +275,9 @@ TEST_F(WaitingTest, WaitOfAWriteIsThatOfTheWriteAlsoBeforeAMove) {
       {Awaited::Write, [&] { rows->Find(u"k = 2"); }},
       {Awaited::Deletion, [&] { rows->Delete(); }},
   };
-  for (const auto& [what, act] : requests) {
+  for (const auto& request : requests) {
+    const auto what = request.first;
+    const auto& act = request.second;
     Watcher watcher;
     watcher.onPass = [&](const host::Wait& wait) {
       EXPECT_EQ(int(wait.What), int(what));
