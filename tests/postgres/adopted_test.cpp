@@ -185,27 +185,29 @@ TEST_F(AdoptedLibraryTest, ATransactionThatFailsAfterAnOwnStatementIsLeftToThePr
   EXPECT_EQ(program.Ask("select string_agg(a::text, ',') from c"), "1");
 }
 
-TEST_F(AdoptedLibraryTest, AFailedTransactionOfTheProgramIsNotTakenForAnOwnOne) {
-  LibraryProgram program;
-  program.Run("create temp table c (a int primary key)");
-  auto adopted = program.Adopt();
-  adopted->BeginTrans();
+// Ends the transaction of the adopted connection behind its back, begins another one and makes it
+// fail after a savepoint.
+void FailInAnotherTransaction(LibraryProgram& program) {
   program.Run("rollback");
   program.Run("begin");
   program.Run("insert into c values (1)");
   program.Run("savepoint meu");
   EXPECT_THROW(program.Run("selec"), std::runtime_error);
+}
+
+TEST_F(AdoptedLibraryTest, AFailedTransactionOfTheProgramIsNotTakenForAnOwnOne) {
+  LibraryProgram program;
+  program.Run("create temp table c (a int primary key)");
+  auto adopted = program.Adopt();
+  adopted->BeginTrans();
+  FailInAnotherTransaction(program);
   for (int i = 0; i < 2; ++i) {
     EXPECT_GT(InStr(TextOf([&] { adopted->RollbackTrans(); }), u"ROLLBACK"), 0);
     EXPECT_EQ(PQtransactionStatus(program.Get()), PQTRANS_INERROR);
   }
   program.Run("rollback");
   adopted->BeginTrans();
-  program.Run("rollback");
-  program.Run("begin");
-  program.Run("insert into c values (1)");
-  program.Run("savepoint meu");
-  EXPECT_THROW(program.Run("selec"), std::runtime_error);
+  FailInAnotherTransaction(program);
   adopted.reset();
   EXPECT_EQ(PQtransactionStatus(program.Get()), PQTRANS_INERROR);
   program.Run("rollback to savepoint meu");

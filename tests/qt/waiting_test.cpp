@@ -49,6 +49,15 @@ class WaitingWindow : public CompletionFixture {
   void escapeAfter(int milliseconds) {
     after(milliseconds, [this] { queueKey(Qt::Key_Escape); });
   }
+  // Into a field that has the focus.
+  void typeRefusedDate() {
+    auto* date = add(new TsText, QStringLiteral("txtData"));
+    date->setMascara(QStringLiteral("dd/mm/yyyy"));
+    date->show();
+    date->setFocus();
+    settleAll();
+    type(*window_, QStringLiteral("31022017"));
+  }
   QLabel* line() const { return window_->findChild<QLabel*>(QStringLiteral("tessariaWait")); }
   // Writes the edit, which waits, and returns the number of its error; 0 for none.
   Long write() {
@@ -192,12 +201,7 @@ TEST_F(WaitingWindow, ClosingWaits) {
 }
 
 TEST_F(WaitingWindow, ClosingByTheFrameSettlesTheFieldAfterTheWait) {
-  auto* date = add(new TsText, QStringLiteral("txtData"));
-  date->setMascara(QStringLiteral("dd/mm/yyyy"));
-  date->show();
-  date->setFocus();
-  settleAll();
-  type(*window_, QStringLiteral("31022017"));
+  typeRefusedDate();
   after(300, [this] { closeByFrame(*window_); });
   escapeAfter(500);
   EXPECT_EQ(write(), errors::Cancelled);
@@ -207,12 +211,7 @@ TEST_F(WaitingWindow, ClosingByTheFrameSettlesTheFieldAfterTheWait) {
 }
 
 TEST_F(WaitingWindow, FieldThatTheProgramHasLeftIsSettledAfterTheWait) {
-  auto* date = add(new TsText, QStringLiteral("txtData"));
-  date->setMascara(QStringLiteral("dd/mm/yyyy"));
-  date->show();
-  date->setFocus();
-  settleAll();
-  type(*window_, QStringLiteral("31022017"));
+  typeRefusedDate();
   button_->setFocus();
   after(400, [this] { EXPECT_EQ(boxes_.takeTexts(), QStringList()); });
   escapeAfter(500);
