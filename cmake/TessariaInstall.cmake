@@ -54,3 +54,6 @@ install(FILES ${PROJECT_BINARY_DIR}/TessariaConfig.cmake
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/README.md
               ${PROJECT_SOURCE_DIR}/README.pt-BR.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
+# What an administrator of a database runs by hand.
+install(FILES ${PROJECT_SOURCE_DIR}/wizard/sql/cdate_str.sql
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaria/sql)

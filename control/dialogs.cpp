@@ -18,6 +18,7 @@
 #include "tessaria/host/application.h"
 #include "tessaria/text.h"
 #include "tessaria/thread_state.h"
+#include "wizard/frm_monta_sql.h"
 
 namespace tessaria {
 
@@ -57,6 +58,7 @@ void Dialogs::CloseShared() {
   UnloadShared(State().frmCalendario);
   UnloadShared(State().frmCalculadora);
   UnloadShared(State().frmDiretorio);
+  UnloadShared(State().frmMontaSql);
 }
 
 void Dialogs::Open() {

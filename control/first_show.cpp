@@ -19,13 +19,23 @@ void FirstShow::Run() {
   Trap(u"tsText", u"UserControl_Show", [&] {
     members.Carregou = false;
     members.bMostrado = true;
-    members.lngForeColorOriginal = parts_.Box.Widget().ForeColor();
+    KeepForeColor();
     if (!parts_.Site.UserMode())
       ShowAtDesignTime();
     else if (Err().Number != errors::ObjectNotSet)
       ShowAtRunTime();
     members.Carregou = true;
   });
+}
+
+void FirstShow::KeepForeColor() {
+  parts_.Remembered.lngForeColorOriginal = parts_.Box.Widget().ForeColor();
+}
+
+void FirstShow::Redraw() {
+  if (!parts_.Remembered.bMostrado) return;
+  KeepForeColor();
+  parts_.Drawing.Draw();
 }
 
 void FirstShow::ShowAtDesignTime() {

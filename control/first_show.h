@@ -28,10 +28,13 @@ class FirstShow {
 
   /// The first call prepares the field; later calls do nothing. Errors are reported.
   void Run();
+  /// Draws the field again with other settings.
+  void Redraw();
   /// Why the first show in the designer could not read the database; "" if it could.
   String DesignTimeError() const { return designTimeError_; }
 
  private:
+  void KeepForeColor();
   void ShowAtDesignTime();
   void ShowAtRunTime();
   void FitMaskToField();

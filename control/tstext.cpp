@@ -88,6 +88,8 @@ bool tsText::SetarVariaveis(StringView what) { return parts_->discovery.Find(wha
 
 String tsText::DesignTimeError() const { return parts_->firstShow.DesignTimeError(); }
 
+void tsText::RedrawAtDesignTime() { parts_->firstShow.Redraw(); }
+
 void tsText::MsgSeVisivel(const String& text, Long flags, const String& title) {
   if (parts_->site.Parent()->Visible()) mdlMsgBox::ExibeMensagem(hWnd(), text, flags, title);
 }

@@ -105,6 +105,11 @@ RowLimit LimitToOneRow(bool postgres) {
   return postgres ? RowLimit{u"Select ", u" Limit 1"} : RowLimit{u"Select Top 1 ", u""};
 }
 
+String Concatenation(const host::Connection& connection) {
+  const SqlFamily family = FamilyOfDialect(DialectName(connection));
+  return String(TemplateOf(sql_fragment::Concatenate, kAnyKind, family));
+}
+
 String mdlComum::TraduzSQL(Long intTipo, const String& strCondicao, const String& strEntao,
                            const String& strSenao, const String& strAlias, const String& strData,
                            Long intTipoInteiro, const String& strExpressao) {

@@ -1,6 +1,7 @@
 // SQL fragments that differ between dialects.
 #pragma once
 
+#include "tessaria/host/data.h"
 #include "tessaria/string.h"
 
 namespace tessaria {
@@ -22,6 +23,9 @@ struct RowLimit {
   StringView Limit;   ///< with a leading blank, or empty
 };
 RowLimit LimitToOneRow(bool postgres);
+
+/// The operator that joins texts, in the dialect of a connection; "" for an unknown family.
+String Concatenation(const host::Connection& connection);
 
 namespace mdlComum {
 

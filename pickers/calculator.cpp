@@ -22,7 +22,7 @@ constexpr int kDigitCount = 10;
 constexpr Integer kKeyComma = 44;
 
 constexpr host::WidgetDescription kCalculatorWidgets[] = {
-    {u"txtVisor", WidgetKind::TextBox, u"Visor"},
+    {u"txtVisor", WidgetKind::Display, u"Visor"},
     {u"btnNumero", WidgetKind::CommandButton, u"0", {}, 0},
     {u"btnNumero", WidgetKind::CommandButton, u"1", {}, 1},
     {u"btnNumero", WidgetKind::CommandButton, u"2", {}, 2},

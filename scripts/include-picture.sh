@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 page=docs/architecture.md
-folders='include runtime services mask lookup browse pickers control hosts'
+folders='include runtime services mask lookup browse pickers wizard control propertypage hosts'
 
 # "file target" for each include of one of our files in another, by paths from the root.
 list_includes() {

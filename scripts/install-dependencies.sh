@@ -12,7 +12,7 @@ packages_of() {
       ;;
     run)
       echo postgresql pgbouncer unixodbc odbc-postgresql libqt6sql6-psql libqt6sql6-odbc \
-        qt6-translations-l10n fonts-dejavu-core
+        qt6-translations-l10n fonts-dejavu-core designer-qt6 xvfb openbox xdotool
       ;;
     lint) echo clang-format clang-tidy shellcheck python3 ;;
     fuzz) echo clang libclang-rt-dev llvm ;;

@@ -48,14 +48,16 @@ void SetStartValues(Members& members, host::TextBox& box) {
   });
 }
 
+void ReadOrRaise(StoredState& state, const host::PropertyBag& bag) {
+  for (const Property* property : InOrder(&Property::Storage::ReadPosition)) {
+    const auto& stored = property->Stored;
+    stored.Load(state, bag.ReadProperty(String(stored.ReadKey),
+                                        DefaultOr(stored, stored.ReadDefault, state.Site)));
+  }
+}
+
 void ReadProperties(StoredState& state, const host::PropertyBag& bag) {
-  Trap(u"tsText", u"UserControl_ReadProperties", [&] {
-    for (const Property* property : InOrder(&Property::Storage::ReadPosition)) {
-      const auto& stored = property->Stored;
-      stored.Load(state, bag.ReadProperty(String(stored.ReadKey),
-                                          DefaultOr(stored, stored.ReadDefault, state.Site)));
-    }
-  });
+  Trap(u"tsText", u"UserControl_ReadProperties", [&] { ReadOrRaise(state, bag); });
 }
 
 void WriteProperties(const StoredState& state, host::PropertyBag& bag) {

@@ -85,17 +85,22 @@ void LetBy(tsText& control, const Variant& value) {
 
 template <class T, class Access>
 Property ReadWrite(StringView name, int id, Access) {
-  return {name, Travel<T>::Type, id, GetBy<T, Access>, LetBy<T, Access>, {}};
+  return {name, Travel<T>::Type, id, GetBy<T, Access>, LetBy<T, Access>, true, {}};
 }
 
 template <class T, class Access>
 Property ReadOnly(StringView name, int id, Access) {
-  return {name, Travel<T>::Type, id, GetBy<T, Access>, nullptr, {}};
+  return {name, Travel<T>::Type, id, GetBy<T, Access>, nullptr, true, {}};
 }
 
 template <class T, class Access>
 Property WriteOnly(StringView name, int id, Access) {
-  return {name, Travel<T>::Type, id, nullptr, LetBy<T, Access>, {}};
+  return {name, Travel<T>::Type, id, nullptr, LetBy<T, Access>, true, {}};
+}
+
+Property RunTimeOnly(Property property) {
+  property.AtDesignTime = false;
+  return property;
 }
 
 /// Where and with which defaults a property is stored.
@@ -252,17 +257,17 @@ Property ColourRow(Property row, StringView key, const Place& place, Kept, Acces
 }
 
 Property ItemsRow() {
-  Property row{u"ItensMascara", PropertyType::String, 0, nullptr, nullptr, {}};
+  Property row{u"ItensMascara", PropertyType::String, 0, nullptr, nullptr, false, {}};
   return InMember<String>(row, TextAt(31, 29), OF_MEMBERS(ItensMascara));
 }
 
 std::vector<Property> MakeProperties() {
   return {
-      ReadOnly<Long>(u"hWnd", 1, OF_CONTROL(hWnd)),
+      RunTimeOnly(ReadOnly<Long>(u"hWnd", 1, OF_CONTROL(hWnd))),
       MEMBER_ROW(String, DataSource, 2, TextAt(14, 15)),
       MEMBER_ROW(String, DataField, 3, TextAt(15, 16)),
-      MEMBER_ROW(String, PosDataField, 4, TextAt(16, 17)),
-      BrowseRow(5),
+      RunTimeOnly(MEMBER_ROW(String, PosDataField, 4, TextAt(16, 17))),
+      RunTimeOnly(BrowseRow(5)),
       MEMBER_ROW(String, BrwTitulo, 6, TextAt(18, 19)),
       MEMBER_ROW(String, BrowseTable, 7, TextAt(19, 20)),
       MEMBER_ROW(String, BrwCampo, 8, TextAt(20, 21)),
@@ -271,7 +276,7 @@ std::vector<Property> MakeProperties() {
       MEMBER_ROW(String, BrwGroupBy, 11, TextAt(23, 24)),
       MEMBER_ROW(String, BrwLeftJoin, 12, TextAt(24, 25)),
       MEMBER_ROW(String, BrwWhere, 13, TextAt(25, 26)),
-      PesquisaRow(14),
+      RunTimeOnly(PesquisaRow(14)),
       MEMBER_ROW(String, PesqCaption, 15, TextAt(35, 36)),
       MEMBER_ROW(String, PesqCampo, 16, TextAt(36, 37)),
       MEMBER_ROW(String, PesqMascara, 17, TextAt(37, 38)),
@@ -296,23 +301,23 @@ std::vector<Property> MakeProperties() {
       MEMBER_ROW(String, DirFilePath, 35, TextAt(10, 10)),
       MEMBER_ROW(String, DirFileName, 36, TextAt(11, 11)),
       MEMBER_ROW(Long, TipoDado, 37, ValueAt(13, 13, Long{1})),
-      ReadWrite<bool>(u"LastValidaStatus", 38, OF_CONTROL(LastValidaStatus)),
+      RunTimeOnly(ReadWrite<bool>(u"LastValidaStatus", 38, OF_CONTROL(LastValidaStatus))),
       MEMBER_ROW(String, MsgBrowse, 39, ValueAt(55, 55, u"")),
       MEMBER_ROW(String, PromptChar, 40, ValueAt(33, 31, u"_")),
       BOX_ROW(String, PasswordChar, 41, TextAt(53, 54)),
-      BOX_ROW(String, Text, 42, TextAt(52, 53)),
-      MEMBER_ROW(String, Texto, 43, TextAt(27, 33)),
+      RunTimeOnly(BOX_ROW(String, Text, 42, TextAt(52, 53))),
+      RunTimeOnly(MEMBER_ROW(String, Texto, 43, TextAt(27, 33))),
       LengthRow(u"MaxLength", 44, 47, 48, OF_CONTROL(MaxLength)),
-      LengthRow(u"SelLength", 45, 48, 49, OF_CONTROL(SelLength)),
-      LengthRow(u"SelStart", 46, 49, 50, OF_CONTROL(SelStart)),
-      BOX_ROW(String, SelText, 47, TextAt(50, 51)),
-      MEMBER_ROW(Variant, Value, 48, TextAt(26, 32)),
-      ReadWrite<Variant>(u"OriginalValue", 49, OF_CONTROL(OriginalValue)),
+      RunTimeOnly(LengthRow(u"SelLength", 45, 48, 49, OF_CONTROL(SelLength))),
+      RunTimeOnly(LengthRow(u"SelStart", 46, 49, 50, OF_CONTROL(SelStart))),
+      RunTimeOnly(BOX_ROW(String, SelText, 47, TextAt(50, 51))),
+      RunTimeOnly(MEMBER_ROW(Variant, Value, 48, TextAt(26, 32))),
+      RunTimeOnly(ReadWrite<Variant>(u"OriginalValue", 49, OF_CONTROL(OriginalValue))),
       MEMBER_ROW(TipoControle, TipoControle, 50, ValueAt(1, 1, Long{0})),
       MEMBER_ROW(String, TxtIrmao, 51, TextAt(2, 2)),
       MEMBER_ROW(String, LabelAssociado, 52, TextAt(3, 3)),
       BOX_ROW(bool, Enabled, 53, ValueAt(51, 52, true)),
-      ReadWrite<String>(u"Nome", 54, OF_CONTROL(Nome)),
+      RunTimeOnly(ReadWrite<String>(u"Nome", 54, OF_CONTROL(Nome))),
       MEMBER_ROW(String, NumeroTab, 55, TextAt(12, 12)),
       ColourRow(ReadWrite<Colour>(u"Forecolor", 56, OF_CONTROL(Forecolor)), u"ForeColor",
                 ValueAt(46, 47, kSystemWindowText), OF_MEMBERS(StoredForeColor),
@@ -320,8 +325,8 @@ std::vector<Property> MakeProperties() {
       ColourRow(ReadWrite<Colour>(u"BackColor", 57, OF_CONTROL(BackColor)), u"BackColor",
                 ValueAt(45, 45, kSystemWindow), OF_MEMBERS(StoredBackColor), OF_CONTROL(BackColor)),
       FontRow(58),
-      ReadOnly<bool>(u"Carregou", 59, OF_CONTROL(Carregou)),
-      WriteOnly<String>(u"LastValue", 60, OF_CONTROL(LastValue)),
+      RunTimeOnly(ReadOnly<bool>(u"Carregou", 59, OF_CONTROL(Carregou))),
+      RunTimeOnly(WriteOnly<String>(u"LastValue", 60, OF_CONTROL(LastValue))),
       ItemsRow(),
   };
 }

@@ -26,6 +26,9 @@ struct Property {
   Variant (*Get)(const tsText&);
   /// Errors: 13 for a value of another type, 6 for a number out of range.
   void (*Let)(tsText&, const Variant&);
+  /// Whether designers of forms offer it: false for what only a running form gives a sense to, for
+  /// caches, and for objects, which have editors of their own.
+  bool AtDesignTime = true;
 
   /// The place in the bag.
   struct Storage {

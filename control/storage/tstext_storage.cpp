@@ -21,6 +21,12 @@ void tsText::UserControl_ReadProperties(const host::PropertyBag& bag) {
   ReadProperties(state, bag);
 }
 
+void tsText::ReadAtDesignTime(const host::PropertyBag& bag) {
+  const BoxEvents::Silence silence(parts_->boxEvents);
+  StoredState state = kStoredOf(*parts_);
+  ReadOrRaise(state, bag);
+}
+
 void tsText::UserControl_WriteProperties(host::PropertyBag& bag) {
   WriteProperties(kStoredOf(*parts_), bag);
 }

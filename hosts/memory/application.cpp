@@ -1,5 +1,6 @@
 #include "tessaria/memory/application.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "tessaria/error.h"
@@ -17,7 +18,11 @@ constexpr Long kButtons = 0x0F;
 
 Application::Application() : former_(std::exchange(State().application, this)) {}
 
-Application::~Application() { State().application = former_; }
+// The wizard's connection is one of the program's.
+Application::~Application() {
+  State().frmMontaSql = nullptr;
+  State().application = former_;
+}
 
 void Application::AddFile(const String& path, FileKind kind) { files_[LCase(path)] = kind; }
 
@@ -49,6 +54,25 @@ Long Application::ShowMessageBox(Long owner, const String& text, Long style, con
     return answer;
   }
   return (style & kButtons) == host::box::YesNo ? host::answer::No : host::answer::Ok;
+}
+
+String Application::ShowInputBox(const String& prompt, const String& title, const String& offered) {
+  inputBoxes_.push_back({prompt, title, offered});
+  if (entries_.empty()) return {};
+  const String entered = entries_.front();
+  entries_.pop_front();
+  return entered;
+}
+
+std::vector<String> Application::DataSourceNames() const {
+  auto names = dataSources_;
+  std::sort(names.begin(), names.end(),
+            [](const String& a, const String& b) { return LCase(a) < LCase(b); });
+  return names;
+}
+
+std::shared_ptr<host::Connection> Application::NewConnection() {
+  return OnNewConnection ? OnNewConnection() : nullptr;
 }
 
 std::vector<MessageBoxRecord> Application::TakeBoxes() { return std::exchange(boxes_, {}); }

@@ -182,11 +182,28 @@ void Form::DeliverFocus() {
   while (!closed_ && entered_ != active_) {
     if (const auto left = std::exchange(entered_, nullptr)) {
       RunEvent([&] { left->Leave(); });
+      RaiseSlot(left->OnLeft);
     } else if ((entered_ = active_)) {
-      RunEvent([entered = entered_] { entered->Enter(); });
+      const PartPtr entered = entered_;
+      RunEvent([&] { entered->Enter(); });
+      if (entered == active_) RaiseSlot(entered->OnEntered);
     }
   }
   delivering_ = false;
+}
+
+/// As an event of its own; the slot is copied, since its owner may go away while it runs.
+void Form::RaiseSlot(const std::function<void()>& slot) {
+  if (const auto copy = slot) RunEvent(copy);
+}
+
+void Form::LeaveUnusable() {
+  if (closed_ || !active_ || active_->TakesFocus()) return;
+  const auto unusable = active_;
+  MoveByTab(false);
+  if (active_ != unusable) return;
+  active_ = nullptr;
+  if (!delivering_) DeliverFocus();
 }
 
 void Form::Focus(const String& name) {

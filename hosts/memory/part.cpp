@@ -31,4 +31,10 @@ Part::Part(String name, String typeName) {
   properties_.AddValue(u"Tag", u"");
 }
 
+bool Part::CanBeUsed() const {
+  if (!state_.Visible || !state_.Enabled || gone_) return false;
+  const auto* around = dynamic_cast<const Part*>(state_.Container.get());
+  return around == nullptr || (around->CanBeUsed() && around->IsInFront(state_.Page));
+}
+
 }  // namespace tessaria::memory

@@ -16,17 +16,7 @@ void Raise(const Slot& slot, Arguments&... arguments) {
 
 bool IsControlCharacter(char16_t character) { return character < u' '; }
 
-/// Positions from 0. A position in the middle of a surrogate pair moves to its start.
-Long BeforePair(const String& text, Long position) { return Len(LeftWhole(text, position)); }
-
-/// The positions of the character before `position`, and after the one at `position`.
-Long Previous(const String& text, Long position) {
-  return BeforePair(text, std::max<Long>(0, position - 1));
-}
-Long Next(const String& text, Long position) {
-  const Long next = std::min(position + 1, Len(text));
-  return BeforePair(text, next) == next ? next : next + 1;
-}
+constexpr StringView kLineEnd = u"\r\n";
 
 }  // namespace
 
@@ -147,6 +137,7 @@ void TextBox::PressCharacter(char16_t character) {
   if (half != u'\0' && code == original) return Enter({half, character});
   const char16_t typed = code == original ? character : AnsiCharacter(code);
   if (typed == u'\b') return Backspace();
+  if (typed == u'\r') return multiLine_ ? Enter(String(kLineEnd)) : Raise(OnEnterKey);
   if (!IsControlCharacter(typed)) Enter(String(1, typed));
 }
 
@@ -174,13 +165,13 @@ void TextBox::EditCommand(const Stroke& stroke) {
   const bool control = (stroke.Shift & modifier::Control) != 0;
   switch (static_cast<Key>(stroke.Code)) {
     case Key::Home:
-      return MoveCaret(0, extend);
+      return MoveCaret(LineStart(), extend);
     case Key::End:
-      return MoveCaret(Len(text_), extend);
+      return MoveCaret(LineEnd(), extend);
     case Key::Left:
-      return MoveCaret(!extend && SelLength() > 0 ? SelStart() : Previous(text_, caret_), extend);
+      return MoveCaret(!extend && SelLength() > 0 ? SelStart() : Previous(caret_), extend);
     case Key::Right:
-      return MoveCaret(!extend && SelLength() > 0 ? SelStart() + SelLength() : Next(text_, caret_),
+      return MoveCaret(!extend && SelLength() > 0 ? SelStart() + SelLength() : Next(caret_),
                        extend);
     case Key::Delete:
       return Delete();
@@ -192,6 +183,30 @@ void TextBox::EditCommand(const Stroke& stroke) {
   }
 }
 
+Long TextBox::WholePosition(Long position) const {
+  const bool inLineEnd = multiLine_ && position > 0 && Mid(text_, position, 2) == kLineEnd;
+  return inLineEnd ? position - 1 : Len(LeftWhole(text_, position));
+}
+
+Long TextBox::Previous(Long position) const {
+  return WholePosition(std::max<Long>(0, position - 1));
+}
+
+Long TextBox::Next(Long position) const {
+  const Long next = std::min(position + 1, Len(text_));
+  return WholePosition(next) == next ? next : next + 1;
+}
+
+Long TextBox::LineStart() const {
+  const Long before = multiLine_ ? InStrRev(Left(text_, caret_), kLineEnd) : 0;
+  return before == 0 ? 0 : before + 1;
+}
+
+Long TextBox::LineEnd() const {
+  const Long rest = multiLine_ ? InStr(Mid(text_, caret_ + 1), kLineEnd) : 0;
+  return rest == 0 ? Len(text_) : caret_ + rest - 1;
+}
+
 void TextBox::MoveCaret(Long position, bool extend) {
   caret_ = Clamp(position);
   if (!extend) anchor_ = caret_;
@@ -199,13 +214,13 @@ void TextBox::MoveCaret(Long position, bool extend) {
 
 void TextBox::Backspace() {
   if (SelLength() > 0) return PutIn(SelStart(), SelLength(), u"");
-  const Long start = Previous(text_, caret_);
+  const Long start = Previous(caret_);
   if (start < caret_) PutIn(start, caret_ - start, u"");
 }
 
 void TextBox::Delete() {
   if (SelLength() > 0) return PutIn(SelStart(), SelLength(), u"");
-  const Long end = Next(text_, caret_);
+  const Long end = Next(caret_);
   if (caret_ < end) PutIn(caret_, end - caret_, u"");
 }
 

@@ -4,12 +4,12 @@
 
 namespace tessaria::odbc {
 
-ConnectionHandle::ConnectionHandle() : environment_(SQL_NULL_HANDLE) {
-  // The version must be set before a connection handle can be made.
-  Check(SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION,
-                      reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0),
-        SQL_HANDLE_ENV, environment_.get());
-  connection_ = Handle<SQL_HANDLE_DBC>(environment_.get());
+// The version must be set before a connection handle can be made.
+Environment::Environment() : Handle(SQL_NULL_HANDLE) {
+  Check(SQLSetEnvAttr(get(), SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0),
+        SQL_HANDLE_ENV, get());
 }
+
+ConnectionHandle::ConnectionHandle() : connection_(environment_.get()) {}
 
 }  // namespace tessaria::odbc

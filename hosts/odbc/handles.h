@@ -33,6 +33,12 @@ class Handle {
 
 using StatementHandle = Handle<SQL_HANDLE_STMT>;
 
+/// An environment for the version of ODBC that this layer speaks.
+class Environment : public Handle<SQL_HANDLE_ENV> {
+ public:
+  Environment();
+};
+
 /// One physical connection, with an environment of its own. Not connected when it is made;
 /// disconnects at its end.
 class ConnectionHandle {
@@ -45,7 +51,7 @@ class ConnectionHandle {
   SQLHDBC get() const { return connection_.get(); }
 
  private:
-  Handle<SQL_HANDLE_ENV> environment_;
+  const Environment environment_;
   Handle<SQL_HANDLE_DBC> connection_;
 };
 

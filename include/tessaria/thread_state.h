@@ -19,6 +19,7 @@ class WaitView;
 class frmCalculadora;
 class frmCalendario;
 class frmDiretorio;
+class frmMontaSql;
 
 /// One instance per thread. A host sets `application` before it creates the first control.
 struct TESSARIA_CORE_API ThreadState {
@@ -39,6 +40,8 @@ struct TESSARIA_CORE_API ThreadState {
   std::shared_ptr<tessaria::frmCalendario> frmCalendario;
   std::shared_ptr<tessaria::frmCalculadora> frmCalculadora;
   std::shared_ptr<tessaria::frmDiretorio> frmDiretorio;
+  /// The SQL wizard of the fields' property page, created when first needed.
+  std::shared_ptr<tessaria::frmMontaSql> frmMontaSql;
 };
 
 /// The state of the calling thread.

@@ -288,6 +288,11 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// Why the first show in the designer could not access the database; "" when it could. For a
   /// property page to show.
   String DesignTimeError() const;
+  /// As `UserControl_ReadProperties`, for a designer of forms: raises what that shows in a box.
+  void ReadAtDesignTime(const host::PropertyBag& bag);
+  /// Draws the field as its settings say after they were loaded again; before the first show
+  /// nothing is drawn.
+  void RedrawAtDesignTime();
   /// Shows a message, but only on a visible form. Flags and title are those of `ExibeMensagem`.
   void MsgSeVisivel(const String& text, Long flags, const String& title);
 

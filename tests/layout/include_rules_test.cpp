@@ -20,8 +20,8 @@ using testing::Not;
 
 // The core's folders by height: a folder includes itself and lower ones.
 const std::map<std::string, int> kHeight = {
-    {"include", 0}, {"runtime", 1}, {"services", 2}, {"mask", 3},
-    {"lookup", 4},  {"browse", 5},  {"pickers", 5},  {"control", 6},
+    {"include", 0}, {"runtime", 1}, {"services", 2}, {"mask", 3},    {"lookup", 4},
+    {"browse", 5},  {"pickers", 5}, {"wizard", 5},   {"control", 6}, {"propertypage", 7},
 };
 
 std::set<std::string> Words(const std::string& text) {
@@ -66,8 +66,8 @@ const std::map<std::string, std::vector<std::string>> kRooms = {
     {"hosts/odbc", {""}},
     {"hosts/postgres", {""}},
     {"hosts/qt",
-     {"conversion", "boundary", "form", "focus", "keys", "data", "control", "dialogs", "program",
-      "designer"}},
+     {"conversion", "boundary", "form", "focus", "keys", "data", "control", "widgets", "dialogs",
+      "program"}},
     {"hosts/qtsql", {""}},
     {"hosts/sql", {"errors", "values", "statements", "driver", "session", "rows", "recordset", ""}},
 };

@@ -2,6 +2,7 @@
 #include "lookup/literals.h"
 #include "lookup/sql_family.h"
 
+#include "tessaria/memory/connection.h"
 #include "tests/lookup/lookup_fixture.h"
 
 namespace tessaria::test {
@@ -101,6 +102,15 @@ TEST_F(DialectTest, SqlServerConcatenatesWithAnAmpersandNotAPlus) {
   connection->Dbms(u"Microsoft SQL Server");
   EXPECT_EQ(TraduzSQL(sql_fragment::Concatenate), u"&");
   EXPECT_EQ(sqlFuncao(u"Microsoft SQL Server", u"sqlConcat"), u"&");
+}
+
+TEST_F(DialectTest, AnyConnectionHasItsOperator) {
+  const auto other = memory::Connection::CreateOpen();
+  EXPECT_EQ(Concatenation(*other), u"||");
+  other->SetProperty(u"DBMS Name", u"MS Jet");
+  EXPECT_EQ(Concatenation(*other), u"&");
+  other->SetProperty(u"DBMS Name", u"SQLite");
+  EXPECT_EQ(Concatenation(*other), u"");
 }
 
 TEST_F(DialectTest, AnEmptyAliasAppendsNothing) {

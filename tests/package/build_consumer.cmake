@@ -1,6 +1,7 @@
 # Builds and runs tests/package/consumer from an empty folder.
 # SOURCE, BUILD: the project. WORK: the folder to work in. COMPONENTS: what was built, separated by
 # commas.
+# DESIGNER: whether the plugin for Qt Designer was built, with the program that starts Designer.
 # SUBDIRECTORY: adds the project as a subdirectory, its core alone, instead of as a package.
 
 function(run)
@@ -17,7 +18,11 @@ if(SUBDIRECTORY)
       -DCMAKE_BUILD_TYPE=Debug -DCMAKE_UNITY_BUILD=ON)
 else()
   run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/stage)
-  set(where -DCMAKE_PREFIX_PATH=${WORK}/stage -DHEADERS=${WORK}/stage/include)
+  if(NOT EXISTS ${WORK}/stage/share/tessaria/sql/cdate_str.sql)
+    message(FATAL_ERROR "the functions for PostgreSQL are not installed")
+  endif()
+  set(where -DCMAKE_PREFIX_PATH=${WORK}/stage -DHEADERS=${WORK}/stage/include
+      -DDESIGNER=${DESIGNER})
 endif()
 
 run(${CMAKE_COMMAND} -S ${SOURCE}/tests/package/consumer -B ${WORK}/build -G ${GENERATOR}
@@ -29,3 +34,13 @@ string(REPLACE "," ";" programs "${programs}")
 foreach(program ${programs})
   run(${WORK}/build/use_${program})
 endforeach()
+
+# There is one plugin, and the installed program makes Designer find it.
+if(DESIGNER)
+  file(GLOB_RECURSE plugins ${WORK}/stage/*TessariaDesigner*)
+  list(LENGTH plugins count)
+  if(NOT count EQUAL 1)
+    message(FATAL_ERROR "installed plugins for Designer: ${plugins}")
+  endif()
+  run(${CMAKE_COMMAND} -E env DESIGNER=${WORK}/build/load_designer ${WORK}/stage/bin/tessaria-designer)
+endif()

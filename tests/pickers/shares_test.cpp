@@ -148,6 +148,11 @@ class SlashSystem final : public host::Application, public host::Desktop {
   Long ShowMessageBox(Long owner, const String& text, Long style, const String& title) override {
     return app_.ShowMessageBox(owner, text, style, title);
   }
+  String ShowInputBox(const String& prompt, const String& title, const String& offered) override {
+    return app_.ShowInputBox(prompt, title, offered);
+  }
+  std::vector<String> DataSourceNames() const override { return app_.DataSourceNames(); }
+  std::shared_ptr<host::Connection> NewConnection() override { return app_.NewConnection(); }
 
   Long ScreenWidth() const override { return desktop_.ScreenWidth(); }
   Long ScreenHeight() const override { return desktop_.ScreenHeight(); }

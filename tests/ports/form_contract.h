@@ -15,6 +15,7 @@
 #include "tessaria/host/application.h"
 #include "tessaria/host/form.h"
 #include "tessaria/tstext_interface.h"
+#include "tests/ports/error_of.h"
 
 namespace tessaria::contract {
 
@@ -81,17 +82,6 @@ struct FormHost {
   std::function<std::unique_ptr<FormDriver>()> make;
   friend void PrintTo(const FormHost& host, std::ostream* out) { *out << host.name; }
 };
-
-/// The number of the error that the call raises; 0 for none.
-template <class Call>
-Long ErrorOf(Call&& call) {
-  try {
-    call();
-  } catch (const HostError& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 class FormContract : public testing::TestWithParam<FormHost> {
  protected:

@@ -24,7 +24,7 @@ constexpr host::WidgetDescription kWidgets[] = {
     {u"campo", WidgetKind::TsText},
     {u"btn", WidgetKind::CommandButton, u"&Um", {}, 0},
     {u"btn", WidgetKind::CommandButton, u"&Dois", {}, 1},
-    {u"visor", WidgetKind::TextBox},
+    {u"visor", WidgetKind::Display},
     {u"dia", WidgetKind::Calendar},
     {u"drive", WidgetKind::DriveList},
     {u"pasta", WidgetKind::FolderList},

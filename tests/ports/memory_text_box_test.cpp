@@ -1,6 +1,7 @@
 // Runs the contract of text boxes on the text box of the memory host.
 #include "tessaria/memory/text_box.h"
 #include "tests/ports/case_count.h"
+#include "tests/ports/memory_keys.h"
 #include "tests/ports/text_box_contract.h"
 #include "tests/ports/text_box_edit_contract.h"
 #include "tests/ports/text_box_typing_contract.h"
@@ -22,11 +23,6 @@ class MemoryTextBox final : public TextBoxDriver {
   void Insert(const String& text) override { box_.Insert(text); }
 
  private:
-  static Integer ModifierOf(With with) {
-    if (with == With::Shift) return memory::modifier::Shift;
-    return with == With::Control ? memory::modifier::Control : memory::modifier::None;
-  }
-
   memory::TextBox box_;
 };
 

@@ -4,9 +4,12 @@
 #include <functional>
 #include <stdexcept>
 
+#include "hosts/postgres/pg_link.h"
+#include "hosts/sql/sql_connection.h"
 #include "tessaria/postgres/connection.h"
 #include "tests/ports/case_count.h"
 #include "tests/sql/adopted_data.h"
+#include "tests/sql/counting_driver.h"
 
 namespace tessaria::contract {
 namespace {
@@ -68,6 +71,37 @@ TEST_F(AdoptedLibraryTest, AConnectionThatIsNotThereIsRefused) {
   LibraryProgram program;
   EXPECT_HOST_ERROR(postgres::AdoptConnection(program.Get(), [] { return false; }),
                     errors::InvalidConnection);
+}
+
+/// Fails behind the BEGIN of a transaction, as when the operator gives up just then.
+class BeginFails final : public sql::test::CountingStatement {
+ public:
+  using CountingStatement::CountingStatement;
+  void Run(const String& text) override {
+    const bool begins = text.find(u"tessaria_transaction") != String::npos;
+    CountingStatement::Run(begins ? String(u"BEGIN; SELECT 1/0") : text);
+  }
+};
+
+class BeginFailsLink final : public sql::test::CountingLink {
+ public:
+  explicit BeginFailsLink(PGconn* connection)
+      : CountingLink(std::make_shared<postgres::PgLink>(connection, nullptr), Unused()) {}
+  sql::StatementPtr NewStatement() override {
+    return std::make_unique<BeginFails>(CountingLink::NewStatement(), Unused());
+  }
+
+ private:
+  static std::shared_ptr<sql::test::Work> Unused() { return std::make_shared<sql::test::Work>(); }
+};
+
+TEST_F(AdoptedLibraryTest, ABeginThatFailsHalfwayLeavesTheProgramNoTransaction) {
+  LibraryProgram program;
+  const auto adopted = sql::AdoptConnection(std::make_shared<BeginFailsLink>(program.Get()));
+  EXPECT_THROW(adopted->BeginTrans(), HostError);
+  EXPECT_EQ(PQtransactionStatus(program.Get()), PQTRANS_IDLE);
+  EXPECT_EQ(adopted->Execute(u"select 1")->RecordCount(), 1);
+  program.Run("select 1");
 }
 
 TEST_F(AdoptedLibraryTest, AConnectionThatTheProgramNoLongerHasIsNotTouched) {

@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
+#include <QFile>
+#include <QPluginLoader>
+#include <QTemporaryDir>
 #include <QUiLoader>
+#include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 #include <memory>
 
 #include "tessaria/qt/adodc.h"
@@ -45,6 +49,19 @@ TEST_F(DesignerPlugin, OffersBothWidgets) {
   const QStringList offered = loader_.availableWidgets();
   EXPECT_TRUE(offered.contains(QStringLiteral("tessaria::qt::TsText")));
   EXPECT_TRUE(offered.contains(QStringLiteral("tessaria::qt::Adodc")));
+}
+
+TEST_F(DesignerPlugin, ASecondCopyOffersNothing) {
+  const QTemporaryDir elsewhere;
+  const QString copy = elsewhere.filePath(QStringLiteral("copy.so"));
+  ASSERT_TRUE(QFile::copy(QStringLiteral(TESSARIA_DESIGNER_PLUGIN), copy));
+  const auto widgetsOf = [](const QString& file) {
+    QPluginLoader plugin(file);
+    auto* widgets = qobject_cast<QDesignerCustomWidgetCollectionInterface*>(plugin.instance());
+    return widgets ? widgets->customWidgets().size() : -1;
+  };
+  EXPECT_EQ(widgetsOf(QStringLiteral(TESSARIA_DESIGNER_PLUGIN)), 2);
+  EXPECT_EQ(widgetsOf(copy), 0);
 }
 
 TEST_F(DesignerPlugin, AFormFileHoldsTheWidgetsWithTheirSettings) {

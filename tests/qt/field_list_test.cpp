@@ -3,7 +3,7 @@
 #include <QMenu>
 #include <QTest>
 
-#include "hosts/qt/dialogs/tool_bar.h"
+#include "hosts/qt/widgets/tool_bar.h"
 #include "tessaria/memory/connection.h"
 #include "tessaria/pesquisa_definition.h"
 #include "tessaria/qt/adodc.h"

@@ -52,6 +52,21 @@ TEST(Properties, OnlyTheSettingsAreStored) {
         << meta.property(i).name();
 }
 
+TEST(Properties, DesignersOfferWhatTheTableOffers) {
+  for (const Property& property : Properties()) {
+    if (!isReachable(property) || !property.Get) continue;
+    EXPECT_EQ(metaProperty(property.Name).isDesignable(), property.AtDesignTime)
+        << toQt(property.Name).toStdString();
+  }
+}
+
+TEST(Properties, DesignersOfferNoValueAndNoTypedText) {
+  for (StringView name : {u"Value", u"OriginalValue", u"Texto", u"Text", u"SelText", u"Carregou"})
+    EXPECT_FALSE(FindProperty(name)->AtDesignTime) << toQt(name).toStdString();
+  for (StringView name : {u"Mascara", u"TipoControle", u"BrowseTable", u"Font", u"Enabled"})
+    EXPECT_TRUE(FindProperty(name)->AtDesignTime) << toQt(name).toStdString();
+}
+
 TEST(Properties, TheKindsOfControlHaveTheirNumbers) {
   const QMetaEnum kinds = metaProperty(u"TipoControle").enumerator();
   EXPECT_EQ(kinds.keyCount(), 6);

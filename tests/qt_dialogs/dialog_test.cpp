@@ -7,7 +7,7 @@
 #include <QTimer>
 
 #include "hosts/qt/boundary/handles.h"
-#include "hosts/qt/dialogs/coloured_button.h"
+#include "hosts/qt/widgets/coloured_button.h"
 #include "tessaria/qt/form.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 
@@ -21,7 +21,7 @@ constexpr host::WidgetDescription kDialogWidgets[] = {
     {u"lblTitulo", WidgetKind::Label, u"Título & companhia"},
     {u"btn", WidgetKind::CommandButton, u"&Um", u"O primeiro", 0},
     {u"btn", WidgetKind::CommandButton, u"R&D", {}, 1},
-    {u"visor", WidgetKind::TextBox, u"Visor"},
+    {u"visor", WidgetKind::Display, u"Visor"},
     {u"campo", WidgetKind::TsText, u"Campo"},
 };
 constexpr host::DialogDescription kDialogDescription{u"frmTeste", u"Teste", kDialogWidgets};

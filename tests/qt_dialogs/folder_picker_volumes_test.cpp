@@ -1,6 +1,6 @@
 // The volumes of the folder picker: which are listed, how one is chosen, and what happens to a
 // removed one.
-#include "hosts/qt/dialogs/volumes.h"
+#include "hosts/qt/widgets/volumes.h"
 
 #include "tests/qt_dialogs/folder_picker_window.h"
 

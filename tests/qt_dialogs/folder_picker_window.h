@@ -9,8 +9,8 @@
 #include <QTest>
 #include <QTreeWidget>
 
-#include "hosts/qt/dialogs/file_list.h"
-#include "hosts/qt/dialogs/folder_tree.h"
+#include "hosts/qt/widgets/file_list.h"
+#include "hosts/qt/widgets/folder_tree.h"
 #include "pickers/folder_picker.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 

@@ -6,7 +6,7 @@
 #include <QTest>
 
 #include "browse/lookup_run.h"
-#include "hosts/qt/dialogs/tool_bar.h"
+#include "hosts/qt/widgets/tool_bar.h"
 #include "tessaria/memory/connection.h"
 #include "tessaria/qt/form.h"
 #include "tests/qt_dialogs/dialog_fixture.h"

@@ -5,7 +5,7 @@
 #include <QTest>
 #include <stdexcept>
 
-#include "hosts/qt/dialogs/folder_tree.h"
+#include "hosts/qt/widgets/folder_tree.h"
 #include "tessaria/host/application.h"
 #include "tests/qt_dialogs/dialog_fixture.h"
 #include "tests/qt_dialogs/long_rows.h"

@@ -33,7 +33,7 @@ inline void PrintTo(const Work& work, std::ostream* out) {
        << " rows";
 }
 
-class CountingStatement final : public Statement {
+class CountingStatement : public Statement {
  public:
   CountingStatement(StatementPtr real, std::shared_ptr<Work> work)
       : real_(std::move(real)), work_(std::move(work)) {}
@@ -62,13 +62,14 @@ class CountingStatement final : public Statement {
   const std::shared_ptr<Work> work_;
 };
 
-class CountingLink final : public Link {
+class CountingLink : public Link {
  public:
   CountingLink(LinkPtr real, std::shared_ptr<Work> work)
       : real_(std::move(real)), work_(std::move(work)) {
     ++work_->sessions;
   }
 
+  Standing ProgramStanding() override { return real_->ProgramStanding(); }
   ServerFacts Facts() override { return real_->Facts(); }
   StatementPtr NewStatement() override {
     return std::make_unique<CountingStatement>(real_->NewStatement(), work_);

@@ -21,6 +21,10 @@ host::DialogPtr Desktop::MakeDialog(const host::DialogDescription& description) 
   return Dialog::Make(world_, description);
 }
 
+std::shared_ptr<Surface> Desktop::MakeSurface(const host::DialogDescription& description) {
+  return Surface::Make(world_, description);
+}
+
 void Desktop::ScreenSize(Long width, Long height) {
   screenWidth_ = width;
   screenHeight_ = height;

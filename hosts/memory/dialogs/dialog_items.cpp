@@ -7,21 +7,21 @@ constexpr Integer kBlank = 32;
 
 }  // namespace
 
-void DialogButton::OwnKey(const Stroke& stroke) {
-  if (stroke.Code != static_cast<Integer>(Key::Enter) && stroke.Code != kBlank) return;
-  if (const auto click = OnClick; click && CanBeWorked()) click();
+bool DialogButton::OwnKey(const Stroke& stroke) {
+  if (stroke.Code != static_cast<Integer>(Key::Enter) && stroke.Code != kBlank) return false;
+  if (CanBeWorked()) Click();
+  return true;
 }
 
 DialogField::DialogField(std::shared_ptr<TsText> control)
     : DialogItemOf(control), control_(std::move(control)) {
-  const auto raise = [](const auto& slot, auto&... arguments) {
-    if (const auto copy = slot) copy(arguments...);
-  };
-  control_->OnChange = [this, raise] { raise(OnChange); };
-  control_->OnKeyDown = [this, raise](Integer& code, Integer& shift) {
-    raise(OnKeyDown, code, shift);
-  };
-  control_->OnKeyPress = [this, raise](Integer& code) { raise(OnKeyPress, code); };
+  control_->OnChange = [this] { Raise(OnChange); };
+  control_->OnKeyDown = [this](Integer& code, Integer& shift) { Raise(OnKeyDown, code, shift); };
+  control_->OnKeyPress = [this](Integer& code) { Raise(OnKeyPress, code); };
+}
+
+void ToolBar::Click() {
+  if (buttonEnabled_) Raise(OnButtonClick);
 }
 
 std::vector<String> ToolBar::MenuTexts() const {
@@ -35,7 +35,7 @@ std::size_t ToolBar::Index(Long position) const {
   return static_cast<std::size_t>(position - 1);
 }
 
-void Calendar::OwnKey(const Stroke& stroke) {
+bool Calendar::OwnKey(const Stroke& stroke) {
   static constexpr struct {
     Key Arrow;
     int Days;
@@ -43,6 +43,7 @@ void Calendar::OwnKey(const Stroke& stroke) {
   for (const auto& step : kSteps) {
     if (stroke.Code == static_cast<Integer>(step.Arrow)) value_.Days += step.Days;
   }
+  return false;
 }
 
 }  // namespace tessaria::memory

@@ -14,6 +14,7 @@
 #include "hosts/qt/form/widget_tree.h"
 #include "tessaria/browse_definition.h"
 #include "tessaria/pesquisa_definition.h"
+#include "tessaria/qt/design_time.h"
 #include "tessaria/qt/host.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/text_property_bag.h"
@@ -70,13 +71,13 @@ TsText::~TsText() {
 void TsText::followControl(const QString& property) {
   if (property == QLatin1String("TipoControle"))
     parts_->browseButton->setKind(parts_->control.TipoControle());
-  if (property == QLatin1String("Enabled") && !designMode_) QWidget::setEnabled(isFieldEnabled());
+  if (property == QLatin1String("Enabled") && !designMode()) QWidget::setEnabled(isFieldEnabled());
 }
 
 /// The widget's own flag, regardless of its ancestors.
 void TsText::followWidget() {
   const bool enabled = !testAttribute(Qt::WA_ForceDisabled);
-  if (!designMode_ && enabled != isFieldEnabled()) setEnabled(enabled);
+  if (!designMode() && enabled != isFieldEnabled()) setEnabled(enabled);
 }
 
 void TsText::connectKeys() {
@@ -87,13 +88,16 @@ void TsText::connectKeys() {
   surface.OnKeyUp = [c](Integer& code, Integer& shift) { c->UserControl_KeyUp(code, shift); };
 }
 
+bool TsText::designMode() const { return designMode_ || formUnderDesign(this); }
+
 tsText& TsText::control() { return parts_->control; }
 const tsText& TsText::control() const { return parts_->control; }
 
 // --- Settings
 
 QStringList TsText::settings() const {
-  QStringList lines;
+  QStringList lines = unreadable_;
+  if (!lines.isEmpty()) return lines;
   guarded(this, [&] {
     TextPropertyBag bag = makeBag();
     parts_->control.UserControl_WriteProperties(bag);
@@ -104,14 +108,29 @@ QStringList TsText::settings() const {
 
 void TsText::setSettings(const QStringList& lines) {
   if (lines.isEmpty()) return;
-  write([&](tsText& c) {
-    TextPropertyBag bag = makeBag();
-    bag.Load(fromQt(lines.join(QLatin1Char('\n'))));
-    c.UserControl_ReadProperties(bag);
-    followControl(QStringLiteral("TipoControle"));
-    followControl(QStringLiteral("Enabled"));
+  unreadable_.clear();
+  designError_.clear();
+  guarded(this, [&] {
+    try {
+      load(lines);
+    } catch (const HostError& error) {
+      if (!formUnderDesign(this)) throw;
+      unreadable_ = lines;
+      designError_ = toQt(error.Description());
+    }
   });
   updateGeometry();
+}
+
+void TsText::load(const QStringList& lines) {
+  TextPropertyBag bag = makeBag();
+  bag.Load(fromQt(lines.join(QLatin1Char('\n'))));
+  const bool isDesigned = formUnderDesign(this) != nullptr;
+  isDesigned ? parts_->control.ReadAtDesignTime(bag)
+             : parts_->control.UserControl_ReadProperties(bag);
+  followControl(QStringLiteral("TipoControle"));
+  followControl(QStringLiteral("Enabled"));
+  if (isDesigned) parts_->control.RedrawAtDesignTime();
 }
 
 // --- Methods
@@ -156,6 +175,12 @@ void TsText::resizeEvent(QResizeEvent*) {
 }
 
 void TsText::showEvent(QShowEvent*) {
+  if (formUnderDesign(this)) {
+    // The mouse and the keys are the designer's.
+    for (QWidget* part : std::initializer_list<QWidget*>{parts_->edit, parts_->browseButton})
+      part->setAttribute(Qt::WA_TransparentForMouseEvents);
+    return showDesignedSoon(*this);
+  }
   QWidget* form = formOf(this);
   FocusCycle::of(window());
   if (designMode_ || wasShown(form)) {
@@ -232,7 +257,10 @@ void TsText::nameByCaption(const QList<QLabel*>& labels) {
   if (name != parts_->edit->accessibleName()) parts_->edit->setAccessibleName(name);
 }
 
-void TsText::nameForAccessibility() { nameByCaption(labelsOf(formOf(this))); }
+// On a form under design the labels are the designer's.
+void TsText::nameForAccessibility() {
+  if (!formUnderDesign(this)) nameByCaption(labelsOf(formOf(this)));
+}
 
 /// Whether the label is known to be the caption, with its present text: then a search of the whole
 /// form would find nothing new.

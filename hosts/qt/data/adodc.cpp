@@ -11,6 +11,7 @@
 #include "hosts/qt/form/control_pointer.h"
 #include "hosts/qt/form/first_show.h"
 #include "hosts/qt/form/widget_tree.h"
+#include "tessaria/qt/design_time.h"
 #include "tessaria/qt/host.h"
 #include "tessaria/qt/settle.h"
 #include "tessaria/qt/text.h"
@@ -137,17 +138,23 @@ QString Adodc::connectionString() const {
 
 void Adodc::setConnectionString(const QString& text) {
   connectionString_ = text;
-  connection_ = nullptr;
+  setConnection(nullptr);
 }
 
-void Adodc::setRecordSource(const QString& source) { recordSource_ = source; }
+void Adodc::setRecordSource(const QString& source) {
+  recordSource_ = source;
+  designFailure_.reset();
+}
 
 void Adodc::setCaption(const QString& text) {
   caption_ = text;
   showPosition();
 }
 
-void Adodc::setConnection(host::ConnectionPtr connection) { connection_ = std::move(connection); }
+void Adodc::setConnection(host::ConnectionPtr connection) {
+  connection_ = std::move(connection);
+  designFailure_.reset();
+}
 
 void Adodc::setConnectionFactory(ConnectionFactory make) { factory() = std::move(make); }
 
@@ -158,7 +165,23 @@ void Adodc::ensureConnection() {
   if (connection_->State() == host::state::Closed && !connection_->IsLost()) connection_->Open();
 }
 
+QString Adodc::designError() const {
+  return designFailure_ ? toQt(designFailure_->Description()) : QString();
+}
+
+// Every bound field asks for the rows of a form under design, which a dead server delays each time.
 void Adodc::open() {
+  if (!formUnderDesign(this)) return openRows();
+  if (designFailure_) throw HostError(*designFailure_);
+  try {
+    openRows();
+  } catch (const HostError& error) {
+    designFailure_ = error;
+    throw;
+  }
+}
+
+void Adodc::openRows() {
   ensureConnection();
   recordSet_ = connection_->OpenRecordset(fromQt(recordSource_), host::CursorType::Static,
                                           host::LockType::Optimistic);

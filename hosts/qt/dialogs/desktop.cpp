@@ -7,8 +7,8 @@
 #include <cmath>
 
 #include "hosts/qt/dialogs/dialog.h"
-#include "hosts/qt/dialogs/folders.h"
-#include "hosts/qt/dialogs/volumes.h"
+#include "hosts/qt/widgets/folders.h"
+#include "hosts/qt/widgets/volumes.h"
 #include "tessaria/conversion.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/qt/variants.h"

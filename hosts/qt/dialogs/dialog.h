@@ -2,16 +2,15 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
 #include "hosts/qt/dialogs/dialog_window.h"
-#include "hosts/qt/dialogs/key_relay.h"
+#include "hosts/qt/dialogs/surface_items.h"
 
 namespace tessaria::qt {
 
-/// The window has the name of the dialog, and its widgets have the names of the description, so
-/// that controls and programs find them. Showing it again while it is open raises error 400.
-class Dialog final : public host::Dialog, public std::enable_shared_from_this<Dialog> {
+/// The modal window around a surface, whose widgets are children of the window. Showing it again
+/// while it is open raises error 400.
+class Dialog final : public SurfaceOf<host::Dialog>, public std::enable_shared_from_this<Dialog> {
  public:
   static host::DialogPtr make(const host::DialogDescription& description);
   ~Dialog() override;
@@ -26,17 +25,10 @@ class Dialog final : public host::Dialog, public std::enable_shared_from_this<Di
   void Width(Long twips) override;
   Long Height() const override;
   void Height(Long twips) override;
-  Colour BackColor() const override;
-  Long hWnd() const override;
-  void dbForm(host::ConnectionPtr connection) override;
   void ShowModal() override;
   void Hide() override { window_->hide(); }
 
  private:
-  struct Entry {
-    const host::WidgetDescription* description;
-    std::unique_ptr<DialogItem> item;
-  };
   /// A number as it was assigned, valid while the window stays at the pixel it was moved to.
   struct Kept {
     Long twips = 0;
@@ -46,19 +38,14 @@ class Dialog final : public host::Dialog, public std::enable_shared_from_this<Di
   };
 
   explicit Dialog(const host::DialogDescription& description);
-  void build();
+  SurfaceItems& items() const override { return *items_; }
   void resized();
   void shown();
-  DialogItem* itemOf(const QWidget* widget) const;
-  host::DialogWidget& Widget(StringView name, Integer index) override;
   /// Called when the last handle is gone: no handler runs any more, and the window hides.
   void abandon();
 
-  const host::DialogDescription& description_;
   std::unique_ptr<DialogWindow> window_;
-  DialogGate gate_;
-  std::vector<Entry> entries_;
-  KeyRelay keys_;
+  std::unique_ptr<SurfaceItems> items_;
   Kept left_, top_, width_, height_;
   bool wasShown_ = false;
 };

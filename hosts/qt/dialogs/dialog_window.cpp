@@ -21,8 +21,7 @@ int within(int place, int least, int most) { return std::max(least, std::min(pla
 
 }  // namespace
 
-DialogWindow::DialogWindow(const QString& name, const QString& title) {
-  setObjectName(name);
+DialogWindow::DialogWindow(const QString& title) {
   setWindowTitle(title);
   setWindowModality(Qt::ApplicationModal);
 }
@@ -34,9 +33,11 @@ void DialogWindow::run(const std::function<void()>& shown) {
   keepOnScreen(owner);
   show();
   keepOnScreen(owner);  // its frame is known now
+  if (!first_) first_ = focusWidget();
   shown();
   wasLeft_ = false;  // the window system reports this show late
   waitUntilHidden();
+  if (first_) first_->setFocus();
   if (owner) {
     owner->removeEventFilter(this);
     disconnect(owner, nullptr, this, nullptr);

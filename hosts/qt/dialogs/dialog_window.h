@@ -11,12 +11,13 @@ namespace tessaria::qt {
 
 /// No widget owns the window, so that it outlives the form that it opened over: when the form is
 /// hidden or destroyed, the window hides and its loop returns.
+/// Each show begins where the first one did: the focus returns there when the window hides.
 /// Enter presses the default button; Escape the one with the property "Cancel", or hides.
 class DialogWindow final : public QDialog {
   Q_OBJECT
 
  public:
-  DialogWindow(const QString& name, const QString& title);
+  explicit DialogWindow(const QString& title);
 
   /// Shows the window over the active one, calls `shown`, and returns when it is hidden.
   void run(const std::function<void()>& shown);
@@ -44,6 +45,7 @@ class DialogWindow final : public QDialog {
   void waitUntilHidden();
 
   QEventLoop* loop_ = nullptr;
+  QPointer<QWidget> first_;  ///< had the focus when the window showed for the first time
   bool running_ = false;
   bool wasLeft_ = false;  ///< another window has become the active one
 };

@@ -15,23 +15,27 @@ bool isNavigation(const QKeyEvent& event) {
 
 }  // namespace
 
-KeyRelay::KeyRelay(QWidget& window, const DialogGate& gate, const host::Dialog& dialog,
+KeyRelay::KeyRelay(QWidget& face, const DialogGate& gate, const host::Surface& surface,
                    FindItem find)
-    : window_(window), gate_(gate), dialog_(dialog), find_(std::move(find)) {}
-
-void KeyRelay::watchAll() {
-  window_.installEventFilter(this);
-  for (QWidget* widget : window_.findChildren<QWidget*>()) widget->installEventFilter(this);
+    : face_(face), gate_(gate), surface_(surface), find_(std::move(find)) {
+  face.installEventFilter(this);
 }
 
-/// A key that its widget ignores comes here again when Qt propagates it to the window.
+/// All widgets that the surface has when it shows.
+void KeyRelay::watchAll() {
+  for (QWidget* widget : face_.findChildren<QWidget*>()) widget->installEventFilter(this);
+}
+
+/// A key that its widget ignores comes here again when Qt propagates it.
 bool KeyRelay::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Show && watched == &face_) watchAll();
   if (event->type() != QEvent::KeyPress) return false;
-  QWidget* focus = window_.focusWidget();
-  if (watched != (focus ? focus : &window_)) return false;
+  QWidget* focus = face_.window()->focusWidget();
+  if (watched != (focus ? focus : &face_)) return false;
   auto& key = *static_cast<QKeyEvent*>(event);
   if (isNavigation(key)) return false;
   DialogItem* item = focus ? find_(focus) : nullptr;
+  if (item && item->previewsKeys()) return false;
   if (!takes(key, item && !item->keepsKeysOf(*focus) ? &item->port() : nullptr)) return false;
   key.accept();
   return true;
@@ -40,11 +44,11 @@ bool KeyRelay::eventFilter(QObject* watched, QEvent* event) {
 bool KeyRelay::takes(QKeyEvent& event, const host::DialogWidget* widget) {
   Integer code = virtualKey(event);
   Integer shift = shiftState(event.modifiers());
-  if (asks(dialog_.OnKeyDown, code, shift)) return true;
+  if (asks(surface_.OnKeyDown, code, shift)) return true;
   if (widget && asks(widget->OnKeyDown, code, shift)) return true;
   for (const QString& unit : charactersOf(event)) {
     Integer character = unit.size() == 1 ? AnsiCode(unit.front().unicode()) : kUnknownCharacter;
-    if (asks(dialog_.OnKeyPress, character)) return true;
+    if (asks(surface_.OnKeyPress, character)) return true;
     if (widget && asks(widget->OnKeyPress, character)) return true;
   }
   return false;
@@ -55,7 +59,7 @@ template <class Slot, class... Arguments>
 bool KeyRelay::asks(const Slot& slot, Integer& code, Arguments&... arguments) {
   const Integer original = code;
   gate_.raise(slot, code, arguments...);
-  return !gate_.isOpen() || !window_.isVisible() || (code == 0 && original != 0);
+  return !gate_.isOpen() || !face_.isVisible() || (code == 0 && original != 0);
 }
 
 }  // namespace tessaria::qt

@@ -6,13 +6,13 @@
 #include <QVBoxLayout>
 
 #include "browse/grid_form.h"
-#include "hosts/qt/dialogs/data_grid.h"
 #include "hosts/qt/dialogs/layouts.h"
-#include "hosts/qt/dialogs/tool_bar.h"
+#include "hosts/qt/widgets/data_grid.h"
+#include "hosts/qt/widgets/tool_bar.h"
 
 namespace tessaria::qt {
 
-void layOutGridForm(QDialog& window) {
+void layOutGridForm(QWidget& window) {
   auto* title = part<QLabel>(window, "lblTitulo");
   QFont font = window.font();
   font.setBold(true);
@@ -41,7 +41,7 @@ void layOutGridForm(QDialog& window) {
 namespace {
 
 /// Shows what is searched for, which the title bar of a narrow window would cut.
-QLabel* captionOf(QDialog& window, QWidget& edit) {
+QLabel* captionOf(QWidget& window, QWidget& edit) {
   auto* caption = new QLabel(&window);
   caption->setTextFormat(Qt::PlainText);
   QWidget* target = edit.focusProxy() ? edit.focusProxy() : &edit;
@@ -54,7 +54,7 @@ QLabel* captionOf(QDialog& window, QWidget& edit) {
 
 }  // namespace
 
-void layOutSearchPrompt(QDialog& window) {
+void layOutSearchPrompt(QWidget& window) {
   auto* ok = part<QPushButton>(window, "btnOk");
   auto* cancel = part<QPushButton>(window, "btnCancelar");
   ok->setDefault(true);

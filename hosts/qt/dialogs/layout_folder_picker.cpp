@@ -7,15 +7,15 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
-#include "hosts/qt/dialogs/file_list.h"
-#include "hosts/qt/dialogs/folder_tree.h"
 #include "hosts/qt/dialogs/layouts.h"
+#include "hosts/qt/widgets/file_list.h"
+#include "hosts/qt/widgets/folder_tree.h"
 
 namespace tessaria::qt {
 namespace {
 
 /// Hidden folders show on demand only.
-QCheckBox* hiddenSwitch(QDialog& window, FolderTree* folders, FileNames* files) {
+QCheckBox* hiddenSwitch(QWidget& window, FolderTree* folders, FileNames* files) {
   auto* box = new QCheckBox(QStringLiteral("&Mostrar ocultos"), &window);
   QObject::connect(box, &QCheckBox::toggled, &window, [folders, files](bool on) {
     const Hidden hidden = on ? Hidden::Listed : Hidden::Skipped;
@@ -57,7 +57,7 @@ class Pane final : public QWidget {
 
 }  // namespace
 
-void layOutFolderPicker(QDialog& window) {
+void layOutFolderPicker(QWidget& window) {
   auto* drives = part<QComboBox>(window, "drvDiretorio");
   auto* folders = part<FolderTree>(window, "dirDiretorio");
   auto* files = part<FileNames>(window, "fileDiretorio");

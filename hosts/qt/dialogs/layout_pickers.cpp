@@ -59,7 +59,7 @@ QFont larger(QFont font, double factor) {
 
 }  // namespace
 
-void layOutCalculator(QDialog& window) {
+void layOutCalculator(QWidget& window) {
   auto* grid = new QGridLayout(&window);
   auto* display = part<QLineEdit>(window, "txtVisor");
   display->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -77,7 +77,7 @@ void layOutCalculator(QDialog& window) {
   }
 }
 
-void layOutCalendar(QDialog& window) {
+void layOutCalendar(QWidget& window) {
   auto* column = new QVBoxLayout(&window);
   column->setContentsMargins({});
   auto* calendar = part<QCalendarWidget>(window, "Calendario");

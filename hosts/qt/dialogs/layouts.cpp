@@ -3,7 +3,6 @@
 #include <QFontMetrics>
 #include <QPushButton>
 #include <QStyle>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <iterator>
 
@@ -12,35 +11,29 @@ namespace {
 
 struct Row {
   StringView dialog;
-  void (*layOut)(QDialog& window);
+  void (*layOut)(QWidget& window);
 };
 
 constexpr Row kLayouts[] = {
     {u"frmCalculadora", layOutCalculator},  {u"frmCalendario", layOutCalendar},
     {u"frmDiretorio", layOutFolderPicker},  {u"frmBrowse", layOutGridForm},
-    {u"frmTsPesquisa", layOutSearchPrompt},
+    {u"frmTsPesquisa", layOutSearchPrompt}, {u"frmMontaSql", layOutWizard},
 };
-
-void layOutInColumn(QDialog& window) {
-  auto* column = new QVBoxLayout(&window);
-  for (QWidget* widget : window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
-    column->addWidget(widget);
-}
 
 }  // namespace
 
-void layOut(QDialog& window, StringView name) {
+void layOut(QWidget& surface, StringView name, std::span<const LaidWidget> widgets) {
   const auto* row = std::find_if(std::begin(kLayouts), std::end(kLayouts),
                                  [name](const Row& r) { return r.dialog == name; });
-  window.ensurePolished();
-  (row == std::end(kLayouts) ? layOutInColumn : row->layOut)(window);
-  QLayout& layout = *window.layout();
+  surface.ensurePolished();
+  row == std::end(kLayouts) ? layOutInRows(surface, widgets) : row->layOut(surface);
+  QLayout& layout = *surface.layout();
   layout.activate();
-  if (!window.testAttribute(Qt::WA_Resized)) window.resize(layout.totalSizeHint());
-  window.resize(window.size().expandedTo(layout.totalMinimumSize()));
+  if (!surface.testAttribute(Qt::WA_Resized)) surface.resize(layout.totalSizeHint());
+  surface.resize(surface.size().expandedTo(layout.totalMinimumSize()));
 }
 
-QHBoxLayout* answerRow(QDialog& window, const char* yes, const char* no) {
+QHBoxLayout* answerRow(QWidget& window, const char* yes, const char* no) {
   auto* accept = part<QPushButton>(window, yes);
   auto* refuse = part<QPushButton>(window, no);
   accept->setIcon(window.style()->standardIcon(QStyle::SP_DialogApplyButton));

@@ -1,11 +1,13 @@
 #include "hosts/qt/form/first_show.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <utility>
 
 #include "hosts/qt/boundary/wait_input.h"
 #include "hosts/qt/form/control_pointer.h"
 #include "hosts/qt/form/widget_tree.h"
+#include "tessaria/qt/design_time.h"
 
 namespace tessaria::qt {
 namespace {
@@ -13,6 +15,12 @@ namespace {
 // Dynamic properties of forms.
 constexpr char kShown[] = "_tessaria_shown";
 constexpr char kAwaited[] = "_tessaria_awaited";
+
+/// The fields under design that wait for their first show.
+QList<ControlPointer<FormControl>>& designedFields() {
+  static QList<ControlPointer<FormControl>> fields;
+  return fields;
+}
 
 /// The controls of a type on the form itself, without those of forms inside it, in order of
 /// creation.
@@ -31,12 +39,26 @@ QList<Control*> ownControls(const QWidget* form) {
 bool wasShown(const QWidget* form) { return form->dynamicPropertyNames().contains(kShown); }
 
 void showFirstSoon(QWidget* form) {
-  if (form->dynamicPropertyNames().contains(kAwaited)) return;
+  if (formUnderDesign(form) || form->dynamicPropertyNames().contains(kAwaited)) return;
   form->setProperty(kAwaited, true);
   runLater(form, [form] {
     form->setProperty(kAwaited, QVariant());
     showFirst(form);
   });
+}
+
+// While one field waits for the server, further ones only join the row behind it.
+void showDesignedSoon(Surface& field) {
+  auto& fields = designedFields();
+  fields << ControlPointer<FormControl>(&field);
+  if (fields.size() > 1) return;
+  QMetaObject::invokeMethod(
+      qApp,
+      [&fields] {
+        for (; !fields.isEmpty(); fields.removeFirst())
+          if (const auto next = fields.first()) next->formShown();
+      },
+      Qt::QueuedConnection);
 }
 
 QList<Surface*> inLoadOrder(QWidget* form) {
@@ -53,7 +75,7 @@ QList<Surface*> inLoadOrder(QWidget* form) {
 }
 
 void showFirst(QWidget* form) {
-  if (wasShown(form)) return;
+  if (wasShown(form) || formUnderDesign(form)) return;
   QList<ControlPointer<FormControl>> controls;
   for (FormControl* control : ownControls<FormControl>(form))
     if (!dynamic_cast<Surface*>(control)) controls << control;

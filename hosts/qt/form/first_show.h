@@ -14,6 +14,9 @@ namespace tessaria::qt {
 void showFirst(QWidget* form);
 /// The same, once the events that are due have been processed.
 void showFirstSoon(QWidget* form);
+/// The same for a field on a form under design: the fields take their turns once the events that
+/// are due have been processed, because they may wait for a database server.
+void showDesignedSoon(Surface& field);
 /// Whether the form has had its first show.
 bool wasShown(const QWidget* form);
 

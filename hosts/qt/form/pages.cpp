@@ -9,9 +9,11 @@
 namespace tessaria::qt {
 namespace {
 
+/// Null for a page that does not turn.
 QTabWidget* tabsOfPage(const QWidget* page) {
   const auto* stack = qobject_cast<QStackedWidget*>(page->parentWidget());
-  return stack ? qobject_cast<QTabWidget*>(stack->parentWidget()) : nullptr;
+  auto* tabs = stack ? qobject_cast<QTabWidget*>(stack->parentWidget()) : nullptr;
+  return tabs && !tabs->property(kPagesStay).toBool() ? tabs : nullptr;
 }
 
 bool takesTab(const QWidget* widget) {

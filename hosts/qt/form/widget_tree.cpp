@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QTabBar>
 
+#include "tessaria/qt/design_time.h"
+
 namespace tessaria::qt {
 namespace {
 
@@ -60,8 +62,12 @@ bool isForm(const QWidget* widget) {
   return !isPartOfControl(widget) && widget->property(kConnection).isValid();
 }
 
+// A designer keeps a widget that was removed from its form outside of it, and belongs to no form
+// itself.
 QWidget* formOf(QWidget* widget) {
-  while (!isForm(widget)) widget = widget->parentWidget();
+  QWidget* const designed = formUnderDesign(widget);
+  if (designed && !designed->isAncestorOf(widget)) return designed;
+  while (widget != designed && !isForm(widget)) widget = widget->parentWidget();
   return widget;
 }
 

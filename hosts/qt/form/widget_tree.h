@@ -15,7 +15,8 @@ Surface* surfaceOf(QWidget* widget);
 
 /// Whether the widget is a window or has the property "dbForm".
 bool isForm(const QWidget* widget);
-/// The nearest form around a widget, or the widget itself when it is a window.
+/// The nearest form around a widget, or the widget itself when it is a window or a form under
+/// design.
 QWidget* formOf(QWidget* widget);
 
 /// Whether a program knows the widget as a control: it has its own name and is not a part of

@@ -4,12 +4,14 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
+#include <algorithm>
 
 #include "hosts/qt/boundary/handles.h"
 #include "hosts/qt/boundary/held_input.h"
 #include "hosts/qt/boundary/operator_action.h"
 #include "hosts/qt/boundary/window_in_front.h"
 #include "hosts/qt/conversion/picture.h"
+#include "hosts/qt/program/input_box.h"
 #include "hosts/qt/program/message_box.h"
 #include "tessaria/error.h"
 #include "tessaria/qt/event_boundary.h"
@@ -59,6 +61,23 @@ Long Application::ShowMessageBox(Long owner, const String& text, Long style, con
   window = window ? window->window() : windowInFront();
   tellOfBox(window, toQt(text), toQt(title), style);
   return showMessageBox(window, toQt(text), style, toQt(title));
+}
+
+String Application::ShowInputBox(const String& prompt, const String& title, const String& offered) {
+  return fromQt(showInputBox(windowInFront(), toQt(prompt), toQt(title), toQt(offered)));
+}
+
+std::vector<String> Application::DataSourceNames() const {
+  std::vector<String> names;
+  if (layer_.DataSourceNames) names = layer_.DataSourceNames();
+  std::stable_sort(names.begin(), names.end(), [](const String& a, const String& b) {
+    return toQt(a).compare(toQt(b), Qt::CaseInsensitive) < 0;
+  });
+  return names;
+}
+
+std::shared_ptr<host::Connection> Application::NewConnection() {
+  return layer_.NewConnection ? layer_.NewConnection() : nullptr;
 }
 
 /// A handler that fails causes one more box, which is not reported to the handler.

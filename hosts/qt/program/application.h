@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "tessaria/host/application.h"
+#include "tessaria/qt/data_layer.h"
 
 class QWidget;
 
@@ -29,11 +30,18 @@ class Application final : public host::Application {
   void DoEvents() override;
   /// If the handle is that of no widget, the active window is the owner.
   Long ShowMessageBox(Long owner, const String& text, Long style, const String& title) override;
+  /// Over the window that the operator is working in.
+  String ShowInputBox(const String& prompt, const String& title, const String& offered) override;
+  std::vector<String> DataSourceNames() const override;
+  std::shared_ptr<host::Connection> NewConnection() override;
+
+  void setDataLayer(DataLayer layer) { layer_ = std::move(layer); }
 
  private:
   void tellOfBox(QWidget* window, const QString& text, const QString& title, Long style);
 
   const Listener listener_;
+  DataLayer layer_;
   bool telling_ = false;
 };
 

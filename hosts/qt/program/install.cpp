@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QTranslator>
+#include <utility>
 
 #include "hosts/qt/boundary/operator_action.h"
 #include "hosts/qt/boundary/reconnect_view.h"
@@ -10,6 +11,8 @@
 #include "hosts/qt/dialogs/desktop.h"
 #include "hosts/qt/program/application.h"
 #include "hosts/qt/program/form_events.h"
+#include "tessaria/qt/data_layer.h"
+#include "tessaria/qt/design_time.h"
 #include "tessaria/qt/host.h"
 #include "tessaria/thread_state.h"
 
@@ -23,6 +26,9 @@ void loadTranslation(QObject* owner) {
     QCoreApplication::installTranslator(translator);
 }
 
+/// Windows must go before the application does, and the wizard's stays loaded between its runs.
+void unloadWizard() { State().frmMontaSql = nullptr; }
+
 }  // namespace
 
 Host::Host(QObject* parent)
@@ -35,13 +41,14 @@ Host::Host(QObject* parent)
       desktop_(std::make_unique<Desktop>()),
       waiting_(std::make_unique<WaitView>()),
       reconnecting_(std::make_unique<ReconnectView>()) {
-  loadTranslation(this);
+  if (!isDesigner()) loadTranslation(this);
   new FormEvents(this);
   new ActionWatch(this);  // the last filter is the first to see an event
   State().application = application_.get();
   State().desktop = desktop_.get();
   State().waiting = waiting_.get();
   State().reconnecting = reconnecting_.get();
+  qAddPostRoutine(unloadWizard);
 }
 
 Host::~Host() {
@@ -55,6 +62,10 @@ Host& install() {
   Q_ASSERT_X(qApp, "tessaria::qt::install", "a QApplication must exist");
   if (auto* host = qApp->findChild<Host*>({}, Qt::FindDirectChildrenOnly)) return *host;
   return *new Host(qApp);
+}
+
+void setDataLayer(DataLayer layer) {
+  static_cast<Application&>(install().application()).setDataLayer(std::move(layer));
 }
 
 }  // namespace tessaria::qt

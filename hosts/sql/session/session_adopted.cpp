@@ -55,9 +55,15 @@ Standing Session::AskProgram() {
   return standing;
 }
 
+// No transaction was open before, so what a failure leaves of one is ours.
 void Session::BeginForProgram(const String& modes) {
-  RunPlain(u"BEGIN " + modes + String(Adoption::MarkOwn()));
-  AskProgram();
+  try {
+    RunPlain(u"BEGIN " + modes + String(Adoption::MarkOwn()));
+    AskProgram();
+  } catch (...) {
+    if (IsOpen()) RunPlain(u"ROLLBACK");
+    throw;
+  }
   adoption_->NoteOwn();
   inTransaction_ = true;
 }

@@ -2,11 +2,14 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "tessaria/export.h"
 #include "tessaria/variant.h"
 
 namespace tessaria::host {
+
+class Connection;
 
 /// A picture that a host loaded and its own widgets can show. Opaque to the core.
 class TESSARIA_CORE_API Picture : public Object {};
@@ -51,6 +54,14 @@ class TESSARIA_CORE_API Application {
   /// returns it, 0 for none; `style` is a sum of values of `box`. Returns 6 for yes, 7 for no, 1
   /// otherwise. Closing a yes/no box counts as no.
   virtual Long ShowMessageBox(Long owner, const String& text, Long style, const String& title) = 0;
+  /// Asks for one line of text and waits for the answer; "" when the operator cancels. `title` ""
+  /// stands for the program's name.
+  virtual String ShowInputBox(const String& prompt, const String& title, const String& offered) = 0;
+  /// The names of the data sources of this system, in alphabetical order; none where the program
+  /// knows of no data layer.
+  virtual std::vector<String> DataSourceNames() const = 0;
+  /// A new closed connection that belongs to the caller; null where the program has no data layer.
+  virtual std::shared_ptr<Connection> NewConnection() = 0;
 };
 
 }  // namespace tessaria::host

@@ -96,6 +96,8 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
   void RunEvent(const std::function<void()>& event);
   /// Moves the focus; events follow at once, or when the running change of focus is done.
   void MoveFocusTo(const std::shared_ptr<Part>& part);
+  /// Moves the focus on when the control that has it can no longer be used.
+  void LeaveUnusable();
   bool IsActive(const Part& part) const { return active_.get() == &part; }
 
  private:
@@ -113,6 +115,7 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
   bool PressButton(bool(IsWanted)(const Part&));
   void ClickPart(const PartPtr& part);
   void DeliverFocus();
+  void RaiseSlot(const std::function<void()>& slot);
   void FirstShow();
   void Report(const HostError& error);
   void End();

@@ -1,6 +1,7 @@
 // What a memory form knows about everything that is on it.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "tessaria/error.h"
@@ -28,6 +29,7 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
     bool Enabled = true;
     bool TabStop = true;
     host::WidgetPtr Container;  ///< null: the form itself
+    Long Page = -1;             ///< of a container with pages, from 0
   };
 
   Part(String name, String typeName);
@@ -45,6 +47,10 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
   /// The form that the control is on; null when there is none, or when it is gone.
   std::shared_ptr<Form> OwnerForm() const { return owner_.lock(); }
   bool IsGone() const { return gone_; }
+  /// Whether the operator can reach it: what it stands in counts too.
+  bool CanBeUsed() const;
+  /// Whether what stands on that page can be reached.
+  virtual bool IsInFront(Long) const { return true; }
 
   // --- What the form calls -----------------------------------------------------------------------
   /// Both are the form, which the part does not keep alive.
@@ -73,10 +79,13 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
   void MarkGone() { gone_ = true; }
   virtual void Terminate() {}
 
+  // --- What a surface connects: the form raises them when the change of focus is done ------------
+  std::function<void()> OnEntered;
+  std::function<void()> OnLeft;
+
  protected:
   /// The form that the control is on, as a widget; null as for `OwnerForm`.
   host::WidgetPtr OwnerWidget() const { return ownerWidget_.lock(); }
-  bool CanBeUsed() const { return state_.Visible && state_.Enabled && !gone_; }
 
  private:
   State state_;

@@ -36,6 +36,8 @@ class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
   void Enabled(bool enabled) override { enabled_ = enabled; }
   bool Visible() const override { return visible_; }
   void Visible(bool visible) { visible_ = visible; }
+  /// A box of several lines, which "\r\n" separates: Enter begins a new one.
+  void MultiLine(bool multiLine) { multiLine_ = multiLine; }
   Colour ForeColor() const override { return foreColor_; }
   void ForeColor(Colour colour) override { foreColor_ = colour; }
   Colour BackColor() const override { return backColor_; }
@@ -79,6 +81,8 @@ class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
   Preview Surface;
   /// Moves the focus here on a form. Without it the box takes the focus by itself.
   std::function<void()> OnSetFocus;
+  /// Enter in a box of one line, which has no use for it.
+  std::function<void()> OnEnterKey;
   /// The box refused text for lack of room: all of it, or the rest.
   std::function<void()> OnNoRoom;
   void GainFocus();
@@ -90,6 +94,12 @@ class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
   void RaiseKeyUp(const Stroke& stroke, bool pressedHere);
   void PressCharacter(char16_t character);
   void EditCommand(const Stroke& stroke);
+  /// Positions from 0. The end of a line and a character of two units are passed in one step.
+  Long WholePosition(Long position) const;
+  Long Previous(Long position) const;
+  Long Next(Long position) const;
+  Long LineStart() const;
+  Long LineEnd() const;
   void MoveCaret(Long position, bool extend);
   void Backspace();
   void Delete();
@@ -111,6 +121,7 @@ class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
   host::Alignment alignment_ = host::Alignment::Left;
   bool enabled_ = true;
   bool visible_ = true;
+  bool multiLine_ = false;
   bool hasFocus_ = false;
   std::set<Integer> held_;  ///< keys whose release is awaited
   Colour foreColor_ = host::colour::WindowText;

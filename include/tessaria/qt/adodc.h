@@ -3,7 +3,9 @@
 
 #include <QWidget>
 #include <functional>
+#include <optional>
 
+#include "tessaria/error.h"
 #include "tessaria/export.h"
 #include "tessaria/host/data.h"
 #include "tessaria/qt/event_boundary.h"
@@ -66,8 +68,12 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
 
   /// The rows; null before the first `refresh()`.
   host::RecordsetPtr recordSet() const { return recordSet_; }
-  /// Reopens the rows; raises any error in the caller.
+  /// Reopens the rows; raises any error in the caller. While the form is designed a failure is
+  /// kept, and raised again without another try until the connection or the source changes.
   void open();
+  /// Why the rows could not be opened while the form was designed; empty when they could, or when
+  /// no field has asked for them.
+  QString designError() const;
   /// Whether a row is open for input that is not written yet. A deleted row is not.
   bool isEditPending() const;
 
@@ -127,6 +133,7 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   using Work = std::function<void(host::Recordset&)>;
   bool run(const Work& work, void (Adodc::*done)());
   void ensureConnection();
+  void openRows();
   bool settleField();
   bool mayLeaveRow();
   void tell(void (Adodc::*signal)());
@@ -142,6 +149,7 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   QString connectionString_;
   QString recordSource_;
   QString caption_;
+  std::optional<HostError> designFailure_;
   QLabel* label_;
   QList<QToolButton*> buttons_;
   QList<QShortcut*> shortcuts_;

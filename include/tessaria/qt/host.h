@@ -38,7 +38,8 @@ class TESSARIA_QT_API Host final : public QObject {
 };
 
 /// Makes this program the host of the calling thread, once; every control does this itself. Needs a
-/// QApplication, which owns the host. Loads Qt's own Brazilian texts when they are installed.
+/// QApplication, which owns the host. Loads Qt's own Brazilian texts when they are installed,
+/// but not into a designer of forms.
 TESSARIA_QT_API Host& install();
 
 }  // namespace tessaria::qt

@@ -37,7 +37,8 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   Q_PROPERTY(QStringList settings READ settings WRITE setSettings)
   Q_PROPERTY(QString DataSource READ dataSource WRITE setDataSource STORED false)
   Q_PROPERTY(QString DataField READ dataField WRITE setDataField STORED false)
-  Q_PROPERTY(QString PosDataField READ posDataField WRITE setPosDataField STORED false)
+  Q_PROPERTY(
+      QString PosDataField READ posDataField WRITE setPosDataField DESIGNABLE false STORED false)
   Q_PROPERTY(QString TxtIrmao READ txtIrmao WRITE setTxtIrmao STORED false)
   Q_PROPERTY(QString LabelAssociado READ labelAssociado WRITE setLabelAssociado STORED false)
   Q_PROPERTY(QString NumeroTab READ numeroTab WRITE setNumeroTab STORED false)
@@ -45,13 +46,15 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   Q_PROPERTY(QString Nome READ nome WRITE setNome DESIGNABLE false STORED false)
   Q_PROPERTY(TipoControle TipoControle READ tipoControle WRITE setTipoControle STORED false)
   Q_PROPERTY(int TipoDado READ tipoDado WRITE setTipoDado STORED false)
-  Q_PROPERTY(QVariant Value READ value WRITE setValue STORED false)
-  Q_PROPERTY(QVariant OriginalValue READ originalValue WRITE setOriginalValue STORED false)
-  Q_PROPERTY(QString Texto READ texto WRITE setTexto STORED false)
-  Q_PROPERTY(QString Text READ text WRITE setText STORED false)
+  Q_PROPERTY(QVariant Value READ value WRITE setValue DESIGNABLE false STORED false)
+  Q_PROPERTY(QVariant OriginalValue READ originalValue WRITE setOriginalValue
+                 DESIGNABLE false STORED false)
+  Q_PROPERTY(QString Texto READ texto WRITE setTexto DESIGNABLE false STORED false)
+  Q_PROPERTY(QString Text READ text WRITE setText DESIGNABLE false STORED false)
   Q_PROPERTY(bool PodeSerBranco READ podeSerBranco WRITE setPodeSerBranco STORED false)
   Q_PROPERTY(bool UsaChecaRelacao READ usaChecaRelacao WRITE setUsaChecaRelacao STORED false)
-  Q_PROPERTY(bool LastValidaStatus READ lastValidaStatus WRITE setLastValidaStatus STORED false)
+  Q_PROPERTY(bool LastValidaStatus READ lastValidaStatus WRITE setLastValidaStatus
+                 DESIGNABLE false STORED false)
   Q_PROPERTY(QString Mascara READ mascara WRITE setMascara STORED false)
   Q_PROPERTY(QString PromptChar READ promptChar WRITE setPromptChar STORED false)
   Q_PROPERTY(bool PromptInclude READ promptInclude WRITE setPromptInclude STORED false)
@@ -68,7 +71,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   Q_PROPERTY(QFont Font READ fieldFont WRITE setFieldFont STORED false)
   Q_PROPERTY(bool eSocial READ eSocial WRITE setESocial STORED false)
   Q_PROPERTY(bool MultiLine READ multiLine WRITE setMultiLine STORED false)
-  Q_PROPERTY(bool Carregou READ carregou STORED false)
+  Q_PROPERTY(bool Carregou READ carregou DESIGNABLE false STORED false)
   Q_PROPERTY(int hWnd READ hWnd DESIGNABLE false STORED false)
   Q_PROPERTY(QVariant Browse READ browse WRITE setBrowse DESIGNABLE false STORED false)
   Q_PROPERTY(QString BrwTitulo READ brwTitulo WRITE setBrwTitulo STORED false)
@@ -107,9 +110,12 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   ~TsText() override;
 
   /// The property bag as lines of text, the version first. Assigning an empty list does nothing; an
-  /// invalid one shows an error and leaves the control unchanged.
+  /// invalid one shows an error and leaves the control unchanged. On a form under design there is
+  /// no box: the lines are kept as they are until others are assigned, and `designError` tells why.
   QStringList settings() const;
   void setSettings(const QStringList& lines);
+  /// Why the settings could not be read on a form under design; empty when they could.
+  QString designError() const { return designError_; }
 
   // Surroundings
   /// Name of the data control on the form; takes effect at the next `refresh()`.
@@ -333,9 +339,10 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   tsText& control();
   const tsText& control() const;
 
-  /// True while a form is being designed: nothing is loaded then. A program that builds a form in
+  /// True while a form is being designed: no row is loaded then. A program that builds a form in
   /// code sets it while it assigns properties that can be assigned at design time only.
-  bool designMode() const { return designMode_; }
+  /// A control on a form under design is in design mode by itself; see `design_time.h`.
+  bool designMode() const;
   void setDesignMode(bool designing) { designMode_ = designing; }
 
   QSize sizeHint() const override;
@@ -405,7 +412,11 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   void followControl(const QString& property);
   void followWidget();
 
+  void load(const QStringList& lines);
+
   std::shared_ptr<Parts> parts_;
+  QStringList unreadable_;  ///< settings of a form under design that could not be read
+  QString designError_;
   bool designMode_ = false;
 };
 

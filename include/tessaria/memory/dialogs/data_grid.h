@@ -1,6 +1,7 @@
-// The grid of memory dialogs.
+// The grid of memory surfaces.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -12,27 +13,31 @@ namespace tessaria::memory {
 /// Columns over a record set. The arrow keys move its current row.
 class TESSARIA_MEMORY_API DataGrid final : public DialogItemOf<host::DataGrid> {
  public:
-  using DialogItemOf::DialogItemOf;
+  explicit DataGrid(std::shared_ptr<memory::Part> part);
 
   host::RecordsetPtr DataSource() const override { return rows_; }
   void DataSource(host::RecordsetPtr rows) override;
   Long ColumnCount() const override { return static_cast<Long>(columns_.size()); }
   host::GridColumn& Column(Long position) override;
+  host::GridColumn& AddColumn(Long position) override;
+  void RemoveColumn(Long position) override;
   void ShowCurrentRow() override { ++looks_; }
 
-  void OwnKey(const Stroke& stroke) override;
+  bool OwnKey(const Stroke& stroke) override;
 
   /// The captions of the columns, in order.
   std::vector<String> Captions();
-  /// What a column shows of the current row.
+  /// What a column shows of the current row; "" without one.
   String CellText(Long position);
   /// How often the current row was to be shown.
   int Looks() const { return looks_; }
 
  private:
   class FieldColumn;
+  std::ptrdiff_t Index(Long position) const;
 
   host::RecordsetPtr rows_;
+  bool hadRows_ = false;
   std::vector<std::unique_ptr<host::GridColumn>> columns_;
   int looks_ = 0;
 };

@@ -7,6 +7,7 @@
 
 #include "tessaria/export.h"
 #include "tessaria/memory/dialogs/dialog.h"
+#include "tessaria/memory/dialogs/surface.h"
 
 namespace tessaria::memory {
 
@@ -22,6 +23,8 @@ class TESSARIA_MEMORY_API Desktop final : public host::Desktop {
   Long ScreenHeight() const override { return screenHeight_; }
   Date Today() const override { return today_; }
   host::DialogPtr MakeDialog(const host::DialogDescription& description) override;
+  /// A hidden surface for somebody else's frame; the description must outlive it.
+  std::shared_ptr<Surface> MakeSurface(const host::DialogDescription& description);
   void Busy(bool busy) override { busy_ += busy ? 1 : -1; }
   void ClipboardText(const String& text) override { clipboard_ = text; }
   String Dir(const String& pattern) const override { return world_->Files->Dir(pattern); }

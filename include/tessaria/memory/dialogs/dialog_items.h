@@ -1,4 +1,4 @@
-// The simple widgets of memory dialogs, which store what is assigned to them.
+// The simple widgets of memory surfaces, which store what is assigned to them.
 #pragma once
 
 #include <vector>
@@ -32,8 +32,13 @@ class TESSARIA_MEMORY_API DialogButton final : public DialogItemOf<host::DialogB
   Colour BackColor() const override { return backColor_; }
   void BackColor(Colour colour) override { backColor_ = colour; }
 
+  /// Enter presses it where no other widget has a use for that key.
+  bool Default = false;
+
   /// Enter and the space bar press it.
-  void OwnKey(const Stroke& stroke) override;
+  bool OwnKey(const Stroke& stroke) override;
+  void Click() override { Raise(OnClick); }
+  String Mnemonic() const override { return caption_; }
 
  private:
   String caption_;
@@ -52,7 +57,19 @@ class TESSARIA_MEMORY_API DialogDisplay final : public DialogItemOf<host::Dialog
   String text_;
 };
 
-/// A whole control on the dialog's form.
+class TESSARIA_MEMORY_API DialogFrame final : public DialogItemOf<host::DialogFrame> {
+ public:
+  DialogFrame(std::shared_ptr<memory::Part> part, StringView caption)
+      : DialogItemOf(std::move(part)), caption_(caption) {}
+
+  String Caption() const override { return caption_; }
+  void Caption(const String& text) override { caption_ = text; }
+
+ private:
+  String caption_;
+};
+
+/// A whole control on the surface's form.
 class TESSARIA_MEMORY_API DialogField final : public DialogItemOf<host::DialogField> {
  public:
   explicit DialogField(std::shared_ptr<TsText> control);
@@ -83,6 +100,8 @@ class TESSARIA_MEMORY_API ToolBar final : public DialogItemOf<host::ToolBar> {
   void AddMenu(const host::MenuEntry& entry) override { menu_.push_back(entry); }
   void Refresh() override { ++refreshes_; }
 
+  /// Presses the bar's button.
+  void Click() override;
   /// The texts of the menu, in order.
   std::vector<String> MenuTexts() const;
   int Refreshes() const { return refreshes_; }
@@ -103,7 +122,7 @@ class TESSARIA_MEMORY_API Calendar final : public DialogItemOf<host::Calendar> {
   void Value(Date day) override { value_ = day; }
 
   /// The arrow keys move the selection by a day or a week.
-  void OwnKey(const Stroke& stroke) override;
+  bool OwnKey(const Stroke& stroke) override;
 
  private:
   Date value_;

@@ -1,4 +1,4 @@
-// A widget as a part of a memory dialog's form: geometry, focus, keys.
+// A widget as a part of a memory surface's form: geometry, focus, keys.
 #pragma once
 
 #include <functional>
@@ -8,7 +8,7 @@
 
 namespace tessaria::memory {
 
-/// A widget as the dialog's form drives it; the dialog says what a key does.
+/// A widget as the surface's form drives it; the surface says what a key does.
 class TESSARIA_MEMORY_API DialogPart final : public PartWith<host::Widget> {
  public:
   enum class Focus { Refused, Taken };
@@ -16,8 +16,11 @@ class TESSARIA_MEMORY_API DialogPart final : public PartWith<host::Widget> {
       : PartWith(std::move(name), std::move(typeName)), focus_(focus) {}
 
   std::function<void(const Stroke&)> OnHold;
+  /// Tells whether a page is in front; without it every one is.
+  std::function<bool(Long page)> OnIsInFront;
 
   bool TakesFocus() const override { return focus_ == Focus::Taken && CanBeUsed(); }
+  bool IsInFront(Long page) const override { return !OnIsInFront || OnIsInFront(page); }
   void Hold(const Stroke& stroke) override {
     if (const auto hold = OnHold) hold(stroke);
   }

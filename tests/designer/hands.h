@@ -1,0 +1,68 @@
+// The hands of a developer at the real Designer: what they drop, type and click, by mouse and keys.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <stdexcept>
+#include <string>
+
+#include "tests/designer/driver.h"
+
+namespace tessaria::tests {
+
+/// A click at a place of the screen.
+void clickAt(const QPoint& place, int times = 1);
+void clickOn(const QWidget& widget, int times = 1);
+/// Presses keys by their names of X11, one after the other.
+void press(const QStringList& keys);
+/// Types plain text, which may be empty.
+void typeText(const QString& text);
+
+/// Drags an item of the widget box to a place of the form, and returns the new widget; null when
+/// none has come.
+QWidget* drop(QDesignerFormWindowInterface& form, const QString& item, const QPoint& place);
+/// Types a property of the selected widget in the property editor.
+void typeProperty(const QString& property, const QString& text);
+/// Saves the form by Ctrl+S.
+void save(const QDesignerFormWindowInterface& form);
+
+QString contentsOf(const QString& path);
+/// What a program prints without a screen. The test fails when it does not end with status 0.
+std::string outputOf(const QString& program, const QStringList& arguments);
+
+/// The dialog of the property page; null when it is not open.
+QDialog* pageDialog();
+/// Opens it by a double click on the field, and waits for it.
+void openPage(const QWidget& field);
+/// Opens it by the field's entry of the context menu.
+void openPageByMenu(QWidget& field);
+/// A button of the dialog itself.
+QPushButton* dialogButton(const QString& caption);
+
+/// A widget of the open page, by its name. The test ends when there is none.
+template <class Widget>
+Widget& onPage(const char* name) {
+  auto* found = pageDialog() ? pageDialog()->findChild<Widget*>(QLatin1String(name)) : nullptr;
+  if (!found) throw std::runtime_error(std::string("the page has no ") + name);
+  return *found;
+}
+
+/// The tabs of the page, in order.
+enum class Tab { Principal, Browse, Pesquisa };
+
+void clickTab(Tab tab);
+Tab frontTab();
+void clickButton(const char* name);
+/// Clicks the mark of a check box or an option.
+void clickMark(const char* name);
+/// Replaces the text of a box.
+void fill(const char* name, const QString& text);
+/// Chooses a row of a drop-down list.
+void choose(const char* name, const QString& row);
+QString textOf(const char* name);
+
+}  // namespace tessaria::tests

@@ -1,0 +1,92 @@
+#include "wizard/return_tab.h"
+
+#include "wizard/catalogue.h"
+#include "wizard/list_rows.h"
+#include "wizard/transfer.h"
+
+namespace tessaria::wizard {
+namespace {
+
+constexpr StringView kKey = u"txt7CampoChave";
+constexpr StringView kSibling = u"txt7CampoIrmao";
+
+}  // namespace
+
+ReturnTab::ReturnTab(Wizard& wizard) : wizard_(wizard) {
+  wizard_.OnEnter(Tab::Retorno) = [this] { ListFields(); };
+  wizard_.Button(u"btn7CmpChaveInc").OnClick = [this] {
+    TakeName(kKey);
+    wizard_.AtualizaAbas();
+  };
+  wizard_.Button(u"btn7CmpIrmaoInc").OnClick = [this] { TakeName(kSibling); };
+  ConnectReturned();
+}
+
+void ReturnTab::ConnectReturned() {
+  wizard_.Button(u"btn7CmpRetInc").OnClick = [this] { AddReturned(); };
+  wizard_.Button(u"btn7CmpRetExc").OnClick = [this] { RemoveReturned(); };
+  ConnectMoves(wizard_, u"lst7CmpRet", u"btn7CmpRetSobe", u"btn7CmpRetDesce");
+}
+
+// What has left the statement is forgotten; the return fields come back in the order of the
+// columns.
+void ReturnTab::ListFields() {
+  auto& former = wizard_.List(u"lstSel");
+  CopyTexts(Returned(), former);
+  Fields().Clear();
+  Returned().Clear();
+  for (Long i = 1; i <= wizard_.cgrColGrid.Count(); ++i) {
+    const String field = wizard_.cgrColGrid.Item(i)->Campo();
+    if (former.FindItem(field) != nullptr) Returned().Add(field);
+    Fields().Add(field).Tag = StatementName(i);
+  }
+  for (const StringView box : {kKey, kSibling}) Forget(box);
+}
+
+/// Empties a box whose field is gone.
+void ReturnTab::Forget(StringView box) {
+  const String text = wizard_.Box(box).Text();
+  for (Long i = 1; i <= Fields().Count(); ++i)
+    if (IsNamed(text, Fields().Item(i))) return;
+  wizard_.Box(box).Text(String());
+}
+
+/// With aliases accepted, a field is named as the select list has it; a concatenated one has only
+/// its own name.
+String ReturnTab::StatementName(Long column) const {
+  const String field = wizard_.cgrColGrid.Item(column)->Campo();
+  const auto at = static_cast<std::size_t>(column - 1);
+  if (wizard_.AcceptsAliases() && at < wizard_.selected.size() &&
+      SqlNames::Bare(wizard_.selected[at]) == field)
+    return wizard_.selected[at];
+  return IsConnected(wizard_) ? wizard_.names.Name(field) : field;
+}
+
+/// With aliases accepted, the field of another table is another one.
+bool ReturnTab::IsNamed(const String& text, const host::ListRow& field) const {
+  if (text == field.Text() || text == field.Tag) return true;
+  return (!wizard_.AcceptsAliases() || wizard_.selected.empty()) &&
+         SqlNames::Bare(text) == field.Text();
+}
+
+// Without a connection nobody knows which names need quotes: one that is there keeps its own.
+void ReturnTab::TakeName(StringView box) {
+  const host::ListRow& field = SelectedRow(Fields());
+  const bool isThere = SqlNames::Bare(wizard_.Box(box).Text()) == field.Text();
+  if (isThere && !IsConnected(wizard_)) return;
+  wizard_.Box(box).Text(field.Tag);
+}
+
+void ReturnTab::AddReturned() {
+  const String field = SelectedRow(Fields()).Text();
+  if (Returned().FindItem(field) != nullptr) return wizard_.Alert(u"Campo Já Incluído");
+  host::ListRow& row = Returned().Add(field);
+  row.Selected(true);
+  row.EnsureVisible();
+}
+
+void ReturnTab::RemoveReturned() {
+  if (Returned().Count() > 0) RemoveSelected(Returned());
+}
+
+}  // namespace tessaria::wizard

@@ -1,0 +1,203 @@
+#include "wizard/sql_names.h"
+
+#include <algorithm>
+#include <map>
+
+#include "tessaria/conversion.h"
+#include "tessaria/text.h"
+
+namespace tessaria::wizard {
+namespace {
+
+// In alphabetical order.
+constexpr StringView kReservedWords[] = {u"all",
+                                         u"analyse",
+                                         u"analyze",
+                                         u"and",
+                                         u"any",
+                                         u"array",
+                                         u"as",
+                                         u"asc",
+                                         u"asymmetric",
+                                         u"authorization",
+                                         u"binary",
+                                         u"both",
+                                         u"case",
+                                         u"cast",
+                                         u"check",
+                                         u"collate",
+                                         u"collation",
+                                         u"column",
+                                         u"concurrently",
+                                         u"constraint",
+                                         u"create",
+                                         u"cross",
+                                         u"current_catalog",
+                                         u"current_date",
+                                         u"current_role",
+                                         u"current_schema",
+                                         u"current_time",
+                                         u"current_timestamp",
+                                         u"current_user",
+                                         u"default",
+                                         u"deferrable",
+                                         u"desc",
+                                         u"distinct",
+                                         u"do",
+                                         u"else",
+                                         u"end",
+                                         u"except",
+                                         u"false",
+                                         u"fetch",
+                                         u"for",
+                                         u"foreign",
+                                         u"freeze",
+                                         u"from",
+                                         u"full",
+                                         u"grant",
+                                         u"group",
+                                         u"having",
+                                         u"ilike",
+                                         u"in",
+                                         u"initially",
+                                         u"inner",
+                                         u"intersect",
+                                         u"into",
+                                         u"is",
+                                         u"isnull",
+                                         u"join",
+                                         u"lateral",
+                                         u"leading",
+                                         u"left",
+                                         u"like",
+                                         u"limit",
+                                         u"localtime",
+                                         u"localtimestamp",
+                                         u"natural",
+                                         u"not",
+                                         u"notnull",
+                                         u"null",
+                                         u"offset",
+                                         u"on",
+                                         u"only",
+                                         u"or",
+                                         u"order",
+                                         u"outer",
+                                         u"overlaps",
+                                         u"placing",
+                                         u"primary",
+                                         u"references",
+                                         u"returning",
+                                         u"right",
+                                         u"select",
+                                         u"session_user",
+                                         u"similar",
+                                         u"some",
+                                         u"symmetric",
+                                         u"system_user",
+                                         u"table",
+                                         u"tablesample",
+                                         u"then",
+                                         u"to",
+                                         u"trailing",
+                                         u"true",
+                                         u"union",
+                                         u"unique",
+                                         u"user",
+                                         u"using",
+                                         u"variadic",
+                                         u"verbose",
+                                         u"when",
+                                         u"where",
+                                         u"window",
+                                         u"with"};
+
+static_assert(std::ranges::is_sorted(kReservedWords));
+
+constexpr StringView kSearchPath = u"Select unnest(current_schemas(true))";
+
+bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+
+/// PostgreSQL folds capitals, so a name that has them is another one without quotes.
+bool IsPlainLetter(char16_t c, SqlFamily family) {
+  if ((c >= u'a' && c <= u'z') || c == u'_') return true;
+  return family != SqlFamily::PostgreSQL && c >= u'A' && c <= u'Z';
+}
+
+bool IsBracketed(SqlFamily family) {
+  return family == SqlFamily::Access || family == SqlFamily::SqlServer;
+}
+
+/// The content of the quoted part that starts at `start`; `start` moves behind it.
+String QuotedPart(const String& name, std::size_t& start) {
+  const char16_t end = name[start] == u'[' ? u']' : u'"';
+  String part;
+  for (++start; start < name.size(); ++start) {
+    if (name[start] == end) {
+      if (start + 1 >= name.size() || name[start + 1] != end) break;
+      ++start;
+    }
+    part += name[start];
+  }
+  ++start;
+  return part;
+}
+
+}  // namespace
+
+SqlNames::SqlNames(host::Connection& connection)
+    : family_(FamilyOfDialect(DialectName(connection))) {
+  if (family_ != SqlFamily::PostgreSQL) return;
+  const auto rows = connection.Execute(String(kSearchPath));
+  for (; !rows->Eof(); rows->MoveNext())
+    searchPath_.push_back(CStr(rows->Fields().Item(Long{0})->Value()));
+}
+
+bool SqlNames::NeedsQuotes(const String& bare) const {
+  const auto plain = [&](char16_t c) { return IsPlainLetter(c, family_) || IsDigit(c); };
+  if (bare.empty() || IsDigit(bare[0]) || !std::ranges::all_of(bare, plain)) return true;
+  return std::ranges::binary_search(kReservedWords, StringView(LCase(bare)));
+}
+
+String SqlNames::Name(const String& bare) const {
+  if (!NeedsQuotes(bare)) return bare;
+  if (IsBracketed(family_)) return u"[" + Replace(bare, u"]", u"]]") + u"]";
+  return u"\"" + Replace(bare, u"\"", u"\"\"") + u"\"";
+}
+
+std::size_t SqlNames::PlaceOf(const String& schema) const {
+  return static_cast<std::size_t>(std::ranges::find(searchPath_, schema) - searchPath_.begin());
+}
+
+std::vector<String> SqlNames::Tables(const std::vector<CatalogueRow>& all) const {
+  std::map<String, std::size_t> first;
+  for (const CatalogueRow& row : all) {
+    const auto [found, isNew] = first.emplace(row.name, PlaceOf(row.schema));
+    if (!isNew) found->second = std::min(found->second, PlaceOf(row.schema));
+  }
+  std::vector<String> names;
+  for (const CatalogueRow& row : all) {
+    const std::size_t place = PlaceOf(row.schema);
+    const bool isFound = searchPath_.empty() || row.schema.empty() ||
+                         (place < searchPath_.size() && place == first.at(row.name));
+    names.push_back((isFound ? String() : Name(row.schema) + u".") + Name(row.name));
+  }
+  return names;
+}
+
+String SqlNames::Bare(const String& name) {
+  String part;
+  for (std::size_t i = 0; i < name.size();) {
+    if (name[i] == u'.') {
+      part.clear();
+      ++i;
+    } else if (part.empty() && (name[i] == u'"' || name[i] == u'[')) {
+      part = QuotedPart(name, i);
+    } else {
+      part += name[i++];
+    }
+  }
+  return part;
+}
+
+}  // namespace tessaria::wizard
