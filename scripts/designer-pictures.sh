@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the pictures of the guide to forms in Qt Designer (docs/images/designer-*.png) anew, by its
-# test in the real Qt Designer.
+# Makes the pictures of the guides to Qt Designer and to the SQL wizard (docs/images/designer-*.png)
+# anew, by their tests in the real Qt Designer.
 # Usage: scripts/designer-pictures.sh [BUILD]
 #        (BUILD: build/release, with its tests)
 set -euo pipefail

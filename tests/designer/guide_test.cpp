@@ -1,25 +1,12 @@
 // What the guide to forms in Qt Designer tells, step by step, with its pictures.
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QTest>
 
 #include "tests/designer/hands.h"
 
 namespace tessaria::tests {
 namespace {
-
-/// Saved into the folder TESSARIA_PICTURES, if there is one.
-void picture(QWidget& window, const char* name) {
-  const QString folder = qEnvironmentVariable("TESSARIA_PICTURES");
-  QTest::qWait(200);
-  const QPixmap shown = window.grab();
-  EXPECT_FALSE(shown.isNull());
-  if (!folder.isEmpty()) {
-    EXPECT_TRUE(shown.save(
-        QDir(folder).filePath(QStringLiteral("designer-%1.png").arg(QLatin1String(name)))));
-  }
-}
 
 class Guide : public testing::Test {
  protected:
@@ -47,13 +34,13 @@ TEST_F(Guide, LeadsFromAnEmptyFormToAPair) {
   typeProperty(QStringLiteral("text"), QStringLiteral("Cliente"));
   auto& code = dynamic_cast<qt::TsText&>(add("TsText", {150, 50}, "txtCodigo"));
   auto& name = dynamic_cast<qt::TsText&>(add("TsText", {360, 50}, "txtNome"));
-  picture(form_, "form");
+  picture(form_, QStringLiteral("form"));
 
   openPage(code);
   choose("txtTipoControle", QStringLiteral("1 - Browse"));
   choose("txtTxtIrmao", QStringLiteral("txtNome"));
   choose("txtLabel", QStringLiteral("lblCodigo"));
-  picture(*pageDialog(), "principal");
+  picture(*pageDialog(), QStringLiteral("principal"));
 
   clickTab(Tab::Browse);
   fill("txtBrwTitulo", QStringLiteral("Clientes"));
@@ -61,7 +48,7 @@ TEST_F(Guide, LeadsFromAnEmptyFormToAPair) {
   fill("txtBrwCampo", QStringLiteral("codigo"));
   fill("txtBrwCampoIrmao", QStringLiteral("nome"));
   fill("txtBrwCampoOutros", QStringLiteral("cidade"));
-  picture(*pageDialog(), "browse");
+  picture(*pageDialog(), QStringLiteral("browse"));
 
   clickTab(Tab::Pesquisa);
   clickButton("btnIncluir");
@@ -69,7 +56,7 @@ TEST_F(Guide, LeadsFromAnEmptyFormToAPair) {
   fill("txtPesqCampo", QStringLiteral("nome"));
   clickMark("optPesqString");
   clickMark("optPesqInicioCampo");
-  picture(*pageDialog(), "pesquisa");
+  picture(*pageDialog(), QStringLiteral("pesquisa"));
   accept();
   EXPECT_EQ(code.settings().filter(QStringLiteral("BrowseTable=String:clientes")).size(), 1);
 
@@ -79,7 +66,7 @@ TEST_F(Guide, LeadsFromAnEmptyFormToAPair) {
   clickTab(Tab::Browse);
   EXPECT_EQ(textOf("txtBrwCampo"), QStringLiteral("nome"));
   EXPECT_EQ(textOf("txtBrwCampoIrmao"), QStringLiteral("codigo"));
-  picture(*pageDialog(), "descricao");
+  picture(*pageDialog(), QStringLiteral("descricao"));
   accept();
 }
 

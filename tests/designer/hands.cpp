@@ -4,11 +4,13 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <QTimer>
 
 #include <QtDesigner/QDesignerPropertyEditorInterface>
 #include <QtDesigner/QDesignerTaskMenuExtension>
@@ -39,6 +41,21 @@ QPoint placeOf(const QWidget& window, const QString& text, int column = 0) {
     if (found.isValid()) return placeIn(*view, found.siblingAtColumn(column));
   }
   return {};
+}
+
+QDialog* openWindow(const char* name) {
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window->objectName() == QLatin1String(name) && window->isVisible())
+      return qobject_cast<QDialog*>(window);
+  return nullptr;
+}
+
+/// A row of a list in the window in front.
+QModelIndex rowOf(const char* name, const QString& row) {
+  const auto& list = inFront<QAbstractItemView>(name);
+  EXPECT_TRUE(waitFor([&] { return find(*list.model(), row).isValid(); }))
+      << name << ": " << row.toStdString();
+  return find(*list.model(), row);
 }
 
 }  // namespace
@@ -116,12 +133,8 @@ std::string outputOf(const QString& program, const QStringList& arguments) {
 
 // --- The property page ---------------------------------------------------------------------------
 
-QDialog* pageDialog() {
-  for (QWidget* window : QApplication::topLevelWidgets())
-    if (window->objectName() == QLatin1String("tessariaPage") && window->isVisible())
-      return qobject_cast<QDialog*>(window);
-  return nullptr;
-}
+QDialog* pageDialog() { return openWindow("tessariaPage"); }
+QDialog* wizardDialog() { return openWindow("frmMontaSql"); }
 
 void openPage(const QWidget& field) {
   clickOn(field, 2);
@@ -142,29 +155,60 @@ QPushButton* dialogButton(const QString& caption) {
   return nullptr;
 }
 
-void clickTab(Tab tab) {
-  const auto* bar = onPage<QTabWidget>("tabPropriedade").tabBar();
-  clickAt(bar->mapToGlobal(bar->tabRect(static_cast<int>(tab)).center()));
+// The work runs inside the wizard's own loop of events.
+void workInWizard(const char* button, const std::function<void()>& work) {
+  QTimer whenOpen;
+  bool hasWorked = false;
+  QObject::connect(&whenOpen, &QTimer::timeout, [&] {
+    if (!wizardDialog()) return;
+    whenOpen.stop();
+    hasWorked = true;
+    try {
+      work();
+    } catch (const std::exception& error) {
+      ADD_FAILURE() << error.what();
+    }
+    if (wizardDialog()) wizardDialog()->reject();
+  });
+  whenOpen.start(50);
+  clickButton(button);
+  EXPECT_TRUE(waitFor([&] { return hasWorked && !wizardDialog(); }));
 }
 
-Tab frontTab() { return static_cast<Tab>(onPage<QTabWidget>("tabPropriedade").currentIndex()); }
+void picture(QWidget& window, const QString& name) {
+  const QString folder = qEnvironmentVariable("TESSARIA_PICTURES");
+  QTest::qWait(200);
+  const QPixmap shown = window.grab();
+  EXPECT_FALSE(shown.isNull());
+  if (folder.isEmpty()) return;
+  EXPECT_TRUE(shown.save(QDir(folder).filePath(QStringLiteral("designer-%1.png").arg(name))));
+}
 
-void clickButton(const char* name) { clickOn(onPage<QPushButton>(name)); }
+void clickTabAt(const char* strip, int position) {
+  const auto& tabs = inFront<QTabWidget>(strip);
+  clickAt(tabs.tabBar()->mapToGlobal(tabs.tabBar()->tabRect(position).center()));
+}
+
+void clickTab(Tab tab) { clickTabAt("tabPropriedade", static_cast<int>(tab)); }
+
+Tab frontTab() { return static_cast<Tab>(inFront<QTabWidget>("tabPropriedade").currentIndex()); }
+
+void clickButton(const char* name) { clickOn(inFront<QPushButton>(name)); }
 
 void clickMark(const char* name) {
-  const auto& box = onPage<QAbstractButton>(name);
+  const auto& box = inFront<QAbstractButton>(name);
   clickAt(box.mapToGlobal(QPoint(8, box.height() / 2)));
 }
 
 void fill(const char* name, const QString& text) {
-  clickOn(onPage<QLineEdit>(name));
+  clickOn(inFront<QLineEdit>(name));
   press({QStringLiteral("ctrl+a"), QStringLiteral("Delete")});
   typeText(text);
   EXPECT_EQ(textOf(name).toStdString(), text.toStdString()) << name;
 }
 
 void choose(const char* name, const QString& row) {
-  auto& list = onPage<QComboBox>(name);
+  auto& list = inFront<QComboBox>(name);
   clickOn(list);
   ASSERT_TRUE(waitFor([&] { return list.view()->isVisible(); })) << name;
   const QModelIndex item = find(*list.model(), row);
@@ -176,6 +220,18 @@ void choose(const char* name, const QString& row) {
   EXPECT_EQ(list.currentText().toStdString(), row.toStdString()) << name;
 }
 
-QString textOf(const char* name) { return onPage<QLineEdit>(name).text(); }
+void clickRow(const char* name, const QString& row) {
+  clickAt(placeIn(inFront<QAbstractItemView>(name), rowOf(name, row)));
+}
+
+void clickMarkOfRow(const char* name, const QString& row) {
+  auto& list = inFront<QAbstractItemView>(name);
+  const QPoint middle = placeIn(list, rowOf(name, row));
+  const int left = list.viewport()->mapToGlobal(list.visualRect(rowOf(name, row)).topLeft()).x();
+  constexpr int kMiddleOfMark = 10;
+  clickAt({left + kMiddleOfMark, middle.y()});
+}
+
+QString textOf(const char* name) { return inFront<QLineEdit>(name).text(); }
 
 }  // namespace tessaria::tests

@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -36,6 +37,8 @@ std::string outputOf(const QString& program, const QStringList& arguments);
 
 /// The dialog of the property page; null when it is not open.
 QDialog* pageDialog();
+/// The window of the SQL wizard, likewise.
+QDialog* wizardDialog();
 /// Opens it by a double click on the field, and waits for it.
 void openPage(const QWidget& field);
 /// Opens it by the field's entry of the context menu.
@@ -43,19 +46,29 @@ void openPageByMenu(QWidget& field);
 /// A button of the dialog itself.
 QPushButton* dialogButton(const QString& caption);
 
-/// A widget of the open page, by its name. The test ends when there is none.
+/// A widget of the window in front, which is the wizard or else the page, by its name. The test
+/// ends when there is none.
 template <class Widget>
-Widget& onPage(const char* name) {
-  auto* found = pageDialog() ? pageDialog()->findChild<Widget*>(QLatin1String(name)) : nullptr;
-  if (!found) throw std::runtime_error(std::string("the page has no ") + name);
+Widget& inFront(const char* name) {
+  const QDialog* window = wizardDialog() ? wizardDialog() : pageDialog();
+  auto* found = window ? window->findChild<Widget*>(QLatin1String(name)) : nullptr;
+  if (!found) throw std::runtime_error(std::string("the window has no ") + name);
   return *found;
 }
+
+/// Clicks a button of the page and works in the wizard that it opens, until that is closed.
+void workInWizard(const char* button, const std::function<void()>& work);
+
+/// Saves the window as a picture of a guide, into the folder that TESSARIA_PICTURES names, if any.
+void picture(QWidget& window, const QString& name);
 
 /// The tabs of the page, in order.
 enum class Tab { Principal, Browse, Pesquisa };
 
 void clickTab(Tab tab);
 Tab frontTab();
+/// A tab of a strip of tabs, by its position from 0.
+void clickTabAt(const char* strip, int position);
 void clickButton(const char* name);
 /// Clicks the mark of a check box or an option.
 void clickMark(const char* name);
@@ -63,6 +76,10 @@ void clickMark(const char* name);
 void fill(const char* name, const QString& text);
 /// Chooses a row of a drop-down list.
 void choose(const char* name, const QString& row);
+/// Clicks a row of a list.
+void clickRow(const char* name, const QString& row);
+/// Clicks the mark in a row of a list.
+void clickMarkOfRow(const char* name, const QString& row);
 QString textOf(const char* name);
 
 }  // namespace tessaria::tests

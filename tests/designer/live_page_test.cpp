@@ -16,7 +16,7 @@ namespace {
 using testing::HasSubstr;
 
 QStringList rowsOf(const char* list) {
-  const auto& box = onPage<QComboBox>(list);
+  const auto& box = inFront<QComboBox>(list);
   QStringList rows;
   for (int i = 0; i < box.count(); ++i) rows << box.itemText(i);
   return rows;
@@ -24,7 +24,7 @@ QStringList rowsOf(const char* list) {
 
 /// Goes on by the key until the widget has the focus.
 void reach(const char* name, const QString& key = QStringLiteral("Tab")) {
-  const auto hasFocus = [&] { return onPage<QWidget>(name).hasFocus(); };
+  const auto hasFocus = [&] { return inFront<QWidget>(name).hasFocus(); };
   for (int i = 0; i < 30 && !hasFocus(); ++i) press({key});
   EXPECT_TRUE(hasFocus()) << name;
 }
@@ -74,7 +74,7 @@ class LivePage : public testing::Test {
 
 TEST_F(LivePage, ThroughAllTypesAndBackIsNoDifference) {
   qt::TsText& field = open("pedido.ui", "txtData");
-  onPage<QComboBox>("txtTipoControle").setFocus();
+  inFront<QComboBox>("txtTipoControle").setFocus();
   for (int type = 1; type <= 5; ++type) {
     press({QStringLiteral("Down")});
     EXPECT_TRUE(waitFor([&] { return field.tipoControle() == type; })) << type;
@@ -149,7 +149,7 @@ TEST_F(LivePage, ByKeyboardAlone) {
   press({QStringLiteral("space")});
   reach("txtTxtIrmao");
   press({QStringLiteral("Down")});
-  const QString sibling = onPage<QComboBox>("txtTxtIrmao").currentText();
+  const QString sibling = inFront<QComboBox>("txtTxtIrmao").currentText();
   reach("txtDataField");
   typeText(QStringLiteral("cliente"));
   press({QStringLiteral("ctrl+Page_Down")});
@@ -160,7 +160,7 @@ TEST_F(LivePage, ByKeyboardAlone) {
   EXPECT_EQ(frontTab(), Tab::Pesquisa);
   reach("btnIncluir");
   press({QStringLiteral("space")});
-  EXPECT_TRUE(onPage<QLineEdit>("txtPesqCaption").hasFocus());
+  EXPECT_TRUE(inFront<QLineEdit>("txtPesqCaption").hasFocus());
   typeText(QStringLiteral("Nome"));
   reach("optPesqNumerico");
   press({QStringLiteral("space"), QStringLiteral("Right")});
@@ -229,7 +229,7 @@ TEST_F(LivePage, EscapeIsCancel) {
 TEST_F(LivePage, NamesThatAreGoneAreNobodyAndAreWrittenSo) {
   const qt::TsText& field = open("definido.ui", "txtOrfao");
   for (const char* list : {"txtTxtIrmao", "txtLabel", "txtObjetoCancelar", "txtDataSource"})
-    EXPECT_EQ(onPage<QComboBox>(list).currentText(), QStringLiteral("<Nenhum>")) << list;
+    EXPECT_EQ(inFront<QComboBox>(list).currentText(), QStringLiteral("<Nenhum>")) << list;
   close("OK");
   EXPECT_EQ(field.txtIrmao() + field.labelAssociado() + field.objetoCancelar() + field.dataSource(),
             QString());
@@ -239,12 +239,12 @@ TEST_F(LivePage, NamesThatAreGoneAreNobodyAndAreWrittenSo) {
 TEST_F(LivePage, AFormWithoutADataControlOffersNone) {
   open("pedido.ui", "txtNumero");
   EXPECT_EQ(rowsOf("txtDataSource"), QStringList{QStringLiteral("<Nenhum>")});
-  EXPECT_EQ(onPage<QLabel>("lblEstado").text(), QString());
+  EXPECT_EQ(inFront<QLabel>("lblEstado").text(), QString());
 }
 
 TEST_F(LivePage, TellsWhyTheDatabaseCouldNotBeReached) {
   open("cliente.ui", "txtCodigo");
-  EXPECT_THAT(onPage<QLabel>("lblEstado").text().toStdString(),
+  EXPECT_THAT(inFront<QLabel>("lblEstado").text().toStdString(),
               HasSubstr("Data source name not found"));
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
@@ -256,7 +256,7 @@ TEST_F(LivePage, ClosesWithItsFormAndDesignerGoesOn) {
   auto* field = fieldOf(*extra, QStringLiteral("txtCodigo"));
   openPageByMenu(*field);
   ASSERT_NE(pageDialog(), nullptr);
-  onPage<QLineEdit>("txtMascara").setFocus();
+  inFront<QLineEdit>("txtMascara").setFocus();
   typeText(QStringLiteral("0"));
   delete extra;
   EXPECT_TRUE(waitFor([] { return pageDialog() == nullptr; }));
@@ -269,7 +269,7 @@ TEST_F(LivePage, ATextThatIsTooLargeIsABoxAndNothingIsLost) {
   qt::TsText& field = open("definido.ui", "txtCodigo");
   clickTab(Tab::Pesquisa);
   fill("txtPesqWidth", QStringLiteral("99999"));
-  clickOn(onPage<QLineEdit>("txtPesqCaption"));
+  clickOn(inFront<QLineEdit>("txtPesqCaption"));
   EXPECT_TRUE(waitFor([this] { return boxes_.takeTexts().size() == 1; }));
   fill("txtPesqWidth", QStringLiteral("1500"));
   close("OK");

@@ -1,19 +1,13 @@
 #include "tests/designer/pair_operator.h"
 
 #include <QApplication>
-#include <QFile>
-#include <QMessageBox>
 #include <QTest>
-#include <QTextStream>
 #include <QTimer>
 #include <cstdio>
-#include <stdexcept>
 
-#include "tessaria/odbc/connection.h"
 #include "tessaria/qt/adodc.h"
-#include "tessaria/qt/metatypes.h"
-#include "tessaria/qt/text.h"
-#include "tessaria/qt/tstext.h"
+#include "tests/designer/data_source.h"
+#include "tests/designer/operator_hands.h"
 #include "tests/support/postgres_cluster.h"
 
 namespace tessaria::tests {
@@ -28,31 +22,9 @@ constexpr char kSchema[] =
     " (3, 'Carla', null, true), (4, 'Davi', 'ASS', false);"
     "insert into pedidos values (10, 1);";
 
-host::ConnectionPtr connect(const QString& text) {
-  auto connection = odbc::CreateConnection();
-  connection->ConnectionString(qt::fromQt(text));
-  return connection;
-}
-
-qt::TsText& field(const QWidget& form, const char* name) {
-  auto* found = form.findChild<qt::TsText*>(QLatin1String(name));
-  if (!found) throw std::runtime_error(std::string("no field ") + name);
-  return *found;
-}
-
 void print(const char* what, const QWidget& form) {
   std::printf("%s: %s %s\n", what, qPrintable(field(form, "txtCodigo").text().remove(u'_')),
               qPrintable(field(form, "txtNome").text()));
-}
-
-void type(const QString& text) {
-  for (const QChar c : text) QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
-  QTest::qWait(50);
-}
-
-void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-  QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-  QTest::qWait(50);
 }
 
 /// Home comes last: every other key completes a description when it is released.
@@ -61,19 +33,6 @@ void replaceBy(const QString& text) {
   press(Qt::Key_Home, Qt::ShiftModifier);
   type(text);
 }
-
-/// Boxes that nobody expects are printed and closed.
-class Boxes final : public QObject {
- public:
-  Boxes() { qApp->installEventFilter(this); }
-  bool eventFilter(QObject* object, QEvent* event) override {
-    auto* box = qobject_cast<QMessageBox*>(object);
-    if (!box || event->type() != QEvent::Show) return false;
-    std::printf("box: %s\n", qPrintable(box->text()));
-    QTimer::singleShot(0, box, &QDialog::reject);
-    return false;
-  }
-};
 
 /// For the guide, whose folder of pictures the environment names.
 void picture(QWidget& list) {
@@ -97,26 +56,13 @@ void chooseLast() {
 void openShop() {
   auto& cluster = test::PostgresCluster::Shared();
   cluster.Run(kSchema);
-  QString source = qt::toQt(cluster.ConnectionString());
-  source.remove(u'{')
-      .remove(u'}')
-      .replace(u';', u'\n')
-      .replace(QLatin1String("Uid"), QLatin1String("Username"));
-  const QString path = QString::fromStdString(cluster.Folder()) + QStringLiteral("/odbc.ini");
-  QFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) throw std::runtime_error("no data source");
-  QTextStream(&file) << "[loja]\n" << source << '\n';
-  qputenv("ODBCINI", path.toUtf8());
+  nameSource(QString::fromStdString(cluster.Folder()) + QStringLiteral("/odbc.ini"));
   qt::Adodc::setConnectionFactory(connect);
 }
 
 int operatePair(QWidget& form) {
   const Boxes boxes;
-  const auto connection = connect(QStringLiteral("DSN=loja"));
-  connection->Open();
-  form.setProperty("dbForm", QVariant::fromValue(connection));
-  form.show();
-  if (!QTest::qWaitForWindowActive(&form)) return 1;
+  if (!showForm(form)) return 1;
   field(form, "txtCodigo").setFocus();
   QTest::qWait(50);
   print("bound", form);

@@ -152,10 +152,10 @@ void Pair::fillKey() {
   choose("txtDataSource", QStringLiteral("dados"));
   fill("txtDataField", QStringLiteral("cliente"));
   clickTab(Tab::Browse);
-  EXPECT_TRUE(onPage<QPushButton>("btnGrid").isEnabled());
-  EXPECT_TRUE(onPage<QPushButton>("btnSql").isEnabled());
+  EXPECT_TRUE(inFront<QPushButton>("btnGrid").isEnabled());
+  EXPECT_TRUE(inFront<QPushButton>("btnSql").isEnabled());
   fillAll(kLookup);
-  EXPECT_FALSE(onPage<QPushButton>("btnSql").isEnabled());
+  EXPECT_FALSE(inFront<QPushButton>("btnSql").isEnabled());
   fillSearches();
   EXPECT_EQ(history().index(), steps);
   accept(*codigo_, before, steps);
@@ -163,9 +163,9 @@ void Pair::fillKey() {
 
 void Pair::fillSearches() {
   clickTab(Tab::Pesquisa);
-  EXPECT_FALSE(onPage<QLineEdit>("txtPesqCaption").isEnabled());
+  EXPECT_FALSE(inFront<QLineEdit>("txtPesqCaption").isEnabled());
   clickButton("btnIncluir");
-  EXPECT_TRUE(onPage<QLineEdit>("txtPesqCaption").hasFocus());
+  EXPECT_TRUE(inFront<QLineEdit>("txtPesqCaption").hasFocus());
   fillAll(kByName);
   clickMark("chkPesqCompletaTexto");
   clickMark("optPesqString");
@@ -176,13 +176,13 @@ void Pair::fillSearches() {
   clickMark("chkPesqPromptInclude");
   clickMark("optPesqNumerico");
   clickMark("optPesqIgualCampo");
-  EXPECT_FALSE(onPage<QPushButton>("btnProximo").isEnabled());
+  EXPECT_FALSE(inFront<QPushButton>("btnProximo").isEnabled());
   clickButton("btnAnterior");
   expectAll(kByName);
-  EXPECT_TRUE(onPage<QRadioButton>("optPesqEntreCampo").isChecked());
+  EXPECT_TRUE(inFront<QRadioButton>("optPesqEntreCampo").isChecked());
   clickButton("btnProximo");
   expectAll(kByCode);
-  EXPECT_TRUE(onPage<QRadioButton>("optPesqNumerico").isChecked());
+  EXPECT_TRUE(inFront<QRadioButton>("optPesqNumerico").isChecked());
 }
 
 void Pair::fillDescription() {
@@ -196,7 +196,7 @@ void Pair::fillDescription() {
   QList<Text> exchanged = kLookup;
   std::swap(exchanged[2].text, exchanged[3].text);
   expectAll(exchanged);
-  EXPECT_TRUE(onPage<QPushButton>("btnGrid").isEnabled());
+  EXPECT_TRUE(inFront<QPushButton>("btnGrid").isEnabled());
   accept(*nome_, before, steps);
 }
 

@@ -1,5 +1,7 @@
 #include "tests/support/postgres_cluster.h"
 
+#include <filesystem>
+
 #include "tessaria/text.h"
 
 namespace tessaria::test {
@@ -47,6 +49,21 @@ String PostgresCluster::ConnectionString(int port) const {
 void PostgresCluster::Run(const std::string& sql) const {
   folder_.Run(folder_.Program("psql") + " -h " + Folder() +
               " -U postgres -q -v ON_ERROR_STOP=1 -o /dev/null -c " + ServerFolder::Quoted(sql));
+}
+
+// The server's user may not be able to read the file where it is.
+void PostgresCluster::RunFile(const std::string& path) const {
+  namespace fs = std::filesystem;
+  const fs::path file = path;
+  const fs::path folder = fs::path(Folder()) / "scripts";
+  fs::remove_all(folder);
+  fs::copy(file.parent_path(), folder);
+  for (const auto& entry : fs::directory_iterator(folder))
+    fs::permissions(entry, fs::perms::others_read, fs::perm_options::add);
+  fs::permissions(folder, fs::perms::others_read | fs::perms::others_exec, fs::perm_options::add);
+  folder_.Run(folder_.Program("psql") + " -h " + Folder() +
+              " -U postgres -q -v ON_ERROR_STOP=1 -o /dev/null -f " +
+              ServerFolder::Quoted((folder / file.filename()).string()));
 }
 
 }  // namespace tessaria::test

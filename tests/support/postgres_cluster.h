@@ -30,6 +30,8 @@ class PostgresCluster {
   const std::string& Folder() const { return folder_.Path(); }
   /// Runs SQL with the command line client, outside any connection of the test.
   void Run(const std::string& sql) const;
+  /// The same with a file, which may include others of its folder.
+  void RunFile(const std::string& path) const;
 
   /// Ends all sessions at once, as a crash of the server's machine would.
   void Stop();

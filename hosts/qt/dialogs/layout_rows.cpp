@@ -21,6 +21,7 @@ bool takesRoom(WidgetKind kind) {
     case WidgetKind::ListView:
     case WidgetKind::CheckList:
     case WidgetKind::DataGrid:
+    case WidgetKind::PreviewGrid:
     case WidgetKind::FolderList:
     case WidgetKind::FileList:
       return true;

@@ -28,12 +28,14 @@ class PaneColumn final : public host::GridColumn {
  private:
   QHeaderView& header() const;
   int pixels() const;
+  bool wasResized() const;
   int wantedPixels() const;
   void show();
 
   GridPane& pane_;
   int position_;
   float width_;
+  bool wasAssigned_ = false;  ///< the width
   bool visible_ = true;
 };
 

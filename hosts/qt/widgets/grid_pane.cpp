@@ -107,8 +107,9 @@ QItemSelectionModel::SelectionFlags GridView::selectionCommand(const QModelIndex
   return command.testFlag(QItemSelectionModel::Deselect) ? QItemSelectionModel::NoUpdate : command;
 }
 
-GridPane::GridPane(QWidget* parent)
+GridPane::GridPane(QWidget* parent, HiddenColumns hidden)
     : QWidget(parent),
+      hidden_(hidden),
       view_(new GridView(this)),
       model_(new RecordModel(this)),
       warning_(new QLabel(this)) {

@@ -49,8 +49,10 @@ class GridPane final : public QWidget {
   Q_OBJECT
 
  public:
-  explicit GridPane(QWidget* parent);
+  enum class HiddenColumns { Gone, Dimmed };
+  GridPane(QWidget* parent, HiddenColumns hidden);
 
+  bool dimsHiddenColumns() const { return hidden_ == HiddenColumns::Dimmed; }
   GridView& view() const { return *view_; }
   RecordModel& model() const { return *model_; }
   /// Shows the model's, or hides it.
@@ -63,6 +65,7 @@ class GridPane final : public QWidget {
  private:
   bool holdRows(int around);
 
+  const HiddenColumns hidden_;
   GridView* view_;
   RecordModel* model_;
   QLabel* warning_;

@@ -40,6 +40,13 @@ ItemPtr named(const Place& place, Arguments&&... arguments) {
   return item;
 }
 
+ItemPtr makeGrid(const Place& place, GridPane::HiddenColumns hidden) {
+  auto* pane = new GridPane(&place.parent, hidden);
+  auto item = std::make_unique<DataGridItem>(*pane, place.gate);
+  item->focusTarget().setAccessibleName(place.spoken);
+  return item;
+}
+
 ItemPtr makeList(const Place& place, ListView::Boxes boxes) {
   auto* view = new ListView(&place.parent, boxes);
   view->setHeadings(place.widget.Rows);
@@ -99,7 +106,9 @@ ItemPtr makeNamed(const Place& place) {
     case WidgetKind::CheckList:
       return makeList(place, ListView::Boxes::InRows);
     case WidgetKind::DataGrid:
-      return named<DataGridItem, GridPane>(place);
+      return makeGrid(place, GridPane::HiddenColumns::Gone);
+    case WidgetKind::PreviewGrid:
+      return makeGrid(place, GridPane::HiddenColumns::Dimmed);
     case WidgetKind::Calendar:
       return named<CalendarItem, QCalendarWidget>(place);
     case WidgetKind::DriveList:

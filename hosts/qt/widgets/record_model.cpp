@@ -1,6 +1,8 @@
 #include "hosts/qt/widgets/record_model.h"
 
+#include <QGuiApplication>
 #include <QLocale>
+#include <QPalette>
 #include <QPointer>
 #include <algorithm>
 
@@ -114,6 +116,11 @@ void RecordModel::setFormat(int column, const String& pattern) {
   columnChanged(column);
 }
 
+void RecordModel::setDimmed(int column, bool dimmed) {
+  columns_[std::size_t(column)].dimmed = dimmed;
+  columnChanged(column);
+}
+
 int RecordModel::charactersOf(int column) const {
   const Column& c = columns_[std::size_t(column)];
   const int caption = std::max(kLeastCharacters, int(c.caption.size()) + 2);
@@ -165,6 +172,8 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
 QVariant RecordModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section >= columnCount()) return {};
   if (role == Qt::TextAlignmentRole) return alignment(section);
+  if (role == Qt::ForegroundRole && columns_[std::size_t(section)].dimmed)
+    return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::ButtonText);
   return role == Qt::DisplayRole ? QVariant(caption(section)) : QVariant();
 }
 

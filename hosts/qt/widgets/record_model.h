@@ -43,6 +43,10 @@ class RecordModel final : public QAbstractTableModel {
   const String& field(int column) const { return columns_[std::size_t(column)].field; }
   /// A name that is no field shows nothing.
   void setField(int column, const String& name);
+  /// Whether a heading is shown as that of a hidden column.
+  void setDimmed(int column, bool dimmed);
+  /// Whether a column shows a field of the rows.
+  bool isBound(int column) const { return columns_[std::size_t(column)].number >= 0; }
   /// Characters that a column needs to show its values.
   int charactersOf(int column) const;
 
@@ -66,6 +70,7 @@ class RecordModel final : public QAbstractTableModel {
     Long number = -1;  ///< of the field among those of the rows; -1 for none
     Long type = 0;
     Long size = 0;
+    bool dimmed = false;
   };
   bool isOpen() const;
   void columnChanged(int column);

@@ -34,6 +34,7 @@ enum class WidgetKind {
   CheckList,  ///< a list view with a check box in each row
   TsText,
   DataGrid,
+  PreviewGrid,  ///< a grid of headings: a hidden column stays where it is, dimmed
   ToolBar,
   Calendar,
   DriveList,

@@ -1,0 +1,12 @@
+// The data source of the test's own server.
+#pragma once
+
+#include <QString>
+
+namespace tessaria::tests {
+
+/// Adds the data source "loja", which leads to the server of this program, to a file of the driver
+/// manager, and makes that the file of this program and of those that it starts.
+void nameSource(const QString& path);
+
+}  // namespace tessaria::tests
