@@ -2,6 +2,7 @@
 
 #include "propertypage/page_widgets.h"
 #include "tessaria/conversion.h"
+#include "tessaria/text.h"
 #include "tessaria/tstext.h"
 #include "wizard/data_source.h"
 #include "wizard/hand_over_texts.h"
@@ -71,7 +72,7 @@ void WizardHandOver::ChooseDataSource(wizard::Wizard& its) const {
   if (sources.ListIndex() != -1) return;
   const String source = DataSourceOfTheForm();
   for (Long row = 0; !source.empty() && row < sources.ListCount(); ++row)
-    if (sources.List(row) == source) return sources.ListIndex(row);
+    if (EqualNoCase(sources.List(row), source)) return sources.ListIndex(row);
 }
 
 // That of the field's own data control, or else of the first one that names any.

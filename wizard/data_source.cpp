@@ -5,15 +5,36 @@
 #include "tessaria/text.h"
 
 namespace tessaria::wizard {
+namespace {
+
+/// Where the entry of a connection string that begins at `start` ends: a ";" between braces is a
+/// part of its value, and "}}" there stands for a brace.
+std::size_t EndOfEntry(StringView text, std::size_t start) {
+  bool hasBraces = false;
+  bool isInside = false;
+  for (std::size_t at = start; at < text.size(); ++at) {
+    if (text[at] == u'{') hasBraces = isInside = true;
+    if (text[at] == u'}' && hasBraces) isInside = !isInside;
+    if (text[at] == u';' && !isInside) return at;
+  }
+  return text.size();
+}
+
+String WithoutBraces(const String& value) {
+  if (!value.starts_with(u'{') || !value.ends_with(u'}')) return value;
+  return Replace(value.substr(1, value.size() - 2), u"}}", u"}");
+}
+
+}  // namespace
 
 String DataSourceIn(const String& connectionString) {
   const StringView text = connectionString;
   for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = std::min(text.find(u';', start), text.size());
+    const std::size_t end = EndOfEntry(text, start);
     const StringView entry = text.substr(start, end - start);
     const std::size_t equals = entry.find(u'=');
-    if (equals != StringView::npos && UCase(Trim(String(entry.substr(0, equals)))) == u"DSN")
-      return Trim(String(entry.substr(equals + 1)));
+    if (equals != StringView::npos && EqualNoCase(Trim(String(entry.substr(0, equals))), u"DSN"))
+      return WithoutBraces(Trim(String(entry.substr(equals + 1))));
     start = end + 1;
   }
   return {};

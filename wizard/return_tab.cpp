@@ -19,7 +19,18 @@ ReturnTab::ReturnTab(Wizard& wizard) : wizard_(wizard) {
     wizard_.AtualizaAbas();
   };
   wizard_.Button(u"btn7CmpIrmaoInc").OnClick = [this] { TakeName(kSibling); };
+  wizard_.OnAliases = [this] {
+    for (const StringView box : {kKey, kSibling}) Rename(box);
+  };
   ConnectReturned();
+}
+
+/// A name that was taken under the former rule becomes that of the present one.
+void ReturnTab::Rename(StringView box) {
+  const bool accepts = wizard_.AcceptsAliases();
+  const String text = wizard_.Box(box).Text();
+  for (Long i = 1; i <= wizard_.cgrColGrid.Count(); ++i)
+    if (StatementName(i, !accepts) == text) return wizard_.Box(box).Text(StatementName(i, accepts));
 }
 
 void ReturnTab::ConnectReturned() {
@@ -53,10 +64,10 @@ void ReturnTab::Forget(StringView box) {
 
 /// With aliases accepted, a field is named as the select list has it; a concatenated one has only
 /// its own name.
-String ReturnTab::StatementName(Long column) const {
+String ReturnTab::StatementName(Long column, bool acceptsAliases) const {
   const String field = wizard_.cgrColGrid.Item(column)->Campo();
   const auto at = static_cast<std::size_t>(column - 1);
-  if (wizard_.AcceptsAliases() && at < wizard_.selected.size() &&
+  if (acceptsAliases && at < wizard_.selected.size() &&
       SqlNames::Bare(wizard_.selected[at]) == field)
     return wizard_.selected[at];
   return IsConnected(wizard_) ? wizard_.names.Name(field) : field;

@@ -17,7 +17,11 @@ class ReturnTab {
   void ConnectReturned();
   void ListFields();
   void Forget(StringView box);
-  String StatementName(Long column) const;
+  void Rename(StringView box);
+  String StatementName(Long column) const {
+    return StatementName(column, wizard_.AcceptsAliases());
+  }
+  String StatementName(Long column, bool acceptsAliases) const;
   bool IsNamed(const String& text, const host::ListRow& field) const;
   void TakeName(StringView box);
   void AddReturned();

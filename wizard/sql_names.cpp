@@ -5,116 +5,17 @@
 
 #include "tessaria/conversion.h"
 #include "tessaria/text.h"
+#include "wizard/reserved_words.h"
 
 namespace tessaria::wizard {
 namespace {
 
-// In alphabetical order.
-constexpr StringView kReservedWords[] = {u"all",
-                                         u"analyse",
-                                         u"analyze",
-                                         u"and",
-                                         u"any",
-                                         u"array",
-                                         u"as",
-                                         u"asc",
-                                         u"asymmetric",
-                                         u"authorization",
-                                         u"binary",
-                                         u"both",
-                                         u"case",
-                                         u"cast",
-                                         u"check",
-                                         u"collate",
-                                         u"collation",
-                                         u"column",
-                                         u"concurrently",
-                                         u"constraint",
-                                         u"create",
-                                         u"cross",
-                                         u"current_catalog",
-                                         u"current_date",
-                                         u"current_role",
-                                         u"current_schema",
-                                         u"current_time",
-                                         u"current_timestamp",
-                                         u"current_user",
-                                         u"default",
-                                         u"deferrable",
-                                         u"desc",
-                                         u"distinct",
-                                         u"do",
-                                         u"else",
-                                         u"end",
-                                         u"except",
-                                         u"false",
-                                         u"fetch",
-                                         u"for",
-                                         u"foreign",
-                                         u"freeze",
-                                         u"from",
-                                         u"full",
-                                         u"grant",
-                                         u"group",
-                                         u"having",
-                                         u"ilike",
-                                         u"in",
-                                         u"initially",
-                                         u"inner",
-                                         u"intersect",
-                                         u"into",
-                                         u"is",
-                                         u"isnull",
-                                         u"join",
-                                         u"lateral",
-                                         u"leading",
-                                         u"left",
-                                         u"like",
-                                         u"limit",
-                                         u"localtime",
-                                         u"localtimestamp",
-                                         u"natural",
-                                         u"not",
-                                         u"notnull",
-                                         u"null",
-                                         u"offset",
-                                         u"on",
-                                         u"only",
-                                         u"or",
-                                         u"order",
-                                         u"outer",
-                                         u"overlaps",
-                                         u"placing",
-                                         u"primary",
-                                         u"references",
-                                         u"returning",
-                                         u"right",
-                                         u"select",
-                                         u"session_user",
-                                         u"similar",
-                                         u"some",
-                                         u"symmetric",
-                                         u"system_user",
-                                         u"table",
-                                         u"tablesample",
-                                         u"then",
-                                         u"to",
-                                         u"trailing",
-                                         u"true",
-                                         u"union",
-                                         u"unique",
-                                         u"user",
-                                         u"using",
-                                         u"variadic",
-                                         u"verbose",
-                                         u"when",
-                                         u"where",
-                                         u"window",
-                                         u"with"};
-
-static_assert(std::ranges::is_sorted(kReservedWords));
-
-constexpr StringView kSearchPath = u"Select unnest(current_schemas(true))";
+/// Asks for the schemas in which tables are found by their bare names; "" where there are none.
+StringView SearchPathOf(SqlFamily family) {
+  if (family == SqlFamily::PostgreSQL) return u"Select unnest(current_schemas(true))";
+  if (family == SqlFamily::SqlServer) return u"Select SCHEMA_NAME()";
+  return {};
+}
 
 bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
@@ -122,6 +23,10 @@ bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 bool IsPlainLetter(char16_t c, SqlFamily family) {
   if ((c >= u'a' && c <= u'z') || c == u'_') return true;
   return family != SqlFamily::PostgreSQL && c >= u'A' && c <= u'Z';
+}
+
+bool CanBegin(char16_t c, SqlFamily family) {
+  return !IsDigit(c) && (c != u'_' || family != SqlFamily::Access);
 }
 
 bool IsBracketed(SqlFamily family) {
@@ -147,16 +52,17 @@ String QuotedPart(const String& name, std::size_t& start) {
 
 SqlNames::SqlNames(host::Connection& connection)
     : family_(FamilyOfDialect(DialectName(connection))) {
-  if (family_ != SqlFamily::PostgreSQL) return;
-  const auto rows = connection.Execute(String(kSearchPath));
+  const StringView searchPath = SearchPathOf(family_);
+  if (searchPath.empty()) return;
+  const auto rows = connection.Execute(String(searchPath));
   for (; !rows->Eof(); rows->MoveNext())
     searchPath_.push_back(CStr(rows->Fields().Item(Long{0})->Value()));
 }
 
 bool SqlNames::NeedsQuotes(const String& bare) const {
   const auto plain = [&](char16_t c) { return IsPlainLetter(c, family_) || IsDigit(c); };
-  if (bare.empty() || IsDigit(bare[0]) || !std::ranges::all_of(bare, plain)) return true;
-  return std::ranges::binary_search(kReservedWords, StringView(LCase(bare)));
+  if (bare.empty() || !CanBegin(bare[0], family_) || !std::ranges::all_of(bare, plain)) return true;
+  return IsReserved(family_, bare);
 }
 
 String SqlNames::Name(const String& bare) const {

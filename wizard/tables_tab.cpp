@@ -36,6 +36,7 @@ void TablesTab::AliasesClicked() {
     box.Value(box.Value() == 0 ? 1 : 0);
     throw;
   }
+  wizard_.OnAliases();
 }
 
 // A choice among the rows, except that a checked row can be cleared.

@@ -70,6 +70,8 @@ struct Wizard {
 
   /// Enables the tabs and the confirm button.
   std::function<void()> AtualizaAbas;
+  /// To be called when the operator has changed whether aliases are accepted.
+  std::function<void()> OnAliases;
   /// To be called when `cgrColGrid` has been filled anew: what lists the columns follows.
   std::function<void()> OnColumns;
 

@@ -17,6 +17,11 @@ TEST(DataSource, IsTheValueOfItsKey) {
       {u"DSN=", u""},
       {u"DSN", u""},
       {u";;DSN=a;DSN=b", u"a"},
+      {u"DSN={Vendas}", u"Vendas"},
+      {u"UID=a;PWD={x;DSN=y};DSN=Vendas", u"Vendas"},
+      {u"PWD={a}};DSN=y};DSN={a;b}", u"a;b"},
+      {u"DSN={a}}b}", u"a}b"},
+      {u"PWD={never ends;DSN=y", u""},
       {u"", u""}};
   for (const auto& [text, source] : texts) EXPECT_EQ(wizard::DataSourceIn(text), source);
 }

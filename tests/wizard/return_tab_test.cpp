@@ -228,5 +228,29 @@ TEST_F(WizardReturn, ColumnsThatWereNotRetrievedHaveBareNames) {
   });
 }
 
+TEST_F(WizardReturn, NamesThatWereTakenFollowTheBoxOfTheAliases) {
+  RunReturn({u"id", u"nome"}, {u"cliente.id", u"cidade.nome"}, false, [&] {
+    TakeKey(u"id");
+    TakeSibling(u"nome");
+    GoTo(Tab::Tabelas);
+    Click(u"chkAceitaApelidos");
+    EXPECT_EQ(Key(), u"cliente.id");
+    EXPECT_EQ(Sibling(), u"cidade.nome");
+    Click(u"chkAceitaApelidos");
+    EXPECT_EQ(Key(), u"id");
+    EXPECT_EQ(Sibling(), u"nome");
+  });
+}
+
+TEST_F(WizardReturn, AConcatenatedFieldKeepsItsNameUnderBothRules) {
+  RunReturn({u"id", u"cepfmt"}, {u"cliente.id", u"cliente.cep || '' as cepfmt"}, true, [&] {
+    TakeKey(u"cepfmt");
+    GoTo(Tab::Tabelas);
+    Click(u"chkAceitaApelidos");
+    EXPECT_EQ(Key(), u"cepfmt");
+    EXPECT_EQ(Sibling(), u"");
+  });
+}
+
 }  // namespace
 }  // namespace tessaria::test

@@ -56,6 +56,7 @@ class ScriptedDatabase final : public PassingConnection {
 
  private:
   std::optional<memory::Rows> Reply(const String& statement) const {
+    if (statement == u"Select SCHEMA_NAME()") return Columns({u"schema"}, {{u"dbo"}});
     const String start = u"Select * From ";
     const String end = u" Where 1 = Null";
     if (statement.starts_with(start) && statement.ends_with(end)) {

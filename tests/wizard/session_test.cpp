@@ -27,7 +27,6 @@ const Dialect kUnfoldedPostgres{
 class WizardSession : public SessionTest {
  protected:
   WizardSession() {
-    database->relations = {{u"public", u"Cliente"}, {u"public", u"Cidade"}};
     database->Memory().Answer(u"Select unnest(current_schemas(true))",
                               ScriptedDatabase::Columns({u"unnest"}, {{u"public"}}));
     database->answer = [this](const String& statement) -> std::optional<memory::Rows> {
@@ -38,6 +37,8 @@ class WizardSession : public SessionTest {
   void Speak(const Dialect& spoken) {
     dialect = spoken;
     database->Memory().SetProperty(u"DBMS Name", spoken.name);
+    const String schema = String(spoken.name) == u"Microsoft SQL Server" ? u"dbo" : u"public";
+    database->relations = {{schema, u"Cliente"}, {schema, u"Cidade"}};
     database->fields = {{N(u"Cliente"), {u"Codigo", u"Nome", u"CodCidade", u"Cep"}},
                         {N(u"Cidade"), {u"Codigo", u"Descricao"}}};
   }

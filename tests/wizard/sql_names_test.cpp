@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tessaria/text.h"
+#include "tessaria/utf8.h"
 #include "tests/support/printers.h"
 #include "tests/wizard/scripted_database.h"
 
@@ -56,6 +58,35 @@ TEST_F(SqlNamesOf, CapitalsAreFreeWhereTheServerDoesNotFoldThem) {
   }
   EXPECT_EQ(SqlNames::Bare(u"[a]]b]"), u"a]b");
   EXPECT_EQ(SqlNames().Name(u"Nota Fiscal"), u"\"Nota Fiscal\"");
+}
+
+TEST_F(SqlNamesOf, EachDatabaseHasWordsOfItsOwn) {
+  FindsIn({u"public"});
+  struct Word {
+    const char16_t* Name;
+    bool InPostgreSQL, InSqlServer, InAccess;
+  };
+  for (const Word& word :
+       {Word{u"limit", true, false, false}, Word{u"Percent", false, true, true},
+        Word{u"plan", false, true, false}, Word{u"memo", false, false, true},
+        Word{u"Order", true, true, true}, Word{u"cliente", false, false, false}}) {
+    const String name = LCase(word.Name);
+    const auto isQuoted = [&](const char16_t* dbms) { return Of(dbms).Name(name) != name; };
+    EXPECT_EQ(isQuoted(u"PostgreSQL"), word.InPostgreSQL) << ToUtf8(name);
+    EXPECT_EQ(isQuoted(u"Microsoft SQL Server"), word.InSqlServer) << ToUtf8(name);
+    EXPECT_EQ(isQuoted(u"ACCESS"), word.InAccess) << ToUtf8(name);
+  }
+}
+
+TEST_F(SqlNamesOf, AccessTakesNoNameThatBeginsWithAnUnderscore) {
+  EXPECT_EQ(Of(u"ACCESS").Name(u"_temp"), u"[_temp]");
+  EXPECT_EQ(Of(u"ACCESS").Name(u"nota_fiscal"), u"nota_fiscal");
+}
+
+TEST_F(SqlNamesOf, OnSqlServerTheSchemaOfTheUserNeedsNoName) {
+  EXPECT_EQ(Of(u"Microsoft SQL Server")
+                .Tables({{u"dbo", u"Cliente", u"TABLE"}, {u"vendas", u"Pedido", u"TABLE"}}),
+            (Names{u"Cliente", u"vendas.Pedido"}));
 }
 
 TEST_F(SqlNamesOf, TheBareNameIsTheLastPart) {
