@@ -136,7 +136,7 @@ constexpr WidgetDescription kWidgets[] = {
     OnTab(Tab::Grid, u"lbl4Caption", Kind::Label, u"Caption da Browse"),
     OnTab(Tab::Grid, u"txt4Caption", Kind::TextBox, u"Caption da Browse"),
     OnTab(Tab::Grid, u"btn4Retrieve", Kind::CommandButton, u"Retrieve Fields"),
-    OnTab(Tab::Grid, u"grdWizard", Kind::PreviewGrid, u"Colunas"),
+    OnTab(Tab::Grid, u"grdWizard", Kind::ColumnPreview, u"Colunas"),
     OnTab(Tab::Grid, kColumn, Kind::Frame, u""),
     InFrame(kColumn, u"lbl4Coluna", Kind::Label, u"Coluna"),
     InFrame(kColumn, u"cmb4Coluna", Kind::DropDownList, u"Coluna"),

@@ -111,9 +111,9 @@ TEST_P(SurfaceContract, FocusEventsComeOnceEachInTheirOrder) {
 TEST_P(SurfaceContract, EveryKindThatTakesTheFocusRaisesItsEvents) {
   Tabs().Tab(0);
   Work([&] {
-    for (const StringView name :
-         {u"txtNotas", u"cboCidade", u"lstCidade", u"chkAtivo", u"optUm", u"txtBusca", u"tabDados",
-          u"txtPagina0", u"lista", u"marcas", u"grade", u"campo", u"dia", u"btnGravar"}) {
+    for (const StringView name : {u"txtNotas", u"cboCidade", u"lstCidade", u"chkAtivo", u"optUm",
+                                  u"txtBusca", u"tabDados", u"txtPagina0", u"lista", u"marcas",
+                                  u"grade", u"previa", u"campo", u"dia", u"btnGravar"}) {
       Hands().Click(u"txtNome");
       ASSERT_EQ(Hands().Focused(), u"txtNome");
       WatchFocus(name);

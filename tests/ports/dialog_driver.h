@@ -118,6 +118,7 @@ inline constexpr host::WidgetDescription kContractWidgets[] = {
     {u"lista", host::WidgetKind::ListView, u"Campos", {}, -1, {}, -1, kHeadings},
     {u"marcas", host::WidgetKind::CheckList, u"Marcas", {}, -1, {}, -1, kHeadings},
     {u"grade", host::WidgetKind::DataGrid, u"Grade"},
+    {u"previa", host::WidgetKind::ColumnPreview, u"Prévia"},
     {u"campo", host::WidgetKind::TsText, u"Campo"},
     {u"barra", host::WidgetKind::ToolBar, u"Ordem"},
     {u"dia", host::WidgetKind::Calendar, u"Dia"},
@@ -153,6 +154,7 @@ class SurfaceContract : public testing::TestWithParam<SurfaceHost> {
   host::DialogListView& List() { return The<host::DialogListView>(u"lista"); }
   host::DialogListView& Marks() { return The<host::DialogListView>(u"marcas"); }
   host::DataGrid& Grid() { return The<host::DataGrid>(u"grade"); }
+  host::DataGrid& Preview() { return The<host::DataGrid>(u"previa"); }
 
   void Add(std::string event) { log_.push_back(std::move(event)); }
   /// Writes the focus events of a widget to the log.

@@ -245,7 +245,7 @@ TEST_P(SurfaceListContract, ColumnsAreAddedAndRemoved) {
   EXPECT_EQ(first.Caption(), u"");
   EXPECT_EQ(first.DataField(), u"");
   EXPECT_TRUE(first.Visible());
-  EXPECT_GT(first.Width(), 0);
+  EXPECT_EQ(first.Width(), 1440);
   first.Caption(u"UF");
   grid.AddColumn(3).Caption(u"Fim");
   std::vector<String> captions;
@@ -283,6 +283,55 @@ TEST_P(SurfaceListContract, AColumnKeepsWhatIsAssigned) {
   EXPECT_EQ(column.Format(), u"000");
   EXPECT_EQ(column.DataField(), u"codigo");
   EXPECT_FALSE(column.Visible());
+}
+
+TEST_P(SurfaceListContract, AnAssignedWidthStaysWhateverTheCaption) {
+  const String caption(60, u'M');
+  auto& column = Grid().Column(0);
+  column.Width(600);
+  column.Caption(caption);
+  EXPECT_EQ(column.Width(), 600);
+  auto& second = Grid().AddColumn(1);
+  second.Caption(u"UF");
+  EXPECT_EQ(second.Width(), 1440);
+  second.Caption(caption);
+  EXPECT_EQ(second.Width(), 1440) << "only the first caption makes room for itself";
+}
+
+TEST_P(SurfaceListContract, AHiddenColumnOfAGridIsGone) {
+  auto& grid = Grid();
+  grid.DataSource(Rows());
+  grid.OnHeadClick = [&](Long column) { Add("head " + std::to_string(column)); };
+  grid.OnColResize = [&](Long column) { Add("resize " + std::to_string(column)); };
+  grid.Column(0).Visible(false);
+  Work([&] {
+    Hands().ClickHeader(u"grade", 0);
+    Hands().ResizeColumn(u"grade", 0, 2400);
+    EXPECT_THAT(TakeLog(), testing::IsEmpty());
+    Hands().ClickHeader(u"grade", 1);
+    EXPECT_THAT(TakeLog(), testing::ElementsAre("head 1"));
+    grid.Column(0).Visible(true);
+    Hands().ClickHeader(u"grade", 0);
+    EXPECT_THAT(TakeLog(), testing::ElementsAre("head 0"));
+  });
+}
+
+TEST_P(SurfaceListContract, AHiddenColumnOfAPreviewCanBeClickedAndDragged) {
+  auto& grid = Preview();
+  grid.DataSource(Rows());
+  grid.OnHeadClick = [&](Long column) { Add("head " + std::to_string(column)); };
+  grid.OnColResize = [&](Long column) { Add("resize " + std::to_string(column)); };
+  grid.Column(0).Visible(false);
+  EXPECT_FALSE(grid.Column(0).Visible());
+  Work([&] {
+    Hands().ClickHeader(u"previa", 0);
+    Hands().ResizeColumn(u"previa", 0, 2400);
+    Hands().ClickHeader(u"previa", 1);
+    EXPECT_THAT(TakeLog(), testing::ElementsAre("head 0", "resize 0", "head 1"));
+    EXPECT_NEAR(grid.Column(0).Width(), 2400, 15);
+    EXPECT_FALSE(grid.Column(0).Visible());
+    EXPECT_EQ(Hands().CellText(u"previa", 1), u"Assis");
+  });
 }
 
 TEST_P(SurfaceListContract, AColumnShowsTheFieldThatIsAssigned) {

@@ -16,7 +16,7 @@ namespace {
 const bool counted = CountCases("qt");
 
 /// A size at which all widgets of the contract can be seen.
-constexpr QSize kRoomy(700, 1700);
+constexpr QSize kRoomy(700, 1900);
 
 class QtDriver : public SurfaceDriver {
  public:

@@ -152,8 +152,10 @@ void SurfaceHands::CheckRow(StringView list, Long row) {
   clickAt(view->viewport(), QPoint(place.left() + kIntoCheckBox, place.center().y()));
 }
 
+// A hidden column has no place to aim at.
 void SurfaceHands::ClickHeader(StringView grid, Long column) {
   QHeaderView* header = headerOf(grid);
+  if (header->isSectionHidden(int(column))) return;
   const int middle =
       header->sectionViewportPosition(int(column)) + header->sectionSize(int(column)) / 2;
   clickAt(header->viewport(), QPoint(middle, header->height() / 2));
@@ -161,6 +163,7 @@ void SurfaceHands::ClickHeader(StringView grid, Long column) {
 
 void SurfaceHands::ResizeColumn(StringView grid, Long column, Long twips) {
   QHeaderView* header = headerOf(grid);
+  if (header->isSectionHidden(int(column))) return;
   QWidget* face = header->viewport();
   const int left = header->sectionViewportPosition(int(column));
   const QPoint edge(left + header->sectionSize(int(column)) - 1, header->height() / 2);

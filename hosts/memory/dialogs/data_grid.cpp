@@ -4,12 +4,6 @@
 #include "tessaria/text.h"
 
 namespace tessaria::memory {
-namespace {
-
-constexpr float kColumnWidth = 1440;
-
-}  // namespace
-
 class DataGrid::FieldColumn final : public host::GridColumn {
  public:
   explicit FieldColumn(String field = {}) : field_(std::move(field)), caption_(field_) {}
@@ -28,12 +22,13 @@ class DataGrid::FieldColumn final : public host::GridColumn {
  private:
   String field_;
   String caption_;
-  float width_ = kColumnWidth;
+  float width_ = NewWidth;
   bool visible_ = true;
   String format_;
 };
 
-DataGrid::DataGrid(std::shared_ptr<memory::Part> part) : DialogItemOf(std::move(part)) {
+DataGrid::DataGrid(std::shared_ptr<memory::Part> part, HiddenColumns hidden)
+    : DialogItemOf(std::move(part)), hidden_(hidden) {
   AddColumn(0);
 }
 
@@ -56,6 +51,10 @@ std::ptrdiff_t DataGrid::Index(Long position) const {
 
 host::GridColumn& DataGrid::Column(Long position) {
   return *columns_[static_cast<std::size_t>(Index(position))];
+}
+
+bool DataGrid::ShowsColumn(Long position) {
+  return Column(position).Visible() || hidden_ == HiddenColumns::Dimmed;
 }
 
 host::GridColumn& DataGrid::AddColumn(Long position) {

@@ -50,8 +50,11 @@ SurfaceBody::ItemPtr SurfaceBody::MakeItem(const host::WidgetDescription& widget
     case WidgetKind::TsText:
       return std::make_unique<DialogField>(AddField(widget));
     case WidgetKind::DataGrid:
-    case WidgetKind::PreviewGrid:
-      return std::make_unique<DataGrid>(part(u"DataGrid", Focus::Taken));
+      return std::make_unique<DataGrid>(part(u"DataGrid", Focus::Taken),
+                                        DataGrid::HiddenColumns::Gone);
+    case WidgetKind::ColumnPreview:
+      return std::make_unique<DataGrid>(part(u"DataGrid", Focus::Taken),
+                                        DataGrid::HiddenColumns::Dimmed);
     case WidgetKind::ToolBar:
       return std::make_unique<ToolBar>(part(u"Toolbar", Focus::Refused));
     case WidgetKind::Calendar:

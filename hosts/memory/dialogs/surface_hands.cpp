@@ -151,13 +151,13 @@ void SurfaceBody::ClickMenu(StringView name, Long position) {
 
 void SurfaceBody::ClickHeader(StringView name, Long column) {
   ActOn<DataGrid>(name, [&](DataGrid& grid) {
-    grid.Column(column);
-    Raise(grid.OnHeadClick, column);
+    if (grid.ShowsColumn(column)) Raise(grid.OnHeadClick, column);
   });
 }
 
 void SurfaceBody::ResizeColumn(StringView name, Long column, Long twips) {
   ActOn<DataGrid>(name, [&](DataGrid& grid) {
+    if (!grid.ShowsColumn(column)) return;
     grid.Column(column).Width(static_cast<float>(twips));
     Raise(grid.OnColResize, column);
   });

@@ -21,7 +21,7 @@ bool takesRoom(WidgetKind kind) {
     case WidgetKind::ListView:
     case WidgetKind::CheckList:
     case WidgetKind::DataGrid:
-    case WidgetKind::PreviewGrid:
+    case WidgetKind::ColumnPreview:
     case WidgetKind::FolderList:
     case WidgetKind::FileList:
       return true;

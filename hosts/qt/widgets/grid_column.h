@@ -28,14 +28,14 @@ class PaneColumn final : public host::GridColumn {
  private:
   QHeaderView& header() const;
   int pixels() const;
-  bool wasResized() const;
   int wantedPixels() const;
+  void makeRoomForCaption();
   void show();
 
   GridPane& pane_;
   int position_;
+  bool isNew_;  ///< no caption has made its width yet, nor has anybody assigned one
   float width_;
-  bool wasAssigned_ = false;  ///< the width
   bool visible_ = true;
 };
 

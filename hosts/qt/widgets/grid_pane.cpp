@@ -21,6 +21,13 @@ constexpr int kRowsAround = 500;
 constexpr int kPause = 300;
 constexpr int kRetry = 200;
 
+QString headerTip(GridPane::HiddenColumns hidden) {
+  if (hidden == GridPane::HiddenColumns::Dimmed)
+    return QStringLiteral("Clique para ajustar esta coluna.");
+  return QStringLiteral(
+      "Clique para ordenar por esta coluna.\nCtrl+← e Ctrl+→ ordenam pela coluna ao lado.");
+}
+
 }  // namespace
 
 // --- View ---------------------------------------------------------------------------------------
@@ -42,9 +49,6 @@ GridView::GridView(QWidget* parent) : QTableView(parent) {
   horizontalHeader()->viewport()->installEventFilter(this);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this,
           [this](int column) { resized_ = column; });
-  horizontalHeader()->setToolTip(
-      QStringLiteral("Clique para ordenar por esta coluna.\nCtrl+← e Ctrl+→ ordenam pela coluna ao "
-                     "lado."));
 }
 
 /// A width changes with each movement of the mouse. The operator has changed it when the button
@@ -121,6 +125,7 @@ GridPane::GridPane(QWidget* parent, HiddenColumns hidden)
   warning_->setWordWrap(true);
   warning_->hide();
   view_->setModel(model_);
+  view_->horizontalHeader()->setToolTip(headerTip(hidden));
   setFocusProxy(view_);
   missing_.setSingleShot(true);
   QObject::connect(&missing_, &QTimer::timeout, this, [this] {

@@ -50,11 +50,12 @@ class GridPane final : public QWidget {
 
  public:
   enum class HiddenColumns { Gone, Dimmed };
+
   GridPane(QWidget* parent, HiddenColumns hidden);
 
-  bool dimsHiddenColumns() const { return hidden_ == HiddenColumns::Dimmed; }
   GridView& view() const { return *view_; }
   RecordModel& model() const { return *model_; }
+  bool dimsHidden() const { return hidden_ == HiddenColumns::Dimmed; }
   /// Shows the model's, or hides it.
   void showWarning();
   /// Reads the rows that the view is about to show, and later those around them.

@@ -40,18 +40,18 @@ ItemPtr named(const Place& place, Arguments&&... arguments) {
   return item;
 }
 
-ItemPtr makeGrid(const Place& place, GridPane::HiddenColumns hidden) {
-  auto* pane = new GridPane(&place.parent, hidden);
-  auto item = std::make_unique<DataGridItem>(*pane, place.gate);
-  item->focusTarget().setAccessibleName(place.spoken);
-  return item;
-}
-
 ItemPtr makeList(const Place& place, ListView::Boxes boxes) {
   auto* view = new ListView(&place.parent, boxes);
   view->setHeadings(place.widget.Rows);
   view->setAccessibleName(place.spoken);
   return std::make_unique<ListViewItem>(*view, place.gate);
+}
+
+ItemPtr makeGrid(const Place& place, GridPane::HiddenColumns hidden) {
+  auto* pane = new GridPane(&place.parent, hidden);
+  auto item = std::make_unique<DataGridItem>(*pane, place.gate);
+  item->focusTarget().setAccessibleName(place.spoken);
+  return item;
 }
 
 ItemPtr makeCombo(const Place& place, ComboItem::Takes takes) {
@@ -107,7 +107,7 @@ ItemPtr makeNamed(const Place& place) {
       return makeList(place, ListView::Boxes::InRows);
     case WidgetKind::DataGrid:
       return makeGrid(place, GridPane::HiddenColumns::Gone);
-    case WidgetKind::PreviewGrid:
+    case WidgetKind::ColumnPreview:
       return makeGrid(place, GridPane::HiddenColumns::Dimmed);
     case WidgetKind::Calendar:
       return named<CalendarItem, QCalendarWidget>(place);

@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 #include <QLocale>
-#include <QPalette>
 #include <QPointer>
 #include <algorithm>
 
@@ -117,7 +116,8 @@ void RecordModel::setFormat(int column, const String& pattern) {
 }
 
 void RecordModel::setDimmed(int column, bool dimmed) {
-  columns_[std::size_t(column)].dimmed = dimmed;
+  columns_[std::size_t(column)].isDimmed = dimmed;
+  emit headerDataChanged(Qt::Horizontal, column, column);
   columnChanged(column);
 }
 
@@ -155,9 +155,16 @@ QVariant RecordModel::alignment(int column) const {
   return QVariant::fromValue((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 
+/// Nothing for the view's own colour.
+QVariant RecordModel::colour(int column, QPalette::ColorRole role) const {
+  if (!columns_[std::size_t(column)].isDimmed) return {};
+  return QGuiApplication::palette().brush(QPalette::Disabled, role);
+}
+
 QVariant RecordModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || !isOpen()) return {};
   if (role == Qt::TextAlignmentRole) return alignment(index.column());
+  if (role == Qt::ForegroundRole) return colour(index.column(), QPalette::Text);
   if (role != Qt::DisplayRole) return {};
   try {
     if (rows_->Holds(index.row() + 1)) return text(index);
@@ -172,8 +179,9 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
 QVariant RecordModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section >= columnCount()) return {};
   if (role == Qt::TextAlignmentRole) return alignment(section);
-  if (role == Qt::ForegroundRole && columns_[std::size_t(section)].dimmed)
-    return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::ButtonText);
+  if (role == Qt::ForegroundRole) return colour(section, QPalette::ButtonText);
+  if (role == Qt::AccessibleTextRole && columns_[std::size_t(section)].isDimmed)
+    return caption(section) + QStringLiteral(" (oculta)");
   return role == Qt::DisplayRole ? QVariant(caption(section)) : QVariant();
 }
 

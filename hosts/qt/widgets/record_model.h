@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QPalette>
 #include <exception>
 #include <functional>
 #include <vector>
@@ -43,10 +44,8 @@ class RecordModel final : public QAbstractTableModel {
   const String& field(int column) const { return columns_[std::size_t(column)].field; }
   /// A name that is no field shows nothing.
   void setField(int column, const String& name);
-  /// Whether a heading is shown as that of a hidden column.
+  /// Whether the column is shown as one that the list hides.
   void setDimmed(int column, bool dimmed);
-  /// Whether a column shows a field of the rows.
-  bool isBound(int column) const { return columns_[std::size_t(column)].number >= 0; }
   /// Characters that a column needs to show its values.
   int charactersOf(int column) const;
 
@@ -70,7 +69,7 @@ class RecordModel final : public QAbstractTableModel {
     Long number = -1;  ///< of the field among those of the rows; -1 for none
     Long type = 0;
     Long size = 0;
-    bool dimmed = false;
+    bool isDimmed = false;
   };
   bool isOpen() const;
   void columnChanged(int column);
@@ -78,6 +77,7 @@ class RecordModel final : public QAbstractTableModel {
   std::exception_ptr readOn(int rows);
   QString text(const QModelIndex& index) const;
   QVariant alignment(int column) const;
+  QVariant colour(int column, QPalette::ColorRole role) const;
 
   host::RecordsetPtr rows_;
   std::vector<Column> columns_;

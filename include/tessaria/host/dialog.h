@@ -34,7 +34,7 @@ enum class WidgetKind {
   CheckList,  ///< a list view with a check box in each row
   TsText,
   DataGrid,
-  PreviewGrid,  ///< a grid of headings: a hidden column stays where it is, dimmed
+  ColumnPreview,  ///< a data grid that keeps hidden columns in sight, so that they can be chosen
   ToolBar,
   Calendar,
   DriveList,

@@ -226,6 +226,9 @@ class TESSARIA_CORE_API DialogField : public virtual DialogWidget {
 /// A column of a grid. The grid raises error 9 when there is no such column.
 class TESSARIA_CORE_API GridColumn {
  public:
+  /// Twips of a new column. Its first caption may make it wider.
+  static constexpr float NewWidth = 1440;
+
   GridColumn() = default;
   GridColumn(const GridColumn&) = delete;
   GridColumn& operator=(const GridColumn&) = delete;
@@ -236,6 +239,7 @@ class TESSARIA_CORE_API GridColumn {
   /// Twips.
   virtual float Width() const = 0;
   virtual void Width(float twips) = 0;
+  /// A column preview shows a hidden column too, dimmed.
   virtual bool Visible() const = 0;
   virtual void Visible(bool visible) = 0;
   /// The field that the column shows; an assigned name that is no field shows nothing.

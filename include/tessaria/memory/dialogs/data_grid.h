@@ -13,7 +13,9 @@ namespace tessaria::memory {
 /// Columns over a record set. The arrow keys move its current row.
 class TESSARIA_MEMORY_API DataGrid final : public DialogItemOf<host::DataGrid> {
  public:
-  explicit DataGrid(std::shared_ptr<memory::Part> part);
+  enum class HiddenColumns { Gone, Dimmed };
+
+  DataGrid(std::shared_ptr<memory::Part> part, HiddenColumns hidden);
 
   host::RecordsetPtr DataSource() const override { return rows_; }
   void DataSource(host::RecordsetPtr rows) override;
@@ -23,6 +25,8 @@ class TESSARIA_MEMORY_API DataGrid final : public DialogItemOf<host::DataGrid> {
   void RemoveColumn(Long position) override;
   void ShowCurrentRow() override { ++looks_; }
 
+  /// Whether the operator can reach the column's header.
+  bool ShowsColumn(Long position);
   bool OwnKey(const Stroke& stroke) override;
 
   /// The captions of the columns, in order.
@@ -36,6 +40,7 @@ class TESSARIA_MEMORY_API DataGrid final : public DialogItemOf<host::DataGrid> {
   class FieldColumn;
   std::ptrdiff_t Index(Long position) const;
 
+  const HiddenColumns hidden_;
   host::RecordsetPtr rows_;
   bool hadRows_ = false;
   std::vector<std::unique_ptr<host::GridColumn>> columns_;
