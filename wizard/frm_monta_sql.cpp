@@ -156,13 +156,6 @@ void frmMontaSql::StartGridRun() {
 void frmMontaSql::ShowGridRun() {
   wizard_.Button(u"btn4Retrieve").Enabled(!isGridRun_);
   wizard_.Widget(u"lblCampoOutros").Visible(isGridRun_);
-  EnableColumnBoxes(isGridRun_);
-}
-
-void frmMontaSql::EnableColumnBoxes(bool enabled) {
-  for (const StringView box :
-       {u"txt4GrdCaption", u"txt4GrdMascara", u"txt4GrdWidth", u"chk4GrdVisible"})
-    wizard_.Widget(box).Enabled(enabled);
 }
 
 // --- Leaving -------------------------------------------------------------------------------------

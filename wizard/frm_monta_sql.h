@@ -58,7 +58,6 @@ class TESSARIA_HOST_API frmMontaSql {
   bool LacksMainTable() const;
   void ShowGridRun();
   void EmptyGrid();
-  void EnableColumnBoxes(bool enabled);
   void Confirm();
   bool HasRetrieved() const;
   void EnableConfirm();

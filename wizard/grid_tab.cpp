@@ -36,7 +36,9 @@ GridTab::GridTab(Wizard& wizard) : wizard_(wizard) {
   wizard_.OnColumns = [this] {
     wizard_.selected.clear();
     ListChoices();
+    EnableColumnBoxes();
   };
+  EnableColumnBoxes();
   ConnectColumn();
 }
 
@@ -77,7 +79,8 @@ void GridTab::Retrieve() {
   if (rows->State() == host::state::Closed || rows->Fields().Count() == 0) return;
   ListColumns(rows->Fields());
   wizard_.selected = fields;
-  EnableColumn();
+  const auto first = wizard_.cgrColGrid.Item(1);
+  ShowColumn(*first, CStr(first->Width()));
   wizard_.AtualizaAbas();
 }
 
@@ -141,11 +144,10 @@ void GridTab::ListColumns(host::Fields& fields) {
   wizard_.OnColumns();
 }
 
-void GridTab::EnableColumn() {
+// Without columns there is nothing that the boxes could set.
+void GridTab::EnableColumnBoxes() {
   for (const StringView box : {kColumnCaption, kColumnWidth, kColumnMask, kColumnVisible})
-    wizard_.Widget(box).Enabled(true);
-  const auto column = wizard_.cgrColGrid.Item(1);
-  ShowColumn(*column, CStr(column->Width()));
+    wizard_.Widget(box).Enabled(wizard_.cgrColGrid.Count() > 0);
 }
 
 // --- Settings of a column ------------------------------------------------------------------------

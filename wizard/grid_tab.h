@@ -22,7 +22,7 @@ class GridTab {
   void OfferStatement() const;
   void ShowPreview(const host::RecordsetPtr& rows);
   void ListColumns(host::Fields& fields);
-  void EnableColumn();
+  void EnableColumnBoxes();
 
   void ChooseColumn(Long position);
   void HeadClick(Long position);

@@ -68,6 +68,11 @@ class WizardHandOver : public PageTest {
       fields.push_back(Definition().Outros().Item(i)->Nome());
     return fields;
   }
+  void ExpectColumnBoxes(bool enabled) {
+    for (const auto* box :
+         {u"txt4GrdCaption", u"txt4GrdMascara", u"txt4GrdWidth", u"chk4GrdVisible"})
+      EXPECT_EQ(Its().Widget(box).Enabled(), enabled);
+  }
   Names RowsOf(StringView combo) {
     Names rows;
     for (Long i = 0; i < Its().Combo(combo).ListCount(); ++i)
@@ -114,6 +119,7 @@ TEST_F(WizardHandOver, VoltarCopiesNothingAndKeepsTheWizard) {
     EXPECT_EQ(Its().List(u"lst1TabSel").Count(), 1) << "the wizard is as it was";
     EXPECT_EQ(RowsOf(u"cmb6Objeto").size(), 3U) << "listed anew";
     EXPECT_EQ(Its().cgrColGrid.Count(), 0);
+    ExpectColumnBoxes(false);
   });
 }
 
@@ -310,6 +316,7 @@ TEST_F(ColumnsHandOver, WithoutColumnsNothingOpens) {
 TEST_F(ColumnsHandOver, TheWizardShowsTheColumnsAndTheNames) {
   OpenPage();
   Work(u"btnGrid", [&](auto&) {
+    ExpectColumnBoxes(true);
     EXPECT_EQ(Its().Tabs().Tab(), static_cast<Long>(Tab::Grid));
     host::DataGrid& grid = Its().Grid();
     ASSERT_EQ(grid.ColumnCount(), 3);

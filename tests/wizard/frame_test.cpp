@@ -276,9 +276,6 @@ TEST_F(WizardFrame, TheColumnsAloneHaveTwoTabs) {
     ExpectTabs({false, false, false, true, false, false, true, false});
     EXPECT_FALSE(IsEnabled(u"btn4Retrieve"));
     EXPECT_TRUE(Parts().Widget(u"lblCampoOutros").Visible());
-    for (const auto* box :
-         {u"txt4GrdCaption", u"txt4GrdMascara", u"txt4GrdWidth", u"chk4GrdVisible"})
-      EXPECT_TRUE(IsEnabled(box));
   });
 }
 
