@@ -1,94 +1,149 @@
 // The lists of the program: which rows, which columns, which searches.
 
 #include "apps/demo/lookups.h"
+#include "tessaria/field_settings.h"
 
 namespace tessaria::demo {
 
-const Lookup& customersLookup() {
-  static const Lookup lookup{
-      u"Clientes",
-      u"clientes",
-      u"clientes left join cidades on cidades.codigo = clientes.cidade",
-      u"",
-      {{u"clientes.codigo", u"Código", u"", 1000},
-       {u"clientes.nome", u"Nome", u"", 3900},
-       {u"cidades.nome as municipio", u"Cidade", u"", 2400},
-       {u"clientes.uf", u"UF", u"", 600},
-       {u"clientes.nascimento", u"Nascimento", u"dd/mm/yyyy", 1400},
-       {u"clientes.cidade", u"", u"", 0},
-       {u"clientes.condicao", u"", u"", 0}},
-      {{1, u"Nome", u"nome", ListSearch::Text, Match::Contains, u"", 4200, 60},
-       {2, u"UF", u"uf", ListSearch::Text, Match::Equal, u"AA", 900, 2},
-       {2, u"Nome", u"nome", ListSearch::Text, Match::BeginsWith, u"", 4200, 60},
-       {3, u"Nascimento a partir de", u"nascimento", ListSearch::Date, Match::AtLeast,
-        u"dd/mm/yyyy", 1800, 10}},
-      {u"uf", u"cidade", u"condicao"}};
+const LookupSettings& customersLookup() {
+  static const LookupSettings lookup{
+      .title = u"Clientes",
+      .table = u"clientes",
+      .columns = {{.field = u"clientes.codigo", .caption = u"Código", .width = 1000},
+                  {.field = u"clientes.nome", .caption = u"Nome", .width = 3900},
+                  {.field = u"cidades.nome as municipio", .caption = u"Cidade", .width = 2400},
+                  {.field = u"clientes.uf", .caption = u"UF", .width = 600},
+                  {.field = u"clientes.nascimento",
+                   .caption = u"Nascimento",
+                   .format = u"dd/mm/yyyy",
+                   .width = 1400},
+                  {.field = u"clientes.cidade", .visible = false},
+                  {.field = u"clientes.condicao", .visible = false}},
+      .from = u"clientes left join cidades on cidades.codigo = clientes.cidade",
+      .searches =
+          {{.caption = u"Nome", .field = u"nome", .width = 4200, .maxLength = 60, .number = 1},
+           {.caption = u"UF",
+            .field = u"uf",
+            .comparison = Comparison::Equal,
+            .mask = u"AA",
+            .width = 900,
+            .maxLength = 2,
+            .number = 2},
+           {.caption = u"Nome",
+            .field = u"nome",
+            .comparison = Comparison::BeginsWith,
+            .width = 4200,
+            .maxLength = 60,
+            .number = 2},
+           {.caption = u"Nascimento a partir de",
+            .field = u"nascimento",
+            .type = DataType::Date,
+            .comparison = Comparison::AtLeast,
+            .width = 1800,
+            .maxLength = 10,
+            .number = 3}},
+      .returnFields = {u"uf", u"cidade", u"condicao"}};
   return lookup;
 }
 
-const Lookup& citiesLookup() {
-  static const Lookup lookup{
-      u"Cidades",
-      u"cidades",
-      u"",
-      u"(uf = '@uf@' or '@uf@' = '')",
-      {{u"codigo", u"Código", u"", 1000},
-       {u"nome", u"Nome", u"", 3900},
-       {u"uf", u"UF", u"", 600},
-       {u"ddd", u"DDD", u"", 700}},
-      {{1, u"Nome", u"nome", ListSearch::Text, Match::BeginsWith, u"", 4200, 60, true},
-       {2, u"DDD", u"ddd", ListSearch::Text, Match::Equal, u"##", 900, 2},
-       {2, u"Nome", u"nome", ListSearch::Text, Match::Contains, u"", 4200, 60}},
-      {u"uf"}};
+const LookupSettings& citiesLookup() {
+  static const LookupSettings lookup{
+      .title = u"Cidades",
+      .table = u"cidades",
+      .columns = {{.field = u"codigo", .caption = u"Código", .width = 1000},
+                  {.field = u"nome", .caption = u"Nome", .width = 3900},
+                  {.field = u"uf", .caption = u"UF", .width = 600},
+                  {.field = u"ddd", .caption = u"DDD", .width = 700}},
+      .where = u"(uf = '@uf@' or '@uf@' = '')",
+      .searches =
+          {{.caption = u"Nome",
+            .field = u"nome",
+            .comparison = Comparison::BeginsWith,
+            .width = 4200,
+            .maxLength = 60,
+            .completes = true,
+            .number = 1},
+           {.caption = u"DDD",
+            .field = u"ddd",
+            .comparison = Comparison::Equal,
+            .mask = u"##",
+            .width = 900,
+            .maxLength = 2,
+            .number = 2},
+           {.caption = u"Nome", .field = u"nome", .width = 4200, .maxLength = 60, .number = 2}},
+      .returnFields = {u"uf"}};
   return lookup;
 }
 
-const Lookup& paymentTermsLookup() {
-  static const Lookup lookup{
-      u"Condições de pagamento",
-      u"condicoes_pagamento",
-      u"",
-      u"",
-      {{u"codigo", u"Código", u"", 900},
-       {u"descricao", u"Condição", u"", 3300},
-       {u"parcelas", u"Parcelas", u"", 1100},
-       {u"acrescimo", u"Acréscimo %", u"#,##0.00", 1500}},
-      {{1, u"Condição", u"descricao", ListSearch::Text, Match::Contains, u"", 3600, 40},
-       {2, u"Parcelas", u"parcelas", ListSearch::Number, Match::Equal, u"##", 900, 2}},
-      {}};
+const LookupSettings& paymentTermsLookup() {
+  static const LookupSettings lookup{
+      .title = u"Condições de pagamento",
+      .table = u"condicoes_pagamento",
+      .columns = {{.field = u"codigo", .caption = u"Código", .width = 900},
+                  {.field = u"descricao", .caption = u"Condição", .width = 3300},
+                  {.field = u"parcelas", .caption = u"Parcelas", .width = 1100},
+                  {.field = u"acrescimo",
+                   .caption = u"Acréscimo %",
+                   .format = u"#,##0.00",
+                   .width = 1500}},
+      .searches = {{.caption = u"Condição", .field = u"descricao", .maxLength = 40},
+                   {.caption = u"Parcelas",
+                    .field = u"parcelas",
+                    .type = DataType::Number,
+                    .comparison = Comparison::Equal,
+                    .mask = u"##",
+                    .width = 900,
+                    .maxLength = 2}}};
   return lookup;
 }
 
-const Lookup& productsLookup() {
-  static const Lookup lookup{
-      u"Produtos",
-      u"produtos",
-      u"",
-      u"",
-      {{u"codigo", u"Código", u"", 1000},
-       {u"descricao", u"Produto", u"", 4800},
-       {u"unidade", u"Un.", u"", 600},
-       {u"preco", u"Preço", u"#,##0.00", 1200},
-       {u"estoque", u"Estoque", u"#,##0.000", 1200}},
-      {{1, u"Produto", u"descricao", ListSearch::Text, Match::Contains, u"", 4200, 60},
-       {2, u"Unidade", u"unidade", ListSearch::Text, Match::Equal, u"AAA", 900, 3},
-       {2, u"Produto", u"descricao", ListSearch::Text, Match::Contains, u"", 4200, 60},
-       {3, u"Preço até", u"preco", ListSearch::Number, Match::AtMost, u"$$$$$$$.$$", 1800, 12}},
-      {u"preco"}};
+const LookupSettings& productsLookup() {
+  static const LookupSettings lookup{
+      .title = u"Produtos",
+      .table = u"produtos",
+      .columns =
+          {{.field = u"codigo", .caption = u"Código", .width = 1000},
+           {.field = u"descricao", .caption = u"Produto", .width = 4800},
+           {.field = u"unidade", .caption = u"Un.", .width = 600},
+           {.field = u"preco", .caption = u"Preço", .format = u"#,##0.00", .width = 1200},
+           {.field = u"estoque", .caption = u"Estoque", .format = u"#,##0.000", .width = 1200}},
+      .searches = {{.caption = u"Produto",
+                    .field = u"descricao",
+                    .width = 4200,
+                    .maxLength = 60,
+                    .number = 1},
+                   {.caption = u"Unidade",
+                    .field = u"unidade",
+                    .comparison = Comparison::Equal,
+                    .mask = u"AAA",
+                    .width = 900,
+                    .maxLength = 3,
+                    .number = 2},
+                   {.caption = u"Produto",
+                    .field = u"descricao",
+                    .width = 4200,
+                    .maxLength = 60,
+                    .number = 2},
+                   {.caption = u"Preço até",
+                    .field = u"preco",
+                    .type = DataType::Number,
+                    .comparison = Comparison::AtMost,
+                    .mask = u"$$$$$$$.$$",
+                    .width = 1800,
+                    .maxLength = 12,
+                    .number = 3}},
+      .returnFields = {u"preco"}};
   return lookup;
 }
 
-const Lookup& statesLookup() {
-  static const Lookup lookup{
-      u"Estados",
-      u"estados",
-      u"",
-      u"",
-      {{u"uf", u"UF", u"", 700},
-       {u"nome", u"Estado", u"", 2700},
-       {u"capital", u"Capital", u"", 2700}},
-      {{1, u"Estado", u"nome", ListSearch::Text, Match::Contains, u"", 3600, 30}},
-      {}};
+const LookupSettings& statesLookup() {
+  static const LookupSettings lookup{
+      .title = u"Estados",
+      .table = u"estados",
+      .columns = {{.field = u"uf", .caption = u"UF", .width = 700},
+                  {.field = u"nome", .caption = u"Estado", .width = 2700},
+                  {.field = u"capital", .caption = u"Capital", .width = 2700}},
+      .searches = {{.caption = u"Estado", .field = u"nome", .maxLength = 30}}};
   return lookup;
 }
 

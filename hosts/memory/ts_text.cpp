@@ -4,6 +4,8 @@
 #include <iterator>
 
 #include "control/storage/properties.h"
+#include "tessaria/field_settings.h"
+#include "tessaria/memory/property_bag.h"
 #include "tessaria/text.h"
 #include "tessaria/tstext.h"
 
@@ -98,12 +100,22 @@ TsText::TsText(String name) : PartWith(std::move(name), u"tsText") {
 
 TsText::TsText(String name, const host::PropertyBag& stored)
     : PartWith(std::move(name), u"tsText") {
+  Load(stored);
+}
+
+TsText::TsText(const FieldSettings& settings) : PartWith(settings.name, u"tsText") {
+  PropertyBag bag;
+  WriteSettings(settings, bag);
+  Load(bag);
+}
+
+TsText::~TsText() { Terminate(); }
+
+void TsText::Load(const host::PropertyBag& stored) {
   Create();
   core_->UserControl_ReadProperties(stored);
   core_->UserControl_Resize();
 }
-
-TsText::~TsText() { Terminate(); }
 
 void TsText::Create() {
   site_ = std::make_unique<Site>(*this);

@@ -13,6 +13,7 @@
 #include "hosts/qt/form/pages.h"
 #include "hosts/qt/form/widget_tree.h"
 #include "tessaria/browse_definition.h"
+#include "tessaria/field_settings.h"
 #include "tessaria/pesquisa_definition.h"
 #include "tessaria/qt/design_time.h"
 #include "tessaria/qt/host.h"
@@ -57,6 +58,15 @@ TsText::TsText(QWidget* parent) : QWidget(parent) {
   connect(this, &TsText::propertyChanged, this, &TsText::followControl);
   connectKeys();
   write([](tsText& c) { c.UserControl_InitProperties(); });
+}
+
+TsText::TsText(const FieldSettings& settings, QWidget* parent) : TsText(parent) {
+  setObjectName(toQt(settings.name));
+  guarded(this, [&] {
+    TextPropertyBag bag = makeBag();
+    WriteSettings(settings, bag);
+    load(bag);
+  });
 }
 
 TsText::~TsText() {
@@ -112,7 +122,9 @@ void TsText::setSettings(const QStringList& lines) {
   designError_.clear();
   guarded(this, [&] {
     try {
-      load(lines);
+      TextPropertyBag bag = makeBag();
+      bag.Load(fromQt(lines.join(QLatin1Char('\n'))));
+      load(bag);
     } catch (const HostError& error) {
       if (!formUnderDesign(this)) throw;
       unreadable_ = lines;
@@ -122,9 +134,7 @@ void TsText::setSettings(const QStringList& lines) {
   updateGeometry();
 }
 
-void TsText::load(const QStringList& lines) {
-  TextPropertyBag bag = makeBag();
-  bag.Load(fromQt(lines.join(QLatin1Char('\n'))));
+void TsText::load(const host::PropertyBag& bag) {
   const bool isDesigned = formUnderDesign(this) != nullptr;
   isDesigned ? parts_->control.ReadAtDesignTime(bag)
              : parts_->control.UserControl_ReadProperties(bag);

@@ -4,6 +4,7 @@
 #include "hosts/qt/control/tstext.h"
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/fonts.h"
+#include "tessaria/field_settings.h"
 #include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
@@ -155,6 +156,13 @@ std::shared_ptr<tessaria::Browse> TsText::browseDefinition() const { return cont
 
 std::shared_ptr<tessaria::Pesquisa> TsText::pesquisaDefinition() const {
   return control().Pesquisa();
+}
+
+void TsText::setLookup(const LookupSettings& lookup) {
+  write([&](tsText& c) {
+    c.Browse(MakeBrowse(lookup));
+    c.Pesquisa(MakePesquisa(lookup));
+  });
 }
 
 QVariant TsText::browse() const {

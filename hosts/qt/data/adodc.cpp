@@ -11,6 +11,7 @@
 #include "hosts/qt/form/control_pointer.h"
 #include "hosts/qt/form/first_show.h"
 #include "hosts/qt/form/widget_tree.h"
+#include "tessaria/field_settings.h"
 #include "tessaria/qt/design_time.h"
 #include "tessaria/qt/host.h"
 #include "tessaria/qt/settle.h"
@@ -87,6 +88,15 @@ Adodc::Adodc(QWidget* parent) : QWidget(parent), label_(new QLabel(this)) {
   label_->setTextFormat(Qt::PlainText);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   showPosition();
+}
+
+Adodc::Adodc(const DataControlSettings& settings, QWidget* parent) : Adodc(parent) {
+  setObjectName(toQt(settings.name));
+  setRecordSource(toQt(settings.recordSource));
+  setConnectionString(toQt(settings.connectionString));
+  setCaption(toQt(settings.caption));
+  setNavigationKeys(settings.navigationKeys);
+  setRefreshesForm(settings.refreshesForm);
 }
 
 Adodc::~Adodc() = default;

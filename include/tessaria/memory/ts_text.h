@@ -14,7 +14,8 @@
 
 namespace tessaria {
 class tsText;
-}
+struct FieldSettings;
+}  // namespace tessaria
 
 namespace tessaria::memory {
 
@@ -37,6 +38,8 @@ class TESSARIA_MEMORY_API TsText final : public PartWith<host::TsTextWidget> {
   explicit TsText(String name);
   /// A control loaded from what was stored.
   TsText(String name, const host::PropertyBag& stored);
+  /// A control with these settings, loaded without side effects.
+  explicit TsText(const FieldSettings& settings);
   ~TsText() override;
 
   _tsText& Control() const override;
@@ -87,8 +90,9 @@ class TESSARIA_MEMORY_API TsText final : public PartWith<host::TsTextWidget> {
   class EventSink;
   enum class Inner { Box, Button };
 
-  /// The part that both constructors share, before the control's own start values.
+  /// What the constructors share, before the control's own start values.
   void Create();
+  void Load(const host::PropertyBag& stored);
   bool HasFocus() const;
   ExitVerdict Exit();
   void FocusInner(Inner inner);

@@ -17,6 +17,10 @@ class QLabel;
 class QShortcut;
 class QToolButton;
 
+namespace tessaria {
+struct DataControlSettings;
+}
+
 namespace tessaria::qt {
 
 /// Holds the rows of `RecordSource`, opened for update on one table where that is possible.
@@ -42,6 +46,8 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   using ConnectionFactory = std::function<host::ConnectionPtr(const QString& connectionString)>;
 
   explicit Adodc(QWidget* parent = nullptr);
+  /// A data control with these settings. The settings' name becomes the object name.
+  explicit Adodc(const DataControlSettings& settings, QWidget* parent = nullptr);
   ~Adodc() override;
 
   /// The text of the given connection, or the assigned one.

@@ -18,6 +18,11 @@ namespace tessaria {
 class Browse;
 class Pesquisa;
 class tsText;
+struct FieldSettings;
+struct LookupSettings;
+namespace host {
+class PropertyBag;
+}
 }  // namespace tessaria
 
 namespace tessaria::qt {
@@ -107,6 +112,9 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   Q_ENUM(TipoControle)
 
   explicit TsText(QWidget* parent = nullptr);
+  /// A field with these settings, loaded without side effects. The settings' name becomes the
+  /// object name.
+  explicit TsText(const FieldSettings& settings, QWidget* parent = nullptr);
   ~TsText() override;
 
   /// The property bag as lines of text, the version first. Assigning an empty list does nothing; an
@@ -238,6 +246,8 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   std::shared_ptr<tessaria::Browse> browseDefinition() const;
   /// The searches of its list, likewise.
   std::shared_ptr<tessaria::Pesquisa> pesquisaDefinition() const;
+  /// Replaces both definitions, whatever they hold.
+  void setLookup(const LookupSettings& lookup);
   /// The lookup's definition, a QVariant of an `ObjectPtr`.
   QVariant browse() const;
   void setBrowse(const QVariant& v);
@@ -412,7 +422,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   void followControl(const QString& property);
   void followWidget();
 
-  void load(const QStringList& lines);
+  void load(const host::PropertyBag& bag);
 
   std::shared_ptr<Parts> parts_;
   QStringList unreadable_;  ///< settings of a form under design that could not be read

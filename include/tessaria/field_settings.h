@@ -1,0 +1,159 @@
+// A field, its lookup and a data control, each described by one value in code.
+//
+//   const LookupSettings cities{
+//       .title = u"Cidades",
+//       .table = u"cidades",
+//       .columns = {{.field = u"codigo", .caption = u"Código"}, {.field = u"nome"}},
+//       .searches = {{.caption = u"Nome", .field = u"nome"}}};
+//   const FieldPair city = MakePair(cities, {.name = u"cidade"}, {.name = u"nome_da_cidade"});
+//   auto* code = new tessaria::qt::TsText(city.code, form);
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "tessaria/export.h"
+#include "tessaria/host/control.h"
+#include "tessaria/tstext_interface.h"
+
+namespace tessaria {
+
+class Browse;
+class Pesquisa;
+
+enum class DataType { Text, Number, Date };
+
+/// How a search compares a row with what the operator typed.
+enum class Comparison : Long {
+  Equal = 0,
+  BeginsWith = 1,
+  EndsWith = 2,
+  Contains = 3,
+  Greater = 4,
+  AtLeast = 5,
+  Less = 6,
+  AtMost = 7
+};
+
+/// What leaving a field fills with zeros, in a mask with a "0".
+enum class ZeroFill : Long { WholeText = 1, EachRun = 2 };
+
+/// A column of a lookup's list.
+struct LookupColumn {
+  String field;  ///< as the statement selects it; may be an expression with " as " and a name
+  String caption = {};  ///< when empty, `field`
+  String format = {};   ///< of numbers and dates: "#,##0.00", "dd/mm/yyyy"
+  float width = 1440;   ///< twips
+  bool visible = true;
+};
+
+/// A search that the list offers.
+struct LookupSearch {
+  String caption;
+  String field;
+  DataType type = DataType::Text;
+  Comparison comparison = Comparison::Contains;
+  String mask = {};           ///< of the prompt; a date without one gets "dd/mm/yyyy"
+  Integer width = 3600;       ///< of the prompt, twips
+  Integer maxLength = 0;      ///< most characters; 0 for no limit
+  bool completes = false;     ///< whether the prompt for a text completes it
+  bool isExpression = false;  ///< whether `field` is used as it stands, not qualified by the table
+  String orderBy = {};        ///< when empty, the field
+  /// Searches of one number are asked for together, and all of them must match. 0 numbers a search
+  /// by its position, from 1.
+  Long number = 0;
+};
+
+/// Where a key or a description is looked up, and how the list shows it.
+struct LookupSettings {
+  String title = {};  ///< of the list; when empty, the table
+  String table = {};
+  /// The key first, then the description, if there is one, then what the list shows beside them.
+  std::vector<LookupColumn> columns = {};
+  String from = {};     ///< the table with its joins; when empty, the table alone
+  String where = {};    ///< condition without WHERE; `@name@` stands for the value of a field
+  String groupBy = {};  ///< the whole GROUP BY clause with its keywords
+  std::vector<LookupSearch> searches = {};
+  /// Fields of the found row that the program reads, by `browseDefinition()->Outros()`. Each must
+  /// be among the columns, visible or not.
+  std::vector<String> returnFields = {};
+};
+
+/// A field with everything that a form file can store of it.
+struct FieldSettings {
+  String name = {};  ///< on its form, where siblings and `@name@` find it
+  TipoControle kind = TipoControle::Normal;
+  String mask = {};
+  Long maxLength = 0;  ///< most characters typed; 0 for no limit
+  bool mayBeBlank = true;
+  bool acceptsNegative = false;
+  bool enabled = true;
+  /// Type of an unbound value. By default a date for `Calendario`, a number for `Calculadora`,
+  /// otherwise a text.
+  std::optional<DataType> type = {};
+  /// Whether the value holds the mask's literals. By default it does for `Calendario` and
+  /// `Calculadora`.
+  std::optional<bool> promptInclude = {};
+  String promptChar = u"_";
+  String passwordChar = {};  ///< shown in place of each character; empty shows the text
+  ZeroFill zeroFill = ZeroFill::EachRun;
+
+  String dataSource = {};  ///< name of the data control; empty for an unbound field
+  String dataField = {};   ///< column of its record set
+
+  String sibling = {};           ///< name of the field with the description, or with the key
+  String label = {};             ///< name of the caption
+  String cancelButton = {};      ///< name of the control that takes the focus without any check
+  String tab = {};               ///< number of the tab that the field is on; empty for none
+  bool highlightsLabel = false;  ///< shows the caption green and bold
+
+  LookupSettings lookup = {};
+  bool checksKey = true;     ///< whether leaving the field looks its text up
+  String notFoundText = {};  ///< message when the list finds no row; empty for the usual text
+
+  bool picksFiles = true;   ///< a file of `Diretorio`, or a folder alone
+  String filePattern = {};  ///< which files are offered, such as "*.txt"
+
+  std::optional<Colour> foreColor = {};  ///< by default that of the theme
+  std::optional<Colour> backColor = {};  ///< likewise
+  std::optional<host::Font> font = {};   ///< by default that of the form
+};
+
+/// A data control with everything that a form file can store of it.
+struct DataControlSettings {
+  String name = {};
+  String recordSource = {};      ///< a statement or the name of a table
+  String connectionString = {};  ///< not needed by a data control that is given a connection
+  String caption = {};           ///< between the buttons; when empty, the number of the row
+  bool navigationKeys = true;    ///< whether the keys of the window move among the rows
+  bool refreshesForm = true;     ///< whether a move loads the form's controls again
+};
+
+/// A key and its description, each the other's sibling.
+struct FieldPair {
+  FieldSettings code;
+  FieldSettings description;
+};
+
+/// The lookup as the field with the description sees it: the first two columns swapped, without
+/// searches and return fields, which belong to the code; the list of the description offers the
+/// searches of its code. Error 5 when the lookup has fewer than two columns.
+TESSARIA_CORE_API LookupSettings ForDescription(LookupSettings lookup);
+
+/// Makes two fields a pair over one lookup: the kinds `Browse` and `Descricao`, each with the
+/// other's name as its sibling. Error 5 when the lookup has fewer than two columns, or a field has
+/// no name.
+TESSARIA_CORE_API FieldPair MakePair(const LookupSettings& lookup, FieldSettings code,
+                                     FieldSettings description);
+
+/// The lookup as the definition that a control works with.
+TESSARIA_CORE_API std::shared_ptr<Browse> MakeBrowse(const LookupSettings& lookup);
+/// Its searches, likewise.
+TESSARIA_CORE_API std::shared_ptr<Pesquisa> MakePesquisa(const LookupSettings& lookup);
+
+/// Writes all settings but the name into a bag, from which a control is loaded without side
+/// effects.
+TESSARIA_CORE_API void WriteSettings(const FieldSettings& settings, host::PropertyBag& bag);
+
+}  // namespace tessaria
