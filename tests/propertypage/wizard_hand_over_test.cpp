@@ -207,6 +207,21 @@ TEST_F(WizardHandOver, ASingleAliasHasATextAfterFromWhereAliasesAreAccepted) {
   EXPECT_EQ(run(false), u"");
 }
 
+// Connecting again has forgotten which table the alias stands for.
+TEST_F(WizardHandOver, AnAliasKeepsItsTextAfterFromWhenTheTablesWereListedAnew) {
+  OpenPage();
+  Work(u"btnSql", [&](memory::Dialog& dialog) {
+    dialog.Click(u"chkAceitaApelidos");
+    PutTables({u"Pagador"});
+    Its().colTabelas = {};
+    Its().strTabelas = u"Cliente as Pagador";
+    PutNames(u"Codigo", u"");
+    dialog.Click(u"btnConfirma");
+  });
+  EXPECT_EQ(Text(u"txtBrowseTable"), u"Pagador");
+  EXPECT_EQ(Text(u"txtBrwLeftJoin"), u"Cliente as Pagador");
+}
+
 TEST_F(WizardHandOver, ASingleTableNeedsNoTextAfterFromAlsoWithAliases) {
   OpenPage();
   Work(u"btnSql", [&](memory::Dialog& dialog) {

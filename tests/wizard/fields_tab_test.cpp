@@ -151,6 +151,15 @@ TEST_F(WizardFields, APieceIsAFieldOnce) {
   });
 }
 
+TEST_F(WizardFields, APieceOfASingleTableIsAFieldOnceToo) {
+  RunFields({u"Cliente"}, [&] {
+    AddPiece(u"Nome");
+    AddPiece(u"Nome");
+    ExpectAlert(u"Campo Já Incluído");
+    EXPECT_EQ(Pieces(), Rows{u"Nome"});
+  });
+}
+
 TEST_F(WizardFields, ATextIsAskedForUntilItStandsInQuotes) {
   RunFields({u"Cliente"}, [&] {
     for (const char16_t* text : {u"''", u"x", u"'x", u"x'", u"' - '"}) app.WillEnter(text);
@@ -232,6 +241,20 @@ TEST_F(WizardFields, AColumnIsPutTogetherFromItsPieces) {
     EXPECT_EQ(Text(u"txt3ConcNome"), u"");
     EXPECT_EQ(Text(u"txt3ConcMascara"), u"");
     EXPECT_TRUE(IsTabEnabled(Tab::Grid));
+    ExpectNoBox();
+  });
+}
+
+TEST_F(WizardFields, ATextThatIsMarkedOrMaskedIsTreatedLikeAField) {
+  RunFields({u"Cliente"}, [&] {
+    app.WillEnter(u"'12345'");
+    Click(u"btn3ConcIncluir");
+    Check(u"lst3Concatena", u"'12345'");
+    MaskPiece(u"##-###");
+    Create(u"Numero");
+    EXPECT_EQ(
+        Columns(),
+        (Rows{u"Mid(Str('12345'),  1,  2) & '-' & Mid(Str('12345'),  3,  3) & '' as Numero"}));
     ExpectNoBox();
   });
 }

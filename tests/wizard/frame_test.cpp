@@ -136,6 +136,21 @@ TEST_F(WizardFrame, OfSeveralTablesOneMustBeChecked) {
   });
 }
 
+TEST_F(WizardFrame, AMainTableThatWasRemovedIsAskedForAgain) {
+  database->relations = {{u"", u"Cliente"}, {u"", u"Cidade"}, {u"", u"Estado"}};
+  Run([&] {
+    Connect();
+    Pick({u"Cliente", u"Cidade", u"Estado"});
+    Check(u"lst1TabSel", u"Cidade");
+    Select(u"lst1TabSel", u"Cidade");
+    Click(u"btn1Exc");
+    EXPECT_EQ(RowsOf(u"lst1TabSel"), (Rows{u"Cliente", u"Estado"}));
+    GoTo(Tab::Campos);
+    ExpectAlert(u"Marque a Tabela Que Será a Principal");
+    EXPECT_EQ(Front(), Tab::Tabelas);
+  });
+}
+
 TEST_F(WizardFrame, TheMainTableIsAskedForOnlyWhenTheFirstTabIsLeft) {
   Run([&] {
     Connect();

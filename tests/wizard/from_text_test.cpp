@@ -77,5 +77,12 @@ TEST(FromTables, WithoutAMainTableAllAreJoinedToNothing) {
             u" Left Join A on l1) Left Join B on ()");
 }
 
+TEST(FromTables, EachCheckedTableGoesIntoTheText) {
+  EXPECT_EQ(
+      FromText({{.text = u"M", .isMain = true}, {.text = u"N", .isMain = true}, {.text = u"A"}},
+               {u"l1"}),
+      u"(MN Left Join A on (l1)");
+}
+
 }  // namespace
 }  // namespace tessaria::test

@@ -423,5 +423,45 @@ TEST_F(WizardGrid, TheColumnsOfADefinitionAreSetInTheSameWay) {
   });
 }
 
+TEST_F(WizardGrid, FiveHundredFieldsBecomeColumns) {
+  Rows fields;
+  for (int i = 1; i <= 500; ++i) fields.push_back(u"Campo" + CStr(Long{i}));
+  database->fields[u"Cliente"] = fields;
+  RunRetrieved(fields, [&] {
+    EXPECT_EQ(Definitions().Count(), 500);
+    EXPECT_EQ(Captions().size(), 500U);
+    EXPECT_EQ(Definitions().Item(500)->Campo(), u"Campo500");
+    ExpectNoBox();
+  });
+}
+
+TEST_F(WizardGrid, ColumnsOfOneNameAreSetApart) {
+  RunGrid({u"Codigo", u"Nome"}, [&] {
+    Accept(u"Select Codigo, Nome From Cliente Where 1 = Null", {u"Nome", u"Nome"});
+    Click(u"btn4Retrieve");
+    window->ClickHeader(u"grdWizard", 1);
+    Type(u"txt4GrdCaption", u"O segundo");
+    EXPECT_EQ(Captions(), (Rows{u"Nome", u"O segundo"}));
+    EXPECT_EQ(Definitions().Item(1)->Caption(), u"Nome");
+    EXPECT_EQ(Definitions().Item(2)->Caption(), u"O segundo");
+  });
+}
+
+// A half goes to the even number.
+TEST_F(WizardGrid, TheShownWidthIsAWholeNumber) {
+  RunRetrieved({u"Codigo"}, [&] {
+    for (const auto& [width, shown] :
+         {std::pair{1500.5F, u"1500"}, std::pair{1501.5F, u"1502"}, std::pair{1499.6F, u"1500"}}) {
+      Definitions().Item(1)->Width(width);
+      window->ClickHeader(u"grdWizard", 0);
+      EXPECT_EQ(Text(u"txt4GrdWidth"), shown);
+      EXPECT_EQ(Definitions().Item(1)->Width(), width) << "a look changes nothing";
+      Preview(0).Width(width);
+      Parts().Grid().OnColResize(0);
+      EXPECT_EQ(CStr(Definitions().Item(1)->Width()), shown);
+    }
+  });
+}
+
 }  // namespace
 }  // namespace tessaria::test

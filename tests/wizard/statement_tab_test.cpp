@@ -31,6 +31,18 @@ TEST_F(WizardStatement, TheStatementIsTheOneThatWasExecuted) {
   });
 }
 
+TEST_F(WizardStatement, ThePointerWaitsWhileItIsLaidOut) {
+  bool isBusy = false;
+  Parts().Box(u"txt8Sql").OnChange = [&] { isBusy = desktop->IsBusy(); };
+  Parts().dcWizard = nullptr;
+  List(u"lst5CmpSel").Add(u"Nome");
+  Run([&] {
+    Show();
+    EXPECT_TRUE(isBusy);
+    EXPECT_FALSE(desktop->IsBusy());
+  });
+}
+
 TEST_F(WizardStatement, SearchesAndOrderComeBehindIt) {
   auto& row = List(u"lst6CmpSel").Add(u"Cliente.Codigo");
   for (const char16_t* part : {u"=", u"txtCodigo", u"Numerico"}) row.AddSubItem(part);
