@@ -155,33 +155,40 @@ QPushButton* dialogButton(const QString& caption) {
   return nullptr;
 }
 
-// The work runs inside the wizard's own loop of events.
-void workInWizard(const char* button, const std::function<void()>& work) {
+void workInside(const std::function<void()>& open, const std::function<bool()>& isOpen,
+                const std::function<void()>& work) {
   QTimer whenOpen;
   bool hasWorked = false;
   QObject::connect(&whenOpen, &QTimer::timeout, [&] {
-    if (!wizardDialog()) return;
+    if (!isOpen()) return;
     whenOpen.stop();
-    hasWorked = true;
     try {
       work();
     } catch (const std::exception& error) {
       ADD_FAILURE() << error.what();
     }
-    if (wizardDialog()) wizardDialog()->reject();
+    hasWorked = true;
   });
   whenOpen.start(50);
-  clickButton(button);
-  EXPECT_TRUE(waitFor([&] { return hasWorked && !wizardDialog(); }));
+  open();
+  EXPECT_TRUE(waitFor([&] { return hasWorked; }));
+}
+
+void workInWizard(const std::function<void()>& open, const std::function<void()>& work) {
+  workInside(
+      open, [] { return wizardDialog() && wizardDialog()->isActiveWindow(); },
+      [&] {
+        work();
+        if (wizardDialog()) wizardDialog()->reject();
+      });
 }
 
 void picture(QWidget& window, const QString& name) {
   const QString folder = qEnvironmentVariable("TESSARIA_PICTURES");
-  QTest::qWait(200);
-  const QPixmap shown = window.grab();
-  EXPECT_FALSE(shown.isNull());
   if (folder.isEmpty()) return;
-  EXPECT_TRUE(shown.save(QDir(folder).filePath(QStringLiteral("designer-%1.png").arg(name))));
+  QTest::qWait(200);
+  EXPECT_TRUE(
+      window.grab().save(QDir(folder).filePath(QStringLiteral("designer-%1.png").arg(name))));
 }
 
 void clickTabAt(const char* strip, int position) {
@@ -230,6 +237,47 @@ void clickMarkOfRow(const char* name, const QString& row) {
   const int left = list.viewport()->mapToGlobal(list.visualRect(rowOf(name, row)).topLeft()).x();
   constexpr int kMiddleOfMark = 10;
   clickAt({left + kMiddleOfMark, middle.y()});
+}
+
+// --- By keyboard alone ---------------------------------------------------------------------------
+
+void reach(const char* name, const QString& key) {
+  const auto& widget = inFront<QWidget>(name);
+  const auto hasFocus = [&] {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus == &widget || widget.isAncestorOf(focus);
+  };
+  for (int i = 0; i < 40 && !hasFocus(); ++i) press({key});
+  EXPECT_TRUE(hasFocus()) << name;
+}
+
+void pressButton(const char* name) {
+  reach(name);
+  EXPECT_TRUE(inFront<QWidget>(name).isEnabled()) << name;
+  press({QStringLiteral("space")});
+}
+
+void fillByKeys(const char* name, const QString& text) {
+  reach(name);
+  press({QStringLiteral("ctrl+a")});
+  typeText(text);
+  EXPECT_EQ(textOf(name).toStdString(), text.toStdString()) << name;
+}
+
+void chooseByKeys(const char* name, const QString& row) {
+  reach(name);
+  const auto& list = inFront<QComboBox>(name);
+  const int steps = list.findText(row) - list.currentIndex();
+  const auto key = steps > 0 ? QStringLiteral("Down") : QStringLiteral("Up");
+  if (steps != 0) press(QStringList(std::abs(steps), key));
+  EXPECT_EQ(list.currentText().toStdString(), row.toStdString()) << name;
+}
+
+void goToRow(const char* name, const QString& row) {
+  const QModelIndex wanted = rowOf(name, row);
+  reach(name);
+  press(QStringList(QStringLiteral("Home")) + QStringList(wanted.row(), QStringLiteral("Down")));
+  EXPECT_EQ(inFront<QAbstractItemView>(name).currentIndex().row(), wanted.row()) << name;
 }
 
 QString textOf(const char* name) { return inFront<QLineEdit>(name).text(); }

@@ -56,8 +56,12 @@ Widget& inFront(const char* name) {
   return *found;
 }
 
-/// Clicks a button of the page and works in the wizard that it opens, until that is closed.
-void workInWizard(const char* button, const std::function<void()>& work);
+/// For a window or a menu with an event loop of its own, which "open" does not return from before
+/// it is closed: works once "isOpen" is true.
+void workInside(const std::function<void()>& open, const std::function<bool()>& isOpen,
+                const std::function<void()>& work);
+/// Works in the wizard, which is closed afterwards.
+void workInWizard(const std::function<void()>& open, const std::function<void()>& work);
 
 /// Saves the window as a picture of a guide, into the folder that TESSARIA_PICTURES names, if any.
 void picture(QWidget& window, const QString& name);
@@ -81,5 +85,13 @@ void clickRow(const char* name, const QString& row);
 /// Clicks the mark in a row of a list.
 void clickMarkOfRow(const char* name, const QString& row);
 QString textOf(const char* name);
+
+/// Goes on by the key until the widget has the focus.
+void reach(const char* name, const QString& key = QStringLiteral("Tab"));
+/// The same things by keyboard alone.
+void pressButton(const char* name);
+void fillByKeys(const char* name, const QString& text);
+void chooseByKeys(const char* name, const QString& row);
+void goToRow(const char* name, const QString& row);
 
 }  // namespace tessaria::tests

@@ -22,13 +22,6 @@ QStringList rowsOf(const char* list) {
   return rows;
 }
 
-/// Goes on by the key until the widget has the focus.
-void reach(const char* name, const QString& key = QStringLiteral("Tab")) {
-  const auto hasFocus = [&] { return inFront<QWidget>(name).hasFocus(); };
-  for (int i = 0; i < 30 && !hasFocus(); ++i) press({key});
-  EXPECT_TRUE(hasFocus()) << name;
-}
-
 /// Pages of fields on one of the open forms.
 class LivePage : public testing::Test {
  protected:

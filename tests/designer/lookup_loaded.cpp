@@ -1,5 +1,6 @@
 // A saved form with a lookup that the wizard has made, in a program of its own.
 // Usage: designer_lookup_loaded cidade|municipio FORM
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
 #include <QTableView>
@@ -29,11 +30,20 @@ void printCells(const char* what, const QTableView& list, int row) {
   std::printf("%s: %s\n", what, cells.join(u'|').toUtf8().constData());
 }
 
+/// Goes to the end of the list, which reads its rows in portions.
+int countRows(const QTableView& list) {
+  for (int before = -1; list.model()->rowCount() > before;) {
+    before = list.model()->rowCount();
+    press(Qt::Key_End, Qt::ControlModifier);
+  }
+  return list.model()->rowCount();
+}
+
 /// Searches in the list and takes the first row that is found.
 void search(QWidget& window, const QString& text) {
   const auto& list = *window.findChild<QTableView*>();
   printCells("columns", list, -1);
-  std::printf("rows: %d\n", list.model()->rowCount());
+  std::printf("rows: %d\n", countRows(list));
   inWindow("frmTsPesquisa", [=](QWidget&) {
     type(text);
     press(Qt::Key_Return);
@@ -43,24 +53,33 @@ void search(QWidget& window, const QString& text) {
   press(Qt::Key_Return);
 }
 
-void lookUp(QWidget& form, const char* code, const QString& text) {
-  field(form, code).setFocus();
+/// Opens the list, and prints what the form then has.
+void lookUp(QWidget& form, qt::TsText& code, const QString& text, void (*open)(qt::TsText& code)) {
+  code.setFocus();
   QTest::qWait(50);
   inWindow("frmBrowse", [=](QWidget& list) { search(list, text); });
-  press(Qt::Key_PageDown);
-  std::printf("chosen: %s %s\n", qUtf8Printable(field(form, code).text()),
+  open(code);
+  std::printf("chosen: %s %s\n", qUtf8Printable(code.text()),
               qUtf8Printable(field(form, "txtNome").text()));
+  const auto& fields = code.browseDefinition()->Outros();
+  std::printf("returned: %s\n", qUtf8Printable(qt::toQt(CStr(fields.Item(1)->Valor()))));
 }
+
+void openByButton(qt::TsText& code) {
+  QTest::mouseClick(code.findChild<QAbstractButton*>(), Qt::LeftButton);
+}
+
+void openByKey(qt::TsText&) { press(Qt::Key_PageDown); }
 
 void lookUpCity(QWidget& form) {
   field(form, "txtUf").setFocus();
   type(QStringLiteral("SP"));
-  lookUp(form, "txtCidade", QStringLiteral("Campinas"));
-  const auto& fields = field(form, "txtCidade").browseDefinition()->Outros();
-  std::printf("returned: %s\n", qUtf8Printable(qt::toQt(CStr(fields.Item(1)->Valor()))));
+  lookUp(form, field(form, "txtCidade"), QStringLiteral("Campinas"), openByButton);
 }
 
-void lookUpMunicipality(QWidget& form) { lookUp(form, "txtMunicipio", QStringLiteral("Xambio")); }
+void lookUpMunicipality(QWidget& form) {
+  lookUp(form, field(form, "txtMunicipio"), QStringLiteral("Xambio"), openByKey);
+}
 
 int operate(const QString& work, const QString& path) {
   QFile file(path);

@@ -17,7 +17,7 @@ finish() {
 trap finish EXIT
 
 mkfifo "$work/display"
-Xvfb -displayfd 3 -screen 0 1400x1000x24 -nolisten tcp 3>"$work/display" 2>"$work/xvfb.log" &
+Xvfb -displayfd 3 -noreset -screen 0 1400x1000x24 -nolisten tcp 3>"$work/display" 2>"$work/xvfb.log" &
 children+=($!)
 read -r number <"$work/display"
 
@@ -25,6 +25,7 @@ export DISPLAY=":$number" HOME="$work" XDG_CONFIG_HOME="$work/config" XDG_RUNTIM
 export XDG_DATA_HOME="$work/data" LANG=C.UTF-8 QT_QPA_PLATFORM=xcb
 mkdir -p "$work/copy"
 cp -r "$plugins/designer" "$work/copy"
+setxkbmap us -variant altgr-intl  # has keys for the letters with accents that are typed
 export QT_PLUGIN_PATH="$plugins:$work/copy:$driver"
 openbox >"$work/openbox.log" 2>&1 &
 children+=($!)
@@ -37,4 +38,4 @@ done
 export ODBCINI="$work/odbc.ini"
 cd "$work"
 export TESSARIA_FORMS="$work"
-timeout 240 "$designer" "$work"/*.ui
+timeout 420 "$designer" "$work"/*.ui
