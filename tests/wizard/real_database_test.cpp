@@ -102,6 +102,49 @@ TEST_F(WizardOnAServer, AForeignKeySelectsItsFieldsAndTheLinkRuns) {
   });
 }
 
+TEST_F(WizardOnAServer, OfSeveralForeignKeysTheFirstOfOneFieldIsSelected) {
+  Do({u"create table filial (empresa int, numero int, codigo int unique,"
+      u" primary key (empresa, numero))",
+      u"create table venda (empresa int, origem int, destino int references filial (codigo),"
+      u" retirada int references filial (codigo),"
+      u" foreign key (empresa, origem) references filial)",
+      u"create table posto (empresa int, numero int, foreign key (empresa, numero) references"
+      u" filial)"});
+  Run([&] {
+    Click(u"chkAceitaApelidos");
+    Connect();
+    Pick({u"venda", u"filial", u"posto"});
+    Check(u"lst1TabSel", u"venda");
+    GoTo(Tab::Links);
+    Choose(u"cmb2TabFilho", u"filial");
+    Choose(u"cmb2TabPai", u"venda");
+    EXPECT_EQ(Selected(u"lst2CmpPai"), u"destino") << "by the names of the keys";
+    EXPECT_EQ(Selected(u"lst2CmpFilho"), u"codigo");
+    Choose(u"cmb2TabPai", u"posto");
+    EXPECT_EQ(Selected(u"lst2CmpPai"), u"empresa") << "a key of two fields selects none";
+    EXPECT_EQ(RowsOf(u"lst2Links"), Rows()) << "nothing is added without a click";
+    ExpectNoBox();
+  });
+}
+
+TEST_F(WizardOnAServer, ATableThatWasDroppedMeanwhileIsAnErrorOnTheLinksToo) {
+  Do({u"create table cidade (codigo int primary key)",
+      u"create table cliente (cidade int references cidade)"});
+  Run([&] {
+    Click(u"chkAceitaApelidos");
+    Connect();
+    Pick({u"cliente", u"cidade"});
+    Check(u"lst1TabSel", u"cliente");
+    GoTo(Tab::Links);
+    Choose(u"cmb2TabPai", u"cliente");
+    Do({u"drop table cidade cascade"});
+    Choose(u"cmb2TabFilho", u"cidade");
+    EXPECT_EQ(app.TakeBoxes().size(), 1U);
+    Choose(u"cmb2TabPai", u"cliente");
+    EXPECT_EQ(RowsOf(u"lst2CmpPai"), Rows{u"cidade"});
+  });
+}
+
 TEST_F(WizardOnAServer, WhatTheServerRefusesLeavesTheWizardUsable) {
   Do({u"create table vazia ()", u"create table sumida (x int)", u"create table cliente (x int)"});
   Run([&] {
