@@ -5,6 +5,7 @@
 
 #include "control/same_value.h"
 #include "tessaria/tstext_interface.h"
+#include "tessaria/validators.h"
 
 namespace tessaria {
 
@@ -16,6 +17,7 @@ struct FieldKind {
   bool UsaChecaRelacao = false;
   bool eSocial = false;
   bool MultiLine = false;
+  tessaria::Validator Validator;  ///< the program's; empty for none
 
   /// The kinds that query the database.
   bool HasLookup() const {

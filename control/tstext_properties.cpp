@@ -50,6 +50,9 @@ TESSARIA_READ(Variant, OriginalValue)
 TESSARIA_READ(String, Texto)
 TESSARIA_VALUE(bool, PodeSerBranco)
 TESSARIA_VALUE(bool, UsaChecaRelacao)
+void tsText::Validator(tessaria::Validator validator) {
+  parts_->members.Validator = std::move(validator);
+}
 TESSARIA_VALUE(bool, LastValidaStatus)
 
 void tsText::TipoControle(tessaria::TipoControle v) {

@@ -49,7 +49,8 @@ Validation::Verdict Validation::CheckRules() {
   const String label = LabelPrefix();
 
   if (CommandButtonIsActive() && IsForbiddenBlank()) return RefuseBlank(label);
-  if (mdlObjTxt::IsDateMask(box_.Mask().Mascara) && !CheckDate(label)) {
+  const bool isDate = mdlObjTxt::IsDateMask(box_.Mask().Mascara);
+  if ((isDate && !CheckDate(label)) || !CheckByProgram(label)) {
     ReturnFocus();
     return Verdict::Refused;
   }
@@ -106,6 +107,15 @@ bool Validation::CheckDate(const String& label) {
   }
   contents_.LastValidaStatus = valid;
   return valid;
+}
+
+bool Validation::CheckByProgram(const String& label) {
+  const String text = box_.Stripped();
+  if (!kind_.Validator || box_.ShowsStoredText() || Trim(text).empty()) return true;
+  const String refusal = kind_.Validator(text);
+  contents_.LastValidaStatus = refusal.empty();
+  if (!refusal.empty()) TellStop(site_, label + refusal);
+  return refusal.empty();
 }
 
 bool Validation::CheckRelation(const String& label) {

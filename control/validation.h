@@ -57,6 +57,7 @@ class Validation {
   Verdict CheckRules();
   Verdict RefuseBlank(const String& label);
   bool CheckDate(const String& label);
+  bool CheckByProgram(const String& label);
   bool CheckRelation(const String& label);
   bool Holds(Relation relation, Variant* found) const;
   bool Cancels() const;

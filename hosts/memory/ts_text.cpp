@@ -107,6 +107,7 @@ TsText::TsText(const FieldSettings& settings) : PartWith(settings.name, u"tsText
   PropertyBag bag;
   WriteSettings(settings, bag);
   Load(bag);
+  core_->Validator(settings.validator);
 }
 
 TsText::~TsText() { Terminate(); }

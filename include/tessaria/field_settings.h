@@ -16,6 +16,7 @@
 #include "tessaria/export.h"
 #include "tessaria/host/control.h"
 #include "tessaria/tstext_interface.h"
+#include "tessaria/validators.h"
 
 namespace tessaria {
 
@@ -80,7 +81,7 @@ struct LookupSettings {
   std::vector<String> returnFields = {};
 };
 
-/// A field with everything that a form file can store of it.
+/// A field with everything that a form file can store of it, and the check of its text.
 struct FieldSettings {
   String name = {};  ///< on its form, where siblings and `@name@` find it
   TipoControle kind = TipoControle::Normal;
@@ -88,6 +89,7 @@ struct FieldSettings {
   Long maxLength = 0;  ///< most characters typed; 0 for no limit
   bool mayBeBlank = true;
   bool acceptsNegative = false;
+  Validator validator = {};  ///< a check of the program's; no file stores it
   bool enabled = true;
   /// Type of an unbound value. By default a date for `Calendario`, a number for `Calculadora`,
   /// otherwise a text.

@@ -8,6 +8,7 @@
 #include "tessaria/host/control.h"
 #include "tessaria/pesquisa_definition.h"
 #include "tessaria/tstext_interface.h"
+#include "tessaria/validators.h"
 
 namespace tessaria {
 
@@ -152,6 +153,9 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// Whether validation looks the value up in the lookup's table.
   bool UsaChecaRelacao() const;
   void UsaChecaRelacao(bool v);
+  /// Adds a check of the program's, made when the field is left with a text that the operator
+  /// wrote, before the text is looked up. Not stored; empty for none.
+  void Validator(tessaria::Validator validator);
   /// Outcome of the last validation; true before the first one.
   bool LastValidaStatus() const override;
   void LastValidaStatus(bool v);

@@ -67,6 +67,7 @@ TsText::TsText(const FieldSettings& settings, QWidget* parent) : TsText(parent) 
     WriteSettings(settings, bag);
     load(bag);
   });
+  setValidator(settings.validator);
 }
 
 TsText::~TsText() {

@@ -158,6 +158,10 @@ std::shared_ptr<tessaria::Pesquisa> TsText::pesquisaDefinition() const {
   return control().Pesquisa();
 }
 
+void TsText::setValidator(tessaria::Validator validator) {
+  write([&](tsText& c) { c.Validator(std::move(validator)); });
+}
+
 void TsText::setLookup(const LookupSettings& lookup) {
   write([&](tsText& c) {
     c.Browse(MakeBrowse(lookup));
