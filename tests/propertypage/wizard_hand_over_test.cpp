@@ -292,6 +292,15 @@ TEST_F(WizardHandOver, ASourceThatTheSystemDoesNotHaveIsNotChosen) {
   Work(u"btnSql", [&](auto&) { EXPECT_EQ(Its().Combo(u"cmbSistema").ListIndex(), -1); });
 }
 
+TEST_F(WizardHandOver, ADataControlOfItsOwnThatNamesNoneGivesWayToTheFirstThatDoes) {
+  dynamic_cast<memory::DataControl&>(*form->Controls(u"dcItens")).ConnectionString(u"Server=x");
+  dynamic_cast<memory::DataControl&>(*form->Controls(u"dcPedido"))
+      .ConnectionString(u"dsn={VENDAS}");
+  code->Let(u"DataSource", u"dcItens");
+  OpenPage();
+  Work(u"btnSql", [&](auto&) { EXPECT_EQ(Its().Combo(u"cmbSistema").Text(), u"Vendas"); });
+}
+
 // --- The columns alone
 
 class ColumnsHandOver : public WizardHandOver {
@@ -352,6 +361,40 @@ TEST_F(ColumnsHandOver, TheWizardShowsTheColumnsAndTheNames) {
     EXPECT_EQ(Its().intColAtual, 0);
     EXPECT_TRUE(Its().Button(u"btnConfirma").Enabled());
     EXPECT_TRUE(Its().Widget(u"lblCampoOutros").Visible());
+  });
+}
+
+TEST_F(ColumnsHandOver, AHiddenFirstColumnOfABrokenWidthStaysAsItIs) {
+  const auto first = Definition().cgrColGrid().Item(1);
+  first->Visible(false);
+  first->Width(900.5F);
+  OpenPage();
+  Work(u"btnGrid", [&](memory::Dialog& dialog) {
+    EXPECT_EQ(Its().Check(u"chk4GrdVisible").Value(), 0);
+    EXPECT_EQ(Its().Box(u"txt4GrdWidth").Text(), u"900,5");
+    EXPECT_FALSE(Its().Grid().Column(0).Visible());
+    EXPECT_EQ(Its().Grid().Column(0).Width(), 900.5F);
+    dialog.Click(u"btnConfirma");
+  });
+  EXPECT_FALSE(Definition().cgrColGrid().Item(1)->Visible());
+  EXPECT_EQ(Definition().cgrColGrid().Item(1)->Width(), 900.5F);
+}
+
+TEST_F(ColumnsHandOver, ARunAfterAFullOneThatWasLeftShowsTheDefinition) {
+  OpenPage();
+  Type(u"txtBrowseTable", u"");
+  Type(u"txtBrwCampo", u"");
+  Work(u"btnSql", [&](auto&) {
+    PutTables({u"Pedido"});
+    PutColumns({u"numero", u"data", u"valor", u"prazo"});
+    Its().strCampos = u"numero, data, valor, prazo";
+    Its().Grid().Column(0).Caption(u"numero");
+  });
+  Work(u"btnGrid", [&](auto&) {
+    EXPECT_EQ(Its().Grid().ColumnCount(), 3);
+    EXPECT_EQ(Its().Grid().Column(0).Caption(), u"Código");
+    EXPECT_EQ(FieldsOf(Its().cgrColGrid), (Names{u"codigo", u"nome", u"uf"}));
+    EXPECT_EQ(Its().strCampos, u"");
   });
 }
 
