@@ -180,8 +180,8 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Whether leaving the field looks its text up in the browse table.
   bool usaChecaRelacao() const;
   void setUsaChecaRelacao(bool v);
-  /// Adds a check of the program's, made when the field is left with a text that the operator wrote,
-  /// before the text is looked up. Not stored; empty for none.
+  /// Adds a check of the program's, made when the field is left with a text that the operator
+  /// wrote, before the text is looked up. Not stored; empty for none.
   void setValidator(tessaria::Validator validator);
   /// Outcome of the last check; true before the first one. A check that was skipped by cancelling,
   /// or that let a required field stay blank, leaves it unchanged.
