@@ -7,14 +7,17 @@
 namespace tessaria::wizard {
 namespace {
 
-/// Where the entry of a connection string that begins at `start` ends: a ";" between braces is a
-/// part of its value, and "}}" there stands for a brace.
+/// Where the entry of a connection string that begins at `start` ends. When its value begins with a
+/// brace, a ";" before the closing one is a part of the value, and "}}" there stands for a brace.
 std::size_t EndOfEntry(StringView text, std::size_t start) {
-  bool hasBraces = false;
-  bool isInside = false;
-  for (std::size_t at = start; at < text.size(); ++at) {
-    if (text[at] == u'{') hasBraces = isInside = true;
-    if (text[at] == u'}' && hasBraces) isInside = !isInside;
+  const std::size_t end = std::min(text.find(u';', start), text.size());
+  const std::size_t equals = text.find(u'=', start);
+  if (equals >= end) return end;
+  const std::size_t value = text.find_first_not_of(u' ', equals + 1);
+  if (value >= end || text[value] != u'{') return end;
+  bool isInside = true;
+  for (std::size_t at = value + 1; at < text.size(); ++at) {
+    if (text[at] == u'}') isInside = !isInside;
     if (text[at] == u';' && !isInside) return at;
   }
   return text.size();

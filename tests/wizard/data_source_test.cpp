@@ -22,6 +22,9 @@ TEST(DataSource, IsTheValueOfItsKey) {
       {u"PWD={a}};DSN=y};DSN={a;b}", u"a;b"},
       {u"DSN={a}}b}", u"a}b"},
       {u"PWD={never ends;DSN=y", u""},
+      {u"dsn = {Vendas} ;UID=a", u"Vendas"},
+      {u"PWD=a{b;DSN=Vendas", u"Vendas"},
+      {u"Option=3;;Dsn = Vendas", u"Vendas"},
       {u"", u""}};
   for (const auto& [text, source] : texts) EXPECT_EQ(wizard::DataSourceIn(text), source);
 }
