@@ -55,8 +55,10 @@ SqlNames::SqlNames(host::Connection& connection)
   const StringView searchPath = SearchPathOf(family_);
   if (searchPath.empty()) return;
   const auto rows = connection.Execute(String(searchPath));
-  for (; !rows->Eof(); rows->MoveNext())
-    searchPath_.push_back(CStr(rows->Fields().Item(Long{0})->Value()));
+  for (; !rows->Eof(); rows->MoveNext()) {
+    const Variant schema = rows->Fields().Item(Long{0})->Value();
+    if (!schema.IsNull()) searchPath_.push_back(CStr(schema));
+  }
 }
 
 bool SqlNames::NeedsQuotes(const String& bare) const {

@@ -51,12 +51,14 @@ class ScriptedDatabase final : public PassingConnection {
   /// By the name that a statement uses.
   std::map<String, std::vector<String>> fields;
   std::function<std::optional<memory::Rows>(const String& statement)> answer;
+  /// What SQL Server says of the user.
+  Variant defaultSchema = u"dbo";
   /// Makes the catalogue fail.
   std::optional<HostError> catalogueFault;
 
  private:
   std::optional<memory::Rows> Reply(const String& statement) const {
-    if (statement == u"Select SCHEMA_NAME()") return Columns({u"schema"}, {{u"dbo"}});
+    if (statement == u"Select SCHEMA_NAME()") return Columns({u"schema"}, {{defaultSchema}});
     const String start = u"Select * From ";
     const String end = u" Where 1 = Null";
     if (statement.starts_with(start) && statement.ends_with(end)) {

@@ -89,6 +89,12 @@ TEST_F(SqlNamesOf, OnSqlServerTheSchemaOfTheUserNeedsNoName) {
             (Names{u"Cliente", u"vendas.Pedido"}));
 }
 
+TEST_F(SqlNamesOf, AUserWithoutASchemaTakesTablesByTheirNames) {
+  database.defaultSchema = Variant::Null();
+  EXPECT_EQ(Of(u"Microsoft SQL Server").Tables({{u"dbo", u"Cliente", u"TABLE"}}),
+            Names{u"Cliente"});
+}
+
 TEST_F(SqlNamesOf, TheBareNameIsTheLastPart) {
   EXPECT_EQ(SqlNames::Bare(u"cliente"), u"cliente");
   EXPECT_EQ(SqlNames::Bare(u"vendas.cliente"), u"cliente");
