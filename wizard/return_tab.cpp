@@ -70,7 +70,7 @@ String ReturnTab::StatementName(Long column, bool acceptsAliases) const {
   if (acceptsAliases && at < wizard_.selected.size() &&
       SqlNames::Bare(wizard_.selected[at]) == field)
     return wizard_.selected[at];
-  return IsConnected(wizard_) ? wizard_.names.Name(field) : field;
+  return KnowsNames() ? wizard_.names.Name(field) : field;
 }
 
 /// With aliases accepted, the field of another table is another one.
@@ -80,11 +80,14 @@ bool ReturnTab::IsNamed(const String& text, const host::ListRow& field) const {
          SqlNames::Bare(text) == field.Text();
 }
 
-// Without a connection nobody knows which names need quotes: one that is there keeps its own.
+/// Whether the database has told which names need quotes; columns of a definition come without one.
+bool ReturnTab::KnowsNames() const { return !wizard_.selected.empty() || IsConnected(wizard_); }
+
+// While nobody knows which names need quotes, one that is there keeps its own.
 void ReturnTab::TakeName(StringView box) {
   const host::ListRow& field = SelectedRow(Fields());
   const bool isThere = SqlNames::Bare(wizard_.Box(box).Text()) == field.Text();
-  if (isThere && !IsConnected(wizard_)) return;
+  if (isThere && !KnowsNames()) return;
   wizard_.Box(box).Text(field.Tag);
 }
 

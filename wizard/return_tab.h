@@ -22,6 +22,7 @@ class ReturnTab {
     return StatementName(column, wizard_.AcceptsAliases());
   }
   String StatementName(Long column, bool acceptsAliases) const;
+  bool KnowsNames() const;
   bool IsNamed(const String& text, const host::ListRow& field) const;
   void TakeName(StringView box);
   void AddReturned();

@@ -28,10 +28,9 @@ void TablesTab::ListSources() {
 
 // What was picked stays; without a list the box keeps its former state.
 void TablesTab::AliasesClicked() {
-  if (!IsConnected(wizard_)) return;
   auto& box = wizard_.Check(u"chkAceitaApelidos");
   try {
-    CarregaTabelas(wizard_);
+    if (IsConnected(wizard_)) CarregaTabelas(wizard_);
   } catch (...) {
     box.Value(box.Value() == 0 ? 1 : 0);
     throw;

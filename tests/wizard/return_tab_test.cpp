@@ -242,6 +242,21 @@ TEST_F(WizardReturn, NamesThatWereTakenFollowTheBoxOfTheAliases) {
   });
 }
 
+TEST_F(WizardReturn, ALostConnectionChangesNothingInTheNamesOfRetrievedFields) {
+  RunReturn({u"Id", u"nome"}, {u"cliente.\"Id\"", u"cidade.nome"}, false, [&] {
+    database->Close();
+    TakeKey(u"Id");
+    EXPECT_EQ(Key(), u"\"Id\"");
+    GoTo(Tab::Tabelas);
+    Click(u"chkAceitaApelidos");
+    EXPECT_EQ(Key(), u"cliente.\"Id\"");
+    GoTo(Tab::Retorno);
+    TakeSibling(u"nome");
+    EXPECT_EQ(Sibling(), u"cidade.nome");
+    ExpectNoBox();
+  });
+}
+
 TEST_F(WizardReturn, AConcatenatedFieldKeepsItsNameUnderBothRules) {
   RunReturn({u"id", u"cepfmt"}, {u"cliente.id", u"cliente.cep || '' as cepfmt"}, true, [&] {
     TakeKey(u"cepfmt");
