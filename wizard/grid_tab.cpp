@@ -147,7 +147,7 @@ void GridTab::ListColumns(host::Fields& fields) {
 // Without columns there is nothing that the boxes could set.
 void GridTab::EnableColumnBoxes() {
   for (const StringView box : {kColumnCaption, kColumnWidth, kColumnMask, kColumnVisible})
-    wizard_.Widget(box).Enabled(wizard_.cgrColGrid.Count() > 0);
+    wizard_.Widget(box).Enabled(HasColumns());
 }
 
 // --- Settings of a column ------------------------------------------------------------------------
@@ -175,11 +175,12 @@ void GridTab::ShowColumn(const ColunaGrid& column, const String& width) {
   wizard_.Check(kColumnVisible).Value(visible ? 1 : 0);
 }
 
-// Settings that are being typed are stored before another column comes into the boxes.
+// Settings that are being typed are stored before another column comes into the boxes. A preview
+// can outlive its columns, and its headings then have nothing to choose.
 void GridTab::HeadClick(Long position) {
   wizard_.Grid().SetFocus();
   App().DoEvents();
-  ChooseColumn(position);
+  if (HasColumns()) ChooseColumn(position);
 }
 
 void GridTab::ChooseColumn(Long position) {
@@ -190,7 +191,8 @@ void GridTab::ChooseColumn(Long position) {
 }
 
 void GridTab::ColResize(Long position) {
-  wizard_.cgrColGrid.Item(position + 1)->Width(Whole(wizard_.Grid().Column(position).Width()));
+  if (HasColumns())
+    wizard_.cgrColGrid.Item(position + 1)->Width(Whole(wizard_.Grid().Column(position).Width()));
   HeadClick(position);
 }
 

@@ -23,6 +23,7 @@ class GridTab {
   void ShowPreview(const host::RecordsetPtr& rows);
   void ListColumns(host::Fields& fields);
   void EnableColumnBoxes();
+  bool HasColumns() const { return wizard_.cgrColGrid.Count() > 0; }
 
   void ChooseColumn(Long position);
   void HeadClick(Long position);

@@ -386,12 +386,28 @@ TEST_F(WizardGrid, AWidthThatIsDraggedIsKept) {
 TEST_F(WizardGrid, AHeadingWithoutAColumnIsAnErrorAndTheChoiceStays) {
   RunRetrieved({u"Codigo", u"Nome"}, [&] {
     Definitions().Clear();
+    Definitions().Add(u"Codigo", u"Codigo", u"", 900, true);
     window->ClickHeader(u"grdWizard", 1);
     ExpectUnhandled(errors::SubscriptOutOfRange);
     EXPECT_EQ(Parts().intColAtual, 0);
-    Type(u"txt4GrdCaption", u"x");
-    ExpectUnhandled(errors::SubscriptOutOfRange);
-    EXPECT_EQ(Preview(0).Caption(), u"Codigo");
+    EXPECT_EQ(Combo(u"cmb4Coluna").Text(), u"Codigo");
+  });
+}
+
+TEST_F(WizardGrid, HeadingsThatOutliveTheirColumnsChooseNothing) {
+  RunRetrieved({u"Codigo", u"Nome"}, [&] {
+    Definitions().Clear();
+    Parts().OnColumns();
+    window->ClickHeader(u"grdWizard", 1);
+    window->ResizeColumn(u"grdWizard", 1, 2000);
+    EXPECT_EQ(window->Focused(), u"grdWizard");
+    EXPECT_EQ(Parts().intColAtual, 0);
+    for (const StringView box : kBoxes) EXPECT_FALSE(IsEnabled(box));
+    EXPECT_TRUE(Choices(u"cmb4Coluna").empty());
+    ExpectNoBox();
+    Click(u"btn4Retrieve");
+    EXPECT_EQ(Definitions().Count(), 2);
+    for (const StringView box : kBoxes) EXPECT_TRUE(IsEnabled(box));
   });
 }
 
