@@ -123,6 +123,18 @@ TEST_F(WizardHandOver, VoltarCopiesNothingAndKeepsTheWizard) {
   });
 }
 
+TEST_F(WizardHandOver, TheNextOpeningOffersTheSiblingsOfTheFieldThatOpensIt) {
+  OpenPage();
+  Work(u"btnSql", [&](auto&) { PutTables({u"Cliente"}); });
+  description->Let(u"TipoControle", Long{1});
+  Open({description});
+  surface->ClickTab(u"tabPropriedade", 1);
+  Work(u"btnSql", [&](auto&) {
+    EXPECT_EQ(RowsOf(u"cmb6Objeto"), (Names{u"codCliente", u"txtValor", u"desCliente"}));
+    EXPECT_EQ(Its().List(u"lst1TabSel").Count(), 1) << "the wizard is as it was";
+  });
+}
+
 TEST_F(WizardHandOver, ClosingByTheFrameCopiesNothingAndDropsTheWizard) {
   OpenPage();
   Work(u"btnSql", [&](memory::Dialog& dialog) {

@@ -15,11 +15,15 @@ class FaultyRows final : public host::Recordset {
   host::RecordsetPtr real;
   bool failsMoveNext = false;
   bool failsFind = false;
+  bool failsNextFields = false;  ///< once
 
   Long State() const override { return real->State(); }
   bool Bof() const override { return real->Bof(); }
   bool Eof() const override { return real->Eof(); }
-  host::Fields& Fields() override { return real->Fields(); }
+  host::Fields& Fields() override {
+    if (std::exchange(failsNextFields, false)) Fail();
+    return real->Fields();
+  }
   Long RecordCount() override { return real->RecordCount(); }
   Long AbsolutePosition() const override { return real->AbsolutePosition(); }
   void MoveFirst() override { real->MoveFirst(); }

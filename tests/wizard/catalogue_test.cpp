@@ -113,6 +113,21 @@ TEST_F(WizardCatalogue, AFailureToConnectIsToldAndCanBeTriedAgain) {
   });
 }
 
+TEST_F(WizardCatalogue, AfterAFailureAnotherSourceIsOpened) {
+  database->Memory().FailNext(HostError(errors::ProviderError, u"Servidor fora do ar"));
+  Run([&] {
+    Connect();
+    EXPECT_EQ(app.TakeBoxes().size(), 1U);
+    Choose(u"cmbSistema", u"Compras");
+    Click(u"btnConectar");
+    ExpectNoBox();
+    EXPECT_EQ(database->ConnectionString(), u"DSN=Compras");
+    EXPECT_EQ(database->State(), host::state::Open);
+    EXPECT_EQ(RowsOf(u"lst1TabTodas"), (Rows{u"Cliente", u"Cidade"}));
+    EXPECT_FALSE(IsEnabled(u"btnConectar"));
+  });
+}
+
 TEST_F(WizardCatalogue, ACatalogueThatCannotBeReadIsAFailureToConnect) {
   database->catalogueFault = HostError(errors::ProviderError, u"Sem permissão");
   Run([&] {

@@ -278,6 +278,24 @@ TEST_F(WizardFields, TheOperatorIsThatOfTheWizardsConnection) {
   }
 }
 
+TEST_F(WizardFields, WithoutTheNameOfTheDatabaseNothingIsLost) {
+  RunFields({u"Cliente"}, [&] {
+    AddPiece(u"Nome");
+    AddPiece(u"Cep");
+    MaskPiece(u"##-#");
+    database->propertyFault = HostError(errors::InvalidConnection);
+    Create(u"Junto");
+    ExpectUnhandled(errors::InvalidConnection);
+    EXPECT_TRUE(Columns().empty());
+    EXPECT_EQ(Pieces(), (Rows{u"Nome", u"Cep"}));
+    EXPECT_EQ(TagsOf(u"lst3Concatena"), (Rows{u"", u"##-#"}));
+    EXPECT_EQ(Text(u"txt3ConcNome"), u"Junto");
+    database->propertyFault.reset();
+    Click(u"btn3CriaConcatena");
+    EXPECT_EQ(Columns(), (Rows{u"Nome & Mid(Cep,  1,  2) & '-' & Mid(Cep,  3,  1) & '' as Junto"}));
+  });
+}
+
 TEST_F(WizardFields, AMaskIsAppliedToANumberToo) {
   RunFields({u"Cliente"}, [&] {
     AddPiece(u"Cep");

@@ -1,6 +1,7 @@
 // The statement is tried, and its columns are set.
 #include "wizard/grid_tab.h"
 
+#include "tests/support/faulty_rows.h"
 #include "tests/support/printers.h"
 #include "tests/wizard/wizard_fixture.h"
 
@@ -294,6 +295,49 @@ TEST_F(WizardGrid, AStatementWithoutFieldsLeavesTheColumnsAlone) {
     Click(u"btn4Retrieve");
     ExpectNoBox();
     EXPECT_EQ(Definitions().Count(), 1);
+  });
+}
+
+/// The rows of a tried statement are those that a test supplies.
+class FaultyTry final : public PassingConnection {
+ public:
+  FaultyTry(host::ConnectionPtr real, std::shared_ptr<FaultyRows> rows)
+      : PassingConnection(std::move(real)), rows_(std::move(rows)) {}
+
+  host::RecordsetPtr Execute(const String& statement) override {
+    auto answer = real_->Execute(statement);
+    if (statement.starts_with(u"Select * From ")) return answer;
+    rows_->real = std::move(answer);
+    return rows_;
+  }
+
+ private:
+  std::shared_ptr<FaultyRows> rows_;
+};
+
+TEST_F(WizardGrid, APreviewThatCannotShowTheRowsStillGetsTheirColumns) {
+  const auto rows = std::make_shared<FaultyRows>();
+  app.OnNewConnection = [&] { return std::make_shared<FaultyTry>(database, rows); };
+  RunRetrieved({u"Codigo", u"Nome"}, [&] {
+    rows->failsNextFields = true;
+    Click(u"btn4Retrieve");
+    EXPECT_FALSE(rows->failsNextFields);
+    ExpectNoBox();
+    EXPECT_EQ(Captions(), (Rows{u"Codigo", u"Nome"}));
+    EXPECT_EQ(Definitions().Count(), 2);
+    EXPECT_EQ(Parts().dcWizard, rows);
+    EXPECT_TRUE(IsTabEnabled(Tab::Ordem));
+  });
+}
+
+TEST_F(WizardGrid, AColumnThatCannotBeRemovedBecomesTheFirst) {
+  RunRetrieved({u"Codigo", u"Nome"}, [&] {
+    window->Find<memory::DataGrid>(u"grdWizard").keepsLastColumn = true;
+    Click(u"btn4Retrieve");
+    ExpectNoBox();
+    EXPECT_EQ(Captions(), (Rows{u"Codigo", u"Nome"}));
+    EXPECT_EQ(Definitions().Count(), 2);
+    EXPECT_EQ(Definitions().Item(1)->Campo(), u"Codigo");
   });
 }
 

@@ -233,6 +233,23 @@ TEST_F(LinksWithAliases, WithoutAForeignKeyTheFirstFieldsAreSelected) {
   });
 }
 
+TEST_F(LinksWithAliases, ForeignKeysThatCannotBeReadAreAnErrorAndTheLinkIsMadeByHand) {
+  database->answer = nullptr;
+  RunLinked({u"cliente", u"cidade"}, [&] {
+    ChooseTables(u"cliente", u"cidade");
+    ExpectUnhandled(errors::ProviderError);
+    EXPECT_EQ(window->UnhandledErrors().size(), 1U);
+    EXPECT_EQ(Parts().Label(u"lblEstado").Caption(),
+              u"Não foi possível ler as chaves estrangeiras.");
+    EXPECT_FALSE(desktop->IsBusy());
+    EXPECT_EQ(Selected(u"lst2CmpPai"), u"codigo") << "the fields are there";
+    EXPECT_EQ(Selected(u"lst2CmpFilho"), u"codigo");
+    Select(u"lst2CmpPai", u"codcidade");
+    Click(u"btn2LnkAdiciona");
+    EXPECT_EQ(Links(), (Rows{u"cidade.codigo=cliente.codcidade"}));
+  });
+}
+
 TEST_F(LinksWithAliases, OtherDatabasesTellOfNoForeignKeys) {
   database->Memory().SetProperty(u"DBMS Name", u"ACCESS");
   RunLinked({u"cliente", u"cidade"}, [&] {

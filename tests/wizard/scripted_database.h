@@ -37,6 +37,11 @@ class ScriptedDatabase final : public PassingConnection {
     return Catalogue();
   }
 
+  Variant Properties(const String& name) const override {
+    if (propertyFault) throw HostError(*propertyFault);
+    return PassingConnection::Properties(name);
+  }
+
   memory::Connection& Memory() { return static_cast<memory::Connection&>(*real_); }
 
   static memory::Rows Columns(const std::vector<String>& names,
@@ -55,6 +60,8 @@ class ScriptedDatabase final : public PassingConnection {
   Variant defaultSchema = u"dbo";
   /// Makes the catalogue fail.
   std::optional<HostError> catalogueFault;
+  /// Makes the database tell nothing of itself.
+  std::optional<HostError> propertyFault;
 
  private:
   std::optional<memory::Rows> Reply(const String& statement) const {

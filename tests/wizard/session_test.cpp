@@ -105,6 +105,13 @@ class WizardSession : public SessionTest {
     Search(N(u"Cliente"), N(u"Codigo"), {u"=", u"codCliente", u"Numerico"});
     Search(N(u"Cliente"), N(u"Nome"), {u">=", u"desCliente", u"String"});
   }
+  /// All tabs up to the retrieve.
+  void Retrieve() {
+    PickTables();
+    PickFields();
+    GoTo(Tab::Grid);
+    Click(u"btn4Retrieve");
+  }
   void NameFields() {
     GoTo(Tab::Retorno);
     TakeField(u"Codigo", u"btn7CmpChaveInc");
@@ -187,6 +194,68 @@ TEST_F(WizardSession, ASecondRunStartsEmpty) {
   EXPECT_EQ(Columns().size(), 4U) << "a run that was given up copies nothing";
 }
 
+TEST_F(WizardSession, ARefusedRetrieveHandsItsTextsOverWithTheFormerColumns) {
+  Speak(kAccess);
+  RunFromPage([&] {
+    Retrieve();
+    NameFields();
+    GoTo(Tab::Campos);
+    Include(u"Cliente", {u"CodCidade"});
+    GoTo(Tab::Grid);
+    Click(u"btn4Retrieve");
+    EXPECT_EQ(app.TakeBoxes().size(), 1U);
+    Click(u"btnConfirma");
+  });
+  ExpectNoBox();
+  EXPECT_EQ(PageText(u"txtBrwCampo"), u"Codigo");
+  EXPECT_EQ(PageText(u"txtBrwCampoOutros"),
+            u"Cidade.Descricao, " + String(kAccess.concatenated) + u", Cliente.CodCidade");
+  EXPECT_EQ(PageText(u"txtBrwLeftJoin"), From());
+  EXPECT_EQ(Columns().size(), 4U);
+}
+
+TEST_F(WizardSession, AliasesAcceptedAfterTheKeyWasTakenQualifyIt) {
+  Speak(kAccess);
+  RunFromPage([&] {
+    Retrieve();
+    NameFields();
+    GoTo(Tab::Tabelas);
+    Click(u"chkAceitaApelidos");
+    Click(u"btnConfirma");
+  });
+  ExpectNoBox();
+  EXPECT_EQ(PageText(u"txtBrwCampo"), u"Cliente.Codigo");
+  EXPECT_EQ(PageText(u"txtBrwCampoIrmao"), u"Cliente.Nome");
+  EXPECT_EQ(PageText(u"txtBrwCampoOutros"), u"Cidade.Descricao, " + String(kAccess.concatenated));
+}
+
+TEST_F(WizardSession, TheColumnsOfADefinitionReplaceThoseThatWereRetrieved) {
+  Speak(kAccess);
+  RunFromPage([&] { Retrieve(); });
+  Definition().cgrColGrid().Add(u"uf", u"Estado", u"", 600, true);
+  Definition().cgrColGrid().Add(u"nome", u"Nome", u">", 900, true);
+  surface->ClickTab(u"tabPropriedade", 0);
+  surface->ClickTab(u"tabPropriedade", 1);
+  WillWork([&] {
+    EXPECT_EQ(window->Find<memory::DataGrid>(u"grdWizard").Captions(), (Rows{u"Estado", u"Nome"}));
+    ChooseColumn(1);
+    EXPECT_EQ(Text(u"txt4GrdWidth"), u"900");
+    Type(u"txt4GrdCaption", u"Sigla");
+    GoTo(Tab::Retorno);
+    EXPECT_EQ(RowsOf(u"lst7Cmp"), (Rows{u"uf", u"nome"}));
+  });
+  surface->Click(u"btnGrid");
+  EXPECT_EQ(Columns(), (Rows{u"uf|Estado||600|1", u"nome|Nome|>|900|1"})) << "given up";
+  RunFromPage([&] {
+    EXPECT_EQ(Front(), Tab::Tabelas);
+    EXPECT_FALSE(IsTabEnabled(Tab::Ordem)) << "nothing is retrieved any more";
+    GoTo(Tab::Grid);
+    Click(u"btn4Retrieve");
+    EXPECT_EQ(Parts().cgrColGrid.Count(), 4);
+  });
+  ExpectNoBox();
+}
+
 // --- Names of today: "_", "id" in every table, a view, a table joined to itself
 
 class WizardSessionOfToday : public SessionOfToday {
@@ -228,6 +297,26 @@ TEST_F(WizardSessionOfToday, TheSameByKeyboardAlone) {
   hands = Hands::Keyboard;
   RunAll();
   ExpectOnPage();
+}
+
+// The sibling is of another table, whose fields are not cut without aliases.
+TEST_F(WizardSessionOfToday, AliasesRefusedAfterTheKeyWasTakenLeaveBareNames) {
+  RunFromPage([&] {
+    PickTables();
+    LinkTables();
+    PickFields();
+    FinishTabs();
+    GoTo(Tab::Tabelas);
+    Click(u"chkAceitaApelidos");
+    Click(u"btnConfirma");
+  });
+  ExpectNoBox();
+  EXPECT_EQ(PageText(u"txtBrwCampo"), u"id");
+  EXPECT_EQ(PageText(u"txtBrwCampoIrmao"), u"nome");
+  EXPECT_EQ(PageText(u"txtBrwCampoOutros"),
+            u"pedido_item.descricao, pedido_item.\"Obs\", pessoa.nome, saldo_pedido.total, "
+            u"Str(pedido_item.preco) || ' - ' || chefe.nome as rotulo");
+  EXPECT_EQ(PageText(u"txtBrwLeftJoin"), kFrom);
 }
 
 TEST_F(WizardSessionOfToday, WithoutAliasesSuchNamesAreLeftOut) {

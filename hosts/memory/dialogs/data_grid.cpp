@@ -62,7 +62,10 @@ host::GridColumn& DataGrid::AddColumn(Long position) {
   return **columns_.insert(at, std::make_unique<FieldColumn>());
 }
 
-void DataGrid::RemoveColumn(Long position) { columns_.erase(columns_.begin() + Index(position)); }
+void DataGrid::RemoveColumn(Long position) {
+  if (keepsLastColumn && ColumnCount() == 1) throw HostError(errors::InvalidPropertyValue);
+  columns_.erase(columns_.begin() + Index(position));
+}
 
 bool DataGrid::OwnKey(const Stroke& stroke) {
   if (!rows_ || stroke.Shift != modifier::None) return false;

@@ -36,6 +36,9 @@ class TESSARIA_MEMORY_API DataGrid final : public DialogItemOf<host::DataGrid> {
   /// How often the current row was to be shown.
   int Looks() const { return looks_; }
 
+  /// A fault on demand: the last column that is left cannot be removed, which is error 380.
+  bool keepsLastColumn = false;
+
  private:
   class FieldColumn;
   std::ptrdiff_t Index(Long position) const;
