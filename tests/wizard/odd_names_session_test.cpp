@@ -1,7 +1,6 @@
 // Names with accents, capitals, blanks and quotes, from the list of tables to a lookup that runs.
-#include "tessaria/error.h"
 #include "tests/support/printers.h"
-#include "tests/wizard/server_connection.h"
+#include "tests/wizard/running_lookup.h"
 #include "tests/wizard/session_fixture.h"
 
 namespace tessaria::test {
@@ -43,17 +42,6 @@ class OddNames : public SessionTest {
     });
     ExpectNoBox();
   }
-  /// The cells of the first row of the list, for a date on the form.
-  Rows FirstRow(const String& date) {
-    const auto rows = server->Execute(
-        u"Select " + PageText(u"txtBrwCampo") + u", " + PageText(u"txtBrwCampoIrmao") + u", " +
-        PageText(u"txtBrwCampoOutros") + u" From " + PageText(u"txtBrowseTable") + u" Where " +
-        Replace(PageText(u"txtBrwWhere"), u"@desCliente@", date));
-    Rows cells;
-    for (Long i = 0; !rows->Eof() && i < rows->Fields().Count(); ++i)
-      cells.push_back(CStr(rows->Fields().Item(i)->Value()));
-    return cells;
-  }
 
   host::ConnectionPtr server;
 };
@@ -70,9 +58,18 @@ TEST_F(OddNames, ReachThePageAsTheServerTakesThem) {
 
 TEST_F(OddNames, RunOnceTheServerHasTheFunctionForDates) {
   RunAll();
-  EXPECT_THROW(FirstRow(u"01/02/2026"), HostError) << "the server has no cDate of its own";
+  page->PropertyPage_ApplyChanges();
+  RunningLookup lookup(*code, *desktop);
+  lookup.Run(u"01/02/2026");
+  EXPECT_EQ(lookup.first, Rows()) << "the server has no cDate of its own";
+  EXPECT_EQ(app.TakeBoxes().size(), 1U);
   AddWizardFunctions();
-  EXPECT_EQ(FirstRow(u"01/02/2026"), (Rows{u"2", u"Parafuso", u"Rui"}));
+  lookup.Run(u"01/02/2026");
+  ExpectNoBox();
+  EXPECT_EQ(lookup.headings, (Rows{u"Código", u"nome da \"peça\"", u"user"}));
+  EXPECT_EQ(lookup.first, (Rows{u"2", u"Parafuso", u"Rui"}));
+  EXPECT_EQ(lookup.Key(), u"2");
+  EXPECT_EQ(CStr(lookup.ReturnField(1)), u"Rui");
 }
 
 }  // namespace
