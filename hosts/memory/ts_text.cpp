@@ -100,19 +100,19 @@ TsText::TsText(String name) : PartWith(std::move(name), u"tsText") {
 
 TsText::TsText(String name, const host::PropertyBag& stored)
     : PartWith(std::move(name), u"tsText") {
-  Load(stored);
+  LoadFrom(stored);
 }
 
 TsText::TsText(const FieldSettings& settings) : PartWith(settings.name, u"tsText") {
   PropertyBag bag;
   WriteSettings(settings, bag);
-  Load(bag);
+  LoadFrom(bag);
   core_->Validator(settings.validator);
 }
 
 TsText::~TsText() { Terminate(); }
 
-void TsText::Load(const host::PropertyBag& stored) {
+void TsText::LoadFrom(const host::PropertyBag& stored) {
   Create();
   core_->UserControl_ReadProperties(stored);
   core_->UserControl_Resize();

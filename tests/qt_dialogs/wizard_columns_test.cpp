@@ -16,7 +16,7 @@ const String kLongName(40, u'M');
 class WizardColumns : public WizardWindow {
  protected:
   WizardColumns() {
-    database->answer = [this](const String&) -> std::optional<memory::Rows> {
+    database->answer = [](const String&) -> std::optional<memory::Rows> {
       return test::ScriptedDatabase::Columns({u"Codigo", kLongName});
     };
   }

@@ -92,7 +92,7 @@ class TESSARIA_MEMORY_API TsText final : public PartWith<host::TsTextWidget> {
 
   /// What the constructors share, before the control's own start values.
   void Create();
-  void Load(const host::PropertyBag& stored);
+  void LoadFrom(const host::PropertyBag& stored);
   bool HasFocus() const;
   ExitVerdict Exit();
   void FocusInner(Inner inner);
