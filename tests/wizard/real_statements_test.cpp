@@ -40,8 +40,8 @@ class StatementsOnAServer : public SessionTest {
          {u"create table pais (sigla char(2) primary key, idioma text)",
           u"create table estado (uf char(2) primary key, capital text, pais char(2))",
           u"create table cidade (numero int primary key, descricao text, uf char(2))",
-          u"create table cliente (codigo int primary key, nome text, cidade int, cep text,"
-          u" limite numeric(9, 2), desde date)",
+          u"create table cliente (codigo int primary key, nome text, cidade int, cep text)",
+          u"alter table cliente add limite numeric(9, 2), add desde date",
           u"insert into pais values ('BR', 'Português')",
           u"insert into estado values ('MG', 'Belo Horizonte', 'BR')",
           u"insert into cidade values (31, 'Contagem', 'MG')",
