@@ -73,18 +73,25 @@ void Line::Check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle) {
 }
 
 void Line::Running(std::shared_ptr<StatementHandle> statement) {
-  const std::lock_guard lock(runningMutex_);
+  const std::lock_guard lock(statementsMutex_);
   running_.swap(statement);
   if (driverCancel_) driverCancel_->Running(running_ ? running_->get() : SQL_NULL_HSTMT);
 }
 
 void Line::CancelRunning() noexcept {
-  std::unique_lock lock(runningMutex_);
+  std::unique_lock lock(statementsMutex_);
   const auto running = running_;
   const SQLHSTMT ofDriver = driverCancel_ ? driverCancel_->Running() : SQL_NULL_HSTMT;
   lock.unlock();
   if (!running) return;
   driverCancel_ ? driverCancel_->Cancel(ofDriver) : void(SQLCancel(running->get()));
+}
+
+// The program's own line is freed by the program, and nothing of it is left to itself.
+void Line::Release(std::shared_ptr<StatementHandle> statement) {
+  if (IsLent() || !lost_) return;
+  const std::lock_guard lock(statementsMutex_);
+  released_.push_back(std::move(statement));
 }
 
 void Line::NoteLoss(const DriverError& error) noexcept {

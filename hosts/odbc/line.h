@@ -6,6 +6,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <vector>
 
 #include "hosts/odbc/driver_cancel.h"
 #include "hosts/odbc/handles.h"
@@ -37,6 +38,9 @@ class Line {
   /// freed while it is cancelled, and nobody waits for that.
   void Running(std::shared_ptr<StatementHandle> statement);
   void CancelRunning() noexcept;
+  /// A statement that nobody uses any more. It is freed: at once, or with the line when that is
+  /// lost, because the driver manager would let it wait for a call that was left.
+  void Release(std::shared_ptr<StatementHandle> statement);
 
   /// Of a connection of the program: error 3709 when it is not connected.
   void RequireConnected();
@@ -60,8 +64,9 @@ class Line {
   bool rereads_ = false;
   mutable std::atomic<bool> lost_ = false;
   Long statementTimeout_ = 0;
-  std::mutex runningMutex_;
+  std::mutex statementsMutex_;
   std::shared_ptr<StatementHandle> running_;
+  std::vector<std::shared_ptr<StatementHandle>> released_;
 };
 
 }  // namespace tessaria::odbc

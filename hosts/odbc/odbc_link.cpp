@@ -13,7 +13,8 @@ namespace tessaria::odbc {
 
 namespace {
 
-constexpr Long kCancelTimeout = 5;  // seconds, to connect
+// To connect, for a request to cancel that nobody waits for any more.
+constexpr std::chrono::seconds kLateLogin = 2 * sql::kSilence;
 
 // Prepared statements of the driver outlive their transaction.
 String ForScope(const String& connectionString, sql::SettingsScope scope) {
@@ -24,7 +25,7 @@ String ForScope(const String& connectionString, sql::SettingsScope scope) {
 // The statement goes on to its own end or time-out when the server cannot be asked.
 void AskToCancel(const String& connectionString, const String& process) noexcept {
   try {
-    OdbcStatement request(std::make_shared<Line>(connectionString, kCancelTimeout));
+    OdbcStatement request(std::make_shared<Line>(connectionString, Long(kLateLogin.count())));
     request.Run(u"SELECT pg_cancel_backend(pid) FROM pg_stat_activity WHERE pid = " + process);
   } catch (...) {
   }
@@ -59,27 +60,25 @@ void OdbcLink::NoteProcess() {
   serverProcess_ = std::move(process);
 }
 
-// Whether the request is over in its time.
 bool OdbcLink::RequestCancel() {
-  constexpr std::chrono::seconds kTime(kCancelTimeout);
   if (!line_->IsPostgres() || line_->IsLent())
-    return sql::IsOverWithin(kTime, [line = line_] { line->CancelRunning(); });
+    return sql::IsOverWithin(sql::kSilence, [line = line_] { line->CancelRunning(); });
   String process;
   {
     const std::lock_guard lock(processMutex_);
     process = serverProcess_;
   }
-  return sql::IsOverWithin(2 * kTime,
+  return sql::IsOverWithin(sql::kSilence,
                            [text = connectionString_, process] { AskToCancel(text, process); });
 }
 
 // The driver manager lets only one call of a connection through at a time, so that SQLCancel would
 // wait for the statement that it is to cancel. Another connection can ask PostgreSQL.
-void OdbcLink::Cancel() noexcept {
+bool OdbcLink::Cancel() noexcept {
   try {
-    if (!RequestCancel()) line_->Lose();
+    return RequestCancel();
   } catch (...) {
-    // The statement goes on to its own end or time-out.
+    return true;  // the statement goes on to its own end or time-out
   }
 }
 
@@ -88,7 +87,7 @@ sql::ServerFacts OdbcLink::Facts() {
           Trim(line_->InfoText(SQL_IDENTIFIER_QUOTE_CHAR))};
 }
 
-sql::StatementPtr OdbcLink::NewStatement() { return std::make_unique<OdbcStatement>(line_); }
+sql::StatementPtr OdbcLink::NewStatement() { return std::make_shared<OdbcStatement>(line_); }
 
 void OdbcLink::AutoCommit(bool on) {
   const SQLULEN value = on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;

@@ -22,7 +22,8 @@ class OdbcLink final : public sql::Link {
   sql::StatementPtr NewStatement() override;
   bool IsLost() const noexcept override { return line_->IsLost(); }
   void StatementTimeout(Long seconds) override { line_->StatementTimeout(seconds); }
-  void Cancel() noexcept override;
+  bool Cancel() noexcept override;
+  void GiveUp() noexcept override { line_->Lose(); }
   void Begin() override { AutoCommit(false); }
   void Commit() override { End(SQL_COMMIT); }
   void Rollback() override { End(SQL_ROLLBACK); }

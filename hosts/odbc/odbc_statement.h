@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "hosts/odbc/block_reader.h"
 #include "hosts/odbc/line.h"
@@ -13,6 +14,9 @@ namespace tessaria::odbc {
 class OdbcStatement final : public sql::Statement {
  public:
   explicit OdbcStatement(std::shared_ptr<Line> line);
+  OdbcStatement(const OdbcStatement&) = delete;
+  OdbcStatement& operator=(const OdbcStatement&) = delete;
+  ~OdbcStatement() override { line_->Release(std::move(handle_)); }
 
   void Run(const String& text) override;
   std::int64_t RunWith(const String& text, const std::vector<sql::Parameter>& values) override;

@@ -37,7 +37,7 @@ sql::ServerFacts PgLink::Facts() {
   return {u"PostgreSQL", VersionText(PQserverVersion(wire_->Get())), u"\""};
 }
 
-sql::StatementPtr PgLink::NewStatement() { return std::make_unique<PgStatement>(wire_); }
+sql::StatementPtr PgLink::NewStatement() { return std::make_shared<PgStatement>(wire_); }
 
 // The failure of results that have not been read yet belongs to their reader.
 Result PgLink::End(const char* command) {

@@ -20,7 +20,8 @@ class PgLink final : public sql::Link {
   bool IsLost() const noexcept override { return wire_->IsLost(); }
   /// The server bounds the time of its statements itself.
   void StatementTimeout(Long) override {}
-  void Cancel() noexcept override { wire_->Cancel(); }
+  bool Cancel() noexcept override { return wire_->Cancel(); }
+  void GiveUp() noexcept override { wire_->GiveUp(); }
   void Begin() override { wire_->Ask("BEGIN"); }
   void Commit() override;
   void Rollback() override { End("ROLLBACK"); }

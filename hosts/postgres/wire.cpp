@@ -38,9 +38,6 @@ PGconn* Connect(const ConnectionOptions& options, Long timeout) {
   return PQconnectdbParams(names.data(), values.data(), options.isWhole ? 1 : 0);
 }
 
-// A request to cancel that takes longer will hardly come.
-constexpr std::chrono::seconds kCancelTimeout{5};
-
 // The library gives no SQLSTATE for a connection that could not be opened.
 constexpr const char* kRefusalState = "08001";
 
@@ -96,13 +93,15 @@ void Wire::RequireFree() {
 
 // The library waits without a bound until the server has signalled the process that runs the
 // statement.
-void Wire::Cancel() noexcept {
-  const auto ask = [cancel = cancel_] {
+bool Wire::Cancel() noexcept {
+  return sql::IsOverWithin(sql::kSilence, [cancel = cancel_] {
     char reason[256];
     PQcancel(cancel.get(), reason, sizeof reason);
-  };
-  if (sql::IsOverWithin(kCancelTimeout, ask)) return;
-  lost_ = true;  // a late answer would meet another statement
+  });
+}
+
+void Wire::GiveUp() noexcept {
+  lost_ = true;
   if (!connection_.get_deleter().isLent) EndLine(PQsocket(Get()));
 }
 

@@ -47,8 +47,9 @@ class Wire {
   void RequireFree();
   /// What is known about tables on this connection.
   KnownTables& Tables() { return tables_; }
-  /// Asks the server to give up what runs. The only call for another thread.
-  void Cancel() noexcept;
+  /// Both as the link's. The only calls for another thread.
+  bool Cancel() noexcept;
+  void GiveUp() noexcept;
 
   /// Takes the results that a batch still expects, so that something else can be sent. The batch
   /// keeps them for its reader, and a failure among them too. It is raised here as well: it has

@@ -88,7 +88,7 @@ class BeginFailsLink final : public sql::test::CountingLink {
   explicit BeginFailsLink(PGconn* connection)
       : CountingLink(std::make_shared<postgres::PgLink>(connection, nullptr), Unused()) {}
   sql::StatementPtr NewStatement() override {
-    return std::make_unique<BeginFails>(CountingLink::NewStatement(), Unused());
+    return std::make_shared<BeginFails>(CountingLink::NewStatement(), Unused());
   }
 
  private:

@@ -110,8 +110,7 @@ TEST_F(WizardServer, ASilentServerIsWaitedForNoLongerThanTheLoginTimeOut) {
   });
 }
 
-// The driver ends a statement on a silent line only with the line.
-TEST_F(WizardServer, AServerThatFallsSilentLeavesTheWindowAliveUntilItsLineEnds) {
+TEST_F(WizardServer, AServerThatFallsSilentIsGivenUpAndTheNextActionConnectsAgain) {
   run([&] {
     connect();
     hands->ClickRow(u"lst1TabTodas", 2);
@@ -122,17 +121,30 @@ TEST_F(WizardServer, AServerThatFallsSilentLeavesTheWindowAliveUntilItsLineEnds)
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, [&] {
       if (parts().Label(u"lblEstado").Caption() != u"Lendo os campos de cliente...") return;
-      if (++looks == 10) proxy_->CutNow();
+      if (++looks == 5) press(*window, Qt::Key_Escape);
     });
     watch.start(100);
+    QElapsedTimer timer;
+    timer.start();
     hands->Choose(u"cmb3Tab", 0);
     watch.stop();
-    EXPECT_GE(looks, 10);
-    EXPECT_EQ(boxes_.boxes().size(), 1U);
+    EXPECT_LT(timer.elapsed(), 10000);
+    EXPECT_GT(looks, 30) << "the window is alive all the time";
+    ASSERT_EQ(boxes_.boxes().size(), 1U);
+    EXPECT_TRUE(boxes_.boxes()[0].text.contains(
+        QString::fromUtf8("O servidor parou de responder, e a conexão com ele foi abandonada.")));
     EXPECT_EQ(boxes_.boxes()[0].owner, QStringLiteral("frmMontaSql"));
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(parts().Label(u"lblEstado").Caption(), u"Não foi possível ler os campos de cliente.");
+    EXPECT_EQ(proxy_->Cuts(), 0);
+
+    proxy_->CancelCut();
+    boxes_.willPress(QStringLiteral("Sim"));
+    hands->Choose(u"cmb3Tab", 0);
+    ASSERT_EQ(boxes_.boxes().size(), 2U);
+    EXPECT_TRUE(boxes_.boxes()[1].text.endsWith(QStringLiteral("Conectar novamente?")));
+    EXPECT_EQ(rowsOf(u"lst3Cmp"), (Rows{u"codigo", u"cidade"}));
   });
 }
 

@@ -1,10 +1,9 @@
 // The operator gives up while a connection is opened, by a server that does not answer.
 #include <chrono>
-#include <filesystem>
-#include <iterator>
 #include <thread>
 
 #include "tests/sql/database_test.h"
+#include "tests/sql/running_threads.h"
 #include "tests/sql/watcher.h"
 #include "tests/support/cutting_proxy.h"
 
@@ -32,16 +31,6 @@ class ConnectingTest : public DatabaseTest {
   static bool EscapeAtOnce(const host::Wait& wait) {
     EXPECT_EQ(wait.What, host::Awaited::Connection);
     return wait.Elapsed > 300ms;
-  }
-  static int Threads() {
-    namespace fs = std::filesystem;
-    return static_cast<int>(
-        std::distance(fs::directory_iterator("/proc/self/task"), fs::directory_iterator()));
-  }
-  static bool Comes(const std::function<bool()>& state) {
-    const auto end = Clock::now() + 8s;
-    while (!state() && Clock::now() < end) std::this_thread::sleep_for(20ms);
-    return state();
   }
   // Until the server answers again, nothing of it can be had.
   void ExpectGivenUp() {

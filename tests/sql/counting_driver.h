@@ -72,11 +72,12 @@ class CountingLink : public Link {
   Standing ProgramStanding() override { return real_->ProgramStanding(); }
   ServerFacts Facts() override { return real_->Facts(); }
   StatementPtr NewStatement() override {
-    return std::make_unique<CountingStatement>(real_->NewStatement(), work_);
+    return std::make_shared<CountingStatement>(real_->NewStatement(), work_);
   }
   bool IsLost() const noexcept override { return real_->IsLost(); }
   void StatementTimeout(Long seconds) override { real_->StatementTimeout(seconds); }
-  void Cancel() noexcept override { real_->Cancel(); }
+  bool Cancel() noexcept override { return real_->Cancel(); }
+  void GiveUp() noexcept override { real_->GiveUp(); }
   void Begin() override { Counted().Begin(); }
   void Commit() override { Counted().Commit(); }
   void Rollback() override { Counted().Rollback(); }

@@ -1,37 +1,12 @@
 // What an action of the operator does with a connection that was lost before it.
-#include <functional>
-
 #include "tessaria/conversion.h"
-#include "tessaria/host/reconnecting.h"
-#include "tessaria/thread_state.h"
 #include "tests/sql/database_test.h"
+#include "tests/sql/fake_operator.h"
 #include "tests/sql/watcher.h"
 #include "tests/support/cutting_proxy.h"
 
 namespace tessaria::sql::test {
 namespace {
-
-// The operator's actions and answers.
-class FakeOperator final : public host::ReconnectView {
- public:
-  FakeOperator() { State().reconnecting = this; }
-  ~FakeOperator() override { State().reconnecting = nullptr; }
-
-  /// The next action begins.
-  void Act() { ++action; }
-
-  Long action = 1;
-  bool says = true;
-  int asked = 0;
-  std::function<void()> whileAsked = [] {};
-
-  Long Action() override { return action; }
-  bool Allows() override {
-    ++asked;
-    whileAsked();
-    return says;
-  }
-};
 
 class ReconnectTest : public DatabaseTest {
  protected:

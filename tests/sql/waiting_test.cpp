@@ -1,11 +1,9 @@
 // Waits for the server: their bounds, the operator who gives up, and what asks meanwhile.
-#include <algorithm>
 #include <chrono>
 #include <functional>
 
 #include "tests/sql/database_test.h"
 #include "tests/sql/watcher.h"
-#include "tests/support/cutting_proxy.h"
 
 namespace tessaria::sql::test {
 namespace {
@@ -143,35 +141,6 @@ TEST_F(WaitingTest, OperatorGivesUpALockedRowAndTheEditStays) {
   other_->RollbackTrans();
   rows->Update();
   EXPECT_SAME(Scalar(u"select nome from t where k = 1"), u"Eva");
-}
-
-// Of a line that swallows what it is given, also the request to cancel.
-TEST_F(WaitingTest, CancelThatDoesNotArriveFreezesNothing) {
-  tessaria::test::CuttingProxy proxy(Cluster().Socket());
-  connection_ = tessaria::test::NewConnectionOfTheDriver();
-  connection_->ConnectionString(Cluster().ConnectionString(proxy.Port()));
-  connection_->Open();
-  Watcher watcher;
-  bool isGivenUp = false;
-  auto last = Clock::now();
-  Clock::duration longest{0};
-  watcher.onPass = [&](const host::Wait& wait) {
-    longest = std::max(longest, Clock::now() - last);
-    last = Clock::now();
-    if (wait.Elapsed > 8s && proxy.Cuts() == 0) proxy.CutNow();  // the driver's own end of it
-    if (isGivenUp) return false;
-    proxy.Swallow();
-    return isGivenUp = true;
-  };
-  const auto start = Clock::now();
-  EXPECT_ANY_THROW(Run(u"select pg_sleep(60)"));
-  EXPECT_LT(longest, 1s);
-  EXPECT_GT(watcher.passes, 20);
-  EXPECT_EQ(connection_->State(), host::state::Closed);
-  EXPECT_LT(Clock::now() - start, 15s);
-  if (std::string(tessaria::test::DriverName()) == "postgres") {
-    EXPECT_EQ(proxy.Cuts(), 0);
-  }
 }
 
 TEST_F(WaitingTest, CancelMeansNoLaterStatement) {

@@ -9,6 +9,9 @@
 
 namespace tessaria::sql {
 
+/// A server that has not answered a short request in this time will hardly answer it any more.
+inline constexpr std::chrono::seconds kSilence{5};
+
 /// Makes the call on a thread of its own and tells its end, also by what it raises. It owns all
 /// that it uses: whoever started it may leave it, and neither he nor the end of the program waits
 /// for it.

@@ -15,9 +15,10 @@
 
 namespace tessaria::sql {
 
-/// One statement at a time runs on it, and it can run another. Keeps its link alive. Every failed
-/// call raises the driver's own error, a `DriverError` where the server has refused something.
-class TESSARIA_SQL_API Statement {
+/// One statement at a time runs on it, and it can run another. Keeps its link alive, and a call
+/// that waits for the server keeps it. Every failed call raises the driver's own error, a
+/// `DriverError` where the server has refused something.
+class TESSARIA_SQL_API Statement : public std::enable_shared_from_this<Statement> {
  public:
   Statement() = default;
   Statement(const Statement&) = delete;
@@ -46,7 +47,7 @@ class TESSARIA_SQL_API Statement {
   virtual void KeepRest() = 0;
 };
 
-using StatementPtr = std::unique_ptr<Statement>;
+using StatementPtr = std::shared_ptr<Statement>;
 
 /// What a server is, as its driver reports it.
 struct ServerFacts {
@@ -64,8 +65,8 @@ enum class Standing {
 };
 
 /// One physical connection, open from its making to its end. Used by one thread at a time, except
-/// `Cancel`; what may wait for the server runs on another thread than what does not. Outside
-/// `Begin` and its end, every statement stands for itself.
+/// `Cancel`, `GiveUp` and `IsLost`; what may wait for the server runs on another thread than what
+/// does not. Outside `Begin` and its end, every statement stands for itself.
 class TESSARIA_SQL_API Link {
  public:
   Link() = default;
@@ -87,9 +88,14 @@ class TESSARIA_SQL_API Link {
   /// seconds, 0 for no bound.
   virtual void StatementTimeout(Long seconds) = 0;
   /// Asks the server to give up the statement that runs, while another thread waits for it. Returns
-  /// when the server knows, so that no later statement can be meant, or after a few seconds with
-  /// the link marked as lost: the request may still come. Does nothing when none runs.
-  virtual void Cancel() noexcept = 0;
+  /// when the server knows, so that no later statement can be meant. False when it has not answered
+  /// within `kSilence`: the request may still come, so that the link must be given up. Does nothing
+  /// when none runs.
+  virtual bool Cancel() noexcept = 0;
+  /// Marks the link as lost, while another thread may wait for the server. That wait ends if the
+  /// driver can end it and the connection is not the program's; otherwise the thread can be left,
+  /// and nothing that uses the link waits for it.
+  virtual void GiveUp() noexcept = 0;
 
   virtual void Begin() = 0;
   /// Both end the transaction, also when they raise an error: the server may refuse a commit, which

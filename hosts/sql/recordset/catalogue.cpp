@@ -76,9 +76,10 @@ std::vector<SchemaRow> KeyRows(Session& session, const SchemaRestrictions& asked
 std::vector<SchemaRow> RowsOf(Session& session, SchemaKind kind, const SchemaRestrictions& asked) {
   switch (kind) {
     case SchemaKind::Tables:
-      return RowsOf(session.AskCatalogue([&](Link& link) { return link.Tables(asked); }), asked);
+      return RowsOf(session.AskCatalogue([asked](Link& link) { return link.Tables(asked); }),
+                    asked);
     case SchemaKind::Columns:
-      return RowsOf(session.AskCatalogue([&](Link& link) { return link.TableColumns(asked); }),
+      return RowsOf(session.AskCatalogue([asked](Link& link) { return link.TableColumns(asked); }),
                     asked, session.ServerInfo().IsPostgres());
     case SchemaKind::PrimaryKeys:
       return KeyRows(session, asked);

@@ -27,11 +27,11 @@ bool IsInResult(const String& name, const Columns& columns) {
 }
 
 std::optional<std::vector<KeyPart>> AskedKey(Session& session, const TablePlace& table) {
-  return session.AskCatalogue([&](Link& link) { return link.PrimaryKey(table); });
+  return session.AskCatalogue([table](Link& link) { return link.PrimaryKey(table); });
 }
 
 std::vector<KeyPart> AskedIndexes(Session& session, const TablePlace& table) {
-  return session.AskCatalogue([&](Link& link) { return link.UniqueIndexes(table); });
+  return session.AskCatalogue([table](Link& link) { return link.UniqueIndexes(table); });
 }
 
 }  // namespace

@@ -5,11 +5,6 @@
 #include "hosts/sql/session/session.h"
 
 namespace tessaria::sql {
-namespace {
-
-constexpr std::chrono::seconds kSilence{5};
-
-}  // namespace
 
 // What a new transaction needs before its first statement.
 void Session::SetLocally(const String& modes) {
@@ -53,7 +48,9 @@ void Session::AbandonReading() noexcept {
 // A line that is silent must not freeze whoever lets go of rows: the connection counts as lost
 // then.
 void Session::UndoOrLose() noexcept {
-  if (!IsOverWithin(kSilence, [link = link_] { link->Rollback(); })) link_.reset();
+  if (IsOverWithin(kSilence, [link = link_] { link->Rollback(); })) return;
+  link_->GiveUp();
+  link_.reset();
 }
 
 // Whether a statement needs a transaction of its own, for its settings.

@@ -16,6 +16,10 @@ constexpr std::chrono::milliseconds kStep{20};
 
 constexpr StringView kReadingCancelled = u"A leitura foi cancelada.";
 
+constexpr const char* kLossState = "08006";
+constexpr StringView kSilent =
+    u"O servidor parou de responder, e a conexão com ele foi abandonada.";
+
 }  // namespace
 
 // Of one wait.
@@ -51,20 +55,46 @@ void Patience::RequireIdle() const {
   if (isBusy_) throw HostError(errors::StillExecuting);
 }
 
-void Patience::Await(const std::function<void()>& call, const std::function<void()>& cancel) {
+void Patience::Await(std::function<void()> call, const CallTerms& terms) {
   RequireIdle();
   const Busy busy(*this);
   if (State().waiting == nullptr) return call();
   const Request request(*this);
-  const bool isGivenUp = AwaitElsewhere(call, cancel);
+  GivingUp givingUp(canceller_, terms);
+  worker_.Start(std::move(call));
+  const std::exception_ptr failure = Watch(givingUp);
+  const bool isLeft = !worker_.IsOverWithin({});
+  if (isLeft) worker_.Leave();
+  if (failure) std::rethrow_exception(failure);
+  if (isLeft) throw DriverError(kLossState, String(kSilent));
+  Finish(givingUp);
+}
+
+// Until the call is over or can be left. What is raised meanwhile is returned.
+std::exception_ptr Patience::Watch(GivingUp& givingUp) {
+  std::exception_ptr failure;
+  const auto isOverWithin = [&](std::chrono::milliseconds time) {
+    return worker_.IsOverWithin(time) && givingUp.IsOverWithin(time);
+  };
+  for (auto step = kMoment; !isOverWithin(step) && !givingUp.IsHopeless(); step = kStep) {
+    try {
+      givingUp.Step();
+      if (!failure && Pass()) givingUp.ByOperator();
+    } catch (...) {
+      failure = std::current_exception();
+    }
+  }
+  return failure;
+}
+
+void Patience::Finish(const GivingUp& givingUp) {
   try {
     worker_.Finish();
   } catch (const HostError& error) {
-    if (isGivenUp && error.Number() == errors::TimeOut) {
-      ++givenUp_;
-      throw HostError(errors::Cancelled);
-    }
-    throw;
+    if (givingUp.HasGivenUpLink()) throw DriverError(kLossState, String(kSilent));
+    if (!givingUp.IsByOperator() || error.Number() != errors::TimeOut) throw;
+    ++givenUp_;
+    throw HostError(errors::Cancelled);
   }
 }
 
@@ -110,30 +140,6 @@ bool Patience::Ask(const std::function<bool()>& question) {
   const bool answer = question();
   start_ = lastPass_ = Clock::now();
   return answer;
-}
-
-// Whether the operator has given up. What is raised meanwhile is raised once the call is over,
-// which uses what the caller owns.
-bool Patience::AwaitElsewhere(const std::function<void()>& call,
-                              const std::function<void()>& cancel) {
-  worker_.Start(call);
-  bool isGivenUp = false;
-  std::exception_ptr failure;
-  for (auto step = kMoment; !IsOverWithin(step, isGivenUp); step = kStep) {
-    try {
-      if (failure || !Pass() || !canceller_.IsOverWithin({})) continue;
-      isGivenUp = true;
-      canceller_.Start(cancel);
-    } catch (...) {
-      failure = std::current_exception();
-    }
-  }
-  if (failure) std::rethrow_exception(failure);
-  return isGivenUp;
-}
-
-bool Patience::IsOverWithin(std::chrono::milliseconds time, bool isGivenUp) {
-  return worker_.IsOverWithin(time) && (!isGivenUp || canceller_.IsOverWithin(time));
 }
 
 bool Patience::Pass() {

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/sql/session/giving_up.h"
 #include "hosts/sql/session/worker.h"
 #include "tessaria/host/waiting.h"
 
@@ -32,11 +33,12 @@ class Patience {
     host::Awaited before_;
   };
 
-  /// Makes one call of the driver. `cancel` is made, on a thread of its own, when the operator
-  /// gives up; the wait ends when both are over, so that no later call can be meant. Errors: those
-  /// of the call; 3711 when another call is under way; 3712 when the operator gave up and the call
-  /// was not done.
-  void Await(const std::function<void()>& call, const std::function<void()>& cancel);
+  /// Makes one call of the driver, which owns all that it uses: while the program has a view for
+  /// its waits, a call that nobody answers may be left to itself (`GivingUp`). The wait ends when a
+  /// request to cancel is over too, so that no later call can be meant. Errors: those of the call;
+  /// 3711 when another call is under way; 3712 when the operator gave up and the call was not done;
+  /// a lost connection when the server does not answer any more.
+  void Await(std::function<void()> call, const CallTerms& terms);
   /// Makes one call that nothing can cancel. When the operator gives up, it is left to itself: it
   /// owns all that it uses. Errors as above.
   void AwaitOrLeave(const std::function<void()>& call);
@@ -63,10 +65,9 @@ class Patience {
 
   class Busy;
 
-  bool AwaitElsewhere(const std::function<void()>& call, const std::function<void()>& cancel);
+  std::exception_ptr Watch(GivingUp& givingUp);
+  void Finish(const GivingUp& givingUp);
   bool Pass();
-
-  bool IsOverWithin(std::chrono::milliseconds time, bool isGivenUp);
 
   Worker worker_;
   Worker canceller_;

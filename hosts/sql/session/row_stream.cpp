@@ -182,7 +182,7 @@ bool RowStream::IsExpectedLarge() {
 }
 
 void RowStream::KeepRest() {
-  if (statement_ && cursor_) session_.KeepRest(*statement_);
+  if (statement_ && cursor_) session_.KeepRest(*statement_, kFurtherFetches);
 }
 
 // The side effects of the query's functions are kept, even when not all rows were read.

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "hosts/sql/driver/link.h"
@@ -102,11 +103,12 @@ class Session : public std::enable_shared_from_this<Session> {
   StatementPtr InnerStatement() const;
   /// Asks the link for something of its catalogue; with drivers that need it, once the rows of the
   /// last statement have been read.
+  /// `ask` owns all that it uses.
   template <class Ask>
   auto AskCatalogue(Ask ask) {
-    std::invoke_result_t<Ask, Link&> answer;
-    RunCatalogue([&](Link& link) { answer = ask(link); });
-    return answer;
+    const auto answer = std::make_shared<std::invoke_result_t<Ask, Link&>>();
+    RunCatalogue([answer, ask = std::move(ask)](Link& link) { *answer = ask(link); });
+    return std::move(*answer);
   }
   /// The link's.
   StringView CursorKind() const { return RequireLink()->CursorKind(); }
@@ -122,8 +124,7 @@ class Session : public std::enable_shared_from_this<Session> {
   /// The same of a batch with so many results; the statement is positioned on the last.
   void ExecuteBatch(Statement& statement, const String& text, int results);
   /// Runs a statement with values for its "?" and returns the number of rows that it changed.
-  std::int64_t ExecuteWith(Statement& statement, const String& text,
-                           const std::vector<Parameter>& values);
+  std::int64_t ExecuteWith(Statement& statement, const String& text, std::vector<Parameter> values);
   /// Runs savepoint statements, which a savepoint of this layer must not enclose.
   void ExecuteSavepoint(const String& text);
 
@@ -151,7 +152,8 @@ class Session : public std::enable_shared_from_this<Session> {
   /// To the next result of a statement's batch. False when there is none.
   bool NextResult(Statement& statement);
   Columns Describe(Statement& statement);
-  void KeepRest(Statement& statement);
+  /// `results` are still to come, at the most.
+  void KeepRest(Statement& statement, int results);
   Patience& Waits() { return *patience_; }
 
   /// As the link's.
@@ -201,7 +203,7 @@ class Session : public std::enable_shared_from_this<Session> {
   void SendEnd(void (Link::*end)(), const String& text);
   void Enclose(const std::function<void()>& call);
   void RequireTransaction(bool mayHaveFailed = false);
-  void Await(const std::function<void()>& call);
+  void Await(std::function<void()> call, int statements = 1);
   void NoteLoss() noexcept;
   void ForEachDistant(const std::function<void(DistantRows& rows)>& act);
   void EndDistant() noexcept;
@@ -210,7 +212,7 @@ class Session : public std::enable_shared_from_this<Session> {
   String ReadersInTheWay();
   String AnswerAside(const String& question);
   String OwnProcess();
-  void RunCatalogue(const std::function<void(Link&)>& ask);
+  void RunCatalogue(std::function<void(Link&)> ask);
   void EndWhatIsLeft() noexcept;
   void ChangeTimeouts(Long command, Long lock);
   void SetTimeouts(Long command, Long lock);

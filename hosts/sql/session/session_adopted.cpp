@@ -36,12 +36,12 @@ Standing Session::AskProgram() {
   } else {
     try {
       const StatementPtr question = link->NewStatement();
-      TextRow answer;
-      Await([&] {
+      const auto answer = std::make_shared<TextRow>();
+      Await([question, answer] {
         question->Run(Adoption::Question());
-        answer = FirstRow(*question);
+        *answer = FirstRow(*question);
       });
-      if (!adoption_->Learn(answer, standing == Standing::InTransaction)) {
+      if (!adoption_->Learn(*answer, standing == Standing::InTransaction)) {
         inTransaction_ = false;
         link_.reset();
         RequireLink();
@@ -120,7 +120,7 @@ void Session::RunAlone(Statement& statement, const String& text, int results) {
     if (!error.IsRefusedInTransaction()) throw;
     RunAfter(statement, {}, 0, text, results);
   }
-  KeepRest(statement);
+  KeepRest(statement, 1);
 }
 
 }  // namespace tessaria::sql

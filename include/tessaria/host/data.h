@@ -241,8 +241,9 @@ class TESSARIA_CORE_API Connection : public Object {
   virtual Long ConnectionTimeout() const = 0;
   virtual void ConnectionTimeout(Long seconds) = 0;
   /// Seconds that one statement may take; 30 by default, 0 for as long as it takes. A statement
-  /// that takes longer is given up: error -2147217871, and nothing of it is stored. Error 3001 for
-  /// a negative number, here and below.
+  /// that takes longer is given up: error -2147217871, and nothing of it is stored. While the
+  /// program has a view for its waits, a server that does not even answer that loses the
+  /// connection. Error 3001 for a negative number, here and below.
   virtual Long CommandTimeout() const = 0;
   virtual void CommandTimeout(Long seconds) = 0;
   /// Seconds that a statement waits for what somebody else has locked; 10 by default, 0 for as long
