@@ -276,6 +276,12 @@ TEST_F(WaitingTest, BoundsSetInATransactionSurviveItsEnd) {
   EXPECT_EQ(connection_->CommandTimeout(), 600);
 }
 
+TEST_F(WaitingTest, LongestBoundOfALongTextCanBeAwaited) {
+  connection_->CommandTimeout(2147483);
+  const Watcher watcher;
+  EXPECT_SAME(Scalar(u"select length('" + String(100000, u';') + u"')"), Long{100000});
+}
+
 TEST_F(WaitingTest, BoundsAreNotSetWhileAStatementRuns) {
   Watcher watcher;
   watcher.onPass = [&](const host::Wait&) {

@@ -1,5 +1,6 @@
 #include "hosts/sql/session/giving_up.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "hosts/sql/driver/bounded_call.h"
@@ -10,14 +11,17 @@ namespace {
 // For a driver whose line has been ended, to notice it.
 constexpr std::chrono::seconds kToNotice{1};
 
+// Nobody waits longer for the end of a call.
+constexpr std::chrono::hours kLongest{24 * 365};
+
 }  // namespace
 
 // The server bounds its statements itself; its answer is late only when something is wrong.
 GivingUp::GivingUp(Worker& canceller, CallTerms terms)
-    : canceller_(canceller),
-      terms_(std::move(terms)),
-      due_(terms_.bound.count() > 0 ? Clock::now() + terms_.bound + kSilence
-                                    : Clock::time_point::max()) {}
+    : canceller_(canceller), terms_(std::move(terms)), due_(Clock::time_point::max()) {
+  if (terms_.bound.count() > 0)
+    due_ = Clock::now() + std::min<std::chrono::seconds>(terms_.bound, kLongest) + kSilence;
+}
 
 void GivingUp::ByOperator() {
   if (hasGivenUpLink_ || !IsOverWithin({})) return;

@@ -1,6 +1,5 @@
 #include "hosts/sql/session/session.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "hosts/sql/session/dbms_version.h"
@@ -15,18 +14,6 @@ namespace tessaria::sql {
 namespace {
 
 constexpr StringView kLost = u"A conexão com o banco de dados está fechada ou foi perdida.";
-
-constexpr StringView kInTheWay =
-    u"Linhas de listas deste programa, que ainda estavam no servidor, podiam estar no caminho e "
-    u"foram lidas por inteiro. Tente outra vez.";
-
-// What a driver may ask the server for one answer of its catalogue, at the most.
-constexpr int kCatalogueStatements = 4;
-
-// The statements in a text of this layer or of the program, at the most.
-int StatementsIn(StringView text) {
-  return 1 + static_cast<int>(std::count(text.begin(), text.end(), u';'));
-}
 
 }  // namespace
 
@@ -208,16 +195,6 @@ StatementPtr Session::NewStatement() {
 
 StatementPtr Session::InnerStatement() const { return RequireLink()->NewStatement(); }
 
-void Session::RunCatalogue(std::function<void(Link&)> ask) {
-  patience_->RequireIdle();
-  Reconnect();
-  const LinkPtr link = RequireLink();
-  if (!link->RunsBesideRows() || adoption_) Settle();
-  const Patience::Request request(*patience_);
-  const auto call = [link, ask = std::move(ask)] { ask(*link); };
-  Enclose([&] { Await(call, kCatalogueStatements); });
-}
-
 // Undone alone when it fails.
 void Session::Enclose(const std::function<void()>& call) {
   InItsScope([&] {
@@ -253,52 +230,12 @@ void Session::ExecuteBatch(Statement& statement, const String& text, int results
   });
 }
 
-// Runs a text after `lead`, which holds so many statements; stands on the last result.
-void Session::RunAfter(Statement& statement, const String& lead, int leading, const String& text,
-                       int results) {
-  String whole = lead + text;
-  const int statements = StatementsIn(whole);
-  Await(
-      [kept = statement.shared_from_this(), whole = std::move(whole), last = leading + results] {
-        kept->Run(whole);
-        for (int i = 1; i < last; ++i) kept->NextResult();
-      },
-      statements);
-}
-
-std::int64_t Session::ExecuteWith(Statement& statement, const String& text,
-                                  std::vector<Parameter> values) {
-  RequireWellFormed(text);
-  for (const Parameter& value : values) RequireWellFormed(value.text);
-  const Patience::Request request(*patience_);
-  struct Sent {
-    String text;
-    std::vector<Parameter> values;
-    std::int64_t rows = 0;
-  };
-  const auto sent = std::make_shared<Sent>(Sent{text, std::move(values)});
-  const auto call = [sent, kept = statement.shared_from_this()] {
-    sent->rows = kept->RunWith(sent->text, sent->values);
-  };
-  Enclose([&] { Await(call, StatementsIn(text)); });
-  return sent->rows;
-}
-
 void Session::ExecuteSavepoint(const String& text) {
   Settle();
   if (adoption_) return GuardSavepoint(text);
   Savepoint savepoint(*this);
   RunPlain(text);
   savepoint.Leave();
-}
-
-void Session::RunPlain(const String& text) {
-  RequireWellFormed(text);
-  const auto call = [statement = InnerStatement(), text] {
-    statement->Run(text);
-    while (statement->NextResult()) continue;
-  };
-  Await(call, StatementsIn(text));
 }
 
 void Session::BeginTrans(const String& modes) {
@@ -366,46 +303,6 @@ void Session::RequireTransaction(bool mayHaveFailed) {
   throw HostError(errors::ProviderError, u"Não há transação em andamento.");
 }
 
-// Of a call that may be left: it owns all that it uses. `statements` are in it, at the most.
-void Session::Await(std::function<void()> call, int statements) {
-  const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
-  try {
-    patience_->Await(std::move(call), {link_, std::chrono::seconds(commandTimeout_) * statements,
-                                       !adoption_.has_value()});
-  } catch (const DriverError& error) {
-    NoteLoss();
-    if (!error.IsLockTimeOut() || !HoldInTheWay()) throw;
-    throw DriverError(error.SqlState(), error.Description() + u"\r\n" + String(kInTheWay));
-  } catch (...) {
-    NoteLoss();
-    throw;
-  }
-}
-
-void Session::NoteLoss() noexcept {
-  if (link_ && link_->IsLost()) reconnection_.NoteLoss();
-}
-
-std::uint32_t Session::Fetch(Statement& statement) {
-  std::uint32_t rows = 0;
-  if (RequireLink()->RowsArriveWithRun()) {
-    rows = statement.Fetch();
-  } else {
-    const auto fetched = std::make_shared<std::uint32_t>(0);
-    Await([fetched, kept = statement.shared_from_this()] { *fetched = kept->Fetch(); });
-    rows = *fetched;
-  }
-  patience_->NoteRows(static_cast<Long>(rows));
-  return rows;
-}
-
-bool Session::NextResult(Statement& statement) {
-  if (RequireLink()->RowsArriveWithRun()) return statement.NextResult();
-  const auto isThere = std::make_shared<bool>(false);
-  Await([isThere, kept = statement.shared_from_this()] { *isThere = kept->NextResult(); });
-  return *isThere;
-}
-
 // A driver whose rows arrive later may ask the server about the columns.
 Columns Session::Describe(Statement& statement) {
   if (RequireLink()->RowsArriveWithRun()) return statement.Describe();
@@ -414,11 +311,6 @@ Columns Session::Describe(Statement& statement) {
   Await([columns, kept = statement.shared_from_this()] { *columns = kept->Describe(); });
   savepoint.Release();
   return std::move(*columns);
-}
-
-void Session::KeepRest(Statement& statement, int results) {
-  if (RequireLink()->RowsArriveWithRun()) return;
-  Await([kept = statement.shared_from_this()] { kept->KeepRest(); }, results);
 }
 
 void Session::CommandTimeout(Long seconds) { ChangeTimeouts(seconds, lockTimeout_); }
