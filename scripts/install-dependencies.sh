@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the named groups need and that are missing.
-# Usage: scripts/install-dependencies.sh [build|run|lint|fuzz|bench ...]     (default: build run)
+# Usage: scripts/install-dependencies.sh [build|run|lint|fuzz|bench|packages ...]     (default: build run)
 set -euo pipefail
 
 # docs/dependencies.md says what each package is for.
@@ -17,8 +17,9 @@ packages_of() {
     lint) echo clang-format clang-tidy shellcheck python3 ;;
     fuzz) echo clang libclang-rt-dev llvm ;;
     bench) echo libbenchmark-dev ;;
+    packages) echo dpkg-dev mmdebstrap ;;
     *)
-      echo "install-dependencies: no group named '$1' (build, run, lint, fuzz, bench)" >&2
+      echo "install-dependencies: no group named '$1' (build, run, lint, fuzz, bench, packages)" >&2
       return 1
       ;;
   esac
@@ -35,6 +36,7 @@ commands_of() {
     run) echo pg_config isql ;;
     lint) echo clang-format clang-tidy shellcheck python3 ;;
     fuzz) echo clang++ ;;
+    packages) echo dpkg-shlibdeps mmdebstrap ;;
     *) echo ;;
   esac
 }

@@ -23,6 +23,9 @@ else()
   endif()
   set(where -DCMAKE_PREFIX_PATH=${WORK}/stage -DHEADERS=${WORK}/stage/include
       -DDESIGNER=${DESIGNER})
+  if(COMPONENTS MATCHES "Odbc.*Qt")
+    list(APPEND where -DREADME=${SOURCE}/README.md -DDEMO=${SOURCE}/apps/demo)
+  endif()
 endif()
 
 run(${CMAKE_COMMAND} -S ${SOURCE}/tests/package/consumer -B ${WORK}/build -G ${GENERATOR}

@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# Runs in a clean Debian as root: installs the packages that lie in /packages, uses them, removes them.
+# scripts/test-packages.sh starts it.
+set -euxo pipefail
+export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen HOME=/tmp
+cd /tmp
+
+fail() {
+  echo "$1" >&2
+  exit 1
+}
+
+# What a programmer who writes no CMake types.
+build_by_pkg_config() {
+  # shellcheck disable=SC2046
+  g++ -fPIC -I/consumer/own /consumer/use_qt.cpp -o by_pkg_config \
+    $(pkg-config --cflags --libs tessaria-qt)
+  ./by_pkg_config
+  [ "$(pkg-config --modversion tessaria-odbc)" = "$(dpkg-query -W -f '${Version}' libtessaria-dev)" ]
+}
+
+build_by_cmake() {
+  local components=Core,Memory,Odbc,Postgres,Qt,QtSql name
+  cmake -S /consumer -B consumer -G Ninja -DCOMPONENTS="$components" -DDESIGNER=ON \
+    -DREADME=/usr/share/doc/Tessaria/README.md
+  cmake --build consumer
+  for name in core memory odbc postgres qt qtsql; do "consumer/use_$name"; done
+  DESIGNER=$PWD/consumer/load_designer tessaria-designer
+}
+
+apt-get update -q
+
+# An operator's machine: the demo plays a whole day on a database of its own.
+apt-get install -y -q /packages/libtessaria0* /packages/libtessaria-qt* /packages/tessaria-demo*
+mkdir pictures
+tessaria-demo --play pictures
+[ -n "$(ls pictures/*.png)" ] || fail 'the demo saved no picture'
+
+# A programmer's machine.
+apt-get install -y -q /packages/*.deb g++ cmake ninja-build pkg-config appstream desktop-file-utils
+build_by_pkg_config
+build_by_cmake
+tessaria-check-server --help
+[ -s /usr/share/doc/Tessaria/README.pt-BR.md ] || fail 'the documentation is missing'
+desktop-file-validate /usr/share/applications/org.tessaria.Demo.desktop
+appstreamcli validate --no-net /usr/share/metainfo/org.tessaria.Demo.metainfo.xml
+
+# Nothing of ours stays behind.
+mapfile -t ours < <(dpkg-query -W -f '${Package}\n' 'libtessaria*' 'tessaria-*')
+[ "${#ours[@]}" -eq 7 ] || fail "installed packages: ${ours[*]}"
+apt-get purge -y -q "${ours[@]}"
+if find /usr /etc -iname '*tessaria*' | grep .; then fail 'files were left behind'; fi
