@@ -25,7 +25,7 @@ create index clientes_nome_lower on clientes (lower(nome));
 
 -- A description completes as it is typed, and a list is searched for a part of it:
 --   Select nome, codigo From cidades Where nome ilike 'camp%' limit 1
---   Select ... From clientes Where (clientes.nome ilike '%silva%') Order by clientes.nome
+--   Select ... From clientes Where (clientes.nome_busca ilike '%silva%') Order by clientes.nome
 -- No ordered index serves "ilike"; an index of the texts' trigrams does.
 create extension if not exists pg_trgm;
 create index estados_nome_trgm on estados using gin (nome gin_trgm_ops);
@@ -33,3 +33,4 @@ create index cidades_nome_trgm on cidades using gin (nome gin_trgm_ops);
 create index condicoes_descricao_trgm on condicoes_pagamento using gin (descricao gin_trgm_ops);
 create index produtos_descricao_trgm on produtos using gin (descricao gin_trgm_ops);
 create index clientes_nome_trgm on clientes using gin (nome gin_trgm_ops);
+create index clientes_nome_busca_trgm on clientes using gin (nome_busca gin_trgm_ops);

@@ -2,6 +2,14 @@
 -- full length. Texts hold no literals of a mask (cpf_cnpj, cep, telefone); an empty column is
 -- Null.
 
+-- A text without its accents, for searches. A generated column takes only a function that always
+-- gives the same answer; unaccent does as long as nobody edits its rules.
+create extension if not exists unaccent;
+create function sem_acentos(texto text) returns text
+language sql immutable strict parallel safe as $$
+  select public.unaccent('public.unaccent', texto)
+$$;
+
 create table estados (
   uf      char(2)     primary key,
   nome    varchar(30) not null,
@@ -52,7 +60,9 @@ create table clientes (
   condicao       varchar(2)    references condicoes_pagamento,
   senha          varchar(20),
   ativo          boolean       not null default true,
-  observacao     varchar(200)
+  observacao     varchar(200),
+  -- What a search for a name looks through: "conceição" finds it, and so does "conceicao".
+  nome_busca     text not null generated always as (nome || ' | ' || sem_acentos(nome)) stored
 );
 create index clientes_nome on clientes (nome);
 create index clientes_cpf_cnpj on clientes (cpf_cnpj);

@@ -35,6 +35,12 @@ void searchCustomers(Player& p) {
   p.press(s("Ctrl+2"));
   p.expectList(2, 1, s("João Batista Galvão Mendonça"));
   p.picture(s("lista-estreita"));
+  for (const char* name : {"JOÃO CONCEIÇÃO", "joao conceicao"}) {
+    answerPrompt(p, name, "");
+    p.press(s("Ctrl+1"));
+    p.expectList(1, 1, s("João Conceição Araújo Müller"));
+  }
+  p.picture(s("lista-sem-acentos"));
   answerPrompt(p, "01012005", "pesquisa-por-data");
   p.press(s("F4"));
   p.picture(s("lista-por-data"));
