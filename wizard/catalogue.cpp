@@ -59,7 +59,6 @@ void Open(Wizard& wizard, const String& source) {
 
 void ListAll(Wizard& wizard) {
   CarregaTabelas(wizard);
-  wizard.colTabelas = {};
   wizard.Button(u"btnConectar").Enabled(false);
 }
 
@@ -84,6 +83,7 @@ bool ConectaBanco(Wizard& wizard, const String& varSistema, bool blnAvisa) {
     return false;
   }
   if (!IsOffered(sources, varSistema)) return true;
+  wizard.colTabelas = {};
   if (IsConnected(wizard)) {
     ListAll(wizard);
     return true;

@@ -19,8 +19,9 @@ inline constexpr TransferWidgets kTableWidgets{
 };
 
 /// Connects to a data source of the list, unless the wizard is connected already, and lists its
-/// tables; earlier picks lose their real tables. A failure to connect is shown in a box and gives
-/// false, as no name does, for which `blnAvisa` asks. A name outside the list does nothing.
+/// tables; earlier picks lose their real tables, also when this fails. A failure to connect is
+/// shown in a box and gives false, as no name does, for which `blnAvisa` asks. A name outside the
+/// list does nothing.
 bool ConectaBanco(Wizard& wizard, const String& varSistema, bool blnAvisa);
 
 bool IsConnected(const Wizard& wizard);

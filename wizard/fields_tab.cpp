@@ -155,7 +155,7 @@ String FieldsTab::Pieces() const {
 String FieldsTab::PieceText(const host::ListRow& piece) const {
   const String text = piece.Checked() ? u"Str(" + piece.Text() + u")" : piece.Text();
   if (piece.Tag.empty()) return text;
-  return tsFormatSQL(text, wizard_.Box(kPieceMask).Text(), DialectName(wizard_.Connection()));
+  return FormatSql(text, wizard_.Box(kPieceMask).Text(), DialectName(wizard_.Connection()));
 }
 
 }  // namespace tessaria::wizard

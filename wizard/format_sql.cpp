@@ -78,8 +78,8 @@ class MaskWalk {
 
 }  // namespace
 
-String tsFormatSQL(const String& strCampo, const String& strMascara, const String& strDbms) {
-  return MaskWalk(strCampo, strMascara, strDbms).Expression();
+String FormatSql(const String& field, const String& mask, const String& database) {
+  return MaskWalk(field, mask, database).Expression();
 }
 
 }  // namespace tessaria::wizard

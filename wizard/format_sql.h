@@ -5,9 +5,9 @@
 
 namespace tessaria::wizard {
 
-/// `strMascara` has a "#" for each character of the value; all its other characters are literals
-/// that the value does not have. It must end in "#": error 5, with an explanation, otherwise. An
-/// unknown database, by its name, gives a text that no database accepts.
-String tsFormatSQL(const String& strCampo, const String& strMascara, const String& strDbms);
+/// `mask` has a "#" for each character of the value; all its other characters are literals that the
+/// value does not have. It must end in "#": error 5, with an explanation, otherwise. An unknown
+/// database, by its name, gives a text that no database accepts.
+String FormatSql(const String& field, const String& mask, const String& database);
 
 }  // namespace tessaria::wizard

@@ -2,8 +2,10 @@
 
 #include <utility>
 
+#include "lookup/sql_family.h"
 #include "tessaria/thread_state.h"
 #include "wizard/catalogue.h"
+#include "wizard/format_sql.h"
 #include "wizard/list_rows.h"
 
 namespace tessaria {
@@ -100,6 +102,10 @@ bool frmMontaSql::LacksMainTable() const {
 bool frmMontaSql::HasRetrieved() const {
   host::DataGrid& grid = wizard_.Grid();
   return grid.ColumnCount() >= 1 && !grid.Column(0).Caption().empty();
+}
+
+String frmMontaSql::tsFormatSQL(const String& strCampo, const String& strMascara) const {
+  return wizard::FormatSql(strCampo, strMascara, DialectName(wizard_.Connection()));
 }
 
 void frmMontaSql::AtualizaAbas() {

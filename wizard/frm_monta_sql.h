@@ -47,6 +47,10 @@ class TESSARIA_HOST_API frmMontaSql {
   void Unload();
   /// Enables the tabs by what has been picked and retrieved, and the confirm button by the key.
   void AtualizaAbas();
+  /// The SQL expression that shows a field through a mask of "#" and literals, which the stored
+  /// value does not have, in the dialect of the wizard's connection. Errors: 5 for a mask that does
+  /// not end in "#", 91 before the first attempt to connect.
+  String tsFormatSQL(const String& strCampo, const String& strMascara) const;
   /// What the window holds: whoever opens it fills and reads this.
   wizard::Wizard& Parts() { return wizard_; }
 

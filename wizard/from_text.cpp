@@ -11,6 +11,12 @@ String Declaration(const FromTable& table) {
   return table.table.empty() ? table.text : table.table + u" as " + table.text;
 }
 
+/// Nothing in the wizard writes the tag of a row.
+String Joined(const FromTable& table) {
+  const String text = Declaration(table);
+  return table.tag.empty() ? text : text + u" as " + table.tag;
+}
+
 /// One bracket is open already for each join before the last.
 String Join(const String& table, const String& link, std::size_t at, std::size_t joins) {
   const bool isFirst = at == 0;
@@ -28,9 +34,9 @@ String FromText(const std::vector<FromTable>& tables, const std::vector<String>&
   std::vector<String> joined;
   for (const FromTable& table : tables) {
     if (table.isMain) {
-      text += Declaration(table);
+      text += Joined(table);
     } else {
-      joined.push_back(Declaration(table));
+      joined.push_back(Joined(table));
     }
   }
   if (joined.empty()) joined.emplace_back();

@@ -12,6 +12,7 @@ struct FromTable {
   String text;        ///< as the operator sees it: a table, or an alias
   String table = {};  ///< the table of an alias that is written with "as"; "" for the text alone
   bool isMain = false;
+  String tag = {};  ///< of its row; behind " as " when it is joined
 };
 
 /// The text after From. A single table stands alone, whatever the links; otherwise the tables that

@@ -92,7 +92,8 @@ std::vector<FromTable> GridTab::Tables() const {
     const bool isDeclared = wizard_.AcceptsAliases() && wizard_.IsAlias(row.Text());
     tables.push_back({.text = row.Text(),
                       .table = isDeclared ? wizard_.colTabelas.Item(row.Text()) : String(),
-                      .isMain = row.Checked()});
+                      .isMain = row.Checked(),
+                      .tag = row.Tag});
   }
   return tables;
 }

@@ -1,6 +1,5 @@
 #include "wizard/transfer.h"
 
-#include <set>
 #include <vector>
 
 #include "tessaria/conversion.h"
@@ -65,8 +64,8 @@ bool CarrySelected(Wizard& wizard, const Way& way, const String& source) {
     text = AskAlias(wizard, way.lstDestino, source);
   if (text.empty()) return false;
   if (way.lstDestino.FindItem(text) != nullptr) return true;
-  if (NeedsEntry(wizard, way, text, source)) Register(wizard, text, source);
   way.lstDestino.Add(text);
+  if (NeedsEntry(wizard, way, text, source)) Register(wizard, text, source);
   return true;
 }
 
@@ -80,26 +79,16 @@ void TransferSelected(Wizard& wizard, const Way& way) {
   wizard.AtualizaAbas();
 }
 
-/// The texts that the other list gets, each once.
-std::vector<String> TextsToCarry(const Wizard& wizard, const Way& way) {
-  const std::vector<String> present = TextsOf(way.lstDestino);
-  std::set<String> known(present.begin(), present.end());
-  std::vector<String> texts;
-  for (const String& text : TextsOf(way.lstOrigem)) {
-    if (IsLeftBehind(wizard, way, text) || !known.insert(text).second) continue;
-    const bool isRefused = !wizard.AcceptsAliases() && wizard.colTabelas.HasKey(text);
-    if (isRefused && NeedsEntry(wizard, way, text, text)) throw HostError(errors::DuplicateKey);
-    texts.push_back(text);
-  }
-  return texts;
-}
-
+/// A row that the other list has already gets its entry too: after another connection there is
+/// none.
 void TransferAll(Wizard& wizard, const Way& way) {
-  for (const String& text : TextsToCarry(wizard, way)) {
-    way.lstDestino.Add(text);
+  const std::vector<String> texts = TextsOf(way.lstOrigem);
+  for (const String& text : texts) {
+    if (IsLeftBehind(wizard, way, text)) continue;
+    if (way.lstDestino.FindItem(text) == nullptr) way.lstDestino.Add(text);
     if (NeedsEntry(wizard, way, text, text)) Register(wizard, text, text);
   }
-  for (const String& text : TextsOf(way.lstOrigem)) Forget(wizard, way, text);
+  for (const String& text : texts) Forget(wizard, way, text);
   way.lstOrigem.Clear();
   wizard.AtualizaAbas();
 }

@@ -32,7 +32,8 @@ struct Way {
 /// Carries the selected row, or all rows. A name with "_" is not carried: it counts as an alias,
 /// which leaves `lst1TabSel` without a trace. With aliases accepted that counts only for a row of
 /// `lst1TabSel` whose table has another name. Errors: 91 without a selected row, 457 for a row that
-/// comes back and whose text is the alias of another table; nothing is carried then.
+/// comes back and whose text is the alias of another table; its row is in the other list then, and
+/// nothing after it is carried.
 void TransfereItem(Wizard& wizard, const Way& way);
 
 /// The buttons that move a list's selected row up and down.

@@ -179,7 +179,7 @@ TEST_F(WizardCatalogue, ConnectingAgainForgetsTheTablesOfEarlierPicks) {
   });
 }
 
-TEST_F(WizardCatalogue, AFailedRefreshKeepsThePicks) {
+TEST_F(WizardCatalogue, AFailedRefreshKeepsTheListsAndForgetsTheTablesOfThePicks) {
   Run([&] {
     Connect();
     Pick({u"Cliente"});
@@ -187,9 +187,34 @@ TEST_F(WizardCatalogue, AFailedRefreshKeepsThePicks) {
     database->catalogueFault = HostError(errors::ProviderError, u"Servidor fora do ar");
     Click(u"btnConectar");
     ExpectUnhandled(errors::ProviderError);
-    EXPECT_EQ(Parts().colTabelas.Item(u"Cliente"), u"Cliente");
+    EXPECT_EQ(Parts().colTabelas.Count(), 0);
+    EXPECT_EQ(RowsOf(u"lst1TabSel"), (Rows{u"Cliente"}));
     EXPECT_EQ(List(u"lst1TabTodas").Count(), 2);
+    EXPECT_TRUE(IsEnabled(u"btnConectar")) << "for another attempt";
     EXPECT_FALSE(desktop->IsBusy());
+    database->catalogueFault.reset();
+    Click(u"btnConectar");
+    ExpectNoBox();
+    EXPECT_FALSE(IsEnabled(u"btnConectar"));
+    Click(u"btn1IncTodos");
+    ExpectNoBox();
+    EXPECT_EQ(RowsOf(u"lst1TabSel"), (Rows{u"Cliente", u"Cidade"}));
+    EXPECT_EQ(Parts().colTabelas.Item(u"Cliente"), u"Cliente") << "the pick can be used again";
+  });
+}
+
+TEST_F(WizardCatalogue, ACatalogueThatFailsAfterConnectingIsAskedAgainOnTheSameConnection) {
+  Run([&] {
+    database->catalogueFault = HostError(errors::ProviderError, u"Sem permissão");
+    Choose(u"cmbSistema", u"Vendas");
+    Click(u"btnConectar");
+    ASSERT_EQ(app.TakeBoxes().size(), 1U);
+    EXPECT_TRUE(IsConnected(Parts()));
+    EXPECT_TRUE(IsEnabled(u"btnConectar"));
+    database->catalogueFault.reset();
+    Click(u"btnConectar");
+    ExpectNoBox();
+    EXPECT_EQ(List(u"lst1TabTodas").Count(), 2);
   });
 }
 

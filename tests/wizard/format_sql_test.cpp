@@ -8,7 +8,7 @@
 namespace tessaria::test {
 namespace {
 
-using wizard::tsFormatSQL;
+using wizard::FormatSql;
 
 struct MaskCase {
   const char16_t* campo;
@@ -51,13 +51,13 @@ const MaskCase kMasks[] = {
 
 TEST(FormatSql, TheLiteralsOfAMaskStandBetweenPiecesOfTheValue) {
   for (const MaskCase& row : kMasks)
-    EXPECT_EQ(tsFormatSQL(row.campo, row.mascara, row.dbms), row.expected);
+    EXPECT_EQ(FormatSql(row.campo, row.mascara, row.dbms), row.expected);
 }
 
 TEST(FormatSql, AMaskMustEndInAPlace) {
   for (const char16_t* mask : {u"-", u"#-", u"(##)", u"### ", u"sem lugar"}) {
     try {
-      tsFormatSQL(u"n", mask, u"ACCESS");
+      FormatSql(u"n", mask, u"ACCESS");
       ADD_FAILURE() << "no error";
     } catch (const HostError& error) {
       EXPECT_EQ(error.Number(), errors::InvalidArgument);

@@ -50,6 +50,23 @@ TEST(FromTables, AMissingLinkLeavesAnEmptyCondition) {
             u"(M Left Join A on l1) Left Join B on ()");
 }
 
+TEST(FromTables, WhenAllAreMainTablesNothingIsJoinedToThem) {
+  EXPECT_EQ(FromText({{.text = u"M", .isMain = true}, {.text = u"A", .isMain = true}}, {u"l1"}),
+            u"MA Left Join  on (l1)");
+  EXPECT_EQ(FromText({{.text = u"M", .isMain = true},
+                      {.text = u"A", .isMain = true},
+                      {.text = u"B", .isMain = true}},
+                     {}),
+            u"(MAB Left Join  on ()");
+}
+
+TEST(FromTables, TheTagOfARowFollowsItsTextInAJoin) {
+  EXPECT_EQ(
+      FromText({{.text = u"M", .isMain = true, .tag = u"m"}, {.text = u"A", .tag = u"a"}}, {u"l1"}),
+      u"M as m Left Join A as a on (l1)");
+  EXPECT_EQ(FromText({{.text = u"M", .isMain = true, .tag = u"m"}}, {}), u"M");
+}
+
 TEST(FromTables, MoreLinksThanJoinedTablesAreAnError) {
   EXPECT_TRUE(RaisesHostError(
       [] {

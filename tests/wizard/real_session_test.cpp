@@ -109,7 +109,7 @@ TEST_F(SessionOnAServer, MaskedTextsShowTheirLiterals) {
                              Value{u"##''##", u"'1234'::text", u"12'34"},
                              Value{u"##", u"'31'::text", u"31"}, Value{u"", u"'31'::text", u""}}) {
     const auto rows =
-        server->Execute(u"Select " + wizard::tsFormatSQL(value.stored, value.mask, u"PostgreSQL"));
+        server->Execute(u"Select " + wizard::FormatSql(value.stored, value.mask, u"PostgreSQL"));
     EXPECT_EQ(CStr(rows->Fields().Item(Long{0})->Value()), value.shown);
   }
 }
