@@ -50,11 +50,15 @@ class WizardLinks : public WizardTest {
 
  private:
   std::optional<memory::Rows> KeyIn(const String& statement) const {
-    if (!statement.starts_with(u"Select a.attname, b.attname From pg_constraint"))
+    const bool isSqlServer = statement.starts_with(u"Select a.name, b.name From sys.foreign_keys");
+    if (!isSqlServer && !statement.starts_with(u"Select a.attname, b.attname From pg_constraint"))
       return std::nullopt;
     std::vector<memory::Row> rows;
     for (const Key& key : keys) {
-      const String tables = u"k.conrelid = E'" + key.from + u"'::regclass And k.confrelid = E'" +
+      const String tables =
+          isSqlServer ? u"k.parent_object_id = OBJECT_ID(N'" + key.from +
+                            u"') And k.referenced_object_id = OBJECT_ID(N'" + key.to + u"')"
+                      : u"k.conrelid = E'" + key.from + u"'::regclass And k.confrelid = E'" +
                             key.to + u"'::regclass";
       if (statement.find(tables) != String::npos) rows.push_back({key.field, key.toField});
     }
@@ -205,6 +209,20 @@ TEST_F(LinksWithAliases, TheFieldsOfAForeignKeyComeSelected) {
   });
 }
 
+TEST_F(LinksWithAliases, SqlServerTellsOfItsForeignKeysToo) {
+  database->Memory().SetProperty(u"DBMS Name", u"Microsoft SQL Server");
+  database->defaultSchema = u"public";
+  database->relations.push_back({u"public", u"d'agua"});
+  database->fields[u"[d'agua]"] = {u"cidade"};
+  keys = {{u"[d''agua]", u"cidade", u"cidade", u"codigo"}};
+  RunLinked({u"cidade", u"[d'agua]"}, [&] {
+    ChooseTables(u"cidade", u"[d'agua]");
+    EXPECT_EQ(Selected(u"lst2CmpPai"), u"codigo");
+    EXPECT_EQ(Selected(u"lst2CmpFilho"), u"cidade");
+    ExpectNoBox();
+  });
+}
+
 TEST_F(LinksWithAliases, AForeignKeyIsFoundFromItsOtherEnd) {
   keys = {{u"cidade", u"uf", u"estado", u"uf"}};
   RunLinked({u"estado", u"cidade"}, [&] {
@@ -250,7 +268,7 @@ TEST_F(LinksWithAliases, ForeignKeysThatCannotBeReadAreAnErrorAndTheLinkIsMadeBy
   });
 }
 
-TEST_F(LinksWithAliases, OtherDatabasesTellOfNoForeignKeys) {
+TEST_F(LinksWithAliases, AccessTellsOfNoForeignKeys) {
   database->Memory().SetProperty(u"DBMS Name", u"ACCESS");
   RunLinked({u"cliente", u"cidade"}, [&] {
     database->Memory().TakeStatements();
