@@ -237,6 +237,39 @@ TEST_F(WizardCatalogue, FieldsComeInTheOrderOfTheTable) {
   });
 }
 
+TEST_F(WizardCatalogue, FieldsAreNotReadAgainWhenATabIsEnteredAgain) {
+  Run([&] {
+    Connect();
+    Pick({u"Cliente"});
+    for (const auto& [tab, combo, list] :
+         {std::tuple{Tab::Campos, u"cmb3Tab", u"lst3Cmp"}, {Tab::Where, u"cmb6Tab", u"lst6Cmp"}}) {
+      GoTo(tab);
+      Choose(combo, u"Cliente");
+      Select(list, u"Nome");
+      GoTo(Tab::Tabelas);
+      database->Memory().TakeStatements();
+      GoTo(tab);
+      EXPECT_EQ(Combo(combo).Text(), u"Cliente");
+      EXPECT_EQ(Selected(list), u"Nome");
+      EXPECT_TRUE(database->Memory().TakeStatements().empty());
+    }
+  });
+}
+
+TEST_F(WizardCatalogue, ATableWithoutFieldsLeavesAListThatIsFilled) {
+  database->fields[u"Cidade"] = {};
+  Run([&] {
+    Connect();
+    Pick({u"Cliente", u"Cidade"});
+    Check(u"lst1TabSel", u"Cliente");
+    GoTo(Tab::Campos);
+    Choose(u"cmb3Tab", u"Cliente");
+    Choose(u"cmb3Tab", u"Cidade");
+    ExpectUnhandled(errors::SubscriptOutOfRange);
+    EXPECT_EQ(RowsOf(u"lst3Cmp"), (Rows{u"Codigo", u"Nome", u"[Nota Fiscal]"}));
+  });
+}
+
 TEST_F(WizardCatalogue, AnAliasShowsTheFieldsOfItsTable) {
   Run([&] {
     Connect();

@@ -53,11 +53,6 @@ TEST(FromTables, AMissingLinkLeavesAnEmptyCondition) {
 TEST(FromTables, WhenAllAreMainTablesNothingIsJoinedToThem) {
   EXPECT_EQ(FromText({{.text = u"M", .isMain = true}, {.text = u"A", .isMain = true}}, {u"l1"}),
             u"MA Left Join  on (l1)");
-  EXPECT_EQ(FromText({{.text = u"M", .isMain = true},
-                      {.text = u"A", .isMain = true},
-                      {.text = u"B", .isMain = true}},
-                     {}),
-            u"(MAB Left Join  on ()");
 }
 
 TEST(FromTables, TheTagOfARowFollowsItsTextInAJoin) {

@@ -130,6 +130,50 @@ TEST_F(WizardOrder, WithAliasesAcceptedItIsCarried) {
       true);
 }
 
+TEST_F(WizardOrder, AChosenNameWithAnUnderscoreIsLostOnItsWayBackUntilTheTabIsEnteredAgain) {
+  const Rows fields{u"cod_cidade", u"nome", u"id_uf"};
+  const auto choose = [&] {
+    GoTo(Tab::Tabelas);
+    Click(u"chkAceitaApelidos");
+    GoTo(Tab::Ordem);
+    Click(u"btn5IncTodos");
+    GoTo(Tab::Tabelas);
+    Click(u"chkAceitaApelidos");
+    GoTo(Tab::Ordem);
+    EXPECT_EQ(Used(), fields);
+  };
+  RunOrder(fields, [&] {
+    choose();
+    Select(u"lst5CmpSel", u"cod_cidade");
+    Click(u"Btn5Exc");
+    EXPECT_EQ(Used(), (Rows{u"nome", u"id_uf"}));
+    EXPECT_TRUE(Unused().empty());
+    GoTo(Tab::Tabelas);
+    GoTo(Tab::Ordem);
+    EXPECT_EQ(Unused(), (Rows{u"cod_cidade"}));
+    Click(u"btn5ExcTodos");
+    EXPECT_TRUE(Used().empty());
+    EXPECT_EQ(Unused(), (Rows{u"cod_cidade", u"nome"}));
+    GoTo(Tab::Tabelas);
+    GoTo(Tab::Ordem);
+    EXPECT_EQ(Unused(), fields);
+  });
+}
+
+TEST_F(WizardOrder, AFieldThatIsChosenTwiceGetsAnotherName) {
+  RunOrder({u"Codigo", u"Codigo"}, [&] {
+    EXPECT_EQ(Unused(), (Rows{u"Codigo", u"Codigo"}));
+    Include(u"Codigo");
+    app.WillEnter(u"Outro");
+    Include(u"Codigo");
+    ASSERT_EQ(app.InputBoxes().size(), 1U);
+    EXPECT_EQ(app.InputBoxes()[0].Prompt, u"Informe um Alias Para a Tabela");
+    EXPECT_EQ(app.InputBoxes()[0].Offered, u"Codigo_1");
+    EXPECT_EQ(Used(), (Rows{u"Codigo", u"Outro"}));
+    EXPECT_EQ(Parts().colTabelas.Count(), 0) << "fields are no tables";
+  });
+}
+
 TEST_F(WizardOrder, WithNothingSelectedAButtonIsAnError) {
   RunOrder({u"Codigo"}, [&] {
     Click(u"Btn5Exc");

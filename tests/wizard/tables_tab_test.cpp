@@ -181,6 +181,44 @@ TEST_F(WizardTables, AnAliasThatWasRemovedCannotBeTakenAgain) {
   });
 }
 
+TEST_F(WizardTables, ARemovedAliasIsOfferedAgain) {
+  RunConnected([&] {
+    Pick({u"Cliente"});
+    app.WillEnter(u"Cliente_1");
+    Pick({u"Cliente"});
+    PutBack({u"Cliente_1"});
+    app.WillEnter(u"");
+    Pick({u"Cliente"});
+    EXPECT_EQ(app.InputBoxes().back().Offered, u"Cliente_1");
+  });
+}
+
+TEST_F(WizardTables, AnAliasThatIsGivenUpLeavesTheTabsAsTheyAre) {
+  RunConnected([&] {
+    Pick({u"Cliente"});
+    Parts().Tabs().TabEnabled(static_cast<Long>(Tab::Where), false);
+    app.WillEnter(u"");
+    Pick({u"Cliente"});
+    EXPECT_FALSE(IsTabEnabled(Tab::Where)) << "nothing was looked at";
+    Pick({u"Cidade"});
+    EXPECT_TRUE(IsTabEnabled(Tab::Where));
+  });
+}
+
+TEST_F(WizardTables, WithoutAliasesTheTablesOfTheEntriesAreSearchedAndNotTheirNames) {
+  RunConnected([&] {
+    Pick({u"Cliente"});
+    app.WillEnter(u"Cidade");
+    Pick({u"Cliente"});
+    EXPECT_EQ(Picked(), (Rows{u"Cliente", u"Cidade"}));
+    EXPECT_EQ(Parts().colTabelas.Item(u"Cidade"), u"Cliente");
+    Click(u"btn1IncTodos");
+    ExpectUnhandled(errors::DuplicateKey);
+    EXPECT_EQ(Parts().colTabelas.Item(u"Cidade"), u"Cliente") << "no entry has the table Cidade";
+    EXPECT_FALSE(Listed().empty()) << "the rest was not carried";
+  });
+}
+
 TEST_F(WizardTables, AllTablesButThoseWithAnUnderscoreAreCarriedAtOnce) {
   RunConnected([&] {
     Pick({u"Cidade"});
