@@ -43,13 +43,6 @@ QPoint placeOf(const QWidget& window, const QString& text, int column = 0) {
   return {};
 }
 
-QDialog* openWindow(const char* name) {
-  for (QWidget* window : QApplication::topLevelWidgets())
-    if (window->objectName() == QLatin1String(name) && window->isVisible())
-      return qobject_cast<QDialog*>(window);
-  return nullptr;
-}
-
 /// A row of a list in the window in front.
 QModelIndex rowOf(const char* name, const QString& row) {
   const auto& list = inFront<QAbstractItemView>(name);
@@ -132,6 +125,13 @@ std::string outputOf(const QString& program, const QStringList& arguments) {
 }
 
 // --- The property page ---------------------------------------------------------------------------
+
+QDialog* openWindow(const char* name) {
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window->objectName() == QLatin1String(name) && window->isVisible())
+      return qobject_cast<QDialog*>(window);
+  return nullptr;
+}
 
 QDialog* pageDialog() { return openWindow("tessariaPage"); }
 QDialog* wizardDialog() { return openWindow("frmMontaSql"); }

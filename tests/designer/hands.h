@@ -35,6 +35,8 @@ QString contentsOf(const QString& path);
 /// What a program prints without a screen. The test fails when it does not end with status 0.
 std::string outputOf(const QString& program, const QStringList& arguments);
 
+/// A dialog by its name; null when it is not open.
+QDialog* openWindow(const char* name);
 /// The dialog of the property page; null when it is not open.
 QDialog* pageDialog();
 /// The window of the SQL wizard, likewise.

@@ -39,11 +39,15 @@ int countRows(const QTableView& list) {
   return list.model()->rowCount();
 }
 
+void printList(const QTableView& list) {
+  printCells("columns", list, -1);
+  std::printf("rows: %d\n", countRows(list));
+}
+
 /// Searches in the list and takes the first row that is found.
 void search(QWidget& window, const QString& text) {
   const auto& list = *window.findChild<QTableView*>();
-  printCells("columns", list, -1);
-  std::printf("rows: %d\n", countRows(list));
+  printList(list);
   inWindow("frmTsPesquisa", [=](QWidget&) {
     type(text);
     press(Qt::Key_Return);
@@ -62,7 +66,9 @@ void lookUp(QWidget& form, qt::TsText& code, const QString& text, void (*open)(q
   std::printf("chosen: %s %s\n", qUtf8Printable(code.text()),
               qUtf8Printable(field(form, "txtNome").text()));
   const auto& fields = code.browseDefinition()->Outros();
-  std::printf("returned: %s\n", qUtf8Printable(qt::toQt(CStr(fields.Item(1)->Valor()))));
+  QStringList values;
+  for (Long i = 1; i <= fields.Count(); ++i) values << qt::toQt(CStr(fields.Item(i)->Valor()));
+  std::printf("returned: %s\n", qUtf8Printable(values.join(u'|')));
 }
 
 void openByButton(qt::TsText& code) {
@@ -77,7 +83,20 @@ void lookUpCity(QWidget& form) {
   lookUp(form, field(form, "txtCidade"), QStringLiteral("Campinas"), openByButton);
 }
 
+/// The list while the state of the form is empty.
+void showAll(QWidget& form) {
+  field(form, "txtMunicipio").setFocus();
+  inWindow("frmBrowse", [](QWidget& window) {
+    printList(*window.findChild<QTableView*>());
+    press(Qt::Key_Escape);
+  });
+  press(Qt::Key_PageDown);
+}
+
 void lookUpMunicipality(QWidget& form) {
+  showAll(form);
+  field(form, "txtUf").setFocus();
+  type(QStringLiteral("SP"));
   lookUp(form, field(form, "txtMunicipio"), QStringLiteral("Xambio"), openByKey);
 }
 

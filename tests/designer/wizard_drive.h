@@ -17,6 +17,12 @@ namespace tessaria::tests {
 /// The wizard's tabs, in order.
 enum class Step { Tabelas, Links, Campos, Grid, Ordem, Where, Retorno, SqlPronta };
 
+/// A box of the page, by its name, and what is in it.
+struct PageText {
+  const char* box;
+  QString text;
+};
+
 /// One of the open forms, whose fields get a lookup. The data source "loja" leads to the server.
 class WizardDrive : public testing::Test {
  protected:
@@ -37,6 +43,15 @@ class WizardDrive : public testing::Test {
     return static_cast<Step>(inFront<QTabWidget>("tabWizard").currentIndex());
   }
   static int countOf(const char* list) { return inFront<QTreeWidget>(list).topLevelItemCount(); }
+  static QStringList rowsOf(const char* list) {
+    const auto& view = inFront<QTreeWidget>(list);
+    QStringList rows;
+    for (int i = 0; i < view.topLevelItemCount(); ++i) rows << view.topLevelItem(i)->text(0);
+    return rows;
+  }
+  static void expectFilled(const QList<PageText>& page) {
+    for (const PageText& row : page) EXPECT_EQ(textOf(row.box), row.text) << row.box;
+  }
   /// Whether the server has answered with that many columns.
   static bool isRetrieved(int columns) {
     return waitFor([=] { return inFront<QComboBox>("cmb4Coluna").count() == columns; });

@@ -9,13 +9,8 @@
 namespace tessaria::tests {
 namespace {
 
-struct PageText {
-  const char* box;
-  QString text;
-};
-
 /// What "Confirmar" fills.
-const QList<PageText> kFilled{
+const QList<PageText> kFilledByMouse{
     {"txtBrwTitulo", QStringLiteral("Cidades")},
     {"txtBrowseTable", QStringLiteral("cidades")},
     {"txtBrwCampo", QStringLiteral("codigo")},
@@ -155,6 +150,7 @@ void WizardByMouse::restrict() {
   choose("cmb6TipoBusca", QStringLiteral("="));
   choose("cmb6Objeto", QStringLiteral("txtUf"));
   choose("cmb6TipoDado", QStringLiteral("String"));
+  clickRow("lst6CmpSel", QStringLiteral("cidades.uf"));
   show(Step::Where);
 }
 
@@ -188,7 +184,7 @@ void WizardByMouse::makeLookup() {
         show(Step::SqlPronta);
         clickButton("btnConfirma");
       });
-  for (const PageText& row : kFilled) EXPECT_EQ(textOf(row.box), row.text) << row.box;
+  expectFilled(kFilledByMouse);
   EXPECT_FALSE(inFront<QPushButton>("btnSql").isEnabled());
 }
 
