@@ -5,6 +5,7 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -295,6 +296,37 @@ TEST_F(Surfaces, AListShowsItsHeadingsAndItsCheckBoxes) {
   EXPECT_EQ(view.headerItem()->text(1), QStringLiteral("Tipo"));
   EXPECT_EQ(view.topLevelItem(0)->checkState(0), Qt::Unchecked);
   EXPECT_EQ(view.topLevelItem(0)->text(1), QStringLiteral("número"));
+}
+
+TEST_F(Surfaces, AListMakesRoomForWhatComesIntoItLater) {
+  auto& list = the<host::DialogListView>(u"lista");
+  list.Add(u"codigo").AddSubItem(u"número");
+  show();
+  the<host::DialogTabs>(u"tabPropriedade").Tab(1);
+  settleEvents();
+  auto& view = face<QTreeWidget>("lista");
+  const auto widthOf = [&](const QString& text) {
+    return view.fontMetrics().horizontalAdvance(text);
+  };
+  EXPECT_EQ(view.horizontalScrollBar()->maximum(), 0);
+  const QString name = QStringLiteral("codigo_da_condicao");
+  list.Item(1).Text(fromQt(name));
+  settleEvents();
+  const int wide = view.columnWidth(0);
+  EXPECT_GT(wide, widthOf(name));
+  list.Item(1).Text(u"x");
+  settleEvents();
+  EXPECT_EQ(view.columnWidth(0), wide) << "only the operator makes it narrower";
+  const QString last(120, u'n');
+  list.Add(u"nome").AddSubItem(fromQt(last));
+  settleEvents();
+  EXPECT_GT(view.columnWidth(1), widthOf(last));
+  EXPECT_EQ(view.columnWidth(0), wide);
+  EXPECT_GT(view.horizontalScrollBar()->maximum(), 0);
+  list.Remove(2);
+  settleEvents();
+  EXPECT_EQ(view.columnWidth(0) + view.columnWidth(1), view.viewport()->width());
+  EXPECT_EQ(view.horizontalScrollBar()->maximum(), 0);
 }
 
 TEST_F(Surfaces, WhatIsPastedIntoAMultiLineTextIsBounded) {

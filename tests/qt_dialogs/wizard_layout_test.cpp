@@ -2,8 +2,14 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <algorithm>
 #include <set>
 
 #include "tests/qt_dialogs/wizard_window.h"
@@ -44,14 +50,53 @@ class WizardLayout : public WizardWindow {
         .Text(u"SELECT\r\n      Cliente.Codigo,\r\n       Cliente.Nome\r\nFROM\r\n      Cliente");
     parts().Estado(u"Lendo os campos de Cliente...");
   }
+  /// Each tab, with a picture of it.
+  void expectNothingClippedOnTabs(const QString& pictures) {
+    for (const Tab tab : kAllTabs) {
+      bringToFront(tab);
+      expectNothingClipped();
+      picture(*window, pictures + QString::number(int(tab) + 1));
+    }
+  }
   void expectNothingClipped() {
     for (QWidget* widget : window->findChildren<QWidget*>()) {
+      if (auto* header = qobject_cast<QHeaderView*>(widget)) expectHeadingsFit(*header);
+      if (auto* tabs = qobject_cast<QTabBar*>(widget)) expectTabsFit(*tabs);
       const bool isPart = widget->objectName().isEmpty() || !widget->isVisible();
       if (isPart || widget->objectName().startsWith(QLatin1String("qt_"))) continue;
       EXPECT_GE(widget->width(), leastWidth(*widget)) << nameOf(widget);
-      EXPECT_GE(widget->height(), widget->minimumSizeHint().height()) << nameOf(widget);
+      EXPECT_GE(widget->height(), leastHeight(*widget)) << nameOf(widget);
       EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry())) << nameOf(widget);
+      expectNothingOver(*widget);
     }
+  }
+  static void expectHeadingsFit(const QHeaderView& header) {
+    if (!header.isVisible()) return;
+    for (int i = 0; i < header.count(); ++i)
+      EXPECT_GE(header.sectionSize(i), header.sectionSizeHint(i))
+          << nameOf(header.parentWidget()) << " " << i;
+    EXPECT_LE(header.length(), header.viewport()->width()) << nameOf(header.parentWidget());
+  }
+  static void expectTabsFit(const QTabBar& tabs) {
+    for (int i = 0; i < tabs.count(); ++i) {
+      const QRect place = tabs.tabRect(i);
+      EXPECT_GE(place.width(), tabs.fontMetrics().horizontalAdvance(tabs.tabText(i))) << i;
+      EXPECT_TRUE(tabs.rect().contains(place)) << i;
+    }
+    for (const auto* arrow : tabs.findChildren<QToolButton*>()) EXPECT_FALSE(arrow->isVisible());
+  }
+  static void expectNothingOver(const QWidget& widget) {
+    for (const auto* other :
+         widget.parentWidget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+      const bool isOver = other != &widget && other->isVisible() &&
+                          !other->objectName().isEmpty() &&
+                          other->geometry().intersects(widget.geometry());
+      EXPECT_FALSE(isOver) << nameOf(other) << " over " << nameOf(&widget);
+    }
+  }
+  /// A line that breaks needs the height for its width.
+  static int leastHeight(const QWidget& widget) {
+    return std::max(widget.minimumSizeHint().height(), widget.heightForWidth(widget.width()));
   }
   /// A button with a sign need not be as wide as the style makes the others.
   static int leastWidth(const QWidget& widget) {
@@ -73,11 +118,17 @@ class WizardLayout : public WizardWindow {
 TEST_F(WizardLayout, NothingIsClipped) {
   run([&] {
     fill();
-    for (const Tab tab : kAllTabs) {
-      bringToFront(tab);
-      expectNothingClipped();
-      picture(*window, QStringLiteral("wizard_%1").arg(int(tab) + 1));
-    }
+    expectNothingClippedOnTabs(QStringLiteral("wizard_"));
+  });
+}
+
+TEST_F(WizardLayout, NothingIsClippedAtTheSmallestSize) {
+  run([&] {
+    fill();
+    window->resize(1, 1);
+    settleEvents();
+    EXPECT_LT(window->width(), window->sizeHint().width());
+    expectNothingClippedOnTabs(QStringLiteral("wizard_small_"));
   });
 }
 
@@ -85,11 +136,24 @@ TEST_F(WizardLayout, NothingIsClippedWithALargerFont) {
   enlarge(1.5);
   run([&] {
     fill();
-    for (const Tab tab : kAllTabs) {
-      bringToFront(tab);
-      expectNothingClipped();
-      picture(*window, QStringLiteral("wizard_large_%1").arg(int(tab) + 1));
-    }
+    expectNothingClippedOnTabs(QStringLiteral("wizard_large_"));
+  });
+}
+
+TEST_F(WizardLayout, AnExpressionThatIsLongerThanItsListCanBeScrolledByKeys) {
+  run([&] {
+    bringToFront(Tab::Campos);
+    list(u"lst3CmpSel").Add(u"Cliente.Codigo");
+    list(u"lst3CmpSel").Add(String(200, u'x') + u" as Tudo");
+    settleEvents();
+    auto& view = at<QTreeWidget>(*window, QStringLiteral("lst3CmpSel"));
+    auto& bar = *view.horizontalScrollBar();
+    EXPECT_GT(view.columnWidth(0), view.fontMetrics().horizontalAdvance(QString(200, u'x')));
+    view.setFocus();
+    press(*window, Qt::Key_Down);
+    for (int i = 0; i < 200; ++i) press(*window, Qt::Key_Right);
+    EXPECT_EQ(bar.value(), bar.maximum());
+    EXPECT_EQ(view.indexOfTopLevelItem(view.currentItem()), 1);
   });
 }
 

@@ -155,15 +155,15 @@ void layOutColumn(QWidget& window) {
   struct Cell {
     const char* label;
     const char* box;
-    int row, column;
+    int row, column, span;
   };
-  for (const Cell& cell :
-       {Cell{"lbl4Coluna", "cmb4Coluna", 0, 0}, Cell{"lbl4GrdCaption", "txt4GrdCaption", 0, 2},
-        Cell{"lbl4GrdMascara", "txt4GrdMascara", 1, 0},
-        Cell{"lbl4GrdWidth", "txt4GrdWidth", 1, 2}}) {
+  for (const Cell& cell : {Cell{"lbl4Coluna", "cmb4Coluna", 0, 0, 1},
+                           Cell{"lbl4GrdCaption", "txt4GrdCaption", 0, 2, 2},
+                           Cell{"lbl4GrdMascara", "txt4GrdMascara", 1, 0, 1},
+                           Cell{"lbl4GrdWidth", "txt4GrdWidth", 1, 2, 1}}) {
     part<QLabel>(window, cell.label)->setBuddy(part(window, cell.box));
     grid->addWidget(part(window, cell.label), cell.row, cell.column);
-    grid->addWidget(part(window, cell.box), cell.row, cell.column + 1);
+    grid->addWidget(part(window, cell.box), cell.row, cell.column + 1, 1, cell.span);
     grid->setColumnStretch(cell.column + 1, 1);
   }
   grid->addWidget(part(window, "chk4GrdVisible"), 1, 4);

@@ -79,6 +79,14 @@ ListView::ListView(QWidget* parent, Boxes boxes) : QTreeWidget(parent), boxes_(b
   setTabKeyNavigation(false);
   setExpandsOnDoubleClick(false);
   header()->setSectionsMovable(false);
+  header()->setStretchLastSection(false);
+  connect(header(), &QHeaderView::sectionResized, this, [this](int column) {
+    if (column != columnCount() - 1) fillWithLastColumn();
+  });
+  setHorizontalScrollMode(ScrollPerPixel);
+  growth_.setSingleShot(true);
+  growth_.setInterval(0);
+  connect(&growth_, &QTimer::timeout, this, &ListView::growColumns);
   connect(this, &QTreeWidget::itemChanged, this, &ListView::changed);
 }
 
@@ -96,11 +104,33 @@ void ListView::addColumn() {
 }
 
 void ListView::fitColumns() {
+  for (int column = 0; column + 1 < columnCount(); ++column)
+    header()->resizeSection(column, wantedWidth(column));
+  fillWithLastColumn();
+}
+
+void ListView::growColumns() {
+  for (int column = 0; column + 1 < columnCount(); ++column)
+    header()->resizeSection(column, std::max(header()->sectionSize(column), wantedWidth(column)));
+  fillWithLastColumn();
+}
+
+int ListView::wantedWidth(int column) const {
   const int most = fontMetrics().averageCharWidth() * kMostCharactersFitted;
-  for (int column = 0; column + 1 < columnCount(); ++column) {
-    resizeColumnToContents(column);
-    header()->resizeSection(column, std::min(header()->sectionSize(column), most));
-  }
+  return std::min(std::max(sizeHintForColumn(column), header()->sectionSizeHint(column)), most);
+}
+
+/// Qt would cut it short when the room that the others leave is too little for its contents.
+void ListView::fillWithLastColumn() {
+  const int last = columnCount() - 1;
+  const int contents = std::max(sizeHintForColumn(last), header()->sectionSizeHint(last));
+  const int room = viewport()->width() - header()->sectionPosition(last);
+  header()->resizeSection(last, std::max(contents, room));
+}
+
+void ListView::resizeEvent(QResizeEvent* event) {
+  QTreeWidget::resizeEvent(event);
+  fillWithLastColumn();
 }
 
 /// Qt would select a neighbour.
@@ -131,6 +161,7 @@ QItemSelectionModel::SelectionFlags ListView::selectionCommand(const QModelIndex
 // --- The operator -------------------------------------------------------------------------------
 
 void ListView::changed(QTreeWidgetItem* item) {
+  growColumnsSoon();
   auto* row = static_cast<ViewRow*>(item);
   if (assigning_ > 0 || !hasBoxes() || !row->noteCheck()) return;
   checked_ = row;
@@ -205,6 +236,7 @@ host::ListRow& ListViewItem::Add(const String& text, Long position) {
   const ListView::Assignment assignment(view_);
   auto* row = new ViewRow(view_, text);
   view_.insertTopLevelItem(place, row);
+  view_.growColumnsSoon();
   if (Count() == 1) {
     view_.select(row);
     // The rows that the program adds next are measured too.
@@ -218,6 +250,7 @@ void ListViewItem::Remove(Long position) {
   const ListView::Assignment assignment(view_);
   view_.forget(row);
   delete row;
+  view_.growColumnsSoon();
 }
 
 void ListViewItem::Clear() {

@@ -1,6 +1,7 @@
 // The list views of surfaces: rows with columns.
 #pragma once
 
+#include <QTimer>
 #include <QTreeWidget>
 #include <functional>
 #include <span>
@@ -56,8 +57,11 @@ class ListView final : public QTreeWidget {
   ViewRow* rowAt(int position) const { return static_cast<ViewRow*>(topLevelItem(position)); }
   void select(ViewRow* row);
   void addColumn();
-  /// Gives each column the width of its contents, within limits.
+  /// Gives each column the width of its contents, within limits; the last one has the room that is
+  /// left, or more for its contents.
   void fitColumns();
+  /// The same soon, when all changes of now are made; a column that is wider stays.
+  void growColumnsSoon() { growth_.start(); }
   /// A row that is about to go.
   void forget(const ViewRow* row);
 
@@ -83,16 +87,21 @@ class ListView final : public QTreeWidget {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                        const QEvent* event) const override;
 
  private:
   ViewRow* selectedRow() const;
+  void growColumns();
+  int wantedWidth(int column) const;
+  void fillWithLastColumn();
   void changed(QTreeWidgetItem* row);
   void reportCheck();
   void reportClick(ViewRow* row);
 
   const Boxes boxes_;
+  QTimer growth_;
   int assigning_ = 0;
   bool inEvent_ = false;
   ViewRow* checked_ = nullptr;  ///< in the present event
