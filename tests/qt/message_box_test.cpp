@@ -1,7 +1,12 @@
-// Message boxes: icons, line breaks, plain text.
+// Message boxes: icons, line breaks, plain text, a text that is too high for the screen.
 #include <QApplication>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTimer>
+#include <functional>
 
 #include "tessaria/host/application.h"
 #include "tessaria/qt/host.h"
@@ -17,18 +22,30 @@ struct Shown {
   Qt::TextFormat format = Qt::AutoText;
 };
 
-/// What a box shows while it is open.
-Shown show(const String& text, Long style) {
+/// Looks at a box while it is open, and closes it.
+void whileShown(const String& text, Long style, const std::function<void(QMessageBox& box)>& look) {
   install();
-  Shown shown;
-  QTimer::singleShot(0, qApp, [&shown] {
+  QTimer::singleShot(0, qApp, [&look] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr);
-    shown = {box->icon(), box->text(), box->textFormat()};
+    look(*box);
     box->reject();
   });
   App().ShowMessageBox(0, text, style, u"Mesa");
+}
+
+Shown show(const String& text, Long style) {
+  Shown shown;
+  whileShown(text, style, [&shown](QMessageBox& box) {
+    shown = {box.icon(), box.text(), box.textFormat()};
+  });
   return shown;
+}
+
+String linesOf(int count) {
+  String text;
+  for (int i = 0; i < count; ++i) text += u"      Cliente.Campo,\r\n";
+  return text;
 }
 
 TEST(MessageBox, TheStyleChoosesTheIcon) {
@@ -56,6 +73,27 @@ TEST(MessageBox, MarkupIsShownAsText) {
   const Shown shown = show(u"<tudo> & <b>mais</b>", 48);
   EXPECT_EQ(shown.text, QStringLiteral("<tudo> & <b>mais</b>"));
   EXPECT_EQ(shown.format, Qt::PlainText);
+}
+
+TEST(MessageBox, ATextThatIsTooHighForTheScreenScrollsByKeysToo) {
+  whileShown(linesOf(500), 20, [](QMessageBox& box) {
+    EXPECT_TRUE(box.screen()->availableGeometry().contains(box.geometry()));
+    EXPECT_TRUE(box.rect().contains(box.defaultButton()->geometry()));
+    EXPECT_EQ(box.focusWidget(), box.defaultButton());
+    auto* area = box.findChild<QScrollArea*>();
+    ASSERT_NE(area, nullptr);
+    EXPECT_GE(area->viewport()->width(), area->widget()->sizeHint().width());
+    press(box, Qt::Key_Tab);
+    press(box, Qt::Key_Tab);
+    ASSERT_EQ(box.focusWidget(), area);
+    press(box, Qt::Key_PageDown);
+    EXPECT_GT(area->verticalScrollBar()->value(), 0);
+  });
+}
+
+TEST(MessageBox, ATextThatFitsDoesNotScroll) {
+  whileShown(linesOf(5), 20,
+             [](QMessageBox& box) { EXPECT_EQ(box.findChild<QScrollArea*>(), nullptr); });
 }
 
 }  // namespace

@@ -1,58 +1,19 @@
 // The SQL wizard's window at a real server: one that answers, and one that does not.
 #include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
 #include <QElapsedTimer>
-#include <QLabel>
+#include <QTest>
 #include <QTimer>
 
-#include "tests/qt_dialogs/wizard_window.h"
-#include "tests/support/cutting_proxy.h"
-#include "tests/support/database_driver.h"
-#include "tests/support/postgres_cluster.h"
+#include "tessaria/host/application.h"
+
+#include "tests/qt_dialogs/wizard_at_server.h"
 
 namespace tessaria::qt::tests {
 namespace {
 
-/// Leads to one server, whatever the data source is called.
-class ToServer final : public test::PassingConnection {
- public:
-  explicit ToServer(String text)
-      : PassingConnection(test::NewConnectionOfTheDriver()), text_(std::move(text)) {}
-  using PassingConnection::ConnectionString;
-  void ConnectionString(const String&) override { real_->ConnectionString(text_); }
-
- private:
-  const String text_;
-};
-
-class WizardServer : public WizardWindow {
- protected:
-  void SetUp() override {
-    const std::string missing = test::PostgresCluster::Missing();
-    if (!missing.empty()) GTEST_SKIP() << missing;
-    server().EnsureRunning();
-    server().Run(
-        "drop schema public cascade; create schema public;"
-        "create table cidade (codigo int primary key, nome text);"
-        "create table cliente (codigo int primary key, cidade int references cidade)");
-    proxy_ = std::make_unique<test::CuttingProxy>(server().Socket());
-    setDataLayer({[] { return std::vector<String>{u"Vendas"}; },
-                  [this] {
-                    auto made =
-                        std::make_shared<ToServer>(server().ConnectionString(proxy_->Port()));
-                    made->ConnectionTimeout(timeout);
-                    return made;
-                  }});
-  }
-  static test::PostgresCluster& server() { return test::PostgresCluster::Shared(); }
-  QLabel* line() const { return window->findChild<QLabel*>(QStringLiteral("tessariaWait")); }
-  void connect() {
-    if (parts().Combo(u"cmbSistema").ListIndex() != 0) hands->Choose(u"cmbSistema", 0);
-    hands->Click(u"btnConectar");
-  }
-
-  std::unique_ptr<test::CuttingProxy> proxy_;
-  Long timeout = 15;  ///< seconds for the login
-};
+using wizard::Tab;
 
 TEST_F(WizardServer, TablesAreListedAndLinkedByTheirForeignKey) {
   run([&] {
@@ -145,6 +106,128 @@ TEST_F(WizardServer, AServerThatFallsSilentIsGivenUpAndTheNextActionConnectsAgai
     ASSERT_EQ(boxes_.boxes().size(), 2U);
     EXPECT_TRUE(boxes_.boxes()[1].text.endsWith(QStringLiteral("Conectar novamente?")));
     EXPECT_EQ(rowsOf(u"lst3Cmp"), (Rows{u"codigo", u"cidade"}));
+  });
+}
+
+// --- The statement that is tried -----------------------------------------------------------------
+
+class WizardRetrieve : public WizardServer {
+ protected:
+  /// The name of each city, ordered, of the city that the form names.
+  void prepare() {
+    connect();
+    pickFirstTable();
+    goTo(Tab::Campos);
+    hands->Choose(u"cmb3Tab", 0);
+    pickFields();
+    goTo(Tab::Grid);
+    retrieve();
+    ASSERT_EQ(columns(), (QStringList{QStringLiteral("codigo"), QStringLiteral("nome")}));
+    goTo(Tab::Ordem);
+    hands->ClickRow(u"lst5CmpTodos", 2);
+    hands->Click(u"btn5Inc");
+    goTo(Tab::Where);
+    hands->Choose(u"cmb6Tab", 0);
+    hands->ClickRow(u"lst6Cmp", 1);
+    hands->Click(u"btn6CmpInc");
+    hands->Choose(u"cmb6TipoBusca", 0);
+    goTo(Tab::Grid);
+  }
+  void pickFields() {
+    for (const Long row : {1, 2}) {
+      hands->ClickRow(u"lst3Cmp", row);
+      hands->Click(u"btn3Inclui");
+    }
+  }
+  void retrieve() { hands->Click(u"btn4Retrieve"); }
+  QStringList columns() {
+    const auto& box = at<QComboBox>(*window, QStringLiteral("cmb4Coluna"));
+    QStringList rows;
+    for (int i = 0; i < box.count(); ++i) rows << box.itemText(i);
+    return rows;
+  }
+  /// The offer to copy the statement, over the wizard, which goes on.
+  void expectOffer(std::size_t box) {
+    ASSERT_EQ(boxes_.boxes().size(), box + 1);
+    EXPECT_EQ(boxes_.boxes()[box].text, toQt(kStatement));
+    EXPECT_EQ(boxes_.boxes()[box].title, QString::fromUtf8("Copiar Para Área de Transferência ?"));
+    EXPECT_EQ(boxes_.boxes()[box].owner, QStringLiteral("frmMontaSql"));
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), window);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(columns(), (QStringList{QStringLiteral("codigo"), QStringLiteral("nome")}));
+  }
+
+  static constexpr StringView kStatement =
+      u"SELECT\r\n      codigo,\r\n       nome \r\nFROM\r\n      cidade"
+      u"\r\nWHERE\r\n      cidade.codigo=@@\r\nORDER BY\r\n      nome";
+};
+
+TEST_F(WizardRetrieve, ARefusedStatementIsCopiedWholeFromItsBox) {
+  run([&] {
+    prepare();
+    server().Run("alter table cidade drop column nome");
+    TheDesktop().ClipboardText(u"de antes");
+    boxes_.willPress(QString::fromUtf8("Não"));
+    retrieve();
+    expectOffer(0);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("de antes"));
+    boxes_.whileOpen = [] {
+      press(*QApplication::activeModalWidget(), Qt::Key_S, Qt::AltModifier);
+      QTest::qWait(200);  // a button is shown pressed
+    };
+    retrieve();
+    expectOffer(1);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), toQt(kStatement));
+    boxes_.whileOpen = nullptr;
+    server().Run("alter table cidade add column nome text");
+    retrieve();
+    EXPECT_EQ(boxes_.boxes().size(), 2U);
+  });
+}
+
+TEST_F(WizardRetrieve, AServerThatFallsSilentIsGivenUpByEscape) {
+  run([&] {
+    prepare();
+    proxy_->Swallow();
+    int looks = 0;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+      if (parts().Label(u"lblEstado").Caption() != u"Executando o comando...") return;
+      if (++looks == 5) press(*window, Qt::Key_Escape);
+    });
+    watch.start(100);
+    QElapsedTimer timer;
+    timer.start();
+    retrieve();
+    watch.stop();
+    EXPECT_LT(timer.elapsed(), 10000);
+    EXPECT_GT(looks, 30) << "the window is alive all the time";
+    expectOffer(0);
+
+    proxy_->CancelCut();
+    boxes_.willPress(QStringLiteral("Sim"));
+    retrieve();
+    ASSERT_EQ(boxes_.boxes().size(), 2U);
+    EXPECT_TRUE(boxes_.boxes()[1].text.endsWith(QStringLiteral("Conectar novamente?")));
+    EXPECT_EQ(boxes_.boxes()[1].owner, QStringLiteral("frmMontaSql"));
+    EXPECT_EQ(parts().Label(u"lblEstado").Caption(), u"");
+  });
+}
+
+TEST_F(WizardRetrieve, AServerThatWasStoppedIsToldOfAndConnectedToAgain) {
+  run([&] {
+    prepare();
+    server().Stop();
+    retrieve();
+    expectOffer(0);
+    server().Start();
+    boxes_.willPress(QStringLiteral("Sim"));
+    retrieve();
+    ASSERT_EQ(boxes_.boxes().size(), 2U);
+    EXPECT_TRUE(boxes_.boxes()[1].text.endsWith(QStringLiteral("Conectar novamente?")));
+    EXPECT_EQ(parts().Label(u"lblEstado").Caption(), u"");
+    EXPECT_EQ(columns().size(), 2);
   });
 }
 

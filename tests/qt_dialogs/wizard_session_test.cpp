@@ -26,28 +26,6 @@ class WizardSession : public WizardWindow {
     EXPECT_EQ(rowsOf(u"lst2Links"), (Rows{u"Cidade.Codigo=Cliente.CodCidade"}));
     EXPECT_THAT(boxes_.takeTexts(), testing::IsEmpty());
   }
-
-  // --- Keys
-  void strikeKey(int key, int times = 1, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    for (int i = 0; i < times; ++i) press(*window, key, modifiers);
-    settleEvents();
-  }
-  /// Presses Tab until the widget has the focus.
-  void tabTo(const char* name) {
-    constexpr int kMost = 40;
-    const auto& wanted = at(*window, QLatin1String(name));
-    const auto isThere = [&] {
-      const QWidget* focus = window->focusWidget();
-      return focus == &wanted || wanted.isAncestorOf(focus);
-    };
-    for (int i = 0; i < kMost && !isThere(); ++i) strikeKey(Qt::Key_Tab);
-    EXPECT_TRUE(isThere()) << name;
-  }
-  void pressButton(const char* name) {
-    tabTo(name);
-    type(*window, QStringLiteral(" "));
-    settleEvents();
-  }
 };
 
 TEST_F(WizardSession, ByMouseTablesArePickedAndLinked) {

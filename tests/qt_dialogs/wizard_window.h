@@ -68,6 +68,30 @@ class WizardWindow : public DialogFixture {
     return at<QTabWidget>(*window, QStringLiteral("tabWizard")).currentWidget();
   }
 
+  void strikeKey(int key, int times = 1, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    for (int i = 0; i < times; ++i) press(*window, key, modifiers);
+    settleEvents();
+  }
+  /// Presses Tab until the widget has the focus.
+  void tabTo(const char* name) {
+    constexpr int kMost = 40;
+    const auto& wanted = at(*window, QLatin1String(name));
+    const auto isThere = [&] {
+      const QWidget* focus = window->focusWidget();
+      return focus == &wanted || wanted.isAncestorOf(focus);
+    };
+    for (int i = 0; i < kMost && !isThere(); ++i) strikeKey(Qt::Key_Tab);
+    EXPECT_TRUE(isThere()) << name;
+  }
+  void pressButton(const char* name) {
+    tabTo(name);
+    strikeSpace();
+  }
+  void strikeSpace() {
+    type(*window, QStringLiteral(" "));
+    settleEvents();
+  }
+
   std::shared_ptr<test::ScriptedDatabase> database = std::make_shared<test::ScriptedDatabase>();
   QDialog* window = nullptr;      ///< while `run` works
   SurfaceHands* hands = nullptr;  ///< at the window

@@ -1,9 +1,14 @@
 #include "hosts/qt/program/message_box.h"
 
 #include <QAbstractButton>
+#include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
 
 #include "hosts/qt/program/modal_box.h"
 #include "tessaria/host/application.h"
@@ -49,6 +54,20 @@ QAbstractButton* addButtons(QMessageBox& box, Long style) {
   return yes;
 }
 
+/// A text that is too high for the screen, such as a statement of many fields, scrolls: the buttons
+/// stay in reach. Qt makes the box as high as its text.
+void boundText(QMessageBox& box) {
+  auto* text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  const QSize most = box.screen()->availableSize() / 2;
+  if (!text || text->sizeHint().height() <= most.height()) return;
+  auto* area = new QScrollArea(&box);
+  delete box.layout()->replaceWidget(text, area);
+  area->setWidgetResizable(true);
+  area->setWidget(text);
+  const int bar = box.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  area->setMinimumSize(text->sizeHint().grownBy({0, 0, 2 * bar, 0}).boundedTo(most));
+}
+
 }  // namespace
 
 Long showMessageBox(QWidget* owner, const QString& text, Long style, const QString& title) {
@@ -58,6 +77,7 @@ Long showMessageBox(QWidget* owner, const QString& text, Long style, const QStri
   box->setTextFormat(Qt::PlainText);
   box->setText(withLineEnds(text));
   const QAbstractButton* yes = addButtons(*box, style);
+  boundText(*box);
   const QPointer<QWidget> window(runBox(*box, owner));
   const bool saidYes = box && yes && box->clickedButton() == yes;
   delete box;
