@@ -3,7 +3,12 @@
 
 #include <QString>
 
+#include "tessaria/string.h"
+
 namespace tessaria::tests {
+
+/// Adds a data source of that name to a file of the driver manager.
+void addSource(const QString& path, const QString& name, const String& connectionString);
 
 /// Adds the data source "loja", which leads to the server of this program, to a file of the driver
 /// manager, and makes that the file of this program and of those that it starts.

@@ -4,10 +4,10 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QProcess>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 #include <cstdio>
 
 namespace tessaria::tests {
@@ -19,6 +19,13 @@ QStringList messages;
 void keepMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
   messages << text;
   std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+QString ownerOf(const QWidget& box) {
+  for (const QWidget* window : QApplication::topLevelWidgets())
+    if (window->windowHandle() && window->windowHandle() == box.windowHandle()->transientParent())
+      return window->objectName();
+  return {};
 }
 
 int formsOnCommandLine() {
@@ -80,11 +87,22 @@ BoxWatch::~BoxWatch() { qApp->removeEventFilter(this); }
 
 bool BoxWatch::eventFilter(QObject* object, QEvent* event) {
   auto* box = qobject_cast<QMessageBox*>(object);
-  if (box && event->type() == QEvent::Show) {
-    texts_ << box->text();
-    QTimer::singleShot(0, box, &QDialog::reject);
-  }
+  if (!box || event->type() != QEvent::Show) return false;
+  texts_ << box->text();
+  QTimer::singleShot(0, box, [open = QPointer(box), self = QPointer(this)] {
+    if (self) self->note(*open);
+    if (open && open->isVisible()) open->reject();
+  });
   return false;
+}
+
+void BoxWatch::note(QMessageBox& box) {
+  const QPointer open(&box);
+  owners_ << ownerOf(box);
+  if (!answer) return;
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+  answer();
+  EXPECT_TRUE(waitFor([&] { return !open || !open->isVisible(); }));
 }
 
 void Driver::initialize(QDesignerFormEditorInterface* core) {

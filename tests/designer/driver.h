@@ -7,6 +7,7 @@
 #include <QtDesigner/QDesignerFormWindowInterface>
 #include <QtDesigner/QDesignerFormWindowManagerInterface>
 
+#include <QMessageBox>
 #include <QPoint>
 #include <QPointer>
 #include <QStringList>
@@ -42,16 +43,23 @@ bool waitFor(const std::function<bool()>& condition);
 /// What Qt and Designer have printed since the last call.
 QStringList takeMessages();
 
-/// The boxes that are shown meanwhile, which it closes.
+/// The boxes that are shown meanwhile, which it answers.
 class BoxWatch final : public QObject {
  public:
   BoxWatch();
   ~BoxWatch() override;
   QStringList takeTexts() { return std::exchange(texts_, {}); }
+  /// The names of the windows that the window system keeps the boxes in front of.
+  QStringList takeOwners() { return std::exchange(owners_, {}); }
   bool eventFilter(QObject* object, QEvent* event) override;
 
+  /// Answers a box that is in front. Without it boxes are closed at once.
+  std::function<void()> answer;
+
  private:
-  QStringList texts_;
+  void note(QMessageBox& box);
+
+  QStringList texts_, owners_;
 };
 
 /// Runs all tests once Designer has shown its forms, and ends Designer with their result.

@@ -10,6 +10,7 @@
 
 #include "tests/designer/data_source.h"
 #include "tests/designer/hands.h"
+#include "tests/support/cutting_proxy.h"
 #include "tests/support/postgres_cluster.h"
 
 namespace tessaria::tests {
@@ -23,7 +24,8 @@ struct PageText {
   QString text;
 };
 
-/// One of the open forms, whose fields get a lookup. The data source "loja" leads to the server.
+/// One of the open forms, whose fields get a lookup. The data source "loja" leads to the server,
+/// and "distante" does by way of a proxy.
 class WizardDrive : public testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -38,6 +40,10 @@ class WizardDrive : public testing::Test {
     EXPECT_EQ(boxes_.takeTexts(), QStringList());
   }
 
+  static test::CuttingProxy& proxy() {
+    static test::CuttingProxy proxy(test::PostgresCluster::Shared().Socket());
+    return proxy;
+  }
   qt::TsText& field(const char* name) { return *fieldOf(form_, QLatin1String(name)); }
   static Step frontStep() {
     return static_cast<Step>(inFront<QTabWidget>("tabWizard").currentIndex());
@@ -77,7 +83,9 @@ class WizardDrive : public testing::Test {
     auto& cluster = test::PostgresCluster::Shared();
     for (const char* file : {TESSARIA_DEMO_DATA "/load.sql", TESSARIA_MUNICIPIOS})
       cluster.RunFile(file);
-    nameSource(qEnvironmentVariable("ODBCINI"));
+    const QString sources = qEnvironmentVariable("ODBCINI");
+    nameSource(sources);
+    addSource(sources, QStringLiteral("distante"), cluster.ConnectionString(proxy().Port()));
     return true;
   }
 };
