@@ -83,6 +83,7 @@ TEST(MessageBox, ATextThatIsTooHighForTheScreenScrollsByKeysToo) {
     auto* area = box.findChild<QScrollArea*>();
     ASSERT_NE(area, nullptr);
     EXPECT_GE(area->viewport()->width(), area->widget()->sizeHint().width());
+    EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
     press(box, Qt::Key_Tab);
     press(box, Qt::Key_Tab);
     ASSERT_EQ(box.focusWidget(), area);

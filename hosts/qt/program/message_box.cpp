@@ -61,11 +61,14 @@ void boundText(QMessageBox& box) {
   const QSize most = box.screen()->availableSize() / 2;
   if (!text || text->sizeHint().height() <= most.height()) return;
   auto* area = new QScrollArea(&box);
-  delete box.layout()->replaceWidget(text, area);
+  const int bar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const QSize wanted = text->sizeHint().grownBy({0, 0, 2 * bar, 0});
+  area->setMinimumSize(wanted.boundedTo(most));
+  // Qt would show the bar for a text that has room enough.
+  if (wanted.width() <= most.width()) area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   area->setWidgetResizable(true);
+  delete box.layout()->replaceWidget(text, area);
   area->setWidget(text);
-  const int bar = box.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-  area->setMinimumSize(text->sizeHint().grownBy({0, 0, 2 * bar, 0}).boundedTo(most));
 }
 
 }  // namespace
