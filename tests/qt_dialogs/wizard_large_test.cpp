@@ -1,5 +1,6 @@
 // The SQL wizard over a large database: thousands of tables and hundreds of columns, by keys.
-#include <QComboBox>
+#include <QScrollBar>
+#include <QTableView>
 #include <QTreeWidget>
 
 #include "tests/qt_dialogs/wizard_at_server.h"
@@ -139,6 +140,12 @@ TEST_F(WizardManyColumns, TheLastOneIsSetOrderedAndReturnedByKeys) {
     strikeKey(Qt::Key_A, 1, Qt::ControlModifier);
     type(*window, QStringLiteral("Total"));
     EXPECT_EQ(parts().Grid().Column(kColumns - 1).Caption(), u"Total");
+    tabTo("grdWizard");
+    auto& bar =
+        *at(*window, QStringLiteral("grdWizard")).findChild<QTableView*>()->horizontalScrollBar();
+    ASSERT_GT(bar.maximum(), 0);
+    for (int before = -1; before != bar.value(); strikeKey(Qt::Key_Right)) before = bar.value();
+    EXPECT_EQ(bar.value(), bar.maximum());
     goTo(Tab::Ordem);
     EXPECT_EQ(goBy(Qt::Key_End, "lst5CmpTodos"), kLastColumn);
     pressButton("btn5Inc");

@@ -1,7 +1,9 @@
 // How the SQL wizard's window is laid out, and that its keys reach everything.
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -154,6 +156,24 @@ TEST_F(WizardLayout, AnExpressionThatIsLongerThanItsListCanBeScrolledByKeys) {
     for (int i = 0; i < 200; ++i) press(*window, Qt::Key_Right);
     EXPECT_EQ(bar.value(), bar.maximum());
     EXPECT_EQ(view.indexOfTopLevelItem(view.currentItem()), 1);
+  });
+}
+
+TEST_F(WizardLayout, ADroppedListIsAsWideAsItsRows) {
+  run([&] {
+    bringToFront(Tab::Where);
+    window->resize(1, 1);
+    const String name = u"financeiro." + String(60, u'x');
+    parts().Combo(u"cmb6Tab").AddItem(name);
+    auto& box = at<QComboBox>(*window, QStringLiteral("cmb6Tab"));
+    box.showPopup();
+    settleEvents();
+    const int needed = box.fontMetrics().horizontalAdvance(toQt(name));
+    EXPECT_GT(box.view()->viewport()->width(), needed);
+    EXPECT_LT(box.width(), needed);
+    box.hidePopup();
+    settleEvents();
+    window->activateWindow();
   });
 }
 

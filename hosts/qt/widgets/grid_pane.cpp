@@ -93,6 +93,10 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     if (column >= 0 && orderWanted) orderWanted(column);
     return;
   }
+  if (sideways && model()->rowCount() == 0)  // no cell to go to
+    return horizontalScrollBar()->triggerAction(event->key() == Qt::Key_Right
+                                                    ? QScrollBar::SliderSingleStepAdd
+                                                    : QScrollBar::SliderSingleStepSub);
   if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) {
     if (endWanted) endWanted(event->key() == Qt::Key_End);
     return;
