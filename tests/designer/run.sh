@@ -38,4 +38,4 @@ done
 export ODBCINI="$work/odbc.ini"
 cd "$work"
 export TESSARIA_FORMS="$work"
-timeout 420 "$designer" "$work"/*.ui
+timeout 600 "$designer" "$work"/*.ui
