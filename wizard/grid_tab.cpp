@@ -103,8 +103,7 @@ host::RecordsetPtr GridTab::Try(const String& statement) const {
   host::RecordsetPtr rows;
   Catch(
       [&] {
-        Waiting waiting(wizard_, u"Executando o comando...",
-                        u"O banco de dados recusou o comando.");
+        Waiting waiting(wizard_, u"Executando o comando...", u"O comando não foi executado.");
         rows = wizard_.Connection().Execute(statement);
         waiting.Done();
       },

@@ -151,6 +151,7 @@ TEST_F(WizardLayout, AnExpressionThatIsLongerThanItsListCanBeScrolledByKeys) {
     auto& view = at<QTreeWidget>(*window, QStringLiteral("lst3CmpSel"));
     auto& bar = *view.horizontalScrollBar();
     EXPECT_GT(view.columnWidth(0), view.fontMetrics().horizontalAdvance(QString(200, u'x')));
+    picture(*window, QStringLiteral("wizard_long_expression"));
     view.setFocus();
     press(*window, Qt::Key_Down);
     for (int i = 0; i < 200; ++i) press(*window, Qt::Key_Right);

@@ -152,6 +152,7 @@ class WizardRetrieve : public WizardServer {
     EXPECT_EQ(boxes_.boxes()[box].text, toQt(kStatement));
     EXPECT_EQ(boxes_.boxes()[box].title, QString::fromUtf8("Copiar Para Área de Transferência ?"));
     EXPECT_EQ(boxes_.boxes()[box].owner, QStringLiteral("frmMontaSql"));
+    EXPECT_EQ(parts().Label(u"lblEstado").Caption(), u"O comando não foi executado.");
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(QApplication::activeModalWidget(), window);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);

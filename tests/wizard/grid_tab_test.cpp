@@ -217,7 +217,7 @@ TEST_F(WizardGrid, ARefusedStatementCanBeCopied) {
     EXPECT_EQ(Captions(), (Rows{u"Codigo"}));
     EXPECT_EQ(Definitions().Count(), 1);
     EXPECT_EQ(Parts().dcWizard->Source(), accepted);
-    EXPECT_EQ(Parts().Label(u"lblEstado").Caption(), u"O banco de dados recusou o comando.");
+    EXPECT_EQ(Parts().Label(u"lblEstado").Caption(), u"O comando não foi executado.");
     Accept(u"Select Codigo, Falta From Cliente Where 1 = Null", {u"Codigo", u"Falta"});
     Click(u"btn4Retrieve");
     EXPECT_EQ(Parts().Label(u"lblEstado").Caption(), u"");
