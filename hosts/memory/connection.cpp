@@ -80,6 +80,8 @@ class StatementRows final : public RowSource {
 
   Answer Run() override { return connection_->Run(statement_, writable_); }
   void Write(const std::function<void()>& change) override { connection_->Write(change); }
+  bool InTransaction() const override { return connection_->savedTables_.has_value(); }
+  Long Transactions() const override { return connection_->transactions_; }
 
  private:
   std::shared_ptr<Connection> connection_;
@@ -96,6 +98,8 @@ class SchemaRows final : public RowSource {
 
   Answer Run() override { return connection_->Schema(kind_, restrictions_); }
   void Write(const std::function<void()>& change) override { connection_->Write(change); }
+  bool InTransaction() const override { return connection_->savedTables_.has_value(); }
+  Long Transactions() const override { return connection_->transactions_; }
 
  private:
   std::shared_ptr<Connection> connection_;
@@ -324,6 +328,7 @@ void Connection::BeginTrans() {
   RequireOpen();
   if (savedTables_) throw HostError(kTransactionOpen, u"Já existe uma transação ativa.");
   savedTables_.emplace();
+  ++transactions_;
   for (const auto& [name, table] : tables_) savedTables_->emplace(name, *table.Rows);
 }
 

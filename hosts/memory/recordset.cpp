@@ -90,6 +90,7 @@ void Recordset::Load() {
   open_ = !columns_.empty();
   position_ = 0;
   onDeleted_ = false;
+  written_.reset();
   ApplyOrder();
 }
 
@@ -139,6 +140,7 @@ Long Recordset::AbsolutePosition() const {
 void Recordset::Settle() {
   Update();
   doubt_ = Doubt::None;
+  written_.reset();
 }
 
 void Recordset::MoveFirst() {

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "hosts/memory/same_value.h"
 #include "runtime/well_formed.h"
 #include "tessaria/compare.h"
 #include "tessaria/conversion.h"
@@ -15,18 +16,6 @@ constexpr Long kEditPending = 3219;
 
 bool IsInexact(const Variant& value) { return value.TryGet<double>() || value.TryGet<float>(); }
 
-/// Equality of two values of one column: dates to the second, numbers exactly.
-bool SameValue(const Variant& a, const Variant& b) {
-  if (a.IsNull() || b.IsNull()) return a.IsNull() && b.IsNull();
-  const Date* first = a.TryGet<Date>();
-  const Date* second = b.TryGet<Date>();
-  if (first && second) return std::abs(first->Days - second->Days) * 86400 < 0.5;
-  if (!a.IsNumeric() || !b.IsNumeric()) return Equal(a, b);
-  if (!IsInexact(a)) return IsSameNumber(a, b);
-  const double x = CDbl(a), y = CDbl(b);
-  return x == y || (std::isnan(x) && std::isnan(y));
-}
-
 bool IsStoredRow(const Row& given, const Row& stored, const std::vector<Column>& columns) {
   for (std::size_t i = 0; i < columns.size(); ++i) {
     const Column& column = columns[i];
@@ -37,6 +26,17 @@ bool IsStoredRow(const Row& given, const Row& stored, const std::vector<Column>&
 }
 
 }  // namespace
+
+bool SameValue(const Variant& a, const Variant& b) {
+  if (a.IsNull() || b.IsNull()) return a.IsNull() && b.IsNull();
+  const Date* first = a.TryGet<Date>();
+  const Date* second = b.TryGet<Date>();
+  if (first && second) return std::abs(first->Days - second->Days) * 86400 < 0.5;
+  if (!a.IsNumeric() || !b.IsNumeric()) return Equal(a, b);
+  if (!IsInexact(a)) return IsSameNumber(a, b);
+  const double x = CDbl(a), y = CDbl(b);
+  return x == y || (std::isnan(x) && std::isnan(y));
+}
 
 void Recordset::RequireUpdatable() const {
   if (!origin_) throw HostError(errors::NotUpdatable);
@@ -105,18 +105,20 @@ void Recordset::Update() {
   Table::Stored written;
   if (editMode_ == host::EditMode::Add) {
     Write(Doubt::Edit, [&] { written = origin_->Insert(edit_); });
+    NoteWritten({rowSource_->Transactions(), editMode_, position_, {}, edit_});
     DropEdit();
     ShowNewRow(std::move(written));
   } else if (editMode_ == host::EditMode::InProgress) {
     Table::Stored& row = rows_[static_cast<std::size_t>(position_)];
     Write(Doubt::Edit, [&] { written = origin_->Update(row.Id, row.Version, edit_); });
+    NoteWritten({rowSource_->Transactions(), editMode_, position_, row, edit_});
     DropEdit();
     row = std::move(written);
   }
 }
 
 // What was typed since then is an edit of the row that is stored now.
-void Recordset::SettleDoubt() {
+bool Recordset::SettleDoubt() {
   rowSource_->Write([] {});
   const bool isNew = editMode_ == host::EditMode::Add;
   const auto position = static_cast<std::size_t>(position_);
@@ -125,13 +127,14 @@ void Recordset::SettleDoubt() {
   const bool isAsRead = stored == nullptr || (!isNew && stored->Version == rows_[position].Version);
   if (!isStored && !isAsRead) throw HostError(errors::WriteInDoubt);
   doubt_ = Doubt::None;
-  if (!isStored) return;
+  if (!isStored) return false;
   const Row typed = edit_;
   DropEdit();
   isNew ? ShowNewRow(*stored) : static_cast<void>(rows_[position] = *stored);
-  if (IsStoredRow(typed, CurrentCells(), columns_)) return;
+  if (IsStoredRow(typed, CurrentCells(), columns_)) return true;
   edit_ = typed;
   editMode_ = host::EditMode::InProgress;
+  return true;
 }
 
 const Table::Stored* Recordset::FindInserted() const {
@@ -175,6 +178,7 @@ void Recordset::Delete() {
     if (!mayBeGone) origin_->Delete(row->Id, row->Version);
   });
   rows_.erase(row);
+  written_.reset();
   DropEdit();
   onDeleted_ = true;
 }

@@ -3,6 +3,7 @@
 #include "tests/ports/record_set_contract.h"
 #include "tests/ports/record_set_doubt_contract.h"
 #include "tests/ports/record_set_edit_contract.h"
+#include "tests/ports/record_set_recovery_contract.h"
 #include "tests/support/printers.h"
 
 namespace tessaria::contract {
@@ -81,6 +82,7 @@ TEST_P(RecordSetContract, AFieldThatOutlivesItsSetRaises3704) {
 const DataHost kMemoryRows{"memory", [] { return std::make_unique<MemoryData>(); }};
 INSTANTIATE_TEST_SUITE_P(Memory, RecordSetContract, testing::Values(kMemoryRows));
 INSTANTIATE_TEST_SUITE_P(Memory, WriteInDoubtContract, testing::Values(kMemoryRows));
+INSTANTIATE_TEST_SUITE_P(Memory, RowRecoveryContract, testing::Values(kMemoryRows));
 
 // A database shows a value that its kind cannot hold in this way.
 TEST(MemoryRecordset, AKeptTextIsShownAndStaysAndIsNoEditWhenAssignedAgain) {

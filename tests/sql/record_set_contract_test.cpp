@@ -3,6 +3,7 @@
 #include "tests/ports/case_count.h"
 #include "tests/ports/record_set_doubt_contract.h"
 #include "tests/ports/record_set_edit_contract.h"
+#include "tests/ports/record_set_recovery_contract.h"
 #include "tests/sql/database_test.h"
 #include "tests/support/cutting_proxy.h"
 
@@ -78,6 +79,7 @@ class DatabaseData final : public DataDriver {
 const DataHost kDatabase{test::DriverName(), [] { return std::make_unique<DatabaseData>(); }};
 INSTANTIATE_TEST_SUITE_P(Database, RecordSetContract, testing::Values(kDatabase));
 INSTANTIATE_TEST_SUITE_P(Database, WriteInDoubtContract, testing::Values(kDatabase));
+INSTANTIATE_TEST_SUITE_P(Database, RowRecoveryContract, testing::Values(kDatabase));
 
 }  // namespace
 }  // namespace tessaria::contract

@@ -77,6 +77,7 @@ void SqlRecordset::Run() {
 
 void SqlRecordset::Show(std::shared_ptr<RowTable> table) {
   shown_.reset();
+  written_.reset();
   table_ = std::move(table);
   if (table_) shown_.emplace(*table_);
 }
@@ -138,6 +139,7 @@ void SqlRecordset::MoveTo(std::int64_t position) {
   position_ = position;
   onDeleted_ = false;
   doubt_ = Doubt::None;
+  written_.reset();
 }
 
 void SqlRecordset::MoveFirst() {
@@ -285,12 +287,16 @@ bool SqlRecordset::FetchMore(Long rows) {
   return RowsRead() > before;
 }
 
+std::size_t SqlRecordset::ColumnOf(Long ordinal) const {
+  if (ordinal < 0 || static_cast<std::size_t>(ordinal) >= ColumnInfo().size())
+    throw HostError(errors::ItemNotFound);
+  return static_cast<std::size_t>(ordinal);
+}
+
 Variant SqlRecordset::ValueAt(Long row, Long ordinal) const {
   const auto keep = Keep();
   if (row < 1 || row > RowsRead()) ThrowNoRow();
-  if (ordinal < 0 || static_cast<std::size_t>(ordinal) >= ColumnInfo().size())
-    throw HostError(errors::ItemNotFound);
-  return table_->Value(shown_->At(row - 1), static_cast<std::size_t>(ordinal));
+  return table_->Value(shown_->At(row - 1), ColumnOf(ordinal));
 }
 
 void SqlRecordset::Requery() {

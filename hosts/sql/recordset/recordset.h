@@ -60,6 +60,7 @@ class SqlFields final : public host::Fields {
 
 /// Created with `std::make_shared`.
 class SqlRecordset final : public host::Recordset,
+                           public host::RowRecovery,
                            public std::enable_shared_from_this<SqlRecordset> {
  public:
   /// Runs the statement. `source` is what the application asked for.
@@ -102,6 +103,14 @@ class SqlRecordset final : public host::Recordset,
   bool Hold(Long first, Long last) override;
   Long PositionIfKnown() const override;
   String Source() const override { return source_; }
+  host::RowRecovery* Recovery() override { return writer_ ? this : nullptr; }
+
+  // RowRecovery
+  Variant Former(Long ordinal) const override;
+  void TakeBack(bool mayBeStored) override;
+  bool FindOut() override;
+  host::StoredRowPtr ReadStored() override;
+  void Rebase(const host::StoredRowPtr& stored) override;
 
   /// For the fields. All of them raise 3704 when closed.
   const Columns& ColumnInfo() const;
@@ -113,6 +122,16 @@ class SqlRecordset final : public host::Recordset,
  private:
   // Which write to the current row has lost its answer.
   enum class Doubt { None, Edit, Deletion };
+
+  // What the program's transaction has written of the current row, until it moves.
+  struct Written {
+    std::uint64_t transaction;
+    host::EditMode edit;
+    RowId row;
+    std::int64_t position;  // before a new row was added
+    ColumnStore before;     // empty for a new row
+    Changes changes;
+  };
 
   // The row number of the position before the first row.
   static constexpr std::int64_t kBof = -1;
@@ -136,7 +155,11 @@ class SqlRecordset final : public host::Recordset,
   template <class Write>
   auto Send(Doubt doubt, Write write);
   void WriteEdit();
-  void SettleDoubt();
+  bool SettleDoubt();
+  std::size_t ColumnOf(Long ordinal) const;
+  ColumnStore CellsOf(RowId row) const;
+  void NoteWritten(Written written);
+  void BecomeNew();
   void DropEdit();
   void ShowNewRow(ColumnStore values);
   void HideRow(RowId row);
@@ -159,6 +182,7 @@ class SqlRecordset final : public host::Recordset,
   Changes changes_;
   Doubt doubt_ = Doubt::None;
   Changes sent_;  // the changes of the edit in doubt
+  std::optional<Written> written_;
 };
 
 }  // namespace tessaria::sql

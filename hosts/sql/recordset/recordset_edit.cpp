@@ -108,12 +108,23 @@ void SqlRecordset::WriteEdit() {
   if (doubt_ == Doubt::Edit) SettleDoubt();
   if (edit_ == host::EditMode::Add) {
     ColumnStore written = Send(Doubt::Edit, [&] { return writer_->Insert(changes_); });
+    Written note{session_->Transactions(), edit_, 0, position_, ColumnStore({}), changes_};
     DropEdit();
     ShowNewRow(std::move(written));
+    note.row = CurrentRow();
+    NoteWritten(std::move(note));
   } else if (edit_ == host::EditMode::InProgress) {
     const RowId row = CurrentRow();
+    // The copy may fail, so it is made before the row is written.
+    Written note{session_->Transactions(),
+                 edit_,
+                 row,
+                 position_,
+                 session_->InTransaction() ? CellsOf(row) : ColumnStore({}),
+                 changes_};
     ColumnStore written =
         Send(Doubt::Edit, [&] { return writer_->Update(*table_, row, changes_); });
+    NoteWritten(std::move(note));
     DropEdit();
     table_->Replace(row, std::move(written));
   }
@@ -121,17 +132,18 @@ void SqlRecordset::WriteEdit() {
 
 // Finds out whether the edit in doubt was stored. If so, what was typed since then is an edit of
 // the row that is stored now; if not, the edit is written as if for the first time.
-void SqlRecordset::SettleDoubt() {
+bool SqlRecordset::SettleDoubt() {
   const bool isNew = edit_ == host::EditMode::Add;
   const RowId row = isNew ? 0 : CurrentRow();
   auto stored = isNew ? writer_->FindInserted(sent_) : writer_->FindUpdated(*table_, row, sent_);
   doubt_ = Doubt::None;
-  if (!stored) return;
+  if (!stored) return false;
   Changes typedSince = writer_->MissingIn(*stored, changes_);
   DropEdit();
   isNew ? ShowNewRow(std::move(*stored)) : table_->Replace(row, std::move(*stored));
   changes_ = std::move(typedSince);
   if (!changes_.empty()) edit_ = host::EditMode::InProgress;
+  return true;
 }
 
 void SqlRecordset::DropEdit() {
@@ -149,6 +161,7 @@ void SqlRecordset::ShowNewRow(ColumnStore values) {
 void SqlRecordset::HideRow(RowId row) {
   shown_->Hide(row);
   onDeleted_ = true;
+  written_.reset();
 }
 
 void SqlRecordset::CancelUpdate() {

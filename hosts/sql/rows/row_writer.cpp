@@ -196,8 +196,12 @@ std::optional<ColumnStore> RowWriter::FindInserted(const Changes& sent) const {
   return now;
 }
 
+std::optional<ColumnStore> RowWriter::Read(const RowTable& table, RowId row) const {
+  return Look(KeysAfter(table, row, {}));
+}
+
 bool RowWriter::IsThere(const RowTable& table, RowId row) const {
-  return Look(KeysAfter(table, row, {})).has_value();
+  return Read(table, row).has_value();
 }
 
 RowWriter::Command RowWriter::InsertCommand(const Changes& changes) const {

@@ -27,6 +27,10 @@ class RowWriter {
   ColumnStore Insert(const Changes& changes) const;
   void Delete(const RowTable& table, RowId row) const;
 
+  /// The row with the key of that row as it is in the database, or nothing when there is none.
+  /// Raises the errors of reading.
+  std::optional<ColumnStore> Read(const RowTable& table, RowId row) const;
+
   // The outcome of a write in doubt. All of these functions raise the errors of reading.
   /// The row as it is in the database, when it holds the changes that were sent; nothing when it is
   /// as it was read, or no longer exists. Error -2147217663 when it holds something else.

@@ -243,6 +243,7 @@ void Session::BeginTrans(const String& modes) {
   if (InTransaction()) {
     throw HostError(errors::ProviderError, u"Já existe uma transação em andamento.");
   }
+  ++transactions_;
   if (adoption_) return BeginForProgram(modes);
   Await([link = RequireLink()] { link->Begin(); });
   inTransaction_ = true;

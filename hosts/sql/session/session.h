@@ -130,6 +130,8 @@ class Session : public std::enable_shared_from_this<Session> {
 
   /// `modes` are in the syntax of SET TRANSACTION.
   void BeginTrans(const String& modes = {});
+  /// How many transactions the program has begun with it.
+  std::uint64_t Transactions() const { return transactions_; }
   void CommitTrans();
   void RollbackTrans();
   /// On an adopted connection: as it was when the present call began.
@@ -245,6 +247,7 @@ class Session : public std::enable_shared_from_this<Session> {
   SettingsScope scope_ = SettingsScope::Session;
   Long commandTimeout_ = 30;
   Long lockTimeout_ = 10;
+  std::uint64_t transactions_ = 0;
   bool setTimeoutsInTransaction_ = false;  // what its end may undo
   std::shared_ptr<Patience> patience_;
   // Left by handlers that ran during a wait.

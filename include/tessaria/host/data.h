@@ -106,6 +106,47 @@ class TESSARIA_CORE_API Fields {
 
 class Connection;
 
+/// A row as the database held it at one moment.
+class TESSARIA_CORE_API StoredRow : public Object {
+ public:
+  /// By ordinal, from 0, among the columns of the record set that read it. Error 3265 outside them.
+  virtual Variant Value(Long ordinal) const = 0;
+};
+
+using StoredRowPtr = std::shared_ptr<const StoredRow>;
+
+/// What a record set knows about its current row beside its values: for a program that saves a row
+/// together with other statements, or that has met a row which another user has changed.
+class TESSARIA_CORE_API RowRecovery {
+ public:
+  RowRecovery() = default;
+  RowRecovery(const RowRecovery&) = delete;
+  RowRecovery& operator=(const RowRecovery&) = delete;
+  virtual ~RowRecovery() = default;
+
+  /// The value that the row had before the pending edit; Null in a new row. Errors 3021 without a
+  /// row, 3265 outside the columns.
+  virtual Variant Former(Long ordinal) const = 0;
+  /// Makes the edit that `Update` has written since the transaction began pending again, as it was
+  /// typed, because the transaction was undone or its outcome is unknown; `mayBeStored` says the
+  /// latter, and the edit is in doubt then. Several updates of the row come back as one edit. To be
+  /// called before the current row changes and before another transaction begins. Does nothing when
+  /// nothing was written. Asks the server nothing.
+  virtual void TakeBack(bool mayBeStored) = 0;
+  /// Finds out what became of an edit in doubt. True when it was stored: what was typed since then
+  /// is the pending edit, if anything was. False when it was not: it is pending, and no longer in
+  /// doubt. Errors: -2147217663 when it cannot be determined, and those of reading.
+  virtual bool FindOut() = 0;
+  /// Reads the row that is current, by its key, as it is in the database now; null when it no
+  /// longer exists. Changes neither the row nor its edit. Error 3021 for a new row.
+  virtual StoredRowPtr ReadStored() = 0;
+  /// Takes a row of `ReadStored` as the one that was read: `Update` is then refused when that one
+  /// has changed, and what the edit has in common with it is no change any more. With null the row
+  /// was deleted: its edit becomes that of a new row with all its values, and a row without an edit
+  /// leaves the record set as after `Delete`.
+  virtual void Rebase(const StoredRowPtr& stored) = 0;
+};
+
 /// The rows of a statement as of one moment: static, scrollable. Rows of a large result may stay at
 /// the server until they are asked for; a step to one of these reads it, and a failure of that
 /// leaves the current row as it was.
@@ -208,6 +249,9 @@ class TESSARIA_CORE_API Recordset : public Object {
 
   /// The statement or table that the rows came from.
   virtual String Source() const = 0;
+
+  /// Null when the rows cannot be written.
+  virtual RowRecovery* Recovery() { return nullptr; }
 };
 
 using RecordsetPtr = std::shared_ptr<Recordset>;

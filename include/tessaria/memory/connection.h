@@ -114,6 +114,7 @@ class TESSARIA_MEMORY_API Connection final : public host::Connection,
   std::vector<String> statements_;
   std::vector<std::weak_ptr<Recordset>> recordsets_;
   std::optional<std::map<String, Table>> savedTables_;  ///< inside a transaction
+  Long transactions_ = 0;
 };
 
 }  // namespace tessaria::memory

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "tessaria/export.h"
@@ -31,9 +32,13 @@ class TESSARIA_MEMORY_API RowSource {
   /// Runs `change`, which modifies the table. Raises an error before that when nothing can be
   /// written now, and error -2147217663 when a test makes its answer get lost.
   virtual void Write(const std::function<void()>& change) = 0;
+  virtual bool InTransaction() const = 0;
+  /// How many transactions have begun.
+  virtual Long Transactions() const = 0;
 };
 
 class TESSARIA_MEMORY_API Recordset final : public host::Recordset,
+                                            public host::RowRecovery,
                                             public std::enable_shared_from_this<Recordset> {
  public:
   /// Runs the source. Rows without columns give a closed record set.
@@ -69,6 +74,14 @@ class TESSARIA_MEMORY_API Recordset final : public host::Recordset,
   bool FetchMore(Long) override { return false; }
   Variant ValueAt(Long row, Long ordinal) const override;
   String Source() const override { return source_; }
+  host::RowRecovery* Recovery() override { return origin_ ? this : nullptr; }
+
+  // RowRecovery
+  Variant Former(Long ordinal) const override;
+  void TakeBack(bool mayBeStored) override;
+  bool FindOut() override;
+  host::StoredRowPtr ReadStored() override;
+  void Rebase(const host::StoredRowPtr& stored) override;
 
   // --- What its fields and its connection ask ----------------------------------------------------
   /// Closes without a check: the connection is gone.
@@ -83,6 +96,15 @@ class TESSARIA_MEMORY_API Recordset final : public host::Recordset,
   // The write to the current row whose answer was lost.
   enum class Doubt { None, Edit, Deletion };
 
+  // What a transaction has written of the current row, until the record set moves.
+  struct Written {
+    Long Transaction;
+    host::EditMode Mode;
+    std::ptrdiff_t Position;  ///< before a new row was added
+    Table::Stored Before;     ///< of a new row nothing
+    Row Edit;
+  };
+
   Recordset(std::unique_ptr<RowSource> rows, String source);
   void Load();
   void RequireOpen() const;
@@ -94,7 +116,9 @@ class TESSARIA_MEMORY_API Recordset final : public host::Recordset,
   void Settle();
   void Write(Doubt doubt, const std::function<void()>& change);
   /// Finds out whether the edit in doubt was stored.
-  void SettleDoubt();
+  bool SettleDoubt();
+  void NoteWritten(Written written);
+  Table::Stored& StoredRowInHand();
   const Table::Stored* FindInserted() const;
   void DropEdit();
   void ShowNewRow(Table::Stored row);
@@ -114,7 +138,8 @@ class TESSARIA_MEMORY_API Recordset final : public host::Recordset,
   host::EditMode editMode_ = host::EditMode::None;
   Row edit_;
   Doubt doubt_ = Doubt::None;
-  Row sent_;                      ///< the edit in doubt as it was sent
+  Row sent_;  ///< the edit in doubt as it was sent
+  std::optional<Written> written_;
   std::vector<std::size_t> key_;  ///< columns by which a new row is found
   std::unique_ptr<FieldList> fields_;
 };
