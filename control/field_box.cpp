@@ -32,11 +32,15 @@ void FieldBox::WriteSelection(const String& text) {
   txtEdit_.SelText(text);
 }
 
-void FieldBox::Display(const Variant& v, What what) {
+String FieldBox::TextFor(const Variant& v, What what) const {
   if (what == What::StoredText)
-    Write(mdlObjTxt::AplicaMascara(TextOf(v), {}, {}, {}, txtEdit_.PasswordChar()));
-  else if (!mask_.Mascara.empty() || !v.IsNull())  // otherwise the typed text has written it
-    Write(LaidOut(v));
+    return mdlObjTxt::AplicaMascara(tessaria::TextOf(v), {}, {}, {}, txtEdit_.PasswordChar());
+  return mask_.Mascara.empty() && v.IsNull() ? String() : LaidOut(v);
+}
+
+void FieldBox::Display(const Variant& v, What what) {
+  // Otherwise the typed text has written it.
+  if (what == What::StoredText || !mask_.Mascara.empty() || !v.IsNull()) Write(TextFor(v, what));
   shown_.Remember(txtEdit_.Text(), contents_.Texto, what);
 }
 

@@ -44,6 +44,8 @@ class FieldBox {
   /// Shows a value and remembers it. A stored text that the field's type cannot take is shown
   /// without the mask.
   void Display(const Variant& v, What what);
+  /// The text that this shows.
+  String TextFor(const Variant& v, What what) const;
   /// Assigns the typed text and the box: the text itself, or as many password characters.
   void Texto(const String& v);
   void SelectWhole();

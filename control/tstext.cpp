@@ -27,6 +27,10 @@ ExitVerdict tsText::UserControl_ExitFocus() {
 
 bool tsText::HasToSettle() const { return parts_->focus.HasToSettle(); }
 
+bool tsText::IsTouched() const { return parts_->box.IsTouched(); }
+
+String tsText::TextOf(const Variant& value) const { return parts_->value.TextFor(value); }
+
 void tsText::UserControl_KeyDown(Integer& KeyCode, Integer& Shift) {
   parts_->boxEvents.KeyDown(KeyCode, Shift);
 }

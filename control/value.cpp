@@ -33,6 +33,16 @@ void ValueAssignment::ShowAgain(FieldBox::What what, AssignMode mode) {
   Present({contents_.Value, true, what == What::Refused ? What::Value : what}, mode);
 }
 
+String ValueAssignment::TextFor(const Variant& v) const {
+  const Taken taken = Converted(v, AssignMode::Show, [&] {
+    if (!ties_.bCampoConectado) return ConvertUnbound(v, kind_.TipoDado, box_.Mask());
+    const auto field = bound_.Field();
+    const bool acceptsNull = (field->Attributes() & host::attribute::IsNullable) != 0;
+    return ConvertBound(v, FamilyOf(field->Type()), acceptsNull, box_.Mask());
+  });
+  return box_.TextFor(taken.Shown, taken.What);
+}
+
 void ValueAssignment::Present(const Taken& taken, AssignMode mode) {
   Catch(
       [&] {

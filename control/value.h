@@ -46,6 +46,8 @@ class ValueAssignment {
   /// Shows the present value in place of one that was refused. `what` is what the box showed when
   /// the present value was assigned.
   void ShowAgain(FieldBox::What what, AssignMode mode);
+  /// The text with which the box would show a value of the row.
+  String TextFor(const Variant& v) const;
 
  private:
   using What = FieldBox::What;

@@ -60,6 +60,11 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// since the field got the focus, an exit or a check that failed, or a blank that must not remain
   /// when an action runs.
   bool HasToSettle() const;
+  /// Whether the box shows something other than the field's value: what the operator or a program
+  /// has put there and nothing has settled yet, or what was refused.
+  bool IsTouched() const;
+  /// The text with which the field would show a value of its row. Raises the errors of the row.
+  String TextOf(const Variant& value) const;
   /// These three pass the key on to the application and raise the errors of its handlers. A host
   /// calls KeyUp for every release except those of auto-repeat; PageDown opens the dialog only when
   /// its key-down came to this control too. The key-up of the box itself (`TextBox::OnKeyUp`)

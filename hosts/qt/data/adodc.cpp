@@ -11,6 +11,7 @@
 #include "hosts/qt/form/control_pointer.h"
 #include "hosts/qt/form/first_show.h"
 #include "hosts/qt/form/widget_tree.h"
+#include "hosts/qt/record/row_saving.h"
 #include "tessaria/field_settings.h"
 #include "tessaria/qt/design_time.h"
 #include "tessaria/qt/host.h"
@@ -32,10 +33,6 @@ host::Recordset& require(const host::RecordsetPtr& rows) {
 }
 
 bool hasRow(const host::Recordset& rows) { return !rows.Bof() && !rows.Eof(); }
-
-bool hasEdit(const host::Recordset& rows) {
-  return rows.EditMode() == host::EditMode::InProgress || rows.EditMode() == host::EditMode::Add;
-}
 
 /// Moves from before the first row, or from after the last one, back onto it.
 void stayOnARow(host::Recordset& rows) {
@@ -230,7 +227,7 @@ bool Adodc::settleField() {
 }
 
 bool Adodc::mayLeaveRow() {
-  if (!isEditPending()) return true;
+  if (!isEditPending() && !rowMarked_) return true;
   const QPointer<Adodc> self(this);
   bool refused = false;
   const bool answered = guarded(this, [&] { emit leavingRow(refused); });
@@ -365,8 +362,28 @@ bool Adodc::deleteRow() {
   return true;
 }
 
+bool Adodc::readRowAgain() {
+  const QPointer<Adodc> self(this);
+  const bool isRead = guarded(this, [this] {
+    host::Recordset& rows = require(recordSet_);
+    if (hasEdit(rows)) rows.CancelUpdate();
+    if (hasRow(rows)) {
+      host::RowRecovery* recovery = rows.Recovery();
+      if (!recovery) throw HostError(errors::NotUpdatable);
+      recovery->Rebase(recovery->ReadStored());
+    }
+    leaveDeletedRow(rows);
+    stayOnARow(rows);
+  });
+  if (!isRead || !self) return false;
+  loadRow();
+  if (self) tell(&Adodc::moved);
+  return true;
+}
+
 void Adodc::loadRow() {
   const QPointer<Adodc> self(this);
+  rowMarked_ = false;
   showPosition();
   if (refreshesForm_) {
     refreshForm();

@@ -54,6 +54,10 @@ void writeOrLookFor(host::Recordset& rows) {
     const bool isNew = rows.EditMode() == host::EditMode::Add;
     if (error.Number() != errors::WriteInDoubt || !isNew || !wasInDoubt) throw;
   }
+  lookForNewRow(rows);
+}
+
+void lookForNewRow(host::Recordset& rows) {
   rows.Requery();
   const Long row = rowLikeTheNewOne(rows);
   if (row == 0)

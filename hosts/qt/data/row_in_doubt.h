@@ -11,6 +11,10 @@ namespace tessaria::qt {
 /// drops it.
 void writeOrLookFor(host::Recordset& rows);
 
+/// Reads the rows again around a new row that may already be stored under an unknown key, and
+/// raises error -2147217663 as above.
+[[noreturn]] void lookForNewRow(host::Recordset& rows);
+
 /// Raises error -2147217663 for a row in doubt that was given up. The message names the edit, or
 /// the deletion if there was no edit.
 [[noreturn]] void tellGivenUpInDoubt(host::EditMode edit);

@@ -82,6 +82,9 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   QString designError() const;
   /// Whether a row is open for input that is not written yet. A deleted row is not.
   bool isEditPending() const;
+  /// Notes that something which belongs to the row, but is in none of its columns, is not saved
+  /// yet: `leavingRow` is then emitted for a row without a pending edit too. Until a row is shown.
+  void markRowChanged() { rowMarked_ = true; }
 
   void unhandled(int number, const QString& description) override;
 
@@ -109,13 +112,18 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   /// Deletes the row and goes to the next one, or the last. A new row is discarded, and the row
   /// before it is shown again.
   bool deleteRow();
+  /// Reads the row again as it is in the database now, and loads the form. A row that was deleted
+  /// there leaves the record set, as by `deleteRow()`. Discards the pending edit. Returns false
+  /// when that fails.
+  bool readRowAgain();
   /// Loads the controls whose `DataSource` names this one: unbound controls first, then keys,
   /// the rest, descriptions.
   void refreshForm();
 
  signals:
-  /// The pending edit is about to be written, because the row is left or saved. A handler may
-  /// write it itself, or set `refused` to keep the row where it is; one that throws keeps it too.
+  /// The pending edit is about to be written, because the row is left or saved; without one, a row
+  /// that `markRowChanged()` has marked is about to be left. A handler may write it itself, or set
+  /// `refused` to keep the row where it is; one that throws keeps it too.
   void leavingRow(bool& refused);
   void moved();
   void rowAdded();
@@ -160,6 +168,7 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   QList<QToolButton*> buttons_;
   QList<QShortcut*> shortcuts_;
   bool refreshesForm_ = true;
+  bool rowMarked_ = false;
 };
 
 }  // namespace tessaria::qt

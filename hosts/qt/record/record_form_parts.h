@@ -1,0 +1,48 @@
+// The private parts of RecordForm.
+#pragma once
+
+#include <QMap>
+#include <QPointer>
+#include <QStringList>
+
+#include "hosts/qt/record/record_texts.h"
+#include "tessaria/qt/adodc.h"
+#include "tessaria/qt/record_form.h"
+#include "tessaria/qt/tstext.h"
+
+namespace tessaria::qt {
+
+/// Shared with the calls that run: a function of the program may destroy the form.
+struct RecordForm::Parts {
+  QPointer<QWidget> form;
+  QPointer<Adodc> data;
+  QString dataName;
+
+  RecordTexts texts;
+  std::function<QString()> describe;
+  Check check;
+  TransactionHook hook;
+  QString versionColumn;
+  QList<QPointer<TsText>> ignored;
+  QMap<QString, QString> captions;  ///< by column in lower case
+  QStringList hidden;               ///< in lower case
+  bool asksOnClose = false;
+  QPointer<QWidget> window;  ///< whose closing is watched
+
+  bool wasChanged = false;  ///< as `changedStateChanged` last told
+  bool willLook = false;    ///< a look at the changes is queued
+  bool isMarked = false;    ///< by `markChanged`
+  bool isStale = false;     ///< the row in the database may differ from the one on the screen
+  bool isUnknown = false;   ///< the last transaction may be stored, and no row of it shows it
+  bool isDropped = false;   ///< discarded while the window closes, and not shown again since
+  bool isBusy = false;      ///< a check or a save is under way
+  bool wasChecked = false;  ///< the row that is about to be left needs no further check
+
+  bool isIgnored(TsText* field) const { return ignored.contains(field); }
+  /// The rows; null when there are none yet.
+  host::RecordsetPtr rows() const;
+  /// The fields that are checked, in the order of the Tab key.
+  QList<TsText*> fields() const;
+};
+
+}  // namespace tessaria::qt

@@ -1,0 +1,80 @@
+#include "hosts/qt/record/row_saving.h"
+
+#include "hosts/qt/data/row_in_doubt.h"
+#include "tessaria/conversion.h"
+#include "tessaria/error.h"
+
+namespace tessaria::qt {
+namespace {
+
+host::RowRecovery& recoveryOf(host::Recordset& rows) {
+  if (auto* recovery = rows.Recovery()) return *recovery;
+  throw HostError(errors::NotUpdatable);
+}
+
+Long ordinalOf(host::Recordset& rows, const String& column) {
+  const String name = rows.Fields().Item(column)->Name();  // raises the error of a wrong name
+  Long ordinal = 0;
+  while (rows.Fields().Item(ordinal)->Name() != name) ++ordinal;
+  return ordinal;
+}
+
+void raiseVersion(host::Recordset& rows, const String& column) {
+  const Variant former = recoveryOf(rows).Former(ordinalOf(rows, column));
+  rows.Fields().Item(column)->Value(former.IsNull() ? Long{1} : CLng(former) + 1);
+}
+
+void undo(const RowSaving& saving, bool mayBeStored) {
+  try {
+    saving.connection->RollbackTrans();
+  } catch (const HostError&) {
+    // A server that is gone has undone it, and so has one that refused the commit.
+  }
+  recoveryOf(*saving.rows).TakeBack(mayBeStored);
+}
+
+/// Inside the transaction only its commit leaves anything in doubt.
+void saveInTransaction(const RowSaving& saving) {
+  recoveryOf(*saving.rows);
+  saving.connection->BeginTrans();
+  bool isCommitting = false;
+  try {
+    saving.rows->Update();
+    saving.hook(*saving.connection);
+    isCommitting = true;
+    saving.connection->CommitTrans();
+  } catch (const HostError& error) {
+    undo(saving, isCommitting && error.Number() == errors::WriteInDoubt);
+    throw;
+  } catch (...) {
+    undo(saving, false);
+    throw;
+  }
+}
+
+/// Afterwards the row is not in doubt.
+void findOut(host::Recordset& rows) {
+  try {
+    recoveryOf(rows).FindOut();
+  } catch (const HostError& error) {
+    const bool isNew = rows.EditMode() == host::EditMode::Add;
+    if (error.Number() != errors::WriteInDoubt || !isNew) throw;
+    lookForNewRow(rows);
+  }
+}
+
+}  // namespace
+
+bool hasEdit(const host::Recordset& rows) {
+  return rows.EditMode() == host::EditMode::InProgress || rows.EditMode() == host::EditMode::Add;
+}
+
+void saveRow(const RowSaving& saving) {
+  host::Recordset& rows = *saving.rows;
+  if (rows.IsInDoubt()) findOut(rows);
+  if (!hasEdit(rows) && !saving.isMarked) return;
+  if (!saving.versionColumn.empty()) raiseVersion(rows, saving.versionColumn);
+  saving.hook ? saveInTransaction(saving) : rows.Update();
+}
+
+}  // namespace tessaria::qt
