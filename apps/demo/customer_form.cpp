@@ -10,6 +10,7 @@
 #include "tessaria/qt/adodc.h"
 #include "tessaria/qt/tstext.h"
 #include "tessaria/qt/variants.h"
+#include "tessaria/validators.h"
 
 namespace tessaria::demo {
 namespace {
@@ -27,10 +28,7 @@ RecordKind customerKind() {
           QStringLiteral("codigo"),
           5,
           QStringLiteral("codigo"),
-          QStringLiteral("'O código ' || codigo || ' já é do cliente ' || nome || '.'"),
-          QStringLiteral("codigo nome documento nascimento cep endereco uf cidade telefone email "
-                         "limite senha observacao")
-              .split(QLatin1Char(' '))};
+          QStringLiteral("'O código ' || codigo || ' já é do cliente ' || nome || '.'")};
 }
 
 void useMask(qt::TsText* field, const QString& mask) {
@@ -53,6 +51,8 @@ CustomerForm::CustomerForm(Database& database, QWidget* parent)
       legal_(widgetOf<QRadioButton>(*this, "juridica")) {
   useLookup(citiesLookup(), city_, field("nomeCidade"));
   keepCityInState(state_, city_);
+  document_->setValidator(CpfOrCnpjValidator());
+  record().hideColumn(QStringLiteral("senha"));
   connectFields();
   start();
 }
@@ -79,18 +79,6 @@ void CustomerForm::showRow() {
 }
 
 QString CustomerForm::describeRow() const { return fieldInRow(QStringLiteral("nome")); }
-
-bool CustomerForm::checkRow() {
-  const QString digits = fieldInRow(QStringLiteral("cpf_cnpj"));
-  if (digits.isEmpty() || isValidDocument(person(), digits)) return true;
-  return refuse(document_, QStringLiteral("%1 não confere, Verifique Por Favor")
-                               .arg(person() == Person::Natural ? QStringLiteral("O CPF")
-                                                                : QStringLiteral("O CNPJ")));
-}
-
-Person CustomerForm::person() const {
-  return natural_->isChecked() ? Person::Natural : Person::Legal;
-}
 
 void CustomerForm::showPerson(Person person) {
   const bool natural = person == Person::Natural;

@@ -19,12 +19,10 @@ class CustomerForm final : public RecordForm {
 
  private:
   void showRow() override;
-  bool checkRow() override;
   QString describeRow() const override;
 
   void connectFields();
   void showPerson(Person person);
-  Person person() const;
   void fitTelephone();
   void takePassword();
   void showPasswordState();

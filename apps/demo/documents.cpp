@@ -1,8 +1,5 @@
 #include "apps/demo/documents.h"
 
-#include "tessaria/qt/text.h"
-#include "tessaria/validators.h"
-
 namespace tessaria::demo {
 namespace {
 
@@ -12,11 +9,6 @@ constexpr int kCpfLength = 11;
 
 Person personOf(const QString& digits) {
   return digits.size() > kCpfLength ? Person::Legal : Person::Natural;
-}
-
-bool isValidDocument(Person person, const QString& digits) {
-  const String text = qt::fromQt(digits);
-  return person == Person::Natural ? IsCpf(text) : IsCnpj(text);
 }
 
 }  // namespace tessaria::demo

@@ -11,7 +11,4 @@ enum class Person { Natural, Legal };
 /// By the length of the digits: more than a CPF has is a company's.
 Person personOf(const QString& digits);
 
-/// Whether the digits are a whole number of that kind with the right check digits.
-bool isValidDocument(Person person, const QString& digits);
-
 }  // namespace tessaria::demo

@@ -120,12 +120,10 @@ void MainWindow::clearNotice(Until until) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  for (const Page& page : pages_) {
-    if (!page.form->hasUnsavedInput()) continue;
-    if (ask(QStringLiteral("O %1 não foi salvo. Sair e perder o que foi digitado?")
-                .arg(page.form->noun())))
-      continue;
-    return event->ignore();
+  for (int i = 0; i < pages_.size(); ++i) {
+    if (!pages_.at(i).form->isChanged()) continue;
+    showForm(i);
+    if (!pages_.at(i).form->mayClose()) return event->ignore();
   }
   event->accept();
 }

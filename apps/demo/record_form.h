@@ -1,11 +1,10 @@
 // Common base of the forms over one table: one row at a time, its buttons and its checks.
 #pragma once
 
-#include <QList>
 #include <QPointer>
 #include <QWidget>
 
-#include "tessaria/error.h"
+#include "tessaria/qt/record_form.h"
 #include "tessaria/variant.h"
 
 class QPushButton;
@@ -21,17 +20,15 @@ class Database;
 
 /// What a form edits, for its statements and its texts.
 struct RecordKind {
-  QString noun;        ///< "cliente"
-  QString table;       ///< "clientes"
-  QString key;         ///< the column of the key, a text of digits that is filled with zeros
-  int keyLength;       ///< digits of the key
-  QString keyField;    ///< the field of the key
-  QString takenText;   ///< an SQL expression over a row: the message when its key is taken
-  QStringList fields;  ///< all fields, in the order in which they are checked
+  QString noun;       ///< "cliente"
+  QString table;      ///< "clientes"
+  QString key;        ///< the column of the key, a text of digits that is filled with zeros
+  int keyLength;      ///< digits of the key
+  QString keyField;   ///< the field of the key
+  QString takenText;  ///< an SQL expression over a row: the message when its key is taken
 };
 
-/// A row is checked as a whole when it is saved, and whenever it is left. Input stays on the screen
-/// until the database has accepted it or the operator cancels.
+/// A `qt::RecordForm` with the buttons, keys and notices of this program.
 ///
 /// The form file has a data control "dados", a search field "localizar" and the buttons
 /// "btnNovo", "btnSalvar", "btnCancelar" and "btnExcluir".
@@ -39,9 +36,9 @@ class RecordForm : public QWidget {
   Q_OBJECT
 
  public:
-  /// Whether something was typed that is not saved.
-  bool hasUnsavedInput() const;
-  const QString& noun() const { return kind_.noun; }
+  bool isChanged() const { return record_->isChanged(); }
+  /// As `qt::RecordForm::mayClose`.
+  bool mayClose() { return record_->mayClose(); }
   /// Puts the focus on the first field that takes input.
   void focusFirstField();
 
@@ -69,8 +66,10 @@ class RecordForm : public QWidget {
   void typed();
 
  protected:
+  using Refusal = qt::RecordForm::Refusal;
+
   /// The database is open and outlives the form. Raises `Failure` when it has no such table.
-  RecordForm(Database& database, const QString& file, RecordKind kind, QWidget* parent);
+  RecordForm(Database& database, const QString& file, const RecordKind& kind, QWidget* parent);
   /// Called at the end of the constructor of a form.
   void start();
 
@@ -79,59 +78,45 @@ class RecordForm : public QWidget {
   virtual void showRow() = 0;
   /// A new row is open, and its key is proposed.
   virtual void proposeRow() {}
-  /// Checks that no field can make by itself. Tells the operator what is wrong.
-  virtual bool checkRow() { return true; }
-  /// Writes the pending edit. Raises the database's errors; the edit then stays pending.
-  virtual void writeRow();
-  /// Whether it is unknown if the last write of the row was stored. `writeRow()` finds it out.
-  virtual bool isInDoubt() const;
+  /// Checks that no field can make by itself.
+  virtual std::optional<Refusal> checkRow() { return {}; }
   /// What describes the row besides its key: "José".
   virtual QString describeRow() const = 0;
 
   Database& database() const { return database_; }
   qt::Adodc& rows() const { return *rows_; }
+  qt::RecordForm& record() const { return *record_; }
   qt::TsText* field(const char* name) const;
-  bool isNewRow() const;
   QString keyInRow() const { return fieldInRow(kind_.key); }
   /// Text of a column of the row; empty for Null and when there is no row.
   QString fieldInRow(const QString& column) const;
-  QString criteriaOf(const QString& key) const;
-  /// Tells the operator what is wrong with a field and puts the focus there. Returns false.
-  bool refuse(qt::TsText* field, const QString& text);
 
   /// Escape cancels, also when no field has the focus. Asks first when input would be lost.
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void findWidgets();
-  void watchInput(qt::TsText* each);
-  void noteInput();
-  bool mayDropInput();
   void goOnWorking();
   void loadRows();
   void connectFields();
   void connectButtons();
+  void connectRecord();
   void rowShown();
   QString proposedKey() const;
+  QString criteriaOf(const QString& key) const;
   void goTo(const QString& key);
-  bool check();
-  bool checkFields();
-  bool checkKeyIsFree();
-  bool write();
-  void tellRefusal(const HostError& error);
-  void tellDoubt(const HostError& error);
+  bool serverAnswers();
+  std::optional<Refusal> checkKeyIsFree() const;
   QString capitalNoun() const;
 
   Database& database_;
   const RecordKind kind_;
   qt::Adodc* rows_;
-  QList<qt::TsText*> fields_;
+  qt::RecordForm* record_;
   qt::TsText *key_, *search_;
   QPushButton *new_, *save_, *cancel_, *delete_;
   QPointer<QWidget> worked_;  ///< the widget that had the focus before a button
   QString nextNotice_;        ///< sent once the next row is shown
-  bool hasTyped_ = false;     ///< whether there is input that is not in the row yet
-  bool isStale_ = false;      ///< the row in the database may differ from the one on the screen
 };
 
 /// The first value of a statement's first row; Null without rows. Raises the database's errors.

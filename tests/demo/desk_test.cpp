@@ -18,10 +18,6 @@ const QString kAway = QStringLiteral(
     "O cliente não foi salvo: o servidor do banco de dados não responde.\n\nO que foi digitado "
     "continua na tela. Salve de novo quando o servidor voltar, ou use Arquivo, Reconectar ao "
     "banco de dados.");
-const QString kChanged = QStringLiteral(
-    "O cliente não foi salvo: outro usuário alterou ou excluiu este cliente depois que ele foi "
-    "lido. Nada foi gravado por cima.\n\nO que foi digitado continua na tela. Cancelar mostra o "
-    "cliente como está agora.");
 
 TEST_F(DeskTest, CancelDropsTheNewCustomer) {
   Player& p = operatorsHands();
@@ -57,7 +53,7 @@ TEST_F(DeskTest, TheDefaultAnswerKeepsWhatWasTyped) {
   p.expectBox(dropQuestion("cliente"), {}, "Return");
   p.press("Alt+C");
   p.expectText("nome", "Ainda aqui");
-  p.expectBox("O cliente não foi salvo. Sair e perder o que foi digitado?", {}, "Return");
+  p.expectBox("O cliente não foi salvo. Salvar antes de fechar?", {}, "Return");
   p.press("Ctrl+Q");
   EXPECT_TRUE(window_->isVisible());
   p.expectText("nome", "Ainda aqui");
@@ -158,8 +154,9 @@ TEST_F(DeskTest, AnotherUsersChangeIsNotOverwritten) {
   goTo("00030");
   p.type("O que eu quis");
   asAnotherUser("update clientes set nome = 'O que o outro quis' where codigo = '00030'");
-  p.expectBox(kChanged);
+  p.expectWindow("frmConflito", [&p] { p.press("Esc"); });
   p.press("Alt+S");
+  expectNotice("Não salvo: outro usuário alterou o cliente.");
   p.expectText("nome", "O que eu quis");
   EXPECT_EQ(stored("nome", "00030"), "O que o outro quis");
 
@@ -203,21 +200,18 @@ TEST_F(DeskTest, ACodeThatIsTakenIsRefused) {
   dropInput("cliente", "Esc");
 }
 
-TEST_F(DeskTest, ARefusedCpfBringsItsTabToTheFront) {
+TEST_F(DeskTest, ARefusedFieldBringsItsTabToTheFront) {
   Player& p = operatorsHands();
-  goTo("00052");
-  p.click("fisica");
+  p.press("Alt+N");
   p.press("Tab");
-  p.expectFocus("documento");
-  const QWidget* document = window_->focusWidget();
-  p.type("11144477734");
+  p.type("Sem estado");
   p.press("Alt+R");
-  ASSERT_FALSE(document->isVisible());
-  p.expectBox("O CPF não confere, Verifique Por Favor");
+  for (const QWidget* state : window_->findChildren<qt::TsText*>("uf"))
+    ASSERT_FALSE(state->isVisible());
+  p.expectBox("UF: Não Pode Ser Branco, Verifique Por Favor");
   p.press("Alt+S");
-  expectNotice("O CPF não confere, Verifique Por Favor");
-  p.expectFocus("documento");
-  EXPECT_TRUE(document->isVisible());
+  p.expectFocus("uf");
+  EXPECT_TRUE(window_->focusWidget()->isVisible());
   dropInput("cliente", "Esc");
 }
 
@@ -228,7 +222,10 @@ TEST_F(DeskTest, AWrongCpfIsRefused) {
   p.press("Tab");
   p.expectFocus("documento");
   p.type("11144477734");
-  p.expectBox("O CPF não confere, Verifique Por Favor");
+  p.expectBox("CPF: não confere, Verifique Por Favor");
+  p.press("Tab");
+  p.expectFocus("documento");
+  p.expectBox("CPF: não confere, Verifique Por Favor");
   p.press("Alt+S");
   p.expectFocus("documento");
   p.type("11144477735");
@@ -303,7 +300,7 @@ TEST_F(DeskTest, LeavingWithUnsavedInputAsks) {
   p.press("Ctrl+L");
   goTo("00090");
   p.type("Quase perdido");
-  p.expectBox("O cliente não foi salvo. Sair e perder o que foi digitado?", {}, "Alt+N");
+  p.expectBox("O cliente não foi salvo. Salvar antes de fechar?", {}, "Alt+C");
   p.press("Ctrl+Q");
   EXPECT_TRUE(window_->isVisible());
   dropInput("cliente", "Esc");
@@ -316,15 +313,48 @@ TEST_F(DeskTest, ClosingByTheFrameAsksAndKeepsWhatWasTypedByDefault) {
   goTo("00098");
   const std::string before = stored("nome", "00098");
   p.type("Quase fechado");
-  const char* question = "O cliente não foi salvo. Sair e perder o que foi digitado?";
+  const char* question = "O cliente não foi salvo. Salvar antes de fechar?";
   p.expectBox(question, {}, "Return");
   qt::tests::closeByFrame(*window_);
   EXPECT_TRUE(window_->isVisible());
   p.expectText("nome", "Quase fechado");
-  p.expectBox(question, {}, "Alt+S");
+  p.expectBox(question, {}, "Alt+D");
   qt::tests::closeByFrame(*window_);
   EXPECT_FALSE(window_->isVisible());
   EXPECT_EQ(stored("nome", "00098"), before);
+}
+
+TEST_F(DeskTest, ClosingMaySaveWhatWasTyped) {
+  Player& p = operatorsHands();
+  goTo("00099");
+  p.type("Salvo ao fechar");
+  p.expectBox("O cliente não foi salvo. Salvar antes de fechar?", {}, "Alt+S");
+  p.press("Ctrl+Q");
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_EQ(stored("nome", "00099"), "Salvo ao fechar");
+}
+
+TEST_F(DeskTest, TheOperatorChoosesBetweenTheTwoChanges) {
+  Player& p = operatorsHands();
+  goTo("00031");
+  p.type("Nome meu");
+  p.press("Alt+R");
+  p.tabTo("limite");
+  p.type("1500");
+  p.press("Tab");
+  asAnotherUser(
+      "update clientes set nome = 'Nome do outro', endereco = 'Rua do Outro, 1' "
+      "where codigo = '00031'");
+  p.expectWindow("frmConflito", [&p] {
+    p.press("Right");
+    p.press("Space");
+    p.press("Alt+G");
+  });
+  p.press("Alt+S");
+  expectNotice("Cliente 00031, Nome do outro, salvo.");
+  EXPECT_EQ(stored("nome", "00031"), "Nome do outro");
+  EXPECT_EQ(stored("endereco", "00031"), "Rua do Outro, 1");
+  EXPECT_EQ(stored("limite_credito", "00031"), "1500.00");
 }
 
 }  // namespace

@@ -130,8 +130,9 @@ TEST_F(OrderTest, AnotherUsersOrderIsNotOverwritten) {
   p.type("99");
   p.press("Tab");
   asAnotherUser("update pedidos set versao = versao + 1 where numero = '000010'");
-  p.expectRefusal("O pedido não foi salvo: outro usuário alterou", {}, "Return");
+  p.expectWindow("frmConflito", [&p] { p.press("Return"); });
   p.press("Alt+S");
+  expectNotice("Não salvo: outro usuário alterou o pedido.");
   p.expectText("quantidade1", "99,00");
   EXPECT_EQ(itemsOf("000010"), before);
   dropInput("pedido");
@@ -260,7 +261,7 @@ TEST_F(OrderTest, EachFormKeepsWhatWasTyped) {
   p.press("Ctrl+2");
   p.expectFocus("produto1");
   p.expectText("numero", "000706");
-  p.expectBox("O pedido não foi salvo. Sair e perder o que foi digitado?", {}, "Alt+N");
+  p.expectBox("O pedido não foi salvo. Salvar antes de fechar?", {}, "Alt+C");
   p.press("Ctrl+Q");
   EXPECT_TRUE(window_->isVisible());
   dropInput("pedido");
