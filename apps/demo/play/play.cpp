@@ -8,6 +8,7 @@
 #include "apps/demo/database.h"
 #include "apps/demo/failure.h"
 #include "apps/demo/main_window.h"
+#include "apps/demo/play/conflict_session.h"
 #include "apps/demo/play/customer_session.h"
 #include "apps/demo/play/lock_session.h"
 #include "apps/demo/play/order_session.h"
@@ -80,10 +81,12 @@ int play(const QString& folder, Driver driver) {
   const OrderPapers papers = makePapers(place.path());
   playCustomerSession(player);
   playLockSession(player, server.connectionString());
+  playConflictSession(player, server.connectionString());
   playOrderSession(player, papers, server.connectionString());
   const QStringList wrong =
-      player.failures() + checkRows(server.connectionString(),
-                                    rowsAfterCustomerSession() + rowsAfterOrderSession(papers));
+      player.failures() +
+      checkRows(server.connectionString(), rowsAfterCustomerSession() + rowsAfterConflictSession() +
+                                               rowsAfterOrderSession(papers));
   if (!folder.isEmpty()) say(QStringLiteral("\nTelas: %1").arg(QDir(folder).absolutePath()));
   return verdict(wrong);
 }

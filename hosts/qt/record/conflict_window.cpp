@@ -21,7 +21,7 @@ namespace {
 using Side = ConflictingColumn::Side;
 
 constexpr int kTableColumns = 4;
-constexpr int kWidthInCharacters = 90;
+constexpr int kWidthInCharacters = 110;
 constexpr double kMostOfTheScreen = 0.8;
 
 QLabel* makeText(const QString& text) {
@@ -38,6 +38,21 @@ QLabel* makeBold(const QString& text) {
   label->setFont(font);
   return label;
 }
+
+/// Wants to show all of its table; scrolls when the window is smaller.
+class TableArea final : public QScrollArea {
+ public:
+  TableArea(QWidget* table, int width) : width_(width) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(table);
+  }
+  QSize sizeHint() const override { return {width_, widget()->heightForWidth(width_)}; }
+
+ private:
+  int width_;
+};
 
 QString accessibleNameOf(const ConflictingColumn& column, const QString& what,
                          const QString& value) {
@@ -61,9 +76,9 @@ ConflictWindow::ConflictWindow(QWidget* parent, const QString& introduction,
                                                           : QStringLiteral("btnGravar"));
   usual->setDefault(true);
   if (groups_.isEmpty()) usual->setFocus();
-  const QSize most = this->screen()->availableSize() * kMostOfTheScreen;
-  const int width = fontMetrics().averageCharWidth() * kWidthInCharacters;
-  resize(QSize(width, sizeHint().height()).boundedTo(most));
+  const QSize most = screen()->availableSize() * kMostOfTheScreen;
+  const int width = std::min(sizeHint().width(), most.width());
+  resize(width, std::min(layout->totalHeightForWidth(width), most.height()));
   setSizeGripEnabled(true);
 }
 
@@ -75,20 +90,12 @@ QWidget* ConflictWindow::makeTable() {
                                              "O do outro usuário"};
   for (int i = 0; i < kTableColumns; ++i) {
     table->addWidget(makeBold(QString::fromUtf8(titles[i])), 0, i);
-    table->setColumnStretch(i, i == 0 ? 2 : 3);
+    table->setColumnStretch(i, 1);
   }
   for (qsizetype i = 0; i < columns_.size(); ++i)
     if (columns_[i].isShown) addLine(*table, i);
   table->setRowStretch(table->rowCount(), 1);
-  auto* area = new QScrollArea;
-  area->setWidgetResizable(true);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setFocusPolicy(Qt::NoFocus);
-  area->setWidget(content);
-  area->setMinimumHeight(content->sizeHint().height() > area->sizeHint().height()
-                             ? area->sizeHint().height()
-                             : content->sizeHint().height());
-  return area;
+  return new TableArea(content, fontMetrics().averageCharWidth() * kWidthInCharacters);
 }
 
 void ConflictWindow::addLine(QGridLayout& table, qsizetype column) {
