@@ -22,9 +22,11 @@ std::vector<std::string> MatchesOf(const std::string& text, const std::string& p
   return found;
 }
 
-// The targets of links and pictures that point into the repository.
+// The targets of links and pictures that point into the repository. Code has none: there a lambda
+// looks like one.
 std::vector<std::string> LocalLinks(const std::string& file) {
-  auto links = MatchesOf(ReadText(file), R"(\]\(([^)#\s]+)[^)]*\))");
+  const std::string text = std::regex_replace(ReadText(file), std::regex(R"(```[^`]*```)"), "");
+  auto links = MatchesOf(text, R"(\]\(([^)#\s]+)[^)]*\))");
   std::erase_if(links, [](const std::string& link) {
     return link.find("://") != std::string::npos || link.starts_with("mailto:");
   });

@@ -210,6 +210,43 @@ TEST_F(DataControl, TheProgramsOwnDeleteIsNotAPendingEdit) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
 
+TEST_F(DataControl, ARowIsReadAgainAsItIsStoredNow) {
+  show();
+  table_->Change(0, u"Nome", u"Alice");
+  type(*window_, QStringLiteral("7"));
+  EXPECT_TRUE(data_->readRowAgain());
+  EXPECT_FALSE(data_->isEditPending());
+  EXPECT_EQ(name(), QStringLiteral("Alice"));
+  EXPECT_EQ(moves_, 1);
+}
+
+TEST_F(DataControl, ARowThatIsReadAgainMayBeGone) {
+  show();
+  table_->Remove(0);
+  EXPECT_TRUE(data_->readRowAgain());
+  EXPECT_EQ(name(), QStringLiteral("Bia"));
+  EXPECT_EQ(position(), QStringLiteral("Registro 1"));
+}
+
+TEST_F(DataControl, AMarkedRowIsNotLeftUnasked) {
+  show();
+  int asked = 0;
+  bool refuses = true;
+  QObject::connect(data_, &Adodc::leavingRow, [&](bool& refused) {
+    ++asked;
+    refused = refuses;
+  });
+  EXPECT_TRUE(data_->moveNext());
+  EXPECT_EQ(asked, 0);
+  data_->markRowChanged();
+  EXPECT_FALSE(data_->moveNext());
+  EXPECT_EQ(name(), QStringLiteral("Bia"));
+  refuses = false;
+  EXPECT_TRUE(data_->moveNext());
+  EXPECT_TRUE(data_->movePrevious());
+  EXPECT_EQ(asked, 2);
+}
+
 TEST_F(DataControl, ARefreshWritesWhatWasTyped) {
   show();
   second_->setFocus();

@@ -20,7 +20,7 @@ class RowConflict : public RecordFixture {
                      [this](const QString& reason) { reasons_ << reason; });
   }
   /// Acts in the window that the next save brings up.
-  void inTheWindow(std::function<void(QDialog&)> act) {
+  void inTheWindow(const std::function<void(QDialog&)>& act) {
     inTheNext([this, act](QDialog& window) {
       EXPECT_EQ(window.objectName(), QStringLiteral("frmConflito"));
       ++windows_;

@@ -89,8 +89,8 @@ class RecordFixture : public testing::Test {
   }
 
   /// Acts in the next dialog that opens over the present windows.
-  void inTheNext(std::function<void(QDialog&)> act) {
-    waitFor(QApplication::activeModalWidget(), std::move(act));
+  void inTheNext(const std::function<void(QDialog&)>& act) {
+    waitFor(QApplication::activeModalWidget(), act);
   }
 
   static constexpr const char16_t* kSchema[] = {
@@ -116,7 +116,7 @@ class RecordFixture : public testing::Test {
   int hooks_ = 0;  ///< how often the hook ran
 
  private:
-  void waitFor(const QPointer<QWidget>& present, std::function<void(QDialog&)> act) {
+  void waitFor(const QPointer<QWidget>& present, const std::function<void(QDialog&)>& act) {
     QTimer::singleShot(1, window_.get(), [this, present, act] {
       auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
       if (!window || window == present) return waitFor(present, act);

@@ -246,6 +246,21 @@ TEST_F(WholeForm, AHandlerThatThrowsAfterTheSaveLosesNothing) {
   EXPECT_EQ(names(), "Zilda Bia Caio");
 }
 
+TEST_F(WholeForm, WhatTheOtherHandlersThrowIsShownToo) {
+  QObject::connect(record_, &RecordForm::changedStateChanged,
+                   [](bool) { throw std::runtime_error("mudou"); });
+  QObject::connect(record_, &RecordForm::notSaved,
+                   [](const QString&) { throw std::runtime_error("recusado"); });
+  asAnotherUser(u"alter table clientes add constraint nenhum check (nome <> 'Zilda')");
+  enter(name_, QStringLiteral("Zilda"));
+  settleEvents();
+  EXPECT_FALSE(record_->save());
+  const QStringList texts = boxes_.takeTexts();
+  EXPECT_EQ(texts.first(), QStringLiteral("mudou"));
+  EXPECT_EQ(texts.last(), QStringLiteral("recusado"));
+  EXPECT_EQ(textOf(name_), QStringLiteral("Zilda"));
+}
+
 TEST_F(WholeForm, AFunctionMayDestroyTheForm) {
   for (const bool byHook : {false, true}) {
     TearDown();

@@ -25,7 +25,7 @@ class WholeRow : public RecordFixture {
     enter(name_, QStringLiteral("Davi"));
   }
   /// Runs the hook, and then something more in its transaction.
-  void afterTheHook(std::function<void()> act) {
+  void afterTheHook(const std::function<void()>& act) {
     record_->setTransactionHook([this, act](host::Connection& connection) {
       ++hooks_;
       connection.Execute(u"insert into itens values (" +

@@ -7,11 +7,11 @@
 #include <QStyle>
 #include <QToolButton>
 
+#include "hosts/qt/data/pending_edit.h"
 #include "hosts/qt/data/row_in_doubt.h"
 #include "hosts/qt/form/control_pointer.h"
 #include "hosts/qt/form/first_show.h"
 #include "hosts/qt/form/widget_tree.h"
-#include "hosts/qt/record/row_saving.h"
 #include "tessaria/field_settings.h"
 #include "tessaria/qt/design_time.h"
 #include "tessaria/qt/host.h"

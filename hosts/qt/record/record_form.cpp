@@ -4,11 +4,11 @@
 #include <QWidget>
 
 #include "hosts/qt/boundary/handles.h"
+#include "hosts/qt/data/pending_edit.h"
 #include "hosts/qt/form/widget_tree.h"
 #include "hosts/qt/record/choice_box.h"
 #include "hosts/qt/record/record_fields.h"
-#include "hosts/qt/record/record_form_parts.h"
-#include "hosts/qt/record/row_saving.h"
+#include "hosts/qt/record/record_form.h"
 #include "tessaria/host/application.h"
 #include "tessaria/qt/event_boundary.h"
 #include "tessaria/qt/text.h"
@@ -38,7 +38,8 @@ QList<TsText*> RecordForm::Parts::fields() const {
   return fields;
 }
 
-RecordForm::RecordForm(QWidget* form, Adodc* data) : RecordForm(form, data, data->objectName()) {}
+RecordForm::RecordForm(QWidget* form, Adodc* data)
+    : RecordForm(form, data, data ? data->objectName() : QString()) {}
 
 RecordForm::RecordForm(QWidget* form, const QString& dataName)
     : RecordForm(form, dataControlOf(form, dataName), dataName) {}

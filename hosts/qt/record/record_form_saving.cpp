@@ -5,7 +5,7 @@
 #include "hosts/qt/record/choice_box.h"
 #include "hosts/qt/record/conflict_window.h"
 #include "hosts/qt/record/record_fields.h"
-#include "hosts/qt/record/record_form_parts.h"
+#include "hosts/qt/record/record_form.h"
 #include "hosts/qt/record/row_saving.h"
 #include "hosts/qt/record/save_failure.h"
 #include "tessaria/host/application.h"
@@ -96,7 +96,8 @@ std::exception_ptr RecordForm::writeOnce() {
 /// Whether to write again.
 bool RecordForm::resolve(const std::exception_ptr& error) {
   const SaveFailure failure(error);
-  if (failure.isRowChanged() && !isNew()) {
+  const host::RecordsetPtr rows = parts_->rows();
+  if (failure.isRowChanged() && !isNew() && rows && rows->Recovery()) {
     const boundary::Entry entry;
     try {
       return resolveConflict(failure);

@@ -1,5 +1,6 @@
 #include "hosts/qt/record/row_saving.h"
 
+#include "hosts/qt/data/pending_edit.h"
 #include "hosts/qt/data/row_in_doubt.h"
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"
@@ -65,13 +66,9 @@ void findOut(host::Recordset& rows) {
 
 }  // namespace
 
-bool hasEdit(const host::Recordset& rows) {
-  return rows.EditMode() == host::EditMode::InProgress || rows.EditMode() == host::EditMode::Add;
-}
-
 void saveRow(const RowSaving& saving) {
   host::Recordset& rows = *saving.rows;
-  if (rows.IsInDoubt()) findOut(rows);
+  if (rows.IsInDoubt() && rows.Recovery()) findOut(rows);
   if (!hasEdit(rows) && !saving.isMarked) return;
   if (!saving.versionColumn.empty()) raiseVersion(rows, saving.versionColumn);
   saving.hook ? saveInTransaction(saving) : rows.Update();

@@ -15,9 +15,6 @@ struct RowSaving {
   bool isMarked = false;  ///< whether the hook has something to write, whatever the row holds
 };
 
-/// Whether the row has an edit that is not written.
-bool hasEdit(const host::Recordset& rows);
-
 /// Writes the pending edit and runs the hook, all of it or nothing: after an error the edit is
 /// pending as before. A row in doubt is looked for first; when its transaction was stored, only
 /// what was typed since then is written. Does nothing without an edit and a mark. Raises what the
