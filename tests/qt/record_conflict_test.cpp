@@ -252,6 +252,23 @@ TEST_F(RowConflict, AVersionAloneSaysThatTheDifferenceIsElsewhere) {
   EXPECT_EQ(stored(u"string_agg(versao::text, ' ' order by codigo)"), "3 1 1");
 }
 
+TEST_F(RowConflict, AComputedColumnFollowsTheOthers) {
+  data_->setRecordSource(
+      QStringLiteral("select *, upper(nome) as maiusculo from clientes order by codigo"));
+  EXPECT_TRUE(data_->refresh());
+  record_->setColumnCaption(QStringLiteral("maiusculo"), QStringLiteral("Em maiúsculas"));
+  changeBoth();
+  inTheWindow([&](QDialog& window) {
+    EXPECT_EQ(linesOf(window).size(), 3U);
+    strike(window, Qt::Key_Right);
+    strike(window, Qt::Key_Space);
+    strike(window, Qt::Key_G, Qt::AltModifier);
+  });
+  save();
+  EXPECT_EQ(names(), "Alice Bia Caio");
+  EXPECT_EQ(CStr(data_->recordSet()->Fields().Item(u"maiusculo")->Value()), u"ALICE");
+}
+
 TEST_F(RowConflict, AColumnWithoutAFieldIsShownWhenItHasACaptionAndNeverWhenHidden) {
   birth_->setDataField(QString());
   value_->setDataField(QString());

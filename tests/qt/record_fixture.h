@@ -51,6 +51,9 @@ class RecordFixture : public testing::Test {
   }
   void TearDown() override { window_.reset(); }
 
+  /// The window of the form.
+  virtual QWidget* newWindow() { return new QWidget; }
+
   /// The operator types into a field in place of what it holds.
   void enter(TsText* field, const QString& text) {
     go(field);
@@ -124,7 +127,7 @@ class RecordFixture : public testing::Test {
     });
   }
   void makeWindow() {
-    window_ = std::make_unique<QWidget>();
+    window_.reset(newWindow());
     window_->setObjectName(QStringLiteral("frmCliente"));
     window_->setWindowTitle(QStringLiteral("Clientes"));
     window_->setProperty("dbForm", QVariant::fromValue(connection_));

@@ -379,6 +379,30 @@ TEST_F(ClosingForm, DiscardsWithoutAServer) {
   proxy_->CancelCut();
 }
 
+class ClosingDialog : public ClosingForm {
+ protected:
+  QWidget* newWindow() override { return new QDialog; }
+};
+
+TEST_F(ClosingDialog, EscapeAsks) {
+  enter(name_, QStringLiteral("Zilda"));
+  press(*window_, Qt::Key_Escape);
+  EXPECT_EQ(boxes_.takeTexts(), QStringList(kClose));
+  EXPECT_TRUE(window_->isVisible());
+  boxes_.willPress(QStringLiteral("Salvar"));
+  press(*window_, Qt::Key_Escape);
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_EQ(names(), "Zilda Bia Caio");
+}
+
+TEST_F(ClosingDialog, ItsFrameAsksOnce) {
+  enter(name_, QStringLiteral("Zilda"));
+  boxes_.willPress(QStringLiteral("Descartar"));
+  closeByFrame(*window_);
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_EQ(boxes_.takeTexts(), QStringList(kClose));
+}
+
 TEST_F(ClosingForm, AFormThatNoLongerAsksCloses) {
   record_->setAsksOnClose(false);
   enter(name_, QStringLiteral("Zilda"));

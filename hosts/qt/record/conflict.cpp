@@ -54,8 +54,9 @@ std::optional<Side> sideOf(bool mineChanged, bool theirsChanged) {
 }
 
 /// What the view says of the column, which is compared already.
-void show(ConflictingColumn& column, const QString& name, const Variant& former,
+void show(ConflictingColumn& column, const host::Field& in, const Variant& former,
           const ConflictView& view) {
+  const QString name = toQt(in.Name());
   TsText* const field = fieldOf(view.fields, name);
   const QString caption = view.captions.value(name.toLower());
   column.isShown = field || !caption.isEmpty() || column.isContested;
@@ -63,10 +64,11 @@ void show(ConflictingColumn& column, const QString& name, const Variant& former,
   column.formerText = textFor(field, former);
   column.mineText = textFor(field, column.mine);
   column.theirsText = textFor(field, column.theirs);
-  const bool isVersion = name.toLower() == view.versionColumn;
-  if (!isVersion && !view.hidden.contains(name.toLower())) return;
+  const bool isComputed = (in.Attributes() & host::attribute::Updatable) == 0;
+  const bool isTheirs = isComputed || name.toLower() == view.versionColumn;
+  if (!isTheirs && !view.hidden.contains(name.toLower())) return;
   column.isShown = false;
-  if (isVersion) column.stays = Side::Theirs;
+  if (isTheirs) column.stays = Side::Theirs;
   if (!column.stays) column.stays = Side::Mine;
 }
 
@@ -87,7 +89,7 @@ QList<ConflictingColumn> conflictOf(host::Recordset& rows, const host::StoredRow
     column.stays =
         sideOf(!isSame(*field, column.mine, former), !isSame(*field, column.theirs, former));
     column.isContested = !column.stays;
-    show(column, toQt(field->Name()), former, view);
+    show(column, *field, former, view);
     columns << column;
   }
   return columns;
@@ -95,15 +97,15 @@ QList<ConflictingColumn> conflictOf(host::Recordset& rows, const host::StoredRow
 
 void takeChoice(host::Recordset& rows, const host::StoredRowPtr& stored,
                 const QList<ConflictingColumn>& columns) {
-  const auto assign = [&](Side side) {
-    for (const ConflictingColumn& column : columns)
-      if (column.stays == side)
-        rows.Fields().Item(column.ordinal)->Value(side == Side::Mine ? column.mine : column.theirs);
-  };
   // What equals the stored row is no edit of it any more.
-  if (rows.EditMode() == host::EditMode::InProgress) assign(Side::Theirs);
+  for (const ConflictingColumn& column : columns) {
+    const host::FieldPtr field = rows.Fields().Item(column.ordinal);
+    const bool isEdited = !isSame(*field, field->Value(), rows.Recovery()->Former(column.ordinal));
+    if (column.stays == Side::Theirs && isEdited) field->Value(column.theirs);
+  }
   rows.Recovery()->Rebase(stored);
-  assign(Side::Mine);
+  for (const ConflictingColumn& column : columns)
+    if (column.stays == Side::Mine) rows.Fields().Item(column.ordinal)->Value(column.mine);
 }
 
 }  // namespace tessaria::qt

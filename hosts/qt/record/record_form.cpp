@@ -1,5 +1,7 @@
 #include "tessaria/qt/record_form.h"
 
+#include <QDialog>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QWidget>
 
@@ -22,6 +24,13 @@ Adodc* dataControlOf(QWidget* form, const QString& name) {
   for (Adodc* data : formOf(form)->findChildren<Adodc*>())
     if (data->objectName().compare(name, Qt::CaseInsensitive) == 0) return data;
   return nullptr;
+}
+
+/// Escape hides a dialog without a close event.
+bool closesWindow(const QWidget& window, const QEvent& event) {
+  if (event.type() == QEvent::Close) return true;
+  return event.type() == QEvent::KeyPress && qobject_cast<const QDialog*>(&window) &&
+         static_cast<const QKeyEvent&>(event).matches(QKeySequence::Cancel);
 }
 
 }  // namespace
@@ -218,6 +227,8 @@ bool RecordForm::deleteRow() {
 bool RecordForm::asksOnClose() const { return parts_->asksOnClose; }
 
 void RecordForm::setAsksOnClose(bool ask) {
+  if (parts_->asksOnClose && !ask && parts_->window)
+    parts_->window->setProperty("asksBeforeClosing", {});
   parts_->asksOnClose = ask;
   watchWindow();
 }
@@ -241,7 +252,7 @@ bool RecordForm::eventFilter(QObject* object, QEvent* event) {
     watchFields();
     if (parts_->isDropped) showDroppedSoon();
   }
-  if (object == parts_->window && event->type() == QEvent::Close && parts_->asksOnClose) {
+  if (object == parts_->window && closesWindow(*parts_->window, *event)) {
     const QPointer<QObject> alive(object);
     if (!mayClose() || !alive) {
       event->ignore();

@@ -83,7 +83,9 @@ class TESSARIA_QT_API RecordForm final : public QObject {
   /// Keeps a column out of that window: what the operator has changed there wins, anything else
   /// stays as the other user has stored it.
   void hideColumn(const QString& column);
-  /// Whether closing the form's window asks first, with `mayClose()`. False by default.
+  /// Whether closing the form's window asks first, with `mayClose()`, and Escape in a dialog too.
+  /// What a program does itself, `QDialog::reject()` and `QWidget::hide()`, does not ask. False by
+  /// default.
   void setAsksOnClose(bool ask);
   bool asksOnClose() const;
 
