@@ -167,6 +167,44 @@ TEST_F(WholeRow, WhatIsTypedAfterALostCommitIsSavedOnTop) {
   EXPECT_EQ(hooks_, 2);
 }
 
+TEST_F(WholeRow, WhatIsNotedAfterALostCommitIsNotForgotten) {
+  enter(name_, QStringLiteral("Zilda"));
+  afterTheHook([this] { proxy_->CutAt(Side::Server, {"COMMIT"}); });
+  save();
+  addAnItemAtEachSave();
+  record_->markChanged();
+  asAnotherUser(u"update clientes set nome = 'Alice' where codigo = 1");
+  boxes_.takeTexts();
+  boxes_.willPress(QStringLiteral("Sim"));
+  save();  // nobody can tell
+  EXPECT_EQ(firstLine(), QStringLiteral("Não se sabe se o cliente foi salvo."));
+  asAnotherUser(u"update clientes set nome = 'Zilda' where codigo = 1");
+  save();
+  EXPECT_EQ(items(), "1a 1a");
+  EXPECT_FALSE(record_->isChanged());
+}
+
+TEST_F(WholeRow, ANewRowWhoseKeyIsGeneratedIsLookedForAmongTheRows) {
+  asAnotherUser(u"create sequence codigos start 50");
+  asAnotherUser(u"alter table clientes alter codigo set default nextval('codigos')");
+  EXPECT_TRUE(data_->refresh());
+  record_->addRow();
+  enter(name_, QStringLiteral("Davi"));
+  afterTheHook([this] { proxy_->CutAt(Side::Server, {"COMMIT"}); });
+  save();
+  boxes_.takeTexts();
+  addAnItemAtEachSave();
+  boxes_.willPress(QStringLiteral("Sim"));
+  save();
+  EXPECT_TRUE(boxes_.takeTexts().last().contains(
+      QStringLiteral("o registro 4 tem os mesmos valores. Se for ele, cancele o novo")));
+  EXPECT_EQ(names(), "Ana Bia Caio Davi");
+  EXPECT_EQ(items(), "50a");
+  boxes_.willPress(QStringLiteral("Sim"));
+  click(*undo_);
+  EXPECT_EQ(data_->recordSet()->RecordCount(), 4);
+}
+
 TEST_F(WholeRow, ACommitThatDidNotArriveIsSavedTheSecondTime) {
   addCustomer();
   afterTheHook([this] { proxy_->CutAt(Side::Client, {"COMMIT"}); });

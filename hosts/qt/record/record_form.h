@@ -33,6 +33,7 @@ struct RecordForm::Parts {
   bool willLook = false;    ///< a look at the changes is queued
   bool isMarked = false;    ///< by `markChanged`
   bool isStale = false;     ///< the row in the database may differ from the one on the screen
+  bool wasSent = false;     ///< whether the last save got as far as the commit of its hook
   bool isUnknown = false;   ///< the last transaction may be stored, and no row of it shows it
   bool isDropped = false;   ///< discarded while the window closes, and not shown again since
   bool isBusy = false;      ///< a check or a save is under way

@@ -81,16 +81,19 @@ bool RecordForm::write() {
 
 /// What keeps the row from being stored; null when it is stored.
 std::exception_ptr RecordForm::writeOnce() {
+  const auto parts = parts_;
   const boundary::Entry entry;
+  RowSaving saving{parts->rows(), parts->data->connection(), parts->hook,
+                   fromQt(parts->versionColumn), parts->isMarked};
+  std::exception_ptr error;
   try {
-    const auto rows = parts_->rows();
-    if (!rows) throw HostError(errors::ObjectNotSet);
-    saveRow({rows, parts_->data->connection(), parts_->hook, fromQt(parts_->versionColumn),
-             parts_->isMarked});
+    if (!saving.rows) throw HostError(errors::ObjectNotSet);
+    saveRow(saving);
   } catch (...) {
-    return std::current_exception();
+    error = std::current_exception();
   }
-  return nullptr;
+  parts->wasSent = saving.wasSent;
+  return error;
 }
 
 /// Whether to write again.
@@ -116,16 +119,16 @@ void RecordForm::tellFailure(const SaveFailure& failure) {
   const host::RecordsetPtr rows = parts->rows();
   const bool isInDoubt = failure.isInDoubt();
   parts->isStale = parts->isStale || isInDoubt || failure.isRowChanged();
-  if (isInDoubt) {
+  const bool isKnownByRow = rows && rows->IsInDoubt();
+  if (isInDoubt && parts->wasSent) {
     // What is noted from now on was not part of the transaction.
-    const bool isKnownByRow = rows && rows->IsInDoubt();
     parts->isUnknown = !isKnownByRow && parts->isMarked;
     if (isKnownByRow) parts->isMarked = false;
   }
   const bool isLost = parts->data && parts->data->connection() &&
                       parts->data->connection()->State() == host::state::Closed;
   const QString cause = failure.cause(isLost);
-  tell(host::box::Stop, isInDoubt ? parts->texts.inDoubt(failure.details())
+  tell(host::box::Stop, isInDoubt ? parts->texts.inDoubt(failure.details(), isKnownByRow)
                                   : parts->texts.refusal(cause, failure.details()));
   if (!self) return;
   tellNotSaved(isInDoubt ? parts->texts.inDoubtLine() : parts->texts.refusalLine(cause));

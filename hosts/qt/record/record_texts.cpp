@@ -54,12 +54,13 @@ QString RecordTexts::refusalLine(const QString& cause) const {
   return QStringLiteral("Não %1: %2.").arg(ending("salv"), cause);
 }
 
-QString RecordTexts::inDoubt(const QString& details) const {
-  return inDoubtLine() + kParagraph + details + kParagraph + kStillThere +
-         QStringLiteral(
-             " Salvar outra vez confere antes de gravar; desfazer mostra %1 como está no banco de "
-             "dados.")
-             .arg(the());
+QString RecordTexts::inDoubt(const QString& details, bool isLookedFor) const {
+  const QString text = inDoubtLine() + kParagraph + details + kParagraph + kStillThere;
+  if (!isLookedFor) return text;
+  return text + QStringLiteral(
+                    " Salvar outra vez confere antes de gravar; desfazer mostra %1 como está no "
+                    "banco de dados.")
+                    .arg(the());
 }
 
 QString RecordTexts::inDoubtLine() const {

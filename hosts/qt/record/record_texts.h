@@ -21,7 +21,8 @@ class RecordTexts {
   /// may be empty.
   QString refusal(const QString& cause, const QString& details) const;
   QString refusalLine(const QString& cause) const;
-  QString inDoubt(const QString& details) const;
+  /// `isLookedFor` says that the next save finds out whether the row was stored.
+  QString inDoubt(const QString& details, bool isLookedFor) const;
   QString inDoubtLine() const;
 
   QString conflictTitle() const;

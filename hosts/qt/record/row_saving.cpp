@@ -35,17 +35,16 @@ void undo(const RowSaving& saving, bool mayBeStored) {
 }
 
 /// Inside the transaction only its commit leaves anything in doubt.
-void saveInTransaction(const RowSaving& saving) {
+void saveInTransaction(RowSaving& saving) {
   recoveryOf(*saving.rows);
   saving.connection->BeginTrans();
-  bool isCommitting = false;
   try {
     saving.rows->Update();
     saving.hook(*saving.connection);
-    isCommitting = true;
+    saving.wasSent = true;
     saving.connection->CommitTrans();
   } catch (const HostError& error) {
-    undo(saving, isCommitting && error.Number() == errors::WriteInDoubt);
+    undo(saving, saving.wasSent && error.Number() == errors::WriteInDoubt);
     throw;
   } catch (...) {
     undo(saving, false);
@@ -66,7 +65,7 @@ void findOut(host::Recordset& rows) {
 
 }  // namespace
 
-void saveRow(const RowSaving& saving) {
+void saveRow(RowSaving& saving) {
   host::Recordset& rows = *saving.rows;
   if (rows.IsInDoubt() && rows.Recovery()) findOut(rows);
   if (!hasEdit(rows) && !saving.isMarked) return;
