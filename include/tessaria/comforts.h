@@ -16,7 +16,7 @@ struct TESSARIA_CORE_API Comforts {
   bool CalendarCancels = false;
   /// A description that is typed again is searched without its former key.
   bool SearchWithoutFormerKey = false;
-  /// The colours and icons of fields follow a dark palette.
+  /// The boxes of fields follow a dark palette.
   bool DarkPalette = false;
 
   /// Every comfort switched on.

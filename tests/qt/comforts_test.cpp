@@ -351,15 +351,15 @@ TEST_F(DarkPalette, IconsAreLight) {
   EXPECT_GT(iconLightness(), before);
 }
 
-TEST_F(DarkPalette, WithoutTheComfortBoxesStayWhiteAndIconsUnchanged) {
+TEST_F(DarkPalette, WithoutTheComfortBoxesStayWhiteOnly) {
   setComforts({});
   first_->setTipoControle(TsText::Calendario);
   show();
-  const QImage before = iconImage();
+  const int before = iconLightness();
   window_->setPalette(darkPalette());
   settleEvents();
   EXPECT_EQ(boxColour(QPalette::Base), QColor(Qt::white));
-  EXPECT_EQ(iconImage(), before);
+  EXPECT_GT(iconLightness(), before) << "the button is dark";
 }
 
 }  // namespace

@@ -1,73 +1,34 @@
 #include "hosts/qt/control/browse_button.h"
 
 #include <QEvent>
-#include <QGuiApplication>
-#include <QImage>
 #include <QStyleOptionToolButton>
 
 #include <algorithm>
 #include <iterator>
-#include <map>
-#include <string_view>
-#include <tuple>
 
-#include "hosts/qt/conversion/colours.h"
+#include "hosts/qt/control/field_icons.h"
 #include "hosts/qt/conversion/picture.h"
 #include "hosts/qt/conversion/units.h"
 #include "tessaria/qt/event_boundary.h"
-
-static void loadResources() { Q_INIT_RESOURCE(tessaria_qt); }
 
 namespace tessaria::qt {
 namespace {
 
 struct Face {
   TipoControle kind;
-  const char* icon;
   const char* name;
 };
 
 constexpr Face kFaces[] = {
-    {TipoControle::Browse, ":/tessaria/tres_pontos.png", "Procurar"},
-    {TipoControle::Calendario, ":/tessaria/calendario.png", "Calendário"},
-    {TipoControle::Descricao, ":/tessaria/tres_pontos.png", "Procurar"},
-    {TipoControle::Diretorio, ":/tessaria/diretorio.png", "Pasta"},
-    {TipoControle::Calculadora, ":/tessaria/calculadora.png", "Calculadora"},
+    {TipoControle::Browse, "Procurar"},         {TipoControle::Calendario, "Calendário"},
+    {TipoControle::Descricao, "Procurar"},      {TipoControle::Diretorio, "Pasta"},
+    {TipoControle::Calculadora, "Calculadora"},
 };
 
 // Twips: the room that the control leaves for the button, less an edge on either side.
 constexpr Long kWidth = 330;
 constexpr Long kTop = 30;
 constexpr int kEdge = 6;  // pixels between the border and the icon, both sides together
-
-QRgb halfwayToWhite(QRgb pixel) {
-  const auto lighter = [](int channel) { return 255 - (255 - channel) / 2; };
-  return qRgba(lighter(qRed(pixel)), lighter(qGreen(pixel)), lighter(qBlue(pixel)), qAlpha(pixel));
-}
-
-/// The same shapes and hues, with strokes that contrast with a dark button.
-QIcon lightVariant(const QIcon& icon) {
-  QIcon light;
-  for (const QSize& size : icon.availableSizes()) {
-    QImage image = icon.pixmap(size, 1.0).toImage().convertToFormat(QImage::Format_ARGB32);
-    for (int y = 0; y < image.height(); ++y)
-      for (int x = 0; x < image.width(); ++x)
-        image.setPixel(x, y, halfwayToWhite(image.pixel(x, y)));
-    light.addPixmap(QPixmap::fromImage(image));
-  }
-  return light;
-}
-
-/// One icon for all buttons of a kind: the file is read once, and Qt scales it once. The ratio
-/// decides which of its sizes Qt reads.
-const QIcon& sharedIcon(const char* file, bool light) {
-  static std::map<std::tuple<std::string_view, qreal, bool>, QIcon> icons;
-  QIcon& icon = icons[{file, qApp->devicePixelRatio(), light}];
-  if (!icon.isNull()) return icon;
-  loadResources();
-  icon = light ? lightVariant(sharedIcon(file, false)) : QIcon(QLatin1String(file));
-  return icon;
-}
 
 }  // namespace
 
@@ -82,7 +43,7 @@ void BrowseButton::setKind(TipoControle kind) {
                                   [kind](const Face& f) { return f.kind == kind; });
   const bool known = face != std::end(kFaces);
   const QString name = known ? QString::fromUtf8(face->name) : QString();
-  ownIcon_ = known ? face->icon : nullptr;
+  kind_ = kind;
   setAccessibleName(name);
   setToolTip(name);
   showIcon();
@@ -94,9 +55,11 @@ void BrowseButton::setPicture(std::shared_ptr<host::Picture> picture) {
 }
 
 void BrowseButton::showIcon() {
+  // Between two parents it has no field.
+  if (!parentWidget()) return;
   const auto* loaded = dynamic_cast<const qt::Picture*>(picture_.get());
   if (loaded) return setIcon(loaded->icon());
-  setIcon(ownIcon_ ? sharedIcon(ownIcon_, wantsLightVariants(palette())) : QIcon());
+  setIcon(fieldIcon(kind_, formAround().palette()));
 }
 
 void BrowseButton::changeEvent(QEvent* event) {
@@ -104,14 +67,17 @@ void BrowseButton::changeEvent(QEvent* event) {
   QToolButton::changeEvent(event);
 }
 
+const QWidget& BrowseButton::formAround() const {
+  const QWidget* field = parentWidget();
+  return field->isWindow() ? *field : *field->parentWidget();
+}
+
 /// The button is drawn in the colours of the form around its field. Styles keep one picture of a
 /// button for each palette: those of all fields are the same.
 void BrowseButton::initStyleOption(QStyleOptionToolButton* option) const {
   QToolButton::initStyleOption(option);
   const auto group = option->palette.currentColorGroup();
-  const QWidget* field = parentWidget();
-  const QWidget* form = field->isWindow() ? field : field->parentWidget();
-  option->palette = form->palette();
+  option->palette = formAround().palette();
   option->palette.setCurrentColorGroup(group);
 }
 

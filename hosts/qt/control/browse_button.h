@@ -30,7 +30,9 @@ class BrowseButton final : public QToolButton {
  private:
   void showIcon();
 
-  const char* ownIcon_ = nullptr;  ///< the file of the kind's icon; nullptr for none
+  const QWidget& formAround() const;
+
+  TipoControle kind_ = TipoControle::Normal;
   std::shared_ptr<host::Picture> picture_;
 };
 
