@@ -166,6 +166,11 @@ TEST_P(Signals, OfAField) {
                  {"keyPress", typed},
                  {"keyUp", typed},
                  {"propertyChanged", [&] { field_->setMaxLength(20); }},
+                 {"valueChanged", [&] { field_->setValue(QStringLiteral("Zoe")); }},
+                 {"textoChanged", [&] { field_->setTexto(QStringLiteral("Zeca")); }},
+                 {"enabledChanged", [&] { field_->setEnabled(!field_->isFieldEnabled()); }},
+                 {"lastValidaStatusChanged",
+                  [&] { field_->setLastValidaStatus(!field_->lastValidaStatus()); }},
                  {"shown",
                   [&] {
                     // Raised once for each field: this one was already shown.

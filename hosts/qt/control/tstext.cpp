@@ -7,6 +7,7 @@
 #include "hosts/qt/conversion/key_codes.h"
 #include "hosts/qt/conversion/label_text.h"
 #include "hosts/qt/conversion/units.h"
+#include "hosts/qt/focus/delegate_editor.h"
 #include "hosts/qt/focus/dialog_keys.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/form/first_show.h"
@@ -17,6 +18,7 @@
 #include "tessaria/pesquisa_definition.h"
 #include "tessaria/qt/design_time.h"
 #include "tessaria/qt/host.h"
+#include "tessaria/qt/settle.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/text_property_bag.h"
 
@@ -101,7 +103,12 @@ void TsText::connectKeys() {
 
 bool TsText::designMode() const { return designMode_ || formUnderDesign(this); }
 
-tsText& TsText::control() { return parts_->control; }
+/// Whoever gets the control may change it.
+tsText& TsText::control() {
+  watchChanges();
+  return parts_->control;
+}
+
 const tsText& TsText::control() const { return parts_->control; }
 
 // --- Settings
@@ -136,6 +143,7 @@ void TsText::setSettings(const QStringList& lines) {
 }
 
 void TsText::load(const host::PropertyBag& bag) {
+  watchChanges();
   const bool isDesigned = formUnderDesign(this) != nullptr;
   isDesigned ? parts_->control.ReadAtDesignTime(bag)
              : parts_->control.UserControl_ReadProperties(bag);
@@ -151,11 +159,11 @@ void TsText::refresh() {
 }
 
 bool TsText::valida() {
-  return read([this](const tsText&) { return parts_->control.Valida(); });
+  return read([this](const tsText&) { return control().Valida(); });
 }
 
 bool TsText::acionaChecaRelacao() {
-  return read([this](const tsText&) { return parts_->control.AcionaChecaRelacao(); });
+  return read([this](const tsText&) { return control().AcionaChecaRelacao(); });
 }
 
 void TsText::atualizaIrmao(bool apenasTsBrowse, bool disparaBrowseReturn) {
@@ -177,6 +185,7 @@ void TsText::unhandled(int number, const QString& description) {
 }
 
 bool TsText::event(QEvent* event) {
+  if (takesProbe(event)) return true;
   if (event->type() == QEvent::LayoutRequest) updateGeometry();
   return QWidget::event(event);
 }
@@ -232,7 +241,20 @@ void TsText::keyReleaseEvent(QKeyEvent* event) {
 }
 
 bool TsText::focusNextPrevChild(bool next) {
+  if (isCellEditor(this) && !parts_->isLeftByTab) {
+    leaveCell(next);
+    return true;
+  }
   return focusNextPage(window(), next) || QWidget::focusNextPrevChild(next);
+}
+
+/// The delegate opens the next cell. Without one the key comes back here, to move the focus.
+void TsText::leaveCell(bool next) {
+  const QPointer<TsText> self(this);
+  if (!settle(this) || !self) return;
+  parts_->isLeftByTab = true;
+  tellDelegateOfTab(*this, next);
+  if (self && parts_) parts_->isLeftByTab = false;
 }
 
 // --- Looks
@@ -294,6 +316,7 @@ bool TsText::eventFilter(QObject* object, QEvent* event) {
 template <class Emit>
 void TsText::Events::tell(Emit&& emitter) {
   if (!surface_) throw ControlGone{};
+  surface_->watchChanges();
   emitter(*surface_);
   if (!surface_) throw ControlGone{};
 }

@@ -29,6 +29,14 @@ class TsText::Events final : public tsTextEvents {
   QPointer<TsText> surface_;
 };
 
+/// The properties that the program is told of, as it knows them.
+struct Announced {
+  QVariant value;
+  QString texto;
+  bool enabled = true;
+  bool isValid = true;
+};
+
 /// The widgets are children of the surface; the rest outlives it while the core is running.
 struct TsText::Parts {
   explicit Parts(TsText& surface)
@@ -37,7 +45,10 @@ struct TsText::Parts {
         box(*edit),
         button(*browseButton),
         site(surface, {[&surface] { return surface.designMode(); },
-                       [&surface](const QString& name) { emit surface.propertyChanged(name); }}),
+                       [&surface](const QString& name) {
+                         surface.watchChanges();
+                         emit surface.propertyChanged(name);
+                       }}),
         events(surface),
         control(site, box, button, events) {}
 
@@ -48,6 +59,8 @@ struct TsText::Parts {
   ControlSite site;
   Events events;
   tsText control;
+  Announced announced;
+  bool isLeftByTab = false;  ///< the editor of a cell is being left
 };
 
 template <class Get>
@@ -59,7 +72,10 @@ auto TsText::read(Get&& get) const {
 
 template <class Set>
 void TsText::write(Set&& set) {
-  guarded(this, [&] { set(parts_->control); });
+  guarded(this, [&] {
+    watchChanges();
+    set(parts_->control);
+  });
 }
 
 }  // namespace tessaria::qt

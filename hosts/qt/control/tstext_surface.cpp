@@ -2,6 +2,7 @@
 
 #include "control/storage/properties.h"
 #include "hosts/qt/control/tstext.h"
+#include "hosts/qt/focus/delegate_editor.h"
 #include "hosts/qt/form/form.h"
 
 namespace tessaria::qt {
@@ -47,8 +48,14 @@ LoadOrder TsText::loadOrder() const {
   }
 }
 
+/// The first show empties an unbound field, except one that a delegate has already filled.
 void TsText::formShown() {
-  write([](tsText& c) { c.UserControl_Show(); });
+  const bool isOfDelegate = loadOrder() == LoadOrder::Unbound && hasDelegate(*this);
+  write([&](tsText& c) {
+    const Variant before = c.Value();
+    c.UserControl_Show();
+    if (isOfDelegate && toQVariant(c.Value()) != toQVariant(before)) c.ShowValue(before);
+  });
 }
 
 void TsText::entered() {
@@ -56,8 +63,13 @@ void TsText::entered() {
 }
 
 ExitVerdict TsText::left() {
+  // An editor that its view has closed by Escape: nobody wants its text.
+  if (isCellEditor(this) && isHidden()) return ExitVerdict::Left;
+  const QPointer<TsText> self(this);
   ExitVerdict verdict = ExitVerdict::Left;
   write([&](tsText& c) { verdict = c.UserControl_ExitFocus(); });
+  if (self && verdict == ExitVerdict::Left && !isAncestorOf(window()->focusWidget()))
+    tellDelegateOfLeaving(*this);
   return verdict;
 }
 

@@ -62,6 +62,26 @@ QVariant fromExact(const Variant& value) {
   return isWhole ? QVariant(whole) : QVariant(text);
 }
 
+/// A handle that refers to nothing is no null value.
+bool isPointer(const QVariant& value) {
+  return value.metaType() == QMetaType::fromType<ObjectPtr>() ||
+         value.metaType() == QMetaType::fromType<host::ConnectionPtr>();
+}
+
+/// Models of Qt have a null of each type; a date that is not valid is none.
+bool isNull(const QVariant& value) {
+  switch (value.typeId()) {
+    case QMetaType::QDate:
+      return !value.toDate().isValid();
+    case QMetaType::QDateTime:
+      return !value.toDateTime().isValid();
+    case QMetaType::QTime:
+      return !value.toTime().isValid();
+    default:
+      return value.isValid() && value.isNull() && !isPointer(value);
+  }
+}
+
 Variant fromOther(const QVariant& value) {
   if (value.metaType() == QMetaType::fromType<ObjectPtr>()) return value.value<ObjectPtr>();
   if (value.metaType() == QMetaType::fromType<host::ConnectionPtr>()) {
@@ -104,11 +124,10 @@ QVariant toQVariant(const Variant& value) {
 }
 
 Variant toVariant(const QVariant& value) {
+  if (isNull(value)) return Variant::Null();
   switch (value.typeId()) {
     case QMetaType::UnknownType:
       return {};
-    case QMetaType::Nullptr:
-      return Variant::Null();
     case QMetaType::Bool:
       return value.toBool();
     case QMetaType::Short:

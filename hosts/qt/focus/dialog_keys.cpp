@@ -3,7 +3,9 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include "hosts/qt/focus/delegate_editor.h"
 #include "hosts/qt/focus/focus_cycle.h"
+#include "hosts/qt/form/widget_tree.h"
 
 namespace tessaria::qt {
 namespace {
@@ -42,9 +44,11 @@ bool takeFocusBeforePress(QAbstractButton* button) {
 
 bool pressDialogButton(QWidget* edit, int key) {
   const QWidget* window = edit->window();
-  const QPointer<QAbstractButton> button =
-      key == Qt::Key_Escape ? cancelButton(window) : defaultButton(window);
-  if (!button) return false;
+  Surface* field = surfaceOf(edit);
+  const bool isOfCell = field && isCellEditor(&field->widget());
+  QPointer<QAbstractButton> button;
+  if (!isOfCell) button = key == Qt::Key_Escape ? cancelButton(window) : defaultButton(window);
+  if (!button) return key != Qt::Key_Escape && !settleForDelegate(edit);
   if (takeFocusBeforePress(button) && button) button->click();
   return true;
 }

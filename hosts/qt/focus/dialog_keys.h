@@ -11,8 +11,9 @@ bool isDialogKey(const QKeyEvent& event);
 
 /// Presses the default button (Enter) of the edit's window, or its cancel button (Escape), which
 /// has the property "Cancel". The button takes the focus first, so that the field is settled, and
-/// is not pressed if the field takes the focus back. Returns false if there is no such button: the
-/// window then handles the key.
+/// is not pressed if the field takes the focus back. Returns false if there is no such button, and
+/// for the editor of a cell: the delegate or the window then handles the key. A delegate gets Enter
+/// from a settled field only.
 bool pressDialogButton(QWidget* edit, int key);
 
 /// Moves the focus to the button and settles the field that it leaves. Returns false if the field

@@ -10,6 +10,7 @@
 #include "hosts/qt/boundary/wait_input.h"
 #include "hosts/qt/boundary/window_in_front.h"
 #include "hosts/qt/dialogs/dialog_window.h"
+#include "hosts/qt/focus/delegate_editor.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/focus/focused_edit.h"
 #include "hosts/qt/form/first_show.h"
@@ -147,6 +148,8 @@ bool FormEvents::movesToNextPage(QWidget* widget, const QKeyEvent& key) {
   if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) return false;
   QWidget* window = widget->window();
   if (widget != window->focusWidget() || !FocusCycle::existing(window)) return false;
+  Surface* field = surfaceOf(widget);
+  if (field && isCellEditor(&field->widget())) return false;
   return !qobject_cast<QAbstractScrollArea*>(widget) && focusNextPage(window, !back);
 }
 

@@ -35,6 +35,11 @@ namespace tessaria::qt {
 /// files: there a control is stored as the one property `settings`, which is loaded without side
 /// effects.
 ///
+/// `Value` is the user property: `QDataWidgetMapper` and the delegates of item views read and write
+/// it. They commit when the field has been left and settled; a text that is refused is not
+/// committed. The event `FocusOut` therefore comes to the event filters of a field at that moment,
+/// and not when the field is refused.
+///
 /// Setters, getters and events never throw. An error that would reach the caller, and every
 /// exception of a handler, is shown in a box and reported by `unhandledError`; the program
 /// continues. A handler may change what it gets by reference, and may destroy the control.
@@ -52,15 +57,17 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   Q_PROPERTY(QString Nome READ nome WRITE setNome DESIGNABLE false STORED false)
   Q_PROPERTY(TipoControle TipoControle READ tipoControle WRITE setTipoControle STORED false)
   Q_PROPERTY(int TipoDado READ tipoDado WRITE setTipoDado STORED false)
-  Q_PROPERTY(QVariant Value READ value WRITE setValue DESIGNABLE false STORED false)
+  Q_PROPERTY(QVariant Value READ value WRITE setValue NOTIFY valueChanged
+                 DESIGNABLE false STORED false USER true)
   Q_PROPERTY(QVariant OriginalValue READ originalValue WRITE setOriginalValue
                  DESIGNABLE false STORED false)
-  Q_PROPERTY(QString Texto READ texto WRITE setTexto DESIGNABLE false STORED false)
+  Q_PROPERTY(
+      QString Texto READ texto WRITE setTexto NOTIFY textoChanged DESIGNABLE false STORED false)
   Q_PROPERTY(QString Text READ text WRITE setText DESIGNABLE false STORED false)
   Q_PROPERTY(bool PodeSerBranco READ podeSerBranco WRITE setPodeSerBranco STORED false)
   Q_PROPERTY(bool UsaChecaRelacao READ usaChecaRelacao WRITE setUsaChecaRelacao STORED false)
-  Q_PROPERTY(bool LastValidaStatus READ lastValidaStatus WRITE setLastValidaStatus
-                 DESIGNABLE false STORED false)
+  Q_PROPERTY(bool LastValidaStatus READ lastValidaStatus WRITE setLastValidaStatus NOTIFY
+                 lastValidaStatusChanged DESIGNABLE false STORED false)
   Q_PROPERTY(QString Mascara READ mascara WRITE setMascara STORED false)
   Q_PROPERTY(QString PromptChar READ promptChar WRITE setPromptChar STORED false)
   Q_PROPERTY(bool PromptInclude READ promptInclude WRITE setPromptInclude STORED false)
@@ -71,7 +78,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   Q_PROPERTY(int SelStart READ selStart WRITE setSelStart DESIGNABLE false STORED false)
   Q_PROPERTY(int SelLength READ selLength WRITE setSelLength DESIGNABLE false STORED false)
   Q_PROPERTY(QString SelText READ selText WRITE setSelText DESIGNABLE false STORED false)
-  Q_PROPERTY(bool Enabled READ isFieldEnabled WRITE setEnabled STORED false)
+  Q_PROPERTY(bool Enabled READ isFieldEnabled WRITE setEnabled NOTIFY enabledChanged STORED false)
   Q_PROPERTY(QColor Forecolor READ foreColor WRITE setForeColor STORED false)
   Q_PROPERTY(QColor BackColor READ backColor WRITE setBackColor STORED false)
   Q_PROPERTY(QFont Font READ fieldFont WRITE setFieldFont STORED false)
@@ -105,7 +112,8 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   Q_PROPERTY(QString DirPattern READ dirPattern WRITE setDirPattern STORED false)
   Q_PROPERTY(QString DirFilePath READ dirFilePath WRITE setDirFilePath STORED false)
   Q_PROPERTY(QString DirFileName READ dirFileName WRITE setDirFileName STORED false)
-  Q_PROPERTY(bool enabled READ isFieldEnabled WRITE setEnabled DESIGNABLE false STORED false)
+  Q_PROPERTY(bool enabled READ isFieldEnabled WRITE setEnabled NOTIFY enabledChanged
+                 DESIGNABLE false STORED false)
 
  public:
   /// Any other number behaves as Normal.
@@ -385,6 +393,14 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   void unhandledError(int number, const QString& description);
   /// A property was assigned.
   void propertyChanged(const QString& name);
+  // The four below report each real change once, whoever has caused it: the operator, the program,
+  // a row or the sibling. They come when the work that has changed the field is complete, its
+  // sibling included; after a move to another row, when all fields show it.
+  void valueChanged(const QVariant& value);
+  void textoChanged(const QString& texto);
+  void enabledChanged(bool enabled);
+  /// Whether the last check has passed.
+  void lastValidaStatusChanged(bool valid);
 
  protected:
   bool event(QEvent* event) override;
@@ -423,6 +439,9 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   void nameForAccessibility();
   bool isNamedBy(const QObject* object) const;
   void connectKeys();
+  void leaveCell(bool next);
+  void watchChanges() const;
+  void reportChanges();
   void followControl(const QString& property);
   void followWidget();
 

@@ -14,7 +14,8 @@ namespace tessaria::qt {
 /// with a comma; a date is a QDate, with a time a QDateTime; an object is an `ObjectPtr`.
 TESSARIA_QT_API QVariant toQVariant(const Variant& value);
 
-/// The reverse conversion. A whole number is a Long when it fits, else a Decimal; a colour is its
+/// The reverse conversion. A null QVariant of any type, as Qt's models have it, and a date that is
+/// not valid are Null. A whole number is a Long when it fits, else a Decimal; a colour is its
 /// number, a font a `host::Font`, an enumeration its number, and a null connection is Empty. Error
 /// 13 for a kind without a counterpart.
 TESSARIA_QT_API Variant toVariant(const QVariant& value);
