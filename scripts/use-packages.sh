@@ -41,6 +41,7 @@ apt-get install -y -q /packages/*.deb g++ cmake ninja-build pkg-config appstream
 build_by_pkg_config
 build_by_cmake
 tessaria-check-server --help
+tessaria-check --version
 [ -s /usr/share/doc/Tessaria/README.pt-BR.md ] || fail 'the documentation is missing'
 desktop-file-validate /usr/share/applications/org.tessaria.Demo.desktop
 appstreamcli validate --no-net /usr/share/metainfo/org.tessaria.Demo.metainfo.xml

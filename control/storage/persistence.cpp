@@ -5,6 +5,7 @@
 
 #include "control/storage/properties.h"
 #include "services/trap.h"
+#include "tessaria/field_settings.h"
 
 namespace tessaria {
 
@@ -54,6 +55,17 @@ void ReadOrRaise(StoredState& state, const host::PropertyBag& bag) {
     stored.Load(state, bag.ReadProperty(String(stored.ReadKey),
                                         DefaultOr(stored, stored.ReadDefault, state.Site)));
   }
+}
+
+std::vector<StoredSetting> StoredSettings() {
+  std::vector<StoredSetting> settings;
+  for (const Property* property : InOrder(&Property::Storage::ReadPosition)) {
+    const auto& stored = property->Stored;
+    const bool isObject =
+        property->Type == PropertyType::Object || property->Type == PropertyType::Font;
+    settings.push_back({String(stored.ReadKey), isObject ? Variant::Null() : stored.ReadDefault});
+  }
+  return settings;
 }
 
 void ReadProperties(StoredState& state, const host::PropertyBag& bag) {

@@ -154,6 +154,15 @@ TESSARIA_CORE_API std::shared_ptr<Browse> MakeBrowse(const LookupSettings& looku
 /// Its searches, likewise.
 TESSARIA_CORE_API std::shared_ptr<Pesquisa> MakePesquisa(const LookupSettings& lookup);
 
+/// What a form file can store of a field.
+struct StoredSetting {
+  String key;
+  Variant byDefault;  ///< what an absent one counts as; Null for a definition and for the font
+};
+
+/// All of them, in the order in which a field reads them.
+TESSARIA_CORE_API std::vector<StoredSetting> StoredSettings();
+
 /// Writes all settings but the name into a bag, from which a control is loaded without side
 /// effects.
 TESSARIA_CORE_API void WriteSettings(const FieldSettings& settings, host::PropertyBag& bag);
