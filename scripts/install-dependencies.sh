@@ -12,7 +12,8 @@ packages_of() {
       ;;
     run)
       echo postgresql pgbouncer unixodbc odbc-postgresql libqt6sql6-psql libqt6sql6-odbc \
-        qt6-translations-l10n fonts-dejavu-core designer-qt6 xvfb openbox xdotool
+        qt6-translations-l10n fonts-dejavu-core designer-qt6 xvfb openbox xdotool \
+        doxygen python3
       ;;
     lint) echo clang-format clang-tidy shellcheck python3 ;;
     fuzz) echo clang libclang-rt-dev llvm ;;
@@ -33,7 +34,7 @@ is_installed() {
 commands_of() {
   case $1 in
     build) echo cmake ninja c++ ;;
-    run) echo pg_config isql ;;
+    run) echo pg_config isql doxygen python3 ;;
     lint) echo clang-format clang-tidy shellcheck python3 ;;
     fuzz) echo clang++ ;;
     packages) echo dpkg-shlibdeps mmdebstrap ;;

@@ -12,7 +12,7 @@ check_scripts() {
     bash -n "$script" || return
   done
   shellcheck -x demo test .ci/run scripts/*.sh || return
-  PYTHONPYCACHEPREFIX=build/lint/python python3 -m py_compile scripts/gdb/*.py
+  PYTHONPYCACHEPREFIX=build/lint/python python3 -m py_compile scripts/*.py scripts/gdb/*.py
 }
 
 check_format() {

@@ -38,11 +38,13 @@ class TESSARIA_CORE_API ListaOutros : public Object {
   Long Count() const { return static_cast<Long>(campos_.size()); }
   /// From 1. Error 9 outside the list.
   std::shared_ptr<CampoOutro> Item(Long index) const;
+  /// Adds a field at the end, without a value.
   void Add(const String& Nome);
   void Clear() { campos_.clear(); }
 
   /// Replaces the list by the stored one. Values are results of lookups and are not stored.
   void Read(BagReader& reader);
+  /// Writes the names; the bag's reader finds them in the same order.
   void Write(host::PropertyBag& bag) const;
 
  private:

@@ -26,6 +26,7 @@ TESSARIA_CORE_API double CDbl(const Variant& value);
 /// Rounds halves to even, as does CInt. A hexadecimal or octal text is a bit pattern of the
 /// result's width: "&HFFFFFFFF" is -1.
 TESSARIA_CORE_API Long CLng(const Variant& value);
+/// As CLng, in 16 bits.
 TESSARIA_CORE_API Integer CInt(const Variant& value);
 /// True for any number but 0. A text is "Verdadeiro", "Falso", "True" or "False" in any case, or a
 /// number.

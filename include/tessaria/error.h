@@ -71,7 +71,9 @@ struct TESSARIA_CORE_API ErrObject {
   Long Number = 0;
   String Description;
 
+  /// Takes number and description of an error that was caught.
   void Set(const HostError& error);
+  /// Number 0 and no description: no error is pending.
   void Clear();
 };
 

@@ -23,6 +23,7 @@ namespace tessaria {
 class Browse;
 class Pesquisa;
 
+/// What a field or a search holds.
 enum class DataType { Text, Number, Date };
 
 /// How a search compares a row with what the operator typed.

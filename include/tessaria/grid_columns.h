@@ -47,12 +47,14 @@ class TESSARIA_CORE_API ListaColunas : public Object {
   Long Count() const { return static_cast<Long>(colunas_.size()); }
   /// From 1. Error 9 outside the list.
   std::shared_ptr<ColunaGrid> Item(Long index) const;
+  /// Adds a column to the right of the others. The width is in twips.
   void Add(const String& Campo, const String& Caption, const String& Mascara, float Width,
            bool Visible);
   void Clear() { colunas_.clear(); }
 
   /// Replaces the list by the stored one; the reader reports invalid values.
   void Read(BagReader& reader);
+  /// Writes every column to the bag.
   void Write(host::PropertyBag& bag) const;
 
  private:

@@ -11,6 +11,7 @@ namespace tessaria::mdlComum {
 /// which happens in texts of some hundred characters.
 TESSARIA_CORE_API String CodificaTexto(const String& strTexto);
 
+/// Whether a number is even.
 TESSARIA_CORE_API bool EhPar(Long varNumero);
 
 /// The value as a number; 0 for Null and for anything that is not a number.

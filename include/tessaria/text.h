@@ -7,6 +7,7 @@
 
 namespace tessaria {
 
+/// The number of characters.
 TESSARIA_CORE_API Long Len(StringView text);
 /// The first `count` characters, or all there are. Error 5 for a negative count.
 TESSARIA_CORE_API String Left(StringView text, Long count);
@@ -29,13 +30,19 @@ TESSARIA_CORE_API Long InStrRev(StringView text, StringView part);
 
 /// Removes blanks only (character 32), as do the next two.
 TESSARIA_CORE_API String Trim(StringView text);
+/// Removes the blanks at the beginning.
 TESSARIA_CORE_API String LTrim(StringView text);
+/// Removes the blanks at the end.
 TESSARIA_CORE_API String RTrim(StringView text);
 /// Letters of every alphabet that Brazilian text uses; nothing depends on the system's locale.
 TESSARIA_CORE_API String UCase(StringView text);
+/// The text in lower case, by the same rules.
 TESSARIA_CORE_API String LCase(StringView text);
+/// Whether two texts are equal without regard to case.
 TESSARIA_CORE_API bool EqualNoCase(StringView a, StringView b);
+/// Exact comparison, as for the next function.
 TESSARIA_CORE_API bool StartsWith(StringView text, StringView start);
+/// Whether the text ends with `end`.
 TESSARIA_CORE_API bool EndsWith(StringView text, StringView end);
 
 /// All occurrences, left to right, exact comparison. An empty `find` changes nothing.

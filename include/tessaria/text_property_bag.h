@@ -21,6 +21,7 @@ namespace tessaria {
 /// The error number of a text that is not a stored bag.
 inline constexpr Long kInvalidBagText = 321;
 
+/// Settings by key, which can be saved as text and loaded again.
 class TESSARIA_CORE_API TextPropertyBag final : public host::PropertyBag {
  public:
   using Factory = std::function<std::shared_ptr<host::Persistent>()>;

@@ -71,7 +71,9 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// follows it, only for a key whose key-down the box received, and once with code 0 for a text
   /// that came without a key. A key that is held while the focus leaves has none.
   void UserControl_KeyDown(Integer& KeyCode, Integer& Shift);
+  /// The surface's key-press, by the code of its character.
   void UserControl_KeyPress(Integer& KeyAscii);
+  /// The surface's key-up.
   void UserControl_KeyUp(Integer& KeyCode, Integer& Shift);
   void UserControl_Terminate();
 
@@ -148,6 +150,7 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   void Texto(const String& v);
   /// Both are for a host that undoes an edit. Restoring writes the box as `Texto` does.
   Typing CurrentTyping() const;
+  /// Restores what `CurrentTyping` has returned.
   void RestoreTyping(const Typing& typing);
   /// The text of the box as it stands, without the mask's work and without effect on `Value`.
   String Text() const;

@@ -65,8 +65,11 @@ class TESSARIA_CORE_API tsTextEvents {
   /// The first show at run time is complete.
   virtual void Show() = 0;
   virtual void Change() = 0;
+  /// A key went down in the field. Code 0 swallows it.
   virtual void KeyDown(Integer& KeyCode, Integer& Shift) = 0;
+  /// A key gives a character. Code 0 swallows it.
   virtual void KeyPress(Integer& KeyAscii) = 0;
+  /// A key was released.
   virtual void KeyUp(Integer& KeyCode, Integer& Shift) = 0;
   /// The field was settled. `LastValue` is the control's own member, which holds the previous
   /// value.

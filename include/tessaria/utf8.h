@@ -11,6 +11,7 @@ namespace tessaria {
 
 /// Whether the unit is the first, or second, half of a surrogate pair.
 constexpr bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+/// Whether the unit is the second half of one.
 constexpr bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 /// Half of a surrogate pair becomes U+FFFD.

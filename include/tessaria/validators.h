@@ -25,6 +25,7 @@ TESSARIA_CORE_API bool IsCnpj(StringView text);
 
 /// Refuse what is not one with "não confere, Verifique Por Favor".
 TESSARIA_CORE_API Validator CpfValidator();
+/// Refuses what is no CNPJ with the same words.
 TESSARIA_CORE_API Validator CnpjValidator();
 /// Takes either: eleven characters are a CPF, more are a CNPJ.
 TESSARIA_CORE_API Validator CpfOrCnpjValidator();

@@ -43,6 +43,7 @@ class TESSARIA_CORE_API Application {
   virtual String Path() const = 0;
   /// The character between the parts of a path on this system.
   virtual char16_t PathSeparator() const = 0;
+  /// Whether there is a file of that path.
   virtual bool FileExists(const String& path) const = 0;
   /// Loads a picture file. Errors: 53 when it is missing, 481 when it is not a picture.
   virtual std::shared_ptr<Picture> LoadPicture(const String& path) = 0;

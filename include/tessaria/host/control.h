@@ -32,7 +32,9 @@ class TESSARIA_CORE_API Persistent : public Object {
  public:
   /// The name by which the bag's reader recreates the object.
   virtual String ClassName() const = 0;
+  /// Replaces the object's settings by those of the bag.
   virtual void ReadProperties(const PropertyBag& bag) = 0;
+  /// Writes the object's settings to the bag.
   virtual void WriteProperties(PropertyBag& bag) const = 0;
 };
 
@@ -69,10 +71,13 @@ class TESSARIA_CORE_API ControlSite {
   virtual Long Width() const = 0;
   virtual Long Height() const = 0;
   virtual void Height(Long twips) = 0;
+  /// Colours the surface behind the box.
   virtual void BackColor(Colour colour) = 0;
   /// "txtEdit" or "btnBrowse". Error 91 when no inner widget is active.
   virtual String ActiveControlName() const = 0;
 
+  /// A property of the control was assigned: the host tells its listeners, and a designer that the
+  /// form is modified.
   virtual void PropertyChanged(const String& name) = 0;
 };
 

@@ -44,10 +44,13 @@ inline constexpr Long Closed = 0;
 inline constexpr Long Open = 1;
 }  // namespace state
 
+/// How a record set may move. The library's record sets are static, whichever is asked for.
 enum class CursorType : Long { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
+/// Whether a record set can be written, and when a row is locked.
 enum class LockType : Long { ReadOnly = 1, Pessimistic = 2, Optimistic = 3, BatchOptimistic = 4 };
 /// The kind of a record set's pending edit.
 enum class EditMode : Long { None = 0, InProgress = 1, Add = 2, Delete = 4 };
+/// Which rows a call works on: the current one.
 enum class Affect : Long { Current = 1 };
 /// What `Connection::OpenSchema` describes, by the data layer's numbers.
 enum class SchemaKind : Long { Columns = 4, Tables = 20, PrimaryKeys = 28 };
@@ -169,6 +172,7 @@ class TESSARIA_CORE_API RowRecovery {
 ///   same error until `Requery` has read the rows again, which keeps the new row as a pending edit:
 ///   the program looks for it among the rows (`ValueAt`) and then writes or discards it. The same
 ///   applies when a row with its key exists with other values.
+///
 /// Inside a transaction the loss rolls everything back, so the write was not stored and the error
 /// is the driver's own. The same number reports a `CommitTrans` whose answer is lost.
 class TESSARIA_CORE_API Recordset : public Object {

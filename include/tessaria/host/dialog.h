@@ -18,6 +18,7 @@
 
 namespace tessaria::host {
 
+/// The kinds of widget that a surface is made of.
 enum class WidgetKind {
   Label,
   CommandButton,
@@ -85,7 +86,9 @@ class TESSARIA_CORE_API Surface {
     throw HostError(errors::TypeMismatch);
   }
 
+  /// A key went down anywhere on the surface. Code 0 swallows it.
   std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
+  /// A key gives a character. Code 0 swallows it.
   std::function<void(Integer& KeyAscii)> OnKeyPress;
 
  protected:

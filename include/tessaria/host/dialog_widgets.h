@@ -54,18 +54,22 @@ class TESSARIA_CORE_API DialogWidget {
   /// Keys, before the widget acts on them. A text box reports its keys itself, and so does a
   /// control of the library.
   std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
+  /// A key gives a character. Code 0 swallows it.
   std::function<void(Integer& KeyAscii)> OnKeyPress;
   /// Not raised while the window is left for a box or another window.
   std::function<void()> OnGotFocus;
+  /// The focus has gone to another widget of the same window.
   std::function<void()> OnLostFocus;
 };
 
+/// A text beside other widgets.
 class TESSARIA_CORE_API DialogLabel : public virtual DialogWidget {
  public:
   virtual String Caption() const = 0;
   virtual void Caption(const String& text) = 0;
 };
 
+/// A push button.
 class TESSARIA_CORE_API DialogButton : public virtual DialogWidget {
  public:
   virtual String Caption() const = 0;
@@ -75,6 +79,7 @@ class TESSARIA_CORE_API DialogButton : public virtual DialogWidget {
   /// The face's colour; the system's own until one is assigned.
   virtual Colour BackColor() const = 0;
   virtual void BackColor(Colour colour) = 0;
+  /// The operator has pressed it, by mouse, key or mnemonic.
   std::function<void()> OnClick;
 };
 
@@ -99,6 +104,7 @@ class TESSARIA_CORE_API DialogCombo : public virtual DialogWidget {
   virtual Long ListCount() const = 0;
   /// "" outside the rows.
   virtual String List(Long row) const = 0;
+  /// Adds a row at the end.
   virtual void AddItem(const String& text) = 0;
   /// Removes all rows, and the text.
   virtual void Clear() = 0;
@@ -117,6 +123,7 @@ class TESSARIA_CORE_API DialogCombo : public virtual DialogWidget {
   std::function<void()> OnChange;
 };
 
+/// A box that is checked or not.
 class TESSARIA_CORE_API DialogCheckBox : public virtual DialogWidget {
  public:
   virtual String Caption() const = 0;
@@ -124,6 +131,7 @@ class TESSARIA_CORE_API DialogCheckBox : public virtual DialogWidget {
   virtual Integer Value() const = 0;
   /// Error 380 for another number.
   virtual void Value(Integer value) = 0;
+  /// The operator has checked or cleared it.
   std::function<void()> OnClick;
 };
 
@@ -151,9 +159,11 @@ class TESSARIA_CORE_API DialogFrame : public virtual DialogWidget {
 class TESSARIA_CORE_API DialogTabs : public virtual DialogWidget {
  public:
   virtual Long Tabs() const = 0;
+  /// The text on a tab.
   virtual String TabCaption(Long page) const = 0;
   virtual Long Tab() const = 0;
   virtual void Tab(Long page) = 0;
+  /// Whether the operator can choose the page.
   virtual bool TabEnabled(Long page) const = 0;
   virtual void TabEnabled(Long page, bool enabled) = 0;
   /// A tab was chosen, the one in front too.
@@ -181,6 +191,7 @@ class TESSARIA_CORE_API ListRow {
   /// By position from 1. Error 9 outside the sub-items.
   virtual String SubItem(Long position) const = 0;
   virtual void SubItem(Long position, const String& text) = 0;
+  /// Adds a text in the next column.
   virtual void AddSubItem(const String& text) = 0;
   /// Scrolls until the row can be seen.
   virtual void EnsureVisible() = 0;
@@ -195,15 +206,18 @@ class TESSARIA_CORE_API ListRow {
 class TESSARIA_CORE_API DialogListView : public virtual DialogWidget {
  public:
   virtual Long Count() const = 0;
+  /// The row at a position.
   virtual ListRow& Item(Long position) = 0;
   /// Inserts a row before that position; 0 adds it at the end.
   virtual ListRow& Add(const String& text, Long position = 0) = 0;
+  /// Removes a row; references to it become invalid.
   virtual void Remove(Long position) = 0;
   virtual void Clear() = 0;
   /// Null for none.
   virtual ListRow* SelectedItem() = 0;
   /// The first row of that text, or of that tag; null for none.
   virtual ListRow* FindItem(const String& text) = 0;
+  /// The first row whose `Tag` is that text; null for none.
   virtual ListRow* FindTag(const String& tag) = 0;
   /// The topmost row that can be seen; null for none.
   virtual ListRow* FirstVisible() = 0;
@@ -212,6 +226,7 @@ class TESSARIA_CORE_API DialogListView : public virtual DialogWidget {
   std::function<void(ListRow& row)> OnItemClick;
   /// A row's check box was changed.
   std::function<void(ListRow& row)> OnItemCheck;
+  /// The operator has clicked a row twice.
   std::function<void()> OnDblClick;
 };
 
@@ -264,11 +279,13 @@ class TESSARIA_CORE_API DataGrid : public virtual DialogWidget {
   /// A new column without caption and field, before that position from 0; the count adds it at the
   /// end. Error 9 beyond it.
   virtual GridColumn& AddColumn(Long position) = 0;
+  /// Removes a column; references to it become invalid. Error 9 outside the columns.
   virtual void RemoveColumn(Long position) = 0;
   /// Shows the record set's current row after code outside the grid has moved it or reordered the
   /// rows.
   virtual void ShowCurrentRow() = 0;
 
+  /// The operator has clicked a row twice.
   std::function<void()> OnDblClick;
   /// A column's header was clicked; position from 0.
   std::function<void(Long position)> OnHeadClick;
@@ -291,14 +308,17 @@ class TESSARIA_CORE_API ToolBar : public virtual DialogWidget {
   /// By position from 1. Error 9 outside the entries.
   virtual MenuEntry Menu(Long position) const = 0;
   virtual void Menu(Long position, const MenuEntry& entry) = 0;
+  /// Adds an entry at the end of the menu.
   virtual void AddMenu(const MenuEntry& entry) = 0;
   virtual void Refresh() = 0;
 
+  /// The button itself was pressed, not its menu.
   std::function<void()> OnButtonClick;
   /// Position from 1.
   std::function<void(Long position)> OnMenuClick;
 };
 
+/// A month with its days, of which one is selected.
 class TESSARIA_CORE_API Calendar : public virtual DialogWidget {
  public:
   /// The selected day.
@@ -316,6 +336,7 @@ class TESSARIA_CORE_API DriveList : public virtual DialogWidget {
   /// Selects the entry that a path is on. Error 68 when there is none.
   virtual void Drive(const String& path) = 0;
   virtual std::vector<String> List() const = 0;
+  /// The operator has chosen another drive.
   std::function<void()> OnChange;
 };
 
@@ -342,6 +363,7 @@ class TESSARIA_CORE_API FileList : public virtual DialogWidget {
   virtual String FileName() const = 0;
   /// Selects by position from 0. Error 9 outside the list.
   virtual void Select(Long position) = 0;
+  /// The operator has clicked a file twice.
   std::function<void()> OnDblClick;
 };
 

@@ -36,6 +36,7 @@ class TESSARIA_CORE_API Widget : public Object {
   virtual void Let(const String& property, const Variant& value) = 0;
 };
 
+/// The caption of a field.
 class TESSARIA_CORE_API Label : public Widget {
  public:
   virtual String Caption() const = 0;
@@ -72,6 +73,7 @@ class TESSARIA_CORE_API TsTextWidget : public Widget {
   virtual _tsText& Control() const = 0;
 };
 
+/// A form as its controls see it.
 class TESSARIA_CORE_API Form : public Widget {
  public:
   /// False before the first show and after the form is closed.

@@ -37,6 +37,7 @@ inline constexpr Colour White = 0xFFFFFF;
 inline constexpr Colour Green = 32768;
 }  // namespace colour
 
+/// On which side a text stands in its box.
 enum class Alignment : Integer { Left = 0, Right = 1 };
 
 /// A single-line text box. Owned by the host; lives as long as the control that uses it.
@@ -94,14 +95,20 @@ class TESSARIA_CORE_API TextBox {
   /// Free text for the code that uses the box.
   String Tag;
 
+  /// The text has changed, by the operator or by an assignment.
   std::function<void()> OnChange;
   /// Raised instead of `OnChange` when the operator enters the same text that the box already
   /// holds.
   std::function<void()> OnSameText;
+  /// A key went down. Code 0 swallows it.
   std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
+  /// A key gives a character. Code 0 swallows it.
   std::function<void(Integer& KeyAscii)> OnKeyPress;
+  /// A key that went down in the box was released.
   std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyUp;
+  /// The box has the focus now.
   std::function<void()> OnGotFocus;
+  /// The box has lost the focus.
   std::function<void()> OnLostFocus;
 };
 
@@ -125,6 +132,7 @@ class TESSARIA_CORE_API CommandButton {
   virtual std::shared_ptr<host::Picture> Picture() const = 0;
   virtual void Picture(std::shared_ptr<host::Picture> picture) = 0;
 
+  /// The operator has pressed it.
   std::function<void()> OnClick;
 };
 

@@ -66,6 +66,7 @@ class TESSARIA_MEMORY_API Application final : public host::Application {
   enum class FileKind { Other, Picture };
   /// Adds a file by its full path; names are compared without regard to case.
   void AddFile(const String& path, FileKind kind = FileKind::Other);
+  /// Removes a file; one that is not there is no error.
   void RemoveFile(const String& path);
   /// Queues the answer to a later box.
   void WillAnswer(Long answer) { answers_.push_back(answer); }
@@ -79,6 +80,7 @@ class TESSARIA_MEMORY_API Application final : public host::Application {
   void Post(std::function<void()> work) { posted_.push_back(std::move(work)); }
   /// Runs while a box is open, before its answer.
   std::function<void(const MessageBoxRecord&)> OnMessageBox;
+  /// Runs in every `DoEvents`, after what was posted.
   std::function<void()> OnDoEvents;
 
   // --- What happened ---------------------------------------------------------------------------

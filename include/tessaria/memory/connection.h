@@ -48,11 +48,14 @@ class TESSARIA_MEMORY_API Connection final : public host::Connection,
   void RollbackTrans() override;
 
   // --- The database --------------------------------------------------------------------------
+  /// Sets a provider property, such as "DBMS Version".
   void SetProperty(const String& name, const Variant& value);
+  /// Adds a table, with its rows. The test keeps the table to look at it and to change it.
   TablePtr AddTable(const String& name, std::vector<Column> columns, std::vector<Row> rows = {});
   /// What the schema reports for a table: its type, "TABLE" by default, and its key's columns in
   /// their order. Error 3265 when there is no table of that name.
   void SetTableType(const String& name, const String& type);
+  /// The key's columns in their order. Error 3265 when there is no table of that name.
   void SetPrimaryKey(const String& name, std::vector<String> columns);
   /// Error 3265 when there is no table of that name.
   TablePtr TableNamed(const String& name) const;

@@ -38,6 +38,7 @@ class TESSARIA_MEMORY_API Button final : public PartWith<host::Widget> {
   bool Default = false;
   /// Escape in any field presses it.
   bool Cancel = false;
+  /// The operator has pressed it.
   std::function<void()> OnClick;
 
   bool TakesFocus() const override { return CanBeUsed(); }
@@ -57,6 +58,7 @@ class TESSARIA_MEMORY_API Generic final : public PartWith<host::Widget> {
   Focus focus_;
 };
 
+/// Pages with tabs, all of them visible at first.
 class TESSARIA_MEMORY_API TabStrip final : public PartWith<host::TabStrip> {
  public:
   TabStrip(String name, Integer tabs);

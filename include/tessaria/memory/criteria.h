@@ -16,6 +16,7 @@ class TESSARIA_MEMORY_API Criterion {
   /// on a field that is not text.
   Criterion(const std::vector<Column>& columns, StringView text);
 
+  /// Whether a row matches; its cells stand in the order of the columns.
   bool Matches(const Row& row) const;
 
  private:

@@ -26,6 +26,7 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
                                        public std::enable_shared_from_this<Form> {
  public:
   enum class Mode { Run, Design };
+  /// A hidden form without controls.
   static std::shared_ptr<Form> Create(String name, Mode mode = Mode::Run);
   ~Form() override;
 
@@ -57,6 +58,7 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
     Place(part);
     return part;
   }
+  /// Removes a control, as a program does while the form runs. Error 730 when there is none.
   void Remove(const String& name);
 
   // --- The life of the form --------------------------------------------------------------------
@@ -69,6 +71,7 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
   bool IsClosed() const { return closed_; }
 
   // --- Operator input ---------------------------------------------------------------------------
+  /// Types each character with its key, or keys, wherever the focus is.
   void Type(StringView text);
   /// Tab and Shift+Tab move the focus and reach no control. Enter and Escape press the default and
   /// the cancel button when there is one, and otherwise go to the active control.
@@ -76,6 +79,7 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
   /// Moves the focus to the control, if it takes the focus, and then presses it, unless the control
   /// that was left has taken the focus back. Error 730 when there is no control of that name.
   void Click(const String& name);
+  /// Moves the focus to the control, if it takes the focus. Error 730 as above.
   void Focus(const String& name);
   /// Triggers a tool button, a menu entry or a shortcut of that name, which takes no focus: the
   /// control in focus is settled first, with a command button of the name as the active control.
@@ -86,6 +90,7 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
   void CloseByFrame();
   /// `Hold` presses a key down; `Release` releases it wherever the focus is by then.
   void Hold(const Stroke& stroke);
+  /// Releases a key that `Hold` has pressed.
   void Release(const Stroke& stroke);
 
   /// The errors that left the handlers of events.
@@ -98,6 +103,7 @@ class TESSARIA_MEMORY_API Form final : public host::Form,
   void MoveFocusTo(const std::shared_ptr<Part>& part);
   /// Moves the focus on when the control that has it can no longer be used.
   void LeaveUnusable();
+  /// Whether the control has the focus, or has just taken it.
   bool IsActive(const Part& part) const { return active_.get() == &part; }
 
  private:

@@ -19,7 +19,9 @@ class TESSARIA_MEMORY_API LateBound {
   void Add(const String& name, Getter get, Setter set = nullptr);
   /// A property that stores what it is given.
   void AddValue(const String& name, const Variant& initial = {});
+  /// Removes a property; one that is not there is no error.
   void Remove(const String& name);
+  /// Whether there is a property of that name.
   bool Has(const String& name) const;
 
   /// Error 438 when there is no property of that name.

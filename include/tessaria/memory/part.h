@@ -18,6 +18,7 @@ class Form;
 /// One control of a form, as the form drives it. Plain state, in twips, for tests to set.
 class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
  public:
+  /// What a control has on every form.
   struct State {
     String Name;
     String TypeName;
@@ -72,7 +73,9 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
   virtual bool HasToSettle(const String&) const { return false; }
   /// Checks and assigns as `Leave` does, while the focus stays.
   virtual ExitVerdict Settle() { return ExitVerdict::Left; }
+  /// A key goes down while the control has the focus.
   virtual void Hold(const Stroke&) {}
+  /// A key is released while the control has the focus.
   virtual void Release(const Stroke&) {}
   virtual void Click() {}
   /// From now on every call of the widget raises 91.
@@ -80,7 +83,9 @@ class TESSARIA_MEMORY_API Part : public std::enable_shared_from_this<Part> {
   virtual void Terminate() {}
 
   // --- What a surface connects: the form raises them when the change of focus is done ------------
+  /// The control has been entered.
   std::function<void()> OnEntered;
+  /// The control has been left.
   std::function<void()> OnLeft;
 
  protected:

@@ -28,8 +28,9 @@ class TESSARIA_MEMORY_API PropertyBag final : public host::PropertyBag {
   /// What is stored, as lines of text.
   String Save() const { return stored_.Save(); }
 
-  /// Reading that key, or writing it, raises the error from now on.
+  /// Reading that key raises the error from now on.
   void FailRead(const String& name, HostError error);
+  /// Writing that key raises the error from now on.
   void FailWrite(const String& name, HostError error);
 
  private:

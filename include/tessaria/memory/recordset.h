@@ -21,6 +21,7 @@ class TESSARIA_MEMORY_API RowSource {
   RowSource& operator=(const RowSource&) = delete;
   virtual ~RowSource() = default;
 
+  /// The rows of a statement, and where they come from.
   struct Answer {
     std::vector<Column> Columns;
     std::vector<Table::Stored> Rows;
@@ -37,6 +38,7 @@ class TESSARIA_MEMORY_API RowSource {
   virtual Long Transactions() const = 0;
 };
 
+/// Rows in memory, with the contract of a record set.
 class TESSARIA_MEMORY_API Recordset final : public host::Recordset,
                                             public host::RowRecovery,
                                             public std::enable_shared_from_this<Recordset> {
@@ -88,6 +90,7 @@ class TESSARIA_MEMORY_API Recordset final : public host::Recordset,
   void Drop();
   /// Error 3704 when closed.
   const std::vector<Column>& Columns() const;
+  /// The value in the current row, by column from 0, the pending edit included.
   Variant Value(std::size_t column) const;
   void Value(std::size_t column, const Variant& value);
 

@@ -67,8 +67,11 @@ class TESSARIA_MEMORY_API Table {
 
   // --- For record sets. The faults below can refuse the calls; error -2147217864 for a row that
   // --- was changed or deleted since `version`.
+  /// Adds a row and returns it as it is stored.
   Stored Insert(Row cells);
+  /// Replaces the cells of a row and returns it as it is stored.
   Stored Update(Long id, Long version, Row cells);
+  /// Deletes a row.
   void Delete(Long id, Long version);
   /// Raises the error that `RefuseField` has set for the column.
   void CheckField(const String& column) const;
@@ -77,18 +80,24 @@ class TESSARIA_MEMORY_API Table {
   const Stored* Find(Long id) const;
 
   // --- What another user does; rows count from 0.
+  /// Adds a row at the end.
   void Append(Row cells);
   /// Stores a text that the column's type does not accept ("infinity" as a date), unchanged.
   void KeepText(std::size_t row, const String& column, const String& text);
+  /// Changes one cell.
   void Change(std::size_t row, const String& column, const Variant& value);
+  /// Deletes a row.
   void Remove(std::size_t row);
 
   /// Sets what a trigger of the database does to a row that a record set writes.
   void ChangeWhatIsWritten(std::function<void(Row&)> trigger) { trigger_ = std::move(trigger); }
 
   // --- Faults.
+  /// Assigning a field of that column raises the error until `AcceptField`.
   void RefuseField(const String& column, HostError error);
+  /// Ends what `RefuseField` has set.
   void AcceptField(const String& column);
+  /// The next insert, update or deletion raises the error.
   void RefuseNextWrite(HostError error) { refusal_ = std::move(error); }
 
  private:

@@ -61,6 +61,7 @@ class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
 
   /// Types each character with its key, or keys.
   void Type(StringView text);
+  /// Presses a key and releases it.
   void Press(Key key, Integer shift = modifier::None);
   /// Key-down, key-press and the edit.
   void Hold(const Stroke& stroke);
@@ -74,8 +75,11 @@ class TESSARIA_MEMORY_API TextBox final : public host::TextBox {
   // --- What a surface around the box connects --------------------------------------------------
   /// Handlers of the surface, called before the box's own.
   struct Preview {
+    /// A key went down. Code 0 swallows it.
     std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
+    /// A key gives a character. Code 0 swallows it.
     std::function<void(Integer& KeyAscii)> OnKeyPress;
+    /// A key was released.
     std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyUp;
   };
   Preview Surface;

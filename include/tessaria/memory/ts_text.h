@@ -64,11 +64,17 @@ class TESSARIA_MEMORY_API TsText final : public PartWith<host::TsTextWidget> {
   Colour SurfaceColour() const { return surfaceColour_; }
 
   // --- The application's handlers ----------------------------------------------------------------
+  /// The first show at run time is complete.
   std::function<void()> OnShow;
+  /// The text in the box has changed.
   std::function<void()> OnChange;
+  /// A key went down in the field. Code 0 swallows it.
   std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyDown;
+  /// A key gives a character. Code 0 swallows it.
   std::function<void(Integer& KeyAscii)> OnKeyPress;
+  /// A key was released.
   std::function<void(Integer& KeyCode, Integer& Shift)> OnKeyUp;
+  /// The field was settled; the second argument is the previous value.
   std::function<void(bool& HouveAlteracao, Variant& LastValue)> OnBrowseReturn;
 
   Variant Get(const String& property) const override;

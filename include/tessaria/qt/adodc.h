@@ -94,9 +94,15 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   /// key that the database generates, is not written again: the rows are read again around it, the
   /// box says whether one of them has its values, and `saveRow()` or `cancelRow()` decides.
   bool refresh();
+  /// Moves to the first row. Returns false, here and below, when the pending edit or the field in
+  /// focus is refused, or when the row cannot be read; the operator has then been told, and the
+  /// rows stay where they are.
   bool moveFirst();
+  /// Moves to the row before; stays on the first.
   bool movePrevious();
+  /// Moves to the next row; stays on the last.
   bool moveNext();
+  /// Moves to the last row.
   bool moveLast();
   /// Moves to the first row that matches, by the criteria of `Recordset::Find`. Returns false when
   /// there is none, or, after a message box, when the search fails; the rows then stay where they
@@ -125,10 +131,15 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   /// that `markRowChanged()` has marked is about to be left. A handler may write it itself, or set
   /// `refused` to keep the row where it is; one that throws keeps it too.
   void leavingRow(bool& refused);
+  /// Another row is the current one, after a move or a search.
   void moved();
+  /// A new row was started; it is not written yet.
   void rowAdded();
+  /// The pending edit was written by `saveRow()`.
   void rowSaved();
+  /// The pending edit was discarded.
   void rowCancelled();
+  /// The row was deleted, or a new row discarded.
   void rowDeleted();
   /// The record set raised an error; a message box follows.
   void error(int number, const QString& description);

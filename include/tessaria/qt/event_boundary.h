@@ -18,6 +18,7 @@ using host::ControlGone;
 /// Receives the unhandled errors of a widget. The library's widgets implement it.
 class TESSARIA_QT_API ErrorListener {
  public:
+  /// Raises the widget's own signal, before the box is shown.
   virtual void unhandled(int number, const QString& description) = 0;
 
  protected:

@@ -25,6 +25,7 @@ class TESSARIA_QT_API Host final : public QObject {
  signals:
   /// A message box is about to show. `style` is a sum of values of `host::box`.
   void boxShown(const QString& text, const QString& title, int style);
+  /// The program has beeped.
   void beeped();
 
  private:

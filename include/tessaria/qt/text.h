@@ -7,10 +7,12 @@
 
 namespace tessaria::qt {
 
+/// A text of the core for Qt.
 inline QString toQt(StringView text) {
   return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
 }
 
+/// A text of Qt for the core.
 inline String fromQt(const QString& text) { return text.toStdU16String(); }
 
 }  // namespace tessaria::qt

@@ -223,6 +223,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Selection in the box: from 0, in characters.
   int selStart() const;
   void setSelStart(int v);
+  /// Characters selected; 0 for none.
   int selLength() const;
   void setSelLength(int v);
   /// The selected text; assigning replaces it, whatever `MaxLength` is.
@@ -375,6 +376,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
  public slots:  // NOLINT
   /// Hide those of `QWidget`, for connections by name too.
   void setEnabled(bool v);
+  /// The opposite of `setEnabled`.
   void setDisabled(bool v) { setEnabled(!v); }
 
  signals:
@@ -385,7 +387,9 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// The three key events: a handler connected directly may change the arguments; code 0 swallows
   /// the key.
   void keyDown(qint16& keyCode, qint16& shift);
+  /// A key gives a character, by its code in the Western code page.
   void keyPress(qint16& keyAscii);
+  /// A key was released.
   void keyUp(qint16& keyCode, qint16& shift);
   /// The field was settled. `lastValue` is the previous value.
   void browseReturn(bool& houveAlteracao, QVariant& lastValue);

@@ -45,6 +45,7 @@ class TESSARIA_MEMORY_API DialogCombo final : public DialogItemOf<host::DialogCo
   String text_;
 };
 
+/// A check box that a script clicks.
 class TESSARIA_MEMORY_API DialogCheckBox final : public DialogItemOf<host::DialogCheckBox> {
  public:
   DialogCheckBox(std::shared_ptr<memory::Part> part, StringView caption)
@@ -71,6 +72,7 @@ struct TESSARIA_MEMORY_API OptionGroup {
   const DialogOption* Chosen = nullptr;
 };
 
+/// An option that a script clicks.
 class TESSARIA_MEMORY_API DialogOption final : public DialogItemOf<host::DialogOption> {
  public:
   DialogOption(std::shared_ptr<memory::Part> part, StringView caption,

@@ -33,6 +33,7 @@ class TESSARIA_MEMORY_API Desktop final : public host::Desktop {
   // --- The surroundings ------------------------------------------------------------------------
   /// Twips, as the sizes below.
   void ScreenSize(Long width, Long height);
+  /// Sets what counts as today.
   void Today(Date day) { today_ = day; }
   /// The size of the windows to be made.
   void DialogSize(Long width, Long height);

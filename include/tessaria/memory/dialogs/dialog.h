@@ -12,6 +12,7 @@ namespace tessaria::memory {
 class TESSARIA_MEMORY_API Dialog final : public SurfaceOf<host::Dialog>,
                                          public std::enable_shared_from_this<Dialog> {
  public:
+  /// A hidden window; the description must outlive it.
   static host::DialogPtr Make(std::shared_ptr<DialogWorld> world,
                               const host::DialogDescription& description);
 
@@ -29,6 +30,7 @@ class TESSARIA_MEMORY_API Dialog final : public SurfaceOf<host::Dialog>,
   void Hide() override { HideWidgets(); }
 
   // --- Operator input -------------------------------------------------------------------------
+  /// The operator drags the frame to another size, in twips.
   void Resize(Long width, Long height);
   /// The window's own close button.
   void CloseWindow();

@@ -9,6 +9,7 @@
 
 namespace tessaria::memory {
 
+/// A text.
 class TESSARIA_MEMORY_API DialogLabel final : public DialogItemOf<host::DialogLabel> {
  public:
   DialogLabel(std::shared_ptr<memory::Part> part, StringView caption)
@@ -21,6 +22,7 @@ class TESSARIA_MEMORY_API DialogLabel final : public DialogItemOf<host::DialogLa
   String caption_;
 };
 
+/// A button that a script presses.
 class TESSARIA_MEMORY_API DialogButton final : public DialogItemOf<host::DialogButton> {
  public:
   DialogButton(std::shared_ptr<memory::Part> part, StringView caption)
@@ -46,6 +48,7 @@ class TESSARIA_MEMORY_API DialogButton final : public DialogItemOf<host::DialogB
   Colour backColor_ = host::colour::ButtonFace;
 };
 
+/// A box that shows text.
 class TESSARIA_MEMORY_API DialogDisplay final : public DialogItemOf<host::DialogDisplay> {
  public:
   using DialogItemOf::DialogItemOf;
@@ -57,6 +60,7 @@ class TESSARIA_MEMORY_API DialogDisplay final : public DialogItemOf<host::Dialog
   String text_;
 };
 
+/// A box around widgets.
 class TESSARIA_MEMORY_API DialogFrame final : public DialogItemOf<host::DialogFrame> {
  public:
   DialogFrame(std::shared_ptr<memory::Part> part, StringView caption)
@@ -86,6 +90,7 @@ class TESSARIA_MEMORY_API DialogField final : public DialogItemOf<host::DialogFi
   std::shared_ptr<TsText> control_;
 };
 
+/// A tool bar with its menu.
 class TESSARIA_MEMORY_API ToolBar final : public DialogItemOf<host::ToolBar> {
  public:
   using DialogItemOf::DialogItemOf;
@@ -114,6 +119,7 @@ class TESSARIA_MEMORY_API ToolBar final : public DialogItemOf<host::ToolBar> {
   int refreshes_ = 0;
 };
 
+/// A calendar that selects by keys and by a script.
 class TESSARIA_MEMORY_API Calendar final : public DialogItemOf<host::Calendar> {
  public:
   using DialogItemOf::DialogItemOf;

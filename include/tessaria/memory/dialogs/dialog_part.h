@@ -15,6 +15,7 @@ class TESSARIA_MEMORY_API DialogPart final : public PartWith<host::Widget> {
   DialogPart(String name, String typeName, Focus focus)
       : PartWith(std::move(name), std::move(typeName)), focus_(focus) {}
 
+  /// A key went down while the widget has the focus.
   std::function<void(const Stroke&)> OnHold;
   /// Tells whether a page is in front; without it every one is.
   std::function<bool(Long page)> OnIsInFront;

@@ -23,6 +23,7 @@ class TESSARIA_MEMORY_API DriveList final : public DialogItemOf<host::DriveList>
   String drive_;
 };
 
+/// The folders of a `FileSystem`.
 class TESSARIA_MEMORY_API FolderList final : public DialogItemOf<host::FolderList> {
  public:
   FolderList(std::shared_ptr<memory::Part> part, FileSystemPtr files);
@@ -37,6 +38,7 @@ class TESSARIA_MEMORY_API FolderList final : public DialogItemOf<host::FolderLis
   String path_;
 };
 
+/// The files of a `FileSystem`.
 class TESSARIA_MEMORY_API FileList final : public DialogItemOf<host::FileList> {
  public:
   FileList(std::shared_ptr<memory::Part> part, FileSystemPtr files);

@@ -15,6 +15,7 @@ namespace tessaria::memory {
 class TESSARIA_MEMORY_API FileSystem {
  public:
   enum class DriveState { Ready, NotReady };
+  /// Adds a drive; one that is not ready raises errors where its folders are read.
   void AddDrive(const String& entry, DriveState state = DriveState::Ready);
   /// Lists that were filled before keep the entry.
   void RemoveDrive(const String& entry);

@@ -28,8 +28,11 @@ class TESSARIA_MEMORY_API DialogListView final : public DialogItemOf<host::Dialo
   host::ListRow* FirstVisible() override;
 
   // The operator clicks a row, or its check box. Error 9 outside the rows.
+  /// The operator clicks a row. Error 9 outside the rows, as below.
   void ClickRow(Long position);
+  /// The operator clicks the check box of a row.
   void CheckRow(Long position);
+  /// The operator clicks a row twice.
   void DoubleClickRow(Long position);
   bool OwnKey(const Stroke& stroke) override;
 

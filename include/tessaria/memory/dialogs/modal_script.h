@@ -24,6 +24,7 @@ class TESSARIA_MEMORY_API ModalScript {
   ModalScript(const ModalScript&) = delete;
   ModalScript& operator=(const ModalScript&) = delete;
 
+  /// Queues the script for the next window, which must have this name.
   void WillShow(StringView name, Script script) {
     waiting_.push_back({String(name), std::move(script)});
   }
@@ -38,6 +39,7 @@ class TESSARIA_MEMORY_API ModalScript {
   /// Takes the script for a window of that name, which has opened. Empty when there is none, which
   /// is reported as a fault.
   Script Take(const String& name);
+  /// Reports what no script expected.
   void Fault(const String& message) const { onFault_(message); }
   /// Reports the scripts for which no window opened.
   void Finish();

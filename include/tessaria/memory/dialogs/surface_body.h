@@ -51,9 +51,11 @@ class TESSARIA_MEMORY_API SurfaceBody {
   /// Surface first, then the widget that has the focus: key-down, key-press, the widget's own
   /// action, key-up. Tab moves the focus. Enter that no widget uses presses the default button.
   void Press(Key key, Integer shift = modifier::None);
+  /// Types each character with its key, or keys, wherever the focus is.
   void Type(StringView text);
   /// Alt and a letter: clicks the first widget with that mnemonic.
   void Mnemonic(char16_t letter);
+  /// Moves the focus by a click that does nothing else.
   void FocusOn(StringView name, Integer index = -1);
   /// Clicks a button, the button of a tool bar, a check box or an option.
   void Click(StringView name, Integer index = -1);
@@ -63,7 +65,9 @@ class TESSARIA_MEMORY_API SurfaceBody {
   void ClickTab(StringView name, Long page);
   /// A row of a list view, or its check box, by position from 1.
   void ClickRow(StringView name, Long row);
+  /// Clicks the check box of a list's row; position from 1.
   void CheckRow(StringView name, Long row);
+  /// Clicks a list's row twice; position from 1.
   void DoubleClickRow(StringView name, Long row);
   /// A grid or a list of files.
   void DoubleClick(StringView name);
@@ -75,9 +79,11 @@ class TESSARIA_MEMORY_API SurfaceBody {
   void ResizeColumn(StringView name, Long column, Long twips);
   /// A row of a grid, by number from 1.
   void SelectRow(StringView name, Long row);
+  /// Clicks a day of a calendar.
   void PickDay(StringView name, Date day);
   /// An entry of a list of drives.
   void ChooseDrive(StringView name, const String& entry);
+  /// Opens a folder of a folder list.
   void OpenFolder(StringView name, const String& path);
   /// A file of a list of files, by its name.
   void SelectFile(StringView name, const String& fileName);

@@ -27,6 +27,7 @@ class TESSARIA_MEMORY_API TextBoxPart final : public PartWith<host::Widget> {
   TextBox box_;
 };
 
+/// A box that a script types into.
 class TESSARIA_MEMORY_API DialogTextBox final : public DialogItemOf<host::DialogTextBox> {
  public:
   explicit DialogTextBox(const std::shared_ptr<TextBoxPart>& part);
