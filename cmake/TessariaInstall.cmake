@@ -67,7 +67,11 @@ install(FILES ${PROJECT_BINARY_DIR}/TessariaConfig.cmake
         DESTINATION ${tessaria_package_dir} COMPONENT development)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/README.md
               ${PROJECT_SOURCE_DIR}/README.pt-BR.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+              ${PROJECT_SOURCE_DIR}/CONTRIBUTING.md
         DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
+        COMPONENT documentation
+        FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.svg")
 # What an administrator of a database runs by hand.
 install(FILES ${PROJECT_SOURCE_DIR}/wizard/sql/cdate_str.sql
         DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaria/sql COMPONENT designer)

@@ -22,7 +22,7 @@ check_format() {
 # All sources that the build joins, and those that it compiles one by one, without generated ones.
 sources_to_analyse() {
   sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' build/lint/compile_commands.json |
-    grep -v '_autogen/' | grep -v '/tests/layout/.*\.h\.cpp$' | sort -u
+    grep -v '_autogen/' | grep -v '/tests/documentation/blocks/' | grep -v '/tests/layout/.*\.h\.cpp$' | sort -u
 }
 
 # A joined source includes other sources on purpose.

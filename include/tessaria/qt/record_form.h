@@ -110,10 +110,14 @@ class TESSARIA_QT_API RecordForm final : public QObject {
   bool addRow();
   /// Asks, and then deletes the row. A new row is undone.
   bool deleteRow();
-  // Each saves what was changed first; false when it is refused, and the row stays.
+  /// Saves what was changed, and shows the first row. False when the save is refused, or there is no
+  /// such row; the row stays then.
   bool moveFirst();
+  /// The same with the row before.
   bool movePrevious();
+  /// The same with the row behind.
   bool moveNext();
+  /// The same with the last row.
   bool moveLast();
   /// True when nothing was changed. Otherwise asks whether to save, to discard or to stay, which is
   /// the default, and returns whether the form may close.

@@ -400,8 +400,11 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   // The four below report each real change once, whoever has caused it: the operator, the program,
   // a row or the sibling. They come when the work that has changed the field is complete, its
   // sibling included; after a move to another row, when all fields show it.
+  /// `Value` is another one.
   void valueChanged(const QVariant& value);
+  /// `Texto` is another one.
   void textoChanged(const QString& texto);
+  /// `Enabled` is another one.
   void enabledChanged(bool enabled);
   /// Whether the last check has passed.
   void lastValidaStatusChanged(bool valid);
