@@ -58,6 +58,7 @@ def is_declaration(text):
 
 def source_of(page, blocks):
     lines, open_function = [], False
+    scope = re.sub(r"\W", "_", page.stem)  # the pages of both languages are linked together
     for block in blocks:
         body = block.text.split("\n")
         includes = [line for line in body if line.startswith("#include")]
@@ -69,7 +70,7 @@ def source_of(page, blocks):
         if open_function:
             lines.append("}}")
         open_function = not is_declaration(block.text)
-        lines += includes + [f"namespace block_{block.line} {{"]
+        lines += includes + [f"namespace {scope}_{block.line} {{"]
         if open_function:
             lines += ["struct Window : QMainWindow { void run(%s); };" % block.notes.get("inside", ""),
                       "void Window::run(%s) {" % block.notes.get("inside", "")]
