@@ -194,7 +194,8 @@ void Batch::KeepRest() {
 void Batch::Drop() noexcept {
   kept_.clear();
   failure_.reset();
-  if (wire_->underWay_ == this) wire_->Discard();
+  // A line that was given up may still be in use by the call that was left.
+  if (wire_->underWay_ == this && !wire_->IsLost()) wire_->Discard();
 }
 
 }  // namespace tessaria::postgres

@@ -1,5 +1,5 @@
-// Contract of every host's rows for update: transactions that are undone, and rows that another user
-// has changed meanwhile.
+// Contract of every host's rows for update: transactions that are undone, and rows that another
+// user has changed meanwhile.
 #pragma once
 
 #include "tests/ports/record_set_contract.h"

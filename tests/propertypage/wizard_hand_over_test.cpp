@@ -455,6 +455,8 @@ TEST_F(ColumnsHandOver, ARunThatIsGivenUpLeavesTheDefinition) {
 
 TEST_F(ColumnsHandOver, AConfirmedRunRewritesColumnsAndNamesAndEmptiesTheOtherFields) {
   OpenPage();
+  const String join = u"cliente Left Join cidade on (cidade.codigo=cliente.cidade)";
+  Type(u"txtBrwLeftJoin", join);
   EXPECT_FALSE(IsEnabled(u"btnSql"));
   Work(u"btnGrid", [&](memory::Dialog& dialog) {
     Edit();
@@ -471,6 +473,7 @@ TEST_F(ColumnsHandOver, AConfirmedRunRewritesColumnsAndNamesAndEmptiesTheOtherFi
   EXPECT_EQ(Text(u"txtBrowseTable"), u"cliente");
   EXPECT_EQ(Text(u"txtBrwWhere"), u"ativo = 1");
   EXPECT_EQ(Text(u"txtBrwGroupBy"), u"Group By x");
+  EXPECT_EQ(Text(u"txtBrwLeftJoin"), join);
   EXPECT_TRUE(site.changed);
   EXPECT_FALSE(IsEnabled(u"btnSql"));
   EXPECT_TRUE(IsEnabled(u"btnGrid"));

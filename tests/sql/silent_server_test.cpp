@@ -1,5 +1,7 @@
 // A server that falls silent while a statement runs: it answers nothing any more, not even the
 // request to cancel, and its line stays open.
+#include <signal.h>
+
 #include <algorithm>
 #include <chrono>
 #include <functional>
@@ -102,6 +104,23 @@ TEST_F(SilentServer, IsGivenUpAfterTheTimeOutOfTheStatement) {
   ExpectSilence(Awaited([&] { line_->Execute(u"select pg_sleep(2)"); }, false));
   EXPECT_GT(Clock::now() - start, 5s);
   EXPECT_LT(Clock::now() - start, 15s);
+}
+
+// The server takes the request to cancel, and its process goes on standing still.
+TEST_F(SilentServer, IsGivenUpWhenTheStatementDoesNotEndAfterTheRequest) {
+  line_->CommandTimeout(0);
+  const auto process = static_cast<pid_t>(CLng(Get(line_->Execute(u"select pg_backend_pid()"), 0)));
+  Watcher watcher;
+  watcher.onPass = [&](const host::Wait& wait) {
+    kill(process, SIGSTOP);
+    return wait.Elapsed > 300ms;
+  };
+  const auto start = Clock::now();
+  EXPECT_HOST_ERROR(line_->Execute(u"select pg_sleep(1)"), errors::ProviderError);
+  EXPECT_GT(Clock::now() - start, 5s);
+  EXPECT_LT(Clock::now() - start, 20s);
+  EXPECT_EQ(line_->State(), host::state::Closed);
+  kill(process, SIGCONT);
 }
 
 TEST_F(SilentServer, LeavesAWriteInDoubt) {

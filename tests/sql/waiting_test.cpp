@@ -1,6 +1,7 @@
 // Waits for the server: their bounds, the operator who gives up, and what asks meanwhile.
 #include <chrono>
 #include <functional>
+#include <stdexcept>
 
 #include "tests/sql/database_test.h"
 #include "tests/sql/watcher.h"
@@ -112,6 +113,28 @@ TEST_F(WaitingTest, LongStatementIsPassedAndEndsByItself) {
   EXPECT_GT(watcher.passes, 5);
   EXPECT_GE(last, 500ms);
   EXPECT_EQ(watcher.ends, 1);
+}
+
+TEST_F(WaitingTest, ViewThatThrowsChangesNothingInWhatBecomesOfTheStatement) {
+  Watcher watcher;
+  watcher.onPass = [&](const host::Wait&) -> bool {
+    if (watcher.passes == 2) throw std::runtime_error("a handler of the program");
+    return false;
+  };
+  EXPECT_NO_THROW(Run(u"insert into t select 3, 'Eva' from pg_sleep(0.5)"));
+  EXPECT_GT(watcher.passes, 5) << "windows stay alive";
+  EXPECT_SAME(Scalar(u"select nome from t where k = 3"), u"Eva");
+  watcher.passes = 0;
+  auto rows = Edit(u"select * from t order by k");
+  Run(u"create function espera() returns trigger language plpgsql as $$ begin perform "
+      u"pg_sleep(0.5); return new; end $$");
+  Run(u"create trigger espera before insert or update on t for each row execute function espera()");
+  rows->AddNew();
+  Set(rows, u"k", Long{4});
+  Set(rows, u"nome", u"Ivo");
+  EXPECT_NO_THROW(rows->Update());
+  EXPECT_EQ(rows->EditMode(), host::EditMode::None);
+  EXPECT_EQ(CLng(Scalar(u"select count(*) from t where k = 4")), 1);
 }
 
 TEST_F(WaitingTest, ErrorOfALongStatementIsRaised) {

@@ -259,6 +259,20 @@ TEST_F(WizardFields, ATextThatIsMarkedOrMaskedIsTreatedLikeAField) {
   });
 }
 
+TEST_F(WizardFields, TheConnectionOfTheProgramHasNoSayInTheOperator) {
+  const auto other = memory::Connection::Create();
+  other->SetProperty(u"DBMS Name", u"PostgreSQL");
+  State().dbConexao = other;
+  database->Memory().SetProperty(u"DBMS Name", u"ACCESS");
+  RunFields({u"Cliente"}, [&] {
+    AddPiece(u"Nome");
+    AddPiece(u"Cep");
+    Create(u"Junto");
+    EXPECT_EQ(Columns(), (Rows{u"Nome & Cep as Junto"}));
+  });
+  State().dbConexao = nullptr;
+}
+
 TEST_F(WizardFields, TheOperatorIsThatOfTheWizardsConnection) {
   struct Dialect {
     const char16_t *name, *column;

@@ -124,9 +124,11 @@ TEST_F(WizardFrame, OfSeveralTablesOneMustBeChecked) {
     app.OnMessageBox = [&](const auto&) {
       EXPECT_EQ(Front(), Tab::Tabelas) << "the tab is back before the box opens";
     };
+    Parts().Tabs().TabEnabled(static_cast<Long>(Tab::Links), false);
     GoTo(Tab::Campos);
     app.OnMessageBox = nullptr;
     ExpectAlert(u"Marque a Tabela Que Será a Principal");
+    EXPECT_TRUE(IsTabEnabled(Tab::Links)) << "the tabs are looked at all the same";
     EXPECT_EQ(Front(), Tab::Tabelas);
     EXPECT_EQ(Combo(u"cmb3Tab").ListCount(), 0) << "the other tab was not entered";
     Check(u"lst1TabSel", u"Cidade");

@@ -95,6 +95,13 @@ TEST_F(WizardLinks, BothTablesMustBeGiven) {
     ExpectAlert(u"As Duas Tabelas Devem Ser Informadas");
     EXPECT_TRUE(Links().empty());
   });
+  State().frmMontaSql = nullptr;
+  RunLinks({u"cliente", u"cidade"}, [&] {
+    Choose(u"cmb2TabFilho", u"cidade");
+    Click(u"btn2LnkAdiciona");
+    ExpectAlert(u"As Duas Tabelas Devem Ser Informadas");
+    EXPECT_TRUE(Links().empty());
+  });
 }
 
 TEST_F(WizardLinks, ATableIsNotLinkedToItself) {

@@ -127,6 +127,47 @@ TEST_F(WizardOnAServer, OfSeveralForeignKeysTheFirstOfOneFieldIsSelected) {
   });
 }
 
+TEST_F(WizardOnAServer, ATableThatWasDroppedMeanwhileIsRefusedAtRetrieveAndNothingIsLost) {
+  Do({u"create table cidade (codigo int primary key, nome text)"});
+  Run([&] {
+    Connect();
+    Pick({u"cidade"});
+    GoTo(Tab::Campos);
+    Choose(u"cmb3Tab", u"cidade");
+    for (const auto* field : {u"codigo", u"nome"}) {
+      Select(u"lst3Cmp", field);
+      Click(u"btn3Inclui");
+    }
+    Do({u"drop table cidade"});
+    GoTo(Tab::Grid);
+    Click(u"btn4Retrieve");
+    EXPECT_EQ(app.TakeBoxes().size(), 1U);
+    EXPECT_EQ(RowsOf(u"lst3CmpSel"), (Rows{u"codigo", u"nome"}));
+    Do({u"create table cidade (codigo int primary key, nome text)"});
+    Click(u"btn4Retrieve");
+    ExpectNoBox();
+    EXPECT_EQ(Parts().cgrColGrid.Count(), 2);
+  });
+}
+
+TEST_F(WizardOnAServer, AForeignTableIsListedWithAliases) {
+  Do({u"create extension if not exists file_fdw",
+      u"create server if not exists arquivos foreign data wrapper file_fdw",
+      u"create foreign table externa (codigo int) server arquivos"
+      u" options (filename '/dev/null', format 'csv')"});
+  Run([&] {
+    Connect();
+    EXPECT_THAT(RowsOf(u"lst1TabTodas"), testing::Not(testing::Contains(String(u"externa"))));
+    Click(u"chkAceitaApelidos");
+    EXPECT_THAT(RowsOf(u"lst1TabTodas"), testing::Contains(String(u"externa")));
+    Pick({u"externa"});
+    GoTo(Tab::Campos);
+    Choose(u"cmb3Tab", u"externa");
+    EXPECT_EQ(RowsOf(u"lst3Cmp"), Rows{u"codigo"});
+    ExpectNoBox();
+  });
+}
+
 TEST_F(WizardOnAServer, ATableThatWasDroppedMeanwhileIsAnErrorOnTheLinksToo) {
   Do({u"create table cidade (codigo int primary key)",
       u"create table cliente (cidade int references cidade)"});

@@ -3,10 +3,12 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLocale>
+#include <utility>
 
 #include "hosts/qt/boundary/operator_action.h"
 #include "hosts/qt/boundary/wait_input.h"
 #include "hosts/qt/boundary/window_in_front.h"
+#include "tessaria/qt/event_boundary.h"
 
 namespace tessaria::qt {
 namespace {
@@ -59,10 +61,29 @@ bool WaitView::Pass(const host::Wait& wait) {
   }
   if (wait.Elapsed >= kSilence) showLine(wait);
   const DuringAction background(0);
-  ++passing_;
-  QCoreApplication::processEvents(QEventLoop::AllEvents, kStep);
-  --passing_;
+  letEventsIn();
   return inputs_[passing_]->takeEscape();
+}
+
+// What a slot of the program throws is told after the wait: no box opens in it.
+void WaitView::letEventsIn() noexcept {
+  ++passing_;
+  try {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, kStep);
+  } catch (...) {
+    thrown_ = std::current_exception();
+  }
+  --passing_;
+}
+
+void WaitView::tellWhatWasThrown() {
+  if (!thrown_ || !qApp) return;
+  QMetaObject::invokeMethod(
+      qApp,
+      [thrown = std::exchange(thrown_, nullptr)] {
+        guarded(nullptr, [&] { std::rethrow_exception(thrown); });
+      },
+      Qt::QueuedConnection);
 }
 
 // Ends the innermost wait, and not those in whose Pass it ran.
@@ -71,7 +92,9 @@ void WaitView::Over() {
     QGuiApplication::restoreOverrideCursor();
     inputs_.pop_back();
   }
-  if (inputs_.empty()) delete line_;
+  if (!inputs_.empty()) return;
+  delete line_;
+  tellWhatWasThrown();
 }
 
 // On the lower edge of the window in front.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPointer>
+#include <exception>
 #include <memory>
 #include <vector>
 
@@ -26,12 +27,15 @@ class WaitView final : public host::WaitView {
   void Over() override;
 
  private:
+  void letEventsIn() noexcept;
+  void tellWhatWasThrown();
   void showLine(const host::Wait& wait);
 
   // Of the waits under way, the innermost last: what runs during a wait on one connection may wait
   // on another.
   std::vector<std::unique_ptr<WaitInput>> inputs_;
   std::size_t passing_ = 0;  // calls of Pass that have not returned
+  std::exception_ptr thrown_;
   QPointer<QLabel> line_;
 };
 

@@ -245,8 +245,9 @@ ColumnStore RowWriter::Insert(const Changes& changes) const {
   Keys keys;
   {
     const StatementPtr statement = session_->NewStatement();
+    const Dialect dialect = session_->ServerInfo().dialect;  // it can be asked no more after a loss
     Send(*statement, command, ErrorDescription(errors::WriteInDoubt));
-    keys = InsertedKeys(*statement, changes);
+    keys = InsertedKeys(*statement, changes, dialect);
   }
   if (auto written = ReadBack(keys)) return std::move(*written);
   ColumnStore written(columns_);
@@ -272,8 +273,7 @@ RowWriter::Keys RowWriter::ReturnedKeys(Statement& statement) const {
 }
 
 // The number that the server generated for the new row; nothing when it cannot report it.
-std::optional<String> RowWriter::GivenNumber(Statement& statement) const {
-  const Dialect dialect = session_->ServerInfo().dialect;
+std::optional<String> RowWriter::GivenNumber(Statement& statement, Dialect dialect) const {
   try {
     if (GivenKeyOf(dialect) == GivenKey::SameBatch) return LastText(statement);
     if (GivenKeyOf(dialect) == GivenKey::Unknown) return std::nullopt;
@@ -286,13 +286,12 @@ std::optional<String> RowWriter::GivenNumber(Statement& statement) const {
 }
 
 // A key is known when the program set it; otherwise the server is asked.
-RowWriter::Keys RowWriter::InsertedKeys(Statement& statement, const Changes& changes) const {
-  if (GivenKeyOf(session_->ServerInfo().dialect) == GivenKey::Returned) {
-    return ReturnedKeys(statement);
-  }
+RowWriter::Keys RowWriter::InsertedKeys(Statement& statement, const Changes& changes,
+                                        Dialect dialect) const {
+  if (GivenKeyOf(dialect) == GivenKey::Returned) return ReturnedKeys(statement);
   Keys keys = KnownKeys(changes);
   if (MissingKeys(changes) == 1) {
-    *std::find(keys.begin(), keys.end(), std::nullopt) = GivenNumber(statement);
+    *std::find(keys.begin(), keys.end(), std::nullopt) = GivenNumber(statement, dialect);
   }
   return keys;
 }

@@ -57,9 +57,9 @@ class RowWriter {
   Command InsertCommand(const Changes& changes) const;
   std::ptrdiff_t MissingKeys(const Changes& changes) const;
   Keys ReturnedKeys(Statement& statement) const;
-  std::optional<String> GivenNumber(Statement& statement) const;
+  std::optional<String> GivenNumber(Statement& statement, Dialect dialect) const;
   Keys KnownKeys(const Changes& changes) const;
-  Keys InsertedKeys(Statement& statement, const Changes& changes) const;
+  Keys InsertedKeys(Statement& statement, const Changes& changes, Dialect dialect) const;
   Keys KeysAfter(const RowTable& table, RowId row, const Changes& changes) const;
   std::int64_t Send(Statement& statement, const Command& command, StringView doubt) const;
   bool ExecuteOnRow(const Command& command, StringView doubt) const;

@@ -1,6 +1,7 @@
 #include "hosts/sql/session/giving_up.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "hosts/sql/driver/bounded_call.h"
@@ -10,6 +11,9 @@ namespace {
 
 // For a driver whose line has been ended, to notice it.
 constexpr std::chrono::seconds kToNotice{1};
+
+// For a request to cancel, and for what it brings about.
+constexpr auto kForCancel = 2 * kSilence;
 
 // Nobody waits longer for the end of a call.
 constexpr std::chrono::hours kLongest{24 * 365};
@@ -23,23 +27,33 @@ GivingUp::GivingUp(Worker& canceller, CallTerms terms)
     due_ = Clock::now() + std::min<std::chrono::seconds>(terms_.bound, kLongest) + kSilence;
 }
 
+// A call that goes on although the server has taken the request has its time like one that is late.
 void GivingUp::ByOperator() {
-  if (hasGivenUpLink_ || !IsOverWithin({})) return;
+  if (hasGivenUpLink_ || !IsOverWithin({}) || !AskToCancel()) return;
   isByOperator_ = true;
-  AskToCancel();
+  isOverdue_ = true;
+  due_ = std::min(due_, Clock::now() + kForCancel);
 }
 
 void GivingUp::Step() {
   if (hasGivenUpLink_ || Clock::now() < due_ || !IsOverWithin({})) return;
-  if (std::exchange(isOverdue_, true)) return GiveUpLink();
-  due_ = Clock::now() + 2 * kSilence;  // for the request, and for what it brings about
+  if (isOverdue_ && terms_.mayBeLeft) return GiveUpLink();
+  isOverdue_ = true;
+  due_ = Clock::now() + kForCancel;
   AskToCancel();
 }
 
-void GivingUp::AskToCancel() {
-  canceller_.Start([this] {
-    if (!terms_.link->Cancel()) GiveUpLink();
-  });
+// A link that the program goes on using is never given up: the server may only be slow. False when
+// no thread is to be had.
+bool GivingUp::AskToCancel() noexcept {
+  try {
+    canceller_.Start([this] {
+      if (!terms_.link->Cancel() && terms_.mayBeLeft) GiveUpLink();
+    });
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
 }
 
 void GivingUp::GiveUpLink() noexcept {

@@ -18,7 +18,7 @@ struct CallTerms {
 
 /// Of one call, on the thread that waits for it. The server is asked to cancel it when the operator
 /// gives up, and when it has not ended the call in its time. When it does not answer that either,
-/// the link is given up, and at last the call can be left.
+/// or answers and does not end the call, the link is given up, and at last the call can be left.
 class GivingUp {
  public:
   GivingUp(Worker& canceller, CallTerms terms);
@@ -40,7 +40,7 @@ class GivingUp {
  private:
   using Clock = std::chrono::steady_clock;
 
-  void AskToCancel();
+  bool AskToCancel() noexcept;
   void GiveUpLink() noexcept;
 
   Worker& canceller_;

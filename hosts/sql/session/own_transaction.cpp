@@ -50,7 +50,7 @@ void Session::AbandonReading() noexcept {
 void Session::UndoOrLose() noexcept {
   if (IsOverWithin(kSilence, [link = link_] { link->Rollback(); })) return;
   link_->GiveUp();
-  link_.reset();
+  NoteLoss();
 }
 
 // Whether a statement needs a transaction of its own, for its settings.

@@ -62,29 +62,24 @@ void Patience::Await(std::function<void()> call, const CallTerms& terms) {
   const Request request(*this);
   GivingUp givingUp(canceller_, terms);
   worker_.Start(std::move(call));
-  const std::exception_ptr failure = Watch(givingUp);
-  const bool isLeft = !worker_.IsOverWithin({});
-  if (isLeft) worker_.Leave();
-  if (failure) std::rethrow_exception(failure);
-  if (isLeft) throw DriverError(kLossState, String(kSilent));
+  Watch(givingUp);
+  if (!worker_.IsOverWithin({})) {
+    worker_.Leave();
+    throw DriverError(kLossState, String(kSilent));
+  }
   Finish(givingUp);
 }
 
-// Until the call is over or can be left. What is raised meanwhile is returned.
-std::exception_ptr Patience::Watch(GivingUp& givingUp) {
-  std::exception_ptr failure;
+// Until the call is over or can be left. Nothing is raised meanwhile: what has become of the call
+// is all that counts for it.
+void Patience::Watch(GivingUp& givingUp) {
   const auto isOverWithin = [&](std::chrono::milliseconds time) {
     return worker_.IsOverWithin(time) && givingUp.IsOverWithin(time);
   };
   for (auto step = kMoment; !isOverWithin(step) && !givingUp.IsHopeless(); step = kStep) {
-    try {
-      givingUp.Step();
-      if (!failure && Pass()) givingUp.ByOperator();
-    } catch (...) {
-      failure = std::current_exception();
-    }
+    givingUp.Step();
+    if (Pass()) givingUp.ByOperator();
   }
-  return failure;
 }
 
 void Patience::Finish(const GivingUp& givingUp) {
@@ -142,12 +137,18 @@ bool Patience::Ask(const std::function<bool()>& question) {
   return answer;
 }
 
-bool Patience::Pass() {
+// A view throws nothing; one that does so nevertheless counts as one in which nothing happened.
+bool Patience::Pass() noexcept {
   auto* const view = State().waiting;
   if (view == nullptr) return false;
   passed_ = view;
   const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start_);
-  const bool isGivenUp = view->Pass({elapsed, rows_, what_});
+  bool isGivenUp = false;
+  try {
+    isGivenUp = view->Pass({elapsed, rows_, what_});
+  } catch (...) {
+    isGivenUp = false;
+  }
   lastPass_ = Clock::now();
   return isGivenUp;
 }

@@ -65,9 +65,9 @@ class Patience {
 
   class Busy;
 
-  std::exception_ptr Watch(GivingUp& givingUp);
+  void Watch(GivingUp& givingUp);
   void Finish(const GivingUp& givingUp);
-  bool Pass();
+  bool Pass() noexcept;
 
   Worker worker_;
   Worker canceller_;

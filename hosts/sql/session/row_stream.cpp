@@ -135,9 +135,12 @@ void RowStream::Declare(StringView before) {
 }
 
 void RowStream::RunWhole(const StatementFacts& facts) {
-  const auto execute = [&] { session_.Execute(*statement_, facts.text); };
-  facts.isPlainQuery ? execute() : InDoubtWhenLost(session_, kMayBeExecuted, execute);
-  columns_ = session_.Describe(*statement_);
+  const auto execute = [&] {
+    session_.Execute(*statement_, facts.text);
+    columns_ = session_.Describe(*statement_);
+  };
+  mayWrite_ = !facts.isPlainQuery;
+  mayWrite_ ? InDoubtWhenLost(session_, kMayBeExecuted, execute) : execute();
   if (!facts.isSmallQuery || !AnyAsText(columns_)) return;
   session_.Execute(*statement_, WithColumnsAsTexts(columns_, facts.text));
 }
@@ -166,7 +169,8 @@ std::uint32_t RowStream::NextBlock() {
 bool RowStream::Read(ColumnStore& store) {
   if (!statement_ || columns_.empty()) return false;
   try {
-    const bool isThere = NextBlock() > 0;
+    const auto next = [&] { return NextBlock() > 0; };
+    const bool isThere = mayWrite_ ? InDoubtWhenLost(session_, kMayBeExecuted, next) : next();
     isThere ? statement_->Take(store) : Finish();
     return isThere;
   } catch (...) {

@@ -61,6 +61,7 @@ class RowStream {
   bool cursor_ = false;
   bool ownTransaction_ = false;
   bool isRepeatable_ = false;
+  bool mayWrite_ = false;       // the text is not a query alone
   std::uint32_t asked_ = 0;     // rows that the current FETCHes ask for
   std::uint32_t received_ = 0;  // rows of these that have arrived
 };

@@ -25,8 +25,9 @@ int StatementsIn(StringView text) {
 // `statements` are in the call, at the most.
 void Session::Await(std::function<void()> call, int statements) {
   const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
+  const LinkPtr link = RequireLink();
   try {
-    patience_->Await(std::move(call), {link_, std::chrono::seconds(commandTimeout_) * statements,
+    patience_->Await(std::move(call), {link, std::chrono::seconds(commandTimeout_) * statements,
                                        !adoption_.has_value()});
   } catch (const DriverError& error) {
     NoteLoss();

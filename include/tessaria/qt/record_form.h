@@ -110,8 +110,8 @@ class TESSARIA_QT_API RecordForm final : public QObject {
   bool addRow();
   /// Asks, and then deletes the row. A new row is undone.
   bool deleteRow();
-  /// Saves what was changed, and shows the first row. False when the save is refused, or there is no
-  /// such row; the row stays then.
+  /// Saves what was changed, and shows the first row. False when the save is refused, or there is
+  /// no such row; the row stays then.
   bool moveFirst();
   /// The same with the row before.
   bool movePrevious();
