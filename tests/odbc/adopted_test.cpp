@@ -222,7 +222,7 @@ TEST_F(AdoptedOdbcTest, AFailedTransactionOfTheProgramIsNotTakenForAnOwnOne) {
   EXPECT_EQ(program.Ask("select count(*) from c"), "1");
 }
 
-// Gives up at once, over a line that swallows what it is given, and waits for what comes of it.
+// Gives up at once, over a line that swallows what it is given and is cut after some seconds.
 class Swallowing final : public host::WaitView {
  public:
   Swallowing(test::CuttingProxy& proxy, const host::Connection& connection)
@@ -231,8 +231,8 @@ class Swallowing final : public host::WaitView {
   }
   ~Swallowing() override { State().waiting = nullptr; }
   bool Pass(const host::Wait& wait) override {
-    isLost = isLost || connection_.State() == host::state::Closed;
-    if (proxy_.Cuts() == 0 && (isLost || wait.Elapsed > std::chrono::seconds(12))) proxy_.CutNow();
+    if (proxy_.Cuts() == 0) isLost = connection_.State() == host::state::Closed;
+    if (proxy_.Cuts() == 0 && wait.Elapsed > std::chrono::seconds(8)) proxy_.CutNow();
     proxy_.Swallow();
     return true;
   }
@@ -245,7 +245,8 @@ class Swallowing final : public host::WaitView {
   const host::Connection& connection_;
 };
 
-TEST_F(AdoptedOdbcTest, ARequestToCancelThatDoesNotArriveIsGivenUp) {
+// The server may only be slow, and the program goes on using its connection.
+TEST_F(AdoptedOdbcTest, ARequestToCancelThatDoesNotArriveLosesNoConnectionOfTheProgram) {
   auto& cluster = test::PostgresCluster::Shared();
   test::CuttingProxy proxy(cluster.Socket());
   OdbcProgram program(cluster.ConnectionString(proxy.Port()), "");
@@ -253,7 +254,7 @@ TEST_F(AdoptedOdbcTest, ARequestToCancelThatDoesNotArriveIsGivenUp) {
   {
     Swallowing view(proxy, *adopted);
     EXPECT_ANY_THROW(adopted->Execute(u"select pg_sleep(60)"));
-    EXPECT_TRUE(view.isLost) << "before the line was cut";
+    EXPECT_FALSE(view.isLost) << "before the line was cut";
   }
   EXPECT_HOST_ERROR(adopted->Execute(u"select 1"), errors::InvalidConnection);
   program.Disconnect();

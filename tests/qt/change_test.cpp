@@ -66,11 +66,11 @@ TEST_F(Changes, TypingTellsOfTheTextAndLeavingOfTheValue) {
   first_->setMascara(QStringLiteral("00/00"));
   valuesOf(texto);
   type(*window_, QStringLiteral("12"));
-  EXPECT_EQ(valuesOf(texto), QVariantList({"1_/__", "12/__"}));
+  EXPECT_EQ(valuesOf(texto), (QVariantList{"1_/__", "12/__"}));
   EXPECT_EQ(value.count(), 0);
   type(*window_, QStringLiteral("34"));
   leave();
-  EXPECT_EQ(valuesOf(value), QVariantList({"1234"}));
+  EXPECT_EQ(valuesOf(value), (QVariantList{"1234"}));
   enterAgain();
   leave();
   EXPECT_EQ(value.count(), 0) << "nothing has changed";
@@ -80,11 +80,11 @@ TEST_F(Changes, AnAssignmentTellsOnceAndOnlyOfAnotherValue) {
   show();
   QSignalSpy value(first_, &TsText::valueChanged);
   first_->setValue(QStringLiteral("abc"));
-  EXPECT_EQ(valuesOf(value), QVariantList({"abc"}));
+  EXPECT_EQ(valuesOf(value), (QVariantList{"abc"}));
   first_->setValue(QStringLiteral("abc"));
   EXPECT_EQ(value.count(), 0);
   first_->control().Value(u"outro");
-  EXPECT_EQ(valuesOf(value), QVariantList({"outro"})) << "by the interface of the core too";
+  EXPECT_EQ(valuesOf(value), (QVariantList{"outro"})) << "by the interface of the core too";
   first_->setValue(QVariant::fromValue(nullptr));
   EXPECT_EQ(value.count(), 1);
   first_->setValue(QVariant::fromValue(nullptr));
@@ -120,10 +120,10 @@ TEST_F(Changes, ASiblingTellsToo) {
   QSignalSpy own(first_, &TsText::enabledChanged);
   QSignalSpy other(second_, &TsText::enabledChanged);
   first_->setEnabled(false);
-  EXPECT_EQ(valuesOf(own), QVariantList({false}));
-  EXPECT_EQ(valuesOf(other), QVariantList({false}));
+  EXPECT_EQ(valuesOf(own), (QVariantList{false}));
+  EXPECT_EQ(valuesOf(other), (QVariantList{false}));
   first_->QWidget::setEnabled(true);
-  EXPECT_EQ(valuesOf(own), QVariantList({true}));
+  EXPECT_EQ(valuesOf(own), (QVariantList{true}));
 }
 
 TEST_F(Changes, ACheckTellsOfItsOutcome) {
@@ -132,11 +132,11 @@ TEST_F(Changes, ACheckTellsOfItsOutcome) {
   QSignalSpy valid(first_, &TsText::lastValidaStatusChanged);
   type(*window_, QStringLiteral("31022017"));
   leave();
-  EXPECT_EQ(valuesOf(valid), QVariantList({false}));
+  EXPECT_EQ(valuesOf(valid), (QVariantList{false}));
   EXPECT_EQ(boxes_.takeTexts().size(), 1);
   type(*window_, QStringLiteral("28022017"));
   leave();
-  EXPECT_EQ(valuesOf(valid), QVariantList({true}));
+  EXPECT_EQ(valuesOf(valid), (QVariantList{true}));
 }
 
 TEST_F(Changes, ASlotSeesTheFieldSettledAndMayAssignIt) {

@@ -1,6 +1,8 @@
 // Forms under design, in a program that is a designer of forms.
 #include "tessaria/qt/design_time.h"
 
+#include <QTest>
+
 #include "tessaria/memory/connection.h"
 #include "tessaria/qt/adodc.h"
 #include "tessaria/qt/text.h"
