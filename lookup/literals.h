@@ -2,6 +2,7 @@
 #pragma once
 
 #include "lookup/sql_scanner.h"
+#include "tessaria/export.h"
 #include "tessaria/variant.h"
 
 namespace tessaria {
@@ -35,7 +36,7 @@ String SqlNumber(StringView value, StringView name);
 
 /// A value as a literal: a text between apostrophes, anything else as a number without blanks.
 /// Errors as above; also 13 for a date.
-String SqlLiteral(const Variant& value, StringView name);
+TESSARIA_HOST_API String SqlLiteral(const Variant& value, StringView name);
 
 /// A literal that was made earlier, unchanged, when it is a number or one text between apostrophes.
 /// Error 13 otherwise.

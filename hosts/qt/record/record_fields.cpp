@@ -6,6 +6,7 @@
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/form/active_control.h"
 #include "hosts/qt/form/widget_tree.h"
+#include "hosts/qt/items/item_grid.h"
 #include "tessaria/qt/host.h"
 #include "tessaria/qt/pages.h"
 
@@ -41,7 +42,7 @@ QList<TsText*> fieldsInTabOrder(QWidget& form, const Adodc& data) {
   const QWidget* const owner = formOf(&form);
   for (TsText* field : form.findChildren<TsText*>()) {
     const QString source = field->dataSource();
-    if (formOf(field) == owner &&
+    if (formOf(field) == owner && !isItemField(*field) &&
         (source.isEmpty() || source.compare(data.objectName(), Qt::CaseInsensitive) == 0))
       rest << field;
   }

@@ -64,6 +64,9 @@ RecordForm::RecordForm(QWidget* form, Adodc* data, const QString& dataName)
   for (const auto shown : {&Adodc::moved, &Adodc::rowAdded, &Adodc::rowSaved, &Adodc::rowCancelled,
                            &Adodc::rowDeleted})
     connect(data, shown, this, &RecordForm::rowShown);
+  for (const auto shown :
+       {&Adodc::moved, &Adodc::rowAdded, &Adodc::rowCancelled, &Adodc::rowDeleted})
+    connect(data, shown, this, &RecordForm::loadItems);
   watchFields();
 }
 
@@ -96,7 +99,7 @@ bool RecordForm::isNew() const {
 bool RecordForm::isChanged() const {
   const auto rows = parts_->rows();
   if (!rows || parts_->isDropped) return false;
-  if (parts_->isMarked || hasEdit(*rows)) return true;
+  if (parts_->hasMore() || hasEdit(*rows)) return true;
   const QList<TsText*> fields = parts_->fields();
   return std::any_of(fields.begin(), fields.end(),
                      [](TsText* field) { return field->control().IsTouched(); });
@@ -132,6 +135,7 @@ void RecordForm::look() {
 
 void RecordForm::rowShown() {
   parts_->isMarked = parts_->isStale = parts_->isUnknown = parts_->isDropped = false;
+  parts_->overwritesItems = false;
   watchFields();
   lookSoon();
 }

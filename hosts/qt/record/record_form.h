@@ -7,6 +7,7 @@
 
 #include "hosts/qt/record/record_texts.h"
 #include "tessaria/qt/adodc.h"
+#include "tessaria/qt/item_grid.h"
 #include "tessaria/qt/record_form.h"
 #include "tessaria/qt/tstext.h"
 
@@ -24,6 +25,8 @@ struct RecordForm::Parts {
   TransactionHook hook;
   QString versionColumn;
   QList<QPointer<TsText>> ignored;
+  QList<QPointer<ItemGrid>> items;
+  bool overwritesItems = false;     ///< the operator has chosen his own after another user's save
   QMap<QString, QString> captions;  ///< by column in lower case
   QStringList hidden;               ///< in lower case
   bool asksOnClose = false;
@@ -44,6 +47,11 @@ struct RecordForm::Parts {
   host::RecordsetPtr rows() const;
   /// The fields that are checked, in the order of the Tab key.
   QList<TsText*> fields() const;
+  /// Whether something is to be stored that no column of the row holds.
+  bool hasMore() const;
+  /// The values of the present row that the items belong to; none without a stored row. Raises the
+  /// errors of the row.
+  std::vector<Variant> parentsOf(const ItemGrid& grid) const;
 };
 
 }  // namespace tessaria::qt

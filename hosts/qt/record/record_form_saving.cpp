@@ -22,7 +22,9 @@ void RecordForm::leaveRow(bool& refused) {
     return;
   }
   const QPointer<RecordForm> self(this);
-  refused = !(parts_->wasChecked || check()) || !self || !write() || !self;
+  refused = !(parts_->wasChecked || check()) || !self;
+  if (refused || !isChanged()) return;
+  refused = !write() || !self;
 }
 
 // --- Checks
@@ -41,7 +43,7 @@ bool RecordForm::check() {
     if (!field || !field->isFieldEnabled()) continue;
     if (!checkForSaving(*field) || !self) return false;
   }
-  return checkRow();
+  return checkItems() && self && checkRow();
 }
 
 bool RecordForm::checkRow() {
@@ -74,7 +76,9 @@ bool RecordForm::write() {
     if (!resolve(error)) return false;
   }
   if (!self) return false;
-  parts->isMarked = parts->isStale = parts->isUnknown = false;
+  parts->isMarked = parts->isStale = parts->isUnknown = parts->overwritesItems = false;
+  for (const auto& items : parts->items)
+    if (items) items->accept();
   guarded(parts->form, [this] { emit saved(); });
   return true;
 }
@@ -83,8 +87,8 @@ bool RecordForm::write() {
 std::exception_ptr RecordForm::writeOnce() {
   const auto parts = parts_;
   const boundary::Entry entry;
-  RowSaving saving{parts->rows(), parts->data->connection(), parts->hook,
-                   fromQt(parts->versionColumn), parts->isMarked};
+  RowSaving saving{parts->rows(), parts->data->connection(), wholeHook(),
+                   fromQt(parts->versionColumn), parts->hasMore()};
   std::exception_ptr error;
   try {
     if (!saving.rows) throw HostError(errors::ObjectNotSet);
@@ -122,7 +126,7 @@ void RecordForm::tellFailure(const SaveFailure& failure) {
   const bool isKnownByRow = rows && rows->IsInDoubt();
   if (isInDoubt && parts->wasSent) {
     // What is noted from now on was not part of the transaction.
-    parts->isUnknown = !isKnownByRow && parts->isMarked;
+    parts->isUnknown = !isKnownByRow && parts->hasMore();
     if (isKnownByRow) parts->isMarked = false;
   }
   const bool isLost = parts->data && parts->data->connection() &&
@@ -161,6 +165,7 @@ bool RecordForm::resolveConflict(const SaveFailure& failure) {
     return false;
   }
   takeChoice(*rows, stored, columns);
+  parts->overwritesItems = true;
   if (parts->data) parts->data->refreshForm();
   if (self) enterAgain(parts->form);
   return self;

@@ -17,6 +17,7 @@ class QWidget;
 namespace tessaria::qt {
 
 class Adodc;
+class ItemGrid;
 class SaveFailure;
 class TsText;
 struct ConflictingColumn;
@@ -32,8 +33,8 @@ struct ConflictingColumn;
 ///   connect(saveButton, &QPushButton::clicked, record, &tessaria::qt::RecordForm::save);
 ///
 /// The fields of the form are those on the same form as the data control that are bound to it or
-/// to no data control. What a function of the program throws is shown in a box and counts as a
-/// refusal; a function may destroy the form.
+/// to no data control; an item grid's belong to the grid. What a function of the program throws is
+/// shown in a box and counts as a refusal; a function may destroy the form.
 ///
 /// All texts that the operator reads are Portuguese.
 class TESSARIA_QT_API RecordForm final : public QObject {
@@ -72,6 +73,11 @@ class TESSARIA_QT_API RecordForm final : public QObject {
   /// When the answer to the commit is lost, the next save finds out by the row whether it was
   /// stored, and then the hook does not run again.
   void setTransactionHook(TransactionHook hook);
+  /// Makes the items of a grid a part of the row: they are read when a row is shown, checked after
+  /// the fields, written in the row's transaction, before the hook, and undone with it. Give the
+  /// table a version column, so that another user's change of the items alone is noticed too. The
+  /// items of a row that is deleted are the database's to delete (`on delete cascade`).
+  void addItems(ItemGrid* items);
   /// A column of whole numbers that each save raises by one, from 1 in a new row. It makes a change
   /// of another user known whatever columns it met, and one of what only the hook writes.
   void setVersionColumn(const QString& column);
@@ -152,6 +158,10 @@ class TESSARIA_QT_API RecordForm final : public QObject {
   void lookSoon();
   void look();
   void rowShown();
+  void loadItems();
+  void itemsChanged();
+  bool checkItems();
+  TransactionHook wholeHook();
   // Closing
   void watchWindow();
   bool dropForClosing();

@@ -1,0 +1,416 @@
+// The items of a record: keys from field to field and row to row, pairs, totals, checks.
+#include <QTest>
+#include <stdexcept>
+
+#include "tests/qt/order_fixture.h"
+
+namespace tessaria::qt::tests {
+namespace {
+
+using testing::ElementsAre;
+
+class Items : public OrderFixture {};
+
+TEST_F(Items, ShowsTheItemsOfTheRowAndABlankOne) {
+  EXPECT_EQ(grid_->rowCount(), 2);
+  EXPECT_EQ(painted(0), "001|Caneta|2,00|1,50|3,00");
+  EXPECT_EQ(painted(1), "002|Lápis|10,00|0,80|8,00");
+  EXPECT_EQ(grid_->model()->rowCount(), 3);
+  EXPECT_EQ(total("quantidade"), "12,00");
+  EXPECT_EQ(total("total"), "11,00");
+  EXPECT_EQ(grid_->currentRow(), 0);
+  EXPECT_EQ(boxOf("produto"), QStringLiteral("001"));
+  EXPECT_EQ(boxOf("descricao"), QStringLiteral("Caneta"));
+  EXPECT_EQ(boxOf("quantidade"), QStringLiteral("2,00"));
+  EXPECT_FALSE(grid_->isChanged());
+  EXPECT_FALSE(record_->isChanged());
+}
+
+TEST_F(Items, AnotherRowBringsItsItems) {
+  EXPECT_TRUE(record_->moveNext());
+  settleEvents();
+  EXPECT_EQ(grid_->rowCount(), 0);
+  EXPECT_TRUE(grid_->isEmpty());
+  EXPECT_EQ(boxOf("produto"), QStringLiteral("___"));
+  EXPECT_EQ(total("total"), "0,00");
+  EXPECT_TRUE(record_->movePrevious());
+  EXPECT_EQ(grid_->rowCount(), 2);
+}
+
+TEST_F(Items, TabGoesFromFieldToFieldFromRowToRowAndOut) {
+  std::vector<std::string> way;
+  for (int i = 0; i < 14; ++i) {
+    key(Qt::Key_Tab);
+    way.push_back(focus() + std::to_string(grid_->currentRow()));
+  }
+  EXPECT_THAT(way, ElementsAre("produto0", "descricao0", "quantidade0", "preco0", "produto1",
+                               "descricao1", "quantidade1", "preco1", "produto2", "descricao2",
+                               "quantidade2", "preco2", "btnSalvar2", "numero2"));
+  EXPECT_FALSE(record_->isChanged());
+}
+
+TEST_F(Items, ShiftTabGoesBackTheSameWay) {
+  go(save_);
+  std::vector<std::string> way;
+  for (int i = 0; i < 5; ++i) {
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    way.push_back(focus() + std::to_string(grid_->currentRow()));
+  }
+  EXPECT_THAT(way, ElementsAre("preco0", "quantidade0", "descricao0", "produto0", "cliente0"));
+  go(cell("produto"));
+  key(Qt::Key_Down);
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(focus() + std::to_string(grid_->currentRow()), "preco0");
+}
+
+TEST_F(Items, EnterGoesOnAsTabDoes) {
+  go(cell("preco"));
+  key(Qt::Key_Return);
+  EXPECT_EQ(focus(), "produto");
+  EXPECT_EQ(grid_->currentRow(), 1);
+}
+
+TEST_F(Items, UpAndDownKeepTheColumn) {
+  go(cell("quantidade"));
+  key(Qt::Key_Down);
+  EXPECT_EQ(focus() + std::to_string(grid_->currentRow()), "quantidade1");
+  EXPECT_EQ(boxOf("quantidade"), QStringLiteral("10,00"));
+  key(Qt::Key_Down);
+  EXPECT_EQ(grid_->currentRow(), 2);
+  key(Qt::Key_Down);
+  EXPECT_EQ(grid_->currentRow(), 2);
+  key(Qt::Key_Up, Qt::ControlModifier);
+  EXPECT_EQ(grid_->currentRow(), 0);
+  key(Qt::Key_Up);
+  EXPECT_EQ(grid_->currentRow(), 0);
+  key(Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(grid_->currentRow(), 2);
+  EXPECT_EQ(focus(), "quantidade");
+}
+
+TEST_F(Items, WhatIsEnteredInTheBlankRowIsANewItem) {
+  go(cell("produto"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  write("003");
+  key(Qt::Key_Tab);
+  EXPECT_EQ(grid_->rowCount(), 3);
+  EXPECT_EQ(boxOf("descricao"), QStringLiteral("Régua"));
+  key(Qt::Key_Tab);
+  write("4");
+  key(Qt::Key_Tab);
+  write("2,5");
+  key(Qt::Key_Tab);
+  EXPECT_EQ(painted(2), "003|Régua|4,00|2,50|10,00");
+  EXPECT_EQ(total("total"), "21,00");
+  EXPECT_EQ(grid_->currentRow(), 3);
+  EXPECT_EQ(focus(), "produto");
+  EXPECT_TRUE(record_->isChanged());
+  save();
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+  EXPECT_EQ(stored(), "1:001 2.00 1.50, 2:002 10.00 0.80, 3:003 4.00 2.50");
+  EXPECT_FALSE(record_->isChanged());
+}
+
+TEST_F(Items, ADescriptionBringsItsCode) {
+  go(cell("produto"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  key(Qt::Key_Tab);
+  write("lá");
+  EXPECT_EQ(boxOf("descricao"), QStringLiteral("Lápis"));
+  key(Qt::Key_Tab);
+  EXPECT_EQ(boxOf("produto"), QStringLiteral("002"));
+  EXPECT_EQ(painted(2).substr(0, 4), "002|");
+}
+
+TEST_F(Items, ARowThatIsLeftAsBlankAsItWasIsNone) {
+  go(cell("produto"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  write("003");
+  key(Qt::Key_Tab);
+  EXPECT_EQ(grid_->rowCount(), 3);
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  editOf(*cell("produto"))->selectAll();
+  key(Qt::Key_Delete);
+  key(Qt::Key_Up);
+  EXPECT_EQ(grid_->rowCount(), 2);
+  EXPECT_EQ(grid_->currentRow(), 1);
+  EXPECT_FALSE(record_->isChanged());
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
+
+TEST_F(Items, AnyNumberOfItems) {
+  go(cell("produto"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  for (int i = 0; i < 40; ++i) enterRow(i % 2 ? "002" : "003", "1", "2");
+  EXPECT_EQ(grid_->rowCount(), 42);
+  EXPECT_EQ(total("quantidade"), "52,00");
+  // The row that is being entered is on the screen.
+  EXPECT_TRUE(grid_->rect().contains(cell("produto")->mapTo(grid_, QPoint(5, 5))));
+  save();
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+  EXPECT_THAT(stored(), testing::EndsWith("41:003 1.00 2.00, 42:002 1.00 2.00"));
+}
+
+// --- Changes
+
+TEST_F(Items, AChangeIsSavedWithTheRow) {
+  go(cell("quantidade"));
+  key(Qt::Key_Down);
+  write("7");
+  EXPECT_TRUE(record_->isChanged());  // also before it is settled
+  save();
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+  EXPECT_EQ(stored(), "1:001 2.00 1.50, 2:002 7.00 0.80");
+  EXPECT_EQ(grid_->currentRow(), 1);
+  EXPECT_FALSE(grid_->isChanged());
+  EXPECT_FALSE(data_->isEditPending());
+  EXPECT_FALSE(record_->isChanged());
+}
+
+TEST_F(Items, TheSameTextIsNoChange) {
+  go(cell("quantidade"));
+  write("2");
+  key(Qt::Key_Tab);
+  EXPECT_FALSE(record_->isChanged());
+}
+
+TEST_F(Items, AMoveSavesWhatIsBeingTyped) {
+  go(cell("quantidade"));
+  write("5");
+  EXPECT_TRUE(record_->moveNext());
+  settleEvents();
+  EXPECT_EQ(stored(), "1:001 5.00 1.50, 2:002 10.00 0.80");
+  EXPECT_EQ(grid_->rowCount(), 0);
+}
+
+TEST_F(Items, UndoReadsTheItemsAgain) {
+  go(cell("quantidade"));
+  write("5");
+  key(Qt::Key_Down);
+  grid_->removeRow(0);
+  boxes_.willPress(QStringLiteral("Sim"));
+  EXPECT_TRUE(record_->undo());
+  settleEvents();
+  EXPECT_EQ(grid_->rowCount(), 2);
+  EXPECT_EQ(painted(0), "001|Caneta|2,00|1,50|3,00");
+  EXPECT_FALSE(record_->isChanged());
+  EXPECT_EQ(stored(), "1:001 2.00 1.50, 2:002 10.00 0.80");
+}
+
+TEST_F(Items, CtrlDeleteRemovesARowAfterAQuestion) {
+  go(cell("quantidade"));
+  key(Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_EQ(boxes_.takeTexts(), QStringList{QStringLiteral("Remover o item 1?")});
+  EXPECT_EQ(grid_->rowCount(), 2);  // No is the default
+  boxes_.willPress(QStringLiteral("Sim"));
+  key(Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_EQ(grid_->rowCount(), 1);
+  EXPECT_EQ(boxOf("produto"), QStringLiteral("002"));
+  EXPECT_EQ(total("total"), "8,00");
+  save();
+  EXPECT_EQ(stored(), "2:002 10.00 0.80");
+  // A new item follows the greatest number.
+  go(cell("produto"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  enterRow("001", "1", "1");
+  save();
+  EXPECT_EQ(stored(), "2:002 10.00 0.80, 3:001 1.00 1.00");
+}
+
+TEST_F(Items, ANewRowGetsItsItems) {
+  EXPECT_TRUE(record_->addRow());
+  settleEvents();
+  EXPECT_TRUE(grid_->isEmpty());
+  go(number_);
+  write("3");
+  key(Qt::Key_Tab);
+  write("Caio");
+  key(Qt::Key_Tab);
+  enterRow("001", "2", "1,5");
+  enterRow("001", "3", "1,5");
+  save();
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+  EXPECT_EQ(stored(3), "1:001 2.00 1.50, 2:001 3.00 1.50");
+}
+
+// --- Checks
+
+TEST_F(Items, AFieldThatRefusesKeepsTheRow) {
+  go(cell("produto"));
+  write("999");
+  key(Qt::Key_Down);
+  EXPECT_EQ(grid_->currentRow(), 0);
+  EXPECT_EQ(focus(), "produto");
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+}
+
+TEST_F(Items, ARequiredFieldKeepsTheRowAndTheSave) {
+  go(cell("quantidade"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  write("5");
+  key(Qt::Key_Up);
+  EXPECT_EQ(grid_->currentRow(), 2);
+  EXPECT_EQ(focus(), "produto");
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+  save();
+  EXPECT_EQ(focus(), "produto");
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+  EXPECT_EQ(stored(), "1:001 2.00 1.50, 2:002 10.00 0.80");
+  EXPECT_EQ(boxOf("quantidade"), QStringLiteral("5,00"));
+}
+
+TEST_F(Items, TheProgramsCheckNamesTheColumn) {
+  grid_->setRowCheck([](const ItemRow& row) -> std::optional<ItemGrid::Refusal> {
+    if (row.number("quantidade") > 0) return {};
+    return ItemGrid::Refusal{"quantidade", "Falta a quantidade."};
+  });
+  go(cell("produto"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  write("003");
+  key(Qt::Key_Up);
+  EXPECT_EQ(boxes_.takeTexts(), QStringList{QStringLiteral("Falta a quantidade.")});
+  EXPECT_EQ(grid_->currentRow(), 2);
+  EXPECT_EQ(focus(), "quantidade");
+  go(client_);  // the rest of the form may be filled in first
+  save();
+  EXPECT_EQ(boxes_.takeTexts(), QStringList{QStringLiteral("Falta a quantidade.")});
+  EXPECT_EQ(focus(), "quantidade");
+}
+
+TEST_F(Items, ACheckThatThrowsRefuses) {
+  grid_->setRowCheck([](const ItemRow& row) -> std::optional<ItemGrid::Refusal> {
+    row.value("nenhuma");
+    return {};
+  });
+  go(cell("quantidade"));
+  write("3");
+  key(Qt::Key_Down);
+  EXPECT_EQ(grid_->currentRow(), 0);
+  ASSERT_EQ(boxes_.boxes().size(), 1U);
+  EXPECT_THAT(boxes_.boxes()[0].text.toStdString(),
+              testing::HasSubstr("A grade não tem a coluna \"nenhuma\"."));
+}
+
+TEST_F(Items, WhatTheDatabaseRefusesStays) {
+  go(cell("quantidade"));
+  write("0");
+  save();
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+  EXPECT_EQ(stored(), "1:001 2.00 1.50, 2:002 10.00 0.80");
+  EXPECT_EQ(boxOf("quantidade"), QStringLiteral("0,00"));
+  EXPECT_TRUE(record_->isChanged());
+  go(cell("quantidade"));
+  write("9");
+  save();
+  EXPECT_EQ(stored(), "1:001 9.00 1.50, 2:002 10.00 0.80");
+}
+
+// --- Other users
+
+TEST_F(Items, AnotherUsersItemsAreNotOverwrittenUnasked) {
+  asAnotherUser(u"update itens set quantidade = 50 where pedido = 1 and item = 2");
+  go(cell("quantidade"));
+  write("9");
+  save();
+  EXPECT_THAT(boxes_.takeTexts().join(QString()).toStdString(),
+              testing::HasSubstr("Outro usuário alterou os itens depois que foram lidos."));
+  EXPECT_EQ(stored(), "1:001 2.00 1.50, 2:002 50.00 0.80");
+  EXPECT_EQ(painted(0), "001|Caneta|9,00|1,50|13,50");
+}
+
+TEST_F(Items, ALostConnectionLosesNothing) {
+  go(cell("quantidade"));
+  write("9");
+  key(Qt::Key_Tab);
+  proxy_->CutNow();
+  save();
+  EXPECT_EQ(painted(0), "001|Caneta|9,00|1,50|13,50");
+  EXPECT_TRUE(record_->isChanged());
+  EXPECT_EQ(stored(), "1:001 2.00 1.50, 2:002 10.00 0.80");
+}
+
+/// The answer to the commit is lost, and the items were stored: saving again stores nothing twice.
+TEST_F(Items, AfterAnAnswerThatWasLostNothingIsStoredTwice) {
+  go(cell("produto"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  enterRow("003", "4", "2,5");
+  proxy_->CutAt(Side::Server, {"COMMIT"});
+  save();
+  EXPECT_EQ(stored(), "1:001 2.00 1.50, 2:002 10.00 0.80, 3:003 4.00 2.50");
+  EXPECT_TRUE(record_->isChanged());
+  boxes_.takeTexts();
+  boxes_.willPress(QStringLiteral("Sim"));
+  boxes_.willPress(QStringLiteral("Sim"));
+  save();
+  EXPECT_EQ(stored(), "1:001 2.00 1.50, 2:002 10.00 0.80, 3:003 4.00 2.50");
+  EXPECT_FALSE(record_->isChanged()) << boxes_.takeTexts().join(QLatin1Char('|')).toStdString();
+}
+
+// --- The mouse
+
+TEST_F(Items, AClickGoesToACell) {
+  const QModelIndex at = grid_->model()->index(1, 2);
+  QTest::mouseClick(view().viewport(), Qt::LeftButton, {}, view().visualRect(at).center());
+  settleEvents();
+  EXPECT_EQ(grid_->currentRow(), 1);
+  EXPECT_EQ(focus(), "quantidade");
+}
+
+TEST_F(Items, TheLineFollowsTheColumns) {
+  view().horizontalHeader()->resizeSection(0, 200);
+  settleEvents();
+  EXPECT_EQ(cell("produto")->width(), 200);
+  EXPECT_EQ(cell("descricao")->x(), 200);
+}
+
+// --- The program
+
+TEST_F(Items, TheProgramReadsAndWritesRows) {
+  EXPECT_EQ(grid_->value(1, QStringLiteral("PRODUTO")).toString(), QStringLiteral("002"));
+  EXPECT_EQ(grid_->total(QStringLiteral("total")), 11);
+  grid_->setValue(1, QStringLiteral("quantidade"), 1);
+  EXPECT_EQ(total("total"), "3,80");
+  grid_->setValue(0, QStringLiteral("produto"), QStringLiteral("003"));
+  EXPECT_EQ(boxOf("descricao"), QStringLiteral("Régua"));
+  grid_->appendRow({{QStringLiteral("produto"), QStringLiteral("002")},
+                    {QStringLiteral("quantidade"), 2},
+                    {QStringLiteral("preco"), 0.5}});
+  EXPECT_TRUE(record_->save());
+  EXPECT_EQ(stored(), "1:003 2.00 1.50, 2:002 1.00 0.80, 3:002 2.00 0.50");
+}
+
+TEST_F(Items, BadNamesAndRowsAreErrors) {
+  const auto number = [](auto&& call) {
+    try {
+      call();
+    } catch (const HostError& error) {
+      return error.Number();
+    }
+    return Long{0};
+  };
+  const QString none = QStringLiteral("nenhuma"), product = QStringLiteral("produto");
+  EXPECT_EQ(number([&] { grid_->value(0, none); }), 5);
+  EXPECT_EQ(number([&] { grid_->value(2, product); }), 9);
+  EXPECT_EQ(number([&] { grid_->setValue(0, QStringLiteral("total"), 1); }), 5);
+  EXPECT_EQ(number([&] { grid_->appendRow({{none, 1}}); }), 5);
+  EXPECT_EQ(number([&] { grid_->removeRow(-1); }), 9);
+  EXPECT_EQ(number([&] { grid_->total(none); }), 5);
+  EXPECT_EQ(number([&] { grid_->setSettings(items()); }), 5);
+  EXPECT_EQ(number([&] { ItemGrid grid{ItemSettings{}}; }), 5);
+  EXPECT_EQ(grid_->field(none), nullptr);
+  EXPECT_FALSE(grid_->goTo(7));
+  EXPECT_EQ(grid_->rowCount(), 2);
+}
+
+TEST_F(Items, RowsHaveNamesForScreenReaders) {
+  EXPECT_EQ(editOf(*cell("produto"))->accessibleName(), QStringLiteral("Item 1: Produto"));
+  EXPECT_EQ(editOf(*cell("descricao"))->accessibleName(), QStringLiteral("Item 1: Descrição"));
+  go(cell("produto"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(editOf(*cell("produto"))->accessibleName(), QStringLiteral("Item novo: Produto"));
+  EXPECT_EQ(grid_->findChild<QLabel*>(QStringLiteral("total_total"))->accessibleName(),
+            QStringLiteral("Soma de Total"));
+}
+
+}  // namespace
+}  // namespace tessaria::qt::tests
