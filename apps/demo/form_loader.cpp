@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "tessaria/qt/adodc.h"
+#include "tessaria/qt/item_grid.h"
 #include "tessaria/qt/tstext.h"
 
 static void loadForms() { Q_INIT_RESOURCE(demo); }
@@ -21,6 +22,7 @@ class Loader final : public QUiLoader {
     QWidget* widget = parent ? nullptr : std::exchange(form_, nullptr);
     if (className == QLatin1String("tessaria::qt::TsText")) widget = new qt::TsText(parent);
     if (className == QLatin1String("tessaria::qt::Adodc")) widget = new qt::Adodc(parent);
+    if (className == QLatin1String("tessaria::qt::ItemGrid")) widget = new qt::ItemGrid(parent);
     if (!widget) return QUiLoader::createWidget(className, parent, name);
     widget->setObjectName(name);
     return widget;

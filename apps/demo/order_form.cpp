@@ -4,8 +4,9 @@
 
 #include "apps/demo/database.h"
 #include "apps/demo/field_helpers.h"
+#include "apps/demo/form_loader.h"
 #include "apps/demo/lookups.h"
-#include "apps/demo/order_lines.h"
+#include "apps/demo/order_items.h"
 #include "tessaria/qt/tstext.h"
 
 namespace tessaria::demo {
@@ -21,7 +22,7 @@ RecordKind orderKind() {
 
 OrderForm::OrderForm(Database& database, QWidget* parent)
     : RecordForm(database, QStringLiteral("order_form.ui"), orderKind(), parent),
-      lines_(new OrderLines(*this)),
+      items_(widgetOf<qt::ItemGrid>(*this, "grade")),
       date_(field("dataPedido")),
       customer_(field("cliente")),
       customerName_(field("nomeCliente")),
@@ -37,22 +38,18 @@ OrderForm::OrderForm(Database& database, QWidget* parent)
   connect(customer_, &qt::TsText::browseReturn, this, [this](bool& changed) {
     if (changed) customerChosen();
   });
-  // The lines are not part of the row: its version changes with them.
-  connect(lines_, &OrderLines::changed, this, [this] {
-    if (lines_->isChanged()) record().markChanged();
-  });
+  items_->setSettings(orderItems());
+  items_->setRowCheck(refusalOf);
+  proposePrices(*items_);
+  record().addItems(items_);
+  // The items are not part of the row: its version changes with them.
   record().setVersionColumn(QStringLiteral("versao"));
-  record().setTransactionHook(
-      [this](host::Connection& connection) { lines_->write(connection, keyInRow()); });
   start();
 }
 
 // --- The row on the screen -----------------------------------------------------------------------
 
-void OrderForm::showRow() {
-  proposedFor_ = codeIn(customer_);
-  lines_->load(*database().connection(), record().isNew() ? QString() : keyInRow());
-}
+void OrderForm::showRow() { proposedFor_ = codeIn(customer_); }
 
 void OrderForm::proposeRow() { date_->setValue(QDate::currentDate()); }
 
@@ -74,10 +71,9 @@ std::optional<RecordForm::Refusal> OrderForm::checkRow() {
   const QVariant delivery = delivery_->value();
   if (!delivery.isNull() && delivery.toDate() < date_->value().toDate())
     return Refusal{delivery_, QStringLiteral("A entrega não pode ser antes do pedido.")};
-  Refusal refusal;
-  refusal.text = lines_->fault(refusal.field);
-  if (refusal.text.isEmpty()) return {};
-  return refusal;
+  if (!items_->isEmpty()) return {};
+  return Refusal{items_->field("produto"),
+                 QStringLiteral("O pedido não tem itens, Verifique Por Favor")};
 }
 
 }  // namespace tessaria::demo

@@ -3,11 +3,13 @@
 
 #include "apps/demo/record_form.h"
 
+namespace tessaria::qt {
+class ItemGrid;
+}
+
 namespace tessaria::demo {
 
-class OrderLines;
-
-/// The head of an order is bound to its row; the head and the lines are written in one
+/// The head of an order is bound to its row; the head and the items are written in one
 /// transaction.
 class OrderForm final : public RecordForm {
   Q_OBJECT
@@ -24,7 +26,7 @@ class OrderForm final : public RecordForm {
 
   void customerChosen();
 
-  OrderLines* lines_;
+  qt::ItemGrid* items_;
   qt::TsText *date_, *customer_, *customerName_, *state_, *city_, *paymentTerm_, *delivery_;
   QString proposedFor_;  ///< the customer whose state, city and term were proposed
 };

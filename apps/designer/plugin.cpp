@@ -9,6 +9,7 @@
 
 #include <tessaria/qt/adodc.h>
 #include <tessaria/qt/design_time.h>
+#include <tessaria/qt/item_grid.h>
 #include <tessaria/qt/tstext.h>
 
 #include "apps/designer/connections.h"
@@ -41,6 +42,13 @@ constexpr WidgetEntry kEntries[] = {
      R"(<property name="geometry"><rect><x>0</x><y>0</y><width>240</width><height>28</height>)"
      R"(</rect></property></widget></ui>)",
      make<qt::Adodc>},
+    {"tessaria::qt::ItemGrid", "tessaria/qt/item_grid.h", ":/tessaria/tres_pontos.png",
+     "Itens do registro",
+     R"(<ui language="c++" displayname="ItemGrid">)"
+     R"(<widget class="tessaria::qt::ItemGrid" name="itemGrid">)"
+     R"(<property name="geometry"><rect><x>0</x><y>0</y><width>400</width><height>160</height>)"
+     R"(</rect></property></widget></ui>)",
+     make<qt::ItemGrid>},
 };
 
 /// While a form is loaded it has no main widget yet.

@@ -87,7 +87,7 @@ create index pedidos_data on pedidos (data);
 
 create table itens_pedido (
   pedido     varchar(6)    not null references pedidos on delete cascade,
-  item       smallint      not null check (item between 1 and 3),  -- the lines of the form
+  item       smallint      not null check (item > 0),
   produto    varchar(5)    not null references produtos,
   quantidade numeric(8,2)  not null check (quantidade > 0),
   preco      numeric(11,2) not null check (preco >= 0),

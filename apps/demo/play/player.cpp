@@ -13,6 +13,7 @@
 #include <cstdio>
 
 #include "apps/demo/play/scene.h"
+#include "tessaria/qt/item_grid.h"
 #include "tessaria/qt/tstext.h"
 
 namespace tessaria::demo {
@@ -227,6 +228,14 @@ void Player::expectShown(const QString& name, const QString& text) {
   const QWidget* found = find(name);
   expect(sees([&] { return textOn(found) == text; }),
          QStringLiteral("\"%1\" mostra \"%2\", e não \"%3\".").arg(name, textOn(found), text));
+}
+
+void Player::expectItem(int row, int column, const QString& text) {
+  const auto* grid = front() ? front()->findChild<qt::ItemGrid*>() : nullptr;
+  if (!grid) return fail(QStringLiteral("Não há itens."));
+  const auto shown = [&] { return grid->model()->index(row - 1, column).data().toString(); };
+  expect(sees([&] { return shown() == text; }),
+         QStringLiteral("O item %1 mostra \"%2\", e não \"%3\".").arg(row).arg(shown(), text));
 }
 
 QTableView* Player::list() const { return front() ? front()->findChild<QTableView*>() : nullptr; }

@@ -64,6 +64,8 @@ class Player final : public QObject {
   /// The list in front must have `rows` rows (or any number, with -1), and the text `first` in that
   /// column of the first row.
   void expectList(int rows, int column, const QString& first);
+  /// What the item grid of the form shows in a cell; the row counts from 1, the column from 0.
+  void expectItem(int row, int column, const QString& text);
   void expect(bool holds, const QString& what);
   void picture(const QString& name);
 

@@ -105,6 +105,9 @@ void ItemGrid::makeFields() {
       auto* label = new QLabel(p.line);
       label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
       label->setIndent(kComputedIndent);
+      label->setObjectName(toQt(column.field.name));
+      label->setBackgroundRole(QPalette::Base);
+      label->setAutoFillBackground(true);
       p.line->addLabel(label);
       continue;
     }
@@ -184,6 +187,7 @@ void ItemGrid::connectField(TsText& field) {
     pressTab(*window());
   });
   // The first show of a form empties its fields.
+  connect(&field, &TsText::shown, this, [this] { parts_->wasShown = true; });
   connect(
       &field, &TsText::shown, this, [this] { showRow(); }, Qt::QueuedConnection);
   field.focusProxy()->installEventFilter(this);
@@ -259,7 +263,7 @@ void ItemGrid::showCell(int column, bool keys) {
   const Variant value = p.model.value(p.current, column);
   guarded(this, [&] {
     field->control().ShowValue(value.IsEmpty() ? Variant::Null() : value);
-    if (keys) field->control().ShowSibling(false);
+    if (keys && p.wasShown) field->control().ShowSibling(false);
   });
 }
 
@@ -310,7 +314,7 @@ void ItemGrid::takeRow() {
 
 // --- From row to row
 
-bool ItemGrid::goTo(int row, const QString& column) {
+bool ItemGrid::goTo(int row, QAnyStringView column) {
   return goToColumn(row, column.isEmpty() ? -1 : parts_->model.find(column));
 }
 
@@ -418,7 +422,7 @@ void ItemGrid::tell(const QString& text) {
 
 // --- What the program reads and writes
 
-TsText* ItemGrid::field(const QString& column) const {
+TsText* ItemGrid::field(QAnyStringView column) const {
   const int c = parts_->model.find(column);
   return c < 0 ? nullptr : parts_->line->field(c);
 }
@@ -431,13 +435,13 @@ void ItemGrid::requireRow(int row) const {
   if (row < 0 || row >= rowCount()) throw HostError(errors::SubscriptOutOfRange);
 }
 
-QVariant ItemGrid::value(int row, const QString& column) const {
+QVariant ItemGrid::value(int row, QAnyStringView column) const {
   const int c = parts_->model.require(column);
   requireRow(row);
   return toQVariant(parts_->model.value(row, c));
 }
 
-void ItemGrid::setValue(int row, const QString& column, const QVariant& value) {
+void ItemGrid::setValue(int row, QAnyStringView column, const QVariant& value) {
   Parts& p = *parts_;
   const int c = p.model.require(column);
   require(!p.model.column(c).compute, "O valor desta coluna é calculado.");
@@ -476,7 +480,7 @@ void ItemGrid::removeRow(int row) {
   guarded(this, [this] { emit changed(); });
 }
 
-double ItemGrid::total(const QString& column) const {
+double ItemGrid::total(QAnyStringView column) const {
   return parts_->model.total(parts_->model.require(column));
 }
 

@@ -28,6 +28,7 @@ struct ItemGrid::Parts {
   std::vector<Variant> shown;       ///< the fields' values as the row was shown or last taken
   bool isShowing = false;           ///< the fields change because another row is shown
   bool willPlace = false;           ///< the line is placed from the event loop
+  bool wasShown = false;            ///< the fields know their form and its connection
   bool isReadable = true;           ///< the last reading did not fail
   std::vector<StoredItem> written;  ///< by the last `write`
 };

@@ -19,15 +19,15 @@ double asNumber(const Variant& value) {
 
 }  // namespace
 
-QVariant ItemRow::value(const QString& column) const {
+QVariant ItemRow::value(QAnyStringView column) const {
   return toQVariant(model_.value(row_, model_.require(column)));
 }
 
-double ItemRow::number(const QString& column) const {
+double ItemRow::number(QAnyStringView column) const {
   return asNumber(model_.value(row_, model_.require(column)));
 }
 
-QString ItemRow::text(const QString& column) const {
+QString ItemRow::text(QAnyStringView column) const {
   return model_.text(row_, model_.require(column));
 }
 
@@ -37,19 +37,19 @@ void ItemModel::setSettings(const ItemSettings& settings) {
   endResetModel();
 }
 
-int ItemModel::find(const QString& name) const {
+int ItemModel::find(QAnyStringView name) const {
   const auto& columns = settings_.columns;
   const auto found = std::find_if(columns.begin(), columns.end(), [&](const ItemColumn& column) {
-    return toQt(column.field.name).compare(name, Qt::CaseInsensitive) == 0;
+    return QAnyStringView::compare(QStringView(column.field.name), name, Qt::CaseInsensitive) == 0;
   });
   return found == columns.end() ? -1 : int(found - columns.begin());
 }
 
-int ItemModel::require(const QString& name) const {
+int ItemModel::require(QAnyStringView name) const {
   const int column = find(name);
   if (column >= 0) return column;
   throw HostError(errors::InvalidArgument,
-                  fromQt(QStringLiteral("A grade não tem a coluna \"%1\".").arg(name)));
+                  fromQt(QStringLiteral("A grade não tem a coluna \"%1\".").arg(name.toString())));
 }
 
 // --- Values
@@ -191,7 +191,7 @@ QVariant ItemModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   switch (role) {
     case Qt::DisplayRole:
-      return text(index.row(), index.column());
+      return index.row() < items() ? text(index.row(), index.column()) : QString();
     case Qt::EditRole:
       return toQVariant(value(index.row(), index.column()));
     case Qt::TextAlignmentRole:

@@ -28,9 +28,9 @@ class ItemModel final : public QAbstractTableModel {
 
   int items() const { return int(items_.size()); }
   /// -1 for a name that no column has.
-  int find(const QString& name) const;
+  int find(QAnyStringView name) const;
   /// Error 5 for a name that no column has.
-  int require(const QString& name) const;
+  int require(QAnyStringView name) const;
 
   /// Of a computed column what its function returns; Null when that throws.
   Variant value(int row, int column) const;

@@ -137,13 +137,14 @@ int RecordModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : int(columns_.size());
 }
 
-/// A value that does not fit the pattern is shown without it.
 QString RecordModel::text(const QModelIndex& index) const {
   const Long field = columns_[std::size_t(index.column())].number;
-  if (field < 0) return {};
-  const Variant value = rows_->ValueAt(index.row() + 1, field);
+  return field < 0 ? QString() : textOf(index.column(), rows_->ValueAt(index.row() + 1, field));
+}
+
+QString RecordModel::textOf(int column, const Variant& value) const {
   try {
-    return toQt(Format(value, format(index.column())));
+    return toQt(Format(value, format(column)));
   } catch (const HostError&) {
     return toQt(CStr(value));
   }

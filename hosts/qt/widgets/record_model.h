@@ -44,6 +44,8 @@ class RecordModel final : public QAbstractTableModel {
   const String& field(int column) const { return columns_[std::size_t(column)].field; }
   /// A name that is no field shows nothing.
   void setField(int column, const String& name);
+  /// A value as the column shows it. One that does not fit the format is shown without it.
+  QString textOf(int column, const Variant& value) const;
   /// Whether the column is shown as one that the list hides.
   void setDimmed(int column, bool dimmed);
   /// Characters that a column needs to show its values.

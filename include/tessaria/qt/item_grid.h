@@ -1,6 +1,7 @@
 // The items of a record: a table whose cells are edited by fields, with any number of rows.
 #pragma once
 
+#include <QAnyStringView>
 #include <QHash>
 #include <QString>
 #include <QVariant>
@@ -30,11 +31,11 @@ class TESSARIA_QT_API ItemRow {
   /// The position in the grid, from 0.
   int position() const { return row_; }
   /// As `TsText::value`; of a computed column what its function returns.
-  QVariant value(const QString& column) const;
+  QVariant value(QAnyStringView column) const;
   /// The value as a number; 0 for Null and for a text that is no number.
-  double number(const QString& column) const;
+  double number(QAnyStringView column) const;
   /// What the grid shows.
-  QString text(const QString& column) const;
+  QString text(QAnyStringView column) const;
 
  private:
   const ItemModel& model_;
@@ -114,7 +115,7 @@ class TESSARIA_QT_API ItemGrid final : public QWidget {
   void setSettings(const ItemSettings& settings);
 
   /// The field of a column, which shows the current row; null for a computed or unknown column.
-  TsText* field(const QString& column) const;
+  TsText* field(QAnyStringView column) const;
   /// The rows and the blank one as a model for views and tests, which shows texts and takes none.
   QAbstractItemModel* model() const;
 
@@ -126,20 +127,20 @@ class TESSARIA_QT_API ItemGrid final : public QWidget {
   /// Leaves the current row and shows another one, with the focus in that column or, without a
   /// name, in the present one. False when the current row is refused, and the operator has been
   /// told, or there is no such row.
-  bool goTo(int row, const QString& column = {});
+  bool goTo(int row, QAnyStringView column = {});
 
   /// The value in a row, from 0. Errors: 5 for an unknown column, 9 outside the rows.
-  QVariant value(int row, const QString& column) const;
+  QVariant value(int row, QAnyStringView column) const;
   /// Assigns it, as the operator would; in the blank row that makes an item. A pair's description
   /// is looked up only in the current row. Errors as above, and 5 for a computed column.
-  void setValue(int row, const QString& column, const QVariant& value);
+  void setValue(int row, QAnyStringView column, const QVariant& value);
   /// Adds an item behind the others, by the names of the columns. Errors as above.
   void appendRow(const QHash<QString, QVariant>& values);
   /// Removes an item without a question. Error 9 outside the rows.
   void removeRow(int row);
 
   /// Sum of a column over all items. Error 5 for an unknown column.
-  double total(const QString& column) const;
+  double total(QAnyStringView column) const;
 
   /// Checks an item when it is left or saved, after its fields.
   void setRowCheck(Check check);
