@@ -1,5 +1,9 @@
 // The items of a record: keys from field to field and row to row, pairs, totals, checks.
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QScrollBar>
 #include <QTest>
+#include <QWheelEvent>
 #include <stdexcept>
 
 #include "tests/qt/order_fixture.h"
@@ -318,6 +322,55 @@ TEST_F(Items, AnotherUsersItemsAreNotOverwrittenUnasked) {
   EXPECT_EQ(painted(0), "001|Caneta|9,00|1,50|13,50");
 }
 
+/// With a version column the operator is asked, and "Gravar" stores what is on the form.
+TEST_F(Items, TheOperatorDecidesWhoseItemsAreStored) {
+  asAnotherUser(u"update pedidos set versao = versao + 1 where numero = 1");
+  asAnotherUser(u"update itens set quantidade = 50 where pedido = 1 and item = 2");
+  asAnotherUser(u"insert into itens values (1, 3, '003', 1, 1)");
+  go(cell("quantidade"));
+  write("9");
+  inTheNext([](QDialog& window) { window.reject(); });
+  save();
+  EXPECT_EQ(stored(), "1:001 2.00 1.50, 2:002 50.00 0.80, 3:003 1.00 1.00");
+  EXPECT_EQ(painted(0), "001|Caneta|9,00|1,50|13,50");
+  inTheNext([](QDialog& window) { window.findChild<QPushButton*>("btnGravar")->click(); });
+  save();
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+  EXPECT_EQ(stored(), "1:001 9.00 1.50, 2:002 10.00 0.80");
+  EXPECT_FALSE(record_->isChanged());
+}
+
+TEST_F(Items, AnOrderThatIsDeletedMeanwhileIsSavedAsANewOne) {
+  asAnotherUser(u"delete from pedidos where numero = 1");
+  go(cell("quantidade"));
+  write("9");
+  boxes_.willPress(QStringLiteral("Gravar como novo"));
+  save();
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+  EXPECT_EQ(stored(), "1:001 9.00 1.50, 2:002 10.00 0.80");
+  EXPECT_FALSE(record_->isChanged());
+}
+
+/// An empty grid that stands for items nobody has read must not be stored.
+TEST_F(Items, ItemsThatCouldNotBeReadAreNotOverwritten) {
+  EXPECT_TRUE(record_->moveNext());
+  asAnotherUser(u"alter table itens rename to itens_ausentes");
+  EXPECT_TRUE(record_->movePrevious());
+  settleEvents();
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+  EXPECT_TRUE(grid_->isEmpty());
+  asAnotherUser(u"alter table itens_ausentes rename to itens");
+  go(client_);
+  write("Outra");
+  save();
+  EXPECT_THAT(boxes_.takeTexts().join(QString()).toStdString(),
+              testing::HasSubstr("Os itens não puderam ser lidos e não serão gravados."));
+  EXPECT_EQ(stored(), "1:001 2.00 1.50, 2:002 10.00 0.80");
+  boxes_.willPress(QStringLiteral("Sim"));
+  EXPECT_TRUE(record_->undo());
+  EXPECT_EQ(grid_->rowCount(), 2);
+}
+
 TEST_F(Items, ALostConnectionLosesNothing) {
   go(cell("quantidade"));
   write("9");
@@ -354,6 +407,61 @@ TEST_F(Items, AClickGoesToACell) {
   settleEvents();
   EXPECT_EQ(grid_->currentRow(), 1);
   EXPECT_EQ(focus(), "quantidade");
+}
+
+TEST_F(Items, AClickOnTheNumberGoesToTheRow) {
+  const QHeaderView& rows = *view().verticalHeader();
+  const QPoint at(3, rows.sectionViewportPosition(1) + 5);
+  QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, at);
+  settleEvents();
+  EXPECT_EQ(grid_->currentRow(), 1);
+  EXPECT_EQ(focus(), "produto");
+}
+
+TEST_F(Items, AClickIsRefusedWithTheRow) {
+  go(cell("produto"));
+  write("999");
+  const QModelIndex at = grid_->model()->index(1, 2);
+  QTest::mouseClick(view().viewport(), Qt::LeftButton, {}, view().visualRect(at).center());
+  settleEvents();
+  EXPECT_EQ(grid_->currentRow(), 0);
+  EXPECT_EQ(focus(), "produto");
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+}
+
+TEST_F(Items, TheMenuRemovesARow) {
+  go(cell("produto"));
+  boxes_.willPress(QStringLiteral("Sim"));
+  QTimer::singleShot(50, grid_, [] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->actions().first()->text(), QStringLiteral("&Remover item"));
+    QTest::keyClick(menu, Qt::Key_R);
+  });
+  const QPoint at = view().visualRect(grid_->model()->index(1, 0)).center();
+  QContextMenuEvent event(QContextMenuEvent::Mouse, at, view().viewport()->mapToGlobal(at));
+  QApplication::sendEvent(view().viewport(), &event);
+  settleEvents();
+  EXPECT_EQ(boxes_.takeTexts(), QStringList{QStringLiteral("Remover o item 2?")});
+  EXPECT_EQ(grid_->rowCount(), 1);
+}
+
+TEST_F(Items, TheWheelScrollsTheRowsAndTheNextKeyComesBack) {
+  for (int i = 0; i < 30; ++i)
+    grid_->appendRow(
+        {{QStringLiteral("produto"), QStringLiteral("001")}, {QStringLiteral("quantidade"), 1}});
+  go(cell("produto"));
+  QWheelEvent wheel(QPointF(5, 5), cell("produto")->mapToGlobal(QPointF(5, 5)), {}, {0, -1200},
+                    Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(grid_, &wheel);  // where the fields let it go
+  settleEvents();
+  EXPECT_GT(view().verticalScrollBar()->value(), 0);
+  EXPECT_FALSE(grid_->rect().intersects(
+      QRect(cell("produto")->mapTo(grid_, QPoint()), cell("produto")->size())));
+  EXPECT_EQ(focus(), "produto");  // out of sight, and not lost
+  key(Qt::Key_Down);
+  EXPECT_EQ(grid_->currentRow(), 1);
+  EXPECT_TRUE(grid_->rect().contains(cell("produto")->mapTo(grid_, QPoint(5, 5))));
 }
 
 TEST_F(Items, TheLineFollowsTheColumns) {
@@ -410,6 +518,60 @@ TEST_F(Items, RowsHaveNamesForScreenReaders) {
   EXPECT_EQ(editOf(*cell("produto"))->accessibleName(), QStringLiteral("Item novo: Produto"));
   EXPECT_EQ(grid_->findChild<QLabel*>(QStringLiteral("total_total"))->accessibleName(),
             QStringLiteral("Soma de Total"));
+}
+
+// --- Numbers that the database gives
+
+class GeneratedItems : public OrderFixture {
+ protected:
+  ItemSettings items() const override {
+    ItemSettings settings = OrderFixture::items();
+    settings.table = u"itens_gerados";
+    settings.number = u"id";
+    settings.isNumberGenerated = true;
+    settings.columns[2].initial = 1;
+    return settings;
+  }
+  std::string generated() { return stored(1, u"id", u"itens_gerados"); }
+};
+
+TEST_F(GeneratedItems, AreReadAndSavedUnderTheirNumbers) {
+  EXPECT_EQ(painted(0), "003|Régua|1,00|0,00|0,00");
+  go(cell("produto"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(boxOf("quantidade"), QStringLiteral("1,00"));  // as every new row begins
+  enterRow("001", "2", "1,5");
+  save();
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+  EXPECT_EQ(generated(), "1:003 1.00 0, 2:001 2.00 1.50");
+  EXPECT_FALSE(record_->isChanged());
+  go(cell("quantidade"));
+  key(Qt::Key_Up);
+  write("4");
+  save();
+  EXPECT_EQ(generated(), "1:003 1.00 0, 2:001 4.00 1.50");
+}
+
+TEST_F(GeneratedItems, AreNotStoredTwiceAfterAnAnswerThatWasLost) {
+  go(cell("produto"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  enterRow("001", "2", "1,5");
+  proxy_->CutAt(Side::Server, {"COMMIT"});
+  save();
+  EXPECT_EQ(generated(), "1:003 1.00 0, 2:001 2.00 1.50");
+  boxes_.willPress(QStringLiteral("Sim"));
+  boxes_.willPress(QStringLiteral("Sim"));
+  save();
+  EXPECT_EQ(generated(), "1:003 1.00 0, 2:001 2.00 1.50");
+  EXPECT_FALSE(record_->isChanged());
+}
+
+TEST_F(GeneratedItems, ARowWithNothingButItsInitialValuesIsNone) {
+  go(cell("produto"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  key(Qt::Key_Up);
+  EXPECT_EQ(grid_->rowCount(), 1);
+  EXPECT_FALSE(record_->isChanged());
 }
 
 }  // namespace

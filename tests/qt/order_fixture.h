@@ -4,10 +4,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <cmath>
 #include <memory>
@@ -113,6 +116,15 @@ class OrderFixture : public testing::Test {
     press(*window_, key, modifiers);
     settleEvents();
   }
+  /// Acts in the next dialog that opens.
+  void inTheNext(const std::function<void(QDialog&)>& act) {
+    QTimer::singleShot(1, window_.get(), [this, act] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (!dialog) return inTheNext(act);
+      settleEvents();
+      act(*dialog);
+    });
+  }
   /// The name of the column whose field has the focus; the object name of any other widget.
   std::string focus() const {
     QWidget* widget = window_->focusWidget();
@@ -136,11 +148,12 @@ class OrderFixture : public testing::Test {
   }
   void asAnotherUser(const char16_t* statement) { other_->Execute(statement); }
   /// The items in the database: "1:001 2.00 1.50, 2:...".
-  std::string stored(int order = 1) {
+  std::string stored(int order = 1, const char16_t* number = u"item",
+                     const char16_t* table = u"itens") {
     const auto rows = other_->Execute(
-        u"select coalesce(string_agg(item || ':' || produto || ' ' || quantidade || ' ' || preco, "
-        u"', ' order by item), '') from itens where pedido = " +
-        CStr(Long(order)));
+        u"select coalesce(string_agg(" + String(number) +
+        u" || ':' || produto || ' ' || quantidade || ' ' || coalesce(preco, 0), ', ' order by " +
+        number + u"), '') from " + table + u" where pedido = " + CStr(Long(order)));
     return toQt(CStr(rows->Fields().Item(0)->Value())).toStdString();
   }
 
@@ -157,7 +170,11 @@ class OrderFixture : public testing::Test {
       u"create table itens (pedido integer references pedidos on delete cascade, item integer, "
       u"produto varchar(3) references produtos, quantidade numeric(8,2) check (quantidade > 0), "
       u"preco numeric(11,2), primary key (pedido, item))",
-      u"insert into itens values (1, 1, '001', 2, 1.5), (1, 2, '002', 10, 0.8)"};
+      u"insert into itens values (1, 1, '001', 2, 1.5), (1, 2, '002', 10, 0.8)",
+      u"create table itens_gerados (id serial primary key, pedido integer references pedidos on "
+      u"delete cascade, "
+      u"produto varchar(3), quantidade numeric(8,2), preco numeric(11,2))",
+      u"insert into itens_gerados (pedido, produto, quantidade) values (1, '003', 1)"};
 
   BoxKeeper boxes_;
   host::ConnectionPtr connection_, other_;

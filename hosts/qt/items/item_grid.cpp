@@ -581,7 +581,7 @@ void ItemGrid::resizeEvent(QResizeEvent* event) {
 
 /// The fields of the line take no wheel: the rows under them scroll.
 void ItemGrid::wheelEvent(QWheelEvent* event) {
-  QCoreApplication::sendEvent(parts_->view->verticalScrollBar(), event);
+  QCoreApplication::sendEvent(parts_->view->viewport(), event);
 }
 
 bool ItemGrid::eventFilter(QObject* object, QEvent* event) {

@@ -199,6 +199,7 @@ bool RecordForm::decideOnDeleted() {
   if (!self) return false;
   if (answer == SaveAsNew) {
     parts->rows()->Recovery()->Rebase(nullptr);
+    parts->overwritesItems = true;
     return true;
   }
   parts->isStale = true;
