@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Takes the code out of the documentation, so that a test compiles, loads and runs it.
 
-Usage: scripts/documentation.py FOLDER     (writes FOLDER/code, FOLDER/ui and FOLDER/sql)
+Usage: scripts/documentation.py FOLDER
+(writes FOLDER/code, FOLDER/ui, FOLDER/sql, FOLDER/cmake and FOLDER/project)
 
 From README*.md and docs/*.md, by the language of the fence:
 - cpp: one source for each page; a block that a page in the other language repeats is taken once.
@@ -12,6 +13,10 @@ From README*.md and docs/*.md, by the language of the fence:
 - xml: a form, or a widget of one, which is put into a form.
 - sql: run by psql, the blocks of a page in one new database "loja"; a block without a semicolon
   holds one statement a line. <!-- first: STATEMENTS --> run before it.
+- cmake: a project, or lines of one, which is configured against the installed package.
+  <!-- first: LINE --> stands before the lines.
+- <!-- file: NAME --> makes a block of any language a file of the page's project, as it stands. That
+  project is built by its CMakeLists.txt against the installed package, and its tests run.
 - <!-- left: REASON --> in front of a block leaves it out.
 Blocks in other languages are not looked at.
 """
@@ -22,7 +27,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 FENCE = re.compile(r"^( *)```(\w+)$")
-NOTE = re.compile(r"^ *<!-- (inside|continues|first|left): ?(.*?) ?-->$")
+NOTE = re.compile(r"^ *<!-- (inside|continues|first|file|left): ?(.*?) ?-->$")
 
 
 class Block:
@@ -101,6 +106,35 @@ def statements_of(blocks):
     return "\n".join(lines) + "\n"
 
 
+def configured(block):
+    """A project around lines for CMake; sources that they name are empty."""
+    if "project(" in block.text:
+        return block.text
+    return ("cmake_minimum_required(VERSION 3.25)\nproject(Documented LANGUAGES CXX)\n"
+            + block.notes.get("first", "") + "\n" + block.text + "\n")
+
+
+def write_projects(folder, page, blocks):
+    """Writes the files of a page's project, and each block of lines for CMake as one of its own."""
+    written = set()
+    for block in blocks:
+        if "file" in block.notes:
+            path = folder / "project" / page.name.split(".")[0] / block.notes["file"]
+            if path.exists() and path in write_projects.seen and path.read_text() != block.text + "\n":
+                sys.exit(f"{page.name}:{block.line}: {path.name} differs from the other language's")
+            write_projects.seen.add(write(path, block.text + "\n"))
+        elif block.language == "cmake":
+            own = folder / "cmake" / f"{page.stem}-{block.line}"
+            text = configured(block)
+            written.add(write(own / "CMakeLists.txt", text))
+            for name in re.findall(r"\b[\w/]+\.(?:cpp|h|ui)\b", text):
+                written.add(write(own / name, ""))
+    return written | write_projects.seen
+
+
+write_projects.seen = set()
+
+
 def write(path, text):
     path.parent.mkdir(parents=True, exist_ok=True)
     if not path.exists() or path.read_text() != text:
@@ -114,6 +148,8 @@ def main():
     pages = sorted(ROOT.glob("README*.md")) + sorted(ROOT.glob("docs/*.md"))
     for page in pages:
         blocks = list(blocks_of(page))
+        written |= write_projects(folder, page, blocks)
+        blocks = [b for b in blocks if "file" not in b.notes]
         code = [b for b in blocks if b.language == "cpp"]
         key = "".join(b.text for b in code)
         if code and key not in seen:
@@ -124,8 +160,8 @@ def main():
         statements = [b for b in blocks if b.language == "sql"]
         if statements:
             written.add(write(folder / "sql" / f"{page.stem}.sql", statements_of(statements)))
-    for path in folder.glob("*/*"):
-        if path not in written:
+    for path in folder.rglob("*"):
+        if path.is_file() and path not in written:
             path.unlink()
 
 

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <regex>
 
 #include "tests/layout/source_tree.h"
@@ -22,17 +21,6 @@ std::vector<std::string> MatchesOf(const std::string& text, const std::string& p
   return found;
 }
 
-// The targets of links and pictures that point into the repository. Code has none: there a lambda
-// looks like one.
-std::vector<std::string> LocalLinks(const std::string& file) {
-  const std::string text = std::regex_replace(ReadText(file), std::regex(R"(```[^`]*```)"), "");
-  auto links = MatchesOf(text, R"(\]\(([^)#\s]+)[^)]*\))");
-  std::erase_if(links, [](const std::string& link) {
-    return link.find("://") != std::string::npos || link.starts_with("mailto:");
-  });
-  return links;
-}
-
 // The fenced blocks, which contain the commands for the reader.
 std::vector<std::string> CodeBlocks(const std::string& file) {
   return MatchesOf(ReadText(file), R"(```\w*\n([^`]*)```)");
@@ -44,19 +32,24 @@ long Headings(const std::string& file) {
                        [](const std::string& line) { return line.starts_with("## "); });
 }
 
-TEST(Documents, LinksHaveTargets) {
-  for (const auto& file : FilesEndingIn({".md"})) {
-    const auto folder = std::filesystem::path(file).parent_path();
-    for (const auto& link : LocalLinks(file)) {
-      EXPECT_TRUE(Exists((folder / link).lexically_normal().generic_string()))
-          << file << " links to " << link;
-    }
-  }
-}
-
 TEST(Documents, TheReadmeExistsInBothLanguagesWithTheSameSectionsAndCommands) {
   EXPECT_EQ(Headings("README.md"), Headings("README.pt-BR.md"));
   EXPECT_EQ(CodeBlocks("README.md"), CodeBlocks("README.pt-BR.md"));
+}
+
+TEST(Documents, EachOddityThatIsKeptHasATest) {
+  const std::string page = ReadText("docs/oddities.md");
+  const auto tests = MatchesOf(page, R"(<!-- test: (\w+\.\w+) -->)");
+  EXPECT_EQ(tests.size(), MatchesOf(page, R"(\n(- \*\*))").size());
+  EXPECT_EQ(tests, MatchesOf(ReadText("docs/oddities.pt-BR.md"), R"(<!-- test: (\w+\.\w+) -->)"));
+  std::string sources;
+  for (const auto& file : FilesEndingIn({".cpp"}))
+    if (file.starts_with("tests/")) sources += ReadText(file);
+  for (const auto& test : tests) {
+    const auto point = test.find('.');
+    const std::string written = '(' + test.substr(0, point) + ", " + test.substr(point + 1) + ')';
+    EXPECT_NE(sources.find(written), std::string::npos) << "no test " << test;
+  }
 }
 
 TEST(Documents, TheChangelogHasAnUnreleasedSection) {

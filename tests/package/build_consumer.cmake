@@ -1,6 +1,7 @@
 # Builds and runs tests/package/consumer from an empty folder.
 # SOURCE, BUILD: the project. WORK: the folder to work in. COMPONENTS: what was built, separated by
 # commas.
+# PYTHON: runs the scripts for the documentation; without it the documentation is not tried.
 # DESIGNER: whether the plugin for Qt Designer was built, with the program that starts Designer.
 # SUBDIRECTORY: adds the project as a subdirectory, its core alone, instead of as a package.
 
@@ -46,4 +47,8 @@ if(DESIGNER)
     message(FATAL_ERROR "installed plugins for Designer: ${plugins}")
   endif()
   run(${CMAKE_COMMAND} -E env DESIGNER=${WORK}/build/load_designer ${WORK}/stage/bin/tessaria-designer)
+endif()
+
+if(PYTHON AND NOT SUBDIRECTORY AND COMPONENTS MATCHES "Odbc.*Qt")
+  include(${CMAKE_CURRENT_LIST_DIR}/documented.cmake)
 endif()
