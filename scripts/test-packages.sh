@@ -41,6 +41,8 @@ make_root() {
   as_root mkdir "$root/packages"
   as_root cp "$packages"/*.deb "$root/packages"
   as_root cp -r tests/package/consumer "$root/consumer"
+  scripts/documentation.py build/release/documented
+  as_root cp -r build/release/documented/project/deploying "$root/deploying"
   as_root cp scripts/use-packages.sh "$root/use-packages.sh"
 }
 

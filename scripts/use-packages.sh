@@ -28,6 +28,15 @@ build_by_cmake() {
   DESIGNER=$PWD/consumer/load_designer tessaria-designer
 }
 
+# The program of the guide to deploying, whose package needs ours.
+build_documented_program() {
+  cmake -S /deploying -B deploying -G Ninja
+  cmake --build deploying
+  ctest --test-dir deploying --output-on-failure --no-tests=error
+  cpack --config deploying/CPackConfig.cmake -B deploying
+  dpkg-deb -f deploying/*.deb Depends | grep libtessaria-qt
+}
+
 apt-get update -q
 
 # An operator's machine: the demo plays a whole day on a database of its own.
@@ -37,9 +46,10 @@ tessaria-demo --play pictures
 [ -n "$(ls pictures/*.png)" ] || fail 'the demo saved no picture'
 
 # A programmer's machine.
-apt-get install -y -q /packages/*.deb g++ cmake ninja-build pkg-config appstream desktop-file-utils
+apt-get install -y -q /packages/*.deb g++ cmake ninja-build pkg-config dpkg-dev appstream desktop-file-utils
 build_by_pkg_config
 build_by_cmake
+build_documented_program
 tessaria-check-server --help
 tessaria-check --version
 [ -s /usr/share/doc/Tessaria/README.pt-BR.md ] || fail 'the documentation is missing'
