@@ -12,6 +12,9 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # The libraries of other packages come from what the programs are linked with.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Packages of programs find ours by what they are linked with.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 foreach(name Core Memory Sql Odbc Postgres Qt QtSql)
   if(TARGET Tessaria${name})
     get_target_property(folder Tessaria${name} BINARY_DIR)

@@ -18,7 +18,7 @@ packages_of() {
     lint) echo clang-format clang-tidy shellcheck python3 ;;
     fuzz) echo clang libclang-rt-dev llvm ;;
     bench) echo libbenchmark-dev ;;
-    packages) echo dpkg-dev mmdebstrap ;;
+    packages) echo dpkg-dev file mmdebstrap ;;
     *)
       echo "install-dependencies: no group named '$1' (build, run, lint, fuzz, bench, packages)" >&2
       return 1

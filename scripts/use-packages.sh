@@ -46,7 +46,7 @@ tessaria-demo --play pictures
 [ -n "$(ls pictures/*.png)" ] || fail 'the demo saved no picture'
 
 # A programmer's machine.
-apt-get install -y -q /packages/*.deb g++ cmake ninja-build pkg-config dpkg-dev appstream desktop-file-utils
+apt-get install -y -q /packages/*.deb g++ cmake ninja-build pkg-config dpkg-dev file appstream desktop-file-utils
 build_by_pkg_config
 build_by_cmake
 build_documented_program
