@@ -549,8 +549,17 @@ TEST_F(DataControl, AStatementThatFailsIsShown) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList({"no such table"}));
 }
 
+TEST_F(DataControl, WithoutOneOfItsOwnItUsesTheConnectionOfItsForm) {
+  data_->setConnection(nullptr);
+  setConnection(*window_, connection_);
+  EXPECT_EQ(connectionOf(*window_), connection_);
+  EXPECT_TRUE(data_->refresh());
+  EXPECT_EQ(data_->connection(), connection_);
+}
+
 TEST_F(DataControl, WithoutAConnectionItSaysSo) {
   data_->setConnection(nullptr);
+  window_->setProperty("dbForm", {});
   EXPECT_FALSE(data_->refresh());
   EXPECT_EQ(boxes_.boxes().size(), 1u);
 }

@@ -14,6 +14,7 @@
 #include "hosts/qt/form/widget_tree.h"
 #include "tessaria/field_settings.h"
 #include "tessaria/qt/design_time.h"
+#include "tessaria/qt/form.h"
 #include "tessaria/qt/host.h"
 #include "tessaria/qt/settle.h"
 #include "tessaria/qt/text.h"
@@ -167,6 +168,7 @@ void Adodc::setConnectionFactory(ConnectionFactory make) { factory() = std::move
 
 // A connection that was lost is opened by the statement that asks the operator.
 void Adodc::ensureConnection() {
+  if (!connection_ && connectionString_.isEmpty()) connection_ = connectionOf(*formOf(this));
   if (!connection_ && factory()) connection_ = factory()(connectionString_);
   if (!connection_) throw HostError(errors::InvalidConnection);
   if (connection_->State() == host::state::Closed && !connection_->IsLost()) connection_->Open();
@@ -196,7 +198,8 @@ void Adodc::openRows() {
 }
 
 void Adodc::formShown() {
-  if (recordSet_ || recordSource_.isEmpty() || connectionString().isEmpty()) return;
+  if (recordSet_ || recordSource_.isEmpty()) return;
+  if (connectionString().isEmpty() && !connectionOf(*formOf(this))) return;
   guarded(this, [this] { open(); });
 }
 

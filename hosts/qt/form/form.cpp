@@ -9,6 +9,7 @@
 #include "hosts/qt/form/form.h"
 #include "hosts/qt/form/widget_tree.h"
 #include "tessaria/host/widgets.h"
+#include "tessaria/qt/metatypes.h"
 #include "tessaria/qt/surface.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/text.h"
@@ -102,6 +103,14 @@ host::WidgetPtr makeWidget(QWidget& widget) {
   if (auto* tabs = qobject_cast<QTabWidget*>(&widget)) return std::make_shared<TabPort>(*tabs);
   if (isForm(&widget)) return makeForm(widget);
   return std::make_shared<PlainWidget>(widget);
+}
+
+void setConnection(QWidget& form, const host::ConnectionPtr& connection) {
+  form.setProperty("dbForm", QVariant::fromValue(connection));
+}
+
+host::ConnectionPtr connectionOf(const QWidget& form) {
+  return form.property("dbForm").value<host::ConnectionPtr>();
 }
 
 }  // namespace tessaria::qt

@@ -66,7 +66,8 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   bool refreshesForm() const { return refreshesForm_; }
   void setRefreshesForm(bool refreshes) { refreshesForm_ = refreshes; }
 
-  /// Sets a connection of the program, which is used instead of one of its own.
+  /// Sets a connection of the program, which is used instead of one of its own. A data control that
+  /// is given neither a connection nor the text of one uses that of its form, `dbForm`.
   void setConnection(host::ConnectionPtr connection);
   host::ConnectionPtr connection() const { return connection_; }
   /// Sets the factory for all data controls that are given no connection.
@@ -151,7 +152,7 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   host::WidgetPtr makePort() override;
   std::optional<Variant> ownProperty(const String&) const override { return {}; }
   bool letOwnProperty(const String&, const Variant&) override { return false; }
-  /// Opens the rows when both texts are set.
+  /// Opens the rows when there is a source and a connection.
   void formShown() override;
   bool settlesByItself() const override { return true; }
 
