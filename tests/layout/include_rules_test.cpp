@@ -67,7 +67,7 @@ const std::map<std::string, std::vector<std::string>> kRooms = {
     {"hosts/postgres", {""}},
     {"hosts/qt",
      {"conversion", "boundary", "form", "focus", "keys", "data", "control", "widgets", "dialogs",
-      "program", "record"}},
+      "program", "items", "record"}},
     {"hosts/qtsql", {""}},
     {"hosts/sql", {"errors", "values", "statements", "driver", "session", "rows", "recordset", ""}},
 };

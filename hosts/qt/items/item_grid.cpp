@@ -12,8 +12,8 @@
 
 #include "hosts/qt/boundary/handles.h"
 #include "hosts/qt/conversion/units.h"
+#include "hosts/qt/items/form_fields.h"
 #include "hosts/qt/items/item_grid.h"
-#include "hosts/qt/record/record_fields.h"
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/host/application.h"
@@ -56,8 +56,6 @@ void require(bool holds, const char* what) {
 }
 
 }  // namespace
-
-bool isItemField(const TsText& field) { return qobject_cast<ItemLine*>(field.parentWidget()); }
 
 ItemGrid::ItemGrid(QWidget* parent) : QWidget(parent), parts_(std::make_unique<Parts>(this)) {
   Parts& p = *parts_;

@@ -33,7 +33,4 @@ struct ItemGrid::Parts {
   std::vector<StoredItem> written;  ///< by the last `write`
 };
 
-/// Whether the field edits the cells of an item grid, which checks it itself.
-bool isItemField(const TsText& field);
-
 }  // namespace tessaria::qt

@@ -6,6 +6,8 @@
 
 namespace tessaria::qt {
 
+bool isItemField(const TsText& field) { return qobject_cast<ItemLine*>(field.parentWidget()); }
+
 void ItemLine::addField(TsText* field) { cells_.push_back({field, nullptr}); }
 void ItemLine::addLabel(QLabel* label) { cells_.push_back({nullptr, label}); }
 

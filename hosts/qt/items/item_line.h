@@ -50,4 +50,7 @@ class ItemLine final : public QWidget {
   std::vector<Cell> cells_;
 };
 
+/// Whether the field edits the cells of an item grid, which checks it itself.
+bool isItemField(const TsText& field);
+
 }  // namespace tessaria::qt

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "hosts/qt/items/item_storage.h"
-#include "tessaria/qt/item_grid.h"
+#include "tessaria/qt/item_settings.h"
 
 namespace tessaria::qt {
 

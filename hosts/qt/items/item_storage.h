@@ -4,7 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "tessaria/qt/item_grid.h"
+#include "tessaria/host/data.h"
+#include "tessaria/qt/item_settings.h"
 
 namespace tessaria::qt {
 

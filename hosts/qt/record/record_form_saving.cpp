@@ -1,10 +1,10 @@
 // Saving the row of a RecordForm: checks, the transaction, refusals, and other users' changes.
 #include <QScopedValueRollback>
 
+#include "hosts/qt/items/form_fields.h"
 #include "hosts/qt/program/modal_box.h"
 #include "hosts/qt/record/choice_box.h"
 #include "hosts/qt/record/conflict_window.h"
-#include "hosts/qt/record/record_fields.h"
 #include "hosts/qt/record/record_form.h"
 #include "hosts/qt/record/row_saving.h"
 #include "hosts/qt/record/save_failure.h"

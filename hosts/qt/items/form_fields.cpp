@@ -1,4 +1,4 @@
-#include "hosts/qt/record/record_fields.h"
+#include "hosts/qt/items/form_fields.h"
 
 #include <QPointer>
 #include <QSet>
@@ -6,7 +6,7 @@
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/form/active_control.h"
 #include "hosts/qt/form/widget_tree.h"
-#include "hosts/qt/items/item_grid.h"
+#include "hosts/qt/items/item_line.h"
 #include "tessaria/qt/host.h"
 #include "tessaria/qt/pages.h"
 
