@@ -278,6 +278,14 @@ QLabel* TsText::captionAmong(const QList<QLabel*>& labels) {
   return buddyLabel;
 }
 
+/// A description that says something else, as that a paste was refused, is left alone.
+static void describeRequired(QWidget& edit, bool isRequired) {
+  const QString text = QStringLiteral("Preenchimento obrigatório");
+  const QString present = edit.accessibleDescription();
+  if (isRequired && present.isEmpty()) edit.setAccessibleDescription(text);
+  if (!isRequired && present == text) edit.setAccessibleDescription({});
+}
+
 /// A screen reader reads the edit: it gets the field's own accessible name, or else the present
 /// text of its caption.
 void TsText::nameByCaption(const QList<QLabel*>& labels) {
@@ -288,6 +296,7 @@ void TsText::nameByCaption(const QList<QLabel*>& labels) {
   QString name = accessibleName();
   if (name.isEmpty() && label) name = captionOf(*label);
   if (name != parts_->edit->accessibleName()) parts_->edit->setAccessibleName(name);
+  describeRequired(*parts_->edit, !podeSerBranco());
 }
 
 // On a form under design the labels are the designer's.
