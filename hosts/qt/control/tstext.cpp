@@ -38,6 +38,14 @@ TextPropertyBag makeBag() {
   return TextPropertyBag({factory<tessaria::Browse>(), factory<tessaria::Pesquisa>()});
 }
 
+/// A description that says something else, as that a paste was refused, is left alone.
+void describeRequired(QWidget& edit, bool isRequired) {
+  const QString text = QStringLiteral("Preenchimento obrigatório");
+  const QString present = edit.accessibleDescription();
+  if (isRequired && present.isEmpty()) edit.setAccessibleDescription(text);
+  if (!isRequired && present == text) edit.setAccessibleDescription({});
+}
+
 }  // namespace
 
 TsText::TsText(QWidget* parent) : QWidget(parent) {
@@ -276,14 +284,6 @@ QLabel* TsText::captionAmong(const QList<QLabel*>& labels) {
     if (label->buddy() == this) buddyLabel = label;
   }
   return buddyLabel;
-}
-
-/// A description that says something else, as that a paste was refused, is left alone.
-static void describeRequired(QWidget& edit, bool isRequired) {
-  const QString text = QStringLiteral("Preenchimento obrigatório");
-  const QString present = edit.accessibleDescription();
-  if (isRequired && present.isEmpty()) edit.setAccessibleDescription(text);
-  if (!isRequired && present == text) edit.setAccessibleDescription({});
 }
 
 /// A screen reader reads the edit: it gets the field's own accessible name, or else the present
