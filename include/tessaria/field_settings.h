@@ -118,6 +118,8 @@ struct FieldSettings {
   bool picksFiles = true;   ///< a file of `Diretorio`, or a folder alone
   String filePattern = {};  ///< which files are offered, such as "*.txt"
 
+  String placeholder = {};  ///< what an empty box shows; a form file stores it apart
+
   std::optional<Colour> foreColor = {};  ///< by default that of the theme
   std::optional<Colour> backColor = {};  ///< likewise
   std::optional<host::Font> font = {};   ///< by default that of the form

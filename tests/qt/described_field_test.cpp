@@ -33,6 +33,21 @@ TEST_F(DescribedField, IsLoadedAsFromAFile) {
   EXPECT_TRUE(boxes_.takeTexts().isEmpty());
 }
 
+TEST_F(DescribedField, APlaceholderIsNeitherTextNorValue) {
+  TsText& field = add({.name = u"email", .placeholder = u"nome@exemplo.com.br"});
+  show();
+  EXPECT_EQ(field.placeholderText(), QStringLiteral("nome@exemplo.com.br"));
+  EXPECT_EQ(editOf(field)->placeholderText(), field.placeholderText());
+  EXPECT_EQ(field.text(), QString());
+  EXPECT_EQ(field.texto(), QString());
+  EXPECT_TRUE(field.value().isNull());
+  field.setFocus();
+  settleEvents();
+  type(*editOf(field), QStringLiteral("a"));
+  EXPECT_EQ(field.text(), QStringLiteral("a"));
+  EXPECT_FALSE(field.settings().join(QString()).contains(QStringLiteral("exemplo")));
+}
+
 TEST_F(DescribedField, TakesKeysThroughItsMaskAndMarksItsCaption) {
   TsText& field = add({.name = u"nascimento",
                        .kind = TipoControle::Calendario,

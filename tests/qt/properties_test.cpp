@@ -45,10 +45,11 @@ TEST(Properties, TypesCanBeEditedInDesigner) {
   }
 }
 
-TEST(Properties, OnlyTheSettingsAreStored) {
+TEST(Properties, OnlyTheSettingsAndThePlaceholderAreStored) {
+  static const std::set<std::string> stored = {"settings", "placeholderText"};
   const QMetaObject& meta = TsText::staticMetaObject;
   for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i)
-    EXPECT_EQ(meta.property(i).isStored(), meta.property(i).name() == QByteArray("settings"))
+    EXPECT_EQ(meta.property(i).isStored(), stored.count(meta.property(i).name()) == 1)
         << meta.property(i).name();
 }
 

@@ -78,6 +78,7 @@ TsText::TsText(const FieldSettings& settings, QWidget* parent) : TsText(parent) 
     load(bag);
   });
   setValidator(settings.validator);
+  setPlaceholderText(toQt(settings.placeholder));
 }
 
 TsText::~TsText() {

@@ -187,4 +187,7 @@ void TsText::setLastValue(const QString& v) {
   write([&](tsText& c) { c.LastValue(fromQt(v)); });
 }
 
+QString TsText::placeholderText() const { return parts_->edit->placeholderText(); }
+void TsText::setPlaceholderText(const QString& text) { parts_->edit->setPlaceholderText(text); }
+
 }  // namespace tessaria::qt

@@ -112,6 +112,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   Q_PROPERTY(QString DirPattern READ dirPattern WRITE setDirPattern STORED false)
   Q_PROPERTY(QString DirFilePath READ dirFilePath WRITE setDirFilePath STORED false)
   Q_PROPERTY(QString DirFileName READ dirFileName WRITE setDirFileName STORED false)
+  Q_PROPERTY(QString placeholderText READ placeholderText WRITE setPlaceholderText)
   Q_PROPERTY(bool enabled READ isFieldEnabled WRITE setEnabled NOTIFY enabledChanged
                  DESIGNABLE false STORED false)
 
@@ -246,6 +247,10 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// Marks the caption green and bold.
   bool eSocial() const;
   void setESocial(bool v);
+  /// What an empty box shows, paler than a text; neither a text nor a value. A box whose mask shows
+  /// its fill characters is never empty. Not among the settings: a form file stores it by itself.
+  QString placeholderText() const;
+  void setPlaceholderText(const QString& text);
   /// Kept with the settings; the box always has one line.
   bool multiLine() const;
   void setMultiLine(bool v);
