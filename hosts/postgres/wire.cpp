@@ -58,6 +58,7 @@ bool IsCopy(const PGresult* result) {
 Wire::Wire(const ConnectionOptions& options, Long timeout, sql::SettingsScope scope)
     : connection_(Connect(options, timeout)) {
   if (PQstatus(Get()) != CONNECTION_OK) throw ConnectionError(Get(), kRefusalState);
+  line_ = LineEnd(PQsocket(Get()));
   cancel_.reset(PQgetCancel(Get()), PQfreeCancel);
   PQsetNoticeProcessor(
       Get(), [](void*, const char*) {}, nullptr);
@@ -102,7 +103,7 @@ bool Wire::Cancel() noexcept {
 
 void Wire::GiveUp() noexcept {
   lost_ = true;
-  if (!connection_.get_deleter().isLent) EndLine(PQsocket(Get()));
+  if (!connection_.get_deleter().isLent) line_.End();
 }
 
 void Wire::Fail(const DriverError& error) {
@@ -118,10 +119,20 @@ void Wire::RequireSound(const PGresult* result) {
 }
 
 void Wire::Settle() {
-  if (underWay_ == nullptr) return;
-  Batch& batch = *underWay_;
-  batch.KeepRest();
-  if (batch.failure_) throw DriverError(*batch.failure_);
+  const auto batch = underWay_;
+  if (batch == nullptr) return;
+  KeepRest();
+  if (batch->failure) throw DriverError(*batch->failure);
+}
+
+// A batch that ends meanwhile, because its call was left, is not touched.
+void Wire::KeepRest() {
+  const auto batch = underWay_;
+  try {
+    while (Result result = Take()) batch->results.push_back(std::move(result));
+  } catch (const DriverError& error) {
+    batch->failure = error;
+  }
 }
 
 Result Wire::Ask(const std::string& text, const Values& values) {
@@ -134,9 +145,9 @@ Result Wire::Ask(const std::string& text, const Values& values) {
   return result;
 }
 
-void Wire::Send(Batch& batch, const std::string& text) {
+void Wire::Send(const std::shared_ptr<Received>& batch, const std::string& text) {
   if (PQsendQuery(Get(), text.c_str()) == 0) Fail(ErrorOf(Get(), nullptr));
-  underWay_ = &batch;
+  underWay_ = batch;
 }
 
 // The next result of the batch under way; a null pointer when there is none and the connection is
@@ -169,33 +180,29 @@ Result Wire::Take() {
 void Batch::Send(const std::string& text) {
   Drop();
   wire_->Settle();
-  wire_->Send(*this, text);
+  wire_->Send(received_, text);
 }
 
 Result Batch::Next() {
-  if (!kept_.empty()) {
-    Result result = std::move(kept_.front());
-    kept_.pop_front();
+  auto& [results, failure] = *received_;
+  if (!results.empty()) {
+    Result result = std::move(results.front());
+    results.pop_front();
     return result;
   }
-  if (failure_) throw DriverError(*std::exchange(failure_, std::nullopt));
-  return wire_->underWay_ == this ? wire_->Take() : nullptr;
+  if (failure) throw DriverError(*std::exchange(failure, std::nullopt));
+  return IsUnderWay() ? wire_->Take() : nullptr;
 }
 
 void Batch::KeepRest() {
-  if (wire_->underWay_ != this) return;
-  try {
-    while (Result result = wire_->Take()) kept_.push_back(std::move(result));
-  } catch (const DriverError& error) {
-    failure_ = error;
-  }
+  if (IsUnderWay()) wire_->KeepRest();
 }
 
 void Batch::Drop() noexcept {
-  kept_.clear();
-  failure_.reset();
-  // A line that was given up may still be in use by the call that was left.
-  if (wire_->underWay_ == this && !wire_->IsLost()) wire_->Discard();
+  // A line that was given up may still be in use by the call that was left, and so may what it has
+  // received.
+  if (!wire_->IsLost() && IsUnderWay()) wire_->Discard();
+  received_ = std::make_shared<Received>();
 }
 
 }  // namespace tessaria::postgres

@@ -11,12 +11,19 @@
 
 #include "hosts/postgres/connection_text.h"
 #include "hosts/postgres/known_tables.h"
+#include "hosts/postgres/line_end.h"
 #include "hosts/postgres/pg_result.h"
 #include "hosts/sql/driver/settings_scope.h"
 
 namespace tessaria::postgres {
 
 class Batch;
+
+/// What has arrived of a batch and was not taken yet. A call that was left keeps its own hold.
+struct Received {
+  std::list<Result> results;           // seldom any
+  std::optional<DriverError> failure;  // comes after the results
+};
 
 /// Values of a statement's parameters in UTF-8; nothing for Null.
 using Values = std::vector<std::optional<std::string>>;
@@ -61,7 +68,8 @@ class Wire {
  private:
   friend class Batch;
 
-  void Send(Batch& batch, const std::string& text);
+  void Send(const std::shared_ptr<Received>& batch, const std::string& text);
+  void KeepRest();
   Result Take();
   Result Receive() noexcept;
   void Discard() noexcept;
@@ -71,8 +79,9 @@ class Wire {
   std::unique_ptr<PGconn, ConnectionEnd> connection_;
   std::function<bool()> isThere_;
   std::shared_ptr<PGcancel> cancel_;
-  Batch* underWay_ = nullptr;
-  int process_ = 0;  // the server's, of a connection of the program
+  LineEnd line_;
+  std::shared_ptr<Received> underWay_;  // of the batch whose results are still arriving
+  int process_ = 0;                     // the server's, of a connection of the program
   mutable std::atomic<bool> lost_ = false;
   KnownTables tables_;
 };
@@ -97,9 +106,10 @@ class Batch {
  private:
   friend class Wire;
 
+  bool IsUnderWay() const { return wire_->underWay_ == received_; }
+
   std::shared_ptr<Wire> wire_;
-  std::list<Result> kept_;              // seldom any
-  std::optional<DriverError> failure_;  // comes after what is kept
+  std::shared_ptr<Received> received_ = std::make_shared<Received>();
 };
 
 }  // namespace tessaria::postgres

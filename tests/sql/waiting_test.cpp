@@ -1,4 +1,6 @@
 // Waits for the server: their bounds, the operator who gives up, and what asks meanwhile.
+#include <signal.h>
+
 #include <chrono>
 #include <functional>
 #include <stdexcept>
@@ -60,6 +62,25 @@ TEST_F(WaitingTest, StatementThatTakesTooLongIsGivenUp) {
   EXPECT_HOST_ERROR(Run(u"select pg_sleep(20)"), errors::TimeOut);
   EXPECT_LT(Clock::now() - start, 5s);
   EXPECT_SAME(Scalar(u"select 1"), Long{1});
+}
+
+// The operator gives up while the savepoint before the statement is awaited: cancelling that would
+// make the transaction fail.
+TEST_F(WaitingTest, GivingUpBeforeAStatementGivesUpTheStatementAndNotTheTransaction) {
+  connection_->BeginTrans();
+  Run(u"insert into t values (3, 'Caio')");
+  const auto process = static_cast<pid_t>(CLng(Scalar(u"select pg_backend_pid()")));
+  Watcher watcher;
+  watcher.onPass = [&](const host::Wait& wait) {
+    if (wait.Elapsed > 600ms) kill(process, SIGCONT);
+    return watcher.passes == 1;
+  };
+  kill(process, SIGSTOP);
+  EXPECT_HOST_ERROR(Run(u"select pg_sleep(25)"), errors::Cancelled);
+  kill(process, SIGCONT);
+  Run(u"insert into t values (4, 'Davi')");
+  connection_->CommitTrans();
+  EXPECT_SAME(Scalar(u"select count(*)::integer from t"), Long{4});
 }
 
 TEST_F(WaitingTest, LockedRowIsGivenUpAndTheEditStays) {

@@ -29,6 +29,10 @@ GivingUp::GivingUp(Worker& canceller, CallTerms terms)
 
 // A call that goes on although the server has taken the request has its time like one that is late.
 void GivingUp::ByOperator() {
+  if (terms_.isBracket) {
+    if (!std::exchange(isHurried_, true)) due_ = std::min(due_, Clock::now() + kSilence);
+    return;
+  }
   if (hasGivenUpLink_ || !IsOverWithin({}) || !AskToCancel()) return;
   isByOperator_ = true;
   isOverdue_ = true;
@@ -39,6 +43,7 @@ void GivingUp::Step() {
   if (hasGivenUpLink_ || Clock::now() < due_ || !IsOverWithin({})) return;
   if (isOverdue_ && terms_.mayBeLeft) return GiveUpLink();
   isOverdue_ = true;
+  isByOperator_ = isHurried_;
   due_ = Clock::now() + kForCancel;
   AskToCancel();
 }

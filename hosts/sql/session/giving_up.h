@@ -14,6 +14,7 @@ struct CallTerms {
   LinkPtr link;
   std::chrono::seconds bound{0};  ///< in which the server should have ended it; 0 for none
   bool mayBeLeft = true;          ///< false where the program goes on using the connection
+  bool isBracket = false;         ///< around a statement, which is what the operator gives up
 };
 
 /// Of one call, on the thread that waits for it. The server is asked to cancel it when the operator
@@ -25,8 +26,10 @@ class GivingUp {
   GivingUp(const GivingUp&) = delete;
   GivingUp& operator=(const GivingUp&) = delete;
 
-  /// Has no effect while a request to cancel is under way.
+  /// Has no effect while a request to cancel is under way. A bracket is only cancelled when the
+  /// server is silent.
   void ByOperator();
+  bool IsBracket() const { return terms_.isBracket; }
   /// Does what the time demands.
   void Step();
   /// Whether no request to cancel is under way, which could meet a later statement.
@@ -48,6 +51,7 @@ class GivingUp {
   Clock::time_point due_;  // of the next step
   bool isOverdue_ = false;
   bool isByOperator_ = false;
+  bool isHurried_ = false;  // a bracket that the operator waits for
   std::atomic<bool> hasGivenUpLink_ = false;
   Clock::time_point givenUp_;
 };

@@ -48,6 +48,7 @@ Patience::Request::Request(Patience& patience, host::Awaited what)
 Patience::Request::~Request() {
   patience_.what_ = before_;
   if (--patience_.depth_ > 0) return;
+  patience_.isWished_ = false;
   if (auto* const view = std::exchange(patience_.passed_, nullptr)) view->Over();
 }
 
@@ -78,7 +79,11 @@ void Patience::Watch(GivingUp& givingUp) {
   };
   for (auto step = kMoment; !isOverWithin(step) && !givingUp.IsHopeless(); step = kStep) {
     givingUp.Step();
-    if (Pass()) givingUp.ByOperator();
+    isWished_ = Pass() || isWished_;
+    if (!isWished_) continue;
+    givingUp.ByOperator();
+    // Cancelling what brackets a statement would make the transaction fail: the statement is meant.
+    isWished_ = givingUp.IsBracket();
   }
 }
 

@@ -78,6 +78,7 @@ class Patience {
   Long rows_ = 0;
   host::Awaited what_ = host::Awaited::Answer;
   int givenUp_ = 0;
+  bool isWished_ = false;  // the operator has given up while something around a statement ran
   host::WaitView* passed_ = nullptr;  // the view that shows this request
 };
 

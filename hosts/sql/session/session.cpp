@@ -23,15 +23,15 @@ class Session::Savepoint {
  public:
   explicit Savepoint(Session& session)
       : session_(session), set_(session.InTransaction() && session.server_.IsPostgres()) {
-    if (set_) session_.RunPlain(Beginning());
+    if (set_) session_.RunBracket(Beginning());
   }
   Savepoint(const Savepoint&) = delete;
   Savepoint& operator=(const Savepoint&) = delete;
   ~Savepoint() {
     if (!set_ || !session_.IsOpen()) return;
     try {
-      session_.RunPlain(session_.adoption_ ? Adoption::Undo()
-                                           : u"ROLLBACK TO SAVEPOINT tessaria_statement");
+      session_.RunBracket(session_.adoption_ ? Adoption::Undo()
+                                             : u"ROLLBACK TO SAVEPOINT tessaria_statement");
     } catch (...) {
       // The statement's own error is being raised and says more.
     }
@@ -39,8 +39,8 @@ class Session::Savepoint {
 
   void Release() {
     if (set_)
-      session_.RunPlain(session_.adoption_ ? session_.adoption_->Leave()
-                                           : u"RELEASE SAVEPOINT tessaria_statement");
+      session_.RunBracket(session_.adoption_ ? session_.adoption_->Leave()
+                                             : u"RELEASE SAVEPOINT tessaria_statement");
     set_ = false;
   }
   /// Leaves it in the transaction: the statement has dropped it, or depends on it.

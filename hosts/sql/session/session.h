@@ -202,10 +202,12 @@ class Session : public std::enable_shared_from_this<Session> {
   void SettleRows();
   void Settle();
   void RunPlain(const String& text);
+  void RunBracket(const String& text);
+  void RunApart(const String& text, bool isBracket);
   void SendEnd(void (Link::*end)(), const String& text);
   void Enclose(const std::function<void()>& call);
   void RequireTransaction(bool mayHaveFailed = false);
-  void Await(std::function<void()> call, int statements = 1);
+  void Await(std::function<void()> call, int statements = 1, bool isBracket = false);
   void NoteLoss() noexcept;
   void ForEachDistant(const std::function<void(DistantRows& rows)>& act);
   void EndDistant() noexcept;

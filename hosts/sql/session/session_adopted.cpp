@@ -70,11 +70,11 @@ void Session::BeginForProgram(const String& modes) {
 
 // Without settings, which a savepoint of the program would keep.
 void Session::GuardSavepoint(const String& text) {
-  RunPlain(u"SAVEPOINT tessaria_statement");
+  RunBracket(u"SAVEPOINT tessaria_statement");
   try {
     RunPlain(text);
   } catch (...) {
-    if (IsOpen()) RunPlain(Adoption::Undo());
+    if (IsOpen()) RunBracket(Adoption::Undo());
     throw;
   }
 }

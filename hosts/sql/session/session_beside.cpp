@@ -105,15 +105,15 @@ String Session::ReadersInTheWay() {
 // Asked inside a transaction of rows, to which a failure does nothing, nor to their cursors. The
 // transaction of the session itself may have failed.
 String Session::AnswerAside(const String& question) {
-  RunPlain(u"SAVEPOINT tessaria_question");
+  RunBracket(u"SAVEPOINT tessaria_question");
   try {
     const StatementPtr statement = InnerStatement();
     Execute(*statement, question);
     const String answer = FirstRow(*statement)[0].value_or(String());
-    RunPlain(u"RELEASE SAVEPOINT tessaria_question");
+    RunBracket(u"RELEASE SAVEPOINT tessaria_question");
     return answer;
   } catch (...) {
-    if (IsOpen()) RunPlain(u"ROLLBACK TO SAVEPOINT tessaria_question");
+    if (IsOpen()) RunBracket(u"ROLLBACK TO SAVEPOINT tessaria_question");
     throw;
   }
 }

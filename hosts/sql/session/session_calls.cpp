@@ -23,12 +23,12 @@ int StatementsIn(StringView text) {
 }  // namespace
 
 // `statements` are in the call, at the most.
-void Session::Await(std::function<void()> call, int statements) {
+void Session::Await(std::function<void()> call, int statements, bool isBracket) {
   const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
   const LinkPtr link = RequireLink();
   try {
     patience_->Await(std::move(call), {link, std::chrono::seconds(commandTimeout_) * statements,
-                                       !adoption_.has_value()});
+                                       !adoption_.has_value(), isBracket});
   } catch (const DriverError& error) {
     NoteLoss();
     if (!error.IsLockTimeOut() || !HoldInTheWay()) throw;
@@ -94,13 +94,18 @@ std::int64_t Session::ExecuteWith(Statement& statement, const String& text,
   return sent->rows;
 }
 
-void Session::RunPlain(const String& text) {
+void Session::RunPlain(const String& text) { RunApart(text, false); }
+
+// Around a statement of a transaction: the operator gives up the statement, and not this.
+void Session::RunBracket(const String& text) { RunApart(text, true); }
+
+void Session::RunApart(const String& text, bool isBracket) {
   RequireWellFormed(text);
   const auto call = [statement = InnerStatement(), text] {
     statement->Run(text);
     while (statement->NextResult()) continue;
   };
-  Await(call, StatementsIn(text));
+  Await(call, StatementsIn(text), isBracket);
 }
 
 void Session::RunCatalogue(std::function<void(Link&)> ask) {
