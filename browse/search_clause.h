@@ -1,6 +1,7 @@
 // The SQL condition of one answered search.
 #pragma once
 
+#include "tessaria/export.h"
 #include "tessaria/string.h"
 
 namespace tessaria::mdlObjTxt {
@@ -27,7 +28,7 @@ inline constexpr Long LessOrEqual = 7;
 
 /// The field qualified with its table: the table's name is put before it, or after the first "(" of
 /// an expression. A field that contains a "." is not changed.
-String QualifyField(const String& field, const String& table);
+TESSARIA_HOST_API String QualifyField(const String& field, const String& table);
 
 /// The condition on a field of a select list, whose alias is removed. A text (`kind` 8) is passed
 /// as typed, any other value as an SQL literal. The result is "" for a text with an unknown `like`;

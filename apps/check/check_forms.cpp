@@ -1,86 +1,84 @@
 #include "apps/check/check_forms.h"
 
-#include <algorithm>
-#include <vector>
+#include <QFile>
+#include <ostream>
 
-#include "apps/check/checks.h"
-
-#include <tessaria/error.h>
-#include <tessaria/odbc/connection.h>
-#include <tessaria/postgres/connection.h>
-#include <tessaria/utf8.h>
+#include "apps/check/database_rules.h"
+#include "apps/check/rules.h"
+#include "apps/check/settings_reader.h"
+#include "tessaria/error.h"
+#include "tessaria/odbc/connection.h"
+#include "tessaria/postgres/connection.h"
+#include "tessaria/text.h"
 
 namespace tessaria::formcheck {
 namespace {
 
-constexpr int kNothing = 0;
-constexpr int kFindings = 1;
-constexpr int kFailed = 2;
-
-/// Null without a connection string. Raises the errors of the provider.
 host::ConnectionPtr Connect(const Options& options) {
   if (options.connection.empty()) return nullptr;
-  const auto connection =
+  auto connection =
       options.driver == "odbc" ? odbc::CreateConnection() : postgres::CreateConnection();
   connection->ConnectionString(FromUtf8(options.connection));
   connection->Open();
   return connection;
 }
 
-std::vector<Finding> FindingsIn(FormFile file, host::Connection* connection) {
-  std::vector<Finding> findings;
-  Form form{std::move(file), {}};
-  for (const Widget& widget : form.file.widgets) {
-    if (widget.className != kFieldClass) continue;
-    form.fields.emplace_back(widget);
-    form.fields.back().Read(findings);
+Findings CheckForm(QIODevice& file, host::Connection* connection) {
+  Findings findings;
+  CheckedForm form;
+  if (!ReadForm(file, form.file, findings)) return findings;
+  CheckClasses(form.file, findings);
+  for (const FormWidget& widget : form.file.widgets)
+    if (form.file.IsField(widget)) form.fields.push_back(ReadSettings(widget, findings));
+  for (const Field& field : form.fields) {
+    CheckMasks(field, findings);
+    CheckNames(form, field, findings);
+    CheckLookup(field, findings);
+    CheckPair(form, field, findings);
+    CheckParameters(form, field, findings);
   }
-  Check check(form, findings);
-  check.Masks();
-  check.Names();
-  check.Lookups();
-  check.Parameters();
-  if (connection != nullptr) check.Database(*connection);
-  std::stable_sort(findings.begin(), findings.end(),
-                   [](const Finding& a, const Finding& b) { return a.line < b.line; });
+  if (connection) CheckDatabase(form, *connection, findings);
   return findings;
 }
 
-int CheckFile(const std::string& path, const Options& options, host::Connection* connection,
-              std::ostream& out) {
-  std::vector<Finding> findings;
-  try {
-    findings = FindingsIn(ReadForm(path), connection);
-  } catch (const NoForm& reason) {
-    findings = {{{}, reason.line, {}, "form", Severity::Mistake, reason.what()}};
+/// Returns whether there was any.
+bool Tell(const Options& options, const std::string& file, const Findings& findings,
+          std::ostream& out) {
+  bool any = false;
+  for (const Finding& finding : findings.InOrder()) {
+    if (finding.severity == Severity::Warning && !options.warnings) continue;
+    any = true;
+    out << (options.json ? AsJson(file, finding) : AsText(file, finding)) << "\n";
   }
-  for (Finding& finding : findings) {
-    finding.file = path;
-    options.json ? WriteJson(finding, out) : WriteText(finding, out);
-  }
-  return findings.empty() ? kNothing : kFindings;
+  return any;
 }
 
 }  // namespace
 
+const Field* CheckedForm::FieldNamed(StringView name) const {
+  for (const Field& field : fields)
+    if (!name.empty() && EqualNoCase(field.Name(), name)) return &field;
+  return nullptr;
+}
+
 int CheckForms(const Options& options, std::ostream& out, std::ostream& error) {
-  host::ConnectionPtr connection;
+  int code = 0;
   try {
-    connection = Connect(options);
-  } catch (const HostError& failure) {
-    error << "tessaria-check: the database cannot be reached: " << failure.what() << "\n";
-    return kFailed;
-  }
-  int code = kNothing;
-  for (const std::string& path : options.files) {
-    try {
-      code = std::max(code, CheckFile(path, options, connection.get(), out));
-    } catch (const Unreadable& reason) {
-      error << "tessaria-check: " << path << ": " << reason.what() << "\n";
-      code = kFailed;
+    const host::ConnectionPtr connection = Connect(options);
+    for (const std::string& path : options.files) {
+      QFile file(QString::fromStdString(path));
+      if (!file.open(QIODevice::ReadOnly)) {
+        error << "tessaria-check: " << path << ": " << file.errorString().toStdString() << "\n";
+        code = 2;
+      } else if (Tell(options, path, CheckForm(file, connection.get()), out) && code == 0) {
+        code = 1;
+      }
     }
+    return code;
+  } catch (const HostError& failure) {
+    error << "tessaria-check: the database cannot be asked: " << failure.what() << "\n";
+    return 2;
   }
-  return code;
 }
 
 }  // namespace tessaria::formcheck

@@ -1,52 +1,51 @@
-// A field of a form as its settings describe it.
+// A field of a form file, with its settings as the control reads them.
 #pragma once
 
-#include <map>
 #include <memory>
-#include <vector>
 
-#include "apps/check/finding.h"
 #include "apps/check/form_file.h"
-
-#include <tessaria/browse_definition.h>
-#include <tessaria/pesquisa_definition.h>
-#include <tessaria/variant.h>
+#include "tessaria/browse_definition.h"
+#include "tessaria/pesquisa_definition.h"
+#include "tessaria/tstext_interface.h"
 
 namespace tessaria::formcheck {
 
-class Field {
- public:
-  explicit Field(const Widget& widget) : widget_(&widget) {}
-
-  /// Reads the settings; what cannot be read is reported and left out.
-  void Read(std::vector<Finding>& findings);
-
-  const String& Name() const { return widget_->name; }
-  /// Of the setting ("Mascara", "Browse.BrwWhere"), or of the field when it has none of that key.
-  int LineOf(StringView key) const;
-  bool Has(StringView key) const;
-  String TextOf(StringView key) const;
-  Long NumberOf(StringView key, Long byDefault) const;
-
-  /// The lookup and the searches; null when the settings hold none.
-  const std::shared_ptr<Browse>& Lookup() const { return lookup_; }
-  const std::shared_ptr<Pesquisa>& Searches() const { return searches_; }
-
- private:
-  void ReadLine(const Text& line, std::vector<Finding>& findings);
-  void ReadDefinitions();
-  bool IsKnown(const String& key, int line, std::vector<Finding>& findings) const;
-  Finding About(int line, const char* kind, const String& message) const;
-
-  const Widget* widget_;
-  struct Setting {
-    Variant value;
-    int line;
-  };
-  std::map<String, Setting> settings_;  ///< by their keys in small letters
-  std::vector<String> readable_;        ///< the lines that can be read
-  std::shared_ptr<Browse> lookup_;
-  std::shared_ptr<Pesquisa> searches_;
+/// One readable line of the settings.
+struct Setting {
+  int line = 0;
+  String key;  ///< with its object: "Browse.BrwCampo"
+  Variant value;
 };
+
+struct Field {
+  const FormWidget* widget = nullptr;
+  std::vector<Setting> settings;
+  std::shared_ptr<Browse> browse;      ///< null when the file holds none
+  std::shared_ptr<Pesquisa> pesquisa;  ///< likewise
+
+  const String& Name() const { return widget->name; }
+  /// Null when there is no such line.
+  const Setting* Find(StringView key) const;
+  /// The line of a setting; that of the widget when there is none.
+  int LineOf(StringView key) const;
+  String Text(StringView key) const;
+  Long Number(StringView key, Long byDefault) const;
+  bool Flag(StringView key, bool byDefault) const;
+  TipoControle Kind() const;
+  bool LooksUp() const;
+  String PromptChar() const;
+
+  /// A text of the lookup: the field's own, or else that of the definition.
+  String Lookup(StringView key) const;
+  /// The line of that text.
+  int LookupLine(StringView key) const;
+  /// What stands after "From".
+  String From() const;
+};
+
+/// The names of the eight texts of a lookup.
+inline constexpr StringView kLookupTexts[] = {u"BrwTitulo",     u"BrowseTable",    u"BrwCampo",
+                                              u"BrwCampoIrmao", u"BrwCampoOutros", u"BrwGroupBy",
+                                              u"BrwLeftJoin",   u"BrwWhere"};
 
 }  // namespace tessaria::formcheck

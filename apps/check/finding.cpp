@@ -2,32 +2,38 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <algorithm>
 
 namespace tessaria::formcheck {
 namespace {
 
-const char* NameOf(Severity severity) {
-  return severity == Severity::Mistake ? "error" : "warning";
-}
+const char* NameOf(Severity severity) { return severity == Severity::Error ? "error" : "warning"; }
 
 }  // namespace
 
-void WriteText(const Finding& finding, std::ostream& out) {
-  out << finding.file << ':';
-  if (finding.line > 0) out << finding.line << ':';
-  out << ' ' << NameOf(finding.severity) << ": ";
-  if (!finding.field.empty()) out << finding.field << ": ";
-  out << finding.message << " [" << finding.kind << "]\n";
+std::vector<Finding> Findings::InOrder() const {
+  std::vector<Finding> list = list_;
+  std::stable_sort(list.begin(), list.end(),
+                   [](const Finding& a, const Finding& b) { return a.line < b.line; });
+  return list;
 }
 
-void WriteJson(const Finding& finding, std::ostream& out) {
-  const QJsonObject object{{QStringLiteral("file"), QString::fromStdString(finding.file)},
+std::string AsText(const std::string& file, const Finding& finding) {
+  std::string text = file + ":" + std::to_string(finding.line) + ": " + NameOf(finding.severity);
+  if (!finding.field.empty()) text += ": " + finding.field;
+  return text + ": " + finding.message + " [" + finding.kind + "]";
+}
+
+std::string AsJson(const std::string& file, const Finding& finding) {
+  const QJsonObject object{{QStringLiteral("file"), QString::fromStdString(file)},
                            {QStringLiteral("line"), finding.line},
                            {QStringLiteral("field"), QString::fromStdString(finding.field)},
-                           {QStringLiteral("kind"), QString::fromStdString(finding.kind)},
                            {QStringLiteral("severity"), QLatin1String(NameOf(finding.severity))},
+                           {QStringLiteral("kind"), QString::fromStdString(finding.kind)},
                            {QStringLiteral("message"), QString::fromStdString(finding.message)}};
-  out << QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString() << "\n";
+  return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
 }
+
+std::string Quoted(StringView text) { return "'" + ToUtf8(text) + "'"; }
 
 }  // namespace tessaria::formcheck

@@ -1,27 +1,49 @@
-// What the check of a form reports, and how it is written.
+// One finding of a check, and the list of those of a form.
 #pragma once
 
-#include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "tessaria/string.h"
+#include "tessaria/utf8.h"
 
 namespace tessaria::formcheck {
 
-/// A mistake will not work; a doubt may be meant, or made good by the program.
-enum class Severity { Mistake, Doubt };
+enum class Severity {
+  Error,   ///< will not work
+  Warning  ///< will not work, unless the program does its part
+};
 
 struct Finding {
-  std::string file;
-  int line = 0;       ///< from 1; 0 for the whole file
-  std::string field;  ///< the object name; empty for the form itself
-  std::string kind;   ///< a word that does not change, for programs
-  Severity severity = Severity::Mistake;
+  Severity severity;
+  int line;
+  std::string field;  ///< empty for a finding about the file
+  std::string kind;   ///< a name for programs, which stays the same when the message changes
   std::string message;
 };
 
-/// "FILE:LINE: error: FIELD: message", as compilers write it.
-void WriteText(const Finding& finding, std::ostream& out);
-/// One JSON object in a line.
-void WriteJson(const Finding& finding, std::ostream& out);
+class Findings {
+ public:
+  void Error(int line, const String& field, const char* kind, std::string message) {
+    list_.push_back({Severity::Error, line, ToUtf8(field), kind, std::move(message)});
+  }
+  void Warning(int line, const String& field, const char* kind, std::string message) {
+    list_.push_back({Severity::Warning, line, ToUtf8(field), kind, std::move(message)});
+  }
+  /// In the order of their lines.
+  std::vector<Finding> InOrder() const;
+
+ private:
+  std::vector<Finding> list_;
+};
+
+/// `FILE:LINE: error: FIELD: message [kind]`, as compilers write it; "warning" for a warning.
+std::string AsText(const std::string& file, const Finding& finding);
+/// One JSON object in one line.
+std::string AsJson(const std::string& file, const Finding& finding);
+
+/// A text between apostrophes, for a message.
+std::string Quoted(StringView text);
 
 }  // namespace tessaria::formcheck

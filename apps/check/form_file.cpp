@@ -1,99 +1,169 @@
 #include "apps/check/form_file.h"
 
-#include <QFile>
 #include <QXmlStreamReader>
+#include <algorithm>
 
-#include <tessaria/text.h>
+#include "tessaria/qt/text.h"
+#include "tessaria/text.h"
 
 namespace tessaria::formcheck {
-
-const char16_t* const kFieldClass = u"tessaria::qt::TsText";
-const char16_t* const kDataControlClass = u"tessaria::qt::Adodc";
-
 namespace {
 
-bool Is(const QXmlStreamReader& xml, const char* name) { return xml.name() == QLatin1String(name); }
-
-String Attribute(const QXmlStreamReader& xml, const char* name) {
-  return xml.attributes().value(QLatin1String(name)).toString().toStdU16String();
-}
-
-class Reader {
+class FormReader {
  public:
-  explicit Reader(QIODevice& file) : xml_(&file) {}
+  FormReader(QIODevice& file, FormFile& form, Findings& findings)
+      : xml_(&file), form_(form), findings_(findings) {}
 
-  FormFile Read() {
-    if (!xml_.readNextStartElement() || !Is(xml_, "ui"))
-      throw NoForm(xml_.hasError() ? xml_.errorString().toStdString()
-                                   : std::string("this is no form of Qt Designer"),
-                   Line());
-    while (!xml_.atEnd()) {
-      xml_.readNext();
-      if (xml_.isStartElement() && Is(xml_, "widget")) ReadWidget();
+  bool Read() {
+    const bool isForm = xml_.readNextStartElement() && xml_.name() == u"ui";
+    if (isForm) ReadUi();
+    if (xml_.hasError()) {
+      findings_.Error(LineNow(), {}, "xml", "broken XML: " + xml_.errorString().toStdString());
+      return false;
     }
-    if (xml_.hasError()) throw NoForm(xml_.errorString().toStdString(), Line());
-    return std::move(form_);
+    if (!isForm || form_.widgets.empty()) {
+      findings_.Error(1, {}, "no-form", "there is no form in this file");
+      return false;
+    }
+    return true;
   }
 
  private:
-  int Line() const { return static_cast<int>(xml_.lineNumber()); }
+  int LineNow() const { return static_cast<int>(xml_.lineNumber()); }
+  String Attribute(const char* name) const {
+    return qt::fromQt(xml_.attributes().value(QLatin1String(name)).toString());
+  }
+  Line TextHere() {
+    const int line = LineNow();
+    return {line, qt::fromQt(xml_.readElementText(QXmlStreamReader::IncludeChildElements))};
+  }
 
-  /// With everything that is on it.
-  void ReadWidget() {
-    const std::size_t at = form_.widgets.size();
-    form_.widgets.push_back({Attribute(xml_, "class"), Attribute(xml_, "name"), Line(), {}, {}});
-    for (int depth = 1; depth > 0 && !xml_.atEnd();) {
-      xml_.readNext();
-      if (xml_.isEndElement()) --depth;
-      if (!xml_.isStartElement()) continue;
-      if (Is(xml_, "widget")) {
-        ReadWidget();
-      } else if (Is(xml_, "property")) {
-        ReadProperty(at);
+  void ReadUi() {
+    while (xml_.readNextStartElement()) {
+      if (xml_.name() == u"widget") {
+        ReadWidget(-1);
+      } else if (xml_.name() == u"customwidgets") {
+        ReadCustomWidgets();
       } else {
-        ++depth;
+        xml_.skipCurrentElement();
       }
     }
   }
 
-  void ReadProperty(std::size_t widget) {
-    const String name = Attribute(xml_, "name");
+  void ReadWidget(int parent) {
+    FormWidget widget;
+    widget.className = Attribute("class");
+    widget.name = Attribute("name");
+    widget.line = LineNow();
+    widget.parent = parent;
+    widget.page = static_cast<int>(
+        std::count_if(form_.widgets.begin(), form_.widgets.end(),
+                      [parent](const FormWidget& other) { return other.parent == parent; }));
+    const int position = static_cast<int>(form_.widgets.size());
+    form_.widgets.push_back(std::move(widget));
+    ReadContents(position, true);
+  }
+
+  /// What is inside a widget, or inside a layout or an item of it, whose properties are not the
+  /// widget's.
+  void ReadContents(int owner, bool isWidget) {
     while (xml_.readNextStartElement()) {
-      if (Is(xml_, "stringlist")) {
-        ReadList(widget, name);
+      if (xml_.name() == u"widget") {
+        ReadWidget(owner);
+      } else if (xml_.name() == u"layout" || xml_.name() == u"item") {
+        ReadContents(owner, false);
+      } else if (xml_.name() == u"property" && isWidget) {
+        ReadProperty(form_.widgets[static_cast<std::size_t>(owner)]);
       } else {
-        const int line = Line();
-        const QString text = xml_.readElementText(QXmlStreamReader::IncludeChildElements);
-        form_.widgets[widget].properties[name] = {text.toStdU16String(), line};
+        if (xml_.name() == u"action") form_.actions.push_back(Attribute("name"));
+        xml_.skipCurrentElement();
       }
     }
   }
 
-  void ReadList(std::size_t widget, const String& name) {
+  void ReadProperty(FormWidget& widget) {
+    const String name = Attribute("name");
+    const bool isSettings = name == u"settings";
+    if (isSettings) widget.hasSettings = true;
     while (xml_.readNextStartElement()) {
-      const int line = Line();
-      const String text =
-          xml_.readElementText(QXmlStreamReader::IncludeChildElements).toStdU16String();
-      if (name == u"settings") form_.widgets[widget].settings.push_back({text, line});
+      if (xml_.name() == u"string") {
+        widget.texts[name] = TextHere();
+        if (isSettings) RefuseSettings(widget, widget.texts[name].number);
+      } else if (xml_.name() == u"stringlist" && isSettings) {
+        while (xml_.readNextStartElement()) widget.settings.push_back(TextHere());
+      } else {
+        xml_.skipCurrentElement();
+      }
+    }
+  }
+
+  void RefuseSettings(const FormWidget& widget, int line) {
+    findings_.Error(line, widget.name, "settings", "the settings must be a <stringlist>");
+  }
+
+  void ReadCustomWidgets() {
+    while (xml_.readNextStartElement()) {
+      CustomWidget custom;
+      custom.line = LineNow();
+      while (xml_.readNextStartElement()) {
+        const QString element = xml_.name().toString();
+        const String text = TextHere().text;
+        if (element == u"class") custom.className = text;
+        if (element == u"extends") custom.extends = text;
+        if (element == u"header") custom.header = text;
+      }
+      form_.customWidgets.push_back(std::move(custom));
     }
   }
 
   QXmlStreamReader xml_;
-  FormFile form_;
+  FormFile& form_;
+  Findings& findings_;
 };
 
 }  // namespace
 
-const Widget* FormFile::Find(const String& name) const {
-  for (const Widget& widget : widgets)
-    if (EqualNoCase(widget.name, name)) return &widget;
+const FormWidget* FormFile::Named(StringView name) const {
+  for (const FormWidget& widget : widgets)
+    if (!name.empty() && EqualNoCase(widget.name, name)) return &widget;
   return nullptr;
 }
 
-FormFile ReadForm(const std::string& path) {
-  QFile file(QString::fromStdString(path));
-  if (!file.open(QIODevice::ReadOnly)) throw Unreadable(file.errorString().toStdString());
-  return Reader(file).Read();
+const CustomWidget* FormFile::Custom(StringView className) const {
+  for (const CustomWidget& custom : customWidgets)
+    if (custom.className == className) return &custom;
+  return nullptr;
+}
+
+bool FormFile::IsA(const FormWidget& widget, StringView className) const {
+  String own = widget.className;
+  // A file may promote in a circle.
+  for (std::size_t step = 0; step <= customWidgets.size(); ++step) {
+    if (own == className) return true;
+    const CustomWidget* const custom = Custom(own);
+    if (!custom) return false;
+    own = custom->extends;
+  }
+  return false;
+}
+
+bool FormFile::IsField(const FormWidget& widget) const {
+  return IsA(widget, u"tessaria::qt::TsText");
+}
+
+bool FormFile::IsDataControl(const FormWidget& widget) const {
+  return IsA(widget, u"tessaria::qt::Adodc");
+}
+
+std::vector<String> FormFile::NamesBeside(const FormWidget& widget) const {
+  std::vector<String> names;
+  for (const FormWidget& other : widgets)
+    if (&other != &widget) names.push_back(other.name);
+  return names;
+}
+
+bool ReadForm(QIODevice& file, FormFile& form, Findings& findings) {
+  return FormReader(file, form, findings).Read();
 }
 
 }  // namespace tessaria::formcheck

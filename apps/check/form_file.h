@@ -1,50 +1,53 @@
-// A form file as the check reads it: its widgets, with the lines that they are in.
+// A form file: its widgets with their settings, and the line of each.
 #pragma once
 
 #include <map>
-#include <stdexcept>
-#include <string>
 #include <vector>
 
-#include <tessaria/string.h>
+#include "apps/check/finding.h"
+
+class QIODevice;
 
 namespace tessaria::formcheck {
 
-/// A text of the file, and the line that it begins in, from 1.
-struct Text {
+struct Line {
+  int number = 0;
   String text;
-  int line = 0;
 };
 
-struct Widget {
+struct FormWidget {
   String className;
   String name;
   int line = 0;
-  std::vector<Text> settings;         ///< the stored settings of a field, the version first
-  std::map<String, Text> properties;  ///< plain texts and numbers, by their names
+  int parent = -1;               ///< position in `FormFile::widgets`; -1 for the form itself
+  int page = 0;                  ///< position among the widgets of its parent, from 0
+  std::map<String, Line> texts;  ///< properties that are a text
+  bool hasSettings = false;
+  std::vector<Line> settings;
+};
+
+struct CustomWidget {
+  int line = 0;
+  String className, extends, header;
 };
 
 struct FormFile {
-  std::vector<Widget> widgets;
+  std::vector<FormWidget> widgets;  ///< the form first
+  std::vector<String> actions;
+  std::vector<CustomWidget> customWidgets;
 
   /// Without regard to case; null when there is none.
-  const Widget* Find(const String& name) const;
+  const FormWidget* Named(StringView name) const;
+  const CustomWidget* Custom(StringView className) const;
+  /// Whether the class of a widget, or one that it is promoted from, has that name.
+  bool IsA(const FormWidget& widget, StringView className) const;
+  bool IsField(const FormWidget& widget) const;
+  bool IsDataControl(const FormWidget& widget) const;
+  /// For "did you mean"; without `widget` itself.
+  std::vector<String> NamesBeside(const FormWidget& widget) const;
 };
 
-/// Why a file cannot be read as a form.
-struct NoForm : std::runtime_error {
-  NoForm(const std::string& text, int atLine) : std::runtime_error(text), line(atLine) {}
-  int line;
-};
-/// A file that cannot be opened.
-struct Unreadable : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
-
-/// Raises `NoForm` and `Unreadable`.
-FormFile ReadForm(const std::string& path);
-
-extern const char16_t* const kFieldClass;
-extern const char16_t* const kDataControlClass;
+/// False when the file is no form; the reason is among the findings.
+bool ReadForm(QIODevice& file, FormFile& form, Findings& findings);
 
 }  // namespace tessaria::formcheck

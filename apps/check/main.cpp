@@ -1,4 +1,4 @@
-// tessaria-check: tells what in form files will not work.
+// tessaria-check: tells what will not work in the fields of form files.
 #include <exception>
 #include <iostream>
 
@@ -8,10 +8,10 @@ int main(int count, char** arguments) {
   using namespace tessaria::formcheck;
   try {
     const Options options = ParseOptions({arguments + 1, arguments + count});
-    if (options.help) {
+    if (options.version) {
+      std::cout << "tessaria-check " << TESSARIA_VERSION << "\n";
+    } else if (options.help) {
       std::cout << kUsage;
-    } else if (options.version) {
-      std::cout << "tessaria-check " TESSARIA_VERSION "\n";
     } else {
       return CheckForms(options, std::cout, std::cerr);
     }

@@ -5,14 +5,28 @@
 namespace tessaria::formcheck {
 namespace {
 
-bool TakeValue(const std::string& argument, const std::string& name, std::string& value) {
-  if (argument.rfind(name, 0) != 0) return false;
-  value = argument.substr(name.size());
+/// Takes `NAME=VALUE`, or `NAME` with the next argument as its value.
+bool TakeValue(const std::vector<std::string>& arguments, std::size_t& at, const std::string& name,
+               std::string& value) {
+  const std::string& argument = arguments[at];
+  if (argument.rfind(name + "=", 0) == 0) {
+    value = argument.substr(name.size() + 1);
+  } else if (argument == name) {
+    if (at + 1 == arguments.size()) throw std::invalid_argument(name + " needs a value");
+    value = arguments[++at];
+  } else {
+    return false;
+  }
+  if (value.empty()) throw std::invalid_argument(name + " needs a value");
   return true;
 }
 
 bool TakeFlag(const std::string& argument, Options& options) {
   if (argument == "--json") return options.json = true;
+  if (argument == "--no-warnings") {
+    options.warnings = false;
+    return true;
+  }
   if (argument == "--help" || argument == "-h") return options.help = true;
   if (argument == "--version") return options.version = true;
   return false;
@@ -21,33 +35,40 @@ bool TakeFlag(const std::string& argument, Options& options) {
 }  // namespace
 
 const char* const kUsage =
-    R"(Usage: tessaria-check [--json] [--driver=odbc|postgres] [--connection=STRING] FORM.ui...
+    R"(Usage: tessaria-check [OPTION]... FORM.ui...
 
-Reads form files and tells what in their fields will not work: unknown settings, masks, names that
-are not on the form, pairs and lookups that do not fit together.
+Tells what will not work in the fields of form files, before the program runs.
 
-  --connection=STRING  asks the database too: tables, columns, conditions; nothing is changed there
-  --driver=odbc        unixODBC with the driver that the connection string names (default)
-  --driver=postgres    PostgreSQL's own client library
-  --json               one JSON object in a line for each finding
-  --version            the version of the library
-  --help               this text
+  --connection=TEXT  also asks the database of this connection string for the tables, columns and
+                     statements of the forms; nothing is changed there
+  --driver=odbc      for --connection: unixODBC with the driver that the string names (default)
+  --driver=postgres  PostgreSQL's own client library
+  --json             writes each finding as one line of JSON
+  --no-warnings      leaves out what works when the program does its part
+  --help             this text
+  --version          the version
 
-A line is FILE:LINE: error or warning: FIELD: what is wrong. A warning may be meant, or made good by
-the program. The exit code is 0 without a finding, 1 with one, and 2 when a file could not be read or
-the database not be reached.
+Each line of the output is a finding: FILE:LINE: error or warning: FIELD: MESSAGE [KIND]. A warning
+works when the program does its part. The exit code is 0 without any finding, 1 with
+some, and 2 when a file cannot be opened or the check cannot be made.
 )";
 
 Options ParseOptions(const std::vector<std::string>& arguments) {
   Options options;
-  for (const std::string& argument : arguments) {
-    if (TakeFlag(argument, options)) continue;
-    if (TakeValue(argument, "--driver=", options.driver)) continue;
-    if (TakeValue(argument, "--connection=", options.connection)) continue;
-    if (argument.rfind("--", 0) == 0) throw std::invalid_argument("unknown option " + argument);
-    options.files.push_back(argument);
+  bool areFiles = false;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string& argument = arguments[i];
+    if (!areFiles && argument == "--") {
+      areFiles = true;
+    } else if (areFiles || argument.rfind('-', 0) != 0) {
+      options.files.push_back(argument);
+    } else if (!TakeFlag(argument, options) &&
+               !TakeValue(arguments, i, "--connection", options.connection) &&
+               !TakeValue(arguments, i, "--driver", options.driver)) {
+      throw std::invalid_argument("unknown option " + argument);
+    }
+    if (options.help || options.version) return options;
   }
-  if (options.help || options.version) return options;
   if (options.files.empty()) throw std::invalid_argument("no form file");
   if (options.driver != "odbc" && options.driver != "postgres")
     throw std::invalid_argument("no driver is called '" + options.driver + "'");

@@ -1,4 +1,4 @@
-// What the command line of the check of forms says.
+// What the command line of the check says.
 #pragma once
 
 #include <string>
@@ -8,9 +8,10 @@ namespace tessaria::formcheck {
 
 struct Options {
   std::vector<std::string> files;
-  std::string connection;  ///< empty for no database
+  std::string connection;  ///< empty to look at the files alone
   std::string driver = "odbc";
   bool json = false;
+  bool warnings = true;
   bool help = false;
   bool version = false;
 };

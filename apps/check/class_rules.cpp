@@ -1,0 +1,56 @@
+// Classes of the library that are promoted wrongly, and settings of other widgets.
+#include <set>
+
+#include "apps/check/rules.h"
+
+namespace tessaria::formcheck {
+namespace {
+
+struct OwnClass {
+  StringView name, header, withoutNamespace;
+};
+constexpr OwnClass kOwnClasses[] = {{u"tessaria::qt::TsText", u"tessaria/qt/tstext.h", u"TsText"},
+                                    {u"tessaria::qt::Adodc", u"tessaria/qt/adodc.h", u"Adodc"}};
+
+/// Designer writes the header with or without a folder of includes before it.
+bool NamesHeader(const CustomWidget& custom, const OwnClass& own) {
+  return custom.header.ends_with(own.header);
+}
+
+void CheckPromotion(const FormFile& file, const FormWidget& widget, const OwnClass& own,
+                    Findings& findings) {
+  const CustomWidget* const custom = file.Custom(own.name);
+  const std::string header = Quoted(own.header);
+  if (!custom) {
+    findings.Warning(
+        widget.line, widget.name, "promotion",
+        Quoted(own.name) + " is not among the <customwidgets>: compiled code lacks " + header);
+  } else if (!NamesHeader(*custom, own)) {
+    findings.Error(
+        custom->line, {}, "promotion",
+        Quoted(own.name) + " has the header " + Quoted(custom->header) + " instead of " + header);
+  }
+}
+
+}  // namespace
+
+void CheckClasses(const FormFile& file, Findings& findings) {
+  std::set<String> told;
+  for (const FormWidget& widget : file.widgets) {
+    for (const OwnClass& own : kOwnClasses) {
+      if (widget.className == own.name && told.insert(widget.className).second)
+        CheckPromotion(file, widget, own, findings);
+      if (widget.className == own.withoutNamespace && !file.IsA(widget, own.name))
+        findings.Error(
+            widget.line, widget.name, "promotion",
+            "the class is called " + Quoted(own.name) + ", not " + Quoted(widget.className));
+    }
+    const bool isNamedSo = widget.className == kOwnClasses[0].withoutNamespace;
+    if (widget.hasSettings && !file.IsField(widget) && !isNamedSo)
+      findings.Error(widget.line, widget.name, "promotion",
+                     "a " + ToUtf8(widget.className) + " has no settings: only " +
+                         Quoted(kOwnClasses[0].name) + " has");
+  }
+}
+
+}  // namespace tessaria::formcheck
