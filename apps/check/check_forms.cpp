@@ -1,6 +1,7 @@
 #include "apps/check/check_forms.h"
 
 #include <QFile>
+#include <algorithm>
 #include <ostream>
 
 #include "apps/check/database_rules.h"
@@ -9,7 +10,6 @@
 #include "tessaria/error.h"
 #include "tessaria/odbc/connection.h"
 #include "tessaria/postgres/connection.h"
-#include "tessaria/text.h"
 
 namespace tessaria::formcheck {
 namespace {
@@ -56,9 +56,12 @@ bool Tell(const Options& options, const std::string& file, const Findings& findi
 }  // namespace
 
 const Field* CheckedForm::FieldNamed(StringView name) const {
-  for (const Field& field : fields)
-    if (!name.empty() && EqualNoCase(field.Name(), name)) return &field;
-  return nullptr;
+  const FormWidget* const widget = file.Named(name);
+  // Fields and widgets have the same order.
+  const auto found = std::lower_bound(
+      fields.begin(), fields.end(), widget,
+      [](const Field& field, const FormWidget* wanted) { return field.widget < wanted; });
+  return widget && found != fields.end() && found->widget == widget ? &*found : nullptr;
 }
 
 int CheckForms(const Options& options, std::ostream& out, std::ostream& error) {

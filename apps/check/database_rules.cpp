@@ -12,12 +12,21 @@
 namespace tessaria::formcheck {
 namespace {
 
-std::string InOneLine(const std::exception& error) {
-  std::string text = error.what();
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n' || c == '\t'; }, ' ');
+std::string ReasonOf(const HostError& error) {
+  std::string text = InOneLine(error.what());
   text.erase(text.find_last_not_of(' ') + 1);
   return text;
+}
+
+/// A ";" outside quotes and comments. What stands behind it would run by itself, and could end the
+/// transaction that keeps it from writing.
+bool IsOneStatement(const String& statement) {
+  SqlScanner scanner(statement, kConditionRules);
+  for (SqlToken token = scanner.Next(); token.length > 0; token = scanner.Next()) {
+    const bool isQuoted = token.Is(SqlToken::Kind::Text) || token.Is(SqlToken::Kind::QuotedName);
+    if (!isQuoted && scanner.TextOf(token).find(u';') != StringView::npos) return false;
+  }
+  return true;
 }
 
 const String kReadOnly = u"set transaction read only";
@@ -66,6 +75,8 @@ class DatabaseCheck {
   /// The columns of a statement without rows. Each runs in a transaction of its own, because a
   /// refused one may spoil the transaction.
   Columns Describe(const String& statement) {
+    if (!IsOneStatement(statement))
+      throw HostError(errors::InvalidArgument, u"a ';' would begin another statement");
     connection_.BeginTrans();
     Columns columns;
     try {
@@ -89,7 +100,7 @@ class DatabaseCheck {
       columns_[LCase(widget.name)] = Describe(StatementOf(source->second.text));
     } catch (const HostError& error) {
       findings_.Error(source->second.number, widget.name, "refused",
-                      "RecordSource is refused: " + InOneLine(error));
+                      "RecordSource is refused: " + ReasonOf(error));
     }
   }
 
@@ -114,7 +125,7 @@ class DatabaseCheck {
       Describe(statement);
       return true;
     } catch (const HostError& error) {
-      findings_.Error(line, field.Name(), "refused", what + " is refused: " + InOneLine(error));
+      findings_.Error(line, field.Name(), "refused", what + " is refused: " + ReasonOf(error));
       return false;
     }
   }

@@ -21,7 +21,7 @@ std::vector<Finding> Findings::InOrder() const {
 std::string AsText(const std::string& file, const Finding& finding) {
   std::string text = file + ":" + std::to_string(finding.line) + ": " + NameOf(finding.severity);
   if (!finding.field.empty()) text += ": " + finding.field;
-  return text + ": " + finding.message + " [" + finding.kind + "]";
+  return InOneLine(text + ": " + finding.message + " [" + finding.kind + "]");
 }
 
 std::string AsJson(const std::string& file, const Finding& finding) {
@@ -32,6 +32,12 @@ std::string AsJson(const std::string& file, const Finding& finding) {
                            {QStringLiteral("kind"), QString::fromStdString(finding.kind)},
                            {QStringLiteral("message"), QString::fromStdString(finding.message)}};
   return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
+}
+
+std::string InOneLine(std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n' || c == '\t'; }, ' ');
+  return text;
 }
 
 std::string Quoted(StringView text) { return "'" + ToUtf8(text) + "'"; }

@@ -43,6 +43,8 @@ std::string AsText(const std::string& file, const Finding& finding);
 /// One JSON object in one line.
 std::string AsJson(const std::string& file, const Finding& finding);
 
+/// A text without line ends and tabs.
+std::string InOneLine(std::string text);
 /// A text between apostrophes, for a message.
 std::string Quoted(StringView text);
 

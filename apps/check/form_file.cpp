@@ -1,13 +1,17 @@
 #include "apps/check/form_file.h"
 
 #include <QXmlStreamReader>
-#include <algorithm>
 
 #include "tessaria/qt/text.h"
 #include "tessaria/text.h"
 
 namespace tessaria::formcheck {
 namespace {
+
+/// Far more than a form has, and far less than the stack holds.
+constexpr int kMostNested = 1000;
+/// With more names, comparing each with a misspelt one would take too long.
+constexpr std::size_t kMostCompared = 2000;
 
 class FormReader {
  public:
@@ -56,10 +60,9 @@ class FormReader {
     widget.name = Attribute("name");
     widget.line = LineNow();
     widget.parent = parent;
-    widget.page = static_cast<int>(
-        std::count_if(form_.widgets.begin(), form_.widgets.end(),
-                      [parent](const FormWidget& other) { return other.parent == parent; }));
+    if (parent >= 0) widget.page = form_.widgets[static_cast<std::size_t>(parent)].children++;
     const int position = static_cast<int>(form_.widgets.size());
+    if (!widget.name.empty()) form_.byName.emplace(LCase(widget.name), form_.widgets.size());
     form_.widgets.push_back(std::move(widget));
     ReadContents(position, true);
   }
@@ -67,6 +70,7 @@ class FormReader {
   /// What is inside a widget, or inside a layout or an item of it, whose properties are not the
   /// widget's.
   void ReadContents(int owner, bool isWidget) {
+    if (++depth_ > kMostNested) xml_.raiseError(QStringLiteral("widgets are nested too deeply"));
     while (xml_.readNextStartElement()) {
       if (xml_.name() == u"widget") {
         ReadWidget(owner);
@@ -79,6 +83,7 @@ class FormReader {
         xml_.skipCurrentElement();
       }
     }
+    --depth_;
   }
 
   void ReadProperty(FormWidget& widget) {
@@ -117,6 +122,7 @@ class FormReader {
   }
 
   QXmlStreamReader xml_;
+  int depth_ = 0;
   FormFile& form_;
   Findings& findings_;
 };
@@ -124,9 +130,8 @@ class FormReader {
 }  // namespace
 
 const FormWidget* FormFile::Named(StringView name) const {
-  for (const FormWidget& widget : widgets)
-    if (!name.empty() && EqualNoCase(widget.name, name)) return &widget;
-  return nullptr;
+  const auto found = byName.find(LCase(String(name)));
+  return found == byName.end() ? nullptr : &widgets[found->second];
 }
 
 const CustomWidget* FormFile::Custom(StringView className) const {
@@ -157,6 +162,7 @@ bool FormFile::IsDataControl(const FormWidget& widget) const {
 
 std::vector<String> FormFile::NamesBeside(const FormWidget& widget) const {
   std::vector<String> names;
+  if (widgets.size() > kMostCompared) return names;
   for (const FormWidget& other : widgets)
     if (&other != &widget) names.push_back(other.name);
   return names;

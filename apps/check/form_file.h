@@ -21,6 +21,7 @@ struct FormWidget {
   int line = 0;
   int parent = -1;               ///< position in `FormFile::widgets`; -1 for the form itself
   int page = 0;                  ///< position among the widgets of its parent, from 0
+  int children = 0;              ///< how many widgets have this one as their parent
   std::map<String, Line> texts;  ///< properties that are a text
   bool hasSettings = false;
   std::vector<Line> settings;
@@ -32,7 +33,8 @@ struct CustomWidget {
 };
 
 struct FormFile {
-  std::vector<FormWidget> widgets;  ///< the form first
+  std::vector<FormWidget> widgets;       ///< the form first
+  std::map<String, std::size_t> byName;  ///< their positions, by names in small letters
   std::vector<String> actions;
   std::vector<CustomWidget> customWidgets;
 
@@ -43,7 +45,7 @@ struct FormFile {
   bool IsA(const FormWidget& widget, StringView className) const;
   bool IsField(const FormWidget& widget) const;
   bool IsDataControl(const FormWidget& widget) const;
-  /// For "did you mean"; without `widget` itself.
+  /// For "did you mean"; without `widget` itself. None on a form too large to compare names.
   std::vector<String> NamesBeside(const FormWidget& widget) const;
 };
 

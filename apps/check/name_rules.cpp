@@ -61,14 +61,8 @@ struct Place {
 Place PlaceOf(const FormFile& file, const FormWidget& widget) {
   const FormWidget* at = &widget;
   while (at->parent >= 0) {
-    const int parent = at->parent;
-    const FormWidget& outer = file.widgets[static_cast<std::size_t>(parent)];
-    if (file.IsA(outer, u"QTabWidget")) {
-      const auto count =
-          std::count_if(file.widgets.begin(), file.widgets.end(),
-                        [parent](const FormWidget& w) { return w.parent == parent; });
-      return {&outer, at->page, static_cast<int>(count)};
-    }
+    const FormWidget& outer = file.widgets[static_cast<std::size_t>(at->parent)];
+    if (file.IsA(outer, u"QTabWidget")) return {&outer, at->page, outer.children};
     at = &outer;
   }
   return {};

@@ -5,7 +5,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <algorithm>
 #include <stdexcept>
+#include <string>
 
 #include "tests/check/planted_form.h"
 
@@ -58,6 +60,90 @@ TEST(CheckFormsTest, FileWithoutFormIsFound) {
     EXPECT_EQ(report.out, form.Path() + ":1: error: there is no form in this file [no-form]\n");
     EXPECT_EQ(report.code, 1);
   }
+}
+
+/// Contents that are no form, and what is told.
+struct BadFile {
+  const char* name;
+  std::string contents;
+  const char* finding;
+};
+void PrintTo(const BadFile& file, std::ostream* out) { *out << file.name; }
+
+std::string Nested(int depth) {
+  std::string form = "<ui>";
+  for (int i = 0; i < depth; ++i) form += "<widget class=\"QWidget\" name=\"a\">";
+  return form;
+}
+
+class BadFileTest : public ::testing::TestWithParam<BadFile> {};
+
+TEST_P(BadFileTest, IsToldAsAFinding) {
+  const PlantedForm form(GetParam().contents);
+  const Report report = Check(form);
+  EXPECT_EQ(report.out, form.Path() + GetParam().finding + "\n");
+  EXPECT_EQ(report.error, "");
+  EXPECT_EQ(report.code, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of, BadFileTest,
+    ::testing::Values(
+        BadFile{"Empty", "", ":1: error: broken XML: Premature end of document. [xml]"},
+        BadFile{"NoXml", "texto", ":1: error: broken XML: Start tag expected. [xml]"},
+        BadFile{"Cut", "<ui>\n<widget class=\"QWidget\" name=\"a",
+                ":2: error: broken XML: Premature end of document. [xml]"},
+        BadFile{"NotUtf8",
+                "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ui><widget name=\"\xe7\"/></ui>",
+                ":1: error: broken XML: Encountered incorrectly encoded content. [xml]"},
+        BadFile{"NestedTooDeeply", Nested(100'000),
+                ":1: error: broken XML: widgets are nested too deeply [xml]"}),
+    [](const auto& file) { return std::string(file.param.name); });
+
+TEST(CheckFormsTest, FolderIsNoFile) {
+  Options options;
+  options.files = {TESSARIA_CHECK_FORMS};
+  const Report report = Check(options);
+  EXPECT_THAT(report.error, StartsWith("tessaria-check: " TESSARIA_CHECK_FORMS ": "));
+  EXPECT_EQ(report.out, "");
+  EXPECT_EQ(report.code, 2);
+}
+
+TEST(CheckFormsTest, FormWithoutFieldsHasNoFinding) {
+  const PlantedForm form("<ui version=\"4.0\"><widget class=\"QWidget\" name=\"a\"/></ui>");
+  EXPECT_EQ(Check(form).out, "");
+  EXPECT_EQ(Check(form).code, 0);
+}
+
+// Ten megabytes. Each field has a sibling, but the last, and a label that is not there.
+TEST(CheckFormsTest, LargeFormIsRead) {
+  constexpr int kFields = 45'000;
+  std::string text = "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"form\">\n";
+  for (int i = 0; i < kFields; ++i)
+    text += "<widget class=\"tessaria::qt::TsText\" name=\"c" + std::to_string(i) +
+            "\"><property name=\"settings\"><stringlist><string>tessaria 1</string>"
+            "<string>LabelAssociado=String:lbl</string><string>TxtIrmao=String:c" +
+            std::to_string(i + 1) + "</string></stringlist></property></widget>\n";
+  const PlantedForm form(text + "</widget></ui>\n");
+  const Report report = Check(form);
+  EXPECT_THAT(report.out, HasSubstr(":2: error: c0: LabelAssociado 'lbl' is not on this form"));
+  EXPECT_THAT(report.out, HasSubstr("c44999: TxtIrmao 'c45000' is not on this form [name]\n"));
+  EXPECT_EQ(report.code, 1);
+}
+
+TEST(CheckFormsTest, FindingWithALineEndIsOneLine) {
+  const PlantedForm form("LabelAssociado=String:lblCodigo",
+                         "LabelAssociado=String:a&#10;&quot;\\b");
+  const Report report = Check(form);
+  EXPECT_THAT(report.out, HasSubstr("codigo: 'String:a \"\\b' is no stored value [value]\n"));
+  EXPECT_EQ(std::count(report.out.begin(), report.out.end(), '\n'), 1);
+  Options options;
+  options.files = {form.Path()};
+  options.json = true;
+  const QByteArray out = QByteArray::fromStdString(Check(options).out);
+  ASSERT_EQ(out.count('\n'), 1);
+  EXPECT_EQ(QJsonDocument::fromJson(out).object().value("message").toString(),
+            QStringLiteral("'String:a\n\"\\b' is no stored value"));
 }
 
 TEST(CheckFormsTest, MissingFileDoesNotHideTheOthers) {

@@ -125,13 +125,18 @@ TEST_F(CheckDatabaseTest, NothingIsChanged) {
   const PlantedForm second("select codigo, nome from clientes order by nome",
                            "select 1) a; delete from clientes; select * from (select 1");
   EXPECT_EQ(CheckWithDatabase(second.Path()).code, 1);
+  const PlantedForm ended("select codigo, nome from clientes order by nome",
+                          "select 1) a; commit; delete from clientes; select * from (select 1");
+  EXPECT_THAT(CheckWithDatabase(ended.Path()).out, HasSubstr("would begin another statement"));
   PostgresCluster::Shared().Run(
       "do $$ begin if (select count(*) from clientes) != 1 then raise 'changed'; end if; end $$");
 }
 
 TEST_F(CheckDatabaseTest, DeadServerIsTold) {
+  const char* const driver = std::getenv("TESSARIA_DRIVER");
   Options options;
   options.files = {CleanPath()};
+  options.driver = driver ? driver : "odbc";
   options.connection =
       "Driver={PostgreSQL Unicode};Servername=/nirgends;Port=5432;Database=postgres;Uid=postgres;";
   const Report report = Check(options);
