@@ -616,8 +616,12 @@ TEST_F(DataControl, AMissingDataControlIsReported) {
   first_->setDataSource(QStringLiteral("dcNada"));
   show();
   ASSERT_EQ(boxes_.boxes().size(), 1u);
-  EXPECT_TRUE(boxes_.boxes()[0].text.startsWith(
-      QStringLiteral("Não foi Possível Localizar o Data Control 'dcNada'.")));
+  const QString text = boxes_.boxes()[0].text;
+  EXPECT_TRUE(
+      text.startsWith(QStringLiteral("Não foi Possível Localizar o Data Control 'dcNada'.")));
+  const QString reason = QStringLiteral("Controle não encontrado: 'dcNada', em DataSource de '") +
+                         first_->objectName() + QLatin1Char('\'');
+  EXPECT_TRUE(text.contains(reason)) << text.toStdString();
 }
 
 TEST_F(DataControl, AControlAddedLaterIsAlsoShown) {

@@ -45,6 +45,16 @@ TEST_F(Captions, StandInMessages) {
   EXPECT_EQ(boxes_.takeTexts(), QStringList({"Data Invalido(a), Corrija Por Favor"}));
 }
 
+TEST_F(Captions, AMissingLabelIsReportedWithItsName) {
+  first_->setDesignMode(true);
+  first_->setLabelAssociado(QStringLiteral("lblNada"));
+  first_->setDesignMode(false);
+  show();
+  EXPECT_EQ(boxes_.takeTexts(),
+            QStringList(QStringLiteral("Controle não encontrado: 'lblNada', em LabelAssociado de "
+                                       "'txtPrimeiro'")));
+}
+
 class Alone : public FieldFixture {};
 
 TEST_F(Alone, AFieldWithoutAParentAcceptsItsSettingsWithoutMessages) {

@@ -12,6 +12,7 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 using testing::SizeIs;
 
 class CompletionFaults : public CompletionFixture {
@@ -86,13 +87,27 @@ TEST_F(CompletionFaults, AMissingSiblingIsReportedAtTheFirstShowAndTheTextStillC
   city_ = addPair(QStringLiteral("Cidade"), QStringLiteral("cidades"));
   city_.name->setTxtIrmao(QStringLiteral("codNada"));
   show();
-  EXPECT_THAT(boxes_.takeTexts(), SizeIs(1));
+  EXPECT_EQ(boxes_.takeTexts(),
+            QStringList(QStringLiteral("Controle não encontrado: 'codNada', em TxtIrmao de "
+                                       "'desCidade'")));
   EXPECT_THAT(titles().last().toStdString(), HasSubstr("tsText.SetarVariaveis"));
   enter(city_.name);
   type(*window_, QStringLiteral("Ub"));
   expectBox(QStringLiteral("Ub"), QStringLiteral("eraba"));
   EXPECT_TRUE(city_.key->value().isNull());
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
+
+TEST_F(CompletionFaults, AMissingControlInAConditionIsReportedWithItsName) {
+  city_ = addPair(QStringLiteral("Cidade"), QStringLiteral("cidades"));
+  city_.name->setBrwWhere(QStringLiteral("uf = '@cbbUf@'"));
+  show();
+  enter(city_.name);
+  type(*window_, QStringLiteral("U"));
+  const QStringList texts = boxes_.takeTexts();
+  ASSERT_THAT(texts, Not(IsEmpty()));
+  EXPECT_EQ(texts.first(), QStringLiteral("Controle não encontrado: 'cbbUf', em BrwWhere de "
+                                          "'desCidade'"));
 }
 
 TEST_F(CompletionFaults, AWidgetOfAnotherTypeIsNotASibling) {
