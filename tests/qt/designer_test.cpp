@@ -45,10 +45,11 @@ class DesignerPlugin : public testing::Test {
   QUiLoader loader_;
 };
 
-TEST_F(DesignerPlugin, OffersBothWidgets) {
+TEST_F(DesignerPlugin, OffersAllWidgets) {
   const QStringList offered = loader_.availableWidgets();
   EXPECT_TRUE(offered.contains(QStringLiteral("tessaria::qt::TsText")));
   EXPECT_TRUE(offered.contains(QStringLiteral("tessaria::qt::Adodc")));
+  EXPECT_TRUE(offered.contains(QStringLiteral("tessaria::qt::ItemGrid")));
 }
 
 TEST_F(DesignerPlugin, ASecondCopyOffersNothing) {
@@ -60,7 +61,7 @@ TEST_F(DesignerPlugin, ASecondCopyOffersNothing) {
     auto* widgets = qobject_cast<QDesignerCustomWidgetCollectionInterface*>(plugin.instance());
     return widgets ? widgets->customWidgets().size() : -1;
   };
-  EXPECT_EQ(widgetsOf(QStringLiteral(TESSARIA_DESIGNER_PLUGIN)), 2);
+  EXPECT_EQ(widgetsOf(QStringLiteral(TESSARIA_DESIGNER_PLUGIN)), 3);
   EXPECT_EQ(widgetsOf(copy), 0);
 }
 
