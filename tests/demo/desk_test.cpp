@@ -1,6 +1,4 @@
-#include <QAccessible>
 #include <QAction>
-#include <QTabWidget>
 
 #include "tessaria/qt/text.h"
 #include "tessaria/qt/tstext.h"
@@ -33,21 +31,6 @@ TEST_F(DeskTest, CancelDropsTheNewCustomer) {
   expectNotice("O que foi digitado foi desfeito.");
   EXPECT_FALSE(window_->findChild<qt::TsText*>("codigo")->isFieldEnabled());
   EXPECT_EQ(stored("nome", "00900"), "?");
-}
-
-TEST_F(DeskTest, AScreenReaderHearsWhatIsRequired) {
-  const auto heard = [&](const char* field) {
-    auto* each = window_->findChild<qt::TsText*>(QString::fromLatin1(field));
-    return QAccessible::queryAccessibleInterface(each->focusProxy())
-        ->text(QAccessible::Description);
-  };
-  EXPECT_EQ(heard("nome"), QStringLiteral("Preenchimento obrigatório"));
-  EXPECT_EQ(heard("localizar"), QString());
-}
-
-TEST_F(DeskTest, TheTabsOfACustomerAreAsHighAsTheirFields) {
-  const auto* tabs = window_->findChild<QTabWidget*>(QStringLiteral("abas"));
-  EXPECT_EQ(tabs->height(), tabs->sizeHint().height());
 }
 
 TEST_F(DeskTest, EscapePressedTwiceLosesNothing) {

@@ -38,14 +38,6 @@ TextPropertyBag makeBag() {
   return TextPropertyBag({factory<tessaria::Browse>(), factory<tessaria::Pesquisa>()});
 }
 
-/// A description that says something else, as that a paste was refused, is left alone.
-void describeRequired(QWidget& edit, bool isRequired) {
-  const QString text = QStringLiteral("Preenchimento obrigatório");
-  const QString present = edit.accessibleDescription();
-  if (isRequired && present.isEmpty()) edit.setAccessibleDescription(text);
-  if (!isRequired && present == text) edit.setAccessibleDescription({});
-}
-
 }  // namespace
 
 TsText::TsText(QWidget* parent) : QWidget(parent) {
@@ -297,7 +289,6 @@ void TsText::nameByCaption(const QList<QLabel*>& labels) {
   QString name = accessibleName();
   if (name.isEmpty() && label) name = captionOf(*label);
   if (name != parts_->edit->accessibleName()) parts_->edit->setAccessibleName(name);
-  describeRequired(*parts_->edit, !podeSerBranco());
 }
 
 // On a form under design the labels are the designer's.
