@@ -93,6 +93,26 @@ TEST_F(Looks, ButtonsHaveIconNameAndToolTip) {
   EXPECT_TRUE(browse().isHidden());
 }
 
+TEST_F(Looks, AButtonNamesItsField) {
+  first_->setAccessibleName(QStringLiteral("Entrega"));
+  first_->setTipoControle(TsText::Calendario);
+  show();
+  EXPECT_EQ(browse().accessibleName(), QStringLiteral("Calendário: Entrega"));
+  EXPECT_EQ(browse().toolTip(), QStringLiteral("Calendário"));
+}
+
+TEST_F(Looks, ARequiredFieldSaysSo) {
+  first_->setAccessibleDescription(QStringLiteral("Como no contrato"));
+  show();
+  EXPECT_EQ(box().accessibleDescription(), QStringLiteral("Como no contrato"));
+  first_->setPodeSerBranco(false);
+  EXPECT_EQ(box().accessibleDescription(), QStringLiteral("Como no contrato, obrigatório"));
+  type(*window_, QStringLiteral("a"));
+  EXPECT_EQ(box().accessibleDescription(), QStringLiteral("Como no contrato, obrigatório"));
+  first_->setPodeSerBranco(true);
+  EXPECT_EQ(box().accessibleDescription(), QStringLiteral("Como no contrato"));
+}
+
 TEST_F(Looks, AnIconInTheApplicationsFolderComesFirst) {
   const QString path = QCoreApplication::applicationDirPath() + QStringLiteral("/Calendario.ico");
   QImage image(16, 16, QImage::Format_ARGB32);

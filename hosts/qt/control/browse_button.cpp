@@ -44,9 +44,21 @@ void BrowseButton::setKind(TipoControle kind) {
   const bool known = face != std::end(kFaces);
   const QString name = known ? QString::fromUtf8(face->name) : QString();
   kind_ = kind;
-  setAccessibleName(name);
   setToolTip(name);
+  showName();
   showIcon();
+}
+
+void BrowseButton::setFieldName(const QString& name) {
+  if (name == fieldName_) return;
+  fieldName_ = name;
+  showName();
+}
+
+void BrowseButton::showName() {
+  QStringList parts{toolTip(), fieldName_};
+  parts.removeAll(QString());
+  setAccessibleName(parts.join(QStringLiteral(": ")));
 }
 
 void BrowseButton::setPicture(std::shared_ptr<host::Picture> picture) {

@@ -19,6 +19,8 @@ class BrowseButton final : public QToolButton {
   /// Sets icon, accessible name and tool tip for a kind of control. An assigned picture takes
   /// precedence over the icon.
   void setKind(TipoControle kind);
+  /// The field whose button it is; its accessible name ends with it.
+  void setFieldName(const QString& name);
   void setPicture(std::shared_ptr<host::Picture> picture);
   std::shared_ptr<host::Picture> picture() const { return picture_; }
 
@@ -29,10 +31,12 @@ class BrowseButton final : public QToolButton {
 
  private:
   void showIcon();
+  void showName();
 
   const QWidget& formAround() const;
 
   TipoControle kind_ = TipoControle::Normal;
+  QString fieldName_;
   std::shared_ptr<host::Picture> picture_;
 };
 

@@ -38,6 +38,14 @@ TextPropertyBag makeBag() {
   return TextPropertyBag({factory<tessaria::Browse>(), factory<tessaria::Pesquisa>()});
 }
 
+/// A screen reader reads the field's own accessible description, and whether a value is required.
+void describe(const TsText& field, LineEdit& edit) {
+  QStringList parts{field.accessibleDescription()};
+  if (!field.podeSerBranco()) parts << QStringLiteral("obrigatório");
+  parts.removeAll(QString());
+  edit.describe(parts.join(QStringLiteral(", ")));
+}
+
 }  // namespace
 
 TsText::TsText(QWidget* parent) : QWidget(parent) {
@@ -85,6 +93,7 @@ TsText::~TsText() {
 void TsText::followControl(const QString& property) {
   if (property == QLatin1String("TipoControle"))
     parts_->browseButton->setKind(parts_->control.TipoControle());
+  if (property == QLatin1String("PodeSerBranco")) describe(*this, *parts_->edit);
   if (property == QLatin1String("Enabled") && !designMode()) QWidget::setEnabled(isFieldEnabled());
 }
 
@@ -289,6 +298,8 @@ void TsText::nameByCaption(const QList<QLabel*>& labels) {
   QString name = accessibleName();
   if (name.isEmpty() && label) name = captionOf(*label);
   if (name != parts_->edit->accessibleName()) parts_->edit->setAccessibleName(name);
+  parts_->browseButton->setFieldName(name);
+  describe(*this, *parts_->edit);
 }
 
 // On a form under design the labels are the designer's.

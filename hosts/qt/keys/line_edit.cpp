@@ -171,10 +171,22 @@ void LineEdit::flush() {
     known_ = text();
     hidden_.reset();
     if (steps_ == 0) history_.clear();
-    if (!accessibleDescription().isEmpty()) setAccessibleDescription({});
+    if (lasting_) setAccessibleDescription(*std::exchange(lasting_, std::nullopt));
     if (events_) events_->changed();
   }
   if (self && std::exchange(withoutKey_, false)) reportTextWithoutKey();
+}
+
+void LineEdit::describe(const QString& text) {
+  if (lasting_)
+    lasting_ = text;
+  else if (text != accessibleDescription())
+    setAccessibleDescription(text);
+}
+
+void LineEdit::describeUntilChange(const QString& text) {
+  if (!lasting_) lasting_ = accessibleDescription();
+  setAccessibleDescription(text);
 }
 
 void LineEdit::reportTextWithoutKey() {

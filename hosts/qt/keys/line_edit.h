@@ -64,6 +64,11 @@ class LineEdit final : public QLineEdit, public FocusedEdit {
   void deliverLostFocus() override;
   void keepSelectionOverClick() override;
 
+  /// Sets the description for screen readers.
+  void describe(const QString& text);
+  /// Another description in its place, until the text changes.
+  void describeUntilChange(const QString& text);
+
   bool hasUndo() const;
   bool hasRedo() const;
 
@@ -111,8 +116,9 @@ class LineEdit final : public QLineEdit, public FocusedEdit {
   void flush();
 
   EditEvents* events_ = nullptr;
-  QHash<quint64, Integer> held_;  ///< codes of the keys whose release is awaited, by `keyOf`
-  QString known_;                 ///< the text as last reported
+  QHash<quint64, Integer> held_;    ///< codes of the keys whose release is awaited, by `keyOf`
+  QString known_;                   ///< the text as last reported
+  std::optional<QString> lasting_;  ///< the description that another one stands for
   int limit_ = 0;
   int working_ = 0;       ///< depth of `Work`
   int typing_ = 0;        ///< depth of `Work` whose text went through the handlers

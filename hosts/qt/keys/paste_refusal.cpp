@@ -17,7 +17,7 @@ constexpr int kShownFor = 5000;  // milliseconds
 void tellRefusedPaste(LineEdit& edit) {
   const QString text = QStringLiteral("O texto não cabe neste campo e não foi colado.");
   App().Beep();
-  edit.setAccessibleDescription(text);
+  edit.describeUntilChange(text);
   QAccessibleEvent alert(&edit, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
   QToolTip::showText(edit.mapToGlobal(QPoint(0, edit.height())), text, &edit, {}, kShownFor);
