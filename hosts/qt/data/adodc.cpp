@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPointer>
 #include <QShortcut>
 #include <QStyle>
@@ -69,6 +70,34 @@ constexpr Navigation kNavigation[] = {
     {QStyle::SP_MediaSkipForward, "Último", "Alt+End", &Adodc::moveLast},
 };
 
+/// Shows a picture of the style in the colour of the palette's texts, so that it stands out from a
+/// dark window too.
+class StepButton final : public QToolButton {
+ public:
+  StepButton(QStyle::StandardPixmap picture, QWidget* parent)
+      : QToolButton(parent), picture_(picture) {
+    showIcon();
+  }
+
+ protected:
+  void changeEvent(QEvent* event) override {
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) showIcon();
+    QToolButton::changeEvent(event);
+  }
+
+ private:
+  void showIcon() {
+    QPixmap shape = style()->standardIcon(picture_).pixmap(iconSize(), devicePixelRatioF());
+    QPainter painter(&shape);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(shape.rect(), palette().color(QPalette::Active, QPalette::ButtonText));
+    painter.end();
+    setIcon(shape);
+  }
+
+  QStyle::StandardPixmap picture_;
+};
+
 }  // namespace
 
 Adodc::Adodc(QWidget* parent) : QWidget(parent), label_(new QLabel(this)) {
@@ -102,8 +131,7 @@ Adodc::~Adodc() = default;
 /// The keys work anywhere in the window and do not move the focus.
 QToolButton* Adodc::addButton(int icon, const QString& name, const QKeySequence& keys,
                               bool (Adodc::*move)()) {
-  auto* button = new QToolButton(this);
-  button->setIcon(style()->standardIcon(static_cast<QStyle::StandardPixmap>(icon)));
+  auto* button = new StepButton(static_cast<QStyle::StandardPixmap>(icon), this);
   button->setAccessibleName(name);
   button->setFocusPolicy(Qt::ClickFocus);
   connect(button, &QToolButton::clicked, this, [this, move] { (this->*move)(); });
