@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QLabel>
 #include <QRadioButton>
+#include <QTabBar>
+#include <QTableView>
 
 #include "apps/demo/field_helpers.h"
 #include "apps/demo/form_loader.h"
@@ -47,8 +49,11 @@ CustomerForm::CustomerForm(Database& database, QWidget* parent)
       documentLabel_(widgetOf<QLabel>(*this, "lblDocumento")),
       birthLabel_(widgetOf<QLabel>(*this, "lblNascimento")),
       passwordState_(widgetOf<QLabel>(*this, "situacaoSenha")),
+      ordersLabel_(widgetOf<QLabel>(*this, "lblPedidos")),
       natural_(widgetOf<QRadioButton>(*this, "fisica")),
-      legal_(widgetOf<QRadioButton>(*this, "juridica")) {
+      legal_(widgetOf<QRadioButton>(*this, "juridica")),
+      orders_(database, widgetOf<QTableView>(*this, "pedidosDoCliente")) {
+  findChild<QTabBar*>()->setAccessibleName(QStringLiteral("Páginas do cliente"));
   useLookup(citiesLookup(), city_, field("nomeCidade"));
   keepCityInState(state_, city_);
   document_->setValidator(CpfOrCnpjValidator());
@@ -76,6 +81,19 @@ void CustomerForm::showRow() {
   fitTelephone();
   password_->setValue(QVariant::fromValue(nullptr));
   showPasswordState();
+  showOrders();
+}
+
+/// An order may have been saved on the other form.
+void CustomerForm::showEvent(QShowEvent* event) {
+  RecordForm::showEvent(event);
+  showOrders();
+}
+
+void CustomerForm::showOrders() {
+  const int count = orders_.show(fieldInRow(QStringLiteral("codigo")));
+  ordersLabel_->setText(count == 0 ? QStringLiteral("&Pedidos do cliente: nenhum")
+                                   : QStringLiteral("&Pedidos do cliente: %1").arg(count));
 }
 
 QString CustomerForm::describeRow() const { return fieldInRow(QStringLiteral("nome")); }

@@ -1,6 +1,7 @@
 // The customers, one at a time, with navigation among their rows.
 #pragma once
 
+#include "apps/demo/customer_orders.h"
 #include "apps/demo/documents.h"
 #include "apps/demo/record_form.h"
 
@@ -17,6 +18,9 @@ class CustomerForm final : public RecordForm {
   /// customers.
   explicit CustomerForm(Database& database, QWidget* parent = nullptr);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   void showRow() override;
   QString describeRow() const override;
@@ -26,10 +30,12 @@ class CustomerForm final : public RecordForm {
   void fitTelephone();
   void takePassword();
   void showPasswordState();
+  void showOrders();
 
   qt::TsText *document_, *telephone_, *password_, *state_, *city_;
-  QLabel *documentLabel_, *birthLabel_, *passwordState_;
+  QLabel *documentLabel_, *birthLabel_, *passwordState_, *ordersLabel_;
   QRadioButton *natural_, *legal_;
+  CustomerOrders orders_;
 };
 
 }  // namespace tessaria::demo

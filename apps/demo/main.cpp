@@ -1,6 +1,6 @@
 // The order desk of a small trading company.
 #include <QApplication>
-#include <QIcon>
+#include <QPalette>
 #include <cstdio>
 #include <memory>
 
@@ -49,6 +49,23 @@ void dropKnownNoise(QtMsgType type, const QMessageLogContext& context, const QSt
 
 bool hasScreen() { return QGuiApplication::platformName() != QLatin1String("offscreen"); }
 
+QPalette darkPalette() {
+  QPalette dark(QColor(50, 50, 53));
+  dark.setColor(QPalette::Base, QColor(32, 32, 34));
+  dark.setColor(QPalette::AlternateBase, QColor(40, 40, 43));
+  dark.setColor(QPalette::Highlight, QColor(38, 110, 160));
+  dark.setColor(QPalette::HighlightedText, Qt::white);
+  dark.setColor(QPalette::ToolTipBase, QColor(70, 70, 74));
+  dark.setColor(QPalette::ToolTipText, Qt::white);
+  const QColor text(230, 230, 230);
+  const QColor disabled(140, 140, 140);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    dark.setColor(role, text);
+    dark.setColor(QPalette::Disabled, role, disabled);
+  }
+  return dark;
+}
+
 int run(int argc, char** argv) {
   qInstallMessageHandler(dropKnownNoise);
   QApplication application(argc, argv);
@@ -61,6 +78,7 @@ int run(int argc, char** argv) {
   Options options;
   try {
     options = readOptions(QCoreApplication::arguments());
+    if (options.isDark) QApplication::setPalette(darkPalette());
     if (!options.playFolder.isEmpty()) return play(options.playFolder, options.driver);
     return runDesk(options);
   } catch (const Failure& failure) {

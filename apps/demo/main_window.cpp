@@ -35,6 +35,7 @@ MainWindow::MainWindow(Database& database) : database_(database) {
   new QActionGroup(this);
   addForm("acaoClientes", new CustomerForm(database_, stack_));
   addForm("acaoPedidos", new OrderForm(database_, stack_));
+  showTitle();
   connectRefusals();
   connectActions();
 }
@@ -58,11 +59,16 @@ void MainWindow::showForm(int index) {
   if (index == stack_->currentIndex()) return;
   pages_[stack_->currentIndex()].focus = focusWidget();
   stack_->setCurrentIndex(index);
+  showTitle();
   clearNotice(Until::Typing);
   if (QWidget* before = pages_[index].focus)
     before->setFocus(Qt::OtherFocusReason);
   else
     current()->focusFirstField();
+}
+
+void MainWindow::showTitle() {
+  setWindowTitle(current()->windowTitle() + QStringLiteral(" – Mesa de pedidos"));
 }
 
 void MainWindow::connectActions() {

@@ -36,6 +36,7 @@ class MainWindow final : public QMainWindow {
   void connectRefusals();
   RecordForm* current() const;
   void showForm(int index);
+  void showTitle();
   void reconnect();
   /// How long a line of the status bar is shown, unless another replaces it.
   enum class Until { Typing, FieldIsRight, NextNotice };

@@ -37,11 +37,12 @@ Options readOptions(const QStringList& arguments) {
       QStringLiteral("Faz sozinho uma sessão de um operador, num banco de dados temporário, e "
                      "grava as telas na pasta."),
       QStringLiteral("PASTA"));
+  const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("Cores escuras."));
   const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                 QStringLiteral("Mostra esta ajuda."));
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Mesa de pedidos de uma pequena distribuidora."));
-  parser.addOptions({data, connection, driver, play, help});
+  parser.addOptions({data, connection, driver, play, dark, help});
   if (!parser.parse(arguments) || !parser.positionalArguments().isEmpty())
     throw Failure(QStringLiteral("Opção desconhecida ou incompleta.\n\n") + parser.helpText());
   if (parser.isSet(help)) {
@@ -55,7 +56,7 @@ Options readOptions(const QStringList& arguments) {
         QStringLiteral("A sessão de --play usa um banco de dados próprio e temporário: não a "
                        "combine com --connection nem com --data."));
   return {parser.value(data), parser.value(connection), parser.value(play),
-          driverOf(parser.value(driver))};
+          driverOf(parser.value(driver)), parser.isSet(dark)};
 }
 
 }  // namespace tessaria::demo

@@ -22,6 +22,7 @@ TEST(Options, DefaultToTheUsersOwnData) {
   EXPECT_EQ(options.dataFolder, Cluster::defaultFolder());
   EXPECT_TRUE(options.connectionString.isEmpty());
   EXPECT_TRUE(options.playFolder.isEmpty());
+  EXPECT_FALSE(options.isDark);
 }
 
 TEST(Options, AreRead) {
@@ -30,6 +31,7 @@ TEST(Options, AreRead) {
   EXPECT_EQ(readOptions({"x", "--play", "p"}).playFolder, "p");
   EXPECT_EQ(readOptions({"x", "--driver=odbc"}).driver, Driver::Odbc);
   EXPECT_EQ(readOptions({"x", "--driver", "postgres"}).driver, Driver::Postgres);
+  EXPECT_TRUE(readOptions({"x", "--dark"}).isDark);
 }
 
 TEST(Options, AreRefusedWhenTheyCannotBeRead) {

@@ -1,4 +1,4 @@
--- 60 orders of the first half of 2026, the same at every load, generated like the customers.
+-- 60 orders of 40 customers in the first half of 2026, the same at every load, generated like the customers.
 insert into pedidos (numero, data, cliente, uf, cidade, condicao, entrega)
 select
   lpad(numero::text, 6, '0'),
@@ -12,7 +12,7 @@ from (
   select
     numero,
     date '2026-01-05' + numero * 3 as data,
-    lpad((1 + pg_temp.draw(numero, 'cliente do pedido', 400))::text, 5, '0') as codigo
+    lpad((1 + pg_temp.draw(numero, 'cliente do pedido', 40))::text, 5, '0') as codigo
   from generate_series(1, 60) as numero
 ) as drawn
 join clientes using (codigo)

@@ -41,7 +41,9 @@ QPixmap pictureOf(QWidget& window, const QList<QPointer<QWidget>>& inFront) {
   QRect all = own;
   for (const auto& each : inFront)
     if (each && each->isVisible()) all |= placeOf(*each);
-  QPixmap picture(all.size());
+  const qreal ratio = window.devicePixelRatioF();
+  QPixmap picture((QSizeF(all.size()) * ratio).toSize());
+  picture.setDevicePixelRatio(ratio);
   picture.fill(QApplication::palette().color(QPalette::Dark));
   QPainter painter(&picture);
   painter.translate(-all.topLeft());
