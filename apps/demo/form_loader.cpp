@@ -1,6 +1,7 @@
 #include "apps/demo/form_loader.h"
 
 #include <QFile>
+#include <QFontMetricsF>
 #include <QUiLoader>
 #include <utility>
 
@@ -32,6 +33,23 @@ class Loader final : public QUiLoader {
   QWidget* form_;  ///< null once the outermost widget was requested
 };
 
+// The height in pixels of the font with which the forms were drawn.
+constexpr qreal kDrawnFont = 14;
+
+/// A larger font of the system needs wider fields and a larger window.
+void fitToFont(QWidget& form) {
+  const qreal factor = QFontMetricsF(form.font()).height() / kDrawnFont;
+  if (factor <= 1) return;
+  const auto wider = [factor](int width) { return qRound(width * factor); };
+  for (qt::TsText* each : form.findChildren<qt::TsText*>()) {
+    each->setMinimumWidth(wider(each->minimumWidth()));
+    if (each->maximumWidth() < QWIDGETSIZE_MAX) each->setMaximumWidth(wider(each->maximumWidth()));
+  }
+  for (qt::Adodc* each : form.findChildren<qt::Adodc*>())
+    each->setMinimumWidth(wider(each->minimumWidth()));
+  form.resize(form.size() * factor);
+}
+
 }  // namespace
 
 void loadForm(const QString& file, QWidget& form) {
@@ -40,6 +58,7 @@ void loadForm(const QString& file, QWidget& form) {
   Loader loader(form);
   if (!stored.open(QIODevice::ReadOnly) || !loader.load(&stored))
     qFatal("%s: %s", qPrintable(file), qPrintable(loader.errorString()));
+  fitToFont(form);
 }
 
 }  // namespace tessaria::demo

@@ -1,9 +1,11 @@
 // What the windows of the demo look like on a screen of 1440 by 900: they fit, no text is cut, and
-// a screen reader has a name for everything. Run again with twice the pixels, and with 150 dpi.
+// a screen reader has a name for everything. Run again with twice the pixels, with 150 dpi, and
+// with large fonts.
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScreen>
 
 #include "tessaria/qt/tstext.h"
@@ -34,11 +36,23 @@ void expectWhole(const QWidget& window, Needed&& needed) {
   }
 }
 
+/// The fields with a mask show all of their text.
+void expectWholeFields(const QWidget& window) {
+  constexpr int kFrame = 8;
+  for (const qt::TsText* each : window.findChildren<qt::TsText*>()) {
+    if (!each->isVisible() || each->mascara().isEmpty()) continue;
+    const auto* edit = each->findChild<QLineEdit*>();
+    EXPECT_GE(edit->width(), edit->fontMetrics().horizontalAdvance(edit->displayText()) + kFrame)
+        << named(*each, edit->displayText());
+  }
+}
+
 void expectGoodLooks(const QWidget& window) {
   const QSize room = window.screen()->availableSize() - QSize(0, kTitleBar);
   EXPECT_LE(window.width(), room.width()) << named(window, {});
   EXPECT_LE(window.height(), room.height()) << named(window, {});
   EXPECT_FALSE(window.windowTitle().isEmpty()) << named(window, {});
+  expectWholeFields(window);
   expectWhole<QLabel>(window, neededBy);
   expectWhole<QAbstractButton>(window, [](const QAbstractButton& b) { return b.sizeHint(); });
 }

@@ -53,6 +53,25 @@ class DataControl : public FieldFixture {
   QStringList errors_;
 };
 
+TEST_F(DataControl, ItsButtonsStandOutFromADarkWindow) {
+  show();
+  const auto lightness = [this] {
+    const QImage icon = navigation("Próximo").icon().pixmap(16, 16).toImage().convertToFormat(
+        QImage::Format_ARGB32);
+    int found = -1;
+    for (int y = 0; y < icon.height(); ++y)
+      for (int x = 0; x < icon.width(); ++x)
+        if (icon.pixelColor(x, y).alpha() > 200) found = icon.pixelColor(x, y).lightness();
+    return found;
+  };
+  EXPECT_GE(lightness(), 0);
+  EXPECT_LT(lightness(), 100);
+  QPalette dark(QColor(40, 40, 40));
+  dark.setColor(QPalette::ButtonText, QColor(230, 230, 230));
+  window_->setPalette(dark);
+  EXPECT_GT(lightness(), 200);
+}
+
 TEST_F(DataControl, OpensItsRowsAtTheFirstShowBeforeItsControlsAreLoaded) {
   show();
   EXPECT_EQ(name(), QStringLiteral("Ana"));
