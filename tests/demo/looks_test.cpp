@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
+#include <QTableView>
 
 #include "tessaria/qt/tstext.h"
 #include "tests/demo/desk_fixture.h"

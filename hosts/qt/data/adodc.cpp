@@ -1,5 +1,6 @@
 #include "tessaria/qt/adodc.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>

@@ -44,11 +44,14 @@ namespace {
 QLabel* captionOf(QWidget& window, QWidget& edit) {
   auto* caption = new QLabel(&window);
   caption->setTextFormat(Qt::PlainText);
+  // A field passes its description on to its part with the focus when that is entered.
   QWidget* target = edit.focusProxy() ? edit.focusProxy() : &edit;
-  QObject::connect(&window, &QWidget::windowTitleChanged, caption, [caption, target](auto& title) {
+  const auto show = [caption, target, &edit](auto& title) {
     caption->setText(title);
+    edit.setAccessibleDescription(title);
     target->setAccessibleDescription(title);
-  });
+  };
+  QObject::connect(&window, &QWidget::windowTitleChanged, caption, show);
   return caption;
 }
 
