@@ -60,9 +60,11 @@ qt::ItemSettings orderItems() {
 std::optional<qt::ItemGrid::Refusal> refusalOf(const qt::ItemRow& item) {
   using Refusal = qt::ItemGrid::Refusal;
   if (item.text("produto").isEmpty() || item.value("produto").isNull())
-    return Refusal{QStringLiteral("produto"), QStringLiteral("Falta o produto, Verifique Por Favor")};
+    return Refusal{QStringLiteral("produto"),
+                   QStringLiteral("Falta o produto, Verifique Por Favor")};
   if (item.number("quantidade") <= 0)
-    return Refusal{QStringLiteral("quantidade"), QStringLiteral("Falta a quantidade, Verifique Por Favor")};
+    return Refusal{QStringLiteral("quantidade"),
+                   QStringLiteral("Falta a quantidade, Verifique Por Favor")};
   return {};
 }
 
