@@ -2,8 +2,10 @@
 #pragma once
 
 #include <array>
+#ifndef Q_MOC_RUN  // Qt's moc cannot read them before other headers
 #include <compare>
 #include <concepts>
+#endif
 #include <cstdint>
 #include <memory>
 #include <utility>

@@ -187,6 +187,21 @@ TEST_F(Items, AMoveSavesWhatIsBeingTyped) {
   EXPECT_EQ(grid_->rowCount(), 0);
 }
 
+TEST_F(Items, ARowThatNobodyTouchedIsLeftWithoutAnyCheck) {
+  int checks = 0;
+  record_->setCheck([&]() -> std::optional<RecordForm::Refusal> {
+    ++checks;
+    return {};
+  });
+  go(cell("quantidade"));
+  key(Qt::Key_Down);
+  key(Qt::Key_Up);
+  EXPECT_FALSE(record_->isChanged());
+  EXPECT_TRUE(record_->moveNext());
+  EXPECT_TRUE(record_->movePrevious());
+  EXPECT_EQ(checks, 0);
+}
+
 TEST_F(Items, UndoReadsTheItemsAgain) {
   go(cell("quantidade"));
   write("5");

@@ -550,6 +550,7 @@ void ItemGrid::accept() {
 bool ItemGrid::isChanged() const {
   const Parts& p = *parts_;
   if (p.model.isChanged()) return true;
+  if (p.isShowing) return false;
   for (int c = 0; c < p.line->count(); ++c)
     if (const TsText* field = p.line->field(c); field && field->control().IsTouched()) return true;
   return false;

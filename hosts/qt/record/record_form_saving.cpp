@@ -16,7 +16,7 @@
 namespace tessaria::qt {
 
 void RecordForm::leaveRow(bool& refused) {
-  if (refused) return;
+  if (refused || (!parts_->isBusy && !isChanged())) return;
   if (parts_->isBusy) {
     refused = true;
     return;
