@@ -113,6 +113,61 @@ TEST_F(Looks, ARequiredFieldSaysSo) {
   EXPECT_EQ(box().accessibleDescription(), QStringLiteral("Como no contrato"));
 }
 
+QColor colourOfBox(TsText& field) {
+  const QLineEdit& box = *editOf(field);
+  return box.grab().toImage().pixelColor(box.width() - 12, box.height() / 2);
+}
+
+/// How far the icon on a button stands out from the button.
+double contrastOfIcon(QToolButton& button) {
+  const QImage picture = button.grab().toImage();
+  const QColor ground = picture.pixelColor(picture.width() / 2, 3);
+  double most = 1;
+  for (int x = 4; x < picture.width() - 4; ++x)
+    for (int y = 4; y < picture.height() - 4; ++y)
+      most = std::max(most, contrast(picture.pixelColor(x, y), ground));
+  return most;
+}
+
+TEST_F(Looks, AStyleSheetColoursTheBoxAndKeepsIconAndFocus) {
+  first_->setTipoControle(TsText::Calendario);
+  window_->setStyleSheet(
+      QStringLiteral("QLineEdit { background: rgb(238, 244, 255); }"
+                     "QLineEdit:focus { background: rgb(255, 247, 224); }"
+                     "QLineEdit:disabled { background: rgb(200, 200, 200); }"));
+  show();
+  EXPECT_EQ(colourOfBox(*first_), QColor(255, 247, 224));
+  leave();
+  EXPECT_EQ(colourOfBox(*first_), QColor(238, 244, 255));
+  EXPECT_GE(contrastOfIcon(browse()), 3);
+  first_->setEnabled(false);
+  settleEvents();
+  EXPECT_EQ(colourOfBox(*first_), QColor(200, 200, 200));
+}
+
+TEST_F(Looks, AFieldsOwnStyleSheetColoursBoxAndButton) {
+  first_->setTipoControle(TsText::Diretorio);
+  first_->setStyleSheet(QStringLiteral("background: #ffffcc; color: #990000"));
+  show();
+  EXPECT_EQ(colourOfBox(*first_), QColor(0xff, 0xff, 0xcc));
+  EXPECT_GE(contrastOfIcon(browse()), 3);
+  type(*window_, QStringLiteral("x"));
+  EXPECT_EQ(first_->text(), QStringLiteral("x"));
+}
+
+TEST_F(Looks, IconsAreVisibleInLightAndDarkAlsoWhenThePaletteChanges) {
+  show();
+  for (const auto kind :
+       {TsText::Browse, TsText::Calendario, TsText::Diretorio, TsText::Calculadora}) {
+    first_->setTipoControle(kind);
+    for (const QPalette& palette : {light_, darkTheme(), light_}) {
+      QApplication::setPalette(palette);
+      settleEvents();
+      EXPECT_GE(contrastOfIcon(browse()), 3) << kind;
+    }
+  }
+}
+
 TEST_F(Looks, AnIconInTheApplicationsFolderComesFirst) {
   const QString path = QCoreApplication::applicationDirPath() + QStringLiteral("/Calendario.ico");
   QImage image(16, 16, QImage::Format_ARGB32);
