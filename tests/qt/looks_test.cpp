@@ -5,6 +5,7 @@
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QToolButton>
+#include <cmath>
 
 #include "hosts/qt/conversion/colours.h"
 #include "hosts/qt/conversion/key_codes.h"
@@ -18,8 +19,12 @@
 namespace tessaria::qt::tests {
 namespace {
 
+/// As the guidelines for accessible web pages define it.
 double contrast(const QColor& a, const QColor& b) {
-  const auto light = [](const QColor& c) { return qGray(c.rgb()) + 12.75; };
+  const auto light = [](const QColor& c) {
+    const auto part = [](double value) { return std::pow(value, 2.2); };
+    return 0.2126 * part(c.redF()) + 0.7152 * part(c.greenF()) + 0.0722 * part(c.blueF()) + 0.05;
+  };
   return std::max(light(a), light(b)) / std::min(light(a), light(b));
 }
 
@@ -114,14 +119,14 @@ TEST_F(Looks, ARequiredFieldSaysSo) {
 }
 
 QColor colourOfBox(TsText& field) {
-  const QLineEdit& box = *editOf(field);
+  QLineEdit& box = *editOf(field);
   return box.grab().toImage().pixelColor(box.width() - 12, box.height() / 2);
 }
 
 /// How far the icon on a button stands out from the button.
 double contrastOfIcon(QToolButton& button) {
   const QImage picture = button.grab().toImage();
-  const QColor ground = picture.pixelColor(picture.width() / 2, 3);
+  const QColor ground = picture.pixelColor(3, picture.height() / 2);
   double most = 1;
   for (int x = 4; x < picture.width() - 4; ++x)
     for (int y = 4; y < picture.height() - 4; ++y)
