@@ -2,9 +2,10 @@
 
 #include <QFontMetrics>
 #include <QPushButton>
-#include <QStyle>
 #include <algorithm>
 #include <iterator>
+
+#include "hosts/qt/conversion/drawn_icon.h"
 
 namespace tessaria::qt {
 namespace {
@@ -36,9 +37,9 @@ void layOut(QWidget& surface, StringView name, std::span<const LaidWidget> widge
 QHBoxLayout* answerRow(QWidget& window, const char* yes, const char* no) {
   auto* accept = part<QPushButton>(window, yes);
   auto* refuse = part<QPushButton>(window, no);
-  accept->setIcon(window.style()->standardIcon(QStyle::SP_DialogApplyButton));
+  accept->setIcon(drawnIcon(Shape::Confirm));
   accept->setDefault(true);
-  refuse->setIcon(window.style()->standardIcon(QStyle::SP_ArrowBack));
+  refuse->setIcon(drawnIcon(Shape::Back));
   refuse->setProperty("Cancel", true);
   auto* row = new QHBoxLayout;
   row->addStretch(1);

@@ -1,7 +1,7 @@
 #include "hosts/qt/widgets/drive_list.h"
 
-#include <QStyle>
 
+#include "hosts/qt/conversion/drawn_icon.h"
 #include "tessaria/error.h"
 #include "tessaria/qt/text.h"
 
@@ -23,7 +23,7 @@ DriveListItem::DriveListItem(QComboBox& box, const DialogGate& gate)
 
 void DriveListItem::fill(const QList<Volume>& volumes) {
   const QVariant kept = box_.currentData();
-  const QIcon icon = box_.style()->standardIcon(QStyle::SP_DriveHDIcon);
+  const QIcon icon = drawnIcon(Shape::Drive);
   box_.clear();
   for (const Volume& volume : volumes) box_.addItem(icon, textOf(volume), volume.root);
   if (const int entry = box_.findData(kept); entry >= 0) box_.setCurrentIndex(entry);

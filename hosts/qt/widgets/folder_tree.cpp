@@ -2,7 +2,8 @@
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
-#include <QStyle>
+
+#include "hosts/qt/conversion/drawn_icon.h"
 
 namespace tessaria::qt {
 namespace {
@@ -46,7 +47,7 @@ QTreeWidgetItem* FolderTree::add(QTreeWidgetItem* parent, const QString& name) {
   const QString path = parent ? below(pathOf(parent), name) : name;
   auto* folder = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(this);
   folder->setText(0, name);
-  folder->setIcon(0, style()->standardIcon(QStyle::SP_DirIcon));
+  folder->setIcon(0, drawnIcon(Shape::Folder));
   folder->setData(0, kPath, path);
   folder->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
   if (const QString reason = whyUnreadable(path); !reason.isEmpty()) {

@@ -1,8 +1,8 @@
 #include "hosts/qt/widgets/tool_bar.h"
 
 #include <QKeyEvent>
-#include <QStyle>
 
+#include "hosts/qt/conversion/drawn_icon.h"
 #include "tessaria/qt/text.h"
 
 namespace tessaria::qt {
@@ -28,8 +28,7 @@ DialogToolBar::DialogToolBar(const QString& caption, const QString& toolTip, QWi
   button_->setText(caption);
   button_->setToolTip(toolTip);
   button_->setAccessibleName(QString(caption).remove(QLatin1Char('&')));
-  button_->setIcon(QIcon::fromTheme(QStringLiteral("edit-find"),
-                                    style()->standardIcon(QStyle::SP_FileDialogContentsView)));
+  button_->setIcon(drawnIcon(Shape::Search));
   button_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   button_->setPopupMode(QToolButton::MenuButtonPopup);
   button_->setFocusPolicy(Qt::TabFocus);
