@@ -6,17 +6,17 @@
 namespace tessaria::qt {
 namespace {
 
-std::optional<Shape> shapeOf(TipoControle kind) {
+std::optional<DrawnShape> shapeOf(TipoControle kind) {
   switch (kind) {
     case TipoControle::Browse:
     case TipoControle::Descricao:
-      return Shape::Dots;
+      return DrawnShape::Dots;
     case TipoControle::Calendario:
-      return Shape::Calendar;
+      return DrawnShape::Calendar;
     case TipoControle::Diretorio:
-      return Shape::Folder;
+      return DrawnShape::Folder;
     case TipoControle::Calculadora:
-      return Shape::Calculator;
+      return DrawnShape::Calculator;
     case TipoControle::Normal:
       break;
   }

@@ -112,23 +112,23 @@ void drawDrive(QPainter& painter, const Inks& inks) {
 
 using Drawing = void (*)(QPainter& painter, const Inks& inks);
 
-Drawing drawingOf(Shape shape) {
+Drawing drawingOf(DrawnShape shape) {
   switch (shape) {
-    case Shape::Dots:
+    case DrawnShape::Dots:
       return drawDots;
-    case Shape::Calendar:
+    case DrawnShape::Calendar:
       return drawCalendar;
-    case Shape::Folder:
+    case DrawnShape::Folder:
       return drawFolder;
-    case Shape::Calculator:
+    case DrawnShape::Calculator:
       return drawCalculator;
-    case Shape::Confirm:
+    case DrawnShape::Confirm:
       return drawConfirm;
-    case Shape::Back:
+    case DrawnShape::Back:
       return drawBack;
-    case Shape::Search:
+    case DrawnShape::Search:
       return drawSearch;
-    case Shape::Drive:
+    case DrawnShape::Drive:
       break;
   }
   return drawDrive;
@@ -136,7 +136,7 @@ Drawing drawingOf(Shape shape) {
 
 class DrawnIcon final : public QIconEngine {
  public:
-  DrawnIcon(Shape shape, std::optional<bool> onDark) : shape_(shape), onDark_(onDark) {}
+  DrawnIcon(DrawnShape shape, std::optional<bool> onDark) : shape_(shape), onDark_(onDark) {}
 
   void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State) override {
     painter->save();
@@ -171,14 +171,14 @@ class DrawnIcon final : public QIconEngine {
  private:
   bool isOnDark() const { return onDark_.value_or(isDark(QGuiApplication::palette())); }
 
-  const Shape shape_;
+  const DrawnShape shape_;
   const std::optional<bool> onDark_;
 };
 
 }  // namespace
 
-QIcon drawnIcon(Shape shape, std::optional<bool> onDark) {
-  static std::map<std::pair<Shape, std::optional<bool>>, QIcon> icons;
+QIcon drawnIcon(DrawnShape shape, std::optional<bool> onDark) {
+  static std::map<std::pair<DrawnShape, std::optional<bool>>, QIcon> icons;
   QIcon& icon = icons[{shape, onDark}];
   if (icon.isNull()) icon = QIcon(new DrawnIcon(shape, onDark));
   return icon;

@@ -6,11 +6,11 @@
 
 namespace tessaria::qt {
 
-enum class Shape { Dots, Calendar, Folder, Calculator, Confirm, Back, Search, Drive };
+enum class DrawnShape { Dots, Calendar, Folder, Calculator, Confirm, Back, Search, Drive };
 
 /// Sharp at every size and density, in colours that contrast with a light or a dark ground; without
 /// a ground that of the application's palette, also when it changes later. All that ask for the
 /// same share one icon.
-QIcon drawnIcon(Shape shape, std::optional<bool> onDark = {});
+QIcon drawnIcon(DrawnShape shape, std::optional<bool> onDark = {});
 
 }  // namespace tessaria::qt

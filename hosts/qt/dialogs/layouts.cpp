@@ -37,9 +37,9 @@ void layOut(QWidget& surface, StringView name, std::span<const LaidWidget> widge
 QHBoxLayout* answerRow(QWidget& window, const char* yes, const char* no) {
   auto* accept = part<QPushButton>(window, yes);
   auto* refuse = part<QPushButton>(window, no);
-  accept->setIcon(drawnIcon(Shape::Confirm));
+  accept->setIcon(drawnIcon(DrawnShape::Confirm));
   accept->setDefault(true);
-  refuse->setIcon(drawnIcon(Shape::Back));
+  refuse->setIcon(drawnIcon(DrawnShape::Back));
   refuse->setProperty("Cancel", true);
   auto* row = new QHBoxLayout;
   row->addStretch(1);

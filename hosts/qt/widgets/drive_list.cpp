@@ -23,7 +23,7 @@ DriveListItem::DriveListItem(QComboBox& box, const DialogGate& gate)
 
 void DriveListItem::fill(const QList<Volume>& volumes) {
   const QVariant kept = box_.currentData();
-  const QIcon icon = drawnIcon(Shape::Drive);
+  const QIcon icon = drawnIcon(DrawnShape::Drive);
   box_.clear();
   for (const Volume& volume : volumes) box_.addItem(icon, textOf(volume), volume.root);
   if (const int entry = box_.findData(kept); entry >= 0) box_.setCurrentIndex(entry);

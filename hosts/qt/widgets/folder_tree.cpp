@@ -47,7 +47,7 @@ QTreeWidgetItem* FolderTree::add(QTreeWidgetItem* parent, const QString& name) {
   const QString path = parent ? below(pathOf(parent), name) : name;
   auto* folder = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(this);
   folder->setText(0, name);
-  folder->setIcon(0, drawnIcon(Shape::Folder));
+  folder->setIcon(0, drawnIcon(DrawnShape::Folder));
   folder->setData(0, kPath, path);
   folder->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
   if (const QString reason = whyUnreadable(path); !reason.isEmpty()) {

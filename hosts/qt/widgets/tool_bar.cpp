@@ -28,7 +28,7 @@ DialogToolBar::DialogToolBar(const QString& caption, const QString& toolTip, QWi
   button_->setText(caption);
   button_->setToolTip(toolTip);
   button_->setAccessibleName(QString(caption).remove(QLatin1Char('&')));
-  button_->setIcon(drawnIcon(Shape::Search));
+  button_->setIcon(drawnIcon(DrawnShape::Search));
   button_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   button_->setPopupMode(QToolButton::MenuButtonPopup);
   button_->setFocusPolicy(Qt::TabFocus);
