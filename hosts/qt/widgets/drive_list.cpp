@@ -1,6 +1,5 @@
 #include "hosts/qt/widgets/drive_list.h"
 
-
 #include "hosts/qt/conversion/drawn_icon.h"
 #include "tessaria/error.h"
 #include "tessaria/qt/text.h"
