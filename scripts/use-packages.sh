@@ -24,7 +24,7 @@ build_by_cmake() {
   cmake -S /consumer -B consumer -G Ninja -DCOMPONENTS="$components" -DDESIGNER=ON \
     -DREADME=/usr/share/doc/Tessaria/README.md
   cmake --build consumer
-  for name in core memory odbc postgres qt qtsql; do "consumer/use_$name"; done
+  for name in core memory odbc postgres qt qt_moc qtsql; do "consumer/use_$name"; done
   DESIGNER=$PWD/consumer/load_designer tessaria-designer
 }
 
