@@ -20,7 +20,7 @@ constexpr char16_t kEnter = 13;
 
 void moveOnWithEnter(qt::TsText* field) {
   QObject::connect(field, &qt::TsText::keyPress, field, [field](qint16& key) {
-    if (key != kEnter) return;
+    if (key != kEnter || field->multiLineText()) return;
     key = 0;
     QWidget* box = field->window()->focusWidget();
     QCoreApplication::postEvent(box, new QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, {}));

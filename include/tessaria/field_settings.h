@@ -118,7 +118,8 @@ struct FieldSettings {
   bool picksFiles = true;   ///< a file of `Diretorio`, or a folder alone
   String filePattern = {};  ///< which files are offered, such as "*.txt"
 
-  String placeholder = {};  ///< what an empty box shows; a form file stores it apart
+  String placeholder = {};     ///< what an empty box shows; a form file stores it apart
+  bool multiLineText = false;  ///< a box of several lines, likewise; not with a mask or a button
 
   std::optional<Colour> foreColor = {};  ///< by default that of the theme
   std::optional<Colour> backColor = {};  ///< likewise

@@ -31,7 +31,9 @@ class Undo : public testing::Test {
   }
 
   /// All that a form file holds of the field.
-  QStringList stored() const { return field_.settings() << field_.placeholderText(); }
+  QStringList stored() const {
+    return field_.settings() << field_.placeholderText() << QString::number(field_.multiLineText());
+  }
 
   QDesignerFormWindowInterface& form_ = *openForm(QStringLiteral("pedido.ui"));
   qt::TsText& field_ = *fieldOf(form_, QStringLiteral("txtData"));

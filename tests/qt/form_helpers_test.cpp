@@ -4,6 +4,7 @@
 #include <QTabWidget>
 
 #include "hosts/qt/conversion/units.h"
+#include "hosts/qt/keys/line_edit.h"
 #include "hosts/qt/keys/text_box.h"
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"

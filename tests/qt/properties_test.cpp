@@ -46,7 +46,7 @@ TEST(Properties, TypesCanBeEditedInDesigner) {
 }
 
 TEST(Properties, OnlyTheSettingsAndThePlaceholderAreStored) {
-  static const std::set<std::string> stored = {"settings", "placeholderText"};
+  static const std::set<std::string> stored = {"settings", "placeholderText", "multiLineText"};
   const QMetaObject& meta = TsText::staticMetaObject;
   for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i)
     EXPECT_EQ(meta.property(i).isStored(), stored.count(meta.property(i).name()) == 1)

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "hosts/qt/conversion/key_codes.h"
+#include "hosts/qt/keys/line_edit.h"
 #include "hosts/qt/keys/text_box.h"
 #include "tessaria/qt/host.h"
 #include "tessaria/qt/text.h"

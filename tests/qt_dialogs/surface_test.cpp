@@ -339,7 +339,9 @@ TEST_F(Surfaces, WhatIsPastedIntoAMultiLineTextIsBounded) {
   EXPECT_EQ(box.Text(), u"um\r\ndo");
   box.MaxLength(0);
   box.Text(u"a\nb\rc");
-  EXPECT_EQ(box.Text(), u"a\r\nb\r\nc");
+  EXPECT_EQ(box.Text(), u"a\nb\rc") << "as it is until it is edited";
+  box.SelText(u"x");
+  EXPECT_EQ(box.Text(), u"xa\r\nb\r\nc");
 }
 
 TEST_F(Surfaces, AHandlerMayRefuseOrChangeTheCharactersOfAMultiLineText) {

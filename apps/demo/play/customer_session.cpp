@@ -10,7 +10,8 @@ const QString kName = QStringLiteral("João Conceição Araújo Müller");
 const QString kAddress = QStringLiteral("Avenida São João, 1200, 3º andar");
 const QString kEmail = QStringLiteral("joao.araujo@example.com");
 const QString kPassword = QStringLiteral("Segredo1");
-const QString kNotes = QStringLiteral("Não entregar às segundas; cobrança até o dia 5.");
+const QStringList kNotes{QStringLiteral("Não entregar às segundas."),
+                         QStringLiteral("Cobrança até o dia 5.")};
 
 void fillHead(Player& p) {
   p.stage(QStringLiteral("Cliente novo: o código proposto é trocado, o nome fica em branco"));
@@ -92,7 +93,9 @@ void fillCredit(Player& p) {
   p.picture(QStringLiteral("senha"));
   p.press(QStringLiteral("Tab"));
   p.expectShown(QStringLiteral("situacaoSenha"), QStringLiteral("Será trocada ao salvar."));
-  p.type(kNotes);
+  p.type(kNotes[0]);
+  p.press(QStringLiteral("Return"));
+  p.type(kNotes[1]);
 }
 
 void saveNewCustomer(Player& p) {
@@ -182,7 +185,7 @@ QList<ExpectedRow> rowsAfterCustomerSession() {
             {QStringLiteral("email"), kEmail},
             {QStringLiteral("limite_credito"), QStringLiteral("12500.50")},
             {QStringLiteral("senha"), password},
-            {QStringLiteral("observacao"), kNotes}}},
+            {QStringLiteral("observacao"), kNotes.join(QLatin1String("\r\n"))}}},
           {QStringLiteral("O cliente alterado no banco de dados:"),
            kColumns + QStringLiteral("'00008'"),
            {{QStringLiteral("codigo"), QStringLiteral("00008")},

@@ -1,12 +1,9 @@
 #include "tessaria/qt/tstext.h"
 
 #include <QKeyEvent>
-#include <QLabel>
 
 #include "hosts/qt/control/tstext.h"
 #include "hosts/qt/conversion/key_codes.h"
-#include "hosts/qt/conversion/label_text.h"
-#include "hosts/qt/conversion/units.h"
 #include "hosts/qt/focus/delegate_editor.h"
 #include "hosts/qt/focus/dialog_keys.h"
 #include "hosts/qt/focus/focus_cycle.h"
@@ -25,10 +22,6 @@
 namespace tessaria::qt {
 namespace {
 
-// Twips.
-constexpr Long kLeastHeight = 315;
-constexpr Long kRoomForButton = 360;
-
 template <class Definition>
 TextPropertyBag::Factories::value_type factory() {
   return {Definition().ClassName(), [] { return std::make_shared<Definition>(); }};
@@ -38,25 +31,14 @@ TextPropertyBag makeBag() {
   return TextPropertyBag({factory<tessaria::Browse>(), factory<tessaria::Pesquisa>()});
 }
 
-/// A screen reader reads the field's own accessible description, and whether a value is required.
-void describe(const TsText& field, LineEdit& edit) {
-  QStringList parts{field.accessibleDescription()};
-  if (!field.podeSerBranco()) parts << QStringLiteral("obrigatório");
-  parts.removeAll(QString());
-  edit.describe(parts.join(QStringLiteral(", ")));
-}
-
 }  // namespace
 
 TsText::TsText(QWidget* parent) : QWidget(parent) {
   install();
   parts_ = std::make_shared<Parts>(*this);
-  parts_->edit->setObjectName(QStringLiteral("txtEdit"));
   parts_->browseButton->setObjectName(QStringLiteral("btnBrowse"));
   setFocusPolicy(Qt::StrongFocus);
-  setFocusProxy(parts_->edit);
-  parts_->edit->installEventFilter(this);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  adoptEdit();
   parts_->box.Mask = [this] {
     const tsText& c = parts_->control;
     return MaskInUse{c.Mascara(), c.ItensMascara(), c.PromptChar()};
@@ -79,6 +61,7 @@ TsText::TsText(const FieldSettings& settings, QWidget* parent) : TsText(parent) 
   });
   setValidator(settings.validator);
   setPlaceholderText(toQt(settings.placeholder));
+  setMultiLineText(settings.multiLineText);
 }
 
 TsText::~TsText() {
@@ -93,8 +76,9 @@ TsText::~TsText() {
 void TsText::followControl(const QString& property) {
   if (property == QLatin1String("TipoControle"))
     parts_->browseButton->setKind(parts_->control.TipoControle());
-  if (property == QLatin1String("PodeSerBranco")) describe(*this, *parts_->edit);
+  if (property == QLatin1String("PodeSerBranco")) describeEdit();
   if (property == QLatin1String("Enabled") && !designMode()) QWidget::setEnabled(isFieldEnabled());
+  chooseEdit();
 }
 
 /// The widget's own flag, regardless of its ancestors.
@@ -207,7 +191,7 @@ void TsText::resizeEvent(QResizeEvent*) {
 void TsText::showEvent(QShowEvent*) {
   if (formUnderDesign(this)) {
     // The mouse and the keys are the designer's.
-    for (QWidget* part : std::initializer_list<QWidget*>{parts_->edit, parts_->browseButton})
+    for (QWidget* part : {&parts_->face(), static_cast<QWidget*>(parts_->browseButton)})
       part->setAttribute(Qt::WA_TransparentForMouseEvents);
     return showDesignedSoon(*this);
   }
@@ -265,61 +249,6 @@ void TsText::leaveCell(bool next) {
   parts_->isLeftByTab = true;
   tellDelegateOfTab(*this, next);
   if (self && parts_) parts_->isLeftByTab = false;
-}
-
-// --- Looks
-
-QSize TsText::hintAround(const QSize& box) const {
-  return {box.width() + pixelsX(kRoomForButton, *this),
-          std::max(box.height(), pixelsY(kLeastHeight, *this))};
-}
-
-QSize TsText::sizeHint() const { return hintAround(parts_->edit->sizeHint()); }
-QSize TsText::minimumSizeHint() const { return hintAround(parts_->edit->minimumSizeHint()); }
-
-QLabel* TsText::captionAmong(const QList<QLabel*>& labels) {
-  const QString name = labelAssociado();
-  QLabel* buddyLabel = nullptr;
-  for (QLabel* label : labels) {
-    if (!name.isEmpty() && label->objectName().compare(name, Qt::CaseInsensitive) == 0)
-      return label;
-    if (label->buddy() == this) buddyLabel = label;
-  }
-  return buddyLabel;
-}
-
-/// A screen reader reads the edit: it gets the field's own accessible name, or else the present
-/// text of its caption.
-void TsText::nameByCaption(const QList<QLabel*>& labels) {
-  QLabel* label = captionAmong(labels);
-  if (label && !label->buddy()) label->setBuddy(this);
-  // A label does not signal a change of its text, but it repaints.
-  if (label) label->installEventFilter(this);
-  QString name = accessibleName();
-  if (name.isEmpty() && label) name = captionOf(*label);
-  if (name != parts_->edit->accessibleName()) parts_->edit->setAccessibleName(name);
-  parts_->browseButton->setFieldName(name);
-  describe(*this, *parts_->edit);
-}
-
-// On a form under design the labels are the designer's.
-void TsText::nameForAccessibility() {
-  if (!formUnderDesign(this)) nameByCaption(labelsOf(formOf(this)));
-}
-
-/// Whether the label is known to be the caption, with its present text: then a search of the whole
-/// form would find nothing new.
-bool TsText::isNamedBy(const QObject* object) const {
-  const auto* label = qobject_cast<const QLabel*>(object);
-  return label && label->buddy() == this && accessibleName().isEmpty() &&
-         captionOf(*label) == parts_->edit->accessibleName();
-}
-
-bool TsText::eventFilter(QObject* object, QEvent* event) {
-  const bool isEdit = parts_ && object == parts_->edit;
-  if (parts_ && event->type() == (isEdit ? QEvent::FocusIn : QEvent::Paint) && !isNamedBy(object))
-    nameForAccessibility();
-  return QWidget::eventFilter(object, event);
 }
 
 // --- Events

@@ -3,7 +3,6 @@
 
 #include "hosts/qt/control/browse_button.h"
 #include "hosts/qt/control/control_site.h"
-#include "hosts/qt/keys/line_edit.h"
 #include "hosts/qt/keys/text_box.h"
 #include "tessaria/qt/tstext.h"
 #include "tessaria/qt/variants.h"
@@ -29,6 +28,9 @@ class TsText::Events final : public tsTextEvents {
   QPointer<TsText> surface_;
 };
 
+/// A child of the surface.
+TextEdit* newEdit(TsText& surface, bool severalLines);
+
 /// The properties that the program is told of, as it knows them.
 struct Announced {
   QVariant value;
@@ -40,7 +42,7 @@ struct Announced {
 /// The widgets are children of the surface; the rest outlives it while the core is running.
 struct TsText::Parts {
   explicit Parts(TsText& surface)
-      : edit(new LineEdit(&surface)),
+      : edit(newEdit(surface, false)),
         browseButton(new BrowseButton(&surface)),
         box(*edit),
         button(*browseButton),
@@ -52,7 +54,7 @@ struct TsText::Parts {
         events(surface),
         control(site, box, button, events) {}
 
-  LineEdit* const edit;
+  TextEdit* edit;
   BrowseButton* const browseButton;
   TextBox box;
   CommandButton button;
@@ -60,7 +62,11 @@ struct TsText::Parts {
   Events events;
   tsText control;
   Announced announced;
-  bool isLeftByTab = false;  ///< the editor of a cell is being left
+  QString placeholder;
+  bool hasSeveralLines = false;  ///< `multiLineText`, whether it has an effect or not
+  bool isLeftByTab = false;      ///< the editor of a cell is being left
+
+  QWidget& face() const { return edit->widget(); }
 };
 
 template <class Get>

@@ -139,7 +139,7 @@ void TsText::setBackColor(const QColor& v) {
   write([&](tsText& c) { c.BackColor(toColour(v)); });
 }
 
-QFont TsText::fieldFont() const { return parts_->edit->font(); }
+QFont TsText::fieldFont() const { return parts_->face().font(); }
 void TsText::setFieldFont(const QFont& v) {
   write([&](tsText& c) { c.Font(toFont(v)); });
 }
@@ -186,8 +186,5 @@ void TsText::setPesquisa(const QVariant& v) {
 void TsText::setLastValue(const QString& v) {
   write([&](tsText& c) { c.LastValue(fromQt(v)); });
 }
-
-QString TsText::placeholderText() const { return parts_->edit->placeholderText(); }
-void TsText::setPlaceholderText(const QString& text) { parts_->edit->setPlaceholderText(text); }
 
 }  // namespace tessaria::qt

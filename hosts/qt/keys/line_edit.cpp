@@ -17,23 +17,12 @@
 namespace tessaria::qt {
 namespace {
 
-/// The code of a character that has none.
-constexpr Integer kOutsideTheWesternCodes = u'?';
-
 bool isNavigation(const QKeyEvent& event) {
   return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
 }
 
 bool isText(const QString& typed) {
   return !typed.isEmpty() && typed.front() >= QLatin1Char(' ') && typed.front() != QChar(127);
-}
-
-/// Identifies a key, regardless of the modifiers. An event that does not come from a keyboard has
-/// only its code.
-quint64 keyOf(const QKeyEvent& event, Integer code) {
-  constexpr quint64 kByScanCode = quint64{1} << 32;
-  const quint32 scanCode = event.nativeScanCode();
-  return scanCode != 0 ? kByScanCode | scanCode : quint64{static_cast<quint16>(code)};
 }
 
 /// Keys that print nothing and would change the text past the mask.
@@ -123,6 +112,10 @@ void LineEdit::setSelLength(int length) {
   if (const int fitting = std::clamp(length, 0, room); fitting > 0) setSelection(start, fitting);
 }
 
+void LineEdit::alignRight(bool right) {
+  setAlignment((right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
 /// The part of the operator's text that has room in place of the selection. Qt's own limit is not
 /// used: it would cut texts that a program assigns.
 QString LineEdit::fitting(const QString& text) const {
@@ -171,22 +164,10 @@ void LineEdit::flush() {
     known_ = text();
     hidden_.reset();
     if (steps_ == 0) history_.clear();
-    if (lasting_) setAccessibleDescription(*std::exchange(lasting_, std::nullopt));
+    endDescription();
     if (events_) events_->changed();
   }
   if (self && std::exchange(withoutKey_, false)) reportTextWithoutKey();
-}
-
-void LineEdit::describe(const QString& text) {
-  if (lasting_)
-    lasting_ = text;
-  else if (text != accessibleDescription())
-    setAccessibleDescription(text);
-}
-
-void LineEdit::describeUntilChange(const QString& text) {
-  if (!lasting_) lasting_ = accessibleDescription();
-  setAccessibleDescription(text);
 }
 
 void LineEdit::reportTextWithoutKey() {
@@ -212,7 +193,7 @@ bool LineEdit::event(QEvent* event) {
     }
     case QEvent::KeyRelease:
       if (!isEnabled()) break;
-      handleKeyRelease(static_cast<QKeyEvent*>(event));
+      reportKeyRelease(*static_cast<QKeyEvent*>(event));
       return true;
     case QEvent::Drop:
       if (!takesFocusForDrop() || takesTextWithoutKey(event)) return true;
@@ -232,17 +213,10 @@ bool LineEdit::event(QEvent* event) {
 
 void LineEdit::handleKeyPress(QKeyEvent* event) {
   const QPointer<LineEdit> self(this);
-  const quint64 key = keyOf(*event, virtualKey(*event));
-  const bool isHeld = event->isAutoRepeat() && held_.contains(key);
-  // The key may be held since it closed a dialog, for example: it must not press the form's
-  // buttons.
-  if (event->isAutoRepeat() && isDialogKey(*event) && !isHeld) return event->accept();
-  const Integer code = isHeld ? held_.value(key) : virtualKey(*event);
-  held_.insert(key, code);
+  if (isHeldFromElsewhere(*event)) return event->accept();
   const EditCommand command = maskInUse().isEmpty() ? EditCommand::None : commandOf(*event);
   const KeyReach reach = command == EditCommand::None ? KeyReach::Box : KeyReach::SurfaceOnly;
-  const KeyFate fate =
-      events_ ? events_->keyDown(code, shiftState(event->modifiers()), reach) : KeyFate::LeftAlone;
+  const KeyFate fate = askKeyDown(*event, reach);
   event->accept();
   if (!self || fate != KeyFate::LeftAlone) return;
   if (command != EditCommand::None) return run(command);
@@ -290,34 +264,6 @@ void LineEdit::act(QKeyEvent* event) {
                          event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
   pasteFrom(selection ? QClipboard::Selection : QClipboard::Clipboard);
   event->accept();
-}
-
-void LineEdit::handleKeyRelease(QKeyEvent* event) {
-  event->accept();
-  if (event->isAutoRepeat()) return;
-  const Integer ownCode = virtualKey(*event);
-  const auto pressed = held_.constFind(keyOf(*event, ownCode));
-  const bool inBox = pressed != held_.cend();
-  // The modifiers may have been released since the press.
-  const Integer code = inBox ? *pressed : ownCode;
-  if (inBox) held_.erase(pressed);
-  const PressedIn where = inBox ? PressedIn::Box : PressedIn::Elsewhere;
-  if (events_) events_->keyUp(code, shiftState(event->modifiers()), where);
-}
-
-/// Calls the handlers; `typed` receives the character as they have changed it.
-KeyFate LineEdit::askKeyPress(const QString& unit, QString& typed) {
-  typed = unit;
-  if (!events_) return KeyFate::LeftAlone;
-  const Integer original =
-      unit.size() == 1 ? AnsiCode(unit.front().unicode()) : kOutsideTheWesternCodes;
-  Integer code = original;
-  const KeyFate fate = events_->keyPress(code);
-  if (fate == KeyFate::LeftAlone && code != original) {
-    const bool western = code > 0 && code <= 255;
-    typed = western ? QString(QChar(AnsiCharacter(code))) : QString();
-  }
-  return fate;
 }
 
 void LineEdit::insertTyped(const QString& typed) {
@@ -436,11 +382,7 @@ void LineEdit::showEvent(QShowEvent* event) {
 
 void LineEdit::deliverGotFocus() {
   history_.clear();
-  if (events_) events_->gotFocus();
-}
-
-void LineEdit::deliverLostFocus() {
-  if (events_) events_->lostFocus();
+  TextEdit::deliverGotFocus();
 }
 
 }  // namespace tessaria::qt

@@ -2,19 +2,15 @@
 #pragma once
 
 #include <QClipboard>
-#include <QHash>
 #include <QLineEdit>
 #include <QPointer>
-#include <algorithm>
 #include <functional>
 #include <optional>
 #include <utility>
 
-#include "hosts/qt/focus/focused_edit.h"
 #include "hosts/qt/keys/edit_commands.h"
-#include "hosts/qt/keys/edit_events.h"
 #include "hosts/qt/keys/edit_history.h"
-#include "tessaria/string.h"
+#include "hosts/qt/keys/text_edit.h"
 
 class QInputMethodEvent;
 
@@ -23,29 +19,29 @@ namespace tessaria::qt {
 /// Order of a key: key-down, key-press per character, edit, change, key-up; the handlers are
 /// called before the edit acts. Releases made by auto-repeat are ignored. Changes are reported
 /// after Qt has finished handling the event, so that a handler may destroy the edit.
-class LineEdit final : public QLineEdit, public FocusedEdit {
+class LineEdit final : public QLineEdit, public TextEdit {
   Q_OBJECT
 
  public:
   explicit LineEdit(QWidget* parent = nullptr);
 
-  /// Not owned; nullptr for none.
-  void setEvents(EditEvents* events) { events_ = events; }
   MaskInUse maskInUse() const;
 
-  /// Assigns the text without any limit: caret at 0, nothing selected.
-  void assignText(const QString& text);
-  /// Replaces the selection by the text without any limit; the caret is then after it.
-  void replaceSelection(const QString& text);
+  QString boxText() const override { return text(); }
+  void assignText(const QString& text) override;
+  void replaceSelection(const QString& text) override;
   /// The selection is kept while the focus is elsewhere, though it is not shown.
-  int selStart() const;
-  int selLength() const;
-  QString selText() const { return text().mid(selStart(), selLength()); }
-  void setSelStart(int position);
-  void setSelLength(int length);
-  /// The maximum length in characters that the operator can make the text; 0 is no limit.
-  int limit() const { return limit_; }
-  void setLimit(int characters) { limit_ = std::max(characters, 0); }
+  int selStart() const override;
+  int selLength() const override;
+  void setSelStart(int position) override;
+  void setSelLength(int length) override;
+  bool isAlignedRight() const override { return alignment().testFlag(Qt::AlignRight); }
+  void alignRight(bool right) override;
+  void hideText(bool hidden) override { setEchoMode(hidden ? Password : Normal); }
+  void showPlaceholder(const QString& text) override { setPlaceholderText(text); }
+  bool hasSeveralLines() const override { return false; }
+  QSize boxHint() const override { return sizeHint(); }
+  QSize leastBoxHint() const override { return minimumSizeHint(); }
 
   /// Sends a character as if typed: key-press and edit. Returns false if the edit is gone.
   bool typeCharacter(const QString& unit);
@@ -61,13 +57,7 @@ class LineEdit final : public QLineEdit, public FocusedEdit {
 
   QWidget& widget() override { return *this; }
   void deliverGotFocus() override;
-  void deliverLostFocus() override;
   void keepSelectionOverClick() override;
-
-  /// Sets the description for screen readers.
-  void describe(const QString& text);
-  /// Another description in its place, until the text changes.
-  void describeUntilChange(const QString& text);
 
   bool hasUndo() const;
   bool hasRedo() const;
@@ -91,7 +81,6 @@ class LineEdit final : public QLineEdit, public FocusedEdit {
   class Step;                      ///< a scope that one undo reverts
 
   void handleKeyPress(QKeyEvent* event);
-  void handleKeyRelease(QKeyEvent* event);
   void handleInputMethod(QInputMethodEvent* event);
   void pressCharacters(QKeyEvent* event, const QStringList& units);
   void editCommand(QKeyEvent* event);
@@ -101,25 +90,19 @@ class LineEdit final : public QLineEdit, public FocusedEdit {
   EditState state() const;
   void restore(const EditState& state);
   void stepThroughHistory(EditState (EditHistory::*step)(const EditState&));
-  KeyFate askKeyPress(const QString& unit, QString& typed);
   void insertTyped(const QString& typed);
   bool hasRoomFor(const QString& text) const { return fitting(text).size() == text.size(); }
   QString fitting(const QString& text) const;
   void insertFitting(const QString& text);
   void pasteFrom(QClipboard::Mode mode);
   bool takesTextWithoutKey(QEvent* event);
-  bool takesFocusForDrop();
   bool handleMouseRelease(QEvent* event);
   void showHiddenSelection();
   bool takesBackForeignText();
   void edited();
   void flush();
 
-  EditEvents* events_ = nullptr;
-  QHash<quint64, Integer> held_;    ///< codes of the keys whose release is awaited, by `keyOf`
-  QString known_;                   ///< the text as last reported
-  std::optional<QString> lasting_;  ///< the description that another one stands for
-  int limit_ = 0;
+  QString known_;         ///< the text as last reported
   int working_ = 0;       ///< depth of `Work`
   int typing_ = 0;        ///< depth of `Work` whose text went through the handlers
   bool trusted_ = false;  ///< the text that is not yet reported came through the handlers

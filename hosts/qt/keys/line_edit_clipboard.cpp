@@ -94,19 +94,6 @@ void LineEdit::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
 }
 
-/// A drop goes where the mouse is, and takes the focus there: a field that is never entered is
-/// never left, and its text would be neither checked nor assigned. Returns false if the field did
-/// not get the focus.
-bool LineEdit::takesFocusForDrop() {
-  const QPointer<LineEdit> self(this);
-  setFocus(Qt::MouseFocusReason);
-  FocusCycle* cycle = FocusCycle::of(window());
-  cycle->focusMoved();
-  if (!self) return false;
-  cycle->settlePending();
-  return self && window()->focusWidget() == this;
-}
-
 namespace {
 
 /// Text that a drop or the middle mouse button inserts at a position of the edit.

@@ -1,21 +1,26 @@
 #include "hosts/qt/keys/multi_line_edit.h"
 
+#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPointer>
+#include <QTextCursor>
+#include <QTextOption>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "hosts/qt/conversion/key_codes.h"
+#include "hosts/qt/focus/dialog_keys.h"
+#include "hosts/qt/focus/focus_cycle.h"
+#include "hosts/qt/keys/paste_refusal.h"
+#include "tessaria/comforts.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/text.h"
 
 namespace tessaria::qt {
 namespace {
-
-/// The code of a character that has none.
-constexpr Integer kNoWesternCode = u'?';
 
 /// Whether the character changes the text: printed ones, and the end of a line.
 bool writes(const QString& typed) {
@@ -26,6 +31,11 @@ bool writes(const QString& typed) {
 QString withOwnLineEnds(QString text) {
   text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
   return text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+}
+
+QString lineEndOf(const QString& text) {
+  const bool hasOwn = text.contains(QLatin1Char('\n')) && !text.contains(QLatin1Char('\r'));
+  return hasOwn ? QStringLiteral("\n") : QStringLiteral("\r\n");
 }
 
 }  // namespace
@@ -54,10 +64,11 @@ MultiLineEdit::MultiLineEdit(QWidget* parent) : QPlainTextEdit(parent) {
   });
 }
 
-void MultiLineEdit::setLimit(int characters) { limit_ = std::max(characters, 0); }
+// --- Text and selection
 
-int MultiLineEdit::lengthOf(const QString& text) {
-  return int(text.size() + text.count(QLatin1Char('\n')));
+QString MultiLineEdit::boxText() const {
+  if (document()->revision() == assignedRevision_) return assigned_;
+  return toPlainText().replace(QLatin1Char('\n'), lineEnd_);
 }
 
 void MultiLineEdit::assignText(const QString& text) {
@@ -65,6 +76,9 @@ void MultiLineEdit::assignText(const QString& text) {
   const QString own = withOwnLineEnds(text);
   if (own != toPlainText()) setPlainText(own);
   moveCursor(QTextCursor::Start);
+  lineEnd_ = lineEndOf(text);
+  assigned_ = text;
+  assignedRevision_ = document()->revision();
   edited_ = false;
 }
 
@@ -73,6 +87,63 @@ void MultiLineEdit::replaceSelection(const QString& text) {
   insertPlainText(withOwnLineEnds(text));
   edited_ = false;
 }
+
+/// Of a text with "\n" at the ends of its lines.
+int MultiLineEdit::lengthOf(const QString& text) const {
+  return int(text.size() + text.count(QLatin1Char('\n')) * (lineEnd_.size() - 1));
+}
+
+/// The position in such a text.
+int MultiLineEdit::fromBox(const QString& text, int position) const {
+  int own = 0;
+  for (int rest = position; own < text.size(); ++own) {
+    rest -= text.at(own) == QLatin1Char('\n') ? int(lineEnd_.size()) : 1;
+    if (rest < 0) break;
+  }
+  return own;
+}
+
+int MultiLineEdit::selStart() const {
+  return lengthOf(toPlainText().left(textCursor().selectionStart()));
+}
+
+int MultiLineEdit::selLength() const {
+  return lengthOf(toPlainText().left(textCursor().selectionEnd())) - selStart();
+}
+
+void MultiLineEdit::select(int start, int length) {
+  const QString text = toPlainText();
+  const int from = std::max(start, 0);
+  // A length may be as large as any number.
+  const int room = std::max(lengthOf(text) - from, 0);
+  QTextCursor cursor = textCursor();
+  cursor.setPosition(fromBox(text, from));
+  cursor.setPosition(fromBox(text, from + std::clamp(length, 0, room)), QTextCursor::KeepAnchor);
+  setTextCursor(cursor);
+}
+
+// --- Looks
+
+bool MultiLineEdit::isAlignedRight() const {
+  return document()->defaultTextOption().alignment().testFlag(Qt::AlignRight);
+}
+
+void MultiLineEdit::alignRight(bool right) {
+  QTextOption option = document()->defaultTextOption();
+  option.setAlignment(right ? Qt::AlignRight : Qt::AlignLeft);
+  document()->setDefaultTextOption(option);
+}
+
+/// As wide as the box of one line, and so many lines high.
+QSize MultiLineEdit::hintFor(int lines) const {
+  constexpr int kCharacters = 17;
+  const QFontMetrics metrics = fontMetrics();
+  const int edges = 2 * (frameWidth() + int(std::ceil(document()->documentMargin())));
+  return {metrics.horizontalAdvance(QLatin1Char('x')) * kCharacters + edges,
+          metrics.lineSpacing() * lines + edges};
+}
+
+// --- Changes
 
 /// The part of the operator's text that has room in place of the selection.
 QString MultiLineEdit::fitting(const QString& text) const {
@@ -91,31 +162,40 @@ void MultiLineEdit::insertFitting(const QString& text) {
   if (!part.isEmpty()) insertPlainText(part);
 }
 
+/// What the operator changes without a key is followed by one key-up of code 0.
 void MultiLineEdit::flush() {
   if (working_ > 0) return;
+  const QPointer<MultiLineEdit> self(this);
   const bool byOperator = std::exchange(edited_, false);
+  const bool hasKey = handledKeys_ > 0;
   const QString now = toPlainText();
   if (now != known_) {
     known_ = now;
+    endDescription();
     if (events_) events_->changed();
   } else if (byOperator && events_) {
     events_->sameText();
   }
+  if (self && byOperator && !hasKey && events_) events_->keyUp(0, 0, PressedIn::Box);
 }
 
 // --- Keys
 
 void MultiLineEdit::keyPressEvent(QKeyEvent* event) {
   const QPointer<MultiLineEdit> self(this);
-  const Integer code = virtualKey(*event);
-  const Integer shift = shiftState(event->modifiers());
-  const KeyFate fate = events_ ? events_->keyDown(code, shift, KeyReach::Box) : KeyFate::LeftAlone;
   event->accept();
+  if (isHeldFromElsewhere(*event)) return;
+  const KeyFate fate = askKeyDown(*event, KeyReach::Box);
   if (!self || fate != KeyFate::LeftAlone) return;
+  ++handledKeys_;
   const QStringList units = charactersOf(*event);
-  if (!units.isEmpty()) return pressCharacters(event, units);
-  const Work work(this);
-  QPlainTextEdit::keyPressEvent(event);
+  if (!units.isEmpty()) {
+    pressCharacters(event, units);
+  } else {
+    const Work work(this);
+    QPlainTextEdit::keyPressEvent(event);
+  }
+  if (self) --handledKeys_;
 }
 
 void MultiLineEdit::pressCharacters(QKeyEvent* event, const QStringList& units) {
@@ -132,27 +212,12 @@ void MultiLineEdit::pressCharacters(QKeyEvent* event, const QStringList& units) 
       insertFitting(typed);
     ensureCursorVisible();
   }
+  // Enter ends a line here; Escape presses the form's cancel button.
+  if (self && event->key() == Qt::Key_Escape)
+    event->setAccepted(pressDialogButton(this, event->key()));
 }
 
-/// Calls the handlers; `typed` receives the character as they have changed it.
-KeyFate MultiLineEdit::askKeyPress(const QString& unit, QString& typed) {
-  typed = unit;
-  if (!events_) return KeyFate::LeftAlone;
-  const Integer original = unit.size() == 1 ? AnsiCode(unit.front().unicode()) : kNoWesternCode;
-  Integer code = original;
-  const KeyFate fate = events_->keyPress(code);
-  if (fate == KeyFate::LeftAlone && code != original) {
-    const bool western = code > 0 && code <= 255;
-    typed = western ? QString(QChar(AnsiCharacter(code))) : QString();
-  }
-  return fate;
-}
-
-void MultiLineEdit::keyReleaseEvent(QKeyEvent* event) {
-  event->accept();
-  if (event->isAutoRepeat() || !events_) return;
-  events_->keyUp(virtualKey(*event), shiftState(event->modifiers()), PressedIn::Box);
-}
+void MultiLineEdit::keyReleaseEvent(QKeyEvent* event) { reportKeyRelease(*event); }
 
 // --- Text that comes without keys
 
@@ -174,9 +239,28 @@ void MultiLineEdit::inputMethodEvent(QInputMethodEvent* event) {
 
 /// What is pasted or dropped.
 void MultiLineEdit::insertFromMimeData(const QMimeData* source) {
+  if (!source->hasText()) return;
+  const QString text = withOwnLineEnds(source->text());
+  if (comforts().PasteWholeOrNothing && fitting(text) != text) return tellRefusedPaste(*this);
   const Work work(this);
-  if (source->hasText()) insertFitting(source->text());
+  insertFitting(text);
   ensureCursorVisible();
+}
+
+void MultiLineEdit::dropEvent(QDropEvent* event) {
+  if (takesFocusForDrop()) QPlainTextEdit::dropEvent(event);
+}
+
+// --- Focus
+
+void MultiLineEdit::focusOutEvent(QFocusEvent* event) {
+  held_.clear();
+  QPlainTextEdit::focusOutEvent(event);
+}
+
+void MultiLineEdit::showEvent(QShowEvent* event) {
+  FocusCycle::of(window());
+  QPlainTextEdit::showEvent(event);
 }
 
 }  // namespace tessaria::qt

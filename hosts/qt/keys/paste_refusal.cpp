@@ -2,8 +2,9 @@
 
 #include <QAccessible>
 #include <QToolTip>
+#include <QWidget>
 
-#include "hosts/qt/keys/line_edit.h"
+#include "hosts/qt/keys/text_edit.h"
 #include "tessaria/host/application.h"
 #include "tessaria/thread_state.h"
 
@@ -14,13 +15,14 @@ constexpr int kShownFor = 5000;  // milliseconds
 
 }  // namespace
 
-void tellRefusedPaste(LineEdit& edit) {
+void tellRefusedPaste(TextEdit& edit) {
   const QString text = QStringLiteral("O texto não cabe neste campo e não foi colado.");
   App().Beep();
+  QWidget& face = edit.widget();
   edit.describeUntilChange(text);
-  QAccessibleEvent alert(&edit, QAccessible::Alert);
+  QAccessibleEvent alert(&face, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
-  QToolTip::showText(edit.mapToGlobal(QPoint(0, edit.height())), text, &edit, {}, kShownFor);
+  QToolTip::showText(face.mapToGlobal(QPoint(0, face.height())), text, &face, {}, kShownFor);
 }
 
 }  // namespace tessaria::qt

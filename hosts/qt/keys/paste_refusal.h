@@ -5,10 +5,10 @@
 
 namespace tessaria::qt {
 
-class LineEdit;
+class TextEdit;
 
 /// Tells the operator at the field, without taking the focus: a beep, and a text that is shown for
 /// a while and read by screen readers.
-void tellRefusedPaste(LineEdit& edit);
+void tellRefusedPaste(TextEdit& edit);
 
 }  // namespace tessaria::qt

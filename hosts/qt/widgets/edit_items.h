@@ -1,17 +1,16 @@
 // Text boxes of surfaces.
 #pragma once
 
-#include "hosts/qt/keys/multi_line_box.h"
 #include "hosts/qt/keys/text_box.h"
 #include "hosts/qt/widgets/dialog_item.h"
 
 namespace tessaria::qt {
 
 /// A box of either kind. Its own events do not come through the gate.
-template <class Edit, class EditBox>
 class EditItem final : public DialogItemOf<host::DialogTextBox> {
  public:
-  EditItem(Edit& edit, const DialogGate& gate) : DialogItemOf(edit, gate), box_(edit) {}
+  EditItem(TextEdit& edit, const DialogGate& gate)
+      : DialogItemOf(edit.widget(), gate), box_(edit) {}
 
   host::TextBox& Box() override { return box_; }
   using DialogItemOf::Enabled;
@@ -35,10 +34,7 @@ class EditItem final : public DialogItemOf<host::DialogTextBox> {
     if (!gate().isOpen() || !face().isVisible()) code = 0;
   }
 
-  EditBox box_;
+  TextBox box_;
 };
-
-using TextBoxItem = EditItem<LineEdit, TextBox>;
-using MultiLineItem = EditItem<MultiLineEdit, MultiLineBox>;
 
 }  // namespace tessaria::qt

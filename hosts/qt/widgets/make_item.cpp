@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "hosts/qt/keys/line_edit.h"
+#include "hosts/qt/keys/multi_line_edit.h"
 #include "hosts/qt/widgets/choice_items.h"
 #include "hosts/qt/widgets/container_items.h"
 #include "hosts/qt/widgets/data_grid.h"
@@ -92,9 +94,9 @@ ItemPtr makeNamed(const Place& place) {
     case WidgetKind::Display:
       return named<DisplayItem, QLineEdit>(place);
     case WidgetKind::TextBox:
-      return named<TextBoxItem, LineEdit>(place);
+      return named<EditItem, LineEdit>(place);
     case WidgetKind::MultiLineText:
-      return named<MultiLineItem, MultiLineEdit>(place);
+      return named<EditItem, MultiLineEdit>(place);
     case WidgetKind::ComboBox:
       return makeCombo(place, ComboItem::Takes::AnyText);
     case WidgetKind::DropDownList:

@@ -113,6 +113,7 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   Q_PROPERTY(QString DirFilePath READ dirFilePath WRITE setDirFilePath STORED false)
   Q_PROPERTY(QString DirFileName READ dirFileName WRITE setDirFileName STORED false)
   Q_PROPERTY(QString placeholderText READ placeholderText WRITE setPlaceholderText)
+  Q_PROPERTY(bool multiLineText READ multiLineText WRITE setMultiLineText)
   Q_PROPERTY(bool enabled READ isFieldEnabled WRITE setEnabled NOTIFY enabledChanged
                  DESIGNABLE false STORED false)
 
@@ -251,7 +252,13 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   /// its fill characters is never empty. Not among the settings: a form file stores it by itself.
   QString placeholderText() const;
   void setPlaceholderText(const QString& text);
-  /// Kept with the settings; the box always has one line.
+  /// Whether the text is edited in a box of several lines. A masked or hidden text has one line
+  /// whatever this says, and so has a field with a button. Enter ends a line, with "\r\n" unless
+  /// the lines of the assigned text end with "\n"; a layout gives the field the height that is
+  /// left. Not among the settings: a form file stores it by itself.
+  bool multiLineText() const;
+  void setMultiLineText(bool severalLines);
+  /// Kept with the settings, without effect: see `multiLineText`.
   bool multiLine() const;
   void setMultiLine(bool v);
   /// False only while the first show runs, and after one that failed.
@@ -446,6 +453,10 @@ class TESSARIA_QT_API TsText final : public QWidget, public Surface, public Erro
   auto read(Get&& get) const;
   template <class Set>
   void write(Set&& set);
+  void adoptEdit();
+  bool wantsSeveralLines() const;
+  void chooseEdit();
+  void describeEdit();
   QSize hintAround(const QSize& box) const;
   QLabel* captionAmong(const QList<QLabel*>& labels);
   void nameForAccessibility();
