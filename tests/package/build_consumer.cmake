@@ -35,7 +35,7 @@ run(${CMAKE_COMMAND} -S ${SOURCE}/tests/package/consumer -B ${WORK}/build -G ${G
 run(${CMAKE_COMMAND} --build ${WORK}/build)
 string(TOLOWER "${COMPONENTS}" programs)
 string(REPLACE "," ";" programs "${programs}")
-if(qt IN_LIST programs)
+if(COMPONENTS MATCHES "(^|,)Qt(,|$)")
   list(APPEND programs qt_moc)
 endif()
 foreach(program ${programs})
