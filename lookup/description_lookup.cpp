@@ -8,6 +8,7 @@
 #include "lookup/sql_family.h"
 #include "services/box_state.h"
 #include "services/trap.h"
+#include "tessaria/comforts.h"
 #include "tessaria/compare.h"
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"
@@ -88,6 +89,7 @@ String CompletionStatement(bool postgres, const String& text, const String& tabl
   statement += u" From " + table + u" Where ";
   if (!where.empty()) statement += where + u" And ";
   statement.append(TiraAlias(field)).append(like).append(PatternContent(text)).append(u"%'");
+  if (comforts().CompletesInOrder) statement.append(u" Order by ").append(TiraAlias(field));
   return statement.append(oneRow.Limit);
 }
 

@@ -1,8 +1,5 @@
 #include "apps/demo/field_helpers.h"
 
-#include <QCoreApplication>
-#include <QKeyEvent>
-
 #include "tessaria/browse_definition.h"
 #include "tessaria/conversion.h"
 #include "tessaria/qt/text.h"
@@ -12,21 +9,6 @@
 #include "tessaria/tstext.h"
 
 namespace tessaria::demo {
-namespace {
-
-constexpr char16_t kEnter = 13;
-
-}  // namespace
-
-void moveOnWithEnter(qt::TsText* field) {
-  QObject::connect(field, &qt::TsText::keyPress, field, [field](qint16& key) {
-    if (key != kEnter || field->multiLineText()) return;
-    key = 0;
-    QWidget* box = field->window()->focusWidget();
-    QCoreApplication::postEvent(box, new QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, {}));
-    QCoreApplication::postEvent(box, new QKeyEvent(QEvent::KeyRelease, Qt::Key_Tab, {}));
-  });
-}
 
 Variant returned(const qt::TsText* code, const char16_t* field) {
   const auto& fields = code->browseDefinition()->Outros();

@@ -11,9 +11,6 @@ class TsText;
 
 namespace tessaria::demo {
 
-/// Makes Enter go to the next field, as Tab does. In several lines it ends a line.
-void moveOnWithEnter(qt::TsText* field);
-
 /// The value of a lookup's return field in the row that the code's last lookup found.
 Variant returned(const qt::TsText* code, const char16_t* field);
 

@@ -63,7 +63,6 @@ void RecordForm::loadRows() {
 }
 
 void RecordForm::connectFields() {
-  for (qt::TsText* each : findChildren<qt::TsText*>()) moveOnWithEnter(each);
   // The last field is shown last: all fields then hold the first row.
   connect(findChildren<qt::TsText*>().last(), &qt::TsText::shown, this, &RecordForm::rowShown,
           Qt::QueuedConnection);

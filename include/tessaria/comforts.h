@@ -16,11 +16,17 @@ struct TESSARIA_CORE_API Comforts {
   bool CalendarCancels = false;
   /// A description that is typed again is searched without its former key.
   bool SearchWithoutFormerKey = false;
+  /// A description completes to the first name in their order, so that one which is the beginning
+  /// of another can be entered.
+  bool CompletesInOrder = false;
+  /// Enter leaves a field for the next one, where the form has no default button. In a box of
+  /// several lines it ends a line.
+  bool EnterMovesOn = false;
   /// The boxes of fields follow a dark palette.
   bool DarkPalette = false;
 
   /// Every comfort switched on.
-  static constexpr Comforts All() { return {true, true, true, true, true}; }
+  static constexpr Comforts All() { return {true, true, true, true, true, true, true}; }
 };
 
 /// Sets the comforts of the whole process. Call it before the first form is created, on the thread

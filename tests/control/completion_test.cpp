@@ -140,6 +140,16 @@ TEST_F(CompletionTest, WithTheComfortTypedTextIsCompletedWithoutTheFormerKey) {
   setComforts({});
 }
 
+TEST_F(CompletionTest, WithTheComfortTheFirstNameInOrderIsAskedFor) {
+  setComforts({.CompletesInOrder = true});
+  EXPECT_EQ(Sent(u"An"), u"Select Top 1 nome From clientes Where nome Like 'An%' Order by nome");
+  Control().Browse()->BrwCampo(u"upper(nome) as n");
+  EXPECT_EQ(Sent(u"An"),
+            u"Select Top 1 upper(nome) as n From clientes Where upper(nome)  Like 'An%' "
+            u"Order by upper(nome) ");
+  setComforts({});
+}
+
 TEST_F(CompletionTest, ASiblingsLiteralThatIsNotOneTokenIsRefusedBeforeItIsSent) {
   Control().Browse()->BrwCampoIrmao(u"codigo");
   for (const char16_t* hostile : {u"1 or true", u"'a' or 'b'='b'", u"'a"}) {

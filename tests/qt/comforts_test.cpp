@@ -31,6 +31,66 @@ class WithComforts : public FieldFixture {
   QString clipboard() { return QApplication::clipboard()->text(); }
 };
 
+// --- Enter
+
+class EnterMovesOn : public WithComforts {
+ protected:
+  EnterMovesOn() : WithComforts({.EnterMovesOn = true}) {}
+  void enter() {
+    press(*window_, Qt::Key_Return);
+    settleEvents();
+  }
+};
+
+TEST_F(EnterMovesOn, ToTheNextFieldWhichSettlesTheOneThatIsLeft) {
+  start("dd/mm/yyyy", "25122017");
+  enter();
+  EXPECT_EQ(focusedField(), second_);
+  EXPECT_EQ(first_->value(), QVariant(QStringLiteral("25122017")));
+  press(*window_, Qt::Key_Enter, Qt::KeypadModifier);
+  settleEvents();
+  EXPECT_EQ(focusOf(*window_), button_);
+}
+
+TEST_F(EnterMovesOn, NotOutOfARefusedField) {
+  start("dd/mm/yyyy", "31022017");
+  enter();
+  EXPECT_EQ(focusedField(), first_);
+  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+}
+
+TEST_F(EnterMovesOn, AKeyThatIsHeldSinceADialogMovesNowhere) {
+  start("", "a");
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+  QApplication::sendEvent(focusOf(*window_), &held);
+  settleEvents();
+  EXPECT_EQ(focusedField(), first_);
+}
+
+TEST_F(EnterMovesOn, WhereADefaultButtonIsItIsPressed) {
+  int clicks = 0;
+  button_->setDefault(true);
+  QObject::connect(button_, &QPushButton::clicked, [&] { ++clicks; });
+  start("", "a");
+  enter();
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(EnterMovesOn, ALineEndsInSeveralLines) {
+  first_->setMultiLineText(true);
+  show();
+  enter();
+  EXPECT_EQ(focusedField(), first_);
+  EXPECT_EQ(first_->text(), QStringLiteral("\r\n"));
+}
+
+TEST_F(EnterMovesOn, OnlyWithTheComfort) {
+  setComforts({});
+  start("", "a");
+  enter();
+  EXPECT_EQ(focusedField(), first_);
+}
+
 // --- Keys of the clipboard
 
 class ClipboardKeys : public WithComforts {

@@ -1,11 +1,13 @@
 #include "hosts/qt/focus/dialog_keys.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QPushButton>
 
 #include "hosts/qt/focus/delegate_editor.h"
 #include "hosts/qt/focus/focus_cycle.h"
 #include "hosts/qt/form/widget_tree.h"
+#include "tessaria/comforts.h"
 
 namespace tessaria::qt {
 namespace {
@@ -24,6 +26,15 @@ QAbstractButton* cancelButton(const QWidget* window) {
   for (QAbstractButton* button : window->findChildren<QAbstractButton*>())
     if (button->property("Cancel").toBool() && isPressable(button)) return button;
   return nullptr;
+}
+
+/// The Tab key does it, with all that holds for it.
+bool movesOn(Surface& field) {
+  if (!comforts().EnterMovesOn || hasDelegate(field.widget())) return false;
+  QWidget* focus = field.widget().window()->focusWidget();
+  for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+    QCoreApplication::postEvent(focus, new QKeyEvent(type, Qt::Key_Tab, Qt::NoModifier));
+  return true;
 }
 
 }  // namespace
@@ -48,7 +59,8 @@ bool pressDialogButton(QWidget* edit, int key) {
   const bool isOfCell = field && isCellEditor(&field->widget());
   QPointer<QAbstractButton> button;
   if (!isOfCell) button = key == Qt::Key_Escape ? cancelButton(window) : defaultButton(window);
-  if (!button) return key != Qt::Key_Escape && !settleForDelegate(edit);
+  if (!button && key == Qt::Key_Escape) return false;
+  if (!button) return !settleForDelegate(edit) || (field && !isOfCell && movesOn(*field));
   if (takeFocusBeforePress(button) && button) button->click();
   return true;
 }
