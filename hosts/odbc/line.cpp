@@ -69,7 +69,7 @@ void Line::Check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle) {
   if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA) return;
   const DriverError error = DiagnosticsOf(type, handle);
   NoteLoss(error);
-  throw error;
+  throw sql::InWords(error);
 }
 
 void Line::Running(std::shared_ptr<StatementHandle> statement) {

@@ -108,7 +108,7 @@ void OdbcLink::End(SQLSMALLINT completion) {
     SQLEndTran(SQL_HANDLE_DBC, handle, SQL_ROLLBACK);
     AutoCommit(true);
   }
-  throw error;
+  throw sql::InWords(error);
 }
 
 std::vector<sql::TableFacts> OdbcLink::Tables(const host::SchemaRestrictions& asked) {

@@ -91,7 +91,7 @@ std::uint32_t OdbcStatement::Fetch() {
     return reader_->Fetch();
   } catch (const DriverError& error) {
     line_->NoteLoss(error);
-    throw;
+    throw sql::InWords(error);
   }
 }
 

@@ -108,7 +108,7 @@ void Wire::GiveUp() noexcept {
 
 void Wire::Fail(const DriverError& error) {
   if (error.IsConnectionLoss() || PQstatus(Get()) == CONNECTION_BAD) lost_ = true;
-  throw error;
+  throw sql::InWords(error);
 }
 
 void Wire::RequireSound(const PGresult* result) {

@@ -270,10 +270,11 @@ TEST_F(Items, ARequiredFieldKeepsTheRowAndTheSave) {
   key(Qt::Key_Up);
   EXPECT_EQ(grid_->currentRow(), 2);
   EXPECT_EQ(focus(), "produto");
-  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+  const QStringList refusal{"Produto: Não Pode Ser Branco, Verifique Por Favor"};
+  EXPECT_EQ(boxes_.takeTexts(), refusal) << "by the caption of the column";
   save();
   EXPECT_EQ(focus(), "produto");
-  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+  EXPECT_EQ(boxes_.takeTexts(), refusal);
   EXPECT_EQ(stored(), "1:001 2.00 1.50, 2:002 10.00 0.80");
   EXPECT_EQ(boxOf("quantidade"), QStringLiteral("5,00"));
 }
@@ -477,6 +478,16 @@ TEST_F(Items, TheWheelScrollsTheRowsAndTheNextKeyComesBack) {
   key(Qt::Key_Down);
   EXPECT_EQ(grid_->currentRow(), 1);
   EXPECT_TRUE(grid_->rect().contains(cell("produto")->mapTo(grid_, QPoint(5, 5))));
+}
+
+TEST_F(Items, NumbersStayAtTheRightWhileOneIsEntered) {
+  const auto alignment = [&] {
+    return view().model()->headerData(2, Qt::Horizontal, Qt::TextAlignmentRole).toInt() &
+           int(Qt::AlignHorizontal_Mask);
+  };
+  EXPECT_EQ(alignment(), int(Qt::AlignRight));
+  go(cell("quantidade"));
+  EXPECT_EQ(alignment(), int(Qt::AlignRight));
 }
 
 TEST_F(Items, TheLineFollowsTheColumns) {

@@ -65,6 +65,109 @@ TEST_F(WholeForm, ANewRowIsAChange) {
   EXPECT_THAT(changes_, testing::ElementsAre(true));
 }
 
+class EmptyForm : public WholeForm {
+ protected:
+  void SetUp() override {
+    WholeForm::SetUp();
+    if (IsSkipped()) return;
+    asAnotherUser(u"delete from clientes");
+    data_->refresh();
+    settleEvents();
+    changes_.clear();
+  }
+};
+
+TEST_F(EmptyForm, IsNotChangedAndAsksNothing) {
+  go(phone_);
+  go(code_);
+  EXPECT_FALSE(record_->isChanged());
+  EXPECT_TRUE(record_->save());
+  EXPECT_TRUE(record_->undo());
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+  EXPECT_EQ(names(), "");
+}
+
+TEST_F(EmptyForm, WhatIsTypedBeginsTheFirstRow) {
+  enter(code_, QStringLiteral("7"));
+  settleEvents();
+  EXPECT_TRUE(record_->isNew());
+  enter(name_, QStringLiteral("Zilda"));
+  go(phone_);
+  EXPECT_TRUE(record_->isChanged());
+  EXPECT_THAT(changes_, testing::ElementsAre(true));
+  EXPECT_TRUE(record_->save());
+  EXPECT_EQ(names(), "Zilda");
+  EXPECT_EQ(stored(u"codigo"), "7");
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
+
+TEST_F(EmptyForm, WhatWasTypedAtOnceAndLeftIsKept) {
+  go(code_);
+  type(*window_, QStringLiteral("7"));
+  press(*window_, Qt::Key_Tab);
+  type(*window_, QStringLiteral("Zilda"));
+  press(*window_, Qt::Key_Tab);
+  save();
+  EXPECT_EQ(names(), "Zilda");
+}
+
+TEST_F(EmptyForm, AValueThatWasPickedBeginsItToo) {
+  birth_->setValue(QDate(1980, 2, 29));
+  settleEvents();
+  EXPECT_TRUE(record_->isNew());
+  enter(code_, QStringLiteral("7"));
+  enter(name_, QStringLiteral("Zilda"));
+  save();
+  EXPECT_EQ(stored(u"nascimento"), "1980-02-29");
+}
+
+TEST_F(EmptyForm, UndoGivesItUpAndTheNextTextBeginsAnother) {
+  enter(name_, QStringLiteral("Zilda"));
+  boxes_.willPress(QStringLiteral("Sim"));
+  EXPECT_TRUE(record_->undo());
+  EXPECT_EQ(textOf(name_), QString());
+  EXPECT_FALSE(record_->isChanged());
+  enter(code_, QStringLiteral("8"));
+  enter(name_, QStringLiteral("Yara"));
+  save();
+  EXPECT_EQ(names(), "Yara");
+}
+
+TEST_F(EmptyForm, AnUnboundFieldBeginsNothing) {
+  enter(search_, QStringLiteral("x"));
+  go(name_);
+  EXPECT_FALSE(record_->isNew());
+}
+
+TEST_F(EmptyForm, RowsThatCannotBeWrittenStayAsTheyAre) {
+  data_->setRecordSource(QStringLiteral("select upper(nome) as nome from clientes"));
+  data_->refresh();
+  settleEvents();
+  boxes_.takeTexts();
+  enter(name_, QStringLiteral("x"));
+  EXPECT_FALSE(record_->isNew());
+}
+
+TEST_F(WholeForm, AfterTheLastRowIsDeletedATextBeginsANewOne) {
+  asAnotherUser(u"delete from clientes where codigo > 1");
+  data_->refresh();
+  boxes_.willPress(QStringLiteral("Sim"));
+  EXPECT_TRUE(record_->deleteRow());
+  enter(code_, QStringLiteral("9"));
+  enter(name_, QStringLiteral("Zilda"));
+  save();
+  EXPECT_EQ(names(), "Zilda");
+}
+
+TEST_F(WholeForm, AVersionColumnThatTheSourceLacksIsNamed) {
+  record_->setVersionColumn(QStringLiteral("revisao"));
+  enter(name_, QStringLiteral("Zilda"));
+  EXPECT_FALSE(record_->save());
+  EXPECT_THAT(boxes_.takeTexts().join(QString()).toStdString(),
+              testing::HasSubstr("A origem dos registros não tem a coluna de versão \"revisao\"."));
+  EXPECT_TRUE(record_->isChanged());
+}
+
 TEST_F(WholeForm, AnIgnoredFieldIsNeitherAChangeNorChecked) {
   search_->setPodeSerBranco(false);
   enter(search_, QStringLiteral("x"));

@@ -39,6 +39,25 @@ TEST_F(LostServerTest, StoppedServerIsAnErrorAndClosesTheConnection) {
   EXPECT_SAME(Scalar(u"select count(*)::int from t"), Long{20000});
 }
 
+TEST_F(LostServerTest, TheLossIsToldInTheOperatorsWords) {
+  KillSession();
+  try {
+    Run(u"select 1");
+    FAIL() << "no error";
+  } catch (const HostError& error) {
+    EXPECT_EQ(Left(error.Description(), 43), u"A conexão com o banco de dados foi perdida.")
+        << ToUtf8(error.Description());
+  }
+  Cluster().Stop();
+  try {
+    connection_->Open();
+    FAIL() << "no error";
+  } catch (const HostError& error) {
+    EXPECT_EQ(InStr(error.Description(), u"foi perdida"), 0) << "there was none";
+  }
+  Cluster().Start();
+}
+
 TEST_F(LostServerTest, RowsThatWereReadStayReadable) {
   const auto all = Read(u"select * from t where codigo <= 15000 order by codigo");
   EXPECT_EQ(all->RecordCount(), 15000);

@@ -37,6 +37,12 @@ host::Recordset& require(const host::RecordsetPtr& rows) {
 
 bool hasRow(const host::Recordset& rows) { return !rows.Bof() && !rows.Eof(); }
 
+bool isWritable(host::Recordset& rows) {
+  for (Long i = 0; i < rows.Fields().Count(); ++i)
+    if ((rows.Fields().Item(i)->Attributes() & host::attribute::Updatable) != 0) return true;
+  return false;
+}
+
 /// Moves from before the first row, or from after the last one, back onto it.
 void stayOnARow(host::Recordset& rows) {
   if (rows.Bof() && rows.Eof()) return;
@@ -340,6 +346,17 @@ bool Adodc::isEditPending() const {
 
 bool Adodc::addRow() {
   return run([](host::Recordset& rows) { rows.AddNew(); }, &Adodc::rowAdded);
+}
+
+bool Adodc::beginFirstRow() {
+  if (!recordSet_ || recordSet_->State() == host::state::Closed || hasEdit(*recordSet_) ||
+      !recordSet_->Bof() || !recordSet_->Eof())
+    return false;
+  const bool isBegun = guarded(this, [this] {
+    if (isWritable(*recordSet_)) recordSet_->AddNew();
+  });
+  showPosition();
+  return isBegun && hasEdit(*recordSet_);
 }
 
 bool Adodc::saveRow() {

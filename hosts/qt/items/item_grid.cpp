@@ -17,6 +17,7 @@
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"
 #include "tessaria/host/application.h"
+#include "tessaria/masks.h"
 #include "tessaria/qt/event_boundary.h"
 #include "tessaria/qt/settle.h"
 #include "tessaria/qt/text.h"
@@ -30,13 +31,6 @@ namespace {
 constexpr int kLeastRows = 4;
 constexpr int kComputedIndent = 4;
 constexpr char16_t kEnterKey = 13;
-
-/// A field stands for no row of a record set: its value goes to the grid.
-FieldSettings unbound(FieldSettings settings) {
-  settings.dataSource.clear();
-  settings.dataField.clear();
-  return settings;
-}
 
 /// Keys that a box would use itself.
 bool isOfGrid(const QKeyEvent& key) {
@@ -109,7 +103,7 @@ void ItemGrid::makeFields() {
       p.line->addLabel(label);
       continue;
     }
-    auto* field = new TsText(unbound(column.field), p.line);
+    auto* field = new TsText(settingsOf(c), p.line);
     p.line->addField(field);
     connectField(*field);
     setTabOrder(last, field);
@@ -128,13 +122,27 @@ void ItemGrid::makeFields() {
   };
   p.model.alignmentOf = [this](int c) {
     const TsText* const field = parts_->line->field(c);
-    const auto* edit = field ? qobject_cast<const QLineEdit*>(field->focusProxy()) : nullptr;
-    return edit ? edit->alignment() : Qt::AlignRight;
+    const bool isNumber = !field || mdlObjTxt::IsNumericMask(field->control().Mascara());
+    return isNumber ? Qt::AlignRight : Qt::AlignLeft;
   };
   p.totals->make(p.model);
   makeColumns();
   connectView();
   showRow();
+}
+
+/// A field stands for no row of a record set: its value goes to the grid. Messages name it by the
+/// caption of its column, which is a label that nobody sees.
+FieldSettings ItemGrid::settingsOf(int column) {
+  FieldSettings settings = parts_->model.column(column).field;
+  settings.dataSource.clear();
+  settings.dataField.clear();
+  if (!settings.label.empty()) return settings;
+  auto* label = new QLabel(parts_->model.caption(column) + u':', parts_->line);
+  label->setObjectName(QStringLiteral("%1_%2").arg(objectName(), toQt(settings.name)));
+  label->hide();
+  settings.label = fromQt(label->objectName());
+  return settings;
 }
 
 void ItemGrid::makeColumns() {

@@ -61,9 +61,10 @@ class ItemModel final : public QAbstractTableModel {
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  /// What stands over a column.
+  QString caption(int column) const;
 
  private:
-  QString caption(int column) const;
   QString shown(int column, const Variant& value) const;
   Variant computed(int row, int column) const;
   bool differs(const std::vector<Variant>& a, const std::vector<Variant>& b) const;

@@ -11,9 +11,11 @@
 #include "hosts/qt/items/form_fields.h"
 #include "hosts/qt/record/choice_box.h"
 #include "hosts/qt/record/record_form.h"
+#include "tessaria/compare.h"
 #include "tessaria/host/application.h"
 #include "tessaria/qt/event_boundary.h"
 #include "tessaria/qt/text.h"
+#include "tessaria/qt/variants.h"
 #include "tessaria/thread_state.h"
 #include "tessaria/tstext.h"
 
@@ -24,6 +26,10 @@ Adodc* dataControlOf(QWidget* form, const QString& name) {
   for (Adodc* data : formOf(form)->findChildren<Adodc*>())
     if (data->objectName().compare(name, Qt::CaseInsensitive) == 0) return data;
   return nullptr;
+}
+
+bool isBound(const TsText& field) {
+  return !field.dataSource().isEmpty() && !field.dataField().isEmpty();
 }
 
 /// Escape hides a dialog without a close event.
@@ -120,6 +126,22 @@ void RecordForm::watchFields() {
   }
 }
 
+/// A text that is typed where there is no row would be written nowhere. One that has been left
+/// already, or was picked, is kept by its field alone; a number is 0 there.
+void RecordForm::beginFirstRow() {
+  const auto rows = parts_->rows();
+  if (!rows || parts_->isDropped || hasEdit(*rows) || !rows->Bof() || !rows->Eof()) return;
+  for (TsText* field : parts_->fields()) {
+    if (!isBound(*field)) continue;
+    const Variant value = field->control().Value();
+    const bool isTouched = field->control().IsTouched();
+    const bool isKept = !isTouched && !value.IsNull() && !Equal(value, Variant());
+    if (!isTouched && !isKept) continue;
+    if (!hasEdit(*rows) && !parts_->data->beginFirstRow()) return;
+    if (isKept) field->setValue(toQVariant(value));
+  }
+}
+
 /// A field reports a change in the middle of its work, and a new row comes as many changes.
 void RecordForm::lookSoon() {
   if (std::exchange(parts_->willLook, true)) return;
@@ -128,6 +150,7 @@ void RecordForm::lookSoon() {
 
 void RecordForm::look() {
   parts_->willLook = false;
+  beginFirstRow();
   const bool changed = isChanged();
   if (std::exchange(parts_->wasChanged, changed) == changed) return;
   guarded(parts_->form, [&] { emit changedStateChanged(changed); });
@@ -166,6 +189,7 @@ bool RecordForm::ask(const QString& text) {
 
 bool RecordForm::save() {
   if (!hasData() || parts_->isBusy) return false;
+  beginFirstRow();
   if (!isChanged()) return true;
   const QPointer<RecordForm> self(this);
   if (!check() || !self) return false;
@@ -201,6 +225,7 @@ bool RecordForm::moveLast() { return move(&Adodc::moveLast); }
 
 /// The data control asks by `leavingRow`.
 bool RecordForm::move(bool (Adodc::*step)()) {
+  beginFirstRow();
   return hasData() && !parts_->isBusy && (parts_->data->*step)();
 }
 
@@ -267,6 +292,7 @@ bool RecordForm::eventFilter(QObject* object, QEvent* event) {
 }
 
 bool RecordForm::mayClose() {
+  beginFirstRow();
   if (!isChanged()) return true;
   if (!parts_->form || parts_->isBusy) return false;
   enum Answer { Save, Discard };

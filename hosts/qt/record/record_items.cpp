@@ -54,7 +54,10 @@ void RecordForm::loadItems() {
 }
 
 void RecordForm::itemsChanged() {
-  if (parts_->data && parts_->rows() && parts_->hasMore()) parts_->data->markRowChanged();
+  if (parts_->data && parts_->rows() && parts_->hasMore()) {
+    parts_->data->beginFirstRow();
+    parts_->data->markRowChanged();
+  }
   lookSoon();
 }
 

@@ -4,6 +4,7 @@
 #include "hosts/qt/data/row_in_doubt.h"
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"
+#include "tessaria/text.h"
 
 namespace tessaria::qt {
 namespace {
@@ -13,14 +14,23 @@ host::RowRecovery& recoveryOf(host::Recordset& rows) {
   throw HostError(errors::NotUpdatable);
 }
 
+bool hasColumn(host::Recordset& rows, const String& column) {
+  for (Long i = 0; i < rows.Fields().Count(); ++i)
+    if (EqualNoCase(rows.Fields().Item(i)->Name(), column)) return true;
+  return false;
+}
+
 Long ordinalOf(host::Recordset& rows, const String& column) {
-  const String name = rows.Fields().Item(column)->Name();  // raises the error of a wrong name
+  const String name = rows.Fields().Item(column)->Name();
   Long ordinal = 0;
   while (rows.Fields().Item(ordinal)->Name() != name) ++ordinal;
   return ordinal;
 }
 
 void raiseVersion(host::Recordset& rows, const String& column) {
+  if (!hasColumn(rows, column))
+    throw HostError(errors::InvalidPropertyValue,
+                    u"A origem dos registros não tem a coluna de versão \"" + column + u"\".");
   const Variant former = recoveryOf(rows).Former(ordinalOf(rows, column));
   rows.Fields().Item(column)->Value(former.IsNull() ? Long{1} : CLng(former) + 1);
 }

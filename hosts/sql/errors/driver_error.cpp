@@ -23,6 +23,8 @@ constexpr StateRule kStateRules[] = {
 
 // 57P0x: the server was shut down, crashed, or is just starting.
 constexpr std::string_view kLossStates[] = {"08", "57P01", "57P02", "57P03"};
+// A connection that could not be made.
+constexpr std::string_view kNotConnectedStates[] = {"08001", "08004"};
 constexpr std::string_view kNotSupportedStates[] = {"IM001", "HYC00", "HY091", "HY092",
                                                     "S1C00", "S1091", "S1092"};
 
@@ -43,6 +45,13 @@ bool DriverError::IsConnectionLoss() const noexcept { return StartsWithAny(state
 
 bool DriverError::IsNotSupported() const noexcept {
   return StartsWithAny(state_, kNotSupportedStates);
+}
+
+DriverError InWords(const DriverError& error) {
+  if (!error.IsConnectionLoss() || StartsWithAny(error.SqlState(), kNotConnectedStates))
+    return error;
+  return {error.SqlState(),
+          u"A conexão com o banco de dados foi perdida.\r\n" + error.Description()};
 }
 
 HostError InDoubt(StringView text, const HostError& loss) {

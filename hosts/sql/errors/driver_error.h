@@ -41,6 +41,10 @@ class TESSARIA_SQL_API DriverError : public HostError {
   std::string state_;
 };
 
+/// The error as the operator reads it: of a line that was lost while it was used, the text begins
+/// with that.
+TESSARIA_SQL_API DriverError InWords(const DriverError& error);
+
 /// The error of a write whose answer was lost with the connection. Its text is `text` and that of
 /// the loss.
 HostError InDoubt(StringView text, const HostError& loss);

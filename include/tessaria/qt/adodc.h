@@ -111,6 +111,10 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   bool findRow(const QString& criteria);
   /// Starts a new row.
   bool addRow();
+  /// Starts a new row for what the operator has typed where there is none: the controls keep what
+  /// they show, and no signal is emitted. Returns false when there are rows, an edit is pending, or
+  /// no column can be written.
+  bool beginFirstRow();
   /// Writes the pending edit.
   bool saveRow();
   /// Discards the pending edit and loads the row as it was. For a row in doubt a box says that it

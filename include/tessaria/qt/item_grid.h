@@ -130,6 +130,7 @@ class TESSARIA_QT_API ItemGrid final : public QWidget {
   struct Parts;
 
   void makeFields();
+  FieldSettings settingsOf(int column);
   void makeColumns();
   void connectView();
   void connectField(TsText& field);

@@ -32,6 +32,8 @@ struct ConflictingColumn;
 ///   record->setAsksOnClose(true);
 ///   connect(saveButton, &QPushButton::clicked, record, &tessaria::qt::RecordForm::save);
 ///
+/// Where there is no row, what is typed into a bound field begins a new one.
+///
 /// The fields of the form are those on the same form as the data control that are bound to it or
 /// to no data control; an item grid's belong to the grid. What a function of the program throws is
 /// shown in a box and counts as a refusal; a function may destroy the form.
@@ -155,6 +157,7 @@ class TESSARIA_QT_API RecordForm final : public QObject {
   bool move(bool (Adodc::*step)());
   // Changes
   void watchFields();
+  void beginFirstRow();
   void lookSoon();
   void look();
   void rowShown();
