@@ -58,6 +58,22 @@ class SilentServer : public DatabaseTest {
     }
     return HostError(0);
   }
+  /// Lets go of something over a server that is silent, without an operator.
+  void ExpectLetGoOf(const std::function<void()>& letGo) {
+    Watcher watcher;
+    Clock::duration longest{0};
+    const auto start = Clock::now();
+    auto last = start;
+    watcher.onPass = [&](const host::Wait&) {
+      longest = std::max(longest, Clock::now() - last);
+      last = Clock::now();
+      return false;
+    };
+    letGo();
+    EXPECT_LT(longest, 1s) << "nothing freezes";
+    EXPECT_GT(watcher.passes, 100);
+    EXPECT_LT(Clock::now() - start, 20s);
+  }
   static void ExpectSilence(const HostError& error) {
     EXPECT_EQ(error.Number(), errors::ProviderError);
     EXPECT_EQ(ToUtf8(error.Description()),
@@ -121,6 +137,69 @@ TEST_F(SilentServer, IsGivenUpWhenTheStatementDoesNotEndAfterTheRequest) {
   EXPECT_LT(Clock::now() - start, 20s);
   EXPECT_EQ(line_->State(), host::state::Closed);
   kill(process, SIGCONT);
+}
+
+// The operator need not wait for what encloses a statement either.
+TEST_F(SilentServer, IsGivenUpByTheOperatorAroundAStatement) {
+  struct Around {
+    const char* what;
+    bool isInTransaction;
+    std::function<void()> call;
+  };
+  const Around arounds[] = {
+      {"BEGIN", false,
+       [this] {
+         line_->BeginTrans();  // with some drivers the next statement sends it
+         line_->Execute(u"select 1");
+       }},
+      {"BEGIN before rows", false, [this] { OnLine(u"select * from t"); }},
+      {"SAVEPOINT", true, [this] { line_->Execute(u"select 1"); }},
+      {"SET", false, [this] { line_->CommandTimeout(7); }},
+  };
+  for (const Around& around : arounds) {
+    SCOPED_TRACE(around.what);
+    proxy_->CancelCut();
+    line_->Close();
+    line_->Open();
+    if (around.isInTransaction) line_->BeginTrans();
+    proxy_->Swallow();
+    const auto start = Clock::now();
+    ExpectSilence(Awaited(around.call));
+    EXPECT_LT(Clock::now() - start, 9s);
+  }
+}
+
+TEST_F(SilentServer, LetsGoOfATransactionWhileWindowsLive) {
+  line_->BeginTrans();
+  line_->Execute(u"delete from t where codigo = 5");
+  proxy_->Swallow();
+  ExpectLetGoOf([&] { line_->Close(); });
+  EXPECT_TRUE(Comes([&] { return CLng(Scalar(u"select count(*)::int from t")) == 60000; }));
+}
+
+// Rows that stay at the server, in a transaction of another session.
+TEST_F(SilentServer, LetsGoOfRowsWhileWindowsLive) {
+  auto rows = OnLine(u"select * from t order by codigo");
+  rows->MoveLast();
+  EXPECT_FALSE(rows->Holds(30000));
+  proxy_->Swallow();
+  ExpectLetGoOf([&] { rows.reset(); });
+}
+
+// The rows have come, and the end of the answer has not. One driver waits for it with the rows, the
+// other when they are let go of.
+TEST_F(SilentServer, LetsGoOfAnAnswerWithoutAnEndWhileWindowsLive) {
+  line_->CommandTimeout(1);
+  const std::string readyForQuery("Z\0\0\0\5", 5);
+  proxy_->SwallowAt(CuttingProxy::Side::Server, readyForQuery);
+  ExpectLetGoOf([&] {
+    try {
+      EXPECT_SAME(Get(line_->Execute(u"select 7"), 0), Long{7});
+    } catch (const HostError& error) {
+      ExpectSilence(error);
+    }
+  });
+  EXPECT_EQ(line_->State(), host::state::Closed);
 }
 
 TEST_F(SilentServer, LeavesAWriteInDoubt) {

@@ -74,12 +74,12 @@ CuttingProxy::~CuttingProxy() {
 
 void CuttingProxy::CutAfter(Side side, std::size_t bytes) {
   const std::lock_guard lock(mutex_);
-  order_ = {Order::Kind::Bytes, side, bytes, {}};
+  order_ = {Order::Kind::Bytes, side, bytes, {}, false};
 }
 
 void CuttingProxy::CutAt(Side side, std::vector<std::string> texts) {
   const std::lock_guard lock(mutex_);
-  order_ = {Order::Kind::Texts, side, 0, std::move(texts)};
+  order_ = {Order::Kind::Texts, side, 0, std::move(texts), false};
 }
 
 void CuttingProxy::CutNow() {
@@ -94,12 +94,35 @@ void CuttingProxy::CutNow() {
 
 void CuttingProxy::Swallow() {
   const std::lock_guard lock(mutex_);
-  order_ = {Order::Kind::Everything, {}, 0, {}};
+  order_ = {Order::Kind::Everything, {}, 0, {}, true};
+}
+
+void CuttingProxy::SwallowAt(Side side, std::string text) {
+  const std::lock_guard lock(mutex_);
+  order_ = {Order::Kind::Texts, side, 0, {std::move(text)}, true};
 }
 
 void CuttingProxy::CancelCut() {
   const std::lock_guard lock(mutex_);
   order_ = {};
+}
+
+void CuttingProxy::HoldNext() {
+  const std::lock_guard lock(mutex_);
+  holdNext_ = true;
+}
+
+void CuttingProxy::Release() {
+  {
+    const std::lock_guard lock(mutex_);
+    holds_ = false;
+  }
+  Wake();
+}
+
+bool CuttingProxy::Holds() const {
+  const std::lock_guard lock(mutex_);
+  return holds_;
 }
 
 int CuttingProxy::Cuts() const {
@@ -134,9 +157,12 @@ void CuttingProxy::Accept() {
   pipe.server = ConnectTo(serverSocket_);
   if (pipe.server < 0) {
     close(pipe.client);
-  } else {
-    pipes_.push_back(std::move(pipe));
+    return;
   }
+  const std::lock_guard lock(mutex_);
+  pipe.isHeld = std::exchange(holdNext_, false);
+  holds_ = holds_ || pipe.isHeld;
+  pipes_.push_back(std::move(pipe));
 }
 
 // The number of bytes to forward, and whether the line is cut after them.
@@ -161,6 +187,10 @@ std::size_t CuttingProxy::PassableOf(Pipe& pipe, Side side, const std::string& d
     const std::size_t old = seen.size() - data.size();
     passes = std::min(passes, at > old ? at - old : 0);
     cut = true;
+  }
+  if (cut && order_.swallows) {
+    order_.kind = Order::Kind::Everything;
+    cut = false;
   }
   tail = seen.substr(seen.size() - std::min(seen.size(), longest - 1));
   return passes;
@@ -188,9 +218,10 @@ bool CuttingProxy::Pass(Pipe& pipe, Side side) {
 void CuttingProxy::Run() {
   for (;;) {
     std::vector<pollfd> handles = {{wake_[0], POLLIN, 0}, {listener_, POLLIN, 0}};
-    for (const Pipe& pipe : pipes_) {
-      handles.push_back({pipe.client, POLLIN, 0});
-      handles.push_back({pipe.server, POLLIN, 0});
+    for (Pipe& pipe : pipes_) {
+      pipe.isHeld = pipe.isHeld && Holds();
+      handles.push_back({pipe.isHeld ? -1 : pipe.client, POLLIN, 0});
+      handles.push_back({pipe.isHeld ? -1 : pipe.server, POLLIN, 0});
     }
     poll(handles.data(), handles.size(), -1);
     if (handles[0].revents != 0) {

@@ -41,8 +41,18 @@ class CuttingProxy {
   /// From now on takes in everything and forwards nothing, like a network that swallows packets.
   /// New connections are accepted.
   void Swallow();
+  /// The same from where that text appears in the bytes of that side.
+  void SwallowAt(Side side, std::string text);
   /// Forwards everything again.
   void CancelCut();
+
+  /// Accepts the next connection and forwards nothing of it until `Release`, like a busy network.
+  /// The others go on.
+  void HoldNext();
+  /// Forwards what was held, and all that follows.
+  void Release();
+  /// Whether a connection is being held.
+  bool Holds() const;
 
   /// The number of cuts so far.
   int Cuts() const;
@@ -52,6 +62,7 @@ class CuttingProxy {
  private:
   struct Pipe {
     int client = -1, server = -1;
+    bool isHeld = false;
     std::string clientTail, serverTail;  // the last bytes, for texts that arrive in pieces
   };
   struct Order {
@@ -59,6 +70,7 @@ class CuttingProxy {
     Side side = Side::Client;
     std::size_t bytes = 0;
     std::vector<std::string> texts;
+    bool swallows = false;  // instead of cutting
   };
 
   void Run();
@@ -77,6 +89,7 @@ class CuttingProxy {
   Order order_;
   int cuts_ = 0;
   bool cutNow_ = false, ends_ = false;
+  bool holdNext_ = false, holds_ = false;
   std::list<Pipe> pipes_;  // used by the thread only
   std::thread thread_;
 };

@@ -20,17 +20,16 @@ constexpr std::chrono::hours kLongest{24 * 365};
 
 }  // namespace
 
-// The server bounds its statements itself; its answer is late only when something is wrong.
 GivingUp::GivingUp(Worker& canceller, CallTerms terms)
     : canceller_(canceller), terms_(std::move(terms)), due_(Clock::time_point::max()) {
-  if (terms_.bound.count() > 0)
-    due_ = Clock::now() + std::min<std::chrono::seconds>(terms_.bound, kLongest) + kSilence;
+  if (terms_.time.count() > 0)
+    due_ = Clock::now() + std::min<std::chrono::seconds>(terms_.time, kLongest);
 }
 
 // A call that goes on although the server has taken the request has its time like one that is late.
 void GivingUp::ByOperator() {
   if (terms_.isBracket) {
-    if (!std::exchange(isHurried_, true)) due_ = std::min(due_, Clock::now() + kSilence);
+    due_ = std::min(due_, Clock::now() + kSilence);
     return;
   }
   if (hasGivenUpLink_ || !IsOverWithin({}) || !AskToCancel()) return;
@@ -41,11 +40,10 @@ void GivingUp::ByOperator() {
 
 void GivingUp::Step() {
   if (hasGivenUpLink_ || Clock::now() < due_ || !IsOverWithin({})) return;
-  if (isOverdue_ && terms_.mayBeLeft) return GiveUpLink();
+  if (terms_.mayBeLeft && (isOverdue_ || terms_.isBracket)) return GiveUpLink();
   isOverdue_ = true;
-  isByOperator_ = isHurried_;
   due_ = Clock::now() + kForCancel;
-  AskToCancel();
+  if (!terms_.isBracket) AskToCancel();
 }
 
 // A link that the program goes on using is never given up: the server may only be slow. False when

@@ -12,22 +12,23 @@ namespace tessaria::sql {
 /// What may be done about a call that does not end.
 struct CallTerms {
   LinkPtr link;
-  std::chrono::seconds bound{0};  ///< in which the server should have ended it; 0 for none
-  bool mayBeLeft = true;          ///< false where the program goes on using the connection
-  bool isBracket = false;         ///< around a statement, which is what the operator gives up
+  std::chrono::seconds time{0};  ///< in which the server should have ended it; 0 for no bound
+  bool mayBeLeft = true;         ///< false where the program goes on using the connection
+  bool isBracket = false;        ///< around a statement, which is what the operator gives up
 };
 
 /// Of one call, on the thread that waits for it. The server is asked to cancel it when the operator
 /// gives up, and when it has not ended the call in its time. When it does not answer that either,
 /// or answers and does not end the call, the link is given up, and at last the call can be left.
+/// A bracket is never cancelled, because its transaction would fail: a server that has not ended it
+/// `kSilence` after the operator gave up is silent, and the link is given up at once.
 class GivingUp {
  public:
   GivingUp(Worker& canceller, CallTerms terms);
   GivingUp(const GivingUp&) = delete;
   GivingUp& operator=(const GivingUp&) = delete;
 
-  /// Has no effect while a request to cancel is under way. A bracket is only cancelled when the
-  /// server is silent.
+  /// Has no effect while a request to cancel is under way.
   void ByOperator();
   bool IsBracket() const { return terms_.isBracket; }
   /// Does what the time demands.
@@ -51,7 +52,6 @@ class GivingUp {
   Clock::time_point due_;  // of the next step
   bool isOverdue_ = false;
   bool isByOperator_ = false;
-  bool isHurried_ = false;  // a bracket that the operator waits for
   std::atomic<bool> hasGivenUpLink_ = false;
   Clock::time_point givenUp_;
 };

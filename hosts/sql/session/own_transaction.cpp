@@ -8,19 +8,19 @@ namespace tessaria::sql {
 
 // What a new transaction needs before its first statement.
 void Session::SetLocally(const String& modes) {
-  if (!modes.empty()) RunPlain(u"SET TRANSACTION " + modes);
+  if (!modes.empty()) RunBracket(u"SET TRANSACTION " + modes);
   if (scope_ == SettingsScope::Session || !server_.IsPostgres()) return;
-  RunPlain(LocalSettings(commandTimeout_, lockTimeout_));
-  Await([link = RequireLink()] { link->NoteProcess(); });
+  RunBracket(LocalSettings(commandTimeout_, lockTimeout_));
+  Await([link = RequireLink()] { link->NoteProcess(); }, 1, true);
 }
 
 void Session::BeginReading() {
   if (adoption_) {
-    RunPlain(u"BEGIN; " + OwnSettings());
+    RunBracket(u"BEGIN; " + OwnSettings());
     inOwnTransaction_ = true;
     return;
   }
-  Await([link = RequireLink()] { link->Begin(); });
+  Await([link = RequireLink()] { link->Begin(); }, 1, true);
   inOwnTransaction_ = true;
   SetLocally({});
 }
@@ -37,20 +37,10 @@ void Session::AbandonReading() noexcept {
     return;
   }
   inOwnTransaction_ = false;
-  if (!adoption_) return UndoOrLose();
-  try {
-    InnerStatement()->Run(u"ROLLBACK");
-  } catch (...) {
-    // The connection is gone; its next use raises the error.
-  }
-}
-
-// A line that is silent must not freeze whoever lets go of rows: the connection counts as lost
-// then.
-void Session::UndoOrLose() noexcept {
-  if (IsOverWithin(kSilence, [link = link_] { link->Rollback(); })) return;
-  link_->GiveUp();
-  NoteLoss();
+  const auto undo = [link = link_, isLent = IsAdopted()] {
+    isLent ? link->NewStatement()->Run(u"ROLLBACK") : link->Rollback();
+  };
+  Tidy(undo, kSilence, true);
 }
 
 // Whether a statement needs a transaction of its own, for its settings.

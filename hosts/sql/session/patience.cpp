@@ -57,9 +57,15 @@ void Patience::RequireIdle() const {
 }
 
 void Patience::Await(std::function<void()> call, const CallTerms& terms) {
+  if (State().waiting != nullptr) return AwaitApart(std::move(call), terms);
   RequireIdle();
   const Busy busy(*this);
-  if (State().waiting == nullptr) return call();
+  call();
+}
+
+void Patience::AwaitApart(std::function<void()> call, const CallTerms& terms) {
+  RequireIdle();
+  const Busy busy(*this);
   const Request request(*this);
   GivingUp givingUp(canceller_, terms);
   worker_.Start(std::move(call));

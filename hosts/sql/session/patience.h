@@ -39,6 +39,8 @@ class Patience {
   /// 3711 when another call is under way; 3712 when the operator gave up and the call was not done;
   /// a lost connection when the server does not answer any more.
   void Await(std::function<void()> call, const CallTerms& terms);
+  /// The same; the call runs on another thread even when the program has no view for its waits.
+  void AwaitApart(std::function<void()> call, const CallTerms& terms);
   /// Makes one call that nothing can cancel. When the operator gives up, it is left to itself: it
   /// owns all that it uses. Errors as above.
   void AwaitOrLeave(const std::function<void()>& call);

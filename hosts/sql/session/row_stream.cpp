@@ -191,10 +191,10 @@ void RowStream::KeepRest() {
 
 // The side effects of the query's functions are kept, even when not all rows were read.
 void RowStream::Finish() {
-  session_.Retire(std::move(statement_));
-  if (!cursor_) return;
-  ownTransaction_ ? session_.EndReading() : CloseCursor();
+  StatementPtr statement = std::move(statement_);
+  if (cursor_) ownTransaction_ ? session_.EndReading() : CloseCursor();
   cursor_ = false;
+  session_.Retire(std::move(statement));  // to which nothing comes any more
 }
 
 void RowStream::CloseCursor() {

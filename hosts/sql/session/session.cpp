@@ -15,6 +15,9 @@ namespace {
 
 constexpr StringView kLost = u"A conexão com o banco de dados está fechada ou foi perdida.";
 
+// For rows that nobody reads any more.
+constexpr std::chrono::seconds kToComeIn{1};
+
 }  // namespace
 
 // Marks the point to which a failed statement is undone. PostgreSQL would abort the whole
@@ -106,6 +109,8 @@ void Session::ReadServer() {
 }
 
 void Session::Close() noexcept {
+  // Something that runs meanwhile may let go of it.
+  const auto keep = weak_from_this().lock();
   if (pending_ != nullptr) pending_->ReadRest();  // which may leave rows at the server
   if (!adoption_ && inTransaction_ && pending_ == nullptr) {
     AbandonReading();  // what it has locked may be what the distant rows wait for
@@ -180,11 +185,13 @@ void Session::SettleRows() {
 }
 
 void Session::Retire(StatementPtr statement) noexcept {
-  if (!patience_->IsIdle()) retired_.push_back(std::move(statement));
+  if (!patience_->IsIdle()) return retired_.push_back(std::move(statement));
+  if (!statement || !IsOpen()) return;
+  Tidy([left = std::move(statement)]() mutable { left.reset(); }, kToComeIn, false);
 }
 
 void Session::EndWhatIsLeft() noexcept {
-  retired_.clear();
+  for (StatementPtr& statement : std::exchange(retired_, {})) Retire(std::move(statement));
   if (std::exchange(leftReading_, false)) AbandonReading();
 }
 
@@ -245,7 +252,7 @@ void Session::BeginTrans(const String& modes) {
   }
   ++transactions_;
   if (adoption_) return BeginForProgram(modes);
-  Await([link = RequireLink()] { link->Begin(); });
+  Await([link = RequireLink()] { link->Begin(); }, 1, true);
   inTransaction_ = true;
   try {
     SetLocally(modes);

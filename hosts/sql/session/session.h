@@ -1,6 +1,7 @@
 // The state behind a connection object: the link to the server, its transaction, its errors.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -161,7 +162,7 @@ class Session : public std::enable_shared_from_this<Session> {
   /// As the link's.
   void ForgetTables() const;
   /// Ends a statement of rows that nobody reads any more: at once, or when another statement that
-  /// runs is over.
+  /// runs is over. The server is asked to cancel what it is still doing for them.
   void Retire(StatementPtr statement) noexcept;
 
   /// Another session of the same database, which waits together with this one. Nothing when the
@@ -208,11 +209,11 @@ class Session : public std::enable_shared_from_this<Session> {
   void Enclose(const std::function<void()>& call);
   void RequireTransaction(bool mayHaveFailed = false);
   void Await(std::function<void()> call, int statements = 1, bool isBracket = false);
+  void Tidy(std::function<void()> call, std::chrono::seconds time, bool isBracket) noexcept;
   void NoteLoss() noexcept;
   void ForEachDistant(const std::function<void(DistantRows& rows)>& act);
   void EndDistant() noexcept;
   bool HoldInTheWay() noexcept;
-  void UndoOrLose() noexcept;
   String ReadersInTheWay();
   String AnswerAside(const String& question);
   String OwnProcess();

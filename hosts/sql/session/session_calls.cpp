@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "hosts/sql/driver/bounded_call.h"
 #include "hosts/sql/session/session.h"
 #include "runtime/well_formed.h"
 
@@ -26,9 +27,11 @@ int StatementsIn(StringView text) {
 void Session::Await(std::function<void()> call, int statements, bool isBracket) {
   const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
   const LinkPtr link = RequireLink();
+  const auto bound = std::chrono::seconds(commandTimeout_) * statements;
+  // The server bounds its statements itself; its answer is late only when something is wrong.
+  const auto time = bound.count() > 0 ? bound + kSilence : bound;
   try {
-    patience_->Await(std::move(call), {link, std::chrono::seconds(commandTimeout_) * statements,
-                                       !adoption_.has_value(), isBracket});
+    patience_->Await(std::move(call), {link, time, !adoption_.has_value(), isBracket});
   } catch (const DriverError& error) {
     NoteLoss();
     if (!error.IsLockTimeOut() || !HoldInTheWay()) throw;
@@ -37,6 +40,20 @@ void Session::Await(std::function<void()> call, int statements, bool isBracket) 
     NoteLoss();
     throw;
   }
+}
+
+// A call of which nobody needs the answer. Windows live on meanwhile. A server that is silent is
+// given up even when the program has no view: letting go of rows must not take for ever.
+void Session::Tidy(std::function<void()> call, std::chrono::seconds time, bool isBracket) noexcept {
+  const auto keep = weak_from_this().lock();  // something that runs meanwhile may let go of it
+  try {
+    const CallTerms terms{link_, time, !adoption_.has_value(), isBracket};
+    adoption_ ? patience_->Await(std::move(call), terms)
+              : patience_->AwaitApart(std::move(call), terms);
+  } catch (...) {
+    // Where the connection is lost, its next use raises the error.
+  }
+  NoteLoss();
 }
 
 void Session::NoteLoss() noexcept {
@@ -96,7 +113,7 @@ std::int64_t Session::ExecuteWith(Statement& statement, const String& text,
 
 void Session::RunPlain(const String& text) { RunApart(text, false); }
 
-// Around a statement of a transaction: the operator gives up the statement, and not this.
+// Around statements: the operator gives up the statement, and not this.
 void Session::RunBracket(const String& text) { RunApart(text, true); }
 
 void Session::RunApart(const String& text, bool isBracket) {
