@@ -9,8 +9,10 @@ namespace {
 struct OwnClass {
   StringView name, header, withoutNamespace;
 };
-constexpr OwnClass kOwnClasses[] = {{u"tessaria::qt::TsText", u"tessaria/qt/tstext.h", u"TsText"},
-                                    {u"tessaria::qt::Adodc", u"tessaria/qt/adodc.h", u"Adodc"}};
+constexpr OwnClass kOwnClasses[] = {
+    {u"tessaria::qt::TsText", u"tessaria/qt/tstext.h", u"TsText"},
+    {u"tessaria::qt::Adodc", u"tessaria/qt/adodc.h", u"Adodc"},
+    {u"tessaria::qt::ItemGrid", u"tessaria/qt/item_grid.h", u"ItemGrid"}};
 
 /// Designer writes the header with or without a folder of includes before it.
 bool NamesHeader(const CustomWidget& custom, const OwnClass& own) {

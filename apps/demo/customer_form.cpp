@@ -20,7 +20,7 @@ namespace {
 constexpr int kFixedLineLength = 10;  // digits, with the area code
 
 const QString kCpf = QStringLiteral("###.###.###-##");
-const QString kCnpj = QStringLiteral("##.###.###/####-##");
+const QString kCnpj = QStringLiteral("CC.CCC.CCC/CCCC-##");
 const QString kFixedLine = QStringLiteral("(##) ####-####");
 const QString kMobile = QStringLiteral("(##) #####-####");
 

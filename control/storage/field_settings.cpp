@@ -55,7 +55,7 @@ void AddTo(Pesquisa& searches, const LookupSearch& search) {
   const String mask = isDate && search.mask.empty() ? String(u"dd/mm/yyyy") : search.mask;
   searches.Add(search.number, search.caption, search.field, CodesOf(search.type).Search,
                static_cast<Long>(search.comparison), mask, search.width, search.maxLength,
-               search.completes, isDate, 0, 0, String());
+               search.completes, search.promptInclude || isDate, 0, 0, String());
   const auto item = searches.Item(searches.Count());
   item->CampoPronto(search.isExpression);
   item->OrderBy(search.orderBy);

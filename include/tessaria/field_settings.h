@@ -56,12 +56,13 @@ struct LookupSearch {
   String field;
   DataType type = DataType::Text;
   Comparison comparison = Comparison::Contains;
-  String mask = {};           ///< of the prompt; a date without one gets "dd/mm/yyyy"
-  Integer width = 3600;       ///< of the prompt, twips
-  Integer maxLength = 0;      ///< most characters; 0 for no limit
-  bool completes = false;     ///< whether the prompt for a text completes it
-  bool isExpression = false;  ///< whether `field` is used as it stands, not qualified by the table
-  String orderBy = {};        ///< when empty, the field
+  String mask = {};            ///< of the prompt; a date without one gets "dd/mm/yyyy"
+  Integer width = 3600;        ///< of the prompt, twips
+  Integer maxLength = 0;       ///< most characters; 0 for no limit
+  bool completes = false;      ///< whether the prompt for a text completes it
+  bool promptInclude = false;  ///< whether its value keeps the literals; that of a date always does
+  bool isExpression = false;   ///< whether `field` is used as it stands, not qualified by the table
+  String orderBy = {};         ///< when empty, the field
   /// Searches of one number are asked for together, and all of them must match. 0 numbers a search
   /// by its position, from 1.
   Long number = 0;

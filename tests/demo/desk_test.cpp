@@ -233,6 +233,21 @@ TEST_F(DeskTest, AWrongCpfIsRefused) {
   EXPECT_EQ(stored("cpf_cnpj", "00051"), "11144477735");
 }
 
+TEST_F(DeskTest, ACnpjWithLettersIsChecked) {
+  Player& p = operatorsHands();
+  goTo("00052");
+  p.click("juridica");
+  p.press("Tab");
+  p.expectFocus("documento");
+  p.type("12abc34501de34");
+  p.expectBox("CNPJ: não confere, Verifique Por Favor");
+  p.press("Alt+S");
+  p.type("12abc34501de35");
+  p.press("Alt+S");
+  p.expectText("documento", "12.ABC.345/01DE-35");
+  EXPECT_EQ(stored("cpf_cnpj", "00052"), "12ABC34501DE35");
+}
+
 // A field with an "X" mask scrambles its content each time it is left.
 TEST_F(DeskTest, APasswordIsScrambledOnlyOnceHoweverOftenItsFieldIsLeft) {
   Player& p = operatorsHands();

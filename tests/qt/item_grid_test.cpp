@@ -543,7 +543,7 @@ TEST_F(Items, RowsHaveNamesForScreenReaders) {
   key(Qt::Key_Down, Qt::ControlModifier);
   EXPECT_EQ(editOf(*cell("produto"))->accessibleName(), QStringLiteral("Item novo: Produto"));
   EXPECT_EQ(grid_->findChild<QLabel*>(QStringLiteral("total_total"))->accessibleName(),
-            QStringLiteral("Soma de Total"));
+            QStringLiteral("Soma de Total: 11,00"));
 }
 
 // --- Numbers that the database gives

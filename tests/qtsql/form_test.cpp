@@ -3,12 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QVBoxLayout>
 #include <memory>
-#include <stdexcept>
 
 #include "tessaria/conversion.h"
 #include "tessaria/error.h"
@@ -18,8 +14,7 @@
 #include "tessaria/qt/text.h"
 #include "tessaria/qt/tstext.h"
 #include "tessaria/qtsql/adopt.h"
-#include "tests/qt/operator.h"
-#include "tests/support/postgres_cluster.h"
+#include "tests/qtsql/qt_database.h"
 
 namespace tessaria::qt::tests {
 namespace {
@@ -27,42 +22,19 @@ namespace {
 class FormOverQtSql : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
-    const std::string missing = test::PostgresCluster::Missing();
-    if (!missing.empty()) GTEST_SKIP() << missing;
-    const auto& cluster = test::PostgresCluster::Shared();
-    test::PostgresCluster::Shared().EnsureRunning();
-    database_ = QSqlDatabase::addDatabase(QString::fromLatin1(GetParam()), kName);
-    if (QByteArray(GetParam()) == "QPSQL") {
-      database_.setHostName(QString::fromStdString(cluster.Folder()));
-      database_.setDatabaseName(QStringLiteral("postgres"));
-      database_.setUserName(QStringLiteral("postgres"));
-    } else {
-      database_.setDatabaseName(QString::fromStdU16String(cluster.ConnectionString()));
-    }
-    ASSERT_TRUE(database_.open()) << database_.lastError().text().toStdString();
+    if (!database_.open(GetParam())) GTEST_SKIP() << QtDatabase::missing();
     for (const char* statement :
          {"drop schema public cascade", "create schema public",
           "create table cidades (codigo varchar(3) primary key, nome varchar(40))",
           "create table clientes (codigo integer primary key, nome varchar(40), cidade varchar(3))",
           "insert into clientes values (1, 'Ana', null)"})
-      ask(statement);
+      database_.ask(statement);
     makeForm();
   }
-  void TearDown() override {
-    window_.reset();
-    database_ = QSqlDatabase();
-    QSqlDatabase::removeDatabase(kName);
-  }
-
-  std::string ask(const char* statement) {
-    QSqlQuery query(database_);
-    if (!query.exec(QString::fromUtf8(statement)))
-      throw std::runtime_error(query.lastError().text().toStdString());
-    return query.next() ? query.value(0).toString().toStdString() : std::string();
-  }
+  std::string ask(const char* statement) { return database_.ask(statement); }
   void makeForm() {
     window_ = std::make_unique<QWidget>();
-    setConnection(*window_, qtsql::Adopt(database_));
+    setConnection(*window_, qtsql::Adopt(database_.get()));
     auto* layout = new QVBoxLayout(window_.get());
     data_ = new Adodc(DataControlSettings{.name = u"dados", .recordSource = u"clientes"});
     name_ =
@@ -87,9 +59,8 @@ class FormOverQtSql : public testing::TestWithParam<const char*> {
     settleEvents();
   }
 
-  const QString kName = QStringLiteral("loja");
   BoxKeeper boxes_;
-  QSqlDatabase database_;
+  QtDatabase database_;
   std::unique_ptr<QWidget> window_;
   Adodc* data_ = nullptr;
   TsText *name_ = nullptr, *city_ = nullptr, *cityName_ = nullptr;
@@ -98,14 +69,14 @@ class FormOverQtSql : public testing::TestWithParam<const char*> {
 /// A city that only the program's open transaction holds completes the pair.
 TEST_P(FormOverQtSql, WorksInTheProgramsTransaction) {
   EXPECT_EQ(editOf(*name_)->text(), QStringLiteral("Ana"));
-  ASSERT_TRUE(database_.transaction());
+  ASSERT_TRUE(database_.get().transaction());
   ask("insert into cidades values ('001', 'Mogi das Cruzes')");
   enter(city_, "001");
   enter(name_, "Bia");
   EXPECT_EQ(cityName_->text(), QStringLiteral("Mogi das Cruzes"));
   EXPECT_TRUE(data_->saveRow());
   EXPECT_EQ(ask("select nome || cidade from clientes"), "Bia001");
-  ASSERT_TRUE(database_.rollback());
+  ASSERT_TRUE(database_.get().rollback());
   EXPECT_EQ(ask("select nome || coalesce(cidade, '') from clientes"), "Ana");
   EXPECT_EQ(boxes_.takeTexts(), QStringList());
 }
@@ -123,11 +94,26 @@ TEST_P(FormOverQtSql, NeedsNoSecondSession) {
 
 TEST_P(FormOverQtSql, ADatabaseThatIsClosedUnderAFormLosesNothingTyped) {
   enter(name_, "Bia");
-  database_.close();
+  database_.get().close();
   EXPECT_FALSE(data_->saveRow());
-  EXPECT_EQ(boxes_.takeTexts().size(), 1);
+  const QStringList told = boxes_.takeTexts();
+  ASSERT_EQ(told.size(), 1);
+  EXPECT_THAT(told[0].toStdString(), testing::HasSubstr("está fechada ou foi perdida."));
   EXPECT_EQ(editOf(*name_)->text(), QStringLiteral("Bia"));
   EXPECT_TRUE(data_->isEditPending());
+}
+
+TEST_P(FormOverQtSql, ADatabaseThatIsRemovedUnderAFormLosesNothingTyped) {
+  enter(name_, "Bia");
+  database_.get() = QSqlDatabase();
+  QSqlDatabase::removeDatabase(QtDatabase::name());
+  EXPECT_FALSE(data_->saveRow());
+  const QStringList told = boxes_.takeTexts();
+  ASSERT_EQ(told.size(), 1);
+  EXPECT_THAT(told[0].toStdString(), testing::HasSubstr("está fechada ou foi perdida."));
+  EXPECT_EQ(editOf(*name_)->text(), QStringLiteral("Bia"));
+  EXPECT_TRUE(data_->isEditPending());
+  window_.reset();
 }
 
 INSTANTIATE_TEST_SUITE_P(Qt, FormOverQtSql, testing::Values("QPSQL", "QODBC"));

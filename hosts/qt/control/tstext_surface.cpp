@@ -4,6 +4,7 @@
 #include "hosts/qt/control/tstext.h"
 #include "hosts/qt/focus/delegate_editor.h"
 #include "hosts/qt/form/form.h"
+#include "tessaria/qt/settle.h"
 
 namespace tessaria::qt {
 namespace {
@@ -50,12 +51,15 @@ LoadOrder TsText::loadOrder() const {
 
 /// The first show empties an unbound field, except one that a delegate has already filled.
 void TsText::formShown() {
+  const QPointer<TsText> self(this);
   const bool isOfDelegate = loadOrder() == LoadOrder::Unbound && hasDelegate(*this);
   write([&](tsText& c) {
     const Variant before = c.Value();
     c.UserControl_Show();
     if (isOfDelegate && toQVariant(c.Value()) != toQVariant(before)) c.ShowValue(before);
   });
+  // A control that has joined its form later may have been entered already.
+  if (self && isAncestorOf(window()->focusWidget())) enterAgain(this);
 }
 
 void TsText::entered() {

@@ -24,8 +24,7 @@ void ItemTotals::make(const ItemModel& model) {
     label->setIndent(kIndent);
     const QString caption = model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
     label->setObjectName(QStringLiteral("total_") + toQt(model.column(column).field.name));
-    label->setAccessibleName(QStringLiteral("Soma de %1").arg(caption));
-    label->setToolTip(label->accessibleName());
+    label->setToolTip(QStringLiteral("Soma de %1").arg(caption));
     labels_.push_back({column, label});
   }
   setFixedHeight(labels_.empty() ? 0 : labels_.front().label->sizeHint().height() + kIndent);
@@ -36,6 +35,9 @@ void ItemTotals::show(const ItemModel& model) {
     const String& format = model.column(total.column).format;
     total.label->setText(
         toQt(Format(model.total(total.column), format.empty() ? u"#,##0.00" : format)));
+    // The name stands in place of the text.
+    total.label->setAccessibleName(
+        QStringLiteral("%1: %2").arg(total.label->toolTip(), total.label->text()));
   }
 }
 
