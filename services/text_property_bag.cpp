@@ -83,6 +83,7 @@ TextPropertyBag::TextPropertyBag(SharedFactories factories) : factories_(std::mo
 Variant TextPropertyBag::ReadProperty(const String& name, const Variant& byDefault) const {
   const Entry* const entry = Find(name);
   if (!entry) return byDefault;
+  entry->wasRead = true;
   if (!entry->members) return entry->value;
   const auto factory = factories_->find(entry->className);
   const auto object = factory == factories_->end() ? nullptr : factory->second();
@@ -117,6 +118,18 @@ void TextPropertyBag::Load(StringView text) {
   entries_ = std::move(loaded.entries_);
 }
 
+std::vector<String> TextPropertyBag::UnreadKeys() const {
+  std::vector<String> keys;
+  for (const Entry& entry : entries_) {
+    if (!entry.wasRead) {
+      keys.push_back(entry.name);
+    } else if (entry.members) {
+      for (const String& key : entry.members->UnreadKeys()) keys.push_back(entry.name + u"." + key);
+    }
+  }
+  return keys;
+}
+
 const TextPropertyBag::Entry* TextPropertyBag::Find(StringView name) const {
   const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
     return EqualNoCase(entry.name, name);
@@ -137,7 +150,9 @@ void TextPropertyBag::Remove(StringView name) {
 }
 
 TextPropertyBag::Entry TextPropertyBag::MakeEntry(const String& name, const Variant& value) const {
-  Entry entry{name, value, {}, nullptr};
+  Entry entry;
+  entry.name = name;
+  entry.value = value;
   const ObjectPtr* const object = value.TryGet<ObjectPtr>();
   if (!object || !*object) return entry;
   entry.value = Variant();

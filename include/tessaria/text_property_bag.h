@@ -44,6 +44,9 @@ class TESSARIA_CORE_API TextPropertyBag final : public host::PropertyBag {
   /// name the line: 13 for an invalid value, 321 for any other invalid text. The contents then stay
   /// unchanged.
   void Load(StringView text);
+  /// The keys that nobody has asked for since they were loaded or written, in their order, those of
+  /// objects with the object before them: "Browse.BrwTitlo".
+  std::vector<String> UnreadKeys() const;
 
  private:
   /// One key. An object has its class name and its own keys in place of a value.
@@ -52,6 +55,7 @@ class TESSARIA_CORE_API TextPropertyBag final : public host::PropertyBag {
     Variant value;
     String className;
     std::unique_ptr<TextPropertyBag> members;
+    mutable bool wasRead = false;
   };
   using SharedFactories = std::shared_ptr<const Factories>;
 

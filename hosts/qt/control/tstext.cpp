@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 
+#include "hosts/qt/control/field_mistakes.h"
 #include "hosts/qt/control/tstext.h"
 #include "hosts/qt/conversion/key_codes.h"
 #include "hosts/qt/focus/delegate_editor.h"
@@ -127,8 +128,11 @@ void TsText::setSettings(const QStringList& lines) {
       TextPropertyBag bag = makeBag();
       bag.Load(fromQt(lines.join(QLatin1Char('\n'))));
       load(bag);
+      if (!formUnderDesign(this)) warnOfUnknownSettings(*this, bag.UnreadKeys());
     } catch (const HostError& error) {
-      if (!formUnderDesign(this)) throw;
+      if (!formUnderDesign(this))
+        throw HostError(error.Number(),
+                        u"Campo \"" + fromQt(objectName()) + u"\": " + error.Description());
       unreadable_ = lines;
       designError_ = toQt(error.Description());
     }

@@ -1,6 +1,7 @@
 // The control as its form and the focus handling see it.
 
 #include "control/storage/properties.h"
+#include "hosts/qt/control/field_mistakes.h"
 #include "hosts/qt/control/tstext.h"
 #include "hosts/qt/focus/delegate_editor.h"
 #include "hosts/qt/form/form.h"
@@ -58,8 +59,10 @@ void TsText::formShown() {
     c.UserControl_Show();
     if (isOfDelegate && toQVariant(c.Value()) != toQVariant(before)) c.ShowValue(before);
   });
+  if (!self) return;
+  warnOfMistakes(*this);
   // A control that has joined its form later may have been entered already.
-  if (self && isAncestorOf(window()->focusWidget())) enterAgain(this);
+  if (isAncestorOf(window()->focusWidget())) enterAgain(this);
 }
 
 void TsText::entered() {
