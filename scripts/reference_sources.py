@@ -2,12 +2,13 @@
 
 What must be documented is what a program can use. A text covers all functions of one name in its
 class, and `setX` beside `x`. These need none of their own:
-- enumerators, constants of a namespace and the plain data of a class, when their owner has a text;
+- enumerators and constants of a namespace, when their owner has a text;
 - operators, destructors, the constructors of a class that has a text, and what is deleted or
   defaulted;
 - names of types, and enumerations inside a class that has a text;
-- in a class that has a text and is no widget: a function without arguments, or a pair of it and a
-  function of the same name that takes one (the name says what it does or reads);
+- in a class that has a text, what only writers of a host or of its tests use (HOST_HEADERS): data,
+  and a function without arguments, or a pair of it and a function of the same name that takes one
+  (the name says what it does or reads);
 - an override, which has the text of what it overrides, and functions of its name beside it. An
   override of a class outside the library (such as QWidget) is not listed.
 """
@@ -21,6 +22,8 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 HEADERS = ROOT / "include" / "tessaria"
+HOST_HEADERS = tuple("tessaria/" + name for name in (
+    "host/", "memory/", "calendar.h", "stored_match.h", "thread_state.h", "variant.h"))
 
 DOXYGEN = """
 INPUT = {folder}/include/tessaria
@@ -313,11 +316,14 @@ def is_self_explaining(entry, owner, widget):
         return False
     if all(m.kind == "function" and m.name in constructors_of(owner) for m in entry.members):
         return True
-    if entry.section in ("Constants", "Data"):
+    if entry.section == "Constants":
         return True
+    if entry.section == "Data":
+        return owner.header.startswith(HOST_HEADERS)
     if entry.section == "Types" and owner.kind != "namespace":
         return True
-    plain = any(m.arguments.startswith("()") for m in entry.members) and len(entry.members) <= 3
+    plain = (owner.header.startswith(HOST_HEADERS) and len(entry.members) <= 3
+             and any(m.arguments.startswith("()") for m in entry.members))
     beside = entry.name in owner.implemented
     return entry.section == "Functions" and (plain or beside) and not widget
 

@@ -35,11 +35,13 @@ class TESSARIA_CORE_API ListaOutros : public Object {
   ListaOutros(const ListaOutros&) = delete;
   ListaOutros& operator=(const ListaOutros&) = delete;
 
+  /// The number of fields.
   Long Count() const { return static_cast<Long>(campos_.size()); }
   /// From 1. Error 9 outside the list.
   std::shared_ptr<CampoOutro> Item(Long index) const;
   /// Adds a field at the end, without a value.
   void Add(const String& Nome);
+  /// Removes all fields.
   void Clear() { campos_.clear(); }
 
   /// Replaces the list by the stored one. Values are results of lookups and are not stored.
@@ -98,6 +100,7 @@ class TESSARIA_CORE_API Browse : public host::Persistent {
   /// Both lists live as long as the definition.
   ListaOutros& Outros() { return outros_; }
   const ListaOutros& Outros() const { return outros_; }
+  /// The columns of the list, in their order; lives as long as the definition.
   ListaColunas& cgrColGrid() { return cgrColGrid_; }
   const ListaColunas& cgrColGrid() const { return cgrColGrid_; }
 

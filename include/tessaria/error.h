@@ -55,7 +55,9 @@ class TESSARIA_CORE_API HostError : public std::exception {
   explicit HostError(Long number);
   HostError(Long number, String description);
 
+  /// Of the error: those of `errors`, or any number of the program's.
   Long Number() const noexcept { return number_; }
+  /// What the operator is told.
   const String& Description() const noexcept { return description_; }
   /// The description in UTF-8.
   const char* what() const noexcept override { return utf8_.c_str(); }
@@ -68,8 +70,8 @@ class TESSARIA_CORE_API HostError : public std::exception {
 
 /// The pending error of a thread: the error that a trap caught last and is still handling.
 struct TESSARIA_CORE_API ErrObject {
-  Long Number = 0;
-  String Description;
+  Long Number = 0;     ///< 0 when no error is pending
+  String Description;  ///< what the operator is told
 
   /// Takes number and description of an error that was caught.
   void Set(const HostError& error);

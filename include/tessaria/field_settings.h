@@ -47,15 +47,15 @@ struct LookupColumn {
   String caption = {};  ///< when empty, `field`
   String format = {};   ///< of numbers and dates: "#,##0.00", "dd/mm/yyyy"
   float width = 1440;   ///< twips
-  bool visible = true;
+  bool visible = true;  ///< whether the list shows it
 };
 
 /// A search that the list offers.
 struct LookupSearch {
-  String caption;
-  String field;
-  DataType type = DataType::Text;
-  Comparison comparison = Comparison::Contains;
+  String caption;                                ///< in the menu and beside the prompt
+  String field;                                  ///< the column, or an expression
+  DataType type = DataType::Text;                ///< of the searched column
+  Comparison comparison = Comparison::Contains;  ///< how a row is compared with what is typed
   String mask = {};            ///< of the prompt; a date without one gets "dd/mm/yyyy"
   Integer width = 3600;        ///< of the prompt, twips
   Integer maxLength = 0;       ///< most characters; 0 for no limit
@@ -71,13 +71,13 @@ struct LookupSearch {
 /// Where a key or a description is looked up, and how the list shows it.
 struct LookupSettings {
   String title = {};  ///< of the list; when empty, the table
-  String table = {};
+  String table = {};  ///< that is searched
   /// The key first, then the description, if there is one, then what the list shows beside them.
   std::vector<LookupColumn> columns = {};
   String from = {};     ///< the table with its joins; when empty, the table alone
   String where = {};    ///< condition without WHERE; `@name@` stands for the value of a field
   String groupBy = {};  ///< the whole GROUP BY clause with its keywords
-  std::vector<LookupSearch> searches = {};
+  std::vector<LookupSearch> searches = {};  ///< in the order of the menu
   /// Fields of the found row that the program reads, by `browseDefinition()->Outros()`. Each must
   /// be among the columns, visible or not.
   std::vector<String> returnFields = {};
@@ -85,23 +85,23 @@ struct LookupSettings {
 
 /// A field with everything that a form file can store of it, and the check of its text.
 struct FieldSettings {
-  String name = {};  ///< on its form, where siblings and `@name@` find it
-  TipoControle kind = TipoControle::Normal;
-  String mask = {};
-  Long maxLength = 0;  ///< most characters typed; 0 for no limit
-  bool mayBeBlank = true;
-  bool acceptsNegative = false;
-  Validator validator = {};  ///< a check of the program's; no file stores it
-  bool enabled = true;
+  String name = {};                          ///< on its form, where siblings and `@name@` find it
+  TipoControle kind = TipoControle::Normal;  ///< which button it has, and what leaving it does
+  String mask = {};                          ///< that keys pass through; empty for none
+  Long maxLength = 0;                        ///< most characters typed; 0 for no limit
+  bool mayBeBlank = true;                    ///< whether it may stay blank
+  bool acceptsNegative = false;  ///< whether a numeric mask takes a minus sign; needs `maxLength`
+  Validator validator = {};      ///< a check of the program's; no file stores it
+  bool enabled = true;           ///< whether the operator can work in it
   /// Type of an unbound value. By default a date for `Calendario`, a number for `Calculadora`,
   /// otherwise a text.
   std::optional<DataType> type = {};
   /// Whether the value holds the mask's literals. By default it does for `Calendario` and
   /// `Calculadora`.
   std::optional<bool> promptInclude = {};
-  String promptChar = u"_";
+  String promptChar = u"_";  ///< shows the empty slots of the mask
   String passwordChar = {};  ///< shown in place of each character; empty shows the text
-  ZeroFill zeroFill = ZeroFill::EachRun;
+  ZeroFill zeroFill = ZeroFill::EachRun;  ///< what leaving it fills in a mask with a "0"
 
   String dataSource = {};  ///< name of the data control; empty for an unbound field
   String dataField = {};   ///< column of its record set
@@ -112,9 +112,9 @@ struct FieldSettings {
   String tab = {};               ///< number of the tab that the field is on; empty for none
   bool highlightsLabel = false;  ///< shows the caption green and bold
 
-  LookupSettings lookup = {};
-  bool checksKey = true;     ///< whether leaving the field looks its text up
-  String notFoundText = {};  ///< message when the list finds no row; empty for the usual text
+  LookupSettings lookup = {};  ///< of a key or a description
+  bool checksKey = true;       ///< whether leaving the field looks its text up
+  String notFoundText = {};    ///< message when the list finds no row; empty for the usual text
 
   bool picksFiles = true;   ///< a file of `Diretorio`, or a folder alone
   String filePattern = {};  ///< which files are offered, such as "*.txt"
@@ -129,7 +129,7 @@ struct FieldSettings {
 
 /// A data control with everything that a form file can store of it.
 struct DataControlSettings {
-  String name = {};
+  String name = {};              ///< on its form, where fields find it
   String recordSource = {};      ///< a statement or the name of a table
   String connectionString = {};  ///< not needed by a data control that is given a connection
   String caption = {};           ///< between the buttons; when empty, the number of the row
@@ -139,8 +139,8 @@ struct DataControlSettings {
 
 /// A key and its description, each the other's sibling.
 struct FieldPair {
-  FieldSettings code;
-  FieldSettings description;
+  FieldSettings code;         ///< the key
+  FieldSettings description;  ///< what is shown for it
 };
 
 /// The lookup as the field with the description sees it: the first two columns swapped, without
@@ -161,7 +161,7 @@ TESSARIA_CORE_API std::shared_ptr<Pesquisa> MakePesquisa(const LookupSettings& l
 
 /// What a form file can store of a field.
 struct StoredSetting {
-  String key;
+  String key;         ///< as the lines of a form file name it
   Variant byDefault;  ///< what an absent one counts as; Null for a definition and for the font
 };
 

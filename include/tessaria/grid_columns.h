@@ -15,6 +15,7 @@ class BagReader;
 /// How one column of the grid shows a field.
 class TESSARIA_CORE_API ColunaGrid : public Object {
  public:
+  /// The column's header; when empty, the name of the field.
   String Caption() const { return caption_; }
   void Caption(const String& v) { caption_ = v; }
   /// The field's name in the rows.
@@ -26,6 +27,7 @@ class TESSARIA_CORE_API ColunaGrid : public Object {
   /// Twips.
   float Width() const { return width_; }
   void Width(float v) { width_ = v; }
+  /// Whether the list shows the column.
   bool Visible() const { return visible_; }
   void Visible(bool v) { visible_ = v; }
 
@@ -44,12 +46,14 @@ class TESSARIA_CORE_API ListaColunas : public Object {
   ListaColunas(const ListaColunas&) = delete;
   ListaColunas& operator=(const ListaColunas&) = delete;
 
+  /// The number of columns.
   Long Count() const { return static_cast<Long>(colunas_.size()); }
   /// From 1. Error 9 outside the list.
   std::shared_ptr<ColunaGrid> Item(Long index) const;
   /// Adds a column to the right of the others. The width is in twips.
   void Add(const String& Campo, const String& Caption, const String& Mascara, float Width,
            bool Visible);
+  /// Removes all columns.
   void Clear() { colunas_.clear(); }
 
   /// Replaces the list by the stored one; the reader reports invalid values.

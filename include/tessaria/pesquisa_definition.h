@@ -32,11 +32,13 @@ class TESSARIA_CORE_API ItemPesquisa : public Object {
   /// Whether the prompt for a text completes it as the operator types.
   bool CompletaDescr() const { return completaDescr_; }
   void CompletaDescr(bool v) { completaDescr_ = v; }
+  /// The most characters in the prompt; 0 for no limit.
   Integer MaxLength() const { return maxLength_; }
   void MaxLength(Integer v) { maxLength_ = v; }
   /// Width of the prompt, twips.
   Integer Width() const { return width_; }
   void Width(Integer v) { width_ = v; }
+  /// Mask of the prompt; empty for none.
   String Mascara() const { return mascara_; }
   void Mascara(const String& v) { mascara_ = v; }
   /// Comparison: 0 equal, 1 starts with, 2 ends with, 3 contains, 4 to 7 >, >=, <, <=.
@@ -76,6 +78,7 @@ class TESSARIA_CORE_API Pesquisa : public host::Persistent {
   Pesquisa(const Pesquisa&) = delete;
   Pesquisa& operator=(const Pesquisa&) = delete;
 
+  /// The number of entries.
   Long Count() const { return static_cast<Long>(itens_.size()); }
   /// Error 9 outside the list.
   std::shared_ptr<ItemPesquisa> Item(Long index) const;
@@ -93,6 +96,7 @@ class TESSARIA_CORE_API Pesquisa : public host::Persistent {
            bool PromptInclude, Long Antes, Long Depois, const String& Chave);
   /// Error 9 outside the list.
   void Remove(Long index);
+  /// Removes all entries.
   void Clear() { itens_.clear(); }
 
   String ClassName() const override { return u"Pesquisa"; }

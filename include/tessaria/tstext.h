@@ -14,7 +14,7 @@ namespace tessaria {
 
 /// What the operator has typed, for a host that undoes an edit.
 struct Typing {
-  String Texto;
+  String Texto;          ///< the typed characters, which a password hides
   bool Touches = false;  ///< whether it counts when the field is left
 };
 
@@ -48,7 +48,9 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   void UserControl_WriteProperties(host::PropertyBag& bag);
   /// The first call resolves names, loads the row, draws and raises `Show`; later ones do nothing.
   void UserControl_Show();
+  /// Places box and button after the surface has changed its size.
   void UserControl_Resize();
+  /// The operator enters the field: the text is shown as it is edited, and selected.
   void UserControl_EnterFocus();
   /// Settles the field and returns the outcome: a host or a program calls it to find out whether
   /// the field may be left. A field that the focus leaves for its own button or for
@@ -75,6 +77,7 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   void UserControl_KeyPress(Integer& KeyAscii);
   /// The surface's key-up.
   void UserControl_KeyUp(Integer& KeyCode, Integer& Shift);
+  /// The surface is about to go: nothing is reported any more.
   void UserControl_Terminate();
 
   // --- Methods ---------------------------------------------------------------------------------
@@ -196,8 +199,10 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// Selection in the box: from 0, in characters.
   Long SelStart() const;
   void SelStart(Long v);
+  /// Length of the selection, in characters.
   Long SelLength() const;
   void SelLength(Long v);
+  /// The selected text. Assigning replaces the selection, without a limit.
   String SelText() const;
   void SelText(const String& v);
 
@@ -206,11 +211,13 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// Of the box. A key field passes it on to its description when the two name each other.
   bool Enabled() const override;
   void Enabled(bool v) override;
+  /// Of the text in the box.
   Colour Forecolor() const;
   void Forecolor(Colour v);
   /// Of the box and the surface.
   Colour BackColor() const;
   void BackColor(Colour v);
+  /// Of the box.
   host::Font Font() const;
   void Font(const host::Font& v);
   /// Marks the field by a green, bold caption.
@@ -231,18 +238,25 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// Assigning sets both.
   String BrwTitulo() const;
   void BrwTitulo(const String& v);
+  /// The table that is searched.
   String BrowseTable() const;
   void BrowseTable(const String& v);
+  /// The field's own column in it.
   String BrwCampo() const;
   void BrwCampo(const String& v);
+  /// The sibling's column.
   String BrwCampoIrmao() const;
   void BrwCampoIrmao(const String& v);
+  /// Further columns of the list, joined by commas.
   String BrwCampoOutros() const;
   void BrwCampoOutros(const String& v);
+  /// The whole GROUP BY clause with its keywords.
   String BrwGroupBy() const;
   void BrwGroupBy(const String& v);
+  /// The text after FROM in place of the table.
   String BrwLeftJoin() const;
   void BrwLeftJoin(const String& v);
+  /// Condition on the rows; `@name@` stands for the value of another field.
   String BrwWhere() const;
   void BrwWhere(const String& v);
   /// The searches of the lookup's grid; created when first needed.
@@ -251,20 +265,29 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// The older text form of the searches: one field per search, each ended by character 3.
   String PesqCaption() const;
   void PesqCaption(const String& v);
+  /// Columns searched in, one part for each search.
   String PesqCampo() const;
   void PesqCampo(const String& v);
+  /// Masks of the prompts, one part for each search.
   String PesqMascara() const;
   void PesqMascara(const String& v);
+  /// Widths of the prompts in twips, one part for each search.
   String PesqWidth() const;
   void PesqWidth(const String& v);
+  /// Types of the searched values: N number, S text, D date, one part for each search.
   String PesqTipo() const;
   void PesqTipo(const String& v);
+  /// Where the wildcard goes: N nowhere, F after the text, C before it, A both, one part for each
+  /// search.
   String PesqLike() const;
   void PesqLike(const String& v);
+  /// The most characters in the prompts, one part for each search.
   String PesqMaxLength() const;
   void PesqMaxLength(const String& v);
+  /// Whether the prompts complete what is typed, one part for each search.
   String PesqCompletaDescr() const;
   void PesqCompletaDescr(const String& v);
+  /// Whether the prompts keep the literals of their masks, one part for each search.
   String PesqPromptInclude() const;
   void PesqPromptInclude(const String& v);
   /// Message of a lookup that finds nothing; blank for the standard one.
@@ -276,10 +299,13 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   /// Whether the picker lists files too; the text is then split into folder and file.
   bool DirVerArquivos() const;
   void DirVerArquivos(bool v);
+  /// Which files are offered, such as "*.txt"; empty for all.
   String DirPattern() const;
   void DirPattern(const String& v);
+  /// Folder of the path in the box; follows the text.
   String DirFilePath() const;
   void DirFilePath(const String& v);
+  /// File of the path in the box, with `DirVerArquivos`; follows the text.
   String DirFileName() const;
   void DirFileName(const String& v);
 
@@ -290,7 +316,9 @@ class TESSARIA_CORE_API tsText final : public _tsText {
   void ItensMascara(const String& v);
   /// The bound field, found by name at each call; null when not bound.
   host::FieldPtr CampoVinculado() const;
+  /// What the control lies in: its page or its form.
   host::WidgetPtr ContainerDoControle() const;
+  /// The form around the control.
   host::FormPtr FormDoControle() const;
   /// Assigns the bound field.
   void GravaValorCampo(const Variant& v);

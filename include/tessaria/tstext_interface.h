@@ -32,6 +32,7 @@ class TESSARIA_CORE_API _tsText {
   _tsText& operator=(const _tsText&) = delete;
   virtual ~_tsText() = default;
 
+  /// The typed value.
   virtual Variant Value() const = 0;
   virtual void Value(const Variant& value) = 0;
   /// Assigns `Value`. Returns false when the value was refused; the operator has then been told.
@@ -40,9 +41,12 @@ class TESSARIA_CORE_API _tsText {
   virtual void ShowValue(const Variant& value) = 0;
   /// Code of the variant type that an unbound value is held in.
   virtual Long TipoDado() const = 0;
+  /// Name of the sibling; empty for none.
   virtual String TxtIrmao() const = 0;
+  /// Whether the operator can work in the field.
   virtual bool Enabled() const = 0;
   virtual void Enabled(bool enabled) = 0;
+  /// Outcome of the last validation; true before the first one.
   virtual bool LastValidaStatus() const = 0;
   /// Looks the description up again and passes it to the sibling. With `ApenasTsBrowse` a key field
   /// leaves its sibling alone; with `DisparaBrowseReturn` the event is raised afterwards.
@@ -64,6 +68,7 @@ class TESSARIA_CORE_API tsTextEvents {
 
   /// The first show at run time is complete.
   virtual void Show() = 0;
+  /// The text of the box has changed, by the operator or by the program.
   virtual void Change() = 0;
   /// A key went down in the field. Code 0 swallows it.
   virtual void KeyDown(Integer& KeyCode, Integer& Shift) = 0;

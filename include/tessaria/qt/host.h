@@ -20,6 +20,7 @@ class TESSARIA_QT_API Host final : public QObject {
  public:
   ~Host() override;
 
+  /// What the core asks of the application: boxes, clipboard, dialogs. Lives as long as the host.
   host::Application& application() { return *application_; }
 
  signals:

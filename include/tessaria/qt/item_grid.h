@@ -43,8 +43,8 @@ class TESSARIA_QT_API ItemGrid final : public QWidget {
  public:
   /// Why an item may not stay as it is, and the column that the operator is to correct.
   struct Refusal {
-    QString column;
-    QString text;
+    QString column;  ///< whose field gets the focus; empty for the first
+    QString text;    ///< what the operator is told
   };
   using Check = std::function<std::optional<Refusal>(const ItemRow& row)>;
 

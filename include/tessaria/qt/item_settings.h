@@ -40,11 +40,11 @@ struct ItemColumn {
   /// the column of the items' table, and empty when nothing is stored. Its `dataSource` is not
   /// used.
   FieldSettings field;
-  String caption = {};  ///< over the column; when empty, the name
-  float width = 1440;   ///< twips
-  bool isTotalled = false;
-  String format = {};    ///< of a computed value and of the total; by default "#,##0.00"
-  Variant initial = {};  ///< the value in a new row; nothing by default
+  String caption = {};      ///< over the column; when empty, the name
+  float width = 1440;       ///< twips
+  bool isTotalled = false;  ///< whether its sum stands below the grid
+  String format = {};       ///< of a computed value and of the total; by default "#,##0.00"
+  Variant initial = {};     ///< the value in a new row; nothing by default
   /// Computes the value from the row. Nobody edits the column then, and of `field` only the name is
   /// used. What it throws leaves the cell empty.
   std::function<QVariant(const ItemRow& row)> compute = {};
@@ -61,13 +61,13 @@ struct ItemLink {
 
 /// What an item grid shows, and where it is stored.
 struct ItemSettings {
-  String table = {};
-  std::vector<ItemLink> links = {};
+  String table = {};                 ///< in which the items are stored
+  std::vector<ItemLink> links = {};  ///< one for each column of the key of the row
   /// The column that tells the items of one row apart, and orders them: a whole number. A new item
   /// gets the number after the greatest one; stored items keep theirs.
   String number = {};
-  bool isNumberGenerated = false;  ///< whether the database gives new items their number
-  std::vector<ItemColumn> columns = {};
+  bool isNumberGenerated = false;        ///< whether the database gives new items their number
+  std::vector<ItemColumn> columns = {};  ///< from left to right
 };
 
 }  // namespace tessaria::qt

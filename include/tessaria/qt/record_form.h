@@ -47,8 +47,8 @@ class TESSARIA_QT_API RecordForm final : public QObject {
  public:
   /// Why a row may not be saved, and the field that the operator is to correct; null for none.
   struct Refusal {
-    TsText* field = nullptr;
-    QString text;
+    TsText* field = nullptr;  ///< gets the focus; null for none
+    QString text;             ///< what the operator is told
   };
   using Check = std::function<std::optional<Refusal>()>;
   using TransactionHook = std::function<void(host::Connection& connection)>;

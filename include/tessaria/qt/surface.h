@@ -23,6 +23,7 @@ class TESSARIA_QT_API FormControl {
   FormControl(const FormControl&) = delete;
   FormControl& operator=(const FormControl&) = delete;
 
+  /// The control itself.
   virtual QWidget& widget() = 0;
   /// As `host::Widget::TypeName`.
   virtual String typeName() const = 0;
@@ -48,6 +49,7 @@ enum class LoadOrder { Unbound, Key, Bound, Description };
 /// A field: the operator enters it and leaves it as a whole.
 class TESSARIA_QT_API Surface : public FormControl {
  public:
+  /// When the field is loaded among those of its form.
   virtual LoadOrder loadOrder() const = 0;
   /// Name of the data control whose rows the field shows; empty for an unbound field.
   virtual QString dataSource() const = 0;
@@ -58,7 +60,9 @@ class TESSARIA_QT_API Surface : public FormControl {
   /// Loads the current row.
   virtual void refresh() = 0;
 
+  /// The focus has come into the field.
   virtual void entered() = 0;
+  /// The focus has left the field, which settles its text.
   virtual ExitVerdict left() = 0;
   /// Whether the field, which holds the focus, has something to settle.
   virtual bool hasToSettle() const = 0;
