@@ -12,10 +12,13 @@ fail() {
 
 # What a programmer who writes no CMake types.
 build_by_pkg_config() {
-  # shellcheck disable=SC2046
-  g++ -fPIC -I/consumer/own /consumer/use_qt.cpp -o by_pkg_config \
-    $(pkg-config --cflags --libs tessaria-qt)
-  ./by_pkg_config
+  local name
+  for name in core memory odbc postgres qt qtsql; do
+    # shellcheck disable=SC2046
+    g++ -fPIC -I/consumer/own "/consumer/use_$name.cpp" -o by_pkg_config \
+      $(pkg-config --cflags --libs "tessaria-$name")
+    ./by_pkg_config
+  done
   [ "$(pkg-config --modversion tessaria-odbc)" = "$(dpkg-query -W -f '${Version}' libtessaria-dev)" ]
 }
 

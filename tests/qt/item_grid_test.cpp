@@ -1,4 +1,5 @@
 // The items of a record: keys from field to field and row to row, pairs, totals, checks.
+#include <QAccessible>
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QScrollBar>
@@ -415,6 +416,21 @@ TEST_F(Items, AfterAnAnswerThatWasLostNothingIsStoredTwice) {
   EXPECT_FALSE(record_->isChanged()) << boxes_.takeTexts().join(QLatin1Char('|')).toStdString();
 }
 
+TEST_F(Items, PageDownOpensTheListOfACell) {
+  go(cell("produto"));
+  key(Qt::Key_Down, Qt::ControlModifier);
+  inTheNext([this](QDialog& list) {
+    press(list, Qt::Key_End);
+    settleEvents();
+    press(list, Qt::Key_Return);
+  });
+  key(Qt::Key_PageDown);
+  EXPECT_EQ(focus(), "produto");
+  EXPECT_NE(boxOf("produto"), QString());
+  EXPECT_NE(boxOf("descricao"), QString());
+  EXPECT_EQ(boxes_.takeTexts(), QStringList());
+}
+
 // --- The mouse
 
 TEST_F(Items, AClickGoesToACell) {
@@ -543,6 +559,21 @@ TEST_F(Items, RowsHaveNamesForScreenReaders) {
   key(Qt::Key_Down, Qt::ControlModifier);
   EXPECT_EQ(editOf(*cell("produto"))->accessibleName(), QStringLiteral("Item novo: Produto"));
   EXPECT_EQ(grid_->findChild<QLabel*>(QStringLiteral("total_total"))->accessibleName(),
+            QStringLiteral("Soma de Total: 11,00"));
+}
+
+TEST_F(Items, ScreenReadersTellTheRowsApart) {
+  QAccessibleTableInterface* const table =
+      QAccessible::queryAccessibleInterface(&view())->tableInterface();
+  ASSERT_NE(table, nullptr);
+  const auto name = [table](int row, int column) {
+    return table->cellAt(row, column)->text(QAccessible::Name);
+  };
+  EXPECT_EQ(name(0, 0), QStringLiteral("Item 1 Produto: 001"));
+  EXPECT_EQ(name(1, 0), QStringLiteral("Item 2 Produto: 002"));
+  EXPECT_EQ(name(1, 2), QStringLiteral("Item 2 Quantidade: 10,00"));
+  auto* const total = grid_->findChild<QLabel*>(QStringLiteral("total_total"));
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(total)->text(QAccessible::Name),
             QStringLiteral("Soma de Total: 11,00"));
 }
 

@@ -2,12 +2,14 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <cmath>
 
 #include "hosts/qt/conversion/colours.h"
+#include "hosts/qt/conversion/drawn_icon.h"
 #include "hosts/qt/conversion/key_codes.h"
 #include "hosts/qt/conversion/units.h"
 #include "tessaria/error.h"
@@ -22,7 +24,9 @@ namespace {
 /// As the guidelines for accessible web pages define it.
 double contrast(const QColor& a, const QColor& b) {
   const auto light = [](const QColor& c) {
-    const auto part = [](double value) { return std::pow(value, 2.2); };
+    const auto part = [](double value) {
+      return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
     return 0.2126 * part(c.redF()) + 0.7152 * part(c.greenF()) + 0.0722 * part(c.blueF()) + 0.05;
   };
   return std::max(light(a), light(b)) / std::min(light(a), light(b));
@@ -169,6 +173,30 @@ TEST_F(Looks, IconsAreVisibleInLightAndDarkAlsoWhenThePaletteChanges) {
       QApplication::setPalette(palette);
       settleEvents();
       EXPECT_GE(contrastOfIcon(browse()), 3) << kind;
+    }
+  }
+}
+
+/// How far a picture stands out from what it is drawn on.
+double contrastOn(const QIcon& icon, const QColor& ground) {
+  QImage picture(16, 16, QImage::Format_ARGB32);
+  picture.fill(ground);
+  QPainter painter(&picture);
+  icon.paint(&painter, picture.rect());
+  painter.end();
+  double most = 1;
+  for (int x = 0; x < picture.width(); ++x)
+    for (int y = 0; y < picture.height(); ++y)
+      most = std::max(most, contrast(picture.pixelColor(x, y), ground));
+  return most;
+}
+
+TEST_F(Looks, EveryDrawnIconStandsOutInLightAndDarkAlsoAfterASwitch) {
+  for (int shape = 0; shape <= int(DrawnShape::Last); ++shape) {
+    const QIcon icon = drawnIcon(static_cast<DrawnShape>(shape));
+    for (const QPalette& palette : {light_, darkTheme(), light_}) {
+      QApplication::setPalette(palette);
+      EXPECT_GE(contrastOn(icon, palette.color(QPalette::Window)), 3) << shape;
     }
   }
 }

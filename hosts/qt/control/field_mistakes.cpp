@@ -3,78 +3,101 @@
 #include <QAction>
 #include <QLabel>
 #include <QLoggingCategory>
+#include <algorithm>
+#include <optional>
 
 #include "hosts/qt/form/widget_tree.h"
 #include "tessaria/browse_definition.h"
+#include "tessaria/conversion.h"
+#include "tessaria/qt/surface.h"
 #include "tessaria/qt/text.h"
-#include "tessaria/qt/tstext.h"
 #include "tessaria/text.h"
+#include "tessaria/tstext.h"
 
 namespace tessaria::qt {
 namespace {
 
 Q_LOGGING_CATEGORY(fields, "tessaria.fields")
 
-void warn(TsText& field, const QString& text) {
-  qCWarning(fields).noquote() << QStringLiteral("field '%1': %2").arg(field.objectName(), text);
-}
+/// One field on its form.
+class Mistakes {
+ public:
+  Mistakes(QWidget& field, const tsText& control)
+      : field_(field), control_(control), controls_(formOf(&field)->findChildren<QWidget*>()) {}
 
-/// The control or action of that name; null for none.
-template <class Kind>
-Kind* named(TsText& field, const QString& name) {
-  for (Kind* each : formOf(&field)->findChildren<Kind*>())
-    if (each->objectName().compare(name, Qt::CaseInsensitive) == 0) return each;
-  return nullptr;
-}
+  void tell() const {
+    checkName("LabelAssociado", control_.LabelAssociado(),
+              [](QWidget* label) { return qobject_cast<QLabel*>(label) != nullptr; });
+    checkName("TxtIrmao", control_.TxtIrmao(),
+              [](QWidget* sibling) { return dynamic_cast<Surface*>(sibling) != nullptr; });
+    if (!isAction(control_.ObjetoCancelar()))
+      checkName("ObjetoCancelar", control_.ObjetoCancelar(), [](QWidget*) { return true; });
+    checkLookup();
+    checkPair();
+  }
+  static void warn(const QWidget& field, const QString& text) {
+    qCWarning(fields).noquote() << QStringLiteral("field '%1': %2").arg(field.objectName(), text);
+  }
 
-template <class Kind>
-void checkName(TsText& field, const char* property, const QString& name) {
-  if (name.trimmed().isEmpty() || named<Kind>(field, name)) return;
-  const bool isOfOtherKind = named<QWidget>(field, name) != nullptr;
-  warn(field, QStringLiteral("%1 '%2' is %3")
-                  .arg(QLatin1String(property), name,
-                       isOfOtherKind ? QStringLiteral("a control of another kind")
-                                     : QStringLiteral("not on this form")));
-}
+ private:
+  static bool isNamed(const QObject* object, const String& name) {
+    return EqualNoCase(fromQt(object->objectName()), Trim(name));
+  }
+  QWidget* named(const String& name) const {
+    for (QWidget* control : controls_)
+      if (isNamed(control, name)) return control;
+    return nullptr;
+  }
+  bool isAction(const String& name) const {
+    const auto actions = formOf(&field_)->findChildren<QAction*>();
+    return std::any_of(actions.begin(), actions.end(),
+                       [&](const QAction* action) { return isNamed(action, name); });
+  }
 
-bool looksUp(TsText& field) {
-  return field.tipoControle() == TsText::Browse || field.tipoControle() == TsText::Descricao;
-}
+  template <class IsOfKind>
+  void checkName(const char* property, const String& name, IsOfKind isOfKind) const {
+    if (Trim(name).empty()) return;
+    QWidget* const found = named(name);
+    if (found && isOfKind(found)) return;
+    warn(field_, QStringLiteral("%1 '%2' is %3")
+                     .arg(QLatin1String(property), toQt(name),
+                          found ? QStringLiteral("a control of another kind")
+                                : QStringLiteral("not on this form")));
+  }
 
-void checkLookup(TsText& field) {
-  if (!looksUp(field) || field.browseTable().isEmpty()) return;
-  if (field.browseDefinition()->BrowseTable().empty())
-    warn(field, QStringLiteral("BrowseTable '%1' is given in the flat text only, and the lookup "
-                               "reads its definition")
-                    .arg(field.browseTable()));
-}
+  void checkLookup() const {
+    const auto kind = control_.TipoControle();
+    if (kind != TipoControle::Browse && kind != TipoControle::Descricao) return;
+    if (control_.BrowseTable().empty() || !control_.Browse()->BrowseTable().empty()) return;
+    warn(field_, QStringLiteral("BrowseTable '%1' is given in the flat text only, and the lookup "
+                                "reads its definition")
+                     .arg(toQt(control_.BrowseTable())));
+  }
 
-void checkPair(TsText& key) {
-  const auto* sibling =
-      key.tipoControle() == TsText::Browse ? named<TsText>(key, key.txtIrmao()) : nullptr;
-  if (!sibling || sibling->tipoControle() != TsText::Descricao) return;
-  const String own = key.browseDefinition()->BrwCampo();
-  const String theirs = sibling->browseDefinition()->BrwCampoIrmao();
-  if (own.empty() || theirs.empty() || EqualNoCase(own, theirs)) return;
-  warn(key, QStringLiteral("its column '%1' is not the sibling column '%2' of '%3': the columns of "
-                           "a pair are swapped")
-                .arg(toQt(own), toQt(theirs), sibling->objectName()));
-}
+  void checkPair() const {
+    if (control_.TipoControle() != TipoControle::Browse) return;
+    const auto* const sibling = dynamic_cast<const Surface*>(named(control_.TxtIrmao()));
+    const auto column = sibling ? sibling->ownProperty(u"BrwCampoIrmao") : std::nullopt;
+    const String own = control_.BrwCampo();
+    const String theirs = column ? CStr(*column) : String();
+    if (own.empty() || theirs.empty() || EqualNoCase(own, theirs)) return;
+    warn(field_, QStringLiteral("its column '%1' is not the sibling column '%2' of '%3': the "
+                                "columns of a pair are swapped")
+                     .arg(toQt(own), toQt(theirs), toQt(control_.TxtIrmao())));
+  }
+
+  QWidget& field_;
+  const tsText& control_;
+  const QList<QWidget*> controls_;
+};
 
 }  // namespace
 
-void warnOfUnknownSettings(TsText& field, const std::vector<String>& keys) {
+void warnOfUnknownSettings(const QWidget& field, const std::vector<String>& keys) {
   for (const String& key : keys)
-    warn(field, QStringLiteral("there is no setting '%1'").arg(toQt(key)));
+    Mistakes::warn(field, QStringLiteral("there is no setting '%1'").arg(toQt(key)));
 }
 
-void warnOfMistakes(TsText& field) {
-  checkName<QLabel>(field, "LabelAssociado", field.labelAssociado());
-  checkName<TsText>(field, "TxtIrmao", field.txtIrmao());
-  const QString cancel = field.objetoCancelar();
-  if (!named<QAction>(field, cancel)) checkName<QWidget>(field, "ObjetoCancelar", cancel);
-  checkLookup(field);
-  checkPair(field);
-}
+void warnOfMistakes(QWidget& field, const tsText& control) { Mistakes(field, control).tell(); }
 
 }  // namespace tessaria::qt

@@ -5,14 +5,18 @@
 
 #include "tessaria/string.h"
 
+class QWidget;
+
+namespace tessaria {
+class tsText;
+}
+
 namespace tessaria::qt {
 
-class TsText;
-
 /// Settings of a form file that no field has.
-void warnOfUnknownSettings(TsText& field, const std::vector<String>& keys);
+void warnOfUnknownSettings(const QWidget& field, const std::vector<String>& keys);
 /// Of a field on a form that is shown for the first time: names without the control that they
 /// mean, a lookup that only the older texts give, a pair whose columns do not fit.
-void warnOfMistakes(TsText& field);
+void warnOfMistakes(QWidget& field, const tsText& control);
 
 }  // namespace tessaria::qt

@@ -60,7 +60,7 @@ void TsText::formShown() {
     if (isOfDelegate && toQVariant(c.Value()) != toQVariant(before)) c.ShowValue(before);
   });
   if (!self) return;
-  warnOfMistakes(*this);
+  warnOfMistakes(*this, parts_->control);
   // A control that has joined its form later may have been entered already.
   if (isAncestorOf(window()->focusWidget())) enterAgain(this);
 }

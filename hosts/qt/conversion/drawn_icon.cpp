@@ -110,6 +110,23 @@ void drawDrive(QPainter& painter, const Inks& inks) {
   painter.drawEllipse(QPointF(11.5, 8), 1.5, 1.5);
 }
 
+/// One step among rows, or the step to their end, before a bar.
+void drawSteps(QPainter& painter, const Inks& inks, bool back, bool toTheEnd) {
+  if (back) {
+    painter.translate(kSide, 0);
+    painter.scale(-1, 1);
+  }
+  fill(painter, inks.line);
+  const qreal left = toTheEnd ? 3 : 5;
+  painter.drawPolygon(QPolygonF({{left, 3}, {left + 7, 8}, {left, 13}}));
+  if (toTheEnd) painter.drawRect(QRectF(11, 3, 2, 10));
+}
+
+void drawFirst(QPainter& painter, const Inks& inks) { drawSteps(painter, inks, true, true); }
+void drawPrevious(QPainter& painter, const Inks& inks) { drawSteps(painter, inks, true, false); }
+void drawNext(QPainter& painter, const Inks& inks) { drawSteps(painter, inks, false, false); }
+void drawLast(QPainter& painter, const Inks& inks) { drawSteps(painter, inks, false, true); }
+
 using Drawing = void (*)(QPainter& painter, const Inks& inks);
 
 Drawing drawingOf(DrawnShape shape) {
@@ -129,9 +146,17 @@ Drawing drawingOf(DrawnShape shape) {
     case DrawnShape::Search:
       return drawSearch;
     case DrawnShape::Drive:
+      return drawDrive;
+    case DrawnShape::First:
+      return drawFirst;
+    case DrawnShape::Previous:
+      return drawPrevious;
+    case DrawnShape::Next:
+      return drawNext;
+    case DrawnShape::Last:
       break;
   }
-  return drawDrive;
+  return drawLast;
 }
 
 class DrawnIcon final : public QIconEngine {

@@ -6,7 +6,20 @@
 
 namespace tessaria::qt {
 
-enum class DrawnShape { Dots, Calendar, Folder, Calculator, Confirm, Back, Search, Drive };
+enum class DrawnShape {
+  Dots,
+  Calendar,
+  Folder,
+  Calculator,
+  Confirm,
+  Back,
+  Search,
+  Drive,
+  First,
+  Previous,
+  Next,
+  Last
+};
 
 /// Sharp at every size and density, in colours that contrast with a light or a dark ground; without
 /// a ground that of the application's palette, also when it changes later. All that ask for the

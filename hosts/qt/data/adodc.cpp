@@ -3,12 +3,12 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QPointer>
 #include <QShortcut>
-#include <QStyle>
 #include <QToolButton>
 
+#include "hosts/qt/conversion/colours.h"
+#include "hosts/qt/conversion/drawn_icon.h"
 #include "hosts/qt/data/pending_edit.h"
 #include "hosts/qt/data/row_in_doubt.h"
 #include "hosts/qt/form/control_pointer.h"
@@ -64,45 +64,34 @@ bool standsOnRow(host::Recordset& rows) {
 }
 
 struct Navigation {
-  QStyle::StandardPixmap icon;
+  DrawnShape shape;
   const char* name;
   const char* keys;
   bool (Adodc::*move)();
 };
 
 constexpr Navigation kNavigation[] = {
-    {QStyle::SP_MediaSkipBackward, "Primeiro", "Alt+Home", &Adodc::moveFirst},
-    {QStyle::SP_MediaSeekBackward, "Anterior", "Alt+PgUp", &Adodc::movePrevious},
-    {QStyle::SP_MediaSeekForward, "Próximo", "Alt+PgDown", &Adodc::moveNext},
-    {QStyle::SP_MediaSkipForward, "Último", "Alt+End", &Adodc::moveLast},
+    {DrawnShape::First, "Primeiro", "Alt+Home", &Adodc::moveFirst},
+    {DrawnShape::Previous, "Anterior", "Alt+PgUp", &Adodc::movePrevious},
+    {DrawnShape::Next, "Próximo", "Alt+PgDown", &Adodc::moveNext},
+    {DrawnShape::Last, "Último", "Alt+End", &Adodc::moveLast},
 };
 
-/// Shows a picture of the style in the colour of the palette's texts, so that it stands out from a
-/// dark window too.
+/// Its picture stands out from its form, in a dark one too.
 class StepButton final : public QToolButton {
  public:
-  StepButton(QStyle::StandardPixmap picture, QWidget* parent)
-      : QToolButton(parent), picture_(picture) {
-    showIcon();
-  }
+  StepButton(DrawnShape shape, QWidget* parent) : QToolButton(parent), shape_(shape) { showIcon(); }
 
  protected:
   void changeEvent(QEvent* event) override {
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) showIcon();
+    if (event->type() == QEvent::PaletteChange) showIcon();
     QToolButton::changeEvent(event);
   }
 
  private:
-  void showIcon() {
-    QPixmap shape = style()->standardIcon(picture_).pixmap(iconSize(), devicePixelRatioF());
-    QPainter painter(&shape);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(shape.rect(), palette().color(QPalette::Active, QPalette::ButtonText));
-    painter.end();
-    setIcon(shape);
-  }
+  void showIcon() { setIcon(drawnIcon(shape_, isDark(palette()))); }
 
-  QStyle::StandardPixmap picture_;
+  DrawnShape shape_;
 };
 
 }  // namespace
@@ -114,7 +103,7 @@ Adodc::Adodc(QWidget* parent) : QWidget(parent), label_(new QLabel(this)) {
   row->setSpacing(0);
   for (const Navigation& step : kNavigation) {
     if (step.move == &Adodc::moveNext) row->addWidget(label_, 1);
-    row->addWidget(addButton(step.icon, QString::fromUtf8(step.name),
+    row->addWidget(addButton(int(step.shape), QString::fromUtf8(step.name),
                              QKeySequence(QLatin1String(step.keys)), step.move));
   }
   setNavigationKeys(true);
@@ -136,9 +125,9 @@ Adodc::Adodc(const DataControlSettings& settings, QWidget* parent) : Adodc(paren
 Adodc::~Adodc() = default;
 
 /// The keys work anywhere in the window and do not move the focus.
-QToolButton* Adodc::addButton(int icon, const QString& name, const QKeySequence& keys,
+QToolButton* Adodc::addButton(int shape, const QString& name, const QKeySequence& keys,
                               bool (Adodc::*move)()) {
-  auto* button = new StepButton(static_cast<QStyle::StandardPixmap>(icon), this);
+  auto* button = new StepButton(static_cast<DrawnShape>(shape), this);
   button->setAccessibleName(name);
   button->setFocusPolicy(Qt::ClickFocus);
   connect(button, &QToolButton::clicked, this, [this, move] { (this->*move)(); });

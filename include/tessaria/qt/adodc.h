@@ -171,7 +171,7 @@ class TESSARIA_QT_API Adodc final : public QWidget, public FormControl, public E
   void showPosition();
   void enableButtons();
   void moveByKey(bool (Adodc::*move)());
-  QToolButton* addButton(int icon, const QString& name, const QKeySequence& keys,
+  QToolButton* addButton(int shape, const QString& name, const QKeySequence& keys,
                          bool (Adodc::*move)());
 
   host::ConnectionPtr connection_;
