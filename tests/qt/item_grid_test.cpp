@@ -419,7 +419,7 @@ TEST_F(Items, AfterAnAnswerThatWasLostNothingIsStoredTwice) {
 TEST_F(Items, PageDownOpensTheListOfACell) {
   go(cell("produto"));
   key(Qt::Key_Down, Qt::ControlModifier);
-  inTheNext([this](QDialog& list) {
+  inTheNext([](QDialog& list) {
     press(list, Qt::Key_End);
     settleEvents();
     press(list, Qt::Key_Return);
