@@ -1,7 +1,9 @@
 // Classes of the library that are promoted wrongly, and settings of other widgets.
+#include <algorithm>
 #include <set>
 
 #include "apps/check/rules.h"
+#include "tessaria/field_settings.h"
 
 namespace tessaria::formcheck {
 namespace {
@@ -34,6 +36,23 @@ void CheckPromotion(const FormFile& file, const FormWidget& widget, const OwnCla
   }
 }
 
+/// Names of properties are those of Qt, whose case counts: `enabled` is one of every widget.
+bool IsSetting(const String& name) {
+  const auto settings = StoredSettings();
+  return std::any_of(settings.begin(), settings.end(),
+                     [&](const StoredSetting& setting) { return setting.key == name; });
+}
+
+void CheckProperties(const FormWidget& field, Findings& findings) {
+  for (const Line& property : field.properties) {
+    if (IsSetting(property.text))
+      findings.Warning(property.number, field.name, "property",
+                       "the property " + Quoted(property.text) +
+                           " is set with its side effects and not checked; give it among the "
+                           "'settings'");
+  }
+}
+
 }  // namespace
 
 void CheckClasses(const FormFile& file, Findings& findings) {
@@ -47,6 +66,7 @@ void CheckClasses(const FormFile& file, Findings& findings) {
             widget.line, widget.name, "promotion",
             "the class is called " + Quoted(own.name) + ", not " + Quoted(widget.className));
     }
+    if (file.IsField(widget)) CheckProperties(widget, findings);
     const bool isNamedSo = widget.className == kOwnClasses[0].withoutNamespace;
     if (widget.hasSettings && !file.IsField(widget) && !isNamedSo)
       findings.Error(widget.line, widget.name, "promotion",

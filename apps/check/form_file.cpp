@@ -89,6 +89,7 @@ class FormReader {
   void ReadProperty(FormWidget& widget) {
     const String name = Attribute("name");
     const bool isSettings = name == u"settings";
+    widget.properties.push_back({LineNow(), name});
     if (isSettings) widget.hasSettings = true;
     while (xml_.readNextStartElement()) {
       if (xml_.name() == u"string") {

@@ -23,6 +23,7 @@ struct FormWidget {
   int page = 0;                  ///< position among the widgets of its parent, from 0
   int children = 0;              ///< how many widgets have this one as their parent
   std::map<String, Line> texts;  ///< properties that are a text
+  std::vector<Line> properties;  ///< the names of all of them
   bool hasSettings = false;
   std::vector<Line> settings;
 };

@@ -266,6 +266,12 @@ const Mistake kClassMistakes[] = {
      "'tessaria::qt::Adodc' has the header 'adodc.h' instead of 'tessaria/qt/adodc.h'"},
     {"ClassWithoutNamespace", "class=\"QLineEdit\"", "class=\"TsText\"", "name=\"livre\"",
      "livre: the class is called 'tessaria::qt::TsText', not 'TsText'"},
+    {"SettingAsProperty", "name=\"codigo\">",
+     "name=\"codigo\"><property name=\"Mascara\"><string>000</string></property>",
+     "name=\"Mascara\"",
+     "codigo: warning: the property 'Mascara' is set with its side effects and not checked; give "
+     "it "
+     "among the 'settings'"},
     {"SettingsOfOtherClass", "<widget class=\"QLineEdit\" name=\"livre\"/>",
      "<widget class=\"QLineEdit\" name=\"livre\"><property name=\"settings\"><stringlist>"
      "</stringlist></property></widget>",
