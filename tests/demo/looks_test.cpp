@@ -1,13 +1,16 @@
 // What the windows of the demo look like on a screen of 1440 by 900: they fit, no text is cut, and
-// a screen reader has a name for everything. Run again with twice the pixels, with 150 dpi, and
-// with large fonts.
+// a screen reader has a name for everything. Run again with twice the pixels, with 150 dpi, with
+// large fonts, and in dark colours.
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
 #include <QTableView>
+#include <QToolButton>
+#include <cmath>
 
 #include "tessaria/qt/tstext.h"
 #include "tests/demo/desk_fixture.h"
@@ -48,7 +51,49 @@ void expectWholeFields(const QWidget& window) {
   }
 }
 
+double lightOf(const QColor& colour) {
+  const auto part = [](double value) {
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) +
+         0.0722 * part(colour.blueF()) + 0.05;
+}
+
+/// As the guidelines for accessible web pages define it.
+double contrast(const QColor& a, const QColor& b) {
+  return std::max(lightOf(a), lightOf(b)) / std::min(lightOf(a), lightOf(b));
+}
+
+/// Captions of disabled fields are as gray as these; a flat button has the ground of what it is on.
+bool hasOtherColours(const QWidget& widget) {
+  const auto* label = qobject_cast<const QLabel*>(&widget);
+  const auto* button = qobject_cast<const QToolButton*>(&widget);
+  return (label && label->buddy() && !label->buddy()->isEnabled()) ||
+         (button && button->autoRaise());
+}
+
+template <class Widget>
+void expectContrast(const QWidget& window, QPalette::ColorRole text, QPalette::ColorRole ground) {
+  constexpr double kReadable = 4.5;
+  for (const Widget* each : window.findChildren<Widget*>()) {
+    if (!each->isVisible() || !each->isEnabled() || hasOtherColours(*each)) continue;
+    const QPalette& palette = each->palette();
+    EXPECT_GE(contrast(palette.color(text), palette.color(ground)), kReadable)
+        << named(*each, QLatin1String(each->metaObject()->className()));
+  }
+}
+
+/// What is enabled can be read.
+void expectContrasts(const QWidget& window) {
+  expectContrast<QLabel>(window, QPalette::WindowText, QPalette::Window);
+  expectContrast<QAbstractButton>(window, QPalette::ButtonText, QPalette::Button);
+  expectContrast<QLineEdit>(window, QPalette::Text, QPalette::Base);
+  expectContrast<QAbstractItemView>(window, QPalette::Text, QPalette::Base);
+  expectContrast<QAbstractItemView>(window, QPalette::Text, QPalette::AlternateBase);
+}
+
 void expectGoodLooks(const QWidget& window) {
+  expectContrasts(window);
   const QSize room = window.screen()->availableSize() - QSize(0, kTitleBar);
   EXPECT_LE(window.width(), room.width()) << named(window, {});
   EXPECT_LE(window.height(), room.height()) << named(window, {});

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 
+#include "apps/demo/dark_palette.h"
 #include "tessaria/comforts.h"
 #include "tessaria/qt/host.h"
 
@@ -13,5 +14,7 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   tessaria::setComforts(tessaria::Comforts::All());
   tessaria::qt::install();
+  if (qEnvironmentVariableIsSet("TESSARIA_DARK"))
+    QApplication::setPalette(tessaria::demo::darkPalette());
   return RUN_ALL_TESTS();
 }
