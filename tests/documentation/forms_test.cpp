@@ -6,9 +6,13 @@
 #include <QRegularExpression>
 #include <QUiLoader>
 #include <memory>
+#include <sstream>
 
+#include "apps/check/check_forms.h"
+#include "tessaria/field_settings.h"
 #include "tessaria/qt/adodc.h"
 #include "tessaria/qt/host.h"
+#include "tessaria/qt/text.h"
 #include "tessaria/qt/tstext.h"
 
 namespace tessaria::tests {
@@ -41,6 +45,18 @@ QString readFile(const QString& path) {
   return QString::fromUtf8(file.readAll());
 }
 
+std::unique_ptr<QWidget> loadForm(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return nullptr;
+  DocumentedForms loader;
+  loader.clearPluginPaths();
+  return std::unique_ptr<QWidget>(loader.load(&file));
+}
+
+std::string textOf(const qt::TsText& field) {
+  return field.settings().join(QLatin1Char('\n')).toStdString();
+}
+
 TEST(Documentation, FormsLoadWithEverySetting) {
   const QDir folder(QStringLiteral(TESSARIA_BLOCKS "/ui"));
   ASSERT_FALSE(folder.entryList({QStringLiteral("*.ui")}).isEmpty());
@@ -49,18 +65,50 @@ TEST(Documentation, FormsLoadWithEverySetting) {
                    [&](const QString& text) { boxes << text; });
   for (const auto& name : folder.entryList({QStringLiteral("*.ui")})) {
     SCOPED_TRACE(name.toStdString());
-    QFile file(folder.filePath(name));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    DocumentedForms loader;
-    loader.clearPluginPaths();
-    const std::unique_ptr<QWidget> form(loader.load(&file));
-    ASSERT_TRUE(form) << loader.errorString().toStdString();
+    const std::unique_ptr<QWidget> form = loadForm(folder.filePath(name));
+    ASSERT_TRUE(form);
     QStringList kept;
     for (const auto* field : form->findChildren<qt::TsText*>()) kept += field->settings();
     for (const auto& setting : settingsIn(readFile(folder.filePath(name))))
       EXPECT_TRUE(kept.contains(setting)) << "not kept: " << setting.toStdString();
   }
   EXPECT_TRUE(boxes.isEmpty()) << boxes.join(QLatin1Char('\n')).toStdString();
+}
+
+TEST(Documentation, FormsHaveNoMistakes) {
+  formcheck::Options options;
+  const QDir folder(QStringLiteral(TESSARIA_BLOCKS "/ui"));
+  for (const auto& name : folder.entryList({QStringLiteral("*.ui")}))
+    options.files.push_back(folder.filePath(name).toStdString());
+  options.warnings = false;  // a block is no whole file
+  std::ostringstream found;
+  std::ostringstream failures;
+  EXPECT_EQ(formcheck::CheckForms(options, found, failures), 0) << found.str() << failures.str();
+}
+
+// One value and the lines of a form file make the same pair.
+TEST(Documentation, APairInCodeIsThePairInAFormFile) {
+  const LookupSettings customers{
+      .title = u"Clientes",
+      .table = u"clientes",
+      .columns = {{.field = u"codigo", .caption = u"Código", .width = 900},
+                  {.field = u"nome", .caption = u"Nome", .width = 3600}},
+      .searches = {{.caption = u"Nome que contém", .field = u"nome"}}};
+  const auto [code, name] =
+      MakePair(customers,
+               {.name = u"cliente", .mask = u"00000", .mayBeBlank = false, .label = u"lblCliente"},
+               {.name = u"nomeCliente", .maxLength = 60});
+  const QDir folder(QStringLiteral(TESSARIA_BLOCKS "/ui"));
+  const QStringList files = folder.entryList({QStringLiteral("lookups*.ui")});
+  ASSERT_EQ(files.size(), 2);
+  for (const auto& file : files) {
+    const std::unique_ptr<QWidget> form = loadForm(folder.filePath(file));
+    for (const FieldSettings& settings : {code, name}) {
+      const auto* field = form->findChild<qt::TsText*>(qt::toQt(settings.name));
+      ASSERT_NE(field, nullptr);
+      EXPECT_EQ(textOf(*field), textOf(qt::TsText(settings))) << file.toStdString();
+    }
+  }
 }
 
 }  // namespace
