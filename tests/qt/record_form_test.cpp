@@ -159,6 +159,26 @@ TEST_F(WholeForm, AfterTheLastRowIsDeletedATextBeginsANewOne) {
   EXPECT_EQ(names(), "Zilda");
 }
 
+TEST_F(WholeForm, TheProgramHasItsOwnWordsForAConstraint) {
+  record_->setRefusalWords([](const QString& details) {
+    return details.contains(QStringLiteral("clientes_pkey"))
+               ? QStringLiteral("Já há um cliente com este código.")
+               : QString();
+  });
+  record_->addRow();
+  enter(code_, QStringLiteral("2"));
+  enter(name_, QStringLiteral("Zilda"));
+  EXPECT_FALSE(record_->save());
+  const std::string told = boxes_.takeTexts().join(QString()).toStdString();
+  EXPECT_THAT(told, testing::HasSubstr("Já há um cliente com este código."));
+  EXPECT_THAT(told, testing::Not(testing::HasSubstr("clientes_pkey")));
+  EXPECT_EQ(textOf(name_), QStringLiteral("Zilda"));
+  record_->setRefusalWords([](const QString&) -> QString { throw std::runtime_error("falhou"); });
+  EXPECT_FALSE(record_->save());
+  EXPECT_THAT(boxes_.takeTexts().join(QString()).toStdString(),
+              testing::HasSubstr("clientes_pkey"));
+}
+
 TEST_F(WholeForm, AVersionColumnThatTheSourceLacksIsNamed) {
   record_->setVersionColumn(QStringLiteral("revisao"));
   enter(name_, QStringLiteral("Zilda"));

@@ -86,6 +86,9 @@ void RecordForm::setRecordName(const QString& nameWithArticle) {
 void RecordForm::setDescription(std::function<QString()> describe) {
   parts_->describe = std::move(describe);
 }
+void RecordForm::setRefusalWords(std::function<QString(const QString& details)> words) {
+  parts_->words = std::move(words);
+}
 void RecordForm::setCheck(Check check) { parts_->check = std::move(check); }
 void RecordForm::setTransactionHook(TransactionHook hook) { parts_->hook = std::move(hook); }
 void RecordForm::setVersionColumn(const QString& column) { parts_->versionColumn = column; }

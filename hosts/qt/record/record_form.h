@@ -21,6 +21,7 @@ struct RecordForm::Parts {
 
   RecordTexts texts;
   std::function<QString()> describe;
+  std::function<QString(const QString&)> words;
   Check check;
   TransactionHook hook;
   QString versionColumn;

@@ -132,8 +132,14 @@ void RecordForm::tellFailure(const SaveFailure& failure) {
   const bool isLost = parts->data && parts->data->connection() &&
                       parts->data->connection()->State() == host::state::Closed;
   const QString cause = failure.cause(isLost);
-  tell(host::box::Stop, isInDoubt ? parts->texts.inDoubt(failure.details(), isKnownByRow)
-                                  : parts->texts.refusal(cause, failure.details()));
+  QString details = failure.details();
+  QString words;
+  if (parts->words && guarded(parts->form, [&] { words = parts->words(details); }) &&
+      !words.isEmpty())
+    details = words;
+  if (!self) return;
+  tell(host::box::Stop, isInDoubt ? parts->texts.inDoubt(details, isKnownByRow)
+                                  : parts->texts.refusal(cause, details));
   if (!self) return;
   tellNotSaved(isInDoubt ? parts->texts.inDoubtLine() : parts->texts.refusalLine(cause));
 }

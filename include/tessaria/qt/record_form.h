@@ -65,6 +65,9 @@ class TESSARIA_QT_API RecordForm final : public QObject {
   void setRecordName(const QString& nameWithArticle);
   /// What identifies the row that is shown, for the question before it is deleted: "00080, José".
   void setDescription(std::function<QString()> describe);
+  /// The program's words for what the database says when it refuses a row, such as the name of a
+  /// constraint in it. Empty words leave those of the database.
+  void setRefusalWords(std::function<QString(const QString& details)> words);
   /// A check of the whole row, made after those of all fields.
   void setCheck(Check check);
   /// Statements that belong to the row: they run after it is written, in the same transaction. What
