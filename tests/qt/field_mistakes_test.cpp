@@ -65,6 +65,19 @@ TEST_F(FieldMistakes, NamesWithoutTheirControlAreNamed) {
             QStringList({"field 'txtPrimeiro': ObjetoCancelar 'btnCancela' is not on this form"}));
 }
 
+TEST_F(FieldMistakes, LettersAndDigitsInAMaskThatAreNoSlotsAreNamed) {
+  load(first_,
+       {QStringLiteral("Mascara=String:LL-9#"), QStringLiteral("ItensMascara=String:_L-9")});
+  load(second_, {QStringLiteral("Mascara=String:(##) #####-####")});
+  show();
+  EXPECT_EQ(
+      warnings(),
+      QStringList({"field 'txtPrimeiro': mask 'LL-9#': 'L' is no slot but a literal, which is "
+                   "removed from what is typed",
+                   "field 'txtPrimeiro': mask 'LL-9#': '9' is no slot but a literal, which is "
+                   "removed from what is typed"}));
+}
+
 TEST_F(FieldMistakes, ControlsOfAnotherKindAreNamed) {
   load(first_, {QStringLiteral("LabelAssociado=String:btnGravar"),
                 QStringLiteral("TxtIrmao=String:lblPrimeiro")});

@@ -9,6 +9,7 @@
 #include "hosts/qt/form/widget_tree.h"
 #include "tessaria/browse_definition.h"
 #include "tessaria/conversion.h"
+#include "tessaria/masks.h"
 #include "tessaria/qt/surface.h"
 #include "tessaria/qt/text.h"
 #include "tessaria/text.h"
@@ -32,6 +33,7 @@ class Mistakes {
               [](QWidget* sibling) { return dynamic_cast<Surface*>(sibling) != nullptr; });
     if (!isAction(control_.ObjetoCancelar()))
       checkName("ObjetoCancelar", control_.ObjetoCancelar(), [](QWidget*) { return true; });
+    checkMask();
     checkLookup();
     checkPair();
   }
@@ -63,6 +65,17 @@ class Mistakes {
                      .arg(QLatin1String(property), toQt(name),
                           found ? QStringLiteral("a control of another kind")
                                 : QStringLiteral("not on this form")));
+  }
+
+  void checkMask() const {
+    const String mask = control_.Mascara();
+    if (mdlObjTxt::IsNumericMask(mask)) return;
+    for (const char16_t literal : mdlObjTxt::MontaItensMascara(mask, {}))
+      if (QChar(literal).isLetterOrNumber())
+        warn(field_,
+             QStringLiteral("mask '%1': '%2' is no slot but a literal, which is removed from "
+                            "what is typed")
+                 .arg(toQt(mask), QChar(literal)));
   }
 
   void checkLookup() const {
