@@ -189,6 +189,40 @@ TEST_F(DemoLooks, TheDialogsFit) {
   expectDialog("frmCalculadora", "F9");
 }
 
+TEST_F(DemoLooks, TheSearchesFit) {
+  Player& p = operatorsHands();
+  p.press("Ctrl+2");
+  p.click("cliente");
+  p.expectWindow("frmBrowse", [&p] {
+    for (const char* key : {"F2", "F3", "F4"}) {
+      p.expectWindow("frmTsPesquisa", [&p] {
+        expectGoodLooks(*QApplication::activeModalWidget());
+        p.press("Esc");
+      });
+      p.press(QString::fromLatin1(key));
+    }
+    p.press("Esc");
+  });
+  p.press("PgDown");
+}
+
+TEST_F(DemoLooks, TheConflictWindowFits) {
+  Player& p = operatorsHands();
+  goTo("00012");
+  p.click("nome");
+  p.type("Padaria Pão Quente e Filhos");
+  asAnotherUser(
+      "update clientes set nome = 'Padaria Pão Quente Ltda.', telefone = '1133334444', "
+      "limite_credito = 4000 where codigo = '00012'");
+  p.expectWindow("frmConflito", [&p] {
+    expectGoodLooks(*QApplication::activeModalWidget());
+    p.press("Esc");
+  });
+  p.press("Alt+S");
+  EXPECT_EQ(p.failures(), QStringList());
+  dropInput("cliente");
+}
+
 TEST_F(DemoLooks, TheOrdersOfACustomerAreListed) {
   asAnotherUser("update pedidos set cliente = '00070' where numero in ('000001', '000002')");
   goTo("00070");
