@@ -48,6 +48,12 @@ mkdir pictures
 tessaria-demo --play pictures
 [ -n "$(ls pictures/*.png)" ] || fail 'the demo saved no picture'
 
+# Each of the others needs nothing of those after it.
+apt-get install -y -q /packages/tessaria-tools*
+tessaria-check --version
+apt-get install -y -q /packages/tessaria-designer*
+apt-get install -y -q /packages/libtessaria-dev*
+
 # A programmer's machine.
 apt-get install -y -q /packages/*.deb g++ cmake ninja-build pkg-config dpkg-dev file appstream desktop-file-utils
 build_by_pkg_config
