@@ -60,7 +60,6 @@ build_by_pkg_config
 build_by_cmake
 build_documented_program
 tessaria-check-server --help
-tessaria-check --version
 [ -s /usr/share/doc/Tessaria/README.pt-BR.md ] || fail 'the documentation is missing'
 desktop-file-validate /usr/share/applications/org.tessaria.Demo.desktop
 appstreamcli validate --no-net /usr/share/metainfo/org.tessaria.Demo.metainfo.xml
