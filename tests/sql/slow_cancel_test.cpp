@@ -71,7 +71,7 @@ TEST_F(SlowCancel, GivesUpTheConnectionAndMeetsTheStatementThatWasLeft) {
   const auto start = Clock::now();
   EXPECT_EQ(RunGivenUp(u"do $$ begin perform pg_sleep(100) /* first */; end $$"),
             errors::WriteInDoubt);
-  EXPECT_LT(Clock::now() - start, 9s);
+  EXPECT_LT(Clock::now() - start, 15s);
   EXPECT_TRUE(proxy_->Holds());
   EXPECT_EQ(line_->State(), host::state::Closed);
   operator_.Act();
